@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/picture/picture.h"
+
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// Rules of the catalogue's values, without a database.
+
+inline const QString demoTable = QStringLiteral("tc00");
+
+/// "tc" and the album number with two digits: 7 gives `tc07`, 12 gives `tc12`.
+QString albumTableName(int number);
+
+/// The statement that makes an album table.
+QString createAlbumSql(const QString& table);
+
+/// A line of an album chooser: table name, blank, title.
+QString albumLine(const QString& table, const QString& title);
+QString tableOfLine(const QString& line);  ///< The first four characters, trimmed.
+QString titleOfLine(const QString& line);  ///< From the sixth character on.
+
+/// `tcan.图册` is a string of table names of four characters without separators.
+QStringList tablesOfButton(const QString& tables);
+bool offersAlbum(const QString& tables, const QString& table);
+QString withoutAlbum(const QString& tables, const QString& table);
+
+/// `规格`: "640 * 480". Width and height are what stands before and behind the first star, 0 where there is no number;
+/// nothing when the text has no star.
+std::optional<QSize> sizeFromSpec(const QString& spec);
+QString specOfPicture(const Picture& picture, const QString& star = QStringLiteral(" * "));
+
+/// Whole pixels of a HiMetric length: Int(length / 26.455).
+int pixelsFromHiMetric(int length);
+
+/// `大小`: kilobytes of 1000 bytes with thousands commas and three decimals.
+QString kilobytesText(qint64 bytes);
+
+/// Display width in half-character cells: a Chinese (double-byte) character counts 2, any other 1.
+int wzcd(const QString& text);
+
+/// Whether what stands before the first "." of a file name is a number (the whole name where there is no ".").
+bool zhjy(const QString& name);

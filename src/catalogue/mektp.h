@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/database/database.h"
+
+#include <QString>
+
+/// What all windows share: the open catalogue and the album in hand.
+namespace mekTp {
+
+/// The one open database, `lunq.mdb` beside the program. Closed until `openCatalogue` has found the file.
+extern Database catalogue;
+
+/// Table of the open album, `tc00` when none is open.
+extern QString currentTable;
+
+/// Twips by which the desktop's title bar is higher than usual; half of it is taken off vertical positions. 0 on every
+/// desktop in use today; it stays a variable because the layout rules are written with it.
+extern int titleBarExtra;
+
+/// Path of `lunq.mdb`.
+QString cataloguePath();
+
+/// Opens the catalogue in the program's folder; throws `Error` when it cannot.
+void openCatalogue();
+
+}  // namespace mekTp

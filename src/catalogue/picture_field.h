@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/database/recordset.h"
+#include "platform/picture/picture.h"
+
+#include <optional>
+
+/// The picture of a long-binary column of the current record, decoded for a target of that many device pixels. Nothing
+/// for a Null or empty field, or for bytes that are no picture: a caller then leaves its target as it was.
+std::optional<Picture> pictureFromField(Recordset& recordset, const QString& fieldName, QSize target = {});
+
+/// Puts the picture of a column on an image control, decoded for the control's own size or for `target`. The control
+/// keeps what it shows when there is no picture to read; tells whether there was one.
+template <typename Image>
+bool readPictureField(Recordset& recordset, const QString& fieldName, Image& image, QSize target = {}) {
+    const auto picture = pictureFromField(recordset, fieldName, target.isEmpty() ? image.targetSize() : target);
+    if (picture) image.setPicture(*picture);
+    return picture.has_value();
+}
+
+/// Chunk size of all picture writing.
+inline constexpr int pictureChunk = 16384;
+
+/// Stores a file's bytes in a long-binary column of the record under `Edit` or `AddNew`: first the remainder and one
+/// byte, then chunks of 16,385 bytes. The last chunk reaches past the end of the file, so the stored value is longer
+/// than the file by the number of whole chunks and one; the tail is zeros, which decoders never see. Catalogues have
+/// always been written this way, and a value tells by its length that it is whole. Returns the file's length; 0
+/// (nothing stored) for an empty file. Throws `Error` when the file cannot be read.
+qint64 storePictureFile(Field field, const QString& path);

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "intake/form_state.h"
+#include "intake/shared_controls.h"
+
+#include <QObject>
+
+#include <vector>
+
+class QPushButton;
+class TextBox;
+
+/// The buttons cmdBh(0), cmdBh(1) … with the selection codes of an album, which filter the grid by code, and the texts
+/// about them (lblBx, txtB0). They stand on the pages 图片录入 and 图片转存.
+class CodeButtons : public QObject {
+    Q_OBJECT
+
+  public:
+    CodeButtons(SharedControls& controls, FormState& state);
+
+    /// Where the first button stands on the page in front, in twips, and how many stand in a row.
+    void moveTo(int left, int top, int buttonsPerRow);
+    /// Where the line about the button under the mouse stands.
+    void moveText(int left, int top, int width);
+
+    /// Builds the buttons for the album chosen in cboBm.
+    void bhan();
+    /// Hides the buttons and their texts.
+    void ycbh();
+
+  Q_SIGNALS:
+    /// The grid was filtered by a code ("v": all) whose name is `name`; `total` records remain.
+    void filtered(const QString& code, const QString& name, int total);
+
+  private:
+    void buttonClicked(int index);
+    QPushButton* button(int index);
+    SharedControls& controls_;
+    FormState& state_;
+    std::vector<QPushButton*> cmdBh_;
+    QLabel* lblBx0_;
+    QLabel* lblBx1_;
+    TextBox* txtB0_;
+    int left_ = 5450, top_ = 5415, perRow_ = 13;
+};

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "intake/form_state.h"
+#include "intake/shared_controls.h"
+
+#include <QObject>
+
+#include <functional>
+
+class ImageBox;
+class QCheckBox;
+class QGroupBox;
+class QPushButton;
+class ShapeBox;
+
+/// The panel fraCk by which every page looks at a picture: of the current record, of a file, or of a selection button;
+/// on the pages 图册编辑 and 图册设置 it also takes a new picture in.
+class PreviewPanel : public QObject {
+    Q_OBJECT
+
+  public:
+    PreviewPanel(SharedControls& controls, FormState& state);
+
+    /// Makes `cmdCk(index)` on a parent and lets it open the panel.
+    QPushButton* makeOpener(int index, QWidget* parent);
+    QPushButton* cmdCk(int index) const;
+
+    bool isOpen() const;
+
+    void cmdCkClick(int index);
+    /// Loads and fits the picture that `previewMark` names.
+    void chkCkClick();
+    void cmdCgClick();
+    void hide();
+    void setCaption(const QString& caption);
+    void setStoreEnabled(bool on);  ///< cmdAq
+
+    // What the pages that take a picture in are asked ----------------------------------------------------------------
+
+    /// Whether a record (page 图册编辑) or a selection button (page 图册设置) is being edited, so that a loaded picture
+    /// may be stored. Not set: never.
+    std::function<bool()> recordBeingEdited;
+    std::function<bool()> buttonBeingEdited;
+    /// Stores `newPictureFile` as the picture of the selection button.
+    std::function<void()> storeButtonPicture;
+    /// 序号 and 编号 of the record that the page 图册编辑 shows.
+    std::function<QString()> recordNumber;
+    std::function<QString()> recordCode;
+
+  Q_SIGNALS:
+    void closed();
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <exception>
+#include <utility>
+
+/// The one exception of the platform rooms. `text` says in plain Chinese what failed, and with which file, table or
+/// column; it is fit for a message box.
+class Error : public std::exception {
+  public:
+    explicit Error(QString text) : text_(std::move(text)), utf8_(text_.toUtf8()) {}
+
+    const QString& text() const { return text_; }
+    const char* what() const noexcept override { return utf8_.constData(); }
+
+  private:
+    QString text_;
+    QByteArray utf8_;
+};
+
+/// Runs one statement and passes over its failure; tells whether it went through. Stands around single statements of
+/// a handler that goes on with the next one, never around a whole handler.
+template <typename Step>
+bool attempt(Step&& step) {
+    try {
+        std::forward<Step>(step)();
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+/// Files and folders. All functions throw `Error` that names the path, unless they say otherwise.
+
+/// The folder of the executable. `LUNQ` files (catalogue, cursor) stand there.
+QString programFolder();
+
+/// `folder` and `name` with the platform's separator between them.
+QString joinedPath(const QString& folder, const QString& name);
+
+qint64 FileLen(const QString& path);
+QDateTime FileDateTime(const QString& path);  ///< Time of the last change, local time, whole seconds.
+bool fileExists(const QString& path);         ///< Does not throw.
+bool folderExists(const QString& path);       ///< Does not throw.
+void Kill(const QString& path);
+void MkDir(const QString& path);
+void RmDir(const QString& path);  ///< Only an empty folder.

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/database/recordset.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class Connection;
+
+/// An open database file. Copies share the one connection, which closes with its last user (recordsets count).
+/// An object made by default is closed: every operation throws `Error`.
+class Database {
+  public:
+    Database() = default;
+
+    bool isOpen() const { return connection_ != nullptr; }
+    /// Path of the file.
+    QString Name() const;
+
+    /// `source` is a table's name or a SELECT. The texts may use what the engine's dialect offers: bracketed names, date
+    /// literals between hash signs, InStr, IsNull, Left, LCase, DateValue. Text comparison ignores the case of Latin
+    /// letters.
+    Recordset OpenRecordset(const QString& source) const;
+
+    /// Runs one statement: CREATE TABLE, DROP TABLE, DELETE FROM.
+    void Execute(const QString& sql) const;
+
+    /// Names of the tables, in the order of their creation; what the engine keeps for itself is left out.
+    QStringList TableDefs() const;
+
+  private:
+    friend Database OpenDatabase(const QString& path);
+    friend Database createDatabase(const QString& path);
+    friend class Transaction;
+    explicit Database(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {}
+    std::shared_ptr<Connection> connection_;
+};
+
+/// Opens an existing file for reading and writing (for reading alone where it cannot be written). Throws `Error` that
+/// names the file when it is missing, or is no database.
+Database OpenDatabase(const QString& path);
+
+/// Makes a new, empty file; throws when one stands there.
+Database createDatabase(const QString& path);
+
+/// Several changes that stand or fall together: what is not committed when the object goes is taken back.
+class Transaction {
+  public:
+    explicit Transaction(const Database& database);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    void commit();
+
+  private:
+    std::shared_ptr<Connection> connection_;
+    bool open_ = true;
+};
+
+/// A text as part of an SQL statement, between single quotes, with its own quotes doubled.
+QString quoted(const QString& text);

@@ -1,0 +1,108 @@
+#pragma once
+
+#include "platform/database/variant.h"
+
+#include <QString>
+
+#include <memory>
+
+class Recordset;
+class RecordsetState;
+
+/// The types that a column can be declared with. The numbers are the engine's own type codes, which messages show.
+enum class FieldType { boolean = 1, byte = 2, integer = 3, longInteger = 4, single = 6, real = 7, date = 8, text = 10,
+                       longBinary = 11, memo = 12 };
+
+/// One column of the current record. A light handle: valid as long as its recordset.
+class Field {
+  public:
+    QString Name() const;
+    FieldType Type() const;
+    /// Declared length of a text column in characters, bytes of a number, 0 for a memo or long-binary column.
+    int Size() const;
+
+    /// Reads the value. A long-binary value is read whole: copying one field to another is what this is for there.
+    Variant Value() const;
+    /// Under `Edit` or `AddNew`. Texts are converted to the declared type; a value that does not fit the type or the
+    /// length is refused with an `Error` that names column and value.
+    void SetValue(const Variant& value);
+
+    bool isNull() const;  ///< Without reading a long-binary value.
+
+    /// Byte length of a long-binary value, 0 for Null.
+    qint64 FieldSize() const;
+    /// `count` bytes of a long-binary value from `offset`, fewer at its end, none behind it.
+    QByteArray GetChunk(qint64 offset, qint64 count) const;
+    /// Under `Edit` or `AddNew`: the first call starts the value anew, later ones add to its end. Holds no more than the
+    /// piece in memory, whatever the length of the value.
+    void AppendChunk(const QByteArray& bytes);
+
+  private:
+    friend class Recordset;
+    Field(RecordsetState& state, int column) : state_(&state), column_(column) {}
+    RecordsetState* state_;
+    int column_;
+};
+
+/// The records of a table or of a SELECT. An object made by default is "Nothing": every operation on it throws.
+///
+/// On one table the records can be changed. The set remembers which rows belong to it, in their order; the values of a
+/// record are read when they are asked for, a long-binary one only on demand. A new record that `Update` stores joins
+/// the end of the set. Changes are durable when `Update` or `Delete` returns (unless a `Transaction` is open).
+///
+/// Every operation throws `Error` when there is no current record, or when the database refuses it.
+class Recordset {
+  public:
+    enum class Mode { none = 0, edit = 1, add = 2 };
+
+    Recordset();
+    ~Recordset();
+    Recordset(Recordset&& other) noexcept;
+    Recordset& operator=(Recordset&& other) noexcept;
+    Recordset(const Recordset&) = delete;
+    Recordset& operator=(const Recordset&) = delete;
+
+    bool isNothing() const { return state_ == nullptr; }
+
+    /// Count of the records visited so far: the total after `MoveLast`. A set that has records starts on the first one.
+    int RecordCount() const;
+    bool Eof() const;
+    bool Bof() const;
+    void MoveFirst();
+    void MoveLast();
+    void MoveNext();      ///< Leaves a changed but not updated record as it was before.
+    void MovePrevious();
+
+    /// Goes to the first record, from the beginning of the set, that meets a criteria text such as `序号 = 7`. With
+    /// `NoMatch` the current record stays.
+    void FindFirst(const QString& criteria);
+    bool NoMatch() const;
+
+    Field Fields(const QString& name) const;
+    Field Fields(int index) const;
+    int FieldCount() const;
+
+    void AddNew();
+    void Edit();
+    void Update();
+    /// Drops what `Edit` or `AddNew` has begun.
+    void CancelUpdate();
+    /// Removes the current record. There is no current record until the next move.
+    void Delete();
+    Mode EditMode() const;
+
+    // What a grid needs, beside the current record ------------------------------------------------------------------
+
+    /// Number of records without visiting them.
+    int rowCount() const;
+    /// Place of the current record from 0, -1 when there is none.
+    int row() const;
+    void moveToRow(int row);
+    /// The values of a record without moving to it; a long-binary column gives Null.
+    std::vector<Variant> valuesAt(int row) const;
+
+  private:
+    friend class Database;
+    explicit Recordset(std::unique_ptr<RecordsetState> state);
+    std::unique_ptr<RecordsetState> state_;
+};

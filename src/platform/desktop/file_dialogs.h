@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QWidget;
+
+/// File dialogs of the program: QFileDialog in its non-native form, or what a test answers instead.
+
+struct FileQuestion {
+    QString title;
+    QString filter;  ///< "BMP文件|*.bmp|JPG文件|*.jpg": name and pattern in turn.
+    QString proposal;
+    bool saving;
+};
+
+/// Path of the file that the user picked, empty when the dialog was cancelled. The patterns ignore case.
+QString askOpenFile(QWidget* parent, const QString& title, const QString& filter, const QString& proposal = {});
+/// Asks before an existing file is overwritten.
+QString askSaveFile(QWidget* parent, const QString& title, const QString& filter, const QString& proposal = {});
+
+void answerFileDialogsWith(std::function<QString(const FileQuestion&)> answer);

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/desktop/list_box.h"
+
+#include <QComboBox>
+
+/// The places where folders begin: the root, the home folder and mounted media, or the drives of the platform.
+class DriveList : public QComboBox {
+    Q_OBJECT
+
+  public:
+    explicit DriveList(QWidget* parent = nullptr);
+
+    /// Path of the chosen place. Setting any path chooses the place that it lies in.
+    QString Drive() const;
+    void setDrive(const QString& path);
+
+  Q_SIGNALS:
+    void changed();  ///< By the user or by `setDrive`, only when the place differs.
+};
+
+/// The folders from the root down to the present one, and the folders in it. A click marks a line; a double click or
+/// Enter goes there.
+class DirList : public ListBox {
+    Q_OBJECT
+
+  public:
+    explicit DirList(QWidget* parent = nullptr);
+
+    const QString& Path() const { return path_; }
+    /// Throws `Error` when the folder cannot be read.
+    void setPath(const QString& path);
+    /// Reads the present folder again.
+    void refresh();
+
+  Q_SIGNALS:
+    void changed();  ///< Another folder is the present one.
+    void clickedLine();
+
+  private:
+    QString path_;
+};
+
+/// The files of a folder whose names match a pattern ("*.jpg;*.bmp", case ignored), sorted as people sort (2 before
+/// 10). Several can be selected with Ctrl and Shift.
+class FileList : public ListBox {
+    Q_OBJECT
+
+  public:
+    explicit FileList(QWidget* parent = nullptr);
+
+    const QString& Path() const { return path_; }
+    void setPath(const QString& path);
+    const QString& Pattern() const { return pattern_; }
+    void setPattern(const QString& pattern);
+
+    QString FileName() const;  ///< The focused entry, empty when there is none.
+    bool Selected(int index) const;
+    void setSelected(int index, bool on);  ///< Runs the same event as a click does.
+    void selectAllEntries(bool on);        ///< All at once; one event.
+
+  Q_SIGNALS:
+    void selectionClicked();  ///< The selection changed, by the user or by the program.
+    void pathChanged();
+
+  private:
+    void refill();
+    QString path_;
+    QString pattern_;
+};

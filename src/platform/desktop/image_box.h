@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/picture/picture.h"
+
+#include <QLabel>
+
+/// An image control: shows a picture stretched to its own size, sharp on any screen. Without a picture it is empty and
+/// lets its background through. `pixmap()` is the picture it shows.
+class ImageBox : public QLabel {
+    Q_OBJECT
+
+  public:
+    explicit ImageBox(QWidget* parent = nullptr);
+
+    void setPicture(const Picture& picture);  ///< A null picture empties the control.
+    const Picture& picture() const { return picture_; }
+
+    /// Text that a control carries with it without showing it.
+    void setTag(const QString& tag) { tag_ = tag; }
+    const QString& tag() const { return tag_; }
+
+    /// The size in device pixels for which a picture should be decoded to look sharp here.
+    QSize targetSize() const;
+    static QSize targetSize(const QWidget* control, QSize pixels);
+
+  Q_SIGNALS:
+    void clicked();  ///< Pressed and released inside, left button; not sent for the second click of a double click.
+    void doubleClicked();
+    void mousePressed();
+    void mouseReleased();
+    void mouseMoved();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+  private:
+    Picture picture_;
+    QString tag_;
+    bool pressedHere_ = false;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QListWidget>
+
+/// A list box: lines of text, told by index. The mouse events are those that the forms listen to.
+class ListBox : public QListWidget {
+    Q_OBJECT
+
+  public:
+    explicit ListBox(QWidget* parent = nullptr);
+
+    int ListCount() const { return count(); }
+    int ListIndex() const { return currentRow(); }
+    QString List(int index) const { return item(index)->text(); }
+    void AddItem(const QString& text) { addItem(text); }
+    /// The lines stand in that many columns of equal width; 1 is a plain list.
+    void setColumns(int columns);
+
+  Q_SIGNALS:
+    void lineClicked(int index);  ///< By mouse or Enter.
+    void mouseMoved();
+
+  protected:
+    void mouseMoveEvent(QMouseEvent* event) override;
+};

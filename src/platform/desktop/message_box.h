@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QWidget;
+
+/// Message boxes of the program. Real ones are modal QMessageBoxes; a test may put its own answers in their place.
+
+enum class BoxIcon { exclamation, information, question };
+
+/// What a box was asked to show.
+struct BoxText {
+    QString title;
+    QString text;
+    BoxIcon icon;
+    bool hasCancel;  ///< OK and Cancel instead of OK alone.
+};
+
+inline const QString usualBoxTitle = QStringLiteral("操作提示");
+
+/// Shows a statement with one button "确定".
+void say(QWidget* parent, const QString& text, BoxIcon icon = BoxIcon::exclamation,
+         const QString& title = usualBoxTitle);
+
+/// Asks for a decision with the buttons "确定" and "取消"; true for "确定". Closing the box is "取消".
+bool ask(QWidget* parent, const QString& text, BoxIcon icon = BoxIcon::question, const QString& title = usualBoxTitle);
+
+/// Puts `answer` in place of all message boxes until called again with an empty function. Its result is what `ask`
+/// returns.
+void answerBoxesWith(std::function<bool(const BoxText&)> answer);
+
+/// Runs a handler. When it ends in a failure, a box titled "错误提示" says what failed, and the program goes on.
+void runHandler(QWidget* parent, const std::function<void()>& handler);
+
+/// Wraps a callable for `connect`: `connect(button, &QPushButton::clicked, this, guarded(this, [this] { … }))`.
+template <typename Handler>
+auto guarded(QWidget* parent, Handler handler) {
+    return [parent, handler](auto... arguments) {
+        runHandler(parent, [&] {
+            if constexpr (std::is_invocable_v<Handler, decltype(arguments)...>)
+                handler(arguments...);
+            else
+                handler();
+        });
+    };
+}

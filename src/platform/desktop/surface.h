@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QFrame>
+#include <QPoint>
+
+/// A picture surface: a plain panel that other controls stand on. As a small dialog inside a window it can be moved by
+/// dragging it with the mouse.
+class Surface : public QFrame {
+    Q_OBJECT
+
+  public:
+    explicit Surface(QWidget* parent = nullptr);
+
+    void setDraggable(bool on) { draggable_ = on; }
+
+  Q_SIGNALS:
+    void mouseMoved();
+    void mousePressed();
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+  private:
+    bool draggable_ = false;
+    QPoint grip_;
+};

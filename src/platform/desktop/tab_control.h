@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QTabWidget>
+
+/// A tab control whose pages carry controls placed in twips, told from the upper left corner of the tab control itself
+/// (so they begin below the strip of captions). A shared control is put on the page in front by `putOn`.
+class TabControl : public QTabWidget {
+    Q_OBJECT
+
+  public:
+    /// Height of the strip of captions and width of one caption, in twips.
+    static constexpr int stripHeight = 375;
+    static constexpr int captionWidth = 930;
+
+    explicit TabControl(QWidget* parent = nullptr);
+
+    int addPage(const QString& caption);
+    QWidget* page(int index) const { return widget(index); }
+
+    /// Makes `page` the parent of a control and places it; keeps whether it is shown.
+    void putOn(int page, QWidget* control, int left, int top, int width, int height);
+    void putOn(int page, QWidget* control, int left, int top);
+
+  Q_SIGNALS:
+    /// The mouse moved over the control: position in twips from its upper left corner, the strip of captions included.
+    void mouseMovedAt(int x, int y);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+/// A one-line text box with the events that the forms listen to.
+class TextBox : public QLineEdit {
+    Q_OBJECT
+
+  public:
+    explicit TextBox(QWidget* parent = nullptr);
+
+    void setLocked(bool on);  ///< Locked: shows its text in a muted way and takes no typing; can still have the focus.
+    bool isLocked() const { return isReadOnly(); }
+
+  Q_SIGNALS:
+    void gotFocus();
+    void lostFocus();  ///< Not sent when the whole window loses the focus.
+    void enterPressed();
+    void clicked();  ///< By the mouse.
+
+  protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+};
+
+/// A text box of several lines that only shows its text: captions over pictures, the data strip. Takes no focus.
+class CaptionBox : public QPlainTextEdit {
+    Q_OBJECT
+
+  public:
+    explicit CaptionBox(QWidget* parent = nullptr);
+    void setText(const QString& text) { setPlainText(text); }
+    QString text() const { return toPlainText(); }
+
+  Q_SIGNALS:
+    void clicked();
+
+  protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+};

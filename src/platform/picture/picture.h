@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QByteArray>
+#include <QIODevice>
+#include <QImage>
+#include <QSize>
+#include <QString>
+
+/// A decoded picture. Its size is that of the whole picture in pixels, as it stands upright, even when the image in
+/// memory was decoded smaller for a small target.
+class Picture {
+  public:
+    Picture() = default;
+    Picture(QImage image, QSize pixels) : image_(std::move(image)), pixels_(pixels) {}
+    explicit Picture(const QImage& image) : image_(image), pixels_(image.size()) {}
+
+    bool isNull() const { return image_.isNull(); }
+    const QImage& image() const { return image_; }
+    QSize pixels() const { return pixels_; }
+
+    /// Size in HiMetric units, hundredths of a millimetre at 96 pixels to the inch.
+    int Width() const;
+    int Height() const;
+
+  private:
+    QImage image_;
+    QSize pixels_;
+};
+
+/// The longest side of a picture in pixels; larger ones are refused.
+inline constexpr int longestPictureSide = 32767;
+
+/// HiMetric units of a length in pixels: round(pixels * 2540 / 96).
+int hiMetricFromPixels(int pixels);
+
+/// Decodes a BMP or JPEG file, upright by its EXIF orientation. With a `target` in device pixels, a larger picture is
+/// decoded at a reduced scale that still covers the target box (keeping its shape), which is much quicker.
+/// Throws `Error` that names the file when it is missing, damaged, of another kind or too large.
+Picture LoadPicture(const QString& path, QSize target = {});
+
+/// The same from an open device or from bytes; `name` is how the error calls the picture.
+Picture LoadPicture(QIODevice& device, const QString& name, QSize target = {});
+Picture LoadPicture(const QByteArray& bytes, const QString& name, QSize target = {});
+
+/// Writes a JPEG file. The file is written beside its place first and renamed over it, so a failure leaves what was
+/// there. Transparent parts become white. Throws `Error` that names the file.
+void saveJpeg(const QImage& image, const QString& path, int quality);
+
+/// The same for a 24-bit BMP.
+void SavePicture(const QImage& image, const QString& path);

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+
+/// The windows of the program, named by what they are for.
+enum class WindowKind { viewer, settings, editor, colours, help, about };
+
+/// How a window asks for another one without knowing it. The program has one object of this kind; every window is given
+/// a reference that outlives it.
+class Windows {
+  public:
+    virtual ~Windows() = default;
+
+    /// Whether this program has the window at all. A control that leads to a missing window is disabled.
+    virtual bool has(WindowKind window) const = 0;
+
+    /// Shows `to` and unloads `from` once the calling handler has returned: the large windows take turns.
+    virtual void handOver(WindowKind from, WindowKind to) = 0;
+
+    /// Shows a window beside the one that asks (colours, help, about); unloads it again.
+    virtual void show(WindowKind window) = 0;
+    virtual void unload(WindowKind window) = 0;
+
+    /// Shows the help window with the heading `topic` at the top of the view.
+    virtual void showHelp(const QString& topic) = 0;
+
+    /// Ends the program once the calling handler has returned.
+    virtual void endProgram() = 0;
+};
