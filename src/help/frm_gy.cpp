@@ -1,0 +1,80 @@
+#include "help/frm_gy.h"
+
+#include "platform/base/error.h"
+#include "platform/base/processes.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/placing.h"
+
+#include <QCoreApplication>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+QLabel* line(frmGy* box, const QString& name, const QString& text, int pixelSize) {
+    auto* label = make<QLabel>(box, name);
+    QFont font = label->font();
+    font.setPixelSize(pixelSize);
+    label->setFont(font);
+    label->setText(text);
+    label->setWordWrap(true);
+    return label;
+}
+}  // namespace
+
+frmGy::frmGy(QWidget* parent)
+    : QWidget(parent, Qt::Dialog),
+      tools_{u"hardinfo"_s, u"hardinfo2"_s, u"kinfocenter"_s, u"gnome-system-monitor"_s, u"msinfo32"_s} {
+    setObjectName(u"frmGy"_s);
+    setWindowTitle(u"关于 览忆集苑"_s);
+
+    auto* icon = make<QLabel>(this, u"imgTb"_s);
+    icon->setPixmap(QIcon(u":/icons/lunq.svg"_s).pixmap(QSize(64, 64), devicePixelRatio()));
+    icon->setAlignment(Qt::AlignTop);
+    auto* title = line(this, u"lblBt"_s, u"览忆集苑"_s, 22);
+    auto* version = line(this, u"lblBb"_s, u"版本 %1"_s.arg(QCoreApplication::applicationVersion()), 12);
+    auto* description = line(
+        this, u"lblSm"_s,
+        u"电子像册：成千上万张图片收在一个文件里，可按页浏览、按钮筛选、放大观看和幻灯播放，并可随时复制和备份。"_s,
+        13);
+    auto* rule = make<QFrame>(this, u"linFg"_s);
+    rule->setFrameShape(QFrame::HLine);
+    auto* tools = make<QPushButton>(this, u"cmdXt"_s, u"系统信息(&S)"_s);
+    auto* ok = make<QPushButton>(this, u"cmdQd"_s, u"确定"_s);
+    ok->setDefault(true);
+
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(8);
+    for (QWidget* widget : {title, version}) texts->addWidget(widget);
+    texts->addSpacing(6);
+    texts->addWidget(description);
+    auto* top = new QHBoxLayout;
+    top->setSpacing(20);
+    top->addWidget(icon);
+    top->addLayout(texts, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(tools);
+    buttons->addStretch();
+    buttons->addWidget(ok);
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(24, 24, 24, 16);
+    all->setSpacing(14);
+    all->addLayout(top);
+    all->addStretch();
+    all->addWidget(rule);
+    all->addLayout(buttons);
+    setFixedSize(420, 240);
+
+    connect(tools, &QPushButton::clicked, this, guarded(this, [this] { showSystemInformation(); }));
+    connect(ok, &QPushButton::clicked, this, &QWidget::close);
+}
+
+void frmGy::showSystemInformation() {
+    const QString tool = findProgram(tools_);
+    if (tool.isEmpty() || !attempt([&] { Shell(tool); })) say(this, u"此时系统信息不可用"_s);
+}

@@ -1,0 +1,48 @@
+#include "catalogue/mektp.h"
+#include "platform/base/files.h"
+#include "platform/desktop/look.h"
+#include "platform/desktop/message_box.h"
+#include "program.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QLockFile>
+#include <QTranslator>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Whether another copy works on this program's catalogue. A folder that cannot be written to holds no lock, and a
+/// catalogue there cannot be changed by two copies either.
+bool isSecondCopy(QLockFile& lock) {
+    lock.setStaleLockTime(0);
+    return !lock.tryLock() && lock.error() == QLockFile::LockFailedError;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(u"lunq"_s);
+    QApplication::setApplicationVersion(QString::fromLatin1(LUNQ_VERSION));
+    QApplication::setWindowIcon(QIcon(u":/icons/lunq.svg"_s));
+
+    QTranslator chinese;  // the texts of the toolkit's own dialogs
+    if (chinese.load(u"qtbase_zh_CN"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&chinese);
+    applyLook(application);
+
+    QLockFile lock(joinedPath(programFolder(), u"lunq.lock"_s));
+    if (isSecondCopy(lock)) {
+        say(nullptr, u"本软件已在运行，不能重复打开！按任意键继续。"_s);
+        return 0;
+    }
+
+    Program program;
+    program.start();
+    const int status = QApplication::exec();
+    mekTp::catalogue = {};
+    return status;
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// Starting other programs.
+
+/// Path of the first of these programs that is installed, empty when none is.
+QString findProgram(const QStringList& names);
+
+/// Starts a program without waiting for it. Throws `Error` that names it when it does not start.
+void Shell(const QString& program, const QStringList& arguments = {});

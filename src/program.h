@@ -1,0 +1,25 @@
+#pragma once
+
+#include "shell/windows.h"
+
+#include <QPointer>
+#include <QWidget>
+#include <map>
+
+/// Makes the windows and hands over between them.
+class Program : public Windows {
+  public:
+    /// Shows the main window.
+    void start();
+
+    bool has(WindowKind window) const override;
+    void handOver(WindowKind from, WindowKind to) override;
+    void show(WindowKind window) override;
+    void unload(WindowKind window) override;
+    void showHelp(const QString& topic) override;
+    void endProgram() override;
+
+  private:
+    QWidget* makeWindow(WindowKind window);
+    std::map<WindowKind, QPointer<QWidget>> windows_;
+};

@@ -1,0 +1,53 @@
+#include "help/frm_gy.h"
+
+#include "../support/run_all.h"
+#include "platform/desktop/message_box.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class TestAboutBox : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void systemInformation_data() {
+        QTest::addColumn<QStringList>("tools");
+        QTest::addColumn<bool>("saysUnavailable");
+        QTest::newRow("none installed") << QStringList{u"no-such-tool-1"_s, u"no-such-tool-2"_s} << true;
+        QTest::newRow("second installed") << QStringList{u"no-such-tool-1"_s, u"true"_s} << false;
+    }
+
+    void systemInformation() {
+        QFETCH(QStringList, tools);
+        QFETCH(bool, saysUnavailable);
+        QStringList said;
+        answerBoxesWith([&](const BoxText& box) {
+            said << box.text;
+            return true;
+        });
+        frmGy box;
+        box.setTools(tools);
+        box.show();
+        QTest::mouseClick(box.findChild<QPushButton*>(u"cmdXt"_s), Qt::LeftButton);
+        answerBoxesWith({});
+        QCOMPARE(said, saysUnavailable ? QStringList{u"此时系统信息不可用"_s} : QStringList{});
+    }
+
+    void okCloses() {
+        frmGy box;
+        box.show();
+        QTest::mouseClick(box.findChild<QPushButton*>(u"cmdQd"_s), Qt::LeftButton);
+        QVERIFY(!box.isVisible());
+    }
+};
+
+const Registered<TestAboutBox> registered;
+
+}  // namespace
+
+#include "frm_gy_test.moc"
