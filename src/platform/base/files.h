@@ -5,8 +5,10 @@
 
 /// Files and folders. All functions throw `Error` that names the path, unless they say otherwise.
 
-/// The folder of the executable. `LUNQ` files (catalogue, cursor) stand there.
+/// The folder of the executable, where the program's own files stand.
 QString programFolder();
+/// Lets another folder stand for it: tests and tools work on copies. An empty path goes back to the executable's.
+void setProgramFolder(const QString& folder);
 
 /// `folder` and `name` with the platform's separator between them.
 QString joinedPath(const QString& folder, const QString& name);
