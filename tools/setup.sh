@@ -1,0 +1,104 @@
+# shellcheck shell=bash disable=SC2034
+# Set-up shared by run.sh, test.sh and .ci/run, which source it from the project's folder. It asks nothing and changes
+# nothing on a machine that has everything.
+
+# What the build and the program cannot do without. "a|b" is one package under two names: the first that exists is taken.
+required_packages=(
+    g++ cmake ninja-build ccache
+    qt6-base-dev "qt6-svg-dev|libqt6svg6-dev"
+    libsqlitecpp-dev libsqlite3-dev libjpeg-dev
+    fonts-noto-cjk
+    xvfb xauth
+)
+# What makes the program nicer: Chinese texts in the toolkit's own dialogs, and windows where there is no X server.
+optional_packages=(qt6-translations-l10n qt6-wayland)
+# What only the formatting check needs. Every version lays code out a little differently, hence the number.
+format_packages=(clang-format-14 git)
+
+say_step() {
+    printf '==> %s\n' "$*"
+}
+
+stop_with() {
+    printf '%s\n' "$*" >&2
+    exit 1
+}
+
+is_installed() {
+    [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+# Whether any of the names "a|b" is installed.
+has_package() {
+    local name
+    for name in ${1//|/ }; do
+        if is_installed "$name"; then return 0; fi
+    done
+    return 1
+}
+
+# The first of the names "a|b" that can be installed on this system.
+available_name() {
+    local name
+    for name in ${1//|/ }; do
+        case "$(LC_ALL=C apt-cache policy "$name" 2>/dev/null)" in
+            *"Candidate: (none)"* | "") ;;
+            *) printf '%s\n' "$name" && return 0 ;;
+        esac
+    done
+    return 1
+}
+
+as_root() {
+    if [ "$(id -u)" = 0 ]; then
+        env DEBIAN_FRONTEND=noninteractive "$@"
+    elif command -v sudo >/dev/null && { sudo -n true 2>/dev/null || [ -t 0 ]; }; then
+        sudo env DEBIAN_FRONTEND=noninteractive "$@"
+    else
+        stop_with "Packages are missing and this user may not install them. Run once as root: $*"
+    fi
+}
+
+# install_packages REQUIRED... : installs what is missing of these, and tries the optional packages along with them.
+install_packages() {
+    local package name missing=() names=()
+    for package in "$@"; do
+        has_package "$package" || missing+=("$package")
+    done
+    if [ "${#missing[@]}" -eq 0 ]; then return 0; fi
+    command -v apt-get >/dev/null || stop_with "This machine has no apt-get. Please install: ${missing[*]}"
+
+    say_step "Installing: ${missing[*]}"
+    as_root apt-get update -q || say_step "The package lists could not be refreshed; going on with those at hand."
+    for package in "${missing[@]}"; do
+        name=$(available_name "$package") || stop_with "No package $package is to be had from this machine's package sources."
+        names+=("$name")
+    done
+    as_root apt-get install -q -y --no-install-recommends "${names[@]}" || stop_with "apt-get could not install: ${names[*]}"
+
+    for package in "${optional_packages[@]}"; do
+        if has_package "$package"; then continue; fi
+        if name=$(available_name "$package"); then
+            say_step "Installing, for comfort: $name"
+            as_root apt-get install -q -y --no-install-recommends "$name" || say_step "Going on without $name."
+        fi
+    done
+}
+
+# build_preset PRESET TARGET...: configures once, then builds what has changed.
+build_preset() {
+    local preset=$1
+    shift
+    if [ ! -f "build/$preset/build.ninja" ]; then
+        say_step "Configuring build/$preset"
+        cmake --preset "$preset"
+    fi
+    say_step "Building build/$preset"
+    cmake --build "build/$preset" --target "$@"
+}
+
+# The toolkit wants a UTF-8 locale for Chinese file names.
+case "$(locale charmap 2>/dev/null)" in
+    UTF-8) ;;
+    *) export LC_ALL=C.UTF-8 ;;
+esac
