@@ -11,12 +11,23 @@ class DriveList : public QComboBox {
   public:
     explicit DriveList(QWidget* parent = nullptr);
 
-    /// Path of the chosen place. Setting any path chooses the place that it lies in.
-    QString Drive() const;
+    /// Where one arrives in the chosen place: the folder that the program set last, or the place itself after the user
+    /// has chosen it. So a folder list that follows `changed` stays where it is when it leaves one place for another.
+    QString Drive() const { return folder_; }
+    /// Chooses the place that a path lies in.
     void setDrive(const QString& path);
 
   Q_SIGNALS:
     void changed();  ///< By the user or by `setDrive`, only when the place differs.
+
+  protected:
+    void showPopup() override;  ///< Looks for media that were mounted meanwhile.
+
+  private:
+    void fill();
+    int placeOf(const QString& path) const;
+    void enterChosenPlace();
+    QString folder_;
 };
 
 /// The folders from the root down to the present one, and the folders in it. A click marks a line; a double click or
@@ -37,7 +48,12 @@ class DirList : public ListBox {
     void changed();  ///< Another folder is the present one.
     void clickedLine();
 
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
   private:
+    void fill(const QString& path, const QStringList& folders);
+    void enter(const QListWidgetItem* line);
     QString path_;
 };
 
@@ -66,5 +82,5 @@ class FileList : public ListBox {
   private:
     void refill();
     QString path_;
-    QString pattern_;
+    QString pattern_ = QStringLiteral("*");
 };

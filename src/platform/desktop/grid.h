@@ -13,10 +13,10 @@ class Grid : public QTableView {
   public:
     explicit Grid(QWidget* parent = nullptr);
 
-    void bind(DataControl* data);
+    void bind(DataControl* source);
 
-    /// Headings from left to right, separated by `|`. A leading `^` centres the column, `>` sets it right, `<` left; the
-    /// width of a heading with its blanks is the width of its column.
+    /// Headings from left to right, separated by `|`. A leading `^` centres the column, `>` sets it right, `<` left;
+    /// the width of a heading with its blanks is the width of its column.
     void setFormatString(const QString& format);
     QString FormatString() const { return format_; }
 
@@ -29,8 +29,15 @@ class Grid : public QTableView {
   Q_SIGNALS:
     void rowClicked(int row);
 
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
+    void follow();
     void applyWidths();
+    int wantedWidth(int column) const;
+    DataControl* data_ = nullptr;
     GridModel* model_;
     QString format_;
 };

@@ -38,7 +38,10 @@ class ImageBox : public QLabel {
     void mouseMoveEvent(QMouseEvent* event) override;
 
   private:
+    QPixmap fitted(QSize pixels);
     Picture picture_;
+    QPixmap fitted_;  ///< The picture scaled down once for the present size.
+    qint64 fittedKey_ = 0;
     QString tag_;
     bool pressedHere_ = false;
 };

@@ -21,5 +21,13 @@ class ListBox : public QListWidget {
     void mouseMoved();
 
   protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void layOutColumns();
+    int columns_ = 1;
+    bool afterDoubleClick_ = false;
 };

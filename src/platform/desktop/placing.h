@@ -28,7 +28,15 @@ inline void place(QWidget* control, int left, int top) {
     control->move(pixelsFromTwips(left), pixelsFromTwips(top));
 }
 
-inline int leftOf(const QWidget* control) { return twipsFromPixels(control->x()); }
-inline int topOf(const QWidget* control) { return twipsFromPixels(control->y()); }
-inline int widthOf(const QWidget* control) { return twipsFromPixels(control->width()); }
-inline int heightOf(const QWidget* control) { return twipsFromPixels(control->height()); }
+inline int leftOf(const QWidget* control) {
+    return twipsFromPixels(control->x());
+}
+inline int topOf(const QWidget* control) {
+    return twipsFromPixels(control->y());
+}
+inline int widthOf(const QWidget* control) {
+    return twipsFromPixels(control->width());
+}
+inline int heightOf(const QWidget* control) {
+    return twipsFromPixels(control->height());
+}

@@ -29,7 +29,8 @@ class ShapeBox : public QWidget {
     int cornerRadius_ = 0;
 };
 
-/// A straight line on a form between two points in twips, horizontal or vertical or slanting. Mouse events pass through.
+/// A straight line on a form between two points in twips, horizontal or vertical or slanting. Mouse events pass
+/// through.
 class LineBox : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QColor color READ color WRITE setColor)

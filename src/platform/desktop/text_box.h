@@ -24,11 +24,15 @@ class TextBox : public QLineEdit {
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+
+  private:
+    bool holdsFocus_ = false;
 };
 
 /// A text box of several lines that only shows its text: captions over pictures, the data strip. Takes no focus.
 class CaptionBox : public QPlainTextEdit {
     Q_OBJECT
+    Q_PROPERTY(QString text READ text WRITE setText)
 
   public:
     explicit CaptionBox(QWidget* parent = nullptr);
@@ -39,5 +43,8 @@ class CaptionBox : public QPlainTextEdit {
     void clicked();
 
   protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 };

@@ -4,7 +4,6 @@
 #include <QHash>
 #include <QIcon>
 #include <QToolButton>
-
 #include <functional>
 
 /// A tool bar whose buttons are known by key. Each button shows the icon of its image key, which is its key until a

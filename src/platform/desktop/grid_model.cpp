@@ -1,0 +1,124 @@
+#include "platform/desktop/grid_model.h"
+
+#include "platform/base/error.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+std::vector<GridHeading> gridHeadings(const QString& format) {
+    std::vector<GridHeading> result;
+    if (format.isEmpty()) return result;
+    for (QString part : format.split(u'|')) {
+        std::optional<Qt::Alignment> alignment;
+        const QChar mark = part.isEmpty() ? QChar() : part.front();
+        if (mark == u'^') alignment = Qt::AlignHCenter;
+        if (mark == u'>') alignment = Qt::AlignRight;
+        if (mark == u'<') alignment = Qt::AlignLeft;
+        if (alignment) part.remove(0, 1);
+        result.push_back({part.trimmed(), part, alignment});
+    }
+    return result;
+}
+
+namespace {
+
+bool isNumber(FieldType type) {
+    return type == FieldType::byte || type == FieldType::integer || type == FieldType::longInteger ||
+           type == FieldType::single || type == FieldType::real;
+}
+
+QString cellTextOf(const Variant& value) {
+    if (const auto* date = std::get_if<QDateTime>(&value.storage())) return date->toString(u"yyyy-MM-dd HH:mm:ss"_s);
+    return value.textOr();
+}
+
+}  // namespace
+
+void GridModel::setHeadings(std::vector<GridHeading> headings) {
+    headings_ = std::move(headings);
+    if (columnCount() > 0) Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+}
+
+void GridModel::reload() {
+    beginResetModel();
+    rows_.clear();
+    columns_.clear();
+    total_ = 0;
+    if (data_ != nullptr && !data_->Recordset().isNothing()) {
+        attempt([&] {
+            const Recordset& records = data_->Recordset();
+            for (int i = 0; i < records.FieldCount(); ++i) {
+                const Field field = records.Fields(i);
+                if (field.Type() != FieldType::longBinary) columns_.push_back({i, field.Name(), field.Type()});
+            }
+            total_ = data_->total();
+        });
+    }
+    endResetModel();
+}
+
+void GridModel::clear() {
+    beginResetModel();
+    rows_.clear();
+    total_ = 0;
+    endResetModel();
+}
+
+void GridModel::dropRows() {
+    rows_.clear();
+    if (data_ != nullptr && total_ > 0 && data_->total() != total_)
+        reload();
+    else if (total_ > 0 && columnCount() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(total_ - 1, columnCount() - 1));
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : total_;
+}
+
+int GridModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+}
+
+const std::vector<Variant>& GridModel::values(int row) const {
+    if (const auto* kept = rows_.object(row)) return *kept;
+    auto fresh = std::make_unique<std::vector<Variant>>();
+    attempt([&] {
+        if (data_ != nullptr && !data_->Recordset().isNothing()) *fresh = data_->Recordset().valuesAt(row);
+    });
+    const auto& result = *fresh;
+    rows_.insert(row, fresh.release());
+    return result;
+}
+
+const GridHeading* GridModel::heading(int column) const {
+    const auto place = static_cast<size_t>(column);
+    return place < headings_.size() ? &headings_[place] : nullptr;
+}
+
+QString GridModel::spacedHeading(int column) const {
+    const GridHeading* found = heading(column);
+    return found != nullptr ? found->spaced : columns_[static_cast<size_t>(column)].name;
+}
+
+Qt::Alignment GridModel::alignment(int column) const {
+    const GridHeading* found = heading(column);
+    if (found != nullptr && found->alignment) return *found->alignment | Qt::AlignVCenter;
+    return (isNumber(typeOf(column)) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || index.row() >= total_ || index.column() >= columnCount()) return {};
+    if (role == Qt::TextAlignmentRole) return QVariant::fromValue(alignment(index.column()));
+    if (role != Qt::DisplayRole) return {};
+    const std::vector<Variant>& row = values(index.row());
+    const auto field = static_cast<size_t>(columns_[static_cast<size_t>(index.column())].field);
+    return field < row.size() ? cellTextOf(row[field]) : QString();
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
+    if (role == Qt::TextAlignmentRole) return QVariant::fromValue(alignment(section));
+    if (role != Qt::DisplayRole) return {};
+    const GridHeading* found = heading(section);
+    return found != nullptr ? found->caption : columns_[static_cast<size_t>(section)].name;
+}

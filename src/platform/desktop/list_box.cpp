@@ -1,0 +1,56 @@
+#include "platform/desktop/list_box.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <algorithm>
+
+namespace {
+constexpr int lineHeight = 18;
+}
+
+ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
+    setUniformItemSizes(true);
+    setMovement(QListView::Static);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setMouseTracking(true);
+    viewport()->setMouseTracking(true);
+    connect(this, &QListWidget::itemDoubleClicked, this, [this] { afterDoubleClick_ = true; });
+    connect(this, &QListWidget::itemClicked, this, [this](QListWidgetItem* line) {
+        if (!std::exchange(afterDoubleClick_, false)) Q_EMIT lineClicked(row(line));
+    });
+}
+
+void ListBox::setColumns(int columns) {
+    columns_ = std::max(columns, 1);
+    setFlow(QListView::TopToBottom);
+    setWrapping(columns_ > 1);
+    setResizeMode(columns_ > 1 ? QListView::Adjust : QListView::Fixed);
+    setVerticalScrollBarPolicy(columns_ > 1 ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+    layOutColumns();
+}
+
+void ListBox::layOutColumns() {
+    setGridSize(columns_ > 1 ? QSize(viewport()->width() / columns_, lineHeight) : QSize());
+}
+
+void ListBox::mousePressEvent(QMouseEvent* event) {
+    afterDoubleClick_ = false;
+    QListWidget::mousePressEvent(event);
+}
+
+void ListBox::mouseMoveEvent(QMouseEvent* event) {
+    QListWidget::mouseMoveEvent(event);
+    Q_EMIT mouseMoved();
+}
+
+void ListBox::keyPressEvent(QKeyEvent* event) {
+    QListWidget::keyPressEvent(event);
+    if ((event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) || currentRow() < 0) return;
+    event->accept();
+    Q_EMIT lineClicked(currentRow());
+}
+
+void ListBox::resizeEvent(QResizeEvent* event) {
+    if (columns_ > 1) layOutColumns();
+    QListWidget::resizeEvent(event);
+}

@@ -1,0 +1,74 @@
+#include "platform/desktop/tab_control.h"
+
+#include "platform/base/twips.h"
+
+#include <QMouseEvent>
+#include <QTabBar>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// A strip of captions of one size.
+class Strip : public QTabBar {
+  public:
+    explicit Strip(QWidget* parent) : QTabBar(parent) {
+        setDrawBase(false);
+        setExpanding(false);
+        setUsesScrollButtons(false);
+        setElideMode(Qt::ElideNone);
+    }
+
+  protected:
+    QSize tabSizeHint(int) const override {
+        return {pixelsFromTwips(TabControl::captionWidth), pixelsFromTwips(TabControl::stripHeight)};
+    }
+    QSize minimumTabSizeHint(int index) const override { return tabSizeHint(index); }
+};
+
+QRect onPage(const QRect& place) {
+    return place.translated(0, -pixelsFromTwips(TabControl::stripHeight));
+}
+
+bool isHiddenOnPurpose(const QWidget* control) {
+    return control->testAttribute(Qt::WA_WState_ExplicitShowHide) && control->isHidden();
+}
+
+}  // namespace
+
+TabControl::TabControl(QWidget* parent) : QTabWidget(parent) {
+    setTabBar(new Strip(this));
+    setDocumentMode(true);
+    for (QWidget* part : {static_cast<QWidget*>(tabBar()), static_cast<QWidget*>(this)}) {
+        part->setMouseTracking(true);
+        part->installEventFilter(this);
+    }
+}
+
+int TabControl::addPage(const QString& caption) {
+    auto* page = new QWidget;
+    page->setObjectName(u"page%1"_s.arg(count()));
+    page->setMouseTracking(true);
+    page->installEventFilter(this);
+    return addTab(page, caption);
+}
+
+void TabControl::putOn(int page, QWidget* control, int left, int top, int width, int height) {
+    const bool shown = !isHiddenOnPurpose(control);
+    if (control->parentWidget() != widget(page)) control->setParent(widget(page));
+    control->setGeometry(onPage(rectFromTwips(left, top, width, height)));
+    if (shown) control->show();
+}
+
+void TabControl::putOn(int page, QWidget* control, int left, int top) {
+    putOn(page, control, left, top, twipsFromPixels(control->width()), twipsFromPixels(control->height()));
+}
+
+bool TabControl::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseMove) {
+        const auto* part = static_cast<QWidget*>(watched);
+        const QPoint at = part->mapTo(this, static_cast<QMouseEvent*>(event)->position().toPoint());
+        Q_EMIT mouseMovedAt(twipsFromPixels(at.x()), twipsFromPixels(at.y()));
+    }
+    return QTabWidget::eventFilter(watched, event);
+}
