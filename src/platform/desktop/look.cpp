@@ -106,8 +106,8 @@ QHeaderView::section {
     border-bottom: 1px solid #d8d0c2; padding: 0px 3px;
 }
 
-QScrollBar:vertical { background: transparent; width: 11px; margin: 0px; border: 0px; }
-QScrollBar:horizontal { background: transparent; height: 11px; margin: 0px; border: 0px; }
+QScrollBar:vertical { background: #f1ede4; width: 11px; margin: 0px; border: 0px; }
+QScrollBar:horizontal { background: #f1ede4; height: 11px; margin: 0px; border: 0px; }
 QScrollBar::handle { background: #cbc3b4; border-radius: 4px; margin: 1px; }
 QScrollBar::handle:vertical { min-height: 24px; }
 QScrollBar::handle:horizontal { min-width: 24px; }

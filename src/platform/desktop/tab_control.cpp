@@ -38,7 +38,6 @@ bool isHiddenOnPurpose(const QWidget* control) {
 
 TabControl::TabControl(QWidget* parent) : QTabWidget(parent) {
     setTabBar(new Strip(this));
-    setDocumentMode(true);
     for (QWidget* part : {static_cast<QWidget*>(tabBar()), static_cast<QWidget*>(this)}) {
         part->setMouseTracking(true);
         part->installEventFilter(this);

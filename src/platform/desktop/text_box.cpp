@@ -3,6 +3,9 @@
 #include <QMouseEvent>
 
 namespace {
+/// What lies below a caption shimmers through.
+constexpr int captionOpacity = 215;
+
 /// Whether the focus goes elsewhere for a while only: to another window, a menu or a list that has popped up.
 bool comesBack(Qt::FocusReason reason) {
     return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
@@ -53,6 +56,11 @@ CaptionBox::CaptionBox(QWidget* parent) : QPlainTextEdit(parent) {
     setFrameShape(QFrame::NoFrame);
     document()->setDocumentMargin(1);
     viewport()->setCursor(Qt::ArrowCursor);
+    QPalette colours = palette();
+    QColor ground = colours.color(QPalette::Base);
+    ground.setAlpha(captionOpacity);
+    colours.setColor(QPalette::Base, ground);
+    setPalette(colours);
 }
 
 void CaptionBox::mousePressEvent(QMouseEvent* event) {
