@@ -8,9 +8,12 @@
 
 #include <functional>
 
+class CaptionBox;
 class DirList;
 class DriveList;
 class FileList;
+class QLabel;
+class QPushButton;
 class Surface;
 class TextBox;
 
@@ -39,7 +42,7 @@ class BrowserPanel : public QObject {
     DriveList* drv1() const;
     DirList* dir1() const;
     FileList* fil1() const;
-    TextBox* txtMl() const;
+    CaptionBox* txtMl() const;
 
     /// Asked for the mode and for whether files may be picked; the pages answer. Not set: `pictureFiles`, false.
     std::function<BrowseMode()> mode;
