@@ -82,7 +82,8 @@ std::optional<double> takeDecimalNumber(Reader& reader, Commas commas) {
     if (reader.take(u'.')) {
         const QStringView decimals = reader.takeDigits();
         digits = digits || !decimals.isEmpty();
-        number += u'.' + decimals;
+        number += u'.';
+        number += decimals;
     }
     if (!digits) return std::nullopt;
     const qsizetype beforeExponent = reader.place();
@@ -93,7 +94,7 @@ std::optional<double> takeDecimalNumber(Reader& reader, Commas commas) {
         if (exponent.isEmpty())
             reader.goBack(beforeExponent);
         else
-            number += (negative ? u"e-"_s : u"e"_s) + exponent;
+            number += (negative ? u"e-"_s : u"e"_s) + exponent.toString();
     }
     const double value = number.toDouble();
     return std::isfinite(value) ? std::optional(value) : std::nullopt;

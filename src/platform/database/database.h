@@ -4,9 +4,9 @@
 
 #include <QString>
 #include <QStringList>
-
 #include <memory>
 
+class Change;
 class Connection;
 
 /// An open database file. Copies share the one connection, which closes with its last user (recordsets count).
@@ -19,9 +19,9 @@ class Database {
     /// Path of the file.
     QString Name() const;
 
-    /// `source` is a table's name or a SELECT. The texts may use what the engine's dialect offers: bracketed names, date
-    /// literals between hash signs, InStr, IsNull, Left, LCase, DateValue. Text comparison ignores the case of Latin
-    /// letters.
+    /// `source` is a table's name or a SELECT. The texts may use what the engine's dialect offers: bracketed names,
+    /// date literals between hash signs, InStr, IsNull, Left, LCase, DateValue. Text comparison ignores the case of
+    /// Latin letters.
     Recordset OpenRecordset(const QString& source) const;
 
     /// Runs one statement: CREATE TABLE, DROP TABLE, DELETE FROM.
@@ -56,7 +56,7 @@ class Transaction {
 
   private:
     std::shared_ptr<Connection> connection_;
-    bool open_ = true;
+    std::unique_ptr<Change> change_;
 };
 
 /// A text as part of an SQL statement, between single quotes, with its own quotes doubled.

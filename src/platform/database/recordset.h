@@ -3,15 +3,24 @@
 #include "platform/database/variant.h"
 
 #include <QString>
-
 #include <memory>
 
 class Recordset;
 class RecordsetState;
 
 /// The types that a column can be declared with. The numbers are the engine's own type codes, which messages show.
-enum class FieldType { boolean = 1, byte = 2, integer = 3, longInteger = 4, single = 6, real = 7, date = 8, text = 10,
-                       longBinary = 11, memo = 12 };
+enum class FieldType {
+    boolean = 1,
+    byte = 2,
+    integer = 3,
+    longInteger = 4,
+    single = 6,
+    real = 7,
+    date = 8,
+    text = 10,
+    longBinary = 11,
+    memo = 12
+};
 
 /// One column of the current record. A light handle: valid as long as its recordset.
 class Field {
@@ -33,8 +42,8 @@ class Field {
     qint64 FieldSize() const;
     /// `count` bytes of a long-binary value from `offset`, fewer at its end, none behind it.
     QByteArray GetChunk(qint64 offset, qint64 count) const;
-    /// Under `Edit` or `AddNew`: the first call starts the value anew, later ones add to its end. Holds no more than the
-    /// piece in memory, whatever the length of the value.
+    /// Under `Edit` or `AddNew`: the first call starts the value anew, later ones add to its end. Holds no more than
+    /// the piece in memory, whatever the length of the value.
     void AppendChunk(const QByteArray& bytes);
 
   private:
@@ -70,7 +79,7 @@ class Recordset {
     bool Bof() const;
     void MoveFirst();
     void MoveLast();
-    void MoveNext();      ///< Leaves a changed but not updated record as it was before.
+    void MoveNext();  ///< Leaves a changed but not updated record as it was before.
     void MovePrevious();
 
     /// Goes to the first record, from the beginning of the set, that meets a criteria text such as `序号 = 7`. With

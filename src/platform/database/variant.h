@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
-
 #include <variant>
 
 /// A value of a field: Null, truth value, 32-bit integer, single- or double-precision number, text, date and time, or

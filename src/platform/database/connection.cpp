@@ -1,0 +1,188 @@
+#include "platform/database/connection.h"
+
+#include "platform/database/engine_errors.h"
+#include "platform/database/sql_functions.h"
+
+#include <sqlite3.h>
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int busyTimeoutMs = 2000;
+constexpr int applicationId = 0x6C756E71;  // "lunq"
+constexpr int fileVersion = 1;
+
+/// Space is given back when this many pages (16 KB each) lie free, in steps of so many.
+constexpr int freePagesKept = 256;
+constexpr int pagesPerStep = 128;
+constexpr int giveBackMs = 100;
+
+std::vector<std::weak_ptr<Connection>>& openConnections() {
+    static std::vector<std::weak_ptr<Connection>> connections;
+    return connections;
+}
+
+/// Whether another file has taken the place of the one that this connection holds.
+bool hasMoved(const Connection& connection) {
+    int moved = 0;
+    sqlite3_file_control(connection.handle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+    return moved != 0;
+}
+
+std::shared_ptr<Connection> openConnection(const QString& path) {
+    auto& connections = openConnections();
+    std::erase_if(connections, [](const auto& connection) { return connection.expired(); });
+    const QString canonical = QFileInfo(path).canonicalFilePath();
+    for (const auto& weak : connections) {
+        auto connection = weak.lock();
+        if (connection && QFileInfo(connection->path()).canonicalFilePath() == canonical && !hasMoved(*connection)) {
+            return connection;
+        }
+    }
+    return nullptr;
+}
+
+bool hasDatabaseHeader(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) throw Error(u"数据库文件“%1”不能打开：%2。"_s.arg(path, file.errorString()));
+    return file.read(16) == QByteArray("SQLite format 3\0", 16);
+}
+
+int openFlags(const QString& path) {
+    const QFileInfo file(path);
+    const bool writable = file.isWritable() && QFileInfo(file.absolutePath()).isWritable();
+    return writable ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
+}
+
+SQLite::Database openDatabase(const QString& path, int flags) {
+    try {
+        return SQLite::Database(path.toStdString(), flags, busyTimeoutMs);
+    } catch (const SQLite::Exception& failure) {
+        throw engineError(path, failure.getErrorCode(), QString::fromUtf8(failure.what()));
+    }
+}
+
+}  // namespace
+
+std::shared_ptr<Connection> Connection::open(const QString& path) {
+    if (!QFileInfo(path).isFile()) throw Error(u"数据库文件“%1”不存在。"_s.arg(path));
+    if (auto shared = openConnection(path)) return shared;
+    if (!hasDatabaseHeader(path)) throw Error(u"文件“%1”不是数据库，或已损坏。"_s.arg(path));
+
+    const std::shared_ptr<Connection> connection(new Connection(path, openFlags(path)));
+    connection->configure();
+    openConnections().push_back(connection);
+    return connection;
+}
+
+std::shared_ptr<Connection> Connection::create(const QString& path) {
+    if (QFileInfo::exists(path)) throw Error(u"文件“%1”已存在，不能新建。"_s.arg(path));
+    const std::shared_ptr<Connection> connection(new Connection(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE));
+    connection->run(u"PRAGMA page_size = 16384"_s);
+    connection->run(u"PRAGMA auto_vacuum = INCREMENTAL"_s);
+    connection->configure();
+    Change change(*connection);
+    connection->run(u"PRAGMA application_id = %1"_s.arg(applicationId));
+    connection->run(u"PRAGMA user_version = %1"_s.arg(fileVersion));
+    connection->run(LongBinaries::createTableSql());
+    change.commit();
+    openConnections().push_back(connection);
+    return connection;
+}
+
+Connection::Connection(const QString& path, int flags)
+    : path_(path), database_(openDatabase(path, flags)), longBinaries_(*this) {
+    registerFunctions(handle());
+}
+
+Connection::~Connection() {
+    attempt([this] { giveBackSpace(); });
+}
+
+void Connection::configure() {
+    run(u"PRAGMA cache_size = -16000"_s);
+    run(u"PRAGMA synchronous = FULL"_s);
+    run(u"PRAGMA secure_delete = OFF"_s);
+    run(u"SELECT count(*) FROM sqlite_schema"_s);  // the first look into the file: throws when it is damaged
+    if (sqlite3_db_readonly(handle(), "main") == 0) run(u"PRAGMA journal_mode = TRUNCATE"_s);
+}
+
+SQLite::Statement Connection::prepare(const QString& sql) {
+    return checked([&] { return SQLite::Statement(database_, sql.toStdString()); });
+}
+
+void Connection::run(const QString& sql) {
+    SQLite::Statement statement = prepare(sql);
+    while (step(statement)) {
+    }
+}
+
+bool Connection::step(SQLite::Statement& statement) {
+    return checked([&] { return statement.executeStep(); });
+}
+
+std::vector<Column> Connection::columnsOf(const QString& table) {
+    std::vector<Column> columns;
+    SQLite::Statement list = prepare(
+        u"SELECT name, type FROM pragma_table_info(?) WHERE EXISTS "
+        "(SELECT 1 FROM sqlite_schema WHERE type = 'table' AND name = ? COLLATE NOCASE)"_s);
+    const std::string name = table.toStdString();
+    checked([&] {
+        list.bind(1, name);
+        list.bind(2, name);
+    });
+    while (step(list)) {
+        columns.push_back(declaredColumn(QString::fromStdString(list.getColumn(0).getString()),
+                                         QString::fromStdString(list.getColumn(1).getString())));
+    }
+    return columns;
+}
+
+qint64 Connection::changeCount() const {
+    return sqlite3_total_changes64(handle()) + otherChanges_;
+}
+
+void Connection::giveBackSpace() {
+    if (sqlite3_get_autocommit(handle()) == 0 || sqlite3_db_readonly(handle(), "main") != 0) return;
+    QElapsedTimer timer;
+    timer.start();
+    SQLite::Statement freePages = prepare(u"PRAGMA freelist_count"_s);
+    while (timer.elapsed() < giveBackMs) {
+        const bool many = step(freePages) && freePages.getColumn(0).getInt() > freePagesKept;
+        freePages.reset();
+        if (!many) return;
+        longBinaries_.release();
+        run(u"PRAGMA incremental_vacuum(%1)"_s.arg(pagesPerStep));
+    }
+}
+
+Error Connection::error(int code) const {
+    return engineError(path_, code, QString::fromUtf8(sqlite3_errmsg(handle())));
+}
+
+Change::Change(Connection& connection)
+    : connection_(connection), outermost_(sqlite3_get_autocommit(connection.handle()) != 0) {
+    connection_.longBinaries().release();
+    connection_.run(outermost_ ? u"BEGIN IMMEDIATE"_s : u"SAVEPOINT change"_s);
+}
+
+Change::~Change() {
+    if (!open_) return;
+    connection_.longBinaries().release();
+    connection_.noteChange();
+    // After a full disk the engine may have taken everything back itself: then there is nothing left to do here.
+    if (sqlite3_get_autocommit(connection_.handle()) != 0) return;
+    attempt([this] { connection_.run(outermost_ ? u"ROLLBACK"_s : u"ROLLBACK TO change"_s); });
+    if (!outermost_) attempt([this] { connection_.run(u"RELEASE change"_s); });
+}
+
+void Change::commit() {
+    connection_.longBinaries().release();
+    connection_.run(outermost_ ? u"COMMIT"_s : u"RELEASE change"_s);
+    open_ = false;
+}

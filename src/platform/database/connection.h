@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/base/error.h"
+#include "platform/database/long_binary.h"
+#include "platform/database/table_layout.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+/// One open file: the engine's handle, its settings, and the wording of its failures. Everybody who opens the same file
+/// shares one connection, so that all see each other's changes at once and none waits for another's lock.
+class Connection {
+  public:
+    static std::shared_ptr<Connection> open(const QString& path);
+    static std::shared_ptr<Connection> create(const QString& path);
+    ~Connection();
+
+    const QString& path() const { return path_; }
+    sqlite3* handle() const { return database_.getHandle(); }
+    LongBinaries& longBinaries() { return longBinaries_; }
+
+    SQLite::Statement prepare(const QString& sql);
+    void run(const QString& sql);
+    bool step(SQLite::Statement& statement);
+    qint64 lastRowId() const { return database_.getLastInsertRowid(); }
+
+    /// The columns of a table; empty when there is no such table.
+    std::vector<Column> columnsOf(const QString& table);
+
+    /// Grows whenever something in the file changes through this connection.
+    qint64 changeCount() const;
+    void noteChange() { ++otherChanges_; }
+
+    /// Gives the space of deleted values back to the disk, as far as a tenth of a second goes. Nothing within a
+    /// transaction.
+    void giveBackSpace();
+
+    /// The failure of the last call, as an `Error` that names the file.
+    Error error(int code) const;
+
+    /// Runs calls of the engine's wrapper; what they throw comes out as `Error`.
+    template <typename Calls>
+    auto checked(Calls&& calls) {
+        try {
+            return calls();
+        } catch (const SQLite::Exception& failure) {
+            throw error(failure.getErrorCode());
+        }
+    }
+
+  private:
+    Connection(const QString& path, int flags);
+    void configure();
+
+    QString path_;
+    SQLite::Database database_;
+    LongBinaries longBinaries_;
+    qint64 otherChanges_ = 0;
+};
+
+/// A change of the file that stands or falls as a whole: what is not committed when the object goes is taken back. May
+/// stand within another one.
+class Change {
+  public:
+    explicit Change(Connection& connection);
+    ~Change();
+    Change(const Change&) = delete;
+    Change& operator=(const Change&) = delete;
+    void commit();
+
+  private:
+    Connection& connection_;
+    bool outermost_;
+    bool open_ = true;
+};

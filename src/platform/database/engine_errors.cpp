@@ -1,0 +1,77 @@
+#include "platform/database/engine_errors.h"
+
+#include <sqlite3.h>
+
+#include <array>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// The text of a failed statement: the engine tells these apart only by their wording.
+QString statementFailure(const QString& message) {
+    struct Wording {
+        QString start;
+        QString end;
+        QString chinese;
+    };
+    static const std::array wordings{
+        Wording{u"no such table: "_s, {}, u"表“%1”不存在"_s},
+        Wording{u"no such column: "_s, {}, u"列“%1”不存在"_s},
+        Wording{u"no such function: "_s, {}, u"函数“%1”不存在"_s},
+        Wording{u"table "_s, u" already exists"_s, u"表“%1”已存在"_s},
+        Wording{u"duplicate column name: "_s, {}, u"列“%1”重复"_s},
+        Wording{u"near "_s, u": syntax error"_s, u"语句在 %1 处有错"_s},
+        Wording{u"unrecognized token: "_s, {}, u"语句在 %1 处有错"_s},
+        Wording{u"wrong number of arguments to function "_s, {}, u"函数 %1 的参数个数不对"_s},
+        Wording{u"object name reserved for internal use: "_s, {}, u"表名“%1”是保留的，不能使用"_s},
+    };
+    if (message == u"incomplete input") return u"语句不完整"_s;
+    for (const Wording& wording : wordings) {
+        if (!message.startsWith(wording.start) || !message.endsWith(wording.end)) continue;
+        QString name = message.sliced(wording.start.size());
+        name.chop(wording.end.size());
+        if (name.startsWith(u"main.")) name.remove(0, 5);
+        return wording.chinese.arg(name);
+    }
+    return u"语句不能执行（%1）"_s.arg(message);
+}
+
+QString reason(int code, const QString& message) {
+    switch (code & 0xff) {
+        case SQLITE_FULL:
+            return u"磁盘已满"_s;
+        case SQLITE_READONLY:
+            return u"文件或文件夹是只读的，不能修改"_s;
+        case SQLITE_PERM:
+        case SQLITE_AUTH:
+            return u"没有访问权限"_s;
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return u"文件正被使用，请稍后再试"_s;
+        case SQLITE_CORRUPT:
+            return u"文件已损坏"_s;
+        case SQLITE_NOTADB:
+            return u"文件不是数据库，或已损坏"_s;
+        case SQLITE_IOERR:
+            return u"读写文件失败"_s;
+        case SQLITE_CANTOPEN:
+            return u"文件不能打开"_s;
+        case SQLITE_NOMEM:
+            return u"内存不足"_s;
+        case SQLITE_TOOBIG:
+            return u"数据过大"_s;
+        case SQLITE_CONSTRAINT:
+            return u"数据不符合表的约束（%1）"_s.arg(message);
+        case SQLITE_ERROR:
+            return statementFailure(message);
+        default:
+            return u"操作失败（%1）"_s.arg(message);
+    }
+}
+
+}  // namespace
+
+Error engineError(const QString& path, int code, const QString& message) {
+    return Error(u"数据库文件“%1”：%2。"_s.arg(path, reason(code, message)));
+}

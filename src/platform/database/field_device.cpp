@@ -1,0 +1,20 @@
+#include "platform/database/field_device.h"
+
+#include "platform/base/error.h"
+
+#include <cstring>
+
+FieldDevice::FieldDevice(const Field& field) : field_(field), size_(field.FieldSize()) {
+    QIODevice::open(QIODevice::ReadOnly);
+}
+
+qint64 FieldDevice::readData(char* data, qint64 maxSize) {
+    QByteArray bytes;
+    if (!attempt([&] { bytes = field_.GetChunk(pos(), maxSize); })) return -1;
+    std::memcpy(data, bytes.constData(), static_cast<size_t>(bytes.size()));
+    return bytes.size();
+}
+
+qint64 FieldDevice::writeData(const char*, qint64) {
+    return -1;
+}

@@ -1,0 +1,117 @@
+#include "platform/database/long_binary.h"
+
+#include "platform/base/error.h"
+#include "platform/database/connection.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr qint64 memoryLimit = 1 << 20;
+constexpr qint64 pieceSize = 1 << 18;
+
+}  // namespace
+
+void Spool::append(const QByteArray& bytes) {
+    if (!file_ && memory_.size() + bytes.size() <= memoryLimit) {
+        memory_ += bytes;
+        return;
+    }
+    const auto write = [this](const QByteArray& piece) {
+        if (!file_->seek(file_->size()) || file_->write(piece) != piece.size() || !file_->flush()) {
+            throw Error(u"临时文件“%1”不能写入：%2"_s.arg(file_->fileName(), file_->errorString()));
+        }
+    };
+    if (!file_) {
+        file_ = std::make_unique<QTemporaryFile>();
+        if (!file_->open()) throw Error(u"不能建立临时文件：%1"_s.arg(file_->errorString()));
+        write(memory_);
+        memory_.clear();
+    }
+    write(bytes);
+}
+
+QByteArray Spool::read(qint64 offset, qint64 count) const {
+    if (!file_) return memory_.mid(offset, count);
+    if (!file_->seek(offset)) throw Error(u"临时文件“%1”不能读取。"_s.arg(file_->fileName()));
+    return file_->read(count);
+}
+
+LongBinaries::LongBinaries(Connection& connection) : connection_(connection) {}
+LongBinaries::~LongBinaries() = default;
+
+void LongBinaries::Close::operator()(sqlite3_blob* blob) const {
+    sqlite3_blob_close(blob);
+}
+
+QString LongBinaries::createTableSql() {
+    return u"CREATE TABLE IF NOT EXISTS long_binary (id INTEGER PRIMARY KEY, bytes BLOB NOT NULL)"_s;
+}
+
+qint64 LongBinaries::size(qint64 key) {
+    return sqlite3_blob_bytes(opened(key));
+}
+
+QByteArray LongBinaries::read(qint64 key, qint64 offset, qint64 count) {
+    if (offset < 0 || count < 0) throw Error(u"二进制数据的读取位置不对。"_s);
+    const qint64 whole = size(key);
+    QByteArray bytes(std::clamp<qint64>(whole - offset, 0, count), Qt::Uninitialized);
+    if (!bytes.isEmpty()) {
+        check(sqlite3_blob_read(opened(key), bytes.data(), static_cast<int>(bytes.size()), static_cast<int>(offset)));
+    }
+    if (offset + count >= whole) release();
+    return bytes;
+}
+
+qint64 LongBinaries::store(const Spool& value) {
+    const QByteArray* whole = value.inMemory();
+    SQLite::Statement insert = connection_.prepare(whole ? u"INSERT INTO long_binary (bytes) VALUES (?)"_s
+                                                         : u"INSERT INTO long_binary (bytes) VALUES (zeroblob(?))"_s);
+    connection_.checked([&] {
+        if (whole)
+            insert.bindNoCopy(1, whole->isEmpty() ? "" : whole->constData(), static_cast<int>(whole->size()));
+        else
+            insert.bind(1, static_cast<int64_t>(value.size()));
+        insert.exec();
+    });
+    const qint64 key = connection_.lastRowId();
+    if (whole) return key;
+
+    const Blob blob = openBlob(key, true);
+    for (qint64 offset = 0; offset < value.size();) {
+        const QByteArray piece = value.read(offset, pieceSize);
+        if (piece.isEmpty()) throw Error(u"临时文件不能读取。"_s);
+        check(sqlite3_blob_write(blob.get(), piece.constData(), static_cast<int>(piece.size()),
+                                 static_cast<int>(offset)));
+        offset += piece.size();
+    }
+    return key;
+}
+
+LongBinaries::Blob LongBinaries::openBlob(qint64 key, bool writable) {
+    sqlite3_blob* blob = nullptr;
+    const int code =
+        sqlite3_blob_open(connection_.handle(), "main", "long_binary", "bytes", key, writable ? 1 : 0, &blob);
+    Blob owner(blob);
+    if (code == SQLITE_ERROR)
+        throw Error(u"数据库文件“%1”中缺少编号为 %2 的二进制数据。"_s.arg(connection_.path()).arg(key));
+    check(code);
+    return owner;
+}
+
+sqlite3_blob* LongBinaries::opened(qint64 key) {
+    if (!open_ || openKey_ != key) {
+        if (open_ && sqlite3_blob_reopen(open_.get(), key) != SQLITE_OK) open_.reset();
+        if (!open_) open_ = openBlob(key, false);
+        openKey_ = key;
+    }
+    return open_.get();
+}
+
+void LongBinaries::check(int code) {
+    if (code != SQLITE_OK) throw connection_.error(code);
+}

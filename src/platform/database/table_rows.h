@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/database/row_source.h"
+
+/// Rows of one table, known by their identities and read when asked for. They can be changed.
+class TableRows : public RowSource {
+  public:
+    TableRows(Connection& connection, const SelectQuery& query);
+
+    bool isUpdatable() const override { return true; }
+    int count() const override { return static_cast<int>(rowids_.size()); }
+    Row read(int row) override;
+    int firstMatch(const Tokens& criteria) override;
+    void update(int row, const PendingValues& values) override;
+    void add(const PendingValues& values) override;
+    void remove(int row) override;
+
+  private:
+    std::vector<qint64> rowidsOf(const QString& sql);
+    QString columnList() const;
+    void runWith(const QString& sql, const PendingValues& values, std::optional<qint64> rowid);
+    [[noreturn]] void failDeleted() const;
+
+    Connection& connection_;
+    QString table_;
+    std::vector<qint64> rowids_;
+    std::optional<SQLite::Statement> readRow_;
+};

@@ -1,0 +1,166 @@
+#include "platform/database/values.h"
+
+#include "platform/base/conversion.h"
+#include "platform/base/error.h"
+
+#include <sqlite3.h>
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr QStringView storedDatePattern = u"yyyy-mm-dd hh:mm:ss";
+
+QString shown(const Variant& value) {
+    if (std::holds_alternative<QByteArray>(value.storage())) return u"二进制数据"_s;
+    const QString text = value.toText();
+    return text.size() > 40 ? text.left(40) + u'…' : text;
+}
+
+[[noreturn]] void refuse(const Column& column, const Variant& value, const QString& why) {
+    throw Error(u"列“%1”不能存入“%2”：%3。"_s.arg(column.name, shown(value), why));
+}
+
+double fittedNumber(const Column& column, const Variant& value) {
+    double number = 0;
+    if (!attempt([&] { number = value.toDouble(); })) refuse(column, value, u"它不是数字"_s);
+    return number;
+}
+
+qint32 fittedInteger(const Column& column, const Variant& value, qint32 lowest, qint32 highest) {
+    const double number = std::nearbyint(fittedNumber(column, value));
+    if (number < lowest || number > highest) {
+        refuse(column, value, u"超出范围（%1 至 %2）"_s.arg(lowest).arg(highest));
+    }
+    return static_cast<qint32>(number);
+}
+
+float fittedSingle(const Column& column, const Variant& value) {
+    const double number = fittedNumber(column, value);
+    if (std::abs(number) > static_cast<double>(std::numeric_limits<float>::max())) refuse(column, value, u"数字过大"_s);
+    return static_cast<float>(number);
+}
+
+QDateTime fittedDate(const Column& column, const Variant& value) {
+    QDateTime date;
+    const bool read = attempt([&] { date = value.toDate(); });
+    // Dates are kept and compared as texts, which has four digits for the year.
+    if (!read || !date.isValid() || date.date().year() < 1 || date.date().year() > 9999) {
+        refuse(column, value, u"它不是日期"_s);
+    }
+    return date;
+}
+
+QString fittedText(const Column& column, const Variant& value) {
+    if (std::holds_alternative<QByteArray>(value.storage())) refuse(column, value, u"它不是文本"_s);
+    const QString text = value.toText();
+    if (column.size > 0 && text.size() > column.size) {
+        refuse(column, value, u"共 %1 个字符，最多 %2 个"_s.arg(text.size()).arg(column.size));
+    }
+    return text;
+}
+
+/// 1234.567 for the float nearest to it, not 1234.5670166015625.
+double shortestDecimal(float number) {
+    std::array<char, 32> digits{};
+    const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+    double decimal = static_cast<double>(number);
+    std::from_chars(digits.begin(), end, decimal);
+    return decimal;
+}
+
+Variant integerValue(qint64 number, FieldType type) {
+    if (type == FieldType::boolean) return number != 0;
+    if (type == FieldType::single) return static_cast<float>(number);
+    const bool fits = number >= std::numeric_limits<qint32>::min() && number <= std::numeric_limits<qint32>::max();
+    if (type == FieldType::real || !fits) return static_cast<double>(number);
+    return static_cast<qint32>(number);
+}
+
+}  // namespace
+
+Variant fitted(const Column& column, const Variant& value) {
+    constexpr auto lowest = std::numeric_limits<qint32>::min();
+    constexpr auto highest = std::numeric_limits<qint32>::max();
+    if (value.isNull()) return column.type == FieldType::boolean ? Variant(false) : value;
+    switch (column.type) {
+        case FieldType::boolean: {
+            bool truth = false;
+            if (!attempt([&] { truth = value.toBool(); })) refuse(column, value, u"它不是真假值"_s);
+            return truth;
+        }
+        case FieldType::byte:
+            return fittedInteger(column, value, 0, 255);
+        case FieldType::integer:
+            return fittedInteger(column, value, -32768, 32767);
+        case FieldType::longInteger:
+            return fittedInteger(column, value, lowest, highest);
+        case FieldType::single:
+            return fittedSingle(column, value);
+        case FieldType::real:
+            return fittedNumber(column, value);
+        case FieldType::date:
+            return fittedDate(column, value);
+        case FieldType::text:
+        case FieldType::memo:
+            return fittedText(column, value);
+        case FieldType::longBinary:
+            if (!std::holds_alternative<QByteArray>(value.storage())) refuse(column, value, u"它不是二进制数据"_s);
+            return value;
+    }
+    return value;
+}
+
+void bindValue(SQLite::Statement& statement, int index, const Variant& value) {
+    const auto bindText = [&](const QString& text) { statement.bind(index, text.toStdString()); };
+    const auto& storage = value.storage();
+    if (const auto* truth = std::get_if<bool>(&storage))
+        statement.bind(index, *truth ? 1 : 0);
+    else if (const auto* integer = std::get_if<qint32>(&storage))
+        statement.bind(index, *integer);
+    else if (const auto* single = std::get_if<float>(&storage))
+        statement.bind(index, shortestDecimal(*single));
+    else if (const auto* real = std::get_if<double>(&storage))
+        statement.bind(index, *real);
+    else if (const auto* text = std::get_if<QString>(&storage))
+        bindText(*text);
+    else if (const auto* date = std::get_if<QDateTime>(&storage))
+        bindText(dateText(*date, storedDatePattern));
+    else
+        statement.bind(index);
+}
+
+Variant storedValue(SQLite::Statement& statement, int index, FieldType type) {
+    const SQLite::Column value = statement.getColumn(index);
+    if (value.isNull()) return type == FieldType::boolean ? Variant(false) : Variant();
+    const auto text = [&] { return QString::fromUtf8(value.getText(), value.getBytes()); };
+    if (type == FieldType::text || type == FieldType::memo) {
+        return value.isBlob() ? Variant(QByteArray(static_cast<const char*>(value.getBlob()), value.getBytes()))
+                              : Variant(text());
+    }
+    if (value.isInteger()) return integerValue(value.getInt64(), type);
+    if (value.isFloat()) {
+        return type == FieldType::single ? Variant(static_cast<float>(value.getDouble())) : Variant(value.getDouble());
+    }
+    if (value.isBlob()) return QByteArray(static_cast<const char*>(value.getBlob()), value.getBytes());
+    if (type == FieldType::date) {
+        if (const auto date = dateFromText(text())) return *date;
+    }
+    return text();
+}
+
+Row storedRow(SQLite::Statement& statement, const std::vector<Column>& columns) {
+    Row cells(columns.size());
+    for (size_t i = 0; i < columns.size(); ++i) {
+        const int place = static_cast<int>(i);
+        if (columns[i].type == FieldType::longBinary)
+            cells[i].longBinaryKey = statement.getColumn(place).getInt64();
+        else
+            cells[i].value = storedValue(statement, place, columns[i].type);
+    }
+    return cells;
+}
