@@ -1,0 +1,109 @@
+#include "settings/album_changes.h"
+
+#include "catalogue/album_rules.h"
+#include "platform/base/error.h"
+
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString allPicturesButton = u"SELECT * FROM tcan  WHERE 编号 = 'v'"_s;
+
+Recordset directoryRow(const Database& catalogue, const QString& table) {
+    return catalogue.OpenRecordset(u"SELECT * FROM tcbm WHERE 表名 = "_s + quoted(table));
+}
+
+Album albumAt(const Recordset& row) {
+    const auto text = [&](const QString& column) { return row.Fields(column).Value().textOr(); };
+    return {text(u"序号"_s), text(u"表名"_s), text(u"标题"_s), text(u"备注"_s)};
+}
+
+void setAlbumsOfAllPictures(const Database& catalogue, const std::function<QString(const QString&)>& changed) {
+    Recordset button = catalogue.OpenRecordset(allPicturesButton);
+    if (button.Eof()) throw Error(u"表 tcan 中没有编号为“v”的按钮，图册无法登记。"_s);
+    button.Edit();
+    Field tables = button.Fields(u"图册"_s);
+    tables.SetValue(changed(tables.Value().textOr()));
+    button.Update();
+}
+
+void removeTableAndRow(const Database& catalogue, const QString& table) {
+    catalogue.Execute(u"DROP TABLE ["_s + table + u']');
+    Recordset row = directoryRow(catalogue, table);
+    if (!row.Eof()) row.Delete();
+}
+
+}  // namespace
+
+std::vector<Album> allAlbums(const Database& catalogue) {
+    std::vector<Album> albums;
+    for (Recordset rows = catalogue.OpenRecordset(u"tcbm"_s); !rows.Eof(); rows.MoveNext())
+        albums.push_back(albumAt(rows));
+    return albums;
+}
+
+std::optional<Album> findAlbum(const Database& catalogue, const QString& table) {
+    const Recordset row = directoryRow(catalogue, table);
+    if (row.Eof()) return {};
+    return albumAt(row);
+}
+
+Album proposedAlbum(const Database& catalogue) {
+    Recordset rows = catalogue.OpenRecordset(u"SELECT * FROM tcbm  ORDER BY [序号]"_s);
+    int number = 1;
+    if (!rows.Eof()) {
+        rows.MoveLast();
+        number = rows.Fields(u"序号"_s).Value().toInteger();
+    }
+    const QString digits = QString::number(number);
+    return {digits, albumTableName(number), u'第' + digits + u'册', {}};
+}
+
+QString tableNameFault(const QString& table) {
+    const auto isPlain = [](QChar character) { return character.isLetterOrNumber(); };
+    if (table.size() == 4 && table.startsWith(u"tc"_s) && std::all_of(table.begin(), table.end(), isPlain)) return {};
+    return u"表名[%1]不能使用！\n\n表名应为4个字符：前两个是“tc”，后两个是数字、字母或汉字，例如 tc07。"_s.arg(table);
+}
+
+bool titleFits(const QString& title) {
+    return wzcd(title) <= 16;
+}
+
+void createAlbum(const Database& catalogue, const Album& album) {
+    Transaction transaction(catalogue);
+    catalogue.Execute(createAlbumSql(album.table));
+
+    Recordset rows = catalogue.OpenRecordset(u"SELECT * FROM tcbm  ORDER BY [序号]"_s);
+    rows.AddNew();
+    rows.Fields(u"序号"_s).SetValue(album.number);
+    rows.Fields(u"表名"_s).SetValue(album.table);
+    rows.Fields(u"标题"_s).SetValue(album.title);
+    rows.Fields(u"备注"_s).SetValue(album.remark);
+    rows.Update();
+
+    setAlbumsOfAllPictures(catalogue, [&](const QString& tables) { return tables + album.table; });
+    transaction.commit();
+}
+
+void undoAlbum(const Database& catalogue, const QString& table) {
+    Transaction transaction(catalogue);
+    removeTableAndRow(catalogue, table);
+    transaction.commit();
+}
+
+void deleteAlbum(const Database& catalogue, const QString& table) {
+    Transaction transaction(catalogue);
+    removeTableAndRow(catalogue, table);
+    setAlbumsOfAllPictures(catalogue, [&](const QString& tables) { return withoutAlbum(tables, table); });
+    transaction.commit();
+}
+
+void storeRemark(const Database& catalogue, const QString& table, const QString& remark) {
+    Recordset row = directoryRow(catalogue, table);
+    if (row.Eof()) throw Error(u"图册[%1]已不在图册目录中，备注没有保存。"_s.arg(table));
+    row.Edit();
+    row.Fields(u"备注"_s).SetValue(remark);
+    row.Update();
+}

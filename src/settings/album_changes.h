@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/database/database.h"
+
+#include <QString>
+#include <optional>
+
+/// The album directory and what changes it. Every change is complete or not made at all; failures throw `Error`.
+
+/// A row of `tcbm`; a Null of a text is empty.
+struct Album {
+    QString number;  ///< 序号 as text: several albums may bear the same.
+    QString table;
+    QString title;
+    QString remark;
+};
+
+/// All albums in the order of the directory.
+std::vector<Album> allAlbums(const Database& catalogue);
+std::optional<Album> findAlbum(const Database& catalogue, const QString& table);
+
+/// What is proposed for a new album. The number is the highest in use as it stands, 1 in an empty directory.
+Album proposedAlbum(const Database& catalogue);
+
+/// What is wrong with the name of a new album table, as a sentence for the user; empty when nothing is. Everything else
+/// in the catalogue counts on names of four characters that begin with "tc".
+QString tableNameFault(const QString& table);
+
+/// Whether an album title is short enough for menus and lists, and the sentence for one that is not.
+bool titleFits(const QString& title);
+inline const QString titleTooLong = QStringLiteral("标题的汉字数不应超过8个（英文不应超过16个）。");
+
+/// Makes the table and its directory row, and has the button for all pictures offer it.
+void createAlbum(const Database& catalogue, const Album& album);
+/// Takes a table and its directory row away; the buttons go on naming it.
+void undoAlbum(const Database& catalogue, const QString& table);
+/// The same, and the button for all pictures no longer offers it.
+void deleteAlbum(const Database& catalogue, const QString& table);
+
+void storeRemark(const Database& catalogue, const QString& table, const QString& remark);

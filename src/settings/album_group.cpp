@@ -1,0 +1,141 @@
+#include "settings/album_group.h"
+
+#include "catalogue/album_rules.h"
+#include "catalogue/mektp.h"
+#include "platform/base/error.h"
+#include "platform/desktop/data_control.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/tab_control.h"
+#include "platform/desktop/text_box.h"
+#include "settings/album_changes.h"
+#include "settings/album_lines.h"
+#include "settings/form_parts.h"
+
+#include <QPushButton>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+const QString atRest = u"编 辑"_s;
+const QString pending = u"确 定"_s;
+const QString deletes = u"删 除"_s;
+const QString cancels = u"撤 消"_s;
+}  // namespace
+
+AlbumGroup::AlbumGroup(SharedControls& controls, FormState& state) : controls_(controls), state_(state) {
+    auto* fra3 = makeGroup(controls.sstFz, 0, u"fra3"_s, u"分图册设置"_s, {5070, 2430, 4350, 1965});
+    cboFc = makeLabelled<QComboBox>(fra3, u"cboFc"_s, u"分图册选择："_s, {150, rowTop(0)}, 1100, 2950);
+    txtXc = makeLabelled<TextBox>(fra3, u"txtXc"_s, u"序号："_s, {150, rowTop(1)}, 600, 650);
+    txtBc = makeLabelled<TextBox>(fra3, u"txtBc"_s, u"表名："_s, {1500, rowTop(1)}, 600, 950);
+    txtTc = makeLabelled<TextBox>(fra3, u"txtTc"_s, u"标题："_s, {150, rowTop(2)}, 600, 2300);
+    txt1c = makeLabelled<TextBox>(fra3, u"txt1c"_s, u"备注："_s, {150, rowTop(3)}, 600, 2300);
+    cmdFc = makeButton(fra3, u"cmdFc"_s, atRest, 3200, rowTop(2));
+    cmdFs = makeButton(fra3, u"cmdFs"_s, deletes, 3200, rowTop(3));
+
+    for (TextBox* box : {txtXc, txtBc, txtTc}) makeDisplayOnly(box);
+    showNone();
+
+    connect(cboFc, &QComboBox::activated, this, [this] { cboFcClick(); });
+    connect(cmdFc, &QPushButton::clicked, this, guarded(controls.form, [this] { cmdFcClick(); }));
+    connect(cmdFs, &QPushButton::clicked, this, guarded(controls.form, [this] { cmdFsClick(); }));
+}
+
+void AlbumGroup::reset() {
+    endEditing();
+    showNone();
+    fillAlbumLines(*cboFc, mekTp::catalogue);
+}
+
+void AlbumGroup::addLine(const QString& line) {
+    addAlbumLine(*cboFc, line);
+}
+
+void AlbumGroup::removeLine(const QString& table) {
+    removeAlbumLine(*cboFc, table);
+    if (txtBc->text() != table) return;
+    if (isEditing()) {
+        endEditing();
+        state_.pageFree = true;
+    }
+    showNone();
+}
+
+QString AlbumGroup::chosenTable() const {
+    return tableOfLine(cboFc->currentText());
+}
+
+bool AlbumGroup::isEditing() const {
+    return cmdFs->text() == cancels;
+}
+
+void AlbumGroup::show(const Album& album) {
+    txtXc->setText(album.number);
+    txtBc->setText(album.table);
+    txtTc->setText(album.title);
+    txt1c->setText(album.remark);
+}
+
+void AlbumGroup::showNone() {
+    for (TextBox* box : {txtXc, txtBc, txtTc, txt1c}) box->clear();
+    cmdFc->setEnabled(false);
+    cmdFs->setEnabled(false);
+}
+
+void AlbumGroup::cboFcClick() {
+    attempt([&] {
+        if (const auto album = findAlbum(mekTp::catalogue, chosenTable())) show(*album);
+    });
+    const bool changeable = chosenTable() != demoTable;
+    cmdFc->setEnabled(changeable);
+    cmdFs->setEnabled(changeable);
+}
+
+void AlbumGroup::cmdFcClick() {
+    if (isEditing())
+        storeEdited();
+    else
+        startEditing();
+}
+
+void AlbumGroup::startEditing() {
+    txt1c->setLocked(false);
+    txt1c->setFocus();
+    cmdFc->setText(pending);
+    cmdFs->setText(cancels);
+    state_.pageFree = false;
+}
+
+void AlbumGroup::storeEdited() {
+    storeRemark(mekTp::catalogue, chosenTable(), txt1c->text());
+    endEditing();
+    state_.pageFree = true;
+}
+
+void AlbumGroup::endEditing() {
+    txt1c->setLocked(true);
+    cmdFc->setText(atRest);
+    cmdFs->setText(deletes);
+}
+
+void AlbumGroup::cmdFsClick() {
+    if (isEditing())
+        cancelEditing();
+    else
+        deleteShown();
+}
+
+void AlbumGroup::cancelEditing() {
+    if (const auto album = findAlbum(mekTp::catalogue, chosenTable())) show(*album);
+    endEditing();
+    state_.pageFree = true;
+}
+
+void AlbumGroup::deleteShown() {
+    const QString table = txtBc->text();
+    if (!ask(controls_.form, u"    删除["_s + table + u"]像册数据表吗？\n\n如果“是”，按《确定》；否则按《取消》。"_s))
+        return;
+    deleteAlbum(mekTp::catalogue, table);
+    removeLine(table);
+    controls_.datBj->Refresh();
+    say(controls_.form, u"当前["_s + table + u"]像册数据表已经删除！"_s);
+}

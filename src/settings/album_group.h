@@ -1,0 +1,51 @@
+#pragma once
+
+#include "intake/form_state.h"
+#include "intake/shared_controls.h"
+
+#include <QObject>
+
+class QComboBox;
+class QPushButton;
+class TextBox;
+struct Album;
+
+/// The group fra3 分图册设置: shows an album's row of the directory, changes its remark, and deletes the album.
+class AlbumGroup : public QObject {
+    Q_OBJECT
+
+  public:
+    AlbumGroup(SharedControls& controls, FormState& state);
+
+    /// Back to rest, with the chooser filled anew and no album chosen. Throws `Error` when the directory cannot be
+    /// read.
+    void reset();
+
+    void addLine(const QString& albumLine);
+    /// The album no longer exists.
+    void removeLine(const QString& table);
+
+  private:
+    void cboFcClick();
+    void cmdFcClick();
+    void cmdFsClick();
+    void startEditing();
+    void storeEdited();
+    void cancelEditing();
+    void deleteShown();
+    void endEditing();
+    bool isEditing() const;
+    QString chosenTable() const;
+    void show(const Album& album);
+    void showNone();
+
+    SharedControls& controls_;
+    FormState& state_;
+    QComboBox* cboFc;
+    TextBox* txtXc;
+    TextBox* txtBc;
+    TextBox* txtTc;
+    TextBox* txt1c;
+    QPushButton* cmdFc;
+    QPushButton* cmdFs;
+};

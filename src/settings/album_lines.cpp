@@ -1,0 +1,46 @@
+#include "settings/album_lines.h"
+
+#include "catalogue/album_rules.h"
+#include "settings/album_changes.h"
+
+namespace {
+
+int lineOf(const QComboBox& chooser, const QString& table) {
+    // From the end: a name that was deleted and made again stands twice, and the last line is the living one.
+    int line = chooser.count() - 1;
+    while (line >= 0 && tableOfLine(chooser.itemText(line)).compare(table, Qt::CaseInsensitive) != 0) --line;
+    return line;
+}
+
+void chooseNone(QComboBox& chooser) {
+    chooser.setCurrentIndex(-1);
+    if (chooser.isEditable()) chooser.clearEditText();
+}
+
+}  // namespace
+
+void fillAlbumLines(QComboBox& chooser, const Database& catalogue) {
+    chooser.clear();
+    for (const Album& album : allAlbums(catalogue)) chooser.addItem(albumLine(album.table, album.title));
+    chooseNone(chooser);
+}
+
+void addAlbumLine(QComboBox& chooser, const QString& line) {
+    const int index = chooser.currentIndex();
+    const QString text = chooser.currentText();
+    chooser.addItem(line);
+    chooser.setCurrentIndex(index);  // the first line of an empty list would choose itself
+    if (chooser.isEditable()) chooser.setEditText(text);
+}
+
+void removeAlbumLine(QComboBox& chooser, const QString& table) {
+    const int line = lineOf(chooser, table);
+    if (line < 0) return;
+    // The line goes without its neighbour taking its place as the chosen one.
+    if (tableOfLine(chooser.currentText()).compare(table, Qt::CaseInsensitive) == 0) chooseNone(chooser);
+    chooser.removeItem(line);
+}
+
+bool offersAlbumLine(const QComboBox& chooser, const QString& table) {
+    return lineOf(chooser, table) >= 0;
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/database/database.h"
+
+#include <QComboBox>
+
+/// The lines of the album choosers cboBm and cboFc: table name, blank, title.
+
+/// Fills a chooser with all albums and chooses none. Throws `Error` when the directory cannot be read.
+void fillAlbumLines(QComboBox& chooser, const Database& catalogue);
+
+/// Adds the line of a new album at the end; what is chosen stays chosen.
+void addAlbumLine(QComboBox& chooser, const QString& line);
+
+/// Takes the line of an album away. When it was the chosen one, none is chosen afterwards.
+void removeAlbumLine(QComboBox& chooser, const QString& table);
+
+bool offersAlbumLine(const QComboBox& chooser, const QString& table);

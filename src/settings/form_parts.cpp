@@ -1,0 +1,31 @@
+#include "settings/form_parts.h"
+
+#include "platform/desktop/tab_control.h"
+#include "platform/desktop/text_box.h"
+
+#include <QPushButton>
+
+QGroupBox* makeGroup(TabControl* sstFz, int page, const QString& name, const QString& caption, const QRect& twips) {
+    auto* group = make<QGroupBox>(sstFz->page(page), name, caption);
+    sstFz->putOn(page, group, twips.x(), twips.y(), twips.width(), twips.height());
+    return group;
+}
+
+QLabel* makeCaption(QWidget* group, const QString& text, int left, int top, int width) {
+    auto* label = new QLabel(text, group);
+    place(label, left, top, width, rowHeight);
+    return label;
+}
+
+QPushButton* makeButton(QWidget* group, const QString& name, const QString& caption, int left, int top, int width) {
+    auto* button = make<QPushButton>(group, name, caption);
+    place(button, left, top, width, rowHeight);
+    return button;
+}
+
+void makeDisplayOnly(TextBox* box) {
+    box->setLocked(true);
+    QPalette palette = box->palette();
+    palette.setColor(QPalette::Text, QColor(128, 128, 128));
+    box->setPalette(palette);
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/desktop/placing.h"
+
+#include <QGroupBox>
+#include <QLabel>
+
+class QPushButton;
+class TabControl;
+class TextBox;
+
+/// The pieces that the groups of the page 图册设置 are made of. Lengths are twips.
+
+inline constexpr int rowHeight = 330;
+inline constexpr int rowPitch = 390;
+inline constexpr int firstRow = 300;
+
+/// Top of row `index` inside a group.
+constexpr int rowTop(int index) {
+    return firstRow + index * rowPitch;
+}
+
+/// A group with its caption on a page; the place is told from the corner of the tab control.
+QGroupBox* makeGroup(TabControl* sstFz, int page, const QString& name, const QString& caption, const QRect& twips);
+
+QLabel* makeCaption(QWidget* group, const QString& text, int left, int top, int width);
+
+/// A control with its caption in front of it.
+template <typename Control>
+Control* makeLabelled(QWidget* group, const QString& name, const QString& caption, const QPoint& at, int captionWidth,
+                      int width) {
+    QLabel* label = makeCaption(group, caption, at.x(), at.y(), captionWidth);
+    auto* control = make<Control>(group, name);
+    place(control, at.x() + captionWidth, at.y(), width, rowHeight);
+    label->setBuddy(control);
+    return control;
+}
+
+QPushButton* makeButton(QWidget* group, const QString& name, const QString& caption, int left, int top,
+                        int width = 1000);
+
+/// A box that only shows a value, in grey.
+void makeDisplayOnly(TextBox* box);

@@ -1,0 +1,145 @@
+#include "settings/new_album_group.h"
+
+#include "catalogue/album_rules.h"
+#include "catalogue/mektp.h"
+#include "platform/desktop/data_control.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/tab_control.h"
+#include "platform/desktop/text_box.h"
+#include "settings/album_changes.h"
+#include "settings/form_parts.h"
+
+#include <QPushButton>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+const QString atRest = u"开 始"_s;
+const QString pending = u"确 定"_s;
+}  // namespace
+
+NewAlbumGroup::NewAlbumGroup(SharedControls& controls, FormState& state) : controls_(controls), state_(state) {
+    auto* Frame2 = makeGroup(controls.sstFz, 0, u"Frame2"_s, u"建立新图册"_s, {5070, 780, 4350, 1575});
+    lblXh = makeLabelled<QLabel>(Frame2, u"lblXh"_s, u"序号："_s, {150, rowTop(0)}, 600, 700);
+    txtBa = makeLabelled<TextBox>(Frame2, u"txtBa"_s, u"表名："_s, {1500, rowTop(0)}, 600, 950);
+    txtBb = makeLabelled<TextBox>(Frame2, u"txtBb"_s, u"标题："_s, {150, rowTop(1)}, 600, 2300);
+    txtBz = makeLabelled<TextBox>(Frame2, u"txtBz"_s, u"备注："_s, {150, rowTop(2)}, 600, 2300);
+    cmdJl = makeButton(Frame2, u"cmdJl"_s, atRest, 3200, rowTop(1));
+    cmdSx = makeButton(Frame2, u"cmdSx"_s, u"撤 消"_s, 3200, rowTop(2));
+
+    txtBa->setAttribute(Qt::WA_InputMethodEnabled, false);
+    txtBz->setLocked(true);
+    cmdSx->setEnabled(false);
+
+    connect(cmdJl, &QPushButton::clicked, this, guarded(controls.form, [this] { cmdJlClick(); }));
+    connect(cmdSx, &QPushButton::clicked, this, guarded(controls.form, [this] { cmdSxClick(); }));
+    connect(txtBa, &TextBox::lostFocus, this, [this] {
+        // The focus is still on its way; a box opened now would swallow the click that moved it.
+        nameToCheck_ = true;
+        QMetaObject::invokeMethod(this, guarded(controls_.form, [this] { nameLeft(); }), Qt::QueuedConnection);
+    });
+}
+
+void NewAlbumGroup::reset() {
+    emptyBoxes();
+    txtBz->setLocked(true);
+    cmdJl->setText(atRest);
+}
+
+bool NewAlbumGroup::hasProposal() const {
+    return cmdJl->text() == pending;
+}
+
+void NewAlbumGroup::emptyBoxes() {
+    lblXh->clear();
+    for (TextBox* box : {txtBa, txtBb, txtBz}) box->clear();
+    createdTable_.clear();
+    nameToCheck_ = false;
+}
+
+void NewAlbumGroup::cmdJlClick() {
+    if (hasProposal())
+        create();
+    else
+        propose();
+}
+
+void NewAlbumGroup::propose() {
+    const Album album = proposedAlbum(mekTp::catalogue);
+    createdTable_.clear();
+    lblXh->setText(album.number);
+    txtBa->setText(album.table);
+    txtBb->setText(album.title);
+    txtBz->setLocked(false);
+    txtBz->setFocus();
+    cmdJl->setText(pending);
+    cmdSx->setEnabled(true);
+    state_.pageFree = false;
+}
+
+void NewAlbumGroup::create() {
+    const Album album{lblXh->text(), txtBa->text(), txtBb->text(), txtBz->text()};
+    if (!nameIsFree()) return;
+    if (const QString fault = tableNameFault(album.table); !fault.isEmpty()) {
+        say(controls_.form, fault);
+        txtBa->setFocus();
+        return;
+    }
+    if (!titleFits(album.title)) {
+        say(controls_.form, titleTooLong, BoxIcon::information);
+        txtBb->setFocus();
+        return;
+    }
+    createAlbum(mekTp::catalogue, album);
+    createdTable_ = album.table;
+    cmdJl->setText(atRest);
+    txtBz->setLocked(true);
+    state_.pageFree = true;
+    Q_EMIT created(albumLine(album.table, album.title));
+    controls_.datBj->Refresh();
+    say(controls_.form, u"新的像册数据表建立完成！"_s);
+}
+
+void NewAlbumGroup::cmdSxClick() {
+    if (hasProposal())
+        dropProposal();
+    else
+        undoCreation();
+}
+
+void NewAlbumGroup::dropProposal() {
+    reset();
+    state_.pageFree = true;
+}
+
+void NewAlbumGroup::undoCreation() {
+    // The boxes can be written over, and several albums may bear the same number: only the album made here goes.
+    const QString table = createdTable_;
+    if (!table.isEmpty() && findAlbum(mekTp::catalogue, table)) {
+        if (!ask(controls_.form, u"撤消（删除）刚才建立的图册数据表吗？\n\n如果是按《确定》；否则按《取消》。"_s))
+            return;
+        undoAlbum(mekTp::catalogue, table);
+        Q_EMIT undone(table);
+        say(controls_.form, u"刚才建立的图册数据表已经删除！"_s);
+    }
+    emptyBoxes();
+    cmdJl->setText(atRest);
+    cmdSx->setEnabled(false);
+}
+
+// The name is tested when the focus leaves it. An album just created keeps its name in the box, and whoever takes the
+// whole proposal back need not mend its name first.
+void NewAlbumGroup::nameLeft() {
+    const bool stillToCheck = std::exchange(nameToCheck_, false);
+    if (!stillToCheck || !txtBa->isVisible() || txtBa->hasFocus() || cmdSx->hasFocus()) return;
+    if (!createdTable_.isEmpty() && txtBa->text() == createdTable_) return;
+    nameIsFree();
+}
+
+bool NewAlbumGroup::nameIsFree() {
+    nameToCheck_ = false;
+    if (!findAlbum(mekTp::catalogue, txtBa->text())) return true;
+    say(controls_.form, u"表名重复，请重新输入！"_s);
+    txtBa->setFocus();
+    return false;
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "intake/form_state.h"
+#include "intake/shared_controls.h"
+
+#include <QObject>
+
+class QLabel;
+class QPushButton;
+class TextBox;
+
+/// The group Frame2 建立新图册: proposes an album, creates it, and takes the album just created back.
+class NewAlbumGroup : public QObject {
+    Q_OBJECT
+
+  public:
+    NewAlbumGroup(SharedControls& controls, FormState& state);
+
+    /// Back to rest with empty boxes; an album created before can no longer be taken back.
+    void reset();
+
+  Q_SIGNALS:
+    void created(const QString& albumLine);
+    void undone(const QString& table);
+
+  private:
+    void cmdJlClick();
+    void cmdSxClick();
+    void propose();
+    void create();
+    void dropProposal();
+    void undoCreation();
+    bool hasProposal() const;
+    void emptyBoxes();
+    void nameLeft();
+    bool nameIsFree();
+
+    SharedControls& controls_;
+    FormState& state_;
+    QLabel* lblXh;
+    TextBox* txtBa;
+    TextBox* txtBb;
+    TextBox* txtBz;
+    QPushButton* cmdJl;
+    QPushButton* cmdSx;
+    QString createdTable_;      ///< Table of the album in hand after a creation, else empty.
+    bool nameToCheck_ = false;  ///< txtBa was left and its name has not been checked yet.
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QColor>
+#include <QPoint>
+#include <QRect>
+#include <QString>
+#include <optional>
+
+/// The pages of the settings window, by the index of their tab.
+enum class SettingsTab { setup, intake, editing, transfer };
+
+/// Where the controls that all pages share stand on one page, in twips of the tab control (the grid of the page
+/// 图册设置: of the frame fraAs).
+struct PageLayout {
+    QColor outerFrame;  ///< shpWk
+    QColor innerFrame;  ///< shpNk
+    QRect grid;         ///< msgBm
+    QString gridHeadings;
+
+    struct Chooser {
+        QPoint label;  ///< lblXc
+        QString caption;
+        QPoint box;  ///< cboBm
+    };
+    std::optional<Chooser> chooser;    ///< Nothing on a page without an album chooser.
+    std::optional<QPoint> codesLabel;  ///< lbl1; nothing where it stays on the page it is on.
+};
+
+const PageLayout& layoutOf(SettingsTab tab);

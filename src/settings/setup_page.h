@@ -1,0 +1,27 @@
+#pragma once
+
+#include "intake/hint_line.h"
+#include "settings/album_group.h"
+#include "settings/button_group.h"
+#include "settings/new_album_group.h"
+#include "settings/settings_page.h"
+#include "settings/title_group.h"
+
+/// The page 图册设置: albums, main title and selection buttons.
+class SetupPage : public SettingsPage {
+  public:
+    SetupPage(SharedControls& controls, FormState& state, HintLine& hints, PreviewPanel& preview);
+
+    /// The group that holds the grid while this page is in front.
+    QGroupBox* gridFrame() const { return buttons_.frame(); }
+
+    void enter() override;
+    void rowClicked() override { buttons_.anjl(); }
+
+  private:
+    HintLine& hints_;
+    ButtonGroup buttons_;
+    NewAlbumGroup newAlbum_;
+    AlbumGroup album_;
+    TitleGroup title_;
+};

@@ -1,0 +1,111 @@
+#include "settings/title_group.h"
+
+#include "catalogue/mektp.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/tab_control.h"
+#include "platform/desktop/text_box.h"
+#include "settings/album_changes.h"
+#include "settings/form_parts.h"
+
+#include <QFocusEvent>
+#include <QPushButton>
+#include <QSignalBlocker>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+const QString atRest = u"开 始"_s;
+const QString pending = u"保 存"_s;
+const QString startFirst = u"如果编辑，请先按《开始》按钮。"_s;
+}  // namespace
+
+void OptionCheck::focusInEvent(QFocusEvent* event) {
+    QCheckBox::focusInEvent(event);
+    const Qt::FocusReason reason = event->reason();
+    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason)
+        Q_EMIT reachedByKeyboard();
+}
+
+TitleGroup::TitleGroup(SharedControls& controls, FormState& state) : controls_(controls), state_(state) {
+    auto* Frame1 = makeGroup(controls.sstFz, 0, u"Frame1"_s, u"主标题及显示设置"_s, {5070, 4470, 4350, 1185});
+    txtXt = makeLabelled<TextBox>(Frame1, u"txtXt"_s, u"图册主标题："_s, {150, rowTop(0)}, 1100, 1800);
+    cmdBt = makeButton(Frame1, u"cmdBt"_s, atRest, 3200, rowTop(0));
+    const std::array captions{u"显示标签"_s, u"全屏显示"_s};
+    for (int i = 0; i < 2; ++i) {
+        auto& check = chkB1.at(i);
+        check = make<OptionCheck>(Frame1, element(u"chkB1"_s, i), captions.at(i));
+        place(check, 1250 + 1500 * i, rowTop(1), 1400, rowHeight);
+        connect(check, &QCheckBox::clicked, this, [this, i] { optionClicked(i); });
+        // Said once the focus has settled: a box opened in the middle of its move would take it away again.
+        connect(
+            check, &OptionCheck::reachedByKeyboard, this,
+            [this] {
+                if (!isEditing()) say(controls_.form, startFirst, BoxIcon::information);
+            },
+            Qt::QueuedConnection);
+    }
+    txtXt->setLocked(true);
+
+    connect(cmdBt, &QPushButton::clicked, this, guarded(controls.form, [this] { cmdBtClick(); }));
+    connect(txtXt, &QLineEdit::textChanged, this, [this] { titleChanged(); });
+}
+
+bool TitleGroup::isEditing() const {
+    return cmdBt->text() == pending;
+}
+
+void TitleGroup::reset() {
+    txtXt->setLocked(true);
+    cmdBt->setText(atRest);
+    cmdBt->setEnabled(true);
+
+    Recordset settings = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcsz"_s);
+    settings.MoveFirst();
+    const auto isOn = [&](const QString& column) {
+        const Variant value = settings.Fields(column).Value();
+        return !value.isNull() && value.toBool();
+    };
+    {
+        const QSignalBlocker silent(txtXt);
+        txtXt->setText(settings.Fields(u"像册标题"_s).Value().textOr());
+    }
+    chkB1.at(0)->setChecked(isOn(u"显示标签"_s));
+    chkB1.at(1)->setChecked(isOn(u"全屏显示"_s));
+}
+
+void TitleGroup::cmdBtClick() {
+    if (isEditing()) {
+        store();
+        return;
+    }
+    txtXt->setLocked(false);
+    cmdBt->setText(pending);
+    state_.pageFree = false;
+}
+
+void TitleGroup::store() {
+    Recordset settings = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcsz"_s);
+    settings.MoveFirst();
+    settings.Edit();
+    settings.Fields(u"像册标题"_s).SetValue(txtXt->text());
+    settings.Fields(u"显示标签"_s).SetValue(chkB1.at(0)->isChecked());
+    settings.Fields(u"全屏显示"_s).SetValue(chkB1.at(1)->isChecked());
+    settings.Update();
+    txtXt->setLocked(true);
+    cmdBt->setText(atRest);
+    state_.pageFree = true;
+}
+
+void TitleGroup::titleChanged() {
+    const bool fits = titleFits(txtXt->text());
+    cmdBt->setEnabled(fits);
+    if (fits) return;
+    say(controls_.form, titleTooLong, BoxIcon::information);
+    txtXt->setFocus();
+}
+
+void TitleGroup::optionClicked(int index) {
+    if (isEditing()) return;
+    chkB1.at(index)->setChecked(!chkB1.at(index)->isChecked());
+    say(controls_.form, startFirst, BoxIcon::information);
+}

@@ -1,0 +1,322 @@
+#include "../support/run_all.h"
+#include "platform/desktop/data_control.h"
+#include "platform/desktop/grid.h"
+#include "platform/desktop/placing.h"
+#include "platform/desktop/shapes.h"
+#include "platform/desktop/surface.h"
+#include "settings_window.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Place of a control in twips of the tab control.
+QRect placeOnTabs(const SettingsWindow& window, const QWidget& control) {
+    const QPoint at = control.mapTo(&window.tabs(), QPoint(0, 0));
+    return {twipsFromPixels(at.x()), twipsFromPixels(at.y()), widthOf(&control), heightOf(&control)};
+}
+
+bool isNear(const QRect& real, const QRect& wanted) {
+    const auto near = [](int a, int b) { return std::abs(a - b) <= twipsPerPixel; };
+    return near(real.x(), wanted.x()) && near(real.y(), wanted.y()) && near(real.width(), wanted.width()) &&
+           near(real.height(), wanted.height());
+}
+
+class TestSettingsFrame : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void sharedControls_data() {
+        QTest::addColumn<int>("tab");
+        QTest::addColumn<QString>("hint");
+        QTest::addColumn<QColor>("outer");
+        QTest::addColumn<QColor>("inner");
+        QTest::addColumn<QRect>("grid");
+        QTest::addColumn<QString>("heading");
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<QPoint>("chooser");
+        QTest::newRow("setup")
+            << 0
+            << u"操作提示：按《开始》或《编辑》按钮开始操作。如修改图片选择按钮请在上表中点击，如添加请按添加按钮。"_s
+            << QColor(255, 0, 255) << QColor(192, 255, 255) << QRect() << u"编号"_s << QString() << QPoint();
+        QTest::newRow("intake") << 1 << u"操作提示：先选择目标图册，然后“图片来源”，再“添加方式”"_s << QColor(255, 0, 0)
+                                << QColor(255, 255, 0) << QRect(5180, 1320, 4100, 3525) << u"大小"_s << u"目标图册："_s
+                                << QPoint(6250, 990);
+        QTest::newRow("editing") << 2 << u"操作提示：请在左侧选择要编辑的图片"_s << QColor(0, 0, 255)
+                                 << QColor(0, 255, 0) << QRect(300, 1350, 5100, 5150) << u"大小"_s << u"选择图册："_s
+                                 << QPoint(1245, 720);
+        QTest::newRow("transfer")
+            << 3 << u"操作提示：先选择源图册数据表，选完后再在左侧表格中点击要转存的记录，接着再确定“数据转存目标”"_s
+            << QColor(192, 0, 192) << QColor(0, 255, 0) << QRect(200, 1130, 4800, 5320) << u"大小"_s << u"来源图册："_s
+            << QPoint(1100, 720);
+    }
+
+    void sharedControls() {
+        QFETCH(int, tab);
+        QFETCH(QRect, grid);
+        QFETCH(QPoint, chooser);
+        SettingsWindow window;
+        // From the far side and back, so that every control has had to move.
+        window.tabs().setCurrentIndex(3 - tab);
+        window.tabs().setCurrentIndex(tab);
+
+        QTEST(window.label(u"lblTs"_s), "hint");
+        QVERIFY(window.get<QLabel>(u"lblTs"_s).isVisible());
+        QTEST(window.get<ShapeBox>(u"shpWk"_s).borderColor(), "outer");
+        QTEST(window.get<ShapeBox>(u"shpNk"_s).borderColor(), "inner");
+        const auto& msgBm = window.get<Grid>(u"msgBm"_s);
+        QVERIFY(msgBm.isVisible());
+        if (tab == 0)
+            QCOMPARE(msgBm.parentWidget()->objectName(), u"fraAs"_s);
+        else
+            QVERIFY(isNear(placeOnTabs(window, msgBm), grid));
+        QFETCH(QString, heading);
+        QVERIFY(msgBm.FormatString().remove(u' ').contains(heading));
+
+        const auto& cboBm = window.get<QComboBox>(u"cboBm"_s);
+        QCOMPARE(cboBm.isVisible(), tab != 0);
+        QCOMPARE(window.get<QLabel>(u"lblXc"_s).isVisible(), tab != 0);
+        if (tab != 0) {
+            QTEST(window.label(u"lblXc"_s), "label");
+            QVERIFY(isNear(placeOnTabs(window, cboBm), QRect(chooser, QSize(widthOf(&cboBm), heightOf(&cboBm)))));
+        }
+        QCOMPARE(window.get<DataControl>(u"datBj"_s).isVisible(), tab == 2);
+        QCOMPARE(window.get<ListBox>(u"lstBh"_s).isVisible(), tab == 2);
+    }
+
+    void hintFollowsThePointer() {
+        SettingsWindow window;
+        const auto colour = [&] { return window.get<QLabel>(u"lblTs"_s).palette().color(QPalette::WindowText); };
+        const QString hint = window.label(u"lblTs"_s);
+        Q_EMIT window.tabs().mouseMovedAt(2100, 100);
+        QCOMPARE(window.label(u"lblTs"_s),
+                 u"“图册编辑”：可对本软件中各图册进行编辑，包括重排序号、修改或设置编号及录入备注。"_s);
+        QCOMPARE(colour(), QColor(255, 0, 0));
+        Q_EMIT window.tabs().mouseMovedAt(4000, 100);
+        QCOMPARE(window.label(u"lblTs"_s), QString());
+        QCOMPARE(colour(), QColor(255, 0, 0));
+        Q_EMIT window.tabs().mouseMovedAt(4000, 2000);
+        QCOMPARE(window.label(u"lblTs"_s), hint);
+        QCOMPARE(colour(), QColor(0, 0, 192));
+    }
+
+    void guardWarnsUntilAccepted() {
+        SettingsWindow window;
+        window.click(u"cmdBt"_s);
+        window.answer = false;
+        Q_EMIT window.tabs().mouseMovedAt(5000, 100);
+        QVERIFY(window.boxes.isEmpty());
+        Q_EMIT window.tabs().mouseMovedAt(1500, 100);
+        Q_EMIT window.tabs().mouseMovedAt(1600, 100);
+        QCOMPARE(window.boxes.size(), 2);
+        const BoxText box = window.boxes.first();
+        QCOMPARE(box.title, u"警 告！！！！"_s);
+        QCOMPARE(
+            box.text,
+            u"警  告：\n\n在未保存前切换页框或关闭，将造成刚才的操作全部作废！\n\n如果一定要切换，按《确定》；否则按《取消》。"_s);
+        QCOMPARE(box.icon, BoxIcon::information);
+        QVERIFY(box.hasCancel);
+        window.answer = true;
+        Q_EMIT window.tabs().mouseMovedAt(1500, 100);
+        Q_EMIT window.tabs().mouseMovedAt(1600, 100);
+        QCOMPARE(window.boxes.size(), 3);
+        QVERIFY(window.label(u"lblTs"_s).startsWith(u"“图片录入”"_s));
+    }
+
+    void guardOpensOnce() {
+        SettingsWindow window;
+        window.click(u"cmdBt"_s);
+        int boxes = 0;
+        answerBoxesWith([&](const BoxText&) {
+            if (++boxes < 5) Q_EMIT window.tabs().mouseMovedAt(1500, 100);
+            return false;
+        });
+        Q_EMIT window.tabs().mouseMovedAt(1500, 100);
+        QCOMPARE(boxes, 1);
+    }
+
+    void switchGivesUpUnfinishedWork() {
+        SettingsWindow window;
+        window.choose(u"cboFc"_s, u"tc01"_s);
+        for (const QString& name : {u"cmdBt"_s, u"cmdJl"_s, u"cmdFc"_s}) window.click(name);
+        window.box(u"txtXt"_s).setText(u"改了一半"_s);
+        QCOMPARE(window.button(u"cmdFs"_s).text(), u"撤 消"_s);
+        window.tabs().setCurrentIndex(2);
+        window.tabs().setCurrentIndex(0);
+        for (const auto& [name, caption] : {std::pair{u"cmdBt"_s, u"开 始"_s},
+                                            {u"cmdJl"_s, u"开 始"_s},
+                                            {u"cmdFc"_s, u"编 辑"_s},
+                                            {u"cmdFs"_s, u"删 除"_s}})
+            QCOMPARE(window.button(name).text(), caption);
+        for (const QString& name : {u"txtBa"_s, u"txtBb"_s, u"txtBz"_s}) QCOMPARE(window.text(name), QString());
+        QCOMPARE(window.label(u"lblXh"_s), QString());
+        QCOMPARE(window.text(u"txtXt"_s), valueOf(u"tcsz"_s, u"像册标题"_s));
+        for (const QString& name : {u"txtXt"_s, u"txtBz"_s, u"txt1c"_s}) QVERIFY(window.box(name).isLocked());
+        Q_EMIT window.tabs().mouseMovedAt(1500, 100);
+        QVERIFY(window.boxes.isEmpty());
+    }
+
+    void chooserShowsTheAlbum_data() {
+        QTest::addColumn<int>("tab");
+        for (const int tab : {1, 2, 3}) QTest::addRow("tab %d", tab) << tab;
+    }
+
+    void chooserShowsTheAlbum() {
+        QFETCH(int, tab);
+        SettingsWindow window;
+        window.tabs().setCurrentIndex(tab);
+        auto& datBj = window.get<DataControl>(u"datBj"_s);
+        const auto& msgBm = window.get<Grid>(u"msgBm"_s);
+        QCOMPARE(msgBm.model()->rowCount(), 0);
+        window.choose(u"cboBm"_s, u"tc01"_s);
+        QCOMPARE(datBj.RecordSource(), u"SELECT * FROM tc01 ORDER BY [序号]"_s);
+        QCOMPARE(datBj.total(), 10);
+        QCOMPARE(msgBm.cellText(2, 0), u"3"_s);
+        QVERIFY(window.boxes.isEmpty());
+        window.choose(u"cboBm"_s, u"tc00"_s);
+        QCOMPARE(datBj.total(), 3);
+        QCOMPARE(window.said(), tab == 1 ? QStringList{u"该表只做演示用，不能录入或编辑！"_s} : QStringList{});
+        QCOMPARE(window.get<QComboBox>(u"cboBm"_s).cursor().shape(), Qt::ArrowCursor);
+    }
+
+    void albumStaysChosenOnTheNextPage() {
+        SettingsWindow window;
+        window.tabs().setCurrentIndex(2);
+        window.choose(u"cboBm"_s, u"tc01"_s);
+        window.tabs().setCurrentIndex(0);
+        auto& datBj = window.get<DataControl>(u"datBj"_s);
+        QCOMPARE(datBj.RecordSource(), u"SELECT * FROM tcan ORDER BY [编号]"_s);
+        window.tabs().setCurrentIndex(3);
+        QCOMPARE(window.get<QComboBox>(u"cboBm"_s).currentText(), u"tc01 旅行"_s);
+        QCOMPARE(datBj.total(), 10);
+    }
+
+    void codesOfTheAlbumCarryBraces() {
+        SettingsWindow window;
+        putValue(u"SELECT * FROM tcan WHERE 编号 = '2'"_s, u"图册"_s, u"tc00tc02"_s);
+        window.tabs().setCurrentIndex(2);
+        auto& lstBh = window.get<ListBox>(u"lstBh"_s);
+        QVERIFY(!lstBh.isEnabled());
+        const auto lines = [&] {
+            QStringList all;
+            for (int i = 0; i < lstBh.ListCount(); ++i) all << lstBh.List(i);
+            return all;
+        };
+        QVERIFY(lines().contains(u"1 风景"_s));
+        window.choose(u"cboBm"_s, u"tc01"_s);
+        QVERIFY(lstBh.isEnabled());
+        QVERIFY(lines().contains(u"1 {风景}"_s));
+        QVERIFY(lines().contains(u"2 人物"_s));
+    }
+
+    void enterInTheChooser() {
+        SettingsWindow window;
+        window.tabs().setCurrentIndex(3);
+        auto& cboBm = window.get<QComboBox>(u"cboBm"_s);
+        cboBm.setEditText(u"tc01"_s);
+        QTest::keyClick(cboBm.lineEdit(), Qt::Key_Return);
+        QCOMPARE(cboBm.currentText(), u"tc01 "_s);
+        QCOMPARE(window.get<DataControl>(u"datBj"_s).total(), 10);
+    }
+
+    void typedTextThatIsNoAlbum_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::newRow("unknown") << u"tc99"_s;
+        QTest::newRow("another table of the catalogue") << u"tcsz"_s;
+        QTest::newRow("quote") << u"tc'x"_s;
+        QTest::newRow("bracket") << u"[tc] x"_s;
+    }
+
+    void typedTextThatIsNoAlbum() {
+        QFETCH(QString, typed);
+        SettingsWindow window;
+        window.tabs().setCurrentIndex(2);
+        auto& cboBm = window.get<QComboBox>(u"cboBm"_s);
+        cboBm.setEditText(typed);
+        QTest::keyClick(cboBm.lineEdit(), Qt::Key_Return);
+        QCOMPARE(window.get<Grid>(u"msgBm"_s).model()->rowCount(), 0);
+        QVERIFY(window.boxes.isEmpty());
+    }
+
+    void gridClickFindsTheButton() {
+        SettingsWindow window;
+        auto& msgBm = window.get<Grid>(u"msgBm"_s);
+        const auto clickRow = [&](int row) {
+            QTest::mouseClick(msgBm.viewport(), Qt::LeftButton, {},
+                              msgBm.visualRect(msgBm.model()->index(row, 1)).center());
+        };
+        for (int row = 0; row < msgBm.model()->rowCount(); ++row) {
+            clickRow(row);
+            QCOMPARE(window.text(u"txtX1"_s), msgBm.cellText(row, 0));
+            QCOMPARE(window.text(u"txtB1"_s), msgBm.cellText(row, 1));
+            QCOMPARE(window.text(u"txtM1"_s), msgBm.cellText(row, 2));
+            QCOMPARE(window.text(u"txtC1"_s), msgBm.cellText(row, 3));
+        }
+        for (const QString& name : {u"txtX1"_s, u"txtB1"_s, u"txtM1"_s, u"txtC1"_s})
+            QVERIFY(window.box(name).isLocked());
+        QTest::mouseClick(&window.get<QRadioButton>(u"optAp(0)"_s), Qt::LeftButton);
+        QCOMPARE(window.get<DataControl>(u"datBj"_s).RecordSource(), u"SELECT * FROM tcan ORDER BY [序号]"_s);
+        QCOMPARE(columnOf(u"SELECT * FROM tcan ORDER BY [序号]"_s, u"编号"_s).value(1), msgBm.cellText(1, 1));
+        QTest::mouseClick(&window.get<QRadioButton>(u"optAp(1)"_s), Qt::LeftButton);
+        QCOMPARE(window.get<DataControl>(u"datBj"_s).RecordSource(), u"SELECT * FROM tcan ORDER BY [编号]"_s);
+    }
+
+    void previewOfTheClickedButton() {
+        SettingsWindow window;
+        auto& msgBm = window.get<Grid>(u"msgBm"_s);
+        QTest::mouseClick(msgBm.viewport(), Qt::LeftButton, {}, msgBm.visualRect(msgBm.model()->index(1, 1)).center());
+        window.click(u"cmdCk(4)"_s);
+        auto& panel = window.get<QWidget>(u"fraCk"_s);
+        QVERIFY(panel.isVisible());
+        QVERIFY(!window.button(u"cmdCk(4)"_s).isEnabled());
+        window.tabs().setCurrentIndex(2);
+        window.tabs().setCurrentIndex(0);
+        QVERIFY(!panel.isVisible());
+    }
+
+    void outerButtons() {
+        SettingsWindow window;
+        window.click(u"cmdFh"_s);
+        QCOMPARE(window.windows.handedTo, WindowKind::viewer);
+        window.click(u"cmdGl"_s);
+        QVERIFY(window.windows.ended);
+        window.click(u"cmdBz"_s);
+        QCOMPARE(window.windows.helpTopic, u"3 软件的使用"_s);
+        window.windows.hasHelp = false;
+        window.open();
+        QVERIFY(!window.button(u"cmdBz"_s).isEnabled());
+    }
+
+    void emptyDirectory() {
+        SettingsWindow window;
+        mekTp::catalogue.Execute(u"DELETE FROM [tcbm]"_s);
+        window.open();
+        for (const int tab : {1, 2, 3, 0}) {
+            window.tabs().setCurrentIndex(tab);
+            QVERIFY(window.lines(u"cboBm"_s).isEmpty());
+            QCOMPARE(window.get<Grid>(u"msgBm"_s).model()->rowCount() > 0, tab == 0);
+            if (tab == 1) QCOMPARE(window.label(u"lblJl"_s), u"请先在中“图册设置”建立图册"_s);
+            if (tab == 2) QVERIFY(!window.get<ListBox>(u"lstBh"_s).isEnabled());
+        }
+        QVERIFY(window.boxes.isEmpty());
+    }
+
+    void opensWithoutACatalogue() {
+        SettingsWindow window;
+        mekTp::catalogue = {};
+        QFile::remove(window.catalogue.file(u"lunq.mdb"_s));
+        window.open();
+        for (const int tab : {1, 2, 3, 0}) window.tabs().setCurrentIndex(tab);
+        QVERIFY(window.boxes.isEmpty());
+        window.click(u"cmdJl"_s);
+        QCOMPARE(window.boxes.size(), 1);
+        QCOMPARE(window.boxes.first().title, u"错误提示"_s);
+        QCOMPARE(window.button(u"cmdJl"_s).text(), u"开 始"_s);
+    }
+};
+
+const Registered<TestSettingsFrame> registered;
+
+}  // namespace
+
+#include "frame_test.moc"

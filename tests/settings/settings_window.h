@@ -1,0 +1,130 @@
+#pragma once
+
+#include "../support/sample_catalogue.h"
+#include "catalogue/mektp.h"
+#include "platform/desktop/list_box.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/tab_control.h"
+#include "platform/desktop/text_box.h"
+#include "settings/frm_sz.h"
+#include "shell/windows.h"
+
+#include <QtTest/QtTest>
+#include <QtWidgets/QtWidgets>
+
+/// Remembers what a window asked of the program.
+class RecordingWindows : public Windows {
+  public:
+    bool has(WindowKind) const override { return hasHelp; }
+    void handOver(WindowKind, WindowKind to) override { handedTo = to; }
+    void show(WindowKind) override {}
+    void unload(WindowKind) override {}
+    void showHelp(const QString& topic) override { helpTopic = topic; }
+    void endProgram() override { ended = true; }
+
+    bool hasHelp = true;
+    bool ended = false;
+    std::optional<WindowKind> handedTo;
+    QString helpTopic;
+};
+
+/// Changes one column of the first row of a SELECT.
+inline void putValue(const QString& source, const QString& column, const Variant& value) {
+    Recordset row = mekTp::catalogue.OpenRecordset(source);
+    row.Edit();
+    row.Fields(column).SetValue(value);
+    row.Update();
+}
+
+/// The texts of a column, Nulls empty.
+inline QStringList columnOf(const QString& source, const QString& column) {
+    QStringList values;
+    for (Recordset rows = mekTp::catalogue.OpenRecordset(source); !rows.Eof(); rows.MoveNext())
+        values << rows.Fields(column).Value().textOr();
+    return values;
+}
+
+inline QString valueOf(const QString& source, const QString& column) {
+    return columnOf(source, column).value(0);
+}
+
+inline bool hasTable(const QString& table) {
+    return mekTp::catalogue.TableDefs().contains(table);
+}
+
+/// An album as another program, or an older catalogue, may have left it.
+inline void addAlbum(int number, const QString& table, const QString& title) {
+    using namespace Qt::Literals::StringLiterals;
+    mekTp::catalogue.Execute(u"CREATE TABLE ["_s + table +
+                             u"] ([序号] LONG,[编号] TEXT(10),[大小] SINGLE,[规格] TEXT(12),[日期] DATETIME,"
+                             "[图片] LONGBINARY,[备注] TEXT(50))"_s);
+    Recordset rows = mekTp::catalogue.OpenRecordset(u"tcbm"_s);
+    rows.AddNew();
+    rows.Fields(u"序号"_s).SetValue(number);
+    rows.Fields(u"表名"_s).SetValue(table);
+    rows.Fields(u"标题"_s).SetValue(title);
+    rows.Update();
+}
+
+/// The settings window, shown on the sample catalogue, with its message boxes answered and kept.
+class SettingsWindow {
+  public:
+    SettingsWindow() {
+        answerBoxesWith([this](const BoxText& box) {
+            boxes << box;
+            return answer;
+        });
+        open();
+    }
+    ~SettingsWindow() { answerBoxesWith({}); }
+
+    /// Opens the window anew, as if the program had been left and come back to.
+    void open() {
+        form = std::make_unique<frmSz>(windows);
+        form->show();
+        form->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(form.get()));
+    }
+
+    template <typename Control>
+    Control& get(const QString& name) const {
+        auto* control = form->findChild<Control*>(name);
+        if (control == nullptr) qFatal("no control %s", qPrintable(name));
+        return *control;
+    }
+
+    QPushButton& button(const QString& name) const { return get<QPushButton>(name); }
+    void click(const QString& name) const { QTest::mouseClick(&button(name), Qt::LeftButton); }
+    TextBox& box(const QString& name) const { return get<TextBox>(name); }
+    QString text(const QString& name) const { return box(name).text(); }
+    QString label(const QString& name) const { return get<QLabel>(name).text(); }
+    TabControl& tabs() const { return get<TabControl>(QStringLiteral("sstFz")); }
+
+    void choose(const QString& combo, const QString& start) const {
+        auto& chooser = get<QComboBox>(combo);
+        const int index = chooser.findText(start, Qt::MatchStartsWith);
+        QVERIFY2(index >= 0, qPrintable(start));
+        chooser.setCurrentIndex(index);
+        Q_EMIT chooser.activated(index);
+    }
+
+    QStringList lines(const QString& combo) const {
+        const auto& chooser = get<QComboBox>(combo);
+        QStringList all;
+        for (int i = 0; i < chooser.count(); ++i) all << chooser.itemText(i);
+        return all;
+    }
+
+    /// The texts of the boxes since the last call.
+    QStringList said() {
+        QStringList texts;
+        for (const BoxText& one : std::exchange(boxes, {})) texts << one.text;
+        return texts;
+    }
+
+    SampleCatalogue catalogue;
+    RecordingWindows windows;
+    QList<BoxText> boxes;
+    bool answer = true;
+    std::unique_ptr<frmSz> form;
+};

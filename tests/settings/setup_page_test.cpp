@@ -1,0 +1,406 @@
+#include "../support/run_all.h"
+#include "platform/desktop/grid.h"
+#include "settings_window.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString presetRow = u"SELECT * FROM tcan WHERE 编号 = 'v'"_s;
+
+/// A proposal with its own table name stands.
+void propose(const SettingsWindow& window, const QString& table, const QString& title = u"新册"_s) {
+    window.click(u"cmdJl"_s);
+    window.box(u"txtBa"_s).setText(table);
+    window.box(u"txtBb"_s).setText(title);
+}
+
+class TestSetupPage : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    // New album ------------------------------------------------------------------------------------------------------
+
+    void proposal_data() {
+        QTest::addColumn<int>("lastNumber");  // 0: no albums
+        QTest::addColumn<QStringList>("proposed");
+        QTest::newRow("no albums") << 0 << QStringList{u"1"_s, u"tc01"_s, u"第1册"_s};
+        QTest::newRow("repeats the last number") << 9 << QStringList{u"9"_s, u"tc09"_s, u"第9册"_s};
+        QTest::newRow("two digits") << 10 << QStringList{u"10"_s, u"tc10"_s, u"第10册"_s};
+        QTest::newRow("three digits") << 100 << QStringList{u"100"_s, u"tc100"_s, u"第100册"_s};
+    }
+
+    void proposal() {
+        QFETCH(int, lastNumber);
+        SettingsWindow window;
+        if (lastNumber == 0)
+            mekTp::catalogue.Execute(u"DELETE FROM [tcbm]"_s);
+        else
+            putValue(u"SELECT * FROM tcbm WHERE 表名 = 'tc01'"_s, u"序号"_s, lastNumber);
+        QVERIFY(!window.button(u"cmdSx"_s).isEnabled());
+        window.click(u"cmdJl"_s);
+        const QStringList shown{window.label(u"lblXh"_s), window.text(u"txtBa"_s), window.text(u"txtBb"_s)};
+        QTEST(shown, "proposed");
+        QCOMPARE(window.button(u"cmdJl"_s).text(), u"确 定"_s);
+        QVERIFY(window.button(u"cmdSx"_s).isEnabled());
+        QVERIFY(!window.box(u"txtBz"_s).isLocked());
+        QVERIFY(window.box(u"txtBz"_s).hasFocus());
+
+        window.click(u"cmdSx"_s);
+        QCOMPARE(window.text(u"txtBa"_s), QString());
+        QCOMPARE(window.button(u"cmdJl"_s).text(), u"开 始"_s);
+        QVERIFY(window.button(u"cmdSx"_s).isEnabled());
+        QVERIFY(window.boxes.isEmpty());
+    }
+
+    void creation() {
+        SettingsWindow window;
+        putValue(presetRow, u"图册"_s, u"tc00tc01"_s);
+        propose(window, u"tc07"_s);
+        window.box(u"txtBz"_s).setText(u"它's [备注]"_s);
+        window.click(u"cmdJl"_s);
+        QCOMPARE(window.said(), QStringList{u"新的像册数据表建立完成！"_s});
+        QVERIFY(hasTable(u"tc07"_s));
+        const QString row = u"SELECT * FROM tcbm WHERE 表名 = 'tc07'"_s;
+        QCOMPARE(valueOf(row, u"序号"_s), u"3"_s);
+        QCOMPARE(valueOf(row, u"标题"_s), u"新册"_s);
+        QCOMPARE(valueOf(row, u"备注"_s), u"它's [备注]"_s);
+        QCOMPARE(valueOf(presetRow, u"图册"_s), u"tc00tc01tc07"_s);
+        QCOMPARE(window.lines(u"cboBm"_s).last(), u"tc07 新册"_s);
+        QCOMPARE(window.lines(u"cboFc"_s).last(), u"tc07 新册"_s);
+        QCOMPARE(window.text(u"txtBa"_s), u"tc07"_s);
+        QVERIFY(window.box(u"txtBz"_s).isLocked());
+        QCOMPARE(window.get<Grid>(u"msgBm"_s).model()->rowCount(), columnOf(u"tcan"_s, u"编号"_s).size());
+    }
+
+    void undoTakesOnlyTheNewAlbum() {
+        SettingsWindow window;
+        window.choose(u"cboFc"_s, u"tc02"_s);
+        propose(window, u"tc07"_s);  // bears number 3, as tc02 does
+        window.click(u"cmdJl"_s);
+        window.box(u"txtBa"_s).setText(u"tc01"_s);
+        const QString offered = valueOf(presetRow, u"图册"_s);
+        window.said();
+
+        window.answer = false;
+        window.click(u"cmdSx"_s);
+        QCOMPARE(window.said(),
+                 QStringList{u"撤消（删除）刚才建立的图册数据表吗？\n\n如果是按《确定》；否则按《取消》。"_s});
+        QVERIFY(hasTable(u"tc07"_s));
+        QCOMPARE(window.text(u"txtBb"_s), u"新册"_s);
+
+        window.answer = true;
+        window.click(u"cmdSx"_s);
+        QCOMPARE(window.said().last(), u"刚才建立的图册数据表已经删除！"_s);
+        QVERIFY(!hasTable(u"tc07"_s));
+        QVERIFY(hasTable(u"tc01"_s));
+        QCOMPARE(columnOf(u"tcbm"_s, u"表名"_s), (QStringList{u"tc00"_s, u"tc01"_s, u"tc02"_s}));
+        QCOMPARE(valueOf(presetRow, u"图册"_s), offered);
+        QCOMPARE(window.lines(u"cboBm"_s).size(), 3);
+        QCOMPARE(window.lines(u"cboFc"_s).size(), 3);
+        QCOMPARE(window.get<QComboBox>(u"cboFc"_s).currentText(), u"tc02 空册"_s);
+        QCOMPARE(window.text(u"txtBa"_s), QString());
+        QVERIFY(!window.button(u"cmdSx"_s).isEnabled());
+    }
+
+    void undoAfterAPageSwitchTakesNothing() {
+        SettingsWindow window;
+        propose(window, u"tc07"_s);
+        window.click(u"cmdJl"_s);
+        window.tabs().setCurrentIndex(1);
+        window.tabs().setCurrentIndex(0);
+        QVERIFY(window.button(u"cmdSx"_s).isEnabled());
+        window.said();
+        window.click(u"cmdSx"_s);
+        QVERIFY(window.boxes.isEmpty());
+        QVERIFY(hasTable(u"tc07"_s));
+        QVERIFY(!window.button(u"cmdSx"_s).isEnabled());
+    }
+
+    void creationRefused_data() {
+        QTest::addColumn<QString>("table");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("message");  // how it begins
+        QTest::newRow("name in use") << u"tc01"_s << u"甲"_s << u"表名重复，请重新输入！"_s;
+        QTest::newRow("name in use, other case of letters") << u"TC01"_s << u"甲"_s << u"表名重复，请重新输入！"_s;
+        QTest::newRow("quote") << u"tc'9"_s << u"甲"_s << u"表名[tc'9]不能使用！"_s;
+        QTest::newRow("bracket") << u"tc]9"_s << u"甲"_s << u"表名[tc]9]不能使用！"_s;
+        QTest::newRow("blank") << u"tc 9"_s << u"甲"_s << u"表名[tc 9]不能使用！"_s;
+        QTest::newRow("too long") << u"tc100"_s << u"甲"_s << u"表名[tc100]不能使用！"_s;
+        QTest::newRow("a fixed table") << u"tcan"_s << u"甲"_s << u""_s;
+        QTest::newRow("long title") << u"tc09"_s << u"一二三四五六七八九"_s
+                                    << u"标题的汉字数不应超过8个（英文不应超过16个）。"_s;
+    }
+
+    void creationRefused() {
+        QFETCH(QString, table);
+        QFETCH(QString, title);
+        QFETCH(QString, message);
+        SettingsWindow window;
+        const QStringList tables = mekTp::catalogue.TableDefs();
+        const QString offered = valueOf(presetRow, u"图册"_s);
+        propose(window, table, title);
+        window.click(u"cmdJl"_s);
+        QCOMPARE(window.boxes.size(), 1);
+        QVERIFY2(window.boxes.first().text.startsWith(message), qPrintable(window.boxes.first().text));
+        QCOMPARE(mekTp::catalogue.TableDefs(), tables);
+        QCOMPARE(columnOf(u"tcbm"_s, u"表名"_s).size(), 3);
+        QCOMPARE(valueOf(presetRow, u"图册"_s), offered);
+        QCOMPARE(window.lines(u"cboBm"_s).size(), 3);
+        QCOMPARE(window.button(u"cmdJl"_s).text(), u"确 定"_s);
+    }
+
+    void failedCreationLeavesNothing() {
+        SettingsWindow window;
+        mekTp::catalogue.Execute(u"DELETE FROM [tcan] WHERE 编号 = 'v'"_s);
+        propose(window, u"tc07"_s);
+        window.click(u"cmdJl"_s);
+        QCOMPARE(window.boxes.size(), 1);
+        QCOMPARE(window.boxes.first().title, u"错误提示"_s);
+        QVERIFY(!hasTable(u"tc07"_s));
+        QCOMPARE(columnOf(u"tcbm"_s, u"表名"_s).size(), 3);
+        QCOMPARE(window.button(u"cmdJl"_s).text(), u"确 定"_s);
+    }
+
+    void leavingARepeatedName() {
+        SettingsWindow window;
+        window.click(u"cmdJl"_s);
+        auto& txtBa = window.box(u"txtBa"_s);
+        txtBa.setText(u"tc01"_s);
+        txtBa.setFocus();
+        QTest::keyClick(&txtBa, Qt::Key_Tab);
+        QTRY_COMPARE(window.boxes.size(), 1);
+        QCOMPARE(window.said(), QStringList{u"表名重复，请重新输入！"_s});
+        QVERIFY(txtBa.hasFocus());
+
+        txtBa.setText(u"tc0'"_s);
+        QTest::keyClick(&txtBa, Qt::Key_Tab);
+        QCoreApplication::processEvents();
+        QVERIFY(window.boxes.isEmpty());
+        QVERIFY(!txtBa.hasFocus());
+
+        // Who gives the proposal up need not mend the name first.
+        txtBa.setText(u"tc01"_s);
+        txtBa.setFocus();
+        window.button(u"cmdSx"_s).setFocus();
+        window.click(u"cmdSx"_s);
+        QCoreApplication::processEvents();
+        QVERIFY(window.boxes.isEmpty());
+        QCOMPARE(window.button(u"cmdJl"_s).text(), u"开 始"_s);
+    }
+
+    void confirmingARepeatedNameSaysItOnce() {
+        SettingsWindow window;
+        window.click(u"cmdJl"_s);
+        window.box(u"txtBa"_s).setText(u"tc01"_s);
+        window.box(u"txtBa"_s).setFocus();
+        window.button(u"cmdJl"_s).setFocus();
+        window.click(u"cmdJl"_s);
+        QCoreApplication::processEvents();
+        QCOMPARE(window.said(), QStringList{u"表名重复，请重新输入！"_s});
+    }
+
+    // Albums ---------------------------------------------------------------------------------------------------------
+
+    void chosenAlbum() {
+        SettingsWindow window;
+        putValue(u"SELECT * FROM tcbm WHERE 表名 = 'tc01'"_s, u"备注"_s, u"一路"_s);
+        putValue(u"SELECT * FROM tcbm WHERE 表名 = 'tc02'"_s, u"备注"_s, Variant());
+        const auto shown = [&] {
+            return QStringList{window.text(u"txtXc"_s), window.text(u"txtBc"_s), window.text(u"txtTc"_s),
+                               window.text(u"txt1c"_s)};
+        };
+        window.choose(u"cboFc"_s, u"tc01"_s);
+        QCOMPARE(shown(), (QStringList{u"2"_s, u"tc01"_s, u"旅行"_s, u"一路"_s}));
+        QVERIFY(window.button(u"cmdFc"_s).isEnabled());
+        QVERIFY(window.button(u"cmdFs"_s).isEnabled());
+        window.choose(u"cboFc"_s, u"tc02"_s);
+        QCOMPARE(shown(), (QStringList{u"3"_s, u"tc02"_s, u"空册"_s, QString()}));
+        window.choose(u"cboFc"_s, u"tc00"_s);
+        QCOMPARE(window.text(u"txtBc"_s), u"tc00"_s);
+        QVERIFY(!window.button(u"cmdFc"_s).isEnabled());
+        QVERIFY(!window.button(u"cmdFs"_s).isEnabled());
+    }
+
+    void remark() {
+        SettingsWindow window;
+        const QString row = u"SELECT * FROM tcbm WHERE 表名 = 'tc01'"_s;
+        putValue(row, u"备注"_s, u"旧"_s);
+        window.choose(u"cboFc"_s, u"tc01"_s);
+        auto& txt1c = window.box(u"txt1c"_s);
+
+        window.click(u"cmdFc"_s);
+        QVERIFY(!txt1c.isLocked());
+        QVERIFY(txt1c.hasFocus());
+        txt1c.setText(u"不要"_s);
+        window.click(u"cmdFs"_s);
+        QCOMPARE(txt1c.text(), u"旧"_s);
+        QVERIFY(txt1c.isLocked());
+
+        window.click(u"cmdFc"_s);
+        txt1c.setText(u"O'新\"[]"_s);
+        window.click(u"cmdFc"_s);
+        QCOMPARE(valueOf(row, u"备注"_s), u"O'新\"[]"_s);
+        QCOMPARE(window.button(u"cmdFc"_s).text(), u"编 辑"_s);
+        QCOMPARE(window.button(u"cmdFs"_s).text(), u"删 除"_s);
+        QVERIFY(window.boxes.isEmpty());
+    }
+
+    void deletion_data() {
+        QTest::addColumn<QString>("offered");
+        QTest::addColumn<QString>("left");
+        QTest::newRow("first") << u"tc01tc00tc02"_s << u"tc00tc02"_s;
+        QTest::newRow("middle") << u"tc00tc01tc02"_s << u"tc00tc02"_s;
+        QTest::newRow("last") << u"tc00tc02tc01"_s << u"tc00tc02"_s;
+        QTest::newRow("alone") << u"tc01"_s << u""_s;
+        QTest::newRow("absent") << u"tc02tc00"_s << u"tc02tc00"_s;
+        QTest::newRow("only across a border") << u"xxtcc01x"_s << u"xxtcc01x"_s;
+    }
+
+    void deletion() {
+        QFETCH(QString, offered);
+        SettingsWindow window;
+        putValue(presetRow, u"图册"_s, offered);
+        const QString otherButton = valueOf(u"SELECT * FROM tcan WHERE 编号 = '1'"_s, u"图册"_s);
+        window.choose(u"cboFc"_s, u"tc01"_s);
+        window.answer = false;
+        window.click(u"cmdFs"_s);
+        QCOMPARE(window.said(),
+                 QStringList{u"    删除[tc01]像册数据表吗？\n\n如果“是”，按《确定》；否则按《取消》。"_s});
+        QVERIFY(hasTable(u"tc01"_s));
+
+        window.answer = true;
+        window.click(u"cmdFs"_s);
+        QCOMPARE(window.said().last(), u"当前[tc01]像册数据表已经删除！"_s);
+        QVERIFY(!hasTable(u"tc01"_s));
+        QCOMPARE(columnOf(u"tcbm"_s, u"表名"_s), (QStringList{u"tc00"_s, u"tc02"_s}));
+        QTEST(valueOf(presetRow, u"图册"_s), "left");
+        QCOMPARE(valueOf(u"SELECT * FROM tcan WHERE 编号 = '1'"_s, u"图册"_s), otherButton);
+        QCOMPARE(window.lines(u"cboFc"_s), (QStringList{u"tc00 演示"_s, u"tc02 空册"_s}));
+        QCOMPARE(window.lines(u"cboBm"_s).size(), 3);
+        QCOMPARE(window.text(u"txtBc"_s), QString());
+        QVERIFY(!window.button(u"cmdFs"_s).isEnabled());
+    }
+
+    void deletionSparesTheAlbumOfTheSameNumber() {
+        SettingsWindow window;
+        addAlbum(2, u"tc77"_s, u"同号"_s);  // 2 is the number of tc01
+        window.open();
+        window.choose(u"cboFc"_s, u"tc77"_s);
+        window.click(u"cmdFs"_s);
+        QVERIFY(!hasTable(u"tc77"_s));
+        QVERIFY(hasTable(u"tc01"_s));
+        QCOMPARE(columnOf(u"tcbm"_s, u"表名"_s), (QStringList{u"tc00"_s, u"tc01"_s, u"tc02"_s}));
+        QVERIFY(window.lines(u"cboFc"_s).contains(u"tc01 旅行"_s));
+        QCOMPARE(window.lines(u"cboFc"_s).size(), 3);
+    }
+
+    void failedDeletionLeavesAll() {
+        SettingsWindow window;
+        mekTp::catalogue.Execute(u"DELETE FROM [tcan] WHERE 编号 = 'v'"_s);
+        window.choose(u"cboFc"_s, u"tc01"_s);
+        window.click(u"cmdFs"_s);
+        QCOMPARE(window.boxes.last().title, u"错误提示"_s);
+        QVERIFY(hasTable(u"tc01"_s));
+        QCOMPARE(columnOf(u"tc01"_s, u"序号"_s).size(), 10);
+        QCOMPARE(columnOf(u"tcbm"_s, u"表名"_s).size(), 3);
+        QCOMPARE(window.lines(u"cboFc"_s).size(), 3);
+        QCOMPARE(window.text(u"txtBc"_s), u"tc01"_s);
+    }
+
+    // Main title -----------------------------------------------------------------------------------------------------
+
+    void mainTitle() {
+        SettingsWindow window;
+        putValue(u"tcsz"_s, u"显示标签"_s, true);
+        putValue(u"tcsz"_s, u"全屏显示"_s, false);
+        window.open();
+        auto& txtXt = window.box(u"txtXt"_s);
+        auto& labels = window.get<QCheckBox>(u"chkB1(0)"_s);
+        auto& full = window.get<QCheckBox>(u"chkB1(1)"_s);
+        QCOMPARE(txtXt.text(), valueOf(u"tcsz"_s, u"像册标题"_s));
+        QVERIFY(txtXt.isLocked());
+        QVERIFY(labels.isChecked());
+        QVERIFY(!full.isChecked());
+
+        window.click(u"cmdBt"_s);
+        QVERIFY(!txtXt.isLocked());
+        txtXt.setText(u"一二三四五六七八"_s);
+        labels.click();
+        full.click();
+        window.click(u"cmdBt"_s);
+        QVERIFY(window.boxes.isEmpty());
+        QCOMPARE(valueOf(u"tcsz"_s, u"像册标题"_s), u"一二三四五六七八"_s);
+        QCOMPARE(valueOf(u"tcsz"_s, u"显示标签"_s), u"False"_s);
+        QCOMPARE(valueOf(u"tcsz"_s, u"全屏显示"_s), u"True"_s);
+        QVERIFY(txtXt.isLocked());
+        QCOMPARE(window.button(u"cmdBt"_s).text(), u"开 始"_s);
+    }
+
+    void titleTooLong() {
+        SettingsWindow window;
+        window.click(u"cmdBt"_s);
+        auto& txtXt = window.box(u"txtXt"_s);
+        txtXt.setText(u"一二三四五六七八九"_s);
+        QCOMPARE(window.boxes.size(), 1);
+        QCOMPARE(window.boxes.first().icon, BoxIcon::information);
+        QCOMPARE(window.boxes.first().text, u"标题的汉字数不应超过8个（英文不应超过16个）。"_s);
+        QVERIFY(!window.button(u"cmdBt"_s).isEnabled());
+        QVERIFY(txtXt.hasFocus());
+        QTest::keyClick(&txtXt, Qt::Key_A);
+        QCOMPARE(window.boxes.size(), 2);
+        QTest::keyClick(&txtXt, Qt::Key_Backspace);
+        QCOMPARE(window.boxes.size(), 3);
+        QTest::keyClick(&txtXt, Qt::Key_Backspace);
+        QCOMPARE(window.boxes.size(), 3);
+        QVERIFY(window.button(u"cmdBt"_s).isEnabled());
+    }
+
+    void enteringWithALongTitleDoesNotNag() {
+        SettingsWindow window;
+        putValue(u"tcsz"_s, u"像册标题"_s, u"一二三四五六七八九"_s);
+        window.open();
+        QVERIFY(window.boxes.isEmpty());
+        QVERIFY(window.button(u"cmdBt"_s).isEnabled());
+    }
+
+    void optionsAtRest() {
+        SettingsWindow window;
+        const QString message = u"如果编辑，请先按《开始》按钮。"_s;
+        for (const QString& name : {u"chkB1(0)"_s, u"chkB1(1)"_s}) {
+            auto& check = window.get<QCheckBox>(name);
+            const bool before = check.isChecked();
+            // The second click finds the focus there already.
+            for (int i = 0; i < 2; ++i) {
+                QTest::mouseClick(&check, Qt::LeftButton, {}, QPoint(8, check.height() / 2));
+                QCoreApplication::processEvents();
+                QCOMPARE(window.said(), QStringList{message});
+                QCOMPARE(check.isChecked(), before);
+            }
+            window.button(u"cmdBt"_s).setFocus();
+            check.setFocus(Qt::TabFocusReason);
+            QTRY_COMPARE(window.boxes.size(), 1);
+            QCOMPARE(window.said(), QStringList{message});
+            QTest::keyClick(&check, Qt::Key_Space);
+            QCOMPARE(window.said(), QStringList{message});
+            QCOMPARE(check.isChecked(), before);
+        }
+    }
+
+    void failedTitleLeavesTheState() {
+        SettingsWindow window;
+        window.click(u"cmdBt"_s);
+        mekTp::catalogue.Execute(u"DELETE FROM [tcsz]"_s);
+        window.click(u"cmdBt"_s);
+        QCOMPARE(window.boxes.size(), 1);
+        QCOMPARE(window.boxes.first().title, u"错误提示"_s);
+        QCOMPARE(window.button(u"cmdBt"_s).text(), u"保 存"_s);
+        QVERIFY(!window.box(u"txtXt"_s).isLocked());
+    }
+};
+
+const Registered<TestSetupPage> registered;
+
+}  // namespace
+
+#include "setup_page_test.moc"
