@@ -16,7 +16,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 void sortNaturally(QStringList& names) {
-    QCollator order;
+    QCollator order(QLocale(QLocale::Chinese, QLocale::China));
     order.setNumericMode(true);
     order.setCaseSensitivity(Qt::CaseInsensitive);
     std::sort(names.begin(), names.end(), order);

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QSignalBlocker>
 #include <algorithm>
 
 namespace {
@@ -53,4 +54,12 @@ void ListBox::keyPressEvent(QKeyEvent* event) {
 void ListBox::resizeEvent(QResizeEvent* event) {
     if (columns_ > 1) layOutColumns();
     QListWidget::resizeEvent(event);
+}
+
+void ListBox::focusInEvent(QFocusEvent* event) {
+    // The toolkit makes the first line the current one as soon as the list has the focus; nobody has chosen it.
+    const bool hadNone = currentRow() < 0;
+    const QSignalBlocker silence(this);
+    QListWidget::focusInEvent(event);
+    if (hadNone) setCurrentRow(-1, QItemSelectionModel::NoUpdate);
 }

@@ -118,8 +118,6 @@ QScrollBar::add-line, QScrollBar::sub-line { width: 0px; height: 0px; border: 0p
 QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
 QAbstractScrollArea::corner { background: transparent; }
 
-QTabWidget::pane { border: 0px; margin: 0px; padding: 0px; top: 0px; }
-QTabWidget::tab-bar { left: 0px; }
 QTabBar { font-size: 12px; }
 QTabBar::tab {
     height: 24px; width: 62px; margin: 0px; padding: 0px; border: 0px; color: #5d574c;

@@ -38,6 +38,10 @@ bool isHiddenOnPurpose(const QWidget* control) {
 
 TabControl::TabControl(QWidget* parent) : QTabWidget(parent) {
     setTabBar(new Strip(this));
+    // Whatever the style, strip and pages share the left edge and nothing stands between them.
+    setStyleSheet(
+        u"QTabWidget::pane { border: 0px; margin: 0px; padding: 0px; top: 0px; }"
+        "QTabWidget::tab-bar { left: 0px; }"_s);
     for (QWidget* part : {static_cast<QWidget*>(tabBar()), static_cast<QWidget*>(this)}) {
         part->setMouseTracking(true);
         part->installEventFilter(this);
@@ -67,7 +71,9 @@ bool TabControl::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseMove) {
         const auto* part = static_cast<QWidget*>(watched);
         const QPoint at = part->mapTo(this, static_cast<QMouseEvent*>(event)->position().toPoint());
-        Q_EMIT mouseMovedAt(twipsFromPixels(at.x()), twipsFromPixels(at.y()));
+        // What a part passes on to its parent was told already.
+        if (part != this || childAt(at) == nullptr)
+            Q_EMIT mouseMovedAt(twipsFromPixels(at.x()), twipsFromPixels(at.y()));
     }
     return QTabWidget::eventFilter(watched, event);
 }

@@ -1,0 +1,261 @@
+#include "platform/desktop/data_control.h"
+
+#include "../../support/run_all.h"
+#include "platform/base/error.h"
+#include "platform/desktop/grid.h"
+#include "platform/desktop/message_box.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QToolButton>
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+void fillPictures(const Database& database, const QString& table, int count) {
+    Transaction transaction(database);
+    Recordset records = database.OpenRecordset(table);
+    for (int i = 1; i <= count; ++i) {
+        records.AddNew();
+        records.Fields(u"序号"_s).SetValue(i);
+        records.Fields(u"编号"_s).SetValue(u"a%1"_s.arg(i));
+        records.Fields(u"大小"_s).SetValue(1.5F);
+        records.Fields(u"日期"_s).SetValue(QDateTime(QDate(2003, 10, 1), QTime(0, 0)).addSecs(i));
+        records.Update();
+    }
+    transaction.commit();
+}
+
+QStringList rowTexts(const Grid& grid, int row) {
+    QStringList result;
+    for (int column = 0; column < grid.model()->columnCount(); ++column) result.append(grid.cellText(row, column));
+    return result;
+}
+
+class TestDataControl : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void init() {
+        folder_ = std::make_unique<QTemporaryDir>();
+        path_ = folder_->filePath(u"lunq.mdb"_s);
+        database_ = createDatabase(path_);
+        database_.Execute(
+            u"CREATE TABLE tc01 ([序号] LONG,[编号] TEXT(10),[大小] SINGLE,[日期] DATETIME,[图片] LONGBINARY,[备注] TEXT(50))"_s);
+        fillPictures(database_, u"tc01"_s, 5);
+        data_ = std::make_unique<DataControl>();
+        data_->setDatabaseName(path_);
+        data_->setRecordSource(u"SELECT * FROM tc01 ORDER BY [序号]"_s);
+        data_->useDatabase(database_);
+    }
+
+    void cleanup() {
+        answerBoxesWith({});
+        data_.reset();
+        database_ = {};
+        folder_.reset();
+    }
+
+    void buttonsMoveThroughTheRecords() {
+        data_->Refresh();
+        QSignalSpy repositioned(data_.get(), &DataControl::repositioned);
+        const auto press = [&](const QString& name) { data_->findChild<QToolButton*>(name)->click(); };
+        const QList<std::pair<QString, int>> steps{{u"previous"_s, 0}, {u"next"_s, 1}, {u"next"_s, 2},
+                                                   {u"previous"_s, 1}, {u"last"_s, 4}, {u"next"_s, 4},
+                                                   {u"last"_s, 4},     {u"first"_s, 0}};
+        for (const auto& [button, row] : steps) {
+            press(button);
+            QCOMPARE(data_->Recordset().row(), row);
+        }
+        QCOMPARE(repositioned.size(), 5);  // the ends do not move
+        QVERIFY(data_->findFirst(u"序号 = 3"_s));
+        QCOMPARE(data_->Recordset().row(), 2);
+        QVERIFY(!data_->findFirst(u"序号 = 77"_s));
+        QCOMPARE(data_->Recordset().row(), 2);
+        QCOMPARE(repositioned.size(), 6);
+    }
+
+    void refreshTellsWhatItFound() {
+        QSignalSpy refreshed(data_.get(), &DataControl::refreshed);
+        QSignalSpy repositioned(data_.get(), &DataControl::repositioned);
+        data_->Refresh();
+        QCOMPARE(refreshed.size(), 1);
+        QCOMPARE(repositioned.size(), 1);
+        QCOMPARE(data_->total(), 5);
+        data_->setRecordSource(u"SELECT * FROM tc01 WHERE [序号] > 50"_s);
+        data_->Refresh();
+        QCOMPARE(data_->total(), 0);
+        QCOMPARE(repositioned.size(), 1);
+        data_->findChild<QToolButton*>(u"next"_s)->click();
+        QCOMPARE(repositioned.size(), 1);
+    }
+
+    void failedRefreshLeavesNoRecords() {
+        Grid grid;
+        grid.bind(data_.get());
+        data_->Refresh();
+        QCOMPARE(grid.model()->rowCount(), 5);
+        QSignalSpy refreshed(data_.get(), &DataControl::refreshed);
+        data_->setRecordSource(u"SELECT * FROM tc99"_s);
+        QVERIFY_THROWS_EXCEPTION(Error, data_->Refresh());
+        QVERIFY(data_->Recordset().isNothing());
+        QCOMPARE(data_->total(), 0);
+        QCOMPARE(refreshed.size(), 1);
+        QCOMPARE(grid.model()->rowCount(), 0);
+        data_->setDatabaseName(folder_->filePath(u"none.mdb"_s));
+        QVERIFY_THROWS_EXCEPTION(Error, data_->Refresh());
+        data_->setDatabaseName(path_);
+        data_->setRecordSource(u"tc01"_s);
+        data_->Refresh();
+        QCOMPARE(grid.model()->rowCount(), 5);
+    }
+
+    void anotherFileIsOpenedByItsPath() {
+        const QString other = folder_->filePath(u"other.mdb"_s);
+        {
+            const Database made = createDatabase(other);
+            made.Execute(u"CREATE TABLE tc01 ([序号] LONG)"_s);
+        }
+        data_->setDatabaseName(other);
+        data_->setRecordSource(u"tc01"_s);
+        data_->Refresh();
+        QCOMPARE(data_->Recordset().FieldCount(), 1);
+        data_->setDatabaseName(path_);
+        data_->Refresh();
+        QCOMPARE(data_->total(), 5);
+    }
+
+    void gridShowsTheRecordsWithoutTheirPictures() {
+        Grid grid;
+        grid.bind(data_.get());
+        grid.setFormatString(u"^序号|>编号|<  大  小  |日期"_s);
+        data_->Refresh();
+        QCOMPARE(grid.FormatString(), u"^序号|>编号|<  大  小  |日期"_s);
+        QCOMPARE(rowTexts(grid, 1), (QStringList{u"2"_s, u"a2"_s, u"1.5"_s, u"2003-10-01 00:00:02"_s, QString()}));
+        QStringList headings;
+        for (int i = 0; i < 5; ++i) headings.append(grid.model()->headerData(i, Qt::Horizontal).toString());
+        QCOMPARE(headings, (QStringList{u"序号"_s, u"编号"_s, u"大  小"_s, u"日期"_s, u"备注"_s}));
+        const auto alignment = [&](int column) {
+            return grid.model()->index(0, column).data(Qt::TextAlignmentRole).value<Qt::Alignment>() &
+                   Qt::AlignHorizontal_Mask;
+        };
+        QCOMPARE(alignment(0), Qt::AlignHCenter);
+        QCOMPARE(alignment(1), Qt::AlignRight);
+        QCOMPARE(alignment(2), Qt::AlignLeft);
+        QVERIFY(grid.columnWidth(2) > grid.columnWidth(0));
+        QVERIFY(grid.columnWidth(3) > grid.fontMetrics().horizontalAdvance(u"2003-10-01 00:00:02"_s));
+        grid.Clear();
+        QCOMPARE(grid.model()->rowCount(), 0);
+        data_->Refresh();
+        QCOMPARE(grid.model()->rowCount(), 5);
+    }
+
+    void columnsFillTheGridAndFollowItsWidth() {
+        Grid grid;
+        grid.resize(900, 200);
+        grid.bind(data_.get());
+        grid.setFormatString(u"序号|编号"_s);
+        data_->Refresh();
+        grid.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&grid));
+        QCOMPARE(grid.horizontalHeader()->length(), grid.viewport()->width());
+        grid.resize(700, 200);
+        QTRY_COMPARE(grid.horizontalHeader()->length(), grid.viewport()->width());
+        grid.resize(120, 200);
+        QTRY_VERIFY(grid.horizontalHeader()->length() > grid.viewport()->width());
+    }
+
+    void gridFollowsTheCurrentRecordSilently() {
+        Grid grid;
+        grid.resize(500, 200);
+        grid.bind(data_.get());
+        data_->Refresh();
+        grid.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&grid));
+        QSignalSpy clicked(&grid, &Grid::rowClicked);
+        QCOMPARE(grid.currentIndex().row(), 0);
+        data_->moveToRow(3);
+        QCOMPARE(grid.currentIndex().row(), 3);
+        QCOMPARE(grid.selectionModel()->selectedRows().size(), 1);
+        QCOMPARE(clicked.size(), 0);
+
+        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.visualRect(grid.model()->index(2, 0)).center());
+        QCOMPARE(clicked.takeFirst().first().toInt(), 2);
+        QTest::keyClick(&grid, Qt::Key_Down);
+        QCOMPARE(clicked.size(), 0);
+        QTest::keyClick(&grid, Qt::Key_Return);
+        QCOMPARE(clicked.takeFirst().first().toInt(), 3);
+    }
+
+    void changedRecordIsShownAfterTheNextMove() {
+        Grid grid;
+        grid.bind(data_.get());
+        data_->Refresh();
+        QCOMPARE(grid.cellText(0, 1), u"a1"_s);
+        Recordset& records = data_->Recordset();
+        records.Edit();
+        records.Fields(u"编号"_s).SetValue(u"z"_s);
+        records.Update();
+        data_->moveToRow(1);
+        QCOMPARE(grid.cellText(0, 1), u"z"_s);
+    }
+
+    void recordDeletedElsewhereIsAnEmptyLine() {
+        Grid grid;
+        grid.bind(data_.get());
+        data_->Refresh();
+        database_.Execute(u"DELETE FROM tc01 WHERE [序号] = 4"_s);
+        QCOMPARE(rowTexts(grid, 3), (QStringList{{}, {}, {}, {}, {}}));
+        QCOMPARE(grid.cellText(4, 0), u"5"_s);
+    }
+
+    void gridOutlivesItsDataControl() {
+        Grid grid;
+        grid.bind(data_.get());
+        data_->Refresh();
+        data_.reset();
+        QVERIFY(rowTexts(grid, 0).first().isEmpty());
+    }
+
+    void largeAlbumIsReadOnlyWhereItIsSeen() {
+        constexpr int many = 100'000;
+        database_.Execute(u"DELETE FROM tc01"_s);
+        fillPictures(database_, u"tc01"_s, many);
+        Grid grid;
+        grid.resize(500, 300);
+        grid.bind(data_.get());
+        data_->Refresh();
+        grid.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&grid));
+        grid.grab();
+        QCOMPARE(grid.model()->rowCount(), many);
+
+        // What was not seen yet shows what is stored when it is seen; what was seen is kept.
+        Recordset behind = database_.OpenRecordset(u"SELECT * FROM tc01 WHERE [序号] = 1 OR [序号] = 50000"_s);
+        for (; !behind.Eof(); behind.MoveNext()) {
+            behind.Edit();
+            behind.Fields(u"编号"_s).SetValue(u"new"_s);
+            behind.Update();
+        }
+        QCOMPARE(grid.cellText(49'999, 1), u"new"_s);
+        QCOMPARE(grid.cellText(0, 1), u"a1"_s);
+
+        data_->moveToRow(many - 1);
+        QVERIFY(grid.visualRect(grid.currentIndex()).intersects(grid.viewport()->rect()));
+        QCOMPARE(grid.cellText(many - 1, 0), QString::number(many));
+    }
+
+  private:
+    std::unique_ptr<QTemporaryDir> folder_;
+    QString path_;
+    Database database_;
+    std::unique_ptr<DataControl> data_;
+};
+
+const Registered<TestDataControl> registered;
+
+}  // namespace
+
+#include "data_control_test.moc"

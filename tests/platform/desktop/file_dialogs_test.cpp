@@ -1,0 +1,159 @@
+#include "platform/desktop/file_dialogs.h"
+
+#include "../../support/run_all.h"
+#include "platform/desktop/message_box.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QListView>
+#include <QTimer>
+#include <QtTest/QtTest>
+#include <optional>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+void onDialog(const std::function<void(QFileDialog&)>& act) {
+    auto* timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, act] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr) return;
+        timer->deleteLater();
+        act(*dialog);
+    });
+    timer->start(5);
+}
+
+void write(const QString& path) {
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("x");
+}
+
+QStringList shownNames(const QFileDialog& dialog) {
+    const auto* list = dialog.findChild<QListView*>(u"listView"_s);
+    QStringList names;
+    for (int i = 0; i < list->model()->rowCount(list->rootIndex()); ++i)
+        names.append(list->model()->index(i, 0, list->rootIndex()).data().toString());
+    names.sort();
+    return names;
+}
+
+/// The widget's own accept is protected; the name box stands for the user's Enter.
+void typeName(QFileDialog& dialog, const QString& name) {
+    auto* box = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
+    box->setText(name);
+    QTest::keyClick(box, Qt::Key_Return);
+}
+
+class TestFileDialogs : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void cleanup() {
+        answerFileDialogsWith({});
+        answerBoxesWith({});
+    }
+
+    void openingShowsFilesOfEitherCase() {
+        const QTemporaryDir folder;
+        for (const auto& name : {u"a.jpg"_s, u"B.JPG"_s, u"c.Bmp"_s, u"d.txt"_s}) write(folder.filePath(name));
+        QStringList names;
+        QStringList filters;
+        QString chosen;
+        onDialog([&](QFileDialog& dialog) {
+            QTRY_COMPARE(shownNames(dialog).size(), 2);
+            names = shownNames(dialog);
+            filters = dialog.nameFilters();
+            chosen = dialog.selectedNameFilter();
+            QVERIFY(dialog.testOption(QFileDialog::DontUseNativeDialog));
+            typeName(dialog, u"B.JPG"_s);
+        });
+        const QString path = askOpenFile(nullptr, u"打开"_s, u"JPG文件|*.jpg|BMP文件|*.bmp"_s, folder.path());
+        QCOMPARE(names, (QStringList{u"B.JPG"_s, u"a.jpg"_s}));
+        QCOMPARE(filters, (QStringList{u"JPG文件 (*.jpg)"_s, u"BMP文件 (*.bmp)"_s}));
+        QCOMPARE(chosen, filters.first());
+        QCOMPARE(path, folder.filePath(u"B.JPG"_s));
+    }
+
+    void cancellingGivesNoPath() {
+        onDialog([](QFileDialog& dialog) { dialog.reject(); });
+        QVERIFY(askOpenFile(nullptr, u"打开"_s, u"JPG文件|*.jpg"_s).isEmpty());
+    }
+
+    void savingAddsTheSuffixOfTheChosenFilter_data() {
+        QTest::addColumn<QString>("filter");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("saved");
+        QTest::newRow("first filter") << QString() << u"海"_s << u"海.bmp"_s;
+        QTest::newRow("second filter") << u"JPG文件 (*.jpg)"_s << u"海"_s << u"海.jpg"_s;
+        QTest::newRow("typed") << QString() << u"海.jpeg"_s << u"海.jpeg"_s;
+    }
+
+    void savingAddsTheSuffixOfTheChosenFilter() {
+        QFETCH(const QString, filter);
+        QFETCH(const QString, typed);
+        QFETCH(const QString, saved);
+        const QTemporaryDir folder;
+        onDialog([&](QFileDialog& dialog) {
+            if (!filter.isEmpty()) {
+                dialog.selectNameFilter(filter);
+                Q_EMIT dialog.filterSelected(filter);
+            }
+            typeName(dialog, typed);
+        });
+        QCOMPARE(askSaveFile(nullptr, u"保存"_s, u"BMP文件|*.bmp|JPG文件|*.jpg"_s, folder.path()),
+                 folder.filePath(saved));
+    }
+
+    void savingAsksBeforeItOverwrites() {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"海.jpg"_s);
+        write(path);
+        for (const bool overwrite : {true, false}) {
+            QStringList asked;
+            answerBoxesWith([&](const BoxText& box) {
+                asked.append(box.text);
+                return overwrite;
+            });
+            onDialog([&](QFileDialog& dialog) {
+                typeName(dialog, u"海"_s);
+                if (dialog.isVisible()) dialog.reject();
+            });
+            QCOMPARE(askSaveFile(nullptr, u"保存"_s, u"JPG文件|*.jpg"_s, folder.path()), overwrite ? path : QString());
+            QCOMPARE(asked.size(), 1);
+            QVERIFY(asked.first().contains(path));
+        }
+    }
+
+    void proposalIsTypedIn() {
+        const QTemporaryDir folder;
+        QString proposed;
+        onDialog([&](QFileDialog& dialog) {
+            proposed = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->text();
+            dialog.reject();
+        });
+        askSaveFile(nullptr, u"保存"_s, u"JPG文件|*.jpg"_s, folder.filePath(u"像.jpg"_s));
+        QCOMPARE(proposed, u"像.jpg"_s);
+    }
+
+    void answersOfATestGoBeforeTheDialog() {
+        std::optional<FileQuestion> question;
+        answerFileDialogsWith([&](const FileQuestion& asked) {
+            question = asked;
+            return u"/tmp/x.bmp"_s;
+        });
+        QCOMPARE(askSaveFile(nullptr, u"存"_s, u"BMP文件|*.bmp"_s, u"x"_s), u"/tmp/x.bmp"_s);
+        QVERIFY(question.has_value());
+        QVERIFY(question->saving);
+        QCOMPARE(question->proposal, u"x"_s);
+    }
+};
+
+const Registered<TestFileDialogs> registered;
+
+}  // namespace
+
+#include "file_dialogs_test.moc"

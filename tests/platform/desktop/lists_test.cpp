@@ -1,0 +1,259 @@
+#include "../../support/run_all.h"
+#include "platform/base/error.h"
+#include "platform/desktop/file_lists.h"
+#include "platform/desktop/list_box.h"
+#include "platform/desktop/message_box.h"
+
+#include <QApplication>
+#include <QtTest/QtTest>
+#include <set>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+void write(const QString& path) {
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+}
+
+QStringList texts(const ListBox& list) {
+    QStringList result;
+    for (int i = 0; i < list.ListCount(); ++i) result.append(list.List(i).trimmed());
+    return result;
+}
+
+QPoint centre(const ListBox& list, int index) {
+    return list.visualItemRect(list.item(index)).center();
+}
+
+/// With the events of a real one, through the window.
+void doubleClick(ListBox& list, int index) {
+    QTest::mouseDClick(list.windowHandle(), Qt::LeftButton, {}, list.viewport()->mapTo(&list, centre(list, index)));
+}
+
+class TestLists : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void cleanup() { answerBoxesWith({}); }
+
+    void linesAreToldWhenClickedOrEntered() {
+        ListBox list;
+        list.resize(120, 120);
+        for (const auto& text : {u"a"_s, u"b"_s, u"c"_s}) list.AddItem(text);
+        list.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&list));
+        QList<int> clicked;
+        connect(&list, &ListBox::lineClicked, this, [&](int index) { clicked.append(index); });
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, centre(list, 1));
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, QPoint(60, 110));  // below the lines
+        QCOMPARE(clicked, QList<int>{1});
+        list.setCurrentRow(2);
+        QCOMPARE(clicked.size(), 1);
+        QTest::keyClick(&list, Qt::Key_Return);
+        QCOMPARE(clicked, (QList<int>{1, 2}));
+    }
+
+    void doubleClickIsOneClick() {
+        ListBox list;
+        list.resize(120, 120);
+        list.AddItem(u"a"_s);
+        list.AddItem(u"b"_s);
+        list.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&list));
+        QSignalSpy clicked(&list, &ListBox::lineClicked);
+        QSignalSpy doubled(&list, &QListWidget::itemDoubleClicked);
+        doubleClick(list, 0);
+        QCOMPARE(doubled.size(), 1);
+        QCOMPARE(clicked.size(), 1);
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, centre(list, 1));
+        QCOMPARE(clicked.size(), 2);
+    }
+
+    void linesStandInColumns_data() {
+        QTest::addColumn<int>("columns");
+        QTest::newRow("one") << 1;
+        QTest::newRow("three") << 3;
+        QTest::newRow("five") << 5;
+    }
+
+    void linesStandInColumns() {
+        QFETCH(const int, columns);
+        ListBox list;
+        list.setColumns(columns);
+        list.resize(211, 137);
+        for (int i = 0; i < 12; ++i) list.AddItem(QString::number(i));
+        list.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&list));
+        std::set<int> lefts;
+        const auto measure = [&] {
+            lefts.clear();
+            for (int i = 0; i < 3 * columns; ++i)
+                lefts.insert(list.visualItemRect(list.item(std::min(i * 7, list.count() - 1))).left());
+        };
+        while (list.count() < 7 * columns) list.AddItem(QString::number(list.count()));
+        QTRY_VERIFY((measure(), static_cast<int>(lefts.size()) >= columns));
+        const QRect first = list.visualItemRect(list.item(0));
+        QVERIFY(columns == 1 || std::abs(first.width() - list.viewport()->width() / columns) <= 1);
+        list.resize(331, 137);
+        QTRY_VERIFY(columns == 1 ||
+                    std::abs(list.visualItemRect(list.item(0)).width() - list.viewport()->width() / columns) <= 1);
+    }
+
+    void filesAreMatchedWithoutCaseAndSortedAsPeopleSort() {
+        const QTemporaryDir folder;
+        for (const auto& name : {u"10.jpg"_s, u"2.JPG"_s, u"1.Bmp"_s, u"x.txt"_s, u"b20.jpg"_s, u"B3.jpg"_s})
+            write(folder.filePath(name));
+        QDir(folder.path()).mkdir(u"folder.jpg"_s);
+        FileList list;
+        list.setPattern(u"*.jpg;*.bmp"_s);
+        list.setPath(folder.path());
+        QCOMPARE(texts(list), (QStringList{u"1.Bmp"_s, u"2.JPG"_s, u"10.jpg"_s, u"B3.jpg"_s, u"b20.jpg"_s}));
+        list.setPattern(u"*.TXT"_s);
+        QCOMPARE(texts(list), QStringList{u"x.txt"_s});
+    }
+
+    void selectionOfFilesIsToldOnceAChange() {
+        const QTemporaryDir folder;
+        for (int i = 1; i <= 5; ++i) write(folder.filePath(u"%1.jpg"_s.arg(i)));
+        FileList list;
+        list.setPattern(u"*.jpg"_s);
+        list.resize(200, 200);
+        QSignalSpy paths(&list, &FileList::pathChanged);
+        list.setPath(folder.path());
+        list.setPath(folder.path() + u"/"_s);
+        QCOMPARE(paths.size(), 1);
+        list.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&list));
+
+        QSignalSpy selection(&list, &FileList::selectionClicked);
+        QVERIFY(list.FileName().isEmpty());
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, centre(list, 1));
+        QCOMPARE(list.FileName(), u"2.jpg"_s);
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ShiftModifier, centre(list, 3));
+        QCOMPARE(selection.size(), 2);
+        QVERIFY(!list.Selected(0) && list.Selected(1) && list.Selected(2) && list.Selected(3) && !list.Selected(4));
+        list.setSelected(4, true);
+        QCOMPARE(selection.size(), 3);
+        list.selectAllEntries(true);
+        QCOMPARE(selection.size(), 4);
+        QVERIFY(list.Selected(0));
+        list.selectAllEntries(false);
+        QCOMPARE(selection.size(), 5);
+        list.selectAllEntries(true);
+        list.setPattern(u"*.jpg;*.bmp"_s);
+        QCOMPARE(selection.size(), 6);
+        QVERIFY(!list.Selected(0));
+        QVERIFY(!list.Selected(99));
+    }
+
+    void dirListShowsTheWayAndTheFolders() {
+        const QTemporaryDir folder;
+        QDir dir(folder.path());
+        for (const auto& name : {u"f10"_s, u"f2"_s, u".hidden"_s}) dir.mkdir(name);
+        write(folder.filePath(u"file"_s));
+        DirList list;
+        list.setPath(folder.path());
+        const QStringList lines = texts(list);
+        QCOMPARE(lines.first(), QDir::rootPath());
+        QCOMPARE(lines.mid(lines.size() - 3), (QStringList{dir.dirName(), u"f2"_s, u"f10"_s}));
+        QCOMPARE(list.item(list.count() - 1)->data(Qt::UserRole).toString(), folder.filePath(u"f10"_s));
+        QCOMPARE(list.item(list.count() - 1)->toolTip(), folder.filePath(u"f10"_s));
+        QCOMPARE(list.currentItem()->data(Qt::UserRole).toString(), folder.path());
+    }
+
+    void dirListIsEnteredByDoubleClickAndEnter() {
+        const QTemporaryDir folder;
+        QDir(folder.path()).mkpath(u"a/b"_s);
+        DirList list;
+        list.resize(300, 400);
+        list.setPath(folder.path());
+        list.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&list));
+        QSignalSpy changed(&list, &DirList::changed);
+        QSignalSpy clicked(&list, &DirList::clickedLine);
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, centre(list, list.count() - 1));
+        QCOMPARE(clicked.size(), 1);
+        QCOMPARE(list.Path(), folder.path());
+        QTest::keyClick(&list, Qt::Key_Return);
+        QCOMPARE(list.Path(), folder.filePath(u"a"_s));
+        doubleClick(list, list.count() - 1);
+        QCOMPARE(list.Path(), folder.filePath(u"a/b"_s));
+        QCOMPARE(changed.size(), 2);
+        doubleClick(list, 0);
+        QCOMPARE(list.Path(), QDir::rootPath());
+    }
+
+    void folderThatCannotBeReadChangesNothing() {
+        const QTemporaryDir folder;
+        DirList list;
+        list.setPath(folder.path());
+        const QStringList before = texts(list);
+        QSignalSpy changed(&list, &DirList::changed);
+        try {
+            list.setPath(folder.filePath(u"none"_s));
+            QFAIL("a missing folder was entered");
+        } catch (const Error& error) {
+            QVERIFY(error.text().contains(folder.filePath(u"none"_s)));
+        }
+        QCOMPARE(texts(list), before);
+        QCOMPARE(list.Path(), folder.path());
+        QCOMPARE(changed.size(), 0);
+    }
+
+    void refreshKeepsThePathOrFallsBack() {
+        const QTemporaryDir folder;
+        QDir dir(folder.path());
+        dir.mkpath(u"a/b"_s);
+        DirList list;
+        list.setPath(folder.filePath(u"a/b"_s));
+        QSignalSpy changed(&list, &DirList::changed);
+        dir.mkpath(u"a/b/new"_s);
+        list.refresh();
+        QCOMPARE(texts(list).last(), u"new"_s);
+        QCOMPARE(changed.size(), 0);
+        QVERIFY(QDir(folder.filePath(u"a"_s)).removeRecursively());
+        list.refresh();
+        QCOMPARE(list.Path(), folder.path());
+        QCOMPARE(changed.size(), 1);
+    }
+
+    void driveListFollowsAFolderListAcrossPlaces() {
+        DriveList drives;
+        const QString home = QDir::homePath();
+        QVERIFY(drives.findText(u"/"_s) >= 0);
+        QVERIFY(drives.findText(home) >= 0);
+        drives.setDrive(home);
+        QSignalSpy changed(&drives, &DriveList::changed);
+        drives.setDrive(home + u"/deeper"_s);
+        QCOMPARE(changed.size(), 0);
+        drives.setDrive(u"/usr/share"_s);
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(drives.currentText(), u"/"_s);
+        QCOMPARE(drives.Drive(), u"/usr/share"_s);
+        drives.setCurrentIndex(drives.findText(home));
+        QCOMPARE(changed.size(), 2);
+        QCOMPARE(drives.Drive(), home);
+    }
+
+    void largeFolderIsListedAtOnce() {
+        const QTemporaryDir folder;
+        for (int i = 0; i < 5000; ++i) write(folder.filePath(u"%1.jpg"_s.arg(i)));
+        FileList list;
+        list.setPattern(u"*.jpg"_s);
+        QElapsedTimer timer;
+        timer.start();
+        list.setPath(folder.path());
+        list.selectAllEntries(true);
+        QCOMPARE(list.ListCount(), 5000);
+        QCOMPARE(list.List(4999), u"4999.jpg"_s);
+        QVERIFY2(timer.elapsed() < 2000, "5,000 files took two seconds");
+    }
+};
+
+const Registered<TestLists> registered;
+
+}  // namespace
+
+#include "lists_test.moc"

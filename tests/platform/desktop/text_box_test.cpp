@@ -1,0 +1,108 @@
+#include "platform/desktop/text_box.h"
+
+#include "../../support/run_all.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class TestTextBox : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void focusIsToldWithinTheProgram() {
+        QWidget form;
+        auto* first = new TextBox(&form);
+        auto* second = new TextBox(&form);
+        second->move(0, 40);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        second->setFocus();
+        QSignalSpy got(first, &TextBox::gotFocus);
+        QSignalSpy lost(first, &TextBox::lostFocus);
+        first->setFocus();
+        QCOMPARE(got.size(), 1);
+        second->setFocus();
+        QCOMPARE(lost.size(), 1);
+    }
+
+    void anotherWindowInFrontIsNoLoss() {
+        QWidget form;
+        auto* box = new TextBox(&form);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        box->setFocus();
+        QVERIFY(box->hasFocus());
+        QSignalSpy got(box, &TextBox::gotFocus);
+        QSignalSpy lost(box, &TextBox::lostFocus);
+        {
+            QDialog dialog(&form);
+            dialog.setModal(true);
+            dialog.show();
+            dialog.activateWindow();
+            QTRY_VERIFY(!box->hasFocus());
+        }
+        form.activateWindow();
+        QTRY_VERIFY(box->hasFocus());
+        QCOMPARE(lost.size(), 0);
+        QCOMPARE(got.size(), 0);
+    }
+
+    void enterIsTold() {
+        TextBox box;
+        QSignalSpy enter(&box, &TextBox::enterPressed);
+        QTest::keyClick(&box, Qt::Key_Return);
+        QTest::keyClick(&box, Qt::Key_Enter);
+        QTest::keyClick(&box, Qt::Key_A);
+        QCOMPARE(enter.size(), 2);
+        QCOMPARE(box.text(), u"a"_s);
+    }
+
+    void lockedBoxTakesTheFocusButNoTyping() {
+        QWidget form;
+        auto* box = new TextBox(&form);
+        box->setText(u"12"_s);
+        box->setLocked(true);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        QSignalSpy clicked(box, &TextBox::clicked);
+        QTest::mouseClick(box, Qt::LeftButton);
+        QVERIFY(box->hasFocus());
+        QTest::keyClick(box, Qt::Key_3);
+        QCOMPARE(box->text(), u"12"_s);
+        QVERIFY(box->isLocked());
+        QCOMPARE(clicked.size(), 1);
+        QTest::mousePress(box, Qt::LeftButton);
+        QTest::mouseRelease(box, Qt::LeftButton, {}, QPoint(-5, -5));
+        QCOMPARE(clicked.size(), 1);
+    }
+
+    void captionIsClickedButNeverFocused() {
+        QWidget form;
+        form.resize(120, 80);
+        auto* other = new TextBox(&form);
+        other->setGeometry(0, 50, 100, 20);
+        auto* caption = new CaptionBox(&form);
+        caption->setGeometry(0, 0, 100, 40);
+        caption->setText(u"一二三四五六七八九十一二三四五六七八九十一二三四五六七八九十"_s);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        other->setFocus();
+        QSignalSpy clicked(caption, &CaptionBox::clicked);
+        QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {}, {20, 20});
+        QCOMPARE(clicked.size(), 1);
+        QVERIFY(other->hasFocus());
+        QCOMPARE(caption->property("text").toString().size(), 30);
+        QVERIFY(caption->document()->lineCount() > 1);
+    }
+};
+
+const Registered<TestTextBox> registered;
+
+}  // namespace
+
+#include "text_box_test.moc"
