@@ -53,7 +53,16 @@ QString LongBinaries::createTableSql() {
 }
 
 qint64 LongBinaries::size(qint64 key) {
-    return sqlite3_blob_bytes(opened(key));
+    if (measuredKey_ != key) {
+        measuredSize_ = sqlite3_blob_bytes(openBlob(key, false).get());
+        measuredKey_ = key;
+    }
+    return measuredSize_;
+}
+
+void LongBinaries::release() {
+    open_.reset();
+    measuredKey_ = 0;
 }
 
 QByteArray LongBinaries::read(qint64 key, qint64 offset, qint64 count) {
@@ -63,7 +72,7 @@ QByteArray LongBinaries::read(qint64 key, qint64 offset, qint64 count) {
     if (!bytes.isEmpty()) {
         check(sqlite3_blob_read(opened(key), bytes.data(), static_cast<int>(bytes.size()), static_cast<int>(offset)));
     }
-    if (offset + count >= whole) release();
+    if (offset + count >= whole) open_.reset();
     return bytes;
 }
 
@@ -105,8 +114,7 @@ LongBinaries::Blob LongBinaries::openBlob(qint64 key, bool writable) {
 
 sqlite3_blob* LongBinaries::opened(qint64 key) {
     if (!open_ || openKey_ != key) {
-        if (open_ && sqlite3_blob_reopen(open_.get(), key) != SQLITE_OK) open_.reset();
-        if (!open_) open_ = openBlob(key, false);
+        open_ = openBlob(key, false);
         openKey_ = key;
     }
     return open_.get();

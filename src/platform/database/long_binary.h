@@ -39,9 +39,9 @@ class LongBinaries {
     /// Returns the key of the new value. Called within a change.
     qint64 store(const Spool& value);
 
-    /// The last value read stays open for the next piece. Whoever changes the file closes it first: it would hold on to
-    /// what was there before, and keep other users of the file from writing.
-    void release() { open_.reset(); }
+    /// A value that is being read by pieces stays open until its last one. Whoever changes the file, or leaves the record,
+    /// closes it: it would keep other programs from writing.
+    void release();
 
   private:
     struct Close {
@@ -56,4 +56,6 @@ class LongBinaries {
     Connection& connection_;
     Blob open_;
     qint64 openKey_ = 0;
+    qint64 measuredKey_ = 0;  ///< The value whose size is known, 0 for none.
+    qint64 measuredSize_ = 0;
 };

@@ -1,0 +1,181 @@
+#include "../../support/run_all.h"
+#include "platform/database/field_device.h"
+#include "test_album.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString picture = u"图片"_s;
+
+QByteArray someBytes(qsizetype count, int seed = 1) {
+    QByteArray bytes(count, Qt::Uninitialized);
+    for (qsizetype i = 0; i < count; ++i) bytes[i] = static_cast<char>((i * 31 + i / 251 + seed) & 0xff);
+    return bytes;
+}
+
+QByteArray readInChunks(const Field& field, qint64 chunk = 16384) {
+    QByteArray bytes = field.GetChunk(0, chunk);
+    for (qint64 offset = chunk; offset < field.FieldSize(); offset += chunk) bytes += field.GetChunk(offset, chunk);
+    return bytes;
+}
+
+class LongBinaryTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestAlbum> album_;
+
+    QString keptValues() const { return album_->shell(u"SELECT count(*) FROM long_binary"_s); }
+
+  private Q_SLOTS:
+    void init() { album_ = std::make_unique<TestAlbum>(); }
+
+    void comesBackByteForByte_data() {
+        QTest::addColumn<qsizetype>("length");
+        for (const int length : {1, 16383, 16384, 16385, 32768, 40000, 1 << 20, (1 << 20) + 1, 3000001}) {
+            QTest::addRow("%d", length) << static_cast<qsizetype>(length);
+        }
+    }
+
+    void comesBackByteForByte() {
+        QFETCH(qsizetype, length);
+        const QByteArray bytes = someBytes(length);
+        Recordset set = album_->open(u"tc01"_s);
+        set.AddNew();
+        for (qsizetype at = 0; at < length; at += 16385) set.Fields(picture).AppendChunk(bytes.mid(at, 16385));
+        QCOMPARE(set.Fields(picture).FieldSize(), length);
+        set.Update();
+        set.MoveLast();
+        const Field field = set.Fields(picture);
+        QCOMPARE(field.FieldSize(), length);
+        QCOMPARE(readInChunks(field), bytes);
+        QCOMPARE(field.Value().toBytes(), bytes);
+        QVERIFY(field.GetChunk(length, 16384).isEmpty() && field.GetChunk(length + 1, 1).isEmpty());
+        QCOMPARE(field.GetChunk(length - 1, 16384), bytes.right(1));
+        QVERIFY(fails([&] { field.GetChunk(-1, 1); }));
+    }
+
+    void firstChunkBeginsTheValueAnew() {
+        album_->add(1, u""_s, u"2003-10-01"_s, "old");
+        Recordset set = album_->open(u"tc01"_s);
+        QVERIFY(fails([&] { set.Fields(picture).AppendChunk("x"); }));
+        QVERIFY(fails([&] { set.Fields(u"备注"_s).FieldSize(); }));
+        set.Edit();
+        set.Fields(picture).AppendChunk("ne");
+        set.Fields(picture).AppendChunk("w");
+        QCOMPARE(set.Fields(picture).Value().toBytes(), QByteArray("new"));
+        set.Update();
+        QCOMPARE(set.Fields(picture).Value().toBytes(), QByteArray("new"));
+        QCOMPARE(keptValues(), u"1"_s);
+        set.Edit();
+        set.Fields(picture).SetValue({});
+        set.Update();
+        QVERIFY(set.Fields(picture).isNull() && set.Fields(picture).Value().isNull());
+        QCOMPARE(set.Fields(picture).FieldSize(), 0);
+        QVERIFY(set.Fields(picture).GetChunk(0, 16384).isEmpty());
+        QCOMPARE(keptValues(), u"0"_s);
+    }
+
+    void goesWithItsRow_data() {
+        QTest::addColumn<std::function<void(TestAlbum&)>>("removal");
+        QTest::addColumn<QString>("left");
+        using Removal = std::function<void(TestAlbum&)>;
+        QTest::newRow("record deleted") << Removal([](TestAlbum& album) { album.open(u"tc01"_s).Delete(); }) << u"2"_s;
+        QTest::newRow("statement") << Removal([](TestAlbum& album) {
+            album.database.Execute(u"DELETE FROM [tc01] WHERE 序号 > 1"_s);
+        }) << u"1"_s;
+        QTest::newRow("all rows") << Removal([](TestAlbum& album) { album.database.Execute(u"DELETE FROM tc01"_s); })
+                                  << u"0"_s;
+        QTest::newRow("table dropped") << Removal([](TestAlbum& album) { album.database.Execute(u"DROP TABLE [tc01]"_s); })
+                                       << u"0"_s;
+        QTest::newRow("shell") << Removal([](TestAlbum& album) { album.shell(u"DELETE FROM tc01 WHERE 序号 = 2"_s); })
+                               << u"2"_s;
+        QTest::newRow("shell, to Null")
+            << Removal([](TestAlbum& album) { album.shell(u"UPDATE tc01 SET 图片 = NULL WHERE 序号 < 3"_s); }) << u"1"_s;
+    }
+
+    void goesWithItsRow() {
+        QFETCH(std::function<void(TestAlbum&)>, removal);
+        QFETCH(QString, left);
+        for (int i = 1; i <= 3; ++i) album_->add(i, u""_s, u"2003-10-01"_s, someBytes(50000, i));
+        {
+            const Recordset reading = album_->open(u"tc01"_s);
+            readInChunks(reading.Fields(picture));
+        }
+        removal(*album_);
+        QCOMPARE(keptValues(), left);
+    }
+
+    void openValueIsNotInTheWayOfItsOwnProgram() {
+        album_->add(1, u""_s, u"2003-10-01"_s, someBytes(50000));
+        const Recordset set = album_->open(u"tc01"_s);
+        set.Fields(picture).GetChunk(0, 10);
+        album_->add(2, u""_s, u"2003-10-01"_s, someBytes(60000));
+        QCOMPARE(set.Fields(picture).GetChunk(10, 10), someBytes(50000).mid(10, 10));
+        album_->database.Execute(u"DROP TABLE tc01"_s);
+        QVERIFY(fails([&] { set.Fields(picture).GetChunk(20, 10); }));
+    }
+
+    void stepsAsideForOtherPrograms() {
+        album_->add(1, u""_s, u"2003-10-01"_s, someBytes(50000));
+        const Recordset set = album_->open(u"tc01"_s);
+        readInChunks(set.Fields(picture));
+        QCOMPARE(album_->shell(u"UPDATE tc01 SET 备注 = 'x'"_s), QString());
+    }
+
+    void otherColumnsLeaveThePictureAlone() {
+        album_->add(1, u""_s, u"2003-10-01"_s, someBytes(50000));
+        const QString key = album_->shell(u"SELECT 图片 FROM tc01"_s);
+        Recordset set = album_->open(u"tc01"_s);
+        QCOMPARE(set.Fields(picture).GetChunk(0, 100), someBytes(50000).left(100));
+        set.Edit();
+        set.Fields(u"备注"_s).SetValue(u"x"_s);
+        set.Update();
+        QCOMPARE(set.Fields(picture).GetChunk(100, 16384), someBytes(50000).mid(100, 16384));
+        QCOMPARE(album_->shell(u"SELECT 图片 FROM tc01"_s), key);
+    }
+
+    void copiesByValueBetweenFiles() {
+        album_->add(1, u"q"_s, u"2003-10-01"_s, someBytes(70000));
+        const Database other = createDatabase(album_->folder.filePath(u"other.mdb"_s));
+        other.Execute(u"CREATE TABLE pmtp ([序号] LONG, [图片] LONGBINARY)"_s);
+        Recordset source = album_->open(u"tc01"_s);
+        Recordset target = other.OpenRecordset(u"pmtp"_s);
+        target.AddNew();
+        target.Fields(picture).SetValue(source.Fields(picture).Value());
+        target.Update();
+        source.Delete();
+        target.MoveFirst();
+        QCOMPARE(target.Fields(picture).Value().toBytes(), someBytes(70000));
+    }
+
+    void isReadAsADevice() {
+        album_->add(1, u""_s, u"2003-10-01"_s, someBytes(50000));
+        const Recordset set = album_->open(u"tc01"_s);
+        FieldDevice device(set.Fields(picture));
+        QCOMPARE(device.size(), 50000);
+        QCOMPARE(device.read(20000), someBytes(50000).left(20000));
+        QVERIFY(device.seek(10));
+        QCOMPARE(device.readAll(), someBytes(50000).mid(10));
+        QVERIFY(device.atEnd());
+    }
+
+    void givesFreedSpaceBack() {
+        for (int i = 1; i <= 12; ++i) album_->add(i, u""_s, u"2003-10-01"_s, someBytes(1500000, i));
+        const qint64 full = QFileInfo(album_->path()).size();
+        QVERIFY(full > 18000000);
+        album_->database.Execute(u"DELETE FROM tc01 WHERE 序号 < 12"_s);
+        QTRY_VERIFY_WITH_TIMEOUT(([&] {
+            album_->database.Execute(u"DELETE FROM tc01 WHERE 序号 < 0"_s);  // every change gives back a little more
+            return QFileInfo(album_->path()).size() < full / 2;
+        }()), 5000);
+        QCOMPARE(album_->open(u"tc01"_s).Fields(picture).Value().toBytes(), someBytes(1500000, 12));
+        QCOMPARE(album_->shell(u"PRAGMA integrity_check"_s), u"ok"_s);
+    }
+};
+
+static Registered<LongBinaryTest> registered;
+
+}  // namespace
+
+#include "long_binary_test.moc"

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/base/error.h"
+#include "platform/database/database.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest/QtTest>
+
+#include <functional>
+
+/// A database in a temporary folder with one album table, `tc01`.
+class TestAlbum {
+  public:
+    TestAlbum() : database(createDatabase(path())) { database.Execute(createSql(QStringLiteral("tc01"))); }
+
+    static QString createSql(const QString& table) {
+        return QStringLiteral("CREATE TABLE %1 ([序号] LONG,[编号] TEXT(10),[大小] SINGLE,[规格] TEXT(12),"
+                              "[日期] DATETIME,[图片] LONGBINARY,[备注] TEXT(50))")
+            .arg(table);
+    }
+
+    QString path() const { return folder.filePath(QStringLiteral("lunq.mdb")); }
+    Recordset open(const QString& source) const { return database.OpenRecordset(source); }
+
+    void add(int number, const QString& codes, const QString& date, const QByteArray& picture = {}) const {
+        Recordset set = open(QStringLiteral("tc01"));
+        set.AddNew();
+        set.Fields(QStringLiteral("序号")).SetValue(number);
+        set.Fields(QStringLiteral("编号")).SetValue(codes);
+        set.Fields(QStringLiteral("日期")).SetValue(date);
+        if (!picture.isEmpty()) set.Fields(QStringLiteral("图片")).SetValue(picture);
+        set.Update();
+    }
+
+    /// What the sqlite3 shell answers: the file must make sense to it without this program.
+    QString shell(const QString& sql) const {
+        QProcess process;
+        process.start(QStringLiteral("sqlite3"), {path(), sql});
+        if (!process.waitForFinished()) return process.errorString();
+        return QString::fromUtf8(process.readAllStandardOutput() + process.readAllStandardError()).trimmed();
+    }
+
+    QTemporaryDir folder;
+    Database database;
+};
+
+inline bool fails(const std::function<void()>& step) {
+    return !attempt(step);
+}
+
+/// Text of the failure, empty when there was none.
+inline QString failureOf(const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const Error& error) {
+        return error.text();
+    }
+    return {};
+}
+
+/// The numbers of a set's records in their order, without moving in it.
+inline QList<int> numbersOf(const Recordset& set) {
+    QList<int> numbers;
+    for (int row = 0; row < set.rowCount(); ++row) {
+        const Variant number = set.valuesAt(row).at(0);
+        numbers << (number.isNull() ? -1 : number.toInteger());
+    }
+    return numbers;
+}

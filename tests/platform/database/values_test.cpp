@@ -1,0 +1,145 @@
+#include "../../support/run_all.h"
+#include "test_album.h"
+
+#include <limits>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QDateTime noon(QDate(2003, 10, 1), QTime(12, 30, 5));
+const QDateTime midnight(QDate(2003, 10, 1), QTime(0, 0));
+
+class ValuesTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestAlbum> album_;
+
+    Recordset typed() const { return album_->open(u"typed"_s); }
+
+  private Q_SLOTS:
+    void init() {
+        album_ = std::make_unique<TestAlbum>();
+        album_->database.Execute(u"CREATE TABLE typed (l LONG, i SHORT, b BYTE, s SINGLE, d DOUBLE, y YESNO, "
+                                 "t DATETIME, c TEXT(5), m MEMO, p LONGBINARY)"_s);
+    }
+
+    void keepsWhatIsPutIn_data() {
+        QTest::addColumn<QString>("column");
+        QTest::addColumn<Variant>("given");
+        QTest::addColumn<Variant>("back");
+        QTest::addColumn<QString>("inTheFile");
+        const auto row = [](const char* name, const QString& column, Variant given, Variant back, const QString& file) {
+            QTest::newRow(name) << column << std::move(given) << std::move(back) << file;
+        };
+        row("long from text", u"l"_s, u" 1,234 "_s, 1234, u"1234|integer"_s);
+        row("long rounds half to even", u"l"_s, 2.5, 2, u"2|integer"_s);
+        row("long limit", u"l"_s, 2147483647.0, std::numeric_limits<qint32>::max(), u"2147483647|integer"_s);
+        row("byte", u"b"_s, u"255"_s, 255, u"255|integer"_s);
+        row("single with commas", u"s"_s, u"1,234.567"_s, 1234.567F, u"1234.567|real"_s);
+        row("single, whole", u"s"_s, 12.0F, 12.0F, u"12|integer"_s);
+        row("single, small", u"s"_s, 0.1F, 0.1F, u"0.1|real"_s);
+        row("double", u"d"_s, 0.1, 0.1, u"0.1|real"_s);
+        row("truth", u"y"_s, true, true, u"1|integer"_s);
+        row("truth from text", u"y"_s, u"False"_s, false, u"0|integer"_s);
+        row("truth is never Null", u"y"_s, {}, false, u"0|integer"_s);
+        row("date", u"t"_s, noon, noon, u"2003-10-01 12:30:05|text"_s);
+        row("day", u"t"_s, u"2003年10月1日"_s, midnight, u"2003-10-01 00:00:00|text"_s);
+        row("code of digits", u"c"_s, u"007"_s, u"007"_s, u"007|text"_s);
+        row("longest text", u"c"_s, u"一二三四五"_s, u"一二三四五"_s, u"一二三四五|text"_s);
+        row("number in a text", u"c"_s, 7, u"7"_s, u"7|text"_s);
+        row("empty text", u"c"_s, u""_s, u""_s, u"|text"_s);
+        row("memo of digits", u"m"_s, u"123"_s, u"123"_s, u"123|text"_s);
+        row("memo like a number", u"m"_s, u"1e3"_s, u"1e3"_s, u"1e3|text"_s);
+        row("Null", u"l"_s, {}, {}, u"|null"_s);
+        row("Null date", u"t"_s, {}, {}, u"|null"_s);
+    }
+
+    void keepsWhatIsPutIn() {
+        QFETCH(QString, column);
+        QFETCH(Variant, given);
+        QFETCH(Variant, back);
+        QFETCH(QString, inTheFile);
+        Recordset set = typed();
+        set.AddNew();
+        set.Fields(column).SetValue(given);
+        QCOMPARE(set.Fields(column).Value(), back);
+        set.Update();
+        set.MoveLast();
+        QCOMPARE(set.Fields(column).Value(), back);
+        QCOMPARE(album_->shell(u"SELECT %1, typeof(%1) FROM typed"_s.arg(column)), inTheFile);
+    }
+
+    void refusesWhatDoesNotFit_data() {
+        QTest::addColumn<QString>("column");
+        QTest::addColumn<Variant>("given");
+        QTest::addColumn<QString>("named");
+        const auto row = [](const char* name, const QString& column, Variant given, const QString& named) {
+            QTest::newRow(name) << column << std::move(given) << named;
+        };
+        row("no number", u"l"_s, u"12a"_s, u"12a"_s);
+        row("empty is no number", u"l"_s, u""_s, u"数字"_s);
+        row("32 bits", u"l"_s, u"2147483648"_s, u"2147483648"_s);
+        row("16 bits", u"i"_s, 32768, u"32768"_s);
+        row("byte below", u"b"_s, -1, u"-1"_s);
+        row("single too large", u"s"_s, 1e39, u"过大"_s);
+        row("no truth", u"y"_s, u"maybe"_s, u"maybe"_s);
+        row("no date", u"t"_s, u"2003-02-30"_s, u"2003-02-30"_s);
+        row("number as date", u"t"_s, 37895, u"37895"_s);
+        row("text too long", u"c"_s, u"一二三四五六"_s, u"一二三四五六"_s);
+        row("bytes in a text", u"m"_s, QByteArray("\xff\xd8"), u"文本"_s);
+        row("text in a picture", u"p"_s, u"path"_s, u"path"_s);
+    }
+
+    void refusesWhatDoesNotFit() {
+        QFETCH(QString, column);
+        QFETCH(Variant, given);
+        QFETCH(QString, named);
+        Recordset set = typed();
+        set.AddNew();
+        const QString failure = failureOf([&] { set.Fields(column).SetValue(given); });
+        QVERIFY2(failure.contains(u"“%1”"_s.arg(column)) && failure.contains(named), qPrintable(failure));
+        set.Update();
+        set.MoveLast();
+        QVERIFY(set.Fields(column).Value() == (column == u"y" ? Variant(false) : Variant()));
+    }
+
+    void columnsTellTheirTypes() {
+        const Recordset set = typed();
+        QStringList types;
+        for (int i = 0; i < set.FieldCount(); ++i) {
+            const Field field = set.Fields(i);
+            types << u"%1 %2 %3"_s.arg(field.Name()).arg(static_cast<int>(field.Type())).arg(field.Size());
+        }
+        QCOMPARE(types.join(u", "), u"l 4 4, i 3 2, b 2 1, s 6 4, d 7 8, y 1 1, t 8 8, c 10 5, m 12 0, p 11 0"_s);
+    }
+
+    void foreignContentComesAsItIs() {
+        album_->shell(u"INSERT INTO typed (l, t, s) VALUES (5000000000, 'some day', 'much')"_s);
+        const Recordset set = typed();
+        QCOMPARE(set.Fields(u"l"_s).Value(), Variant(5e9));
+        QCOMPARE(set.Fields(u"t"_s).Value(), Variant(u"some day"_s));
+        QCOMPARE(set.Fields(u"s"_s).Value(), Variant(u"much"_s));
+    }
+
+    void variantsConvert() {
+        QCOMPARE(Variant(1234.567F).toText(), u"1234.567"_s);
+        QCOMPARE(Variant(0.1 + 0.2).toText(), u"0.3"_s);
+        QCOMPARE(Variant(midnight).toText(), u"2003-10-01"_s);
+        QCOMPARE(Variant(noon).toText(), u"2003-10-01 12:30:05"_s);
+        QCOMPARE(Variant(true).toText(), u"True"_s);
+        QCOMPARE(Variant(u"3.5"_s).toInteger(), 4);
+        QCOMPARE(Variant().textOr(u"-"_s), u"-"_s);
+        QCOMPARE(Variant(u"2003/10/1"_s).toDate(), midnight);
+        QVERIFY(Variant(-1).toBool() && !Variant(u"0"_s).toBool());
+        QVERIFY(fails([] { Variant().toText(); }) && fails([] { Variant().toInteger(); }));
+        QVERIFY(fails([] { Variant(3e9).toInteger(); }) && fails([] { Variant(noon).toDouble(); }));
+        QVERIFY(fails([] { Variant(u"x"_s).toBool(); }) && fails([] { Variant(1).toBytes(); }));
+    }
+};
+
+static Registered<ValuesTest> registered;
+
+}  // namespace
+
+#include "values_test.moc"
