@@ -1,9 +1,10 @@
 #include "platform/desktop/look.h"
 
+#include "platform/desktop/look_style.h"
+
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
-#include <QStyleFactory>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -152,7 +153,7 @@ QToolTip { background: #35332f; color: #fbf8f1; border: 1px solid #35332f; paddi
 }  // namespace
 
 void applyLook(QApplication& application) {
-    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setStyle(new LookStyle);
     QApplication::setFont(programFont());
     QApplication::setPalette(programColours());
     application.setStyleSheet(details());

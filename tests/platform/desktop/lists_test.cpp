@@ -239,16 +239,16 @@ class TestLists : public QObject {
 
     void largeFolderIsListedAtOnce() {
         const QTemporaryDir folder;
-        for (int i = 0; i < 5000; ++i) write(folder.filePath(u"%1.jpg"_s.arg(i)));
+        for (int i = 0; i < 2000; ++i) write(folder.filePath(u"%1.jpg"_s.arg(i)));
         FileList list;
         list.setPattern(u"*.jpg"_s);
         QElapsedTimer timer;
         timer.start();
         list.setPath(folder.path());
         list.selectAllEntries(true);
-        QCOMPARE(list.ListCount(), 5000);
-        QCOMPARE(list.List(4999), u"4999.jpg"_s);
-        QVERIFY2(timer.elapsed() < 2000, "5,000 files took two seconds");
+        QCOMPARE(list.ListCount(), 2000);
+        QCOMPARE(list.List(1999), u"1999.jpg"_s);
+        QVERIFY2(timer.elapsed() < 1000, "2,000 files took a second");
     }
 };
 

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QProxyStyle>
+
+/// The style of the program: Fusion, with signs of its own in message boxes and folder lists that stay sharp on any
+/// screen.
+class LookStyle : public QProxyStyle {
+    Q_OBJECT
+
+  public:
+    LookStyle();
+
+    QIcon standardIcon(StandardPixmap sign, const QStyleOption* option, const QWidget* widget) const override;
+    QPixmap standardPixmap(StandardPixmap sign, const QStyleOption* option, const QWidget* widget) const override;
+};
