@@ -1,0 +1,86 @@
+#include "platform/base/files.h"
+
+#include "../../support/run_all.h"
+#include "platform/base/error.h"
+#include "platform/base/processes.h"
+#include "platform/base/twips.h"
+
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QString failureOf(const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const Error& error) {
+        return error.text();
+    }
+    return {};
+}
+
+class FilesTest : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir folder_;
+
+  private Q_SLOTS:
+    void filesAndFoldersComeAndGo() {
+        const QString folder = joinedPath(folder_.path(), u"相册"_s);
+        MkDir(folder);
+        const QString path = joinedPath(folder, u"图 1.jpg"_s);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("12345") == 5);
+        file.close();
+        QVERIFY(folderExists(folder) && !folderExists(path) && fileExists(path) && !fileExists(folder));
+        QCOMPARE(FileLen(path), 5);
+        QCOMPARE(FileDateTime(path).time().msec(), 0);
+        QVERIFY(std::abs(FileDateTime(path).secsTo(QDateTime::currentDateTime())) < 60);
+        QVERIFY(failureOf([&] { MkDir(folder); }).contains(folder));
+        QVERIFY(failureOf([&] { RmDir(folder); }).contains(folder));
+        Kill(path);
+        RmDir(folder);
+        QVERIFY(!folderExists(folder));
+        for (const auto& step : std::vector<std::function<void()>>{[&] { FileLen(path); }, [&] { FileDateTime(path); },
+                                                                   [&] { Kill(path); }, [&] { MkDir(path); }}) {
+            QVERIFY(failureOf(step).contains(path));
+        }
+    }
+
+    void pathsAreJoinedWithOneSeparator() {
+        QCOMPARE(joinedPath(u"/a"_s, u"b"_s), u"/a/b"_s);
+        QCOMPARE(joinedPath(u"/"_s, u"b"_s), u"/b"_s);
+        setProgramFolder(folder_.path());
+        QCOMPARE(programFolder(), folder_.path());
+        setProgramFolder({});
+        QCOMPARE(programFolder(), QCoreApplication::applicationDirPath());
+    }
+
+    void programsAreFoundAndStarted() {
+        const QString shell = findProgram({u"no-such-program"_s, u"sh"_s});
+        QVERIFY(shell.endsWith(u"/sh"));
+        const QString made = folder_.filePath(u"made"_s);
+        Shell(shell, {u"-c"_s, u"touch '%1'"_s.arg(made)});
+        QTRY_VERIFY(fileExists(made));
+        QVERIFY(findProgram({u"no-such-program"_s}).isEmpty());
+        QVERIFY(failureOf([] { Shell(u"no-such-program"_s); }).contains(u"no-such-program"));
+    }
+
+    void twipsBecomePixels() {
+        QCOMPARE(pixelsFromTwips(22), 1);
+        QCOMPARE(pixelsFromTwips(23), 2);
+        QCOMPARE(roundHalfEven(0.5), 0);
+        QCOMPARE(roundHalfEven(1.5), 2);
+        QCOMPARE(roundHalfEven(-2.5), -2);
+        QCOMPARE(twipsFromPixels(-3), -45);
+        // Neighbours that touch in twips touch in pixels.
+        QCOMPARE(rectFromTwips(8, 0, 22, 15).right() + 1, rectFromTwips(30, 0, 22, 15).left());
+    }
+};
+
+static Registered<FilesTest> registered;
+
+}  // namespace
+
+#include "files_test.moc"
