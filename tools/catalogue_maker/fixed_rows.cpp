@@ -1,0 +1,81 @@
+#include "catalogue/album_rules.h"
+#include "catalogue_maker/chapters.h"
+#include "drawing/album_art.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+struct Scheme {
+    QString name;
+    QColor window, outerFrame, fill, innerFrame;
+};
+
+/// Calm grounds on which dark texts read well; the frame takes the darker tones of the same hue.
+std::vector<Scheme> schemes() {
+    const Scheme plain{u"默认"_s, QColor(238, 241, 244), QColor(140, 163, 181), QColor(220, 229, 236),
+                       QColor(51, 71, 91)};
+    Scheme own = plain;
+    own.name = u"自定义"_s;
+    return {plain,
+            {u"青瓷"_s, QColor(235, 243, 239), QColor(134, 175, 162), QColor(207, 227, 220), QColor(47, 107, 94)},
+            {u"暖沙"_s, QColor(247, 241, 231), QColor(196, 167, 126), QColor(236, 223, 201), QColor(138, 98, 56)},
+            {u"藕荷"_s, QColor(245, 239, 244), QColor(183, 153, 180), QColor(229, 214, 227), QColor(111, 75, 115)},
+            {u"黛蓝"_s, QColor(222, 230, 240), QColor(111, 136, 168), QColor(187, 203, 223), QColor(34, 64, 107)},
+            own};
+}
+
+/// Blue, green, red from the high byte down.
+QString colourText(const QColor& colour) {
+    const int value = colour.blue() << 16 | colour.green() << 8 | colour.red();
+    return u"&H00%1&"_s.arg(QString::number(value, 16).toUpper().rightJustified(6, u'0'));
+}
+
+}  // namespace
+
+void fillSelectionButtons(const Database& database, Workshop& workshop) {
+    const std::vector<std::pair<QString, QString>> buttons{
+        {u"v"_s, u"全部图片"_s}, {u"1"_s, u"山水"_s}, {u"2"_s, u"天空"_s}, {u"3"_s, u"花木"_s},
+        {u"4"_s, u"图案"_s},     {u"5"_s, u"夜景"_s}, {u"6"_s, u"生灵"_s}};
+    qint32 number = 0;
+    for (const auto& [code, name] : buttons)
+        addRow(database, u"tcan"_s,
+               {{u"序号"_s, ++number},
+                {u"编号"_s, code},
+                {u"名称"_s, name},
+                {u"图册"_s, demoTable},
+                {u"图片"_s, workshop.bitmap(selectionButton(code.at(0)))}});
+}
+
+void fillColourSchemes(const Database& database, Workshop& workshop) {
+    int number = 0;
+    for (const Scheme& scheme : schemes())
+        addRow(
+            database, u"tcys"_s,
+            {{u"序号"_s, QString::number(number++)},
+             {u"方案名"_s, scheme.name},
+             {u"窗体"_s, colourText(scheme.window)},
+             {u"外框"_s, colourText(scheme.outerFrame)},
+             {u"填充"_s, colourText(scheme.fill)},
+             {u"内框"_s, colourText(scheme.innerFrame)},
+             {u"主窗口"_s,
+              workshop.jpeg(windowPreview({scheme.window, scheme.outerFrame, scheme.fill, scheme.innerFrame}), 92)}});
+}
+
+void fillSettings(const Database& database, Workshop& workshop) {
+    addRow(database, u"tctb"_s, {{u"文件名"_s, u"ks"_s}, {u"图片"_s, workshop.bitmap(bookCorner())}});
+    addRow(database, u"tctb"_s, {{u"文件名"_s, u"sy"_s}, {u"图片"_s, workshop.bitmap(turnedPageCorner())}});
+    addRow(database, u"tcsz"_s,
+           {{u"当前像册"_s, QString()},
+            {u"显示标签"_s, true},
+            {u"全屏显示"_s, false},
+            {u"像册标题"_s, u"览忆集苑"_s},
+            {u"颜色"_s, u"0"_s},
+            {u"幻灯延时"_s, 500},
+            {u"幻灯循环"_s, true},
+            {u"帮助"_s, manualText()},
+            {u"封面"_s, workshop.jpeg(albumCover({1600, 1200}))},
+            {u"备份路径"_s, QString()},
+            {u"处理工具条"_s, true},
+            {u"处理提示"_s, true}});
+}

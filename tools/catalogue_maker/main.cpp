@@ -1,0 +1,50 @@
+#include "catalogue/fixed_tables.h"
+#include "catalogue_maker/chapters.h"
+#include "platform/base/error.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <cstdio>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+void makeCatalogue(const QString& path) {
+    const Database database = createDatabase(path);
+    Workshop workshop;
+    Transaction transaction(database);
+    createFixedTables(database);
+    fillDemonstrationAlbum(database, workshop);
+    fillSelectionButtons(database, workshop);
+    fillColourSchemes(database, workshop);
+    fillSettings(database, workshop);
+    fillHelpContents(database);
+    transaction.commit();
+}
+
+}  // namespace
+
+/// make_catalogue FILE: makes the catalogue that the program is shipped with. Refuses to touch a file that is there.
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    if (argc != 2) {
+        std::fputs("usage: make_catalogue FILE\n", stderr);
+        return 2;
+    }
+    const QString target = QFile::decodeName(argv[1]);
+    if (QFile::exists(target)) {
+        std::fprintf(stderr, "%s is there already and stays as it is.\n", argv[1]);
+        return 1;
+    }
+    const QString unfinished = target + u".part"_s;
+    QFile::remove(unfinished);
+    try {
+        makeCatalogue(unfinished);
+    } catch (const Error& error) {
+        std::fprintf(stderr, "make_catalogue: %s\n", qUtf8Printable(error.text()));
+        return 1;
+    }
+    return QFile::rename(unfinished, target) ? 0 : 1;
+}

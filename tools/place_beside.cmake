@@ -1,0 +1,13 @@
+# cmake -DCATALOGUE=… -DCURSOR=… -DFOLDER=… -P place_beside.cmake
+# Puts the catalogue and the cursor where the program looks for them. A lunq.mdb that is there holds somebody's pictures:
+# it stays untouched, whatever it is. The copy gets its name only when it is whole.
+file(MAKE_DIRECTORY "${FOLDER}")
+file(COPY_FILE "${CURSOR}" "${FOLDER}/s1.ico" ONLY_IF_DIFFERENT)
+if(NOT EXISTS "${FOLDER}/lunq.mdb" AND NOT IS_SYMLINK "${FOLDER}/lunq.mdb")
+  file(COPY_FILE "${CATALOGUE}" "${FOLDER}/lunq.mdb.part")
+  file(RENAME "${FOLDER}/lunq.mdb.part" "${FOLDER}/lunq.mdb" NO_REPLACE RESULT refused)
+  if(refused AND NOT refused STREQUAL "NO_REPLACE")
+    message(FATAL_ERROR "lunq.mdb could not be put into ${FOLDER}: ${refused}")
+  endif()
+  message(STATUS "A fresh lunq.mdb stands beside the program")
+endif()
