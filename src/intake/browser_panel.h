@@ -5,15 +5,12 @@
 #include "intake/shared_controls.h"
 
 #include <QObject>
-
 #include <functional>
 
 class CaptionBox;
 class DirList;
 class DriveList;
 class FileList;
-class QLabel;
-class QPushButton;
 class Surface;
 class TextBox;
 
@@ -38,18 +35,82 @@ class BrowserPanel : public QObject {
     /// Clears the target choice of the page 图片转存.
     void xzfy();
 
-    Surface* picMl() const;
-    DriveList* drv1() const;
-    DirList* dir1() const;
-    FileList* fil1() const;
-    CaptionBox* txtMl() const;
+    Surface* picMl() const { return picMl_; }
+    DriveList* drv1() const { return drv1_; }
+    DirList* dir1() const { return dir1_; }
+    FileList* fil1() const { return fil1_; }
+    CaptionBox* txtMl() const { return txtMl_; }
+
+    /// Puts the panel on a page, in twips, and shows it.
+    void showOn(int page, int left, int top);
+
+    bool isPictureMode() const;  ///< The file list is of pictures, not of databases.
+    void updatePattern();        ///< Lists the files that the mode asks for.
+    QStringList fileNames() const;
+    QList<int> selectedFiles() const;
+    /// Changes the selection while `fileClicked` stays quiet. The echo line is left as it is.
+    void selectQuietly(bool all);
+    void deselectQuietly(int index);
+    void setEcho(const QString& text);  ///< txtMl
+
+    void showFileParts(bool on);   ///< lblB0 and lblB1(0).
+    void showFolderHint(bool on);  ///< lbl7
+    void hideCountLine();
+    void showCountLine();  ///< lblGy, for a list that is not empty.
 
     /// Asked for the mode and for whether files may be picked; the pages answer. Not set: `pictureFiles`, false.
     std::function<BrowseMode()> mode;
+    std::function<bool()> filesMayBePicked;
 
   Q_SIGNALS:
-    void laidOut();        ///< mlcl has run; pages arrange their own controls.
-    void folderChanged();  ///< The folder or the list of files changed: the page checks its choice anew.
-    void fileClicked();    ///< The selection of fil1 changed.
+    void laidOut();  ///< mlcl has run; pages arrange their own controls.
+    void driveChanged();
+    void folderChanged();  ///< Another folder is the present one.
+    void filesListed();    ///< The file list shows another folder: the page checks its choice anew.
+    void fileClicked();    ///< The selection of fil1 changed, not by `selectQuietly`.
+    void confirmed();      ///< cmdMq
     void closed();         ///< cmdMx
+    void targetCleared();  ///< xzfy
+
+  private:
+    BrowseMode modeNow() const;
+    bool onIntakePage() const;
+    void makeLists();
+    void makeLabels();
+    void makeFolderButtons();
+    void placeForMode();
+    void connectLists();
+
+    void drv1Change();
+    void dir1Change();
+    void dir1Click();
+    void fil1PathChange();
+    void fil1Click();
+    void txtMlChange();
+    void cmdMjClick();
+    void cmdMsClick();
+    void makeFolder(const QString& path);
+    void deleteFolder(const QString& path);
+    void endNaming();
+
+    SharedControls& controls_;
+    FormState& state_;
+    HintLine& hints_;
+
+    Surface* picMl_;
+    DriveList* drv1_ = nullptr;
+    DirList* dir1_ = nullptr;
+    FileList* fil1_ = nullptr;
+    CaptionBox* txtMl_ = nullptr;
+    QLabel* lblB0_ = nullptr;
+    QLabel* lblB1First_ = nullptr;   ///< lblB1(0): heading of the files.
+    QLabel* lblB1Second_ = nullptr;  ///< lblB1(1): heading of the folders.
+    QLabel* lblGy_ = nullptr;
+    QLabel* lbl7_ = nullptr;
+    QLabel* lblJm_ = nullptr;
+    TextBox* txtJm_ = nullptr;
+    QPushButton* cmdMj_ = nullptr;
+    QPushButton* cmdMs_ = nullptr;
+    QPushButton* cmdMq_ = nullptr;
+    QPushButton* cmdMx_ = nullptr;
 };

@@ -4,10 +4,10 @@
 #include "intake/shared_controls.h"
 
 #include <QObject>
-
+#include <QPoint>
+#include <array>
 #include <vector>
 
-class QPushButton;
 class TextBox;
 
 /// The buttons cmdBh(0), cmdBh(1) … with the selection codes of an album, which filter the grid by code, and the texts
@@ -32,14 +32,31 @@ class CodeButtons : public QObject {
     /// The grid was filtered by a code ("v": all) whose name is `name`; `total` records remain.
     void filtered(const QString& code, const QString& name, int total);
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
+    struct Code {
+        QString code;
+        QString name;
+    };
+
     void buttonClicked(int index);
     QPushButton* button(int index);
+    void placeButton(int index);
+    void placeText();
+    /// Buttons in a row and the distance between them, narrowed when there are more than the page has rows for.
+    int columns() const;
+    int pitch() const;
+
     SharedControls& controls_;
     FormState& state_;
     std::vector<QPushButton*> cmdBh_;
-    QLabel* lblBx0_;
-    QLabel* lblBx1_;
-    TextBox* txtB0_;
-    int left_ = 5450, top_ = 5415, perRow_ = 13;
+    std::vector<Code> codes_;
+    std::array<QLabel*, 2> lblBx_{};  ///< Of the pages 图片转存 and 图片录入.
+    TextBox* txtB0;
+    QPoint first_{5450, 5415};
+    int perRow_ = 13;
+    QPoint text_{5940, 6165};
+    int textWidth_ = 2660;
 };

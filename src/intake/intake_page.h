@@ -4,10 +4,16 @@
 #include "intake/code_buttons.h"
 #include "intake/form_state.h"
 #include "intake/hint_line.h"
+#include "intake/intake_run.h"
 #include "intake/preview_panel.h"
 #include "intake/shared_controls.h"
 
 #include <QObject>
+#include <array>
+
+class QCheckBox;
+class QGroupBox;
+class QRadioButton;
 
 /// The page 图片录入: album, source, way of adding, files, and the intake run.
 class IntakePage : public QObject {
@@ -24,4 +30,54 @@ class IntakePage : public QObject {
     void albumChosen();
     /// Intake follows the current record while the preview is open on this page.
     void recordChanged();
+
+  private:
+    void makeLabels();
+    void makeGroups();
+    void makeButtons();
+    void connectControls();
+    void raiseControls();
+
+    bool inFront() const;
+    bool fromFiles() const;
+    bool replaces() const;
+    bool filesMayBePicked() const;
+    BrowseMode mode() const;
+
+    void arrange();
+    void listFiles();
+    void optYlClick(int index);
+    void optCzClick();
+    void chooseFilesAnew();
+    void fileClicked();
+    bool refuseUnnumbered();
+    void cmdQxClick();
+    void cmdQ1Click();
+    void undoSource();
+    void undoFiles();
+    void cmdLrClick();
+    void lrtc();
+    IntakeResult runIntake();
+    void reportRun(const IntakeResult& result);
+    void showAlbumCount();
+
+    SharedControls& controls_;
+    FormState& state_;
+    HintLine& hints_;
+    BrowserPanel& browser_;
+    CodeButtons& codeButtons_;
+    PreviewPanel& preview_;
+
+    QGroupBox* fraLy_ = nullptr;
+    QGroupBox* fraFs_ = nullptr;
+    std::array<QRadioButton*, 2> optYl_{};
+    std::array<QRadioButton*, 2> optCz_{};
+    QCheckBox* chkZd_ = nullptr;
+    QPushButton* cmdLr_ = nullptr;
+    QPushButton* cmdQx_ = nullptr;
+    QPushButton* cmdQ1_ = nullptr;
+    QLabel* lblMk_ = nullptr;
+    QLabel* lblJl_ = nullptr;
+    std::array<QLabel*, 4> infoLines_{};  ///< lbl11 to lbl14.
+    DataControl* datLr_ = nullptr;
 };

@@ -4,13 +4,13 @@
 #include "intake/shared_controls.h"
 
 #include <QObject>
-
+#include <QSize>
 #include <functional>
+#include <map>
 
 class ImageBox;
 class QCheckBox;
 class QGroupBox;
-class QPushButton;
 class ShapeBox;
 
 /// The panel fraCk by which every page looks at a picture: of the current record, of a file, or of a selection button;
@@ -49,4 +49,41 @@ class PreviewPanel : public QObject {
 
   Q_SIGNALS:
     void closed();
+
+  private:
+    void makeControls();
+    void placeParts();
+    void placeSideColumn(int left);
+    void setFrameColour(const QColor& colour);
+    void centreLabels();
+    void enlargeOrReturn();
+
+    QString readRecord();
+    QString readFile();
+    QString recordCaption() const;
+
+    void cmdAzClick();
+    void loadFile(const QString& path);
+    void cmdAqClick();
+    void storeForButton();
+    void storeInRecord();
+
+    QSize pictureSize() const;  ///< HiMetric.
+    bool onEditingPage() const;
+
+    SharedControls& controls_;
+    FormState& state_;
+    std::map<int, QPushButton*> openers_;
+
+    QGroupBox* fraCk_;
+    ShapeBox* shpWj_ = nullptr;
+    ImageBox* imgWj_ = nullptr;
+    QLabel* lblC1_ = nullptr;
+    QLabel* lblWj_ = nullptr;
+    QCheckBox* chkCk_ = nullptr;
+    QPushButton* cmdAz_ = nullptr;
+    QPushButton* cmdAq_ = nullptr;
+    QPushButton* cmdCg_ = nullptr;
+    QLabel* label6_ = nullptr;
+    QLabel* lblZp_ = nullptr;
 };

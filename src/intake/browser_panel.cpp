@@ -1,0 +1,344 @@
+#include "intake/browser_panel.h"
+
+#include "platform/base/error.h"
+#include "platform/base/files.h"
+#include "platform/desktop/file_lists.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/placing.h"
+#include "platform/desktop/surface.h"
+#include "platform/desktop/tab_control.h"
+#include "platform/desktop/text_box.h"
+
+#include <QDir>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QStandardPaths>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int intakeTab = 1, transferTab = 3;
+const QString picturePattern = u"*.jpg;*.bmp"_s;
+const QString databasePattern = u"*.mdb"_s;
+
+QLabel* makeLabel(QWidget* parent, const QString& name, const QString& text, int left, int top, int width, int height) {
+    auto* label = make<QLabel>(parent, name, text);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    place(label, left, top, width, height);
+    return label;
+}
+
+QPushButton* makeButton(QWidget* parent, const QString& name, const QString& caption, int left, int top, int width) {
+    auto* button = make<QPushButton>(parent, name, caption);
+    place(button, left, top, width, 345);
+    return button;
+}
+
+}  // namespace
+
+BrowserPanel::BrowserPanel(SharedControls& controls, FormState& state, HintLine& hints)
+    : controls_(controls),
+      state_(state),
+      hints_(hints),
+      picMl_(make<Surface>(controls.sstFz->page(intakeTab), u"picMl"_s)) {
+    picMl_->setAutoFillBackground(true);
+    controls_.sstFz->putOn(intakeTab, picMl_, 150, 750, 4935, 5925);
+    picMl_->hide();
+    makeLists();
+    makeLabels();
+    makeFolderButtons();
+    connectLists();
+    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    if (!attempt([&] { dir1_->setPath(pictures); })) attempt([&] { dir1_->setPath(QDir::homePath()); });
+    state_.currentFolder = dir1_->Path();
+}
+
+void BrowserPanel::makeLists() {
+    drv1_ = make<DriveList>(picMl_, u"drv1"_s);
+    place(drv1_, 405, 45, 2535, 345);
+    dir1_ = make<DirList>(picMl_, u"dir1"_s);
+    fil1_ = make<FileList>(picMl_, u"fil1"_s);
+    txtMl_ = make<CaptionBox>(picMl_, u"txtMl"_s);
+    txtMl_->setFrameShape(QFrame::StyledPanel);
+}
+
+void BrowserPanel::makeLabels() {
+    lblB1Second_ = makeLabel(picMl_, u"lblB1(1)"_s, {}, 3090, 30, 1770, 435);
+    lblB0_ = makeLabel(picMl_, u"lblB0"_s, u"▼"_s, 555, 3075, 240, 285);
+    lblB1First_ = makeLabel(picMl_, u"lblB1(0)"_s, {}, 405, 3075, 2535, 285);
+    lblB1First_->stackUnder(lblB0_);
+    lblGy_ = makeLabel(picMl_, u"lblGy"_s, {}, 3090, 2820, 1770, 480);
+    lblGy_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    lblGy_->hide();
+    lbl7_ = makeLabel(picMl_, u"lbl7"_s, u"操作提示：在目录列表框中要双击鼠标才能选中"_s, 405, 3555, 2565, 480);
+    lbl7_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+}
+
+void BrowserPanel::makeFolderButtons() {
+    cmdMj_ = makeButton(picMl_, u"cmdMj"_s, u"新建文件夹"_s, 3090, 420, 1500);
+    cmdMs_ = makeButton(picMl_, u"cmdMs"_s, u"删除文件夹"_s, 3090, 825, 1500);
+    cmdMq_ = makeButton(picMl_, u"cmdMq"_s, u"确 定"_s, 3090, 1860, 1500);
+    cmdMx_ = makeButton(picMl_, u"cmdMx"_s, u"取 消"_s, 3090, 2265, 1500);
+    cmdMq_->setEnabled(false);
+    lblJm_ = makeLabel(picMl_, u"lblJm"_s, u"文件夹名称："_s, 405, 3120, 1140, 330);
+    txtJm_ = make<TextBox>(picMl_, u"txtJm"_s);
+    place(txtJm_, 1560, 3120, 3255, 330);
+    for (QWidget* part : {static_cast<QWidget*>(lblJm_), static_cast<QWidget*>(txtJm_)}) part->hide();
+}
+
+void BrowserPanel::connectLists() {
+    const auto run = [this](auto slot) { return guarded(controls_.form, [this, slot] { (this->*slot)(); }); };
+    connect(drv1_, &DriveList::changed, this, run(&BrowserPanel::drv1Change));
+    connect(dir1_, &DirList::changed, this, run(&BrowserPanel::dir1Change));
+    connect(dir1_, &DirList::clickedLine, this, run(&BrowserPanel::dir1Click));
+    connect(fil1_, &FileList::pathChanged, this, run(&BrowserPanel::fil1PathChange));
+    connect(fil1_, &FileList::selectionClicked, this, run(&BrowserPanel::fil1Click));
+    // Keys move the selection before the focused entry.
+    connect(fil1_, &FileList::currentRowChanged, this, guarded(controls_.form, [this](int row) {
+                if (row >= 0 && fil1_->Selected(row)) fil1Click();
+            }));
+    connect(txtMl_, &CaptionBox::textChanged, this, run(&BrowserPanel::txtMlChange));
+    connect(cmdMj_, &QPushButton::clicked, this, run(&BrowserPanel::cmdMjClick));
+    connect(txtJm_, &TextBox::enterPressed, this, run(&BrowserPanel::cmdMjClick));
+    connect(cmdMs_, &QPushButton::clicked, this, run(&BrowserPanel::cmdMsClick));
+    connect(cmdMq_, &QPushButton::clicked, this, guarded(controls_.form, [this] { Q_EMIT confirmed(); }));
+    connect(cmdMx_, &QPushButton::clicked, this, run(&BrowserPanel::cmdMxClick));
+}
+
+BrowseMode BrowserPanel::modeNow() const {
+    return mode ? mode() : BrowseMode::pictureFiles;
+}
+
+bool BrowserPanel::onIntakePage() const {
+    return modeNow() == BrowseMode::pictureFiles || modeNow() == BrowseMode::sourceDatabase;
+}
+
+bool BrowserPanel::isPictureMode() const {
+    return modeNow() == BrowseMode::pictureFiles || modeNow() == BrowseMode::targetFolder;
+}
+
+void BrowserPanel::updatePattern() {
+    const QString& pattern = isPictureMode() ? picturePattern : databasePattern;
+    if (fil1_->Pattern() != pattern) fil1_->setPattern(pattern);
+}
+
+void BrowserPanel::showOn(int page, int left, int top) {
+    controls_.sstFz->putOn(page, picMl_, left, top);
+    picMl_->show();
+    picMl_->raise();
+}
+
+// Lays the panel out for the mode at hand.
+void BrowserPanel::mlcl() {
+    const BrowseMode now = modeNow();
+    const bool folders = now == BrowseMode::targetFolder;
+    for (QPushButton* button : {cmdMj_, cmdMs_, cmdMq_, cmdMx_}) button->setVisible(folders);
+    showFileParts(now == BrowseMode::pictureFiles);
+    fil1_->setVisible(!folders);
+    lbl7_->setVisible(!onIntakePage());
+    txtMl_->setVisible(isPictureMode());
+    setEcho({});
+    placeForMode();
+    fil1_->setEnabled(!onIntakePage() || (filesMayBePicked && filesMayBePicked()));
+    updatePattern();
+    selectQuietly(false);
+    lblB1Second_->setText(u"      请选择确定图片"_s + (onIntakePage() ? u"来源路径"_s : u"保存路径"_s));
+    lblB1First_->setText(now == BrowseMode::pictureFiles ? u"        请选择文件"_s
+                         : onIntakePage()                ? u"      请设置来源数据表"_s
+                                                         : u"      请设置目标数据表"_s);
+    Q_EMIT laidOut();
+}
+
+void BrowserPanel::placeForMode() {
+    if (modeNow() == BrowseMode::pictureFiles) {
+        place(dir1_, 405, 420, 2535, 2610);
+        place(fil1_, 405, 3390, 2565, 1710);
+    } else {
+        place(dir1_, 405, 420, 2535, 2190);
+        place(fil1_, 405, 2650, 2565, 450);
+    }
+    if (onIntakePage())
+        place(txtMl_, 400, 5145, 3495, 555);
+    else
+        place(txtMl_, 400, 2650, 4410, 345);
+}
+
+QStringList BrowserPanel::fileNames() const {
+    QStringList names;
+    for (int i = 0; i < fil1_->ListCount(); ++i) names << fil1_->List(i);
+    return names;
+}
+
+QList<int> BrowserPanel::selectedFiles() const {
+    QList<int> places;
+    for (int i = 0; i < fil1_->ListCount(); ++i)
+        if (fil1_->Selected(i)) places << i;
+    return places;
+}
+
+void BrowserPanel::selectQuietly(bool all) {
+    txtMl_->setEnabled(false);
+    fil1_->selectAllEntries(all);
+    state_.selectedFileCount = all ? fil1_->ListCount() : 0;
+    txtMl_->setEnabled(true);
+}
+
+void BrowserPanel::deselectQuietly(int index) {
+    txtMl_->setEnabled(false);
+    fil1_->setSelected(index, false);
+    txtMl_->setEnabled(true);
+}
+
+void BrowserPanel::setEcho(const QString& text) {
+    txtMl_->setToolTip(text);
+    if (txtMl_->text() != text) txtMl_->setText(text);
+}
+
+void BrowserPanel::showFileParts(bool on) {
+    lblB0_->setVisible(on);
+    lblB1First_->setVisible(on);
+}
+
+void BrowserPanel::showFolderHint(bool on) {
+    lbl7_->setVisible(on);
+}
+
+void BrowserPanel::hideCountLine() {
+    lblGy_->hide();
+}
+
+void BrowserPanel::showCountLine() {
+    lblGy_->setText(u"该文件夹（目录）共有图片%1张"_s.arg(fil1_->ListCount()));
+    lblGy_->setVisible(fil1_->ListCount() > 0);
+}
+
+void BrowserPanel::drv1Change() {
+    Q_EMIT driveChanged();
+    if (!attempt([&] { dir1_->setPath(drv1_->Drive()); })) {
+        // A place that cannot be entered leaves everything as it was.
+        const QSignalBlocker silence(drv1_);
+        attempt([&] { drv1_->setDrive(dir1_->Path()); });
+    }
+    fil1_->setPath(dir1_->Path());
+    state_.currentFolder = fil1_->Path();
+}
+
+void BrowserPanel::dir1Change() {
+    fil1_->setPath(dir1_->Path());
+    fil1_->setEnabled(!onIntakePage() || (filesMayBePicked && filesMayBePicked()));
+    state_.currentFolder = dir1_->Path();
+    updatePattern();
+    if (onIntakePage()) {
+        state_.pickedFilePath.clear();
+        setEcho({});
+    } else {
+        setEcho(dir1_->Path());
+        endNaming();
+    }
+    Q_EMIT folderChanged();
+}
+
+void BrowserPanel::dir1Click() {
+    state_.currentFolder = dir1_->Path();
+    updatePattern();
+    if (!onIntakePage()) setEcho(dir1_->Path());
+}
+
+void BrowserPanel::fil1PathChange() {
+    {
+        const QSignalBlocker silence(drv1_);
+        attempt([&] { drv1_->setDrive(fil1_->Path()); });
+    }
+    attempt([&] { dir1_->setPath(fil1_->Path()); });
+    Q_EMIT filesListed();
+}
+
+void BrowserPanel::fil1Click() {
+    state_.pickedFilePath = joinedPath(state_.currentFolder, fil1_->FileName());
+    state_.selectedFileCount = static_cast<int>(selectedFiles().size());
+    if (txtMl_->isEnabled()) Q_EMIT fileClicked();
+}
+
+void BrowserPanel::txtMlChange() {
+    cmdMq_->setEnabled(!txtMl_->text().isEmpty());
+    if (!txtMl_->text().isEmpty()) state_.intakeStep = 3;
+}
+
+void BrowserPanel::cmdMjClick() {
+    if (cmdMj_->text() == u"新建文件夹"_s) {
+        lblJm_->show();
+        txtJm_->show();
+        txtJm_->setFocus();
+        cmdMj_->setText(u"新建确定"_s);
+        cmdMs_->setText(u"新建撤消"_s);
+        hints_.czts(10);
+        state_.intakeStep = 5;
+        return;
+    }
+    if (txtJm_->text().isEmpty()) {
+        say(controls_.form, u"请填写文件夹名称！"_s);
+        txtJm_->setFocus();
+        return;
+    }
+    makeFolder(joinedPath(txtMl_->text(), txtJm_->text()));
+    endNaming();
+    hints_.czts(4);
+}
+
+void BrowserPanel::makeFolder(const QString& path) {
+    if (folderExists(path)) {
+        say(controls_.form, u"[%1]文件夹已存在，不能建立！"_s.arg(path));
+        return;
+    }
+    if (!ask(controls_.form, u"如果确认建立[%1]文件夹，\n\n请按“确定”按钮；否则按“取消”。"_s.arg(path))) return;
+    MkDir(path);
+    dir1_->refresh();
+    cmdMj_->setText(u"新建文件夹"_s);
+    say(controls_.form, u"[%1]文件夹已建立！"_s.arg(path));
+}
+
+void BrowserPanel::cmdMsClick() {
+    if (cmdMs_->text() == u"删除文件夹"_s) {
+        deleteFolder(txtMl_->text());
+        return;
+    }
+    endNaming();
+    hints_.czts(4);
+}
+
+void BrowserPanel::deleteFolder(const QString& path) {
+    const bool deleted = ask(controls_.form, u"如果要删除[%1]文件夹，\n\n   请按“确定”；否则按“取消”。"_s.arg(path),
+                             BoxIcon::question, u"删除文件夹确认"_s) &&
+                         attempt([&] { RmDir(path); });
+    if (!deleted) {
+        say(controls_.form, u"不能删除此文件夹（目录），可能其中有文件。"_s);
+        return;
+    }
+    say(controls_.form, u"[%1]文件夹（目录）已删除。"_s.arg(path));
+    dir1_->refresh();
+}
+
+void BrowserPanel::endNaming() {
+    txtJm_->clear();
+    txtJm_->hide();
+    lblJm_->hide();
+    cmdMj_->setText(u"新建文件夹"_s);
+    cmdMs_->setText(u"删除文件夹"_s);
+}
+
+// Closes the panel.
+void BrowserPanel::cmdMxClick() {
+    picMl_->hide();
+    xzfy();
+    state_.pageFree = true;
+    state_.intakeStep = 3;
+    Q_EMIT closed();
+}
+
+// Clears the target choice.
+void BrowserPanel::xzfy() {
+    Q_EMIT targetCleared();
+}

@@ -1,0 +1,263 @@
+#include "intake/intake_page.h"
+
+#include "catalogue/album_rules.h"
+#include "catalogue/mektp.h"
+#include "intake/intake_texts.h"
+#include "intake/option_buttons.h"
+#include "platform/desktop/data_control.h"
+#include "platform/desktop/file_lists.h"
+#include "platform/desktop/grid.h"
+#include "platform/desktop/list_box.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/placing.h"
+#include "platform/desktop/surface.h"
+#include "platform/desktop/tab_control.h"
+#include "platform/desktop/text_box.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+constexpr int intakeTab = 1;
+constexpr int recordButtonLeft = 8250;
+constexpr int columnLeft = 3240, columnWidth = 1770;  ///< Right column beside the lists of folders and files.
+constexpr int buttonLeft = 3960, buttonWidth = 1050, buttonHeight = 345;
+}  // namespace
+
+IntakePage::IntakePage(SharedControls& controls, FormState& state, HintLine& hints, BrowserPanel& browser,
+                       CodeButtons& codeButtons, PreviewPanel& preview)
+    : controls_(controls),
+      state_(state),
+      hints_(hints),
+      browser_(browser),
+      codeButtons_(codeButtons),
+      preview_(preview) {
+    makeLabels();
+    makeGroups();
+    makeButtons();
+    datLr_ = make<DataControl>(controls_.sstFz->page(intakeTab), u"datLr"_s);
+    datLr_->useDatabase(mekTp::catalogue);
+    datLr_->hide();
+    connectControls();
+}
+
+void IntakePage::makeLabels() {
+    const auto make1 = [this](const QString& name, int left, int top, int width, int height) {
+        auto* label = make<QLabel>(controls_.sstFz->page(intakeTab), name);
+        label->setTextFormat(Qt::PlainText);
+        controls_.sstFz->putOn(intakeTab, label, left, top, width, height);
+        return label;
+    };
+    lblMk_ = make1(u"lblMk"_s, 5750, 735, 2400, 240);
+    lblMk_->setText(u"目 标 数 据 库 表"_s);
+    lblJl_ = make1(u"lblJl"_s, 5200, 4890, 4080, 240);
+    infoLines_ = {make1(u"lbl11"_s, 5200, 5175, 1440, 225), make1(u"lbl12"_s, 555, 6420, 2250, 240),
+                  make1(u"lbl13"_s, 2820, 6420, 1020, 240), make1(u"lbl14"_s, 3855, 6420, 1155, 240)};
+}
+
+void IntakePage::makeGroups() {
+    const auto makeGroup = [this](const QString& name, const QString& caption, int top) {
+        auto* group = make<QGroupBox>(controls_.sstFz->page(intakeTab), name, caption);
+        controls_.sstFz->putOn(intakeTab, group, columnLeft, top, columnWidth, 1005);
+        return group;
+    };
+    const auto makeOptions = [](QGroupBox* group, const QString& name, std::array<QString, 2> captions) {
+        std::array<QRadioButton*, 2> options{};
+        for (int i = 0; i < 2; ++i) {
+            auto& option = options[static_cast<std::size_t>(i)];
+            option = make<QRadioButton>(group, element(name, i), captions[static_cast<std::size_t>(i)]);
+            place(option, 240, 285 + i * 330, 1350, 300);
+        }
+        return options;
+    };
+    fraLy_ = makeGroup(u"fraLy"_s, u"图片来源"_s, 1290);
+    optYl_ = makeOptions(fraLy_, u"optYl"_s, {u"从文件"_s, u"数据库"_s});
+    fraFs_ = makeGroup(u"fraFs"_s, u"添加方式"_s, 2370);
+    optCz_ = makeOptions(fraFs_, u"optCz"_s, {u"替换"_s, u"追加"_s});
+    fraLy_->setEnabled(false);
+    fraFs_->setEnabled(false);
+    optYl_[1]->setEnabled(false);
+    optYl_[1]->setToolTip(u"数据库录入尚未提供"_s);
+}
+
+void IntakePage::makeButtons() {
+    TabControl* sstFz = controls_.sstFz;
+    QWidget* page = sstFz->page(intakeTab);
+    chkZd_ = make<QCheckBox>(page, u"chkZd"_s, u"自动补足"_s);
+    chkZd_->setChecked(true);
+    chkZd_->setToolTip(u"同时填入编号、大小、规格和日期"_s);
+    sstFz->putOn(intakeTab, chkZd_, buttonLeft, 4005, buttonWidth, 300);
+    cmdQx_ = make<QPushButton>(page, u"cmdQx"_s, u"选择全部"_s);
+    cmdLr_ = make<QPushButton>(page, u"cmdLr"_s, u"录入图册"_s);
+    cmdQ1_ = make<QPushButton>(page, u"cmdQ1"_s, u"撤 消"_s);
+    int top = 4440;
+    for (QPushButton* button : {cmdQx_, preview_.makeOpener(1, page), cmdLr_, cmdQ1_}) {
+        sstFz->putOn(intakeTab, button, buttonLeft, top, buttonWidth, buttonHeight);
+        button->setEnabled(false);
+        top += 465;
+    }
+    sstFz->putOn(intakeTab, preview_.makeOpener(0, page), recordButtonLeft, 990, 1030, buttonHeight);
+}
+
+void IntakePage::connectControls() {
+    const auto run = [this](auto slot) { return guarded(controls_.form, [this, slot] { (this->*slot)(); }); };
+    browser_.mode = [this] { return mode(); };
+    browser_.filesMayBePicked = [this] { return filesMayBePicked(); };
+    connect(&browser_, &BrowserPanel::laidOut, this, run(&IntakePage::arrange));
+    connect(&browser_, &BrowserPanel::driveChanged, this, [this] {
+        if (inFront()) cmdQx_->setEnabled(fromFiles());
+    });
+    connect(&browser_, &BrowserPanel::filesListed, this, run(&IntakePage::listFiles));
+    connect(&browser_, &BrowserPanel::folderChanged, this, run(&IntakePage::chooseFilesAnew));
+    connect(&browser_, &BrowserPanel::fileClicked, this, run(&IntakePage::fileClicked));
+    for (int i = 0; i < 2; ++i) {
+        const auto index = static_cast<std::size_t>(i);
+        connect(optYl_[index], &QRadioButton::clicked, this, guarded(controls_.form, [this, i] { optYlClick(i); }));
+        connect(optCz_[index], &QRadioButton::clicked, this, run(&IntakePage::optCzClick));
+    }
+    connect(cmdQx_, &QPushButton::clicked, this, run(&IntakePage::cmdQxClick));
+    connect(cmdLr_, &QPushButton::clicked, this, run(&IntakePage::cmdLrClick));
+    connect(cmdQ1_, &QPushButton::clicked, this, run(&IntakePage::cmdQ1Click));
+    connect(&codeButtons_, &CodeButtons::filtered, this, [this](const QString& code, const QString& name, int total) {
+        lblJl_->setText(u"编号=["_s + code + u"]("_s + name + u") 共有"_s + QString::number(total) + u"张"_s);
+    });
+}
+
+bool IntakePage::inFront() const {
+    return controls_.sstFz->currentIndex() == intakeTab;
+}
+
+bool IntakePage::fromFiles() const {
+    return optYl_[0]->isChecked();
+}
+
+bool IntakePage::replaces() const {
+    return optCz_[0]->isChecked();
+}
+
+bool IntakePage::filesMayBePicked() const {
+    return (optYl_[0]->isChecked() || optYl_[1]->isChecked()) && (optCz_[0]->isChecked() || optCz_[1]->isChecked());
+}
+
+BrowseMode IntakePage::mode() const {
+    return fromFiles() ? BrowseMode::pictureFiles : BrowseMode::sourceDatabase;
+}
+
+void IntakePage::enter() {
+    browser_.mlcl();
+    state_.currentFolder = browser_.dir1()->Path();
+    infoLines_[0]->clear();
+    hints_.czts(1);
+    controls_.sstFz->putOn(intakeTab, cmdQ1_, buttonLeft, topOf(cmdLr_) + TabControl::stripHeight + 465);
+    controls_.sstFz->putOn(intakeTab, preview_.cmdCk(0), recordButtonLeft, 990);
+    browser_.showOn(intakeTab, 150, 750);
+    raiseControls();
+    lblJl_->setText(controls_.cboBm->count() > 0 ? u"请先在上边选择接受图片的图册"_s : u"请先在中“图册设置”建立图册"_s);
+    controls_.sstFz->putOn(intakeTab, lblMk_, 5750, 735);
+}
+
+/// The panel of folders and files covers the ground on which the page's own controls stand.
+void IntakePage::raiseControls() {
+    for (QWidget* control :
+         {static_cast<QWidget*>(fraLy_), static_cast<QWidget*>(fraFs_), static_cast<QWidget*>(chkZd_),
+          static_cast<QWidget*>(cmdQx_), static_cast<QWidget*>(preview_.cmdCk(1)), static_cast<QWidget*>(cmdLr_),
+          static_cast<QWidget*>(cmdQ1_), static_cast<QWidget*>(infoLines_[1]), static_cast<QWidget*>(infoLines_[2]),
+          static_cast<QWidget*>(infoLines_[3])})
+        control->raise();
+}
+
+void IntakePage::albumChosen() {
+    state_.sourceTable.clear();
+    state_.targetDatabasePath = mekTp::cataloguePath();
+    state_.targetTable = state_.albumTable;
+    codeButtons_.moveTo(5450, 5415, 13);
+    codeButtons_.bhan();
+    codeButtons_.moveText(5940, 6165, 2660);
+    infoLines_[0]->setText(u"目标表："_s + state_.targetTable);
+    showAlbumCount();
+    state_.intakeStep = 0;
+    const bool demo = controls_.cboBm->currentText().startsWith(demoTable);
+    fraLy_->setEnabled(!demo);
+    if (!demo) return;
+    fraFs_->setEnabled(false);
+    cmdLr_->setEnabled(false);
+    say(controls_.form, u"该表只做演示用，不能录入或编辑！"_s);
+}
+
+void IntakePage::showAlbumCount() {
+    lblJl_->setText(recordCountLine(controls_.cboBm->currentText(), controls_.datBj->total()));
+}
+
+void IntakePage::recordChanged() {
+    if (!inFront() || !preview_.isOpen()) return;
+    state_.previewMark = u"s"_s;
+    preview_.chkCkClick();
+}
+
+void IntakePage::arrange() {
+    const bool files = inFront() && fromFiles();
+    for (std::size_t i = 1; i < infoLines_.size(); ++i) infoLines_[i]->clear();
+    for (QLabel* line : infoLines_) line->setVisible(inFront());
+    for (QWidget* part : {static_cast<QWidget*>(fraLy_), static_cast<QWidget*>(fraFs_), static_cast<QWidget*>(cmdQ1_)})
+        part->setVisible(inFront());
+    for (QWidget* part : {static_cast<QWidget*>(chkZd_), static_cast<QWidget*>(cmdQx_), static_cast<QWidget*>(cmdLr_),
+                          static_cast<QWidget*>(preview_.cmdCk(1))})
+        part->setVisible(files);
+    cmdQx_->setText(files ? u"选择全部"_s : u"全部对应"_s);
+    cmdLr_->setText(files ? u"录入图册"_s : u"对应完成"_s);
+    cmdQx_->setEnabled(false);
+    cmdLr_->setEnabled(false);
+    preview_.cmdCk(1)->setEnabled(false);
+}
+
+void IntakePage::listFiles() {
+    if (browser_.fil1()->isEnabled() && browser_.fil1()->ListCount() >= 2)
+        for (QPushButton* button : {cmdQ1_, cmdQx_}) button->setEnabled(true);
+    if (fromFiles())
+        browser_.showCountLine();
+    else
+        browser_.hideCountLine();
+    chooseFilesAnew();
+}
+
+void IntakePage::optYlClick(int index) {
+    browser_.mlcl();
+    cmdQx_->setEnabled(false);
+    browser_.dir1()->setEnabled(true);
+    browser_.drv1()->setEnabled(true);
+    browser_.fil1()->setEnabled(filesMayBePicked());
+    fraFs_->setEnabled(true);
+    cmdQ1_->setEnabled(true);
+    if (index == 1)
+        browser_.hideCountLine();
+    else
+        browser_.showCountLine();
+    state_.intakeStep = optYl_[1]->isChecked() ? 1 : 11;
+}
+
+void IntakePage::optCzClick() {
+    chooseFilesAnew();
+}
+
+/// The way of adding or the folder has changed: the files are to be chosen again.
+void IntakePage::chooseFilesAnew() {
+    if (!inFront()) return;
+    FileList* fil1 = browser_.fil1();
+    fil1->setEnabled(filesMayBePicked());
+    browser_.selectQuietly(false);
+    browser_.setEcho({});
+    cmdLr_->setEnabled(false);
+    preview_.cmdCk(1)->setEnabled(false);
+    cmdQx_->setEnabled(fromFiles() && fil1->ListCount() > 0);
+    if (fromFiles() && replaces()) {
+        const QStringList names = browser_.fileNames();
+        if (!std::all_of(names.begin(), names.end(), zhjy)) cmdQx_->setEnabled(false);
+    }
+    state_.intakeStep = optYl_[1]->isChecked() ? 2 : 12;
+    hints_.czts(11);
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "intake/form_state.h"
+
+#include <QList>
+#include <QStringList>
+#include <functional>
+
+class DataControl;
+
+/// The intake of picture files into an album table.
+
+/// What is to be entered, and how.
+struct IntakeOrder {
+    QString folder;
+    QStringList names;    ///< All files of the list.
+    QList<int> selected;  ///< Indices of those to enter, ascending.
+    bool replace = false;
+    bool fillFields = true;  ///< 自动补足
+};
+
+/// What became of it.
+struct IntakeResult {
+    int count = 0;         ///< Files entered, 0 unless the run came to its end.
+    QStringList entered;   ///< Their pictures are in the album.
+    QStringList notFound;  ///< No record has their number; nothing was done with them.
+    QStringList empty;     ///< Files without a byte: no picture was stored.
+    QString failedFile;    ///< The file at which the run ended early.
+    QString failure;       ///< Why; empty when the run was not ended by a failure.
+    QStringList left;      ///< Files that it did not reach.
+    bool cameToEnd = false;
+};
+
+/// Enters the files of `order` one by one into the table of `datLr` (`state.targetTable` of
+/// `state.targetDatabasePath`); each is durable when its step is done. The first failure ends the run. `progress` hears
+/// the percentage of the list after each file.
+IntakeResult wjlr(DataControl& datLr, const IntakeOrder& order, FormState& state,
+                  const std::function<void(int)>& progress);
+
+/// Stores a file in the column 图片 of the current record. With `mode` "j" a file that ends in "bmp" is first turned
+/// into a JPEG file, in its place. `replace`: the record is edited and updated here; otherwise the caller does it.
+/// Returns the length of the file; 0 when there was nothing to store, the record then stays in `Edit`.
+qint64 bctp(const QString& path, Recordset& recordset, const QString& mode, bool replace);
+
+/// What to say before the closing message: what was not taken in and why; empty when all went well.
+QString intakeReport(const IntakeResult& result);

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// Texts of the intake from files, and the number that a file's name stands for.
+
+/// The line that echoes the selected files: their names, shortened in the middle when they are too wide for it, and
+/// their count.
+QString selectionEcho(const QStringList& names);
+
+/// Hint while files are selected.
+QString selectionHint(int count);
+
+/// What is about to be entered, as the question before the run describes it.
+QString intakeDescription(const QString& focusedFile, bool replace, int count);
+QString intakeQuestion(const QString& album, bool replace, const QString& description);
+
+/// Record count of the album on the page.
+QString recordCountLine(const QString& album, int count);
+
+/// 序号 of the record that a file replaces: the number before the first "." of its name. Throws `Error` that names the
+/// file when it is beyond every 序号.
+int numberOfFile(const QString& name);
+
+/// Names in one line for a message: the first ones, and how many there are when they are many.
+QString someOf(const QStringList& names);

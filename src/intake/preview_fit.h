@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QSize>
+#include <QString>
+
+/// Rules of the preview panel. Picture sizes are in HiMetric, sizes of controls in twips.
+
+/// Size of the image that shows a picture: within the usual box, or in its own size when `ownSize` is on and it is not
+/// larger than the box.
+QSize previewSize(QSize hiMetric, bool ownSize);
+
+/// Whether the own size of a picture can be asked for.
+bool offersOwnSize(QSize hiMetric);
+
+/// "640*480"
+QString pixelsText(QSize hiMetric, const QString& star);
+
+/// Why a picture does not suit a selection button; empty when it does.
+QString buttonPictureWarning(QSize hiMetric);

@@ -1,0 +1,263 @@
+#include "intake/preview_panel.h"
+
+#include "catalogue/picture_field.h"
+#include "intake/preview_fit.h"
+#include "intake/preview_parts.h"
+#include "platform/base/error.h"
+#include "platform/base/files.h"
+#include "platform/desktop/data_control.h"
+#include "platform/desktop/image_box.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/placing.h"
+#include "platform/desktop/shapes.h"
+#include "platform/desktop/tab_control.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QPushButton>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int editingTab = 2;
+constexpr int recordOpener = 2, buttonOpener = 4;
+/// Pictures are decoded for the largest size in which the panel shows them, so that enlarging needs no second look.
+constexpr int largestWidth = 7600, largestHeight = 5700;
+constexpr int smallShapeWidth = 4095, smallShapeHeight = 3090;
+constexpr int enlargedFrom = 5000;  ///< Frames of at least this width are enlarged ones.
+
+struct Opener {
+    QString caption;
+    QRect frame;
+    QString heading;
+    QString mark;
+};
+
+const Opener& openerOf(int index) {
+    static const Opener openers[] = {
+        {u"数库图片"_s, {150, 720, 4935, 5750}, u"查看目标数据库图片"_s, u"s"_s},
+        {u"文件图片"_s, {5100, 720, 4300, 5750}, u"查看源文件图片"_s, u"w"_s},
+        {u"图 片"_s, {280, 3000, 4805, 3480}, {}, u"s"_s},
+        {u"查看图片"_s, {5020, 720, 4300, 5750}, u"查看数据库图片"_s, u"s"_s},
+        {u"图 片"_s, {180, 690, 4290, 5835}, u"按钮图片设置"_s, u"s"_s},
+    };
+    return openers[index];
+}
+
+}  // namespace
+
+PreviewPanel::PreviewPanel(SharedControls& controls, FormState& state)
+    : controls_(controls), state_(state), fraCk_(make<QGroupBox>(controls.sstFz->page(1), u"fraCk"_s)) {
+    fraCk_->setTitle(u"图片查看"_s);
+    fraCk_->setAutoFillBackground(true);
+    fraCk_->hide();
+    makeControls();
+    const auto run = [this](auto slot) { return guarded(controls_.form, [this, slot] { (this->*slot)(); }); };
+    connect(chkCk_, &QCheckBox::clicked, this, run(&PreviewPanel::chkCkClick));
+    connect(imgWj_, &ImageBox::doubleClicked, this, run(&PreviewPanel::enlargeOrReturn));
+    connect(cmdAz_, &QPushButton::clicked, this, run(&PreviewPanel::cmdAzClick));
+    connect(cmdAq_, &QPushButton::clicked, this, run(&PreviewPanel::cmdAqClick));
+    connect(cmdCg_, &QPushButton::clicked, this, run(&PreviewPanel::cmdCgClick));
+}
+
+void PreviewPanel::makeControls() {
+    shpWj_ = make<ShapeBox>(fraCk_, u"shpWj"_s);
+    shpWj_->setBorderColor(QColor(0xc9, 0xc1, 0xb2));
+    imgWj_ = make<ImageBox>(fraCk_, u"imgWj"_s);
+    lblC1_ = make<QLabel>(fraCk_, u"lblC1"_s, u"查 看 图 片"_s);
+    lblWj_ = make<PathLabel>(fraCk_, u"lblWj"_s);
+    chkCk_ = make<NarrowCheckBox>(fraCk_, u"chkCk"_s, u"原大小"_s);
+    cmdAz_ = make<QPushButton>(fraCk_, u"cmdAz"_s, u"加载"_s);
+    cmdAq_ = make<QPushButton>(fraCk_, u"cmdAq"_s, u"确定"_s);
+    cmdCg_ = make<QPushButton>(fraCk_, u"cmdCg"_s, u"关闭"_s);
+    label6_ = make<QLabel>(fraCk_, u"Label6"_s, u"鼠标双击返回原尺寸"_s);
+    lblZp_ = make<QLabel>(controls_.sstFz->page(editingTab), u"lblZp"_s, u"双击图片可放大尺寸显示，再双击返回原尺寸"_s);
+    for (QLabel* label : {lblC1_, lblWj_, label6_, lblZp_}) {
+        label->setTextFormat(Qt::PlainText);
+        label->setAlignment(Qt::AlignCenter);
+    }
+    label6_->setWordWrap(true);
+    place(label6_, 7950, 5250, 1200, 540);
+    label6_->hide();
+    controls_.sstFz->putOn(editingTab, lblZp_, 280, 6495, 4805, 210);
+    lblZp_->hide();
+}
+
+QPushButton* PreviewPanel::makeOpener(int index, QWidget* parent) {
+    auto* button = make<QPushButton>(parent, element(u"cmdCk"_s, index), openerOf(index).caption);
+    openers_[index] = button;
+    connect(button, &QPushButton::clicked, this, guarded(controls_.form, [this, index] { cmdCkClick(index); }));
+    return button;
+}
+
+QPushButton* PreviewPanel::cmdCk(int index) const {
+    const auto found = openers_.find(index);
+    return found == openers_.end() ? nullptr : found->second;
+}
+
+bool PreviewPanel::isOpen() const {
+    return fraCk_->isVisibleTo(fraCk_->parentWidget());
+}
+
+bool PreviewPanel::onEditingPage() const {
+    return controls_.sstFz->currentIndex() == editingTab;
+}
+
+QSize PreviewPanel::pictureSize() const {
+    return {imgWj_->picture().Width(), imgWj_->picture().Height()};
+}
+
+QString PreviewPanel::recordCaption() const {
+    return state_.albumTable + u" 图片： 序号 "_s + (recordNumber ? recordNumber() : QString()) + u" 编号 "_s +
+           (recordCode ? recordCode() : QString());
+}
+
+void PreviewPanel::setCaption(const QString& caption) {
+    fraCk_->setTitle(caption);
+}
+
+void PreviewPanel::setStoreEnabled(bool on) {
+    cmdAq_->setEnabled(on);
+}
+
+void PreviewPanel::cmdCkClick(int index) {
+    if (isOpen() && state_.previewIndex != index) hide();
+    const Opener& opener = openerOf(index);
+    const bool takesIn = index == recordOpener || index == buttonOpener;
+    state_.previewIndex = index;
+    state_.previewMark = opener.mark;
+    state_.newPictureFile = opener.mark == u"w"_s ? state_.pickedFilePath : QString();
+    setCaption(index == recordOpener ? recordCaption() : takesIn ? u"按钮图片设置"_s : u"图片查看"_s);
+    lblC1_->setText(opener.heading);
+    cmdAz_->setEnabled(true);
+    cmdAz_->setVisible(takesIn);
+    cmdAq_->setVisible(takesIn);
+    if (takesIn) cmdAq_->setEnabled(false);
+    lblZp_->setVisible(index == recordOpener);
+
+    const QRect& frame = opener.frame;
+    controls_.sstFz->putOn(controls_.sstFz->currentIndex(), fraCk_, frame.x(), frame.y(), frame.width(),
+                           frame.height());
+    placeParts();
+    fraCk_->show();
+    fraCk_->raise();
+    chkCkClick();
+    if (QPushButton* button = cmdCk(index)) button->setEnabled(false);
+}
+
+void PreviewPanel::placeParts() {
+    label6_->hide();
+    lblC1_->setVisible(state_.previewIndex != recordOpener);
+    lblWj_->setVisible(state_.previewIndex != recordOpener);
+    place(shpWj_, 90, 300, smallShapeWidth, smallShapeHeight);
+    if (state_.previewIndex == recordOpener) {
+        placeSideColumn(4230);
+        setFrameColour(QColor(255, 0, 0));
+    } else {
+        const int width = widthOf(fraCk_), height = heightOf(fraCk_);
+        place(shpWj_, (width - smallShapeWidth) / 2, (height - smallShapeHeight) / 2, smallShapeWidth,
+              smallShapeHeight);
+        place(chkCk_, leftOf(shpWj_) + smallShapeWidth - 860, topOf(shpWj_) + smallShapeHeight + 80, 855, 180);
+        int distance = 3000;
+        for (QPushButton* button : {cmdAz_, cmdAq_, cmdCg_}) {
+            place(button, width - distance, height - 435, 855, 345);
+            distance -= 1000;
+        }
+        centreLabels();
+        setFrameColour(QColor(0, 0, 0));
+    }
+    imgWj_->move(pixelsFromTwips(leftOf(shpWj_) + 45), pixelsFromTwips(topOf(shpWj_) + 45));
+}
+
+void PreviewPanel::placeSideColumn(int left) {
+    place(chkCk_, left + 30, 885, 465, 570);
+    int top = 1700;
+    for (QPushButton* button : {cmdAz_, cmdAq_, cmdCg_}) {
+        place(button, left, top, 525, 525);
+        top += 600;
+    }
+}
+
+void PreviewPanel::centreLabels() {
+    const int width = widthOf(fraCk_);
+    const int own = width - 240;
+    place(lblC1_, (width - own) / 2, 330, own, 270);
+    place(lblWj_, (width - own) / 2, 630, own, 660);
+}
+
+void PreviewPanel::setFrameColour(const QColor& colour) {
+    QPalette colours = fraCk_->palette();
+    colours.setColor(QPalette::WindowText, colour);
+    fraCk_->setPalette(colours);
+    fraCk_->setStyleSheet(u"QGroupBox::title { color: %1; }"_s.arg(colour.name()));
+}
+
+// Loads and fits the picture.
+void PreviewPanel::chkCkClick() {
+    const QString line = state_.previewMark == u"w"_s ? readFile() : readRecord();
+    const QSize size = pictureSize();
+    if (line.isEmpty()) {
+        lblWj_->clear();
+        return;
+    }
+    if (!size.isEmpty()) {
+        const QSize shown = previewSize(size, chkCk_->isChecked());
+        place(imgWj_, leftOf(imgWj_), topOf(imgWj_), shown.width(), shown.height());
+    }
+    lblWj_->setText(line + u"\n规格："_s + pixelsText(size, u"*"_s));
+    lblWj_->setToolTip(line);
+    chkCk_->setEnabled(offersOwnSize(size));
+}
+
+/// Text about the current record after its picture was read; empty when there is no record.
+QString PreviewPanel::readRecord() {
+    if (controls_.datBj->total() == 0) {
+        imgWj_->setPicture({});
+        return {};
+    }
+    Recordset& records = controls_.datBj->Recordset();
+    const QSize target = ImageBox::targetSize(imgWj_, rectFromTwips(0, 0, largestWidth, largestHeight).size());
+    attempt([&] {
+        if (records.Fields(u"图片"_s).isNull())
+            imgWj_->setPicture({});
+        else
+            readPictureField(records, u"图片"_s, *imgWj_, target);
+    });
+    QString line;
+    attempt([&] { line = controls_.cboBm->currentText() + u" 序号："_s + records.Fields(u"序号"_s).Value().textOr(); });
+    return line;
+}
+
+/// Text about the file. The picture stays when the file is none.
+QString PreviewPanel::readFile() {
+    const QSize target = ImageBox::targetSize(imgWj_, rectFromTwips(0, 0, largestWidth, largestHeight).size());
+    attempt([&] { imgWj_->setPicture(LoadPicture(state_.newPictureFile, target)); });
+    return u"图片文件："_s + state_.newPictureFile;
+}
+
+void PreviewPanel::enlargeOrReturn() {
+    if (!onEditingPage()) return;
+    const bool enlarge = widthOf(fraCk_) < enlargedFrom;
+    if (enlarge)
+        controls_.sstFz->putOn(editingTab, fraCk_, 150, 480, 9200, 6180);
+    else
+        controls_.sstFz->putOn(editingTab, fraCk_, 280, 3000, 4805, 3480);
+    place(imgWj_, 135, 345, enlarge ? largestWidth : 4000, enlarge ? largestHeight : 3000);
+    place(shpWj_, 90, 300, enlarge ? 7695 : smallShapeWidth, enlarge ? 5790 : smallShapeHeight);
+    placeSideColumn(enlarge ? 8230 : 4230);
+    label6_->setVisible(enlarge);
+    lblZp_->setVisible(!enlarge);
+    fraCk_->raise();
+}
+
+void PreviewPanel::cmdCgClick() {
+    hide();
+    Q_EMIT closed();
+}
+
+void PreviewPanel::hide() {
+    fraCk_->hide();
+    lblZp_->hide();
+    if (QPushButton* button = cmdCk(state_.previewIndex)) button->setEnabled(true);
+}

@@ -1,0 +1,125 @@
+// The part of the preview panel that takes a new picture in.
+
+#include "catalogue/album_rules.h"
+#include "catalogue/picture_field.h"
+#include "intake/preview_fit.h"
+#include "intake/preview_panel.h"
+#include "platform/base/error.h"
+#include "platform/base/files.h"
+#include "platform/desktop/data_control.h"
+#include "platform/desktop/file_dialogs.h"
+#include "platform/desktop/image_box.h"
+#include "platform/desktop/message_box.h"
+
+#include <QFile>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Scratch picture that the editor may have left behind.
+void removeScratchPicture() {
+    const QString path = joinedPath(programFolder(), u"ls.jpg"_s);
+    if (fileExists(path)) attempt([&] { Kill(path); });
+}
+
+QByteArray piece(QFile& file, qint64 length) {
+    const QByteArray bytes = file.read(length);
+    if (bytes.size() != length) throw Error(u"读文件“%1”时出错。"_s.arg(file.fileName()));
+    return bytes;
+}
+
+/// Puts the bytes of a file into a long-binary field: the remainder first, then whole chunks.
+void appendFile(Field field, QFile& file) {
+    const qint64 length = file.size();
+    if (length % pictureChunk > 0) field.AppendChunk(piece(file, length % pictureChunk));
+    for (qint64 block = 0; block < length / pictureChunk; ++block) field.AppendChunk(piece(file, pictureChunk));
+}
+
+}  // namespace
+
+void PreviewPanel::cmdAzClick() {
+    removeScratchPicture();
+    state_.newPictureFile.clear();
+    cmdAz_->setEnabled(false);
+    const QString path = askOpenFile(controls_.form, u"查找图片文件"_s, u"BMP文件|*.bmp|JPG文件|*.jpg"_s);
+    if (path.isEmpty())
+        cmdCkClick(state_.previewIndex);
+    else
+        loadFile(path);
+    cmdAz_->setEnabled(true);
+}
+
+void PreviewPanel::loadFile(const QString& path) {
+    state_.newPictureFile = path;
+    state_.previewMark = u"w"_s;
+    lblC1_->setText(u"查看加载图片"_s);
+    chkCkClick();
+    const QString size = u"图片规格：\n"_s + pixelsText(pictureSize(), u" * "_s);
+    if (onEditingPage())
+        setCaption(size);
+    else
+        lblWj_->setText(size);
+    const auto& edited = onEditingPage() ? recordBeingEdited : buttonBeingEdited;
+    cmdAq_->setEnabled(edited && edited());
+}
+
+void PreviewPanel::cmdAqClick() {
+    if (state_.previewIndex == 4)
+        storeForButton();
+    else
+        storeInRecord();
+}
+
+void PreviewPanel::storeForButton() {
+    const QString warning = buttonPictureWarning(pictureSize());
+    if (!warning.isEmpty()) {
+        say(controls_.form,
+            u"本图片的尺寸不适合作为按钮图片，("_s + warning +
+                u")\n\n请在本软件“图片处理”或其它软件中调整为100＊75像素后再使用。"_s,
+            BoxIcon::question);
+        cmdAq_->setEnabled(false);
+        return;
+    }
+    const bool agreed = ask(controls_.form, u"如果选择本图片作为按钮图片，\n\n请按“确定”；否则按“取消”。"_s);
+    if (agreed && buttonBeingEdited && buttonBeingEdited() && storeButtonPicture) storeButtonPicture();
+    hide();
+}
+
+void PreviewPanel::storeInRecord() {
+    const QString path = state_.newPictureFile;
+    const Picture picture = LoadPicture(path, QSize(1, 1));
+    Recordset& records = controls_.datBj->Recordset();
+    const QString number = records.Fields(u"序号"_s).Value().textOr();
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) throw Error(u"不能打开文件“%1”。"_s.arg(path));
+    if (file.size() == 0) return;
+
+    // The question comes before the record is touched: nothing is half done while the box waits.
+    const QDateTime date = FileDateTime(path);
+    const bool takeDate =
+        ask(controls_.form, u"  所选图片日期是："_s + Variant(date).toText() + u"\n原有图片的日期是："_s +
+                                records.Fields(u"日期"_s).Value().textOr() +
+                                u"\n\n如果要更改，请按《确定》；否则按《取消》。"_s);
+    records.Edit();
+    try {
+        appendFile(records.Fields(u"图片"_s), file);
+        records.Fields(u"大小"_s).SetValue(kilobytesText(file.size()));
+        records.Fields(u"规格"_s).SetValue(specOfPicture(picture));
+        if (takeDate) records.Fields(u"日期"_s).SetValue(date);
+        records.Update();
+    } catch (...) {
+        attempt([&] { records.CancelUpdate(); });
+        throw;
+    }
+    controls_.datBj->Refresh();
+    controls_.datBj->findFirst(u"序号 = "_s + number);
+    file.close();
+    removeScratchPicture();
+    cmdAq_->setEnabled(false);
+    state_.newPictureFile.clear();
+    hide();
+}
