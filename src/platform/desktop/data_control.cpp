@@ -4,12 +4,36 @@
 
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QPainter>
 #include <QToolButton>
 #include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+/// A triangle that points to one side, with a bar at its tip for the first and the last record.
+QIcon arrow(bool right, bool bar, const QColor& colour) {
+    QIcon icon;
+    for (const int size : {12, 24, 36}) {
+        QPixmap pixmap(size, size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.scale(size / 12.0, size / 12.0);
+        if (!right) {
+            painter.translate(12, 0);
+            painter.scale(-1, 1);
+        }
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colour);
+        painter.drawPolygon(QPolygonF{{3, 1.5}, {9, 6}, {3, 10.5}});
+        if (bar) painter.drawRect(QRectF(9, 1.5, 1.5, 9));
+        painter.end();
+        icon.addPixmap(pixmap);
+    }
+    return icon;
+}
 
 bool isSameFile(const QString& one, const QString& other) {
     return one == other || QFileInfo(one).absoluteFilePath() == QFileInfo(other).absoluteFilePath();
@@ -24,10 +48,12 @@ DataControl::DataControl(QWidget* parent) : QFrame(parent), caption_(new QLabel(
     auto* line = new QHBoxLayout(this);
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(0);
-    const auto addButton = [&](const QString& name, const QString& sign, const QString& toolTip, auto target) {
+    const QColor ink = palette().color(QPalette::ButtonText);
+    const auto addButton = [&](const QString& name, const QIcon& icon, const QString& toolTip, auto target) {
         auto* button = new QToolButton(this);
         button->setObjectName(name);
-        button->setText(sign);
+        button->setIcon(icon);
+        button->setIconSize({12, 12});
         button->setToolTip(toolTip);
         button->setAutoRaise(true);
         button->setFocusPolicy(Qt::NoFocus);
@@ -36,11 +62,11 @@ DataControl::DataControl(QWidget* parent) : QFrame(parent), caption_(new QLabel(
         connect(button, &QToolButton::clicked, this, guarded(this, target));
         line->addWidget(button);
     };
-    addButton(u"first"_s, u"⏮"_s, u"第一条记录"_s, [this] { step(-total()); });
-    addButton(u"previous"_s, u"◀"_s, u"上一条记录"_s, [this] { step(-1); });
+    addButton(u"first"_s, arrow(false, true, ink), u"第一条记录"_s, [this] { step(-total()); });
+    addButton(u"previous"_s, arrow(false, false, ink), u"上一条记录"_s, [this] { step(-1); });
     line->addWidget(caption_, 1);
-    addButton(u"next"_s, u"▶"_s, u"下一条记录"_s, [this] { step(1); });
-    addButton(u"last"_s, u"⏭"_s, u"最后一条记录"_s, [this] { step(total()); });
+    addButton(u"next"_s, arrow(true, false, ink), u"下一条记录"_s, [this] { step(1); });
+    addButton(u"last"_s, arrow(true, true, ink), u"最后一条记录"_s, [this] { step(total()); });
 }
 
 void DataControl::setCaption(const QString& caption) {

@@ -9,6 +9,7 @@
 #include <QSignalBlocker>
 #include <QStorageInfo>
 #include <QStyle>
+#include <QStyledItemDelegate>
 #include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
@@ -96,8 +97,27 @@ void DriveList::showPopup() {
     QComboBox::showPopup();
 }
 
+namespace {
+
+constexpr int depthRole = Qt::UserRole + 1;
+constexpr int indentation = 8;
+
+/// Sets a line in by its depth.
+class IndentingDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        QStyleOptionViewItem shifted = option;
+        shifted.rect.setLeft(option.rect.left() + indentation * index.data(depthRole).toInt());
+        QStyledItemDelegate::paint(painter, shifted, index);
+    }
+};
+
+}  // namespace
+
 DirList::DirList(QWidget* parent) : ListBox(parent) {
     setIconSize({14, 14});
+    setItemDelegate(new IndentingDelegate(this));
     attempt([&] { setPath(QDir::currentPath()); });
     connect(this, &QListWidget::itemDoubleClicked, this, guarded(this, [this](QListWidgetItem* line) { enter(line); }));
     connect(this, &ListBox::lineClicked, this, &DirList::clickedLine);
@@ -146,7 +166,8 @@ void DirList::fill(const QString& path, const QStringList& folders) {
     clear();
     int depth = 0;
     const auto add = [&](const QIcon& icon, const QString& name, const QString& whole) {
-        auto* line = new QListWidgetItem(icon, QString(2 * depth, u' ') + name, this);
+        auto* line = new QListWidgetItem(icon, name, this);
+        line->setData(depthRole, depth);
         line->setData(Qt::UserRole, whole);
         line->setToolTip(whole);
     };
@@ -155,10 +176,22 @@ void DirList::fill(const QString& path, const QStringList& folders) {
         add(open, name.isEmpty() ? ancestor : name, ancestor);
         ++depth;
     }
-    const int own = count() - 1;
+    ownLine_ = count() - 1;
     for (const QString& name : folders) add(closed, name, cleanPath(QDir(path).filePath(name)));
-    setCurrentRow(own);
-    scrollToItem(item(own));
+    setCurrentRow(ownLine_);
+    showWay();
+}
+
+void DirList::showWay() {
+    // From the root, where there is room: the way there, and where it leads on.
+    scrollToTop();
+    scrollToItem(item(std::min(ownLine_ + 3, count() - 1)));
+    scrollToItem(item(ownLine_));
+}
+
+void DirList::resizeEvent(QResizeEvent* event) {
+    ListBox::resizeEvent(event);
+    showWay();
 }
 
 void DirList::enter(const QListWidgetItem* line) {

@@ -50,10 +50,13 @@ class DirList : public ListBox {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void fill(const QString& path, const QStringList& folders);
     void enter(const QListWidgetItem* line);
+    void showWay();
+    int ownLine_ = 0;
     QString path_;
 };
 

@@ -13,7 +13,11 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 constexpr int lineHeight = 20;
-constexpr int cellPadding = 12;
+constexpr int headingPadding = 12;
+constexpr int cellPadding = 16;
+/// So many records tell how wide the contents of a column are; a column grows no wider for them than that.
+constexpr int sampledRows = 20;
+constexpr int widestByContent = 132;
 }  // namespace
 
 Grid::Grid(QWidget* parent) : QTableView(parent), model_(new GridModel(this)) {
@@ -88,21 +92,15 @@ int Grid::wantedWidth(int column) const {
     // A blank counts as half a Chinese character; in a proportional font it would be much narrower.
     const int headingWidth =
         metrics.horizontalAdvance(heading.remove(u' ')) + blanks * metrics.horizontalAdvance(u'中') / 2;
-    int content = 0;
-    switch (model_->typeOf(column)) {
-        case FieldType::integer:
-        case FieldType::longInteger:
-        case FieldType::single:
-        case FieldType::real:
-            content = metrics.horizontalAdvance(u"00000"_s);
-            break;
-        case FieldType::date:
-            content = metrics.horizontalAdvance(u"2000-00-00 00:00:00"_s);
-            break;
-        default:
-            break;
-    }
-    return std::max(headingWidth, content) + cellPadding;
+    return std::max(headingWidth + headingPadding, contentWidth(column) + cellPadding);
+}
+
+int Grid::contentWidth(int column) const {
+    const QFontMetrics metrics = fontMetrics();
+    int width = model_->isNumeric(column) ? metrics.horizontalAdvance(u"00000"_s) : 0;
+    const int rows = std::min(model_->rowCount(), sampledRows);
+    for (int row = 0; row < rows; ++row) width = std::max(width, metrics.horizontalAdvance(cellText(row, column)));
+    return std::min(width, widestByContent);
 }
 
 void Grid::applyWidths() {

@@ -37,6 +37,7 @@ class Grid : public QTableView {
     void follow();
     void applyWidths();
     int wantedWidth(int column) const;
+    int contentWidth(int column) const;
     DataControl* data_ = nullptr;
     GridModel* model_;
     QString format_;

@@ -79,6 +79,10 @@ int GridModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(columns_.size());
 }
 
+bool GridModel::isNumeric(int column) const {
+    return isNumber(columns_[static_cast<size_t>(column)].type);
+}
+
 const std::vector<Variant>& GridModel::values(int row) const {
     if (const auto* kept = rows_.object(row)) return *kept;
     auto fresh = std::make_unique<std::vector<Variant>>();
@@ -103,7 +107,7 @@ QString GridModel::spacedHeading(int column) const {
 Qt::Alignment GridModel::alignment(int column) const {
     const GridHeading* found = heading(column);
     if (found != nullptr && found->alignment) return *found->alignment | Qt::AlignVCenter;
-    return (isNumber(typeOf(column)) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+    return (isNumeric(column) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {

@@ -36,7 +36,7 @@ class GridModel : public QAbstractTableModel {
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
-    FieldType typeOf(int column) const { return columns_[static_cast<size_t>(column)].type; }
+    bool isNumeric(int column) const;
     /// The heading's text with its blanks, or the field's name.
     QString spacedHeading(int column) const;
 

@@ -100,7 +100,10 @@ QListView::item:selected:enabled { background: #1f6f8b; color: #ffffff; }
 QListView::item:selected:!active:enabled { background: #3f849c; color: #ffffff; }
 QTableView { gridline-color: #ebe5da; selection-background-color: #1f6f8b; selection-color: #ffffff; }
 QTableView::item { padding: 0px 3px; border: 0px; }
-QTableView:disabled { background: #f3efe7; color: #9a9488; alternate-background-color: #f0ebe2; }
+QTableView:disabled {
+    background: #f3efe7; color: #9a9488; alternate-background-color: #f0ebe2;
+    selection-background-color: #dcd5c8; selection-color: #6f695e;
+}
 QHeaderView { background: #f1ece3; border: 0px; }
 QHeaderView::section {
     background: #f1ece3; color: #5d574c; border: 0px; border-right: 1px solid #e1dacd;

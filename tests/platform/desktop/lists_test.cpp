@@ -19,7 +19,7 @@ void write(const QString& path) {
 
 QStringList texts(const ListBox& list) {
     QStringList result;
-    for (int i = 0; i < list.ListCount(); ++i) result.append(list.List(i).trimmed());
+    for (int i = 0; i < list.ListCount(); ++i) result.append(list.List(i));
     return result;
 }
 
