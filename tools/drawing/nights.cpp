@@ -189,9 +189,9 @@ QImage rainyWindow(QSize size) {
     wash(painter, image.rect(), {{0, QColor(16, 22, 46)}, {0.55, QColor(40, 36, 70)}, {1, QColor(18, 16, 34)}});
     Dice dice(53);
     painter.setCompositionMode(QPainter::CompositionMode_Screen);
-    for (int i = 0; i < 120; ++i) {
-        const double y = 0.50 + dice.bell() * 0.26;
-        bokeh(painter, {w * dice.unit(), h * y}, w * dice.between(0.012, 0.046),
+    for (int i = 0; i < 105; ++i) {
+        const double y = 0.48 + dice.bell() * 0.52;
+        bokeh(painter, {w * dice.unit(), h * y}, w * dice.between(0.016, 0.066),
               lampColours()[static_cast<std::size_t>(dice.below(6))], dice.between(0.14, 0.55));
     }
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
@@ -200,14 +200,15 @@ QImage rainyWindow(QSize size) {
     painter.begin(&image);
     makeSmooth(painter);
     // Every drop shows the street upside down.
-    for (int i = 0; i < 620; ++i) {
-        const double radius = w * (0.0018 + 0.011 * std::pow(dice.unit(), 5));
+    for (int i = 0; i < 420; ++i) {
+        const double radius = w * (0.0015 + 0.0125 * std::pow(dice.unit(), 7));
         const QPointF at(w * dice.unit(), h * dice.unit());
         QPainterPath drop;
         drop.addEllipse(at, radius, radius * dice.between(1.0, 1.35));
-        if (radius > w * 0.006) {
-            painter.setBrush(QColor(150, 170, 210, 26));
-            painter.drawRoundedRect(QRectF(at.x() - radius * 0.55, 0, radius * 1.1, at.y()), radius, radius);
+        if (radius > w * 0.009) {
+            const double trail = h * dice.between(0.1, 0.4);
+            painter.setBrush(QColor(190, 205, 235, 24));
+            painter.drawRoundedRect(QRectF(at.x() - radius * 0.5, at.y() - trail, radius, trail), radius, radius);
         }
         painter.save();
         painter.setClipPath(drop);

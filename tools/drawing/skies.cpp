@@ -69,7 +69,7 @@ QImage burningClouds(QSize size) {
         const double bank =
             noise.fractal(across * 1.5 + 3, far * 1.9, 6) * 0.7 + streaks.fractal(across * 4, far * 5, 4) * 0.3;
         const double lower = noise.fractal(across * 1.5 + 3, (far + 0.10) * 1.9, 6);
-        const double thick = eased((bank - 0.42) * 5);
+        const double thick = eased((bank - 0.42) * 5) * eased((0.88 - y) * 5);
         const double fire = eased(0.45 + (bank - lower) * 3.6 + (y - 0.4) * 0.7);
         const QColor cloud = mixed(QColor(62, 36, 84), mixed(QColor(232, 66, 70), QColor(255, 190, 104), fire), fire);
         return mixed(sky, cloud, thick * 0.92);
