@@ -1,0 +1,107 @@
+#include "viewer/album_opening.h"
+
+#include "catalogue/album_rules.h"
+#include "catalogue/mektp.h"
+#include "catalogue/picture_field.h"
+#include "platform/base/error.h"
+#include "viewer/filters.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+const QString presetTitle = u"演示"_s;
+
+void writeCurrentAlbum(const QString& album) {
+    Recordset settings = mekTp::catalogue.OpenRecordset(u"tcsz"_s);
+    settings.MoveFirst();
+    settings.Edit();
+    settings.Fields(u"当前像册"_s).SetValue(album);
+    settings.Update();
+}
+}  // namespace
+
+AlbumOpening::AlbumOpening(ViewerState& state, ToolStrip& strip, StatusLine& status, ScreenPanel& screen,
+                           ButtonPanel& buttons, AlbumMenu& menu)
+    : state_(state), strip_(strip), status_(status), screen_(screen), buttons_(buttons), menu_(menu) {}
+
+/// Opens an album: table, selection and buttons. Draws no page.
+void AlbumOpening::dkxc(int index) {
+    const bool isListed = index < menu_.mnuCd.size();
+    state_.albumTitle = index == 0 || !isListed ? presetTitle : menu_.mnuCd[index]->text().replace(u"&&"_s, u"&"_s);
+    uncheckAll();
+    mekTp::currentTable = isListed ? tableAt(index) : demoTable;
+    if (isListed) menu_.mnuCd[index]->setChecked(true);
+    buttons_.rewind();
+    strip_.txtYh->setText(u"0"_s);
+    buttons_.hideCursor();
+    openSelection();
+    buttons_.anxs();
+    buttons_.putCursorOnFirst();
+    menu_.mnuXs->setEnabled(true);
+    menu_.mnuTg->setEnabled(true);
+    strip_.tlb1->setImage(u"dk"_s, u"hs"_s);
+    strip_.tlb1->setToolTip(u"dk"_s, u"关闭像册"_s);
+    writeCurrentAlbum(mekTp::currentTable.mid(2));
+}
+
+// The row in the album's place counts when it bears the title: two albums may be called the same.
+QString AlbumOpening::tableAt(int index) const {
+    Recordset albums = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcbm"_s);
+    if (index < albums.rowCount()) {
+        albums.moveToRow(index);
+        if (albums.Fields(u"标题"_s).Value().textOr() == state_.albumTitle)
+            return albums.Fields(u"表名"_s).Value().toText();
+    }
+    const Recordset titled =
+        mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcbm WHERE 标题 = "_s + quoted(state_.albumTitle));
+    return titled.RecordCount() > 0 ? titled.Fields(u"表名"_s).Value().toText() : demoTable;
+}
+
+void AlbumOpening::uncheckAll() {
+    for (QAction* item : menu_.mnuCd) item->setChecked(false);
+}
+
+void AlbumOpening::openSelection() {
+    Recordset& album = state_.albumRecordset;
+    album = mekTp::catalogue.OpenRecordset(u"SELECT * FROM "_s + mekTp::currentTable + u" ORDER BY [序号]"_s);
+    if (album.RecordCount() > 0) {
+        album.MoveLast();
+        album.MoveFirst();
+    }
+    // Nothing of the album before is left over: paging waits for the first page of this one.
+    state_.selectionCode = allPicturesCode;
+    state_.firstPictureIndex = 0;
+    state_.pictureCount = 0;
+    state_.pageCount = 0;
+    state_.pageStatusText = u"全部"_s;
+    status_.setPanel(
+        2, u"%1(%2) 共 %3 张"_s.arg(state_.albumTitle, mekTp::currentTable, QString::number(album.RecordCount())));
+    status_.setPanel(3, state_.pageStatusText);
+}
+
+void AlbumOpening::openTable(const QString& table) {
+    Recordset albums = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcbm"_s);
+    albums.FindFirst(u"表名 = "_s + quoted(table));
+    dkxc(albums.NoMatch() ? 0 : albums.row());
+}
+
+void AlbumOpening::close() {
+    state_.albumRecordset = {};
+    state_.albumTitle = presetTitle;
+    mekTp::currentTable = demoTable;
+    buttons_.rewind();
+    buttons_.anxs();
+    if (screen_.isViewing()) screen_.endView();
+    screen_.cover();
+    Recordset settings = mekTp::catalogue.OpenRecordset(u"tcsz"_s);
+    settings.MoveFirst();
+    attempt([&] { readPictureField(settings, u"封面"_s, *screen_.img0); });
+    writeCurrentAlbum({});
+    uncheckAll();
+    menu_.mnuXs->setEnabled(false);
+    menu_.mnuTg->setEnabled(false);
+    strip_.tlb1->setImage(u"dk"_s, u"dk"_s);
+    strip_.tlb1->setToolTip(u"dk"_s, u"打开像册"_s);
+    status_.setPanel(2, u"未打开图册"_s);
+    status_.setPanel(3, {});
+}

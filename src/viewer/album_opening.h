@@ -1,0 +1,40 @@
+#pragma once
+
+#include "viewer/button_panel.h"
+
+#include <QAction>
+
+/// Menu items that follow the state of the album.
+struct AlbumMenu {
+    QMenu* mnuDk;
+    QList<QAction*> mnuCd;
+    QAction *mnuTg, *mnuXs;
+};
+
+/// Opening and closing of albums. Writes `当前像册`.
+class AlbumOpening : public QObject {
+  public:
+    AlbumOpening(ViewerState& state, ToolStrip& strip, StatusLine& status, ScreenPanel& screen, ButtonPanel& buttons,
+                 AlbumMenu& menu);
+
+    /// Opens the album at that place of the menu; a place behind the last one stands for the preset album.
+    void dkxc(int index);
+
+    /// Opens the album of a table, or the first one where no album has it.
+    void openTable(const QString& table);
+
+    void close();
+
+  private:
+    QString tableAt(int index) const;
+    void uncheckAll();
+    void openSelection();
+    void storeCurrent();
+
+    ViewerState& state_;
+    ToolStrip& strip_;
+    StatusLine& status_;
+    ScreenPanel& screen_;
+    ButtonPanel& buttons_;
+    AlbumMenu& menu_;
+};

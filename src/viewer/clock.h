@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QColor>
+#include <QDateTime>
+#include <QString>
+
+/// The clock of the status bar and the play of colours of the title box.
+
+/// `2003年10月01日 12:30:00 周三`
+QString clockText(const QDateTime& now);
+
+struct TitleColours {
+    QColor text, ground;
+    bool operator==(const TitleColours& other) const = default;
+};
+
+/// The colours follow the last digit of the seconds, modulo 7.
+TitleColours titleColours(QTime now);
+
+/// A colour scheme's text, decimal or `&H00` with blue, green and red from the high byte down. Throws `Error` for a
+/// number that is no colour.
+QColor colourFromText(const QString& text);

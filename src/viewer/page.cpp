@@ -1,0 +1,163 @@
+#include "viewer/page.h"
+
+#include "catalogue/album_rules.h"
+#include "catalogue/mektp.h"
+#include "catalogue/picture_field.h"
+#include "platform/base/error.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/placing.h"
+#include "viewer/busy_pointer.h"
+#include "viewer/filters.h"
+#include "viewer/tags.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+// The shape of a cell before any picture has told another one.
+constexpr QSize cellShape(4, 3);
+constexpr int mostColumnsWithCaptions = 2;
+const QColor frameColour(0xb9, 0xb1, 0xa3);
+
+// A control that a handler may still be using goes when that handler has returned, but is out of the window at once.
+void drop(QWidget* control) {
+    control->hide();
+    control->setParent(nullptr);
+    control->deleteLater();
+}
+
+void placeAt(QWidget* control, const Box& box) {
+    place(control, box.left, box.top, box.width, box.height);
+}
+}  // namespace
+
+Page::Page(ViewerState& state, ToolStrip& strip, StatusLine& status, ScreenPanel& screen, QWidget* window,
+           QWidget* form)
+    : state_(state), strip_(strip), status_(status), screen_(screen), window_(window) {
+    pic1 = make<Surface>(form, u"pic1"_s);
+    setCellCount(1);
+}
+
+Page::Cell Page::makeCell(int index) {
+    const Cell cell{make<ShapeBox>(pic1, element(u"shpXs"_s, index)), make<ImageBox>(pic1, element(u"imgXs"_s, index)),
+                    make<CaptionBox>(pic1, element(u"txtBq"_s, index))};
+    cell.shpXs->setBorderColor(frameColour);
+    cell.shpXs->setBorderWidth(2);
+    cell.shpXs->hide();
+    cell.imgXs->hide();
+    cell.txtBq->hide();
+    connect(cell.imgXs, &ImageBox::clicked, this, &Page::cellClicked);
+    connect(cell.imgXs, &ImageBox::doubleClicked, this, [this, index] { Q_EMIT cellDoubleClicked(index); });
+    connect(cell.imgXs, &ImageBox::mouseReleased, this, guarded(window_, [this, index] { showCaption(index); }));
+    connect(cell.txtBq, &CaptionBox::clicked, cell.txtBq, &QWidget::hide);
+    return cell;
+}
+
+void Page::setCellCount(int count) {
+    while (int(cells_.size()) > count) {
+        drop(cells_.back().txtBq);
+        drop(cells_.back().imgXs);
+        drop(cells_.back().shpXs);
+        cells_.pop_back();
+    }
+    for (const Cell& cell : cells_) {
+        cell.shpXs->hide();
+        cell.imgXs->hide();
+        cell.txtBq->hide();
+    }
+    while (int(cells_.size()) < count) cells_.push_back(makeCell(int(cells_.size())));
+    // Captions stand over all pictures: in two columns they reach over the edge of their own cell.
+    for (const Cell& cell : cells_) cell.txtBq->raise();
+}
+
+const ImageBox* Page::picture(int cell) const {
+    return cell >= 0 && cell < int(cells_.size()) ? cells_[size_t(cell)].imgXs : nullptr;
+}
+
+// An album that has just been opened is counted when its first page is drawn.
+void Page::countPictures() {
+    attempt([&] {
+        state_.pictureCount = state_.albumRecordset.RecordCount();
+        state_.pageCount = pagesFor(state_.pictureCount, state_.picturesPerPage);
+    });
+}
+
+void Page::goToFirstPicture() {
+    Recordset& album = state_.albumRecordset;
+    attempt([&] {
+        album.MoveFirst();
+        for (int i = 0; i < state_.firstPictureIndex && !album.Eof(); ++i) album.MoveNext();
+    });
+}
+
+/// Draws the page of thumbnails anew.
+void Page::xstp() {
+    const BusyPointer busy(window_, Qt::BusyCursor);
+    const int cells = state_.picturesPerPage;
+    strip_.showProgress(cells > 1, false);
+    if (screen_.isCovering()) screen_.img0->repaint();
+
+    const CellGrid grid = cellGrid(state_.pageAreaWidth, cells);
+    setCellCount(cells);
+    countPictures();
+    goToFirstPicture();
+    table_ = mekTp::currentTable;
+    QSize pixels = cellShape;
+    for (int i = 0; i < cells; ++i) {
+        drawCell(i, grid, pixels);
+        attempt([&] { state_.albumRecordset.MoveNext(); });
+        if (cells == 1) continue;
+        strip_.prg1->setValue(i * 100 / (cells - 1));
+        strip_.prg1->repaint();
+    }
+
+    strip_.showProgress(false, !state_.smallScreen);
+    screen_.uncover();
+    // The place that the line tells is that of the page's last cell.
+    attempt([&] {
+        const bool empty = state_.albumRecordset.RecordCount() == 0;
+        status_.setPanel(3, state_.pageStatusText + placeInSelection(empty ? 0 : state_.firstPictureIndex + cells));
+    });
+}
+
+void Page::drawCell(int index, const CellGrid& grid, QSize& pixels) {
+    const Cell& cell = cells_[size_t(index)];
+    Recordset& album = state_.albumRecordset;
+    // Without a size to read the cell takes that of the cell before it.
+    attempt([&] {
+        const auto told = sizeFromSpec(album.Fields(u"规格"_s).Value().textOr());
+        if (told && !told->isEmpty()) pixels = *told;
+    });
+    const bool originalSize = state_.picturesPerPage == 1 && strip_.tlb1->image(u"yd"_s) == u"cm";
+    const QSize fitted = fittedSize(pixels, grid.cellWidth, grid.cellHeight, originalSize);
+    placeAt(cell.imgXs, pictureBox(grid, index, fitted));
+    placeAt(cell.shpXs, frameBox(grid, index, fitted));
+
+    cell.imgXs->setPicture({});
+    cell.imgXs->setTag({});
+    attempt([&] {
+        if (album.Eof()) return;
+        attempt([&] { readPictureField(album, u"图片"_s, *cell.imgXs); });
+        cell.imgXs->setTag(tagOfRecord(album));
+    });
+    cell.imgXs->setToolTip(cell.imgXs->tag());
+    cell.shpXs->show();
+    cell.imgXs->show();
+    drawCaption(index, grid);
+}
+
+void Page::drawCaption(int index, const CellGrid& grid) {
+    const Cell& cell = cells_[size_t(index)];
+    placeAt(cell.txtBq, captionBox(grid, index));
+    cell.txtBq->setText(cell.imgXs->tag());
+    const bool wanted =
+        strip_.chkBq[0]->isChecked() && columnsFromText(strip_.txtLs->text()) <= mostColumnsWithCaptions;
+    cell.txtBq->setVisible(wanted);
+    if (wanted) cell.imgXs->setToolTip(u"鼠标单击可重新显示标签"_s);
+}
+
+void Page::showCaption(int index) {
+    if (!strip_.chkBq[0]->isChecked() || index >= int(cells_.size())) return;
+    const Cell& cell = cells_[size_t(index)];
+    cell.txtBq->setText(cell.imgXs->tag());
+    cell.txtBq->show();
+}

@@ -1,0 +1,57 @@
+#include "viewer/picture_view.h"
+
+#include "catalogue/album_rules.h"
+#include "catalogue/mektp.h"
+#include "catalogue/picture_field.h"
+#include "platform/base/conversion.h"
+#include "platform/base/error.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/placing.h"
+#include "viewer/tags.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+PictureView::PictureView(ViewerState& state, ToolStrip& strip, ScreenPanel& screen, Page& page, QWidget* window)
+    : state_(state), strip_(strip), screen_(screen), page_(page), window_(window) {
+    connect(&page, &Page::cellDoubleClicked, this, guarded(window, [this](int cell) { open(cell); }));
+    connect(screen.img0, &ImageBox::clicked, this, guarded(window, [this] { close(); }));
+    connect(screen.img0, &ImageBox::mousePressed, this, [this] {
+        if (screen_.isViewing()) screen_.txtB0->show();
+    });
+    connect(screen.txtB0, &CaptionBox::clicked, screen.txtB0, &QWidget::hide);
+}
+
+void PictureView::open(int cell) {
+    state_.selectedCell = cell;
+    const ImageBox* thumbnail = page_.picture(cell);
+    if (state_.picturesPerPage == 1 || thumbnail == nullptr || thumbnail->tag().isEmpty()) return;
+    const QString tag = thumbnail->tag();
+    Recordset record =
+        mekTp::catalogue.OpenRecordset(u"SELECT * FROM "_s + page_.table() + u" WHERE 序号 = "_s + numberInTag(tag));
+    const auto told = sizeFromSpec(record.Fields(u"规格"_s).Value().textOr());
+    if (!told || told->isEmpty()) throw Error(u"序号 %1 的图片没有可用的规格。"_s.arg(numberInTag(tag)));
+
+    const QSize fitted =
+        fittedSize(*told, widthOf(window_) - 2130, heightOf(window_) - 1600, strip_.tlb1->image(u"yd"_s) == u"cm");
+    screen_.pic0->show();
+    screen_.beginView(fitted, tag);
+    readPictureField(record, u"图片"_s, *screen_.img0);
+}
+
+void PictureView::close() {
+    screen_.endView();
+}
+
+bool PictureView::switchSize() {
+    if (numericValue(strip_.txtYh->text()) == 0) return false;
+    const bool wasOriginal = strip_.tlb1->image(u"yd"_s) == u"cm";
+    strip_.tlb1->setImage(u"yd"_s, wasOriginal ? u"yd"_s : u"cm"_s);
+    strip_.tlb1->setToolTip(u"yd"_s, wasOriginal ? u"原始大小"_s : u"充满窗口"_s);
+    if (state_.picturesPerPage > 1) {
+        open(state_.selectedCell);
+        return true;
+    }
+    state_.firstPictureIndex -= 1;
+    page_.xstp();
+    return true;
+}

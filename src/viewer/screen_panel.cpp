@@ -1,0 +1,73 @@
+#include "viewer/screen_panel.h"
+
+#include "catalogue/mektp.h"
+#include "catalogue/picture_field.h"
+#include "platform/base/error.h"
+#include "platform/desktop/placing.h"
+
+#include <QRandomGenerator>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+constexpr int stripHeight = 270;
+// The pictures of `pmtp` that serve as curtains are numbers 7 to 12.
+constexpr int curtains = 6;
+constexpr int curtainsBefore = 7;
+
+const QStringList& pagingKeys() {
+    static const QStringList keys{u"ty"_s, u"sy"_s, u"xy"_s, u"hy"_s};
+    return keys;
+}
+}  // namespace
+
+ScreenPanel::ScreenPanel(ToolBar* bar, QWidget* form) : bar_(bar) {
+    pic0 = make<Surface>(form, u"pic0"_s);
+    pic0->setAutoFillBackground(true);
+    img0 = make<ImageBox>(pic0, u"img0"_s);
+    imgSh = make<ImageBox>(pic0, u"imgSh"_s);
+    imgSh->setGeometry(0, 0, 0, 0);
+    txtB0 = make<CaptionBox>(pic0, u"txtB0"_s);
+    txtB0->hide();
+    attempt([&] { img0->setPicture(LoadPicture(u":/pictures/start.jpg"_s)); });
+}
+
+void ScreenPanel::layOut(const Box& page) {
+    place(pic0, page.left, page.top, page.width, page.height);
+    place(img0, 0, 0, page.width, page.height);
+}
+
+void ScreenPanel::cover() {
+    pic0->show();
+    imgSh->show();
+}
+
+void ScreenPanel::uncover() {
+    pic0->hide();
+    imgSh->hide();
+    if (isViewing()) endView();
+}
+
+void ScreenPanel::beginView(QSize size, const QString& data) {
+    place(img0, 0, 0, size.width(), size.height());
+    for (const QString& key : pagingKeys()) bar_->setEnabled(key, false);
+    place(txtB0, 0, heightOf(img0) - stripHeight, size.width(), stripHeight);
+    txtB0->setText(data);
+    txtB0->show();
+    txtB0->raise();
+    bar_->setEnabled(u"yd"_s, true);
+}
+
+void ScreenPanel::endView() {
+    pic0->hide();
+    for (const QString& key : pagingKeys()) bar_->setEnabled(key, true);
+    bar_->setEnabled(u"yd"_s, true);
+    txtB0->hide();
+    img0->setGeometry(pic0->rect());  // the panel is a curtain again
+}
+
+void ScreenPanel::changeCurtain() {
+    const int number = QRandomGenerator::global()->bounded(curtains) + curtainsBefore;
+    Recordset picture = mekTp::catalogue.OpenRecordset(u"SELECT * FROM pmtp WHERE 序号 = "_s + QString::number(number));
+    attempt([&] { readPictureField(picture, u"图片"_s, *img0); });
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/desktop/image_box.h"
+#include "platform/desktop/surface.h"
+#include "platform/desktop/text_box.h"
+#include "platform/desktop/tool_bar.h"
+#include "viewer/page_layout.h"
+
+/// The screen panel that lies over the page: cover of a closed album, curtain while a page is drawn, and ground of a
+/// picture that is viewed alone. A picture is being viewed exactly while the paging buttons are disabled with it.
+class ScreenPanel {
+  public:
+    ScreenPanel(ToolBar* bar, QWidget* form);
+
+    void layOut(const Box& page);
+    void cover();    ///< Lays itself over the page.
+    void uncover();  ///< Shows the page, and ends the viewing of a picture.
+    bool isCovering() const { return !pic0->isHidden(); }
+
+    bool isViewing() const { return !bar_->isEnabled(QStringLiteral("ty")); }
+    /// Lays a picture of that size and its data strip out and takes the paging buttons away.
+    void beginView(QSize size, const QString& data);
+    void endView();
+
+    /// Loads a picture of `pmtp`, chosen by chance, for the next curtain.
+    void changeCurtain();
+
+    Surface* pic0;
+    ImageBox *img0, *imgSh;
+    CaptionBox* txtB0;
+
+  private:
+    ToolBar* bar_;
+};

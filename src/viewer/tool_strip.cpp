@@ -1,0 +1,167 @@
+#include "viewer/tool_strip.h"
+
+#include "platform/desktop/placing.h"
+#include "viewer/window_layout.h"
+
+#include <QFontMetrics>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+constexpr int barHeight = 450;
+constexpr int buttonSide = 390;
+constexpr int buttonTop = 30;
+constexpr int boxTop = 75;
+constexpr int boxHeight = 300;
+constexpr int labelLeft = 2760;
+constexpr int numberLeft = 3810;
+const QColor separatorColour(0xd8, 0xd0, 0xc2);
+
+struct ButtonPlace {
+    QString key, toolTip;
+    int left;
+};
+
+// Places on the right are set with the width of the window.
+const std::array<ButtonPlace, 13>& buttonPlaces() {
+    static const std::array<ButtonPlace, 13> places{{{u"dk"_s, u"图片文件"_s, 100},
+                                                     {u"bj"_s, u"编辑图片及系统设置"_s, 490},
+                                                     {u"ty"_s, u"第一张"_s, 1030},
+                                                     {u"sy"_s, u"上一张"_s, 1420},
+                                                     {u"xy"_s, u"下一张"_s, 1810},
+                                                     {u"hy"_s, u"最后一张"_s, 2200},
+                                                     {u"rq"_s, u"按日期选择图片"_s, 4780},
+                                                     {u"xs"_s, u"显示图片"_s, 0},
+                                                     {u"hd"_s, u"播放图片"_s, 0},
+                                                     {u"sj"_s, u"时间设置"_s, 0},
+                                                     {u"yd"_s, u"按原始大小显示"_s, 0},
+                                                     {u"bz"_s, u"帮助"_s, 0},
+                                                     {u"gb"_s, u"退出关闭本软件"_s, 0}}};
+    return places;
+}
+
+QIcon iconOf(const QString& imageKey) {
+    return QIcon(u":/icons/"_s + imageKey + u".svg"_s);
+}
+}  // namespace
+
+ToolStrip::ToolStrip(QWidget* form) {
+    clb1 = make<QFrame>(form, u"clb1"_s);
+    tlb1 = make<ToolBar>(clb1, u"tlb1"_s, iconOf);
+    addButtons();
+    addBoxes();
+    addTitle();
+}
+
+void ToolStrip::addButtons() {
+    for (const ButtonPlace& place : buttonPlaces())
+        tlb1->add(place.key, place.toolTip, place.left, buttonTop, buttonSide, buttonSide);
+    for (int i = 0; i < 4; ++i) {
+        auto* line = new LineBox(tlb1);
+        line->setColor(separatorColour);
+        separators_.push_back(line);
+    }
+}
+
+void ToolStrip::addBoxes() {
+    // A label with a hole: the page number is typed into the blank between its words, which is widened to hold it.
+    txtD1 = make<TextBox>(tlb1, u"txtD1"_s);
+    QFont wide = txtD1->font();
+    wide.setWordSpacing(4);
+    txtD1->setFont(wide);
+    txtD1->setLocked(true);
+    txtD1->setFocusPolicy(Qt::NoFocus);
+    txtD1->setAttribute(Qt::WA_TransparentForMouseEvents);
+    txtD1->setStyleSheet(u"border: none; background: transparent; padding: 0px;"_s);
+    txtD1->setText(u"第     页："_s);
+    place(txtD1, labelLeft, boxTop, 1040, boxHeight);
+
+    txtYh = make<TextBox>(tlb1, u"txtYh"_s);
+    txtYh->setToolTip(u"输入页号后回车开始执行"_s);
+    txtYh->setAlignment(Qt::AlignCenter);
+    txtYh->setStyleSheet(u"padding: 0px;"_s);
+    const QFontMetrics metrics(wide);
+    const int blankLeft = labelLeft + twipsFromPixels(2 + metrics.horizontalAdvance(u"第"_s));
+    place(txtYh, blankLeft, boxTop, twipsFromPixels(metrics.horizontalAdvance(u"     "_s)), boxHeight);
+
+    txtXh = make<TextBox>(tlb1, u"txtXh"_s);
+    txtXh->setText(u"序号任意"_s);
+    txtXh->setStyleSheet(u"padding: 0px;"_s);
+    txtXx = make<TextBox>(tlb1, u"txtXx"_s);
+    txtXx->setStyleSheet(u"border: none; padding: 0px; background: #eef5f7;"_s);
+    txtXx->setAlignment(Qt::AlignCenter);
+    place(txtXx, 4350, boxTop + 45, 375, boxHeight - 90);
+    showNumberBox(false);
+
+    txtLs = make<TextBox>(tlb1, u"txtLs"_s);
+    txtLs->setText(u"1列"_s);
+    txtLs->setAlignment(Qt::AlignCenter);
+    txtLs->setStyleSheet(u"padding: 0px;"_s);
+
+    const std::array<QString, 2> captions{u"标签"_s, u"全屏"_s};
+    for (size_t i = 0; i < chkBq.size(); ++i) {
+        chkBq[i] = make<QCheckBox>(tlb1, element(u"chkBq"_s, int(i)));
+        chkBq[i]->setText(captions[i]);
+        chkBq[i]->setFocusPolicy(Qt::TabFocus);
+    }
+}
+
+void ToolStrip::addTitle() {
+    picBq = make<Surface>(tlb1, u"picBq"_s);
+    shpBq = make<ShapeBox>(picBq, u"shpBq"_s);
+    shpBq->setBorderColor(separatorColour);
+    shpBq->setCornerRadius(4);
+    txtWd = make<TextBox>(picBq, u"txtWd"_s);
+    txtWd->setLocked(true);
+    txtWd->setFocusPolicy(Qt::NoFocus);
+    txtWd->setAttribute(Qt::WA_TransparentForMouseEvents);
+    txtWd->setAlignment(Qt::AlignCenter);
+    prg1 = make<QProgressBar>(picBq, u"prg1"_s);
+    prg1->setTextVisible(false);
+    prg1->hide();
+}
+
+void ToolStrip::layOut(int formWidth, bool smallScreen) {
+    const WindowLayout window = windowLayout(formWidth, 0, 0);
+    const StripLayout strip = stripLayout(formWidth);
+    place(clb1, 0, 0, window.barWidth, barHeight);
+    place(tlb1, 0, 0, window.stripWidth, barHeight);
+
+    const std::array<std::pair<QString, int>, 6> following{{{u"xs"_s, strip.draw},
+                                                            {u"hd"_s, strip.show},
+                                                            {u"sj"_s, strip.interval},
+                                                            {u"yd"_s, strip.original},
+                                                            {u"bz"_s, strip.help},
+                                                            {u"gb"_s, strip.leave}}};
+    for (const auto& [key, left] : following) place(tlb1->button(key), left, buttonTop);
+    place(txtLs, strip.columns, boxTop, 405, boxHeight);
+    place(chkBq[0], strip.captions, buttonTop, 705, buttonSide);
+    place(chkBq[1], strip.fullScreen, buttonTop, 705, buttonSide);
+
+    const std::array<int, 4> lines{955, 2675, strip.draw - 90, strip.columns + 570};
+    for (size_t i = 0; i < separators_.size(); ++i) separators_[i]->setEnds(lines[i], 105, lines[i], 345);
+
+    picBq->setVisible(!smallScreen);
+    place(picBq, strip.titleLeft, buttonTop, strip.titleWidth, buttonSide);
+    shpBq->setGeometry(picBq->rect());
+    txtWd->setGeometry(picBq->rect().adjusted(3, 3, -3, -3));
+    prg1->setGeometry(picBq->rect().adjusted(6, 8, -6, -8));
+}
+
+void ToolStrip::showNumberBox(bool on) {
+    place(txtXh, numberLeft, boxTop, on ? 950 : 825, boxHeight);
+    txtXh->setAlignment(on ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
+    txtXx->setVisible(on);
+    if (on) txtXx->raise();
+}
+
+void ToolStrip::setTitleColours(const QColor& text, const QColor& ground) {
+    txtWd->setStyleSheet(
+        u"border: none; border-radius: 3px; color: %1; background-color: %2;"_s.arg(text.name(), ground.name()));
+}
+
+void ToolStrip::showProgress(bool on, bool titleShown) {
+    txtWd->setVisible(titleShown);
+    prg1->setVisible(on);
+    prg1->setValue(0);
+}

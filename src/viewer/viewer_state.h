@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/database/recordset.h"
+
+#include <QString>
+
+/// What the chapters of the main window share. Lengths are twips.
+struct ViewerState {
+    QString mainTitle;  ///< Title of the whole collection.
+    int windowedWidth = 0;
+    int windowedHeight = 0;
+    bool smallScreen = false;  ///< Less than 800 pixels wide.
+
+    int pageAreaWidth = 0;
+    int pageAreaHeight = 0;
+    int buttonStripHeight = 0;
+
+    /// The selection on the open album, always sorted by 序号; Nothing while no album is open.
+    Recordset albumRecordset;
+    QString albumTitle;
+
+    QString selectionCode = QStringLiteral("v");  ///< Code of the active button; "v" means all pictures.
+    QString dateCondition;                        ///< SQL condition, empty when none.
+    int dateOperator = 0;                         ///< 0 earlier, 1 later, 2 on that day.
+    QString pageStatusText;                       ///< First half of the page line.
+
+    int picturesPerPage = 1;
+    int pictureCount = 0;
+    int pageCount = 0;
+    int firstPictureIndex = 0;  ///< Records before the first cell; may be negative after a step back.
+    bool pageShown = false;     ///< A selection button has been clicked: a resize draws the page again.
+    int selectedCell = 0;       ///< The cell that was opened last.
+
+    int buttonPage = 1;  ///< Number of the button in the top slot, from 1.
+    bool slideLoop = false;
+};

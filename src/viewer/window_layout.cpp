@@ -1,0 +1,61 @@
+#include "viewer/window_layout.h"
+
+#include "platform/base/twips.h"
+
+#include <algorithm>
+
+namespace {
+constexpr int pageLeft = 1950;
+constexpr int frameLeft = 1930;
+constexpr int columnLeft = 100;
+constexpr int columnWidth = 1750;
+constexpr int innerMargin = 55;
+}  // namespace
+
+WindowLayout windowLayout(int width, int height, int raise) {
+    WindowLayout layout{};
+    layout.pageAreaWidth = width - 2160;
+    layout.pageAreaHeight = height - 1590;
+    layout.buttonStripHeight = layout.pageAreaHeight - 795;
+    layout.page = {pageLeft, 510 - raise, layout.pageAreaWidth, layout.pageAreaHeight};
+
+    const int bottom = height - 1070 - raise;
+    layout.top = {frameLeft, 480 - raise, width - 190, 480 - raise};
+    layout.left = {frameLeft, 490 - raise, frameLeft, bottom};
+    layout.bottom = {frameLeft, bottom, width - 200, bottom};
+    layout.right = {width - 190, 510 - raise, width - 190, bottom};
+
+    layout.outerFrame = {columnLeft, 510 - raise, columnWidth, layout.pageAreaHeight};
+    layout.innerFrame = {columnLeft + innerMargin, 570 - raise, columnWidth - 2 * innerMargin,
+                         layout.pageAreaHeight - 115};
+    layout.barWidth = width - 100;
+    layout.stripWidth = width - 200;
+    layout.titleSpace = width - 8250;
+    layout.messagePanelWidth = width - 6950;
+    return layout;
+}
+
+StripLayout stripLayout(int width) {
+    StripLayout strip{};
+    strip.titleLeft = width / 2 - 800;
+    strip.titleWidth = std::min(3600, width / 2 - 4630);
+    strip.draw = width - 5280;
+    strip.columns = width - 4700;
+    strip.show = width - 3960;
+    strip.interval = width - 3550;
+    strip.captions = width - 3120;
+    strip.fullScreen = width - 2400;
+    strip.original = width - 1680;
+    strip.help = width - 1190;
+    strip.leave = width - 700;
+    return strip;
+}
+
+int ButtonColumn::topOf(int slot) const {
+    return 405 + gap + slot * (gap + buttonHeight);
+}
+
+ButtonColumn buttonColumn(int stripHeight) {
+    const int slots = std::max(0, stripHeight / 1250);
+    return {slots, roundHalfEven(double(stripHeight % 1225) / (slots + 1))};
+}
