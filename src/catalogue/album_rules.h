@@ -5,7 +5,6 @@
 #include <QSize>
 #include <QString>
 #include <QStringList>
-
 #include <optional>
 
 /// Rules of the catalogue's values, without a database.

@@ -1,0 +1,7 @@
+#pragma once
+
+#include "platform/database/database.h"
+
+/// Makes the nine fixed tables but for their rows. The program never does: it is given a catalogue. The maker of the
+/// shipped catalogue and the tests make theirs with it.
+void createFixedTables(const Database& database);

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QImage>
+#include <QSize>
+
+/// How a stored picture has to be turned to stand upright: the EXIF values 1 (as it is) to 8.
+using Orientation = int;
+inline constexpr Orientation uprightOrientation = 1;
+
+/// The orientation that an APP1 segment (without its marker and length) tells; upright when it is none of EXIF or
+/// damaged.
+Orientation orientationFromApp1(QByteArrayView segment);
+
+/// Whether the orientation exchanges width and height.
+inline bool liesOnItsSide(Orientation orientation) {
+    return orientation >= 5;
+}
+
+inline QSize turned(QSize size, Orientation orientation) {
+    return liesOnItsSide(orientation) ? size.transposed() : size;
+}
+
+QImage uprightImage(const QImage& stored, Orientation orientation);

@@ -1,0 +1,164 @@
+#include "platform/picture/jpeg_reader.h"
+
+#include "platform/picture/exif.h"
+#include "platform/picture/jpeg_source.h"
+#include "platform/picture/refusal.h"
+
+#include <csetjmp>
+#include <vector>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int fullScale = 8;  // The library scales by eighths.
+
+/// Red, green and blue of one row of cyan, magenta, yellow and black. The makers of such files store them inverted and
+/// leave a mark that says so.
+void convertInkRow(const JSAMPLE* ink, QRgb* row, int width, bool inverted) {
+    const JSAMPLE flip = inverted ? 0 : 255;
+    for (int x = 0; x < width; ++x, ink += 4) {
+        const int light = ink[3] ^ flip;
+        const auto shade = [&](int channel) { return (ink[channel] ^ flip) * light / 255; };
+        row[x] = qRgb(shade(0), shade(1), shade(2));
+    }
+}
+
+/// One decompression. The library reports a failure by a jump back into `run`; nothing with a destructor lives in the
+/// frames that the jump leaves out.
+class JpegReader {
+  public:
+    JpegReader(QIODevice& device, const QString& name) : source_(device), name_(name) {
+        codec_.err = jpeg_std_error(&errors_.base);
+        errors_.base.error_exit = [](j_common_ptr codec) {
+            std::longjmp(reinterpret_cast<Errors*>(codec->err)->jump, 1);
+        };
+        errors_.base.output_message = [](j_common_ptr) {};
+        jpeg_create_decompress(&codec_);
+        codec_.src = source_.manager();
+        codec_.mem->max_memory_to_use = long(pictureMemoryLimit());
+    }
+    ~JpegReader() { jpeg_destroy_decompress(&codec_); }
+    JpegReader(const JpegReader&) = delete;
+    JpegReader& operator=(const JpegReader&) = delete;
+
+    Picture read(QSize target) {
+        readHeader();
+        const Orientation orientation = storedOrientation();
+        const QSize pixels = turned(storedSize(), orientation);
+        chooseScale(turned(target, orientation));
+        QImage image = decode();
+        if (source_.readFailed()) refusePicture(name_, u"读取失败"_s);
+        return {uprightImage(image, orientation), pixels};
+    }
+
+  private:
+    struct Errors {
+        jpeg_error_mgr base;
+        std::jmp_buf jump;
+    };
+
+    /// Runs steps of the library; a failure in them ends here.
+    template <typename Steps>
+    void run(const Steps& steps) {
+        if (!succeeds(steps)) refusePicture(name_, u"图片已损坏"_s);
+    }
+
+    template <typename Steps>
+    [[gnu::noinline]] bool succeeds(const Steps& steps) {
+        if (setjmp(errors_.jump) != 0) return false;
+        steps();
+        return true;
+    }
+
+    void readHeader();
+    QSize storedSize() const { return {int(codec_.image_width), int(codec_.image_height)}; }
+    Orientation storedOrientation() const;
+    void chooseScale(QSize target);
+    QImage decode();
+    void readFirstColours();
+
+    Errors errors_{};
+    jpeg_decompress_struct codec_{};
+    JpegSource source_;
+    const QString& name_;
+};
+
+void JpegReader::readHeader() {
+    run([this] {
+        jpeg_save_markers(&codec_, JPEG_APP0 + 1, 0xFFFF);
+        jpeg_read_header(&codec_, TRUE);
+    });
+    checkSides(storedSize(), name_);
+    if (!source_.hasPictureData()) refusePicture(name_, u"图片数据不完整"_s);
+    const bool inks = codec_.jpeg_color_space == JCS_CMYK || codec_.jpeg_color_space == JCS_YCCK;
+    codec_.out_color_space = inks ? JCS_CMYK : Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? JCS_EXT_BGRX : JCS_EXT_XRGB;
+}
+
+Orientation JpegReader::storedOrientation() const {
+    for (auto* marker = codec_.marker_list; marker; marker = marker->next) {
+        const QByteArrayView segment(marker->data, qsizetype(marker->data_length));
+        if (segment.startsWith("Exif")) return orientationFromApp1(segment);
+    }
+    return uprightOrientation;
+}
+
+/// Takes the smallest scale that still covers the target.
+void JpegReader::chooseScale(QSize target) {
+    codec_.scale_denom = fullScale;
+    codec_.scale_num = fullScale;
+    if (!target.isEmpty()) {
+        const auto covers = [&](int eighths) {
+            return (qint64(storedSize().width()) * eighths + fullScale - 1) / fullScale >= target.width() &&
+                   (qint64(storedSize().height()) * eighths + fullScale - 1) / fullScale >= target.height();
+        };
+        int eighths = 1;
+        while (eighths < fullScale && !covers(eighths)) ++eighths;
+        codec_.scale_num = unsigned(eighths);
+        codec_.do_fancy_upsampling = eighths == fullScale;
+    }
+    // An eighth needs nothing but the mean of each block, which a progressive file has in front.
+    codec_.buffered_image = codec_.progressive_mode && codec_.scale_num == 1;
+    run([this] { jpeg_calc_output_dimensions(&codec_); });
+}
+
+/// Reads the scans of a progressive picture until every colour has its means.
+void JpegReader::readFirstColours() {
+    codec_.do_block_smoothing = FALSE;
+    const auto complete = [this] {
+        for (int component = 0; component < codec_.num_components; ++component)
+            if (codec_.coef_bits[component][0] < 0) return false;
+        return true;
+    };
+    int state = JPEG_SUSPENDED;
+    do state = jpeg_consume_input(&codec_);
+    while (state != JPEG_REACHED_EOI && !(state == JPEG_SCAN_COMPLETED && complete()));
+    jpeg_start_output(&codec_, codec_.input_scan_number);
+}
+
+QImage JpegReader::decode() {
+    const QSize size(int(codec_.output_width), int(codec_.output_height));
+    checkMemory(size, name_);
+    QImage image(size, QImage::Format_RGB32);
+    if (image.isNull()) refusePicture(name_, u"内存不足"_s);
+
+    const bool inks = codec_.out_color_space == JCS_CMYK;
+    std::vector<JSAMPLE> inkRow(inks ? size_t(size.width()) * 4 : 0);
+    run([&] {
+        jpeg_start_decompress(&codec_);
+        if (codec_.buffered_image) readFirstColours();
+        while (codec_.output_scanline < codec_.output_height) {
+            uchar* line = image.scanLine(int(codec_.output_scanline));
+            JSAMPROW row = inks ? inkRow.data() : line;
+            jpeg_read_scanlines(&codec_, &row, 1);
+            if (inks) convertInkRow(row, reinterpret_cast<QRgb*>(line), size.width(), codec_.saw_Adobe_marker);
+        }
+    });
+    return image;
+}
+
+}  // namespace
+
+Picture readJpeg(QIODevice& device, const QString& name, QSize target) {
+    return JpegReader(device, name).read(target);
+}

@@ -1,0 +1,44 @@
+#include "platform/picture/refusal.h"
+
+#include "platform/base/error.h"
+#include "platform/picture/picture.h"
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr qint64 bytesPerPixel = 4;
+constexpr qint64 gigabyte = qint64(1) << 30;
+
+}  // namespace
+
+void refusePicture(const QString& name, const QString& reason) {
+    throw Error(u"不能打开图片“%1”：%2。"_s.arg(name, reason));
+}
+
+void checkSides(QSize pixels, const QString& name) {
+    if (pixels.isEmpty()) refusePicture(name, u"图片已损坏，没有有效的尺寸"_s);
+    if (pixels.width() <= longestPictureSide && pixels.height() <= longestPictureSide) return;
+    refusePicture(name, u"图片太大（%1 * %2），边长不能超过 %3 像素"_s.arg(pixels.width())
+                            .arg(pixels.height())
+                            .arg(longestPictureSide));
+}
+
+void checkMemory(QSize decoded, const QString& name) {
+    if (bytesPerPixel * decoded.width() * decoded.height() > pictureMemoryLimit())
+        refusePicture(name, u"图片太大（%1 * %2），内存不足"_s.arg(decoded.width()).arg(decoded.height()));
+}
+
+qint64 pictureMemoryLimit() {
+#ifdef Q_OS_UNIX
+    // The system grants more memory than it has and ends the program that uses it, so asking is no test.
+    static const qint64 half = qint64(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE) / 2;
+    return qBound(gigabyte / 2, half, 4 * gigabyte);
+#else
+    return 2 * gigabyte;
+#endif
+}
