@@ -1,0 +1,94 @@
+#include "../support/run_all.h"
+
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// The step that puts the catalogue beside the program, run as the build runs it.
+class TestPlaceBeside : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void putsTheCatalogueWhereNoneIs();
+    void leavesAnExistingCatalogueAlone_data();
+    void leavesAnExistingCatalogueAlone();
+    void renewsTheCursorOnly();
+
+  private:
+    static void write(const QString& path, const QByteArray& bytes);
+    static QByteArray read(const QString& path);
+    /// Runs the step on a folder whose name is as awkward as a user's may be; returns that folder.
+    QString place(const QTemporaryDir& home);
+};
+
+void TestPlaceBeside::write(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+QByteArray TestPlaceBeside::read(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+}
+
+QString TestPlaceBeside::place(const QTemporaryDir& home) {
+    write(home.filePath(u"fresh.mdb"_s), "fresh");
+    write(home.filePath(u"hand.ico"_s), "hand");
+    const QString folder = home.filePath(u"我的 album's"_s);
+    QProcess process;
+    process.start(qEnvironmentVariable("LUNQ_CMAKE"),
+                  {u"-DCATALOGUE="_s + home.filePath(u"fresh.mdb"_s), u"-DCURSOR="_s + home.filePath(u"hand.ico"_s),
+                   u"-DFOLDER="_s + folder, u"-P"_s, qEnvironmentVariable("LUNQ_PLACE_BESIDE")});
+    const bool done =
+        process.waitForFinished() && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    return done ? folder : QString();
+}
+
+void TestPlaceBeside::putsTheCatalogueWhereNoneIs() {
+    const QTemporaryDir home;
+    const QString folder = place(home);
+    QCOMPARE(read(folder + u"/lunq.mdb"_s), QByteArray("fresh"));
+    QCOMPARE(read(folder + u"/s1.ico"_s), QByteArray("hand"));
+    QCOMPARE(QDir(folder).entryList(QDir::Files).size(), 2);
+}
+
+void TestPlaceBeside::leavesAnExistingCatalogueAlone_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("somebody's pictures") << QByteArray("years of photographs");
+    QTest::newRow("empty file") << QByteArray();
+}
+
+void TestPlaceBeside::leavesAnExistingCatalogueAlone() {
+    QFETCH(const QByteArray, bytes);
+    const QTemporaryDir home;
+    const QString path = home.filePath(u"我的 album's/lunq.mdb"_s);
+    QVERIFY(QDir(home.path()).mkdir(u"我的 album's"_s));
+    write(path, bytes);
+    const QDateTime written = QDateTime::currentDateTime().addDays(-400);
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadWrite) && file.setFileTime(written, QFileDevice::FileModificationTime));
+    file.close();
+
+    QVERIFY(!place(home).isEmpty());
+    QCOMPARE(read(path), bytes);
+    QCOMPARE(QFileInfo(path).lastModified().toSecsSinceEpoch(), written.toSecsSinceEpoch());
+}
+
+void TestPlaceBeside::renewsTheCursorOnly() {
+    const QTemporaryDir home;
+    const QString folder = place(home);
+    write(folder + u"/lunq.mdb"_s, "mine now");
+    write(folder + u"/s1.ico"_s, "old hand");
+    QCOMPARE(place(home), folder);
+    QCOMPARE(read(folder + u"/lunq.mdb"_s), QByteArray("mine now"));
+    QCOMPARE(read(folder + u"/s1.ico"_s), QByteArray("hand"));
+}
+
+const Registered<TestPlaceBeside> registered;
+
+}  // namespace
+
+#include "place_beside_test.moc"
