@@ -39,8 +39,8 @@ class LongBinaries {
     /// Returns the key of the new value. Called within a change.
     qint64 store(const Spool& value);
 
-    /// A value that is being read by pieces stays open until its last one. Whoever changes the file, or leaves the record,
-    /// closes it: it would keep other programs from writing.
+    /// A value that is being read by pieces stays open until its last one. Whoever changes the file, or leaves the
+    /// record, closes it: it would keep other programs from writing.
     void release();
 
   private:

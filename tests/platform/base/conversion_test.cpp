@@ -78,15 +78,19 @@ class ConversionTest : public QObject {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QDateTime>("date");
         const QDate day(2003, 10, 1);
-        const auto row = [](const QString& text, const QDateTime& date) { QTest::newRow(qPrintable(text)) << text << date; };
+        const auto row = [](const QString& text, const QDateTime& date) {
+            QTest::newRow(qPrintable(text)) << text << date;
+        };
         const QDateTime midnight(day, QTime(0, 0));
-        for (const QString& text : {u"2003-10-01"_s, u"2003-10-1"_s, u"2003/10/1"_s, u" 2003年10月01日 "_s}) row(text, midnight);
+        for (const QString& text : {u"2003-10-01"_s, u"2003-10-1"_s, u"2003/10/1"_s, u" 2003年10月01日 "_s})
+            row(text, midnight);
         row(u"2003-10-01 8:05"_s, QDateTime(day, QTime(8, 5)));
         row(u"2003-10-01  23:59:59"_s, QDateTime(day, QTime(23, 59, 59)));
         row(u"2004-02-29"_s, QDateTime(QDate(2004, 2, 29), QTime(0, 0)));
-        for (const QString& text : {u""_s, u"2003-02-29"_s, u"2003-13-01"_s, u"2003-00-10"_s, u"03-10-01"_s, u"2003-10"_s,
-                                    u"2003-10/01"_s, u"2003年10月1"_s, u"2003-10-01x"_s, u"2003-10-018:00"_s,
-                                    u"2003-10-01 24:00"_s, u"2003-10-01 8"_s, u"2003-10-01 8:00:"_s, u"10/1/2003"_s}) {
+        for (const QString& text :
+             {u""_s, u"2003-02-29"_s, u"2003-13-01"_s, u"2003-00-10"_s, u"03-10-01"_s, u"2003-10"_s, u"2003-10/01"_s,
+              u"2003年10月1"_s, u"2003-10-01x"_s, u"2003-10-018:00"_s, u"2003-10-01 24:00"_s, u"2003-10-01 8"_s,
+              u"2003-10-01 8:00:"_s, u"10/1/2003"_s}) {
             row(text, {});
         }
     }

@@ -104,13 +104,18 @@ class DialectTest : public QObject {
         const Database& database = album_.database;
         database.Execute(TestAlbum::createSql(u"[a 'b' table]"_s));
         QCOMPARE(database.TableDefs(), (QStringList{u"tc01"_s, u"a 'b' table"_s}));
-        const std::vector<std::pair<QString, QString>> refused{
-            {TestAlbum::createSql(u"tc01"_s), u"已存在"_s},   {TestAlbum::createSql(u"LONG_BINARY"_s), u"保留"_s},
-            {TestAlbum::createSql(u"sqlite_x"_s), u"保留"_s}, {TestAlbum::createSql(u"旅 行"_s), u"行"_s},
-            {TestAlbum::createSql(u""_s), u"("_s},            {u"CREATE TABLE t (a WIDE)"_s, u"WIDE"_s},
-            {u"DROP TABLE tc99"_s, u"tc99"_s},                {u"DROP TABLE long_binary"_s, u"不存在"_s},
-            {u"DELETE FROM tc99"_s, u"tc99"_s},               {u"DELETE FROM tc01; DELETE FROM tc01"_s, u"一条"_s},
-            {u"SELECT * FROM tc01"_s, u"SELECT"_s},           {u" ; "_s, u"空"_s}};
+        const std::vector<std::pair<QString, QString>> refused{{TestAlbum::createSql(u"tc01"_s), u"已存在"_s},
+                                                               {TestAlbum::createSql(u"LONG_BINARY"_s), u"保留"_s},
+                                                               {TestAlbum::createSql(u"sqlite_x"_s), u"保留"_s},
+                                                               {TestAlbum::createSql(u"旅 行"_s), u"行"_s},
+                                                               {TestAlbum::createSql(u""_s), u"("_s},
+                                                               {u"CREATE TABLE t (a WIDE)"_s, u"WIDE"_s},
+                                                               {u"DROP TABLE tc99"_s, u"tc99"_s},
+                                                               {u"DROP TABLE long_binary"_s, u"不存在"_s},
+                                                               {u"DELETE FROM tc99"_s, u"tc99"_s},
+                                                               {u"DELETE FROM tc01; DELETE FROM tc01"_s, u"一条"_s},
+                                                               {u"SELECT * FROM tc01"_s, u"SELECT"_s},
+                                                               {u" ; "_s, u"空"_s}};
         for (const auto& [sql, named] : refused) {
             const QString failure = failureOf([&] { database.Execute(sql); });
             QVERIFY2(failure.contains(named), qPrintable(sql + failure));

@@ -86,12 +86,14 @@ class LongBinaryTest : public QObject {
         }) << u"1"_s;
         QTest::newRow("all rows") << Removal([](TestAlbum& album) { album.database.Execute(u"DELETE FROM tc01"_s); })
                                   << u"0"_s;
-        QTest::newRow("table dropped") << Removal([](TestAlbum& album) { album.database.Execute(u"DROP TABLE [tc01]"_s); })
-                                       << u"0"_s;
+        QTest::newRow("table dropped") << Removal([](TestAlbum& album) {
+            album.database.Execute(u"DROP TABLE [tc01]"_s);
+        }) << u"0"_s;
         QTest::newRow("shell") << Removal([](TestAlbum& album) { album.shell(u"DELETE FROM tc01 WHERE 序号 = 2"_s); })
                                << u"2"_s;
-        QTest::newRow("shell, to Null")
-            << Removal([](TestAlbum& album) { album.shell(u"UPDATE tc01 SET 图片 = NULL WHERE 序号 < 3"_s); }) << u"1"_s;
+        QTest::newRow("shell, to Null") << Removal([](TestAlbum& album) {
+            album.shell(u"UPDATE tc01 SET 图片 = NULL WHERE 序号 < 3"_s);
+        }) << u"1"_s;
     }
 
     void goesWithItsRow() {
@@ -165,10 +167,13 @@ class LongBinaryTest : public QObject {
         const qint64 full = QFileInfo(album_->path()).size();
         QVERIFY(full > 18000000);
         album_->database.Execute(u"DELETE FROM tc01 WHERE 序号 < 12"_s);
-        QTRY_VERIFY_WITH_TIMEOUT(([&] {
-            album_->database.Execute(u"DELETE FROM tc01 WHERE 序号 < 0"_s);  // every change gives back a little more
-            return QFileInfo(album_->path()).size() < full / 2;
-        }()), 5000);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            ([&] {
+                album_->database.Execute(
+                    u"DELETE FROM tc01 WHERE 序号 < 0"_s);  // every change gives back a little more
+                return QFileInfo(album_->path()).size() < full / 2;
+            }()),
+            5000);
         QCOMPARE(album_->open(u"tc01"_s).Fields(picture).Value().toBytes(), someBytes(1500000, 12));
         QCOMPARE(album_->shell(u"PRAGMA integrity_check"_s), u"ok"_s);
     }

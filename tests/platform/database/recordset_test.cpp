@@ -59,9 +59,9 @@ class RecordsetTest : public QObject {
         Recordset empty = open(noRows);
         QVERIFY(empty.Eof() && empty.Bof());
         const std::vector<std::function<void(Recordset&)>> steps{
-            [](Recordset& set) { set.MoveFirst(); }, [](Recordset& set) { set.MoveLast(); },
-            [](Recordset& set) { set.MoveNext(); },  [](Recordset& set) { set.Edit(); },
-            [](Recordset& set) { set.Delete(); },    [](Recordset& set) { set.Update(); },
+            [](Recordset& set) { set.MoveFirst(); },      [](Recordset& set) { set.MoveLast(); },
+            [](Recordset& set) { set.MoveNext(); },       [](Recordset& set) { set.Edit(); },
+            [](Recordset& set) { set.Delete(); },         [](Recordset& set) { set.Update(); },
             [](Recordset& set) { set.Fields(0).Value(); }};
         for (const auto& step : steps) {
             QVERIFY(fails([&] { step(empty); }));

@@ -6,7 +6,6 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest/QtTest>
-
 #include <functional>
 
 /// A database in a temporary folder with one album table, `tc01`.
@@ -15,8 +14,9 @@ class TestAlbum {
     TestAlbum() : database(createDatabase(path())) { database.Execute(createSql(QStringLiteral("tc01"))); }
 
     static QString createSql(const QString& table) {
-        return QStringLiteral("CREATE TABLE %1 ([序号] LONG,[编号] TEXT(10),[大小] SINGLE,[规格] TEXT(12),"
-                              "[日期] DATETIME,[图片] LONGBINARY,[备注] TEXT(50))")
+        return QStringLiteral(
+                   "CREATE TABLE %1 ([序号] LONG,[编号] TEXT(10),[大小] SINGLE,[规格] TEXT(12),"
+                   "[日期] DATETIME,[图片] LONGBINARY,[备注] TEXT(50))")
             .arg(table);
     }
 

@@ -20,8 +20,9 @@ class ValuesTest : public QObject {
   private Q_SLOTS:
     void init() {
         album_ = std::make_unique<TestAlbum>();
-        album_->database.Execute(u"CREATE TABLE typed (l LONG, i SHORT, b BYTE, s SINGLE, d DOUBLE, y YESNO, "
-                                 "t DATETIME, c TEXT(5), m MEMO, p LONGBINARY)"_s);
+        album_->database.Execute(
+            u"CREATE TABLE typed (l LONG, i SHORT, b BYTE, s SINGLE, d DOUBLE, y YESNO, "
+            "t DATETIME, c TEXT(5), m MEMO, p LONGBINARY)"_s);
     }
 
     void keepsWhatIsPutIn_data() {
