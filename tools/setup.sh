@@ -85,13 +85,14 @@ install_packages() {
     done
 }
 
-# build_preset PRESET TARGET...: configures once, then builds what has changed.
+# build_preset PRESET TARGET...: configures once (and again when the project has moved), then builds what has changed.
 build_preset() {
     local preset=$1
     shift
-    if [ ! -f "build/$preset/build.ninja" ]; then
+    if [ ! -f "build/$preset/build.ninja" ] ||
+        ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "build/$preset/CMakeCache.txt"; then
         say_step "Configuring build/$preset"
-        cmake --preset "$preset"
+        cmake --fresh --preset "$preset"
     fi
     say_step "Building build/$preset"
     cmake --build "build/$preset" --target "$@"
@@ -101,4 +102,15 @@ build_preset() {
 case "$(locale charmap 2>/dev/null)" in
     UTF-8) ;;
     *) export LC_ALL=C.UTF-8 ;;
+esac
+
+# The build tools stumble over quotes and the like in the path of a checkout. There they get the same folder under a plain
+# name, which is the same each time, because a build folder remembers its path.
+case "$PWD" in
+    *[\'\"\\\$\`\;\&\|\<\>\(\)\{\}\*\?\[\]\!\#\~%^]*)
+        plain_name="/var/tmp/lunq-$(id -u)-$(printf '%s' "$PWD" | cksum | cut -d ' ' -f 1)"
+        ln -sfn -- "$PWD" "$plain_name"
+        [ "$(stat -c %u -- "$plain_name")" = "$(id -u)" ] || stop_with "$plain_name belongs to somebody else."
+        cd -- "$plain_name" || stop_with "$plain_name cannot be entered."
+        ;;
 esac
