@@ -102,7 +102,7 @@ class FilesTest : public QObject {
     }
 
     void damagedPageFailsAlone() {
-        const QString spoilt = writeFile(u"spoilt.mdb"_s, fileContent().replace("2003-10-01", "\xff\xfe\xfd-10-0?"));
+        const QString spoilt = writeFile(u"spoilt.mdb"_s, fileContent().replace("2003-10-01", "\xff\xfe\xfd?-10-0?"));
         const Database database = OpenDatabase(spoilt);
         Recordset set = database.OpenRecordset(u"tc01"_s);
         QCOMPARE(set.rowCount(), 3);
