@@ -7,6 +7,9 @@
 #include "viewer/filters.h"
 #include "viewer/small_dialog.h"
 
+#include <algorithm>
+#include <utility>
+
 using namespace Qt::Literals::StringLiterals;
 
 FilterControls::FilterControls(ViewerState& state, ToolStrip& strip, StatusLine& status, Page& page, QWidget* window,
@@ -98,7 +101,7 @@ void FilterControls::helpTyping() {
     if (!grew) return;
     const TypedDate helped = helpTypedDate(typed);
     if (helped.text != typed) txtR1->setText(helped.text);
-    if (helped.caret >= 0) txtR1->setCursorPosition(helped.caret);
+    if (helped.caret >= 0) txtR1->setCursorPosition(std::min(helped.caret, int(helped.text.size())));
 }
 
 void FilterControls::takeDate() {

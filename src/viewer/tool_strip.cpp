@@ -3,6 +3,7 @@
 #include "platform/desktop/placing.h"
 #include "viewer/window_layout.h"
 
+#include <QFile>
 #include <QFontMetrics>
 
 using namespace Qt::Literals::StringLiterals;
@@ -41,7 +42,8 @@ const std::array<ButtonPlace, 13>& buttonPlaces() {
 }
 
 QIcon iconOf(const QString& imageKey) {
-    return QIcon(u":/icons/"_s + imageKey + u".svg"_s);
+    const QString path = u":/icons/"_s + imageKey + u".svg"_s;
+    return QFile::exists(path) ? QIcon(path) : QIcon();
 }
 }  // namespace
 

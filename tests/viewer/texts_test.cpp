@@ -112,7 +112,7 @@ class TestTexts : public QObject {
         QCOMPARE(colourFromText(u"&H00FF8001&"_s), QColor(0x01, 0x80, 0xff));
         QCOMPARE(colourFromText(u"255"_s), QColor(255, 0, 0));
         QCOMPARE(colourFromText(u""_s), QColor(0, 0, 0));
-        QVERIFY_EXCEPTION_THROWN(colourFromText(u"-5"_s), Error);
+        QVERIFY_THROWS_EXCEPTION(Error, colourFromText(u"-5"_s));
     }
 };
 

@@ -1,0 +1,197 @@
+#include "../support/run_all.h"
+#include "platform/desktop/placing.h"
+#include "viewer_window.h"
+
+#include <QRadioButton>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+struct OpenPage : ViewerWindow {
+    OpenPage() {
+        openAlbum(1);
+        chooseColumns(2);
+        chooseButton(0);
+    }
+    void chooseDate(int operatorIndex, const QString& digits) const {
+        press(u"rq"_s);
+        click(element(u"optRq"_s, operatorIndex));
+        QTest::keyClicks(box(u"txtR1"_s), digits);
+    }
+};
+
+class TestFilterControls : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void byNumber_data() {
+        QTest::addColumn<QString>("choice");
+        QTest::addColumn<QString>("number");
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<int>("first");
+        QTest::newRow("one") << u"序号="_s << u"7"_s << u" 序号= 7 共1张 共1页 第 4 张"_s << 7;
+        QTest::newRow("above") << u"序号>"_s << u"5"_s << u" 序号> 5 共5张 共2页 第 4 张"_s << 6;
+        QTest::newRow("none below") << u"序号<"_s << u"1"_s << u" 序号< 1 共0张 共0页 第 0 张"_s << 0;
+        QTest::newRow("no number keeps the selection")
+            << u"序号="_s << u"x"_s << u" 序号= x 共10张 共3页 第 4 张"_s << 1;
+    }
+    void byNumber() {
+        QFETCH(QString, choice);
+        QFETCH(QString, number);
+        const OpenPage viewer;
+        viewer.click(u"txtXh"_s);
+        viewer.chooseLine(choice);
+        QCOMPARE(viewer.text(u"txtXh"_s), choice);
+        QCOMPARE(widthOf(viewer.find(u"txtXh"_s)), twipsFromPixels(pixelsFromTwips(950)));
+        QVERIFY(viewer.box(u"txtXx"_s)->hasFocus());
+        QTest::keyClicks(viewer.box(u"txtXx"_s), number);
+        QCOMPARE(viewer.text(u"txtYh"_s), u"1"_s);
+        viewer.enter(u"txtXx"_s);
+        QTEST(viewer.panel(3), "line");
+        QTEST(viewer.pictureIn(0), "first");
+        QVERIFY(viewer.boxes.isEmpty());
+    }
+
+    void anyNumberLeavesTheOldSelection() {
+        const OpenPage viewer;
+        viewer.click(u"txtXh"_s);
+        viewer.chooseLine(u"序号<"_s);
+        QTest::keyClicks(viewer.box(u"txtXx"_s), u"4"_s);
+        QCOMPARE(viewer.panel(3), u" 序号< 4 共3张 共1页"_s);
+        viewer.click(u"txtXh"_s);
+        viewer.chooseLine(u"序号任意"_s);
+        QVERIFY(!viewer.shows(u"txtXx"_s));
+        QCOMPARE(viewer.panel(3), u"全部 共3张 共1页"_s);
+        viewer.chooseButton(0);
+        QCOMPARE(viewer.panel(3), u"全部 共10张 共3页 第 1 张"_s);
+    }
+
+    void byDate() {
+        const OpenPage viewer;
+        viewer.press(u"rq"_s);
+        QVERIFY(viewer.shows(u"picRq"_s));
+        QVERIFY(viewer.box(u"txtR1"_s)->isLocked());
+        viewer.click(u"optRq(1)"_s);
+        QVERIFY(viewer.box(u"txtR1"_s)->hasFocus());
+        QTest::keyClicks(viewer.box(u"txtR1"_s), u"031001"_s);
+        QCOMPARE(viewer.text(u"txtR1"_s), u"2003-10-01"_s);
+        viewer.enter(u"txtR1"_s);
+        QVERIFY(!viewer.shows(u"picRq"_s));
+        QCOMPARE(viewer.panel(3), u"日期晚于2003-10-01 共4张 共1页 第 4 张"_s);
+        QCOMPARE(viewer.pictureIn(0), 7);
+
+        // With a code as well.
+        viewer.chooseButton(1);
+        QCOMPARE(viewer.panel(3), u"日期晚于2003-10-01 共2张 共1页 第 1 张"_s);
+        QCOMPARE(viewer.pictureIn(1), 9);
+    }
+
+    void typingHelp_data() {
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("two-digit year") << u"031001"_s << u"2003-10-01"_s;
+        QTest::newRow("last century") << u"851231"_s << u"1985-12-31"_s;
+        QTest::newRow("four-digit year") << u"20150704"_s << u"2015-07-04"_s;
+        QTest::newRow("month of one digit") << u"0351"_s << u"2003-5-1"_s;
+    }
+    void typingHelp() {
+        QFETCH(QString, keys);
+        const OpenPage viewer;
+        viewer.chooseDate(2, keys);
+        QTEST(viewer.text(u"txtR1"_s), "text");
+    }
+
+    void backspaceTakesTheHelpAway() {
+        const OpenPage viewer;
+        viewer.chooseDate(2, u"03"_s);
+        auto* date = viewer.box(u"txtR1"_s);
+        date->setCursorPosition(6);
+        QTest::keyClick(date, Qt::Key_Backspace);
+        QTest::keyClick(date, Qt::Key_Backspace);
+        QCOMPARE(date->text(), u"2003"_s);
+    }
+
+    void droppingTheDate() {
+        const OpenPage viewer;
+        viewer.chooseDate(0, u"030928"_s);
+        viewer.click(u"cmdRq"_s);
+        QCOMPARE(viewer.panel(3), u"日期早于2003-09-28 共2张 共1页 第 4 张"_s);
+        viewer.press(u"rq"_s);
+        viewer.click(u"cmdRy"_s);
+        QVERIFY(!viewer.shows(u"picRq"_s));
+        QCOMPARE(viewer.panel(3), u"全部 共2张 共1页"_s);  // the selection stays until a button is clicked
+        viewer.chooseButton(0);
+        QCOMPARE(viewer.panel(2), u"旅行(tc01)[全部] 共 10 张"_s);
+    }
+
+    void nonsenseDateKeepsTheSelection() {
+        const OpenPage viewer;
+        viewer.chooseDate(2, u"x"_s);
+        viewer.click(u"cmdRq"_s);
+        QCOMPARE(viewer.panel(3), u"日期等于x 共10张 共3页 第 4 张"_s);
+        QVERIFY(viewer.boxes.isEmpty());
+    }
+
+    void cancelChangesNothing() {
+        const OpenPage viewer;
+        for (const QString& cancel : {u"cmdRx"_s, u"cmdS0"_s}) {
+            viewer.chooseDate(1, u"031001"_s);
+            viewer.click(cancel);
+            QVERIFY(!viewer.shows(u"picRq"_s));
+        }
+        viewer.press(u"rq"_s);
+        QCOMPARE(viewer.text(u"txtR1"_s), QString());
+        viewer.click(u"cmdRq"_s);
+        QVERIFY(viewer.shows(u"picRq"_s));  // nothing typed, nothing happens
+        QTest::keyClick(viewer.window->centralWidget(), Qt::Key_Escape);
+        QVERIFY(!viewer.shows(u"picRq"_s));
+        QCOMPARE(viewer.panel(3), u"全部 共10张 共3页 第 1 张"_s);
+    }
+
+    void dialogIsDragged() {
+        const OpenPage viewer;
+        viewer.press(u"rq"_s);
+        auto* dialog = viewer.find(u"picRq"_s);
+        QCOMPARE(dialog->pos(), QPoint(pixelsFromTwips(1900), pixelsFromTwips(500)));
+        const QPoint before = dialog->pos();
+        QTest::mousePress(dialog, Qt::LeftButton, {}, QPoint(20, 40));
+        QMouseEvent move(QEvent::MouseMove, QPointF(50, 60), dialog->mapToGlobal(QPointF(50, 60)), Qt::NoButton,
+                         Qt::LeftButton, {});
+        QApplication::sendEvent(dialog, &move);
+        QCOMPARE(dialog->pos() - before, QPoint(30, 20));
+    }
+
+    void listsKnowTheirRoles_data() {
+        QTest::addColumn<int>("left");
+        QTest::addColumn<int>("role");
+        QTest::newRow("albums") << 2899 << int(DropList::Role::albums);
+        QTest::newRow("between") << 2900 << int(DropList::Role::none);
+        QTest::newRow("still between") << 3000 << int(DropList::Role::none);
+        QTest::newRow("numbers") << 3001 << int(DropList::Role::numbers);
+        QTest::newRow("numbers to the last") << 4200 << int(DropList::Role::numbers);
+        QTest::newRow("columns") << 4201 << int(DropList::Role::columns);
+    }
+    void listsKnowTheirRoles() {
+        QFETCH(int, left);
+        QTEST(int(DropList::roleAt(left)), "role");
+    }
+
+    void listHides() {
+        const OpenPage viewer;
+        auto* list = viewer.find(u"lstLs"_s);
+        viewer.click(u"txtXh"_s);
+        QVERIFY(list->isVisible());
+        viewer.click(u"imgXs(0)"_s);
+        QVERIFY(!list->isVisible());
+        viewer.click(u"txtXh"_s);
+        QTest::mouseMove(viewer.window->centralWidget(), QPoint(4, 300));
+        QTRY_VERIFY(!list->isVisible());
+    }
+};
+
+const Registered<TestFilterControls> registered;
+
+}  // namespace
+
+#include "filter_controls_test.moc"

@@ -1,0 +1,151 @@
+#include "../support/run_all.h"
+#include "platform/base/files.h"
+#include "platform/desktop/placing.h"
+#include "viewer_window.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class TestFrame : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void cleanup() { QDir::setCurrent(QDir::rootPath()); }
+
+    void comesUpWithTheCover() {
+        const ViewerWindow viewer([] {
+            Recordset scheme = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcys WHERE 序号 = '0'"_s);
+            scheme.Edit();
+            scheme.Fields(u"窗体"_s).SetValue(u"&H00C0F0FF&"_s);
+            scheme.Update();
+        });
+        QCOMPARE(viewer.window->windowTitle(), u" 览忆集苑"_s);
+        QCOMPARE(viewer.text(u"txtWd"_s), u" 览忆集苑"_s);
+        QCOMPARE(viewer.panel(1), u"览忆集苑"_s);
+        QCOMPARE(viewer.panel(2), u"演示(tc00) 共 3 张"_s);
+        QCOMPARE(viewer.panel(3), u"全部"_s);
+        QVERIFY(viewer.panel(4).contains(u" 周"_s));
+        QCOMPARE(viewer.text(u"txtYh"_s), u"0"_s);
+        QVERIFY(viewer.shows(u"pic0"_s));
+        QVERIFY(!viewer.shows(u"imgXs(0)"_s));
+        QVERIFY(viewer.find<QAction>(u"mnuTg"_s)->isEnabled());
+        QVERIFY(viewer.find<QAction>(u"mnuCd(0)"_s)->isChecked());
+        QCOMPARE(viewer.find<QAction>(u"mnuCd(2)"_s)->text(), u"空册"_s);
+        QCOMPARE(viewer.window->palette().color(QPalette::Window), QColor(0xff, 0xf0, 0xc0));
+        QCOMPARE(viewer.find<ShapeBox>(u"shpAb"_s)->fillColor(), QColor(0xe0, 0xe0, 0xe0));
+        QVERIFY(viewer.boxes.isEmpty());
+    }
+
+    void lastAlbumComesBack_data() {
+        QTest::addColumn<Variant>("stored");
+        QTest::addColumn<QString>("table");
+        QTest::newRow("an album") << Variant(u"01"_s) << u"tc01"_s;
+        QTest::newRow("never any") << Variant() << u"tc00"_s;
+        QTest::newRow("closed at exit") << Variant(u""_s) << u"tc00"_s;
+        QTest::newRow("dropped since") << Variant(u"77"_s) << u"tc00"_s;
+    }
+    void lastAlbumComesBack() {
+        QFETCH(Variant, stored);
+        const ViewerWindow viewer([&] { ViewerWindow::setSetting(u"当前像册"_s, stored); });
+        QTEST(mekTp::currentTable, "table");
+    }
+
+    void missingCatalogueIsSilent() {
+        const ViewerWindow viewer([] {
+            mekTp::catalogue = {};
+            Kill(mekTp::cataloguePath());
+        });
+        viewer.press(u"xs"_s);
+        viewer.press(u"hd"_s);
+        viewer.press(u"rq"_s);
+        viewer.window->resize(1000, 760);
+        QVERIFY(viewer.boxes.isEmpty());
+        QCOMPARE(viewer.find<QAction>(u"mnuCd(0)"_s)->text(), u"演示"_s);
+    }
+
+    void emptyScreenPicturesAreFilled() {
+        const ViewerWindow viewer([] {
+            mekTp::catalogue.Execute(u"DELETE FROM [pmtp]"_s);
+            Recordset demo = mekTp::catalogue.OpenRecordset(u"tc00"_s);
+            for (int i = 17; i <= 19; ++i) {
+                demo.AddNew();
+                demo.Fields(u"序号"_s).SetValue(i);
+                demo.Fields(u"规格"_s).SetValue(u"8 * 6"_s);
+                demo.Fields(u"图片"_s).SetValue(pictureBytes({8, 6}, Qt::red));
+                demo.Update();
+            }
+        });
+        Recordset screens = mekTp::catalogue.OpenRecordset(u"SELECT * FROM pmtp ORDER BY [序号]"_s);
+        QCOMPARE(screens.rowCount(), 3);
+        screens.MoveLast();
+        QCOMPARE(screens.Fields(u"序号"_s).Value(), Variant(3));
+        QVERIFY(screens.Fields(u"图片"_s).FieldSize() > 0);
+    }
+
+    void fullScreenIsStoredAndLeft() {
+        const ViewerWindow viewer([] { ViewerWindow::setSetting(u"全屏显示"_s, true); });
+        const QRect screen = viewer.window->screen()->geometry();
+        QCOMPARE(viewer.window->geometry(), screen);
+        auto* fullScreen = viewer.find<QCheckBox>(u"chkBq(1)"_s);
+        QVERIFY(fullScreen->isChecked());
+        fullScreen->setChecked(false);
+        QCOMPARE(ViewerWindow::setting(u"全屏显示"_s), Variant(false));
+        QVERIFY(!viewer.window->isFullScreen());
+        const QRect windowed = viewer.window->geometry();
+        QVERIFY(windowed.width() < screen.width() || screen.width() <= 960);
+        QVERIFY(qAbs(windowed.center().x() - screen.center().x()) <= 1);
+        fullScreen->setChecked(true);
+        QCOMPARE(ViewerWindow::setting(u"全屏显示"_s), Variant(true));
+        QCOMPARE(viewer.window->geometry(), screen);
+    }
+
+    void resizeFollowsTheRules() {
+        const ViewerWindow viewer;
+        viewer.window->setMinimumSize(0, 0);
+        viewer.window->resize(900, 700);
+        QCOMPARE(viewer.find(u"pic1"_s)->geometry(), rectFromTwips(1950, 510, 13500 - 2160, 10500 - 1590));
+        QCOMPARE(viewer.find(u"pic0"_s)->geometry(), viewer.find(u"pic1"_s)->geometry());
+        QCOMPARE(viewer.image(u"img0"_s)->size(), viewer.find(u"pic0"_s)->size());
+        QCOMPARE(topOf(viewer.find(u"shpA1"_s)), 570);
+        QCOMPARE(viewer.find<LineBox>(u"lin4"_s)->x1(), 13500 - 190);
+    }
+
+    void otherWindows() {
+        ViewerWindow viewer;
+        viewer.press(u"bj"_s);
+        viewer.find<QAction>(u"mnuSz"_s)->trigger();
+        QCOMPARE(viewer.windows.handedTo, (QList{WindowKind::settings, WindowKind::settings}));
+        viewer.find<QAction>(u"mnuGy"_s)->trigger();
+        QCOMPARE(viewer.windows.shown, QList{WindowKind::about});
+        for (const QString& item : {u"mnuCs"_s, u"mnuCl"_s, u"mnuBz"_s})
+            QVERIFY(!viewer.find<QAction>(item)->isEnabled());
+        QVERIFY(!viewer.key(u"bz"_s)->isEnabled());
+        viewer.press(u"gb"_s);
+        QVERIFY(!viewer.window->isVisible());
+    }
+
+    void helpAndColoursToggle() {
+        ViewerWindow viewer;
+        viewer.windows.available << WindowKind::help << WindowKind::colours;
+        viewer.window = std::make_unique<frmTp>(viewer.windows);
+        viewer.window->show();
+        viewer.press(u"bz"_s);
+        QCOMPARE(viewer.find<QAction>(u"mnuBz"_s)->text(), u"帮助关闭(B)"_s);
+        QCOMPARE(viewer.keyImage(u"bz"_s), u"bg"_s);
+        viewer.find<QAction>(u"mnuBz"_s)->trigger();
+        QCOMPARE(viewer.key(u"bz"_s)->toolTip(), u"帮助"_s);
+        auto* colours = viewer.find<QAction>(u"mnuCs"_s);
+        colours->trigger();
+        QCOMPARE(colours->text(), u"配色关闭(&C)"_s);
+        colours->trigger();
+        QCOMPARE(viewer.windows.shown, (QList{WindowKind::help, WindowKind::colours}));
+        QCOMPARE(viewer.windows.unloaded, (QList{WindowKind::help, WindowKind::colours}));
+    }
+};
+
+const Registered<TestFrame> registered;
+
+}  // namespace
+
+#include "frame_test.moc"

@@ -1,0 +1,193 @@
+#include "../support/run_all.h"
+#include "platform/desktop/placing.h"
+#include "viewer_window.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Album 旅行 with ten pictures, all chosen, with that many columns.
+struct OpenPage : ViewerWindow {
+    explicit OpenPage(int columns) {
+        openAlbum(1);
+        chooseColumns(columns);
+        chooseButton(0);
+    }
+};
+
+class TestPaging : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void throughTheAlbum() {
+        const OpenPage viewer(2);
+        QCOMPARE(viewer.pictureIn(0), 1);
+        viewer.press(u"xy"_s);
+        QCOMPARE(viewer.pictureIn(0), 5);
+        QCOMPARE(viewer.text(u"txtYh"_s), u"2"_s);
+        QCOMPARE(viewer.panel(3), u"全部 共10张 共3页 第 8 张"_s);
+        viewer.press(u"xy"_s);
+        QCOMPARE(viewer.pictureIn(1), 10);
+        QCOMPARE(viewer.pictureIn(2), 0);
+        QVERIFY(viewer.shows(u"shpXs(3)"_s));  // the frames of missing pictures stay
+        QVERIFY(viewer.image(u"imgXs(3)"_s)->picture().isNull());
+        QCOMPARE(viewer.image(u"imgXs(3)"_s)->toolTip(), QString());
+        viewer.press(u"xy"_s);
+        QCOMPARE(viewer.panel(3), u"翻页已到文件尾！"_s);
+        QVERIFY(!viewer.key(u"xy"_s)->isEnabled());
+        QCOMPARE(viewer.text(u"txtYh"_s), u"3"_s);
+        viewer.press(u"sy"_s);
+        QVERIFY(viewer.key(u"xy"_s)->isEnabled());
+        viewer.press(u"sy"_s);
+        viewer.press(u"sy"_s);
+        QCOMPARE(viewer.panel(3), u"翻页已到文件头！"_s);
+        QVERIFY(!viewer.key(u"sy"_s)->isEnabled());
+        QCOMPARE(viewer.text(u"txtYh"_s), u"1"_s);
+    }
+
+    void lastPageIsFull() {
+        const OpenPage viewer(2);
+        viewer.press(u"hy"_s);
+        QCOMPARE(viewer.pictureIn(0), 7);
+        QCOMPARE(viewer.pictureIn(3), 10);
+        QCOMPARE(viewer.text(u"txtYh"_s), u"3"_s);
+        viewer.press(u"xs"_s);
+        QCOMPARE(viewer.text(u"txtYh"_s), u"2.5"_s);
+        viewer.press(u"ty"_s);
+        QCOMPARE(viewer.pictureIn(0), 1);
+        viewer.find<QAction>(u"mnuXs"_s)->trigger();
+        QCOMPARE(viewer.pictureIn(0), 1);
+        QCOMPARE(viewer.text(u"txtYh"_s), u"1"_s);
+    }
+
+    void fewerPicturesThanCells() {
+        const OpenPage viewer(4);
+        viewer.press(u"hy"_s);
+        QCOMPARE(viewer.pictureIn(0), 1);
+        QCOMPARE(viewer.pictureIn(9), 10);
+        QCOMPARE(viewer.text(u"txtYh"_s), u"1"_s);
+    }
+
+    void typedPageNumber_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("first");
+        QTest::newRow("page 2") << u"2"_s << u"2"_s << 5;
+        QTest::newRow("zero is the first") << u"0"_s << u"1"_s << 1;
+        QTest::newRow("no number is the first") << u"x"_s << u"1"_s << 1;
+        QTest::newRow("past the end is empty") << u"9"_s << u"9"_s << 0;
+        QTest::newRow("far past the end") << u"99999999999"_s << u"99999999999"_s << 0;
+    }
+    void typedPageNumber() {
+        QFETCH(QString, typed);
+        const OpenPage viewer(2);
+        auto* number = viewer.box(u"txtYh"_s);
+        number->setFocus();
+        QCOMPARE(number->selectedText(), u"1"_s);
+        QTest::keyClicks(number, typed);
+        QTEST(number->text(), "text");
+        viewer.enter(u"txtYh"_s);
+        QTEST(viewer.pictureIn(0), "first");
+    }
+
+    void firstPageOfAFreshlyOpenedAlbum() {
+        const ViewerWindow viewer;
+        viewer.openAlbum(1);
+        viewer.press(u"ty"_s);
+        QVERIFY(!viewer.shows(u"pic0"_s));
+        QCOMPARE(viewer.pictureIn(0), 1);
+        viewer.press(u"xy"_s);
+        QCOMPARE(viewer.pictureIn(0), 2);
+    }
+
+    void keysPage() {
+        const OpenPage viewer(2);
+        viewer.window->centralWidget()->setFocus();
+        QTest::keyClick(viewer.window->centralWidget(), Qt::Key_PageDown);
+        QCOMPARE(viewer.pictureIn(0), 5);
+        QTest::keyClick(viewer.window->centralWidget(), Qt::Key_Home);
+        QCOMPARE(viewer.pictureIn(0), 1);
+    }
+
+    void columnsWaitForEnter() {
+        const OpenPage viewer(1);
+        viewer.click(u"txtLs"_s);
+        auto* list = viewer.find<ListBox>(u"lstLs"_s);
+        QCOMPARE(list->ListCount(), 6);
+        QVERIFY(list->verticalScrollBar()->maximum() == 0);
+        viewer.chooseLine(u"3列"_s);
+        QCOMPARE(viewer.text(u"txtLs"_s), u"3列"_s);
+        QVERIFY(viewer.box(u"txtLs"_s)->hasFocus());
+        QVERIFY(viewer.find(u"imgXs(1)"_s) == nullptr);
+        QVERIFY(!viewer.key(u"hd"_s)->isEnabled());
+        QVERIFY(!viewer.key(u"yd"_s)->isEnabled());
+        viewer.enter(u"txtLs"_s);
+        QCOMPARE(viewer.pictureIn(8), 9);
+        viewer.chooseColumns(1);
+        QVERIFY(viewer.key(u"hd"_s)->isEnabled());
+        viewer.enter(u"txtLs"_s);
+        QVERIFY(viewer.find(u"imgXs(1)"_s) == nullptr);
+    }
+
+    void cellsStandWhereTheyShould() {
+        const OpenPage viewer(2);
+        const int area = widthOf(viewer.window.get()) - 2160;
+        const int cell = roundHalfEven((area - 210) / 2.0);
+        const int high = roundHalfEven(cell * 0.75);
+        QCOMPARE(viewer.find(u"imgXs(1)"_s)->geometry(),
+                 rectFromTwips(60 + cell + 80, 80, cell, roundHalfEven(cell / (4 / 3.0))));
+        QCOMPARE(viewer.find(u"imgXs(2)"_s)->geometry(),  // 30 x 40
+                 rectFromTwips(60, 80 + high + 60, roundHalfEven(high * 0.75), high));
+        QCOMPARE(viewer.find(u"shpXs(0)"_s)->geometry().topLeft(), QPoint(3, 3));
+    }
+
+    void captions() {
+        const OpenPage viewer(2);
+        auto* captions = viewer.find<QCheckBox>(u"chkBq(0)"_s);
+        captions->setChecked(true);
+        QCOMPARE(ViewerWindow::setting(u"显示标签"_s), Variant(true));
+        QVERIFY(!viewer.shows(u"txtBq(0)"_s));  // they follow at the next draw
+        viewer.press(u"xs"_s);
+        const auto* caption = viewer.find<CaptionBox>(u"txtBq(1)"_s);
+        QVERIFY(caption->isVisible());
+        QVERIFY(caption->text().startsWith(u"序号：2 "_s));
+        QVERIFY(caption->text().endsWith(u"40 * 30 2003年09月27日 12:00:00 图片2"_s));
+        QCOMPARE(viewer.image(u"imgXs(1)"_s)->toolTip(), u"鼠标单击可重新显示标签"_s);
+        QTest::mouseClick(caption->viewport(), Qt::LeftButton);
+        QVERIFY(!caption->isVisible());
+        viewer.click(u"imgXs(1)"_s);
+        QVERIFY(caption->isVisible());
+        viewer.chooseColumns(3);
+        viewer.press(u"xs"_s);
+        QVERIFY(!viewer.shows(u"txtBq(1)"_s));
+        QVERIFY(viewer.image(u"imgXs(1)"_s)->toolTip().startsWith(u"序号：2 "_s));
+    }
+
+    void damagedRecordsLeaveEmptyCells() {
+        const OpenPage viewer(2);
+        Recordset album = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 = 2"_s);
+        album.Edit();
+        album.Fields(u"规格"_s).SetValue(u""_s);
+        album.Fields(u"图片"_s).SetValue(QByteArray("no picture"));
+        album.Update();
+        viewer.press(u"ty"_s);
+        QVERIFY(viewer.image(u"imgXs(1)"_s)->picture().isNull());
+        QCOMPARE(viewer.find(u"imgXs(1)"_s)->size(), viewer.find(u"imgXs(0)"_s)->size());
+        QCOMPARE(viewer.pictureIn(1), 2);
+        QVERIFY(viewer.boxes.isEmpty());
+    }
+
+    void resizeDrawsAgain() {
+        const OpenPage viewer(2);
+        const int before = viewer.find(u"imgXs(0)"_s)->width();
+        viewer.window->resize(1100, 800);
+        QVERIFY(viewer.find(u"imgXs(0)"_s)->width() > before);
+        QVERIFY(!viewer.shows(u"pic0"_s));
+    }
+};
+
+const Registered<TestPaging> registered;
+
+}  // namespace
+
+#include "paging_test.moc"

@@ -1,0 +1,224 @@
+#include "../support/run_all.h"
+#include "platform/desktop/placing.h"
+#include "viewer_window.h"
+
+#include <QSlider>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+struct OpenPage : ViewerWindow {
+    explicit OpenPage(int columns) {
+        openAlbum(1);
+        chooseColumns(columns);
+        chooseButton(0);
+    }
+    void openPicture(int cell) const { QTest::mouseDClick(find(element(u"imgXs"_s, cell)), Qt::LeftButton); }
+};
+
+void tick(const ViewerWindow& viewer) {
+    QMetaObject::invokeMethod(viewer.find<QTimer>(u"tmr2"_s), "timeout");
+}
+
+void setInterval(int milliseconds) {
+    ViewerWindow::setSetting(u"幻灯延时"_s, milliseconds);
+}
+
+class TestViewAndShow : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void doubleClickShowsThePictureAlone() {
+        const OpenPage viewer(2);
+        viewer.openPicture(3);  // 100 x 50
+        QVERIFY(viewer.shows(u"pic0"_s));
+        const int width = widthOf(viewer.window.get()) - 2130;
+        QCOMPARE(viewer.image(u"img0"_s)->geometry(), rectFromTwips(0, 0, width, roundHalfEven(width / 2.0)));
+        QCOMPARE(viewer.image(u"img0"_s)->picture().pixels(), QSize(100, 50));
+        for (const QString& key : {u"ty"_s, u"sy"_s, u"xy"_s, u"hy"_s}) QVERIFY(!viewer.key(key)->isEnabled());
+        QVERIFY(viewer.key(u"yd"_s)->isEnabled());
+        auto* strip = viewer.find<CaptionBox>(u"txtB0"_s);
+        QVERIFY(strip->isVisible());
+        QVERIFY(strip->text().startsWith(u"序号：4 "_s));
+        QTest::mouseClick(strip->viewport(), Qt::LeftButton);
+        QVERIFY(!strip->isVisible());
+        QTest::mousePress(viewer.find(u"img0"_s), Qt::LeftButton);
+        QVERIFY(strip->isVisible());
+        QTest::mouseRelease(viewer.find(u"img0"_s), Qt::LeftButton);
+        QVERIFY(!viewer.shows(u"pic0"_s));
+        for (const QString& key : {u"ty"_s, u"sy"_s, u"xy"_s, u"hy"_s}) QVERIFY(viewer.key(key)->isEnabled());
+        QCOMPARE(viewer.pictureIn(3), 4);
+    }
+
+    void originalSizeInView() {
+        const OpenPage viewer(2);
+        viewer.openPicture(3);
+        viewer.press(u"yd"_s);
+        QCOMPARE(viewer.keyImage(u"yd"_s), u"cm"_s);
+        QCOMPARE(viewer.key(u"yd"_s)->toolTip(), u"充满窗口"_s);
+        QCOMPARE(viewer.image(u"img0"_s)->size(), QSize(100, 50));
+        viewer.press(u"yd"_s);
+        QCOMPARE(viewer.key(u"yd"_s)->toolTip(), u"原始大小"_s);
+        QVERIFY(viewer.image(u"img0"_s)->width() > 500);
+        QTest::keyClick(viewer.window->centralWidget(), Qt::Key_Escape);
+        QVERIFY(!viewer.shows(u"pic0"_s));
+    }
+
+    void nothingToView() {
+        const OpenPage single(1);
+        single.openPicture(0);
+        QVERIFY(!single.shows(u"pic0"_s));
+        const OpenPage viewer(4);
+        viewer.openPicture(12);  // past the end of the album
+        QVERIFY(!viewer.shows(u"pic0"_s));
+        QVERIFY(viewer.boxes.isEmpty());
+    }
+
+    void viewOfALostRecordTells() {
+        const OpenPage viewer(2);
+        mekTp::catalogue.Execute(u"DELETE FROM [tc01]"_s);
+        viewer.openPicture(1);
+        QCOMPARE(viewer.boxes.size(), 1);
+        QVERIFY(!viewer.shows(u"pic0"_s));
+        QVERIFY(viewer.key(u"ty"_s)->isEnabled());
+    }
+
+    // The page still shows the album that it was drawn from when another one has been opened.
+    void viewBelongsToThePagesAlbum() {
+        const OpenPage viewer(2);
+        viewer.openAlbum(0);
+        viewer.openPicture(3);
+        QCOMPARE(viewer.image(u"img0"_s)->picture().pixels(), QSize(100, 50));
+    }
+
+    void drawingEndsTheView() {
+        const OpenPage viewer(2);
+        viewer.openPicture(0);
+        viewer.press(u"xs"_s);
+        QVERIFY(!viewer.shows(u"pic0"_s));
+        QVERIFY(viewer.key(u"xy"_s)->isEnabled());
+        QVERIFY(!viewer.shows(u"txtB0"_s));
+    }
+
+    void viewFollowsTheWindow() {
+        const OpenPage viewer(2);
+        viewer.openPicture(3);
+        viewer.window->resize(1100, 800);
+        QVERIFY(viewer.shows(u"pic0"_s));
+        QCOMPARE(widthOf(viewer.image(u"img0"_s)), 1100 * 15 - 2130);
+        QVERIFY(!viewer.key(u"ty"_s)->isEnabled());
+    }
+
+    void originalSizeStepsBackOnAOnePicturePage() {
+        const OpenPage viewer(1);
+        viewer.press(u"xy"_s);
+        QCOMPARE(viewer.pictureIn(0), 2);
+        viewer.press(u"yd"_s);
+        QCOMPARE(viewer.pictureIn(0), 1);
+        QCOMPARE(viewer.image(u"imgXs(0)"_s)->size(), QSize(40, 30));
+        viewer.press(u"yd"_s);
+        QCOMPARE(viewer.pictureIn(0), 1);  // before the first there is none
+        QCOMPARE(viewer.panel(3), u"全部 共10张 共10页 第 0 张"_s);
+    }
+
+    void originalSizeNeedsAPage() {
+        const ViewerWindow viewer;
+        viewer.press(u"yd"_s);
+        QCOMPARE(viewer.keyImage(u"yd"_s), u"yd"_s);
+    }
+
+    void showEndsAfterTheLastPicture() {
+        const OpenPage viewer(1);
+        setInterval(1);
+        viewer.press(u"hd"_s);
+        QCOMPARE(viewer.keyImage(u"hd"_s), u"hb"_s);
+        QCOMPARE(viewer.key(u"hd"_s)->toolTip(), u"关闭幻灯"_s);
+        QTRY_COMPARE(viewer.keyImage(u"hd"_s), u"hd"_s);
+        QCOMPARE(viewer.key(u"hd"_s)->toolTip(), u"幻灯"_s);
+        QCOMPARE(viewer.pictureIn(0), 10);
+        QVERIFY(!viewer.find<QTimer>(u"tmr2"_s)->isActive());
+
+        // From the end it begins anew.
+        setInterval(5000);
+        viewer.press(u"hd"_s);
+        QCOMPARE(viewer.text(u"txtYh"_s), u"0"_s);
+        tick(viewer);
+        QCOMPARE(viewer.pictureIn(0), 1);
+    }
+
+    void showStartsOver() {
+        const OpenPage viewer(1);
+        setInterval(5000);
+        ViewerWindow::setSetting(u"幻灯循环"_s, true);
+        viewer.press(u"xy"_s);
+        viewer.press(u"hd"_s);
+        for (const int picture : {3, 4, 5, 6, 7, 8, 9, 10, 1, 2}) {
+            tick(viewer);
+            QCOMPARE(viewer.pictureIn(0), picture);
+        }
+        QCOMPARE(viewer.keyImage(u"hd"_s), u"hb"_s);
+        viewer.press(u"hd"_s);
+        QCOMPARE(viewer.keyImage(u"hd"_s), u"hd"_s);
+        QVERIFY(!viewer.find<QTimer>(u"tmr2"_s)->isActive());
+    }
+
+    void showOfNothingEnds() {
+        const ViewerWindow viewer;
+        viewer.openAlbum(2);
+        setInterval(1);
+        ViewerWindow::setSetting(u"幻灯循环"_s, true);
+        viewer.press(u"hd"_s);
+        QTRY_COMPARE(viewer.keyImage(u"hd"_s), u"hd"_s);
+        QVERIFY(viewer.boxes.isEmpty());
+    }
+
+    void zeroIntervalStandsStill() {
+        const OpenPage viewer(1);
+        setInterval(0);
+        viewer.press(u"hd"_s);
+        QCOMPARE(viewer.keyImage(u"hd"_s), u"hb"_s);
+        QVERIFY(!viewer.find<QTimer>(u"tmr2"_s)->isActive());
+    }
+
+    void moreColumnsEndTheShow() {
+        const OpenPage viewer(1);
+        setInterval(5000);
+        viewer.press(u"hd"_s);
+        viewer.chooseColumns(2);
+        QCOMPARE(viewer.keyImage(u"hd"_s), u"hd"_s);
+        QVERIFY(!viewer.key(u"hd"_s)->isEnabled());
+    }
+
+    void showDialog() {
+        const OpenPage viewer(1);
+        setInterval(1234);
+        viewer.press(u"sj"_s);
+        QVERIFY(viewer.shows(u"picYc"_s));
+        auto* slider = viewer.find<QSlider>(u"sliSj"_s);
+        auto* repeat = viewer.find<QCheckBox>(u"chkYc"_s);
+        QCOMPARE(slider->value(), 1234);
+        QCOMPARE(viewer.find<QLabel>(u"lblCc"_s)->text(), u"幻灯延迟时间：1234 毫秒"_s);
+        for (const QString& cancel : {u"cmdX1"_s, u"cmdX0"_s}) {
+            slider->setValue(4000);
+            viewer.click(cancel);
+            QVERIFY(!viewer.shows(u"picYc"_s));
+            QCOMPARE(ViewerWindow::setting(u"幻灯延时"_s), Variant(1234));
+            viewer.press(u"sj"_s);
+            QCOMPARE(slider->value(), 1234);
+        }
+        slider->setValue(4000);
+        repeat->setChecked(true);
+        QCOMPARE(viewer.find<QLabel>(u"lblCc"_s)->text(), u"幻灯延迟时间：1234 毫秒"_s);
+        viewer.click(u"cmdQ1"_s);
+        QVERIFY(!viewer.shows(u"picYc"_s));
+        QCOMPARE(ViewerWindow::setting(u"幻灯延时"_s), Variant(4000));
+        QCOMPARE(ViewerWindow::setting(u"幻灯循环"_s), Variant(true));
+    }
+};
+
+const Registered<TestViewAndShow> registered;
+
+}  // namespace
+
+#include "view_and_show_test.moc"

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "../support/sample_catalogue.h"
+#include "catalogue/mektp.h"
+#include "platform/desktop/image_box.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/shapes.h"
+#include "platform/desktop/text_box.h"
+#include "viewer/frm_tp.h"
+
+#include <QtTest/QtTest>
+
+/// Remembers what the window asked of the other windows.
+class RecordingWindows : public Windows {
+  public:
+    bool has(WindowKind window) const override { return available.contains(window); }
+    void handOver(WindowKind, WindowKind to) override { handedTo << to; }
+    void show(WindowKind window) override { shown << window; }
+    void unload(WindowKind window) override { unloaded << window; }
+    void showHelp(const QString&) override {}
+    void endProgram() override {}
+
+    QList<WindowKind> available{WindowKind::viewer, WindowKind::settings, WindowKind::about};
+    QList<WindowKind> handedTo, shown, unloaded;
+};
+
+/// The main window on a small catalogue, with its controls by name. Message boxes are collected instead of shown.
+class ViewerWindow {
+  public:
+    explicit ViewerWindow(const std::function<void()>& prepare = {}) {
+        if (prepare) prepare();
+        answerBoxesWith([this](const BoxText& box) {
+            boxes << box.title + u'|' + box.text;
+            return true;
+        });
+        window = std::make_unique<frmTp>(windows);
+        window->show();
+        QApplication::setActiveWindow(window.get());
+    }
+    ~ViewerWindow() {
+        window.reset();
+        answerBoxesWith({});
+    }
+
+    template <typename Control = QWidget>
+    Control* find(const QString& name) const {
+        return window->findChild<Control*>(name);
+    }
+    ImageBox* image(const QString& name) const { return find<ImageBox>(name); }
+    TextBox* box(const QString& name) const { return find<TextBox>(name); }
+    QToolButton* key(const QString& key) const { return find<QToolButton>(QStringLiteral("tlb1:") + key); }
+    QString keyImage(const QString& name) const { return find<ToolBar>(QStringLiteral("tlb1"))->image(name); }
+    QString panel(int number) const { return find<QLabel>(QStringLiteral("sta1:%1").arg(number))->text(); }
+    QString text(const QString& name) const { return box(name)->text(); }
+    bool shows(const QString& name) const {
+        const auto* control = find(name);
+        return control != nullptr && control->isVisible();
+    }
+    /// Number of the picture in a cell, 0 for an empty one.
+    int pictureIn(int cell) const {
+        const QString tag = image(QStringLiteral("imgXs(%1)").arg(cell))->tag();
+        return tag.mid(3, tag.indexOf(u' ') - 3).toInt();
+    }
+
+    void press(const QString& name) const { QTest::mouseClick(key(name), Qt::LeftButton); }
+    void click(const QString& name) const { QTest::mouseClick(find(name), Qt::LeftButton); }
+    void openAlbum(int index) const { find<QAction>(QStringLiteral("mnuCd(%1)").arg(index))->trigger(); }
+    void chooseButton(int index) const { click(QStringLiteral("imgAn(%1)").arg(index)); }
+    void chooseColumns(int columns) const { box(QStringLiteral("txtLs"))->setText(QString::number(columns) + u'列'); }
+    void enter(const QString& name) const { QTest::keyClick(find(name), Qt::Key_Return); }
+    void chooseLine(const QString& line) const {
+        auto* list = find<ListBox>(QStringLiteral("lstLs"));
+        const auto* item = list->findItems(line, Qt::MatchExactly).constFirst();
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
+    }
+    static Variant setting(const QString& column) {
+        return mekTp::catalogue.OpenRecordset(QStringLiteral("tcsz")).Fields(column).Value();
+    }
+    static void setSetting(const QString& column, const Variant& value) {
+        Recordset settings = mekTp::catalogue.OpenRecordset(QStringLiteral("tcsz"));
+        settings.Edit();
+        settings.Fields(column).SetValue(value);
+        settings.Update();
+    }
+
+    SampleCatalogue catalogue;
+    RecordingWindows windows;
+    QStringList boxes;
+    std::unique_ptr<frmTp> window;
+};
