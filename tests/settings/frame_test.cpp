@@ -214,7 +214,7 @@ class TestSettingsFrame : public QObject {
         window.tabs().setCurrentIndex(3);
         auto& cboBm = window.get<QComboBox>(u"cboBm"_s);
         cboBm.setEditText(u"tc01"_s);
-        QTest::keyClick(cboBm.lineEdit(), Qt::Key_Return);
+        QTest::keyClick(&cboBm, Qt::Key_Return);
         QCOMPARE(cboBm.currentText(), u"tc01 "_s);
         QCOMPARE(window.get<DataControl>(u"datBj"_s).total(), 10);
     }
@@ -233,7 +233,7 @@ class TestSettingsFrame : public QObject {
         window.tabs().setCurrentIndex(2);
         auto& cboBm = window.get<QComboBox>(u"cboBm"_s);
         cboBm.setEditText(typed);
-        QTest::keyClick(cboBm.lineEdit(), Qt::Key_Return);
+        QTest::keyClick(&cboBm, Qt::Key_Return);
         QCOMPARE(window.get<Grid>(u"msgBm"_s).model()->rowCount(), 0);
         QVERIFY(window.boxes.isEmpty());
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../support/sample_catalogue.h"
+#include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
 #include "platform/desktop/list_box.h"
 #include "platform/desktop/message_box.h"
@@ -55,9 +56,7 @@ inline bool hasTable(const QString& table) {
 /// An album as another program, or an older catalogue, may have left it.
 inline void addAlbum(int number, const QString& table, const QString& title) {
     using namespace Qt::Literals::StringLiterals;
-    mekTp::catalogue.Execute(u"CREATE TABLE ["_s + table +
-                             u"] ([序号] LONG,[编号] TEXT(10),[大小] SINGLE,[规格] TEXT(12),[日期] DATETIME,"
-                             "[图片] LONGBINARY,[备注] TEXT(50))"_s);
+    mekTp::catalogue.Execute(createAlbumSql(table));
     Recordset rows = mekTp::catalogue.OpenRecordset(u"tcbm"_s);
     rows.AddNew();
     rows.Fields(u"序号"_s).SetValue(number);
