@@ -47,9 +47,11 @@ class JpegReader {
         const Orientation orientation = storedOrientation();
         const QSize pixels = turned(storedSize(), orientation);
         chooseScale(turned(target, orientation));
-        QImage image = decode();
+        const QImage stored = decode();
         if (source_.readFailed()) refusePicture(name_, u"读取失败"_s);
-        return {uprightImage(image, orientation), pixels};
+        const QImage upright = uprightImage(stored, orientation);
+        if (upright.isNull()) refusePicture(name_, u"内存不足"_s);
+        return {upright, pixels};
     }
 
   private:
@@ -61,7 +63,7 @@ class JpegReader {
     /// Runs steps of the library; a failure in them ends here.
     template <typename Steps>
     void run(const Steps& steps) {
-        if (!succeeds(steps)) refusePicture(name_, u"图片已损坏"_s);
+        if (!succeeds(steps)) refusePicture(name_, u"图片已损坏，或是不支持的 JPEG 格式"_s);
     }
 
     template <typename Steps>

@@ -30,7 +30,8 @@ class Picture {
 /// The longest side of a picture in pixels; larger ones are refused.
 inline constexpr int longestPictureSide = 32767;
 
-/// HiMetric units of a length in pixels: round(pixels * 2540 / 96).
+/// HiMetric units of a length in pixels: pixels * 2540 / 96, rounded to the nearest unit from which `Int(units
+/// / 26.455)` gives the pixels again. Plain rounding would make 74 of 75 pixels, and 8001 of 8000.
 int hiMetricFromPixels(int pixels);
 
 /// Decodes a BMP or JPEG file, upright by its EXIF orientation. With a `target` in device pixels, a larger picture is

@@ -1,0 +1,175 @@
+#include "catalogue/picture_field.h"
+
+#include "../support/run_all.h"
+#include "../support/sample_catalogue.h"
+#include "catalogue/album_rules.h"
+#include "catalogue/mektp.h"
+#include "platform/base/error.h"
+#include "platform/base/files.h"
+
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString pictureColumn = u"图片"_s;
+
+/// Stands for an image control.
+struct Target {
+    QSize targetSize() const { return {8, 6}; }
+    void setPicture(const Picture& picture) { shown = picture; }
+    Picture shown;
+};
+
+QByteArray numberedBytes(qint64 count) {
+    QByteArray bytes(count, '\0');
+    for (qsizetype i = 0; i < bytes.size(); ++i) bytes[i] = char(i % 251 + 1);
+    return bytes;
+}
+
+QString writeFile(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() ? path : QString();
+}
+
+/// Stores a file in a new record, which the set then stands on.
+qint64 storeInNewRecord(Recordset& album, const QString& path) {
+    album.AddNew();
+    const qint64 length = storePictureFile(album.Fields(pictureColumn), path);
+    album.Update();
+    album.MoveLast();
+    return length;
+}
+
+}  // namespace
+
+class TestPictureField : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void storedValueIsLongerThanTheFile_data();
+    void storedValueIsLongerThanTheFile();
+    void aStoredFileIsReadBack();
+    void emptyFileStoresNothing();
+    void missingFileIsNamed();
+    void theTargetKeepsItsPictureWithoutAnother();
+    void theCatalogueIsTheFileBesideTheProgram();
+    void theSampleIsWhatItSays();
+
+  private:
+    SampleCatalogue sample_;
+};
+
+void TestPictureField::storedValueIsLongerThanTheFile_data() {
+    QTest::addColumn<int>("length");
+    QTest::addColumn<int>("stored");
+    QTest::newRow("one byte") << 1 << 2;
+    QTest::newRow("below a chunk") << 16383 << 16384;
+    QTest::newRow("a chunk") << 16384 << 16386;
+    QTest::newRow("two chunks and a rest") << 40000 << 40003;
+}
+
+void TestPictureField::storedValueIsLongerThanTheFile() {
+    QFETCH(const int, length);
+    QFETCH(const int, stored);
+    const QByteArray bytes = numberedBytes(length);
+    Recordset album = mekTp::catalogue.OpenRecordset(u"tc02"_s);
+    QCOMPARE(storeInNewRecord(album, writeFile(sample_.file(u"数据"_s), bytes)), qint64(length));
+    const Field field = album.Fields(pictureColumn);
+    QCOMPARE(field.FieldSize(), qint64(stored));
+    QCOMPARE(field.Value().toBytes(), bytes + QByteArray(stored - length, '\0'));
+}
+
+void TestPictureField::aStoredFileIsReadBack() {
+    const QString path = sample_.file(u"大图.jpg"_s);
+    QImage image(1600, 1200, QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) image.setPixel(x, y, qRgb(x % 256, y % 256, (x * y) % 256));
+    saveJpeg(image, path, 80);
+    QVERIFY(FileLen(path) > 2 * pictureChunk);
+
+    Recordset album = mekTp::catalogue.OpenRecordset(u"tc02"_s);
+    storeInNewRecord(album, path);
+    const auto whole = pictureFromField(album, pictureColumn);
+    QVERIFY(whole);
+    QCOMPARE(whole->image(), LoadPicture(path).image());
+    const auto small = pictureFromField(album, pictureColumn, {200, 150});
+    QCOMPARE(small->image().size(), QSize(200, 150));
+    QCOMPARE(specOfPicture(*small), u"1600 * 1200"_s);
+}
+
+void TestPictureField::emptyFileStoresNothing() {
+    Recordset album = mekTp::catalogue.OpenRecordset(u"tc01"_s);
+    const QByteArray before = album.Fields(pictureColumn).Value().toBytes();
+    album.Edit();
+    QCOMPARE(storePictureFile(album.Fields(pictureColumn), writeFile(sample_.file(u"空"_s), {})), qint64(0));
+    album.Update();
+    QCOMPARE(album.Fields(pictureColumn).Value().toBytes(), before);
+}
+
+void TestPictureField::missingFileIsNamed() {
+    Recordset album = mekTp::catalogue.OpenRecordset(u"tc01"_s);
+    album.Edit();
+    QString text;
+    try {
+        storePictureFile(album.Fields(pictureColumn), sample_.file(u"没有.jpg"_s));
+    } catch (const Error& error) {
+        text = error.text();
+    }
+    QVERIFY2(text.contains(u"没有.jpg"_s), qPrintable(text));
+}
+
+void TestPictureField::theTargetKeepsItsPictureWithoutAnother() {
+    Recordset album = mekTp::catalogue.OpenRecordset(u"tc01"_s);
+    Target target;
+    QVERIFY(readPictureField(album, pictureColumn, target));
+    QCOMPARE(target.shown.pixels(), QSize(40, 30));
+
+    Recordset buttons = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcan WHERE 编号 = 'a'"_s);
+    QVERIFY(!readPictureField(buttons, pictureColumn, target));
+    for (const QByteArray& bytes : {QByteArray(), QByteArray("rubbish"), numberedBytes(20000)}) {
+        buttons.Edit();
+        buttons.Fields(pictureColumn).SetValue(bytes);
+        buttons.Update();
+        QVERIFY(!readPictureField(buttons, pictureColumn, target));
+    }
+    album.MoveLast();
+    album.MoveNext();
+    QVERIFY(!readPictureField(album, pictureColumn, target));
+    QVERIFY(!readPictureField(buttons, u"没有这列"_s, target));
+    QCOMPARE(target.shown.pixels(), QSize(40, 30));
+}
+
+void TestPictureField::theCatalogueIsTheFileBesideTheProgram() {
+    QCOMPARE(mekTp::cataloguePath(), sample_.file(u"lunq.mdb"_s));
+    const QTemporaryDir elsewhere;
+    setProgramFolder(elsewhere.path());
+    QVERIFY(!attempt([] { mekTp::openCatalogue(); }));
+    QVERIFY(!QFile::exists(mekTp::cataloguePath()));
+
+    setProgramFolder(sample_.folder());
+    mekTp::openCatalogue();
+    QVERIFY(mekTp::catalogue.isOpen());
+}
+
+void TestPictureField::theSampleIsWhatItSays() {
+    const std::pair<QString, int> counts[] = {
+        {u"tcbm"_s, 3},
+        {u"tc00"_s, 3},
+        {u"tc01"_s, 10},
+        {u"SELECT * FROM tc01 WHERE InStr(编号, '1') > 0"_s, 5},
+        {u"SELECT * FROM tc01 WHERE InStr(编号, '2') > 0"_s, 5},
+        {u"SELECT * FROM tc01 WHERE DateValue(日期) = #2003-10-05#"_s, 1},
+        {u"SELECT * FROM tcan WHERE InStr(图册, 'tc02') > 0"_s, 4},
+        {u"tcsz"_s, 1},
+        {u"tcys"_s, 6},
+        {u"pmtp"_s, 12},
+    };
+    for (const auto& [source, count] : counts)
+        QVERIFY2(mekTp::catalogue.OpenRecordset(source).rowCount() == count, qPrintable(source));
+}
+
+static Registered<TestPictureField> registered;
+
+#include "picture_field_test.moc"

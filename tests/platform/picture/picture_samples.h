@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+
+/// Pictures as bytes, made by hand where the fault lies in the bytes.
+
+struct JpegOptions {
+    enum class Kind { baseline, progressive, coloursApart, grayscale, inks, invertedInks };
+    Kind kind = Kind::baseline;
+    int orientation = 0;     ///< 0 writes no EXIF segment.
+    bool bigEndian = false;  ///< Byte order of the EXIF segment.
+};
+
+QByteArray jpegBytes(const QImage& image, const JpegOptions& options = {});
+
+/// Four quadrants: A red, B green on top; C blue, D white below.
+QImage quadrants(QSize pixels);
+/// What stands in the quadrants of an image, read row by row: "ABCD" for the one above.
+QByteArray quadrantsOf(const QImage& image);
+
+/// A BMP of 4 x 2 pixels, the upper row red, the lower blue.
+QByteArray bmpBytes(int depth, bool topDown = false, bool runLength = false);
+
+/// The bytes with other sides in the JPEG or BMP header.
+QByteArray withSides(QByteArray picture, QSize pixels);
