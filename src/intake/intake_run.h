@@ -21,13 +21,13 @@ struct IntakeOrder {
 
 /// What became of it.
 struct IntakeResult {
-    int count = 0;         ///< Files entered, 0 unless the run came to its end.
-    QStringList entered;   ///< Their pictures are in the album.
-    QStringList notFound;  ///< No record has their number; nothing was done with them.
-    QStringList empty;     ///< Files without a byte: no picture was stored.
-    QString failedFile;    ///< The file at which the run ended early.
-    QString failure;       ///< Why; empty when the run was not ended by a failure.
-    QStringList left;      ///< Files that it did not reach.
+    int count = 0;              ///< Files entered, 0 unless the run came to its end.
+    QStringList entered = {};   ///< Their pictures are in the album.
+    QStringList notFound = {};  ///< No record has their number; nothing was done with them.
+    QStringList empty = {};     ///< Files without a byte: no picture was stored.
+    QString failedFile = {};    ///< The file at which the run ended early.
+    QString failure = {};       ///< Why; empty when the run was not ended by a failure.
+    QStringList left = {};      ///< Files that it did not reach.
     bool cameToEnd = false;
 };
 

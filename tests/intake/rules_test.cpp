@@ -1,0 +1,146 @@
+#include "../support/run_all.h"
+#include "intake/hint_line.h"
+#include "intake/intake_run.h"
+#include "intake/intake_texts.h"
+#include "intake/preview_fit.h"
+#include "platform/base/error.h"
+#include "platform/picture/picture.h"
+
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QSize hiMetric(int width, int height) {
+    return {hiMetricFromPixels(width), hiMetricFromPixels(height)};
+}
+
+class TestIntakeRules : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void echo_data() {
+        QTest::addColumn<QStringList>("names");
+        QTest::addColumn<QString>("line");
+        const QString a62(62, u'a'), a63(63, u'a');
+        QTest::newRow("none") << QStringList{} << QString();
+        QTest::newRow("one") << QStringList{u"1.jpg"_s} << u"1.jpg"_s;
+        QTest::newRow("two") << QStringList{u"1.jpg"_s, u"2.jpg"_s} << u"1.jpg;2.jpg等共2条"_s;
+        QTest::newRow("66 cells") << QStringList{a62 + u".jpg"_s} << a62 + u".jpg"_s;
+        QTest::newRow("67 cells") << QStringList{a63 + u".jpg"_s}
+                                  << QString(33, u'a') + u"...\n"_s + QString(26, u'a') + u".jpg"_s;
+        QTest::newRow("Chinese names are twice as wide")
+            << QStringList{QString(32, u'山') + u".jpg"_s}
+            << QString(32, u'山') + u"....\n"_s + QString(26, u'山') + u".jpg"_s;
+    }
+    void echo() {
+        QFETCH(QStringList, names);
+        QFETCH(QString, line);
+        QCOMPARE(selectionEcho(names), line);
+    }
+
+    void description_data() {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<bool>("replace");
+        QTest::addColumn<int>("count");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("append one") << u"a.jpg"_s << false << 1 << u"（从文件[a.jpg]追加到本图册 ）\n\n"_s;
+        QTest::newRow("append three") << u"a.jpg"_s << false << 3 << u"（从文件[a.jpg]追加到本图册 ）\n\n    等共3条"_s;
+        QTest::newRow("replace") << u"12.jpg"_s << true << 1 << u"（从文件[12.jpg]替换到本图册 序号＝12）\n\n"_s;
+        QTest::newRow("longer extension")
+            << u"12.jpeg"_s << true << 1 << u"（从文件[12.jpeg]替换到本图册 序号＝12.）\n\n"_s;
+        QTest::newRow("no file in focus")
+            << QString() << true << 2 << u"（从文件[]替换到本图册 序号＝）\n\n    等共2条"_s;
+    }
+    void description() {
+        QFETCH(QString, file);
+        QFETCH(bool, replace);
+        QFETCH(int, count);
+        QTEST(intakeDescription(file, replace, count), "text");
+    }
+
+    void replaceNumber() {
+        const QList<std::pair<QString, int>> cases{{u"12.jpg"_s, 12},  {u"1.5.jpg"_s, 1},   {u"007.bmp"_s, 7},
+                                                   {u" 3 .jpg"_s, 3},  {u"&H10.jpg"_s, 16}, {u"12a.jpg"_s, 12},
+                                                   {u"photo.jpg"_s, 0}};
+        for (const auto& [name, number] : cases) QCOMPARE(numberOfFile(name), number);
+        QVERIFY_THROWS_EXCEPTION(Error, numberOfFile(u"99999999999.jpg"_s));
+    }
+
+    void hints() {
+        QCOMPARE(hintTail(1, 0), u"先选择目标图册，然后“图片来源”，再“添加方式”"_s);
+        QCOMPARE(hintTail(8, 5), u"共选中：5条，按《录入图册》录入，按《取消》返回前步。"_s);
+        QCOMPARE(hintTail(12, 0), QString());
+        QCOMPARE(hintTail(20, 0), u"选择图册可重新开始。"_s);
+    }
+
+    void report_data() {
+        QTest::addColumn<IntakeResult>("result");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("all went well") << IntakeResult{.count = 1, .entered = {u"a"_s}, .cameToEnd = true} << QString();
+        QTest::newRow("not found is told by its own message")
+            << IntakeResult{.notFound = {u"9.jpg"_s}, .cameToEnd = true} << QString();
+        QTest::newRow("the one file of a folder")
+            << IntakeResult{.entered = {u"a.jpg"_s}} << u"文件已录入图册：a.jpg"_s;
+        QTest::newRow("its number was not found")
+            << IntakeResult{.notFound = {u"9.jpg"_s}} << u"目标表无对应序号，没有替换：9.jpg"_s;
+        QTest::newRow("damaged in the middle")
+            << IntakeResult{.entered = {u"a"_s}, .failedFile = u"b"_s, .failure = u"坏"_s, .left = {u"c"_s, u"d"_s}}
+            << u"录入到文件“b”时停止，该文件没有录入：坏\n\n以下文件也没有录入：c、d\n\n文件已录入图册：a"_s;
+        QTest::newRow("empty file") << IntakeResult{.count = 1, .empty = {u"a"_s}, .cameToEnd = true}
+                                    << u"文件没有内容，没有存入图片：a"_s;
+    }
+    void report() {
+        QFETCH(IntakeResult, result);
+        QTEST(intakeReport(result), "text");
+    }
+
+    void fit_data() {
+        QTest::addColumn<QSize>("pixels");
+        QTest::addColumn<bool>("own");
+        QTest::addColumn<QSize>("twips");
+        QTest::newRow("4:3 fills the box") << QSize(640, 480) << false << QSize(4000, 3000);
+        QTest::newRow("wider touches left and right") << QSize(800, 400) << false << QSize(4000, 2000);
+        QTest::newRow("narrower touches top and bottom") << QSize(300, 600) << false << QSize(1500, 3000);
+        QTest::newRow("own size") << QSize(100, 75) << true << QSize(1501, 1125);
+        QTest::newRow("own width beyond the box") << QSize(270, 90) << true << QSize(4000, 1333);
+    }
+    void fit() {
+        QFETCH(QSize, pixels);
+        QFETCH(bool, own);
+        QFETCH(QSize, twips);
+        const QSize shown = previewSize(hiMetric(pixels.width(), pixels.height()), own);
+        QVERIFY2(std::abs(shown.width() - twips.width()) <= 2 && std::abs(shown.height() - twips.height()) <= 2,
+                 qPrintable(u"%1 x %2"_s.arg(shown.width()).arg(shown.height())));
+    }
+
+    void ownSizeIsOffered() {
+        QVERIFY(offersOwnSize({4000, 3000}));
+        QVERIFY(!offersOwnSize({4001, 3000}));
+        QVERIFY(!offersOwnSize({4000, 3001}));
+    }
+
+    void buttonPicture_data() {
+        QTest::addColumn<QSize>("pixels");
+        QTest::addColumn<QString>("warning");
+        QTest::newRow("the goal") << QSize(100, 75) << QString();
+        QTest::newRow("largest") << QSize(105, 80) << QString();
+        QTest::newRow("too wide and of another shape") << QSize(106, 75) << u"规格106*75 宽高比1.41"_s;
+        QTest::newRow("too large, right shape") << QSize(120, 90) << u"规格120*90"_s;
+        QTest::newRow("square") << QSize(60, 60) << u" 宽高比1"_s;
+        QTest::newRow("upright") << QSize(75, 100) << u"规格75*100 宽高比0.75"_s;
+    }
+    void buttonPicture() {
+        QFETCH(QSize, pixels);
+        QTEST(buttonPictureWarning(hiMetric(pixels.width(), pixels.height())), "warning");
+    }
+};
+
+const Registered<TestIntakeRules> registered;
+
+}  // namespace
+
+Q_DECLARE_METATYPE(IntakeResult)
+
+#include "rules_test.moc"
