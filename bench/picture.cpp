@@ -1,0 +1,79 @@
+// Times the pictures of an album page: 36 photographs of 12 megapixels. Run by hand: bench_picture [rounds]
+
+#include "platform/picture/picture.h"
+
+#include <QBuffer>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QImageWriter>
+#include <QRandomGenerator>
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <vector>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int picturesPerPage = 36;
+constexpr QSize photograph(4000, 3000);
+constexpr QSize thumbnail(200, 150);
+constexpr QSize halfPage(600, 450);
+
+/// Large shapes with fine noise, so that the coded size is that of a photograph.
+QImage scene() {
+    QImage image(photograph, QImage::Format_RGB32);
+    QRandomGenerator noise(1);
+    for (int y = 0; y < image.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const int grain = int(noise.generate() % 24);
+            row[x] = qRgb(x * 200 / image.width() + grain, y * 200 / image.height() + grain,
+                          (x / 300 + y / 300) % 2 * 120 + grain);
+        }
+    }
+    return image;
+}
+
+QByteArray coded(const QImage& image, bool progressive) {
+    QBuffer buffer;
+    QImageWriter writer(&buffer, "jpeg");
+    writer.setQuality(85);
+    writer.setProgressiveScanWrite(progressive);
+    writer.write(image);
+    return buffer.data();
+}
+
+double medianMilliseconds(int rounds, const std::function<void()>& work) {
+    std::vector<double> times;
+    for (int i = 0; i < rounds; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        work();
+        times.push_back(double(timer.nsecsElapsed()) / 1e6);
+    }
+    std::ranges::nth_element(times, times.begin() + rounds / 2);
+    return times[size_t(rounds / 2)];
+}
+
+void report(const char* kind, const QByteArray& picture, int rounds) {
+    std::printf("%s, %.1f MB\n", kind, double(picture.size()) / 1e6);
+    const auto decode = [&](QSize target) { LoadPicture(picture, u"photograph"_s, target); };
+    const double page = medianMilliseconds(rounds, [&] {
+        for (int i = 0; i < picturesPerPage; ++i) decode(thumbnail);
+    });
+    std::printf("  page of %d thumbnails   %9.1f ms (%.1f each)\n", picturesPerPage, page, page / picturesPerPage);
+    std::printf("  one at half a page      %9.1f ms\n", medianMilliseconds(rounds, [&] { decode(halfPage); }));
+    std::printf("  one in full             %9.1f ms\n", medianMilliseconds(rounds, [&] { decode({}); }));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const QGuiApplication application(argc, argv);
+    const int rounds = argc > 1 ? std::max(1, std::atoi(argv[1])) : 5;
+    const QImage image = scene();
+    report("baseline", coded(image, false), rounds);
+    report("progressive", coded(image, true), rounds);
+}
