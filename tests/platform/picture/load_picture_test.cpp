@@ -30,6 +30,24 @@ QString refusalOf(const QByteArray& bytes) {
     return {};
 }
 
+/// A file whose disk fails in the middle.
+class FailingDevice : public QIODevice {
+  public:
+    explicit FailingDevice(QByteArray bytes) : bytes_(std::move(bytes)) { open(ReadOnly | Unbuffered); }
+    qint64 size() const override { return 2 * bytes_.size(); }
+
+  protected:
+    qint64 readData(char* data, qint64 maxSize) override {
+        const QByteArray part = bytes_.mid(pos(), maxSize);
+        std::copy(part.begin(), part.end(), data);
+        return part.isEmpty() ? -1 : part.size();
+    }
+    qint64 writeData(const char*, qint64) override { return -1; }
+
+  private:
+    QByteArray bytes_;
+};
+
 qsizetype firstScanByte(const QByteArray& jpeg) {
     const qsizetype scan = jpeg.indexOf(QByteArrayView("\xFF\xDA"));
     return scan + 2 + quint8(jpeg[scan + 3]);
@@ -51,6 +69,7 @@ class TestLoadPicture : public QObject {
     void reducedDecodingCoversTheTarget();
     void bytesBehindThePictureDoNotMatter();
     void showsWhatATruncatedFileHolds();
+    void aFailingDiskIsNoEarlyEnd();
     void refusesWhatIsNoPicture_data();
     void refusesWhatIsNoPicture();
     void damagedBytesNeverEndTheProgram();
@@ -122,22 +141,23 @@ void TestLoadPicture::depthsOfBmp() {
 void TestLoadPicture::reducedDecodingCoversTheTarget_data() {
     QTest::addColumn<QSize>("target");
     QTest::addColumn<QSize>("decoded");
-    QTest::newRow("smallest") << QSize(1, 1) << QSize(200, 150);
-    QTest::newRow("an eighth") << QSize(200, 150) << QSize(200, 150);
-    QTest::newRow("just more than an eighth") << QSize(201, 150) << QSize(400, 300);
-    QTest::newRow("flat box") << QSize(900, 10) << QSize(1000, 750);
-    QTest::newRow("high box") << QSize(10, 900) << QSize(1200, 900);
-    QTest::newRow("larger than the picture") << QSize(5000, 5000) << QSize(1600, 1200);
-    QTest::newRow("no box") << QSize(0, 100) << QSize(1600, 1200);
+    QTest::newRow("smallest") << QSize(1, 1) << QSize(100, 75);
+    QTest::newRow("an eighth") << QSize(100, 75) << QSize(100, 75);
+    QTest::newRow("just more than an eighth") << QSize(101, 75) << QSize(200, 150);
+    QTest::newRow("flat box") << QSize(450, 10) << QSize(500, 375);
+    QTest::newRow("high box") << QSize(10, 450) << QSize(600, 450);
+    QTest::newRow("larger than the picture") << QSize(5000, 5000) << QSize(800, 600);
+    QTest::newRow("no box") << QSize(0, 100) << QSize(800, 600);
 }
 
 void TestLoadPicture::reducedDecodingCoversTheTarget() {
     QFETCH(const QSize, target);
     QFETCH(const QSize, decoded);
+    static const QImage image = quadrants({800, 600});
     for (const Kind kind : {Kind::baseline, Kind::progressive}) {
-        const Picture picture = LoadPicture(jpegBytes(quadrants({1600, 1200}), {kind}), u"图"_s, target);
+        const Picture picture = LoadPicture(jpegBytes(image, {kind}), u"图"_s, target);
         QCOMPARE(picture.image().size(), decoded);
-        QCOMPARE(picture.pixels(), QSize(1600, 1200));
+        QCOMPARE(picture.pixels(), image.size());
     }
 }
 
@@ -159,6 +179,18 @@ void TestLoadPicture::showsWhatATruncatedFileHolds() {
         QVERIFY(refusalOf(bytes.first(firstScanByte(bytes))).contains(u"不完整"_s));
         QVERIFY(!refusalOf(bytes.first(firstScanByte(bytes) / 2)).isEmpty());
     }
+}
+
+void TestLoadPicture::aFailingDiskIsNoEarlyEnd() {
+    const QByteArray bytes = jpegBytes(quadrants({640, 480}));
+    FailingDevice device(bytes.first(bytes.size() * 3 / 4));
+    QString text;
+    try {
+        LoadPicture(device, u"图.jpg"_s);
+    } catch (const Error& error) {
+        text = error.text();
+    }
+    QVERIFY2(text.contains(u"读取失败"_s), qPrintable(text));
 }
 
 void TestLoadPicture::refusesWhatIsNoPicture_data() {
@@ -193,7 +225,7 @@ void TestLoadPicture::refusesWhatIsNoPicture() {
 void TestLoadPicture::damagedBytesNeverEndTheProgram() {
     for (const QByteArray& whole : {jpegBytes(quadrants({64, 48}), {Kind::baseline, 6}),
                                     jpegBytes(quadrants({64, 48}), {Kind::coloursApart, 6}), bmpBytes(8, false, true)})
-        for (qsizetype at = 2; at < whole.size(); at += at < 300 ? 3 : 17)
+        for (qsizetype at = 2; at < whole.size(); ++at)
             for (const char value : {'\0', '\x7F', '\xFF'}) {
                 QByteArray damaged = whole;
                 damaged[at] = value;
