@@ -50,7 +50,6 @@ const Opener& openerOf(int index) {
 PreviewPanel::PreviewPanel(SharedControls& controls, FormState& state)
     : controls_(controls), state_(state), fraCk_(make<QGroupBox>(controls.sstFz->page(1), u"fraCk"_s)) {
     fraCk_->setTitle(u"图片查看"_s);
-    fraCk_->setAutoFillBackground(true);
     fraCk_->hide();
     makeControls();
     const auto run = [this](auto slot) { return guarded(controls_.form, [this, slot] { (this->*slot)(); }); };
@@ -190,7 +189,10 @@ void PreviewPanel::setFrameColour(const QColor& colour) {
     QPalette colours = fraCk_->palette();
     colours.setColor(QPalette::WindowText, colour);
     fraCk_->setPalette(colours);
-    fraCk_->setStyleSheet(u"QGroupBox::title { color: %1; }"_s.arg(colour.name()));
+    // The panel stands over other controls: its ground hides them, up to the caption's own line.
+    fraCk_->setStyleSheet(
+        u"QGroupBox#fraCk { background: palette(window); margin-top: 0px; }"
+        "QGroupBox#fraCk::title { color: %1; }"_s.arg(colour.name()));
 }
 
 // Loads and fits the picture.

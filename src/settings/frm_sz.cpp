@@ -30,6 +30,7 @@ constexpr int windowHeight = 7200;
 constexpr int tabsHeight = 6840;
 constexpr int outerFrameHeight = 6375;
 constexpr int innerFrameHeight = 6320;
+constexpr int chooserHeight = 330;
 
 const QColor hintColor(0, 0, 192);
 const QColor captionHintColor(255, 0, 0);
@@ -102,7 +103,6 @@ void frmSz::makeSharedControls() {
     auto* cboBm = shared_.cboBm = make<QComboBox>(sstFz->page(1), u"cboBm"_s);
     cboBm->setEditable(true);
     cboBm->setInsertPolicy(QComboBox::NoInsert);
-    sstFz->putOn(1, cboBm, 1215, 510, 3000, 330);
 
     shared_.datBj = make<DataControl>(sstFz->page(2), u"datBj"_s);
     shared_.msgBm = make<Grid>(sstFz->page(0), u"msgBm"_s);
@@ -188,7 +188,7 @@ void frmSz::placeSharedControls() {
     const int page = sstFz->currentIndex();
     const PageLayout& layout = layoutOf(tab());
 
-    sstFz->putOn(page, shared_.lblTs, 225, 495, 9150, 240);
+    sstFz->putOn(page, shared_.lblTs, 225, 495, 9150, 210);
     shared_.datBj->setVisible(tab() == SettingsTab::editing);
 
     sstFz->putOn(page, shpWk, 70, 370, windowWidth - 140, outerFrameHeight - mekTp::titleBarExtra);
@@ -211,10 +211,10 @@ void frmSz::placeSharedControls() {
     shared_.lblXc->setVisible(layout.chooser.has_value());
     shared_.cboBm->setVisible(layout.chooser.has_value());
     if (layout.chooser) {
-        const auto& [label, caption, box] = *layout.chooser;
+        const auto& [label, caption, box, width] = *layout.chooser;
         shared_.lblXc->setText(caption);
         sstFz->putOn(page, shared_.lblXc, label.x(), label.y(), box.x() - label.x(), 225);
-        sstFz->putOn(page, shared_.cboBm, box.x(), box.y());
+        sstFz->putOn(page, shared_.cboBm, box.x(), box.y(), width, chooserHeight);
     }
     if (layout.codesLabel) sstFz->putOn(page, shared_.lbl1, layout.codesLabel->x(), layout.codesLabel->y(), 1350, 225);
     shared_.lstBh->setVisible(tab() == SettingsTab::editing);

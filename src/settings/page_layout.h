@@ -21,6 +21,7 @@ struct PageLayout {
         QPoint label;  ///< lblXc
         QString caption;
         QPoint box;  ///< cboBm
+        int width;
     };
     std::optional<Chooser> chooser;    ///< Nothing on a page without an album chooser.
     std::optional<QPoint> codesLabel;  ///< lbl1; nothing where it stays on the page it is on.
