@@ -6,7 +6,7 @@
 
 DropList::DropList(QWidget* form) : ListBox(form) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setTextElideMode(Qt::ElideRight);
+    setTextElideMode(Qt::ElideNone);
     setSelectionMode(QAbstractItemView::SingleSelection);
     hide();
 }
@@ -24,6 +24,9 @@ DropList::Role DropList::role() const {
 void DropList::open(const QStringList& lines, int left, int top, int width, int height) {
     clear();
     addItems(lines);
+    const int rowWidth = sizeHintForColumn(0);
+    const bool isNarrow = rowWidth > pixelsFromTwips(width);
+    for (int i = 0; isNarrow && i < count(); ++i) item(i)->setTextAlignment(Qt::AlignCenter);
     const int rim = 2 * frameWidth() + 2;
     const int needed = twipsFromPixels(int(lines.size()) * std::max(1, sizeHintForRow(0)) + rim);
     const int room = heightOf(parentWidget()) - top;

@@ -15,6 +15,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 constexpr int menuHeight = 30;
+constexpr int scrollStep = 60;
 const QColor pageFrameShade(0xa9, 0xa1, 0x92);
 }  // namespace
 
@@ -141,8 +142,17 @@ bool frmTp::eventFilter(QObject* watched, QEvent* event) {
 void frmTp::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
         escape();
+    else if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
+        scrollBy(event->key() == Qt::Key_Up ? -scrollStep : scrollStep);
     else if (qobject_cast<QLineEdit*>(focusWidget()) != nullptr || !pageByKey(event->key()))
         QMainWindow::keyPressEvent(event);
+}
+
+void frmTp::scrollBy(int pixels) {
+    if (screen_->isCovering())
+        screen_->scrollBy(pixels);
+    else
+        page_->scrollBy(pixels);
 }
 
 void frmTp::escape() {

@@ -46,6 +46,7 @@ class frmTp : public QMainWindow {
     void toggleColours();
     void toggleHelp();
     void goTo(WindowKind window);
+    void scrollBy(int pixels);
     void escape();
     bool pageByKey(int key);
 

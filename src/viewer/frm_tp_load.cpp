@@ -95,7 +95,11 @@ void frmTp::applyColours() {
                                                 quoted(settings.Fields(u"颜色"_s).Value().toText()));
     });
     const auto colour = [&](const QString& column) { return colourFromText(scheme.Fields(column).Value().toText()); };
-    attempt([&] { setPaletteColour(this, colour(u"窗体"_s)); });
+    attempt([&] {
+        const QColor ground = colour(u"窗体"_s);
+        for (QWidget* part : std::initializer_list<QWidget*>{this, form_, page_->pic1, screen_->pic0})
+            setPaletteColour(part, ground);
+    });
     attempt([&] { buttons_->shpAb->setBorderColor(colour(u"外框"_s)); });
     attempt([&] { buttons_->shpAb->setFillColor(colour(u"填充"_s)); });
     attempt([&] { buttons_->shpA1->setBorderColor(colour(u"内框"_s)); });

@@ -16,6 +16,10 @@ namespace {
 // The shape of a cell before any picture has told another one.
 constexpr QSize cellShape(4, 3);
 constexpr int mostColumnsWithCaptions = 2;
+constexpr int oneLine = 300;
+// Text heights of captions in pixels.
+constexpr int usualText = 12;
+constexpr int smallText = 11;
 const QColor frameColour(0xb9, 0xb1, 0xa3);
 
 // A control that a handler may still be using goes when that handler has returned, but is out of the window at once.
@@ -34,6 +38,7 @@ Page::Page(ViewerState& state, ToolStrip& strip, StatusLine& status, ScreenPanel
            QWidget* form)
     : state_(state), strip_(strip), status_(status), screen_(screen), window_(window) {
     pic1 = make<Surface>(form, u"pic1"_s);
+    scroll_ = std::make_unique<WheelScroll>(pic1);
     setCellCount(1);
 }
 
@@ -44,6 +49,7 @@ Page::Cell Page::makeCell(int index) {
     cell.shpXs->setBorderWidth(2);
     cell.shpXs->hide();
     cell.imgXs->hide();
+    cell.txtBq->document()->setDocumentMargin(0);
     cell.txtBq->hide();
     connect(cell.imgXs, &ImageBox::clicked, this, &Page::cellClicked);
     connect(cell.imgXs, &ImageBox::doubleClicked, this, [this, index] { Q_EMIT cellDoubleClicked(index); });
@@ -98,6 +104,7 @@ void Page::xstp() {
 
     const CellGrid grid = cellGrid(state_.pageAreaWidth, cells);
     setCellCount(cells);
+    scroll_->reset();
     countPictures();
     goToFirstPicture();
     table_ = mekTp::currentTable;
@@ -147,7 +154,11 @@ void Page::drawCell(int index, const CellGrid& grid, QSize& pixels) {
 
 void Page::drawCaption(int index, const CellGrid& grid) {
     const Cell& cell = cells_[size_t(index)];
-    placeAt(cell.txtBq, captionBox(grid, index));
+    const Box box = captionBox(grid, index);
+    placeAt(cell.txtBq, box);
+    QFont font = cell.txtBq->font();
+    font.setPixelSize(box.height > oneLine ? smallText : usualText);  // two lines, or one
+    cell.txtBq->setFont(font);
     cell.txtBq->setText(cell.imgXs->tag());
     const bool wanted =
         strip_.chkBq[0]->isChecked() && columnsFromText(strip_.txtLs->text()) <= mostColumnsWithCaptions;

@@ -5,7 +5,9 @@
 #include "viewer/status_line.h"
 #include "viewer/tool_strip.h"
 #include "viewer/viewer_state.h"
+#include "viewer/wheel_scroll.h"
 
+#include <memory>
 #include <vector>
 
 /// The page of thumbnails on `pic1`. It is drawn from nothing each time and holds no pictures but those it shows; the
@@ -23,6 +25,7 @@ class Page : public QObject {
     const QString& table() const { return table_; }
     /// Nothing when there is no such cell.
     const ImageBox* picture(int cell) const;
+    void scrollBy(int pixels) { scroll_->scrollBy(pixels); }
 
     Surface* pic1;
 
@@ -50,6 +53,7 @@ class Page : public QObject {
     StatusLine& status_;
     ScreenPanel& screen_;
     QWidget* window_;
+    std::unique_ptr<WheelScroll> scroll_;
     std::vector<Cell> cells_;
     QString table_;
 };

@@ -29,12 +29,18 @@ ScreenPanel::ScreenPanel(ToolBar* bar, QWidget* form) : bar_(bar) {
     imgSh->setGeometry(0, 0, 0, 0);
     txtB0 = make<CaptionBox>(pic0, u"txtB0"_s);
     txtB0->hide();
+    scroll_ = std::make_unique<WheelScroll>(pic0);
     attempt([&] { img0->setPicture(LoadPicture(u":/pictures/start.jpg"_s)); });
 }
 
 void ScreenPanel::layOut(const Box& page) {
     place(pic0, page.left, page.top, page.width, page.height);
-    place(img0, 0, 0, page.width, page.height);
+    placePicture({page.width, page.height});
+}
+
+void ScreenPanel::placePicture(QSize size) {
+    place(img0, 0, 0, size.width(), size.height());
+    scroll_->reset();
 }
 
 void ScreenPanel::cover() {
@@ -49,7 +55,7 @@ void ScreenPanel::uncover() {
 }
 
 void ScreenPanel::beginView(QSize size, const QString& data) {
-    place(img0, 0, 0, size.width(), size.height());
+    placePicture(size);
     for (const QString& key : pagingKeys()) bar_->setEnabled(key, false);
     place(txtB0, 0, heightOf(img0) - stripHeight, size.width(), stripHeight);
     txtB0->setText(data);
@@ -63,7 +69,7 @@ void ScreenPanel::endView() {
     for (const QString& key : pagingKeys()) bar_->setEnabled(key, true);
     bar_->setEnabled(u"yd"_s, true);
     txtB0->hide();
-    img0->setGeometry(pic0->rect());  // the panel is a curtain again
+    placePicture({widthOf(pic0), heightOf(pic0)});  // the panel is a curtain again
 }
 
 void ScreenPanel::changeCurtain() {

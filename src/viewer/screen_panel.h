@@ -5,6 +5,9 @@
 #include "platform/desktop/text_box.h"
 #include "platform/desktop/tool_bar.h"
 #include "viewer/page_layout.h"
+#include "viewer/wheel_scroll.h"
+
+#include <memory>
 
 /// The screen panel that lies over the page: cover of a closed album, curtain while a page is drawn, and ground of a
 /// picture that is viewed alone. A picture is being viewed exactly while the paging buttons are disabled with it.
@@ -25,10 +28,14 @@ class ScreenPanel {
     /// Loads a picture of `pmtp`, chosen by chance, for the next curtain.
     void changeCurtain();
 
+    void scrollBy(int pixels) { scroll_->scrollBy(pixels); }
+
     Surface* pic0;
     ImageBox *img0, *imgSh;
     CaptionBox* txtB0;
 
   private:
+    void placePicture(QSize size);
     ToolBar* bar_;
+    std::unique_ptr<WheelScroll> scroll_;
 };

@@ -14,6 +14,7 @@ class StatusLine {
     void setMessageWidth(int twips);  ///< Width of panel 3.
 
   private:
+    void shareRoom();
     QLabel* label(int panel) const { return panels_.at(size_t(panel - 1)); }
     std::array<QLabel*, 4> panels_{};
 };

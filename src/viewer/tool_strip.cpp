@@ -83,8 +83,9 @@ void ToolStrip::addBoxes() {
     txtYh->setAlignment(Qt::AlignCenter);
     txtYh->setStyleSheet(u"padding: 0px;"_s);
     const QFontMetrics metrics(wide);
-    const int blankLeft = labelLeft + twipsFromPixels(2 + metrics.horizontalAdvance(u"第"_s));
-    place(txtYh, blankLeft, boxTop, twipsFromPixels(metrics.horizontalAdvance(u"     "_s)), boxHeight);
+    const int blankLeft = 2 + metrics.horizontalAdvance(u"第"_s);
+    const int blank = metrics.horizontalAdvance(u"     "_s);
+    place(txtYh, labelLeft + twipsFromPixels(blankLeft + 2), boxTop, twipsFromPixels(blank - 4), boxHeight);
 
     txtXh = make<TextBox>(tlb1, u"txtXh"_s);
     txtXh->setText(u"序号任意"_s);

@@ -7,9 +7,9 @@
 namespace {
 constexpr int pageLeft = 1950;
 constexpr int frameLeft = 1930;
-constexpr int columnLeft = 100;
-constexpr int columnWidth = 1750;
-constexpr int innerMargin = 55;
+constexpr int columnLeft = 75;
+constexpr int columnWidth = 1800;
+constexpr int innerMargin = 40;
 }  // namespace
 
 WindowLayout windowLayout(int width, int height, int raise) {

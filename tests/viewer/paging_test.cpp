@@ -177,6 +177,28 @@ class TestPaging : public QObject {
         QVERIFY(viewer.boxes.isEmpty());
     }
 
+    // On a wide window a page is higher than its place: the wheel reaches the rest.
+    void wheelReachesTheRest() {
+        const OpenPage viewer(1);
+        viewer.window->resize(1100, 650);
+        auto* picture = viewer.image(u"imgXs(0)"_s);
+        const int place = viewer.find(u"pic1"_s)->height();
+        const int top = picture->y();
+        QVERIFY(picture->geometry().bottom() > place);
+        const auto turn = [&](int steps) {
+            QWheelEvent event(QPointF(20, 20), picture->mapToGlobal(QPointF(20, 20)), {}, QPoint(0, 120 * steps),
+                              Qt::NoButton, {}, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(viewer.find(u"pic1"_s), &event);
+        };
+        turn(-20);
+        QVERIFY(picture->geometry().bottom() < place);
+        turn(40);
+        QCOMPARE(picture->y(), top);
+        turn(-1);
+        viewer.press(u"xy"_s);
+        QCOMPARE(picture->y(), top);  // the next page begins at its top
+    }
+
     void resizeDrawsAgain() {
         const OpenPage viewer(2);
         const int before = viewer.find(u"imgXs(0)"_s)->width();
