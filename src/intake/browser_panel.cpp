@@ -66,14 +66,14 @@ void BrowserPanel::makeLists() {
 }
 
 void BrowserPanel::makeLabels() {
-    lblB1Second_ = makeLabel(picMl_, u"lblB1(1)"_s, {}, 3090, 30, 1770, 435);
-    lblB0_ = makeLabel(picMl_, u"lblB0"_s, u"▼"_s, 555, 3075, 240, 285);
+    lblB1Second_ = makeLabel(picMl_, u"lblB1(1)"_s, {}, 3090, 15, 1770, 540);
+    lblB0_ = makeLabel(picMl_, u"lblB0"_s, u"▼"_s, 450, 3075, 240, 285);
     lblB1First_ = makeLabel(picMl_, u"lblB1(0)"_s, {}, 405, 3075, 2535, 285);
     lblB1First_->stackUnder(lblB0_);
-    lblGy_ = makeLabel(picMl_, u"lblGy"_s, {}, 3090, 2820, 1770, 480);
+    lblGy_ = makeLabel(picMl_, u"lblGy"_s, {}, 3090, 2610, 1770, 540);
     lblGy_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     lblGy_->hide();
-    lbl7_ = makeLabel(picMl_, u"lbl7"_s, u"操作提示：在目录列表框中要双击鼠标才能选中"_s, 405, 3555, 2565, 480);
+    lbl7_ = makeLabel(picMl_, u"lbl7"_s, u"操作提示：在目录列表框中要双击鼠标才能选中"_s, 405, 3555, 2565, 540);
     lbl7_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 }
 

@@ -23,6 +23,7 @@ namespace {
 constexpr int intakeTab = 1, transferTab = 3;
 constexpr int rowPitch = 250, columnPitch = 280;
 constexpr int buttonWidth = 270, buttonHeight = 240;
+constexpr int textHeight = 300;
 constexpr int rowsOnPage[] = {4, 8};  ///< Of the pages 图片录入 and 图片转存.
 
 /// A caption in which "&" marks no key.
@@ -41,10 +42,9 @@ CodeButtons::CodeButtons(SharedControls& controls, FormState& state) : controls_
         label->hide();
     }
     controls_.sstFz->putOn(transferTab, lblBx_[0], 7770, 3810, 1185, 510);
-    controls_.sstFz->putOn(intakeTab, lblBx_[1], 5450, 6435, 3640, 225);
-    lblBx_[1]->setAlignment(Qt::AlignCenter);
     txtB0 = make<TextBox>(controls_.sstFz->page(intakeTab), u"txtB0"_s);
     txtB0->setLocked(true);
+    txtB0->setAlignment(Qt::AlignCenter);
     txtB0->setFocusPolicy(Qt::NoFocus);
     txtB0->hide();
     button(0);
@@ -93,12 +93,20 @@ void CodeButtons::placeButton(int index) {
 void CodeButtons::placeText() {
     // A row of buttons that comes down to the text's own line pushes it to the right.
     const int last = static_cast<int>(codes_.size()) - 1;
-    const int lastRow = last < 0 ? 0 : last / columns();
-    const bool meets = last >= 0 && first_.y() + lastRow * rowPitch + buttonHeight > text_.y();
-    const int left = meets ? std::max(text_.x(), first_.x() + (last % columns() + 1) * pitch() + 60) : text_.x();
-    const int right = std::max(text_.x() + textWidth_, first_.x() + perRow_ * columnPitch);
-    const int width = left == text_.x() ? textWidth_ : right - left;
-    controls_.sstFz->putOn(controls_.sstFz->currentIndex(), txtB0, left, text_.y(), std::max(width, 0), 255);
+    const bool meets = last >= 0 && first_.y() + last / columns() * rowPitch + buttonHeight > text_.y();
+    int left = text_.x(), width = textWidth_;
+    if (meets) {
+        const int right = std::max(left + width, first_.x() + perRow_ * columnPitch);
+        left = std::max(left, first_.x() + (last % columns() + 1) * pitch() + 60);
+        width = std::max(right - left, 0);
+    }
+    TabControl* sstFz = controls_.sstFz;
+    sstFz->putOn(sstFz->currentIndex(), txtB0, left, text_.y(), width, textHeight);
+    if (sstFz->currentIndex() != intakeTab) return;
+    if (meets)
+        sstFz->putOn(intakeTab, lblBx_[1], first_.x(), text_.y() + textHeight, 3640, textHeight - 60);
+    else
+        sstFz->putOn(intakeTab, lblBx_[1], left + width + 60, text_.y(), 1860, textHeight);
 }
 
 // Builds the filter buttons of the chosen album.

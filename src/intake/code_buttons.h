@@ -58,5 +58,5 @@ class CodeButtons : public QObject {
     QPoint first_{5450, 5415};
     int perRow_ = 13;
     QPoint text_{5940, 6165};
-    int textWidth_ = 2660;
+    int textWidth_ = 1400;
 };

@@ -69,6 +69,7 @@ bool IntakePage::refuseUnnumbered() {
     preview_.cmdCk(1)->setEnabled(state_.selectedFileCount == 1);
     say(controls_.form, u"文件名不能转换为序号，无法替换！"_s, BoxIcon::information);
     browser_.setEcho({});
+    state_.intakeStep = state_.selectedFileCount >= 1 ? 13 : 12;
     return true;
 }
 

@@ -27,6 +27,7 @@ constexpr int intakeTab = 1;
 constexpr int recordButtonLeft = 8250;
 constexpr int columnLeft = 3240, columnWidth = 1770;  ///< Right column beside the lists of folders and files.
 constexpr int buttonLeft = 3960, buttonWidth = 1050, buttonHeight = 345;
+constexpr int firstButtonTop = 4260, buttonPitch = 405;
 }  // namespace
 
 IntakePage::IntakePage(SharedControls& controls, FormState& state, HintLine& hints, BrowserPanel& browser,
@@ -55,15 +56,15 @@ void IntakePage::makeLabels() {
     };
     lblMk_ = make1(u"lblMk"_s, 5750, 735, 2400, 240);
     lblMk_->setText(u"目 标 数 据 库 表"_s);
-    lblJl_ = make1(u"lblJl"_s, 5200, 4890, 4080, 240);
-    infoLines_ = {make1(u"lbl11"_s, 5200, 5175, 1440, 225), make1(u"lbl12"_s, 555, 6420, 2250, 240),
-                  make1(u"lbl13"_s, 2820, 6420, 1020, 240), make1(u"lbl14"_s, 3855, 6420, 1155, 240)};
+    lblJl_ = make1(u"lblJl"_s, 5200, 4880, 4080, 270);
+    infoLines_ = {make1(u"lbl11"_s, 5200, 5175, 1440, 270), make1(u"lbl12"_s, 555, 6480, 2250, 225),
+                  make1(u"lbl13"_s, 2820, 6480, 1020, 225), make1(u"lbl14"_s, 3855, 6480, 1155, 225)};
 }
 
 void IntakePage::makeGroups() {
     const auto makeGroup = [this](const QString& name, const QString& caption, int top) {
         auto* group = make<QGroupBox>(controls_.sstFz->page(intakeTab), name, caption);
-        controls_.sstFz->putOn(intakeTab, group, columnLeft, top, columnWidth, 1005);
+        controls_.sstFz->putOn(intakeTab, group, columnLeft, top, columnWidth, 990);
         return group;
     };
     const auto makeOptions = [](QGroupBox* group, const QString& name, std::array<QString, 2> captions) {
@@ -75,9 +76,9 @@ void IntakePage::makeGroups() {
         }
         return options;
     };
-    fraLy_ = makeGroup(u"fraLy"_s, u"图片来源"_s, 1290);
+    fraLy_ = makeGroup(u"fraLy"_s, u"图片来源"_s, 1305);
     optYl_ = makeOptions(fraLy_, u"optYl"_s, {u"从文件"_s, u"数据库"_s});
-    fraFs_ = makeGroup(u"fraFs"_s, u"添加方式"_s, 2370);
+    fraFs_ = makeGroup(u"fraFs"_s, u"添加方式"_s, 2340);
     optCz_ = makeOptions(fraFs_, u"optCz"_s, {u"替换"_s, u"追加"_s});
     fraLy_->setEnabled(false);
     fraFs_->setEnabled(false);
@@ -91,17 +92,17 @@ void IntakePage::makeButtons() {
     chkZd_ = make<QCheckBox>(page, u"chkZd"_s, u"自动补足"_s);
     chkZd_->setChecked(true);
     chkZd_->setToolTip(u"同时填入编号、大小、规格和日期"_s);
-    sstFz->putOn(intakeTab, chkZd_, buttonLeft, 4005, buttonWidth, 300);
+    sstFz->putOn(intakeTab, chkZd_, buttonLeft, 3900, buttonWidth, 300);
     cmdQx_ = make<QPushButton>(page, u"cmdQx"_s, u"选择全部"_s);
     cmdLr_ = make<QPushButton>(page, u"cmdLr"_s, u"录入图册"_s);
     cmdQ1_ = make<QPushButton>(page, u"cmdQ1"_s, u"撤 消"_s);
-    int top = 4440;
+    int top = firstButtonTop;
     for (QPushButton* button : {cmdQx_, preview_.makeOpener(1, page), cmdLr_, cmdQ1_}) {
         sstFz->putOn(intakeTab, button, buttonLeft, top, buttonWidth, buttonHeight);
         button->setEnabled(false);
-        top += 465;
+        top += buttonPitch;
     }
-    sstFz->putOn(intakeTab, preview_.makeOpener(0, page), recordButtonLeft, 990, 1030, buttonHeight);
+    sstFz->putOn(intakeTab, preview_.makeOpener(0, page), recordButtonLeft, 990, 1030, 315);
 }
 
 void IntakePage::connectControls() {
@@ -153,7 +154,7 @@ void IntakePage::enter() {
     state_.currentFolder = browser_.dir1()->Path();
     infoLines_[0]->clear();
     hints_.czts(1);
-    controls_.sstFz->putOn(intakeTab, cmdQ1_, buttonLeft, topOf(cmdLr_) + TabControl::stripHeight + 465);
+    controls_.sstFz->putOn(intakeTab, cmdQ1_, buttonLeft, topOf(cmdLr_) + TabControl::stripHeight + buttonPitch);
     controls_.sstFz->putOn(intakeTab, preview_.cmdCk(0), recordButtonLeft, 990);
     browser_.showOn(intakeTab, 150, 750);
     raiseControls();
@@ -177,7 +178,7 @@ void IntakePage::albumChosen() {
     state_.targetTable = state_.albumTable;
     codeButtons_.moveTo(5450, 5415, 13);
     codeButtons_.bhan();
-    codeButtons_.moveText(5940, 6165, 2660);
+    codeButtons_.moveText(5940, 6165, 1400);
     infoLines_[0]->setText(u"目标表："_s + state_.targetTable);
     showAlbumCount();
     state_.intakeStep = 0;

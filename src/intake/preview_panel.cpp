@@ -67,6 +67,7 @@ void PreviewPanel::makeControls() {
     lblC1_ = make<QLabel>(fraCk_, u"lblC1"_s, u"查 看 图 片"_s);
     lblWj_ = make<PathLabel>(fraCk_, u"lblWj"_s);
     chkCk_ = make<NarrowCheckBox>(fraCk_, u"chkCk"_s, u"原大小"_s);
+    chkCk_->setStyleSheet(u"QCheckBox::indicator { width: 11px; height: 11px; }"_s);
     cmdAz_ = make<QPushButton>(fraCk_, u"cmdAz"_s, u"加载"_s);
     cmdAq_ = make<QPushButton>(fraCk_, u"cmdAq"_s, u"确定"_s);
     cmdCg_ = make<QPushButton>(fraCk_, u"cmdCg"_s, u"关闭"_s);
@@ -181,8 +182,8 @@ void PreviewPanel::placeSideColumn(int left) {
 void PreviewPanel::centreLabels() {
     const int width = widthOf(fraCk_);
     const int own = width - 240;
-    place(lblC1_, (width - own) / 2, 330, own, 270);
-    place(lblWj_, (width - own) / 2, 630, own, 660);
+    place(lblC1_, (width - own) / 2, 255, own, 270);
+    place(lblWj_, (width - own) / 2, 510, own, 810);
 }
 
 void PreviewPanel::setFrameColour(const QColor& colour) {

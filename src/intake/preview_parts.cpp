@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QStyleOptionButton>
+#include <algorithm>
 
 void PathLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
@@ -19,10 +20,14 @@ void NarrowCheckBox::paintEvent(QPaintEvent*) {
     style()->drawControl(QStyle::CE_CheckBox, &mark, &painter, this);
     const int left = style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this).right() + gap;
     painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
-    QFont narrow = font();
-    const int lines = fontMetrics().horizontalAdvance(text()) > width() - left ? 2 : 1;
-    if (lines * fontMetrics().height() > height() + 6) narrow.setPixelSize(height() / lines);
-    painter.setFont(narrow);
-    painter.drawText(QRect(left, 0, width() - left, height()),
-                     Qt::AlignVCenter | Qt::TextWrapAnywhere | Qt::TextDontClip, text());
+    // Lines may stand closer than usual: Chinese characters fill only the middle of a line.
+    const int room = std::max(width() - left, 1);
+    const int inLine =
+        std::max(1, room * static_cast<int>(text().size()) / std::max(1, fontMetrics().horizontalAdvance(text())));
+    const int lines = (static_cast<int>(text().size()) + inLine - 1) / inLine;
+    const int pitch = std::min(fontMetrics().height(), height() / std::max(lines, 1));
+    const int top = (height() - lines * pitch) / 2;
+    for (int i = 0; i < lines; ++i)
+        painter.drawText(QRect(left, top + i * pitch, room, pitch), Qt::AlignVCenter | Qt::TextDontClip,
+                         text().mid(i * inLine, inLine));
 }
