@@ -102,11 +102,11 @@ void ButtonPanel::anxs() {
     const int top = topOf(shpAb);
     place(imgSy, upperCornerLeft, top + 150);
     buttons.MoveLast();
-    buttonTotal_ = buttons.RecordCount();
+    const int buttonTotal = buttons.RecordCount();
     for (ImageBox* image : imgAn) image->hide();
     hideRollOver();
 
-    if (state_.buttonPage > buttonTotal_) state_.buttonPage = 1;
+    if (state_.buttonPage > buttonTotal) state_.buttonPage = 1;
     buttons.MoveFirst();
     for (int i = 1; i < state_.buttonPage; ++i) buttons.MoveNext();
     column_ = buttonColumn(state_.buttonStripHeight);

@@ -56,6 +56,5 @@ class ButtonPanel : public QObject {
     ImageBox *imgSy, *imgXy;
     LineBox *linX, *linS, *linY, *linZ;
     ButtonColumn column_{0, 0};
-    int buttonTotal_ = 0;
     QCursor hand_;
 };

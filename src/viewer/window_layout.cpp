@@ -30,7 +30,6 @@ WindowLayout windowLayout(int width, int height, int raise) {
                          layout.pageAreaHeight - 115};
     layout.barWidth = width - 100;
     layout.stripWidth = width - 200;
-    layout.titleSpace = width - 8250;
     layout.messagePanelWidth = width - 6950;
     return layout;
 }

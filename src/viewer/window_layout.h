@@ -12,11 +12,11 @@ struct LineEnds {
 
 struct WindowLayout {
     int pageAreaWidth, pageAreaHeight, buttonStripHeight;
-    Box page;                              ///< `pic1`, and `pic0` that lies over it.
-    LineEnds top, left, bottom, right;     ///< `lin1` to `lin4` around the page.
-    Box outerFrame, innerFrame;            ///< `shpAb` and `shpA1` around the button column.
-    int barWidth, stripWidth, titleSpace;  ///< `clb1`, `tlb1` and the place of `picBq` on it.
-    int messagePanelWidth;                 ///< Third panel of the status bar.
+    Box page;                           ///< `pic1`, and `pic0` that lies over it.
+    LineEnds top, left, bottom, right;  ///< `lin1` to `lin4` around the page.
+    Box outerFrame, innerFrame;         ///< `shpAb` and `shpA1` around the button column.
+    int barWidth, stripWidth;           ///< `clb1` and `tlb1`.
+    int messagePanelWidth;              ///< Third panel of the status bar.
 };
 
 /// `raise` is how much higher everything stands than usual (half of the extra height of the title bar).
