@@ -15,14 +15,17 @@ if(LUNQ_SANITIZE)
   target_link_options(lunq_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
-# lunq_room(NAME DEPENDS ... LIBRARIES ... [PCH header...]): every .cpp of the current folder becomes the library NAME.
+# lunq_room(NAME DEPENDS ... LIBRARIES ... [PCH header... | PCH_FROM room]): every .cpp of the current folder becomes the
+# library NAME. Rooms with the same precompiled header share the one of the lowest of them.
 function(lunq_room name)
-  cmake_parse_arguments(ROOM "" "" "DEPENDS;LIBRARIES;PCH" ${ARGN})
+  cmake_parse_arguments(ROOM "" "PCH_FROM" "DEPENDS;LIBRARIES;PCH" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
   add_library(${name} STATIC ${sources})
   target_link_libraries(${name} PUBLIC lunq_flags ${ROOM_DEPENDS} ${ROOM_LIBRARIES})
   if(ROOM_PCH)
     target_precompile_headers(${name} PRIVATE ${ROOM_PCH})
+  elseif(ROOM_PCH_FROM)
+    target_precompile_headers(${name} REUSE_FROM ${ROOM_PCH_FROM})
   endif()
 endfunction()
 
@@ -33,7 +36,7 @@ function(lunq_test room)
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/tests/${room}/*.cpp")
   add_executable(${program} ${sources})
   target_link_libraries(${program} PRIVATE lunq_test_support ${TEST_LIBRARIES})
-  target_precompile_headers(${program} PRIVATE <QtTest/QtTest> <QtWidgets/QtWidgets>)
+  target_precompile_headers(${program} REUSE_FROM lunq_test_support)
   add_test(NAME ${room} COMMAND ${program})
   set_tests_properties(${room} PROPERTIES TIMEOUT 300
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ASAN_OPTIONS=detect_leaks=0;UBSAN_OPTIONS=print_stacktrace=1")

@@ -5,6 +5,7 @@
 #include "catalogue/picture_field.h"
 #include "platform/base/error.h"
 #include "viewer/filters.h"
+#include "viewer/page_layout.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -68,11 +69,11 @@ void AlbumOpening::openSelection() {
         album.MoveLast();
         album.MoveFirst();
     }
-    // Nothing of the album before is left over: paging waits for the first page of this one.
+    // Nothing of the album before is left over: its pages can be turned from the first one on.
     state_.selectionCode = allPicturesCode;
     state_.firstPictureIndex = 0;
-    state_.pictureCount = 0;
-    state_.pageCount = 0;
+    state_.pictureCount = album.RecordCount();
+    state_.pageCount = pagesFor(state_.pictureCount, state_.picturesPerPage);
     state_.pageStatusText = u"全部"_s;
     status_.setPanel(
         2, u"%1(%2) 共 %3 张"_s.arg(state_.albumTitle, mekTp::currentTable, QString::number(album.RecordCount())));

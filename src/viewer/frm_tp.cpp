@@ -192,10 +192,10 @@ void frmTp::resizeForm() {
     screen_->layOut(layout.page);
 
     attempt([&] { buttons_->anxs(); });
-    if (mekTp::currentTable != demoTable) {
-        if (state_.picturesPerPage > 1) screen_->cover();
-        if (state_.pageShown) page_->xstp();
-    }
+    const bool showsPage = screen_->pic0->isHidden();
+    if (mekTp::currentTable != demoTable && state_.picturesPerPage > 1) screen_->cover();
+    const bool follows = mekTp::currentTable != demoTable || (showsPage && !state_.albumRecordset.isNothing());
+    if (state_.pageShown && follows) page_->xstp();
     if (wasViewing) attempt([&] { view_->refit(); });
 }
 

@@ -79,14 +79,6 @@ const ImageBox* Page::picture(int cell) const {
     return cell >= 0 && cell < int(cells_.size()) ? cells_[size_t(cell)].imgXs : nullptr;
 }
 
-// An album that has just been opened is counted when its first page is drawn.
-void Page::countPictures() {
-    attempt([&] {
-        state_.pictureCount = state_.albumRecordset.RecordCount();
-        state_.pageCount = pagesFor(state_.pictureCount, state_.picturesPerPage);
-    });
-}
-
 void Page::goToFirstPicture() {
     Recordset& album = state_.albumRecordset;
     attempt([&] {
@@ -105,7 +97,6 @@ void Page::xstp() {
     const CellGrid grid = cellGrid(state_.pageAreaWidth, cells);
     setCellCount(cells);
     scroll_->reset();
-    countPictures();
     goToFirstPicture();
     table_ = mekTp::currentTable;
     QSize pixels = cellShape;
@@ -139,10 +130,13 @@ void Page::drawCell(int index, const CellGrid& grid, QSize& pixels) {
     placeAt(cell.imgXs, pictureBox(grid, index, fitted));
     placeAt(cell.shpXs, frameBox(grid, index, fitted));
 
-    cell.imgXs->setPicture({});
     cell.imgXs->setTag({});
+    bool hasRecord = false;
+    attempt([&] { hasRecord = !album.Eof(); });
+    // The first cell is never made anew: a record without a picture leaves there what it shows.
+    if (index > 0 || !hasRecord) cell.imgXs->setPicture({});
     attempt([&] {
-        if (album.Eof()) return;
+        if (!hasRecord) return;
         attempt([&] { readPictureField(album, u"图片"_s, *cell.imgXs); });
         cell.imgXs->setTag(tagOfRecord(album));
     });

@@ -42,7 +42,6 @@ class Page : public QObject {
 
     Cell makeCell(int index);
     void setCellCount(int count);
-    void countPictures();
     void goToFirstPicture();
     void drawCell(int index, const CellGrid& grid, QSize& pixels);
     void drawCaption(int index, const CellGrid& grid);

@@ -95,7 +95,7 @@ void addSettings() {
     for (int i = 0; i <= 5; ++i)
         addRow(schemes, {{u"序号"_s, QString::number(i)},
                          {u"方案名"_s, u"方案%1"_s.arg(i)},
-                         {u"窗体"_s, u"&H00C0%1F0FF&"_s.arg(i)},
+                         {u"窗体"_s, u"&H00C%1F0FF&"_s.arg(i)},
                          {u"外框"_s, u"&H00808080&"_s},
                          {u"填充"_s, u"&H00E0E0E0&"_s},
                          {u"内框"_s, u"&H00404040&"_s}});
