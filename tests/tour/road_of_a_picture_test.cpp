@@ -77,7 +77,6 @@ class TestRoadOfAPicture : public QObject {
 
     void cleanup() {
         answerBoxesWith({});
-        for (QWidget* widget : QApplication::topLevelWidgets()) delete widget;
         program_.reset();
         catalogue_.reset();
     }
