@@ -3,6 +3,7 @@
 #include "platform/desktop/look.h"
 #include "platform/desktop/message_box.h"
 #include "program.h"
+#include "single_copy.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -11,17 +12,6 @@
 #include <QTranslator>
 
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
-
-/// Whether another copy works on this program's catalogue. A folder that cannot be written to holds no lock, and a
-/// catalogue there cannot be changed by two copies either.
-bool isSecondCopy(QLockFile& lock) {
-    lock.setStaleLockTime(0);
-    return !lock.tryLock() && lock.error() == QLockFile::LockFailedError;
-}
-
-}  // namespace
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
@@ -40,9 +30,12 @@ int main(int argc, char** argv) {
         return 0;
     }
 
-    Program program;
-    program.start();
-    const int status = QApplication::exec();
+    int status = 0;
+    {
+        Program program;  // its windows go before the catalogue that they read
+        program.start();
+        status = QApplication::exec();
+    }
     mekTp::catalogue = {};
     return status;
 }

@@ -6,6 +6,10 @@
 
 #include <QCoreApplication>
 
+Program::~Program() {
+    for (const auto& [kind, window] : windows_) delete window;
+}
+
 void Program::start() {
     show(WindowKind::viewer);
 }
@@ -28,6 +32,7 @@ QWidget* Program::makeWindow(WindowKind window) {
 }
 
 void Program::handOver(WindowKind from, WindowKind to) {
+    if (!has(to)) return;
     show(to);
     unload(from);
 }
@@ -49,8 +54,6 @@ void Program::unload(WindowKind window) {
     shown->deleteLater();
     shown.clear();
 }
-
-void Program::showHelp(const QString&) {}
 
 void Program::endProgram() {
     QMetaObject::invokeMethod(QCoreApplication::instance(), &QCoreApplication::quit, Qt::QueuedConnection);

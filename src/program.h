@@ -9,6 +9,11 @@
 /// Makes the windows and hands over between them.
 class Program : public Windows {
   public:
+    Program() = default;
+    ~Program() override;
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
     /// Shows the main window.
     void start();
 
@@ -16,7 +21,6 @@ class Program : public Windows {
     void handOver(WindowKind from, WindowKind to) override;
     void show(WindowKind window) override;
     void unload(WindowKind window) override;
-    void showHelp(const QString& topic) override;
     void endProgram() override;
 
   private:

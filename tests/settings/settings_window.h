@@ -20,13 +20,11 @@ class RecordingWindows : public Windows {
     void handOver(WindowKind, WindowKind to) override { handedTo = to; }
     void show(WindowKind) override {}
     void unload(WindowKind) override {}
-    void showHelp(const QString& topic) override { helpTopic = topic; }
     void endProgram() override { ended = true; }
 
     bool hasHelp = true;
     bool ended = false;
     std::optional<WindowKind> handedTo;
-    QString helpTopic;
 };
 
 /// Changes one column of the first row of a SELECT.

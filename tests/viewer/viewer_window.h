@@ -17,7 +17,6 @@ class RecordingWindows : public Windows {
     void handOver(WindowKind, WindowKind to) override { handedTo << to; }
     void show(WindowKind window) override { shown << window; }
     void unload(WindowKind window) override { unloaded << window; }
-    void showHelp(const QString&) override {}
     void endProgram() override {}
 
     QList<WindowKind> available{WindowKind::viewer, WindowKind::settings, WindowKind::about};
