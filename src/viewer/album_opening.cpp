@@ -6,19 +6,12 @@
 #include "platform/base/error.h"
 #include "viewer/filters.h"
 #include "viewer/page_layout.h"
+#include "viewer/settings_row.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 const QString presetTitle = u"演示"_s;
-
-void writeCurrentAlbum(const QString& album) {
-    Recordset settings = mekTp::catalogue.OpenRecordset(u"tcsz"_s);
-    settings.MoveFirst();
-    settings.Edit();
-    settings.Fields(u"当前像册"_s).SetValue(album);
-    settings.Update();
-}
 }  // namespace
 
 AlbumOpening::AlbumOpening(ViewerState& state, ToolStrip& strip, StatusLine& status, ScreenPanel& screen,
@@ -31,18 +24,19 @@ void AlbumOpening::dkxc(int index) {
     state_.albumTitle = index == 0 || !isListed ? presetTitle : menu_.mnuCd[index]->text().replace(u"&&"_s, u"&"_s);
     uncheckAll();
     mekTp::currentTable = isListed ? tableAt(index) : demoTable;
+    state_.forgetSelection();  // an album that does not open shows nothing of the one before
     if (isListed) menu_.mnuCd[index]->setChecked(true);
     buttons_.rewind();
     strip_.txtYh->setText(u"0"_s);
     buttons_.hideCursor();
     openSelection();
     buttons_.anxs();
-    buttons_.putCursorOnFirst();
+    buttons_.putCursorOn(0);
     menu_.mnuXs->setEnabled(true);
     menu_.mnuTg->setEnabled(true);
     strip_.tlb1->setImage(u"dk"_s, u"hs"_s);
     strip_.tlb1->setToolTip(u"dk"_s, u"关闭像册"_s);
-    writeCurrentAlbum(mekTp::currentTable.mid(2));
+    storeSetting(u"当前像册"_s, mekTp::currentTable.mid(2));
 }
 
 // The row in the album's place counts when it bears the title: two albums may be called the same.
@@ -65,18 +59,11 @@ void AlbumOpening::uncheckAll() {
 void AlbumOpening::openSelection() {
     Recordset& album = state_.albumRecordset;
     album = mekTp::catalogue.OpenRecordset(u"SELECT * FROM "_s + mekTp::currentTable + u" ORDER BY [序号]"_s);
-    if (album.RecordCount() > 0) {
-        album.MoveLast();
-        album.MoveFirst();
-    }
-    // Nothing of the album before is left over: its pages can be turned from the first one on.
-    state_.selectionCode = allPicturesCode;
-    state_.firstPictureIndex = 0;
-    state_.pictureCount = album.RecordCount();
+    state_.pictureCount = visitAll(album);
     state_.pageCount = pagesFor(state_.pictureCount, state_.picturesPerPage);
     state_.pageStatusText = u"全部"_s;
     status_.setPanel(
-        2, u"%1(%2) 共 %3 张"_s.arg(state_.albumTitle, mekTp::currentTable, QString::number(album.RecordCount())));
+        2, u"%1(%2) 共 %3 张"_s.arg(state_.albumTitle, mekTp::currentTable, QString::number(state_.pictureCount)));
     status_.setPanel(3, state_.pageStatusText);
 }
 
@@ -87,17 +74,17 @@ void AlbumOpening::openTable(const QString& table) {
 }
 
 void AlbumOpening::close() {
-    state_.albumRecordset = {};
+    state_.forgetSelection();
     state_.albumTitle = presetTitle;
     mekTp::currentTable = demoTable;
-    buttons_.rewind();
-    buttons_.anxs();
+    attempt([&] { buttons_.rewind(); });
+    attempt([&] { buttons_.anxs(); });
     if (screen_.isViewing()) screen_.endView();
     screen_.cover();
-    Recordset settings = mekTp::catalogue.OpenRecordset(u"tcsz"_s);
-    settings.MoveFirst();
-    attempt([&] { readPictureField(settings, u"封面"_s, *screen_.img0); });
-    writeCurrentAlbum({});
+    attempt([&] {
+        Recordset settings = settingsRow();
+        readPictureField(settings, u"封面"_s, *screen_.img0);
+    });
     uncheckAll();
     menu_.mnuXs->setEnabled(false);
     menu_.mnuTg->setEnabled(false);
@@ -105,4 +92,5 @@ void AlbumOpening::close() {
     strip_.tlb1->setToolTip(u"dk"_s, u"打开像册"_s);
     status_.setPanel(2, u"未打开图册"_s);
     status_.setPanel(3, {});
+    storeSetting(u"当前像册"_s, QString());
 }

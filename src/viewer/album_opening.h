@@ -23,13 +23,13 @@ class AlbumOpening : public QObject {
     /// Opens the album of a table, or the first one where no album has it.
     void openTable(const QString& table);
 
+    /// Closes the album. Throws where the catalogue does not take the change, once the window shows the closed state.
     void close();
 
   private:
     QString tableAt(int index) const;
     void uncheckAll();
     void openSelection();
-    void storeCurrent();
 
     ViewerState& state_;
     ToolStrip& strip_;

@@ -52,6 +52,7 @@ ButtonPanel::ButtonPanel(ViewerState& state, ToolStrip& strip, StatusLine& statu
     imgSy = make<ImageBox>(form, u"imgSy"_s);
     imgXy = make<ImageBox>(form, u"imgXy"_s);
     imgXy->setToolTip(u"下一页"_s);
+    attempt([&] { imgXy->setPicture(LoadPicture(u":/pictures/xy.jpg"_s)); });
     place(imgSy, upperCornerLeft, 660, cornerSide, cornerSide);
     place(imgXy, lowerCornerLeft, 660, cornerSide, cornerSide);
     imgXy->hide();
@@ -98,16 +99,14 @@ void ButtonPanel::anxs() {
     Recordset buttons =
         mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcan WHERE Instr(图册, "_s + quoted(mekTp::currentTable) +
                                        u") > 0 And not IsNull(图片) ORDER BY [序号]"_s);
-    if (buttons.RecordCount() == 0) return;
+    const int buttonTotal = visitAll(buttons);
+    if (buttonTotal == 0) return;
     const int top = topOf(shpAb);
     place(imgSy, upperCornerLeft, top + 150);
-    buttons.MoveLast();
-    const int buttonTotal = buttons.RecordCount();
     for (ImageBox* image : imgAn) image->hide();
     hideRollOver();
 
-    if (state_.buttonPage > buttonTotal) state_.buttonPage = 1;
-    buttons.MoveFirst();
+    if (state_.buttonPage > buttonTotal) rewind();
     for (int i = 1; i < state_.buttonPage; ++i) buttons.MoveNext();
     column_ = buttonColumn(state_.buttonStripHeight);
     fillSlots(buttons);
@@ -131,33 +130,37 @@ void ButtonPanel::fillSlots(Recordset& buttons) {
 
 void ButtonPanel::rewind() {
     state_.buttonPage = 1;
-    loadCorner(u"ks"_s, {});
+    loadCorner();
     imgSy->show();
 }
 
-void ButtonPanel::loadCorner(const QString& name, const QString& toolTip) {
-    Recordset pictures = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tctb WHERE 文件名 = "_s + quoted(name));
-    imgSy->setToolTip(toolTip);
+// The upper corner is a dead one on the first page of buttons.
+void ButtonPanel::loadCorner() {
+    const bool nothingBefore = state_.buttonPage == 1;
+    imgSy->setToolTip(nothingBefore ? QString() : u" 上一页"_s);
+    Recordset pictures = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tctb WHERE 文件名 = "_s +
+                                                        quoted(nothingBefore ? u"ks"_s : u"sy"_s));
     attempt([&] { readPictureField(pictures, u"图片"_s, *imgSy); });
 }
 
 void ButtonPanel::pageDown() {
     state_.buttonPage += column_.slots;
     anxs();
-    loadCorner(u"sy"_s, u" 上一页"_s);
+    loadCorner();
 }
 
 void ButtonPanel::pageUp() {
     if (column_.slots > 0) {
         state_.buttonPage = std::max(1, state_.buttonPage - column_.slots);
         anxs();
-        if (state_.buttonPage == 1) loadCorner(u"ks"_s, {});
+        loadCorner();
     }
     imgXy->show();
 }
 
-void ButtonPanel::putCursorOnFirst() {
-    place(shpAn, leftOf(imgAn[0]) - frameReach, topOf(imgAn[0]) - 10, buttonWidth + 2 * frameReach, buttonHeight + 20);
+void ButtonPanel::putCursorOn(int index) {
+    const ImageBox* image = button(index);
+    place(shpAn, leftOf(image) - frameReach, topOf(image) - 10, buttonWidth + 2 * frameReach, buttonHeight + 20);
     shpAn->show();
 }
 
@@ -167,8 +170,7 @@ void ButtonPanel::choose(int index) {
     const BusyPointer busy(image, Qt::WaitCursor);
     state_.pageShown = true;
     screen_.changeCurtain();
-    place(shpAn, leftOf(image) - frameReach, topOf(image) - 10, buttonWidth + 2 * frameReach, buttonHeight + 20);
-    shpAn->show();
+    putCursorOn(index);
 
     const QString name = image->toolTip();
     const Recordset row = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcan WHERE 名称 = "_s + quoted(name));
@@ -176,10 +178,7 @@ void ButtonPanel::choose(int index) {
     // Opened by itself first: the whole album without a condition is nothing that the filters can select.
     Recordset& album = state_.albumRecordset;
     album = mekTp::catalogue.OpenRecordset(buttonSql(mekTp::currentTable, state_.selectionCode));
-    if (album.RecordCount() > 0) {
-        album.MoveLast();
-        album.MoveFirst();
-    }
+    visitAll(album);
     filters_.tpsx();
     page_.xstp();
 
@@ -210,7 +209,10 @@ void ButtonPanel::bkyd(int index) {
     linX->setEnds(left, bottom, right, bottom);
     linZ->setEnds(left, top, left, bottom);
     linY->setEnds(right, top, right, bottom);
-    if (nothingBefore) return;
+    if (nothingBefore) {
+        hideRollOver();
+        return;
+    }
     for (LineBox* line : rollOver()) {
         line->show();
         line->raise();

@@ -20,7 +20,7 @@ class ButtonPanel : public QObject {
     /// The column begins at its first button again; `anxs` fills it.
     void rewind();
 
-    void putCursorOnFirst();
+    void putCursorOn(int index);
     void hideCursor() { shpAn->hide(); }
     void hideRollOver();
 
@@ -37,7 +37,7 @@ class ButtonPanel : public QObject {
     void choose(int index);
     void pageUp();
     void pageDown();
-    void loadCorner(const QString& name, const QString& toolTip);
+    void loadCorner();
     void bkyd(int index);
     void anax();
     void antq();

@@ -14,7 +14,7 @@ class DropList : public ListBox {
     static Role roleAt(int left);  ///< Twips.
     Role role() const;
 
-    /// Shows the lines at a place in twips. The list is higher than told where its lines need it, as far as the form
-    /// reaches.
+    /// Shows the lines at a place in twips. The list is higher than `height` where its lines need it, as far as the
+    /// form reaches.
     void open(const QStringList& lines, int left, int top, int width, int height);
 };

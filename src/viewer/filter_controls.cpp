@@ -69,14 +69,7 @@ void FilterControls::tpsx() {
             selectionSql(mekTp::currentTable, state_.selectionCode, state_.dateCondition, number));
     });
     int pictures = 0;
-    attempt([&] {
-        Recordset& album = state_.albumRecordset;
-        if (album.RecordCount() > 0) {
-            album.MoveLast();
-            album.MoveFirst();
-        }
-        pictures = album.RecordCount();
-    });
+    attempt([&] { pictures = visitAll(state_.albumRecordset); });
     state_.pictureCount = pictures;
     state_.pageCount = pagesFor(pictures, state_.picturesPerPage);
     state_.pageStatusText =

@@ -104,7 +104,7 @@ void frmTp::connectControls() {
             guarded(this, [this](const QString& key) { toolClicked(key); }));
     for (int i = 0; i < int(strip_->chkBq.size()); ++i)
         connect(strip_->chkBq[size_t(i)], &QCheckBox::toggled, this, guarded(this, [this, i] { storeFlag(i); }));
-    connect(tmr1, &QTimer::timeout, this, [this] { tick(); });
+    connect(tmr1, &QTimer::timeout, this, guarded(this, [this] { tick(); }));
 
     connect(strip_->txtLs, &TextBox::clicked, this, [this] {
         lstLs->open({u"1列"_s, u"2列"_s, u"3列"_s, u"4列"_s, u"5列"_s, u"6列"_s}, leftOf(strip_->txtLs) + 70, 380,
@@ -127,7 +127,14 @@ void frmTp::connectControls() {
 
 void frmTp::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
-    resizeForm();
+    runHandler(this, [this] { resizeForm(); });
+}
+
+// Another window may keep the program running.
+void frmTp::closeEvent(QCloseEvent* event) {
+    tmr1->stop();
+    show_->stop();
+    QMainWindow::closeEvent(event);
 }
 
 bool frmTp::eventFilter(QObject* watched, QEvent* event) {
@@ -170,7 +177,7 @@ bool frmTp::pageByKey(int key) {
     static const QHash<int, QString> keys{
         {Qt::Key_Home, u"ty"_s}, {Qt::Key_PageUp, u"sy"_s}, {Qt::Key_PageDown, u"xy"_s}, {Qt::Key_End, u"hy"_s}};
     if (!keys.contains(key)) return false;
-    if (strip_->tlb1->isEnabled(keys[key])) toolClicked(keys[key]);
+    if (strip_->tlb1->isEnabled(keys[key])) runHandler(this, [&] { toolClicked(keys[key]); });
     return true;
 }
 
@@ -226,7 +233,7 @@ void frmTp::toolClicked(const QString& key) {
         {u"bz"_s, [this] { toggleHelp(); }},
         {u"gb"_s, [this] { close(); }},
     };
-    attempt(actions.value(key, [] {}));
+    actions.value(key, [] {})();
     strip_->tlb1->update();
 }
 

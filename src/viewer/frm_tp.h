@@ -22,6 +22,7 @@ class frmTp : public QMainWindow {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -31,7 +32,8 @@ class frmTp : public QMainWindow {
     void connectControls();
 
     void load();
-    void readSettings(QString& lastAlbum);
+    /// The table of the last album. Without a collection title the window keeps its caption.
+    QString readSettings();
     void applyColours();
     void fillAlbumMenu();
     void fillScreenPictures();

@@ -7,6 +7,7 @@
 #include "platform/desktop/placing.h"
 #include "viewer/clock.h"
 #include "viewer/frm_tp.h"
+#include "viewer/settings_row.h"
 #include "viewer/window_layout.h"
 
 #include <QDir>
@@ -61,36 +62,36 @@ void frmTp::load() {
     QDir::setCurrent(programFolder());
     mekTp::currentTable = demoTable;
     attempt([] { mekTp::openCatalogue(); });
-    QString lastAlbum = demoTable;
-    readSettings(lastAlbum);
-    setWindowTitle(u' ' + state_.mainTitle);
+    const QString lastAlbum = readSettings();
     applyColours();
     fillAlbumMenu();
     attempt([&] { albums_->openTable(lastAlbum); });
     status_->setPanel(1, state_.mainTitle);
-    strip_->txtWd->setText(u' ' + state_.mainTitle);
     attempt([&] { fillScreenPictures(); });
     tick();
 }
 
-void frmTp::readSettings(QString& lastAlbum) {
+QString frmTp::readSettings() {
     Recordset settings;
-    attempt([&] {
-        settings = mekTp::catalogue.OpenRecordset(u"tcsz"_s);
-        settings.MoveFirst();
-    });
+    attempt([&] { settings = settingsRow(); });
+    QString lastAlbum = demoTable;
     attempt([&] { lastAlbum = u"tc"_s + settings.Fields(u"当前像册"_s).Value().textOr(u"00"_s); });
     if (lastAlbum == u"tc") lastAlbum = demoTable;
     const std::array<QString, 2> flags{u"显示标签"_s, u"全屏显示"_s};
     for (size_t i = 0; i < flags.size(); ++i)
         attempt([&] { strip_->chkBq[i]->setChecked(settings.Fields(flags[i]).Value().toBool()); });
-    attempt([&] { state_.mainTitle = settings.Fields(u"像册标题"_s).Value().textOr(); });
+    attempt([&] {
+        state_.mainTitle = settings.Fields(u"像册标题"_s).Value().textOr();
+        setWindowTitle(u' ' + state_.mainTitle);
+        strip_->txtWd->setText(windowTitle());
+    });
+    return lastAlbum;
 }
 
 void frmTp::applyColours() {
     Recordset scheme;
     attempt([&] {
-        const Recordset settings = mekTp::catalogue.OpenRecordset(u"tcsz"_s);
+        const Recordset settings = settingsRow();
         scheme = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcys WHERE 序号 = "_s +
                                                 quoted(settings.Fields(u"颜色"_s).Value().toText()));
     });
@@ -132,20 +133,14 @@ void frmTp::fillScreenPictures() {
     if (screens.RecordCount() > 0) return;
     Recordset source = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tc00 WHERE 序号 > %1"_s.arg(firstScreenPicture));
     Transaction together(mekTp::catalogue);
-    for (int number = 1; !source.Eof(); source.MoveNext(), ++number)
-        attempt([&] { copyScreenPicture(source, screens, number); });
+    for (int number = 1; !source.Eof(); source.MoveNext(), ++number) copyScreenPicture(source, screens, number);
     together.commit();
 }
 
 /// Writes a check box back; full screen takes effect at once, captions with the next page.
 void frmTp::storeFlag(int index) {
     const bool on = strip_->chkBq[size_t(index)]->isChecked();
-    attempt([&] {
-        Recordset settings = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcsz"_s);
-        settings.Edit();
-        settings.Fields(index == 0 ? u"显示标签"_s : u"全屏显示"_s).SetValue(on);
-        settings.Update();
-    });
+    attempt([&] { storeSetting(index == 0 ? u"显示标签"_s : u"全屏显示"_s, on); });
     if (index == 1) fillScreen(on);
 }
 
@@ -155,7 +150,7 @@ void frmTp::fillScreen(bool on) {
         setWindowState(windowState() | Qt::WindowFullScreen);
         setGeometry(screen);
     } else {
-        setWindowState(windowState() & ~Qt::WindowFullScreen);
+        setWindowState(windowState() & ~(Qt::WindowFullScreen | Qt::WindowMaximized));
         const QSize size(pixelsFromTwips(state_.windowedWidth), pixelsFromTwips(state_.windowedHeight));
         setGeometry(
             QRect(screen.topLeft() + QPoint((screen.width() - size.width()) / 2, (screen.height() - size.height()) / 2),

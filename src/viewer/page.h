@@ -25,6 +25,8 @@ class Page : public QObject {
     const QString& table() const { return table_; }
     /// Nothing when there is no such cell.
     const ImageBox* picture(int cell) const;
+    /// Cells of the page as it was drawn; another number may have been chosen since.
+    int cellCount() const { return int(cells_.size()); }
     void scrollBy(int pixels) { scroll_->scrollBy(pixels); }
 
     Surface* pic1;

@@ -24,7 +24,7 @@ PictureView::PictureView(ViewerState& state, ToolStrip& strip, ScreenPanel& scre
 void PictureView::open(int cell) {
     state_.selectedCell = cell;
     const ImageBox* thumbnail = page_.picture(cell);
-    if (state_.picturesPerPage == 1 || thumbnail == nullptr || thumbnail->tag().isEmpty()) return;
+    if (page_.cellCount() == 1 || thumbnail == nullptr || thumbnail->tag().isEmpty()) return;
     const QString tag = thumbnail->tag();
     Recordset record =
         mekTp::catalogue.OpenRecordset(u"SELECT * FROM "_s + page_.table() + u" WHERE 序号 = "_s + numberInTag(tag));
@@ -42,16 +42,15 @@ void PictureView::close() {
     screen_.endView();
 }
 
-bool PictureView::switchSize() {
-    if (numericValue(strip_.txtYh->text()) == 0) return false;
+void PictureView::switchSize() {
+    if (numericValue(strip_.txtYh->text()) == 0) return;
     const bool wasOriginal = strip_.tlb1->image(u"yd"_s) == u"cm";
     strip_.tlb1->setImage(u"yd"_s, wasOriginal ? u"yd"_s : u"cm"_s);
     strip_.tlb1->setToolTip(u"yd"_s, wasOriginal ? u"原始大小"_s : u"充满窗口"_s);
-    if (state_.picturesPerPage > 1) {
-        open(state_.selectedCell);
-        return true;
+    if (page_.cellCount() > 1) {
+        attempt([&] { open(state_.selectedCell); });
+        return;
     }
     state_.firstPictureIndex -= 1;
     page_.xstp();
-    return true;
 }

@@ -13,8 +13,8 @@ class PictureView : public QObject {
     /// Fits the picture in view to the window anew.
     void refit() { open(state_.selectedCell); }
 
-    /// Key `yd`. Tells whether it did anything.
-    bool switchSize();
+    /// Key `yd`.
+    void switchSize();
 
   private:
     ViewerState& state_;

@@ -1,26 +1,18 @@
 #include "viewer/slide_show.h"
 
-#include "catalogue/mektp.h"
 #include "platform/base/error.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
+#include "viewer/settings_row.h"
 #include "viewer/small_dialog.h"
 
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
-Recordset openSettings() {
-    Recordset settings = mekTp::catalogue.OpenRecordset(u"tcsz"_s);
-    settings.MoveFirst();
-    return settings;
-}
-}  // namespace
 
 SlideShow::SlideShow(ViewerState& state, ToolStrip& strip, Page& page, QWidget* window, QWidget* form)
     : picYc(makeSmallDialog(form, u"picYc"_s, 4500, 2250)), state_(state), strip_(strip), page_(page), window_(window) {
     tmr2 = new QTimer(window);
     tmr2->setObjectName(u"tmr2"_s);
-    connect(tmr2, &QTimer::timeout, this, [this] { step(); });
+    connect(tmr2, &QTimer::timeout, this, guarded(window, [this] { step(); }));
     // One picture to a page is what the show steps through.
     connect(strip.txtLs, &TextBox::textChanged, this, [this] {
         if (state_.picturesPerPage != 1 && isRunning()) stop();
@@ -70,7 +62,7 @@ void SlideShow::start() {
     }
     int interval = 0;
     attempt([&] {
-        const Recordset settings = openSettings();
+        const Recordset settings = settingsRow();
         attempt([&] { state_.slideLoop = settings.Fields(u"幻灯循环"_s).Value().toBool(); });
         interval = settings.Fields(u"幻灯延时"_s).Value().toInteger();
     });
@@ -103,7 +95,7 @@ void SlideShow::step() {
 
 void SlideShow::openDialog() {
     attempt([&] {
-        const Recordset settings = openSettings();
+        const Recordset settings = settingsRow();
         attempt([&] { chkYc->setChecked(settings.Fields(u"幻灯循环"_s).Value().toBool()); });
         const int interval = settings.Fields(u"幻灯延时"_s).Value().toInteger();
         sliSj->setValue(interval);
@@ -115,7 +107,7 @@ void SlideShow::openDialog() {
 }
 
 void SlideShow::store() {
-    Recordset settings = openSettings();
+    Recordset settings = settingsRow();
     settings.Edit();
     settings.Fields(u"幻灯延时"_s).SetValue(sliSj->value());
     settings.Fields(u"幻灯循环"_s).SetValue(chkYc->isChecked());

@@ -11,9 +11,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 constexpr int barHeight = 450;
 constexpr int buttonSide = 390;
-constexpr int buttonTop = 30;
-constexpr int boxTop = 75;
-constexpr int boxHeight = 300;
+constexpr int buttonTop = 0;
+constexpr int boxTop = 30;
+constexpr int boxHeight = 270;
 constexpr int labelLeft = 2760;
 constexpr int numberLeft = 3810;
 const QColor separatorColour(0xd8, 0xd0, 0xc2);
@@ -93,7 +93,7 @@ void ToolStrip::addBoxes() {
     txtXx = make<TextBox>(tlb1, u"txtXx"_s);
     txtXx->setStyleSheet(u"border: none; padding: 0px; background: #eef5f7;"_s);
     txtXx->setAlignment(Qt::AlignCenter);
-    place(txtXx, 4350, boxTop + 45, 375, boxHeight - 90);
+    place(txtXx, 4350, 60, 375, 180);
     showNumberBox(false);
 
     txtLs = make<TextBox>(tlb1, u"txtLs"_s);

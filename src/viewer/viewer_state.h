@@ -33,4 +33,10 @@ struct ViewerState {
 
     int buttonPage = 1;  ///< Number of the button in the top slot, from 1.
     bool slideLoop = false;
+
+    /// Nothing of an album is selected, and nothing counted, any longer.
+    void forgetSelection();
 };
+
+/// Visits all records, so that their count is known, and goes back to the first one. The count.
+int visitAll(Recordset& records);

@@ -10,6 +10,8 @@ constexpr int frameLeft = 1930;
 constexpr int columnLeft = 75;
 constexpr int columnWidth = 1800;
 constexpr int innerMargin = 40;
+constexpr int endOfLeftGroup = 5200;  // of the tool bar
+constexpr int rightGroup = 5280;
 }  // namespace
 
 WindowLayout windowLayout(int width, int height, int raise) {
@@ -37,16 +39,18 @@ WindowLayout windowLayout(int width, int height, int raise) {
 StripLayout stripLayout(int width) {
     StripLayout strip{};
     strip.titleLeft = width / 2 - 800;
-    strip.titleWidth = std::min(3600, width / 2 - 4630);
-    strip.draw = width - 5280;
-    strip.columns = width - 4700;
-    strip.show = width - 3960;
-    strip.interval = width - 3550;
-    strip.captions = width - 3120;
-    strip.fullScreen = width - 2400;
-    strip.original = width - 1680;
-    strip.help = width - 1190;
-    strip.leave = width - 700;
+    strip.titleWidth = std::max(0, std::min(3600, width / 2 - 4630));
+    // On the narrowest windows the edge cuts the right group off, rather than that it covers the left one.
+    const int right = std::max(width, endOfLeftGroup + rightGroup);
+    strip.draw = right - rightGroup;
+    strip.columns = right - 4700;
+    strip.show = right - 3960;
+    strip.interval = right - 3550;
+    strip.captions = right - 3120;
+    strip.fullScreen = right - 2400;
+    strip.original = right - 1680;
+    strip.help = right - 1190;
+    strip.leave = right - 700;
     return strip;
 }
 

@@ -3,6 +3,9 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QToolTip>
+
+using namespace Qt::Literals::StringLiterals;
 
 ImageBox::ImageBox(QWidget* parent) : QLabel(parent) {
     setMouseTracking(true);
@@ -16,6 +19,13 @@ void ImageBox::setPicture(const Picture& picture) {
     else
         setPixmap(QPixmap::fromImage(picture.image()));
     update();
+}
+
+bool ImageBox::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || !Qt::mightBeRichText(toolTip())) return QLabel::event(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                       u"<span>%1</span>"_s.arg(toolTip().toHtmlEscaped()), this);
+    return true;
 }
 
 QSize ImageBox::targetSize() const {

@@ -5,7 +5,7 @@
 #include <QLabel>
 
 /// An image control: shows a picture stretched to its own size, sharp on any screen. Without a picture it is empty and
-/// lets its background through. `pixmap()` is the picture it shows.
+/// lets its background through. `pixmap()` is the picture it shows. Its tool tip is plain text, whatever it looks like.
 class ImageBox : public QLabel {
     Q_OBJECT
 
@@ -31,6 +31,7 @@ class ImageBox : public QLabel {
     void mouseMoved();
 
   protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

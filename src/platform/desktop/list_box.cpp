@@ -13,7 +13,8 @@ ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
     setUniformItemSizes(true);
     setMovement(QListView::Static);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setMouseTracking(true);
+    // Not the frame: what it does not handle goes up to the form, which would take a move there for one beside the
+    // list.
     viewport()->setMouseTracking(true);
     connect(this, &QListWidget::itemDoubleClicked, this, [this] { afterDoubleClick_ = true; });
     connect(this, &QListWidget::itemClicked, this, [this](QListWidgetItem* line) {

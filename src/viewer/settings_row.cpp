@@ -1,0 +1,18 @@
+#include "viewer/settings_row.h"
+
+#include "catalogue/mektp.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+Recordset settingsRow() {
+    Recordset settings = mekTp::catalogue.OpenRecordset(u"tcsz"_s);
+    settings.MoveFirst();
+    return settings;
+}
+
+void storeSetting(const QString& column, const Variant& value) {
+    Recordset settings = settingsRow();
+    settings.Edit();
+    settings.Fields(column).SetValue(value);
+    settings.Update();
+}
