@@ -7,10 +7,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-bool isDigit(QChar c) {
-    return c >= u'0' && c <= u'9';
-}
-
 /// Walks through a text from its start, taking what fits.
 class Reader {
   public:

@@ -3,10 +3,14 @@
 #include <QDateTime>
 #include <QString>
 #include <QStringView>
-
 #include <optional>
 
 /// Conversions between texts, numbers and dates, as the forms and the database use them.
+
+/// 0 to 9, not the digits of other scripts.
+inline bool isDigit(QChar c) {
+    return c >= u'0' && c <= u'9';
+}
 
 /// The number that a text begins with, 0 when there is none: blanks are passed over, reading stops at the first
 /// character that cannot belong to a number. Understands the prefixes `&H` (hexadecimal) and `&O` (octal), an

@@ -5,9 +5,10 @@
 
 #include <sqlite3.h>
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
+#include <limits>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -21,6 +22,7 @@ constexpr int fileVersion = 1;
 constexpr int freePagesKept = 256;
 constexpr int pagesPerStep = 128;
 constexpr int giveBackMs = 100;
+constexpr int restMs = 1000;
 
 std::vector<std::weak_ptr<Connection>>& openConnections() {
     static std::vector<std::weak_ptr<Connection>> connections;
@@ -67,6 +69,16 @@ SQLite::Database openDatabase(const QString& path, int flags) {
     }
 }
 
+bool isInTransaction(const Connection& connection) {
+    return sqlite3_get_autocommit(connection.handle()) == 0;
+}
+
+/// What comes after a failure that has cost the whole transaction must not be stored alone.
+void requireTransaction(const Connection& connection) {
+    if (isInTransaction(connection)) return;
+    throw Error(u"数据库文件“%1”：读写失败，这一组更改已全部撤消。"_s.arg(connection.path()));
+}
+
 }  // namespace
 
 std::shared_ptr<Connection> Connection::open(const QString& path) {
@@ -76,6 +88,7 @@ std::shared_ptr<Connection> Connection::open(const QString& path) {
 
     const std::shared_ptr<Connection> connection(new Connection(path, openFlags(path)));
     connection->configure();
+    if (connection->number(u"PRAGMA application_id"_s) == applicationId) connection->takeForOurs();
     openConnections().push_back(connection);
     return connection;
 }
@@ -86,6 +99,7 @@ std::shared_ptr<Connection> Connection::create(const QString& path) {
     connection->run(u"PRAGMA page_size = 16384"_s);
     connection->run(u"PRAGMA auto_vacuum = INCREMENTAL"_s);
     connection->configure();
+    connection->takeForOurs();
     Change change(*connection);
     connection->run(u"PRAGMA application_id = %1"_s.arg(applicationId));
     connection->run(u"PRAGMA user_version = %1"_s.arg(fileVersion));
@@ -109,7 +123,23 @@ void Connection::configure() {
     run(u"PRAGMA synchronous = FULL"_s);
     run(u"PRAGMA secure_delete = OFF"_s);
     run(u"SELECT count(*) FROM sqlite_schema"_s);  // the first look into the file: throws when it is damaged
-    if (sqlite3_db_readonly(handle(), "main") == 0) run(u"PRAGMA journal_mode = TRUNCATE"_s);
+}
+
+/// Settings that stay with the file: another program's file keeps its own.
+void Connection::takeForOurs() {
+    if (number(u"PRAGMA user_version"_s) > fileVersion) {
+        throw Error(u"数据库文件“%1”由更新的版本建立，请用新版软件打开。"_s.arg(path_));
+    }
+    if (isWritable()) run(u"PRAGMA journal_mode = TRUNCATE"_s);
+}
+
+bool Connection::isWritable() const {
+    return sqlite3_db_readonly(handle(), "main") == 0;
+}
+
+qint64 Connection::number(const QString& sql) {
+    SQLite::Statement statement = prepare(sql);
+    return step(statement) ? statement.getColumn(0).getInt64() : 0;
 }
 
 SQLite::Statement Connection::prepare(const QString& sql) {
@@ -128,6 +158,7 @@ bool Connection::step(SQLite::Statement& statement) {
 
 std::vector<Column> Connection::columnsOf(const QString& table) {
     std::vector<Column> columns;
+    if (isReservedTable(table)) return columns;
     SQLite::Statement list = prepare(
         u"SELECT name, type FROM pragma_table_info(?) WHERE EXISTS "
         "(SELECT 1 FROM sqlite_schema WHERE type = 'table' AND name = ? COLLATE NOCASE)"_s);
@@ -147,8 +178,25 @@ qint64 Connection::changeCount() const {
     return sqlite3_total_changes64(handle()) + otherChanges_;
 }
 
+void Connection::noteRowIds(const QString& table, qint64 highest) {
+    qint64& noted = highestRowIds_[table.toLower()];
+    noted = std::max(noted, highest);
+}
+
+qint64 Connection::newRowId(const QString& table) {
+    noteRowIds(table, number(u"SELECT max(_rowid_) FROM "_s + quotedName(table)));
+    qint64& noted = highestRowIds_[table.toLower()];
+    if (noted == std::numeric_limits<qint64>::max()) throw Error(u"表“%1”已满。"_s.arg(table));
+    return ++noted;
+}
+
+void Connection::giveBackSpaceAtTimes() {
+    if (!sinceGivingBack_.isValid() || sinceGivingBack_.hasExpired(restMs)) giveBackSpace();
+}
+
 void Connection::giveBackSpace() {
-    if (sqlite3_get_autocommit(handle()) == 0 || sqlite3_db_readonly(handle(), "main") != 0) return;
+    if (openChanges_ > 0 || !isWritable()) return;
+    sinceGivingBack_.start();
     QElapsedTimer timer;
     timer.start();
     SQLite::Statement freePages = prepare(u"PRAGMA freelist_count"_s);
@@ -165,24 +213,31 @@ Error Connection::error(int code) const {
     return engineError(path_, code, QString::fromUtf8(sqlite3_errmsg(handle())));
 }
 
-Change::Change(Connection& connection)
-    : connection_(connection), outermost_(sqlite3_get_autocommit(connection.handle()) != 0) {
+Error Connection::missingTable(const QString& table) const {
+    return Error(u"数据库文件“%1”：表“%2”不存在。"_s.arg(path_, table));
+}
+
+Change::Change(Connection& connection) : connection_(connection), outermost_(connection.openChanges_ == 0) {
     connection_.longBinaries().release();
+    if (!outermost_) requireTransaction(connection_);
     connection_.run(outermost_ ? u"BEGIN IMMEDIATE"_s : u"SAVEPOINT change"_s);
+    ++connection_.openChanges_;
 }
 
 Change::~Change() {
     if (!open_) return;
+    --connection_.openChanges_;
     connection_.longBinaries().release();
     connection_.noteChange();
-    // After a full disk the engine may have taken everything back itself: then there is nothing left to do here.
-    if (sqlite3_get_autocommit(connection_.handle()) != 0) return;
+    if (!isInTransaction(connection_)) return;  // the engine has taken everything back itself
     attempt([this] { connection_.run(outermost_ ? u"ROLLBACK"_s : u"ROLLBACK TO change"_s); });
     if (!outermost_) attempt([this] { connection_.run(u"RELEASE change"_s); });
 }
 
 void Change::commit() {
     connection_.longBinaries().release();
+    requireTransaction(connection_);
     connection_.run(outermost_ ? u"COMMIT"_s : u"RELEASE change"_s);
+    --connection_.openChanges_;
     open_ = false;
 }

@@ -6,6 +6,9 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include <QElapsedTimer>
+#include <QHash>
+
 /// One open file: the engine's handle, its settings, and the wording of its failures. Everybody who opens the same file
 /// shares one connection, so that all see each other's changes at once and none waits for another's lock.
 class Connection {
@@ -23,19 +26,28 @@ class Connection {
     bool step(SQLite::Statement& statement);
     qint64 lastRowId() const { return database_.getLastInsertRowid(); }
 
-    /// The columns of a table; empty when there is no such table.
+    /// The columns of a table; empty when there is no such table, or when it is one that the engine and the pictures
+    /// keep to themselves.
     std::vector<Column> columnsOf(const QString& table);
 
     /// Grows whenever something in the file changes through this connection.
     qint64 changeCount() const;
     void noteChange() { ++otherChanges_; }
 
+    /// Row identities of a table that somebody has read: no new row gets one of them, even when theirs is gone. So a
+    /// set opened earlier never takes another record for its own.
+    void noteRowIds(const QString& table, qint64 highest);
+    qint64 newRowId(const QString& table);
+
     /// Gives the space of deleted values back to the disk, as far as a tenth of a second goes. Nothing within a
     /// transaction.
     void giveBackSpace();
+    /// The same, but not again within a second: deleting many single records stays quick.
+    void giveBackSpaceAtTimes();
 
     /// The failure of the last call, as an `Error` that names the file.
     Error error(int code) const;
+    Error missingTable(const QString& table) const;
 
     /// Runs calls of the engine's wrapper; what they throw comes out as `Error`.
     template <typename Calls>
@@ -48,17 +60,25 @@ class Connection {
     }
 
   private:
+    friend class Change;
     Connection(const QString& path, int flags);
     void configure();
+    void takeForOurs();
+    bool isWritable() const;
+    qint64 number(const QString& sql);
 
     QString path_;
     SQLite::Database database_;
     LongBinaries longBinaries_;
     qint64 otherChanges_ = 0;
+    int openChanges_ = 0;
+    QHash<QString, qint64> highestRowIds_;  ///< By table, in lower case.
+    QElapsedTimer sinceGivingBack_;
 };
 
 /// A change of the file that stands or falls as a whole: what is not committed when the object goes is taken back. May
-/// stand within another one.
+/// stand within another one. Where the engine has taken the outermost one back itself (a full disk, a failing one), all
+/// that would follow in it throws.
 class Change {
   public:
     explicit Change(Connection& connection);

@@ -13,13 +13,17 @@ Connection& required(const std::shared_ptr<Connection>& connection) {
     return *connection;
 }
 
-bool isReserved(const QString& table) {
-    return table.compare(u"long_binary", Qt::CaseInsensitive) == 0 || table.startsWith(u"sqlite_", Qt::CaseInsensitive);
+[[noreturn]] void refuseStatement(const QString& sql) {
+    throw Error(u"不能执行这样的语句：%1"_s.arg(sql));
+}
+
+void requireTable(Connection& connection, const QString& table) {
+    if (connection.columnsOf(table).empty()) throw connection.missingTable(table);
 }
 
 void createTable(Connection& connection, const Tokens& tokens) {
     const TableCreation creation = tableCreation(tokens);
-    if (isReserved(creation.table)) throw Error(u"表名“%1”是保留的，不能使用。"_s.arg(creation.table));
+    if (isReservedTable(creation.table)) throw Error(u"表名“%1”是保留的，不能使用。"_s.arg(creation.table));
     Change change(connection);
     connection.run(creation.sql);
     if (!creation.longBinaryColumns.isEmpty()) connection.run(LongBinaries::createTableSql());
@@ -31,18 +35,22 @@ void createTable(Connection& connection, const Tokens& tokens) {
 
 /// The engine removes a table without looking at its rows: their long-binary values go first.
 void dropTable(Connection& connection, const QString& table) {
-    const std::vector<Column> columns = connection.columnsOf(table);
-    if (isReserved(table) || columns.empty()) {
-        throw Error(u"数据库文件“%1”：表“%2”不存在。"_s.arg(connection.path(), table));
-    }
+    requireTable(connection, table);
     Change change(connection);
-    for (const Column& column : columns) {
+    for (const Column& column : connection.columnsOf(table)) {
         if (column.type != FieldType::longBinary) continue;
         connection.run(u"DELETE FROM long_binary WHERE id IN (SELECT %1 FROM %2)"_s.arg(quotedName(column.name),
                                                                                         quotedName(table)));
     }
     connection.run(u"DROP TABLE "_s + quotedName(table));
     connection.noteChange();
+    change.commit();
+}
+
+void deleteRows(Connection& connection, const Tokens& tokens) {
+    requireTable(connection, tokens[2].text);
+    Change change(connection);
+    connection.run(engineSql(tokens));
     change.commit();
 }
 
@@ -61,17 +69,17 @@ void Database::Execute(const QString& sql) const {
     Connection& connection = required(connection_);
     const Tokens tokens = tokensOf(sql);
     if (tokens.empty()) throw Error(u"语句是空的。"_s);
-    if (isToken(tokens[0], u"SELECT")) throw Error(u"查询不能这样执行：%1"_s.arg(sql));
-    const bool drop = tokens.size() == 3 && isToken(tokens[0], u"DROP") && isToken(tokens[1], u"TABLE");
-    if (isToken(tokens[0], u"CREATE")) {
+    const auto begins = [&](QStringView verb, QStringView noun) {
+        return tokens.size() >= 3 && isToken(tokens[0], verb) && isToken(tokens[1], noun) && isName(tokens[2]);
+    };
+    if (isToken(tokens[0], u"CREATE"))
         createTable(connection, tokens);
-    } else if (drop && isName(tokens[2])) {
+    else if (begins(u"DROP", u"TABLE") && tokens.size() == 3)
         dropTable(connection, tokens[2].text);
-    } else {
-        Change change(connection);
-        connection.run(engineSql(tokens));
-        change.commit();
-    }
+    else if (begins(u"DELETE", u"FROM"))
+        deleteRows(connection, tokens);
+    else
+        refuseStatement(sql);
     attempt([&] { connection.giveBackSpace(); });
 }
 
@@ -82,7 +90,7 @@ QStringList Database::TableDefs() const {
     QStringList names;
     while (connection.step(list)) {
         const QString name = QString::fromStdString(list.getColumn(0).getString());
-        if (!isReserved(name)) names << name;
+        if (!isReservedTable(name)) names << name;
     }
     return names;
 }

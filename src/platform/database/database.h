@@ -24,7 +24,7 @@ class Database {
     /// Latin letters.
     Recordset OpenRecordset(const QString& source) const;
 
-    /// Runs one statement: CREATE TABLE, DROP TABLE, DELETE FROM.
+    /// Runs one statement: CREATE TABLE, DROP TABLE or DELETE FROM. Refuses all others.
     void Execute(const QString& sql) const;
 
     /// Names of the tables, in the order of their creation; what the engine keeps for itself is left out.

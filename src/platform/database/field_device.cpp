@@ -1,11 +1,16 @@
 #include "platform/database/field_device.h"
 
 #include "platform/base/error.h"
+#include "platform/database/recordset_state.h"
 
 #include <cstring>
 
 FieldDevice::FieldDevice(const Field& field) : field_(field), size_(field.FieldSize()) {
     QIODevice::open(QIODevice::ReadOnly);
+}
+
+FieldDevice::~FieldDevice() {
+    field_.state_->connection->longBinaries().release();
 }
 
 qint64 FieldDevice::readData(char* data, qint64 maxSize) {

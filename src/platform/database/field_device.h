@@ -5,12 +5,14 @@
 #include <QIODevice>
 
 /// A long-binary value as a random-access device, so that a decoder can read it piece by piece instead of holding it
-/// whole. Reading only; valid while the recordset stays on its record.
+/// whole. Reading only; valid while the recordset stays on its record. When it goes, nothing keeps other programs from
+/// writing any more.
 class FieldDevice : public QIODevice {
     Q_OBJECT
 
   public:
     explicit FieldDevice(const Field& field);
+    ~FieldDevice() override;
 
     bool isSequential() const override { return false; }
     qint64 size() const override { return size_; }

@@ -7,10 +7,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-[[noreturn]] void refuseChange() {
-    throw Error(u"这个查询的结果只能读取，不能修改。"_s);
-}
-
 FieldType typeOfValue(const SQLite::Column& value) {
     if (value.isInteger()) return FieldType::longInteger;
     return value.isFloat() ? FieldType::real : FieldType::memo;
@@ -40,16 +36,4 @@ int FixedRows::firstMatch(const Tokens& criteria) {
         u"SELECT \"row number\" FROM (SELECT row_number() OVER () AS \"row number\", * FROM (%1)) WHERE %2 LIMIT 1"_s
             .arg(engineSql(query_), engineSql(criteria)));
     return connection_.step(search) ? search.getColumn(0).getInt() - 1 : -1;
-}
-
-void FixedRows::update(int, const PendingValues&) {
-    refuseChange();
-}
-
-void FixedRows::add(const PendingValues&) {
-    refuseChange();
-}
-
-void FixedRows::remove(int) {
-    refuseChange();
 }

@@ -12,9 +12,6 @@ class FixedRows : public RowSource {
     int count() const override { return static_cast<int>(rows_.size()); }
     Row read(int row) override { return rows_[static_cast<size_t>(row)]; }
     int firstMatch(const Tokens& criteria) override;
-    void update(int row, const PendingValues& values) override;
-    void add(const PendingValues& values) override;
-    void remove(int row) override;
 
   private:
     Connection& connection_;

@@ -6,6 +6,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -21,18 +22,21 @@ void Spool::append(const QByteArray& bytes) {
         memory_ += bytes;
         return;
     }
-    const auto write = [this](const QByteArray& piece) {
-        if (!file_->seek(file_->size()) || file_->write(piece) != piece.size() || !file_->flush()) {
-            throw Error(u"临时文件“%1”不能写入：%2"_s.arg(file_->fileName(), file_->errorString()));
-        }
-    };
+    const bool wasBroken = std::exchange(broken_, true);
     if (!file_) {
-        file_ = std::make_unique<QTemporaryFile>();
-        if (!file_->open()) throw Error(u"不能建立临时文件：%1"_s.arg(file_->errorString()));
+        auto file = std::make_unique<QTemporaryFile>();
+        if (!file->open()) throw Error(u"不能建立临时文件：%1"_s.arg(file->errorString()));
+        file_ = std::move(file);
         write(memory_);
         memory_.clear();
     }
     write(bytes);
+    broken_ = wasBroken;
+}
+
+void Spool::write(const QByteArray& piece) {
+    if (file_->seek(file_->size()) && file_->write(piece) == piece.size() && file_->flush()) return;
+    throw Error(u"临时文件“%1”不能写入：%2"_s.arg(file_->fileName(), file_->errorString()));
 }
 
 QByteArray Spool::read(qint64 offset, qint64 count) const {
@@ -49,7 +53,7 @@ void LongBinaries::Close::operator()(sqlite3_blob* blob) const {
 }
 
 QString LongBinaries::createTableSql() {
-    return u"CREATE TABLE IF NOT EXISTS long_binary (id INTEGER PRIMARY KEY, bytes BLOB NOT NULL)"_s;
+    return u"CREATE TABLE IF NOT EXISTS long_binary (id INTEGER PRIMARY KEY AUTOINCREMENT, bytes BLOB NOT NULL)"_s;
 }
 
 qint64 LongBinaries::size(qint64 key) {
@@ -107,7 +111,7 @@ LongBinaries::Blob LongBinaries::openBlob(qint64 key, bool writable) {
         sqlite3_blob_open(connection_.handle(), "main", "long_binary", "bytes", key, writable ? 1 : 0, &blob);
     Blob owner(blob);
     if (code == SQLITE_ERROR)
-        throw Error(u"数据库文件“%1”中缺少编号为 %2 的二进制数据。"_s.arg(connection_.path()).arg(key));
+        throw Error(u"数据库文件“%1”中缺少编号为 %2 的二进制数据。"_s.arg(connection_.path(), QString::number(key)));
     check(code);
     return owner;
 }

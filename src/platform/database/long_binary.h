@@ -14,18 +14,23 @@ class Spool {
     explicit Spool(QByteArray whole) : memory_(std::move(whole)) {}
 
     qint64 size() const { return file_ ? file_->size() : memory_.size(); }
+    /// Throws `Error` when the scratch file cannot be written: the value is broken from then on.
     void append(const QByteArray& bytes);
+    bool isBroken() const { return broken_; }
     QByteArray read(qint64 offset, qint64 count) const;
     /// The whole value when it lies in memory.
     const QByteArray* inMemory() const { return file_ ? nullptr : &memory_; }
 
   private:
+    void write(const QByteArray& piece);
     QByteArray memory_;
     std::unique_ptr<QTemporaryFile> file_;
+    bool broken_ = false;
 };
 
 /// The side table in which the long-binary values of a file lie, each under a key of its own; the rows of the other
-/// tables hold these keys. A value never changes: a new one takes its place. Reads and writes by pieces.
+/// tables hold these keys. A value never changes: a new one takes its place, under a key that was never used before.
+/// Reads and writes by pieces.
 class LongBinaries {
   public:
     explicit LongBinaries(Connection& connection);

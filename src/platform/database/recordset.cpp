@@ -18,10 +18,6 @@ void requireRows(const RecordsetState& state) {
     if (state.rows->count() == 0) throw Error(u"记录集中没有记录。"_s);
 }
 
-void requireUpdatable(const RecordsetState& state) {
-    if (!state.rows->isUpdatable()) throw Error(u"这个查询的结果只能读取，不能修改。"_s);
-}
-
 void requireRow(const RecordsetState& state, int row) {
     if (row < 0 || row >= state.rows->count()) throw Error(u"没有第 %1 条记录。"_s.arg(row + 1));
 }
@@ -109,7 +105,7 @@ int Recordset::FieldCount() const {
 
 void Recordset::AddNew() {
     RecordsetState& state = required(state_);
-    requireUpdatable(state);
+    state.rows->requireUpdatable();
     state.cancelUpdate();
     state.mode = Mode::add;
     for (int i = 0; i < FieldCount(); ++i) {
@@ -119,7 +115,7 @@ void Recordset::AddNew() {
 
 void Recordset::Edit() {
     RecordsetState& state = required(state_);
-    requireUpdatable(state);
+    state.rows->requireUpdatable();
     state.cancelUpdate();
     state.currentRow();  // throws when the record is gone
     state.mode = Mode::edit;
@@ -135,7 +131,7 @@ void Recordset::CancelUpdate() {
 
 void Recordset::Delete() {
     RecordsetState& state = required(state_);
-    requireUpdatable(state);
+    state.rows->requireUpdatable();
     state.remove();
 }
 

@@ -42,12 +42,13 @@ class Field {
     qint64 FieldSize() const;
     /// `count` bytes of a long-binary value from `offset`, fewer at its end, none behind it.
     QByteArray GetChunk(qint64 offset, qint64 count) const;
-    /// Under `Edit` or `AddNew`: the first call starts the value anew, later ones add to its end. Holds no more than
-    /// the piece in memory, whatever the length of the value.
+    /// Under `Edit` or `AddNew`: the first call starts the value anew, later ones add to its end. Beyond a megabyte the
+    /// pieces gather in a scratch file. When one could not be kept, this throws and `Update` refuses the record.
     void AppendChunk(const QByteArray& bytes);
 
   private:
     friend class Recordset;
+    friend class FieldDevice;
     Field(RecordsetState& state, int column) : state_(&state), column_(column) {}
     RecordsetState* state_;
     int column_;

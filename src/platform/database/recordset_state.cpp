@@ -32,6 +32,11 @@ void RecordsetState::update() {
     const Recordset::Mode finished = mode;
     const PendingValues values = std::move(pending);
     cancelUpdate();
+    for (const auto& [index, value] : values) {
+        if (value.bytes && value.bytes->isBroken()) {
+            throw Error(u"列“%1”的数据没有写完整，记录没有保存。"_s.arg(column(index).name));
+        }
+    }
     if (finished == Recordset::Mode::edit) {
         rows->update(row, values);
         return;

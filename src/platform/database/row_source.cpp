@@ -21,17 +21,34 @@ QString bareTableName(const QString& source) {
 
 }  // namespace
 
+void RowSource::requireUpdatable() const {
+    if (!isUpdatable()) throw Error(u"这个查询的结果只能读取，不能修改。"_s);
+}
+
+void RowSource::update(int, const PendingValues&) {
+    requireUpdatable();
+}
+
+void RowSource::add(const PendingValues&) {
+    requireUpdatable();
+}
+
+void RowSource::remove(int) {
+    requireUpdatable();
+}
+
 std::unique_ptr<RowSource> openRows(Connection& connection, const QString& source) {
     const QString text = source.trimmed();
     if (!isSelect(text)) {
         SelectQuery whole;
         whole.table = bareTableName(text);
-        if (connection.columnsOf(whole.table).empty()) {
-            throw Error(u"数据库文件“%1”：表“%2”不存在。"_s.arg(connection.path(), whole.table));
-        }
+        if (connection.columnsOf(whole.table).empty()) throw connection.missingTable(whole.table);
         return std::make_unique<TableRows>(connection, whole);
     }
     const Tokens tokens = tokensOf(text);
+    for (const Token& token : tokens) {
+        if (isName(token) && isReservedTable(token.text)) throw connection.missingTable(token.text);
+    }
     const auto query = selectQuery(tokens);
     if (query && !connection.columnsOf(query->table).empty()) return std::make_unique<TableRows>(connection, *query);
     return std::make_unique<FixedRows>(connection, tokens);

@@ -36,9 +36,10 @@ class RowSource {
     virtual int firstMatch(const Tokens& criteria) = 0;
 
     // These three throw unless the source is updatable. A new row joins the end.
-    virtual void update(int row, const PendingValues& values) = 0;
-    virtual void add(const PendingValues& values) = 0;
-    virtual void remove(int row) = 0;
+    virtual void update(int row, const PendingValues& values);
+    virtual void add(const PendingValues& values);
+    virtual void remove(int row);
+    void requireUpdatable() const;
 
   protected:
     std::vector<Column> columns_;

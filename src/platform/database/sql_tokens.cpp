@@ -14,10 +14,6 @@ bool isWordCharacter(QChar c) {
     return c.isLetterOrNumber() || c == u'_' || c == u'$' || (c.unicode() > 0x7f && !c.isSpace());
 }
 
-bool isDigit(QChar c) {
-    return c >= u'0' && c <= u'9';
-}
-
 class Tokenizer {
   public:
     explicit Tokenizer(const QString& sql) : sql_(sql) {}

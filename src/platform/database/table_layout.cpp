@@ -134,6 +134,10 @@ class CreationReader {
 
 }  // namespace
 
+bool isReservedTable(const QString& table) {
+    return table.compare(u"long_binary", Qt::CaseInsensitive) == 0 || table.startsWith(u"sqlite_", Qt::CaseInsensitive);
+}
+
 Column declaredColumn(const QString& name, const QString& declaration) {
     const qsizetype bracket = declaration.indexOf(u'(');
     const QString words = (bracket < 0 ? declaration : declaration.left(bracket)).trimmed();

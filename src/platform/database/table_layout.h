@@ -13,6 +13,9 @@ struct Column {
     int size = 0;
 };
 
+/// Whether a table belongs to the engine or holds the long-binary values: for everybody else it does not exist.
+bool isReservedTable(const QString& table);
+
 /// A column from its name and declared type such as `TEXT(10)`; types that the dialect does not know are taken for what
 /// the engine would store in them.
 Column declaredColumn(const QString& name, const QString& declaration);

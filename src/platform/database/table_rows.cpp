@@ -25,6 +25,7 @@ std::vector<Column> selectedColumns(const std::vector<Column>& all, const Select
 TableRows::TableRows(Connection& connection, const SelectQuery& query)
     : connection_(connection), table_(query.table), rowids_(rowidsOf(query.rowidSql())) {
     columns_ = selectedColumns(connection.columnsOf(query.table), query);
+    if (!rowids_.empty()) connection.noteRowIds(table_, std::ranges::max(rowids_));
 }
 
 std::vector<qint64> TableRows::rowidsOf(const QString& sql) {
@@ -71,25 +72,31 @@ void TableRows::update(int row, const PendingValues& values) {
     for (const auto& [column, value] : values) {
         assignments << quotedName(columns_[static_cast<size_t>(column)].name) + u" = ?"_s;
     }
-    runWith(u"UPDATE %1 SET %2 WHERE _rowid_ = ?"_s.arg(quotedName(table_), assignments.join(u", ")), values,
-            rowids_[static_cast<size_t>(row)]);
+    Change change(connection_);
+    const int changed = runWith(
+        u"UPDATE %1 SET %2 WHERE _rowid_ = %3"_s.arg(quotedName(table_), assignments.join(u", "), identityOf(row)),
+        values);
+    if (changed == 0) failDeleted();
+    change.commit();
 }
 
 void TableRows::add(const PendingValues& values) {
-    QStringList names;
-    QStringList places;
+    Change change(connection_);
+    // The identity stands in front: where a column is one itself, in another program's table, the later one counts.
+    QStringList names{u"_rowid_"_s};
+    QStringList places{QString::number(connection_.newRowId(table_))};
     for (const auto& [column, value] : values) {
         names << quotedName(columns_[static_cast<size_t>(column)].name);
         places << u"?"_s;
     }
-    const QString content =
-        names.isEmpty() ? u"DEFAULT VALUES"_s : u"(%1) VALUES (%2)"_s.arg(names.join(u", "), places.join(u", "));
-    runWith(u"INSERT INTO %1 %2"_s.arg(quotedName(table_), content), values, std::nullopt);
-    rowids_.push_back(connection_.lastRowId());
+    runWith(u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(quotedName(table_), names.join(u", "), places.join(u", ")),
+            values);
+    const qint64 rowid = connection_.lastRowId();
+    change.commit();
+    rowids_.push_back(rowid);
 }
 
-void TableRows::runWith(const QString& sql, const PendingValues& values, std::optional<qint64> rowid) {
-    Change change(connection_);
+int TableRows::runWith(const QString& sql, const PendingValues& values) {
     SQLite::Statement statement = connection_.prepare(sql);
     int place = 0;
     for (const auto& [column, pending] : values) {
@@ -101,25 +108,20 @@ void TableRows::runWith(const QString& sql, const PendingValues& values, std::op
         const qint64 key = connection_.longBinaries().store(*pending.bytes);
         connection_.checked([&] { statement.bind(place, static_cast<int64_t>(key)); });
     }
-    const int changed = connection_.checked([&] {
-        if (rowid) statement.bind(place + 1, static_cast<int64_t>(*rowid));
-        return statement.exec();
-    });
-    if (changed == 0) failDeleted();
-    change.commit();
+    return connection_.checked([&] { return statement.exec(); });
 }
 
 void TableRows::remove(int row) {
     Change change(connection_);
-    SQLite::Statement statement = connection_.prepare(u"DELETE FROM %1 WHERE _rowid_ = ?"_s.arg(quotedName(table_)));
-    const int changed = connection_.checked([&] {
-        statement.bind(1, static_cast<int64_t>(rowids_[static_cast<size_t>(row)]));
-        return statement.exec();
-    });
-    if (changed == 0) failDeleted();
+    const QString sql = u"DELETE FROM %1 WHERE _rowid_ = %2"_s.arg(quotedName(table_), identityOf(row));
+    if (runWith(sql, {}) == 0) failDeleted();
     change.commit();
     rowids_.erase(rowids_.begin() + row);
-    attempt([this] { connection_.giveBackSpace(); });
+    attempt([this] { connection_.giveBackSpaceAtTimes(); });
+}
+
+QString TableRows::identityOf(int row) const {
+    return QString::number(rowids_[static_cast<size_t>(row)]);
 }
 
 void TableRows::failDeleted() const {

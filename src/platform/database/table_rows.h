@@ -18,7 +18,9 @@ class TableRows : public RowSource {
   private:
     std::vector<qint64> rowidsOf(const QString& sql);
     QString columnList() const;
-    void runWith(const QString& sql, const PendingValues& values, std::optional<qint64> rowid);
+    QString identityOf(int row) const;
+    /// Returns the number of changed rows. Called within a change.
+    int runWith(const QString& sql, const PendingValues& values);
     [[noreturn]] void failDeleted() const;
 
     Connection& connection_;

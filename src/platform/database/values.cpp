@@ -27,7 +27,7 @@ QString shown(const Variant& value) {
 
 double fittedNumber(const Column& column, const Variant& value) {
     double number = 0;
-    if (!attempt([&] { number = value.toDouble(); })) refuse(column, value, u"它不是数字"_s);
+    if (!attempt([&] { number = value.toDouble(); }) || std::isnan(number)) refuse(column, value, u"它不是数字"_s);
     return number;
 }
 

@@ -6,8 +6,8 @@
 #include <variant>
 
 /// A value of a field: Null, truth value, 32-bit integer, single- or double-precision number, text, date and time, or
-/// bytes. The conversions below follow what a form expects: a Null or an unsuitable text throws `Error`, except in
-/// `textOr` and friends.
+/// bytes. The conversions below follow what a form expects; a Null (except in `textOr`), an unsuitable text, and bytes
+/// as anything else throw `Error`.
 class Variant {
   public:
     using Storage = std::variant<std::monostate, bool, qint32, float, double, QString, QDateTime, QByteArray>;
@@ -20,7 +20,8 @@ class Variant {
     Variant(QString value) : storage_(std::move(value)) {}
     Variant(QDateTime value) : storage_(std::move(value)) {}
     Variant(QByteArray value) : storage_(std::move(value)) {}
-    Variant(const char*) = delete;
+    template <typename T>
+    Variant(T*) = delete;
 
     bool isNull() const { return std::holds_alternative<std::monostate>(storage_); }
     const Storage& storage() const { return storage_; }

@@ -77,6 +77,9 @@ class DialectTest : public QObject {
         row(u"SELECT * FROM tc99"_s, u"表“tc99”不存在"_s);
         row(u"tc99"_s, u"表“tc99”不存在"_s);
         row(u""_s, u"不存在"_s);
+        row(u"Long_Binary"_s, u"不存在"_s);
+        row(u"SELECT * FROM [sqlite_schema]"_s, u"不存在"_s);
+        row(u"SELECT a.序号 FROM tc01 a, long_binary b"_s, u"不存在"_s);
         row(u"SELECT * FROM tc01 WHERE 没有 = 1"_s, u"列“没有”不存在"_s);
         row(u"SELECT 没有 FROM tc01"_s, u"“没有”"_s);
         row(u"SELECT * FROM tc01 WHERE 日期 > #2003-13-01#"_s, u"2003-13-01"_s);
@@ -115,6 +118,14 @@ class DialectTest : public QObject {
                                                                {u"DELETE FROM tc99"_s, u"tc99"_s},
                                                                {u"DELETE FROM tc01; DELETE FROM tc01"_s, u"一条"_s},
                                                                {u"SELECT * FROM tc01"_s, u"SELECT"_s},
+                                                               {u"DELETE FROM long_binary"_s, u"不存在"_s},
+                                                               {u"DELETE FROM [SQLITE_sequence]"_s, u"不存在"_s},
+                                                               {u"DROP TABLE IF EXISTS tc01"_s, u"不能执行"_s},
+                                                               {u"DELETE tc01"_s, u"不能执行"_s},
+                                                               {u"UPDATE tc01 SET 序号 = 1"_s, u"不能执行"_s},
+                                                               {u"PRAGMA user_version = 9"_s, u"不能执行"_s},
+                                                               {u"ATTACH 'x.mdb' AS x"_s, u"不能执行"_s},
+                                                               {u"VACUUM"_s, u"不能执行"_s},
                                                                {u" ; "_s, u"空"_s}};
         for (const auto& [sql, named] : refused) {
             const QString failure = failureOf([&] { database.Execute(sql); });

@@ -1,10 +1,8 @@
 #include "../../support/run_all.h"
+#include "full_disk.h"
 #include "test_album.h"
 
-#include <sys/resource.h>
 #include <unistd.h>
-
-#include <csignal>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -24,24 +22,6 @@ class PlainUser {
 
   private:
     bool changed_ = false;
-};
-
-/// Lets no file grow beyond a size: what a full disk does to a write.
-class FullDisk {
-  public:
-    explicit FullDisk(qint64 size) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &before_);
-        rlimit limit = before_;
-        limit.rlim_cur = static_cast<rlim_t>(size);
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-  private:
-    rlimit before_{};
 };
 
 void setRemark(Recordset& set, const QString& text) {
@@ -101,6 +81,42 @@ class FilesTest : public QObject {
         }
     }
 
+    void spoiltPictureLeavesTheOthersReadable() {
+        const auto letter = [](int i) { return static_cast<char>('x' + i); };
+        for (int i = 0; i < 3; ++i) album_->add(10 + i, u"b"_s, u"2003-10-02"_s, QByteArray(100000, letter(i)));
+        // Such a page is the number of the next one and then nothing but the value.
+        constexpr qsizetype pageSize = 16384;
+        QByteArray content = fileContent();
+        qsizetype page = 0;
+        while (page < content.size() && content.mid(page + 4, pageSize - 4) != QByteArray(pageSize - 4, letter(1))) {
+            page += pageSize;
+        }
+        QVERIFY(page < content.size());
+        const Database database =
+            OpenDatabase(writeFile(u"spoilt.mdb"_s, content.replace(page, 4, "\x7f\xff\xff\xff")));
+        Recordset set = database.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 > 9 ORDER BY 序号"_s);
+        for (int i = 0; i < 3; ++i, set.MoveNext()) {
+            const Field picture = set.Fields(u"图片"_s);
+            QCOMPARE(set.Fields(u"编号"_s).Value().toText(), u"b"_s);
+            QCOMPARE(picture.FieldSize(), 100000);
+            if (i != 1) QCOMPARE(picture.Value().toBytes(), QByteArray(100000, letter(i)));
+            if (i == 1) QVERIFY(failureOf([&] { picture.Value(); }).contains(u"已损坏"));
+        }
+    }
+
+    void filesOfOthersKeepTheirSettings() {
+        const QString path = album_->folder.filePath(u"other.mdb"_s);
+        album_->shell(
+            u"ATTACH '%1' AS o; PRAGMA o.journal_mode = WAL; PRAGMA o.user_version = 9; "
+            "CREATE TABLE o.t (a LONG)"_s.arg(path));
+        OpenDatabase(path).Execute(u"DELETE FROM t"_s);
+        album_->shell(u"PRAGMA user_version = 2"_s);
+        album_->database = {};
+        const QString failure = failureOf([&] { OpenDatabase(album_->path()); });
+        QVERIFY2(failure.contains(u"更新的版本") && failure.contains(album_->path()), qPrintable(failure));
+        QCOMPARE(album_->shell(u"ATTACH '%1' AS o; PRAGMA o.journal_mode"_s.arg(path)), u"wal"_s);
+    }
+
     void damagedPageFailsAlone() {
         const QString spoilt = writeFile(u"spoilt.mdb"_s, fileContent().replace("2003-10-01", "\xff\xfe\xfd?-10-0?"));
         const Database database = OpenDatabase(spoilt);
@@ -135,6 +151,52 @@ class FilesTest : public QObject {
         QCOMPARE(album_->shell(u"SELECT count(*) FROM long_binary"_s), u"3"_s);
         setRemark(set, u"后"_s);
         QCOMPARE(album_->shell(u"SELECT 备注 FROM tc01 WHERE 序号 = 1"_s), u"后"_s);
+    }
+
+    void failureOfTheDiskEndsTheWholeTransaction() {
+        Recordset set = album_->open(u"tc01"_s);
+        {
+            Transaction transaction(album_->database);
+            setRemark(set, u"一"_s);
+            set.MoveLast();
+            set.Edit();  // more than the engine keeps in memory
+            for (int i = 0; i < 25; ++i) set.Fields(u"图片"_s).AppendChunk(QByteArray(1000000, 'n'));
+            {
+                const FullDisk disk(QFileInfo(album_->path()).size() + 2000000);
+                QVERIFY(fails([&] { set.Update(); }));
+            }
+            const QString failure = failureOf([&] { setRemark(set, u"二"_s); });
+            QVERIFY2(failure.contains(u"全部撤消"), qPrintable(failure));
+            QVERIFY(fails([&] { album_->database.Execute(u"DELETE FROM tc01"_s); }));
+            QVERIFY(fails([&] { transaction.commit(); }));
+        }
+        QCOMPARE(album_->shell(u"SELECT count(*), count(备注), (SELECT count(*) FROM long_binary) FROM tc01"_s),
+                 u"3|0|3"_s);
+        setRemark(set, u"后"_s);
+        QCOMPARE(album_->shell(u"SELECT 备注 FROM tc01 WHERE 序号 = 3"_s), u"后"_s);
+        QCOMPARE(album_->shell(u"PRAGMA integrity_check"_s), u"ok"_s);
+    }
+
+    void whatACrashLeavesIsRepaired() {
+        Recordset set = album_->open(u"tc01"_s);
+        const Transaction transaction(album_->database);
+        set.Delete();
+        set.MoveLast();
+        set.Edit();
+        set.Fields(u"图片"_s).SetValue(QByteArray(25000000, 'n'));
+        set.Update();
+        // What lies on the disk in the midst of a change is what a killed program leaves.
+        const QString copy = album_->folder.filePath(u"copy.mdb"_s);
+        QVERIFY(QFile::copy(album_->path(), copy));
+        QVERIFY(QFile::copy(album_->path() + u"-journal"_s, copy + u"-journal"_s));
+        QVERIFY(QFileInfo(copy).size() > 1000000 && QFileInfo(copy + u"-journal"_s).size() > 0);
+
+        Recordset whole = OpenDatabase(copy).OpenRecordset(u"tc01"_s);
+        QCOMPARE(numbersOf(whole), (QList<int>{1, 2, 3}));
+        for (; !whole.Eof(); whole.MoveNext()) {
+            QCOMPARE(whole.Fields(u"图片"_s).Value().toBytes(), QByteArray(100000, 'p'));
+        }
+        QVERIFY(QFileInfo(copy).size() < 1000000);
     }
 
     void transactionStandsOrFalls() {

@@ -1,4 +1,5 @@
 #include "../../support/run_all.h"
+#include "full_disk.h"
 #include "platform/database/field_device.h"
 #include "test_album.h"
 
@@ -125,6 +126,35 @@ class LongBinaryTest : public QObject {
         QCOMPARE(album_->shell(u"UPDATE tc01 SET 备注 = 'x'"_s), QString());
     }
 
+    void pieceThatCouldNotBeKeptSpoilsTheValue() {
+        album_->add(1, u""_s, u"2003-10-01"_s, "old");
+        Recordset set = album_->open(u"tc01"_s);
+        set.Edit();
+        const Field field = set.Fields(picture);
+        QVERIFY(attempt([&] { Field(field).AppendChunk(someBytes(1 << 20)); }));
+        {
+            const FullDisk disk(1500000);
+            QVERIFY(attempt([&] { Field(field).AppendChunk(someBytes(300000)); }));
+            QVERIFY(fails([&] { Field(field).AppendChunk(someBytes(300000)); }));
+        }
+        Field(field).AppendChunk("the end");
+        const QString failure = failureOf([&] { set.Update(); });
+        QVERIFY2(failure.contains(picture) && failure.contains(u"没有写完整"), qPrintable(failure));
+        QCOMPARE(set.Fields(picture).Value().toBytes(), QByteArray("old"));
+        QCOMPARE(set.EditMode(), Recordset::Mode::none);
+    }
+
+    void keysAreNeverUsedAgain() {
+        album_->add(1, u""_s, u"2003-10-01"_s, "one");
+        const QString key = album_->shell(u"SELECT 图片 FROM tc01"_s);
+        album_->open(u"tc01"_s).Delete();
+        album_->database = {};
+        album_->database = OpenDatabase(album_->path());
+        album_->add(2, u""_s, u"2003-10-01"_s, "two");
+        QVERIFY(album_->shell(u"SELECT 图片 FROM tc01"_s).toInt() > key.toInt());
+        QCOMPARE(album_->database.TableDefs(), (QStringList{u"tc01"_s}));
+    }
+
     void otherColumnsLeaveThePictureAlone() {
         album_->add(1, u""_s, u"2003-10-01"_s, someBytes(50000));
         const QString key = album_->shell(u"SELECT 图片 FROM tc01"_s);
@@ -160,6 +190,17 @@ class LongBinaryTest : public QObject {
         QVERIFY(device.seek(10));
         QCOMPARE(device.readAll(), someBytes(50000).mid(10));
         QVERIFY(device.atEnd());
+    }
+
+    void deviceThatGoesFreesTheFile() {
+        album_->add(1, u""_s, u"2003-10-01"_s, someBytes(50000));
+        const Recordset set = album_->open(u"tc01"_s);
+        {
+            FieldDevice device(set.Fields(picture));
+            QCOMPARE(device.read(100).size(), 100);
+            QVERIFY(album_->shell(u"UPDATE tc01 SET 备注 = 'x'"_s).contains(u"locked"));
+        }
+        QCOMPARE(album_->shell(u"UPDATE tc01 SET 备注 = 'x'"_s), QString());
     }
 
     void givesFreedSpaceBack() {

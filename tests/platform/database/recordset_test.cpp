@@ -184,6 +184,58 @@ class RecordsetTest : public QObject {
         QCOMPARE(watching.Fields(number).Value().toInteger(), 2);
     }
 
+    void aSetOpenedEarlierNeverTakesANewRecordForItsOwn_data() {
+        QTest::addColumn<std::function<void(TestAlbum&)>>("removal");
+        using Removal = std::function<void(TestAlbum&)>;
+        QTest::newRow("last record deleted") << Removal([](TestAlbum& album) {
+            Recordset set = album.open(inOrder);
+            set.FindFirst(u"编号 = ' '"_s);
+            set.Delete();
+        });
+        QTest::newRow("all deleted") << Removal(
+            [](TestAlbum& album) { album.database.Execute(u"DELETE FROM TC01"_s); });
+        QTest::newRow("table made anew") << Removal([](TestAlbum& album) {
+            album.database.Execute(u"DROP TABLE tc01"_s);
+            album.database.Execute(TestAlbum::createSql(u"tc01"_s));
+        });
+        QTest::newRow("new record taken back") << Removal([](TestAlbum& album) {
+            Recordset set = album.open(inOrder);
+            set.FindFirst(u"编号 = ' '"_s);
+            set.Delete();
+            const Transaction transaction(album.database);
+            album.add(8, u"8"_s, u"2003-10-08"_s);
+        });
+    }
+
+    void aSetOpenedEarlierNeverTakesANewRecordForItsOwn() {
+        QFETCH(std::function<void(TestAlbum&)>, removal);
+        Recordset earlier = open(u"tc01"_s);
+        earlier.MoveLast();
+        removal(*album_);
+        for (int i = 7; i < 11; ++i) album_->add(i, u"new"_s, u"2003-10-07"_s);
+        const std::vector<std::function<void()>> steps{[&] { earlier.Fields(number).Value(); }, [&] { earlier.Edit(); },
+                                                       [&] { earlier.Delete(); }};
+        for (const auto& step : steps) {
+            const QString failure = failureOf(step);
+            QVERIFY2(failure.contains(u"已被删除"), qPrintable(failure));
+        }
+        QCOMPARE(album_->shell(u"SELECT count(*), sum(序号) FROM tc01 WHERE 编号 = 'new'"_s), u"4|34"_s);
+    }
+
+    void tablesOfOtherProgramsKeepTheirOwnKeys() {
+        album_->database.Execute(u"CREATE TABLE own (id INTEGER PRIMARY KEY, name TEXT)"_s);
+        Recordset set = open(u"own"_s);
+        set.AddNew();
+        set.Fields(u"id"_s).SetValue(70);
+        set.Update();
+        set.AddNew();
+        set.Fields(u"name"_s).SetValue(u"next"_s);
+        set.Update();
+        set.MoveFirst();
+        QCOMPARE(set.Fields(u"id"_s).Value(), Variant(70));
+        QCOMPARE(album_->shell(u"SELECT group_concat(id) FROM own"_s), u"70,71"_s);
+    }
+
     void selectedColumnsCanBeChanged() {
         Recordset set = open(u"select 备注,[序号] from tc01 order by 序号"_s);
         QCOMPARE(set.FieldCount(), 2);

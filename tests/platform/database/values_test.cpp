@@ -1,6 +1,7 @@
 #include "../../support/run_all.h"
 #include "test_album.h"
 
+#include <cmath>
 #include <limits>
 
 using namespace Qt::Literals::StringLiterals;
@@ -81,6 +82,8 @@ class ValuesTest : public QObject {
         row("no number", u"l"_s, u"12a"_s, u"12a"_s);
         row("empty is no number", u"l"_s, u""_s, u"数字"_s);
         row("32 bits", u"l"_s, u"2147483648"_s, u"2147483648"_s);
+        row("not a number", u"l"_s, std::nan(""), u"不是数字"_s);
+        row("not a single number", u"s"_s, std::nan(""), u"不是数字"_s);
         row("16 bits", u"i"_s, 32768, u"32768"_s);
         row("byte below", u"b"_s, -1, u"-1"_s);
         row("single too large", u"s"_s, 1e39, u"过大"_s);
