@@ -12,6 +12,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int fullScale = 8;  // The library scales by eighths.
+constexpr int mostScans = 500;
 
 /// Red, green and blue of one row of cyan, magenta, yellow and black. The makers of such files store them inverted and
 /// leave a mark that says so.
@@ -34,9 +35,7 @@ class JpegReader {
             std::longjmp(reinterpret_cast<Errors*>(codec->err)->jump, 1);
         };
         errors_.base.output_message = [](j_common_ptr) {};
-        jpeg_create_decompress(&codec_);
-        codec_.src = source_.manager();
-        codec_.mem->max_memory_to_use = long(pictureMemoryLimit());
+        progress_.progress_monitor = refuseEndlessScans;
     }
     ~JpegReader() { jpeg_destroy_decompress(&codec_); }
     JpegReader(const JpegReader&) = delete;
@@ -73,6 +72,7 @@ class JpegReader {
         return true;
     }
 
+    static void refuseEndlessScans(j_common_ptr codec);
     void readHeader();
     QSize storedSize() const { return {int(codec_.image_width), int(codec_.image_height)}; }
     Orientation storedOrientation() const;
@@ -81,13 +81,23 @@ class JpegReader {
     void readFirstColours();
 
     Errors errors_{};
+    jpeg_progress_mgr progress_{};
     jpeg_decompress_struct codec_{};
     JpegSource source_;
     const QString& name_;
 };
 
+/// Each scan costs a pass over the whole picture: a small file full of them would keep the program busy for hours.
+void JpegReader::refuseEndlessScans(j_common_ptr codec) {
+    if (reinterpret_cast<j_decompress_ptr>(codec)->input_scan_number > mostScans) codec->err->error_exit(codec);
+}
+
 void JpegReader::readHeader() {
     run([this] {
+        jpeg_create_decompress(&codec_);
+        codec_.src = source_.manager();
+        codec_.progress = &progress_;
+        codec_.mem->max_memory_to_use = long(pictureMemoryLimit());
         jpeg_save_markers(&codec_, JPEG_APP0 + 1, 0xFFFF);
         jpeg_read_header(&codec_, TRUE);
     });
@@ -133,8 +143,10 @@ void JpegReader::readFirstColours() {
         return true;
     };
     int state = JPEG_SUSPENDED;
-    do state = jpeg_consume_input(&codec_);
-    while (state != JPEG_REACHED_EOI && !(state == JPEG_SCAN_COMPLETED && complete()));
+    do {
+        state = jpeg_consume_input(&codec_);
+        refuseEndlessScans(reinterpret_cast<j_common_ptr>(&codec_));
+    } while (state != JPEG_REACHED_EOI && !(state == JPEG_SCAN_COMPLETED && complete()));
     jpeg_start_output(&codec_, codec_.input_scan_number);
 }
 

@@ -69,6 +69,7 @@ class TestLoadPicture : public QObject {
     void reducedDecodingCoversTheTarget();
     void bytesBehindThePictureDoNotMatter();
     void showsWhatATruncatedFileHolds();
+    void endlessScansAreRefused();
     void aFailingDiskIsNoEarlyEnd();
     void refusesWhatIsNoPicture_data();
     void refusesWhatIsNoPicture();
@@ -179,6 +180,14 @@ void TestLoadPicture::showsWhatATruncatedFileHolds() {
         QVERIFY(refusalOf(bytes.first(firstScanByte(bytes))).contains(u"不完整"_s));
         QVERIFY(!refusalOf(bytes.first(firstScanByte(bytes) / 2)).isEmpty());
     }
+}
+
+void TestLoadPicture::endlessScansAreRefused() {
+    const QByteArray progressive = jpegBytes(quadrants({64, 48}), {Kind::progressive});
+    QCOMPARE(LoadPicture(withMoreScans(progressive, 50), u"图"_s).image(), LoadPicture(progressive, u"图"_s).image());
+    QVERIFY(refusalOf(withMoreScans(progressive, 600)).contains(u"损坏"_s));
+    const QByteArray apart = jpegBytes(quadrants({64, 48}), {Kind::coloursApart});
+    QVERIFY_THROWS_EXCEPTION(Error, LoadPicture(withMoreScans(apart, 600), u"图"_s, {8, 6}));
 }
 
 void TestLoadPicture::aFailingDiskIsNoEarlyEnd() {

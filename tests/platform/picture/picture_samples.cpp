@@ -110,6 +110,17 @@ QByteArray jpegBytes(const QImage& image, const JpegOptions& options) {
     return bytes;
 }
 
+QByteArray withMoreScans(const QByteArray& jpeg, int more) {
+    const qsizetype start = jpeg.indexOf(QByteArrayView("\xFF\xDA"));
+    const auto isMarker = [&](qsizetype at) {
+        const auto code = quint8(jpeg[at + 1]);
+        return quint8(jpeg[at]) == 0xFF && code != 0 && (code < 0xD0 || code > 0xD7);
+    };
+    qsizetype end = start + 2;
+    while (!isMarker(end)) ++end;
+    return QByteArray(jpeg).insert(start, jpeg.sliced(start, end - start).repeated(more));
+}
+
 QImage quadrants(QSize pixels) {
     QImage image(pixels, QImage::Format_RGB32);
     for (int y = 0; y < image.height(); ++y)

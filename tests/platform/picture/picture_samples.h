@@ -14,6 +14,9 @@ struct JpegOptions {
 
 QByteArray jpegBytes(const QImage& image, const JpegOptions& options = {});
 
+/// The JPEG with its first scan so many times more.
+QByteArray withMoreScans(const QByteArray& jpeg, int more);
+
 /// Four quadrants: A red, B green on top; C blue, D white below.
 QImage quadrants(QSize pixels);
 /// What stands in the quadrants of an image, read row by row: "ABCD" for the one above.
