@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QToolButton>
 #include <algorithm>
+#include <cstdlib>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -116,6 +117,21 @@ bool DataControl::findFirst(const QString& criteria) {
 
 void DataControl::step(int by) {
     if (total() == 0) return;
+    if (recordset_.row() < 0 && std::abs(by) == 1) {
+        leaveGap(by > 0);
+        return;
+    }
     const int target = std::clamp(recordset_.row() + by, 0, total() - 1);
     if (target != recordset_.row()) moveToRow(target);
+}
+
+void DataControl::leaveGap(bool forwards) {
+    if (forwards) {
+        if (!recordset_.Eof()) recordset_.MoveNext();
+        if (recordset_.Eof()) recordset_.MoveLast();
+    } else {
+        if (!recordset_.Bof()) recordset_.MovePrevious();
+        if (recordset_.Bof()) recordset_.MoveFirst();
+    }
+    Q_EMIT repositioned();
 }

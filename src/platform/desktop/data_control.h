@@ -43,6 +43,8 @@ class DataControl : public QFrame {
 
   private:
     void step(int by);
+    /// From where a record has been deleted, or from behind the last one, to the neighbour.
+    void leaveGap(bool forwards);
     QString databaseName_;
     QString recordSource_;
     Database given_;

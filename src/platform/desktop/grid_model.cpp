@@ -28,6 +28,8 @@ bool isNumber(FieldType type) {
 
 QString cellTextOf(const Variant& value) {
     if (const auto* date = std::get_if<QDateTime>(&value.storage())) return date->toString(u"yyyy-MM-dd HH:mm:ss"_s);
+    // Another program may have put bytes into a column of texts.
+    if (std::holds_alternative<QByteArray>(value.storage())) return u"二进制数据"_s;
     return value.textOr();
 }
 

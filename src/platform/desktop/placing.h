@@ -7,7 +7,7 @@
 
 /// Placing of controls in twips.
 
-/// Makes a control with its object name on a parent. VB-like arrays name their elements `imgAn(3)`.
+/// Makes a control with its object name on a parent. Elements of a control array are named `imgAn(3)`.
 template <typename Control, typename... Arguments>
 Control* make(QWidget* parent, const QString& name, Arguments&&... arguments) {
     auto* control = new Control(std::forward<Arguments>(arguments)..., parent);

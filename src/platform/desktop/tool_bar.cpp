@@ -14,7 +14,7 @@ constexpr int iconMargin = 3;
 ToolBar::ToolBar(IconSource icons, QWidget* parent) : QFrame(parent), icons_(std::move(icons)) {}
 
 QToolButton* ToolBar::add(const QString& key, const QString& toolTip, int left, int top, int width, int height) {
-    auto* button = make<QToolButton>(this, u"tlb1:"_s + key);
+    auto* button = make<QToolButton>(this, objectName() + u':' + key);
     place(button, left, top, width, height);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus);

@@ -7,8 +7,8 @@
 #include <functional>
 
 /// A tool bar whose buttons are known by key. Each button shows the icon of its image key, which is its key until a
-/// state changes it: the image is what the program reads back as the state. Buttons are QToolButtons named
-/// `tlb1:` and the key. The owner places them.
+/// state changes it: the image is what the program reads back as the state. Buttons are QToolButtons named by
+/// the bar's own object name, a colon and the key: the bar gets its name first. The owner places them.
 class ToolBar : public QFrame {
     Q_OBJECT
 

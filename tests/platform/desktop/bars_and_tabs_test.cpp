@@ -26,6 +26,7 @@ class TestBarsAndTabs : public QObject {
                 return QIcon();
             },
             &form);
+        bar.setObjectName(u"tlb1"_s);
         QToolButton* full = bar.add(u"qp"_s, u"全屏"_s, 150, 30, 375, 375);
         bar.add(u"ts"_s, u"提示"_s, 600, 30, 375, 375);
         QCOMPARE(full->objectName(), u"tlb1:qp"_s);

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QHeaderView>
+#include <QProcess>
 #include <QToolButton>
 #include <QtTest/QtTest>
 
@@ -75,6 +76,31 @@ class TestDataControl : public QObject {
         QVERIFY(!data_->findFirst(u"序号 = 77"_s));
         QCOMPARE(data_->Recordset().row(), 2);
         QCOMPARE(repositioned.size(), 6);
+    }
+
+    void buttonsLeadFromADeletedRecordToItsNeighbours_data() {
+        QTest::addColumn<int>("deleted");
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<int>("number");
+        QTest::newRow("next") << 2 << u"next"_s << 4;
+        QTest::newRow("previous") << 2 << u"previous"_s << 2;
+        QTest::newRow("next of the last") << 4 << u"next"_s << 4;
+        QTest::newRow("previous of the first") << 0 << u"previous"_s << 2;
+        QTest::newRow("first") << 2 << u"first"_s << 1;
+        QTest::newRow("last") << 2 << u"last"_s << 5;
+    }
+
+    void buttonsLeadFromADeletedRecordToItsNeighbours() {
+        QFETCH(const int, deleted);
+        QFETCH(const QString, button);
+        QFETCH(const int, number);
+        data_->Refresh();
+        data_->moveToRow(deleted);
+        data_->Recordset().Delete();
+        QSignalSpy repositioned(data_.get(), &DataControl::repositioned);
+        data_->findChild<QToolButton*>(button)->click();
+        QCOMPARE(data_->Recordset().Fields(u"序号"_s).Value().toInteger(), number);
+        QCOMPARE(repositioned.size(), 1);
     }
 
     void refreshTellsWhatItFound() {
@@ -209,6 +235,17 @@ class TestDataControl : public QObject {
         database_.Execute(u"DELETE FROM tc01 WHERE [序号] = 4"_s);
         QCOMPARE(rowTexts(grid, 3), (QStringList{{}, {}, {}, {}, {}}));
         QCOMPARE(grid.cellText(4, 0), u"5"_s);
+    }
+
+    void bytesAmongTextsAreNamed() {
+        Grid grid;
+        grid.bind(data_.get());
+        QProcess shell;
+        shell.start(u"sqlite3"_s, {path_, u"UPDATE tc01 SET 编号 = x'FFD8' WHERE 序号 = 2"_s});
+        QVERIFY(shell.waitForFinished() && shell.exitCode() == 0);
+        data_->Refresh();
+        QCOMPARE(grid.cellText(1, 1), u"二进制数据"_s);
+        QCOMPARE(grid.cellText(2, 1), u"a3"_s);
     }
 
     void gridOutlivesItsDataControl() {
