@@ -47,7 +47,7 @@ bool offersAlbum(const QString& tables, const QString& table) {
 
 QString withoutAlbum(const QString& tables, const QString& table) {
     QStringList names = tablesOfButton(tables);
-    names.removeAll(table);
+    names.removeIf([&](const QString& name) { return name.compare(table, Qt::CaseInsensitive) == 0; });
     return names.join(QString());
 }
 

@@ -52,6 +52,7 @@ void TestAlbumRules::albumsOfAButton() {
     QVERIFY(!offersAlbum({}, u"tc02"_s));
     QVERIFY2(!offersAlbum(u"t012tc01"_s, u"12tc"_s), "a name begins at every fourth character");
     QCOMPARE(withoutAlbum(tables, u"tc03"_s), u"tc01tc12"_s);
+    QCOMPARE(withoutAlbum(tables, u"TC03"_s), u"tc01tc12"_s);
     QCOMPARE(withoutAlbum(tables, u"tc02"_s), tables);
     QCOMPARE(withoutAlbum(u"tc01tc01"_s, u"tc01"_s), QString());
 }

@@ -97,6 +97,11 @@ void TestPictureField::aStoredFileIsReadBack() {
     const auto small = pictureFromField(album, pictureColumn, {200, 150});
     QCOMPARE(small->image().size(), QSize(200, 150));
     QCOMPARE(specOfPicture(*small), u"1600 * 1200"_s);
+
+    QProcess other;
+    other.start(u"sqlite3"_s, {mekTp::cataloguePath(), u"UPDATE tc02 SET 备注 = '别的程序'"_s});
+    QVERIFY(other.waitForFinished());
+    QVERIFY2(other.exitCode() == 0, "a decoder that has not come to the end of the value keeps nothing locked");
 }
 
 void TestPictureField::emptyFileStoresNothing() {
