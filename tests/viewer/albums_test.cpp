@@ -134,6 +134,51 @@ class TestAlbums : public QObject {
         QVERIFY(viewer.boxes[0].contains(u"tc01"_s));
     }
 
+    // Nothing of the album before shows under the name of one that does not open.
+    void damagedAlbumAfterAGoodOne() {
+        const OpenPage viewer(2);
+        mekTp::catalogue.Execute(u"DROP TABLE [tc02]"_s);
+        viewer.openAlbum(2);
+        QCOMPARE(viewer.boxes.size(), 1);
+        viewer.press(u"ty"_s);
+        for (int cell = 0; cell < 4; ++cell) QVERIFY(viewer.isEmptyCell(cell));
+        viewer.press(u"xy"_s);
+        QCOMPARE(viewer.panel(3), u"翻页已到文件尾！"_s);
+    }
+
+    void closedAlbumLeavesNothing() {
+        const OpenPage viewer(2);
+        viewer.press(u"dk"_s);
+        QVERIFY(viewer.shows(u"pic0"_s));
+        QCOMPARE(viewer.image(u"img0"_s)->picture().pixels(), QSize(80, 60));  // the cover
+        for (const QString& key : {u"ty"_s, u"xs"_s, u"hy"_s}) {
+            viewer.press(key);
+            for (int cell = 0; cell < 4; ++cell) QVERIFY(viewer.isEmptyCell(cell));
+        }
+        QVERIFY(viewer.boxes.isEmpty());
+    }
+
+    void closingWhereNothingCanBeStored() {
+        const OpenPage viewer(2);
+        mekTp::catalogue.Execute(u"DROP TABLE [tcsz]"_s);
+        viewer.press(u"dk"_s);
+        QCOMPARE(viewer.boxes.size(), 1);
+        QVERIFY(viewer.boxes[0].startsWith(u"错误提示|"_s));
+        QCOMPARE(mekTp::currentTable, u"tc00"_s);
+        QCOMPARE(viewer.keyImage(u"dk"_s), u"dk"_s);
+        QCOMPARE(viewer.key(u"dk"_s)->toolTip(), u"打开像册"_s);
+        QCOMPARE(viewer.panel(2), u"未打开图册"_s);
+        QCOMPARE(viewer.panel(3), QString());
+        QVERIFY(viewer.shows(u"pic0"_s));
+        QVERIFY(!viewer.find<QAction>(u"mnuTg"_s)->isEnabled());
+        QVERIFY(!viewer.find<QAction>(u"mnuXs"_s)->isEnabled());
+        QVERIFY(!viewer.find<QAction>(u"mnuCd(1)"_s)->isChecked());
+        viewer.openAlbum(1);  // it can still be looked at
+        QCOMPARE(viewer.boxes.size(), 2);
+        viewer.press(u"ty"_s);
+        QCOMPARE(viewer.pictureIn(0), 1);
+    }
+
     void buttonShowsItsPictures() {
         const ViewerWindow viewer;
         viewer.openAlbum(1);
@@ -181,6 +226,16 @@ class TestAlbums : public QObject {
         QVERIFY(viewer.shows(u"imgXy"_s));
     }
 
+    void lostButtonsLeadBackToTheFirst() {
+        const ViewerWindow viewer([] { addButtons(12); });
+        viewer.openAlbum(1);
+        viewer.window->resize(960, 720);
+        mekTp::catalogue.Execute(u"DELETE FROM [tcan] WHERE 序号 >= 10"_s);
+        viewer.click(u"imgXy"_s);
+        QCOMPARE(viewer.image(u"imgAn(0)"_s)->toolTip(), u"全部"_s);
+        QCOMPARE(viewer.image(u"imgSy"_s)->toolTip(), QString());
+    }
+
     void columnGrowsBeyondElevenButtons() {
         const ViewerWindow viewer([] { addButtons(12); });
         viewer.openAlbum(1);
@@ -208,6 +263,7 @@ class TestAlbums : public QObject {
         // The sixth button answers as the upper corner does, which has nothing before it.
         Q_EMIT viewer.image(u"imgAn(5)"_s)->mouseMoved();
         QCOMPARE(upper->y1(), topOf(viewer.image(u"imgSy"_s)) - 30);
+        QVERIFY(!upper->isVisible());
         Q_EMIT viewer.image(u"imgXy"_s)->mouseMoved();
         QCOMPARE(lower->y1(), topOf(viewer.image(u"imgXy"_s)) + 255);
         QTest::mouseMove(viewer.window->centralWidget(), QPoint(4, 200));

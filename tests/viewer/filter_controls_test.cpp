@@ -8,12 +8,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-struct OpenPage : ViewerWindow {
-    OpenPage() {
-        openAlbum(1);
-        chooseColumns(2);
-        chooseButton(0);
-    }
+struct FilteredPage : OpenPage {
+    FilteredPage() : OpenPage(2) {}
     void chooseDate(int operatorIndex, const QString& digits) const {
         press(u"rq"_s);
         click(element(u"optRq"_s, operatorIndex));
@@ -39,7 +35,7 @@ class TestFilterControls : public QObject {
     void byNumber() {
         QFETCH(QString, choice);
         QFETCH(QString, number);
-        const OpenPage viewer;
+        const FilteredPage viewer;
         viewer.click(u"txtXh"_s);
         viewer.chooseLine(choice);
         QCOMPARE(viewer.text(u"txtXh"_s), choice);
@@ -54,7 +50,7 @@ class TestFilterControls : public QObject {
     }
 
     void anyNumberLeavesTheOldSelection() {
-        const OpenPage viewer;
+        const FilteredPage viewer;
         viewer.click(u"txtXh"_s);
         viewer.chooseLine(u"序号<"_s);
         QTest::keyClicks(viewer.box(u"txtXx"_s), u"4"_s);
@@ -68,7 +64,7 @@ class TestFilterControls : public QObject {
     }
 
     void byDate() {
-        const OpenPage viewer;
+        const FilteredPage viewer;
         viewer.press(u"rq"_s);
         QVERIFY(viewer.shows(u"picRq"_s));
         QVERIFY(viewer.box(u"txtR1"_s)->isLocked());
@@ -97,13 +93,13 @@ class TestFilterControls : public QObject {
     }
     void typingHelp() {
         QFETCH(QString, keys);
-        const OpenPage viewer;
+        const FilteredPage viewer;
         viewer.chooseDate(2, keys);
         QTEST(viewer.text(u"txtR1"_s), "text");
     }
 
     void backspaceTakesTheHelpAway() {
-        const OpenPage viewer;
+        const FilteredPage viewer;
         viewer.chooseDate(2, u"03"_s);
         auto* date = viewer.box(u"txtR1"_s);
         date->setCursorPosition(6);
@@ -113,7 +109,7 @@ class TestFilterControls : public QObject {
     }
 
     void droppingTheDate() {
-        const OpenPage viewer;
+        const FilteredPage viewer;
         viewer.chooseDate(0, u"030928"_s);
         viewer.click(u"cmdRq"_s);
         QCOMPARE(viewer.panel(3), u"日期早于2003-09-28 共2张 共1页 第 4 张"_s);
@@ -126,7 +122,7 @@ class TestFilterControls : public QObject {
     }
 
     void nonsenseDateKeepsTheSelection() {
-        const OpenPage viewer;
+        const FilteredPage viewer;
         viewer.chooseDate(2, u"x"_s);
         viewer.click(u"cmdRq"_s);
         QCOMPARE(viewer.panel(3), u"日期等于x 共10张 共3页 第 4 张"_s);
@@ -134,7 +130,7 @@ class TestFilterControls : public QObject {
     }
 
     void cancelChangesNothing() {
-        const OpenPage viewer;
+        const FilteredPage viewer;
         for (const QString& cancel : {u"cmdRx"_s, u"cmdS0"_s}) {
             viewer.chooseDate(1, u"031001"_s);
             viewer.click(cancel);
@@ -150,7 +146,7 @@ class TestFilterControls : public QObject {
     }
 
     void dialogIsDragged() {
-        const OpenPage viewer;
+        const FilteredPage viewer;
         viewer.press(u"rq"_s);
         auto* dialog = viewer.find(u"picRq"_s);
         QCOMPARE(dialog->pos(), QPoint(pixelsFromTwips(1900), pixelsFromTwips(500)));
@@ -177,8 +173,25 @@ class TestFilterControls : public QObject {
         QTEST(int(DropList::roleAt(left)), "role");
     }
 
+    // On its way from the box into the list the mouse crosses the rim of the list.
+    void listStaysOpenUnderTheMouse() {
+        const FilteredPage viewer;
+        auto* list = viewer.find<ListBox>(u"lstLs"_s);
+        auto* box = viewer.find(u"txtXh"_s);
+        QTest::mouseClick(box, Qt::LeftButton);
+        QVERIFY(list->isVisible());
+        const QPoint from = box->mapTo(viewer.window.get(), box->rect().center());
+        const int to = list->mapTo(viewer.window.get(), list->rect().center()).y();
+        for (int y = from.y(); y <= to; ++y) {
+            QTest::mouseMove(viewer.window->windowHandle(), QPoint(from.x(), y));
+            QVERIFY2(list->isVisible(), qPrintable(u"hidden at %1, list from %2 to %3"_s.arg(y).arg(from.y()).arg(to)));
+        }
+        viewer.chooseLine(u"序号>"_s);
+        QCOMPARE(viewer.text(u"txtXh"_s), u"序号>"_s);
+    }
+
     void listHides() {
-        const OpenPage viewer;
+        const FilteredPage viewer;
         auto* list = viewer.find(u"lstLs"_s);
         viewer.click(u"txtXh"_s);
         QVERIFY(list->isVisible());

@@ -62,6 +62,7 @@ class TestFrame : public QObject {
         viewer.window->resize(1000, 760);
         QVERIFY(viewer.boxes.isEmpty());
         QCOMPARE(viewer.find<QAction>(u"mnuCd(0)"_s)->text(), u"演示"_s);
+        QCOMPARE(viewer.window->windowTitle(), u" 览忆集苑（电子像册）"_s);
     }
 
     void emptyScreenPicturesAreFilled() {
@@ -92,9 +93,12 @@ class TestFrame : public QObject {
         fullScreen->setChecked(false);
         QCOMPARE(ViewerWindow::setting(u"全屏显示"_s), Variant(false));
         QVERIFY(!viewer.window->isFullScreen());
-        const QRect windowed = viewer.window->geometry();
-        QVERIFY(windowed.width() < screen.width() || screen.width() <= 960);
-        QVERIFY(qAbs(windowed.center().x() - screen.center().x()) <= 1);
+        const QSize free = viewer.window->screen()->availableSize();
+        const int width = std::min(960, free.width());
+        const QSize windowed(width, std::min(width / 4 * 3, free.height()));
+        QCOMPARE(viewer.window->geometry(), QRect(screen.topLeft() + QPoint((screen.width() - windowed.width()) / 2,
+                                                                            (screen.height() - windowed.height()) / 2),
+                                                  windowed));
         fullScreen->setChecked(true);
         QCOMPARE(ViewerWindow::setting(u"全屏显示"_s), Variant(true));
         QCOMPARE(viewer.window->geometry(), screen);

@@ -141,6 +141,13 @@ class TestPageLayout : public QObject {
         QVERIFY(strip.columns + 70 > 4200);  // the drop-down there must not be taken for another one
     }
 
+    void narrowStripKeepsItsOrder() {
+        const StripLayout strip = stripLayout(480 * 15);
+        QVERIFY(strip.draw >= 5170);
+        QVERIFY(strip.draw + 390 <= strip.columns);
+        QCOMPARE(strip.titleWidth, 0);
+    }
+
     void buttonSlots_data() {
         QTest::addColumn<int>("height");
         QTest::addColumn<int>("slotCount");

@@ -6,15 +6,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// Album 旅行 with ten pictures, all chosen, with that many columns.
-struct OpenPage : ViewerWindow {
-    explicit OpenPage(int columns) {
-        openAlbum(1);
-        chooseColumns(columns);
-        chooseButton(0);
-    }
-};
-
 class TestPaging : public QObject {
     Q_OBJECT
 
@@ -100,6 +91,23 @@ class TestPaging : public QObject {
         QCOMPARE(viewer.pictureIn(0), 2);
     }
 
+    void anyKeyFirstOnAFreshlyOpenedAlbum_data() {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<int>("first");
+        QTest::addColumn<QString>("page");
+        QTest::newRow("last page") << u"hy"_s << 10 << u"10"_s;
+        QTest::newRow("next page") << u"xy"_s << 2 << u"1"_s;
+    }
+    void anyKeyFirstOnAFreshlyOpenedAlbum() {
+        QFETCH(QString, key);
+        const ViewerWindow viewer;
+        viewer.openAlbum(1);
+        viewer.press(key);
+        QVERIFY(!viewer.shows(u"pic0"_s));
+        QTEST(viewer.pictureIn(0), "first");
+        QTEST(viewer.text(u"txtYh"_s), "page");
+    }
+
     void keysPage() {
         const OpenPage viewer(2);
         viewer.window->centralWidget()->setFocus();
@@ -175,6 +183,22 @@ class TestPaging : public QObject {
         QCOMPARE(viewer.find(u"imgXs(1)"_s)->size(), viewer.find(u"imgXs(0)"_s)->size());
         QCOMPARE(viewer.pictureIn(1), 2);
         QVERIFY(viewer.boxes.isEmpty());
+    }
+
+    // The one cell is never made anew, and keeps what it shows.
+    void recordWithoutPictureKeepsTheOneBefore() {
+        const OpenPage viewer(1);
+        Recordset album = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 = 2"_s);
+        album.Edit();
+        album.Fields(u"图片"_s).SetValue({});
+        album.Update();
+        const auto* cell = viewer.image(u"imgXs(0)"_s);
+        const QColor before = cell->picture().image().pixelColor(5, 5);
+        viewer.press(u"xy"_s);
+        QCOMPARE(viewer.pictureIn(0), 2);
+        QCOMPARE(cell->picture().image().pixelColor(5, 5), before);
+        viewer.press(u"xy"_s);
+        QVERIFY(cell->picture().image().pixelColor(5, 5) != before);
     }
 
     // On a wide window a page is higher than its place: the wheel reaches the rest.

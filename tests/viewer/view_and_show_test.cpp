@@ -8,15 +8,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-struct OpenPage : ViewerWindow {
-    explicit OpenPage(int columns) {
-        openAlbum(1);
-        chooseColumns(columns);
-        chooseButton(0);
-    }
-    void openPicture(int cell) const { QTest::mouseDClick(find(element(u"imgXs"_s, cell)), Qt::LeftButton); }
-};
-
 void tick(const ViewerWindow& viewer) {
     QMetaObject::invokeMethod(viewer.find<QTimer>(u"tmr2"_s), "timeout");
 }
@@ -73,6 +64,21 @@ class TestViewAndShow : public QObject {
         viewer.openPicture(12);  // past the end of the album
         QVERIFY(!viewer.shows(u"pic0"_s));
         QVERIFY(viewer.boxes.isEmpty());
+    }
+
+    // What counts is the page as it stands, not the columns chosen for the next one.
+    void viewBelongsToTheDrawnPage() {
+        const OpenPage four(2);
+        four.chooseColumns(1);
+        four.openPicture(3);
+        QVERIFY(four.shows(u"pic0"_s));
+        QCOMPARE(four.image(u"img0"_s)->picture().pixels(), QSize(100, 50));
+        four.press(u"yd"_s);
+        QCOMPARE(four.image(u"img0"_s)->size(), QSize(100, 50));
+        const OpenPage single(1);
+        single.chooseColumns(2);
+        single.openPicture(0);
+        QVERIFY(!single.shows(u"pic0"_s));
     }
 
     void viewOfALostRecordTells() {
@@ -171,6 +177,16 @@ class TestViewAndShow : public QObject {
         viewer.press(u"hd"_s);
         QTRY_COMPARE(viewer.keyImage(u"hd"_s), u"hd"_s);
         QVERIFY(viewer.boxes.isEmpty());
+    }
+
+    void closedWindowStandsStill() {
+        const OpenPage viewer(1);
+        setInterval(5000);
+        viewer.press(u"hd"_s);
+        QVERIFY(viewer.find<QTimer>(u"tmr2"_s)->isActive());
+        viewer.window->close();
+        QVERIFY(!viewer.find<QTimer>(u"tmr1"_s)->isActive());
+        QVERIFY(!viewer.find<QTimer>(u"tmr2"_s)->isActive());
     }
 
     void zeroIntervalStandsStill() {

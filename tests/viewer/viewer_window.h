@@ -82,8 +82,24 @@ class ViewerWindow {
         settings.Update();
     }
 
+    bool isEmptyCell(int cell) const {
+        return pictureIn(cell) == 0 && image(QStringLiteral("imgXs(%1)").arg(cell))->picture().isNull();
+    }
+
     SampleCatalogue catalogue;
     RecordingWindows windows;
     QStringList boxes;
     std::unique_ptr<frmTp> window;
+};
+
+/// Album 旅行 with ten pictures, all chosen, with that many columns.
+struct OpenPage : ViewerWindow {
+    explicit OpenPage(int columns) {
+        openAlbum(1);
+        chooseColumns(columns);
+        chooseButton(0);
+    }
+    void openPicture(int cell) const {
+        QTest::mouseDClick(find(QStringLiteral("imgXs(%1)").arg(cell)), Qt::LeftButton);
+    }
 };

@@ -3,6 +3,8 @@
 #include "../../support/run_all.h"
 
 #include <QApplication>
+#include <QHelpEvent>
+#include <QToolTip>
 #include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -21,6 +23,17 @@ class TestImageBox : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
+    void toolTipIsPlainText() {
+        ImageBox box;
+        box.resize(40, 30);
+        box.setToolTip(u"<b>a & b</b>"_s);
+        QHelpEvent hover(QEvent::ToolTip, QPoint(5, 5), QPoint(5, 5));
+        QApplication::sendEvent(&box, &hover);
+        QCOMPARE(QToolTip::text(), u"<span>&lt;b&gt;a &amp; b&lt;/b&gt;</span>"_s);
+        QCOMPARE(box.toolTip(), u"<b>a & b</b>"_s);
+        QToolTip::hideText();
+    }
+
     void pictureFillsTheControl_data() {
         QTest::addColumn<QSize>("picture");
         QTest::newRow("same size") << QSize(40, 30);

@@ -1,0 +1,59 @@
+#include "single_copy.h"
+
+#include "../support/run_all.h"
+
+#include <QSysInfo>
+#include <QTemporaryDir>
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class TestSingleCopy : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void secondCopyIsNoticed() {
+        QLockFile first(path());
+        QVERIFY(!isSecondCopy(first));
+        QLockFile second(path());
+        QVERIFY(isSecondCopy(second));
+        first.unlock();
+        QVERIFY(!isSecondCopy(second));
+    }
+
+    void folderWithoutALockIsNoObstacle() {
+        QLockFile lock(folder_.filePath(u"missing/lunq.lock"_s));
+        QVERIFY(!isSecondCopy(lock));
+    }
+
+    void lockLeftBehind_data() {
+        QTest::addColumn<QString>("computer");
+        QTest::addColumn<qint64>("process");
+        QTest::newRow("copied from another computer") << u"elsewhere"_s << QCoreApplication::applicationPid();
+        QTest::newRow("ended here") << QSysInfo::machineHostName() << qint64(0x3fffffff);
+    }
+    void lockLeftBehind() {
+        QFETCH(QString, computer);
+        QFETCH(qint64, process);
+        QFile file(path());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(u"%1\n%2\n%3\n"_s.arg(process).arg(QCoreApplication::applicationName(), computer).toUtf8());
+        file.close();
+        QLockFile lock(path());
+        QVERIFY(!isSecondCopy(lock));
+        QLockFile second(path());
+        QVERIFY(isSecondCopy(second));
+    }
+
+  private:
+    QString path() const { return folder_.filePath(u"lunq.lock"_s); }
+    QTemporaryDir folder_;
+};
+
+const Registered<TestSingleCopy> registered;
+
+}  // namespace
+
+#include "single_copy_test.moc"
