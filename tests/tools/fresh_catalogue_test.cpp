@@ -27,6 +27,7 @@ class TestFreshCatalogue : public QObject {
     void settingsStandInOneRow();
     void schemesHaveColours();
     void helpLeadsToEveryHeading();
+    void picturesComeOutWithoutTheProgram();
 
   private:
     Recordset rows(const QString& source) const;
@@ -205,6 +206,33 @@ void TestFreshCatalogue::helpLeadsToEveryHeading() {
     for (const QString& topic : {u"3 软件的使用"_s, u"5使用帮助"_s, u"－－－－－－"_s})
         QVERIFY(!manual.find(topic).isNull());
     QVERIFY(manual.find(u"邮编："_s).position() > manual.find(u"附注："_s).position());
+}
+
+/// Runs the commands of the description of the file format as they stand there.
+void TestFreshCatalogue::picturesComeOutWithoutTheProgram() {
+    QFile description(qEnvironmentVariable("LUNQ_FILE_FORMAT"));
+    QVERIFY(description.open(QIODevice::ReadOnly));
+    const QString commands = QString::fromUtf8(description.readAll()).section(u"```sh\n"_s, 1).section(u"```"_s, 0, 0);
+    QProcess shell;
+    shell.setWorkingDirectory(folder_.path());
+    shell.start(u"sh"_s, {u"-c"_s, commands});
+    QVERIFY(shell.waitForFinished());
+    QCOMPARE(shell.readAllStandardError(), QByteArray());
+
+    const QDir album(folder_.filePath(u"pictures/tc00"_s));
+    Recordset records = rows(u"SELECT * FROM tc00 ORDER BY [序号]"_s);
+    QCOMPARE(album.entryList({u"*.jpg"_s, u"*.bmp"_s}).size(), records.rowCount());
+    for (; !records.Eof(); records.MoveNext()) {
+        const QByteArray bytes = records.Fields(u"图片"_s).Value().toBytes();
+        const QString ending = bytes.startsWith("BM") ? u"bmp"_s : u"jpg"_s;
+        const int number = records.Fields(u"序号"_s).Value().toInteger();
+        QFile file(album.filePath(u"%1.%2"_s.arg(number, 5, 10, QChar(u'0')).arg(ending)));
+        QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(file.fileName()));
+        QCOMPARE(file.readAll(), bytes);
+    }
+    QFile list(album.filePath(u"list.csv"_s));
+    QVERIFY(list.open(QIODevice::ReadOnly));
+    QCOMPARE(list.readAll().count('\n'), records.rowCount() + 1);
 }
 
 const Registered<TestFreshCatalogue> registered;

@@ -15,12 +15,14 @@ class TestPlaceBeside : public QObject {
     void leavesAnExistingCatalogueAlone_data();
     void leavesAnExistingCatalogueAlone();
     void renewsTheCursorOnly();
+    void stopsWhereAJournalWaitsForItsCatalogue();
 
   private:
     static void write(const QString& path, const QByteArray& bytes);
     static QByteArray read(const QString& path);
     /// Runs the step on a folder whose name is as awkward as a user's may be; returns that folder.
     QString place(const QTemporaryDir& home);
+    QString said_;  ///< What the step has said.
 };
 
 void TestPlaceBeside::write(const QString& path, const QByteArray& bytes) {
@@ -42,8 +44,9 @@ QString TestPlaceBeside::place(const QTemporaryDir& home) {
     process.start(qEnvironmentVariable("LUNQ_CMAKE"),
                   {u"-DCATALOGUE="_s + home.filePath(u"fresh.mdb"_s), u"-DCURSOR="_s + home.filePath(u"hand.ico"_s),
                    u"-DFOLDER="_s + folder, u"-P"_s, qEnvironmentVariable("LUNQ_PLACE_BESIDE")});
-    const bool done =
-        process.waitForFinished() && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    const bool ended = process.waitForFinished();
+    said_ = QString::fromUtf8(process.readAllStandardError()).simplified();
+    const bool done = ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
     return done ? folder : QString();
 }
 
@@ -85,6 +88,22 @@ void TestPlaceBeside::renewsTheCursorOnly() {
     QCOMPARE(place(home), folder);
     QCOMPARE(read(folder + u"/lunq.mdb"_s), QByteArray("mine now"));
     QCOMPARE(read(folder + u"/s1.ico"_s), QByteArray("hand"));
+}
+
+void TestPlaceBeside::stopsWhereAJournalWaitsForItsCatalogue() {
+    const QTemporaryDir home;
+    const QString path = home.filePath(u"我的 album's/lunq.mdb"_s);
+    const QString journal = path + u"-journal"_s;
+    QVERIFY(QDir(home.path()).mkdir(u"我的 album's"_s));
+    write(journal, "what it needs to be whole");
+    QVERIFY(place(home).isEmpty());
+    QVERIFY2(said_.contains(path + u" 不见了"_s) && said_.contains(journal), qPrintable(said_));
+    QVERIFY(!QFile::exists(path));
+    QCOMPARE(read(journal), QByteArray("what it needs to be whole"));
+
+    write(journal, {});
+    QVERIFY(!place(home).isEmpty());
+    QCOMPARE(read(path), QByteArray("fresh"));
 }
 
 const Registered<TestPlaceBeside> registered;
