@@ -3,7 +3,7 @@
 
 add_library(lunq_flags INTERFACE)
 target_compile_options(lunq_flags INTERFACE
-  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wformat=2
+  -Wall -Wextra -Wpedantic $<$<BOOL:${LUNQ_WERROR}>:-Werror> -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wformat=2
   $<$<CONFIG:Release>:-O2>)
 target_compile_definitions(lunq_flags INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS
