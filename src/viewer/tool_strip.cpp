@@ -142,7 +142,7 @@ void ToolStrip::layOut(int formWidth, bool smallScreen) {
     place(chkBq[1], strip.fullScreen, buttonTop, 705, buttonSide);
 
     const std::array<int, 4> lines{955, 2675, strip.draw - 90, strip.columns + 570};
-    for (size_t i = 0; i < separators_.size(); ++i) separators_[i]->setEnds(lines[i], 105, lines[i], 345);
+    for (size_t i = 0; i < separators_.size(); ++i) separators_[i]->setEnds(lines[i], 75, lines[i], 315);
 
     picBq->setVisible(!smallScreen);
     place(picBq, strip.titleLeft, buttonTop, strip.titleWidth, buttonSide);

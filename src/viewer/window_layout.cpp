@@ -10,7 +10,7 @@ constexpr int frameLeft = 1930;
 constexpr int columnLeft = 75;
 constexpr int columnWidth = 1800;
 constexpr int innerMargin = 40;
-constexpr int endOfLeftGroup = 5200;  // of the tool bar
+constexpr int endOfLeftGroup = 5280;  // of the tool bar, room for a separator behind it
 constexpr int rightGroup = 5280;
 }  // namespace
 
