@@ -9,6 +9,7 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+constexpr double letterGap = 2;  // pixels: makes the blank of the page label hold three digits
 constexpr int barHeight = 450;
 constexpr int buttonSide = 390;
 constexpr int buttonTop = 0;
@@ -69,13 +70,14 @@ void ToolStrip::addBoxes() {
     // A label with a hole: the page number is typed into the blank between its words, which is widened to hold it.
     txtD1 = make<TextBox>(tlb1, u"txtD1"_s);
     QFont wide = txtD1->font();
-    wide.setWordSpacing(4);
+    wide.setLetterSpacing(QFont::AbsoluteSpacing, letterGap);
     txtD1->setFont(wide);
     txtD1->setLocked(true);
     txtD1->setFocusPolicy(Qt::NoFocus);
     txtD1->setAttribute(Qt::WA_TransparentForMouseEvents);
     txtD1->setStyleSheet(u"border: none; background: transparent; padding: 0px;"_s);
     txtD1->setText(u"第     页："_s);
+    txtD1->setCursorPosition(0);
     place(txtD1, labelLeft, boxTop, 1040, boxHeight);
 
     txtYh = make<TextBox>(tlb1, u"txtYh"_s);
@@ -85,7 +87,7 @@ void ToolStrip::addBoxes() {
     const QFontMetrics metrics(wide);
     const int blankLeft = 2 + metrics.horizontalAdvance(u"第"_s);
     const int blank = metrics.horizontalAdvance(u"     "_s);
-    place(txtYh, labelLeft + twipsFromPixels(blankLeft + 2), boxTop, twipsFromPixels(blank - 4), boxHeight);
+    place(txtYh, labelLeft + twipsFromPixels(blankLeft + 1), boxTop, twipsFromPixels(blank - 1), boxHeight);
 
     txtXh = make<TextBox>(tlb1, u"txtXh"_s);
     txtXh->setText(u"序号任意"_s);
