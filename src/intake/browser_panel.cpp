@@ -1,5 +1,6 @@
 #include "intake/browser_panel.h"
 
+#include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
 #include "platform/desktop/file_lists.h"
@@ -19,7 +20,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int intakeTab = 1, transferTab = 3;
 const QString picturePattern = u"*.jpg;*.bmp"_s;
 const QString databasePattern = u"*.mdb"_s;
 
@@ -29,12 +29,6 @@ QLabel* makeLabel(QWidget* parent, const QString& name, const QString& text, int
     label->setWordWrap(true);
     place(label, left, top, width, height);
     return label;
-}
-
-QPushButton* makeButton(QWidget* parent, const QString& name, const QString& caption, int left, int top, int width) {
-    auto* button = make<QPushButton>(parent, name, caption);
-    place(button, left, top, width, 345);
-    return button;
 }
 
 }  // namespace
@@ -58,7 +52,7 @@ BrowserPanel::BrowserPanel(SharedControls& controls, FormState& state, HintLine&
 
 void BrowserPanel::makeLists() {
     drv1_ = make<DriveList>(picMl_, u"drv1"_s);
-    place(drv1_, 405, 45, 2535, 345);
+    place(drv1_, 405, 45, 1650, 345);
     dir1_ = make<DirList>(picMl_, u"dir1"_s);
     fil1_ = make<FileList>(picMl_, u"fil1"_s);
     txtMl_ = make<CaptionBox>(picMl_, u"txtMl"_s);
@@ -66,7 +60,7 @@ void BrowserPanel::makeLists() {
 }
 
 void BrowserPanel::makeLabels() {
-    lblB1Second_ = makeLabel(picMl_, u"lblB1(1)"_s, {}, 3090, 15, 1770, 540);
+    lblB1Second_ = makeLabel(picMl_, u"lblB1(1)"_s, {}, 2085, 45, 2835, 345);
     lblB0_ = makeLabel(picMl_, u"lblB0"_s, u"▼"_s, 450, 3075, 240, 285);
     lblB1First_ = makeLabel(picMl_, u"lblB1(0)"_s, {}, 405, 3075, 2535, 285);
     lblB1First_->stackUnder(lblB0_);
@@ -78,10 +72,15 @@ void BrowserPanel::makeLabels() {
 }
 
 void BrowserPanel::makeFolderButtons() {
-    cmdMj_ = makeButton(picMl_, u"cmdMj"_s, u"新建文件夹"_s, 3090, 420, 1500);
-    cmdMs_ = makeButton(picMl_, u"cmdMs"_s, u"删除文件夹"_s, 3090, 825, 1500);
-    cmdMq_ = makeButton(picMl_, u"cmdMq"_s, u"确 定"_s, 3090, 1860, 1500);
-    cmdMx_ = makeButton(picMl_, u"cmdMx"_s, u"取 消"_s, 3090, 2265, 1500);
+    const auto button = [this](const QString& name, const QString& caption, int top) {
+        auto* made = make<QPushButton>(picMl_, name, caption);
+        place(made, 3090, top, 1500, 345);
+        return made;
+    };
+    cmdMj_ = button(u"cmdMj"_s, u"新建文件夹"_s, 420);
+    cmdMs_ = button(u"cmdMs"_s, u"删除文件夹"_s, 825);
+    cmdMq_ = button(u"cmdMq"_s, u"确 定"_s, 1860);
+    cmdMx_ = button(u"cmdMx"_s, u"取 消"_s, 2265);
     cmdMq_->setEnabled(false);
     lblJm_ = makeLabel(picMl_, u"lblJm"_s, u"文件夹名称："_s, 405, 3120, 1140, 330);
     txtJm_ = make<TextBox>(picMl_, u"txtJm"_s);
@@ -120,9 +119,13 @@ bool BrowserPanel::isPictureMode() const {
     return modeNow() == BrowseMode::pictureFiles || modeNow() == BrowseMode::targetFolder;
 }
 
-void BrowserPanel::updatePattern() {
-    const QString& pattern = isPictureMode() ? picturePattern : databasePattern;
-    if (fil1_->Pattern() != pattern) fil1_->setPattern(pattern);
+QString BrowserPanel::wantedPattern() const {
+    return isPictureMode() ? picturePattern : databasePattern;
+}
+
+void BrowserPanel::readFiles() {
+    selectQuietly(false);
+    fil1_->setPattern(wantedPattern());
 }
 
 void BrowserPanel::showOn(int page, int left, int top) {
@@ -143,8 +146,7 @@ void BrowserPanel::mlcl() {
     setEcho({});
     placeForMode();
     fil1_->setEnabled(!onIntakePage() || (filesMayBePicked && filesMayBePicked()));
-    updatePattern();
-    selectQuietly(false);
+    readFiles();
     lblB1Second_->setText(u"      请选择确定图片"_s + (onIntakePage() ? u"来源路径"_s : u"保存路径"_s));
     lblB1First_->setText(now == BrowseMode::pictureFiles ? u"        请选择文件"_s
                          : onIntakePage()                ? u"      请设置来源数据表"_s
@@ -216,11 +218,11 @@ void BrowserPanel::showCountLine() {
 }
 
 void BrowserPanel::drv1Change() {
-    Q_EMIT driveChanged();
     if (!attempt([&] { dir1_->setPath(drv1_->Drive()); })) {
         // A place that cannot be entered leaves everything as it was.
         const QSignalBlocker silence(drv1_);
         attempt([&] { drv1_->setDrive(dir1_->Path()); });
+        return;
     }
     fil1_->setPath(dir1_->Path());
     state_.currentFolder = fil1_->Path();
@@ -230,7 +232,7 @@ void BrowserPanel::dir1Change() {
     fil1_->setPath(dir1_->Path());
     fil1_->setEnabled(!onIntakePage() || (filesMayBePicked && filesMayBePicked()));
     state_.currentFolder = dir1_->Path();
-    updatePattern();
+    if (fil1_->Pattern() != wantedPattern()) readFiles();
     if (onIntakePage()) {
         state_.pickedFilePath.clear();
         setEcho({});
@@ -243,8 +245,11 @@ void BrowserPanel::dir1Change() {
 
 void BrowserPanel::dir1Click() {
     state_.currentFolder = dir1_->Path();
-    updatePattern();
     if (!onIntakePage()) setEcho(dir1_->Path());
+    const QListWidgetItem* line = dir1_->currentItem();
+    if (line == nullptr || line->data(Qt::UserRole).toString() != dir1_->Path()) return;
+    readFiles();
+    Q_EMIT filesRead();
 }
 
 void BrowserPanel::fil1PathChange() {

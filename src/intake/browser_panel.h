@@ -45,7 +45,7 @@ class BrowserPanel : public QObject {
     void showOn(int page, int left, int top);
 
     bool isPictureMode() const;  ///< The file list is of pictures, not of databases.
-    void updatePattern();        ///< Lists the files that the mode asks for.
+    void readFiles();            ///< Lists the files of the folder that the mode asks for, new ones too.
     QStringList fileNames() const;
     QList<int> selectedFiles() const;
     /// Changes the selection while `fileClicked` stays quiet. The echo line is left as it is.
@@ -63,10 +63,10 @@ class BrowserPanel : public QObject {
     std::function<bool()> filesMayBePicked;
 
   Q_SIGNALS:
-    void laidOut();  ///< mlcl has run; pages arrange their own controls.
-    void driveChanged();
+    void laidOut();        ///< mlcl has run; pages arrange their own controls.
     void folderChanged();  ///< Another folder is the present one.
     void filesListed();    ///< The file list shows another folder: the page checks its choice anew.
+    void filesRead();      ///< The file list shows its folder anew; nothing is selected.
     void fileClicked();    ///< The selection of fil1 changed, not by `selectQuietly`.
     void confirmed();      ///< cmdMq
     void closed();         ///< cmdMx
@@ -74,6 +74,7 @@ class BrowserPanel : public QObject {
 
   private:
     BrowseMode modeNow() const;
+    QString wantedPattern() const;
     bool onIntakePage() const;
     void makeLists();
     void makeLabels();

@@ -1,7 +1,7 @@
 #include "intake/code_buttons.h"
 
-#include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
+#include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/grid.h"
@@ -10,7 +10,6 @@
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
 
-#include <QComboBox>
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -20,11 +19,12 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int intakeTab = 1, transferTab = 3;
 constexpr int rowPitch = 250, columnPitch = 280;
 constexpr int buttonWidth = 270, buttonHeight = 240;
 constexpr int textHeight = 300;
-constexpr int rowsOnPage[] = {4, 8};  ///< Of the pages 图片录入 and 图片转存.
+constexpr int gap = 15;
+constexpr int buttonsAtStart = 45;
+constexpr int rowsOnIntake = 4, rowsOnTransfer = 11;  ///< That the pages have room for.
 
 /// A caption in which "&" marks no key.
 QString plainCaption(QString code) {
@@ -41,13 +41,12 @@ CodeButtons::CodeButtons(SharedControls& controls, FormState& state) : controls_
         label->setTextFormat(Qt::PlainText);
         label->hide();
     }
-    controls_.sstFz->putOn(transferTab, lblBx_[0], 7770, 3810, 1185, 510);
     txtB0 = make<TextBox>(controls_.sstFz->page(intakeTab), u"txtB0"_s);
     txtB0->setLocked(true);
     txtB0->setAlignment(Qt::AlignCenter);
     txtB0->setFocusPolicy(Qt::NoFocus);
     txtB0->hide();
-    button(0);
+    button(buttonsAtStart - 1);
 }
 
 QPushButton* CodeButtons::button(int index) {
@@ -75,9 +74,13 @@ void CodeButtons::moveText(int left, int top, int width) {
 }
 
 int CodeButtons::columns() const {
-    const int rows = rowsOnPage[controls_.sstFz->currentIndex() == transferTab ? 1 : 0];
+    const int room = controls_.sstFz->currentIndex() == transferTab ? rowsOnTransfer : rowsOnIntake;
     const int count = static_cast<int>(codes_.size());
-    return count <= rows * perRow_ ? perRow_ : (count + rows - 1) / rows;
+    return count <= room * perRow_ ? perRow_ : (count + room - 1) / room;
+}
+
+int CodeButtons::rows() const {
+    return (static_cast<int>(codes_.size()) + columns() - 1) / columns();
 }
 
 int CodeButtons::pitch() const {
@@ -91,22 +94,20 @@ void CodeButtons::placeButton(int index) {
 }
 
 void CodeButtons::placeText() {
-    // A row of buttons that comes down to the text's own line pushes it to the right.
-    const int last = static_cast<int>(codes_.size()) - 1;
-    const bool meets = last >= 0 && first_.y() + last / columns() * rowPitch + buttonHeight > text_.y();
-    int left = text_.x(), width = textWidth_;
-    if (meets) {
-        const int right = std::max(left + width, first_.x() + perRow_ * columnPitch);
-        left = std::max(left, first_.x() + (last % columns() + 1) * pitch() + 60);
-        width = std::max(right - left, 0);
-    }
+    // Rows that come down to the line of the text push it below them.
+    const int bottom = first_.y() + 1 + (rows() - 1) * rowPitch + buttonHeight;
+    const bool pushed = bottom > text_.y();
+    const int left = pushed ? first_.x() : text_.x();
+    const int top = pushed ? bottom + gap : text_.y();
     TabControl* sstFz = controls_.sstFz;
-    sstFz->putOn(sstFz->currentIndex(), txtB0, left, text_.y(), width, textHeight);
-    if (sstFz->currentIndex() != intakeTab) return;
-    if (meets)
-        sstFz->putOn(intakeTab, lblBx_[1], first_.x(), text_.y() + textHeight, 3640, textHeight - 60);
-    else
-        sstFz->putOn(intakeTab, lblBx_[1], left + width + 60, text_.y(), 1860, textHeight);
+    if (sstFz->currentIndex() == intakeTab) {
+        const int height = pushed ? textHeight - 45 : textHeight;
+        sstFz->putOn(intakeTab, txtB0, left, top, textWidth_, height);
+        sstFz->putOn(intakeTab, lblBx_[1], left + textWidth_ + 60, top, 1860, height);
+    } else if (sstFz->currentIndex() == transferTab) {
+        sstFz->putOn(transferTab, txtB0, left, top, textWidth_, textHeight);
+        sstFz->putOn(transferTab, lblBx_[0], left, top + textHeight + 40, textWidth_, 510);
+    }
 }
 
 // Builds the filter buttons of the chosen album.
@@ -119,8 +120,7 @@ void CodeButtons::bhan() {
     for (QLabel* label : lblBx_) label->show();
     attempt([&] {
         Recordset buttons = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcan WHERE InStr(图册,"_s +
-                                                           quoted(tableOfLine(controls_.cboBm->currentText())) +
-                                                           u") > 0 ORDER BY [序号]"_s);
+                                                           quoted(state_.albumTable) + u") > 0 ORDER BY [序号]"_s);
         for (; !buttons.Eof(); buttons.MoveNext())
             codes_.push_back({buttons.Fields(u"编号"_s).Value().textOr(), buttons.Fields(u"名称"_s).Value().textOr()});
     });

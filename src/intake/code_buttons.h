@@ -46,6 +46,7 @@ class CodeButtons : public QObject {
     void placeButton(int index);
     void placeText();
     /// Buttons in a row and the distance between them, narrowed when there are more than the page has rows for.
+    int rows() const;
     int columns() const;
     int pitch() const;
 

@@ -5,7 +5,10 @@
 #include "intake/intake_page.h"
 #include "intake/intake_texts.h"
 #include "intake/option_buttons.h"
+#include "intake/settings_tab.h"
 #include "platform/base/error.h"
+#include "platform/base/files.h"
+#include "platform/desktop/busy.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/file_lists.h"
 #include "platform/desktop/grid.h"
@@ -15,62 +18,68 @@
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
-constexpr int intakeTab = 1;
-
-/// The hourglass while it lives.
-class Hourglass {
-  public:
-    Hourglass() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~Hourglass() { QApplication::restoreOverrideCursor(); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-};
-
-}  // namespace
-
 void IntakePage::fileClicked() {
     if (!inFront() || !fromFiles()) return;
+    if (replaces() && deselectUnnumbered()) {
+        sayUnnumbered();
+        if (state_.selectedFileCount == 0) {
+            showNoSelection();
+            return;
+        }
+    }
+    showSelection();
+}
+
+/// In replace mode files without a number cannot be chosen. Tells whether there were any.
+bool IntakePage::deselectUnnumbered() {
+    FileList* fil1 = browser_.fil1();
+    bool found = false;
+    for (const int index : browser_.selectedFiles()) {
+        if (standsForNumber(fil1->List(index))) continue;
+        browser_.deselectQuietly(index);
+        found = true;
+    }
+    return found;
+}
+
+void IntakePage::sayUnnumbered() {
+    // A name that was reached by a key is selected by the list once more after the box: that is not told again.
+    if (std::exchange(unnumberedTold_, true)) return;
+    say(controls_.form, u"文件名不能转换为序号，无法替换！"_s, BoxIcon::information);
+    QMetaObject::invokeMethod(
+        this, [this] { unnumberedTold_ = false; }, Qt::QueuedConnection);
+}
+
+void IntakePage::showSelection() {
     QStringList chosen;
     for (const int index : browser_.selectedFiles()) chosen << browser_.fil1()->List(index);
     browser_.setEcho(selectionEcho(chosen));
-    if (replaces() && refuseUnnumbered()) return;
     hints_.show(selectionHint(state_.selectedFileCount));
+    // The one file that stays chosen need not be the one in focus.
+    if (chosen.size() == 1) state_.pickedFilePath = joinedPath(state_.currentFolder, chosen.front());
     state_.previewMark = u"w"_s;
     state_.newPictureFile = state_.pickedFilePath;
     if (preview_.isOpen()) preview_.chkCkClick();
     state_.pageFree = false;
     state_.intakeStep = 13;
     cmdLr_->setEnabled(state_.selectedFileCount >= 1);
-    preview_.cmdCk(1)->setEnabled(state_.selectedFileCount == 1);
+    preview_.allowOpening(1, state_.selectedFileCount == 1);
 }
 
-/// In replace mode files without a number cannot be chosen. Tells whether there were any.
-bool IntakePage::refuseUnnumbered() {
-    FileList* fil1 = browser_.fil1();
-    bool refused = false;
-    for (const int index : browser_.selectedFiles()) {
-        if (zhjy(fil1->List(index))) continue;
-        browser_.deselectQuietly(index);
-        refused = true;
-    }
-    if (!refused) return false;
-    cmdLr_->setEnabled(state_.selectedFileCount >= 1);
-    preview_.cmdCk(1)->setEnabled(state_.selectedFileCount == 1);
-    say(controls_.form, u"文件名不能转换为序号，无法替换！"_s, BoxIcon::information);
+void IntakePage::showNoSelection() {
     browser_.setEcho({});
-    state_.intakeStep = state_.selectedFileCount >= 1 ? 13 : 12;
-    return true;
+    cmdLr_->setEnabled(false);
+    preview_.allowOpening(1, false);
+    state_.intakeStep = 12;
 }
 
 void IntakePage::cmdQxClick() {
@@ -99,6 +108,8 @@ void IntakePage::cmdQ1Click() {
             break;
         case 12:
             for (QRadioButton* option : optCz_) clearOption(option);
+            browser_.fil1()->setEnabled(false);
+            cmdQx_->setEnabled(false);
             state_.intakeStep = 11;
             hints_.czts(1);
             break;
@@ -125,19 +136,26 @@ void IntakePage::undoSource() {
 
 void IntakePage::undoFiles() {
     browser_.selectQuietly(false);
-    browser_.setEcho({});
-    cmdLr_->setEnabled(false);
-    preview_.cmdCk(1)->setEnabled(false);
-    state_.intakeStep = 12;
+    showNoSelection();
     hints_.czts(3);
 }
 
+/// Text that is typed into the chooser names no target until it was confirmed.
+bool IntakePage::targetIsChosen() const {
+    const QString typed = tableOfLine(controls_.cboBm->currentText());
+    return !state_.targetTable.isEmpty() && typed.compare(state_.targetTable, Qt::CaseInsensitive) == 0;
+}
+
 void IntakePage::cmdLrClick() {
-    const QString album = controls_.cboBm->currentText();
-    if (album.isEmpty()) {
+    if (!targetIsChosen()) {
         say(controls_.form, u"请先选择要录入的图册，然后才能继续！"_s);
         return;
     }
+    if (isDemo(state_.targetTable)) {
+        say(controls_.form, onlyForShow);
+        return;
+    }
+    const QString album = controls_.cboBm->currentText();
     const QString description = intakeDescription(browser_.fil1()->FileName(), replaces(), state_.selectedFileCount);
     if (!ask(controls_.form, intakeQuestion(album, replaces(), description))) return;
     lrtc();

@@ -4,6 +4,8 @@
 #include "catalogue/mektp.h"
 #include "intake/intake_texts.h"
 #include "intake/option_buttons.h"
+#include "intake/settings_tab.h"
+#include "platform/base/error.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/file_lists.h"
 #include "platform/desktop/grid.h"
@@ -19,11 +21,11 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-constexpr int intakeTab = 1;
 constexpr int recordButtonLeft = 8250;
 constexpr int columnLeft = 3240, columnWidth = 1770;  ///< Right column beside the lists of folders and files.
 constexpr int buttonLeft = 3960, buttonWidth = 1050, buttonHeight = 345;
@@ -56,8 +58,8 @@ void IntakePage::makeLabels() {
     };
     lblMk_ = make1(u"lblMk"_s, 5750, 735, 2400, 240);
     lblMk_->setText(u"目 标 数 据 库 表"_s);
-    lblJl_ = make1(u"lblJl"_s, 5200, 4880, 4080, 270);
-    infoLines_ = {make1(u"lbl11"_s, 5200, 5175, 1440, 270), make1(u"lbl12"_s, 555, 6480, 2250, 225),
+    lblJl_ = make1(u"lblJl"_s, 5435, 4880, 3750, 270);
+    infoLines_ = {make1(u"lbl11"_s, 5435, 5175, 1245, 225), make1(u"lbl12"_s, 555, 6480, 2250, 225),
                   make1(u"lbl13"_s, 2820, 6480, 1020, 225), make1(u"lbl14"_s, 3855, 6480, 1155, 225)};
 }
 
@@ -102,7 +104,7 @@ void IntakePage::makeButtons() {
         button->setEnabled(false);
         top += buttonPitch;
     }
-    sstFz->putOn(intakeTab, preview_.makeOpener(0, page), recordButtonLeft, 990, 1030, 315);
+    sstFz->putOn(intakeTab, preview_.makeOpener(0, page), recordButtonLeft, 990, 930, 285);
 }
 
 void IntakePage::connectControls() {
@@ -110,17 +112,13 @@ void IntakePage::connectControls() {
     browser_.mode = [this] { return mode(); };
     browser_.filesMayBePicked = [this] { return filesMayBePicked(); };
     connect(&browser_, &BrowserPanel::laidOut, this, run(&IntakePage::arrange));
-    connect(&browser_, &BrowserPanel::driveChanged, this, [this] {
-        if (inFront()) cmdQx_->setEnabled(fromFiles());
-    });
     connect(&browser_, &BrowserPanel::filesListed, this, run(&IntakePage::listFiles));
+    connect(&browser_, &BrowserPanel::filesRead, this, run(&IntakePage::filesRead));
     connect(&browser_, &BrowserPanel::folderChanged, this, run(&IntakePage::chooseFilesAnew));
     connect(&browser_, &BrowserPanel::fileClicked, this, run(&IntakePage::fileClicked));
-    for (int i = 0; i < 2; ++i) {
-        const auto index = static_cast<std::size_t>(i);
-        connect(optYl_[index], &QRadioButton::clicked, this, guarded(controls_.form, [this, i] { optYlClick(i); }));
-        connect(optCz_[index], &QRadioButton::clicked, this, run(&IntakePage::optCzClick));
-    }
+    for (QRadioButton* option : optYl_) connect(option, &QRadioButton::clicked, this, run(&IntakePage::optYlClick));
+    for (QRadioButton* option : optCz_)
+        connect(option, &QRadioButton::clicked, this, run(&IntakePage::chooseFilesAnew));
     connect(cmdQx_, &QPushButton::clicked, this, run(&IntakePage::cmdQxClick));
     connect(cmdLr_, &QPushButton::clicked, this, run(&IntakePage::cmdLrClick));
     connect(cmdQ1_, &QPushButton::clicked, this, run(&IntakePage::cmdQ1Click));
@@ -150,7 +148,9 @@ BrowseMode IntakePage::mode() const {
 }
 
 void IntakePage::enter() {
+    attempt([&] { browser_.dir1()->refresh(); });
     browser_.mlcl();
+    showFileCount();
     state_.currentFolder = browser_.dir1()->Path();
     infoLines_[0]->clear();
     hints_.czts(1);
@@ -158,7 +158,6 @@ void IntakePage::enter() {
     controls_.sstFz->putOn(intakeTab, preview_.cmdCk(0), recordButtonLeft, 990);
     browser_.showOn(intakeTab, 150, 750);
     raiseControls();
-    lblJl_->setText(controls_.cboBm->count() > 0 ? u"请先在上边选择接受图片的图册"_s : u"请先在中“图册设置”建立图册"_s);
     controls_.sstFz->putOn(intakeTab, lblMk_, 5750, 735);
 }
 
@@ -173,21 +172,44 @@ void IntakePage::raiseControls() {
 }
 
 void IntakePage::albumChosen() {
+    const bool demo = isDemo(state_.albumTable);
+    fraLy_->setEnabled(!demo);
+    if (demo) takesNoPictures();
+    if (filesWait_) cmdLr_->setEnabled(state_.selectedFileCount >= 1);
+    filesWait_ = false;
+    preview_.allowOpening(0, true);
+
     state_.sourceTable.clear();
     state_.targetDatabasePath = mekTp::cataloguePath();
     state_.targetTable = state_.albumTable;
     codeButtons_.moveTo(5450, 5415, 13);
-    codeButtons_.bhan();
+    attempt([&] { codeButtons_.bhan(); });
     codeButtons_.moveText(5940, 6165, 1400);
     infoLines_[0]->setText(u"目标表："_s + state_.targetTable);
     showAlbumCount();
     state_.intakeStep = 0;
-    const bool demo = controls_.cboBm->currentText().startsWith(demoTable);
-    fraLy_->setEnabled(!demo);
-    if (!demo) return;
+    if (demo) say(controls_.form, onlyForShow);
+}
+
+/// Gives up whatever was prepared, and lets nothing new be prepared.
+void IntakePage::takesNoPictures() {
+    for (const auto& options : {optYl_, optCz_})
+        for (QRadioButton* option : options) clearOption(option);
     fraFs_->setEnabled(false);
+    browser_.mlcl();
+    showFileCount();
+    filesWait_ = false;
+    state_.pageFree = true;
+    hints_.czts(1);
+}
+
+void IntakePage::albumLost() {
+    filesWait_ = filesWait_ || cmdLr_->isEnabled();
+    fraLy_->setEnabled(false);
     cmdLr_->setEnabled(false);
-    say(controls_.form, u"该表只做演示用，不能录入或编辑！"_s);
+    preview_.allowOpening(0, false);
+    infoLines_[0]->clear();
+    lblJl_->setText(controls_.cboBm->count() > 0 ? u"请先在上边选择接受图片的图册"_s : u"请先在中“图册设置”建立图册"_s);
 }
 
 void IntakePage::showAlbumCount() {
@@ -219,14 +241,23 @@ void IntakePage::arrange() {
 void IntakePage::listFiles() {
     if (browser_.fil1()->isEnabled() && browser_.fil1()->ListCount() >= 2)
         for (QPushButton* button : {cmdQ1_, cmdQx_}) button->setEnabled(true);
+    showFileCount();
+    chooseFilesAnew();
+}
+
+void IntakePage::filesRead() {
+    showFileCount();
+    if (filesMayBePicked()) chooseFilesAnew();
+}
+
+void IntakePage::showFileCount() {
     if (fromFiles())
         browser_.showCountLine();
     else
         browser_.hideCountLine();
-    chooseFilesAnew();
 }
 
-void IntakePage::optYlClick(int index) {
+void IntakePage::optYlClick() {
     browser_.mlcl();
     cmdQx_->setEnabled(false);
     browser_.dir1()->setEnabled(true);
@@ -234,15 +265,8 @@ void IntakePage::optYlClick(int index) {
     browser_.fil1()->setEnabled(filesMayBePicked());
     fraFs_->setEnabled(true);
     cmdQ1_->setEnabled(true);
-    if (index == 1)
-        browser_.hideCountLine();
-    else
-        browser_.showCountLine();
+    showFileCount();
     state_.intakeStep = optYl_[1]->isChecked() ? 1 : 11;
-}
-
-void IntakePage::optCzClick() {
-    chooseFilesAnew();
 }
 
 /// The way of adding or the folder has changed: the files are to be chosen again.
@@ -257,7 +281,7 @@ void IntakePage::chooseFilesAnew() {
     cmdQx_->setEnabled(fromFiles() && fil1->ListCount() > 0);
     if (fromFiles() && replaces()) {
         const QStringList names = browser_.fileNames();
-        if (!std::all_of(names.begin(), names.end(), zhjy)) cmdQx_->setEnabled(false);
+        if (!std::all_of(names.begin(), names.end(), standsForNumber)) cmdQx_->setEnabled(false);
     }
     state_.intakeStep = optYl_[1]->isChecked() ? 2 : 12;
     hints_.czts(11);

@@ -26,9 +26,11 @@ class IntakePage : public QObject {
 
     /// What the page switch does for this page beyond the shared controls.
     void enter();
-    /// What choosing an album does on this page.
+    /// What choosing an album does on this page. The demonstration album takes no pictures.
     void albumChosen();
-    /// Intake follows the current record while the preview is open on this page.
+    /// No album is chosen: nothing can be entered until one is.
+    void albumLost();
+    /// The preview, when it is open on this page, shows the record that is now the current one.
     void recordChanged();
 
   private:
@@ -46,11 +48,17 @@ class IntakePage : public QObject {
 
     void arrange();
     void listFiles();
-    void optYlClick(int index);
-    void optCzClick();
+    void filesRead();
+    void showFileCount();
+    bool targetIsChosen() const;
+    void takesNoPictures();
+    void optYlClick();
     void chooseFilesAnew();
     void fileClicked();
-    bool refuseUnnumbered();
+    bool deselectUnnumbered();
+    void sayUnnumbered();
+    void showSelection();
+    void showNoSelection();
     void cmdQxClick();
     void cmdQ1Click();
     void undoSource();
@@ -80,4 +88,6 @@ class IntakePage : public QObject {
     QLabel* lblJl_ = nullptr;
     std::array<QLabel*, 4> infoLines_{};  ///< lbl11 to lbl14.
     DataControl* datLr_ = nullptr;
+    bool unnumberedTold_ = false;
+    bool filesWait_ = false;  ///< Files were ready for cmdLr when the album was lost.
 };

@@ -61,15 +61,14 @@ class Run {
         table().Fields(u"序号"_s).SetValue(next);
         const Picture picture = look(path);
         if (order_.fillFields) fill(path, picture);
-        note(name, bctp(path, table(), u"j"_s, false));
+        const qint64 length = bctp(path, table(), u"j"_s, false);
         table().Update();
+        note(name, length);
         datLr_.Refresh();
     }
 
     void replaceOne(const QString& name, const QString& path) {
-        state_.replaceNumber = numberOfFile(name);
-        if (datLr_.total() > 0) table().FindFirst(findNumber(state_.replaceNumber));
-        if (datLr_.total() == 0 || table().NoMatch()) {
+        if (!findRecordOf(name)) {
             result_.notFound << name;
             look(path);
             return;
@@ -86,6 +85,14 @@ class Run {
         const qint64 length = bctp(path, table(), u"j"_s, true);
         whole.commit();
         note(name, length);
+    }
+
+    bool findRecordOf(const QString& name) {
+        if (!standsForNumber(name)) return false;
+        state_.replaceNumber = numberOfFile(name);
+        if (datLr_.total() == 0) return false;
+        table().FindFirst(findNumber(state_.replaceNumber));
+        return !table().NoMatch();
     }
 
     /// The picture of a file, also of one that is then left out: a file that is no picture ends the run. An empty file

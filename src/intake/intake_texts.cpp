@@ -4,6 +4,7 @@
 #include "platform/base/conversion.h"
 #include "platform/base/error.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -14,6 +15,10 @@ constexpr int echoWidth = 67;
 constexpr int echoHead = 33;
 constexpr int echoTail = 30;
 constexpr int namesInMessage = 12;
+
+QStringView beforeFirstDot(const QString& name) {
+    return QStringView(name).left(name.contains(u'.') ? name.indexOf(u'.') : name.size());
+}
 }  // namespace
 
 QString selectionEcho(const QStringList& names) {
@@ -45,8 +50,16 @@ QString recordCountLine(const QString& album, int count) {
     return u"表 ["_s + album + u"] 共有记录："_s + QString::number(count) + u" 条"_s;
 }
 
+bool isDemo(const QString& table) {
+    return table.compare(demoTable, Qt::CaseInsensitive) == 0;
+}
+
+bool standsForNumber(const QString& name) {
+    return zhjy(name) && numberFromText(beforeFirstDot(name)) == numericValue(beforeFirstDot(name));
+}
+
 int numberOfFile(const QString& name) {
-    const double number = std::nearbyint(numericValue(name.left(name.indexOf(u'.'))));
+    const double number = std::nearbyint(numericValue(beforeFirstDot(name)));
     if (!(std::abs(number) <= std::numeric_limits<int>::max())) throw Error(u"文件名“%1”超出序号的范围。"_s.arg(name));
     return static_cast<int>(number);
 }

@@ -19,6 +19,14 @@ QString intakeQuestion(const QString& album, bool replace, const QString& descri
 /// Record count of the album on the page.
 QString recordCountLine(const QString& album, int count);
 
+/// Whether an album is the one that is only for show, and what is said to who wants to change it.
+bool isDemo(const QString& table);
+inline const QString onlyForShow = QStringLiteral("该表只做演示用，不能录入或编辑！");
+
+/// Whether the name of a file stands for a 序号: it begins with a number that reads the same with and without its
+/// commas, so that "1,234.jpg" is taken neither for 1 nor for 1234.
+bool standsForNumber(const QString& name);
+
 /// 序号 of the record that a file replaces: the number before the first "." of its name. Throws `Error` that names the
 /// file when it is beyond every 序号.
 int numberOfFile(const QString& name);

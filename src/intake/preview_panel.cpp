@@ -3,6 +3,7 @@
 #include "catalogue/picture_field.h"
 #include "intake/preview_fit.h"
 #include "intake/preview_parts.h"
+#include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
 #include "platform/desktop/data_control.h"
@@ -20,7 +21,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int editingTab = 2;
 constexpr int recordOpener = 2, buttonOpener = 4;
 /// Pictures are decoded for the largest size in which the panel shows them, so that enlarging needs no second look.
 constexpr int largestWidth = 7600, largestHeight = 5700;
@@ -96,6 +96,10 @@ QPushButton* PreviewPanel::cmdCk(int index) const {
     return found == openers_.end() ? nullptr : found->second;
 }
 
+void PreviewPanel::allowOpening(int index, bool on) {
+    cmdCk(index)->setEnabled(on && !(isOpen() && state_.previewIndex == index));
+}
+
 bool PreviewPanel::isOpen() const {
     return fraCk_->isVisibleTo(fraCk_->parentWidget());
 }
@@ -158,7 +162,7 @@ void PreviewPanel::placeParts() {
         const int width = widthOf(fraCk_), height = heightOf(fraCk_);
         place(shpWj_, (width - smallShapeWidth) / 2, (height - smallShapeHeight) / 2, smallShapeWidth,
               smallShapeHeight);
-        place(chkCk_, leftOf(shpWj_) + smallShapeWidth - 860, topOf(shpWj_) + smallShapeHeight + 80, 855, 180);
+        place(chkCk_, leftOf(shpWj_) + smallShapeWidth - 860, topOf(shpWj_) + smallShapeHeight + 80, 855, 270);
         int distance = 3000;
         for (QPushButton* button : {cmdAz_, cmdAq_, cmdCg_}) {
             place(button, width - distance, height - 435, 855, 345);
@@ -222,7 +226,8 @@ QString PreviewPanel::readRecord() {
     Recordset& records = controls_.datBj->Recordset();
     const QSize target = ImageBox::targetSize(imgWj_, rectFromTwips(0, 0, largestWidth, largestHeight).size());
     attempt([&] {
-        if (records.Fields(u"图片"_s).isNull())
+        const Field field = records.Fields(u"图片"_s);
+        if (field.isNull() || field.FieldSize() == 0)
             imgWj_->setPicture({});
         else
             readPictureField(records, u"图片"_s, *imgWj_, target);

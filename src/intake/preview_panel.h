@@ -25,6 +25,9 @@ class PreviewPanel : public QObject {
     QPushButton* makeOpener(int index, QWidget* parent);
     QPushButton* cmdCk(int index) const;
 
+    /// Whether `cmdCk(index)` may open the panel; the one that has opened it stays disabled until it is closed.
+    void allowOpening(int index, bool on);
+
     bool isOpen() const;
 
     void cmdCkClick(int index);

@@ -20,6 +20,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+/// A picture of which only the size is wanted may be decoded as small as the decoder can.
+constexpr QSize sizeOnly{1, 1};
+
 /// Scratch picture that the editor may have left behind.
 void removeScratchPicture() {
     const QString path = joinedPath(programFolder(), u"ls.jpg"_s);
@@ -75,7 +78,9 @@ void PreviewPanel::cmdAqClick() {
 }
 
 void PreviewPanel::storeForButton() {
-    const QString warning = buttonPictureWarning(pictureSize());
+    // The file itself is measured: the panel goes on showing an older picture when a file is none.
+    const Picture picture = LoadPicture(state_.newPictureFile, sizeOnly);
+    const QString warning = buttonPictureWarning({picture.Width(), picture.Height()});
     if (!warning.isEmpty()) {
         say(controls_.form,
             u"本图片的尺寸不适合作为按钮图片，("_s + warning +
@@ -91,7 +96,7 @@ void PreviewPanel::storeForButton() {
 
 void PreviewPanel::storeInRecord() {
     const QString path = state_.newPictureFile;
-    const Picture picture = LoadPicture(path, QSize(1, 1));
+    const Picture picture = LoadPicture(path, sizeOnly);
     Recordset& records = controls_.datBj->Recordset();
     const QString number = records.Fields(u"序号"_s).Value().textOr();
     QFile file(path);
@@ -116,7 +121,7 @@ void PreviewPanel::storeInRecord() {
         throw;
     }
     controls_.datBj->Refresh();
-    controls_.datBj->findFirst(u"序号 = "_s + number);
+    if (!number.isEmpty()) controls_.datBj->findFirst(u"序号 = "_s + number);
     file.close();
     removeScratchPicture();
     cmdAq_->setEnabled(false);

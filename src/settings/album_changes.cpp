@@ -4,6 +4,7 @@
 #include "platform/base/error.h"
 
 #include <algorithm>
+#include <functional>
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -2,6 +2,8 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
+#include "intake/intake_texts.h"
+#include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/message_box.h"
@@ -23,7 +25,7 @@ const QString cancels = u"撤 消"_s;
 }  // namespace
 
 AlbumGroup::AlbumGroup(SharedControls& controls, FormState& state) : controls_(controls), state_(state) {
-    auto* fra3 = makeGroup(controls.sstFz, 0, u"fra3"_s, u"分图册设置"_s, {5070, 2430, 4350, 1965});
+    auto* fra3 = makeGroup(controls.sstFz, setupTab, u"fra3"_s, u"分图册设置"_s, {5070, 2430, 4350, 1965});
     cboFc = makeLabelled<QComboBox>(fra3, u"cboFc"_s, u"分图册选择："_s, {150, rowTop(0)}, 1100, 2950);
     txtXc = makeLabelled<TextBox>(fra3, u"txtXc"_s, u"序号："_s, {150, rowTop(1)}, 600, 650);
     txtBc = makeLabelled<TextBox>(fra3, u"txtBc"_s, u"表名："_s, {1500, rowTop(1)}, 600, 950);
@@ -53,10 +55,7 @@ void AlbumGroup::addLine(const QString& line) {
 void AlbumGroup::removeLine(const QString& table) {
     removeAlbumLine(*cboFc, table);
     if (txtBc->text() != table) return;
-    if (isEditing()) {
-        endEditing();
-        state_.pageFree = true;
-    }
+    leaveEditing();
     showNone();
 }
 
@@ -82,10 +81,24 @@ void AlbumGroup::showNone() {
 }
 
 void AlbumGroup::cboFcClick() {
-    attempt([&] {
-        if (const auto album = findAlbum(mekTp::catalogue, chosenTable())) show(*album);
-    });
-    const bool changeable = chosenTable() != demoTable;
+    attempt([&] { showRowOf(chosenTable()); });
+}
+
+/// Shows an album's row of the directory; without one there is nothing to edit.
+void AlbumGroup::showRowOf(const QString& table) {
+    const auto album = findAlbum(mekTp::catalogue, table);
+    if (!album) {
+        leaveEditing();
+        showNone();
+        return;
+    }
+    show(*album);
+    enableButtons();
+}
+
+void AlbumGroup::enableButtons() {
+    // While the remark is edited, both ways out stay open whichever album is looked at.
+    const bool changeable = isEditing() || (!txtBc->text().isEmpty() && !isDemo(txtBc->text()));
     cmdFc->setEnabled(changeable);
     cmdFs->setEnabled(changeable);
 }
@@ -106,7 +119,16 @@ void AlbumGroup::startEditing() {
 }
 
 void AlbumGroup::storeEdited() {
-    storeRemark(mekTp::catalogue, chosenTable(), txt1c->text());
+    if (isDemo(txtBc->text())) {
+        say(controls_.form, onlyForShow);
+        return;
+    }
+    storeRemark(mekTp::catalogue, txtBc->text(), txt1c->text());
+    leaveEditing();
+}
+
+void AlbumGroup::leaveEditing() {
+    if (!isEditing()) return;
     endEditing();
     state_.pageFree = true;
 }
@@ -115,6 +137,7 @@ void AlbumGroup::endEditing() {
     txt1c->setLocked(true);
     cmdFc->setText(atRest);
     cmdFs->setText(deletes);
+    enableButtons();
 }
 
 void AlbumGroup::cmdFsClick() {
@@ -125,9 +148,8 @@ void AlbumGroup::cmdFsClick() {
 }
 
 void AlbumGroup::cancelEditing() {
-    if (const auto album = findAlbum(mekTp::catalogue, chosenTable())) show(*album);
-    endEditing();
-    state_.pageFree = true;
+    showRowOf(txtBc->text());
+    leaveEditing();
 }
 
 void AlbumGroup::deleteShown() {

@@ -33,7 +33,10 @@ class AlbumGroup : public QObject {
     void storeEdited();
     void cancelEditing();
     void deleteShown();
+    void leaveEditing();
     void endEditing();
+    void enableButtons();
+    void showRowOf(const QString& table);
     bool isEditing() const;
     QString chosenTable() const;
     void show(const Album& album);

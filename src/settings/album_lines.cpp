@@ -41,6 +41,7 @@ void removeAlbumLine(QComboBox& chooser, const QString& table) {
     chooser.removeItem(line);
 }
 
-bool offersAlbumLine(const QComboBox& chooser, const QString& table) {
-    return lineOf(chooser, table) >= 0;
+QString offeredTable(const QComboBox& chooser, const QString& text) {
+    const int line = lineOf(chooser, tableOfLine(text));
+    return line < 0 ? QString() : tableOfLine(chooser.itemText(line));
 }

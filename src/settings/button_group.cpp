@@ -1,5 +1,6 @@
 #include "settings/button_group.h"
 
+#include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/message_box.h"
@@ -14,7 +15,7 @@ using namespace Qt::Literals::StringLiterals;
 
 ButtonGroup::ButtonGroup(SharedControls& controls, FormState& state, PreviewPanel& preview)
     : controls_(controls), state_(state), preview_(preview) {
-    fraAs = makeGroup(controls.sstFz, 0, u"fraAs"_s, u"图片选择按钮设置"_s, {180, 780, 4770, 5880});
+    fraAs = makeGroup(controls.sstFz, setupTab, u"fraAs"_s, u"图片选择按钮设置"_s, {180, 780, 4770, 5880});
     makeCaption(fraAs, u"可在上表中用鼠标单击选择要修改的按钮"_s, 200, 3820, 4330);
 
     const std::array captions{u"按序号排序"_s, u"按编号排序"_s};

@@ -2,12 +2,11 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
+#include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/list_box.h"
 #include "platform/desktop/tab_control.h"
-
-#include <QComboBox>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -28,15 +27,18 @@ void fillCodes(ListBox& list, const QString& source, const QString& album) {
 EditingPage::EditingPage(SharedControls& controls, FormState& state, HintLine& hints)
     : controls_(controls), state_(state), hints_(hints) {
     controls.datBj->setCaption(u"移动记录"_s);
-    controls.sstFz->putOn(2, controls.datBj, 5760, 3480, 3165, 375);
+    controls.sstFz->putOn(editingTab, controls.datBj, 5760, 3480, 3165, 375);
     controls.lstBh->setColumns(3);
-    controls.sstFz->putOn(2, controls.lstBh, 5760, 1300, 3165, 2040);
+    controls.sstFz->putOn(editingTab, controls.lstBh, 5760, 1300, 3165, 2040);
 }
 
 void EditingPage::enter() {
     hints_.show(u"操作提示：请在左侧选择要编辑的图片"_s);
     attempt([&] { fillCodes(*controls_.lstBh, u"tcan"_s, {}); });
-    if (controls_.cboBm->currentText().isEmpty()) controls_.lstBh->setEnabled(false);
+}
+
+void EditingPage::albumLost() {
+    controls_.lstBh->setEnabled(false);
 }
 
 void EditingPage::albumChosen() {

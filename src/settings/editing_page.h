@@ -12,6 +12,7 @@ class EditingPage : public SettingsPage {
 
     void enter() override;
     void albumChosen() override;
+    void albumLost() override;
 
   private:
     SharedControls& controls_;

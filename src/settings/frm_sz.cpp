@@ -3,6 +3,7 @@
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
 #include "platform/base/error.h"
+#include "platform/desktop/busy.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/grid.h"
 #include "platform/desktop/list_box.h"
@@ -20,6 +21,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -30,33 +32,22 @@ constexpr int windowHeight = 7200;
 constexpr int tabsHeight = 6840;
 constexpr int outerFrameHeight = 6375;
 constexpr int innerFrameHeight = 6320;
-constexpr int chooserHeight = 330;
+constexpr int chooserHeight = 285;
 
 const QColor hintColor(0, 0, 192);
 const QColor captionHintColor(255, 0, 0);
 
 /// The intake page among the pages of the frame.
-class IntakeTab : public SettingsPage {
+class IntakeTabPage : public SettingsPage {
   public:
-    explicit IntakeTab(IntakePage& page) : page_(page) {}
+    explicit IntakeTabPage(IntakePage& page) : page_(page) {}
     void enter() override { page_.enter(); }
     void albumChosen() override { page_.albumChosen(); }
+    void albumLost() override { page_.albumLost(); }
     void recordChanged() override { page_.recordChanged(); }
 
   private:
     IntakePage& page_;
-};
-
-/// The hourglass over a control while a handler runs.
-class Hourglass {
-  public:
-    explicit Hourglass(QWidget* control) : control_(control) { control_->setCursor(Qt::WaitCursor); }
-    ~Hourglass() { control_->unsetCursor(); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-
-  private:
-    QWidget* control_;
 };
 
 }  // namespace
@@ -76,7 +67,7 @@ frmSz::frmSz(Windows& windows, QWidget* parent) : QWidget(parent), windows_(wind
 
     auto setup = std::make_unique<SetupPage>(shared_, state_, *hints_, *preview_);
     setup_ = setup.get();
-    pages_ = {std::move(setup), std::make_unique<IntakeTab>(*intake_),
+    pages_ = {std::move(setup), std::make_unique<IntakeTabPage>(*intake_),
               std::make_unique<EditingPage>(shared_, state_, *hints_),
               std::make_unique<TransferPage>(shared_, state_, *hints_, *codeButtons_)};
 
@@ -92,25 +83,25 @@ void frmSz::makeSharedControls() {
     place(sstFz, 0, 0, windowWidth, tabsHeight - mekTp::titleBarExtra);
     for (const QString& caption : {u"图册设置"_s, u"图片录入"_s, u"图册编辑"_s, u"图片转存"_s}) sstFz->addPage(caption);
 
-    shpWk = make<ShapeBox>(sstFz->page(0), u"shpWk"_s);
-    shpNk = make<ShapeBox>(sstFz->page(0), u"shpNk"_s);
+    shpWk = make<ShapeBox>(sstFz->page(setupTab), u"shpWk"_s);
+    shpNk = make<ShapeBox>(sstFz->page(setupTab), u"shpNk"_s);
     for (ShapeBox* shape : {shpWk, shpNk}) shape->setBorderWidth(2);
 
-    shared_.lblTs = make<QLabel>(sstFz->page(0), u"lblTs"_s);
-    shared_.lblXc = make<QLabel>(sstFz->page(1), u"lblXc"_s);
-    shared_.lbl1 = make<QLabel>(sstFz->page(1), u"lbl1"_s, u"请先选择图册"_s);
+    shared_.lblTs = make<QLabel>(sstFz->page(setupTab), u"lblTs"_s);
+    shared_.lblXc = make<QLabel>(sstFz->page(intakeTab), u"lblXc"_s);
+    shared_.lbl1 = make<QLabel>(sstFz->page(intakeTab), u"lbl1"_s, u"请先选择图册"_s);
 
-    auto* cboBm = shared_.cboBm = make<QComboBox>(sstFz->page(1), u"cboBm"_s);
+    auto* cboBm = shared_.cboBm = make<QComboBox>(sstFz->page(intakeTab), u"cboBm"_s);
     cboBm->setEditable(true);
     cboBm->setInsertPolicy(QComboBox::NoInsert);
 
-    shared_.datBj = make<DataControl>(sstFz->page(2), u"datBj"_s);
-    shared_.msgBm = make<Grid>(sstFz->page(0), u"msgBm"_s);
+    shared_.datBj = make<DataControl>(sstFz->page(editingTab), u"datBj"_s);
+    shared_.msgBm = make<Grid>(sstFz->page(setupTab), u"msgBm"_s);
     shared_.msgBm->bind(shared_.datBj);
-    shared_.lstBh = make<ListBox>(sstFz->page(2), u"lstBh"_s);
-    shared_.lstSu = make<ListBox>(sstFz->page(1), u"lstSu"_s);
+    shared_.lstBh = make<ListBox>(sstFz->page(editingTab), u"lstBh"_s);
+    shared_.lstSu = make<ListBox>(sstFz->page(intakeTab), u"lstSu"_s);
     shared_.lstSu->hide();
-    shared_.prg2 = make<QProgressBar>(sstFz->page(2), u"prg2"_s);
+    shared_.prg2 = make<QProgressBar>(sstFz->page(editingTab), u"prg2"_s);
     shared_.prg2->hide();
 }
 
@@ -140,17 +131,18 @@ void frmSz::load() {
     datBj->setDatabaseName(mekTp::cataloguePath());
     datBj->setRecordSource(u"SELECT * FROM "_s + mekTp::currentTable + u" ORDER BY [序号]"_s);
     attempt([&] { datBj->Refresh(); });
-    shared_.sstFz->setCurrentIndex(0);
+    shared_.sstFz->setCurrentIndex(setupTab);
     sstFzClick();
 }
 
 void frmSz::connectEvents() {
-    connect(shared_.sstFz, &QTabWidget::currentChanged, this, [this] { sstFzClick(); });
+    connect(shared_.sstFz, &QTabWidget::currentChanged, this, guarded(this, [this] { sstFzClick(); }));
     connect(shared_.sstFz, &TabControl::mouseMovedAt, this, &frmSz::pointerMoved);
-    connect(shared_.cboBm, &QComboBox::activated, this, [this] { cboBmClick(); });
-    connect(shared_.cboBm->lineEdit(), &QLineEdit::returnPressed, this, [this] { cboBmEnter(); });
+    connect(shared_.cboBm, &QComboBox::activated, this, guarded(this, [this] { cboBmClick(); }));
+    connect(shared_.cboBm->lineEdit(), &QLineEdit::returnPressed, this, guarded(this, [this] { cboBmEnter(); }));
+    connect(shared_.cboBm->lineEdit(), &QLineEdit::textEdited, this, guarded(this, [this] { cboBmTyped(); }));
     connect(shared_.msgBm, &Grid::rowClicked, this, guarded(this, [this](int row) { msgBmClick(row); }));
-    connect(shared_.datBj, &DataControl::repositioned, this, [this] { attempt([&] { page().recordChanged(); }); });
+    connect(shared_.datBj, &DataControl::repositioned, this, guarded(this, [this] { page().recordChanged(); }));
 }
 
 SettingsTab frmSz::tab() const {
@@ -177,8 +169,13 @@ void frmSz::sstFzClick() {
     if (!albumIsChosen()) shared_.msgBm->Clear();
 
     placeSharedControls();
-    attempt([&] { page().enter(); });
-    if (tab() != SettingsTab::setup && albumIsChosen()) cboBmClick();
+    page().enter();
+    if (tab() != setupTab) {
+        if (albumIsChosen())
+            cboBmClick();
+        else
+            loseAlbum();
+    }
     showHint(state_.hintText, hintColor);
 }
 
@@ -188,7 +185,7 @@ void frmSz::placeSharedControls() {
     const PageLayout& layout = layoutOf(tab());
 
     sstFz->putOn(page, shared_.lblTs, 225, 495, 9150, 210);
-    shared_.datBj->setVisible(tab() == SettingsTab::editing);
+    shared_.datBj->setVisible(tab() == editingTab);
 
     sstFz->putOn(page, shpWk, 70, 370, windowWidth - 140, outerFrameHeight - mekTp::titleBarExtra);
     sstFz->putOn(page, shpNk, 100, 400, windowWidth - 200, innerFrameHeight - mekTp::titleBarExtra);
@@ -198,7 +195,7 @@ void frmSz::placeSharedControls() {
     shpWk->lower();
 
     Grid* msgBm = shared_.msgBm;
-    if (tab() == SettingsTab::setup) {
+    if (tab() == setupTab) {
         msgBm->setParent(setup_->gridFrame());
         place(msgBm, layout.grid.x(), layout.grid.y(), layout.grid.width(), layout.grid.height());
     } else {
@@ -216,8 +213,8 @@ void frmSz::placeSharedControls() {
         sstFz->putOn(page, shared_.cboBm, box.x(), box.y(), width, chooserHeight);
     }
     if (layout.codesLabel) sstFz->putOn(page, shared_.lbl1, layout.codesLabel->x(), layout.codesLabel->y(), 1350, 225);
-    shared_.lstBh->setVisible(tab() == SettingsTab::editing);
-    if (tab() == SettingsTab::intake) {
+    shared_.lstBh->setVisible(tab() == editingTab);
+    if (tab() == intakeTab) {
         shared_.lstSu->hide();
         sstFz->putOn(page, shared_.lstSu, 5200, 5115, 4015, 1320);
     }
@@ -226,22 +223,39 @@ void frmSz::placeSharedControls() {
 // The choice of an album. What fails in between leaves its own control as it was.
 void frmSz::cboBmClick() {
     const Hourglass hourglass(shared_.cboBm);
-    const QString table = tableOfLine(shared_.cboBm->currentText());
     // Text can be typed: only a table that the list offers is an album; any other table of the catalogue is not for
     // pictures.
-    if (!offersAlbumLine(*shared_.cboBm, table)) {
-        shared_.msgBm->Clear();
+    const QString table = offeredTable(*shared_.cboBm, shared_.cboBm->currentText());
+    if (table.isEmpty()) {
+        loseAlbum();
         return;
     }
     state_.albumTable = table;
     shared_.datBj->setRecordSource(u"SELECT * FROM "_s + table + u" ORDER BY [序号]"_s);
     attempt([&] { shared_.datBj->Refresh(); });
-    attempt([&] { page().albumChosen(); });
+    page().albumChosen();
+}
+
+void frmSz::loseAlbum() {
+    state_.albumTable.clear();
+    state_.targetTable.clear();
+    shared_.msgBm->Clear();
+    codeButtons_->ycbh();
+    shared_.lbl1->setText(u"请先选择图册"_s);
+    page().albumLost();
+}
+
+/// What is being typed is no choice before Enter, and the album chosen before no longer is one.
+void frmSz::cboBmTyped() {
+    const QString typed = tableOfLine(shared_.cboBm->currentText());
+    if (typed.compare(state_.albumTable, Qt::CaseInsensitive) != 0) loseAlbum();
 }
 
 void frmSz::cboBmEnter() {
+    // A whole line that was typed is chosen by the list itself.
+    const bool isLine = shared_.cboBm->findText(shared_.cboBm->currentText()) >= 0;
     shared_.cboBm->setEditText(shared_.cboBm->currentText() + u' ');
-    cboBmClick();
+    if (!isLine) cboBmClick();
 }
 
 void frmSz::msgBmClick(int row) {

@@ -39,6 +39,8 @@ class frmSz : public QWidget {
     void placeSharedControls();
     void cboBmClick();
     void cboBmEnter();
+    void cboBmTyped();
+    void loseAlbum();
     void msgBmClick(int row);
     void pointerMoved(int x, int y);
     void showHint(const QString& text, const QColor& color);

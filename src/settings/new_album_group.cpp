@@ -2,6 +2,7 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
+#include "intake/settings_tab.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/tab_control.h"
@@ -10,6 +11,7 @@
 #include "settings/form_parts.h"
 
 #include <QPushButton>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -19,7 +21,7 @@ const QString pending = u"确 定"_s;
 }  // namespace
 
 NewAlbumGroup::NewAlbumGroup(SharedControls& controls, FormState& state) : controls_(controls), state_(state) {
-    auto* Frame2 = makeGroup(controls.sstFz, 0, u"Frame2"_s, u"建立新图册"_s, {5070, 780, 4350, 1575});
+    auto* Frame2 = makeGroup(controls.sstFz, setupTab, u"Frame2"_s, u"建立新图册"_s, {5070, 780, 4350, 1575});
     lblXh = makeLabelled<QLabel>(Frame2, u"lblXh"_s, u"序号："_s, {150, rowTop(0)}, 600, 700);
     txtBa = makeLabelled<TextBox>(Frame2, u"txtBa"_s, u"表名："_s, {1500, rowTop(0)}, 600, 950);
     txtBb = makeLabelled<TextBox>(Frame2, u"txtBb"_s, u"标题："_s, {150, rowTop(1)}, 600, 2300);
@@ -42,6 +44,7 @@ NewAlbumGroup::NewAlbumGroup(SharedControls& controls, FormState& state) : contr
 
 void NewAlbumGroup::reset() {
     emptyBoxes();
+    txtBz->clear();
     txtBz->setLocked(true);
     cmdJl->setText(atRest);
 }
@@ -52,7 +55,7 @@ bool NewAlbumGroup::hasProposal() const {
 
 void NewAlbumGroup::emptyBoxes() {
     lblXh->clear();
-    for (TextBox* box : {txtBa, txtBb, txtBz}) box->clear();
+    for (TextBox* box : {txtBa, txtBb}) box->clear();
     createdTable_.clear();
     nameToCheck_ = false;
 }

@@ -1,13 +1,12 @@
 #pragma once
 
+#include "intake/settings_tab.h"
+
 #include <QColor>
 #include <QPoint>
 #include <QRect>
 #include <QString>
 #include <optional>
-
-/// The pages of the settings window, by the index of their tab.
-enum class SettingsTab { setup, intake, editing, transfer };
 
 /// Where the controls that all pages share stand on one page, in twips of the tab control (the grid of the page
 /// 图册设置: of the frame fraAs).

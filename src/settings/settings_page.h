@@ -10,6 +10,8 @@ class SettingsPage {
     virtual void enter() = 0;
     /// An album was chosen in cboBm while this page is in front; datBj stands on its records.
     virtual void albumChosen() {}
+    /// No album is chosen: cboBm is empty, or what was typed there is none.
+    virtual void albumLost() {}
     /// A line of the grid was clicked; its record is the current one of datBj.
     virtual void rowClicked() {}
     /// Another record is the current one of datBj.

@@ -27,6 +27,6 @@ void SetupPage::enter() {
         u"操作提示：按《开始》或《编辑》按钮开始操作。如修改图片选择按钮请在上表中点击，如添加请按添加按钮。"_s);
     newAlbum_.reset();
     attempt([&] { buttons_.reset(); });
-    attempt([&] { title_.reset(); });
+    title_.reset();
     attempt([&] { album_.reset(); });
 }

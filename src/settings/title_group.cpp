@@ -1,6 +1,8 @@
 #include "settings/title_group.h"
 
 #include "catalogue/mektp.h"
+#include "intake/settings_tab.h"
+#include "platform/base/error.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
@@ -27,7 +29,7 @@ void OptionCheck::focusInEvent(QFocusEvent* event) {
 }
 
 TitleGroup::TitleGroup(SharedControls& controls, FormState& state) : controls_(controls), state_(state) {
-    auto* Frame1 = makeGroup(controls.sstFz, 0, u"Frame1"_s, u"主标题及显示设置"_s, {5070, 4470, 4350, 1185});
+    auto* Frame1 = makeGroup(controls.sstFz, setupTab, u"Frame1"_s, u"主标题及显示设置"_s, {5070, 4470, 4350, 1185});
     txtXt = makeLabelled<TextBox>(Frame1, u"txtXt"_s, u"图册主标题："_s, {150, rowTop(0)}, 1100, 1800);
     cmdBt = makeButton(Frame1, u"cmdBt"_s, atRest, 3200, rowTop(0));
     const std::array captions{u"显示标签"_s, u"全屏显示"_s};
@@ -59,18 +61,16 @@ void TitleGroup::reset() {
     cmdBt->setText(atRest);
     cmdBt->setEnabled(true);
 
-    Recordset settings = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcsz"_s);
-    settings.MoveFirst();
+    Recordset settings;
+    attempt([&] { settings = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcsz"_s); });
     const auto isOn = [&](const QString& column) {
         const Variant value = settings.Fields(column).Value();
         return !value.isNull() && value.toBool();
     };
-    {
-        const QSignalBlocker silent(txtXt);
-        txtXt->setText(settings.Fields(u"像册标题"_s).Value().textOr());
-    }
-    chkB1.at(0)->setChecked(isOn(u"显示标签"_s));
-    chkB1.at(1)->setChecked(isOn(u"全屏显示"_s));
+    const QSignalBlocker silent(txtXt);
+    attempt([&] { txtXt->setText(settings.Fields(u"像册标题"_s).Value().textOr()); });
+    attempt([&] { chkB1.at(0)->setChecked(isOn(u"显示标签"_s)); });
+    attempt([&] { chkB1.at(1)->setChecked(isOn(u"全屏显示"_s)); });
 }
 
 void TitleGroup::cmdBtClick() {

@@ -31,7 +31,7 @@ class TitleGroup : public QObject {
   public:
     TitleGroup(SharedControls& controls, FormState& state);
 
-    /// Back to rest with the stored values. Throws `Error` when they cannot be read.
+    /// Back to rest with the stored values; what cannot be read stays as it is.
     void reset();
 
   private:

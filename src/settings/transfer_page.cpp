@@ -2,19 +2,12 @@
 
 #include "catalogue/mektp.h"
 #include "platform/base/error.h"
-#include "platform/desktop/list_box.h"
-#include "platform/desktop/tab_control.h"
 
 TransferPage::TransferPage(SharedControls& controls, FormState& state, HintLine& hints, CodeButtons& codeButtons)
     : controls_(controls), state_(state), hints_(hints), codeButtons_(codeButtons) {}
 
 void TransferPage::enter() {
     hints_.czts(2);
-    ListBox* lstSu = controls_.lstSu;
-    lstSu->clear();
-    lstSu->setColumns(5);
-    controls_.sstFz->putOn(3, lstSu, 5500, 1180, 1950, 2600);
-    lstSu->show();
 }
 
 void TransferPage::albumChosen() {
@@ -24,6 +17,5 @@ void TransferPage::albumChosen() {
     codeButtons_.moveTo(7830, 1230, 4);
     attempt([&] { codeButtons_.bhan(); });
     codeButtons_.moveText(7770, 3470, 1185);
-    controls_.lstSu->clear();
     state_.intakeStep = 0;
 }

@@ -199,6 +199,23 @@ class TestBrowser : public QObject {
         QCOMPARE(bench.panel->dir1()->Path(), bench.folder.path());
     }
 
+    void driveThatIsNotReady() {
+        Bench bench(BrowseMode::targetFolder);
+        bench.panel->dir1()->setPath(bench.folder.path());
+        int folders = 0;
+        connect(bench.panel.get(), &BrowserPanel::folderChanged, this, [&] { ++folders; });
+        auto& drv1 = *bench.panel->drv1();
+        const QString drive = drv1.currentText();
+        drv1.addItem(bench.path(u"无"_s));
+        drv1.setCurrentIndex(drv1.count() - 1);
+        QCOMPARE(drv1.currentText(), drive);
+        QCOMPARE(bench.panel->dir1()->Path(), bench.folder.path());
+        QCOMPARE(bench.echo(), bench.folder.path());
+        QCOMPARE(bench.state.currentFolder, bench.folder.path());
+        QCOMPARE(folders, 0);
+        QVERIFY(bench.said.isEmpty());
+    }
+
     void closes() {
         Bench bench(BrowseMode::targetFolder);
         bench.state.pageFree = false;

@@ -31,6 +31,13 @@ class IntakeWindow : public SettingsWindow {
         option(QStringLiteral("optCz(%1)").arg(way));
         get<DirList>(QStringLiteral("dir1")).setPath(pictures.path());
     }
+    /// Types into the chooser of albums.
+    void typeAlbum(const QString& text, bool enter) const {
+        auto& chooser = get<QComboBox>(QStringLiteral("cboBm"));
+        chooser.lineEdit()->selectAll();
+        QTest::keyClicks(&chooser, text);
+        if (enter) QTest::keyClick(&chooser, Qt::Key_Return);
+    }
     void option(const QString& name) const {
         QTest::mouseClick(&get<QRadioButton>(name), Qt::LeftButton, {}, QPoint(8, 10));
     }

@@ -132,6 +132,13 @@ class TestPreview : public QObject {
         QVERIFY(bench.image().picture().isNull());
         QVERIFY(bench.line().startsWith(u"tc01 旅行 序号：5\n"_s));
 
+        bench.goTo(4);
+        bench.panel->chkCkClick();
+        putValue(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, u"图片"_s, QByteArray(""));
+        bench.goTo(5);
+        bench.panel->chkCkClick();
+        QVERIFY(bench.image().picture().isNull());
+
         bench.show(u"SELECT * FROM tc02 ORDER BY [序号]"_s);
         bench.panel->chkCkClick();
         QCOMPARE(bench.line(), QString());

@@ -68,11 +68,38 @@ class TestIntakeRules : public QObject {
         QVERIFY_THROWS_EXCEPTION(Error, numberOfFile(u"99999999999.jpg"_s));
     }
 
+    void namesThatStandForNumbers() {
+        for (const QString& name : {u"12.jpg"_s, u"1.5.jpg"_s, u" 3 .jpg"_s, u"007.bmp"_s})
+            QVERIFY2(standsForNumber(name), qPrintable(name));
+        for (const QString& name : {u"1,234.jpg"_s, u"12a.jpg"_s, u"photo.jpg"_s, u"1 2.jpg"_s, u".jpg"_s})
+            QVERIFY2(!standsForNumber(name), qPrintable(name));
+    }
+
+    void hints_data() {
+        QTest::addColumn<int>("number");
+        QTest::addColumn<QString>("text");
+        const QStringList texts{
+            QString(),
+            u"先选择目标图册，然后“图片来源”，再“添加方式”"_s,
+            u"先选择源图册数据表，选完后再在左侧表格中点击要转存的记录，接着再确定“数据转存目标”"_s,
+            u"在左侧目录框中选择“目标数据库”，选完后再确定“目标数据表”"_s,
+            u"在左侧目录框中选择“目标文件夹”，选完后再按“确定”。也可按“新建文件夹”新建。"_s,
+            u"确定对应字段，即点击与目标表对应的源表字段文本框，在出现的列表框中选择或按“全部对应”。"_s,
+            u"请在右边表格中选择数据源要复制的记录，或者直接按“全部记录”按钮。"_s,
+            u"接受图片的数据表已经确定，请按“关闭本框”按钮关闭本框，再进行复制或移动图片。"_s,
+            u"共选中：5条，按《录入图册》录入，按《取消》返回前步。"_s,
+            u"请在文件列表框中选择要录入的图片文件或者直接按“选择全部”按钮。"_s,
+            u"请填入新建文件夹名称后按“新建确定”按钮完成新建或按“新建撤消”按钮撤消。"_s,
+            u"在左侧目录框中选择“来源数据库”，选完后再确定“来源数据表”"_s,
+            QString(),
+        };
+        for (int i = 0; i < texts.size(); ++i) QTest::addRow("%d", i) << i << texts[i];
+        QTest::newRow("20") << 20 << u"选择图册可重新开始。"_s;
+        QTest::newRow("21") << 21 << QString();
+    }
     void hints() {
-        QCOMPARE(hintTail(1, 0), u"先选择目标图册，然后“图片来源”，再“添加方式”"_s);
-        QCOMPARE(hintTail(8, 5), u"共选中：5条，按《录入图册》录入，按《取消》返回前步。"_s);
-        QCOMPARE(hintTail(12, 0), QString());
-        QCOMPARE(hintTail(20, 0), u"选择图册可重新开始。"_s);
+        QFETCH(int, number);
+        QTEST(hintTail(number, 5), "text");
     }
 
     void report_data() {

@@ -82,6 +82,7 @@ class TestSettingsFrame : public QObject {
         }
         QCOMPARE(window.get<DataControl>(u"datBj"_s).isVisible(), tab == 2);
         QCOMPARE(window.get<ListBox>(u"lstBh"_s).isVisible(), tab == 2);
+        QVERIFY(!window.get<ListBox>(u"lstSu"_s).isVisible());
     }
 
     void hintFollowsThePointer() {

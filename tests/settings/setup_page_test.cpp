@@ -77,6 +77,7 @@ class TestSetupPage : public QObject {
         SettingsWindow window;
         window.choose(u"cboFc"_s, u"tc02"_s);
         propose(window, u"tc07"_s);  // bears number 3, as tc02 does
+        window.box(u"txtBz"_s).setText(u"海边"_s);
         window.click(u"cmdJl"_s);
         window.box(u"txtBa"_s).setText(u"tc01"_s);
         const QString offered = valueOf(presetRow, u"图册"_s);
@@ -99,7 +100,8 @@ class TestSetupPage : public QObject {
         QCOMPARE(window.lines(u"cboBm"_s).size(), 3);
         QCOMPARE(window.lines(u"cboFc"_s).size(), 3);
         QCOMPARE(window.get<QComboBox>(u"cboFc"_s).currentText(), u"tc02 空册"_s);
-        QCOMPARE(window.text(u"txtBa"_s), QString());
+        for (const QString& name : {u"txtBa"_s, u"txtBb"_s}) QCOMPARE(window.text(name), QString());
+        QCOMPARE(window.text(u"txtBz"_s), u"海边"_s);
         QVERIFY(!window.button(u"cmdSx"_s).isEnabled());
     }
 
@@ -244,6 +246,34 @@ class TestSetupPage : public QObject {
         QCOMPARE(window.button(u"cmdFc"_s).text(), u"编 辑"_s);
         QCOMPARE(window.button(u"cmdFs"_s).text(), u"删 除"_s);
         QVERIFY(window.boxes.isEmpty());
+    }
+
+    void anotherAlbumWhileEditing() {
+        SettingsWindow window;
+        const auto remarkOf = [](const QString& table) {
+            return valueOf(u"SELECT * FROM tcbm WHERE 表名 = "_s + quoted(table), u"备注"_s);
+        };
+        const QString demo = remarkOf(u"tc00"_s);
+        window.choose(u"cboFc"_s, u"tc01"_s);
+        window.click(u"cmdFc"_s);
+        window.choose(u"cboFc"_s, u"tc00"_s);
+        QVERIFY(window.button(u"cmdFc"_s).isEnabled() && window.button(u"cmdFs"_s).isEnabled());
+        window.box(u"txt1c"_s).setText(u"不行"_s);
+        window.click(u"cmdFc"_s);
+        QCOMPARE(window.said(), QStringList{u"该表只做演示用，不能录入或编辑！"_s});
+        QCOMPARE(remarkOf(u"tc00"_s), demo);
+        window.choose(u"cboFc"_s, u"tc02"_s);
+        window.box(u"txt1c"_s).setText(u"可以"_s);
+        window.click(u"cmdFc"_s);
+        QCOMPARE(remarkOf(u"tc02"_s), u"可以"_s);
+        QVERIFY(remarkOf(u"tc01"_s) != u"可以"_s);
+
+        // An album that is gone leaves nothing to edit or delete.
+        window.click(u"cmdFc"_s);
+        mekTp::catalogue.Execute(u"DELETE FROM [tcbm] WHERE 表名 = 'tc01'"_s);
+        window.choose(u"cboFc"_s, u"tc01"_s);
+        QCOMPARE(window.text(u"txtBc"_s), QString());
+        QVERIFY(!window.button(u"cmdFc"_s).isEnabled() && window.box(u"txt1c"_s).isLocked());
     }
 
     void deletion_data() {

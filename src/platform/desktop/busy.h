@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QApplication>
+#include <QPointer>
+#include <QWidget>
+
+/// The pointer is an hourglass while the object lives: over one control, or over the whole program.
+class Hourglass {
+  public:
+    Hourglass() : everywhere_(true) { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    explicit Hourglass(QWidget* control) : control_(control) { control->setCursor(Qt::WaitCursor); }
+    ~Hourglass() {
+        if (everywhere_) QApplication::restoreOverrideCursor();
+        if (control_ != nullptr) control_->unsetCursor();
+    }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+
+  private:
+    bool everywhere_ = false;
+    QPointer<QWidget> control_;
+};
