@@ -8,7 +8,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-constexpr double hiMetricPerPixel = 26.455;
 constexpr int tableNameLength = 4;
 constexpr int specLength = 12;  // of the column
 }  // namespace

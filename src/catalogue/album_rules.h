@@ -32,6 +32,9 @@ QString withoutAlbum(const QString& tables, const QString& table);
 std::optional<QSize> sizeFromSpec(const QString& spec);
 QString specOfPicture(const Picture& picture, const QString& star = QStringLiteral(" * "));
 
+/// By which sizes of pictures have always been told in pixels.
+inline constexpr double hiMetricPerPixel = 26.455;
+
 /// Whole pixels of a HiMetric length: Int(length / 26.455).
 int pixelsFromHiMetric(int length);
 

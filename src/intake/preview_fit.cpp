@@ -10,14 +10,13 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr double hiMetricPerPixel = 26.455;
 constexpr int boxWidth = 4000, boxHeight = 3000;
-constexpr int largestOwn = 4001;
+constexpr int widthOutOfBox = boxWidth + 1, heightOutOfBox = boxHeight + 1;
 constexpr int widestButton = 105, highestButton = 80;
 
 double side(int hiMetric, bool ownSize, int box) {
     const double own = hiMetric / hiMetricPerPixel * twipsPerPixel;
-    return ownSize && own < largestOwn ? own : box;
+    return ownSize && own < widthOutOfBox ? own : box;
 }
 
 double ratio(QSize hiMetric) {
@@ -39,7 +38,7 @@ QSize previewSize(QSize hiMetric, bool ownSize) {
 }
 
 bool offersOwnSize(QSize hiMetric) {
-    return hiMetric.width() < boxWidth + 1 && hiMetric.height() < boxHeight + 1;
+    return hiMetric.width() < widthOutOfBox && hiMetric.height() < heightOutOfBox;
 }
 
 QString pixelsText(QSize hiMetric, const QString& star) {
