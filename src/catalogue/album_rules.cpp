@@ -50,10 +50,10 @@ QString withoutAlbum(const QString& tables, const QString& table) {
     return names.join(QString());
 }
 
-std::optional<QSize> sizeFromSpec(const QString& spec) {
-    const qsizetype star = spec.indexOf(u'*');
+std::optional<QSize> sizeFromSpec(const QString& sizeText) {
+    const qsizetype star = sizeText.indexOf(u'*');
     if (star < 0) return std::nullopt;
-    const QStringView text = spec;
+    const QStringView text = sizeText;
     const auto side = [](QStringView part) {
         return static_cast<int>(std::clamp(numericValue(part), 0.0, double(longestPictureSide)));
     };

@@ -29,7 +29,7 @@ QString withoutAlbum(const QString& tables, const QString& table);
 
 /// `规格`: "640 * 480". Width and height are what stands before and behind the first star, 0 where there is no number;
 /// nothing when the text has no star.
-std::optional<QSize> sizeFromSpec(const QString& spec);
+std::optional<QSize> sizeFromSpec(const QString& sizeText);
 QString specOfPicture(const Picture& picture, const QString& star = QStringLiteral(" * "));
 
 /// By which sizes of pictures have always been told in pixels.

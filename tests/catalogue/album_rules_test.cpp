@@ -58,7 +58,7 @@ void TestAlbumRules::albumsOfAButton() {
 }
 
 void TestAlbumRules::specsAreReadWithAnyBlanks_data() {
-    QTest::addColumn<QString>("spec");
+    QTest::addColumn<QString>("sizeText");
     QTest::addColumn<bool>("readable");
     QTest::addColumn<QSize>("size");
     QTest::newRow("usual") << u"640 * 480"_s << true << QSize(640, 480);
@@ -73,17 +73,17 @@ void TestAlbumRules::specsAreReadWithAnyBlanks_data() {
 }
 
 void TestAlbumRules::specsAreReadWithAnyBlanks() {
-    QFETCH(const QString, spec);
+    QFETCH(const QString, sizeText);
     QFETCH(const bool, readable);
     QFETCH(const QSize, size);
-    const auto read = sizeFromSpec(spec);
+    const auto read = sizeFromSpec(sizeText);
     QCOMPARE(read.has_value(), readable);
     if (readable) QCOMPARE(*read, size);
 }
 
 void TestAlbumRules::specsOfPicturesFitTheirColumn_data() {
     QTest::addColumn<QSize>("pixels");
-    QTest::addColumn<QString>("spec");
+    QTest::addColumn<QString>("sizeText");
     QTest::newRow("usual") << QSize(640, 480) << u"640 * 480"_s;
     QTest::newRow("button") << QSize(100, 75) << u"100 * 75"_s;
     QTest::newRow("small") << QSize(1, 3) << u"1 * 3"_s;
@@ -93,9 +93,9 @@ void TestAlbumRules::specsOfPicturesFitTheirColumn_data() {
 
 void TestAlbumRules::specsOfPicturesFitTheirColumn() {
     QFETCH(const QSize, pixels);
-    QFETCH(const QString, spec);
-    QCOMPARE(specOfPicture(pictureOf(pixels)), spec);
-    QCOMPARE(sizeFromSpec(spec), pixels);
+    QFETCH(const QString, sizeText);
+    QCOMPARE(specOfPicture(pictureOf(pixels)), sizeText);
+    QCOMPARE(sizeFromSpec(sizeText), pixels);
     QCOMPARE(sizeFromSpec(specOfPicture(pictureOf(pixels), u"*"_s)), pixels);
 }
 

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QtTest/QtTest>
-
 #include <memory>
 #include <vector>
 

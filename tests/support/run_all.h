@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-
 #include <functional>
 
 /// Registers a test class with the test program it is compiled into: `static Registered<TestAlbumRules> registered;`.

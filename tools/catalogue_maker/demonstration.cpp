@@ -77,7 +77,7 @@ void fillDemonstrationAlbum(const Database& database, Workshop& workshop) {
                {{u"序号"_s, ++number},
                 {u"编号"_s, shown.codes},
                 {u"大小"_s, kilobytesText(picture.bytes)},
-                {u"规格"_s, picture.spec},
+                {u"规格"_s, picture.sizeText},
                 {u"日期"_s, QDateTime::fromString(shown.taken, u"yyyy-MM-dd hh:mm:ss"_s)},
                 {u"图片"_s, picture},
                 {u"备注"_s, shown.caption}});

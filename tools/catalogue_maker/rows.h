@@ -11,7 +11,7 @@
 /// A picture file that goes into a long-binary column.
 struct PictureFile {
     QString path;
-    QString spec;  ///< "1024 * 768"
+    QString sizeText;  ///< "1024 * 768"
     qint64 bytes = 0;
 };
 
