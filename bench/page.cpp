@@ -5,17 +5,15 @@
 #include "catalogue/mektp.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/text_box.h"
+#include "timing.h"
 #include "viewer/frm_tp.h"
 
 #include <QApplication>
 #include <QBuffer>
-#include <QElapsedTimer>
 #include <QImageWriter>
 #include <QRandomGenerator>
 #include <QToolButton>
-#include <algorithm>
 #include <cstdio>
-#include <vector>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -72,18 +70,6 @@ void fillAlbum() {
         album.Update();
     }
     together.commit();
-}
-
-double medianMilliseconds(int rounds, const std::function<void()>& work) {
-    std::vector<double> times;
-    for (int i = 0; i < rounds; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        work();
-        times.push_back(double(timer.nsecsElapsed()) / 1e6);
-    }
-    std::ranges::nth_element(times, times.begin() + rounds / 2);
-    return times[size_t(rounds / 2)];
 }
 
 }  // namespace

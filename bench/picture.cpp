@@ -2,15 +2,13 @@
 
 #include "platform/picture/picture.h"
 
+#include "timing.h"
+
 #include <QBuffer>
-#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QImageWriter>
 #include <QRandomGenerator>
-#include <algorithm>
 #include <cstdio>
-#include <functional>
-#include <vector>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -43,18 +41,6 @@ QByteArray coded(const QImage& image, bool progressive) {
     writer.setProgressiveScanWrite(progressive);
     writer.write(image);
     return buffer.data();
-}
-
-double medianMilliseconds(int rounds, const std::function<void()>& work) {
-    std::vector<double> times;
-    for (int i = 0; i < rounds; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        work();
-        times.push_back(double(timer.nsecsElapsed()) / 1e6);
-    }
-    std::ranges::nth_element(times, times.begin() + rounds / 2);
-    return times[size_t(rounds / 2)];
 }
 
 void report(const char* kind, const QByteArray& picture, int rounds) {

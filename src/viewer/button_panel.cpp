@@ -4,9 +4,9 @@
 #include "catalogue/picture_field.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
+#include "platform/desktop/busy.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
-#include "viewer/busy_pointer.h"
 #include "viewer/filters.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -167,7 +167,7 @@ void ButtonPanel::putCursorOn(int index) {
 /// A click on a selection button: its pictures become the selection and the page.
 void ButtonPanel::choose(int index) {
     ImageBox* image = button(index);
-    const BusyPointer busy(image, Qt::WaitCursor);
+    const Hourglass hourglass(image);
     state_.pageShown = true;
     screen_.changeCurtain();
     putCursorOn(index);

@@ -4,9 +4,9 @@
 #include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
 #include "platform/base/error.h"
+#include "platform/desktop/busy.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
-#include "viewer/busy_pointer.h"
 #include "viewer/filters.h"
 #include "viewer/tags.h"
 
@@ -89,7 +89,7 @@ void Page::goToFirstPicture() {
 
 /// Draws the page of thumbnails anew.
 void Page::xstp() {
-    const BusyPointer busy(window_, Qt::BusyCursor);
+    const Hourglass hourglass(window_, Qt::BusyCursor);
     const int cells = state_.picturesPerPage;
     strip_.showProgress(cells > 1, false);
     if (screen_.isCovering()) screen_.img0->repaint();

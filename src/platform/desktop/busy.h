@@ -4,11 +4,14 @@
 #include <QPointer>
 #include <QWidget>
 
-/// The pointer is an hourglass while the object lives: over one control, or over the whole program.
+/// The pointer is an hourglass while the object lives: over one control (there also an arrow with an hourglass), or
+/// over the whole program.
 class Hourglass {
   public:
     Hourglass() : everywhere_(true) { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    explicit Hourglass(QWidget* control) : control_(control) { control->setCursor(Qt::WaitCursor); }
+    explicit Hourglass(QWidget* control, Qt::CursorShape shape = Qt::WaitCursor) : control_(control) {
+        control->setCursor(shape);
+    }
     ~Hourglass() {
         if (everywhere_) QApplication::restoreOverrideCursor();
         if (control_ != nullptr) control_->unsetCursor();
