@@ -20,7 +20,7 @@ using namespace Qt::Literals::StringLiterals;
 // catalogue the window comes up without content.
 
 namespace {
-constexpr int designWidth = 14400;
+constexpr int designWidth = 13800;  // 4 by 3, and with its title bar above a task bar on 1366 x 768 pixels
 constexpr int smallScreenWidth = 12000;
 constexpr QSize smallestWindow(800, 520);
 constexpr int firstScreenPicture = 16;  // pictures of the preset album behind this one are backgrounds

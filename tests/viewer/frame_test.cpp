@@ -94,7 +94,7 @@ class TestFrame : public QObject {
         QCOMPARE(ViewerWindow::setting(u"全屏显示"_s), Variant(false));
         QVERIFY(!viewer.window->isFullScreen());
         const QSize free = viewer.window->screen()->availableSize();
-        const int width = std::min(960, free.width());
+        const int width = std::min(920, free.width());
         const QSize windowed(width, std::min(width / 4 * 3, free.height()));
         QCOMPARE(viewer.window->geometry(), QRect(screen.topLeft() + QPoint((screen.width() - windowed.width()) / 2,
                                                                             (screen.height() - windowed.height()) / 2),
