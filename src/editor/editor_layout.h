@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QRect>
+#include <QSize>
+
+/// Where everything stands in the editor for a picture of a given size. All lengths are twips.
+
+struct EditorLayoutInput {
+    QSize picture;
+    QSize screen;  ///< Room that a window may take.
+    int toolbarHeight = 0;
+    int titleBarExtra = 0;
+    bool welcome = false;  ///< Nothing is open: the welcome picture shows.
+    int horizontalMaximum =
+        32767;  ///< Present maximum of hsc1; the steps of vsc1 follow it even when it was not set anew.
+};
+
+struct EditorLayout {
+    QSize view;  ///< viewWidth, viewHeight
+    QSize window;
+    QRect viewport;    ///< picGd
+    QSize picture;     ///< picYu (and img1)
+    QRect background;  ///< shpBj
+
+    struct Bar {
+        bool visible = false;
+        bool placed = false;  ///< `place` and `maximum` are told; otherwise the bar stays where it was.
+        QRect place;
+        int maximum = 0;
+        int largeStep = 0, smallStep = 0;
+    };
+    Bar horizontal, vertical;
+};
+
+EditorLayout editorLayout(const EditorLayoutInput& input);
+
+/// The height below which a window is short, and that of its background panel once it has grown.
+inline constexpr int leastWindowHeight = 7200;
+inline constexpr int grownBackgroundHeight = 6525;

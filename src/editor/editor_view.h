@@ -1,0 +1,59 @@
+#pragma once
+
+#include "editor/editor_state.h"
+#include "editor/work_surface.h"
+#include "platform/desktop/image_box.h"
+#include "platform/desktop/shapes.h"
+#include "platform/desktop/surface.h"
+#include "platform/desktop/text_box.h"
+
+#include <QScrollBar>
+
+/// The editor's surfaces and where they stand: viewport, working picture, scratch picture, scroll bars, hint box, and
+/// the empty panels of the three floating dialogs, which the chapters fill.
+class EditorView : public QObject {
+    Q_OBJECT
+
+  public:
+    /// `window` is the top-level window, `form` what lies below its menu bar.
+    EditorView(EditorState& state, QWidget* window, QWidget* form);
+
+    Surface* picGd;      ///< Viewport.
+    WorkSurface* picYu;  ///< The working picture.
+    WorkSurface* picMb;  ///< Result of the last paint; saving in place takes it from here. Hidden.
+    ImageBox* img1;      ///< Welcome picture: shows while nothing is open.
+    ShapeBox* shpBk;
+    ShapeBox* shpYu;  ///< Selection.
+    TextBox* txtCc;   ///< Readout of the selection.
+    ShapeBox* shpBj;
+    TextBox* txtTs;  ///< Hint box.
+    QScrollBar *hsc1, *vsc1;
+    Surface *picCq, *picAn, *picCs;  ///< Operation dialog, button picture dialog, album chooser.
+
+    /// Lays the window out for the present size of the picture.
+    void pmsz();
+    /// Moves the picture to the scroll bars' positions.
+    void gdcl();
+    /// Shows the hint for a code. A code without hint leaves the text and lays the box out anew.
+    void tscz(const QString& code);
+    /// The hint box may show at all (the menu item that closes it says "关闭提示").
+    void setHintsOn(bool on) { hintsOn_ = on; }
+
+    void growShortWindow();
+    void centreWindow(int width, int height);
+    void resized();
+
+    /// Sizes in twips.
+    int windowWidth() const;
+    int windowHeight() const;
+    QSize screenSize() const;
+
+    /// A finished paint: the scratch picture becomes the working picture, and the window follows its size.
+    void takePainted(const QImage& painted);
+
+  private:
+    EditorState& state_;
+    QWidget* window_;
+    QWidget* form_;
+    bool hintsOn_ = true;
+};

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "editor/undo_history.h"
+
+/// Brings a picture into the editor, and empties the editor.
+class Loading : public QObject {
+    Q_OBJECT
+
+  public:
+    Loading(EditorState& state, Commands& commands, EditorView& view, UndoHistory& history, QWidget* window);
+
+    /// Asks for a file and opens it.
+    void mnuCwClick();
+    /// Makes a picture that an album gave the working picture; `sourceLine` is told already.
+    void openFromAlbum(const Picture& picture);
+    /// The empty editor: settings read anew, welcome picture.
+    void pmfy();
+
+  private:
+    void cwdc();
+    void xstp();
+
+    EditorState& state_;
+    Commands& commands_;
+    EditorView& view_;
+    UndoHistory& history_;
+    QWidget* window_;
+};

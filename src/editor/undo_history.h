@@ -1,0 +1,37 @@
+#pragma once
+
+#include "editor/operation_dialog.h"
+#include "platform/database/recordset.h"
+
+/// The steps of the session in the table `tccx`: every one a whole picture as JPEG, so taking back computes nothing.
+class UndoHistory : public QObject {
+    Q_OBJECT
+
+  public:
+    UndoHistory(EditorState& state, Commands& commands, EditorView& view, OperationDialog& dialog);
+
+    /// Starts a trail with the picture just loaded (unless `undoing`).
+    void start();
+    /// Records a step; a no-op while `undoing`.
+    void cxcz();
+    /// Removes all steps from the catalogue.
+    void clear();
+    /// Cancels a dialog that is open, else takes the newest step back.
+    void mnuCxClick();
+
+  Q_SIGNALS:
+    void emptied();  ///< The load itself was taken back: the window is to become empty.
+
+  private:
+    void pop();
+    void restore(const QString& step);
+
+    EditorState& state_;
+    Commands& commands_;
+    EditorView& view_;
+    OperationDialog& dialog_;
+};
+
+/// Stores a surface's picture as a JPEG of quality 80 in 图片 of the recordset's current row and updates the row. Tells
+/// the JPEG's bytes through `EditorState::savedSize`.
+void bcsk(const QImage& image, Recordset& recordset, EditorState& state);
