@@ -55,6 +55,11 @@ void Program::unload(WindowKind window) {
     shown.clear();
 }
 
+void Program::showHelp(const QString& topic) {
+    Q_UNUSED(topic)
+    show(WindowKind::help);
+}
+
 void Program::endProgram() {
     QMetaObject::invokeMethod(QCoreApplication::instance(), &QCoreApplication::quit, Qt::QueuedConnection);
 }

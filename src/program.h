@@ -21,6 +21,7 @@ class Program : public Windows {
     void handOver(WindowKind from, WindowKind to) override;
     void show(WindowKind window) override;
     void unload(WindowKind window) override;
+    void showHelp(const QString& topic) override;
     void endProgram() override;
 
   private:

@@ -122,6 +122,7 @@ void frmSz::makeOuterButtons() {
     connect(cmdFh, &QPushButton::clicked, this,
             guarded(this, [this] { windows_.handOver(WindowKind::settings, WindowKind::viewer); }));
     connect(cmdGl, &QPushButton::clicked, this, guarded(this, [this] { windows_.endProgram(); }));
+    connect(cmdBz, &QPushButton::clicked, this, guarded(this, [this] { windows_.showHelp(u"3 软件的使用"_s); }));
 }
 
 void frmSz::load() {

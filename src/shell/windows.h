@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 /// The windows of the program, named by what they are for.
 enum class WindowKind { viewer, settings, editor, colours, help, about };
 
@@ -18,6 +20,9 @@ class Windows {
     /// Shows a window beside the one that asks (colours, help, about); unloads it again.
     virtual void show(WindowKind window) = 0;
     virtual void unload(WindowKind window) = 0;
+
+    /// Shows the help window at the place where `topic` stands in the manual; without a topic just shows it.
+    virtual void showHelp(const QString& topic) = 0;
 
     /// Ends the program once the calling handler has returned.
     virtual void endProgram() = 0;

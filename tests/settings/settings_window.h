@@ -20,9 +20,11 @@ class RecordingWindows : public Windows {
     void handOver(WindowKind, WindowKind to) override { handedTo = to; }
     void show(WindowKind) override {}
     void unload(WindowKind) override {}
+    void showHelp(const QString& topic) override { topics << topic; }
     void endProgram() override { ended = true; }
 
     bool hasHelp = true;
+    QStringList topics;
     bool ended = false;
     std::optional<WindowKind> handedTo;
 };

@@ -17,10 +17,12 @@ class RecordingWindows : public Windows {
     void handOver(WindowKind, WindowKind to) override { handedTo << to; }
     void show(WindowKind window) override { shown << window; }
     void unload(WindowKind window) override { unloaded << window; }
+    void showHelp(const QString& topic) override { topics << topic; }
     void endProgram() override {}
 
     QList<WindowKind> available{WindowKind::viewer, WindowKind::settings, WindowKind::about};
     QList<WindowKind> handedTo, shown, unloaded;
+    QStringList topics;
 };
 
 /// The main window on a small catalogue, with its controls by name. Message boxes are collected instead of shown.
