@@ -1,0 +1,120 @@
+#pragma once
+
+#include "intake/browser_panel.h"
+#include "intake/form_state.h"
+#include "intake/hint_line.h"
+#include "intake/mapping_rules.h"
+#include "intake/shared_controls.h"
+
+#include <QObject>
+#include <vector>
+
+class QScrollArea;
+
+/// The part of picMl by which source fields are mapped to target fields: the tables of a database (lstSb), a line for
+/// every field of the target table (lblMb(n), txtYb(n)), and the pick list of source fields (lstDy). It serves the page
+/// in front, 图片录入 or 图片转存, and keeps `intakeStep`, `pageFree` and the numbered hints of the steps that it
+/// makes. On 图片录入 `sourceTable` is what lstSb chooses, on 图片转存 `targetTable`; the other one is set by the page.
+///
+/// It also makes the buttons cmdQx and cmdLr and stands them where the page in front has them (after each `mlcl`).
+/// Their captions tell what they do: "全部对应", "对应完成" and "关闭本框" are seen to here, all others go out as
+/// signals.
+class MappingPanel : public QObject {
+    Q_OBJECT
+
+  public:
+    MappingPanel(SharedControls& controls, FormState& state, HintLine& hints, BrowserPanel& browser);
+
+    QPushButton* cmdQx() const { return cmdQx_; }
+    QPushButton* cmdLr() const { return cmdLr_; }
+
+    // Forwards --------------------------------------------------------------------------------------------------------
+
+    /// A database file was clicked: opens `sourceDatabasePath` and lists its tables in lstSb (step 3 or 13, hint 3).
+    /// `heading` is the caption of lbl10. Throws `Error` when it cannot be opened; nothing is listed then.
+    void chooseDatabase(const QString& heading);
+
+    // One step back each
+    // -----------------------------------------------------------------------------------------------
+
+    void undoDatabase();  ///< Step 3 or 13: no database is chosen; step 2 or 12.
+    void undoTable();     ///< Step 4 or 14: no table is chosen; step 3 or 13.
+    void undoMapping();   ///< Step 5 or 15: the fields are to be mapped again; step 4 or 14.
+
+    /// Clears the lines of fields. Tables stay listed.
+    void cxdy();
+    /// Hides and forgets everything: tables, lines, database.
+    void reset();
+    /// Hides the pick list, as the button for the step back does first.
+    void hideFieldList();
+
+    // What came of it
+    // --------------------------------------------------------------------------------------------------
+
+    const FieldMapping& fieldMapping() const { return fieldMapping_; }
+    int mappedFieldCount() const { return mappedFieldCount_; }
+    const QString& indexFieldName() const { return indexFieldName_; }
+    bool mappingDone() const { return mappingDone_; }
+    /// Closed until `chooseDatabase`.
+    const Database& sourceDatabase() const { return sourceDatabase_; }
+
+  Q_SIGNALS:
+    void tableChosen(const QString& table);  ///< Its fields are shown; step 4 or 14.
+    void indexChosen(const QString& field);  ///< The source field for the first target field was picked; may be empty.
+    void mapped();                           ///< The mapping is finished; step 5 or 15.
+    void closed();                           ///< cmdLr with "关闭本框".
+
+    void otherAllClicked();    ///< cmdQx with a caption that is not the panel's.
+    void otherEnterClicked();  ///< cmdLr with a caption that is not the panel's.
+
+  private:
+    struct Line {
+        QLabel* lblMb;
+        TextBox* txtYb;
+    };
+
+    bool forTransfer() const;
+    void makeControls();
+    void makeButtons();
+    void arrange();
+    Line& line(int index);
+
+    void lstSbClick();
+    void showFields(const QString& chosen);
+    void txtYbFocus(int index);
+    void placeFieldList(int index, int fields);
+    void lstDyClick();
+    void setField(int index, const QString& field);
+    void checkField(int index);
+    void setIndexField(const QString& field);
+    void cmdQxClick();
+    void mapAll();
+    void cmdLrClick();
+    void finishMapping();
+    void readMapping();
+    void markIndexLine();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    SharedControls& controls_;
+    FormState& state_;
+    HintLine& hints_;
+    BrowserPanel& browser_;
+
+    Database sourceDatabase_;
+    FieldMapping fieldMapping_;
+    QString indexFieldName_;
+    int mappedFieldCount_ = -1;  ///< While mapping: the line in hand, -1 before the first; then the mapped fields.
+    bool mappingDone_ = false;   ///< The lines no longer open the list.
+
+    QLabel* lbl10_ = nullptr;
+    ListBox* lstSb_ = nullptr;
+    QLabel* lbl8_ = nullptr;
+    QLabel* lbl9_ = nullptr;
+    QScrollArea* area_ = nullptr;
+    std::vector<Line> lines_;
+    int shownLines_ = 0;  ///< Fields of the target table.
+    ListBox* lstDy_ = nullptr;
+    QPushButton* cmdQx_ = nullptr;
+    QPushButton* cmdLr_ = nullptr;
+};

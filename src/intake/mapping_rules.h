@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/database/database.h"
+
+#include <QString>
+#include <QStringList>
+#include <optional>
+#include <vector>
+
+/// Rules of the mapping of source fields to the fields of a target table, and their texts.
+
+/// A field of the target table and the source field whose values it gets; `source` is empty for an unmapped one.
+struct FieldPair {
+    QString target;
+    QString source;
+    bool operator==(const FieldPair&) const = default;
+};
+
+/// One pair for every field of the target table, in its order.
+using FieldMapping = std::vector<FieldPair>;
+
+/// What the checks need of a field.
+struct FieldShape {
+    QString name;
+    FieldType type = FieldType::text;
+    int size = 0;
+};
+
+using TableShape = std::vector<FieldShape>;
+
+/// The fields of a table; throws `Error` when the database has no such table.
+TableShape shapeOf(const Database& database, const QString& table);
+
+/// The fields of a table that is told by its name alone: that of `first` when it has such a table, otherwise that of
+/// `second`. Throws `Error` when neither has it.
+TableShape shapeByName(const Database& first, const Database& second, const QString& table);
+
+/// The field of that name, in either case of letters; nothing when there is none.
+std::optional<FieldShape> fieldNamed(const TableShape& shape, const QString& name);
+
+/// Names of the tables that a list offers: all but the system's own.
+QStringList offeredTables(const QStringList& tables);
+
+/// All records of a table, in the order of a column when one is named.
+QString allRecordsSql(const QString& table, const QString& orderColumn = {});
+
+/// Caption of a target field, and the name back from it.
+QString mappingCaption(const QString& targetField);
+QString targetOfCaption(const QString& caption);
+
+/// What is said when the types differ, and what is asked when the target is shorter; empty when there is no cause.
+QString typeWarning(const FieldShape& source, const FieldShape& target);
+QString lengthQuestion(const FieldShape& source, const FieldShape& target);
+
+/// Place of the first field that has another type in the two tables; -1 when all types agree as far as both reach.
+int firstTypeMismatch(const TableShape& opened, const TableShape& other);
+
+/// Number of target fields that get values.
+int mappedFields(const FieldMapping& mapping);
