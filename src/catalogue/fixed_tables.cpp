@@ -17,7 +17,7 @@ void createFixedTables(const Database& database) {
             u"tctb ([文件名] TEXT(10),[图片] LONGBINARY)"_s,
             u"pmtp ([序号] LONG,[规格] TEXT(12),[图片] LONGBINARY)"_s,
             u"tcbz ([编号] TEXT(20),[标题] TEXT(100))"_s,
-            u"tccx ([编号] TEXT(2),[标签] MEMO,[图宽] SINGLE,[图高] SINGLE,[标题] MEMO,[参数] DOUBLE,[图片] LONGBINARY)"_s,
+            u"tccx ([编号] TEXT(10),[标签] MEMO,[图宽] SINGLE,[图高] SINGLE,[标题] MEMO,[参数] DOUBLE,[图片] LONGBINARY)"_s,
         })
         database.Execute(u"CREATE TABLE "_s + table);
     transaction.commit();

@@ -27,3 +27,5 @@ inline constexpr int pictureChunk = 16384;
 /// always been written this way. Returns the file's length; 0
 /// (nothing stored) for an empty file. Throws `Error` when the file cannot be read.
 qint64 storePictureFile(Field field, const QString& path);
+/// The same with bytes in memory.
+qint64 storePictureBytes(Field field, const QByteArray& bytes);

@@ -79,6 +79,11 @@ void TestPictureField::storedValueIsLongerThanTheFile() {
     const Field field = album.Fields(pictureColumn);
     QCOMPARE(field.FieldSize(), qint64(stored));
     QCOMPARE(field.Value().toBytes(), bytes + QByteArray(stored - length, '\0'));
+
+    album.Edit();
+    QCOMPARE(storePictureBytes(album.Fields(pictureColumn), bytes.toUpper()), qint64(length));
+    album.Update();
+    QCOMPARE(field.Value().toBytes(), bytes.toUpper() + QByteArray(stored - length, '\0'));
 }
 
 void TestPictureField::aStoredFileIsReadBack() {

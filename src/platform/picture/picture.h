@@ -47,5 +47,8 @@ Picture LoadPicture(const QByteArray& bytes, const QString& name, QSize target =
 /// there. Transparent parts become white. Throws `Error` that names the file.
 void saveJpeg(const QImage& image, const QString& path, int quality);
 
-/// The same for a 24-bit BMP.
+/// The bytes of such a file. Throws `Error` when there is no picture, or one too large for the format.
+QByteArray encodeJpeg(const QImage& image, int quality);
+
+/// The same as `saveJpeg` for a 24-bit BMP.
 void SavePicture(const QImage& image, const QString& path);

@@ -1,6 +1,7 @@
 #include "platform/base/error.h"
 #include "platform/picture/picture.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFileInfo>
 #include <QImageWriter>
@@ -50,6 +51,17 @@ void save(const QImage& image, const QString& path, const char* format, int qual
 
 void saveJpeg(const QImage& image, const QString& path, int quality) {
     save(image, path, "jpeg", quality);
+}
+
+QByteArray encodeJpeg(const QImage& image, int quality) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, "jpeg");
+    writer.setQuality(quality);
+    if (image.isNull() || !writer.write(onWhite(image)))
+        throw Error(u"图片不能变成 JPEG：%1。"_s.arg(image.isNull() ? u"没有图片"_s : writer.errorString()));
+    return bytes;
 }
 
 void SavePicture(const QImage& image, const QString& path) {

@@ -96,6 +96,8 @@ void TestSavePicture::failureNamesTheFileAndLeavesTheOldOne() {
             QVERIFY2(text.contains(reason) && text.contains(QDir::toNativeSeparators(path)), qPrintable(text));
         }
     QCOMPARE(contentOf(file), before);
+    QCOMPARE(before, encodeJpeg(quadrants({16, 16}), quality));
+    QVERIFY(!attempt([] { encodeJpeg({}, quality); }));
     QCOMPARE(QDir(folder_.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), entries);
 }
 
