@@ -29,20 +29,13 @@ std::vector<std::weak_ptr<Connection>>& openConnections() {
     return connections;
 }
 
-/// Whether another file has taken the place of the one that this connection holds.
-bool hasMoved(const Connection& connection) {
-    int moved = 0;
-    sqlite3_file_control(connection.handle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
-    return moved != 0;
-}
-
 std::shared_ptr<Connection> openConnection(const QString& path) {
     auto& connections = openConnections();
     std::erase_if(connections, [](const auto& connection) { return connection.expired(); });
     const QString canonical = QFileInfo(path).canonicalFilePath();
     for (const auto& weak : connections) {
         auto connection = weak.lock();
-        if (connection && QFileInfo(connection->path()).canonicalFilePath() == canonical && !hasMoved(*connection)) {
+        if (connection && QFileInfo(connection->path()).canonicalFilePath() == canonical && !connection->isOutdated()) {
             return connection;
         }
     }
@@ -84,6 +77,12 @@ void requireTransaction(const Connection& connection) {
 std::shared_ptr<Connection> Connection::open(const QString& path) {
     if (!QFileInfo(path).isFile()) throw Error(u"数据库文件“%1”不存在。"_s.arg(path));
     if (auto shared = openConnection(path)) return shared;
+    if (ForeignCopy::isJetFile(path)) {
+        const std::shared_ptr<Connection> connection(new Connection(path, std::make_unique<ForeignCopy>(path)));
+        connection->configure();
+        openConnections().push_back(connection);
+        return connection;
+    }
     if (!hasDatabaseHeader(path)) throw Error(u"文件“%1”不是数据库，或已损坏。"_s.arg(path));
 
     const std::shared_ptr<Connection> connection(new Connection(path, openFlags(path)));
@@ -114,6 +113,14 @@ Connection::Connection(const QString& path, int flags)
     registerFunctions(handle());
 }
 
+Connection::Connection(const QString& path, std::unique_ptr<ForeignCopy> foreign)
+    : path_(path),
+      foreign_(std::move(foreign)),
+      database_(openDatabase(engineFile(), SQLITE_OPEN_READONLY)),
+      longBinaries_(*this) {
+    registerFunctions(handle());
+}
+
 Connection::~Connection() {
     attempt([this] { giveBackSpace(); });
 }
@@ -131,6 +138,18 @@ void Connection::takeForOurs() {
         throw Error(u"数据库文件“%1”由更新的版本建立，请用新版软件打开。"_s.arg(path_));
     }
     if (isWritable()) run(u"PRAGMA journal_mode = TRUNCATE"_s);
+}
+
+void Connection::requireOurs() const {
+    if (!isForeign()) return;
+    throw Error(u"数据库文件“%1”是其他软件的格式，只能读取，不能写入。请选择本软件的像册文件。"_s.arg(path_));
+}
+
+bool Connection::isOutdated() const {
+    if (foreign_) return !foreign_->isCurrent();
+    int moved = 0;
+    sqlite3_file_control(handle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+    return moved != 0;
 }
 
 bool Connection::isWritable() const {
@@ -218,6 +237,7 @@ Error Connection::missingTable(const QString& table) const {
 }
 
 Change::Change(Connection& connection) : connection_(connection), outermost_(connection.openChanges_ == 0) {
+    connection_.requireOurs();
     connection_.longBinaries().release();
     if (!outermost_) requireTransaction(connection_);
     connection_.run(outermost_ ? u"BEGIN IMMEDIATE"_s : u"SAVEPOINT change"_s);

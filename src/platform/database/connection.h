@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/base/error.h"
+#include "platform/database/foreign_copy.h"
 #include "platform/database/long_binary.h"
 #include "platform/database/table_layout.h"
 
@@ -18,6 +19,13 @@ class Connection {
     ~Connection();
 
     const QString& path() const { return path_; }
+    /// The file that the engine reads: another one than `path` for a foreign database.
+    const QString& engineFile() const { return foreign_ ? foreign_->file() : path_; }
+    bool isForeign() const { return foreign_ != nullptr; }
+    /// Throws for a foreign database.
+    void requireOurs() const;
+    /// Whether the file at `path` has been replaced, or a foreign one changed, since it was opened.
+    bool isOutdated() const;
     sqlite3* handle() const { return database_.getHandle(); }
     LongBinaries& longBinaries() { return longBinaries_; }
 
@@ -62,12 +70,14 @@ class Connection {
   private:
     friend class Change;
     Connection(const QString& path, int flags);
+    explicit Connection(const QString& path, std::unique_ptr<ForeignCopy> foreign);
     void configure();
     void takeForOurs();
     bool isWritable() const;
     qint64 number(const QString& sql);
 
     QString path_;
+    std::unique_ptr<ForeignCopy> foreign_;  ///< Closed before it goes.
     SQLite::Database database_;
     LongBinaries longBinaries_;
     qint64 otherChanges_ = 0;

@@ -60,6 +60,10 @@ QString Database::Name() const {
     return required(connection_).path();
 }
 
+bool Database::isForeign() const {
+    return required(connection_).isForeign();
+}
+
 Recordset Database::OpenRecordset(const QString& source) const {
     required(connection_);
     return Recordset(std::make_unique<RecordsetState>(connection_, source));

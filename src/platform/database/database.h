@@ -18,6 +18,9 @@ class Database {
     bool isOpen() const { return connection_ != nullptr; }
     /// Path of the file.
     QString Name() const;
+    /// Whether the file is a Jet database. It can only be read: `Edit`, `AddNew`, `Delete`, `Execute` and transactions
+    /// throw an `Error` that says so.
+    bool isForeign() const;
 
     /// `source` is a table's name or a SELECT. The texts may use what the engine's dialect offers: bracketed names,
     /// date literals between hash signs, InStr, IsNull, Left, LCase, DateValue. Text comparison ignores the case of
@@ -38,8 +41,10 @@ class Database {
     std::shared_ptr<Connection> connection_;
 };
 
-/// Opens an existing file for reading and writing (for reading alone where it cannot be written). Throws `Error` that
-/// names the file when it is missing, or is no database.
+/// Opens an existing file, told by its content, not by its name: an SQLite file for reading and writing (for reading
+/// alone where it cannot be written), a Jet 3 or Jet 4 database for reading (see `isForeign`), with the types and sizes
+/// that its columns have there. The latter takes as long as reading the whole file takes. Throws `Error` that names the
+/// file when it is missing, no database, damaged, incomplete, of an unknown version, or kept by a password.
 Database OpenDatabase(const QString& path);
 
 /// Makes a new, empty file; throws when one stands there.

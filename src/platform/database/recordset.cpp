@@ -105,7 +105,7 @@ int Recordset::FieldCount() const {
 
 void Recordset::AddNew() {
     RecordsetState& state = required(state_);
-    state.rows->requireUpdatable();
+    state.requireUpdatable();
     state.cancelUpdate();
     state.mode = Mode::add;
     for (int i = 0; i < FieldCount(); ++i) {
@@ -115,7 +115,7 @@ void Recordset::AddNew() {
 
 void Recordset::Edit() {
     RecordsetState& state = required(state_);
-    state.rows->requireUpdatable();
+    state.requireUpdatable();
     state.cancelUpdate();
     state.currentRow();  // throws when the record is gone
     state.mode = Mode::edit;
@@ -131,7 +131,7 @@ void Recordset::CancelUpdate() {
 
 void Recordset::Delete() {
     RecordsetState& state = required(state_);
-    state.rows->requireUpdatable();
+    state.requireUpdatable();
     state.remove();
 }
 

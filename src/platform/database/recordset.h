@@ -14,12 +14,16 @@ enum class FieldType {
     byte = 2,
     integer = 3,
     longInteger = 4,
+    currency = 5,
     single = 6,
     real = 7,
     date = 8,
+    binary = 9,  ///< A few bytes that lie in the row itself.
     text = 10,
     longBinary = 11,
-    memo = 12
+    memo = 12,
+    guid = 15,
+    decimal = 20
 };
 
 /// One column of the current record. A light handle: valid as long as its recordset.
@@ -27,7 +31,8 @@ class Field {
   public:
     QString Name() const;
     FieldType Type() const;
-    /// Declared length of a text column in characters, bytes of a number, 0 for a memo or long-binary column.
+    /// Declared length of a text column in characters and of a binary one in bytes, bytes of a number, 0 for a memo or
+    /// long-binary column.
     int Size() const;
 
     /// Reads the value. A long-binary value is read whole: copying one field to another is what this is for there.

@@ -62,6 +62,11 @@ void RecordsetState::requireEditing() const {
     if (mode == Recordset::Mode::none) throw Error(u"记录没有处于编辑（Edit）或追加（AddNew）状态。"_s);
 }
 
+void RecordsetState::requireUpdatable() const {
+    connection->requireOurs();
+    rows->requireUpdatable();
+}
+
 const Row& RecordsetState::currentRow() {
     requireRecord();
     if (!read_ || readAt_ != connection->changeCount()) {

@@ -26,6 +26,7 @@ class RecordsetState {
     void remove();
     void requireRecord() const;
     void requireEditing() const;
+    void requireUpdatable() const;
 
     /// The values of the current record, read again when something in the file has changed since.
     const Row& currentRow();

@@ -18,8 +18,8 @@ struct TypeName {
     QString engineType;
 };
 
-const std::array<TypeName, 19>& typeNames() {
-    static const std::array<TypeName, 19> names{{
+const std::array<TypeName, 22>& typeNames() {
+    static const std::array<TypeName, 22> names{{
         {u"LONG"_s, FieldType::longInteger, 4, u"LONG"_s},
         {u"INTEGER"_s, FieldType::integer, 2, u"INTEGER"_s},
         {u"SHORT"_s, FieldType::integer, 2, u"SHORT"_s},
@@ -29,7 +29,8 @@ const std::array<TypeName, 19>& typeNames() {
         {u"DOUBLE"_s, FieldType::real, 8, u"DOUBLE"_s},
         {u"FLOAT"_s, FieldType::real, 8, u"DOUBLE"_s},
         {u"NUMBER"_s, FieldType::real, 8, u"DOUBLE"_s},
-        {u"CURRENCY"_s, FieldType::real, 8, u"DOUBLE"_s},
+        {u"CURRENCY"_s, FieldType::currency, 8, u"CURRENCY"_s},
+        {u"DECIMAL"_s, FieldType::decimal, 16, u"DECIMAL"_s},
         {u"YESNO"_s, FieldType::boolean, 1, u"YESNO"_s},
         {u"BIT"_s, FieldType::boolean, 1, u"BIT"_s},
         {u"BOOLEAN"_s, FieldType::boolean, 1, u"BIT"_s},
@@ -38,6 +39,8 @@ const std::array<TypeName, 19>& typeNames() {
         {u"VARCHAR"_s, FieldType::text, 255, u"TEXT"_s},
         {u"CHAR"_s, FieldType::text, 255, u"TEXT"_s},
         {u"MEMO"_s, FieldType::memo, 0, u"MEMO TEXT"_s},
+        {u"GUID"_s, FieldType::guid, 16, u"GUID TEXT"_s},
+        {u"BINARY"_s, FieldType::binary, 510, u"BINARY"_s},
         {u"LONGBINARY"_s, FieldType::longBinary, 0, u"LONGBINARY"_s},
     }};
     return names;
@@ -111,7 +114,7 @@ class CreationReader {
             definition += u'(' + tokens_[at_++].text + u')';
             expect(u")");
         }
-        if (type->type == FieldType::text || type->type == FieldType::memo) definition += u" COLLATE NOCASE";
+        if (type->engineType.endsWith(u"TEXT")) definition += u" COLLATE NOCASE";
         if (type->type == FieldType::longBinary) creation.longBinaryColumns << columnName;
         return definition + constraints();
     }
@@ -143,9 +146,9 @@ Column declaredColumn(const QString& name, const QString& declaration) {
     const QString words = (bracket < 0 ? declaration : declaration.left(bracket)).trimmed();
     const TypeName* type = findType(words.section(u' ', 0, 0));
     if (!type) return {name, engineAffinity(words), 0};
-    if (type->type != FieldType::text) return {name, type->type, type->size};
-    if (bracket < 0) return {name, FieldType::text, type->size};
-    return {name, FieldType::text, declaration.mid(bracket + 1).section(u')', 0, 0).toInt()};
+    const bool hasLength = type->type == FieldType::text || type->type == FieldType::binary;
+    if (!hasLength || bracket < 0) return {name, type->type, type->size};
+    return {name, type->type, declaration.mid(bracket + 1).section(u')', 0, 0).toInt()};
 }
 
 int columnIndex(const std::vector<Column>& columns, const QString& name) {

@@ -64,6 +64,15 @@ QString fittedText(const Column& column, const Variant& value) {
     return text;
 }
 
+QByteArray fittedBytes(const Column& column, const Variant& value) {
+    if (!std::holds_alternative<QByteArray>(value.storage())) refuse(column, value, u"它不是二进制数据"_s);
+    const QByteArray bytes = value.toBytes();
+    if (column.size > 0 && bytes.size() > column.size) {
+        refuse(column, value, u"共 %1 个字节，最多 %2 个"_s.arg(bytes.size()).arg(column.size));
+    }
+    return bytes;
+}
+
 /// 1234.567 for the float nearest to it, not 1234.5670166015625.
 double shortestDecimal(float number) {
     std::array<char, 32> digits{};
@@ -77,7 +86,8 @@ Variant integerValue(qint64 number, FieldType type) {
     if (type == FieldType::boolean) return number != 0;
     if (type == FieldType::single) return static_cast<float>(number);
     const bool fits = number >= std::numeric_limits<qint32>::min() && number <= std::numeric_limits<qint32>::max();
-    if (type == FieldType::real || !fits) return static_cast<double>(number);
+    const bool whole = type != FieldType::real && type != FieldType::currency && type != FieldType::decimal;
+    if (!whole || !fits) return static_cast<double>(number);
     return static_cast<qint32>(number);
 }
 
@@ -102,15 +112,19 @@ Variant fitted(const Column& column, const Variant& value) {
         case FieldType::single:
             return fittedSingle(column, value);
         case FieldType::real:
+        case FieldType::decimal:
             return fittedNumber(column, value);
+        case FieldType::currency:
+            return std::nearbyint(fittedNumber(column, value) * 10000) / 10000;
         case FieldType::date:
             return fittedDate(column, value);
         case FieldType::text:
         case FieldType::memo:
+        case FieldType::guid:
             return fittedText(column, value);
+        case FieldType::binary:
         case FieldType::longBinary:
-            if (!std::holds_alternative<QByteArray>(value.storage())) refuse(column, value, u"它不是二进制数据"_s);
-            return value;
+            return fittedBytes(column, value);
     }
     return value;
 }
@@ -130,6 +144,8 @@ void bindValue(SQLite::Statement& statement, int index, const Variant& value) {
         bindText(*text);
     else if (const auto* date = std::get_if<QDateTime>(&storage))
         bindText(dateText(*date, storedDatePattern));
+    else if (const auto* bytes = std::get_if<QByteArray>(&storage))
+        statement.bind(index, bytes->constData(), static_cast<int>(bytes->size()));
     else
         statement.bind(index);
 }
