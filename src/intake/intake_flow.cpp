@@ -4,7 +4,7 @@
 #include "catalogue/mektp.h"
 #include "intake/intake_page.h"
 #include "intake/intake_texts.h"
-#include "intake/option_buttons.h"
+#include "platform/desktop/option_buttons.h"
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"

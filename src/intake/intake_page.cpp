@@ -3,7 +3,7 @@
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
 #include "intake/intake_texts.h"
-#include "intake/option_buttons.h"
+#include "platform/desktop/option_buttons.h"
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/desktop/data_control.h"
