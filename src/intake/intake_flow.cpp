@@ -4,7 +4,6 @@
 #include "catalogue/mektp.h"
 #include "intake/intake_page.h"
 #include "intake/intake_texts.h"
-#include "platform/desktop/option_buttons.h"
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
@@ -14,6 +13,7 @@
 #include "platform/desktop/grid.h"
 #include "platform/desktop/list_box.h"
 #include "platform/desktop/message_box.h"
+#include "platform/desktop/option_buttons.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
@@ -28,7 +28,11 @@
 using namespace Qt::Literals::StringLiterals;
 
 void IntakePage::fileClicked() {
-    if (!inFront() || !fromFiles()) return;
+    if (!inFront()) return;
+    if (!fromFiles()) {
+        database_->fileClicked();
+        return;
+    }
     if (replaces() && deselectUnnumbered()) {
         sayUnnumbered();
         if (state_.selectedFileCount == 0) {
@@ -83,6 +87,10 @@ void IntakePage::showNoSelection() {
 }
 
 void IntakePage::cmdQxClick() {
+    if (!fromFiles()) {
+        database_->chooseAll();
+        return;
+    }
     FileList* fil1 = browser_.fil1();
     if (fil1->ListCount() == 0) return;
     const Hourglass hourglass;
@@ -103,25 +111,33 @@ void IntakePage::cmdQ1Click() {
             state_.pageFree = true;
             hints_.czts(1);
             break;
+        case 1:
         case 11:
             undoSource();
             break;
+        case 2:
         case 12:
-            for (QRadioButton* option : optCz_) clearOption(option);
-            browser_.fil1()->setEnabled(false);
-            cmdQx_->setEnabled(false);
-            state_.intakeStep = 11;
-            hints_.czts(1);
+            undoWay();
             break;
         case 13:
             undoFiles();
             break;
         default:
+            database_->stepBack();
             break;
     }
 }
 
 void IntakePage::undoSource() {
+    if (state_.intakeStep == 11) clearFiles();
+    for (QRadioButton* option : optYl_) clearOption(option);
+    browser_.fil1()->setEnabled(false);
+    state_.intakeStep = 0;
+    hints_.czts(1);
+}
+
+/// Nothing is to be seen any more of the choice of files.
+void IntakePage::clearFiles() {
     browser_.showFileParts(false);
     for (QWidget* part : {static_cast<QWidget*>(browser_.fil1()), static_cast<QWidget*>(browser_.txtMl()),
                           static_cast<QWidget*>(chkZd_), static_cast<QWidget*>(cmdQx_), static_cast<QWidget*>(cmdLr_),
@@ -129,8 +145,17 @@ void IntakePage::undoSource() {
         part->hide();
     browser_.hideCountLine();
     browser_.showFolderHint(true);
-    clearOption(optYl_[0]);
-    state_.intakeStep = 0;
+}
+
+void IntakePage::undoWay() {
+    for (QRadioButton* option : optCz_) clearOption(option);
+    browser_.fil1()->setEnabled(false);
+    cmdQx_->setEnabled(false);
+    if (state_.intakeStep == 2) {
+        fraFs_->setEnabled(false);
+        infoLines_[1]->clear();
+    }
+    state_.intakeStep = state_.intakeStep == 2 ? 1 : 11;
     hints_.czts(1);
 }
 
@@ -156,7 +181,8 @@ void IntakePage::cmdLrClick() {
         return;
     }
     const QString album = controls_.cboBm->currentText();
-    const QString description = intakeDescription(browser_.fil1()->FileName(), replaces(), state_.selectedFileCount);
+    const QString description =
+        fromFiles() ? intakeDescription(browser_.fil1()->FileName(), replaces(), state_.selectedFileCount) : QString();
     if (!ask(controls_.form, intakeQuestion(album, replaces(), description))) return;
     lrtc();
     showAlbumCount();
@@ -165,12 +191,14 @@ void IntakePage::cmdLrClick() {
 // One intake run with everything around it.
 void IntakePage::lrtc() {
     for (QPushButton* button : {cmdQx_, cmdLr_, cmdQ1_}) button->setEnabled(false);
-    const IntakeResult result = runIntake();
+    const Outcome outcome = runIntake();
     DataControl* datBj = controls_.datBj;
     datBj->setDatabaseName(mekTp::cataloguePath());
     datBj->setRecordSource(u"SELECT * FROM "_s + state_.albumTable + u" ORDER BY [序号]"_s);
     attempt([&] { datBj->Refresh(); });
-    reportRun(result);
+    for (const QString& message : outcome.messages) say(controls_.form, message, BoxIcon::information);
+    say(controls_.form, u"图片录入完成！  共录入：%1张"_s.arg(outcome.count));
+    if (database_->choosesRows()) database_->showTarget();
     controls_.sstFz->putOn(intakeTab, controls_.msgBm, 5435, 1320, 3745, 3555);
     controls_.sstFz->putOn(intakeTab, preview_.cmdCk(0), 8250, 990);
     lblMk_->setText(u"目 标 数 据 库 表"_s);
@@ -183,7 +211,7 @@ void IntakePage::lrtc() {
 }
 
 /// The progress bar stands in the empty part of the strip of captions for as long as the run lasts.
-IntakeResult IntakePage::runIntake() {
+IntakePage::Outcome IntakePage::runIntake() {
     const Hourglass hourglass;
     QProgressBar* prg2 = controls_.prg2;
     prg2->setParent(controls_.sstFz);
@@ -193,22 +221,32 @@ IntakeResult IntakePage::runIntake() {
     prg2->show();
     prg2->raise();
     prg2->repaint();
-    const IntakeOrder order{browser_.fil1()->Path(), browser_.fileNames(), browser_.selectedFiles(), replaces(),
-                            chkZd_->isChecked()};
-    IntakeResult result = wjlr(*datLr_, order, state_, [prg2](int percent) {
+    const auto progress = [prg2](int percent) {
         prg2->setValue(percent);
         prg2->repaint();
-    });
+    };
+    const Outcome outcome = fromFiles() ? enterFiles(progress) : copyRecords(progress);
     prg2->hide();
-    return result;
+    return outcome;
 }
 
-void IntakePage::reportRun(const IntakeResult& result) {
+IntakePage::Outcome IntakePage::enterFiles(const std::function<void(int)>& progress) {
+    const IntakeOrder order{browser_.fil1()->Path(), browser_.fileNames(), browser_.selectedFiles(), replaces(),
+                            chkZd_->isChecked()};
+    const IntakeResult result = wjlr(*datLr_, order, state_, progress);
+    Outcome outcome{result.count, {}};
     if (result.cameToEnd && !result.notFound.isEmpty())
-        say(controls_.form,
-            u"本目标表无下列对应序号：\n\n"_s + result.notFound.join(u',') + u"\n\n这些文件没有替换！"_s,
-            BoxIcon::information);
-    const QString report = intakeReport(result);
-    if (!report.isEmpty()) say(controls_.form, report, BoxIcon::information);
-    say(controls_.form, u"图片录入完成！  共录入：%1张"_s.arg(result.count));
+        outcome.messages << u"本目标表无下列对应序号：\n\n"_s + result.notFound.join(u',') +
+                                u"\n\n这些文件没有替换！"_s;
+    if (const QString report = intakeReport(result); !report.isEmpty()) outcome.messages << report;
+    return outcome;
+}
+
+IntakePage::Outcome IntakePage::copyRecords(const std::function<void(int)>& progress) {
+    const CopyOrder order = database_->order(replaces());
+    const CopyResult result = sklr(*datLr_, order, state_, progress);
+    Outcome outcome{result.count, {}};
+    for (const QString& message : {notReplacedText(result, order.indexField), copyReport(result, order.indexField)})
+        if (!message.isEmpty()) outcome.messages << message;
+    return outcome;
 }

@@ -3,7 +3,6 @@
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
 #include "intake/intake_texts.h"
-#include "platform/desktop/option_buttons.h"
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/desktop/data_control.h"
@@ -11,6 +10,7 @@
 #include "platform/desktop/grid.h"
 #include "platform/desktop/list_box.h"
 #include "platform/desktop/message_box.h"
+#include "platform/desktop/option_buttons.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/surface.h"
 #include "platform/desktop/tab_control.h"
@@ -33,11 +33,12 @@ constexpr int firstButtonTop = 4260, buttonPitch = 405;
 }  // namespace
 
 IntakePage::IntakePage(SharedControls& controls, FormState& state, HintLine& hints, BrowserPanel& browser,
-                       CodeButtons& codeButtons, PreviewPanel& preview)
+                       MappingPanel& mapping, CodeButtons& codeButtons, PreviewPanel& preview)
     : controls_(controls),
       state_(state),
       hints_(hints),
       browser_(browser),
+      mapping_(mapping),
       codeButtons_(codeButtons),
       preview_(preview) {
     makeLabels();
@@ -46,6 +47,9 @@ IntakePage::IntakePage(SharedControls& controls, FormState& state, HintLine& hin
     datLr_ = make<DataControl>(controls_.sstFz->page(intakeTab), u"datLr"_s);
     datLr_->useDatabase(mekTp::catalogue);
     datLr_->hide();
+    database_ = std::make_unique<DatabaseIntake>(
+        controls_, state_, hints_, browser_, mapping_, codeButtons_, preview_,
+        DatabaseIntake::Controls{infoLines_[1], infoLines_[2], infoLines_[3], lblMk_, lblJl_, chkZd_});
     connectControls();
 }
 
@@ -84,8 +88,6 @@ void IntakePage::makeGroups() {
     optCz_ = makeOptions(fraFs_, u"optCz"_s, {u"替换"_s, u"追加"_s});
     fraLy_->setEnabled(false);
     fraFs_->setEnabled(false);
-    optYl_[1]->setEnabled(false);
-    optYl_[1]->setToolTip(u"数据库录入尚未提供"_s);
 }
 
 void IntakePage::makeButtons() {
@@ -95,8 +97,8 @@ void IntakePage::makeButtons() {
     chkZd_->setChecked(true);
     chkZd_->setToolTip(u"同时填入编号、大小、规格和日期"_s);
     sstFz->putOn(intakeTab, chkZd_, buttonLeft, 3900, buttonWidth, 300);
-    cmdQx_ = make<QPushButton>(page, u"cmdQx"_s, u"选择全部"_s);
-    cmdLr_ = make<QPushButton>(page, u"cmdLr"_s, u"录入图册"_s);
+    cmdQx_ = mapping_.cmdQx();
+    cmdLr_ = mapping_.cmdLr();
     cmdQ1_ = make<QPushButton>(page, u"cmdQ1"_s, u"撤 消"_s);
     int top = firstButtonTop;
     for (QPushButton* button : {cmdQx_, preview_.makeOpener(1, page), cmdLr_, cmdQ1_}) {
@@ -119,9 +121,11 @@ void IntakePage::connectControls() {
     for (QRadioButton* option : optYl_) connect(option, &QRadioButton::clicked, this, run(&IntakePage::optYlClick));
     for (QRadioButton* option : optCz_)
         connect(option, &QRadioButton::clicked, this, run(&IntakePage::chooseFilesAnew));
-    connect(cmdQx_, &QPushButton::clicked, this, run(&IntakePage::cmdQxClick));
-    connect(cmdLr_, &QPushButton::clicked, this, run(&IntakePage::cmdLrClick));
+    connect(&mapping_, &MappingPanel::otherAllClicked, this, run(&IntakePage::cmdQxClick));
+    connect(&mapping_, &MappingPanel::otherEnterClicked, this, run(&IntakePage::cmdLrClick));
     connect(cmdQ1_, &QPushButton::clicked, this, run(&IntakePage::cmdQ1Click));
+    mapping_.replaces = [this] { return replaces(); };
+    connect(database_.get(), &DatabaseIntake::targetShown, this, run(&IntakePage::showAlbumCount));
     connect(&codeButtons_, &CodeButtons::filtered, this, [this](const QString& code, const QString& name, int total) {
         lblJl_->setText(u"编号=["_s + code + u"]("_s + name + u") 共有"_s + QString::number(total) + u"张"_s);
     });
@@ -149,6 +153,7 @@ BrowseMode IntakePage::mode() const {
 
 void IntakePage::enter() {
     attempt([&] { browser_.dir1()->refresh(); });
+    if (database_->choosesRows()) database_->showTarget();
     browser_.mlcl();
     showFileCount();
     state_.currentFolder = browser_.dir1()->Path();
@@ -178,6 +183,7 @@ void IntakePage::albumChosen() {
     if (filesWait_) cmdLr_->setEnabled(state_.selectedFileCount >= 1);
     filesWait_ = false;
     preview_.allowOpening(0, true);
+    if (mapping_.sourceDatabase().isOpen()) database_->giveUp();
 
     state_.sourceTable.clear();
     state_.targetDatabasePath = mekTp::cataloguePath();
@@ -204,6 +210,7 @@ void IntakePage::takesNoPictures() {
 }
 
 void IntakePage::albumLost() {
+    if (inFront() && mapping_.sourceDatabase().isOpen()) database_->giveUp();
     filesWait_ = filesWait_ || cmdLr_->isEnabled();
     fraLy_->setEnabled(false);
     cmdLr_->setEnabled(false);
@@ -214,6 +221,10 @@ void IntakePage::albumLost() {
 
 void IntakePage::showAlbumCount() {
     lblJl_->setText(recordCountLine(controls_.cboBm->currentText(), controls_.datBj->total()));
+}
+
+void IntakePage::rowClicked() {
+    database_->rowClicked();
 }
 
 void IntakePage::recordChanged() {
@@ -228,13 +239,8 @@ void IntakePage::arrange() {
     for (QLabel* line : infoLines_) line->setVisible(inFront());
     for (QWidget* part : {static_cast<QWidget*>(fraLy_), static_cast<QWidget*>(fraFs_), static_cast<QWidget*>(cmdQ1_)})
         part->setVisible(inFront());
-    for (QWidget* part : {static_cast<QWidget*>(chkZd_), static_cast<QWidget*>(cmdQx_), static_cast<QWidget*>(cmdLr_),
-                          static_cast<QWidget*>(preview_.cmdCk(1))})
+    for (QWidget* part : {static_cast<QWidget*>(chkZd_), static_cast<QWidget*>(preview_.cmdCk(1))})
         part->setVisible(files);
-    cmdQx_->setText(files ? u"选择全部"_s : u"全部对应"_s);
-    cmdLr_->setText(files ? u"录入图册"_s : u"对应完成"_s);
-    cmdQx_->setEnabled(false);
-    cmdLr_->setEnabled(false);
     preview_.cmdCk(1)->setEnabled(false);
 }
 
@@ -258,6 +264,7 @@ void IntakePage::showFileCount() {
 }
 
 void IntakePage::optYlClick() {
+    if (database_->choosesRows()) database_->showTarget();
     browser_.mlcl();
     cmdQx_->setEnabled(false);
     browser_.dir1()->setEnabled(true);
@@ -273,6 +280,7 @@ void IntakePage::optYlClick() {
 void IntakePage::chooseFilesAnew() {
     if (!inFront()) return;
     FileList* fil1 = browser_.fil1();
+    if (mapping_.sourceDatabase().isOpen()) database_->giveUp();
     fil1->setEnabled(filesMayBePicked());
     browser_.selectQuietly(false);
     browser_.setEcho({});

@@ -2,27 +2,32 @@
 
 #include "intake/browser_panel.h"
 #include "intake/code_buttons.h"
+#include "intake/database_intake.h"
 #include "intake/form_state.h"
 #include "intake/hint_line.h"
 #include "intake/intake_run.h"
+#include "intake/mapping_panel.h"
 #include "intake/preview_panel.h"
 #include "intake/shared_controls.h"
 
 #include <QObject>
 #include <array>
+#include <functional>
+#include <memory>
 
 class QCheckBox;
 class QGroupBox;
 class QRadioButton;
 
-/// The page 图片录入: album, source, way of adding, files, and the intake run.
+/// The page 图片录入: album, source, way of adding, files, and the intake run. What is particular to 数据库 as the
+/// source is told by `DatabaseIntake`.
 class IntakePage : public QObject {
     Q_OBJECT
 
   public:
     /// Puts the page's controls on tab 1 of the frame.
     IntakePage(SharedControls& controls, FormState& state, HintLine& hints, BrowserPanel& browser,
-               CodeButtons& codeButtons, PreviewPanel& preview);
+               MappingPanel& mapping, CodeButtons& codeButtons, PreviewPanel& preview);
 
     /// What the page switch does for this page beyond the shared controls.
     void enter();
@@ -32,6 +37,8 @@ class IntakePage : public QObject {
     void albumLost();
     /// The preview, when it is open on this page, shows the record that is now the current one.
     void recordChanged();
+    /// A line of the grid was clicked; its record is the current one.
+    void rowClicked();
 
   private:
     void makeLabels();
@@ -62,19 +69,29 @@ class IntakePage : public QObject {
     void cmdQxClick();
     void cmdQ1Click();
     void undoSource();
+    void undoWay();
     void undoFiles();
+    void clearFiles();
     void cmdLrClick();
     void lrtc();
-    IntakeResult runIntake();
-    void reportRun(const IntakeResult& result);
+    /// What a run has to tell: how many pictures it entered, and what is said before that.
+    struct Outcome {
+        int count;
+        QStringList messages;
+    };
+    Outcome runIntake();
+    Outcome enterFiles(const std::function<void(int)>& progress);
+    Outcome copyRecords(const std::function<void(int)>& progress);
     void showAlbumCount();
 
     SharedControls& controls_;
     FormState& state_;
     HintLine& hints_;
     BrowserPanel& browser_;
+    MappingPanel& mapping_;
     CodeButtons& codeButtons_;
     PreviewPanel& preview_;
+    std::unique_ptr<DatabaseIntake> database_;
 
     QGroupBox* fraLy_ = nullptr;
     QGroupBox* fraFs_ = nullptr;

@@ -3,6 +3,7 @@
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
+#include "intake/database_copy.h"
 #include "intake/intake_texts.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
@@ -51,12 +52,7 @@ class Run {
     Recordset& table() { return datLr_.Recordset(); }
 
     void appendOne(const QString& name, const QString& path) {
-        int next = 1;
-        if (datLr_.total() > 0) {
-            table().MoveLast();
-            const Variant last = table().Fields(u"序号"_s).Value();
-            next = last.isNull() ? 1 : last.toInteger() + 1;
-        }
+        const int next = nextNumber(table());
         table().AddNew();
         table().Fields(u"序号"_s).SetValue(next);
         const Picture picture = look(path);

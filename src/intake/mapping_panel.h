@@ -7,6 +7,7 @@
 #include "intake/shared_controls.h"
 
 #include <QObject>
+#include <functional>
 #include <vector>
 
 class QScrollArea;
@@ -27,6 +28,9 @@ class MappingPanel : public QObject {
 
     QPushButton* cmdQx() const { return cmdQx_; }
     QPushButton* cmdLr() const { return cmdLr_; }
+
+    /// Whether the page 图片录入 replaces records: the field of their 序号 is then explained. Not set: never.
+    std::function<bool()> replaces;
 
     // Forwards --------------------------------------------------------------------------------------------------------
 
@@ -60,6 +64,7 @@ class MappingPanel : public QObject {
 
   Q_SIGNALS:
     void tableChosen(const QString& table);  ///< Its fields are shown; step 4 or 14.
+    void tableDropped();                     ///< None is chosen any more.
     void indexChosen(const QString& field);  ///< The source field for the first target field was picked; may be empty.
     void mapped();                           ///< The mapping is finished; step 5 or 15.
     void closed();                           ///< cmdLr with "关闭本框".
@@ -77,22 +82,23 @@ class MappingPanel : public QObject {
     void makeControls();
     void makeButtons();
     void arrange();
-    Line& line(int index);
+    void addLine();
+    TextBox* txtYb(std::size_t index) const { return lines_[index].txtYb; }
 
     void lstSbClick();
-    void showFields(const QString& chosen);
-    void txtYbFocus(int index);
-    void placeFieldList(int index, int fields);
+    void showTable(const QString& chosen);
+    void showFields(const TableShape& target);
+    void openFieldList(std::size_t index);
+    void placeFieldList(const QWidget* box, int fields);
     void lstDyClick();
-    void setField(int index, const QString& field);
-    void checkField(int index);
-    void setIndexField(const QString& field);
+    void setField(std::size_t index, const QString& field);
+    bool isAccepted(const QString& field, const QString& targetField);
+    void markIndexField();
     void cmdQxClick();
     void mapAll();
     void cmdLrClick();
     void finishMapping();
     void readMapping();
-    void markIndexLine();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -112,8 +118,9 @@ class MappingPanel : public QObject {
     QLabel* lbl8_ = nullptr;
     QLabel* lbl9_ = nullptr;
     QScrollArea* area_ = nullptr;
-    std::vector<Line> lines_;
-    int shownLines_ = 0;  ///< Fields of the target table.
+    std::vector<Line> lines_;     ///< The first one always stands.
+    TableShape target_;           ///< The fields that the lines show.
+    std::size_t lineInHand_ = 0;  ///< Whose list of fields is open.
     ListBox* lstDy_ = nullptr;
     QPushButton* cmdQx_ = nullptr;
     QPushButton* cmdLr_ = nullptr;

@@ -44,9 +44,12 @@ QStringList offeredTables(const QStringList& tables);
 /// All records of a table, in the order of a column when one is named.
 QString allRecordsSql(const QString& table, const QString& orderColumn = {});
 
-/// Caption of a target field, and the name back from it.
+/// The criteria that find a record by its key. Throws `Error` for a text or a 16-bit integer: records are found by keys
+/// of other types, such as the 序号 of an album.
+QString keyCriteria(const FieldShape& indexField, const QString& key);
+
+/// Caption of a target field.
 QString mappingCaption(const QString& targetField);
-QString targetOfCaption(const QString& caption);
 
 /// What is said when the types differ, and what is asked when the target is shorter; empty when there is no cause.
 QString typeWarning(const FieldShape& source, const FieldShape& target);

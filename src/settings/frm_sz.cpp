@@ -44,6 +44,7 @@ class IntakeTabPage : public SettingsPage {
     void enter() override { page_.enter(); }
     void albumChosen() override { page_.albumChosen(); }
     void albumLost() override { page_.albumLost(); }
+    void rowClicked() override { page_.rowClicked(); }
     void recordChanged() override { page_.recordChanged(); }
 
   private:
@@ -61,14 +62,15 @@ frmSz::frmSz(Windows& windows, QWidget* parent) : QWidget(parent), windows_(wind
     makeOuterButtons();
     hints_ = std::make_unique<HintLine>(shared_.lblTs, state_);
     browser_ = std::make_unique<BrowserPanel>(shared_, state_, *hints_);
+    mapping_ = std::make_unique<MappingPanel>(shared_, state_, *hints_, *browser_);
     codeButtons_ = std::make_unique<CodeButtons>(shared_, state_);
     preview_ = std::make_unique<PreviewPanel>(shared_, state_);
-    intake_ = std::make_unique<IntakePage>(shared_, state_, *hints_, *browser_, *codeButtons_, *preview_);
+    intake_ = std::make_unique<IntakePage>(shared_, state_, *hints_, *browser_, *mapping_, *codeButtons_, *preview_);
 
     auto setup = std::make_unique<SetupPage>(shared_, state_, *hints_, *preview_);
     setup_ = setup.get();
     pages_ = {std::move(setup), std::make_unique<IntakeTabPage>(*intake_),
-              std::make_unique<EditingPage>(shared_, state_, *hints_),
+              std::make_unique<EditingPage>(shared_, state_, *hints_, *preview_),
               std::make_unique<TransferPage>(shared_, state_, *hints_, *codeButtons_)};
 
     load();
@@ -167,6 +169,7 @@ void frmSz::sstFzClick() {
     state_.pageFree = true;
     if (!browser_->picMl()->isHidden()) attempt([&] { browser_->cmdMxClick(); });
     if (preview_->isOpen()) attempt([&] { preview_->cmdCgClick(); });
+    shared_.datBj->setDatabaseName(mekTp::cataloguePath());
     if (!albumIsChosen()) shared_.msgBm->Clear();
 
     placeSharedControls();
@@ -232,6 +235,7 @@ void frmSz::cboBmClick() {
         return;
     }
     state_.albumTable = table;
+    shared_.datBj->setDatabaseName(mekTp::cataloguePath());
     shared_.datBj->setRecordSource(u"SELECT * FROM "_s + table + u" ORDER BY [序号]"_s);
     attempt([&] { shared_.datBj->Refresh(); });
     page().albumChosen();

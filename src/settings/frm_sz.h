@@ -5,6 +5,7 @@
 #include "intake/form_state.h"
 #include "intake/hint_line.h"
 #include "intake/intake_page.h"
+#include "intake/mapping_panel.h"
 #include "intake/preview_panel.h"
 #include "intake/shared_controls.h"
 #include "settings/page_layout.h"
@@ -57,6 +58,7 @@ class frmSz : public QWidget {
     ShapeBox* shpNk;
     std::unique_ptr<HintLine> hints_;
     std::unique_ptr<BrowserPanel> browser_;
+    std::unique_ptr<MappingPanel> mapping_;
     std::unique_ptr<CodeButtons> codeButtons_;
     std::unique_ptr<PreviewPanel> preview_;
     std::unique_ptr<IntakePage> intake_;

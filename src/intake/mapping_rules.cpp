@@ -1,0 +1,89 @@
+#include "intake/mapping_rules.h"
+
+#include "platform/base/error.h"
+
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+bool hasTable(const Database& database, const QString& table) {
+    return database.isOpen() && database.TableDefs().contains(table, Qt::CaseInsensitive);
+}
+
+QString typeNumber(const FieldShape& field) {
+    return QString::number(static_cast<int>(field.type));
+}
+
+}  // namespace
+
+TableShape shapeOf(const Database& database, const QString& table) {
+    const Recordset rows = database.OpenRecordset(u"SELECT * FROM ["_s + table + u"] WHERE 1 = 0"_s);
+    TableShape shape;
+    for (int i = 0; i < rows.FieldCount(); ++i) {
+        const Field field = rows.Fields(i);
+        shape.push_back({field.Name(), field.Type(), field.Size()});
+    }
+    return shape;
+}
+
+TableShape shapeByName(const Database& first, const Database& second, const QString& table) {
+    return shapeOf(hasTable(first, table) ? first : second, table);
+}
+
+std::optional<FieldShape> fieldNamed(const TableShape& shape, const QString& name) {
+    const auto found = std::find_if(shape.begin(), shape.end(), [&](const FieldShape& field) {
+        return field.name.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    if (found == shape.end()) return std::nullopt;
+    return *found;
+}
+
+QStringList offeredTables(const QStringList& tables) {
+    QStringList offered;
+    for (const QString& table : tables)
+        if (!table.startsWith(u"MSys"_s, Qt::CaseInsensitive)) offered << table;
+    return offered;
+}
+
+QString allRecordsSql(const QString& table, const QString& orderColumn) {
+    const QString all = u"SELECT * FROM ["_s + table + u']';
+    return orderColumn.isEmpty() ? all : all + u" ORDER BY ["_s + orderColumn + u']';
+}
+
+QString keyCriteria(const FieldShape& indexField, const QString& key) {
+    if (indexField.type == FieldType::text || indexField.type == FieldType::integer)
+        throw Error(
+            u"字段“%1”是文本或短整数，不能按它查找记录。请用长整数的字段（如序号）对应“序号”。"_s.arg(indexField.name));
+    return u'[' + indexField.name + u"] = "_s + key;
+}
+
+QString mappingCaption(const QString& targetField) {
+    return targetField + u"<对应>"_s;
+}
+
+QString typeWarning(const FieldShape& source, const FieldShape& target) {
+    if (source.type == target.type) return {};
+    return u"两个字段的数据类型不同，不能继续，请重选！(源字段["_s + source.name + u"]类型＝"_s + typeNumber(source) +
+           u"，(目标字段["_s + target.name + u"]类型＝"_s + typeNumber(target) + u')';
+}
+
+QString lengthQuestion(const FieldShape& source, const FieldShape& target) {
+    if (target.size >= source.size) return {};
+    return u"目标表的字段长度小于源表的字段长度，如果继续请按“确定”；否则按“取消”！(源字段["_s + source.name +
+           u"]长度＝"_s + QString::number(source.size) + u"，(目标字段["_s + target.name + u"]长度＝"_s +
+           QString::number(target.size) + u')';
+}
+
+int firstTypeMismatch(const TableShape& opened, const TableShape& other) {
+    const auto pairs = std::min(opened.size(), other.size());
+    for (std::size_t i = 0; i < pairs; ++i)
+        if (opened[i].type != other[i].type) return static_cast<int>(i);
+    return -1;
+}
+
+int mappedFields(const FieldMapping& mapping) {
+    return static_cast<int>(
+        std::count_if(mapping.begin(), mapping.end(), [](const FieldPair& pair) { return !pair.source.isEmpty(); }));
+}
