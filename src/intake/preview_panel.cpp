@@ -125,6 +125,13 @@ void PreviewPanel::setStoreEnabled(bool on) {
     cmdAq_->setEnabled(on);
 }
 
+void PreviewPanel::followRecord() {
+    setCaption(recordCaption());
+    setStoreEnabled(false);
+    state_.previewMark = u"s"_s;
+    if (isOpen()) chkCkClick();
+}
+
 void PreviewPanel::cmdCkClick(int index) {
     if (isOpen() && state_.previewIndex != index) hide();
     const Opener& opener = openerOf(index);

@@ -37,6 +37,8 @@ class PreviewPanel : public QObject {
     void hide();
     void setCaption(const QString& caption);
     void setStoreEnabled(bool on);  ///< cmdAq
+    /// Another record is the current one of the page 图册编辑: the open panel shows its picture, not a loaded one.
+    void followRecord();
 
     // What the pages that take a picture in are asked ----------------------------------------------------------------
 
@@ -52,6 +54,9 @@ class PreviewPanel : public QObject {
 
   Q_SIGNALS:
     void closed();
+    /// A picture has been stored in the current record; the records are about to be read anew, and have been.
+    void storing();
+    void stored();
 
   private:
     void makeControls();

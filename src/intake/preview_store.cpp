@@ -120,8 +120,10 @@ void PreviewPanel::storeInRecord() {
         attempt([&] { records.CancelUpdate(); });
         throw;
     }
+    Q_EMIT storing();
     controls_.datBj->Refresh();
     if (!number.isEmpty()) controls_.datBj->findFirst(u"序号 = "_s + number);
+    Q_EMIT stored();
     file.close();
     removeScratchPicture();
     cmdAq_->setEnabled(false);

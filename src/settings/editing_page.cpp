@@ -1,47 +1,89 @@
 #include "settings/editing_page.h"
 
-#include "catalogue/album_rules.h"
-#include "catalogue/mektp.h"
-#include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/desktop/data_control.h"
-#include "platform/desktop/list_box.h"
-#include "platform/desktop/tab_control.h"
+#include "settings/editing_rules.h"
+
+#include <QComboBox>
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
-/// Fills a list with the selection buttons; those that an album offers carry braces.
-void fillCodes(ListBox& list, const QString& source, const QString& album) {
-    list.clear();
-    for (Recordset buttons = mekTp::catalogue.OpenRecordset(source); !buttons.Eof(); buttons.MoveNext()) {
-        const auto text = [&](const QString& column) { return buttons.Fields(column).Value().textOr(); };
-        const bool offered = !album.isEmpty() && offersAlbum(text(u"图册"_s), album);
-        list.AddItem(text(u"编号"_s) + (offered ? u" {"_s + text(u"名称"_s) + u'}' : u' ' + text(u"名称"_s)));
-    }
-}
-
-}  // namespace
-
-EditingPage::EditingPage(SharedControls& controls, FormState& state, HintLine& hints)
-    : controls_(controls), state_(state), hints_(hints) {
-    controls.datBj->setCaption(u"移动记录"_s);
-    controls.sstFz->putOn(editingTab, controls.datBj, 5760, 3480, 3165, 375);
-    controls.lstBh->setColumns(3);
-    controls.sstFz->putOn(editingTab, controls.lstBh, 5760, 1300, 3165, 2040);
+EditingPage::EditingPage(SharedControls& controls, FormState& state, HintLine& hints, PreviewPanel& preview)
+    : controls_(controls),
+      state_(state),
+      hints_(hints),
+      codes_(controls, state),
+      record_(controls, state, hints, preview),
+      renumbering_(controls, state) {
+    renumbering_.albumLost();
+    connect(&record_, &RecordFrame::filterChosen, this, &EditingPage::listFiltered);
+    connect(&record_, &RecordFrame::codesRegistered, &codes_, &CodeList::readAgain);
+    connect(&record_, &RecordFrame::recordDeleted, this, &EditingPage::tellAgain);
+    connect(&renumbering_, &RenumberingRow::wholeAlbumShown, this, &EditingPage::tellAll);
+    connect(&codes_, &CodeList::codeClicked, this, [this](const QString& code) {
+        if (record_.isEditing()) record_.appendCode(code);
+    });
+    connect(&codes_, &CodeList::codeDoubleClicked, this, [this](const QString& code) {
+        if (!record_.isEditing()) listWithCode(code);
+    });
 }
 
 void EditingPage::enter() {
+    record_.rest();
     hints_.show(u"操作提示：请在左侧选择要编辑的图片"_s);
-    attempt([&] { fillCodes(*controls_.lstBh, u"tcan"_s, {}); });
-}
-
-void EditingPage::albumLost() {
-    controls_.lstBh->setEnabled(false);
+    codes_.enter();
 }
 
 void EditingPage::albumChosen() {
-    attempt([&] { fillCodes(*controls_.lstBh, u"SELECT * FROM tcan"_s, state_.albumTable); });
-    controls_.lstBh->setEnabled(true);
+    codes_.albumChosen();
+    record_.albumChosen();
+    renumbering_.albumChosen();
+    tellAll();
+}
+
+void EditingPage::albumLost() {
+    listing_ = {};
+    codes_.albumLost();
+    record_.albumLost();
+    renumbering_.albumLost();
+}
+
+void EditingPage::rowClicked() {
+    record_.rowClicked();
+}
+
+void EditingPage::recordChanged() {
+    record_.fill();
+}
+
+void EditingPage::listFiltered(int option) {
+    const RecordFilter filter = recordFilter(option);
+    list(filteredRecords(state_.albumTable, filter));
+    tellListing([filter](const QString& albumLine, int count) { return filterText(albumLine, filter, count); });
+}
+
+void EditingPage::listWithCode(const QString& code) {
+    list(recordsWithCode(state_.albumTable, code));
+    record_.showFilter(-1);
+    tellListing([code](const QString& albumLine, int count) { return codeFilterText(albumLine, code, count); });
+}
+
+void EditingPage::list(const QString& source) {
+    controls_.datBj->setRecordSource(source);
+    attempt([&] { controls_.datBj->Refresh(); });
+}
+
+void EditingPage::tellAll() {
+    record_.showFilter(0);
+    const RecordFilter all = recordFilter(0);
+    tellListing([all](const QString& albumLine, int count) { return filterText(albumLine, all, count); });
+}
+
+void EditingPage::tellListing(ListingText text) {
+    listing_ = std::move(text);
+    tellAgain();
+}
+
+void EditingPage::tellAgain() {
+    if (listing_) codes_.showListing(listing_(controls_.cboBm->currentText(), controls_.datBj->total()));
 }

@@ -2,20 +2,45 @@
 
 #include "intake/form_state.h"
 #include "intake/hint_line.h"
+#include "intake/preview_panel.h"
 #include "intake/shared_controls.h"
+#include "settings/code_list.h"
+#include "settings/record_frame.h"
+#include "settings/renumbering_row.h"
 #include "settings/settings_page.h"
 
-/// The page 图册编辑: the records of an album, with the list of selection codes.
-class EditingPage : public SettingsPage {
+#include <QObject>
+#include <functional>
+
+/// The page 图册编辑: the records of an album in the grid, all of them or those of a filter; the current one can be
+/// changed and deleted, and the album numbered anew.
+class EditingPage : public QObject, public SettingsPage {
+    Q_OBJECT
+
   public:
-    EditingPage(SharedControls& controls, FormState& state, HintLine& hints);
+    EditingPage(SharedControls& controls, FormState& state, HintLine& hints, PreviewPanel& preview);
 
     void enter() override;
     void albumChosen() override;
     void albumLost() override;
+    void rowClicked() override;
+    void recordChanged() override;
 
   private:
+    using ListingText = std::function<QString(const QString& albumLine, int count)>;
+
+    void listFiltered(int option);
+    void listWithCode(const QString& code);
+    void tellListing(ListingText text);
+    void tellAll();
+    void tellAgain();
+    void list(const QString& source);
+
     SharedControls& controls_;
     FormState& state_;
     HintLine& hints_;
+    CodeList codes_;
+    RecordFrame record_;
+    RenumberingRow renumbering_;
+    ListingText listing_;  ///< Tells the records in the grid; nothing while no album is chosen.
 };

@@ -1,0 +1,67 @@
+#include "settings/editing_rules.h"
+
+#include "catalogue/album_rules.h"
+#include "platform/database/database.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString inNumberOrder = u" ORDER BY [序号]"_s;
+
+QString countText(int count) {
+    return u" 共有记录 "_s + QString::number(count) + u"条"_s;
+}
+
+}  // namespace
+
+RecordFilter recordFilter(int option) {
+    if (option == 1) return {u" WHERE isnull(编号) or 编号 = '' "_s, u"未设编号"_s};
+    if (option == 2) return {u" WHERE 编号 <> '' "_s, u"已设编号"_s};
+    return {{}, u"全部记录"_s};
+}
+
+QString filteredRecords(const QString& album, const RecordFilter& filter) {
+    return u"SELECT * FROM "_s + album + filter.where + inNumberOrder;
+}
+
+QString recordsWithCode(const QString& album, const QString& code) {
+    const QString where = code == u"v" ? QString() : u" WHERE InStr(编号, "_s + quoted(code) + u") > 0"_s;
+    return u"SELECT * FROM "_s + album + where + inNumberOrder;
+}
+
+QString sortedRecords(const QString& album, const QString& sortField) {
+    return u"SELECT * FROM "_s + album + u" ORDER BY ["_s + sortField + u']';
+}
+
+QString sortColumn(int option) {
+    return u"序号日期编号"_s.mid(option * 2, 2);
+}
+
+QString filterText(const QString& albumLine, const RecordFilter& filter, int count) {
+    return u'(' + albumLine.mid(4).trimmed() + u") "_s + filter.name + countText(count);
+}
+
+QString codeFilterText(const QString& albumLine, const QString& code, int count) {
+    return u"分图册名："_s + albumLine.left(4) + u'(' + titleOfLine(albumLine) + u") 编号 = ["_s + code + u']' +
+           countText(count);
+}
+
+QString codeLine(const QString& code, const QString& name, bool offered) {
+    return offered ? code + u" {"_s + name + u'}' : code + u' ' + name;
+}
+
+QString codeOfLine(const QString& line) {
+    return line.left(1);
+}
+
+QString renumberingQuestion(const QString& albumLine, const QString& sortCaption) {
+    const qsizetype blank = albumLine.indexOf(u' ');
+    const QString title = blank < 0 ? QString() : albumLine.mid(blank + 1).trimmed();
+    return u"  重新设置像册["_s + title + u"]的序号吗？（"_s + sortCaption +
+           u"排序）\n\n如果“是”,按《确定》，然后设置排序顺序；否则按《取消》。"_s;
+}
+
+QString deletionQuestion(const QString& number) {
+    return u"确定删除这张图片吗？ [序号]="_s + number + u"\n\n确定删除，按《确定》；否则按《取消》。"_s;
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QString>
+
+/// Rules of the page 图册编辑: the SQL texts of its listings and the texts of its labels and questions. An album line
+/// is the chooser's: table name, blank, title.
+
+// Listings of the album's records ------------------------------------------------------------------------------------
+
+/// What the option buttons optBs show: 0 all records, 1 those without a code, 2 those with one.
+struct RecordFilter {
+    QString where;  ///< With a blank in front; empty for all records.
+    QString name;   ///< As lblZs tells it.
+};
+RecordFilter recordFilter(int option);
+
+QString filteredRecords(const QString& album, const RecordFilter& filter);
+/// The records that carry a selection code; "v" stands for all of them.
+QString recordsWithCode(const QString& album, const QString& code);
+QString sortedRecords(const QString& album, const QString& sortField);
+
+/// The column of option button optP1: 0 序号, 1 日期, 2 编号.
+QString sortColumn(int option);
+
+// The line lblZs -----------------------------------------------------------------------------------------------------
+
+QString filterText(const QString& albumLine, const RecordFilter& filter, int count);
+QString codeFilterText(const QString& albumLine, const QString& code, int count);
+
+// The list of selection codes ----------------------------------------------------------------------------------------
+
+/// The line of a selection button; braces mark one that the album offers.
+QString codeLine(const QString& code, const QString& name, bool offered);
+QString codeOfLine(const QString& line);
+
+// Questions ----------------------------------------------------------------------------------------------------------
+
+QString renumberingQuestion(const QString& albumLine, const QString& sortCaption);
+QString deletionQuestion(const QString& number);

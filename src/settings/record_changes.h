@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/database/database.h"
+
+#include <QStringList>
+
+/// The texts of a picture record, as the page 图册编辑 shows them; a Null, and a blank that stands for no text, is
+/// empty.
+struct RecordTexts {
+    QString number;
+    QString codes;
+    QString size;
+    QString spec;
+    QString date;
+    QString remark;
+
+    bool operator==(const RecordTexts&) const = default;
+};
+
+/// The texts of the current record; what cannot be read is empty.
+RecordTexts textsOfRecord(const Recordset& records);
+
+/// Stores the texts in the current record. A value that the catalogue refuses leaves the old one in the record, and
+/// the others are stored all the same. Returns a sentence for every one that was not stored, and, when the record as a
+/// whole could not be, one for that.
+QStringList storeRecord(Recordset& records, const RecordTexts& texts);
+
+/// Has the selection button of every code in `codes` offer the album.
+struct CodesRegistered {
+    int added = 0;         ///< Buttons that did not offer it before.
+    QStringList failures;  ///< A sentence for every one that could not be changed.
+};
+CodesRegistered registerCodes(const Database& catalogue, const QString& codes, const QString& album);

@@ -1,0 +1,351 @@
+#include "settings/record_frame.h"
+
+#include "catalogue/mektp.h"
+#include "intake/intake_texts.h"
+#include "intake/settings_tab.h"
+#include "platform/base/conversion.h"
+#include "platform/base/error.h"
+#include "platform/desktop/data_control.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/option_buttons.h"
+#include "platform/desktop/tab_control.h"
+#include "platform/desktop/text_box.h"
+#include "settings/editing_rules.h"
+#include "settings/form_parts.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <algorithm>
+#include <limits>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString atRest = u"编 辑"_s;
+const QString pending = u"确 定"_s;
+const QString next = u"下一张"_s;
+const QString deletes = u"删 除"_s;
+const QString cancels = u"取 消"_s;
+
+constexpr int opener = 2;  ///< Of the preview's buttons cmdCk.
+
+const QRect frame(5460, 3900, 3765, 2610);
+constexpr int rightEdge = 3645, left = 120;
+constexpr int pitch = 378, captionWidth = 540, fieldsWidth = 2625;
+constexpr int buttonLeft = 2835, buttonWidth = rightEdge - buttonLeft;
+
+constexpr int lineTop(int line) {
+    return 255 + line * pitch;
+}
+
+}  // namespace
+
+RecordFrame::RecordFrame(SharedControls& controls, FormState& state, HintLine& hints, PreviewPanel& preview)
+    : controls_(controls),
+      state_(state),
+      hints_(hints),
+      preview_(preview),
+      Frame9(makeGroup(controls.sstFz, editingTab, u"Frame9"_s, u"编辑记录"_s, frame)) {
+    makeFields();
+    makeButtons();
+    makeOptions();
+    DataControl* datBj = controls.datBj;
+    datBj->setParent(Frame9);
+    datBj->setCaption(u"移动记录"_s);
+    place(datBj, left, lineTop(5), rightEdge - left, 345);
+    connect(datBj, &DataControl::refreshed, this, [this] {
+        if (controls_.datBj->total() == 0) clear();
+    });
+    preview.recordBeingEdited = [this] { return isEditing(); };
+    preview.recordNumber = [this] { return txtXh->text(); };
+    preview.recordCode = [this] { return txtBh->text(); };
+    connect(&preview, &PreviewPanel::storing, this, &RecordFrame::keepTyped);
+    connect(&preview, &PreviewPanel::stored, this, &RecordFrame::restoreTyped);
+    rest();
+    albumLost();
+}
+
+void RecordFrame::makeFields() {
+    const int numberWidth = 600, codesLeft = left + captionWidth + numberWidth + 75;
+    const int wide = fieldsWidth - captionWidth;
+    const auto field = [&](const QString& name, const QString& caption, int x, int line, int width) {
+        return makeLabelled<TextBox>(Frame9, name, caption, {x, lineTop(line)}, captionWidth, width);
+    };
+    txtXh = field(u"txtXh"_s, u"序号："_s, left, 0, numberWidth);
+    txtBh = field(u"txtBh"_s, u"编号："_s, codesLeft, 0, left + fieldsWidth - codesLeft - captionWidth);
+    txtRq = field(u"txtRq"_s, u"日期："_s, left, 1, wide);
+    txtB2 = field(u"txtB2"_s, u"备注："_s, left, 2, wide);
+    const auto value = [&](const QString& name, const QString& caption, int x, int width) {
+        makeCaption(Frame9, caption, x, lineTop(3), captionWidth);
+        auto* label = make<QLabel>(Frame9, name);
+        label->setTextFormat(Qt::PlainText);
+        place(label, x + captionWidth, lineTop(3), width, rowHeight);
+        return label;
+    };
+    lblGg = value(u"lblGg"_s, u"规格："_s, left, 1080);
+    lblDx = value(u"lblDx"_s, u"大小："_s, left + captionWidth + 1110, 900);
+
+    connect(txtXh, &TextBox::lostFocus, this, [this] {
+        // The focus is still on its way; a box opened now would swallow the click that moved it.
+        numberToCheck_ = true;
+        QMetaObject::invokeMethod(this, guarded(controls_.form, [this] { numberLeft(); }), Qt::QueuedConnection);
+    });
+}
+
+void RecordFrame::makeButtons() {
+    cmdQd = makeButton(Frame9, u"cmdQd"_s, atRest, buttonLeft, lineTop(0), buttonWidth);
+    cmdSc = makeButton(Frame9, u"cmdSc"_s, deletes, buttonLeft, lineTop(1), buttonWidth);
+    place(preview_.makeOpener(opener, Frame9), buttonLeft, lineTop(2), buttonWidth, rowHeight);
+    connect(cmdQd, &QPushButton::clicked, this, guarded(controls_.form, [this] { cmdQdClick(); }));
+    connect(cmdSc, &QPushButton::clicked, this, guarded(controls_.form, [this] { cmdScClick(); }));
+}
+
+void RecordFrame::makeOptions() {
+    const std::array captions{u"全部"_s, u"未设编号"_s, u"已设编号"_s};
+    const std::array lefts{left, 780, 1755};
+    for (int i = 0; i < 3; ++i) {
+        auto& option = optBs.at(i);
+        option = make<QRadioButton>(Frame9, element(u"optBs"_s, i), captions.at(i));
+        place(option, lefts.at(i), lineTop(4), i == 0 ? 650 : 975, rowHeight);
+        connect(option, &QRadioButton::clicked, this, guarded(controls_.form, [this, i] { Q_EMIT filterChosen(i); }));
+    }
+    chkLi = make<QCheckBox>(Frame9, u"chkLi"_s, u"连续编辑"_s);
+    place(chkLi, 2715, lineTop(4), 1035, rowHeight);
+}
+
+// What is shown ------------------------------------------------------------------------------------------------------
+
+void RecordFrame::albumChosen() {
+    rest();
+    showFilter(0);
+    for (QRadioButton* option : optBs) option->setEnabled(true);
+    allowChanges();
+}
+
+void RecordFrame::albumLost() {
+    rest();
+    clear();
+    showFilter(-1);
+    for (QRadioButton* option : optBs) option->setEnabled(false);
+    cmdQd->setEnabled(false);
+    cmdSc->setEnabled(false);
+    preview_.allowOpening(opener, false);
+}
+
+void RecordFrame::rowClicked() {
+    allowChanges();
+}
+
+/// The demonstration album can be looked at only.
+void RecordFrame::allowChanges() {
+    const bool changeable = !state_.albumTable.isEmpty() && !isDemo(state_.albumTable);
+    cmdQd->setEnabled(changeable);
+    cmdSc->setEnabled(changeable);
+    preview_.allowOpening(opener, !state_.albumTable.isEmpty());
+}
+
+void RecordFrame::fill() {
+    showTexts(textsOfRecord(controls_.datBj->Recordset()));
+    preview_.followRecord();
+}
+
+void RecordFrame::clear() {
+    showTexts({});
+    if (controls_.sstFz->currentIndex() == editingTab) preview_.followRecord();
+}
+
+void RecordFrame::showTexts(const RecordTexts& texts) {
+    shown_ = texts;
+    txtXh->setText(texts.number);
+    txtBh->setText(texts.codes);
+    txtRq->setText(texts.date);
+    txtB2->setText(texts.remark);
+    lblGg->setText(texts.spec);
+    lblDx->setText(texts.size);
+    for (TextBox* box : {txtRq, txtB2}) box->setCursorPosition(0);
+}
+
+RecordTexts RecordFrame::texts() const {
+    return {txtXh->text(), txtBh->text(), lblDx->text(), lblGg->text(), txtRq->text(), txtB2->text()};
+}
+
+void RecordFrame::showFilter(int option) {
+    for (QRadioButton* one : optBs) clearOption(one);
+    if (option >= 0) optBs.at(static_cast<std::size_t>(option))->setChecked(true);
+}
+
+bool RecordFrame::hasRecord() const {
+    const Recordset& records = controls_.datBj->Recordset();
+    return !records.isNothing() && records.row() >= 0;
+}
+
+// States -------------------------------------------------------------------------------------------------------------
+
+bool RecordFrame::isEditing() const {
+    return cmdQd->text() != atRest;
+}
+
+bool RecordFrame::isContinuous() const {
+    return cmdQd->text() == next;
+}
+
+void RecordFrame::setLocked(bool on) {
+    for (TextBox* box : {txtXh, txtBh, txtRq, txtB2}) box->setLocked(on);
+}
+
+void RecordFrame::rest() {
+    setLocked(true);
+    numberToCheck_ = false;
+    if (isContinuous()) hints_.show(u"操作提示：请在左侧选择要编辑的图片"_s);
+    cmdQd->setText(atRest);
+    cmdSc->setText(deletes);
+    preview_.setStoreEnabled(false);
+    state_.pageFree = true;
+}
+
+void RecordFrame::startEditing() {
+    if (!hasRecord()) {
+        say(controls_.form, u"没有可以编辑的记录。"_s);
+        return;
+    }
+    setLocked(false);
+    if (chkLi->isChecked()) {
+        cmdQd->setText(next);
+        hints_.show(u"操作提示：编辑后如果继续进行，按《下一张》，否则按《取 消》。"_s);
+    } else {
+        cmdQd->setText(pending);
+    }
+    cmdSc->setText(cancels);
+    state_.pageFree = false;
+    txtBh->setFocus();
+}
+
+void RecordFrame::cmdQdClick() {
+    if (!isEditing())
+        startEditing();
+    else if (isContinuous())
+        goOn();
+    else if (bjbc())
+        rest();
+}
+
+void RecordFrame::goOn() {
+    if (numberToCheck_ && !numberIsFree()) return;
+    if (!bjbc()) return;
+    DataControl* datBj = controls_.datBj;
+    const int following = datBj->Recordset().row() + 1;
+    if (following == 0 || following >= datBj->total()) {
+        cmdQd->setEnabled(false);
+        rest();
+        return;
+    }
+    datBj->moveToRow(following);
+    setLocked(false);
+    txtBh->setFocus();
+}
+
+void RecordFrame::cmdScClick() {
+    if (!isEditing())
+        deleteRecord();
+    else if (bjbc())
+        rest();
+}
+
+void RecordFrame::appendCode(const QString& code) {
+    txtBh->setText(txtBh->text() + code);
+}
+
+// Changes ------------------------------------------------------------------------------------------------------------
+
+// Stores the fields in the current record. False when the user wants to fill in the codes first.
+bool RecordFrame::bjbc() {
+    if (txtBh->text().isEmpty() &&
+        !ask(controls_.form,
+             u"编号没有填，会造成以后无法筛选图片。\n\n如果暂不填写，按《确定》；否则按《取消》，重新填写。"_s)) {
+        txtBh->setFocus();
+        return false;
+    }
+    Recordset& records = controls_.datBj->Recordset();
+    QStringList failures = storeRecord(records, texts());
+    setLocked(true);
+    if (hasRecord()) {
+        const CodesRegistered codes = registerCodes(mekTp::catalogue, textsOfRecord(records).codes, state_.albumTable);
+        failures << codes.failures;
+        if (codes.added > 0) Q_EMIT codesRegistered();
+        // Grid and fields show what the record holds now, which is not what was typed where that was refused.
+        controls_.datBj->moveToRow(records.row());
+    }
+    if (!failures.isEmpty()) say(controls_.form, u"以下内容没有保存：\n\n"_s + failures.join(u'\n'));
+    return true;
+}
+
+void RecordFrame::deleteRecord() {
+    if (!hasRecord()) {
+        say(controls_.form, u"没有可以删除的记录。"_s);
+        return;
+    }
+    Recordset& records = controls_.datBj->Recordset();
+    const QString number = records.Fields(u"序号"_s).Value().textOr();
+    if (!ask(controls_.form, deletionQuestion(number))) return;
+    // The record itself goes, not whichever is found by its number: two can bear the same one.
+    const int row = records.row();
+    records.Delete();
+    const auto deletedNumber = static_cast<qint64>(numericValue(number));
+    goToNeighbour(deletedNumber, row);
+    Q_EMIT recordDeleted();
+}
+
+/// The record with the following number by preference, then the one before; where numbers are missing, the next in
+/// line.
+void RecordFrame::goToNeighbour(qint64 deletedNumber, int row) {
+    DataControl* datBj = controls_.datBj;
+    if (datBj->total() == 0) {
+        datBj->Refresh();
+        return;
+    }
+    const auto goTo = [&](qint64 number) { return datBj->findFirst(u"序号 = "_s + QString::number(number)); };
+    if (deletedNumber != 0 && (goTo(deletedNumber + 1) || goTo(deletedNumber - 1))) return;
+    datBj->moveToRow(std::min(row, datBj->total() - 1));
+}
+
+// The number
+// -----------------------------------------------------------------------------------------------------------
+
+// The number is tested when the focus leaves it in continuous editing. Whoever ends the editing is let go.
+void RecordFrame::numberLeft() {
+    const bool stillToCheck = std::exchange(numberToCheck_, false);
+    if (!stillToCheck || !isContinuous() || !txtXh->isVisible() || txtXh->hasFocus() || cmdSc->hasFocus()) return;
+    numberIsFree();
+}
+
+bool RecordFrame::numberIsFree() {
+    numberToCheck_ = false;
+    const auto number = numberFromText(txtXh->text());
+    if (!number) return true;  // storing it will tell
+    const Recordset others = mekTp::catalogue.OpenRecordset(u"SELECT * FROM "_s + state_.albumTable +
+                                                            u" WHERE 序号 = "_s + plainText(*number));
+    if (others.Eof()) return true;
+    say(controls_.form, u"所录入的序号重复，请修改重新录入！"_s, BoxIcon::information);
+    txtXh->setFocus();
+    return false;
+}
+
+// A new picture ------------------------------------------------------------------------------------------------------
+
+// Storing one reads the records anew; what has been typed meanwhile is not to be lost by that.
+void RecordFrame::keepTyped() {
+    before_ = shown_;
+    typed_ = texts();
+}
+
+void RecordFrame::restoreTyped() {
+    const auto restore = [](TextBox* box, const QString& typed, const QString& before) {
+        if (typed != before) box->setText(typed);
+    };
+    restore(txtXh, typed_.number, before_.number);
+    restore(txtBh, typed_.codes, before_.codes);
+    restore(txtRq, typed_.date, before_.date);
+    restore(txtB2, typed_.remark, before_.remark);
+}

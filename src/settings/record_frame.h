@@ -1,0 +1,90 @@
+#pragma once
+
+#include "intake/form_state.h"
+#include "intake/hint_line.h"
+#include "intake/preview_panel.h"
+#include "intake/shared_controls.h"
+#include "settings/record_changes.h"
+
+#include <QObject>
+#include <array>
+
+class QCheckBox;
+class QLabel;
+class QPushButton;
+class QRadioButton;
+class TextBox;
+
+/// The frame Frame9 of the page 图册编辑: shows the current record of datBj, changes it and deletes it, one record or
+/// one after the other. The captions of cmdQd and cmdSc are its state.
+class RecordFrame : public QObject {
+    Q_OBJECT
+
+  public:
+    RecordFrame(SharedControls& controls, FormState& state, HintLine& hints, PreviewPanel& preview);
+
+    void albumChosen();
+    void albumLost();
+    void rowClicked();
+    /// Shows the current record.
+    void fill();
+    /// Gives up what is pending; the fields are locked.
+    void rest();
+
+    bool isEditing() const;
+    void appendCode(const QString& code);
+    /// Chooses one of optBs; -1 for none of them.
+    void showFilter(int option);
+
+  Q_SIGNALS:
+    void filterChosen(int option);
+    void codesRegistered();  ///< Buttons offer the album that did not before.
+    void recordDeleted();
+
+  private:
+    void makeFields();
+    void makeOptions();
+    void makeButtons();
+
+    void clear();
+    void showTexts(const RecordTexts& texts);
+    RecordTexts texts() const;
+    void setLocked(bool on);
+    void allowChanges();
+    bool isContinuous() const;
+    bool hasRecord() const;
+
+    void cmdQdClick();
+    void cmdScClick();
+    void startEditing();
+    void goOn();
+    bool bjbc();
+    void deleteRecord();
+    void goToNeighbour(qint64 deletedNumber, int row);
+
+    void numberLeft();
+    bool numberIsFree();
+    void keepTyped();
+    void restoreTyped();
+
+    SharedControls& controls_;
+    FormState& state_;
+    HintLine& hints_;
+    PreviewPanel& preview_;
+    RecordTexts shown_;  ///< As the record held them when it was shown.
+    RecordTexts typed_;  ///< As they were typed, while a picture is stored in the record.
+    RecordTexts before_;
+    bool numberToCheck_ = false;
+
+    QGroupBox* Frame9;
+    TextBox* txtXh = nullptr;
+    TextBox* txtBh = nullptr;
+    TextBox* txtRq = nullptr;
+    TextBox* txtB2 = nullptr;
+    QLabel* lblGg = nullptr;
+    QLabel* lblDx = nullptr;
+    QCheckBox* chkLi = nullptr;
+    std::array<QRadioButton*, 3> optBs{};
+    QPushButton* cmdQd = nullptr;
+    QPushButton* cmdSc = nullptr;
+};

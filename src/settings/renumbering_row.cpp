@@ -1,0 +1,124 @@
+#include "settings/renumbering_row.h"
+
+#include "catalogue/mektp.h"
+#include "catalogue/renumbering.h"
+#include "intake/intake_texts.h"
+#include "intake/settings_tab.h"
+#include "platform/base/error.h"
+#include "platform/desktop/busy.h"
+#include "platform/desktop/data_control.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/option_buttons.h"
+#include "platform/desktop/tab_control.h"
+#include "settings/editing_rules.h"
+#include "settings/form_parts.h"
+
+#include <QComboBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScopeGuard>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int rowTopOnPage = 1035, controlHeight = 285;
+
+struct OrderOption {
+    QString caption;
+    int left;
+    int width;
+};
+
+}  // namespace
+
+RenumberingRow::RenumberingRow(SharedControls& controls, FormState& state) : controls_(controls), state_(state) {
+    TabControl* sstFz = controls.sstFz;
+    QWidget* page = sstFz->page(editingTab);
+    const std::array options{OrderOption{u"按原序号"_s, 300, 1080}, OrderOption{u"按日期"_s, 1425, 900},
+                             OrderOption{u"按编号"_s, 2370, 900}};
+    for (int i = 0; i < 3; ++i) {
+        const auto& [caption, left, width] = options.at(i);
+        auto& option = optP1.at(i);
+        option = make<QRadioButton>(page, element(u"optP1"_s, i), caption);
+        sstFz->putOn(editingTab, option, left, rowTopOnPage, width, controlHeight);
+        connect(option, &QRadioButton::clicked, this, guarded(controls.form, [this, i] { optP1Click(i); }));
+    }
+    cmdJh = make<QPushButton>(page, u"cmdJh"_s, u"重排序号"_s);
+    cmdS1 = make<QPushButton>(page, u"cmdS1"_s, u"表格刷新"_s);
+    sstFz->putOn(editingTab, cmdJh, 3360, rowTopOnPage, 990, controlHeight);
+    sstFz->putOn(editingTab, cmdS1, 4410, rowTopOnPage, 990, controlHeight);
+    connect(cmdJh, &QPushButton::clicked, this, guarded(controls.form, [this] { cmdJhClick(); }));
+    connect(cmdS1, &QPushButton::clicked, this, guarded(controls.form, [this] { controls_.datBj->Refresh(); }));
+}
+
+bool RenumberingRow::isChangeable() const {
+    return !state_.albumTable.isEmpty() && !isDemo(state_.albumTable);
+}
+
+void RenumberingRow::albumChosen() {
+    for (QRadioButton* option : optP1) option->setEnabled(true);
+    cmdJh->setEnabled(isChangeable());
+    cmdS1->setEnabled(isChangeable());
+}
+
+void RenumberingRow::albumLost() {
+    for (QRadioButton* option : optP1) option->setEnabled(false);
+    cmdJh->setEnabled(false);
+    cmdS1->setEnabled(false);
+}
+
+// Shows the album in the order that a renumbering would make its own.
+void RenumberingRow::optP1Click(int index) {
+    sortField = sortColumn(index);
+    controls_.datBj->setRecordSource(sortedRecords(state_.albumTable, sortField));
+    controls_.datBj->Refresh();
+    cmdJh->setEnabled(isChangeable());
+    Q_EMIT wholeAlbumShown();
+}
+
+QString RenumberingRow::sortCaption() const {
+    for (const QRadioButton* option : optP1) {
+        if (option->isChecked()) return option->text();
+    }
+    return optP1.back()->text();
+}
+
+void RenumberingRow::cmdJhClick() {
+    if (!ask(controls_.form, renumberingQuestion(controls_.cboBm->currentText(), sortCaption()))) return;
+    if (sortField.isEmpty()) sortField = sortColumn(0);
+    for (QRadioButton* option : optP1) clearOption(option);
+    cmdJh->setEnabled(false);
+    cmdS1->setEnabled(false);
+    const auto atRest = qScopeGuard([this] {
+        cmdS1->setEnabled(true);
+        cmdJh->setEnabled(true);
+    });
+    try {
+        renumber();
+    } catch (const Error& error) {
+        say(controls_.form, u"序号没有重排，图册[%1]的序号全都没有改变。\n\n"_s.arg(state_.albumTable) + error.text());
+        return;
+    }
+    controls_.datBj->setRecordSource(sortedRecords(state_.albumTable, sortColumn(0)));
+    attempt([&] { controls_.datBj->Refresh(); });
+    Q_EMIT wholeAlbumShown();
+    say(controls_.form, u"重新设置序号已经完成！"_s);
+}
+
+void RenumberingRow::renumber() {
+    const Hourglass hourglass;
+    QProgressBar* prg2 = controls_.prg2;
+    controls_.sstFz->putOn(editingTab, prg2, 720, 1065, 4035, 225);
+    prg2->setRange(0, 100);
+    prg2->setValue(0);
+    prg2->show();
+    prg2->raise();
+    const auto done = qScopeGuard([prg2] { prg2->hide(); });
+    prg2->repaint();
+    renumberAlbum(mekTp::catalogue, state_.albumTable, sortField, [prg2](int percent) {
+        prg2->setValue(percent);
+        prg2->repaint();
+    });
+}
