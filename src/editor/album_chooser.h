@@ -42,6 +42,11 @@ class AlbumChooser : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    struct Code {
+        QString code;
+        QString name;
+    };
+
     void makeChoice();
     void makePreview();
     void connectControls();
@@ -64,7 +69,7 @@ class AlbumChooser : public QObject {
 
     QLabel* lbl1_ = nullptr;
     std::vector<QPushButton*> cmdBh_;
-    int shownButtons_ = 1;
+    std::vector<Code> codes_;
     TextBox* txtB0_ = nullptr;
     ImageBox* img0_ = nullptr;
     ImageBox* imgCl_ = nullptr;

@@ -16,6 +16,8 @@ class Saving : public QObject {
   private:
     void saveIntoAlbum();
     void saveOverFile();
+    /// The picture of the last paint: after an undo, the one that was taken back.
+    QImage lastPaint() const;
 
     EditorState& state_;
     Commands& commands_;
@@ -24,9 +26,3 @@ class Saving : public QObject {
     AlbumChooser& chooser_;
     QWidget* form_;
 };
-
-/// Writes a picture file: a JPEG of quality 80 when the name ends in "jpg", exactly so, otherwise a bitmap.
-void writePictureFile(const QImage& image, const QString& path);
-
-/// The name under which a picture is kept: one that ends in "jpg" as it is, any other with the ending "bmp".
-QString savingName(const QString& chosen);

@@ -3,6 +3,7 @@
 #include "catalogue/mektp.h"
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
+#include "platform/desktop/caption.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/grid.h"
 #include "platform/desktop/message_box.h"
@@ -25,11 +26,6 @@ constexpr int textHeight = 300;
 constexpr int gap = 15;
 constexpr int buttonsAtStart = 45;
 constexpr int rowsOnIntake = 4, rowsOnTransfer = 11;  ///< That the pages have room for.
-
-/// A caption in which "&" marks no key.
-QString plainCaption(QString code) {
-    return code.replace(u'&', u"&&"_s);
-}
 
 }  // namespace
 

@@ -1,0 +1,30 @@
+#include "editor/picture_files.h"
+
+#include "platform/desktop/file_dialogs.h"
+#include "platform/picture/picture.h"
+
+#include <QFileInfo>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+constexpr int jpegQuality = 80;
+const auto pictureFilter = u"BMP文件(*.bmp)|*.bmp|JPG文件(*.jpg)|*.jpg"_s;
+}  // namespace
+
+void writePictureFile(const QImage& image, const QString& path) {
+    if (path.endsWith(u"jpg"))
+        saveJpeg(image, path, jpegQuality);
+    else
+        SavePicture(image, path);
+}
+
+QString savingName(const QString& chosen) {
+    if (chosen.endsWith(u"jpg")) return chosen;
+    const QString suffix = QFileInfo(chosen).suffix();
+    return (suffix.isEmpty() ? chosen + u'.' : chosen.chopped(suffix.size())) + u"bmp"_s;
+}
+
+QString askPictureFile(QWidget* parent, const QString& title) {
+    return askSaveFile(parent, title, pictureFilter);
+}
