@@ -1,5 +1,6 @@
 #include "program.h"
 
+#include "help/frm_bz.h"
 #include "help/frm_gy.h"
 #include "settings/frm_sz.h"
 #include "viewer/frm_tp.h"
@@ -15,7 +16,8 @@ void Program::start() {
 }
 
 bool Program::has(WindowKind window) const {
-    return window == WindowKind::viewer || window == WindowKind::settings || window == WindowKind::about;
+    return window == WindowKind::viewer || window == WindowKind::settings || window == WindowKind::help ||
+           window == WindowKind::about;
 }
 
 QWidget* Program::makeWindow(WindowKind window) {
@@ -24,6 +26,8 @@ QWidget* Program::makeWindow(WindowKind window) {
             return new frmTp(*this);
         case WindowKind::settings:
             return new frmSz(*this);
+        case WindowKind::help:
+            return new frmBz(*this);
         case WindowKind::about:
             return new frmGy;
         default:
@@ -33,17 +37,38 @@ QWidget* Program::makeWindow(WindowKind window) {
 
 void Program::handOver(WindowKind from, WindowKind to) {
     if (!has(to)) return;
-    show(to);
+    bring(to);
     unload(from);
 }
 
 void Program::show(WindowKind window) {
+    // The large windows take turns: while another one is at work, that is the one to come back to.
+    if (window == WindowKind::viewer)
+        for (const WindowKind large : {WindowKind::settings, WindowKind::editor})
+            if (isShown(large)) window = large;
+    bring(window);
+}
+
+bool Program::isShown(WindowKind window) const {
+    const auto found = windows_.find(window);
+    return found != windows_.end() && found->second && found->second->isVisible();
+}
+
+void Program::bring(WindowKind window) {
     QPointer<QWidget>& shown = windows_[window];
+    // Closed by its frame, a window is gone: it comes back as new.
+    if (shown && !shown->isVisible()) unload(window);
     if (!shown) shown = makeWindow(window);
     if (!shown) return;
     shown->show();
     shown->raise();
     shown->activateWindow();
+    tellMainWindow();
+}
+
+void Program::tellMainWindow() {
+    auto* viewer = qobject_cast<frmTp*>(windows_[WindowKind::viewer].data());
+    if (viewer != nullptr) viewer->windowsBeside(isShown(WindowKind::help), isShown(WindowKind::colours));
 }
 
 void Program::unload(WindowKind window) {
@@ -53,11 +78,13 @@ void Program::unload(WindowKind window) {
     shown->hide();
     shown->deleteLater();
     shown.clear();
+    tellMainWindow();
 }
 
 void Program::showHelp(const QString& topic) {
-    Q_UNUSED(topic)
     show(WindowKind::help);
+    auto* help = qobject_cast<frmBz*>(windows_[WindowKind::help].data());
+    if (help != nullptr && !topic.isEmpty()) help->showTopic(topic);
 }
 
 void Program::endProgram() {

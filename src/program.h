@@ -26,5 +26,10 @@ class Program : public Windows {
 
   private:
     QWidget* makeWindow(WindowKind window);
+    bool isShown(WindowKind window) const;
+    void bring(WindowKind window);
+    /// The main window shows in its menu which windows stand beside it.
+    void tellMainWindow();
+
     std::map<WindowKind, QPointer<QWidget>> windows_;
 };

@@ -287,16 +287,33 @@ void frmTp::toggleColours() {
         windows_.show(WindowKind::colours);
     else
         windows_.unload(WindowKind::colours);
-    mnuCs->setText(isClosed ? u"配色关闭(&C)"_s : u"窗口配色(&C)"_s);
+    offerColours(!isClosed);
+}
+
+void frmTp::offerColours(bool on) {
+    mnuCs->setText(on ? u"窗口配色(&C)"_s : u"配色关闭(&C)"_s);
 }
 
 void frmTp::toggleHelp() {
-    const bool isClosed = strip_->tlb1->button(u"bz"_s)->toolTip() == u"帮助";
+    const bool isClosed = isHelpOffered();
     if (isClosed)
         windows_.show(WindowKind::help);
     else
         windows_.unload(WindowKind::help);
-    strip_->tlb1->setImage(u"bz"_s, isClosed ? u"bg"_s : u"bz"_s);
-    strip_->tlb1->setToolTip(u"bz"_s, isClosed ? u"帮助关闭"_s : u"帮助"_s);
-    mnuBz->setText(isClosed ? u"帮助关闭(B)"_s : u"帮助(B)"_s);
+    offerHelp(!isClosed);
+}
+
+bool frmTp::isHelpOffered() const {
+    return strip_->tlb1->button(u"bz"_s)->toolTip() == u"帮助";
+}
+
+void frmTp::offerHelp(bool on) {
+    strip_->tlb1->setImage(u"bz"_s, on ? u"bz"_s : u"bg"_s);
+    strip_->tlb1->setToolTip(u"bz"_s, on ? u"帮助"_s : u"帮助关闭"_s);
+    mnuBz->setText(on ? u"帮助(B)"_s : u"帮助关闭(B)"_s);
+}
+
+void frmTp::windowsBeside(bool help, bool colours) {
+    if (help == isHelpOffered()) offerHelp(!help);
+    offerColours(!colours);
 }

@@ -20,6 +20,9 @@ class frmTp : public QMainWindow {
     explicit frmTp(Windows& windows);
     ~frmTp() override;
 
+    /// Whether the help window and the colour window stand beside this one: their menu items offer to close them then.
+    void windowsBeside(bool help, bool colours);
+
   protected:
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -46,7 +49,10 @@ class frmTp : public QMainWindow {
     void listAlbums();
     void listClicked(int index);
     void toggleColours();
+    void offerColours(bool on);
     void toggleHelp();
+    bool isHelpOffered() const;
+    void offerHelp(bool on);
     void goTo(WindowKind window);
     void scrollBy(int pixels);
     void escape();

@@ -1,0 +1,227 @@
+#include "help/contents_panel.h"
+
+#include "catalogue/mektp.h"
+#include "help/contents_rules.h"
+#include "platform/base/error.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/placing.h"
+
+#include <QWheelEvent>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+constexpr int margin = 90;
+constexpr int listLeft = 150;
+constexpr int listTop = 320;
+constexpr int listWidth = 2790;
+constexpr int scrollBarWidth = 250;
+constexpr int chapterLeft = 60;
+constexpr int sectionLeft = 300;
+
+const QColor headAtRest(255, 0, 0);
+const QColor headUnderMouse(55, 200, 90);
+const QColor entryAtRest(0, 0, 255);
+const QColor entryUnderMouse(255, 150, 90);
+// Chapters that give up their look when the mouse comes over the head of the list.
+constexpr size_t chaptersNearHead = 9;
+
+/// The list passes the wheel on to its scroll bar.
+class Viewport : public Surface {
+  public:
+    using Surface::Surface;
+    QScrollBar* bar = nullptr;
+
+  protected:
+    void wheelEvent(QWheelEvent* event) override {
+        event->accept();
+        if (bar != nullptr && bar->isVisible()) bar->setValue(bar->value() - event->angleDelta().y() * 4);
+    }
+};
+}  // namespace
+
+ContentsPanel::ContentsPanel(QWidget* form) : QObject(form), form_(form) {
+    makeHead();
+    auto* viewport = make<Viewport>(form, u"picGd"_s);
+    picGd = viewport;
+    picBz = make<Surface>(picGd, u"picBz"_s);
+    vsc1 = make<QScrollBar>(form, u"vsc1"_s, Qt::Vertical);
+    vsc1->setSingleStep(entryPitch);
+    viewport->bar = vsc1;
+    lblMl->raise();
+    makeChapters();
+    lblX0.push_back(makeSection(0));
+    txtFd = make<CaptionBox>(picBz, u"txtFd"_s);
+    txtFd->setFrameShape(QFrame::Box);
+    txtFd->setCursor(Qt::PointingHandCursor);
+    txtFd->hide();
+
+    connect(picBz, &Surface::mouseMoved, this, [this] {
+        rest();
+        txtFd->hide();
+    });
+    connect(vsc1, &QScrollBar::valueChanged, this, [this](int value) { place(picBz, 0, -value); });
+    connect(txtFd, &CaptionBox::clicked, this, guarded(form, [this] { Q_EMIT fullCaptionChosen(txtFd->text()); }));
+}
+
+void ContentsPanel::makeHead() {
+    shpMl = make<ShapeBox>(form_, u"shpMl"_s);
+    shpMl->setBorderColor(form_->palette().color(QPalette::Mid));
+    shpMl->setFillColor(form_->palette().color(QPalette::Base));
+    shpMl->setCornerRadius(5);
+    lblMl = make<EntryLabel>(form_, u"lblMl"_s);
+    lblMl->setText(u"目 录"_s);
+    lblMl->setToolTip(u"回到说明的开头"_s);
+    lblMl->setAlignment(Qt::AlignCenter);
+    QFont bold = lblMl->font();
+    bold.setBold(true);
+    lblMl->setFont(bold);
+    lblMl->setLook(headAtRest, false);
+    place(lblMl, listLeft + 900, 120, 1240, 240);
+    connect(lblMl, &EntryLabel::clicked, this, guarded(form_, [this] { Q_EMIT topChosen(); }));
+    connect(lblMl, &EntryLabel::mouseMoved, this, [this] { hoverHead(); });
+    connect(lblMl, &EntryLabel::gotFocus, this, [this] { hoverHead(); });
+}
+
+void ContentsPanel::makeChapters() {
+    const QStringList& captions = chapterCaptions();
+    for (int i = 0; i < captions.size(); ++i) {
+        auto* chapter = make<EntryLabel>(picBz, element(u"lblXz"_s, i));
+        chapter->setText(captions[i]);
+        chapter->setLook(entryAtRest, false);
+        place(chapter, chapterLeft, chapterTop(i), listWidth - 180 - chapterLeft, entryPitch);
+        connect(chapter, &EntryLabel::clicked, this, guarded(form_, [this, i] { openChapter(i); }));
+        connect(chapter, &EntryLabel::mouseMoved, this, [this, i] { hoverChapter(i); });
+        connect(chapter, &EntryLabel::gotFocus, this, [this, i] {
+            hoverChapter(i);
+            bringIntoView(lblXz[size_t(i)]);
+        });
+        lblXz.push_back(chapter);
+    }
+}
+
+EntryLabel* ContentsPanel::makeSection(int number) {
+    auto* section = make<EntryLabel>(picBz, element(u"lblX0"_s, number));
+    section->setLook(entryAtRest, false);
+    section->hide();
+    connect(section, &EntryLabel::clicked, this,
+            guarded(form_, [this, section] { Q_EMIT captionChosen(section->text()); }));
+    connect(section, &EntryLabel::mouseMoved, this, [this, section] { hoverSection(section); });
+    connect(section, &EntryLabel::gotFocus, this, [this, section] {
+        hoverSection(section);
+        bringIntoView(section);
+    });
+    return section;
+}
+
+void ContentsPanel::layOut(int windowHeight) {
+    place(shpMl, margin, margin, 3190, windowHeight - 650);
+    place(picGd, listLeft, listTop, listWidth, windowHeight - 1400);
+    layOutList();
+}
+
+void ContentsPanel::layOutList() {
+    const int height = heightOf(picGd);
+    const int overhang = contentsOverhang(height, picHeight);
+    const int width = listWidth + (overhang > 0 ? scrollBarWidth : 0);
+    place(picGd, listLeft, listTop, width, height);
+    place(vsc1, listLeft + listWidth, listTop, scrollBarWidth, height);
+    vsc1->setVisible(overhang > 0);
+    vsc1->raise();
+    vsc1->setRange(0, overhang);
+    vsc1->setPageStep(height);
+    place(picBz, 0, -vsc1->value(), width - 180, std::max(height, picHeight + chaptersHeight));
+}
+
+void ContentsPanel::openChapter(int index) {
+    closeSections();
+    const QString caption = lblXz[size_t(index)]->text();
+    Q_EMIT captionChosen(caption);
+    attempt([&] {
+        if (index == introduction) return;
+        QStringList captions;
+        for (Recordset rows = mekTp::catalogue.OpenRecordset(sectionsSql(sectionKey(caption))); !rows.Eof();
+             rows.MoveNext())
+            captions << rows.Fields(u"编号"_s).Value().textOr() + u' ' + rows.Fields(u"标题"_s).Value().textOr();
+        showSections(index, captions);
+    });
+    layOutList();
+}
+
+void ContentsPanel::closeSections() {
+    lblX0[0]->hide();
+    txtFd->hide();
+    for (size_t i = 1; i < lblX0.size(); ++i) {
+        lblX0[i]->hide();
+        lblX0[i]->setObjectName(QString());
+        lblX0[i]->deleteLater();
+    }
+    lblX0.resize(1);
+    for (size_t i = 0; i < lblXz.size(); ++i) place(lblXz[i], chapterLeft, chapterTop(int(i)));
+    picHeight = 0;
+}
+
+void ContentsPanel::showSections(int chapter, const QStringList& captions) {
+    for (int row = 1; row <= captions.size(); ++row) {
+        EntryLabel* section = makeSection(row);
+        section->setText(captions[row - 1]);
+        place(section, sectionLeft, chapterTop(chapter) + row * entryPitch, listWidth - 180 - sectionLeft, entryPitch);
+        section->show();
+        QWidget::setTabOrder(row == 1 ? lblXz[size_t(chapter)] : lblX0.back(), section);
+        lblX0.push_back(section);
+    }
+    picHeight = int(captions.size()) * entryPitch;
+    for (size_t i = size_t(chapter) + 1; i < lblXz.size(); ++i)
+        place(lblXz[i], chapterLeft, chapterTop(int(i)) + picHeight);
+    txtFd->raise();
+}
+
+void ContentsPanel::rest() {
+    lblMl->setLook(headAtRest, false);
+    for (EntryLabel* chapter : lblXz) chapter->setLook(entryAtRest, false);
+    restSections();
+}
+
+void ContentsPanel::restSections() {
+    for (EntryLabel* section : lblX0) section->setLook(entryAtRest, false);
+}
+
+void ContentsPanel::hoverChapter(int index) {
+    rest();
+    txtFd->hide();
+    lblXz[size_t(index)]->setLook(entryUnderMouse, true);
+}
+
+void ContentsPanel::hoverSection(EntryLabel* section) {
+    rest();
+    section->setLook(entryUnderMouse, true);
+    if (section->isCut())
+        showFullCaption(section);
+    else
+        txtFd->hide();
+}
+
+void ContentsPanel::hoverHead() {
+    for (size_t i = 0; i < chaptersNearHead; ++i) lblXz[i]->setLook(entryAtRest, false);
+    restSections();
+    lblMl->setLook(headUnderMouse, true);
+}
+
+void ContentsPanel::showFullCaption(const EntryLabel* section) {
+    txtFd->setText(section->text());
+    const int left = leftOf(section) + 420;
+    const int width = widthOf(picBz) - left;
+    const QRect lines = txtFd->fontMetrics().boundingRect(QRect(0, 0, pixelsFromTwips(width) - 8, 1000),
+                                                          Qt::TextWrapAnywhere, section->text());
+    place(txtFd, left, topOf(section) + 270, width, twipsFromPixels(lines.height() + 6));
+    txtFd->show();
+    txtFd->raise();
+}
+
+/// The keyboard may go where the list is scrolled out of sight.
+void ContentsPanel::bringIntoView(const EntryLabel* entry) {
+    const int top = topOf(entry);
+    const int bottom = top + heightOf(entry);
+    if (top < vsc1->value()) vsc1->setValue(top);
+    if (bottom > vsc1->value() + heightOf(picGd)) vsc1->setValue(bottom - heightOf(picGd));
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QLabel>
+
+/// A line of the contents that leads to a heading when it is clicked, by the mouse or by the keyboard. A caption too
+/// long for its place is cut off at the end and marked by an ellipsis; `text()` stays whole.
+class EntryLabel : public QLabel {
+    Q_OBJECT
+
+  public:
+    explicit EntryLabel(QWidget* parent = nullptr);
+
+    void setLook(const QColor& colour, bool underlined);
+    /// Whether the caption is longer than its place.
+    bool isCut() const;
+
+  Q_SIGNALS:
+    void clicked();
+    void mouseMoved();
+    void gotFocus();  ///< By the keyboard.
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+};

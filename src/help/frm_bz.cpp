@@ -1,0 +1,101 @@
+#include "help/frm_bz.h"
+
+#include "catalogue/mektp.h"
+#include "help/contents_panel.h"
+#include "help/raised_buttons.h"
+#include "platform/base/error.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/placing.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+constexpr int windowWidth = 9600;
+constexpr int windowHeight = 7200;
+constexpr int readingTextHeight = 14;  // pixels
+
+// Stand near the end of the manual.
+const QString endMarker = u"邮编："_s;
+const QString endMarkerOfFullCaptions = u"邮编"_s;
+const QString endRule = u"－－－－－－"_s;
+const QString title = u"《览忆集苑》"_s;
+}  // namespace
+
+frmBz::frmBz(Windows& windows, QWidget* parent) : QWidget(parent), windows_(windows) {
+    setObjectName(u"frmBz"_s);
+    setWindowTitle(u" 览忆集苑（帮助）"_s);
+    setMouseTracking(true);
+    setMinimumSize(rectFromTwips(0, 0, windowWidth * 3 / 4, windowHeight / 2).size());
+    contents_ = new ContentsPanel(this);
+    fraAn = make<RaisedButtons>(this, u"fraAn"_s);
+    rtfBz = make<RichTextBox>(this, u"rtfBz"_s);
+    connectEvents();
+    load();
+    resize(rectFromTwips(0, 0, windowWidth, windowHeight).size());
+}
+
+void frmBz::connectEvents() {
+    connect(contents_, &ContentsPanel::captionChosen, this, &frmBz::showTopic);
+    connect(contents_, &ContentsPanel::fullCaptionChosen, this,
+            [this](const QString& caption) { jump(endMarkerOfFullCaptions, caption); });
+    connect(contents_, &ContentsPanel::topChosen, this, [this] { jump(endRule, title); });
+    connect(fraAn->imgFh, &ImageBox::clicked, this, guarded(this, [this] {
+                windows_.show(WindowKind::viewer);
+                windows_.unload(WindowKind::help);
+            }));
+    connect(fraAn->imgGb, &ImageBox::clicked, this, guarded(this, [this] { windows_.endProgram(); }));
+}
+
+void frmBz::load() {
+    mekTp::catalogue = OpenDatabase(mekTp::cataloguePath());
+    const Recordset settings = mekTp::catalogue.OpenRecordset(u"tcsz"_s);
+    rtfBz->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    rtfBz->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    QFont reading = font();
+    reading.setPixelSize(readingTextHeight);
+    rtfBz->setFont(reading);
+    rtfBz->document()->setDocumentMargin(18);
+    rtfBz->setText(settings.Fields(u"帮助"_s).Value().textOr());
+    rtfBz->setFocus();
+}
+
+void frmBz::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    const int width = widthOf(this);
+    const int height = heightOf(this);
+    place(rtfBz, 3370, 90, width - 3600, height - 615);
+    place(fraAn, 150, height - 1080, 3070, 450);
+    contents_->layOut(height);
+}
+
+/// Closed, the window is gone, as with any other way of leaving it.
+void frmBz::closeEvent(QCloseEvent* event) {
+    event->accept();
+    windows_.unload(WindowKind::help);
+}
+
+void frmBz::mouseMoveEvent(QMouseEvent* event) {
+    QWidget::mouseMoveEvent(event);
+    contents_->rest();
+    fraAn->hideFrames();
+}
+
+void frmBz::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void frmBz::showTopic(const QString& topic) {
+    jump(endMarker, topic);
+}
+
+void frmBz::jump(const QString& marker, const QString& text) {
+    rtfBz->Find(marker, 0);
+    rtfBz->Find(text, 0);
+    rtfBz->setSelLength(0);
+}

@@ -1,0 +1,57 @@
+#include "help/raised_buttons.h"
+
+#include "platform/desktop/placing.h"
+
+#include <QIcon>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+constexpr int side = 360;
+constexpr int top = 45;
+const QColor shaded(128, 128, 128);
+const QColor lit(Qt::white);
+}  // namespace
+
+RaisedButtons::RaisedButtons(QWidget* parent) : Surface(parent) {
+    imgFh = addButton(u"imgFh"_s, u"fh"_s, u"返回主窗口"_s, 885, 0);
+    imgGb = addButton(u"imgGb"_s, u"tc"_s, u"退出软件"_s, 1845, 4);
+    connect(this, &Surface::mouseMoved, this, &RaisedButtons::hideFrames);
+}
+
+ImageBox* RaisedButtons::addButton(const QString& name, const QString& icon, const QString& tip, int left,
+                                   int firstLine) {
+    auto* image = make<ImageBox>(this, name);
+    place(image, left, top, side, side);
+    image->setPicture(Picture(QIcon(u":/icons/%1.svg"_s.arg(icon)).pixmap(QSize(side, side) / 5).toImage()));
+    image->setToolTip(tip);
+    image->setCursor(Qt::PointingHandCursor);
+
+    std::array<LineBox*, 4> frame{};
+    for (int i = 0; i < 4; ++i) {
+        frame[size_t(i)] = make<LineBox>(this, element(u"linFh"_s, firstLine + i));
+        linFh_[size_t(firstLine + i)] = frame[size_t(i)];
+    }
+    const int before = left - 45;
+    const int behind = left + side + 30;
+    frame[0]->setEnds(before, top - 45, behind, top - 45);
+    frame[1]->setEnds(before, top - 45, before, top + side + 30);
+    frame[2]->setEnds(before, top + side + 30, behind, top + side + 30);
+    frame[3]->setEnds(behind, top - 45, behind, top + side + 30);
+
+    const auto raise = [frame](bool raised) {
+        for (size_t i = 0; i < 4; ++i) frame[i]->setColor(raised == (i < 2) ? lit : shaded);
+    };
+    raise(true);
+    connect(image, &ImageBox::mouseMoved, this, [this, frame] {
+        for (LineBox* line : linFh_) line->setVisible(std::find(frame.begin(), frame.end(), line) != frame.end());
+    });
+    connect(image, &ImageBox::mousePressed, this, [raise] { raise(false); });
+    connect(image, &ImageBox::mouseReleased, this, [raise] { raise(true); });
+    for (LineBox* line : frame) line->hide();
+    return image;
+}
+
+void RaisedButtons::hideFrames() {
+    for (LineBox* line : linFh_) line->hide();
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/desktop/image_box.h"
+#include "platform/desktop/shapes.h"
+#include "platform/desktop/surface.h"
+
+#include <array>
+
+/// The two picture buttons of the help window, each with a frame of lines that rises under the mouse and sinks when the
+/// button is pressed.
+class RaisedButtons : public Surface {
+    Q_OBJECT
+
+  public:
+    explicit RaisedButtons(QWidget* parent = nullptr);
+
+    ImageBox* imgFh;  ///< Back to the main window.
+    ImageBox* imgGb;  ///< Ends the program.
+
+    void hideFrames();
+
+  private:
+    ImageBox* addButton(const QString& name, const QString& icon, const QString& tip, int left, int firstLine);
+    std::array<LineBox*, 8> linFh_{};
+};
