@@ -1,0 +1,148 @@
+#include "copy_writer.h"
+
+#include "limits.h"
+
+#include <sqlite3.h>
+#include <strings.h>
+
+#include <cerrno>
+
+namespace {
+
+/// A file that is thrown away when it is not finished needs no way back and no flushing.
+SQLite::Database emptyFile(const std::string& path) {
+    SQLite::Database database(path, SQLite::OPEN_READWRITE);
+    for (const char* setting : {"PRAGMA page_size = 16384", "PRAGMA journal_mode = OFF", "PRAGMA synchronous = OFF",
+                                "PRAGMA temp_store = MEMORY", "PRAGMA cache_size = -16000"}) {
+        database.tryExec(setting);
+    }
+    database.exec("BEGIN");
+    database.exec("CREATE TABLE long_binary (id INTEGER PRIMARY KEY AUTOINCREMENT, bytes BLOB NOT NULL)");
+    return database;
+}
+
+std::string quoted(const std::string& name) {
+    std::string text = "\"";
+    for (const char letter : name) {
+        if (letter == '"') text += '"';
+        text += letter;
+    }
+    return text + '"';
+}
+
+/// The names that the side table and the engine have for themselves.
+std::string freeName(const std::string& name) {
+    const bool taken = strcasecmp(name.c_str(), "long_binary") == 0 || strncasecmp(name.c_str(), "sqlite_", 7) == 0;
+    return taken ? '_' + name : name;
+}
+
+std::string declaration(const JetColumn& column) {
+    const std::string length = '(' + std::to_string(column.size) + ')';
+    switch (column.type) {
+        case MDB_BOOL:
+            return "YESNO";
+        case MDB_BYTE:
+            return "BYTE";
+        case MDB_INT:
+            return "SHORT";
+        case MDB_LONGINT:
+            return "LONG";
+        case MDB_MONEY:
+            return "CURRENCY";
+        case MDB_FLOAT:
+            return "SINGLE";
+        case MDB_DOUBLE:
+            return "DOUBLE";
+        case MDB_DATETIME:
+            return "DATETIME";
+        case MDB_BINARY:
+            return "BINARY" + length;
+        case MDB_TEXT:
+            return "TEXT" + length + " COLLATE NOCASE";
+        case MDB_OLE:
+            return "LONGBINARY";
+        case MDB_MEMO:
+            return "MEMO TEXT COLLATE NOCASE";
+        case MDB_REPID:
+            return "GUID TEXT COLLATE NOCASE";
+        case MDB_NUMERIC:
+            return "DECIMAL";
+        default:
+            throw JetFailure{JetOutcome::damaged};
+    }
+}
+
+void bindBytes(SQLite::Statement& statement, int place, const std::vector<unsigned char>& bytes) {
+    const void* start = bytes.empty() ? static_cast<const void*>("") : bytes.data();
+    statement.bindNoCopy(place, start, static_cast<int>(bytes.size()));
+}
+
+}  // namespace
+
+CopyWriter::CopyWriter(const std::string& path)
+    : database_(emptyFile(path)), insertBytes_(database_, "INSERT INTO long_binary (bytes) VALUES (?)") {}
+
+void CopyWriter::copy(const std::string& name, JetTable& table) {
+    if (table.columns().empty()) return;
+    std::string definitions;
+    std::string places;
+    for (const JetColumn& column : table.columns()) {
+        definitions += (definitions.empty() ? "" : ", ") + quoted(column.name) + ' ' + declaration(column);
+        places += places.empty() ? "?" : ", ?";
+    }
+    const std::string target = quoted(freeName(name));
+    database_.exec("CREATE TABLE " + target + " (" + definitions + ')');
+    SQLite::Statement insertRow(database_, "INSERT INTO " + target + " VALUES (" + places + ')');
+    while (table.next()) {
+        copyRow(table, insertRow);
+        tellProgress();
+    }
+}
+
+void CopyWriter::copyRow(const JetTable& table, SQLite::Statement& insertRow) {
+    std::vector<JetValue> values;
+    for (size_t i = 0; i < table.columns().size(); ++i) values.push_back(table.value(i));
+    for (size_t i = 0; i < values.size(); ++i) {
+        const int place = static_cast<int>(i) + 1;
+        if (const auto* whole = std::get_if<int64_t>(&values[i]))
+            insertRow.bind(place, *whole);
+        else if (const auto* real = std::get_if<double>(&values[i]))
+            insertRow.bind(place, *real);
+        else if (const auto* text = std::get_if<std::string>(&values[i]))
+            insertRow.bindNoCopy(place, *text);
+        else if (const auto* bytes = std::get_if<std::vector<unsigned char>>(&values[i]))
+            table.columns()[i].type == MDB_OLE ? insertRow.bind(place, store(*bytes))
+                                               : bindBytes(insertRow, place, *bytes);
+        else
+            insertRow.bind(place);
+    }
+    insertRow.exec();
+    insertRow.reset();
+}
+
+int64_t CopyWriter::store(const std::vector<unsigned char>& bytes) {
+    bindBytes(insertBytes_, 1, bytes);
+    insertBytes_.exec();
+    insertBytes_.reset();
+    return database_.getLastInsertRowid();
+}
+
+void CopyWriter::finish() {
+    database_.exec("COMMIT");
+}
+
+JetOutcome CopyWriter::outcomeOf(const SQLite::Exception& failure) const {
+    switch (failure.getErrorCode()) {
+        case SQLITE_NOMEM:
+        case SQLITE_TOOBIG:
+            return JetOutcome::limitExceeded;
+        case SQLITE_FULL:
+        case SQLITE_CANTOPEN:
+            return JetOutcome::diskFull;
+        case SQLITE_IOERR:
+            return sqlite3_system_errno(database_.getHandle()) == EFBIG ? JetOutcome::limitExceeded
+                                                                        : JetOutcome::diskFull;
+        default:
+            return JetOutcome::damaged;  // names and columns that make no table
+    }
+}

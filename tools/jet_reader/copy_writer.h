@@ -1,0 +1,27 @@
+#pragma once
+
+#include "jet_failure.h"
+#include "jet_table.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+/// Writes tables into an SQLite file as the album's own files hold them: columns declared with their types and lengths,
+/// long-binary values in a side table. What the engine cannot do is thrown as its own exception.
+class CopyWriter {
+  public:
+    explicit CopyWriter(const std::string& path);
+
+    /// Copies the rows that are still to come, and tells of the progress.
+    void copy(const std::string& name, JetTable& table);
+    void finish();
+
+    /// What a failure of the engine means for the reading.
+    JetOutcome outcomeOf(const SQLite::Exception& failure) const;
+
+  private:
+    void copyRow(const JetTable& table, SQLite::Statement& insertRow);
+    int64_t store(const std::vector<unsigned char>& bytes);
+
+    SQLite::Database database_;
+    SQLite::Statement insertBytes_;
+};

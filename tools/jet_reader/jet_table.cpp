@@ -1,0 +1,153 @@
+#include "jet_table.h"
+
+#include "jet_failure.h"
+#include "jet_values.h"
+#include "ole_picture.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr unsigned mostColumns = 255;
+constexpr unsigned mostIndexes = 1000;
+constexpr int rowPlaceMask = 0x1FFF;
+
+Bytes firstBytes(Bytes bytes, size_t count) {
+    if (bytes.size() < count) throw JetFailure{JetOutcome::damaged};
+    return bytes.first(count);
+}
+
+int sizeOf(const MdbColumn& column, bool wideTexts) {
+    return column.col_type == MDB_TEXT && wideTexts ? column.col_size / 2 : column.col_size;
+}
+
+size_t placeOf(const JetTable& table, const std::string& name) {
+    const auto& columns = table.columns();
+    const auto found = std::ranges::find(columns, name, &JetColumn::name);
+    if (found == columns.end()) throw JetFailure{JetOutcome::damaged};
+    return static_cast<size_t>(found - columns.begin());
+}
+
+template <typename Kind>
+Kind valueAs(const JetTable& table, size_t column) {
+    const JetValue value = table.value(column);
+    const Kind* kind = std::get_if<Kind>(&value);
+    if (!kind) throw JetFailure{JetOutcome::damaged};
+    return *kind;
+}
+
+}  // namespace
+
+JetTable::JetTable(JetFile& file, unsigned long definitionPage) : file_(file) {
+    entry_.mdb = file.handle();
+    entry_.object_type = MDB_TABLE;
+    entry_.table_pg = definitionPage;
+    readDefinition(definitionPage);
+    readColumns();
+    mdb_rewind_table(table_.get());
+}
+
+void JetTable::readDefinition(unsigned long page) {
+    if (!file_.hasPage(page)) throw JetFailure{JetOutcome::incomplete};
+    table_.reset(mdb_read_table(&entry_));
+    constexpr size_t smallestMap = 5;  // the library looks at so many bytes of it unasked
+    const bool plausible = table_ && table_->num_cols <= mostColumns && table_->num_real_idxs <= mostIndexes &&
+                           table_->map_sz >= smallestMap;
+    if (!plausible) throw JetFailure{JetOutcome::damaged};
+}
+
+void JetTable::readColumns() {
+    if (!mdb_read_columns(table_.get())) throw JetFailure{JetOutcome::damaged};
+    for (unsigned i = 0; i < table_->num_cols; ++i) {
+        const auto& column = *static_cast<const MdbColumn*>(g_ptr_array_index(table_->columns, i));
+        // What the library calls the precision is the scale.
+        columns_.push_back({column.name, column.col_type, sizeOf(column, file_.isJet4()), column.col_prec});
+    }
+    fields_.resize(columns_.size());
+}
+
+bool JetTable::next() {
+    if (!mdb_fetch_row(table_.get())) {
+        if (rows_ < table_->num_rows) throw JetFailure{JetOutcome::incomplete};
+        return false;
+    }
+    int start = 0;
+    size_t size = 0;
+    const int row = static_cast<int>(table_->cur_row) - 1;
+    if (mdb_find_row(file_.handle(), row, &start, &size) != 0 ||
+        mdb_crack_row(table_.get(), start & rowPlaceMask, size, fields_.data()) < 0) {
+        throw JetFailure{JetOutcome::damaged};
+    }
+    ++rows_;
+    return true;
+}
+
+JetValue JetTable::value(size_t column) const {
+    const MdbField& field = fields_[column];
+    const JetColumn& form = columns_[column];
+    if (form.type == MDB_BOOL) return int64_t{field.is_null ? 0 : 1};  // the mark of Null is its value
+    if (field.is_null) return {};
+
+    const auto pageSize = static_cast<size_t>(file_.handle()->fmt->pg_size);
+    const auto start = static_cast<size_t>(field.start);
+    const auto size = static_cast<size_t>(field.siz);
+    if (field.start < 0 || field.siz < 0 || start + size > pageSize) throw JetFailure{JetOutcome::damaged};
+    const Bytes bytes(file_.handle()->pg_buf + start, size);
+    switch (form.type) {
+        case MDB_BYTE:
+            return int64_t{firstBytes(bytes, 1)[0]};
+        case MDB_INT:
+            return int64_t{numberAt<int16_t>(firstBytes(bytes, 2), 0)};
+        case MDB_LONGINT:
+            return int64_t{numberAt<int32_t>(firstBytes(bytes, 4), 0)};
+        case MDB_MONEY:
+            return currencyValue(firstBytes(bytes, 8));
+        case MDB_FLOAT:
+            return shortestDecimal(numberAt<float>(firstBytes(bytes, 4), 0));
+        case MDB_DOUBLE:
+            return numberAt<double>(firstBytes(bytes, 8), 0);
+        case MDB_DATETIME: {
+            const auto days = numberAt<double>(firstBytes(bytes, 8), 0);
+            if (auto date = dateText(days)) return std::move(*date);
+            return days;
+        }
+        case MDB_BINARY:
+            return std::vector<unsigned char>(bytes.begin(), bytes.end());
+        case MDB_TEXT:
+            return file_.text(bytes);
+        case MDB_MEMO:
+            return file_.text(file_.longValue(bytes));
+        case MDB_OLE: {
+            std::vector<unsigned char> whole = file_.longValue(bytes);
+            const Bytes picture = pictureWithoutWrapper(whole);
+            if (picture.size() == whole.size()) return whole;
+            return std::vector<unsigned char>(picture.begin(), picture.end());
+        }
+        case MDB_REPID:
+            return guidText(firstBytes(bytes, 16));
+        case MDB_NUMERIC:
+            return decimalValue(firstBytes(bytes, 17), form.scale);
+        default:
+            throw JetFailure{JetOutcome::damaged};
+    }
+}
+
+std::vector<TablePlace> userTables(JetFile& file) {
+    constexpr unsigned long cataloguePage = 2;
+    constexpr int64_t kindMask = 0x7F;
+    constexpr int64_t systemFlags = 0x80000002;
+    constexpr int64_t pageMask = 0x00FFFFFF;
+    JetTable objects(file, cataloguePage);
+    const size_t id = placeOf(objects, "Id");
+    const size_t name = placeOf(objects, "Name");
+    const size_t kind = placeOf(objects, "Type");
+    const size_t flags = placeOf(objects, "Flags");
+    std::vector<TablePlace> tables;
+    while (objects.next()) {
+        if ((valueAs<int64_t>(objects, kind) & kindMask) != MDB_TABLE) continue;
+        if (valueAs<int64_t>(objects, flags) & systemFlags) continue;
+        tables.push_back({valueAs<std::string>(objects, name),
+                          static_cast<unsigned long>(valueAs<int64_t>(objects, id) & pageMask)});
+    }
+    return tables;
+}

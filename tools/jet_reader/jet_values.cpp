@@ -1,0 +1,176 @@
+#include "jet_values.h"
+
+#include <iconv.h>
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+
+namespace {
+
+constexpr char32_t replacement = 0xFFFD;
+
+void appendUtf8(std::string& text, char32_t code) {
+    const auto add = [&](char32_t byte) { text += static_cast<char>(byte); };
+    if (code < 0x80) {
+        add(code);
+    } else if (code < 0x800) {
+        add(0xC0 | code >> 6);
+        add(0x80 | (code & 0x3F));
+    } else if (code < 0x10000) {
+        add(0xE0 | code >> 12);
+        add(0x80 | (code >> 6 & 0x3F));
+        add(0x80 | (code & 0x3F));
+    } else {
+        add(0xF0 | code >> 18);
+        add(0x80 | (code >> 12 & 0x3F));
+        add(0x80 | (code >> 6 & 0x3F));
+        add(0x80 | (code & 0x3F));
+    }
+}
+
+std::u16string unitsOf(Bytes bytes) {
+    std::u16string units;
+    for (size_t at = 0; at + 1 < bytes.size(); at += 2) units += numberAt<char16_t>(bytes, at);
+    return units;
+}
+
+std::u16string decompressed(Bytes bytes) {
+    std::u16string units;
+    bool oneByte = true;
+    for (size_t at = 0; at < bytes.size();) {
+        if (bytes[at] == 0) {
+            oneByte = !oneByte;
+            ++at;
+        } else if (oneByte) {
+            units += static_cast<char16_t>(bytes[at++]);
+        } else if (at + 1 < bytes.size()) {
+            units += numberAt<char16_t>(bytes, at);
+            at += 2;
+        } else {
+            break;
+        }
+    }
+    return units;
+}
+
+std::string utf8(const std::u16string& units) {
+    std::string text;
+    for (size_t at = 0; at < units.size(); ++at) {
+        const char32_t unit = units[at];
+        const bool high = unit >= 0xD800 && unit < 0xDC00;
+        const bool low = unit >= 0xDC00 && unit < 0xE000;
+        const bool pair = high && at + 1 < units.size() && units[at + 1] >= 0xDC00 && units[at + 1] < 0xE000;
+        if (pair)
+            appendUtf8(text, 0x10000 + ((unit - 0xD800) << 10) + (units[++at] - 0xDC00U));
+        else
+            appendUtf8(text, high || low ? replacement : unit);
+    }
+    return text;
+}
+
+/// Nothing when the bytes are no text in that encoding.
+std::optional<std::string> converted(Bytes bytes, const std::string& encoding) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): this is how the library reports a failure
+    static const auto failed = reinterpret_cast<iconv_t>(-1);
+    const iconv_t converter = iconv_open("UTF-8", encoding.c_str());
+    if (converter == failed) return {};
+    std::string in(bytes.begin(), bytes.end());
+    std::string out(in.size() * 4, '\0');
+    char* from = in.data();
+    char* to = out.data();
+    size_t left = in.size();
+    size_t room = out.size();
+    const size_t result = iconv(converter, &from, &left, &to, &room);
+    iconv_close(converter);
+    if (result != 0 || left != 0) return {};
+    out.resize(out.size() - room);
+    return out;
+}
+
+struct Day {
+    int year;
+    unsigned month;
+    unsigned day;
+};
+
+/// The day of the calendar, from the days since 1970-01-01, in eras of 400 years that begin in March.
+Day dayOfCalendar(int64_t days) {
+    days += 719468;
+    const int64_t era = (days >= 0 ? days : days - 146096) / 146097;
+    const auto dayOfEra = static_cast<unsigned>(days - era * 146097);
+    const unsigned yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
+    const unsigned dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
+    const unsigned monthFromMarch = (5 * dayOfYear + 2) / 153;
+    const unsigned month = monthFromMarch < 10 ? monthFromMarch + 3 : monthFromMarch - 9;
+    const auto year = static_cast<int>(yearOfEra + era * 400) + (month <= 2 ? 1 : 0);
+    return {year, month, dayOfYear - (153 * monthFromMarch + 2) / 5 + 1};
+}
+
+}  // namespace
+
+std::string jet4Text(Bytes bytes) {
+    const bool compressed = bytes.size() >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE;
+    return utf8(compressed ? decompressed(bytes.subspan(2)) : unitsOf(bytes));
+}
+
+std::string jet3Text(Bytes bytes, int codePage) {
+    if (bytes.empty()) return {};
+    if (const auto text = converted(bytes, "CP" + std::to_string(codePage))) return *text;
+    if (const auto text = converted(bytes, "GBK")) return *text;
+    std::string text;
+    for (const unsigned char byte : bytes) appendUtf8(text, byte < 0x80 ? byte : replacement);
+    return text;
+}
+
+std::optional<std::string> dateText(double days) {
+    constexpr double firstDay = -657434;
+    constexpr double dayAfterLast = 2958466;
+    constexpr int64_t daysTo1970 = 25569;
+    constexpr int64_t secondsOfDay = 86400;
+    if (!(days >= firstDay && days < dayAfterLast)) return {};
+    const double wholeDays = std::trunc(days);
+    auto day = static_cast<int64_t>(wholeDays);
+    auto seconds = static_cast<int64_t>(std::llround(std::abs(days - wholeDays) * secondsOfDay));
+    if (seconds == secondsOfDay) {
+        seconds = 0;
+        ++day;
+    }
+    const Day date = dayOfCalendar(day - daysTo1970);
+    if (date.year > 9999) return {};
+    const auto second = static_cast<int>(seconds);
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d:%02d:%02d", date.year, date.month, date.day,
+                  second / 3600, second / 60 % 60, second % 60);
+    return text.data();
+}
+
+double currencyValue(Bytes bytes) {
+    return static_cast<double>(numberAt<int64_t>(bytes, 0)) / 10000;
+}
+
+double decimalValue(Bytes bytes, int scale) {
+    long double value = 0;
+    for (size_t word = 0; word < 4; ++word) {
+        value = value * 4294967296.0L + static_cast<long double>(numberAt<uint32_t>(bytes, 1 + word * 4));
+    }
+    value /= std::pow(10.0L, scale);
+    return static_cast<double>(bytes[0] != 0 ? -value : value);
+}
+
+std::string guidText(Bytes bytes) {
+    std::array<char, 40> text{};
+    std::snprintf(text.data(), text.size(), "{%08X-%04X-%04X-%02X%02X-%02X%02X%02X%02X%02X%02X}",
+                  numberAt<uint32_t>(bytes, 0), numberAt<uint16_t>(bytes, 4), numberAt<uint16_t>(bytes, 6), bytes[8],
+                  bytes[9], bytes[10], bytes[11], bytes[12], bytes[13], bytes[14], bytes[15]);
+    return text.data();
+}
+
+double shortestDecimal(float number) {
+    std::array<char, 32> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    auto decimal = static_cast<double>(number);
+    std::from_chars(digits.data(), end, decimal);
+    return decimal;
+}

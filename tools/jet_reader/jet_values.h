@@ -1,0 +1,31 @@
+#pragma once
+
+#include "bytes.h"
+
+#include <optional>
+#include <string>
+
+/// How a Jet database writes its values, turned into what the album's files hold. Texts come as UTF-8.
+
+/// UTF-16, or its compressed form, which begins with FF FE: there a zero byte changes between one byte and two bytes to
+/// the character. What is no character becomes U+FFFD.
+std::string jet4Text(Bytes bytes);
+
+/// A text in a Windows code page; in GBK when it is none of that code page.
+std::string jet3Text(Bytes bytes, int codePage);
+
+/// `2003-10-01 12:30:00` for the days since 1899-12-30; before it the fraction still counts forward. Nothing outside
+/// the years 100 to 9999.
+std::optional<std::string> dateText(double days);
+
+/// From eight bytes in ten-thousandths.
+double currencyValue(Bytes bytes);
+
+/// From seventeen bytes: a sign, and four words, the highest first.
+double decimalValue(Bytes bytes, int scale);
+
+/// `{00112233-4455-6677-8899-AABBCCDDEEFF}` from sixteen bytes.
+std::string guidText(Bytes bytes);
+
+/// The number that the shortest decimal for a single-precision one names: 1234.567, not 1234.5670166015625.
+double shortestDecimal(float number);

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <cstdint>
+
+/// Bounds what this process can do to the machine, whatever the file makes it do: memory, processor time, open files,
+/// size of what it writes. It ends with the process that has started it.
+void limitThisProcess(uint64_t largestOutput);
+
+/// Tells the waiting program, about once a second, that the work goes on.
+void tellProgress();

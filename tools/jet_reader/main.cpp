@@ -1,0 +1,53 @@
+// Reads a Jet database into an empty SQLite file: lunq-jet DATABASE FILE. How it went tells the exit code, JetOutcome.
+
+#include "copy_writer.h"
+#include "limits.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace {
+
+/// Texts take more room in the copy than in a compressed database, and each table some of its own.
+uint64_t largestCopyOf(const std::string& path) {
+    constexpr uint64_t margin = uint64_t{64} << 20;
+    std::error_code failure;
+    const auto size = std::filesystem::file_size(path, failure);
+    return failure ? margin : size * 4 + margin;
+}
+
+JetOutcome copyTables(JetFile& file, CopyWriter& writer) {
+    try {
+        for (const TablePlace& place : userTables(file)) {
+            JetTable table(file, place.page);
+            writer.copy(place.name, table);
+        }
+        writer.finish();
+        return JetOutcome::done;
+    } catch (const SQLite::Exception& failure) {
+        return writer.outcomeOf(failure);
+    }
+}
+
+JetOutcome copyDatabase(const std::string& from, const std::string& to) {
+    try {
+        JetFile file(from);
+        CopyWriter writer(to);
+        return copyTables(file, writer);
+    } catch (const JetFailure& failure) {
+        return failure.outcome;
+    } catch (const SQLite::Exception&) {
+        return JetOutcome::diskFull;  // the very first writes
+    } catch (const std::bad_alloc&) {
+        return JetOutcome::limitExceeded;
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3) return static_cast<int>(JetOutcome::wrongCall);
+    clearenv();  // the library would take character sets and folders from it
+    limitThisProcess(largestCopyOf(argv[1]));
+    return static_cast<int>(copyDatabase(argv[1], argv[2]));
+}
