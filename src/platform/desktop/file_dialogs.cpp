@@ -62,9 +62,10 @@ QString pick(QWidget* parent, const FileQuestion& question) {
     dialog->setLabelText(QFileDialog::Reject, u"取消"_s);
     if (const QStringList filters = nameFilters(question.filter); !filters.isEmpty()) {
         dialog->setNameFilters(filters);
-        dialog->selectNameFilter(filters.first());
+        const QString chosen = filters.value(question.filterIndex - 1, filters.first());
+        dialog->selectNameFilter(chosen);
         if (question.saving) {
-            dialog->setDefaultSuffix(suffixOf(filters.first()));
+            dialog->setDefaultSuffix(suffixOf(chosen));
             QObject::connect(dialog, &QFileDialog::filterSelected, dialog,
                              [&dialog](const QString& filter) { dialog->setDefaultSuffix(suffixOf(filter)); });
         }
@@ -87,8 +88,9 @@ QString pick(QWidget* parent, const FileQuestion& question) {
 
 }  // namespace
 
-QString askOpenFile(QWidget* parent, const QString& title, const QString& filter, const QString& proposal) {
-    return pick(parent, {title, filter, proposal, false});
+QString askOpenFile(QWidget* parent, const QString& title, const QString& filter, const QString& proposal,
+                    int filterIndex) {
+    return pick(parent, {title, filter, proposal, false, filterIndex});
 }
 
 QString askSaveFile(QWidget* parent, const QString& title, const QString& filter, const QString& proposal) {

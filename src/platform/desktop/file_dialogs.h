@@ -12,10 +12,12 @@ struct FileQuestion {
     QString filter;  ///< "BMP文件|*.bmp|JPG文件|*.jpg": name and pattern in turn.
     QString proposal;
     bool saving;
+    int filterIndex = 1;  ///< Pair of `filter` that is chosen at first, from 1.
 };
 
 /// Path of the file that the user picked, empty when the dialog was cancelled. The patterns ignore case.
-QString askOpenFile(QWidget* parent, const QString& title, const QString& filter, const QString& proposal = {});
+QString askOpenFile(QWidget* parent, const QString& title, const QString& filter, const QString& proposal = {},
+                    int filterIndex = 1);
 /// Asks before an existing file is overwritten.
 QString askSaveFile(QWidget* parent, const QString& title, const QString& filter, const QString& proposal = {});
 

@@ -71,10 +71,10 @@ class TestFileDialogs : public QObject {
             QVERIFY(dialog.testOption(QFileDialog::DontUseNativeDialog));
             typeName(dialog, u"B.JPG"_s);
         });
-        const QString path = askOpenFile(nullptr, u"打开"_s, u"JPG文件|*.jpg|BMP文件|*.bmp"_s, folder.path());
+        const QString path = askOpenFile(nullptr, u"打开"_s, u"BMP文件|*.bmp|JPG文件|*.jpg"_s, folder.path(), 2);
         QCOMPARE(names, (QStringList{u"B.JPG"_s, u"a.jpg"_s}));
-        QCOMPARE(filters, (QStringList{u"JPG文件 (*.jpg)"_s, u"BMP文件 (*.bmp)"_s}));
-        QCOMPARE(chosen, filters.first());
+        QCOMPARE(filters, (QStringList{u"BMP文件 (*.bmp)"_s, u"JPG文件 (*.jpg)"_s}));
+        QCOMPARE(chosen, filters.last());
         QCOMPARE(path, folder.filePath(u"B.JPG"_s));
     }
 
