@@ -1,5 +1,6 @@
 #include "program.h"
 
+#include "colours/frm_ps.h"
 #include "help/frm_bz.h"
 #include "help/frm_gy.h"
 #include "settings/frm_sz.h"
@@ -16,8 +17,8 @@ void Program::start() {
 }
 
 bool Program::has(WindowKind window) const {
-    return window == WindowKind::viewer || window == WindowKind::settings || window == WindowKind::help ||
-           window == WindowKind::about;
+    return window == WindowKind::viewer || window == WindowKind::settings || window == WindowKind::colours ||
+           window == WindowKind::help || window == WindowKind::about;
 }
 
 QWidget* Program::makeWindow(WindowKind window) {
@@ -26,6 +27,8 @@ QWidget* Program::makeWindow(WindowKind window) {
             return new frmTp(*this);
         case WindowKind::settings:
             return new frmSz(*this);
+        case WindowKind::colours:
+            return new frmPs(*this);
         case WindowKind::help:
             return new frmBz(*this);
         case WindowKind::about:

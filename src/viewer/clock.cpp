@@ -1,10 +1,8 @@
 #include "viewer/clock.h"
 
 #include "platform/base/conversion.h"
-#include "platform/base/error.h"
 
 #include <array>
-#include <cmath>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -25,11 +23,4 @@ TitleColours titleColours(QTime now) {
         {QColor(255, 0, 255), QColor(255, 210, 255)},
     }};
     return cycle.at(size_t(now.second() % 10 % 7));
-}
-
-QColor colourFromText(const QString& text) {
-    const double number = std::nearbyint(numericValue(text));
-    if (number < 0 || number > 0xffffff) throw Error(u"“%1”不是颜色。"_s.arg(text));
-    const auto value = unsigned(number);
-    return QColor(int(value & 0xff), int(value >> 8 & 0xff), int(value >> 16 & 0xff));
 }

@@ -16,7 +16,3 @@ struct TitleColours {
 
 /// The colours follow the last digit of the seconds, modulo 7.
 TitleColours titleColours(QTime now);
-
-/// A colour scheme's text, decimal or `&H00` with blue, green and red from the high byte down. Throws `Error` for a
-/// number that is no colour.
-QColor colourFromText(const QString& text);

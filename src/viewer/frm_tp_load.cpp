@@ -1,4 +1,5 @@
 #include "catalogue/album_rules.h"
+#include "catalogue/colour_text.h"
 #include "catalogue/mektp.h"
 #include "platform/base/conversion.h"
 #include "platform/base/error.h"

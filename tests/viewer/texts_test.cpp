@@ -107,13 +107,6 @@ class TestTexts : public QObject {
         QCOMPARE(titleColours(QTime(1, 1, 38)), (TitleColours{QColor(255, 0, 0), QColor(255, 192, 192)}));
         QCOMPARE(titleColours(QTime(1, 1, 6)), (TitleColours{QColor(255, 0, 255), QColor(255, 210, 255)}));
     }
-
-    void schemeColours() {
-        QCOMPARE(colourFromText(u"&H00FF8001&"_s), QColor(0x01, 0x80, 0xff));
-        QCOMPARE(colourFromText(u"255"_s), QColor(255, 0, 0));
-        QCOMPARE(colourFromText(u""_s), QColor(0, 0, 0));
-        QVERIFY_THROWS_EXCEPTION(Error, colourFromText(u"-5"_s));
-    }
 };
 
 const Registered<TestTexts> registered;

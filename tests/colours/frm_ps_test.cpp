@@ -1,0 +1,187 @@
+#include "colours/frm_ps.h"
+
+#include "../support/run_all.h"
+#include "../support/sample_catalogue.h"
+#include "catalogue/mektp.h"
+#include "platform/desktop/colour_dialog.h"
+#include "platform/desktop/message_box.h"
+
+#include <QPushButton>
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class RecordingWindows : public Windows {
+  public:
+    bool has(WindowKind) const override { return true; }
+    void handOver(WindowKind, WindowKind) override {}
+    void show(WindowKind) override {}
+    void unload(WindowKind window) override { unloaded << window; }
+    void showHelp(const QString&) override {}
+    void endProgram() override { ended = true; }
+    QList<WindowKind> unloaded;
+    bool ended = false;
+};
+
+void addScheme(const QString& number, const QString& name, const QString& window, bool picture) {
+    Recordset schemes = mekTp::catalogue.OpenRecordset(u"tcys"_s);
+    schemes.AddNew();
+    schemes.Fields(u"序号"_s).SetValue(number);
+    schemes.Fields(u"方案名"_s).SetValue(name);
+    schemes.Fields(u"窗体"_s).SetValue(window);
+    schemes.Fields(u"外框"_s).SetValue(u"&H00FF&"_s);
+    schemes.Fields(u"内框"_s).SetValue(u"&H00FF0000&"_s);
+    if (number != u"3") schemes.Fields(u"填充"_s).SetValue(u"&H00FF00&"_s);
+    if (picture) schemes.Fields(u"主窗口"_s).SetValue(pictureBytes({40, 30}, Qt::red));
+    schemes.Update();
+}
+
+QString stored(const QString& number, const QString& column) {
+    return mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcys WHERE 序号 = "_s + quoted(number))
+        .Fields(column)
+        .Value()
+        .textOr();
+}
+
+class TestColourWindow : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<SampleCatalogue> catalogue_;
+    std::unique_ptr<RecordingWindows> windows_;
+    std::unique_ptr<frmPs> window_;
+    QStringList said_;
+
+    template <typename Control>
+    Control& get(const QString& name) const {
+        auto* control = window_->findChild<Control*>(name);
+        if (control == nullptr) qFatal("no control %s", qPrintable(name));
+        return *control;
+    }
+    QColor ground(const QString& label) const { return get<QLabel>(label).palette().color(QPalette::Window); }
+    void choose(const QString& line) const {
+        auto& list = get<QComboBox>(u"cboFa"_s);
+        list.setCurrentIndex(list.findText(line));
+        Q_EMIT list.activated(list.currentIndex());
+    }
+    void focus(int box) const { QTest::mouseClick(&get<TextBox>(u"txtYs(%1)"_s.arg(box)), Qt::LeftButton); }
+    void click(const QString& name) const { QTest::mouseClick(&get<QPushButton>(name), Qt::LeftButton); }
+    static QString active() { return mekTp::catalogue.OpenRecordset(u"tcsz"_s).Fields(u"颜色"_s).Value().textOr(); }
+
+  private Q_SLOTS:
+    void init() {
+        said_.clear();
+        answerBoxesWith([this](const BoxText& box) {
+            said_ << box.text;
+            return true;
+        });
+        catalogue_ = std::make_unique<SampleCatalogue>();
+        mekTp::catalogue.Execute(u"DELETE FROM tcys"_s);
+        addScheme(u"0"_s, u"默认"_s, u"&H00FFFFFF&"_s, true);
+        addScheme(u"3"_s, u"藕荷"_s, u"&H00123456&"_s, false);
+        addScheme(u"5"_s, u"自定义"_s, u"&H00808080&"_s, false);
+        addScheme(u"6"_s, u"又一个"_s, u"&H00FFFF&"_s, false);
+        windows_ = std::make_unique<RecordingWindows>();
+        window_ = std::make_unique<frmPs>(*windows_);
+        window_->show();
+        QApplication::setActiveWindow(window_.get());
+    }
+    void cleanup() {
+        answerColourDialogsWith({});
+        answerBoxesWith({});
+        window_.reset();
+        catalogue_.reset();
+    }
+
+    void opensOnTheDefaultScheme() {
+        QCOMPARE(get<QComboBox>(u"cboFa"_s).currentText(), u"0 默认"_s);
+        QCOMPARE(get<QLabel>(u"lblFa"_s).text(), u"当前方案\n[0 默认]"_s);
+        QCOMPARE(get<QLabel>(u"lblBt"_s).text(), u"窗口颜色配置方案显示(默认)"_s);
+        QVERIFY(!get<ImageBox>(u"imgXs"_s).picture().isNull());
+        QVERIFY(get<QLabel>(u"lblTs"_s).isVisible());
+    }
+
+    void showsAScheme() {
+        choose(u"3 藕荷"_s);
+        QCOMPARE(get<TextBox>(u"txtYs(0)"_s).text(), QString());
+        QCOMPARE(get<TextBox>(u"txtYs(3)"_s).text(), u"&H00123456&"_s);
+        QCOMPARE(ground(u"lblB0(2)"_s), QColor(Qt::red));
+        QCOMPARE(ground(u"lblB0(1)"_s), QColor(Qt::blue));
+        QCOMPARE(get<ShapeBox>(u"shpCt"_s).fillColor(), QColor(0x56, 0x34, 0x12));
+        // An empty text leaves its part in the colour of the scheme before.
+        QCOMPARE(ground(u"lblB0(0)"_s), QColor(Qt::green));
+        QVERIFY(get<ImageBox>(u"imgXs"_s).picture().isNull());
+        QVERIFY(!get<QLabel>(u"lblTs"_s).isVisible());
+    }
+
+    void fixedSchemesAreNotMixed() {
+        bool asked = false;
+        answerColourDialogsWith([&](const QColor&) {
+            asked = true;
+            return std::optional<QColor>(Qt::white);
+        });
+        choose(u"3 藕荷"_s);
+        focus(1);
+        QVERIFY(!asked);
+    }
+
+    void mixingAndStoring() {
+        choose(u"5 自定义"_s);
+        QList<QColor> offered;
+        const QList<QColor> mixed{QColor(1, 2, 3), Qt::yellow, Qt::cyan, Qt::black};
+        answerColourDialogsWith([&](const QColor& present) {
+            offered << present;
+            return std::optional(mixed[offered.size() - 1]);
+        });
+        for (int i = 0; i < 4; ++i) focus(i);
+        QCOMPARE(offered, (QList<QColor>{Qt::green, Qt::blue, Qt::red, QColor(0x80, 0x80, 0x80)}));
+        QCOMPARE(ground(u"lblB2"_s), mixed[0]);
+        QCOMPARE(get<TextBox>(u"txtYs(0)"_s).text(), u"&H0030201&"_s);
+        QCOMPARE(active(), u"0"_s);
+        click(u"cmdQd"_s);
+        QCOMPARE(active(), u"5"_s);
+        QCOMPARE(stored(u"5"_s, u"填充"_s), u"&H0030201&"_s);
+        QCOMPARE(stored(u"5"_s, u"内框"_s), u"&H00FFFF&"_s);
+        QCOMPARE(stored(u"5"_s, u"外框"_s), u"&H00FFFF00&"_s);
+        QCOMPARE(stored(u"5"_s, u"窗体"_s), u"&H000&"_s);
+        QCOMPARE(windows_->unloaded, QList{WindowKind::colours});
+    }
+
+    void cancellingTheColourChangesNothing() {
+        choose(u"5 自定义"_s);
+        answerColourDialogsWith([](const QColor&) { return std::optional<QColor>(); });
+        focus(1);
+        QCOMPARE(get<TextBox>(u"txtYs(1)"_s).text(), u"&H00FF0000&"_s);
+    }
+
+    void laterSchemesBecomeActiveButAreNotStored() {
+        choose(u"6 又一个"_s);
+        answerColourDialogsWith([](const QColor&) { return std::optional<QColor>(Qt::black); });
+        focus(3);
+        click(u"cmdQd"_s);
+        QCOMPARE(active(), u"6"_s);
+        QCOMPARE(stored(u"6"_s, u"窗体"_s), u"&H00FFFF&"_s);
+    }
+
+    void leaving() {
+        choose(u"5 自定义"_s);
+        click(u"cmdQx"_s);
+        QCOMPARE(active(), u"0"_s);
+        QCOMPARE(windows_->unloaded.size(), 1);
+        click(u"cmdGb"_s);
+        QVERIFY(windows_->ended);
+    }
+
+    void aMissingRowIsTold() {
+        mekTp::catalogue.Execute(u"DELETE FROM tcys WHERE 序号 = '6'"_s);
+        choose(u"6 又一个"_s);
+        QCOMPARE(said_, QStringList{u"颜色设置数据没找到，请查明原因！"_s});
+    }
+};
+
+const Registered<TestColourWindow> registered;
+
+}  // namespace
+
+#include "frm_ps_test.moc"
