@@ -4,11 +4,6 @@
 #include <QScrollBar>
 #include <QTextBlock>
 
-namespace {
-// Above the paragraph that was found.
-constexpr int airInPixels = 8;
-}  // namespace
-
 RichTextBox::RichTextBox(QWidget* parent) : QTextBrowser(parent) {
     setUndoRedoEnabled(false);
     setOpenLinks(false);
@@ -20,7 +15,8 @@ int RichTextBox::Find(const QString& text, int start) {
     setTextCursor(hit);
     const QAbstractTextDocumentLayout* layout = document()->documentLayout();
     layout->documentSize();  // lays out what lies below, on which the range of the scroll bar depends
-    verticalScrollBar()->setValue(int(layout->blockBoundingRect(hit.block()).top()) - airInPixels);
+    const double top = layout->blockBoundingRect(hit.block()).top() - document()->documentMargin();
+    verticalScrollBar()->setValue(int(top));
     return hit.selectionStart();
 }
 

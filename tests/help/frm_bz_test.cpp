@@ -1,0 +1,291 @@
+#include "../support/run_all.h"
+#include "help/contents_rules.h"
+#include "help/entry_label.h"
+#include "help_window.h"
+#include "platform/desktop/image_box.h"
+#include "platform/desktop/placing.h"
+#include "platform/desktop/shapes.h"
+#include "platform/desktop/text_box.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int nearTop = 30;  // pixels, the air above a heading and its own leading included
+const QColor blue(0, 0, 255), red(255, 0, 0), orange(255, 150, 90), green(55, 200, 90);
+
+class TestHelpWindow : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void rules();
+    void everyEntryLeadsToItsHeading_data();
+    void everyEntryLeadsToItsHeading();
+    void topicsOfOtherWindows();
+    void backToTheTop();
+    void aTextThatIsNotThere();
+    void oneChapterIsOpenAtATime();
+    void partsFollowTheWindow();
+    void looksUnderTheMouse();
+    void longCaptionsShowInFull();
+    void keyboardReachesEveryEntry();
+    void pictureButtons();
+    void closingUnloads();
+};
+
+void TestHelpWindow::rules() {
+    const QList<std::pair<QString, QString>> keys{{u"1 软件的安装"_s, u"1"_s},
+                                                  {u"1.1 网络下载版的安装"_s, u"1.1"_s},
+                                                  {u"3.2 《图册设置》页面的设置"_s, u"3.2"_s},
+                                                  {u"附注："_s, u"附注："_s},
+                                                  {u"概述"_s, u"概述"_s}};
+    for (const auto& [caption, key] : keys) QCOMPARE(sectionKey(caption), key);
+    QCOMPARE(sectionsSql(u"3.2"_s), u"SELECT * FROM tcbz WHERE left(编号, 3) = '3.2'"_s);
+    QCOMPARE(contentsOverhang(4140, 0), 0);
+    QCOMPARE(contentsOverhang(4139, 0), 1);
+    QCOMPARE(contentsOverhang(5800, 7 * 240), 20);
+}
+
+void TestHelpWindow::everyEntryLeadsToItsHeading_data() {
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("as opened") << QSize();
+    QTest::newRow("large screen") << QSize(1900, 1040);
+    QTest::newRow("small") << QSize(560, 300);
+}
+
+/// The manual, the contents and the rows of the second level have to agree word for word.
+void TestHelpWindow::everyEntryLeadsToItsHeading() {
+    QFETCH(QSize, size);
+    HelpWindow help;
+    help.open();
+    if (size.isValid()) help.form->resize(size);
+    int sections = 0;
+    const auto check = [&](const QString& caption) {
+        QCOMPARE(help.paragraph(), caption);
+        QCOMPARE(help.text().SelLength(), 0);
+        QVERIFY2(help.belowTop() >= 0 && help.belowTop() <= nearTop,
+                 qPrintable(caption + QString::number(help.belowTop())));
+        QVERIFY2(help.text().textCursor().blockFormat().headingLevel() > 1, qPrintable(caption));
+    };
+    for (int chapter = 0; chapter < chapterCaptions().size(); ++chapter) {
+        Q_EMIT static_cast<EntryLabel*>(help.label(u"lblXz"_s, chapter))->clicked();
+        check(chapterCaptions()[chapter]);
+        int section = 1;
+        for (; help.has(u"lblX0(%1)"_s.arg(section)); ++section) {
+            auto* label = static_cast<EntryLabel*>(help.label(u"lblX0"_s, section));
+            Q_EMIT label->clicked();
+            check(label->text());
+        }
+        QCOMPARE(section == 1, chapter == introduction);
+        sections += section - 1;
+    }
+    QCOMPARE(sections, mekTp::catalogue.OpenRecordset(u"tcbz"_s).rowCount());
+}
+
+/// A topic stands in a line of its own just above the heading of the chapter that its reader wants.
+void TestHelpWindow::topicsOfOtherWindows() {
+    HelpWindow help;
+    help.open();
+    const QList<std::pair<QString, QString>> topics{{u"3 软件的使用"_s, u"3 软件的设置"_s},
+                                                    {u"5使用帮助"_s, u"4.3 图片处理窗口的使用"_s}};
+    for (const auto& [topic, heading] : topics) {
+        help.form->showTopic(topic);
+        QVERIFY(help.paragraph().contains(topic));
+        QVERIFY(help.belowTop() >= 0 && help.belowTop() <= nearTop);
+        QCOMPARE(help.text().textCursor().block().next().text(), heading);
+    }
+}
+
+void TestHelpWindow::backToTheTop() {
+    HelpWindow help;
+    help.open();
+    help.click(u"lblXz"_s, 12);
+    QVERIFY(help.text().verticalScrollBar()->value() > 0);
+    QTest::mouseClick(help.find(u"lblMl"_s), Qt::LeftButton);
+    QCOMPARE(help.text().verticalScrollBar()->value(), 0);
+    QCOMPARE(help.text().SelStart(), 0);
+
+    // The markers stand behind everything that is looked for.
+    QTextDocument* manual = help.text().document();
+    const int last = manual->find(u"附注：四"_s).position();
+    for (const QString& marker : {u"邮编："_s, u"邮编"_s, u"－－－－－－"_s})
+        QVERIFY(manual->find(marker).position() > last);
+}
+
+void TestHelpWindow::aTextThatIsNotThere() {
+    HelpWindow help;
+    help.open();
+    RichTextBox& text = help.text();
+    const int heading = text.Find(u"4.2 窗口颜色配置"_s, 0);
+    const int view = text.verticalScrollBar()->value();
+    QVERIFY(heading > 0 && view > 0);
+    QCOMPARE(text.SelLength(), u"4.2 窗口颜色配置"_s.size());
+    QCOMPARE(text.Find(u"没有这样的标题"_s, 0), -1);
+    QCOMPARE(text.Find(u"4.2 窗口颜色配置"_s, heading + 1), -1);
+    QCOMPARE(text.SelStart(), heading);
+    QCOMPARE(text.verticalScrollBar()->value(), view);
+    QCOMPARE(text.Find(u"LUNQ.MDB"_s, 0), text.Find(u"lunq.mdb"_s, 0));
+}
+
+void TestHelpWindow::oneChapterIsOpenAtATime() {
+    HelpWindow help;
+    help.open();
+    QVERIFY(!help.has(u"vsc1"_s));
+    QCOMPARE(widthOf(help.find(u"picGd"_s)), 2790);
+    help.click(u"lblXz"_s, 2);
+    QCOMPARE(help.label(u"lblX0"_s, 1)->text(), u"1.1.1 一条命令装好并启动"_s);
+    QCOMPARE(topOf(help.label(u"lblX0"_s, 2)), 2 * 240 + 60 + 2 * 240);
+    QCOMPARE(topOf(help.label(u"lblXz"_s, 2)), 2 * 240 + 60);
+    QCOMPARE(topOf(help.label(u"lblXz"_s, 3)), 5 * 240 + 60);
+    QVERIFY(!help.has(u"vsc1"_s));
+
+    help.click(u"lblXz"_s, 11);  // its seven sections are too many for the panel
+    QVERIFY(help.label(u"lblX0"_s, 1)->text().startsWith(u"4.1.1 "));
+    QVERIFY(help.has(u"lblX0(7)"_s) && help.has(u"vsc1"_s));
+    QCOMPARE(topOf(help.label(u"lblXz"_s, 3)), 3 * 240 + 60);
+    QCOMPARE(topOf(help.label(u"lblXz"_s, 12)), (12 + 7) * 240 + 60);
+    QCOMPARE(widthOf(help.find(u"picGd"_s)), 3045);  // 3040 twips in whole pixels
+    auto* bar = help.find<QScrollBar>(u"vsc1"_s);
+    bar->setValue(bar->maximum());
+    QCOMPARE(pixelsFromTwips(-bar->maximum()), help.find(u"picBz"_s)->y());
+    QVERIFY(bar->maximum() > 0);
+
+    help.click(u"lblXz"_s, 0);
+    QVERIFY(!help.form->findChild<QLabel*>(u"lblX0(1)"_s) && !help.has(u"vsc1"_s));
+    QCOMPARE(help.find(u"picBz"_s)->y(), 0);
+    for (int i = 0; i < 16; ++i) QCOMPARE(topOf(help.label(u"lblXz"_s, i)), i * 240 + 60);
+}
+
+void TestHelpWindow::partsFollowTheWindow() {
+    HelpWindow help;
+    help.open();
+    for (const QSize size : {QSize(640, 480), QSize(1000, 700)}) {
+        help.form->resize(size);
+        const int width = size.width() * 15;
+        const int height = size.height() * 15;
+        QCOMPARE(help.text().geometry(), rectFromTwips(3370, 90, width - 3600, height - 615));
+        QCOMPARE(help.find(u"shpMl"_s)->height(), rectFromTwips(0, 90, 1, height - 650).height());
+        QVERIFY(std::abs(heightOf(help.find(u"picGd"_s)) - (height - 1400)) <= 15);
+        QVERIFY(std::abs(topOf(help.find(u"fraAn"_s)) - (height - 1080)) <= 8);
+    }
+}
+
+void TestHelpWindow::looksUnderTheMouse() {
+    HelpWindow help;
+    help.open();
+    help.click(u"lblXz"_s, 1);
+    const auto isIn = [&](QWidget* label, const QColor& colour, bool underlined) {
+        return label->palette().color(QPalette::WindowText) == colour && label->font().underline() == underlined;
+    };
+    QWidget* head = help.find(u"lblMl"_s);
+    QWidget* low = help.label(u"lblXz"_s, 3);
+    QWidget* high = help.label(u"lblXz"_s, 15);
+    QWidget* section = help.label(u"lblX0"_s, 1);
+    QTest::mouseMove(high);
+    QVERIFY(isIn(high, orange, true) && isIn(low, blue, false) && isIn(head, red, false));
+    QTest::mouseMove(head);  // the lower chapters keep their look
+    QVERIFY(isIn(head, green, true) && isIn(high, orange, true));
+    QTest::mouseMove(low);
+    QVERIFY(isIn(low, orange, true) && isIn(high, blue, false) && isIn(head, red, false));
+    QTest::mouseMove(head);
+    QVERIFY(isIn(low, blue, false));
+    QTest::mouseMove(section);
+    QVERIFY(isIn(section, orange, true) && isIn(head, red, false));
+    QTest::mouseMove(help.find(u"picBz"_s), QPoint(2, 2));
+    QVERIFY(isIn(section, blue, false));
+    QTest::mouseMove(low);
+    QTest::mouseMove(help.form.get(), QPoint(2, 2));
+    QVERIFY(isIn(low, blue, false));
+}
+
+void TestHelpWindow::longCaptionsShowInFull() {
+    const QString title = u"一个长得在目录里怎么也放不下的标题，要看完它得有两行"_s;
+    HelpWindow help;
+    Recordset contents = mekTp::catalogue.OpenRecordset(u"tcbz"_s);
+    contents.AddNew();
+    contents.Fields(u"编号"_s).SetValue(u"2"_s);
+    contents.Fields(u"标题"_s).SetValue(title);
+    contents.Update();
+    Recordset settings = mekTp::catalogue.OpenRecordset(u"tcsz"_s);
+    settings.Edit();
+    settings.Fields(u"帮助"_s).SetValue(
+        settings.Fields(u"帮助"_s).Value().toText().replace(u"<h2>3 "_s, u"<h3>2 %1</h3><h2>3 "_s.arg(title)));
+    settings.Update();
+    help.open();
+    auto* full = help.find<CaptionBox>(u"txtFd"_s);
+    help.click(u"lblXz"_s, 3);
+    QTest::mouseMove(help.label(u"lblX0"_s, 1));
+    QVERIFY(full->isHidden());
+    QLabel* section = help.label(u"lblX0"_s, 3);
+    QTest::mouseMove(section);
+    QVERIFY(full->isVisible());
+    QCOMPARE(full->text(), u"2 "_s + title);
+    QCOMPARE(full->pos() - section->pos(), QPoint(28, 18));
+    QVERIFY(full->document()->size().height() >= 2);
+    QTest::mouseClick(full->viewport(), Qt::LeftButton);
+    QCOMPARE(help.paragraph(), u"2 "_s + title);
+    QTest::mouseMove(help.find(u"picBz"_s), QPoint(2, 2));
+    QVERIFY(full->isHidden());
+}
+
+void TestHelpWindow::keyboardReachesEveryEntry() {
+    HelpWindow help;
+    help.open();
+    QApplication::setActiveWindow(help.form.get());
+    QLabel* chapter = help.label(u"lblXz"_s, 2);
+    chapter->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(chapter, Qt::Key_Return);
+    QCOMPARE(help.paragraph(), u"1.1 网络下载版的安装"_s);
+    QTest::keyClick(chapter, Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), help.label(u"lblX0"_s, 1));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    QCOMPARE(help.paragraph(), u"1.1.2 数据放在哪里"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), help.label(u"lblXz"_s, 3));
+}
+
+void TestHelpWindow::pictureButtons() {
+    HelpWindow help;
+    help.open();
+    const auto line = [&](int index) { return help.find<LineBox>(u"linFh(%1)"_s.arg(index)); };
+    const auto shown = [&] {
+        QString pattern;
+        for (int i = 0; i < 8; ++i) pattern += line(i)->isHidden() ? u'-' : u'|';
+        return pattern;
+    };
+    auto* back = help.find<ImageBox>(u"imgFh"_s);
+    auto* leave = help.find<ImageBox>(u"imgGb"_s);
+    QCOMPARE(shown(), u"--------"_s);
+    QTest::mouseMove(back);
+    QCOMPARE(shown(), u"||||----"_s);
+    QTest::mouseMove(leave);
+    QCOMPARE(shown(), u"----||||"_s);
+    QTest::mouseMove(help.form.get(), QPoint(2, 2));
+    QCOMPARE(shown(), u"--------"_s);
+
+    QTest::mousePress(back, Qt::LeftButton);
+    QCOMPARE(line(0)->color(), QColor(128, 128, 128));
+    QCOMPARE(line(3)->color(), QColor(Qt::white));
+    QTest::mouseRelease(back, Qt::LeftButton);
+    QCOMPARE(help.asked, (QStringList{u"show"_s, u"unload"_s}));
+    QTest::mouseClick(leave, Qt::LeftButton);
+    QCOMPARE(help.asked.last(), u"end"_s);
+}
+
+void TestHelpWindow::closingUnloads() {
+    HelpWindow help;
+    help.open();
+    help.form->close();
+    QCOMPARE(help.asked, QStringList{u"unload"_s});
+    help.asked.clear();
+    help.form->show();
+    QTest::keyClick(help.form.get(), Qt::Key_Escape);
+    QCOMPARE(help.asked, QStringList{u"unload"_s});
+}
+
+const Registered<TestHelpWindow> registered;
+
+}  // namespace
+
+#include "frm_bz_test.moc"
