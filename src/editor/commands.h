@@ -31,10 +31,21 @@ class Commands : public QObject {
     /// Switches a menu item and its tool button together.
     void setEnabled(QAction* item, const QString& key, bool on);
 
-    /// Runs `handler` on the item and on its tool button.
+    /// Runs `handler` on the item and on its tool button, which may be enabled apart from each other.
     void onCommand(QAction* item, const QString& key, const std::function<void()>& handler);
 
+    /// Items of menu and tool bar that read as the state of a view setting.
+    void showToggle(QAction* item, const QString& key, const QString& caption, const QString& image);
+
+  Q_SIGNALS:
+    void menuOpens();  ///< mnuDk, or mnuCl with a picture open.
+
   private:
+    void makeMenus(QMenuBar* bar);
+    void makeToolBar();
+    void refuseWithoutPicture(QAction* parent);
+
     EditorState& state_;
     QWidget* form_;
+    QMenu *processing_ = nullptr, *saving_ = nullptr;
 };

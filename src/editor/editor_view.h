@@ -6,6 +6,7 @@
 #include "platform/desktop/shapes.h"
 #include "platform/desktop/surface.h"
 #include "platform/desktop/text_box.h"
+#include "platform/desktop/tool_bar.h"
 
 #include <QScrollBar>
 
@@ -16,7 +17,7 @@ class EditorView : public QObject {
 
   public:
     /// `window` is the top-level window, `form` what lies below its menu bar.
-    EditorView(EditorState& state, QWidget* window, QWidget* form);
+    EditorView(EditorState& state, ToolBar* bar, QWidget* window, QWidget* form);
 
     Surface* picGd;      ///< Viewport.
     WorkSurface* picYu;  ///< The working picture.
@@ -36,8 +37,12 @@ class EditorView : public QObject {
     void gdcl();
     /// Shows the hint for a code. A code without hint leaves the text and lays the box out anew.
     void tscz(const QString& code);
+    /// Shows a text in the hint box even where hints are off: why an operation was not carried out.
+    void notice(const QString& text);
     /// The hint box may show at all (the menu item that closes it says "关闭提示").
     void setHintsOn(bool on) { hintsOn_ = on; }
+    void centreHint();
+    void setCaption(const QString& caption) { window_->setWindowTitle(caption); }
 
     void growShortWindow();
     void centreWindow(int width, int height);
@@ -51,9 +56,21 @@ class EditorView : public QObject {
     /// A finished paint: the scratch picture becomes the working picture, and the window follows its size.
     void takePainted(const QImage& painted);
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
+    void makeSurfaces();
+    void makeHintBox();
+    void makePanels();
+    void placeHint();
+    void dragPanel(Surface* panel, QPoint pointer);
+    QSize frameSize() const;
+
     EditorState& state_;
+    ToolBar* bar_;
     QWidget* window_;
     QWidget* form_;
     bool hintsOn_ = true;
+    QPoint dragFrom_;  ///< Where the mouse went down on a panel, on the screen.
 };

@@ -1,13 +1,15 @@
 #pragma once
 
 #include "editor/undo_history.h"
+#include "editor/view_settings.h"
 
 /// Brings a picture into the editor, and empties the editor.
 class Loading : public QObject {
     Q_OBJECT
 
   public:
-    Loading(EditorState& state, Commands& commands, EditorView& view, UndoHistory& history, QWidget* window);
+    Loading(EditorState& state, Commands& commands, EditorView& view, ViewSettings& settings, UndoHistory& history,
+            QWidget* window);
 
     /// Asks for a file and opens it.
     void mnuCwClick();
@@ -17,12 +19,16 @@ class Loading : public QObject {
     void pmfy();
 
   private:
+    void openFile(const QString& path);
     void cwdc();
     void xstp();
+    void takeLoaded(const Picture& picture);
+    void empty();
 
     EditorState& state_;
     Commands& commands_;
     EditorView& view_;
+    ViewSettings& settings_;
     UndoHistory& history_;
     QWidget* window_;
 };

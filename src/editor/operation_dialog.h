@@ -19,6 +19,7 @@ class OperationDialog : public QObject {
     void czdh(const QString& mode);
     /// Shows the dialog of the last operation once more, for another try; nothing when there was none.
     void reopen();
+    /// The end of an operation.
     void close();
     bool isOpen() const { return !view_.picCq->isHidden(); }
     const QString& mode() const { return mode_; }
@@ -32,7 +33,11 @@ class OperationDialog : public QObject {
     void cancelled();  ///< cmdCq(1)
 
   private:
+    void makeControls();
     void txtCqChange();
+    void turnHand();
+    void showDial(bool on);
+    void showParts();
 
     EditorState& state_;
     Commands& commands_;

@@ -23,8 +23,9 @@ class UndoHistory : public QObject {
     void emptied();  ///< The load itself was taken back: the window is to become empty.
 
   private:
+    void writeStep(const QString& number);
     void pop();
-    void restore(const QString& step);
+    void restore(const QString& number);
 
     EditorState& state_;
     Commands& commands_;

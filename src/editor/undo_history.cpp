@@ -1,0 +1,118 @@
+#include "editor/undo_history.h"
+
+#include "catalogue/mektp.h"
+#include "catalogue/picture_field.h"
+#include "platform/base/conversion.h"
+#include "platform/base/error.h"
+#include "platform/desktop/placing.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int jpegQuality = 80;
+const QString pictureColumn = u"图片"_s;
+
+/// Stepping through an album starts the numbers again without removing the earlier rows: the newest one counts.
+Recordset newestRow(const QString& number) {
+    Recordset rows = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tccx WHERE 编号 = "_s + quoted(number));
+    if (!rows.Eof()) rows.MoveLast();
+    return rows;
+}
+
+}  // namespace
+
+/// Stores a picture in a record.
+void bcsk(const QImage& image, Recordset& recordset, EditorState& state) {
+    const QByteArray bytes = encodeJpeg(image, jpegQuality);
+    state.savedSize = bytes.size();
+    recordset.Edit();
+    storePictureBytes(recordset.Fields(pictureColumn), bytes);
+    recordset.Update();
+}
+
+UndoHistory::UndoHistory(EditorState& state, Commands& commands, EditorView& view, OperationDialog& dialog)
+    : QObject(view.picCq), state_(state), commands_(commands), view_(view), dialog_(dialog) {}
+
+void UndoHistory::start() {
+    if (!state_.undoing) {
+        state_.stepNumber = 0;
+        state_.stepTrail = StepTrail(state_.editState);
+    }
+    cxcz();
+}
+
+/// Records the picture on screen as a step. A step that cannot be written never stops the work on the picture.
+void UndoHistory::cxcz() {
+    if (state_.undoing) return;
+    ++state_.stepNumber;
+    state_.stepTrail.push(state_.stepNumber);
+    attempt([&] { writeStep(StepTrail::stepText(state_.stepNumber)); });
+}
+
+void UndoHistory::writeStep(const QString& number) {
+    Transaction step(mekTp::catalogue);
+    Recordset rows = mekTp::catalogue.OpenRecordset(u"tccx"_s);
+    rows.AddNew();
+    const std::pair<QString, Variant> values[] = {
+        {u"编号"_s, number},
+        {u"标签"_s, view_.txtTs->text()},
+        {u"图宽"_s, float(widthOf(view_.picYu))},
+        {u"图高"_s, float(heightOf(view_.picYu))},
+        {u"标题"_s, state_.opTag},
+        {u"参数"_s, dialog_.isOpen() ? numericValue(dialog_.txtCq->text()) : 0.0},
+    };
+    for (const auto& [column, value] : values) attempt([&] { rows.Fields(column).SetValue(value); });
+    rows.Update();
+    Recordset stored = newestRow(number);
+    attempt([&] { bcsk(view_.picYu->Image(), stored, state_); });
+    step.commit();
+}
+
+void UndoHistory::clear() {
+    mekTp::catalogue.Execute(u"DELETE FROM [tccx]"_s);
+}
+
+void UndoHistory::mnuCxClick() {
+    state_.undoing = true;
+    view_.picYu->show();  // a paint that failed has left it hidden
+    if (!view_.shpYu->isHidden()) {
+        view_.shpYu->hide();
+        view_.txtCc->hide();
+    }
+    if (dialog_.isOpen()) {
+        view_.picCq->hide();
+        view_.tscz(u"w1"_s);
+        commands_.szan(true);
+    } else if (!view_.picAn->isHidden()) {
+        view_.picAn->hide();
+    } else {
+        pop();
+    }
+}
+
+void UndoHistory::pop() {
+    if (state_.stepTrail.isEmpty()) return;
+    const QString taken = state_.stepTrail.pop();
+    mekTp::catalogue.Execute(u"DELETE FROM [tccx] WHERE 编号 = "_s + quoted(taken));
+    --state_.stepNumber;
+    if (state_.stepTrail.isEmpty())
+        Q_EMIT emptied();
+    else
+        restore(state_.stepTrail.newest());
+}
+
+void UndoHistory::restore(const QString& number) {
+    Recordset step = newestRow(number);
+    if (step.Eof()) return;
+    if (const auto picture = pictureFromField(step, pictureColumn)) view_.picYu->setPicture(picture->image());
+    state_.picWidth = step.Fields(u"图宽"_s).Value().toInteger();
+    state_.picHeight = step.Fields(u"图高"_s).Value().toInteger();
+    view_.txtTs->setText(step.Fields(u"标签"_s).Value().textOr());
+    state_.opTag = step.Fields(u"标题"_s).Value().textOr();
+    view_.pmsz();
+    view_.setCaption(state_.sourceLine + (state_.opTag.isEmpty() ? QString() : u"["_s + state_.opTag + u"]"_s));
+    view_.txtCc->hide();
+    if (state_.editState != u"p" && state_.editState != u"z") dialog_.reopen();
+    view_.tscz(state_.editState + u"1"_s);
+}
