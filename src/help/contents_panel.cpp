@@ -77,7 +77,7 @@ void ContentsPanel::makeHead() {
     bold.setBold(true);
     lblMl->setFont(bold);
     lblMl->setLook(headAtRest, false);
-    place(lblMl, listLeft + 900, 120, 1240, 240);
+    place(lblMl, listLeft + 900, 135, 1240, 240);
     connect(lblMl, &EntryLabel::clicked, this, guarded(form_, [this] { Q_EMIT topChosen(); }));
     connect(lblMl, &EntryLabel::mouseMoved, this, [this] { hoverHead(); });
     connect(lblMl, &EntryLabel::gotFocus, this, [this] { hoverHead(); });

@@ -2,6 +2,7 @@
 
 #include "catalogue/mektp.h"
 #include "help/contents_panel.h"
+#include "help/find_bar.h"
 #include "help/raised_buttons.h"
 #include "platform/base/error.h"
 #include "platform/desktop/message_box.h"
@@ -15,7 +16,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 constexpr int windowWidth = 9600;
 constexpr int windowHeight = 7200;
-constexpr int readingTextHeight = 14;  // pixels
+constexpr double readingTextSize = 10.5;  // points: the reader may zoom
+constexpr int listIndent = 24;            // pixels
 
 // Stand near the end of the manual.
 const QString endMarker = u"邮编："_s;
@@ -32,6 +34,7 @@ frmBz::frmBz(Windows& windows, QWidget* parent) : QWidget(parent), windows_(wind
     contents_ = new ContentsPanel(this);
     fraAn = make<RaisedButtons>(this, u"fraAn"_s);
     rtfBz = make<RichTextBox>(this, u"rtfBz"_s);
+    search_ = new FindBar(rtfBz, this);
     connectEvents();
     load();
     resize(rectFromTwips(0, 0, windowWidth, windowHeight).size());
@@ -55,9 +58,10 @@ void frmBz::load() {
     rtfBz->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     rtfBz->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     QFont reading = font();
-    reading.setPixelSize(readingTextHeight);
+    reading.setPointSizeF(readingTextSize);
     rtfBz->setFont(reading);
     rtfBz->document()->setDocumentMargin(18);
+    rtfBz->document()->setIndentWidth(listIndent);
     rtfBz->setText(settings.Fields(u"帮助"_s).Value().textOr());
     rtfBz->setFocus();
 }
@@ -68,6 +72,7 @@ void frmBz::resizeEvent(QResizeEvent* event) {
     const int height = heightOf(this);
     place(rtfBz, 3370, 90, width - 3600, height - 615);
     place(fraAn, 150, height - 1080, 3070, 450);
+    place(search_, 3370, height - 450, width - 3600, 345);
     contents_->layOut(height);
 }
 
@@ -86,6 +91,8 @@ void frmBz::mouseMoveEvent(QMouseEvent* event) {
 void frmBz::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
         close();
+    else if (event->matches(QKeySequence::Find))
+        search_->takeFocus();
     else
         QWidget::keyPressEvent(event);
 }

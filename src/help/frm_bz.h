@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class ContentsPanel;
+class FindBar;
 class RaisedButtons;
 
 /// The help window: the manual, and its contents that lead to every heading. There is no index of positions: the
@@ -35,4 +36,5 @@ class frmBz : public QWidget {
     RichTextBox* rtfBz;
     ContentsPanel* contents_;
     RaisedButtons* fraAn;
+    FindBar* search_;
 };

@@ -28,8 +28,12 @@ QLabel* line(frmGy* box, const QString& name, const QString& text, int pixelSize
 }  // namespace
 
 frmGy::frmGy(QWidget* parent)
-    : QWidget(parent, Qt::Dialog),
-      tools_{u"hardinfo"_s, u"hardinfo2"_s, u"kinfocenter"_s, u"gnome-system-monitor"_s, u"msinfo32"_s} {
+    : QWidget(parent, Qt::Dialog), tools_{u"hardinfo"_s,
+                                          u"hardinfo2"_s,
+                                          u"kinfocenter"_s,
+                                          u"gnome-control-center info-overview"_s,
+                                          u"gnome-system-monitor"_s,
+                                          u"msinfo32"_s} {
     setObjectName(u"frmGy"_s);
     setWindowTitle(u"关于 览忆集苑"_s);
 
@@ -42,6 +46,14 @@ frmGy::frmGy(QWidget* parent)
         this, u"lblSm"_s,
         u"电子像册：成千上万张图片收在一个文件里，可按页浏览、按钮筛选、放大观看和幻灯播放，并可随时复制和备份。"_s,
         13);
+    auto* licences =
+        line(this, u"lblXk"_s,
+             u"使用的部件及其许可：Qt 6（LGPL 3）、SQLite（公有领域）、SQLiteCpp（MIT）、libjpeg-turbo（IJG 与 BSD）、"
+             "libmdb 与 GLib（LGPL 2.1）。"_s,
+             11);
+    QPalette muted = licences->palette();
+    muted.setColor(QPalette::WindowText, muted.color(QPalette::PlaceholderText));
+    licences->setPalette(muted);
     auto* rule = make<QFrame>(this, u"linFg"_s);
     rule->setFrameShape(QFrame::HLine);
     auto* tools = make<QPushButton>(this, u"cmdXt"_s, u"系统信息(&S)"_s);
@@ -53,6 +65,7 @@ frmGy::frmGy(QWidget* parent)
     for (QWidget* widget : {title, version}) texts->addWidget(widget);
     texts->addSpacing(6);
     texts->addWidget(description);
+    texts->addWidget(licences);
     auto* top = new QHBoxLayout;
     top->setSpacing(20);
     top->addWidget(icon);
@@ -68,13 +81,18 @@ frmGy::frmGy(QWidget* parent)
     all->addStretch();
     all->addWidget(rule);
     all->addLayout(buttons);
-    setFixedSize(420, 240);
+    setFixedSize(440, 280);
+    ok->setFocus();
 
     connect(tools, &QPushButton::clicked, this, guarded(this, [this] { showSystemInformation(); }));
     connect(ok, &QPushButton::clicked, this, &QWidget::close);
 }
 
 void frmGy::showSystemInformation() {
-    const QString tool = findProgram(tools_);
-    if (tool.isEmpty() || !attempt([&] { Shell(tool); })) say(this, u"此时系统信息不可用"_s);
+    for (const QString& tool : std::as_const(tools_)) {
+        QStringList words = tool.split(u' ');
+        const QString program = findProgram({words.takeFirst()});
+        if (!program.isEmpty() && attempt([&] { Shell(program, words); })) return;
+    }
+    say(this, u"此时系统信息不可用"_s);
 }

@@ -10,8 +10,8 @@ class frmGy : public QWidget {
   public:
     explicit frmGy(QWidget* parent = nullptr);
 
-    /// The system-information tools that are looked for, the first installed one is started.
-    void setTools(const QStringList& programs) { tools_ = programs; }
+    /// The system-information tools that are looked for, with their arguments; the first one that starts is it.
+    void setTools(const QStringList& commands) { tools_ = commands; }
 
   private:
     void showSystemInformation();

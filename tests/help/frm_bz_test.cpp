@@ -29,6 +29,7 @@ class TestHelpWindow : public QObject {
     void looksUnderTheMouse();
     void longCaptionsShowInFull();
     void keyboardReachesEveryEntry();
+    void readersOwnWords();
     void pictureButtons();
     void closingUnloads();
 };
@@ -209,7 +210,7 @@ void TestHelpWindow::longCaptionsShowInFull() {
     Recordset settings = mekTp::catalogue.OpenRecordset(u"tcsz"_s);
     settings.Edit();
     settings.Fields(u"帮助"_s).SetValue(
-        settings.Fields(u"帮助"_s).Value().toText().replace(u"<h2>3 "_s, u"<h3>2 %1</h3><h2>3 "_s.arg(title)));
+        settings.Fields(u"帮助"_s).Value().toText().replace(u"<h2>3.1 "_s, u"<h3>2 %1</h3><h2>3.1 "_s.arg(title)));
     settings.Update();
     help.open();
     auto* full = help.find<CaptionBox>(u"txtFd"_s);
@@ -243,6 +244,31 @@ void TestHelpWindow::keyboardReachesEveryEntry() {
     QCOMPARE(help.paragraph(), u"1.1.2 数据放在哪里"_s);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     QCOMPARE(QApplication::focusWidget(), help.label(u"lblXz"_s, 3));
+}
+
+void TestHelpWindow::readersOwnWords() {
+    HelpWindow help;
+    help.open();
+    auto* words = help.find<QLineEdit>(u"txtCz"_s);
+    QTest::keyClick(help.form.get(), Qt::Key_F, Qt::ControlModifier);
+    QCOMPARE(help.form->focusWidget(), words);
+    words->setText(u"反时针"_s);
+    QTest::keyClick(words, Qt::Key_Return);
+    QCOMPARE(help.text().textCursor().selectedText(), u"反时针"_s);
+    const int only = help.text().SelStart();
+
+    words->setText(u"备份"_s);  // several hits, the first of them only by going on from the beginning
+    QList<int> hits;
+    for (int i = 0; i < 40 && (hits.size() < 2 || hits.first() != hits.last()); ++i) {
+        QTest::mouseClick(help.find(u"cmdCz"_s), Qt::LeftButton);
+        hits << help.text().SelStart();
+    }
+    QCOMPARE(hits.last(), hits.first());
+    QVERIFY(hits.size() > 5 && *std::min_element(hits.begin(), hits.end()) < only);
+
+    words->setText(u"没有这样的词"_s);
+    QTest::keyClick(words, Qt::Key_Return);
+    QCOMPARE(help.find<QLabel>(u"lblCz"_s)->text(), u"没有找到"_s);
 }
 
 void TestHelpWindow::pictureButtons() {

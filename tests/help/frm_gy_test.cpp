@@ -20,6 +20,7 @@ class TestAboutBox : public QObject {
         QTest::addColumn<bool>("saysUnavailable");
         QTest::newRow("none installed") << QStringList{u"no-such-tool-1"_s, u"no-such-tool-2"_s} << true;
         QTest::newRow("second installed") << QStringList{u"no-such-tool-1"_s, u"true"_s} << false;
+        QTest::newRow("with an argument") << QStringList{u"no-such-tool-1 info"_s, u"true info"_s} << false;
     }
 
     void systemInformation() {
@@ -36,6 +37,15 @@ class TestAboutBox : public QObject {
         QTest::mouseClick(box.findChild<QPushButton*>(u"cmdXt"_s), Qt::LeftButton);
         answerBoxesWith({});
         QCOMPARE(said, saysUnavailable ? QStringList{u"此时系统信息不可用"_s} : QStringList{});
+    }
+
+    void tellsVersionAndLicences() {
+        QCoreApplication::setApplicationVersion(u"7.8.9"_s);
+        const frmGy box;
+        QVERIFY(box.findChild<QLabel*>(u"lblBb"_s)->text().contains(u"7.8.9"));
+        const QString licences = box.findChild<QLabel*>(u"lblXk"_s)->text();
+        for (const QString& library : {u"Qt"_s, u"SQLite"_s, u"SQLiteCpp"_s, u"libjpeg"_s, u"libmdb"_s})
+            QVERIFY2(licences.contains(library), qUtf8Printable(library));
     }
 
     void okCloses() {
