@@ -18,7 +18,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 constexpr int listLeft = 5760, listTop = 1300, listWidth = 3165, listHeight = 2040;
 constexpr int listColumns = 3;
-const QRect frame(5460, 720, 3765, 3120);
+const QRect frame(5460, 720, 3765, 3180);
 }  // namespace
 
 CodeList::CodeList(SharedControls& controls, FormState& state) : controls_(controls), state_(state) {
@@ -34,7 +34,7 @@ CodeList::CodeList(SharedControls& controls, FormState& state) : controls_(contr
     lblZs->setTextFormat(Qt::PlainText);
     lblZs->setWordWrap(true);
     lblZs->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    place(lblZs, listLeft - frame.x(), listTop + listHeight - frame.y() + 30, listWidth, 450);
+    place(lblZs, 120, listTop + listHeight - frame.y() + 15, frame.width() - 240, 540);
 
     const ListBox* lstBh = controls.lstBh;
     connect(lstBh, &ListBox::lineClicked, this, guarded(controls.form, [this](int line) {

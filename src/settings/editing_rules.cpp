@@ -62,6 +62,6 @@ QString renumberingQuestion(const QString& albumLine, const QString& sortCaption
            u"排序）\n\n如果“是”,按《确定》，然后设置排序顺序；否则按《取消》。"_s;
 }
 
-QString deletionQuestion(const QString& number) {
+QString recordDeletionQuestion(const QString& number) {
     return u"确定删除这张图片吗？ [序号]="_s + number + u"\n\n确定删除，按《确定》；否则按《取消》。"_s;
 }

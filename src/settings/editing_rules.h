@@ -36,4 +36,4 @@ QString codeOfLine(const QString& line);
 // Questions ----------------------------------------------------------------------------------------------------------
 
 QString renumberingQuestion(const QString& albumLine, const QString& sortCaption);
-QString deletionQuestion(const QString& number);
+QString recordDeletionQuestion(const QString& number);

@@ -31,9 +31,9 @@ const QString cancels = u"取 消"_s;
 
 constexpr int opener = 2;  ///< Of the preview's buttons cmdCk.
 
-const QRect frame(5460, 3900, 3765, 2610);
+const QRect frame(5460, 3960, 3765, 2550);
 constexpr int rightEdge = 3645, left = 120;
-constexpr int pitch = 378, captionWidth = 540, fieldsWidth = 2625;
+constexpr int pitch = 369, captionWidth = 540, fieldsWidth = 2625;
 constexpr int buttonLeft = 2835, buttonWidth = rightEdge - buttonLeft;
 
 constexpr int lineTop(int line) {
@@ -54,7 +54,7 @@ RecordFrame::RecordFrame(SharedControls& controls, FormState& state, HintLine& h
     DataControl* datBj = controls.datBj;
     datBj->setParent(Frame9);
     datBj->setCaption(u"移动记录"_s);
-    place(datBj, left, lineTop(5), rightEdge - left, 345);
+    place(datBj, left, lineTop(5), 2460, 345);
     connect(datBj, &DataControl::refreshed, this, [this] {
         if (controls_.datBj->total() == 0) clear();
     });
@@ -104,15 +104,15 @@ void RecordFrame::makeButtons() {
 
 void RecordFrame::makeOptions() {
     const std::array captions{u"全部"_s, u"未设编号"_s, u"已设编号"_s};
-    const std::array lefts{left, 780, 1755};
+    const std::array lefts{left, 1215, 2445};
     for (int i = 0; i < 3; ++i) {
         auto& option = optBs.at(i);
         option = make<QRadioButton>(Frame9, element(u"optBs"_s, i), captions.at(i));
-        place(option, lefts.at(i), lineTop(4), i == 0 ? 650 : 975, rowHeight);
+        place(option, lefts.at(i), lineTop(4), 1080, rowHeight);
         connect(option, &QRadioButton::clicked, this, guarded(controls_.form, [this, i] { Q_EMIT filterChosen(i); }));
     }
     chkLi = make<QCheckBox>(Frame9, u"chkLi"_s, u"连续编辑"_s);
-    place(chkLi, 2715, lineTop(4), 1035, rowHeight);
+    place(chkLi, 2655, lineTop(5), 1050, 345);
 }
 
 // What is shown ------------------------------------------------------------------------------------------------------
@@ -121,6 +121,7 @@ void RecordFrame::albumChosen() {
     rest();
     showFilter(0);
     for (QRadioButton* option : optBs) option->setEnabled(true);
+    controls_.datBj->setEnabled(true);
     allowChanges();
 }
 
@@ -129,6 +130,7 @@ void RecordFrame::albumLost() {
     clear();
     showFilter(-1);
     for (QRadioButton* option : optBs) option->setEnabled(false);
+    controls_.datBj->setEnabled(false);  // what it stands on belongs to another page
     cmdQd->setEnabled(false);
     cmdSc->setEnabled(false);
     preview_.allowOpening(opener, false);
@@ -288,7 +290,7 @@ void RecordFrame::deleteRecord() {
     }
     Recordset& records = controls_.datBj->Recordset();
     const QString number = records.Fields(u"序号"_s).Value().textOr();
-    if (!ask(controls_.form, deletionQuestion(number))) return;
+    if (!ask(controls_.form, recordDeletionQuestion(number))) return;
     // The record itself goes, not whichever is found by its number: two can bear the same one.
     const int row = records.row();
     records.Delete();

@@ -1,0 +1,307 @@
+#include "../support/run_all.h"
+#include "editing_window.h"
+#include "platform/desktop/file_dialogs.h"
+#include "platform/desktop/image_box.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString noCode =
+    u"编号没有填，会造成以后无法筛选图片。\n\n如果暂不填写，按《确定》；否则按《取消》，重新填写。"_s;
+const QString duplicate = u"所录入的序号重复，请修改重新录入！"_s;
+
+struct Frame {
+    QString cmdQd;
+    QString cmdSc;
+    bool unlocked;
+};
+
+void compareState(EditingWindow& window, const Frame& wanted) {
+    QCOMPARE(window.caption(u"cmdQd"_s), wanted.cmdQd);
+    QCOMPARE(window.caption(u"cmdSc"_s), wanted.cmdSc);
+    for (const QString& name : {u"txtXh"_s, u"txtBh"_s, u"txtRq"_s, u"txtB2"_s})
+        QCOMPARE(window.box(name).isLocked(), !wanted.unlocked);
+    QCOMPARE(window.isPageFree(), !wanted.unlocked);
+}
+
+const Frame rest{u"编 辑"_s, u"删 除"_s, false};
+const Frame single{u"确 定"_s, u"取 消"_s, true};
+const Frame continuous{u"下一张"_s, u"取 消"_s, true};
+
+class TestEditingRecord : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void fieldsFollowTheRecord() {
+        EditingWindow window;
+        putValue(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, u"备注"_s, u" "_s);
+        putValue(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, u"日期"_s, Variant());
+        window.clickRow(2);
+        QCOMPARE(window.text(u"txtXh"_s), u"3"_s);
+        QCOMPARE(window.text(u"txtBh"_s), u"12"_s);
+        QCOMPARE(window.text(u"txtRq"_s), u"2003-09-28 12:00:00"_s);
+        QCOMPARE(window.text(u"txtB2"_s), u"图片3"_s);
+        QCOMPARE(window.label(u"lblGg"_s), u"30 * 40"_s);
+        QCOMPARE(window.label(u"lblDx"_s), window.grid().cellText(2, 2));
+        QTest::mouseClick(window.datBj().findChild<QToolButton*>(u"previous"_s), Qt::LeftButton);
+        QCOMPARE(window.text(u"txtXh"_s), u"2"_s);
+        QCOMPARE(window.text(u"txtRq"_s), QString());
+        QCOMPARE(window.text(u"txtB2"_s), QString());
+        compareState(window, rest);
+    }
+
+    // Every way into a state and out of it.
+    void states() {
+        EditingWindow window;
+        auto& chkLi = window.get<QCheckBox>(u"chkLi"_s);
+        for (const QString& wayOut : {u"cmdQd"_s, u"cmdSc"_s}) {
+            window.click(u"cmdQd"_s);
+            compareState(window, single);
+            window.box(u"txtB2"_s).setText(wayOut);
+            window.click(wayOut);
+            compareState(window, rest);
+            // 取 消 stores as well.
+            QCOMPARE(valueOf(u"SELECT * FROM tc01 WHERE 序号 = 1"_s, u"备注"_s), wayOut);
+            QCOMPARE(window.grid().cellText(0, 5), wayOut);
+        }
+        chkLi.click();
+        window.click(u"cmdQd"_s);
+        compareState(window, continuous);
+        QCOMPARE(window.label(u"lblTs"_s), u"操作提示：编辑后如果继续进行，按《下一张》，否则按《取 消》。"_s);
+        window.box(u"txtB2"_s).setText(u"甲"_s);
+        window.click(u"cmdQd"_s);
+        compareState(window, continuous);
+        QCOMPARE(window.text(u"txtXh"_s), u"2"_s);
+        QVERIFY(window.box(u"txtBh"_s).hasFocus());
+        window.box(u"txtB2"_s).setText(u"乙"_s);
+        window.click(u"cmdSc"_s);
+        compareState(window, rest);
+        QCOMPARE(columnOf(u"SELECT * FROM tc01 WHERE 序号 < 3 ORDER BY [序号]"_s, u"备注"_s),
+                 (QStringList{u"甲"_s, u"乙"_s}));
+        QVERIFY(window.boxes.isEmpty());
+    }
+
+    void continuousEditingEnds() {
+        EditingWindow window;
+        window.get<QCheckBox>(u"chkLi"_s).click();
+        window.clickRow(8);
+        window.click(u"cmdQd"_s);
+        window.click(u"cmdQd"_s);
+        window.box(u"txtBh"_s).setText(u"2"_s);
+        window.click(u"cmdQd"_s);
+        compareState(window, rest);
+        QVERIFY(!window.isEnabled(u"cmdQd"_s));
+        QVERIFY(window.isEnabled(u"cmdSc"_s));
+        QCOMPARE(EditingWindow::record(u"图片10"_s), u"10|2|40 * 30|2003-10-05 12:00:00"_s);
+        window.clickRow(4);
+        QVERIFY(window.isEnabled(u"cmdQd"_s));
+    }
+
+    void pendingWorkIsGivenUp_data() {
+        QTest::addColumn<bool>("byPage");
+        QTest::newRow("another album") << false;
+        QTest::newRow("another page") << true;
+    }
+
+    void pendingWorkIsGivenUp() {
+        QFETCH(bool, byPage);
+        EditingWindow window;
+        window.click(u"cmdQd"_s);
+        window.box(u"txtB2"_s).setText(u"改了一半"_s);
+        if (byPage) {
+            window.tabs().setCurrentIndex(1);
+            window.tabs().setCurrentIndex(2);
+        } else {
+            window.choose(u"cboBm"_s, u"tc01"_s);
+        }
+        compareState(window, rest);
+        QCOMPARE(window.text(u"txtB2"_s), u"图片1"_s);
+        QCOMPARE(EditingWindow::record(u"图片1"_s), u"1|12|40 * 30|2003-09-26 12:00:00"_s);
+    }
+
+    void whatTheCatalogueRefuses_data() {
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("column");  // refused; none: taken
+        QTest::addColumn<QString>("stored");
+        const QString old = u"1|12|40 * 30|2003-09-26 12:00:00"_s;
+        QTest::newRow("no day") << u"txtRq"_s << u"2003-02-30"_s << u"日期"_s << old;
+        QTest::newRow("no date") << u"txtRq"_s << u"abc"_s << u"日期"_s << old;
+        QTest::newRow("date taken away") << u"txtRq"_s << QString() << u"日期"_s << old;
+        QTest::newRow("another date") << u"txtRq"_s << u"2004-2-29"_s << QString() << u"1|12|40 * 30|2004-02-29"_s;
+        QTest::newRow("no number") << u"txtXh"_s << u"一"_s << u"序号"_s << old;
+        QTest::newRow("number taken away") << u"txtXh"_s << QString() << u"序号"_s << old;
+        QTest::newRow("number too large") << u"txtXh"_s << u"3000000000"_s << u"序号"_s << old;
+        QTest::newRow("number in use") << u"txtXh"_s << u"2"_s << QString() << u"2|12|40 * 30|2003-09-26 12:00:00"_s;
+        QTest::newRow("ten codes") << u"txtBh"_s << u"1234567890"_s << QString()
+                                   << u"1|1234567890|40 * 30|2003-09-26 12:00:00"_s;
+        QTest::newRow("eleven codes") << u"txtBh"_s << u"a1234567890"_s << u"编号"_s << old;
+        QTest::newRow("quotes as codes") << u"txtBh"_s << u"'\"]"_s << QString()
+                                         << u"1|'\"]|40 * 30|2003-09-26 12:00:00"_s;
+    }
+
+    // What is refused is named; all the rest is stored, and the fields show what the record holds.
+    void whatTheCatalogueRefuses() {
+        QFETCH(QString, box);
+        QFETCH(QString, typed);
+        QFETCH(QString, column);
+        EditingWindow window;
+        window.click(u"cmdQd"_s);
+        window.box(box).setText(typed);
+        window.box(u"txtB2"_s).setText(u"新备注"_s);
+        window.click(u"cmdQd"_s);
+        QTEST(EditingWindow::record(u"新备注"_s), "stored");
+        const QStringList said = window.said();
+        QCOMPARE(said.size(), column.isEmpty() ? 0 : 1);
+        if (!column.isEmpty())
+            QVERIFY2(said.first().startsWith(u"以下内容没有保存：\n\n列“%1”不能存入“%2”："_s.arg(column, typed)),
+                     qPrintable(said.first()));
+        compareState(window, rest);
+        QCOMPARE(window.text(u"txtB2"_s), u"新备注"_s);
+        QVERIFY(column.isEmpty() || window.text(box) != typed);
+        // Codes that were not stored make no button known in the album.
+        QVERIFY(column != u"编号"_s || window.codes().findItems(u"a {无图}"_s, Qt::MatchExactly).size() == 1);
+    }
+
+    void missingValuesStayMissing() {
+        EditingWindow window;
+        for (const QString& column : {u"日期"_s, u"大小"_s})
+            putValue(u"SELECT * FROM tc01 WHERE 序号 = 1"_s, column, Variant());
+        window.clickRow(0);
+        window.click(u"cmdQd"_s);
+        window.click(u"cmdQd"_s);
+        QVERIFY(window.boxes.isEmpty());
+        QVERIFY(
+            mekTp::catalogue.OpenRecordset(u"SELECT * FROM tc01 WHERE isnull(日期) And isnull(大小)"_s).rowCount() ==
+            1);
+    }
+
+    void recordThatIsGone() {
+        EditingWindow window;
+        window.click(u"cmdQd"_s);
+        runOutside(u"DELETE FROM tc01 WHERE 序号 = 1"_s);
+        window.box(u"txtB2"_s).setText(u"甲"_s);
+        window.click(u"cmdQd"_s);
+        const QStringList said = window.said();
+        QCOMPARE(said.size(), 1);
+        QVERIFY2(said.first().contains(u"记录没有改变"_s), qPrintable(said.first()));
+        QCOMPARE(columnOf(u"tc01"_s, u"备注"_s).size(), 9);
+        QVERIFY(!columnOf(u"tc01"_s, u"备注"_s).contains(u"甲"_s));
+    }
+
+    void emptyCodesAreAskedAbout() {
+        EditingWindow window;
+        window.click(u"cmdQd"_s);
+        window.box(u"txtBh"_s).clear();
+        window.box(u"txtB2"_s).setText(u"甲"_s);
+        for (const QString& name : {u"cmdQd"_s, u"cmdSc"_s}) {
+            window.answer = false;
+            window.click(name);
+            QCOMPARE(window.said(), QStringList{noCode});
+            QVERIFY(window.box(u"txtBh"_s).hasFocus());
+            QCOMPARE(EditingWindow::record(u"图片1"_s), u"1|12|40 * 30|2003-09-26 12:00:00"_s);
+            compareState(window, single);  // the codes can be filled in and the rest is not lost
+        }
+        window.answer = true;
+        window.click(u"cmdQd"_s);
+        QCOMPARE(window.said(), QStringList{noCode});
+        QCOMPARE(EditingWindow::record(u"甲"_s), u"1||40 * 30|2003-09-26 12:00:00"_s);
+        compareState(window, rest);
+    }
+
+    void codesMakeButtonsKnown() {
+        EditingWindow window;
+        for (const QString& code : {u"1"_s, u"a"_s, u"v"_s})
+            putValue(u"SELECT * FROM tcan WHERE 编号 = "_s + quoted(code), u"图册"_s,
+                     code == u"a" ? u""_s : u"tc00tc02"_s);
+        putValue(u"SELECT * FROM tcan WHERE 编号 = 'a'"_s, u"编号"_s, u"'"_s);
+        window.choose(u"cboBm"_s, u"tc01"_s);
+        window.clickRow(7);
+        window.clickCode(u"2"_s);
+        QCOMPARE(window.text(u"txtBh"_s), QString());  // at rest a click chooses nothing
+        window.click(u"cmdQd"_s);
+        for (const QString& code : {u"'"_s, u"1"_s, u"1"_s}) window.clickCode(code);
+        QCOMPARE(window.text(u"txtBh"_s), u"'11"_s);
+        window.box(u"txtBh"_s).setText(u"'11z"_s);
+        window.click(u"cmdQd"_s);
+        QVERIFY(window.boxes.isEmpty());
+        QCOMPARE(valueOf(u"SELECT * FROM tcan WHERE 编号 = ''''"_s, u"图册"_s), u"tc01"_s);
+        QCOMPARE(valueOf(u"SELECT * FROM tcan WHERE 编号 = '1'"_s, u"图册"_s), u"tc00tc02tc01"_s);
+        QCOMPARE(valueOf(u"SELECT * FROM tcan WHERE 编号 = 'v'"_s, u"图册"_s), u"tc00tc02"_s);
+        QCOMPARE(window.codes().findItems(u"1 {风景}"_s, Qt::MatchExactly).size(), 1);
+    }
+
+    void duplicateNumber() {
+        EditingWindow window;
+        window.get<QCheckBox>(u"chkLi"_s).click();
+        window.click(u"cmdQd"_s);
+        const auto leaveNumber = [&](const QString& typed) {
+            window.box(u"txtXh"_s).setFocus();
+            window.box(u"txtXh"_s).setText(typed);
+            window.box(u"txtB2"_s).setFocus();
+            QCoreApplication::processEvents();
+            return window.said();
+        };
+        QCOMPARE(leaveNumber(u"99"_s), QStringList{});
+        QCOMPARE(leaveNumber(u"一"_s), QStringList{});
+        QCOMPARE(leaveNumber(u"7"_s), QStringList{duplicate});
+        QVERIFY(window.box(u"txtXh"_s).hasFocus());
+        QCOMPARE(leaveNumber(u"1"_s), QStringList{duplicate});  // the record's own
+        window.click(u"cmdQd"_s);
+        QCOMPARE(window.said(), QStringList{duplicate});
+        QCOMPARE(window.text(u"txtXh"_s), u"1"_s);
+        window.click(u"cmdSc"_s);
+        QCoreApplication::processEvents();
+        QCOMPARE(window.said(), QStringList{});
+        compareState(window, rest);
+        // One record at a time is not tested.
+        window.get<QCheckBox>(u"chkLi"_s).click();
+        window.click(u"cmdQd"_s);
+        QCOMPARE(leaveNumber(u"7"_s), QStringList{});
+    }
+
+    void newPicture() {
+        EditingWindow window;
+        const QString path = window.catalogue.file(u"新.jpg"_s);
+        writePicture(path, {200, 100}, Qt::blue);
+        answerFileDialogsWith([&](const FileQuestion&) { return path; });
+        window.clickRow(3);
+        window.click(u"cmdCk(2)"_s);
+        window.click(u"cmdAz"_s);
+        QVERIFY(!window.isEnabled(u"cmdAq"_s));  // nothing is being edited
+        window.click(u"cmdQd"_s);
+        window.box(u"txtB2"_s).setText(u"打了一半"_s);
+        window.click(u"cmdAz"_s);
+        QVERIFY(window.isEnabled(u"cmdAq"_s));
+        window.answer = false;  // the date stays
+        window.click(u"cmdAq"_s);
+        window.answer = true;
+        answerFileDialogsWith({});
+        QCOMPARE(window.text(u"txtXh"_s), u"4"_s);
+        QCOMPARE(window.label(u"lblGg"_s), u"200 * 100"_s);
+        QCOMPARE(window.text(u"txtB2"_s), u"打了一半"_s);  // what was typed outlives the new picture
+        compareState(window, single);
+        window.click(u"cmdQd"_s);
+        QCOMPARE(EditingWindow::record(u"打了一半"_s), u"4|2|200 * 100|2003-09-29 12:00:00"_s);
+        QVERIFY(!window.isEnabled(u"cmdAq"_s));
+    }
+
+    void panelFollowsTheRecord() {
+        EditingWindow window;
+        window.click(u"cmdCk(2)"_s);
+        const auto& panel = window.get<QGroupBox>(u"fraCk"_s);
+        QCOMPARE(panel.title(), u"tc01 图片： 序号 1 编号 12"_s);
+        QTest::mouseClick(window.datBj().findChild<QToolButton*>(u"last"_s), Qt::LeftButton);
+        QCOMPARE(panel.title(), u"tc01 图片： 序号 10 编号 "_s);
+        window.choose(u"cboBm"_s, u"tc02"_s);
+        QCOMPARE(panel.title(), u"tc02 图片： 序号  编号 "_s);
+        QVERIFY(window.get<ImageBox>(u"imgWj"_s).picture().isNull());
+    }
+};
+
+const Registered<TestEditingRecord> registered;
+
+}  // namespace
+
+#include "editing_record_test.moc"

@@ -1,0 +1,183 @@
+#include "../support/run_all.h"
+#include "catalogue/renumbering.h"
+#include "editing_window.h"
+#include "platform/base/error.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Gives tc01 these records in place of its own: number, codes, date; the remark tells them apart. A Null number is "".
+void setRecords(const QList<QStringList>& rows) {
+    mekTp::catalogue.Execute(u"DELETE FROM [tc01]"_s);
+    Recordset records = mekTp::catalogue.OpenRecordset(u"tc01"_s);
+    char16_t letter = u'A';
+    for (const QStringList& row : rows) {
+        records.AddNew();
+        if (!row.at(0).isEmpty()) records.Fields(u"序号"_s).SetValue(row.at(0));
+        records.Fields(u"编号"_s).SetValue(row.at(1));
+        if (!row.at(2).isEmpty()) records.Fields(u"日期"_s).SetValue(row.at(2));
+        records.Fields(u"备注"_s).SetValue(QString(QChar(letter++)));
+        records.Update();
+    }
+}
+
+/// Remarks and numbers in the order of the numbers: "B1 A2 C3".
+QString album() {
+    const QString source = u"SELECT * FROM tc01 ORDER BY [序号]"_s;
+    const QStringList remarks = columnOf(source, u"备注"_s);
+    const QStringList numbers = columnOf(source, u"序号"_s);
+    QStringList all;
+    for (int i = 0; i < remarks.size(); ++i) all << remarks.at(i) + numbers.at(i);
+    return all.join(u' ');
+}
+
+class TestEditingRenumbering : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void orders_data() {
+        QTest::addColumn<QList<QStringList>>("rows");
+        QTest::addColumn<int>("order");
+        QTest::addColumn<QString>("after");
+        const QList<QStringList> rows{
+            {u"5"_s, u"b"_s, u"2003-10-03"_s}, {u"2"_s, u""_s, u"2003-10-01"_s}, {u"9"_s, u"a"_s, u"2003-10-02"_s}};
+        QTest::newRow("by number, with gaps") << rows << 0 << u"B1 A2 C3"_s;
+        QTest::newRow("by date") << rows << 1 << u"B1 C2 A3"_s;
+        QTest::newRow("by code") << rows << 2 << u"B1 C2 A3"_s;
+        QTest::newRow("no order chosen") << rows << -1 << u"B1 A2 C3"_s;
+        QTest::newRow("equal dates and Null") << QList<QStringList>{{u"3"_s, u"b"_s, u"2003-10-01"_s},
+                                                                    {u"2"_s, u"b"_s, u"2003-10-01"_s},
+                                                                    {u"1"_s, u"b"_s, u""_s}}
+                                              << 1 << u"C1 A2 B3"_s;
+        QTest::newRow("equal, zero, negative and missing numbers") << QList<QStringList>{{u"7"_s, u""_s, u""_s},
+                                                                                         {u"7"_s, u""_s, u""_s},
+                                                                                         {u"-4"_s, u""_s, u""_s},
+                                                                                         {u""_s, u""_s, u""_s},
+                                                                                         {u"0"_s, u""_s, u""_s}}
+                                                                   << 0 << u"D1 C2 E3 A4 B5"_s;
+        QTest::newRow("one record") << QList<QStringList>{{u"40"_s, u""_s, u""_s}} << 2 << u"A1"_s;
+        QTest::newRow("no record") << QList<QStringList>{} << 1 << QString();
+    }
+
+    void orders() {
+        QFETCH(QList<QStringList>, rows);
+        QFETCH(int, order);
+        EditingWindow window;
+        setRecords(rows);
+        if (order >= 0) {
+            window.clickOption(element(u"optP1"_s, order));
+            const QStringList columns{u"序号"_s, u"日期"_s, u"编号"_s};
+            QCOMPARE(window.datBj().RecordSource(), u"SELECT * FROM tc01 ORDER BY [%1]"_s.arg(columns.at(order)));
+        }
+        window.click(u"cmdJh"_s);
+        QTEST(album(), "after");
+        const QString question = window.boxes.value(0).text;
+        const QStringList captions{u"按原序号"_s, u"按日期"_s, u"按编号"_s};
+        const QString asked = order < 0 ? captions.last() : captions.at(order);
+        QVERIFY2(question.startsWith(u"  重新设置像册[旅行]的序号吗？（"_s + asked + u"排序）"_s),
+                 qPrintable(question));
+        QVERIFY(window.boxes.value(0).hasCancel);
+        QCOMPARE(window.said().mid(1), QStringList{u"重新设置序号已经完成！"_s});
+        QCOMPARE(window.datBj().RecordSource(), u"SELECT * FROM tc01 ORDER BY [序号]"_s);
+        QCOMPARE(window.numbers(), columnOf(u"SELECT * FROM tc01 ORDER BY [序号]"_s, u"序号"_s));
+        for (int i = 0; i < 3; ++i) QVERIFY(!window.option(element(u"optP1"_s, i)).isChecked());
+        QVERIFY(window.isEnabled(u"cmdJh"_s) && window.isEnabled(u"cmdS1"_s));
+        QVERIFY(!window.get<QProgressBar>(u"prg2"_s).isVisible());
+    }
+
+    void theOrderChosenLastStays() {
+        EditingWindow window;
+        window.clickOption(u"optP1(1)"_s);
+        window.click(u"cmdJh"_s);
+        setRecords({{u"1"_s, u"a"_s, u"2003-10-02"_s}, {u"2"_s, u"b"_s, u"2003-10-01"_s}});
+        window.said();
+        window.click(u"cmdJh"_s);
+        QVERIFY(window.boxes.value(0).text.contains(u"（按编号排序）"_s));
+        QCOMPARE(album(), u"B1 A2"_s);
+    }
+
+    void refusedByTheUser() {
+        EditingWindow window;
+        setRecords({{u"5"_s, u""_s, u""_s}});
+        window.clickOption(u"optP1(1)"_s);
+        window.answer = false;
+        window.click(u"cmdJh"_s);
+        QCOMPARE(window.boxes.size(), 1);
+        QCOMPARE(album(), u"A5"_s);
+        QVERIFY(window.option(u"optP1(1)"_s).isChecked());
+    }
+
+    // A failure at the seventh record has six numbers written before it.
+    void failureLeavesAllNumbers() {
+        EditingWindow window;
+        window.clickOption(u"optP1(1)"_s);
+        const QStringList remarks = columnOf(u"SELECT * FROM tc01 ORDER BY [序号]"_s, u"备注"_s);
+        runOutside(u"UPDATE tc01 SET 序号 = 序号 * 10"_s);
+        runOutside(
+            u"CREATE TRIGGER fault BEFORE UPDATE ON tc01 WHEN NEW.序号 = 7 "
+            "BEGIN SELECT RAISE(ABORT, '磁盘'); END"_s);
+        window.click(u"cmdJh"_s);
+        const QStringList said = window.said();
+        QCOMPARE(said.size(), 2);
+        QVERIFY2(said.last().startsWith(u"序号没有重排，图册[tc01]的序号全都没有改变。"_s), qPrintable(said.last()));
+        const QStringList numbers = columnOf(u"SELECT * FROM tc01 ORDER BY [序号]"_s, u"序号"_s);
+        QCOMPARE(numbers.first(), u"10"_s);
+        QCOMPARE(numbers.last(), u"100"_s);
+        QCOMPARE(columnOf(u"SELECT * FROM tc01 ORDER BY [序号]"_s, u"备注"_s), remarks);
+        QVERIFY(window.isEnabled(u"cmdJh"_s));
+        QVERIFY(!window.get<QProgressBar>(u"prg2"_s).isVisible());
+
+        runOutside(u"DROP TRIGGER fault"_s);
+        window.click(u"cmdJh"_s);
+        QCOMPARE(window.said().last(), u"重新设置序号已经完成！"_s);
+        QCOMPARE(columnOf(u"SELECT * FROM tc01 ORDER BY [序号]"_s, u"序号"_s).last(), u"10"_s);
+    }
+
+    void progressGrowsToTheEnd() {
+        const SampleCatalogue catalogue;
+        QList<int> told;
+        renumberAlbum(mekTp::catalogue, u"tc01"_s, u"日期"_s, [&](int percent) { told << percent; });
+        QCOMPARE(told.size(), 10);
+        QVERIFY(std::is_sorted(told.begin(), told.end()));
+        QCOMPARE(told.last(), 100);
+        QVERIFY_THROWS_EXCEPTION(Error, renumberAlbum(mekTp::catalogue, u"tc99"_s, u"日期"_s));
+    }
+
+    void picturesStayWithTheirRecords() {
+        EditingWindow window;
+        const auto bytes = [](const QString& remark) {
+            const Recordset row =
+                mekTp::catalogue.OpenRecordset(u"SELECT * FROM tc01 WHERE 备注 = "_s + quoted(remark));
+            return row.Fields(u"图片"_s).Value().toBytes();
+        };
+        const QByteArray third = bytes(u"图片3"_s);
+        window.clickOption(u"optP1(2)"_s);
+        window.click(u"cmdJh"_s);
+        QVERIFY(valueOf(u"SELECT * FROM tc01 WHERE 备注 = '图片3'"_s, u"序号"_s) != u"3"_s);
+        QCOMPARE(bytes(u"图片3"_s), third);
+    }
+
+    void neitherWithoutAlbumNorForTheDemonstration() {
+        EditingWindow none((QString()));
+        for (const QString& name : {u"cmdJh"_s, u"cmdS1"_s}) QVERIFY(!none.isEnabled(name));
+        none.choose(u"cboBm"_s, u"tc00"_s);
+        for (const QString& name : {u"cmdJh"_s, u"cmdS1"_s}) QVERIFY(!none.isEnabled(name));
+        none.clickOption(u"optP1(1)"_s);
+        QCOMPARE(none.datBj().RecordSource(), u"SELECT * FROM tc00 ORDER BY [日期]"_s);
+        QVERIFY(!none.isEnabled(u"cmdJh"_s));
+    }
+
+    void refreshShowsWhatAnotherProgramChanged() {
+        EditingWindow window;
+        runOutside(u"DELETE FROM tc01 WHERE 序号 > 4"_s);
+        window.click(u"cmdS1"_s);
+        QCOMPARE(window.numbers(), (QStringList{u"1"_s, u"2"_s, u"3"_s, u"4"_s}));
+    }
+};
+
+const Registered<TestEditingRenumbering> registered;
+
+}  // namespace
+
+#include "editing_renumbering_test.moc"
