@@ -281,6 +281,8 @@ class TestSettingsFrame : public QObject {
         QCOMPARE(window.windows.handedTo, WindowKind::viewer);
         window.click(u"cmdGl"_s);
         QVERIFY(window.windows.ended);
+        window.click(u"cmdBz"_s);
+        QCOMPARE(window.windows.topics, QStringList{u"3 软件的使用"_s});
         window.windows.hasHelp = false;
         window.open();
         QVERIFY(!window.button(u"cmdBz"_s).isEnabled());
