@@ -1,6 +1,7 @@
 #include "program.h"
 
 #include "colours/frm_ps.h"
+#include "editor/frm_cl.h"
 #include "help/frm_bz.h"
 #include "help/frm_gy.h"
 #include "settings/frm_sz.h"
@@ -17,8 +18,8 @@ void Program::start() {
 }
 
 bool Program::has(WindowKind window) const {
-    return window == WindowKind::viewer || window == WindowKind::settings || window == WindowKind::colours ||
-           window == WindowKind::help || window == WindowKind::about;
+    return window == WindowKind::viewer || window == WindowKind::settings || window == WindowKind::editor ||
+           window == WindowKind::colours || window == WindowKind::help || window == WindowKind::about;
 }
 
 QWidget* Program::makeWindow(WindowKind window) {
@@ -27,6 +28,8 @@ QWidget* Program::makeWindow(WindowKind window) {
             return new frmTp(*this);
         case WindowKind::settings:
             return new frmSz(*this);
+        case WindowKind::editor:
+            return new frmCl(*this);
         case WindowKind::colours:
             return new frmPs(*this);
         case WindowKind::help:

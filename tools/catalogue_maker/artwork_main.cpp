@@ -30,6 +30,7 @@ int main(int argc, char** argv) {
     }
     const QDir assets(QString::fromLocal8Bit(argv[1]));
     const bool saved = startPicture({1600, 1200}).save(assets.filePath(u"pictures/start.jpg"_s), "JPG", 84) &&
+                       editorPicture({1890, 1240}).save(assets.filePath(u"pictures/editor.jpg"_s), "JPG", 84) &&
                        turnedPageCorner().mirrored(true, true).save(assets.filePath(u"pictures/xy.jpg"_s), "JPG", 96) &&
                        handCursor(assets.filePath(u"s1.svg"_s)).save(assets.filePath(u"s1.ico"_s), "ICO");
     if (!saved) std::fputs("make_artwork: a picture could not be written.\n", stderr);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QColor>
 #include <QImage>
 #include <QSize>
 
@@ -12,18 +11,12 @@ QImage albumCover(QSize size);
 /// What the main window shows at start: the opened album on a table.
 QImage startPicture(QSize size);
 
+/// What the picture editor shows while nothing is open: photographs that are being cut, turned and mirrored.
+QImage editorPicture(QSize size);
+
 /// The button of a selection code, 100 x 75: "v" or "1" to "6".
 QImage selectionButton(QChar code);
 
 /// Corner of a closed book (nothing to page back to) and of a turned page.
 QImage bookCorner();
 QImage turnedPageCorner();
-
-struct WindowColours {
-    QColor window;
-    QColor outerFrame;
-    QColor fill;
-    QColor innerFrame;
-};
-/// The main window with a page of photographs, 400 x 300, in the colours of a scheme.
-QImage windowPreview(const WindowColours& colours);
