@@ -171,15 +171,13 @@ bool IntakePage::targetIsChosen() const {
     return !state_.targetTable.isEmpty() && typed.compare(state_.targetTable, Qt::CaseInsensitive) == 0;
 }
 
+bool IntakePage::targetIsFit() const {
+    if (targetIsChosen() && !isDemo(state_.targetTable)) return true;
+    say(controls_.form, targetIsChosen() ? onlyForShow : u"请先选择要录入的图册，然后才能继续！"_s);
+    return false;
+}
+
 void IntakePage::cmdLrClick() {
-    if (!targetIsChosen()) {
-        say(controls_.form, u"请先选择要录入的图册，然后才能继续！"_s);
-        return;
-    }
-    if (isDemo(state_.targetTable)) {
-        say(controls_.form, onlyForShow);
-        return;
-    }
     const QString album = controls_.cboBm->currentText();
     const QString description =
         fromFiles() ? intakeDescription(browser_.fil1()->FileName(), replaces(), state_.selectedFileCount) : QString();

@@ -58,6 +58,8 @@ class IntakePage : public QObject {
     void filesRead();
     void showFileCount();
     bool targetIsChosen() const;
+    /// Says why not.
+    bool targetIsFit() const;
     void takesNoPictures();
     void optYlClick();
     void chooseFilesAnew();

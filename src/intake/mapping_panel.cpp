@@ -11,7 +11,6 @@
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
 
-#include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -211,7 +210,6 @@ void MappingPanel::undoTable() {
 void MappingPanel::undoMapping() {
     indexFieldName_.clear();
     lstSbClick();
-    cmdLr_->setEnabled(false);
 }
 
 void MappingPanel::lstSbClick() {
@@ -236,6 +234,7 @@ void MappingPanel::showTable(const QString& chosen) {
     cmdQx_->setEnabled(target.size() == source.size());
     cmdQx_->setText(mapAllCaption);
     cmdLr_->setText(finishCaption);
+    cmdLr_->setEnabled(false);
     for (QPushButton* button : {cmdQx_, cmdLr_}) button->show();
     state_.intakeStep = forTransfer() ? 14 : 4;
     hints_.czts(5);
@@ -353,9 +352,8 @@ void MappingPanel::mapAll() {
 }
 
 void MappingPanel::cmdLrClick() {
-    if (controls_.cboBm->currentText().isEmpty())
-        say(controls_.form, u"请先选择要录入的图册，然后才能继续！"_s);
-    else if (cmdLr_->text() == finishCaption)
+    if (!forTransfer() && targetIsFit && !targetIsFit()) return;
+    if (cmdLr_->text() == finishCaption)
         finishMapping();
     else if (cmdLr_->text() == closeCaption)
         Q_EMIT closed();

@@ -31,6 +31,9 @@ class MappingPanel : public QObject {
 
     /// Whether the page 图片录入 replaces records: the field of their 序号 is then explained. Not set: never.
     std::function<bool()> replaces;
+    /// Whether the album may be entered into; says why not. Asked on the page 图片录入 whatever cmdLr is about to do.
+    /// Not set: it may.
+    std::function<bool()> targetIsFit;
 
     // Forwards --------------------------------------------------------------------------------------------------------
 

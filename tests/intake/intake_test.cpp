@@ -298,7 +298,7 @@ class TestIntake : public QObject {
         window.choose(u"cboBm"_s, u"tc01"_s);
         QVERIFY(window.get<QGroupBox>(u"fraLy"_s).isEnabled());
         QCOMPARE(window.label(u"lbl11"_s), u"目标表：tc01"_s);
-        QVERIFY(!window.get<QRadioButton>(u"optYl(1)"_s).isEnabled());
+        QVERIFY(window.get<QRadioButton>(u"optYl(1)"_s).isEnabled());
     }
 
     void demonstrationAlbumTakesNothing_data() {

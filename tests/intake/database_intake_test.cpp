@@ -1,0 +1,451 @@
+#include "../support/run_all.h"
+#include "database_window.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QStringList albumFields{u"序号"_s, u"编号"_s, u"大小"_s, u"规格"_s, u"日期"_s, u"图片"_s, u"备注"_s};
+
+QStringList numbers(const QString& table) {
+    return columnOf(u"SELECT * FROM "_s + table + u" ORDER BY [序号]"_s, u"序号"_s);
+}
+
+QByteArray pictureAt(const QString& table, int number) {
+    Recordset row = mekTp::catalogue.OpenRecordset(u"SELECT * FROM %1 WHERE 序号 = %2"_s.arg(table).arg(number));
+    return row.Eof() || row.Fields(u"图片"_s).isNull() ? QByteArray() : row.Fields(u"图片"_s).Value().toBytes();
+}
+
+QString closing(int count) {
+    return u"图片录入完成！  共录入：%1张"_s.arg(count);
+}
+
+class TestDatabaseIntake : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void wholeWayOfAppending() {
+        DatabaseWindow window;
+        window.addSourceAlbum(u"tc01"_s, 5, 3);
+        window.source.Execute(u"CREATE TABLE MSysOther ([a] LONG)"_s);
+        window.chooseFile(u"tc02"_s, 1);
+        QCOMPARE(window.label(u"lbl12"_s), u"源库："_s + window.path(u"源库.mdb"_s));
+        QCOMPARE(window.label(u"lbl10"_s), u"请选择来源数据表"_s);
+        QCOMPARE(window.linesOf(u"lstSb"_s), QStringList{u"tc01"_s});
+        QVERIFY(window.shown(u"lstSb"_s));
+
+        window.clickLine(u"lstSb"_s, u"tc01"_s);
+        QCOMPARE(window.label(u"lbl13"_s), u"源表：tc01"_s);
+        QCOMPARE(window.label(u"lblMb(6)"_s), u"备注<对应>"_s);
+        QVERIFY(window.shown(u"chkZd"_s));
+        QVERIFY(window.button(u"cmdQx"_s).isEnabled());
+        QVERIFY(!window.button(u"cmdLr"_s).isEnabled());
+
+        window.click(u"cmdQx"_s);
+        QCOMPARE(window.mapping(), albumFields);
+        QCOMPARE(window.label(u"lbl14"_s), u"索引字段名：序号"_s);
+        QCOMPARE(window.fieldBox(0).palette().color(QPalette::Text), QColor(Qt::red));
+        QVERIFY(!window.files().isEnabled());
+        QCOMPARE(window.label(u"lblMk"_s), u"在下表选择源表中要复制的记录"_s);
+        QCOMPARE(window.label(u"lblJl"_s), u"已选择的源表中要复制的记录的“序号”"_s);
+        QCOMPARE(window.placeOf(u"msgBm"_s), rectFromTwips(5180, 990, 4100, 3855));
+        QCOMPARE(window.get<Grid>(u"msgBm"_s).model()->rowCount(), 3);
+        QCOMPARE(window.button(u"cmdQx"_s).text(), u"全部记录"_s);
+        QCOMPARE(window.button(u"cmdLr"_s).text(), u"录入图册"_s);
+
+        window.clickRow(2);
+        window.clickRow(0);
+        QCOMPARE(window.hint(), u"要转录的记录选择完成后，请按“录入图册”按钮开始转录。"_s);
+        window.clickRow(2);
+        QCOMPARE(window.said(), QStringList{u"选择的记录重复！"_s});
+        QCOMPARE(window.linesOf(u"lstSu"_s), (QStringList{u"7"_s, u"5"_s}));
+
+        window.click(u"cmdLr"_s);
+        QCOMPARE(window.said(),
+                 (QStringList{u"将所选的图片追加本图册(tc02 空册)吗？\n\n如果录入，按《确定》；否则按《取消》。\n\n"_s,
+                              closing(2)}));
+        QCOMPARE(columnOf(u"tc02"_s, u"序号"_s), (QStringList{u"1"_s, u"2"_s}));
+        QCOMPARE(columnOf(u"tc02"_s, u"备注"_s), (QStringList{u"源7"_s, u"源5"_s}));
+        QCOMPARE(columnOf(u"tc02"_s, u"日期"_s).front(), u"1999-05-07 08:30:00"_s);
+        QCOMPARE(pictureAt(u"tc02"_s, 1), DatabaseWindow::pictureOf(7));
+        QVERIFY(!window.shown(u"lstSu"_s));
+        QCOMPARE(window.label(u"lblJl"_s), u"表 [tc02 空册] 共有记录：2 条"_s);
+        QCOMPARE(window.button(u"cmdQx"_s).text(), u"选择全部"_s);
+        QVERIFY(!window.button(u"cmdQ1"_s).isEnabled());
+
+        // The page goes on with another source.
+        window.option(u"optYl(1)"_s);
+        QVERIFY(!window.shown(u"lstSb"_s));
+        QVERIFY(window.files().isEnabled());
+    }
+
+    void replacesByIndexField() {
+        DatabaseWindow window;
+        window.addSourceAlbum(u"tc01"_s, 9, 4);
+        window.mapAll(u"tc01"_s, 0, u"tc01"_s);
+        window.copyAll();
+        QCOMPARE(window.said().mid(1),
+                 (QStringList{u"目标表中下列序号的对应的记录不存在，没有替换。\n\n[序号 = 11,12]"_s, closing(2)}));
+        QCOMPARE(numbers(u"tc01"_s).size(), 10);
+        QCOMPARE(valueOf(u"SELECT * FROM tc01 WHERE 序号 = 9"_s, u"备注"_s), u"源9"_s);
+        QCOMPARE(valueOf(u"SELECT * FROM tc01 WHERE 序号 = 8"_s, u"备注"_s), u"图片8"_s);
+        QCOMPARE(pictureAt(u"tc01"_s, 10), DatabaseWindow::pictureOf(10));
+    }
+
+    void mappingByHand() {
+        DatabaseWindow window;
+        window.source.Execute(
+            u"CREATE TABLE [my 'pics'] ([no] LONG,[caption] TEXT(80),[short] TEXT(10),[photo] LONGBINARY,[day] "
+            "DATETIME)"_s);
+        window.addRow(u"my 'pics'"_s, {{u"no"_s, 3},
+                                       {u"caption"_s, u"it's a lake"_s},
+                                       {u"short"_s, u"12"_s},
+                                       {u"photo"_s, DatabaseWindow::pictureOf(3)},
+                                       {u"day"_s, QDateTime(QDate(2001, 2, 3), QTime(4, 5, 6))}});
+        window.chooseTable(u"tc02"_s, 0, u"my 'pics'"_s);
+        QVERIFY2(!window.button(u"cmdQx"_s).isEnabled(), "another number of fields");
+
+        QTest::mouseClick(&window.fieldBox(0), Qt::LeftButton);
+        QTRY_VERIFY(window.shown(u"lstDy"_s));
+        QCOMPARE(window.linesOf(u"lstDy"_s), (QStringList{u"no"_s, u"caption"_s, u"short"_s, u"photo"_s, u"day"_s}));
+        QCOMPARE(window.said(),
+                 QStringList{u"替换操作时，必须以目标表“序号”为索引字段，\n索引字段“序号”在该记录集中具有唯一的值。"
+                             "\n\n所以其对应字段也必须在该记录集中具有唯一值。"_s});
+        window.clickLine(u"lstDy"_s, u"caption"_s);
+        QCOMPARE(window.said(), QStringList{u"两个字段的数据类型不同，不能继续，请重选！(源字段[caption]类型＝10，("
+                                            "目标字段[序号]类型＝4)"_s});
+        QCOMPARE(window.fieldBox(0).text(), QString());
+        QVERIFY(window.files().isEnabled());
+        window.click(u"cmdLr"_s);
+        QCOMPARE(window.said(), QStringList{u"如果由数据库以“替换”方式录入图片，必须设置“序号”的对应字段。"_s});
+
+        window.option(u"optCz(1)"_s);
+        window.clickFile(u"源库.mdb"_s);
+        window.clickLine(u"lstSb"_s, u"my 'pics'"_s);
+        window.mapField(0, u"no"_s);
+        window.mapField(1, u"short"_s);
+        window.mapField(4, u"day"_s);
+        window.mapField(5, u"photo"_s);
+        QCOMPARE(window.said(), QStringList());
+        window.answer = false;
+        window.mapField(6, u"caption"_s);
+        QCOMPARE(window.said(), QStringList{u"目标表的字段长度小于源表的字段长度，如果继续请按“确定”；否则按“取消”！("
+                                            "源字段[caption]长度＝80，(目标字段[备注]长度＝50)"_s});
+        QCOMPARE(window.fieldBox(6).text(), QString());
+        window.answer = true;
+        window.mapField(6, u"caption"_s);
+        QCOMPARE(window.fieldBox(6).text(), u"caption"_s);
+        window.click(u"cmdLr"_s);
+        QTest::mouseClick(&window.fieldBox(2), Qt::LeftButton);
+        QCoreApplication::processEvents();
+        QVERIFY2(!window.shown(u"lstDy"_s), "the mapping is finished");
+        window.said();
+        window.clickRow(0);
+        window.click(u"cmdLr"_s);
+        QCOMPARE(window.said().last(), closing(1));
+        QCOMPARE(valueOf(u"tc02"_s, u"序号"_s), u"1"_s);
+        QCOMPARE(valueOf(u"tc02"_s, u"编号"_s), u"12"_s);
+        QCOMPARE(valueOf(u"tc02"_s, u"备注"_s), u"it's a lake"_s);
+        QCOMPARE(valueOf(u"tc02"_s, u"日期"_s), u"2001-02-03 04:05:06"_s);
+        // Not mapped: known from the picture, which stands in a column of another name.
+        QCOMPARE(valueOf(u"tc02"_s, u"规格"_s), QString());
+        QCOMPARE(pictureAt(u"tc02"_s, 1), DatabaseWindow::pictureOf(3));
+    }
+
+    void aFieldIsTakenBackByAKey() {
+        DatabaseWindow window;
+        window.addSourceAlbum(u"tc01"_s, 1, 1);
+        window.chooseTable(u"tc02"_s, 1, u"tc01"_s);
+        window.mapField(0, u"序号"_s);
+        QTest::mouseClick(&window.fieldBox(0), Qt::LeftButton);
+        QTRY_VERIFY(window.shown(u"lstDy"_s));
+        QTest::keyClick(&window.fieldBox(0), Qt::Key_Delete);
+        QTest::keyClick(&window.fieldBox(0), Qt::Key_Escape);
+        QCOMPARE(window.fieldBox(0).text(), QString());
+        QVERIFY(!window.shown(u"lstDy"_s));
+        QCOMPARE(window.label(u"lbl14"_s), u"索引字段名："_s);
+    }
+
+    void otherTypeAtTheThirdField() {
+        DatabaseWindow window;
+        window.source.Execute(
+            u"CREATE TABLE 别表 ([a] LONG,[b] TEXT(10),[c] LONG,[d] TEXT(12),[e] DATETIME,[f] LONGBINARY,[g] TEXT(50))"_s);
+        window.mapAll(u"tc02"_s, 1, u"别表"_s);
+        QCOMPARE(window.said(), QStringList{u"字段类型不对应，无法继续！"_s});
+        QCOMPARE(window.mapping(), (QStringList{u"a"_s, u"b"_s, {}, {}, {}, {}, {}}));
+        QCOMPARE(window.button(u"cmdQx"_s).text(), u"全部对应"_s);
+    }
+
+    void aTableOfTheSameNameInTheCatalogueGoesFirst() {
+        DatabaseWindow window;
+        window.source.Execute(u"CREATE TABLE tc01 ([序号] LONG,[x] TEXT(5))"_s);
+        window.chooseTable(u"tc02"_s, 1, u"tc01"_s);
+        QVERIFY2(window.button(u"cmdQx"_s).isEnabled(), "as many fields as tc01 of the catalogue has");
+        QTest::mouseClick(&window.fieldBox(1), Qt::LeftButton);
+        QTRY_VERIFY(window.shown(u"lstDy"_s));
+        QCOMPARE(window.linesOf(u"lstDy"_s), (QStringList{u"序号"_s, u"x"_s}));
+        window.click(u"cmdQx"_s);
+        QCOMPARE(window.boxes.size(), 1);
+        QCOMPARE(window.boxes.front().title, u"错误提示"_s);
+        QVERIFY(window.boxes.front().text.contains(u"编号"_s));
+    }
+
+    void manyColumns() {
+        DatabaseWindow window;
+        QStringList columns{u"[序号] LONG"_s};
+        for (int i = 1; i < 40; ++i) columns << u"[列%1] TEXT(50)"_s.arg(i);
+        window.source.Execute(u"CREATE TABLE 宽表 ("_s + columns.join(u',') + u')');
+        window.addRow(u"宽表"_s, {{u"序号"_s, 1}, {u"列39"_s, u"最后"_s}});
+        window.chooseTable(u"tc02"_s, 1, u"宽表"_s);
+        window.mapField(0, u"序号"_s);
+        window.mapField(6, u"列39"_s);
+        const QRect list = window.get<QWidget>(u"lstDy"_s).geometry();
+        QVERIFY(window.get<QWidget>(u"picMl"_s).rect().contains(list));
+        window.click(u"cmdLr"_s);
+        window.copyAll();
+        QCOMPARE(valueOf(u"tc02"_s, u"备注"_s), u"最后"_s);
+    }
+
+    void nullColumns_data() {
+        QTest::addColumn<bool>("fill");
+        QTest::newRow("filled in") << true;
+        QTest::newRow("left empty") << false;
+    }
+    void nullColumns() {
+        QFETCH(bool, fill);
+        DatabaseWindow window;
+        window.source.Execute(createAlbumSql(u"tc01"_s));
+        window.addRow(u"tc01"_s, {{u"序号"_s, 1}, {u"图片"_s, DatabaseWindow::pictureOf(1)}});
+        window.addRow(u"tc01"_s, {{u"序号"_s, 2}, {u"备注"_s, u"无图"_s}});
+        window.addRow(u"tc01"_s, {{u"序号"_s, 3}, {u"图片"_s, QByteArray("no picture")}});
+        window.chooseTable(u"tc02"_s, 1, u"tc01"_s);
+        window.get<QCheckBox>(u"chkZd"_s).setChecked(fill);
+        window.click(u"cmdQx"_s);
+        window.copyAll();
+        QCOMPARE(window.said().last(), closing(3));
+        const auto values = [](const QString& column) { return columnOf(u"tc02"_s, column); };
+        QCOMPARE(values(u"编号"_s), fill ? QStringList(3, u" "_s) : QStringList(3));
+        QCOMPARE(values(u"备注"_s), fill ? (QStringList{u" "_s, u"无图"_s, u" "_s}) : (QStringList{{}, u"无图"_s, {}}));
+        QCOMPARE(values(u"规格"_s), fill ? (QStringList{u"60*45"_s, {}, {}}) : QStringList(3));
+        const QString kilobytes = Variant(float(DatabaseWindow::pictureOf(1).size()) / 1000).toText();
+        QCOMPARE(values(u"大小"_s), fill ? (QStringList{kilobytes, {}, u"0.01"_s}) : QStringList(3));
+        QCOMPARE(values(u"日期"_s).front(), fill ? Variant(QDate::currentDate().startOfDay()).toText() : QString());
+        QCOMPARE(pictureAt(u"tc02"_s, 3), QByteArray("no picture"));
+    }
+
+    void nullAndRepeatedKeys() {
+        DatabaseWindow window;
+        window.addSourceAlbum(u"tc01"_s, 1, 2);
+        window.addSourceRow(u"tc01"_s, 1);
+        window.addRow(u"tc01"_s, {{u"备注"_s, u"无号"_s}});
+        Recordset second = window.source.OpenRecordset(u"tc01"_s);
+        second.MoveLast();
+        second.MovePrevious();
+        second.Edit();
+        second.Fields(u"备注"_s).SetValue(u"另一个1"_s);
+        second.Update();
+        window.mapAll(u"tc02"_s, 1, u"tc01"_s);
+        window.clickRow(0);
+        QCOMPARE(window.said(), QStringList{u"这条记录的“序号”为空，不能选择。"_s});
+        window.click(u"cmdQx"_s);
+        QCOMPARE(window.said(), QStringList{u"源表中有1条记录的“序号”为空，没有选中。"_s});
+        QCOMPARE(window.linesOf(u"lstSu"_s), (QStringList{u"1"_s, u"1"_s, u"2"_s}));
+        window.click(u"cmdLr"_s);
+        QCOMPARE(window.said().last(), closing(3));
+        QCOMPARE(columnOf(u"tc02"_s, u"备注"_s), (QStringList{u"源1"_s, u"另一个1"_s, u"源2"_s}));
+    }
+
+    void keysThatCannotBeLookedFor_data() {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<QString>("target");
+        QTest::newRow("text") << u"TEXT(10)"_s << u"TEXT(10)"_s;
+        QTest::newRow("16-bit integer") << u"SHORT"_s << u"SHORT"_s;
+    }
+    void keysThatCannotBeLookedFor() {
+        QFETCH(QString, type);
+        QFETCH(QString, target);
+        DatabaseWindow window;
+        addAlbum(4, u"tc07"_s, u"异册"_s);
+        mekTp::catalogue.Execute(u"DROP TABLE [tc07]"_s);
+        mekTp::catalogue.Execute(u"CREATE TABLE tc07 ([序号] %1)"_s.arg(target));
+        window.open();
+        window.tabs().setCurrentIndex(1);
+        window.source.Execute(u"CREATE TABLE 名册 ([号] %1)"_s.arg(type));
+        window.addRow(u"名册"_s, {{u"号"_s, u"5"_s}});
+        window.mapAll(u"tc07"_s, 1, u"名册"_s);
+        window.copyAll();
+        const QStringList said = window.said();
+        QVERIFY(said[1].startsWith(u"录入到记录“号＝5”时停止，该记录没有录入："_s));
+        QCOMPARE(said.last(), closing(0));
+        QCOMPARE(numbers(u"tc07"_s), QStringList());
+    }
+
+    void aValueThatDoesNotFitEndsTheRun() {
+        DatabaseWindow window;
+        window.source.Execute(
+            u"CREATE TABLE 长表 ([a] LONG,[b] TEXT(99),[c] SINGLE,[d] TEXT(12),[e] DATETIME,[f] LONGBINARY,[g] TEXT(50))"_s);
+        for (int i = 1; i <= 3; ++i)
+            window.addRow(u"长表"_s, {{u"a"_s, i}, {u"b"_s, QString(i == 2 ? 11 : 3, u'x')}, {u"g"_s, u"好"_s}});
+        window.mapAll(u"tc02"_s, 1, u"长表"_s);
+        window.said();
+        window.copyAll();
+        const QStringList said = window.said();
+        QCOMPARE(said.size(), 3);
+        QVERIFY(said[1].startsWith(u"录入到记录“a＝2”时停止，该记录没有录入："_s));
+        QVERIFY(said[1].contains(u"以下记录也没有录入：a＝3"_s));
+        QVERIFY(said[1].contains(u"记录已录入图册：a＝1"_s));
+        QCOMPARE(said[2], closing(0));
+        QCOMPARE(columnOf(u"tc02"_s, u"备注"_s), QStringList{u"好"_s});
+    }
+
+    void emptySourceTable() {
+        DatabaseWindow window;
+        window.addSourceAlbum(u"tc01"_s, 1, 0);
+        window.mapAll(u"tc02"_s, 1, u"tc01"_s);
+        window.click(u"cmdQx"_s);
+        QCOMPARE(window.linesOf(u"lstSu"_s), QStringList());
+        QVERIFY(window.button(u"cmdLr"_s).isEnabled());
+        window.click(u"cmdLr"_s);
+        QCOMPARE(window.said().last(), closing(0));
+    }
+
+    void filesThatAreNoDatabase() {
+        DatabaseWindow window;
+        window.addSourceAlbum(u"tc01"_s, 1, 1);
+        window.addBytes(u"坏.mdb"_s, QByteArray(5000, 'x'));
+        window.chooseFile(u"tc02"_s, 1);
+        window.clickFile(u"坏.mdb"_s);
+        QCOMPARE(window.boxes.size(), 1);
+        QCOMPARE(window.boxes.front().title, u"错误提示"_s);
+        QVERIFY(window.boxes.front().text.contains(u"坏.mdb"_s));
+        QVERIFY(!window.shown(u"lstSb"_s));
+        QVERIFY(window.files().selectedItems().isEmpty());
+        QCOMPARE(window.label(u"lbl12"_s), QString());
+        window.clickFile(u"源库.mdb"_s);
+        QVERIFY(window.shown(u"lstSb"_s));
+    }
+
+    void onlyOneDatabase() {
+        DatabaseWindow window;
+        window.chooseFile(u"tc02"_s, 1);
+        window.clickFile(u"另库.mdb"_s, Qt::ControlModifier);
+        QCOMPARE(window.said(), QStringList{u"只能选择一个数据库！"_s});
+        QVERIFY(window.files().selectedItems().isEmpty());
+    }
+
+    void aTableThatIsGone() {
+        DatabaseWindow window;
+        window.addSourceAlbum(u"相册"_s, 1, 1);
+        window.chooseFile(u"tc02"_s, 1);
+        window.source.Execute(u"DROP TABLE 相册"_s);
+        window.clickLine(u"lstSb"_s, u"相册"_s);
+        QCOMPARE(window.boxes.front().title, u"错误提示"_s);
+        QCOMPARE(window.said(), QStringList{u"本数据表不能用于提供图片数据，请重新选择！"_s});
+        QVERIFY(!window.shown(u"cmdQx"_s));
+        QVERIFY(window.shown(u"lstSb"_s));
+    }
+
+    void stepsBack() {
+        DatabaseWindow window;
+        window.addSourceAlbum(u"tc01"_s, 1, 2);
+        window.mapAll(u"tc02"_s, 1, u"tc01"_s);
+        window.clickRow(0);
+        const auto back = [&window] { window.click(u"cmdQ1"_s); };
+
+        back();
+        QCOMPARE(window.linesOf(u"lstSu"_s), QStringList());
+        QVERIFY(!window.button(u"cmdLr"_s).isEnabled());
+        QCOMPARE(window.hint(), u"请在右边表格中选择数据源要复制的记录，或者直接按“全部记录”按钮。"_s);
+
+        back();
+        QCOMPARE(window.mapping(), QStringList(7));
+        QCOMPARE(window.button(u"cmdQx"_s).text(), u"全部对应"_s);
+        QVERIFY(window.button(u"cmdQx"_s).isEnabled());
+        QCOMPARE(window.button(u"cmdLr"_s).text(), u"对应完成"_s);
+        QVERIFY(!window.button(u"cmdLr"_s).isEnabled());
+        QVERIFY(!window.shown(u"lstSu"_s));
+        QCOMPARE(window.label(u"lblMk"_s), u"目 标 数 据 库 表"_s);
+        QCOMPARE(window.label(u"lblJl"_s), u"表 [tc02 空册] 共有记录：0 条"_s);
+        QCOMPARE(window.get<Grid>(u"msgBm"_s).model()->rowCount(), 0);
+        QVERIFY(window.hint().startsWith(u"确定对应字段"_s));
+
+        back();
+        QVERIFY(!window.shown(u"txtYb(0)"_s));
+        QVERIFY(!window.shown(u"chkZd"_s) && !window.shown(u"cmdQx"_s) && !window.shown(u"cmdLr"_s));
+        QVERIFY(window.files().isEnabled());
+        QVERIFY(window.get<ListBox>(u"lstSb"_s).selectedItems().isEmpty());
+        QCOMPARE(window.hint(), u"在左侧目录框中选择“来源数据库”，选完后再确定“来源数据表”"_s);
+
+        back();
+        QVERIFY(window.files().selectedItems().isEmpty());
+        QVERIFY(!window.shown(u"lstSb"_s) && !window.shown(u"lbl10"_s) && !window.shown(u"lblB0"_s));
+        QVERIFY(window.shown(u"lbl7"_s));
+        QCOMPARE(window.label(u"lbl13"_s), QString());
+
+        back();
+        QVERIFY(!window.get<QRadioButton>(u"optCz(1)"_s).isChecked());
+        QVERIFY(!window.get<QWidget>(u"fraFs"_s).isEnabled());
+        QCOMPARE(window.label(u"lbl12"_s), QString());
+
+        back();
+        QVERIFY(!window.get<QRadioButton>(u"optYl(1)"_s).isChecked());
+        QVERIFY(window.hint().startsWith(u"先选择目标图册"_s));
+
+        back();
+        QVERIFY(!window.button(u"cmdQ1"_s).isEnabled());
+        // And forward once more.
+        window.mapAll(u"tc02"_s, 1, u"tc01"_s);
+        window.copyAll();
+        QCOMPARE(window.said().last(), closing(2));
+    }
+
+    void whatElseIsChosenGivesTheSourceUp_data() {
+        QTest::addColumn<int>("what");
+        QTest::newRow("another album") << 0;
+        QTest::newRow("another folder") << 1;
+        QTest::newRow("from files") << 2;
+        QTest::newRow("another page and back") << 3;
+        QTest::newRow("another table") << 4;
+    }
+    void whatElseIsChosenGivesTheSourceUp() {
+        QFETCH(int, what);
+        DatabaseWindow window;
+        window.addSourceAlbum(u"tc01"_s, 1, 2);
+        window.addSourceAlbum(u"tc02"_s, 1, 2);
+        window.mapAll(u"tc01"_s, 1, u"tc01"_s);
+        window.clickRow(0);
+        switch (what) {
+            case 0:
+                window.choose(u"cboBm"_s, u"tc01"_s);
+                break;
+            case 1:
+                QDir(window.pictures.path()).mkdir(u"内"_s);
+                window.get<DirList>(u"dir1"_s).setPath(window.path(u"内"_s));
+                break;
+            case 2:
+                window.option(u"optYl(0)"_s);
+                break;
+            case 3:
+                window.tabs().setCurrentIndex(0);
+                QCOMPARE(window.get<Grid>(u"msgBm"_s).model()->rowCount(), 4);
+                window.tabs().setCurrentIndex(1);
+                break;
+            default:
+                window.clickLine(u"lstSb"_s, u"tc02"_s);
+                break;
+        }
+        QVERIFY(!window.shown(u"lstSu"_s));
+        QCOMPARE(window.get<Grid>(u"msgBm"_s).model()->rowCount(), 10);
+        QCOMPARE(window.label(u"lblMk"_s), u"目 标 数 据 库 表"_s);
+        QVERIFY(!window.shown(u"cmdLr"_s) || !window.button(u"cmdLr"_s).isEnabled());
+        window.mapAll(u"tc01"_s, 1, u"tc02"_s);
+        window.copyAll();
+        QCOMPARE(window.said().last(), closing(2));
+    }
+};
+
+const Registered<TestDatabaseIntake> registered;
+
+}  // namespace
+
+#include "database_intake_test.moc"
