@@ -1,0 +1,57 @@
+#include "editor/row_blocks.h"
+
+#include "platform/base/error.h"
+#include "platform/picture/picture.h"
+
+#include <QThread>
+#include <atomic>
+#include <thread>
+#include <vector>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int blockPixels = 1 << 18;
+
+}  // namespace
+
+QImage blankPicture(QSize pixels) {
+    const QString size = u"%1 * %2"_s.arg(pixels.width()).arg(pixels.height());
+    if (pixels.isEmpty()) throw Error(u"图片的尺寸 "_s + size + u" 没有面积。"_s);
+    if (std::max(pixels.width(), pixels.height()) > longestPictureSide)
+        throw Error(u"图片的尺寸 "_s + size + u" 太大：每边最多 "_s + QString::number(longestPictureSide) +
+                    u" 个像素。"_s);
+    QImage picture(pixels, QImage::Format_RGB32);
+    if (picture.isNull()) throw Error(u"内存不够，不能生成尺寸为 "_s + size + u" 的图片。"_s);
+    return picture;
+}
+
+QImage inEditorFormat(const QImage& picture) {
+    return picture.format() == QImage::Format_RGB32 ? picture : picture.convertToFormat(QImage::Format_RGB32);
+}
+
+void forRowBlocks(QSize pixels, const std::function<void(int, int)>& work, const std::function<void(int)>& progress) {
+    const int blockRows = std::max(1, blockPixels / pixels.width());
+    const int blocks = (pixels.height() + blockRows - 1) / blockRows;
+    std::atomic<int> next = 0;
+    std::atomic<int> done = 0;
+    const auto takeBlock = [&] {
+        const int block = next++;
+        if (block >= blocks) return false;
+        work(block * blockRows, std::min(pixels.height(), (block + 1) * blockRows));
+        ++done;
+        return true;
+    };
+
+    std::vector<std::jthread> helpers;
+    for (int i = 1; i < std::min(QThread::idealThreadCount(), blocks); ++i)
+        if (!attempt([&] {
+                helpers.emplace_back([&] {
+                    while (takeBlock()) continue;
+                });
+            }))
+            break;
+    while (takeBlock())
+        if (progress) progress(done * 100 / blocks);
+}
