@@ -3,8 +3,7 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/shapes.h"
-
-#include <QFile>
+#include "platform/desktop/tool_icon.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -36,11 +35,6 @@ const std::vector<std::vector<Button>>& buttonGroups() {
         {{u"bz"_s, u"帮助"_s}, {u"fh"_s, u"返回"_s}, {u"tc"_s, u"退出"_s}},
     };
     return groups;
-}
-
-QIcon iconOf(const QString& imageKey) {
-    const QString path = u":/icons/"_s + imageKey + u".svg"_s;
-    return QFile::exists(path) ? QIcon(path) : QIcon();
 }
 
 QAction* item(QWidget* on, const QString& name, const QString& caption) {
@@ -114,7 +108,7 @@ void Commands::refuseWithoutPicture(QAction* parent) {
 }
 
 void Commands::makeToolBar() {
-    tlb1 = make<ToolBar>(form_, u"tlb1"_s, iconOf);
+    tlb1 = make<ToolBar>(form_, u"tlb1"_s, [](const QString& key) { return toolIcon(key); });
     int left = firstButton;
     for (const auto& group : buttonGroups()) {
         if (left > firstButton) {

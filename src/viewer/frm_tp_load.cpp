@@ -6,11 +6,13 @@
 #include "platform/base/files.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
+#include "platform/desktop/tool_icon.h"
 #include "viewer/clock.h"
 #include "viewer/frm_tp.h"
 #include "viewer/settings_row.h"
 #include "viewer/window_layout.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QMenu>
 #include <QScreen>
@@ -30,10 +32,32 @@ QRect screenOf(const QWidget* window) {
     return window->screen()->geometry();
 }
 
-void setPaletteColour(QWidget* widget, const QColor& colour) {
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::Window, colour);
+const QColor lightInk(0xe6, 0xea, 0xef), fadedLightInk(0x8b, 0x93, 0x9d);
+
+bool isDark(const QColor& ground) {
+    return qGray(ground.rgb()) < 128;
+}
+
+/// The ground of a part, and texts that are readable on it.
+void setGround(QWidget* widget, const QColor& ground) {
+    QPalette palette = QApplication::palette(widget);
+    palette.setColor(QPalette::Window, ground);
+    if (isDark(ground)) {
+        for (const auto role : {QPalette::WindowText, QPalette::ButtonText}) {
+            palette.setColor(role, lightInk);
+            palette.setColor(QPalette::Disabled, role, fadedLightInk);
+        }
+    }
     widget->setPalette(palette);
+}
+
+/// What the common look says about bars goes with light grounds.
+QString darkBars() {
+    return u"QMenuBar::item { color: %1; }"
+           "QMenuBar::item:selected, QMenuBar::item:pressed, QToolButton:hover { background: rgba(255, 255, 255, 40); }"
+           "QMenuBar::item:disabled { color: %2; } QToolButton:hover { border-color: transparent; }"
+           "QStatusBar { border-top: 1px solid rgba(255, 255, 255, 40); } QStatusBar QLabel { color: %1; }"_s.arg(
+               lightInk.name(), fadedLightInk.name());
 }
 
 void copyScreenPicture(const Recordset& source, Recordset& target, int number) {
@@ -100,7 +124,15 @@ void frmTp::applyColours() {
     attempt([&] {
         const QColor ground = colour(u"窗体"_s);
         for (QWidget* part : std::initializer_list<QWidget*>{this, form_, page_->pic1, screen_->pic0})
-            setPaletteColour(part, ground);
+            setGround(part, ground);
+        // The program's style sheet keeps the window's palette from these.
+        for (QCheckBox* box : strip_->chkBq) setGround(box, ground);
+        QPalette words = QApplication::palette(strip_->txtD1);
+        if (isDark(ground)) words.setColor(QPalette::Text, lightInk);
+        strip_->txtD1->setPalette(words);
+        setStyleSheet(isDark(ground) ? darkBars() : QString());
+        const IconGround icons = isDark(ground) ? IconGround::dark : IconGround::light;
+        strip_->tlb1->setIconSource([icons](const QString& key) { return toolIcon(key, icons); });
     });
     attempt([&] { buttons_->shpAb->setBorderColor(colour(u"外框"_s)); });
     attempt([&] { buttons_->shpAb->setFillColor(colour(u"填充"_s)); });

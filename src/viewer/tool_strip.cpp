@@ -1,9 +1,9 @@
 #include "viewer/tool_strip.h"
 
 #include "platform/desktop/placing.h"
+#include "platform/desktop/tool_icon.h"
 #include "viewer/window_layout.h"
 
-#include <QFile>
 #include <QFontMetrics>
 
 using namespace Qt::Literals::StringLiterals;
@@ -41,16 +41,11 @@ const std::array<ButtonPlace, 13>& buttonPlaces() {
                                                      {u"gb"_s, u"退出关闭本软件"_s, 0}}};
     return places;
 }
-
-QIcon iconOf(const QString& imageKey) {
-    const QString path = u":/icons/"_s + imageKey + u".svg"_s;
-    return QFile::exists(path) ? QIcon(path) : QIcon();
-}
 }  // namespace
 
 ToolStrip::ToolStrip(QWidget* form) {
     clb1 = make<QFrame>(form, u"clb1"_s);
-    tlb1 = make<ToolBar>(clb1, u"tlb1"_s, iconOf);
+    tlb1 = make<ToolBar>(clb1, u"tlb1"_s, [](const QString& key) { return toolIcon(key); });
     addButtons();
     addBoxes();
     addTitle();

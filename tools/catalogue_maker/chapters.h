@@ -6,9 +6,13 @@
 
 void fillDemonstrationAlbum(const Database& database, Workshop& workshop);  ///< tcbm, tc00
 void fillSelectionButtons(const Database& database, Workshop& workshop);    ///< tcan
-void fillColourSchemes(const Database& database, Workshop& workshop);       ///< tcys
+void fillColourSchemes(const Database& database);                           ///< tcys
 void fillSettings(const Database& database, Workshop& workshop);            ///< tcsz, tctb
 void fillHelpContents(const Database& database);                            ///< tcbz
+
+/// The real main window in the colours of each scheme, for the rows of `tcys`. `path` is the database's file, which has
+/// to be complete but for these pictures.
+void fillWindowPreviews(const Database& database, const QString& path, Workshop& workshop);
 
 /// The manual as rich text. Its headings are what the help window looks for.
 QString manualText();

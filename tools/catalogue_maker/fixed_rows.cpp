@@ -1,4 +1,5 @@
 #include "catalogue/album_rules.h"
+#include "catalogue/colour_text.h"
 #include "catalogue_maker/chapters.h"
 #include "drawing/album_art.h"
 
@@ -11,7 +12,7 @@ struct Scheme {
     QColor window, outerFrame, fill, innerFrame;
 };
 
-/// Calm grounds on which dark texts read well; the frame takes the darker tones of the same hue.
+/// Calm grounds on which texts read well; the frames take other tones of the same hue. Light ones first, then the dark.
 std::vector<Scheme> schemes() {
     const Scheme plain{u"默认"_s, QColor(238, 241, 244), QColor(140, 163, 181), QColor(220, 229, 236),
                        QColor(51, 71, 91)};
@@ -20,15 +21,9 @@ std::vector<Scheme> schemes() {
     return {plain,
             {u"青瓷"_s, QColor(235, 243, 239), QColor(134, 175, 162), QColor(207, 227, 220), QColor(47, 107, 94)},
             {u"暖沙"_s, QColor(247, 241, 231), QColor(196, 167, 126), QColor(236, 223, 201), QColor(138, 98, 56)},
-            {u"藕荷"_s, QColor(245, 239, 244), QColor(183, 153, 180), QColor(229, 214, 227), QColor(111, 75, 115)},
-            {u"黛蓝"_s, QColor(222, 230, 240), QColor(111, 136, 168), QColor(187, 203, 223), QColor(34, 64, 107)},
+            {u"黛蓝"_s, QColor(36, 48, 66), QColor(92, 122, 160), QColor(54, 71, 96), QColor(164, 190, 220)},
+            {u"墨夜"_s, QColor(32, 31, 30), QColor(112, 102, 86), QColor(52, 49, 46), QColor(201, 178, 138)},
             own};
-}
-
-/// Blue, green, red from the high byte down.
-QString colourText(const QColor& colour) {
-    const int value = colour.blue() << 16 | colour.green() << 8 | colour.red();
-    return u"&H00%1&"_s.arg(QString::number(value, 16).toUpper().rightJustified(6, u'0'));
 }
 
 }  // namespace
@@ -47,19 +42,16 @@ void fillSelectionButtons(const Database& database, Workshop& workshop) {
                 {u"图片"_s, workshop.bitmap(selectionButton(code.at(0)))}});
 }
 
-void fillColourSchemes(const Database& database, Workshop& workshop) {
+void fillColourSchemes(const Database& database) {
     int number = 0;
     for (const Scheme& scheme : schemes())
-        addRow(
-            database, u"tcys"_s,
-            {{u"序号"_s, QString::number(number++)},
-             {u"方案名"_s, scheme.name},
-             {u"窗体"_s, colourText(scheme.window)},
-             {u"外框"_s, colourText(scheme.outerFrame)},
-             {u"填充"_s, colourText(scheme.fill)},
-             {u"内框"_s, colourText(scheme.innerFrame)},
-             {u"主窗口"_s,
-              workshop.jpeg(windowPreview({scheme.window, scheme.outerFrame, scheme.fill, scheme.innerFrame}), 92)}});
+        addRow(database, u"tcys"_s,
+               {{u"序号"_s, QString::number(number++)},
+                {u"方案名"_s, scheme.name},
+                {u"窗体"_s, colourText(scheme.window)},
+                {u"外框"_s, colourText(scheme.outerFrame)},
+                {u"填充"_s, colourText(scheme.fill)},
+                {u"内框"_s, colourText(scheme.innerFrame)}});
 }
 
 void fillSettings(const Database& database, Workshop& workshop) {

@@ -1,9 +1,10 @@
 #include "catalogue/fixed_tables.h"
 #include "catalogue_maker/chapters.h"
 #include "platform/base/error.h"
+#include "platform/desktop/look.h"
 
+#include <QApplication>
 #include <QFile>
-#include <QGuiApplication>
 #include <cstdio>
 
 using namespace Qt::Literals::StringLiterals;
@@ -17,10 +18,11 @@ void makeCatalogue(const QString& path) {
     createFixedTables(database);
     fillDemonstrationAlbum(database, workshop);
     fillSelectionButtons(database, workshop);
-    fillColourSchemes(database, workshop);
+    fillColourSchemes(database);
     fillSettings(database, workshop);
     fillHelpContents(database);
     transaction.commit();
+    fillWindowPreviews(database, path, workshop);
 }
 
 }  // namespace
@@ -28,7 +30,8 @@ void makeCatalogue(const QString& path) {
 /// make_catalogue FILE: makes the catalogue that the program is shipped with. Refuses to touch a file that is there.
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
+    QApplication application(argc, argv);
+    applyLook(application);
     if (argc != 2) {
         std::fputs("usage: make_catalogue FILE\n", stderr);
         return 2;

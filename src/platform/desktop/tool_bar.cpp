@@ -31,6 +31,12 @@ QToolButton* ToolBar::button(const QString& key) const {
     return buttons_.value(key);
 }
 
+void ToolBar::setIconSource(IconSource icons) {
+    icons_ = std::move(icons);
+    for (QToolButton* button : std::as_const(buttons_))
+        button->setIcon(icons_(button->property(imageProperty).toString()));
+}
+
 QString ToolBar::image(const QString& key) const {
     const QToolButton* found = button(key);
     return found != nullptr ? found->property(imageProperty).toString() : QString();

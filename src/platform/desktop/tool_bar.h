@@ -21,6 +21,9 @@ class ToolBar : public QFrame {
     QToolButton* add(const QString& key, const QString& toolTip, int left, int top, int width, int height);
     QToolButton* button(const QString& key) const;
 
+    /// Draws all buttons anew from another source.
+    void setIconSource(IconSource icons);
+
     QString image(const QString& key) const;
     void setImage(const QString& key, const QString& imageKey);
     void setToolTip(const QString& key, const QString& text);

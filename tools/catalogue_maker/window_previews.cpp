@@ -1,0 +1,68 @@
+#include "catalogue/mektp.h"
+#include "catalogue/picture_field.h"
+#include "catalogue_maker/chapters.h"
+#include "platform/base/files.h"
+#include "platform/desktop/image_box.h"
+#include "platform/desktop/text_box.h"
+#include "viewer/frm_tp.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr QSize windowSize(960, 720);
+
+/// A program of which only the main window stands.
+class NoOtherWindows : public Windows {
+  public:
+    bool has(WindowKind) const override { return true; }
+    void handOver(WindowKind, WindowKind) override {}
+    void show(WindowKind) override {}
+    void unload(WindowKind) override {}
+    void showHelp(const QString&) override {}
+    void endProgram() override {}
+};
+
+void setColours(const QString& scheme) {
+    mekTp::openCatalogue();
+    Recordset settings = mekTp::catalogue.OpenRecordset(u"tcsz"_s);
+    settings.Edit();
+    settings.Fields(u"颜色"_s).SetValue(scheme);
+    settings.Update();
+}
+
+/// The main window with a page of the demonstration album.
+QImage mainWindow() {
+    NoOtherWindows windows;
+    frmTp window(windows);
+    window.resize(windowSize);
+    window.show();
+    QApplication::processEvents();
+    window.findChild<QAction*>(u"mnuCd(0)"_s)->trigger();
+    window.findChild<TextBox*>(u"txtLs"_s)->setText(u"3列"_s);
+    QMetaObject::invokeMethod(window.findChild<ImageBox*>(u"imgAn(0)"_s), "clicked");
+    QApplication::processEvents();
+    return window.grab().toImage().scaled(windowSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+}  // namespace
+
+void fillWindowPreviews(const Database& database, const QString& path, Workshop& workshop) {
+    // The window writes settings: it gets a catalogue of its own.
+    const QTemporaryDir folder;
+    QFile::copy(path, folder.filePath(u"lunq.mdb"_s));
+    setProgramFolder(folder.path());
+    for (Recordset schemes = database.OpenRecordset(u"tcys"_s); !schemes.Eof(); schemes.MoveNext()) {
+        setColours(schemes.Fields(u"序号"_s).Value().toText());
+        schemes.Edit();
+        storePictureFile(schemes.Fields(u"主窗口"_s), workshop.jpeg(mainWindow(), 90).path);
+        schemes.Update();
+    }
+    mekTp::catalogue = {};
+    setProgramFolder({});
+}
