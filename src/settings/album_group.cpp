@@ -25,7 +25,7 @@ const QString cancels = u"撤 消"_s;
 }  // namespace
 
 AlbumGroup::AlbumGroup(SharedControls& controls, FormState& state) : controls_(controls), state_(state) {
-    auto* fra3 = makeGroup(controls.sstFz, setupTab, u"fra3"_s, u"分图册设置"_s, {5070, 2430, 4350, 1965});
+    auto* fra3 = makeGroup(controls.sstFz, setupTab, u"fra3"_s, u"分图册设置"_s, {5070, 2355, 4350, 1920});
     cboFc = makeLabelled<QComboBox>(fra3, u"cboFc"_s, u"分图册选择："_s, {150, rowTop(0)}, 1100, 2950);
     txtXc = makeLabelled<TextBox>(fra3, u"txtXc"_s, u"序号："_s, {150, rowTop(1)}, 600, 650);
     txtBc = makeLabelled<TextBox>(fra3, u"txtBc"_s, u"表名："_s, {1500, rowTop(1)}, 600, 950);

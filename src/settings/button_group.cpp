@@ -1,21 +1,44 @@
 #include "settings/button_group.h"
 
+#include "catalogue/mektp.h"
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
+#include "settings/album_changes.h"
 #include "settings/form_parts.h"
+#include "settings/key_walk.h"
 
 #include <QPushButton>
 #include <QRadioButton>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
-ButtonGroup::ButtonGroup(SharedControls& controls, FormState& state, PreviewPanel& preview)
-    : controls_(controls), state_(state), preview_(preview) {
-    fraAs = makeGroup(controls.sstFz, setupTab, u"fraAs"_s, u"图片选择按钮设置"_s, {180, 780, 4770, 5880});
+namespace {
+const QString adds = u"添 加"_s, saves = u"保 存"_s;
+const QString changes = u"修 改"_s, confirms = u"确 定"_s;
+const QString deletes = u"删 除"_s, cancels = u"取 消"_s;
+constexpr int openerIndex = 4;
+}  // namespace
+
+ButtonGroup::ButtonGroup(SharedControls& controls, FormState& state, HintLine& hints, PreviewPanel& preview)
+    : controls_(controls), state_(state), hints_(hints), preview_(preview) {
+    makeControls();
+    albums_ = std::make_unique<AlbumPicker>(controls, fraAs, txtC1);
+    new KeyWalk({txtX1, txtB1, txtM1}, this);
+    connectControls();
+    preview.buttonBeingEdited = [this] { return buttonSet.isPending(); };
+    preview.storeButtonPicture = [this] {
+        agreedPicture_ = state_.newPictureFile;
+        anbc();
+    };
+}
+
+void ButtonGroup::makeControls() {
+    fraAs = makeGroup(controls_.sstFz, setupTab, u"fraAs"_s, u"图片选择按钮设置"_s, {180, 780, 4770, 5880});
     makeCaption(fraAs, u"可在上表中用鼠标单击选择要修改的按钮"_s, 200, 3820, 4330);
 
     const std::array captions{u"按序号排序"_s, u"按编号排序"_s};
@@ -23,48 +46,244 @@ ButtonGroup::ButtonGroup(SharedControls& controls, FormState& state, PreviewPane
         auto& option = optAp.at(i);
         option = make<QRadioButton>(fraAs, element(u"optAp"_s, i), captions.at(i));
         place(option, 200 + 1900 * i, 4140, 1800, rowHeight);
-        connect(option, &QRadioButton::clicked, this, guarded(controls.form, [this, i] { optApClick(i); }));
+        connect(option, &QRadioButton::clicked, this, guarded(controls_.form, [this, i] { optApClick(i); }));
     }
 
     txtX1 = makeLabelled<TextBox>(fraAs, u"txtX1"_s, u"序号："_s, {200, 4560}, 600, 600);
     txtB1 = makeLabelled<TextBox>(fraAs, u"txtB1"_s, u"编号："_s, {1550, 4560}, 600, 450);
     txtM1 = makeLabelled<TextBox>(fraAs, u"txtM1"_s, u"名称："_s, {2750, 4560}, 600, 1180);
     txtC1 = makeLabelled<TextBox>(fraAs, u"txtC1"_s, u"相关图册："_s, {200, 4560 + rowPitch}, 900, 3430);
-    for (TextBox* box : {txtX1, txtB1, txtM1, txtC1}) box->setLocked(true);
+    boxes_ = {txtX1, txtB1, txtM1, txtC1};
 
-    cmdCk4 = preview.makeOpener(4, fraAs);
-    cmdCk4->setText(u"图 片"_s);
-    place(cmdCk4, 3530, 5430, 1000, rowHeight);
+    constexpr int buttonsTop = 5430;
+    cmdQu = makeButton(fraAs, u"cmdQu"_s, adds, 200, buttonsTop);
+    cmdBj = makeButton(fraAs, u"cmdBj"_s, changes, 1310, buttonsTop);
+    cmdSn = makeButton(fraAs, u"cmdSn"_s, deletes, 2420, buttonsTop);
+    QPushButton* cmdCk4 = preview_.makeOpener(openerIndex, fraAs);
+    place(cmdCk4, 3530, buttonsTop, 1000, rowHeight);
 }
 
+void ButtonGroup::connectControls() {
+    const auto run = [this](auto slot) { return guarded(controls_.form, [this, slot] { (this->*slot)(); }); };
+    connect(cmdQu, &QPushButton::clicked, this, run(&ButtonGroup::cmdQuClick));
+    connect(cmdBj, &QPushButton::clicked, this, run(&ButtonGroup::cmdBjClick));
+    connect(cmdSn, &QPushButton::clicked, this, run(&ButtonGroup::cmdSnClick));
+    connect(txtB1, &QLineEdit::textChanged, this, [this] { attempt([this] { codeChanged(); }); });
+    // A click opens the list again where the box has the focus already.
+    connect(txtC1, &TextBox::gotFocus, this, run(&ButtonGroup::offerAlbums));
+    connect(txtC1, &TextBox::clicked, this, run(&ButtonGroup::offerAlbums));
+    connect(albums_.get(), &AlbumPicker::picked, this,
+            [this](const QString& table) { txtC1->setText(txtC1->text() + table); });
+    // Whoever reads the buttons anew: grid and boxes go on speaking of the same one.
+    connect(controls_.datBj, &DataControl::refreshed, this, [this] {
+        if (controls_.sstFz->currentIndex() == setupTab) findChosen();
+    });
+}
+
+// Rest
+// -----------------------------------------------------------------------------------------------------------------
+
 void ButtonGroup::reset() {
-    for (TextBox* box : {txtX1, txtB1, txtM1, txtC1}) box->clear();
-    cmdCk4->setEnabled(false);
+    showNone();
     optAp.at(1)->setChecked(true);
     controls_.datBj->setRecordSource(u"SELECT * FROM tcan ORDER BY [编号]"_s);
     controls_.datBj->Refresh();
 }
 
-void ButtonGroup::optApClick(int index) {
-    DataControl* datBj = controls_.datBj;
-    datBj->setRecordSource(u"SELECT * FROM tcan ORDER BY "_s + (index == 1 ? u"[编号]"_s : u"[序号]"_s));
-    datBj->Refresh();
-    // The boxes and the picture go on speaking of the same button.
-    if (!txtX1->text().isEmpty()) attempt([&] { datBj->findFirst(u"序号 = "_s + txtX1->text()); });
+void ButtonGroup::rest() {
+    if (buttonSet.isPending()) state_.pageFree = true;
+    buttonSet.chooseNone();
+    clearPicture();
+    albums_->close();
+    for (TextBox* box : boxes_) box->setLocked(true);
+    cmdQu->setText(adds);
+    cmdBj->setText(changes);
+    cmdSn->setText(deletes);
+    cmdQu->setEnabled(true);
+    cmdBj->setEnabled(false);
+    cmdSn->setEnabled(false);
 }
 
-void ButtonGroup::anjl() {
-    Recordset& button = controls_.datBj->Recordset();
-    const auto fill = [&](TextBox* box, const QString& column) {
-        attempt([&] { box->setText(button.Fields(column).Value().textOr()); });
-    };
-    fill(txtX1, u"序号"_s);
-    fill(txtB1, u"编号"_s);
-    fill(txtM1, u"名称"_s);
-    fill(txtC1, u"图册"_s);
+void ButtonGroup::showNone() {
+    rest();
+    chosen_.clear();
+    for (TextBox* box : boxes_) box->clear();
+    preview_.cmdCk(openerIndex)->setEnabled(false);
+}
+
+void ButtonGroup::clearPicture() {
+    agreedPicture_.clear();
+    state_.newPictureFile.clear();
+}
+
+void ButtonGroup::findChosen() {
+    if (!chosen_.isEmpty()) attempt([this] { controls_.datBj->findFirst(u"序号 = "_s + chosen_); });
+}
+
+/// Takes datBj's current record in hand, with its texts and its picture.
+void ButtonGroup::showCurrent() {
+    rest();
+    ButtonTexts texts;
+    attempt([&] { texts = textsOf(controls_.datBj->Recordset()); });
+    for (std::size_t i = 0; i < boxes_.size(); ++i) boxes_.at(i)->setText(texts.at(i));
+    chosen_ = texts.front();
+    attempt([this] { buttonSet.choose(chosen_); });
     state_.previewMark = u"s"_s;
-    if (preview_.isOpen())
-        attempt([&] { preview_.chkCkClick(); });
+    if (preview_.isOpen()) {
+        preview_.setStoreEnabled(false);
+        attempt([this] { preview_.chkCkClick(); });
+    }
+}
+
+// Shows the row that was chosen in the grid.
+void ButtonGroup::anjl() {
+    showCurrent();
+    const bool changeable = buttonSet.isOnButton() && !isPreset(buttonSet.code());
+    cmdBj->setEnabled(changeable);
+    cmdSn->setEnabled(changeable);
+    preview_.allowOpening(openerIndex, true);
+}
+
+void ButtonGroup::optApClick(int index) {
+    controls_.datBj->setRecordSource(u"SELECT * FROM tcan ORDER BY "_s + (index == 1 ? u"[编号]"_s : u"[序号]"_s));
+    controls_.datBj->Refresh();
+}
+
+// Adding and changing
+// --------------------------------------------------------------------------------------------------
+
+void ButtonGroup::cmdQuClick() {
+    if (mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcbm"_s).Eof()) {
+        say(controls_.form, albumsFirst, BoxIcon::question);
+        return;
+    }
+    if (buttonSet.work() == ButtonRecords::Work::adding)
+        anbc();
     else
-        cmdCk4->setEnabled(true);
+        startAdding();
+}
+
+void ButtonGroup::startAdding() {
+    const int number = nextButtonNumber(mekTp::catalogue);
+    buttonSet.startAdding();
+    clearPicture();
+    txtX1->setText(QString::number(number));
+    for (TextBox* box : {txtB1, txtM1, txtC1}) box->clear();
+    cmdQu->setText(saves);
+    cmdBj->setEnabled(false);
+    if (preview_.isOpen()) preview_.hide();
+    openForWork();
+    txtB1->setFocus();
+}
+
+void ButtonGroup::cmdBjClick() {
+    if (buttonSet.work() == ButtonRecords::Work::changing)
+        anbc();
+    else if (isPreset(buttonSet.code()))
+        say(controls_.form, presetButton, BoxIcon::question);
+    else
+        startChanging();
+}
+
+void ButtonGroup::startChanging() {
+    buttonSet.startChanging();
+    cmdBj->setText(confirms);
+    cmdQu->setEnabled(false);
+    openForWork();
+    if (preview_.isOpen() && !state_.newPictureFile.isEmpty()) preview_.setStoreEnabled(true);
+}
+
+void ButtonGroup::openForWork() {
+    for (TextBox* box : boxes_) box->setLocked(false);
+    cmdSn->setText(cancels);
+    cmdSn->setEnabled(true);
+    preview_.allowOpening(openerIndex, true);
+    hints_.show(pictureHint);
+    state_.pageFree = false;
+}
+
+// Stores the boxes and, when one was given, the picture.
+void ButtonGroup::anbc() {
+    if (const auto empty = firstEmpty(texts())) {
+        say(controls_.form, notFilled(*empty));
+        boxes_.at(static_cast<std::size_t>(*empty))->setFocus();
+        return;
+    }
+    const std::optional<int> number = freeNumber();
+    if (!number) return;
+    const QString picture = pictureToStore();
+    if (picture.isEmpty() && !buttonSet.hasPicture() && !ask(controls_.form, pictureLater)) return;
+
+    ButtonTexts stored = texts();
+    stored.front() = QString::number(*number);
+    buttonSet.store(stored, picture);
+    state_.pageFree = true;
+    chosen_ = stored.front();
+    controls_.datBj->Refresh();
+    showCurrent();
+    cmdBj->setEnabled(true);
+}
+
+ButtonTexts ButtonGroup::texts() const {
+    ButtonTexts texts;
+    for (std::size_t i = 0; i < boxes_.size(); ++i) texts.at(i) = boxes_.at(i)->text();
+    return texts;
+}
+
+/// The number in the box, by which everything finds the button: nothing, and said why, when it is none or taken.
+std::optional<int> ButtonGroup::freeNumber() {
+    bool isNumber = false;
+    const int number = txtX1->text().trimmed().toInt(&isNumber);
+    const bool own = buttonSet.number() == QString::number(number);
+    const auto other = isNumber && !own ? buttonWithNumber(mekTp::catalogue, number) : std::nullopt;
+    if (isNumber && !other) return number;
+    say(controls_.form, other ? numberInUse(other->at(2), number) : u"序号应为整数，重来！"_s);
+    txtX1->setFocus();
+    return {};
+}
+
+QString ButtonGroup::pictureToStore() const {
+    return preview_.isOpen() && !state_.newPictureFile.isEmpty() ? state_.newPictureFile : agreedPicture_;
+}
+
+void ButtonGroup::codeChanged() {
+    if (!buttonSet.isPending() || txtB1->text().isEmpty()) return;
+    const QString old = buttonSet.code();
+    const auto owner = buttonWithCode(mekTp::catalogue, txtB1->text());
+    if (!owner || txtB1->text().compare(old, Qt::CaseInsensitive) == 0) return;
+    say(controls_.form, codeInUse(owner->at(2), owner->at(1)));
+    txtB1->setText(old);
+    txtB1->setFocus();
+}
+
+void ButtonGroup::offerAlbums() {
+    if (!buttonSet.isPending()) return;
+    QStringList tables;
+    for (const Album& album : allAlbums(mekTp::catalogue)) tables << album.table;
+    albums_->open(tables);
+}
+
+// Cancelling and deleting
+// ----------------------------------------------------------------------------------------------
+
+void ButtonGroup::cmdSnClick() {
+    if (buttonSet.isPending())
+        cancel();
+    else
+        deleteChosen();
+}
+
+void ButtonGroup::cancel() {
+    findChosen();
+    showCurrent();
+    cmdBj->setEnabled(buttonSet.isOnButton());
+    cmdSn->setEnabled(buttonSet.isOnButton() && !isPreset(buttonSet.code()));
+}
+
+void ButtonGroup::deleteChosen() {
+    if (!buttonSet.isOnButton() || !ask(controls_.form, buttonDeletionQuestion(buttonSet.code()))) return;
+    if (preview_.isOpen()) preview_.hide();
+    buttonSet.remove();
+    showNone();
+    controls_.datBj->Refresh();
 }

@@ -1,36 +1,66 @@
 #pragma once
 
 #include "intake/form_state.h"
+#include "intake/hint_line.h"
 #include "intake/preview_panel.h"
 #include "intake/shared_controls.h"
+#include "settings/album_picker.h"
+#include "settings/button_records.h"
 
 #include <QObject>
 #include <array>
+#include <memory>
 
 class QGroupBox;
+class QPushButton;
 class QRadioButton;
 class TextBox;
 
-/// The group fraAs 图片选择按钮设置: the selection buttons in the grid, and the row that was clicked.
+/// The group fraAs 图片选择按钮设置: the selection buttons in the grid, and the one in hand, which can be changed or
+/// deleted; new ones are added. Writes the table tcan.
 class ButtonGroup : public QObject {
     Q_OBJECT
 
   public:
-    ButtonGroup(SharedControls& controls, FormState& state, PreviewPanel& preview);
+    ButtonGroup(SharedControls& controls, FormState& state, HintLine& hints, PreviewPanel& preview);
 
     QGroupBox* frame() const { return fraAs; }
 
     /// Back to rest: all buttons by code, none chosen. Throws `Error` when they cannot be read.
     void reset();
 
-    /// Shows the button at datBj's current record.
+    /// Takes the button at datBj's current record in hand. What was begun with another one is given up.
     void anjl();
 
   private:
+    void makeControls();
+    void connectControls();
+
     void optApClick(int index);
+    void cmdQuClick();
+    void cmdBjClick();
+    void cmdSnClick();
+    void startAdding();
+    void startChanging();
+    void openForWork();
+    void anbc();
+    void cancel();
+    void deleteChosen();
+    void codeChanged();
+    void offerAlbums();
+
+    void showCurrent();
+    void showNone();
+    void rest();
+    void findChosen();
+    void clearPicture();
+    ButtonTexts texts() const;
+    std::optional<int> freeNumber();
+    QString pictureToStore() const;
 
     SharedControls& controls_;
     FormState& state_;
+    HintLine& hints_;
     PreviewPanel& preview_;
     QGroupBox* fraAs;
     std::array<QRadioButton*, 2> optAp{};
@@ -38,5 +68,13 @@ class ButtonGroup : public QObject {
     TextBox* txtB1;
     TextBox* txtM1;
     TextBox* txtC1;
-    QPushButton* cmdCk4;
+    QPushButton* cmdQu;
+    QPushButton* cmdBj;
+    QPushButton* cmdSn;
+    std::array<TextBox*, 4> boxes_{};
+    std::unique_ptr<AlbumPicker> albums_;
+
+    ButtonRecords buttonSet;
+    QString chosen_;  ///< 序号 of the button in hand, or of the one before a new one was begun; empty for none.
+    QString agreedPicture_;  ///< File that was confirmed as the picture, while the texts were not complete yet.
 };

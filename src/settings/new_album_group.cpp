@@ -21,7 +21,7 @@ const QString pending = u"确 定"_s;
 }  // namespace
 
 NewAlbumGroup::NewAlbumGroup(SharedControls& controls, FormState& state) : controls_(controls), state_(state) {
-    auto* Frame2 = makeGroup(controls.sstFz, setupTab, u"Frame2"_s, u"建立新图册"_s, {5070, 780, 4350, 1575});
+    auto* Frame2 = makeGroup(controls.sstFz, setupTab, u"Frame2"_s, u"建立新图册"_s, {5070, 780, 4350, 1530});
     lblXh = makeLabelled<QLabel>(Frame2, u"lblXh"_s, u"序号："_s, {150, rowTop(0)}, 600, 700);
     txtBa = makeLabelled<TextBox>(Frame2, u"txtBa"_s, u"表名："_s, {1500, rowTop(0)}, 600, 950);
     txtBb = makeLabelled<TextBox>(Frame2, u"txtBb"_s, u"标题："_s, {150, rowTop(1)}, 600, 2300);

@@ -7,10 +7,11 @@ using namespace Qt::Literals::StringLiterals;
 
 SetupPage::SetupPage(SharedControls& controls, FormState& state, HintLine& hints, PreviewPanel& preview)
     : hints_(hints),
-      buttons_(controls, state, preview),
+      buttons_(controls, state, hints, preview),
       newAlbum_(controls, state),
       album_(controls, state),
-      title_(controls, state) {
+      title_(controls, state),
+      backup_(controls) {
     QComboBox* cboBm = controls.cboBm;
     QObject::connect(&newAlbum_, &NewAlbumGroup::created, cboBm, [this, cboBm](const QString& line) {
         addAlbumLine(*cboBm, line);
@@ -29,4 +30,5 @@ void SetupPage::enter() {
     attempt([&] { buttons_.reset(); });
     title_.reset();
     attempt([&] { album_.reset(); });
+    backup_.reset();
 }

@@ -2,12 +2,13 @@
 
 #include "intake/hint_line.h"
 #include "settings/album_group.h"
+#include "settings/backup_group.h"
 #include "settings/button_group.h"
 #include "settings/new_album_group.h"
 #include "settings/settings_page.h"
 #include "settings/title_group.h"
 
-/// The page 图册设置: albums, main title and selection buttons.
+/// The page 图册设置: albums, main title, selection buttons and backup.
 class SetupPage : public SettingsPage {
   public:
     SetupPage(SharedControls& controls, FormState& state, HintLine& hints, PreviewPanel& preview);
@@ -24,4 +25,5 @@ class SetupPage : public SettingsPage {
     NewAlbumGroup newAlbum_;
     AlbumGroup album_;
     TitleGroup title_;
+    BackupGroup backup_;
 };

@@ -29,7 +29,7 @@ void OptionCheck::focusInEvent(QFocusEvent* event) {
 }
 
 TitleGroup::TitleGroup(SharedControls& controls, FormState& state) : controls_(controls), state_(state) {
-    auto* Frame1 = makeGroup(controls.sstFz, setupTab, u"Frame1"_s, u"主标题及显示设置"_s, {5070, 4470, 4350, 1185});
+    auto* Frame1 = makeGroup(controls.sstFz, setupTab, u"Frame1"_s, u"主标题及显示设置"_s, {5070, 4320, 4350, 1140});
     txtXt = makeLabelled<TextBox>(Frame1, u"txtXt"_s, u"图册主标题："_s, {150, rowTop(0)}, 1100, 1800);
     cmdBt = makeButton(Frame1, u"cmdBt"_s, atRest, 3200, rowTop(0));
     const std::array captions{u"显示标签"_s, u"全屏显示"_s};

@@ -15,6 +15,7 @@ class ListBox : public QListWidget {
     void AddItem(const QString& text) { addItem(text); }
     /// The lines stand in that many columns of equal width; 1 is a plain list.
     void setColumns(int columns);
+    int columns() const { return columns_; }
 
   Q_SIGNALS:
     void lineClicked(int index);  ///< By mouse or Enter.

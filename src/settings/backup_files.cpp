@@ -1,0 +1,57 @@
+#include "settings/backup_files.h"
+
+#include "catalogue/mektp.h"
+#include "platform/base/error.h"
+#include "platform/base/files.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QSaveFile>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Everybody who may read the script may run it.
+constexpr QFileDevice::Permissions scriptRights =
+    QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner | QFileDevice::ReadGroup |
+    QFileDevice::ExeGroup | QFileDevice::ReadOther | QFileDevice::ExeOther;
+
+void makeFolders(const QString& path) {
+    for (const QString& folder : folderPrefixes(path)) {
+        if (!folderExists(folder)) MkDir(folder);
+    }
+}
+
+void writeScript(const QString& path, const QString& text) {
+    QSaveFile file(path);
+    const QByteArray bytes = text.toUtf8();
+    const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    if (!written) throw Error(u"文件“%1”不能写入：%2。"_s.arg(path, file.errorString()));
+    // Where the file system knows no such rights, the script still runs as an argument of the shell.
+    QFile::setPermissions(path, scriptRights);
+}
+
+}  // namespace
+
+BackupPlaces placesOfBackup(const QString& backup) {
+    return {.copier = joinedPath(QCoreApplication::applicationDirPath(), u"lunq-backup"_s),
+            .catalogue = mekTp::cataloguePath(),
+            .lock = joinedPath(programFolder(), u"lunq.lock"_s),
+            .backup = backup};
+}
+
+QString backupScriptPath() {
+    return joinedPath(programFolder(), u"bf.sh"_s);
+}
+
+QString restoreScriptPath(const QString& backup) {
+    const QStringList folders = folderPrefixes(backup);
+    return (folders.isEmpty() ? QString() : folders.last()) + u"hf.sh"_s;
+}
+
+void writeBackupScripts(const BackupPlaces& places) {
+    makeFolders(places.backup);
+    writeScript(restoreScriptPath(places.backup), restoreScript(places));
+    writeScript(backupScriptPath(), backupScript(places));
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "intake/shared_controls.h"
+
+#include <QObject>
+
+class QPushButton;
+class TextBox;
+
+/// The group Frame3 图册备份设置: where the catalogue is copied to, and the start of a copy. A saved path leaves a
+/// script for each direction; the program itself runs only the one that copies.
+class BackupGroup : public QObject {
+    Q_OBJECT
+
+  public:
+    explicit BackupGroup(SharedControls& controls);
+
+    /// Shows the stored path. A change that was begun stays open.
+    void reset();
+
+  private:
+    void cmdBbClick();
+    void cmdBkClick();
+    void cmdBlClick();
+    void startEditing();
+    void store();
+    void leaveEditing();
+    void startBackup();
+    void pathLeft();
+    bool isEditing() const;
+    bool canStart() const;
+
+    SharedControls& controls_;
+    TextBox* txtBf;
+    QPushButton* cmdBb;
+    QPushButton* cmdBk;
+    QPushButton* cmdBl;
+};

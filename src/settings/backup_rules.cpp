@@ -1,0 +1,136 @@
+#include "settings/backup_rules.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString catalogueName = u"lunq.mdb"_s;
+
+// lunq-backup copies without disturbing a program that writes. Where it is missing, the sqlite3 shell does it, which
+// reads no quotes in the name of its copy: so it works within the folder.
+const QString backupText =
+    uR"sh(#!/bin/sh
+# 备份图册数据库。先在旁边写成完整的一份，再换下旧备份，中途失败时旧备份不变。软件运行时也可使用。
+copier=%1
+from=%2
+to=%3
+
+fail() {
+    printf '%s\n' "$1" >&2
+    exit 1
+}
+
+if [ -x "$copier" ]; then
+    exec "$copier" "$from" "$to"
+fi
+command -v sqlite3 >/dev/null || fail "找不到程序“$copier”，没有备份。"
+[ -f "$from" ] || fail "图册数据库“$from”不存在，没有备份。"
+cd "${to%/*}/" || fail "备份文件夹“${to%/*}/”不能打开，没有备份。"
+new=lunq-backup.$$
+trap 'rm -f "$new"' EXIT
+trap 'exit 1' HUP INT TERM
+sqlite3 "$from" '.timeout 60000' ".backup $new" && { sync "$new" 2>/dev/null || sync; } && mv -f "$new" "$to" ||
+    fail "图册数据库不能备份到“$to”。"
+)sh"_s;
+
+// The lock file is the one by which the program notices a second copy of itself: number and name of the process, and
+// the computer. The script takes it too, so that the program cannot be started on a catalogue that is just being
+// replaced. A journal that is not empty belongs to the catalogue that goes: beside the new one it would damage it.
+const QString restoreText =
+    uR"sh(#!/bin/sh
+# 用备份恢复图册数据库。请先关闭软件再运行。先在旁边写成完整的一份，再换下现有的，中途失败时现有的不变。
+from=%1
+to=%2
+lock=%3
+
+fail() {
+    printf '%s\n' "$1" >&2
+    exit 1
+}
+
+program_of() {
+    name=$(readlink "/proc/$1/exe") || return 1
+    name=${name% (deleted)}
+    printf '%s\n' "${name##*/}"
+}
+
+is_running() {
+    [ -f "$lock" ] || return 1
+    { read -r pid && read -r program && read -r computer; } <"$lock" || return 1
+    case $pid in '' | *[!0-9]*) return 1 ;; esac
+    [ "$computer" = "$(uname -n)" ] || return 1
+    kill -0 "$pid" 2>/dev/null || [ -d "/proc/$pid" ] || return 1
+    running=$(program_of "$pid" 2>/dev/null) || return 0
+    [ "$running" = "$program" ]
+}
+
+on_disk() {
+    sync "$1" 2>/dev/null || sync
+}
+
+[ "$(dd if="$from" bs=15 count=1 2>/dev/null)" = 'SQLite format 3' ] ||
+    fail "备份文件“$from”不存在，或不是图册数据库，没有恢复。"
+! is_running || fail '软件正在运行，或另一次恢复正在进行，没有恢复。请先关闭软件，再运行本脚本。'
+rm -f "$lock"
+(set -C && printf '%s\n' $$ "$(program_of $$ || echo sh)" "$(uname -n)" >"$lock") 2>/dev/null ||
+    fail "文件夹“${lock%/*}/”不能写入，或软件刚刚打开，没有恢复。"
+[ ! -L "$to" ] || to=$(readlink -f "$to")
+new=$to.restore
+trap 'rm -f "$new" "$lock"' EXIT
+trap 'exit 1' HUP INT TERM
+
+cp "$from" "$new" && on_disk "$new" || fail "备份不能复制到“$new”，没有恢复，现有的图册数据库不变。"
+if [ -s "$to-journal" ]; then
+    mv -f "$to-journal" "$to-journal.old" || fail "文件“$to-journal”不能移开，没有恢复。"
+fi
+if ! mv -f "$new" "$to"; then
+    [ ! -f "$to-journal.old" ] || mv -f "$to-journal.old" "$to-journal"
+    fail "“$to”不能替换，没有恢复，现有的图册数据库不变。"
+fi
+rm -f "$to-journal.old"
+on_disk "${to%/*}/"
+echo '图册数据库已经恢复。'
+)sh"_s;
+
+}  // namespace
+
+QString completedBackupPath(const QString& typed) {
+    const QString ending = QDir::separator() + catalogueName;
+    if (typed.isEmpty() || typed.endsWith(ending)) return typed;
+    return typed.endsWith(QDir::separator()) ? typed + catalogueName : typed + ending;
+}
+
+QStringList folderPrefixes(const QString& path) {
+    QStringList prefixes;
+    for (qsizetype at = path.indexOf(QDir::separator()); at >= 0; at = path.indexOf(QDir::separator(), at + 1))
+        prefixes << path.left(at + 1);
+    return prefixes;
+}
+
+QString backupPathFault(const QString& path, const QString& catalogue) {
+    if (!QDir::isAbsolutePath(path))
+        return u"备份路径“%1”不完整，请填写从“%2”开始的完整路径。"_s.arg(path, QDir::rootPath());
+    const QFileInfo folder(QFileInfo(path).absolutePath()), own(QFileInfo(catalogue).absolutePath());
+    const bool sameFolder =
+        QDir::cleanPath(folder.filePath()) == QDir::cleanPath(own.filePath()) ||
+        (!folder.canonicalFilePath().isEmpty() && folder.canonicalFilePath() == own.canonicalFilePath());
+    if (sameFolder && QFileInfo(path).fileName() == QFileInfo(catalogue).fileName())
+        return u"备份路径“%1”就是图册数据库本身，请另选一个文件夹。"_s.arg(path);
+    if (QFileInfo(path).isDir()) return u"备份路径“%1”是一个文件夹，备份应是一个文件。"_s.arg(path);
+    return {};
+}
+
+QString shellQuoted(const QString& text) {
+    return u'\'' + QString(text).replace(u"'"_s, u"'\\''"_s) + u'\'';
+}
+
+QString backupScript(const BackupPlaces& places) {
+    return backupText.arg(shellQuoted(places.copier), shellQuoted(places.catalogue), shellQuoted(places.backup));
+}
+
+QString restoreScript(const BackupPlaces& places) {
+    return restoreText.arg(shellQuoted(places.backup), shellQuoted(places.catalogue), shellQuoted(places.lock));
+}

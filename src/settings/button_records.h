@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/database/database.h"
+#include "settings/button_rules.h"
+
+/// The recordset on the selection buttons in which one is added, changed or deleted. It stands on the button in hand,
+/// or on none. What is begun is stored whole or not at all; after a failure it is still begun. Failures throw `Error`.
+class ButtonRecords {
+  public:
+    enum class Work { none, adding, changing };
+
+    /// Gives up what was begun and stands on the button of this number, or on none when there is no such button.
+    void choose(const QString& number);
+    void chooseNone();
+
+    bool isOnButton() const { return !rows_.isNothing() && rows_.row() >= 0; }
+    Work work() const { return work_; }
+    bool isPending() const { return work_ != Work::none; }
+
+    /// 序号 and 编号 of the button in hand as they are stored; empty for a new one.
+    QString number() const;
+    QString code() const;
+    bool hasPicture() const;
+
+    void startAdding();
+    void startChanging();
+    /// Stores the texts and, unless its path is empty, a picture file; stands on the stored button afterwards.
+    void store(const ButtonTexts& texts, const QString& pictureFile);
+    void remove();
+
+  private:
+    void prepare();
+    QString stored(const QString& column) const;
+
+    Recordset rows_;
+    Work work_ = Work::none;
+    QString number_;  ///< Of the button that is being changed.
+};
+
+/// The boxes' texts of the button on which a set of buttons stands.
+ButtonTexts textsOf(const Recordset& button);
+
+/// The number that is proposed for a new button: behind the last one.
+int nextButtonNumber(const Database& catalogue);
+
+/// The button that bears a code, or a number; nothing when none does.
+std::optional<ButtonTexts> buttonWithCode(const Database& catalogue, const QString& code);
+std::optional<ButtonTexts> buttonWithNumber(const Database& catalogue, int number);

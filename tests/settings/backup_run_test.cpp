@@ -1,0 +1,316 @@
+#include "../support/run_all.h"
+#include "../support/sample_catalogue.h"
+#include "catalogue/mektp.h"
+#include "platform/base/files.h"
+#include "settings/backup_files.h"
+
+#include <SQLiteCpp/Database.h>
+
+#include <QLockFile>
+#include <QProcess>
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+struct Outcome {
+    int status;
+    QString said;
+};
+
+Outcome outcomeOf(QProcess& process) {
+    process.waitForFinished(60000);
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            QString::fromUtf8(process.readAllStandardError() + process.readAllStandardOutput())};
+}
+
+Outcome run(const QString& script) {
+    QProcess process;
+    process.start(u"/bin/sh"_s, {script});
+    return outcomeOf(process);
+}
+
+void writeFile(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    QVERIFY2(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(), qPrintable(path));
+}
+
+/// A record of tc02 that tells in 备注 how long its picture is.
+void addPicture(int number, int bytes) {
+    Recordset album = mekTp::catalogue.OpenRecordset(u"tc02"_s);
+    album.AddNew();
+    album.Fields(u"序号"_s).SetValue(number);
+    album.Fields(u"图片"_s).SetValue(QByteArray(bytes, char('a' + number % 26)));
+    album.Fields(u"备注"_s).SetValue(QString::number(bytes));
+    album.Update();
+}
+
+/// What is wrong with a copy; nothing when it is sound and each of its records is whole.
+QString faultOf(const QString& path) {
+    const std::string check = SQLite::Database(path.toStdString()).execAndGet("PRAGMA integrity_check").getString();
+    if (check != "ok") return QString::fromStdString(check);
+    int expected = 1;
+    for (Recordset album = OpenDatabase(path).OpenRecordset(u"SELECT * FROM tc02 ORDER BY [序号]"_s); !album.Eof();
+         album.MoveNext(), ++expected) {
+        const Field picture = album.Fields(u"图片"_s);
+        const qint64 length = album.Fields(u"备注"_s).Value().toInteger();
+        const char letter = char('a' + expected % 26);
+        if (album.Fields(u"序号"_s).Value().toInteger() != expected) return u"record %1 is missing"_s.arg(expected);
+        if (picture.FieldSize() != length || picture.GetChunk(length - 1, 1) != QByteArray(1, letter))
+            return u"picture %1 is not whole"_s.arg(expected);
+    }
+    return {};
+}
+
+int picturesIn(const QString& path) {
+    return OpenDatabase(path).OpenRecordset(u"tc02"_s).rowCount();
+}
+
+/// A catalogue with its two scripts. `name` is that of the backup folder.
+class Backup {
+  public:
+    explicit Backup(const QString& name = u"bak"_s) : places(placesOfBackup(sample.file(name + u"/lunq.mdb"_s))) {
+        writeBackupScripts(places);
+    }
+
+    Outcome bf() const { return run(backupScriptPath()); }
+    Outcome hf() const { return run(restoreScriptPath(places.backup)); }
+    void closeCatalogue() { mekTp::catalogue = {}; }
+    QStringList filesBesideBackup() const { return QFileInfo(places.backup).dir().entryList(QDir::Files); }
+
+    SampleCatalogue sample;
+    BackupPlaces places;
+};
+
+const QStringList copyAndScript{u"hf.sh"_s, u"lunq.mdb"_s};
+
+class TestBackupRun : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void manyBackupsWhilePicturesComeIn() {
+        Backup backup;
+        // Large enough for several steps of a copy, so that some of them begin anew.
+        int number = 0;
+        while (number < 20) addPicture(++number, 1'000'000);
+        int growing = 0, before = 0;
+        for (int i = 0; i < 20; ++i) {
+            QProcess process;
+            process.start(u"/bin/sh"_s, {backupScriptPath()});
+            do addPicture(number + 1, 20'000 + 7'919 * (number % 13)), ++number;
+            while (!process.waitForFinished(0) && process.state() != QProcess::NotRunning);
+            const Outcome outcome = outcomeOf(process);
+            QVERIFY2(outcome.status == 0, qPrintable(outcome.said));
+            QCOMPARE(faultOf(backup.places.backup), QString());
+            const int now = picturesIn(backup.places.backup);
+            QVERIFY(now >= before && now <= number);
+            growing += now > before ? 1 : 0;
+            before = now;
+        }
+        QVERIFY(growing > 10);
+        QCOMPARE(backup.filesBesideBackup(), copyAndScript);
+    }
+
+    void restoreBringsTheAlbumBack_data() {
+        QTest::addColumn<QString>("folder");
+        QTest::newRow("plain") << u"bak"_s;
+        QTest::newRow("blanks, quotes and a dollar") << u"我的 \"备份\" it's $HOME `id` \\n *"_s;
+        QTest::newRow("begins with a dash") << u"-n"_s;
+    }
+    void restoreBringsTheAlbumBack() {
+        QFETCH(QString, folder);
+        Backup backup(folder);
+        addPicture(1, 50'000);
+        QCOMPARE(backup.bf().status, 0);
+        addPicture(2, 50'000);
+        mekTp::catalogue.Execute(u"DROP TABLE [tc01]"_s);
+        backup.closeCatalogue();
+        const Outcome outcome = backup.hf();
+        QVERIFY2(outcome.status == 0, qPrintable(outcome.said));
+        QCOMPARE(picturesIn(backup.places.catalogue), 1);
+        QCOMPARE(faultOf(backup.places.catalogue), QString());
+        QCOMPARE(OpenDatabase(backup.places.catalogue).OpenRecordset(u"tc01"_s).rowCount(), 10);
+        QVERIFY(!QFile::exists(backup.places.lock));
+
+        // Also when the catalogue is lost altogether.
+        QVERIFY(QFile::remove(backup.places.catalogue));
+        QCOMPARE(backup.hf().status, 0);
+        QCOMPARE(faultOf(backup.places.catalogue), QString());
+    }
+
+    void programInAnAwkwardFolder() {
+        const SampleCatalogue sample;
+        const QString folder = sample.file(u"程序 it's \"$HOME\" `id`"_s);
+        QVERIFY(QDir().mkpath(folder + u"/bak"_s));
+        mekTp::catalogue = {};
+        QVERIFY(QFile::copy(mekTp::cataloguePath(), folder + u"/lunq.mdb"_s));
+        QVERIFY(QFile::link(QCoreApplication::applicationDirPath() + u"/lunq-backup"_s, folder + u"/copier"_s));
+        const BackupPlaces places{folder + u"/copier"_s, folder + u"/lunq.mdb"_s, folder + u"/lunq.lock"_s,
+                                  folder + u"/bak/lunq.mdb"_s};
+        for (const QString& script : {backupScript(places), restoreScript(places)}) {
+            const QString path = sample.file(u"script.sh"_s);
+            writeFile(path, script.toUtf8());
+            const Outcome outcome = run(path);
+            QVERIFY2(outcome.status == 0, qPrintable(outcome.said));
+        }
+        QCOMPARE(faultOf(places.catalogue), QString());
+        QCOMPARE(faultOf(places.backup), QString());
+    }
+
+    void withoutItsOwnCopierTheShellOfTheEngineCopies() {
+        Backup backup(u"it's $HOME"_s);
+        backup.places.copier += u"-missing"_s;
+        writeBackupScripts(backup.places);
+        addPicture(1, 50'000);
+        const Outcome outcome = backup.bf();
+        QVERIFY2(outcome.status == 0, qPrintable(outcome.said));
+        QCOMPARE(faultOf(backup.places.backup), QString());
+        QCOMPARE(picturesIn(backup.places.backup), 1);
+        QCOMPARE(backup.filesBesideBackup(), copyAndScript);
+    }
+
+    void failedBackupKeepsTheOlderOne_data() {
+        QTest::addColumn<bool>("ownCopier");
+        QTest::newRow("lunq-backup") << true;
+        QTest::newRow("shell of the engine") << false;
+    }
+    void failedBackupKeepsTheOlderOne() {
+        QFETCH(bool, ownCopier);
+        Backup backup;
+        if (!ownCopier) backup.places.copier += u"-missing"_s;
+        writeBackupScripts(backup.places);
+        QCOMPARE(backup.bf().status, 0);
+        backup.closeCatalogue();
+        writeFile(backup.places.catalogue, QByteArray(100'000, 'x'));
+        const Outcome damaged = backup.bf();
+        QVERIFY2(damaged.status == 1 && damaged.said.contains(backup.places.backup), qPrintable(damaged.said));
+        QVERIFY(QFile::remove(backup.places.catalogue));
+        const Outcome missing = backup.bf();
+        QVERIFY2(missing.status == 1 && missing.said.contains(u"不存在，没有备份"_s), qPrintable(missing.said));
+        QCOMPARE(faultOf(backup.places.backup), QString());
+        QCOMPARE(backup.filesBesideBackup(), copyAndScript);
+        QVERIFY(!QFile::exists(backup.places.catalogue));
+    }
+
+    void backupsTakeTurns() {
+        const Backup backup;
+        QLockFile other(backup.places.backup + u".lock"_s);
+        QVERIFY(other.tryLock());
+        const Outcome outcome = backup.bf();
+        QVERIFY2(outcome.status == 1 && outcome.said.contains(u"另一次备份正在进行"_s), qPrintable(outcome.said));
+        other.unlock();
+        // What a backup that was cut off has left behind is in nobody's way.
+        writeFile(backup.places.backup + u".new"_s, QByteArray(1000, 'x'));
+        QCOMPARE(backup.bf().status, 0);
+        QCOMPARE(backup.filesBesideBackup(), copyAndScript);
+    }
+
+    void catalogueIsNeverItsOwnBackup() {
+        Backup backup;
+        backup.places.backup = backup.sample.file(u"bak/../lunq.mdb"_s);
+        writeFile(backupScriptPath(), backupScript(backup.places).toUtf8());
+        const Outcome outcome = backup.bf();
+        QVERIFY2(outcome.status == 1 && outcome.said.contains(u"图册数据库本身"_s), qPrintable(outcome.said));
+        addPicture(1, 1000);
+        backup.closeCatalogue();
+        QCOMPARE(picturesIn(backup.places.catalogue), 1);
+    }
+
+    void noRestoreWhileTheProgramRuns() {
+        Backup backup;
+        QCOMPARE(backup.bf().status, 0);
+        addPicture(1, 1000);
+        backup.closeCatalogue();
+        QLockFile lock(backup.places.lock);
+        QVERIFY(lock.tryLock());
+        const Outcome outcome = backup.hf();
+        QVERIFY2(outcome.status == 1 && outcome.said.contains(u"软件正在运行"_s), qPrintable(outcome.said));
+        QCOMPARE(picturesIn(backup.places.catalogue), 1);
+        lock.unlock();
+        QCOMPARE(backup.hf().status, 0);
+        QCOMPARE(picturesIn(backup.places.catalogue), 0);
+    }
+
+    void lockLeftBehindIsNoObstacle_data() {
+        QTest::addColumn<QByteArray>("lock");
+        const QByteArray own = QByteArray::number(QCoreApplication::applicationPid());
+        const QByteArray here = QSysInfo::machineHostName().toLocal8Bit();
+        QTest::newRow("ended") << QByteArray("1073741823\nlunq\n" + here + '\n');
+        QTest::newRow("number of another program by now") << QByteArray(own + "\nlunq\n" + here + '\n');
+        QTest::newRow("copied from another computer") << QByteArray(own + "\ntest_settings\nelsewhere\n");
+        QTest::newRow("damaged") << QByteArray("\n\n");
+        QTest::newRow("empty") << QByteArray();
+    }
+    void lockLeftBehindIsNoObstacle() {
+        QFETCH(QByteArray, lock);
+        Backup backup;
+        QCOMPARE(backup.bf().status, 0);
+        backup.closeCatalogue();
+        writeFile(backup.places.lock, lock);
+        const Outcome outcome = backup.hf();
+        QVERIFY2(outcome.status == 0, qPrintable(outcome.said));
+        QVERIFY(!QFile::exists(backup.places.lock));
+    }
+
+    void journalOfTheReplacedCatalogueGoes() {
+        Backup backup;
+        QCOMPARE(backup.bf().status, 0);
+        addPicture(1, 300'000);
+        // The journal of a change that was cut off: it would undo that change in whatever stands beside it.
+        QByteArray journal;
+        {
+            const Transaction cutOff(mekTp::catalogue);
+            addPicture(2, 30'000'000);
+            QFile file(backup.places.catalogue + u"-journal"_s);
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            journal = file.readAll();
+        }
+        backup.closeCatalogue();
+        QVERIFY(journal.size() > 512);
+        writeFile(backup.places.catalogue + u"-journal"_s, journal);
+        QCOMPARE(backup.hf().status, 0);
+        QCOMPARE(faultOf(backup.places.catalogue), QString());
+        QCOMPARE(picturesIn(backup.places.catalogue), 0);
+        QVERIFY(!QFile::exists(backup.places.catalogue + u"-journal.old"_s));
+    }
+
+    void badBackupIsNotRestored_data() {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("not a catalogue") << QByteArray(100'000, 'x');
+        QTest::newRow("empty") << QByteArray("");
+        QTest::newRow("missing") << QByteArray();
+    }
+    void badBackupIsNotRestored() {
+        QFETCH(QByteArray, content);
+        Backup backup;
+        addPicture(1, 1000);
+        backup.closeCatalogue();
+        if (!content.isNull()) writeFile(backup.places.backup, content);
+        const Outcome outcome = backup.hf();
+        QVERIFY2(outcome.status == 1 && outcome.said.contains(u"不是图册数据库，没有恢复"_s), qPrintable(outcome.said));
+        QCOMPARE(picturesIn(backup.places.catalogue), 1);
+        QVERIFY(!QFile::exists(backup.places.lock));
+    }
+
+    void failedRestoreKeepsTheCatalogue() {
+        Backup backup;
+        QCOMPARE(backup.bf().status, 0);
+        addPicture(1, 1000);
+        backup.closeCatalogue();
+        writeFile(backup.places.catalogue + u"-journal"_s, "left");
+        QVERIFY(QDir().mkpath(backup.places.catalogue + u".restore/lunq.mdb"_s));  // in the way of the copy
+        const Outcome outcome = backup.hf();
+        QCOMPARE(outcome.status, 1);
+        QVERIFY2(outcome.said.contains(u"没有恢复，现有的图册数据库不变"_s), qPrintable(outcome.said));
+        QVERIFY(QFile::exists(backup.places.catalogue + u"-journal"_s));
+        QVERIFY(QFile::remove(backup.places.catalogue + u"-journal"_s));
+        QCOMPARE(picturesIn(backup.places.catalogue), 1);
+    }
+};
+
+const Registered<TestBackupRun> registered;
+
+}  // namespace
+
+#include "backup_run_test.moc"

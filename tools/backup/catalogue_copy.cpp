@@ -1,0 +1,116 @@
+#include "backup/catalogue_copy.h"
+
+#include "backup/copy_pace.h"
+#include "platform/base/error.h"
+
+#include <SQLiteCpp/Backup.h>
+#include <SQLiteCpp/Database.h>
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QThread>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int busyTimeoutMs = 1000;
+constexpr int pauseMs = 5;
+/// A catalogue that never rests that long cannot be copied.
+constexpr qint64 patienceMs = 60 * 60 * 1000;
+
+/// A file that is gone again unless it was moved away.
+class NewFile {
+  public:
+    explicit NewFile(QString path) : path_(std::move(path)) { QFile::remove(path_); }
+    ~NewFile() { QFile::remove(path_); }
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+    const QString& path() const { return path_; }
+
+  private:
+    QString path_;
+};
+
+Error failure(const QString& path, const char* what) {
+    return Error(u"备份文件“%1”不能写入：%2。"_s.arg(path, QString::fromLocal8Bit(what)));
+}
+
+/// Sees to it that a file, or the entries of a folder, are on the disk.
+void flush(const QString& path) {
+    const int handle = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    const bool flushed = handle >= 0 && ::fsync(handle) == 0;
+    const int reason = errno;
+    if (handle >= 0) ::close(handle);
+    if (!flushed) throw failure(path, std::strerror(reason));
+}
+
+std::string fileName(const QString& path) {
+    return QFile::encodeName(path).toStdString();
+}
+
+/// All pages under one short lock after another. A change of the source in between makes the engine begin anew; the
+/// locks then grow longer, up to what a writer is ready to wait for.
+void copyPages(SQLite::Backup& backup) {
+    QElapsedTimer whole;
+    whole.start();
+    CopyPace pace;
+    while (!whole.hasExpired(patienceMs)) {
+        QElapsedTimer held;
+        held.start();
+        const int result = backup.executeStep(pace.pages());
+        if (result == SQLITE_DONE) return;
+        if (result == SQLITE_OK)
+            pace.stepTook(held.elapsed(), backup.getTotalPageCount() - backup.getRemainingPageCount());
+        QThread::msleep(pauseMs);
+    }
+    throw Error(u"图册数据库一直在改动，没有备份。"_s);
+}
+
+void copyDatabase(const QString& from, const QString& to) {
+    try {
+        // Also a catalogue that a power cut has left half changed is copied whole: opened for writing, it repairs
+        // itself.
+        SQLite::Database source(fileName(from), SQLite::OPEN_READWRITE, busyTimeoutMs);
+        SQLite::Database copy(fileName(to), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        // A copy that fails is thrown away, and the whole file goes to the disk when the source is free again.
+        copy.exec("PRAGMA journal_mode = OFF");
+        copy.exec("PRAGMA synchronous = OFF");
+        SQLite::Backup backup(copy, source);
+        copyPages(backup);
+    } catch (const SQLite::Exception& failed) {
+        throw Error(u"“%1”不能备份到“%2”：%3。"_s.arg(from, to, QString::fromUtf8(failed.what())));
+    }
+}
+
+}  // namespace
+
+void copyCatalogue(const QString& from, const QString& to) {
+    const QFileInfo source(from), target(to);
+    if (!source.isFile()) throw Error(u"图册数据库“%1”不存在，没有备份。"_s.arg(from));
+    if (target.exists() && target.canonicalFilePath() == source.canonicalFilePath())
+        throw Error(u"备份文件“%1”就是图册数据库本身，没有备份。"_s.arg(to));
+    if (target.isDir()) throw Error(u"备份文件“%1”是一个文件夹，没有备份。"_s.arg(to));
+
+    QLockFile lock(to + u".lock"_s);
+    lock.setStaleLockTime(0);
+    if (!lock.tryLock()) {
+        if (lock.error() == QLockFile::LockFailedError) throw Error(u"向“%1”的另一次备份正在进行。"_s.arg(to));
+        throw Error(u"备份文件夹“%1”不能写入，没有备份。"_s.arg(target.absolutePath()));
+    }
+    const NewFile made(to + u".new"_s);
+    copyDatabase(from, made.path());
+    flush(made.path());
+    std::error_code failed;
+    std::filesystem::rename(fileName(made.path()), fileName(to), failed);
+    if (failed) throw failure(to, failed.message().c_str());
+    flush(target.absolutePath());
+}
