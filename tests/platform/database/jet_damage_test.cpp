@@ -1,0 +1,195 @@
+#include "../../support/run_all.h"
+#include "jet_files.h"
+
+#include <random>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+using Random = std::mt19937;
+
+/// Between 0 and `end`, the same on every machine.
+qsizetype below(Random& random, qsizetype end) {
+    return static_cast<qsizetype>(random() % static_cast<quint32>(end));
+}
+
+void spoil(QByteArray& bytes, Random& random, qsizetype from, qsizetype length, int count) {
+    for (int i = 0; i < count; ++i) bytes[from + below(random, length)] = static_cast<char>(random());
+}
+
+/// The header of a version, and behind it noise.
+QByteArray garbage(char version, qsizetype size, quint32 seed) {
+    Random random(seed);
+    QByteArray bytes(size, '\0');
+    spoil(bytes, random, 0, size, static_cast<int>(size));
+    bytes.replace(0, 19, QByteArray("\0\1\0\0Standard Jet DB", 19));
+    bytes[19] = '\0';
+    bytes[20] = version;
+    return bytes;
+}
+
+class JetDamageTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<JetFiles> files_;
+
+    /// Reads all there is, if the file opens at all. Returns what the failure says, which names the file.
+    static QString failureOfReading(const QString& path) {
+        const QString failure = failureOf([&] {
+            const Database database = OpenDatabase(path);
+            for (const QString& table : database.TableDefs()) {
+                for (Recordset set = database.OpenRecordset(table); !set.Eof(); set.MoveNext()) {
+                    for (int i = 0; i < set.FieldCount(); ++i) set.Fields(i).Value();
+                }
+            }
+        });
+        return failure.isEmpty() || failure.contains(path) ? failure : u"no file name: "_s + failure;
+    }
+
+    QString script(const QByteArray& commands) const {
+        const QString path = files_->write(u"reader"_s, "#!/bin/sh\n" + commands);
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        return path;
+    }
+
+  private Q_SLOTS:
+    void init() { files_ = std::make_unique<JetFiles>(); }
+    void cleanup() {
+        const QStringList left = files_->copies();
+        files_.reset();
+        QCOMPARE(left, QStringList());
+    }
+
+    void garbageIsRefused_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("header alone") << garbage(1, 21, 1) << u"不完整"_s;
+        QTest::newRow("one page") << garbage(1, 4096, 2) << u"不完整"_s;
+        QTest::newRow("torn page") << garbage(1, 50000, 3) << u"不完整"_s;
+        QTest::newRow("ACE") << garbage(1, 8192, 4).replace("Jet DB", "ACE DB") << u"版本"_s;
+        QTest::newRow("later version") << garbage(2, 8192, 5) << u"版本"_s;
+        QTest::newRow("negative version") << garbage('\xff', 8192, 6) << u"版本"_s;
+        for (quint32 seed = 10; seed < 16; ++seed) {
+            QTest::addRow("noise, Jet 3, %u", seed) << garbage(0, 40960, seed) << QString();
+            QTest::addRow("noise, Jet 4, %u", seed) << garbage(1, 40960, seed) << QString();
+        }
+        QTest::newRow("zeros, Jet 4") << garbage(1, 65536, 7).replace(21, 65515, QByteArray(65515, '\0')) << QString();
+    }
+
+    void garbageIsRefused() {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, reason);
+        const QString path = files_->write(u"garbage.mdb"_s, bytes);
+        const QString failure = failureOf([&] { OpenDatabase(path); });
+        QVERIFY2(failure.contains(path) && failure.contains(reason), qPrintable(failure));
+    }
+
+    void tooLargeFileIsRefusedUnread() {
+        const QString path = files_->write(u"large.mdb"_s, garbage(1, 4096, 1));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadWrite) && file.resize((qint64{2} << 30) + 4096));
+        setJetReader({u"/does/not/exist"_s});
+        const QString failure = failureOf([&] { OpenDatabase(path); });
+        QVERIFY2(failure.contains(path) && failure.contains(u"2 GB"), qPrintable(failure));
+    }
+
+    void readersFailureIsExplained_data() {
+        QTest::addColumn<QByteArray>("commands");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("dies") << QByteArray("kill -SEGV $$\n") << u"意外终止"_s;
+        QTest::newRow("is killed") << QByteArray("kill -KILL $$\n") << u"意外终止"_s;
+        QTest::newRow("falls silent") << QByteArray("exec sleep 100\n") << u"超出"_s;
+        QTest::newRow("reaches a limit") << QByteArray("exit 70\n") << u"超出"_s;
+        QTest::newRow("finds the disk full") << QByteArray("exit 71\n") << u"空间不足"_s;
+        QTest::newRow("knows no such end") << QByteArray("exit 3\n") << u"重新安装"_s;
+        QTest::newRow("writes nonsense") << QByteArray("echo nonsense > \"$2\"\n") << u"不是数据库"_s;
+        QTest::newRow("cannot be run") << QByteArray() << u"不见了"_s;
+    }
+
+    void readersFailureIsExplained() {
+        QFETCH(QByteArray, commands);
+        QFETCH(QString, reason);
+        const QString path = files_->write(u"a.mdb"_s, garbage(1, 12288, 1));
+        setJetReader({commands.isEmpty() ? u"/does/not/exist"_s : script(commands), 200});
+        const QString failure = failureOf([&] { OpenDatabase(path); });
+        QVERIFY2(failure.contains(path) && failure.contains(reason), qPrintable(failure));
+    }
+
+    void signsOfProgressKeepAReaderAlive() {
+        const QString path = files_->write(u"a.mdb"_s, garbage(1, 12288, 1));
+        setJetReader({script("for i in 1 2 3 4 5 6; do printf .; sleep 0.2; done; exit 67\n"), 800});
+        QVERIFY(failureOf([&] { OpenDatabase(path); }).contains(u"密码"));
+    }
+
+    void noPlaceForTheCopyIsSaid() {
+        const QString path = files_->write(u"a.mdb"_s, garbage(1, 12288, 1));
+        qputenv("TMPDIR", "/proc");
+        const QString failure = failureOf([&] { OpenDatabase(path); });
+        QVERIFY2(failure.contains(path) && failure.contains(u"/proc"), qPrintable(failure));
+    }
+
+    void missingPartsAreNoticed() {
+        if (!JetFiles::hasSamples()) return;
+        for (const QString& name : {u"jet3-ole-large.mdb"_s, u"jet4-alltypes.mdb"_s, u"jet4-ole-large-unicode.mdb"_s}) {
+            const QByteArray whole = JetFiles::content(JetFiles::sample(name));
+            const QList<qsizetype> lengths{150, 4096, 12289, 65536, whole.size() / 2 + 1, whole.size() - 1};
+            for (const qsizetype length : lengths) {
+                const QString path = files_->write(u"short.mdb"_s, whole.left(length));
+                const QString failure = failureOfReading(path);
+                QVERIFY2(failure.startsWith(u"数据库文件“") && failure.contains(u"short.mdb"),
+                         qPrintable(u"%1 %2 %3"_s.arg(name).arg(length).arg(failure)));
+                if (length % 2 != 0) QVERIFY2(failure.contains(u"不完整"), qPrintable(failure));
+            }
+        }
+    }
+
+    /// Whatever is read from such a file, or why it is not: the album lives on, and nothing is left behind.
+    void damageDoesNoHarm_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<int>("seed");
+        for (const char* name : {"jet3-types", "jet3-ole-memo", "jet4-ole-memo", "jet4-alltypes", "jet4-encoded"}) {
+            for (int i = 0; i < 10; ++i) {
+                QTest::addRow("%s %d", name, i) << QString::fromLatin1(name) + u".mdb"_s << i % 5 << 1000 + i;
+            }
+        }
+    }
+
+    void damageDoesNoHarm() {
+        QFETCH(QString, name);
+        QFETCH(int, kind);
+        QFETCH(int, seed);
+        if (!JetFiles::hasSamples()) return;
+        QByteArray bytes = JetFiles::content(JetFiles::sample(name));
+        Random random(static_cast<quint32>(seed));
+        const qsizetype page = name.startsWith(u"jet3") ? 2048 : 4096;
+        const qsizetype pages = bytes.size() / page;
+        const qsizetype chosen = page * (1 + below(random, std::min<qsizetype>(pages - 1, 40)));
+        switch (kind) {
+            case 0:  // single bytes anywhere behind the header
+                spoil(bytes, random, page, bytes.size() - page, 30);
+                break;
+            case 1:  // the definition of the catalogue
+                spoil(bytes, random, 2 * page, 200, 3);
+                break;
+            case 2:  // the places of the rows in a page
+                spoil(bytes, random, chosen, 48, 6);
+                break;
+            case 3:  // a whole page
+                spoil(bytes, random, chosen, page, static_cast<int>(page));
+                break;
+            default:  // one page in the place of another
+                bytes.replace(chosen, page, bytes.mid(page * below(random, pages), page));
+        }
+        const QString failure = failureOfReading(files_->write(u"spoilt.mdb"_s, bytes));
+        QVERIFY2(failure.isEmpty() || failure.startsWith(u"数据库文件“"), qPrintable(failure));
+        QVERIFY2(!failure.contains(u"意外终止"), qPrintable(failure));
+    }
+};
+
+Registered<JetDamageTest> registered;
+
+}  // namespace
+
+#include "jet_damage_test.moc"
