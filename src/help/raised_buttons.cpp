@@ -7,13 +7,16 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-constexpr int side = 360;
-constexpr int top = 45;
+constexpr int side = 330;
+constexpr int top = 60;
 const QColor shaded(128, 128, 128);
 const QColor lit(Qt::white);
 }  // namespace
 
 RaisedButtons::RaisedButtons(QWidget* parent) : Surface(parent) {
+    // A ground on which the lit edge of a frame shows.
+    setBackgroundRole(QPalette::Midlight);
+    setAutoFillBackground(true);
     imgFh = addButton(u"imgFh"_s, u"fh"_s, u"返回主窗口"_s, 885, 0);
     imgGb = addButton(u"imgGb"_s, u"tc"_s, u"退出软件"_s, 1845, 4);
     connect(this, &Surface::mouseMoved, this, &RaisedButtons::hideFrames);
