@@ -56,6 +56,8 @@ void AlbumPicker::borrow() {
     QPalette colours = palette_;
     colours.setColor(QPalette::Base, green);
     lstBh->setPalette(colours);
+    // The ground of a list follows the program's style sheet, not its palette.
+    lstBh->setStyleSheet(QStringLiteral("QListView { background: %1; }").arg(green.name()));
     QFont small = font_;
     small.setPixelSize(pixelsFromTwips(lineHeight) - 1);
     lstBh->setFont(small);
@@ -75,6 +77,7 @@ void AlbumPicker::close() {
     lstBh->clear();
     lstBh->setParent(home_);
     lstBh->setGeometry(place_);
+    lstBh->setStyleSheet(QString());
     lstBh->setPalette(palette_);
     lstBh->setFont(font_);
     lstBh->setFocusPolicy(focus_);

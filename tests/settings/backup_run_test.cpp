@@ -93,12 +93,12 @@ class TestBackupRun : public QObject {
         Backup backup;
         // Large enough for several steps of a copy, so that some of them begin anew.
         int number = 0;
-        while (number < 20) addPicture(++number, 1'000'000);
+        while (number < 8) addPicture(++number, 1'000'000);
         int growing = 0, before = 0;
         for (int i = 0; i < 20; ++i) {
             QProcess process;
             process.start(u"/bin/sh"_s, {backupScriptPath()});
-            do addPicture(number + 1, 20'000 + 7'919 * (number % 13)), ++number;
+            do addPicture(number + 1, 2'000 + 1'919 * (number % 13)), ++number;
             while (!process.waitForFinished(0) && process.state() != QProcess::NotRunning);
             const Outcome outcome = outcomeOf(process);
             QVERIFY2(outcome.status == 0, qPrintable(outcome.said));

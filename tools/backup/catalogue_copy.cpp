@@ -22,8 +22,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int busyTimeoutMs = 1000;
 constexpr int pauseMs = 5;
+constexpr int knockMs = 1;
+constexpr int knocks = 1000;
 /// A catalogue that never rests that long cannot be copied.
 constexpr qint64 patienceMs = 60 * 60 * 1000;
 
@@ -57,6 +58,13 @@ std::string fileName(const QString& path) {
     return QFile::encodeName(path).toStdString();
 }
 
+/// A program that stores one picture after another leaves the catalogue free for moments only: the engine's own
+/// waiting, a tenth of a second at a time, would mostly miss them.
+int waitForAMoment(void*, int tried) {
+    QThread::msleep(knockMs);
+    return tried < knocks ? 1 : 0;
+}
+
 /// All pages under one short lock after another. A change of the source in between makes the engine begin anew; the
 /// locks then grow longer, up to what a writer is ready to wait for.
 void copyPages(SQLite::Backup& backup) {
@@ -79,7 +87,8 @@ void copyDatabase(const QString& from, const QString& to) {
     try {
         // Also a catalogue that a power cut has left half changed is copied whole: opened for writing, it repairs
         // itself.
-        SQLite::Database source(fileName(from), SQLite::OPEN_READWRITE, busyTimeoutMs);
+        SQLite::Database source(fileName(from), SQLite::OPEN_READWRITE);
+        sqlite3_busy_handler(source.getHandle(), waitForAMoment, nullptr);
         SQLite::Database copy(fileName(to), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
         // A copy that fails is thrown away, and the whole file goes to the disk when the source is free again.
         copy.exec("PRAGMA journal_mode = OFF");
