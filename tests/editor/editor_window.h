@@ -1,0 +1,131 @@
+#pragma once
+
+#include "../support/sample_catalogue.h"
+#include "catalogue/mektp.h"
+#include "editor/frm_cl.h"
+#include "platform/desktop/file_dialogs.h"
+#include "platform/desktop/message_box.h"
+
+#include <QtTest/QtTest>
+
+/// Remembers what the editor asked of the other windows.
+class EditorNeighbours : public Windows {
+  public:
+    bool has(WindowKind) const override { return hasHelp; }
+    void handOver(WindowKind, WindowKind to) override { handedTo << to; }
+    void show(WindowKind) override {}
+    void unload(WindowKind) override {}
+    void showHelp(const QString& topic) override { topics << topic; }
+    void endProgram() override { ended = true; }
+
+    bool hasHelp = true;
+    bool ended = false;
+    QList<WindowKind> handedTo;
+    QStringList topics;
+};
+
+/// The editor on a small catalogue, with its controls by name. Message boxes are collected instead of shown and
+/// answered with `answer`; file dialogs give `file`.
+class EditorWindow {
+  public:
+    explicit EditorWindow(bool toolBar = true, bool hints = true) {
+        setSetting(QStringLiteral("处理工具条"), toolBar);
+        setSetting(QStringLiteral("处理提示"), hints);
+        answerBoxesWith([this](const BoxText& box) {
+            boxes << box;
+            return answer;
+        });
+        answerFileDialogsWith([this](const FileQuestion& question) {
+            questions << question;
+            return file;
+        });
+        window = std::make_unique<frmCl>(windows);
+        window->show();
+        QApplication::setActiveWindow(window.get());
+    }
+    ~EditorWindow() {
+        window.reset();
+        answerBoxesWith({});
+        answerFileDialogsWith({});
+    }
+
+    template <typename Control = QWidget>
+    Control* find(const QString& name) const {
+        return window->findChild<Control*>(name);
+    }
+    QAction* menu(const QString& name) const { return find<QAction>(name); }
+    QToolButton* key(const QString& key) const { return find<QToolButton>(QStringLiteral("tlb1:") + key); }
+    WorkSurface& picYu() const { return *find<WorkSurface>(QStringLiteral("picYu")); }
+    WorkSurface& picMb() const { return *find<WorkSurface>(QStringLiteral("picMb")); }
+    TextBox& box(const QString& name) const { return *find<TextBox>(name); }
+    QString hint() const { return box(QStringLiteral("txtTs")).text(); }
+    QString caption() const { return window->windowTitle(); }
+    bool shows(const QString& name) const {
+        const auto* control = find(name);
+        return control != nullptr && control->isVisible();
+    }
+    QString lastBox() const { return boxes.isEmpty() ? QString() : boxes.last().title + u'|' + boxes.last().text; }
+
+    void press(const QString& name) const { QTest::mouseClick(key(name), Qt::LeftButton); }
+    void trigger(const QString& name) const { menu(name)->trigger(); }
+    void click(const QString& name) const { QTest::mouseClick(find(name), Qt::LeftButton); }
+    /// Types into the operation dialog and confirms.
+    void enter(const QString& text) const {
+        QTest::keyClicks(&box(QStringLiteral("txtCq")), text);
+        QTest::keyClick(&box(QStringLiteral("txtCq")), Qt::Key_Return);
+    }
+    void scale(const QString& factor) const {
+        press(QStringLiteral("sf"));
+        enter(factor);
+    }
+    void rotate(const QString& angle) const {
+        press(QStringLiteral("xz"));
+        enter(angle);
+    }
+    void crop(const QRect& pixels) const {
+        press(QStringLiteral("cj"));
+        select(pixels.topLeft(), pixels.topLeft() + QPoint(pixels.width(), pixels.height()));
+        click(QStringLiteral("cmdCq(0)"));
+    }
+    void select(QPoint from, QPoint to) const {
+        QTest::mousePress(&picYu(), Qt::LeftButton, {}, from);
+        QTest::mouseMove(&picYu(), to);
+        QTest::mouseRelease(&picYu(), Qt::LeftButton, {}, to);
+    }
+
+    /// Opens a picture file of that size whose quarters are red, green, blue and yellow.
+    void open(QSize pixels = {80, 60}) {
+        QImage image(pixels, QImage::Format_RGB32);
+        const QColor quarters[] = {Qt::red, Qt::green, Qt::blue, Qt::yellow};
+        for (int y = 0; y < pixels.height(); ++y)
+            for (int x = 0; x < pixels.width(); ++x)
+                image.setPixelColor(x, y, quarters[(2 * x >= pixels.width()) + 2 * (2 * y >= pixels.height())]);
+        file = catalogue.file(QStringLiteral("图.bmp"));
+        SavePicture(image, file);
+        press(QStringLiteral("wk"));
+    }
+
+    static Variant setting(const QString& column) {
+        return mekTp::catalogue.OpenRecordset(QStringLiteral("tcsz")).Fields(column).Value();
+    }
+    static void setSetting(const QString& column, bool value) {
+        Recordset settings = mekTp::catalogue.OpenRecordset(QStringLiteral("tcsz"));
+        settings.Edit();
+        settings.Fields(column).SetValue(value);
+        settings.Update();
+    }
+    static QStringList steps() {
+        QStringList numbers;
+        Recordset rows = mekTp::catalogue.OpenRecordset(QStringLiteral("tccx"));
+        for (; !rows.Eof(); rows.MoveNext()) numbers << rows.Fields(QStringLiteral("编号")).Value().toText();
+        return numbers;
+    }
+
+    SampleCatalogue catalogue;
+    EditorNeighbours windows;
+    QList<BoxText> boxes;
+    QList<FileQuestion> questions;
+    bool answer = true;
+    QString file;
+    std::unique_ptr<frmCl> window;
+};
