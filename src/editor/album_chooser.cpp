@@ -3,6 +3,7 @@
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
+#include "editor/editor_layout.h"
 #include "editor/editor_texts.h"
 #include "platform/base/error.h"
 #include "platform/desktop/busy.h"
