@@ -107,8 +107,17 @@ void BrowserPanel::connectLists() {
     connect(cmdMx_, &QPushButton::clicked, this, run(&BrowserPanel::cmdMxClick));
 }
 
+const BrowserPanel::Host* BrowserPanel::host() const {
+    const auto found = hosts_.find(controls_.sstFz->currentIndex());
+    return found == hosts_.end() ? nullptr : &found->second;
+}
+
 BrowseMode BrowserPanel::modeNow() const {
-    return mode ? mode() : BrowseMode::pictureFiles;
+    return host() != nullptr ? host()->mode() : BrowseMode::pictureFiles;
+}
+
+bool BrowserPanel::filesMayBePicked() const {
+    return host() != nullptr && host()->filesMayBePicked();
 }
 
 bool BrowserPanel::onIntakePage() const {
@@ -145,7 +154,7 @@ void BrowserPanel::mlcl() {
     txtMl_->setVisible(isPictureMode());
     setEcho({});
     placeForMode();
-    fil1_->setEnabled(!onIntakePage() || (filesMayBePicked && filesMayBePicked()));
+    fil1_->setEnabled(filesMayBePicked());
     readFiles();
     lblB1Second_->setText(u"      请选择确定图片"_s + (onIntakePage() ? u"来源路径"_s : u"保存路径"_s));
     lblB1First_->setText(now == BrowseMode::pictureFiles ? u"        请选择文件"_s
@@ -230,7 +239,7 @@ void BrowserPanel::drv1Change() {
 
 void BrowserPanel::dir1Change() {
     fil1_->setPath(dir1_->Path());
-    fil1_->setEnabled(!onIntakePage() || (filesMayBePicked && filesMayBePicked()));
+    fil1_->setEnabled(filesMayBePicked());
     state_.currentFolder = dir1_->Path();
     if (fil1_->Pattern() != wantedPattern()) readFiles();
     if (onIntakePage()) {

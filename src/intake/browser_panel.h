@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <functional>
+#include <map>
 
 class CaptionBox;
 class DirList;
@@ -58,9 +59,16 @@ class BrowserPanel : public QObject {
     void hideCountLine();
     void showCountLine();  ///< lblGy, for a list that is not empty.
 
-    /// Asked for the mode and for whether files may be picked; the pages answer. Not set: `pictureFiles`, false.
-    std::function<BrowseMode()> mode;
-    std::function<bool()> filesMayBePicked;
+    /// Gives up the naming of a new folder.
+    void endNaming();
+
+    /// What a page that uses the panel answers while it is in front.
+    struct Host {
+        std::function<BrowseMode()> mode;
+        std::function<bool()> filesMayBePicked;
+    };
+    /// Other pages are taken for 图片录入 that browses pictures and may not pick any.
+    void serve(int page, Host host) { hosts_[page] = std::move(host); }
 
   Q_SIGNALS:
     void laidOut();        ///< mlcl has run; pages arrange their own controls.
@@ -73,7 +81,9 @@ class BrowserPanel : public QObject {
     void targetCleared();  ///< xzfy
 
   private:
+    const Host* host() const;
     BrowseMode modeNow() const;
+    bool filesMayBePicked() const;
     QString wantedPattern() const;
     bool onIntakePage() const;
     void makeLists();
@@ -92,11 +102,11 @@ class BrowserPanel : public QObject {
     void cmdMsClick();
     void makeFolder(const QString& path);
     void deleteFolder(const QString& path);
-    void endNaming();
 
     SharedControls& controls_;
     FormState& state_;
     HintLine& hints_;
+    std::map<int, Host> hosts_;
 
     Surface* picMl_;
     DriveList* drv1_ = nullptr;

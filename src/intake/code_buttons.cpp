@@ -141,6 +141,13 @@ void CodeButtons::ycbh() {
     txtB0->hide();
 }
 
+QString CodeButtons::chosenCode() const {
+    const QString text = lblBx_[0]->text();
+    const qsizetype from = text.indexOf(u'：') + 1;
+    const QString code = text.mid(from, text.indexOf(u'\n') - from);
+    return code.isEmpty() ? u"v"_s : code;
+}
+
 void CodeButtons::buttonClicked(int index) {
     const QString code = codes_.at(static_cast<std::size_t>(index)).code;
     const Recordset row =

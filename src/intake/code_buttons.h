@@ -27,6 +27,8 @@ class CodeButtons : public QObject {
     void bhan();
     /// Hides the buttons and their texts.
     void ycbh();
+    /// The code that the page 图片转存 was filtered by last, "v" for all.
+    QString chosenCode() const;
 
   Q_SIGNALS:
     /// The grid was filtered by a code ("v": all) whose name is `name`; `total` records remain.

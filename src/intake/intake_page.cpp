@@ -3,6 +3,8 @@
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
 #include "intake/intake_texts.h"
+#include "intake/preview_parts.h"
+#include "intake/preview_parts.h"
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/desktop/data_control.h"
@@ -54,8 +56,8 @@ IntakePage::IntakePage(SharedControls& controls, FormState& state, HintLine& hin
 }
 
 void IntakePage::makeLabels() {
-    const auto make1 = [this](const QString& name, int left, int top, int width, int height) {
-        auto* label = make<QLabel>(controls_.sstFz->page(intakeTab), name);
+    const auto make1 = [this](const QString& name, int left, int top, int width, int height) -> QLabel* {
+        auto* label = make<ElidedLabel>(controls_.sstFz->page(intakeTab), name);
         label->setTextFormat(Qt::PlainText);
         controls_.sstFz->putOn(intakeTab, label, left, top, width, height);
         return label;
@@ -63,8 +65,9 @@ void IntakePage::makeLabels() {
     lblMk_ = make1(u"lblMk"_s, 5750, 735, 2400, 240);
     lblMk_->setText(u"目 标 数 据 库 表"_s);
     lblJl_ = make1(u"lblJl"_s, 5435, 4880, 3750, 270);
-    infoLines_ = {make1(u"lbl11"_s, 5435, 5175, 1245, 225), make1(u"lbl12"_s, 555, 6480, 2250, 225),
-                  make1(u"lbl13"_s, 2820, 6480, 1020, 225), make1(u"lbl14"_s, 3855, 6480, 1155, 225)};
+    infoLines_ = {make1(u"lbl11"_s, 5435, 5175, 1245, 225), make1(u"lbl12"_s, 555, 6480, 4500, 225),
+                  make1(u"lbl13"_s, 555, 6225, 2100, 225), make1(u"lbl14"_s, 2700, 6225, 2400, 225)};
+    controls_.lbl12 = infoLines_[1];
 }
 
 void IntakePage::makeGroups() {
@@ -111,8 +114,7 @@ void IntakePage::makeButtons() {
 
 void IntakePage::connectControls() {
     const auto run = [this](auto slot) { return guarded(controls_.form, [this, slot] { (this->*slot)(); }); };
-    browser_.mode = [this] { return mode(); };
-    browser_.filesMayBePicked = [this] { return filesMayBePicked(); };
+    browser_.serve(intakeTab, {[this] { return mode(); }, [this] { return filesMayBePicked(); }});
     connect(&browser_, &BrowserPanel::laidOut, this, run(&IntakePage::arrange));
     connect(&browser_, &BrowserPanel::filesListed, this, run(&IntakePage::listFiles));
     connect(&browser_, &BrowserPanel::filesRead, this, run(&IntakePage::filesRead));
@@ -125,6 +127,7 @@ void IntakePage::connectControls() {
     connect(&mapping_, &MappingPanel::otherEnterClicked, this, run(&IntakePage::cmdLrClick));
     connect(cmdQ1_, &QPushButton::clicked, this, run(&IntakePage::cmdQ1Click));
     mapping_.replaces = [this] { return replaces(); };
+    mapping_.targetIsFit = [this] { return targetIsFit(); };
     connect(database_.get(), &DatabaseIntake::targetShown, this, run(&IntakePage::showAlbumCount));
     connect(&codeButtons_, &CodeButtons::filtered, this, [this](const QString& code, const QString& name, int total) {
         lblJl_->setText(u"编号=["_s + code + u"]("_s + name + u") 共有"_s + QString::number(total) + u"张"_s);
@@ -158,6 +161,7 @@ void IntakePage::enter() {
     showFileCount();
     state_.currentFolder = browser_.dir1()->Path();
     infoLines_[0]->clear();
+    controls_.sstFz->putOn(intakeTab, controls_.lbl12, 555, 6480, 4500, 225);
     hints_.czts(1);
     controls_.sstFz->putOn(intakeTab, cmdQ1_, buttonLeft, topOf(cmdLr_) + TabControl::stripHeight + buttonPitch);
     controls_.sstFz->putOn(intakeTab, preview_.cmdCk(0), recordButtonLeft, 990);
@@ -177,13 +181,13 @@ void IntakePage::raiseControls() {
 }
 
 void IntakePage::albumChosen() {
+    if (mapping_.sourceDatabase().isOpen()) database_->giveUp();
     const bool demo = isDemo(state_.albumTable);
     fraLy_->setEnabled(!demo);
     if (demo) takesNoPictures();
     if (filesWait_) cmdLr_->setEnabled(state_.selectedFileCount >= 1);
     filesWait_ = false;
     preview_.allowOpening(0, true);
-    if (mapping_.sourceDatabase().isOpen()) database_->giveUp();
 
     state_.sourceTable.clear();
     state_.targetDatabasePath = mekTp::cataloguePath();
@@ -245,6 +249,7 @@ void IntakePage::arrange() {
 }
 
 void IntakePage::listFiles() {
+    if (!inFront()) return;
     if (browser_.fil1()->isEnabled() && browser_.fil1()->ListCount() >= 2)
         for (QPushButton* button : {cmdQ1_, cmdQx_}) button->setEnabled(true);
     showFileCount();
@@ -252,6 +257,7 @@ void IntakePage::listFiles() {
 }
 
 void IntakePage::filesRead() {
+    if (!inFront()) return;
     showFileCount();
     if (filesMayBePicked()) chooseFilesAnew();
 }

@@ -10,6 +10,13 @@ void PathLabel::paintEvent(QPaintEvent*) {
     painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextWrapAnywhere, text());
 }
 
+void ElidedLabel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
+    painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextSingleLine, shown);
+}
+
 void NarrowCheckBox::paintEvent(QPaintEvent*) {
     constexpr int gap = 4;
     QPainter painter(this);

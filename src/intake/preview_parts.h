@@ -12,6 +12,15 @@ class PathLabel : public QLabel {
     void paintEvent(QPaintEvent* event) override;
 };
 
+/// A line of text of which the middle is left out where it is too long, as for the path of a file.
+class ElidedLabel : public QLabel {
+  public:
+    using QLabel::QLabel;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
 /// A check box whose caption breaks beside its mark when the box is narrow.
 class NarrowCheckBox : public QCheckBox {
   public:

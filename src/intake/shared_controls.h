@@ -19,6 +19,7 @@ struct SharedControls {
     QComboBox* cboBm = nullptr;
     QLabel* lblXc = nullptr;
     QLabel* lbl1 = nullptr;
+    QLabel* lbl12 = nullptr;
     Grid* msgBm = nullptr;
     DataControl* datBj = nullptr;
     ListBox* lstBh = nullptr;

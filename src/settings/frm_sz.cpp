@@ -15,7 +15,6 @@
 #include "settings/album_lines.h"
 #include "settings/editing_page.h"
 #include "settings/tab_strip.h"
-#include "settings/transfer_page.h"
 
 #include <QGroupBox>
 #include <QLineEdit>
@@ -37,10 +36,11 @@ constexpr int chooserHeight = 285;
 const QColor hintColor(0, 0, 192);
 const QColor captionHintColor(255, 0, 0);
 
-/// The intake page among the pages of the frame.
-class IntakeTabPage : public SettingsPage {
+/// A page of the room below among the pages of the frame.
+template <typename Page>
+class TabPage : public SettingsPage {
   public:
-    explicit IntakeTabPage(IntakePage& page) : page_(page) {}
+    explicit TabPage(Page& page) : page_(page) {}
     void enter() override { page_.enter(); }
     void albumChosen() override { page_.albumChosen(); }
     void albumLost() override { page_.albumLost(); }
@@ -48,7 +48,7 @@ class IntakeTabPage : public SettingsPage {
     void recordChanged() override { page_.recordChanged(); }
 
   private:
-    IntakePage& page_;
+    Page& page_;
 };
 
 }  // namespace
@@ -66,12 +66,14 @@ frmSz::frmSz(Windows& windows, QWidget* parent) : QWidget(parent), windows_(wind
     codeButtons_ = std::make_unique<CodeButtons>(shared_, state_);
     preview_ = std::make_unique<PreviewPanel>(shared_, state_);
     intake_ = std::make_unique<IntakePage>(shared_, state_, *hints_, *browser_, *mapping_, *codeButtons_, *preview_);
+    transfer_ =
+        std::make_unique<TransferPage>(shared_, state_, *hints_, *browser_, *mapping_, *codeButtons_, *preview_);
 
     auto setup = std::make_unique<SetupPage>(shared_, state_, *hints_, *preview_);
     setup_ = setup.get();
-    pages_ = {std::move(setup), std::make_unique<IntakeTabPage>(*intake_),
+    pages_ = {std::move(setup), std::make_unique<TabPage<IntakePage>>(*intake_),
               std::make_unique<EditingPage>(shared_, state_, *hints_, *preview_),
-              std::make_unique<TransferPage>(shared_, state_, *hints_, *codeButtons_)};
+              std::make_unique<TabPage<TransferPage>>(*transfer_)};
 
     load();
     connectEvents();
@@ -170,6 +172,10 @@ void frmSz::sstFzClick() {
     if (!browser_->picMl()->isHidden()) attempt([&] { browser_->cmdMxClick(); });
     if (preview_->isOpen()) attempt([&] { preview_->cmdCgClick(); });
     shared_.datBj->setDatabaseName(mekTp::cataloguePath());
+    // A page that was left in the middle of its work may have locked them.
+    shared_.cboBm->setEnabled(true);
+    shared_.msgBm->setEnabled(true);
+    shared_.lstSu->setEnabled(true);
     if (!albumIsChosen()) shared_.msgBm->Clear();
 
     placeSharedControls();

@@ -8,6 +8,7 @@
 #include "intake/mapping_panel.h"
 #include "intake/preview_panel.h"
 #include "intake/shared_controls.h"
+#include "intake/transfer_page.h"
 #include "settings/page_layout.h"
 #include "settings/settings_page.h"
 #include "settings/setup_page.h"
@@ -62,6 +63,7 @@ class frmSz : public QWidget {
     std::unique_ptr<CodeButtons> codeButtons_;
     std::unique_ptr<PreviewPanel> preview_;
     std::unique_ptr<IntakePage> intake_;
+    std::unique_ptr<TransferPage> transfer_;
     SetupPage* setup_ = nullptr;
     std::array<std::unique_ptr<SettingsPage>, 4> pages_;
     bool warning_ = false;  ///< The box that warns before unfinished work is lost stands open.

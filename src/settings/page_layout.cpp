@@ -35,7 +35,7 @@ const PageLayout& layoutOf(SettingsTab tab) {
                    .innerFrame = {0, 255, 0},
                    .grid = {200, 1130, 4800, 5320},
                    .gridHeadings = pictureHeadings,
-                   .chooser = PageLayout::Chooser{{240, 790}, u"来源图册："_s, {1100, 720}, 3900},
+                   .chooser = PageLayout::Chooser{{240, 790}, u"来源图册："_s, {1100, 720}, 1950},
                    .codesLabel = QPoint{7830, 930}},
     };
     return layouts.at(static_cast<std::size_t>(tab));

@@ -25,8 +25,8 @@ class Bench {
         controls.lblTs = make<QLabel>(&form, u"lblTs"_s);
         form.resize(640, 480);
         panel = std::make_unique<BrowserPanel>(controls, state, hints());
-        panel->mode = [mode] { return mode; };
         const bool onIntake = mode == BrowseMode::pictureFiles || mode == BrowseMode::sourceDatabase;
+        panel->serve(onIntake ? 1 : 3, {[mode] { return mode; }, [onIntake] { return !onIntake; }});
         controls.sstFz->setCurrentIndex(onIntake ? 1 : 3);
         panel->showOn(onIntake ? 1 : 3, 170, 720);
         panel->mlcl();

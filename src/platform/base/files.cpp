@@ -5,6 +5,15 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <cerrno>
+#include <cstring>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#elif defined(Q_OS_WIN)
+#include <io.h>
+#endif
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -19,6 +28,11 @@ QFileInfo existingFile(const QString& path) {
     QFileInfo info(path);
     if (!info.isFile()) throw Error(u"文件“%1”不存在。"_s.arg(path));
     return info;
+}
+
+[[noreturn]] void failToSync(const QString& path) {
+    const QString reason = QString::fromLocal8Bit(std::strerror(errno));
+    throw Error(u"“%1”没有写到磁盘上：%2"_s.arg(QDir::toNativeSeparators(path), reason));
 }
 
 }  // namespace
@@ -68,4 +82,28 @@ void MkDir(const QString& path) {
 void RmDir(const QString& path) {
     if (!folderExists(path)) throw Error(u"文件夹“%1”不存在。"_s.arg(path));
     if (!QDir().rmdir(path)) throw Error(u"文件夹“%1”不能删除：它不是空的，或没有权限。"_s.arg(path));
+}
+
+void syncToDisk(QFile& file) {
+    if (!file.flush()) throw Error(u"文件“%1”不能写入：%2"_s.arg(file.fileName(), file.errorString()));
+#ifdef Q_OS_UNIX
+    if (fsync(file.handle()) != 0) failToSync(file.fileName());
+#elif defined(Q_OS_WIN)
+    if (_commit(file.handle()) != 0) failToSync(file.fileName());
+#endif
+}
+
+void syncFolderToDisk(const QString& path) {
+#ifdef Q_OS_UNIX
+    const int folder = open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0) failToSync(path);
+    const int code = fsync(folder);
+    const int reason = errno;
+    close(folder);
+    errno = reason;
+    // Some file systems keep their folders on the disk by themselves and refuse to be asked.
+    if (code != 0 && reason != EINVAL && reason != ENOTSUP) failToSync(path);
+#else
+    Q_UNUSED(path);
+#endif
 }

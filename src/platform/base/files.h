@@ -3,6 +3,8 @@
 #include <QDateTime>
 #include <QString>
 
+class QFile;
+
 /// Files and folders. All functions throw `Error` that names the path, unless they say otherwise.
 
 /// The folder of the executable, where the program's own files stand.
@@ -20,3 +22,7 @@ bool folderExists(const QString& path);       ///< Does not throw.
 void Kill(const QString& path);
 void MkDir(const QString& path);
 void RmDir(const QString& path);  ///< Only an empty folder.
+
+/// Waits until what was written to an open file, or until the names in a folder, are on the disk.
+void syncToDisk(QFile& file);
+void syncFolderToDisk(const QString& path);

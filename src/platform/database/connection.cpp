@@ -87,7 +87,7 @@ std::shared_ptr<Connection> Connection::open(const QString& path) {
 
     const std::shared_ptr<Connection> connection(new Connection(path, openFlags(path)));
     connection->configure();
-    if (connection->number(u"PRAGMA application_id"_s) == applicationId) connection->takeForOurs();
+    if (connection->isOurs()) connection->takeForOurs();
     openConnections().push_back(connection);
     return connection;
 }
@@ -130,6 +130,10 @@ void Connection::configure() {
     run(u"PRAGMA synchronous = FULL"_s);
     run(u"PRAGMA secure_delete = OFF"_s);
     run(u"SELECT count(*) FROM sqlite_schema"_s);  // the first look into the file: throws when it is damaged
+}
+
+bool Connection::isOurs() {
+    return !isForeign() && number(u"PRAGMA application_id"_s) == applicationId;
 }
 
 /// Settings that stay with the file: another program's file keeps its own.

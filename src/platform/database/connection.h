@@ -22,6 +22,7 @@ class Connection {
     /// The file that the engine reads: another one than `path` for a foreign database.
     const QString& engineFile() const { return foreign_ ? foreign_->file() : path_; }
     bool isForeign() const { return foreign_ != nullptr; }
+    bool isOurs();  ///< Made by this program.
     /// Throws for a foreign database.
     void requireOurs() const;
     /// Whether the file at `path` has been replaced, or a foreign one changed, since it was opened.

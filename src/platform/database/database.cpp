@@ -64,6 +64,10 @@ bool Database::isForeign() const {
     return required(connection_).isForeign();
 }
 
+bool Database::isOurs() const {
+    return required(connection_).isOurs();
+}
+
 Recordset Database::OpenRecordset(const QString& source) const {
     required(connection_);
     return Recordset(std::make_unique<RecordsetState>(connection_, source));

@@ -21,6 +21,8 @@ class Database {
     /// Whether the file is a Jet database. It can only be read: `Edit`, `AddNew`, `Delete`, `Execute` and transactions
     /// throw an `Error` that says so.
     bool isForeign() const;
+    /// Whether the file was made by this program.
+    bool isOurs() const;
 
     /// `source` is a table's name or a SELECT. The texts may use what the engine's dialect offers: bracketed names,
     /// date literals between hash signs, InStr, IsNull, Left, LCase, DateValue. Text comparison ignores the case of

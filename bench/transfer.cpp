@@ -1,0 +1,114 @@
+// Times how pictures leave an album, against a plain copy of files of the same length. Run by hand:
+// bench_transfer [pictures] [folder]
+
+#include "../tests/support/sample_catalogue.h"
+#include "catalogue/album_rules.h"
+#include "catalogue/mektp.h"
+#include "intake/transfer_run.h"
+#include "timing.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <cstdio>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr qsizetype pictureBytesCount = 4000000;
+constexpr int rounds = 5;
+
+QStringList fillAlbum(int count) {
+    QByteArray picture = pictureBytes({400, 300}, Qt::darkGreen);
+    picture.append(QByteArray(pictureBytesCount - picture.size(), 'x'));
+    QStringList numbers;
+    mekTp::catalogue.Execute(u"DELETE FROM [tc01]"_s);
+    Transaction together(mekTp::catalogue);
+    Recordset album = mekTp::catalogue.OpenRecordset(u"tc01"_s);
+    for (int i = 1; i <= count; ++i) {
+        album.AddNew();
+        album.Fields(u"序号"_s).SetValue(i);
+        album.Fields(u"编号"_s).SetValue(u"a"_s);
+        album.Fields(u"图片"_s).SetValue(picture);
+        album.Update();
+        numbers << QString::number(i);
+    }
+    together.commit();
+    return numbers;
+}
+
+void requireDone(const NotDone& notDone) {
+    if (notDone.isEmpty()) return;
+    std::fprintf(stderr, "%s\n", qPrintable(notDone.text(u"%1"_s)));
+    std::exit(1);
+}
+
+FieldMapping wholeMapping() {
+    FieldMapping mapping;
+    for (const QString& field : {u"序号"_s, u"编号"_s, u"大小"_s, u"规格"_s, u"日期"_s, u"图片"_s, u"备注"_s})
+        mapping.push_back({field, field});
+    return mapping;
+}
+
+/// A folder for one round, made and removed outside of the time.
+class Round {
+  public:
+    explicit Round(const QString& parent) : folder_(parent + u"/transfer-XXXXXX"_s) {}
+    QString path() const { return folder_.path(); }
+
+  private:
+    QTemporaryDir folder_;
+};
+
+double milliseconds(const std::function<void()>& work) {
+    return medianMilliseconds(1, work);
+}
+
+double median(std::vector<double> times) {
+    std::ranges::sort(times);
+    return times[times.size() / 2];
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    const int count = argc > 1 ? std::max(1, std::atoi(argv[1])) : 200;
+    const QString parent = argc > 2 ? QString::fromLocal8Bit(argv[2]) : QDir::tempPath();
+    const SampleCatalogue catalogue;
+    const QStringList numbers = fillAlbum(count);
+    const Round files(parent);
+    requireDone(transferToFiles(u"tc01"_s, numbers, files.path(), [](int) {}));
+
+    // The ways take turns, so that all meet the same moods of the machine.
+    std::vector<double> plain, folder, table;
+    for (int i = 0; i < rounds; ++i) {
+        {
+            const Round round(parent);
+            plain.push_back(milliseconds([&] {
+                QProcess::execute(u"cp"_s, {u"-r"_s, files.path(), round.path() + u"/copy"_s});
+                QProcess::execute(u"sync"_s, {});
+            }));
+        }
+        {
+            const Round round(parent);
+            folder.push_back(
+                milliseconds([&] { requireDone(transferToFiles(u"tc01"_s, numbers, round.path(), [](int) {})); }));
+        }
+        {
+            const Round round(parent);
+            Database other = createDatabase(round.path() + u"/other.mdb"_s);
+            other.Execute(createAlbumSql(u"tc01"_s));
+            const TransferTarget target{other, u"tc01"_s, wholeMapping()};
+            table.push_back(
+                milliseconds([&] { requireDone(transferToTable(u"tc01"_s, numbers, target, false, [](int) {})); }));
+        }
+    }
+    std::printf("%d pictures of %.0f MB\n", count, double(pictureBytesCount) / 1e6);
+    const double base = median(plain);
+    std::printf("  cp and sync         %9.1f ms\n", base);
+    std::printf("  to a folder         %9.1f ms  %5.2f times\n", median(folder), median(folder) / base);
+    std::printf("  to another catalogue%9.1f ms  %5.2f times\n", median(table), median(table) / base);
+}

@@ -1,0 +1,72 @@
+#include "intake/picture_export.h"
+
+#include "catalogue/picture_field.h"
+#include "intake/transfer_rules.h"
+#include "platform/base/error.h"
+#include "platform/base/files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// A file beside the place that a picture is to have. It goes with the object unless it was renamed.
+class ScratchFile {
+  public:
+    explicit ScratchFile(const QString& folder) : folder_(folder) {
+        // One that stands there already may be somebody's own.
+        for (int i = 0; QFileInfo::exists(nameOf(i)); ++i) file_.setFileName(nameOf(i + 1));
+        if (file_.fileName().isEmpty()) file_.setFileName(nameOf(0));
+        if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) fail();
+    }
+    ~ScratchFile() {
+        if (!file_.fileName().isEmpty()) file_.remove();
+    }
+    ScratchFile(const ScratchFile&) = delete;
+    ScratchFile& operator=(const ScratchFile&) = delete;
+
+    void write(const QByteArray& bytes) {
+        if (file_.write(bytes) != bytes.size()) fail();
+    }
+
+    /// False when the name is taken.
+    bool rename(const QString& name) {
+        syncToDisk(file_);
+        file_.close();
+        if (QFile::rename(file_.fileName(), name)) {
+            file_.setFileName({});
+            return true;
+        }
+        if (QFileInfo::exists(name)) return false;
+        throw Error(u"文件“%1”不能建立"_s.arg(QDir::toNativeSeparators(name)));
+    }
+
+  private:
+    QString nameOf(int attempt) const {
+        return joinedPath(folder_, attempt == 0 ? u"ls.tmp"_s : u"ls%1.tmp"_s.arg(attempt));
+    }
+    [[noreturn]] void fail() {
+        throw Error(u"文件夹“%1”不能写入（%2）"_s.arg(QDir::toNativeSeparators(folder_), file_.errorString()));
+    }
+
+    QString folder_;
+    QFile file_;
+};
+
+}  // namespace
+
+// Writes the picture of the current record to a file.
+Exported dctb(Recordset& recordset, QString& name) {
+    name = withJpgEnding(name);
+    const Field picture = recordset.Fields(u"图片"_s);
+    const qint64 size = picture.FieldSize();
+    if (size == 0) return Exported::noPicture;
+    if (QFileInfo::exists(name) || QFileInfo(name).isSymLink()) return Exported::nameTaken;
+    ScratchFile scratch(QFileInfo(name).path());
+    for (qint64 offset = 0; offset < size; offset += pictureChunk)
+        scratch.write(picture.GetChunk(offset, pictureChunk));
+    return scratch.rename(name) ? Exported::written : Exported::nameTaken;
+}

@@ -1,0 +1,338 @@
+#include "intake/transfer_page.h"
+
+#include "catalogue/album_rules.h"
+#include "catalogue/mektp.h"
+#include "intake/preview_parts.h"
+#include "intake/settings_tab.h"
+#include "platform/base/error.h"
+#include "platform/desktop/busy.h"
+#include "platform/desktop/data_control.h"
+#include "platform/desktop/grid.h"
+#include "platform/desktop/list_box.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/placing.h"
+#include "platform/desktop/surface.h"
+#include "platform/desktop/tab_control.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int listLeft = 5500, listWidth = 1950;
+constexpr int infoLeft = 5235, infoWidth = 4110;
+constexpr int usualColumns = 5;
+
+const QString chooseAll = u"本像册全部选中"_s;
+const QString dropAll = u"撤消全部选中"_s;
+const QString chooseShown = u"下表选中"_s;
+const QString dropShown = u"撤消选中"_s;
+
+}  // namespace
+
+TransferPage::TransferPage(SharedControls& controls, FormState& state, HintLine& hints, BrowserPanel& browser,
+                           MappingPanel& mapping, CodeButtons& codeButtons, PreviewPanel& preview)
+    : controls_(controls),
+      state_(state),
+      hints_(hints),
+      browser_(browser),
+      mapping_(mapping),
+      codeButtons_(codeButtons),
+      preview_(preview),
+      names_(controls) {
+    makeLabels();
+    makeTargetGroup();
+    makeButtons();
+    connectControls();
+    connectPanels();
+}
+
+void TransferPage::makeLabels() {
+    QWidget* page = controls_.sstFz->page(transferTab);
+    const auto put = [&](QLabel* label, int left, int top, int width, int height) {
+        label->setTextFormat(Qt::PlainText);
+        label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        controls_.sstFz->putOn(transferTab, label, left, top, width, height);
+        return label;
+    };
+    lblJs_ = put(make<QLabel>(page, u"lblJs"_s), 240, 6465, 4700, 225);
+    lblY0_ = put(make<QLabel>(page, u"lblY0"_s), 5535, 720, listWidth, 225);
+    lbl5_ = put(make<QLabel>(page, u"lbl5"_s), 5535, 945, listWidth, 225);
+    lbl6_ = put(make<ElidedLabel>(page, u"lbl6"_s), infoLeft, 4815, infoWidth, 225);
+    lblLj_ = put(make<ElidedLabel>(page, u"lblLj"_s), infoLeft, 4850, infoWidth, 225);
+    lbl3_ = put(make<QLabel>(page, u"lbl3"_s), infoLeft, 5100, infoWidth, 450);
+}
+
+void TransferPage::makeTargetGroup() {
+    fraMb_ = make<QGroupBox>(controls_.sstFz->page(transferTab), u"fraMb"_s, u"数据转存目标"_s);
+    controls_.sstFz->putOn(transferTab, fraMb_, listLeft, 3840, listWidth, 945);
+    const QString captions[] = {u"存入文件夹"_s, u"存入数据库"_s};
+    for (int i = 0; i < 2; ++i) {
+        auto* option = make<QRadioButton>(fraMb_, element(u"optMb"_s, i), captions[i]);
+        place(option, 240, 270 + i * 315, 1500, 300);
+        connect(option, &QRadioButton::clicked, this, guarded(controls_.form, [this, i] { optMbClick(i); }));
+        optMb_[static_cast<std::size_t>(i)] = option;
+    }
+    fraMb_->setEnabled(false);
+}
+
+void TransferPage::makeButtons() {
+    TabControl* sstFz = controls_.sstFz;
+    QWidget* page = sstFz->page(transferTab);
+    const auto button = [&](const QString& name, const QString& caption, int left, int top, int width, int height) {
+        auto* made = make<QPushButton>(page, name, caption);
+        sstFz->putOn(transferTab, made, left, top, width, height);
+        made->setEnabled(false);
+        return made;
+    };
+    constexpr int firstRow = 5940, secondRow = 6330, height = 330;
+    cmdQb_ = button(u"cmdQb"_s, chooseAll, 3105, 705, 1365, 315);
+    cmdXb_ = button(u"cmdXb"_s, chooseShown, 4500, 705, 930, 315);
+    cmdFz_ = button(u"cmdFz"_s, u"复 制"_s, infoLeft, firstRow, 915, height);
+    cmdYd_ = button(u"cmdYd"_s, u"移 动"_s, 6210, firstRow, 915, height);
+    cmdWj_ = button(u"cmdWj"_s, u"按默认文件名转成文件"_s, 7185, firstRow, 2160, height);
+    cmdQq_ = button(u"cmdQq"_s, u"撤 消"_s, 8430, secondRow, 915, height);
+    sstFz->putOn(transferTab, preview_.makeOpener(3, page), 7185, secondRow, 1185, height);
+    preview_.cmdCk(3)->setEnabled(false);
+    prg3_ = make<QProgressBar>(page, u"prg3"_s);
+    prg3_->setRange(0, 100);
+    prg3_->hide();
+}
+
+void TransferPage::connectControls() {
+    const auto run = [this](auto slot) { return guarded(controls_.form, [this, slot] { (this->*slot)(); }); };
+    connect(cmdQb_, &QPushButton::clicked, this, run(&TransferPage::cmdQbClick));
+    connect(cmdXb_, &QPushButton::clicked, this, run(&TransferPage::cmdXbClick));
+    connect(cmdFz_, &QPushButton::clicked, this, run(&TransferPage::cmdFzClick));
+    connect(cmdYd_, &QPushButton::clicked, this, run(&TransferPage::cmdYdClick));
+    connect(cmdWj_, &QPushButton::clicked, this, run(&TransferPage::cmdWjClick));
+    connect(cmdQq_, &QPushButton::clicked, this, run(&TransferPage::cmdQqClick));
+    connect(controls_.lstSu, &ListBox::lineClicked, this, guarded(controls_.form, [this](int line) {
+                if (inFront()) lstSuClick(line);
+            }));
+    connect(&names_, &NameDialog::confirmed, this,
+            guarded(controls_.form, [this] { fzyd(operationText(cmdFz_->text() != u"已复制"_s)); }));
+    connect(&names_, &NameDialog::cancelled, this, run(&TransferPage::nameCancelled));
+}
+
+/// The panels serve other pages too: this one listens while it is in front.
+void TransferPage::connectPanels() {
+    const auto here = [this](auto slot) {
+        return guarded(controls_.form, [this, slot](const auto&... arguments) {
+            if (!inFront()) return;
+            if constexpr (std::is_invocable_v<decltype(slot), TransferPage*, decltype(arguments)...>)
+                std::invoke(slot, this, arguments...);
+            else
+                std::invoke(slot, this);
+        });
+    };
+    browser_.serve(transferTab, {[this] { return toFolder() ? BrowseMode::targetFolder : BrowseMode::targetDatabase; },
+                                 [] { return true; }});
+    connect(&browser_, &BrowserPanel::targetCleared, this, guarded(controls_.form, [this] { xzfy(); }));
+    connect(&browser_, &BrowserPanel::folderChanged, this, here(&TransferPage::folderChanged));
+    connect(&browser_, &BrowserPanel::fileClicked, this, here(&TransferPage::fileClicked));
+    connect(&browser_, &BrowserPanel::confirmed, this, here(&TransferPage::folderConfirmed));
+    connect(&mapping_, &MappingPanel::tableChosen, this, here(&TransferPage::tableChosen));
+    connect(&mapping_, &MappingPanel::indexChosen, this, here(&TransferPage::indexChosen));
+    connect(&mapping_, &MappingPanel::mapped, this, guarded(controls_.form, [this] {
+        if (!inFront()) return;
+        cmdFz_->setEnabled(true);
+        cmdYd_->setEnabled(true);
+    }));
+    connect(&mapping_, &MappingPanel::closed, this, here(&TransferPage::mappingClosed));
+    connect(&codeButtons_, &CodeButtons::filtered, this,
+            guarded(controls_.form, [this](const QString& code, const QString&, int total) {
+                if (inFront()) filtered(code, total);
+            }));
+}
+
+bool TransferPage::inFront() const {
+    return controls_.sstFz->currentIndex() == transferTab;
+}
+
+QStringList TransferPage::lines() const {
+    QStringList all;
+    for (int i = 0; i < controls_.lstSu->ListCount(); ++i) all << controls_.lstSu->List(i);
+    return all;
+}
+
+void TransferPage::enter() {
+    hints_.czts(2);
+    ListBox* lstSu = controls_.lstSu;
+    controls_.sstFz->putOn(transferTab, lstSu, listLeft, 1180, listWidth, 2600);
+    lstSu->show();
+    startAnew();
+    for (QPushButton* button : {cmdQb_, cmdXb_}) button->setEnabled(false);
+    lblJs_->clear();
+    lblY0_->clear();
+}
+
+/// Nothing is chosen and nothing was begun.
+void TransferPage::startAnew() {
+    names_.close();
+    setNaming(false);
+    prg3_->hide();
+    browser_.picMl()->hide();
+    controls_.lstSu->clear();
+    fitColumns();
+    lbl5_->clear();
+    resetCaptions();
+    cmdFz_->setText(u"复 制"_s);
+    cmdYd_->setText(u"移 动"_s);
+    cmdQq_->setEnabled(false);
+    xzfy();
+    enableRuns(false);
+    bsxz(true);
+    preview_.cmdCk(3)->setEnabled(false);
+    state_.pageFree = true;
+    state_.intakeStep = 0;
+}
+
+void TransferPage::resetCaptions() {
+    cmdQb_->setText(chooseAll);
+    cmdXb_->setText(chooseShown);
+}
+
+void TransferPage::albumChosen() {
+    startAnew();
+    state_.targetTable.clear();
+    state_.sourceDatabasePath = mekTp::cataloguePath();
+    state_.sourceTable = state_.albumTable;
+    showTotal();
+    codeButtons_.moveTo(7830, 1230, 4);
+    attempt([&] { codeButtons_.bhan(); });
+    codeButtons_.moveText(7770, 3470, 1185);
+    enableChoosing();
+    lblY0_->setText(u"源表："_s + state_.sourceTable);
+}
+
+void TransferPage::albumLost() {
+    startAnew();
+    for (QPushButton* button : {cmdQb_, cmdXb_}) button->setEnabled(false);
+    lblJs_->clear();
+    lblY0_->clear();
+}
+
+void TransferPage::showTotal() {
+    lblJs_->setText(countLine(titleOfLine(controls_.cboBm->currentText()), controls_.datBj->total()));
+}
+
+void TransferPage::filtered(const QString& code, int total) {
+    lblJs_->setText(countLine(titleOfLine(controls_.cboBm->currentText()), code, total));
+    cmdXb_->setEnabled(true);
+}
+
+void TransferPage::rowClicked() {
+    const Variant number = controls_.datBj->Recordset().Fields(u"序号"_s).Value();
+    if (number.isNull()) {
+        say(controls_.form, u"这条记录没有序号，不能选择。"_s);
+        return;
+    }
+    if (lines().contains(number.toText())) {
+        say(controls_.form, u"选择的图片重复！"_s);
+        return;
+    }
+    controls_.lstSu->AddItem(number.toText());
+    state_.intakeStep = 1;
+    cmdQq_->setEnabled(true);
+    linesChanged();
+    preview_.allowOpening(3, true);
+}
+
+void TransferPage::recordChanged() {
+    if (!inFront() || !preview_.isOpen()) return;
+    state_.previewMark = u"s"_s;
+    preview_.chkCkClick();
+}
+
+/// A click on a chosen number drops it.
+void TransferPage::lstSuClick(int line) {
+    delete controls_.lstSu->takeItem(line);
+    if (controls_.lstSu->ListCount() == 0) {
+        nothingChosen();
+        return;
+    }
+    state_.intakeStep = 1;
+    linesChanged();
+}
+
+void TransferPage::cmdQbClick() {
+    if (controls_.cboBm->currentText().isEmpty()) return;
+    const Hourglass hourglass;
+    if (cmdQb_->text() == dropAll) {
+        controls_.lstSu->clear();
+        nothingChosen();
+        return;
+    }
+    addNumbers(u"SELECT * FROM "_s + state_.sourceTable + u" ORDER BY [序号]"_s);
+    cmdQb_->setText(dropAll);
+    enableChoosing();
+}
+
+void TransferPage::cmdXbClick() {
+    if (controls_.cboBm->currentText().isEmpty()) return;
+    const Hourglass hourglass;
+    controls_.lstSu->clear();
+    if (cmdXb_->text() == dropShown) {
+        nothingChosen();
+        return;
+    }
+    const QString code = codeButtons_.chosenCode();
+    const QString filter = code == u"v"_s ? QString() : u" WHERE InStr(编号,"_s + quoted(code) + u") > 0"_s;
+    addNumbers(u"SELECT * FROM "_s + state_.sourceTable + filter + u" ORDER BY [序号]"_s);
+    cmdXb_->setText(dropShown);
+    enableChoosing();
+}
+
+void TransferPage::addNumbers(const QString& source) {
+    QStringList numbers;
+    for (Recordset records = mekTp::catalogue.OpenRecordset(source); !records.Eof(); records.MoveNext()) {
+        const Variant number = records.Fields(u"序号"_s).Value();
+        if (!number.isNull()) numbers << number.toText();
+    }
+    controls_.lstSu->addItems(numbers);
+    const bool any = controls_.lstSu->ListCount() > 0;
+    state_.intakeStep = any ? 1 : 0;
+    cmdQq_->setEnabled(true);
+    linesChanged();
+    preview_.allowOpening(3, any);
+}
+
+void TransferPage::linesChanged() {
+    const int count = controls_.lstSu->ListCount();
+    fitColumns();
+    lbl5_->setText(chosenText(count));
+    fraMb_->setEnabled(count > 0);
+    state_.pageFree = count == 0;
+}
+
+/// Five columns hold numbers of three digits; longer ones need more room.
+void TransferPage::fitColumns() {
+    ListBox* lstSu = controls_.lstSu;
+    int widest = 0;
+    for (int i = 0; i < lstSu->ListCount(); ++i) widest = std::max(widest, static_cast<int>(lstSu->List(i).size()));
+    const QFontMetrics font = lstSu->fontMetrics();
+    const int needed = font.horizontalAdvance(QString(widest, u'0')) + font.horizontalAdvance(u'0');
+    lstSu->setColumns(std::clamp(lstSu->viewport()->width() / std::max(needed, 1), 1, usualColumns));
+}
+
+/// The list has become empty by the user: whatever was begun with it is given up.
+void TransferPage::nothingChosen() {
+    startAnew();
+    linesChanged();
+    enableChoosing();
+    hints_.czts(2);
+}
+
+/// Each of the two buttons that choose many records waits until the other one has taken its choice back.
+void TransferPage::enableChoosing() {
+    cmdQb_->setEnabled(cmdXb_->text() != dropShown);
+    cmdXb_->setEnabled(cmdQb_->text() != dropAll);
+}

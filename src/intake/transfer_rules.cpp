@@ -1,0 +1,109 @@
+#include "intake/transfer_rules.h"
+
+#include "catalogue/album_rules.h"
+#include "intake/intake_texts.h"
+
+#include <QDir>
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString jpgEnding = u".jpg"_s;
+constexpr std::size_t reasonsInMessage = 6;
+
+QString withoutStop(QString text) {
+    if (text.endsWith(u'。')) text.chop(1);
+    return text;
+}
+
+}  // namespace
+
+QString operationText(bool move) {
+    return move ? u"移动"_s : u"复制"_s;
+}
+
+QString chosenText(int count) {
+    return u"已选中%1条"_s.arg(count);
+}
+
+QString defaultPictureName(const Variant& code, int number) {
+    const QString codes = code.textOr();
+    QString name = (codes.isEmpty() ? u"0"_s : codes).trimmed() + QString::number(number) + jpgEnding;
+    return name.replace(u'/', u'_').replace(QDir::separator(), u'_').replace(QChar(u'\0'), u'_');
+}
+
+QString completedPictureName(const QString& name) {
+    if (name.isEmpty() || name.right(jpgEnding.size()) == jpgEnding) return name;
+    return (name.contains(u'.') ? name.left(name.indexOf(u'.')) : name) + jpgEnding;
+}
+
+bool isUsableFileName(const QString& name) {
+    return name != jpgEnding && !name.contains(u'/') && !name.contains(QDir::separator()) &&
+           !name.contains(QChar(u'\0'));
+}
+
+QString withJpgEnding(const QString& name) {
+    return name.endsWith(jpgEnding) ? name : name + jpgEnding;
+}
+
+QString albumNameOfLine(const QString& line) {
+    return titleOfLine(line).trimmed();
+}
+
+QString nameQuestion(const QString& album, const QString& number, bool first) {
+    return u"输入图册《"_s + album + u"》中序号＝"_s + number + u" 的保存文件名"_s + (first ? u""_s : u"："_s);
+}
+
+QString countLine(const QString& album, int count) {
+    return album + u" 全部共："_s + QString::number(count) + u"条"_s;
+}
+
+QString countLine(const QString& album, const QString& code, int count) {
+    return album + u" 编号="_s + code + u" 共："_s + QString::number(count) + u"条"_s;
+}
+
+QString startQuestion(bool move) {
+    return u"开始"_s + operationText(move) + u"选中的图片记录吗？\n\n如果是，按“确定”；否则按“取消”。"_s;
+}
+
+QString toFilesQuestion() {
+    return u"要将本图册选中的图片转存成文件吗？\n\n（本操作并不影响原图册中的图片）\n\n"
+           "如果“是”，按《确定》；否则按《取消》。"_s;
+}
+
+QString copiedText(const QString& album, int count) {
+    return u"图册《"_s + album + u"》中的 "_s + QString::number(count) + u" 张图片已复制完成！"_s;
+}
+
+QString madeIntoFilesText(int count) {
+    return u"选定的图片已全部转换成文件，共%1条"_s.arg(count);
+}
+
+void NotDone::add(const QString& reason, const QString& what) {
+    const auto found = std::ranges::find(groups_, reason, &Group::reason);
+    if (found != groups_.end())
+        found->items << what;
+    else
+        groups_.push_back({reason, {what}});
+}
+
+int NotDone::count() const {
+    int all = 0;
+    for (const Group& group : groups_) all += static_cast<int>(group.items.size());
+    return all;
+}
+
+QString NotDone::text(const QString& heading) const {
+    QStringList lines;
+    QStringList others;
+    for (const Group& group : groups_) {
+        if (static_cast<std::size_t>(lines.size()) < reasonsInMessage)
+            lines << withoutStop(group.reason) + u"："_s + someOf(group.items);
+        else
+            others << group.items;
+    }
+    if (!others.isEmpty()) lines << u"其他原因："_s + someOf(others);
+    return heading.arg(count()) + u"\n\n"_s + lines.join(u'\n');
+}

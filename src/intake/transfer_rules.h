@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/database/variant.h"
+
+#include <QString>
+#include <QStringList>
+#include <vector>
+
+/// Names and texts of the page 图片转存.
+
+/// The way in which pictures leave an album: "复制" or "移动".
+QString operationText(bool move);
+
+QString chosenText(int count);
+
+/// Name of the file that a picture gets by default: 编号 ("0" where there is none), 序号 and ".jpg". A sign that would
+/// lead to another folder becomes "_".
+QString defaultPictureName(const Variant& code, int number);
+
+/// A name as the box for it completes it: it always ends in ".jpg". An empty one stays empty.
+QString completedPictureName(const QString& name);
+
+/// Whether a complete name stands for a file in the chosen folder and nowhere else.
+bool isUsableFileName(const QString& name);
+
+/// `name` with ".jpg" at its end, unless its last four characters are that.
+QString withJpgEnding(const QString& name);
+
+/// The album's title as the messages name it.
+QString albumNameOfLine(const QString& line);
+
+/// What the name dialog asks for; the first time without a colon.
+QString nameQuestion(const QString& album, const QString& number, bool first);
+
+QString countLine(const QString& album, int count);
+QString countLine(const QString& album, const QString& code, int count);
+
+QString startQuestion(bool move);
+QString toFilesQuestion();
+QString copiedText(const QString& album, int count);
+QString madeIntoFilesText(int count);
+
+/// What a transfer did not do, by reason.
+class NotDone {
+  public:
+    void add(const QString& reason, const QString& what);
+    bool isEmpty() const { return groups_.empty(); }
+    int count() const;
+    /// `heading` has "%1" for the count; then follows a line for each reason.
+    QString text(const QString& heading) const;
+
+  private:
+    struct Group {
+        QString reason;
+        QStringList items;
+    };
+    std::vector<Group> groups_;
+};

@@ -1,0 +1,259 @@
+// The target of the page 图片转存, a folder or a table of a catalogue, and the steps back.
+
+#include "catalogue/album_rules.h"
+#include "catalogue/mektp.h"
+#include "intake/intake_texts.h"
+#include "intake/settings_tab.h"
+#include "intake/transfer_page.h"
+#include "platform/base/error.h"
+#include "platform/desktop/busy.h"
+#include "platform/desktop/data_control.h"
+#include "platform/desktop/file_lists.h"
+#include "platform/desktop/grid.h"
+#include "platform/desktop/list_box.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/option_buttons.h"
+#include "platform/desktop/placing.h"
+#include "platform/desktop/surface.h"
+#include "platform/desktop/tab_control.h"
+#include "platform/desktop/text_box.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+constexpr int panelLeft = 170, panelTop = 720;
+constexpr int lineHeight = 225;
+
+void showLine(QLabel* line, const QString& text) {
+    line->setText(text);
+    line->setToolTip(text);
+    line->setVisible(!text.isEmpty());
+}
+}  // namespace
+
+bool TransferPage::toFolder() const {
+    return optMb_[0]->isChecked();
+}
+
+void TransferPage::optMbClick(int index) {
+    attempt([&] { browser_.dir1()->refresh(); });
+    browser_.mlcl();
+    for (QLabel* line : {lbl3_, lbl6_, lblLj_}) showLine(line, {});
+    browser_.showOn(transferTab, panelLeft, panelTop);
+    if (index == 1) {
+        controls_.lbl12->setText(u"“图片转录”只能在目标表后追加记录。"_s);
+        controls_.sstFz->putOn(transferTab, controls_.lbl12, 575, 6390, 4300, lineHeight);
+        controls_.lbl12->show();
+        controls_.lbl12->raise();
+    }
+    hints_.czts(index == 0 ? 4 : 3);
+    state_.intakeStep = index == 0 ? 2 : 12;
+    cmdQq_->setEnabled(true);
+    enableRuns(false);
+    preview_.cmdCk(3)->setEnabled(false);
+}
+
+// Clears the choice of the target.
+void TransferPage::xzfy() {
+    for (QLabel* line : {lbl3_, lbl6_, lblLj_}) showLine(line, {});
+    for (QRadioButton* option : optMb_) clearOption(option);
+}
+
+// Lets album and records be chosen, or not while a target is set.
+void TransferPage::bsxz(bool enabled) {
+    fraMb_->setEnabled(enabled && controls_.lstSu->ListCount() > 0);
+    controls_.cboBm->setEnabled(enabled);
+    controls_.msgBm->setEnabled(enabled);
+}
+
+void TransferPage::stand(QLabel* line, int top, int height) const {
+    controls_.sstFz->putOn(transferTab, line, leftOf(line), top, widthOf(line), height);
+}
+
+void TransferPage::enableRuns(bool on) {
+    for (QPushButton* button : {cmdWj_, cmdYd_, cmdFz_}) button->setEnabled(on);
+}
+
+void TransferPage::folderConfirmed() {
+    const QString folder = browser_.txtMl()->text();
+    if (!toFolder() || folder.isEmpty()) return;
+    stand(lblLj_, 4850, lineHeight);
+    showLine(lblLj_, u"目标文件夹路径："_s + folder);
+    stand(lbl3_, 5100, 2 * lineHeight);
+    showLine(lbl3_, u"默认文件名为：\n选定路径＋'\\'＋编号＋序号＋'.jpg' "_s);
+    hints_.show(u"操作提示：可根据需要选按各按钮进行图片文件的复制或移动。"_s);
+    enableRuns(true);
+    browser_.picMl()->hide();
+    bsxz(false);
+    state_.intakeStep = 4;
+}
+
+/// Another folder shows other databases.
+void TransferPage::folderChanged() {
+    if (toFolder() || !mapping_.sourceDatabase().isOpen()) return;
+    dropTarget();
+    enableRuns(false);
+}
+
+void TransferPage::fileClicked() {
+    if (toFolder()) return;
+    enableRuns(false);
+    if (state_.selectedFileCount == 0) {
+        dropTarget();
+        return;
+    }
+    const Hourglass hourglass;
+    try {
+        openTarget(state_.pickedFilePath);
+    } catch (const Error& error) {
+        refuseTarget(error.text());
+        return;
+    }
+    chooseTarget();
+    if (state_.selectedFileCount <= 1) return;
+    say(controls_.form, u"只能选择一个数据库！"_s, BoxIcon::information);
+    browser_.selectQuietly(false);
+}
+
+void TransferPage::chooseTarget() {
+    state_.targetDatabasePath = state_.pickedFilePath;
+    state_.targetTable.clear();
+    state_.sourceDatabasePath = mekTp::cataloguePath();
+    state_.sourceTable = state_.albumTable;
+    mapping_.chooseDatabase(u"请选择目标数据表"_s);
+    showLine(lbl6_, u"目标库："_s + QDir::toNativeSeparators(state_.targetDatabasePath));
+    for (QLabel* line : {lblLj_, lbl3_}) showLine(line, {});
+}
+
+void TransferPage::refuseTarget(const QString& reason) {
+    dropTarget();
+    say(controls_.form, reason);
+}
+
+void TransferPage::dropTarget() {
+    mapping_.undoDatabase();
+    state_.targetDatabasePath.clear();
+    for (QLabel* line : {lbl6_, lblLj_, lbl3_}) showLine(line, {});
+}
+
+void TransferPage::tableChosen(const QString& table) {
+    showLine(lbl3_, {});
+    if (const QString objection = objectionTo(table); !objection.isEmpty()) {
+        mapping_.undoTable();
+        showLine(lblLj_, {});
+        say(controls_.form, objection);
+        return;
+    }
+    stand(lblLj_, 5040, lineHeight);
+    showLine(lblLj_, u"目标表："_s + table);
+}
+
+/// Why a table can take no pictures; empty when it can.
+QString TransferPage::objectionTo(const QString& table) const {
+    if (isDemo(table)) return onlyForShow;
+    const Database target = openTarget(state_.targetDatabasePath);
+    TableShape shape;
+    if (!attempt([&] { shape = shapeOf(target, table); })) return u"目标库中没有数据表“%1”，请重新选择！"_s.arg(table);
+    return fieldNamed(shape, u"序号"_s) ? QString() : u"数据表“%1”没有序号，不能接受图片，请重新选择！"_s.arg(table);
+}
+
+void TransferPage::indexChosen(const QString& field) {
+    stand(lbl3_, 5265, lineHeight);
+    showLine(lbl3_, u"索引字段名："_s + field);
+}
+
+/// 关闭本框: the target is set.
+void TransferPage::mappingClosed() {
+    browser_.picMl()->hide();
+    controls_.lbl12->hide();
+    hints_.show(u"操作提示：接受图片的数据表已经设定，请按“按默认文件名转成文件”或“复制”或“移动”按钮进行相应操作。"_s);
+    bsxz(false);
+    state_.intakeStep = 16;
+}
+
+void TransferPage::cmdQqClick() {
+    mapping_.hideFieldList();
+    fraMb_->setEnabled(controls_.lstSu->ListCount() > 0);
+    switch (state_.intakeStep) {
+        case 1:
+            undoChoice();
+            break;
+        case 2:
+        case 12:
+            undoTarget();
+            break;
+        case 3:
+            browser_.setEcho({});
+            state_.intakeStep = 2;
+            hints_.czts(4);
+            break;
+        case 4:
+            undoFolder();
+            break;
+        case 5:
+            browser_.endNaming();
+            state_.intakeStep = 3;
+            hints_.czts(2);
+            break;
+        case 13:
+            dropTarget();
+            break;
+        case 14:
+            mapping_.undoTable();
+            for (QLabel* line : {lblLj_, lbl3_}) showLine(line, {});
+            break;
+        case 15:
+            undoMapping();
+            break;
+        case 16:
+            browser_.showOn(transferTab, panelLeft, panelTop);
+            controls_.lbl12->show();
+            controls_.lbl12->raise();
+            bsxz(true);
+            state_.intakeStep = 15;
+            hints_.czts(7);
+            break;
+        default:
+            break;
+    }
+}
+
+void TransferPage::undoChoice() {
+    controls_.lstSu->clear();
+    nothingChosen();
+}
+
+void TransferPage::undoTarget() {
+    browser_.picMl()->hide();
+    controls_.lbl12->hide();
+    for (QRadioButton* option : optMb_) clearOption(option);
+    preview_.allowOpening(3, true);
+    state_.intakeStep = 1;
+    hints_.czts(2);
+}
+
+void TransferPage::undoFolder() {
+    if (names_.isOpen()) nameCancelled();
+    browser_.cmdMxClick();
+    // The folder is still the one that pictures are to go to.
+    optMb_[0]->setChecked(true);
+    browser_.showOn(transferTab, panelLeft, panelTop);
+    bsxz(true);
+    enableRuns(false);
+    state_.pageFree = controls_.lstSu->ListCount() == 0;
+    state_.intakeStep = 3;
+    hints_.czts(4);
+}
+
+void TransferPage::undoMapping() {
+    enableRuns(false);
+    preview_.cmdCk(3)->setEnabled(false);
+    mapping_.undoMapping();
+    showLine(lbl3_, {});
+}

@@ -1,0 +1,244 @@
+#include "../platform/database/full_disk.h"
+#include "../support/run_all.h"
+#include "intake/transfer_run.h"
+#include "platform/base/error.h"
+#include "transfer_window.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QStringList albumFields{u"序号"_s, u"编号"_s, u"大小"_s, u"规格"_s, u"日期"_s, u"图片"_s, u"备注"_s};
+const QString closing = u"图册《旅行》中的 %1 张图片已复制完成！"_s;
+
+QString startQuestionOf(const QString& operation) {
+    return u"开始"_s + operation + u"选中的图片记录吗？\n\n如果是，按“确定”；否则按“取消”。"_s;
+}
+
+FieldMapping wholeMapping() {
+    FieldMapping mapping;
+    for (const QString& field : albumFields) mapping.push_back({field, field});
+    return mapping;
+}
+
+/// The values of a record but for its 序号 and picture.
+QStringList valuesOf(const Database& database, const QString& table, int number) {
+    const Recordset row = database.OpenRecordset(u"SELECT * FROM %1 WHERE 序号 = %2"_s.arg(table).arg(number));
+    QStringList values;
+    for (const QString& field : {u"编号"_s, u"大小"_s, u"规格"_s, u"日期"_s, u"备注"_s})
+        values << row.Fields(field).Value().textOr(u"Null"_s);
+    return values;
+}
+
+class TestTransferDatabase : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void copiesThroughTheWizard() {
+        TransferWindow window;
+        window.addSourceAlbum(u"tc02"_s, 20, 1);
+        window.chooseRows({2, 0});
+        window.chooseTarget();
+        QCOMPARE(window.label(u"lbl6"_s), u"目标库："_s + window.path(u"源库.mdb"_s));
+        QCOMPARE(window.label(u"lbl10"_s), u"请选择目标数据表"_s);
+        QCOMPARE(window.label(u"lbl12"_s), u"“图片转录”只能在目标表后追加记录。"_s);
+        QVERIFY(window.linesOf(u"lstSb"_s).contains(u"tc01"_s));
+        window.clickLine(u"lstSb"_s, u"tc02"_s);
+        QCOMPARE(window.label(u"lblLj"_s), u"目标表：tc02"_s);
+        window.click(u"cmdQx"_s);
+        QCOMPARE(window.label(u"lbl3"_s), u"索引字段名：序号"_s);
+        QCOMPARE(window.caption(u"cmdLr"_s), u"关闭本框"_s);
+        QVERIFY(window.enabled(u"cmdFz"_s) && window.enabled(u"cmdYd"_s) && !window.enabled(u"cmdWj"_s));
+        window.click(u"cmdLr"_s);
+        QVERIFY(!window.shown(u"picMl"_s) && !window.enabled(u"cboBm"_s));
+        QCOMPARE(window.label(u"lblTs"_s),
+                 u"操作提示：接受图片的数据表已经设定，请按“按默认文件名转成文件”或“复制”或“移动”按钮进行相应操作。"_s);
+        window.click(u"cmdFz"_s);
+        QCOMPARE(window.said(), (QStringList{startQuestionOf(u"复制"_s), closing.arg(2)}));
+        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source), (QStringList{u"20"_s, u"21"_s, u"22"_s}));
+        QCOMPARE(valuesOf(window.source, u"tc02"_s, 21), valuesOf(mekTp::catalogue, u"tc01"_s, 3));
+        QCOMPARE(TransferWindow::stored(u"tc02"_s, 22, window.source), TransferWindow::stored(u"tc01"_s, 1));
+        QCOMPARE(TransferWindow::numbers(u"tc01"_s).size(), 10);
+        QCOMPARE(window.chosen(), QStringList());
+        QCOMPARE(window.hint(), u"选择图册可重新开始。"_s);
+        QVERIFY(window.enabled(u"cboBm"_s) && window.pageFree());
+    }
+
+    void movesIntoAnotherAlbumOfTheCatalogue() {
+        TransferWindow window;
+        window.click(u"cmdBh(2)"_s);
+        window.click(u"cmdXb"_s);
+        window.option(u"optMb(1)"_s);
+        window.get<DirList>(u"dir1"_s).setPath(window.catalogue.folder());
+        window.clickFile(u"lunq.mdb"_s);
+        window.clickLine(u"lstSb"_s, u"tc02"_s);
+        window.click(u"cmdQx"_s);
+        window.click(u"cmdLr"_s);
+        const QByteArray picture = TransferWindow::stored(u"tc01"_s, 2);
+        window.click(u"cmdYd"_s);
+        QCOMPARE(window.said(), (QStringList{startQuestionOf(u"移动"_s), closing.arg(5)}));
+        QCOMPARE(TransferWindow::numbers(u"tc02"_s).size(), 5);
+        QCOMPARE(TransferWindow::stored(u"tc02"_s, 2), picture);
+        QCOMPARE(TransferWindow::numbers(u"tc01"_s).first(), u"6"_s);
+        QCOMPARE(window.label(u"lblJs"_s), u"旅行 全部共：0条"_s);
+    }
+
+    void refusalOfTheQuestionChangesNothing() {
+        TransferWindow window;
+        window.addSourceAlbum(u"tc02"_s, 1, 0);
+        window.clickRow(0);
+        window.chooseTable(u"tc02"_s);
+        window.answer = false;
+        window.click(u"cmdYd"_s);
+        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source), QStringList());
+        QCOMPARE(window.chosen().size(), 1);
+    }
+
+    void stepsBackFromADatabase() {
+        TransferWindow window;
+        window.addSourceAlbum(u"tc02"_s, 1, 0);
+        window.clickRow(0);
+        window.chooseTable(u"tc02"_s);
+        window.click(u"cmdQq"_s);  // step 16
+        QVERIFY(window.shown(u"picMl"_s));
+        QCOMPARE(window.hint().left(12), u"接受图片的数据表已经确定"_s);
+        window.click(u"cmdQq"_s);  // step 15
+        QVERIFY(!window.enabled(u"cmdFz"_s) && !window.enabled(u"cmdYd"_s));
+        QCOMPARE(window.caption(u"cmdLr"_s), u"对应完成"_s);
+        QCOMPARE(window.mapping(), QStringList(7, QString()));
+        QCOMPARE(window.label(u"lbl3"_s), QString());
+        window.click(u"cmdQq"_s);  // step 14
+        QVERIFY(!window.shown(u"cmdQx"_s) && window.shown(u"lstSb"_s));
+        QCOMPARE(window.label(u"lblLj"_s), QString());
+        window.click(u"cmdQq"_s);  // step 13
+        QVERIFY(!window.shown(u"lstSb"_s) && window.shown(u"lbl7"_s));
+        QVERIFY(window.files().isEmpty());
+        QCOMPARE(window.label(u"lbl6"_s), QString());
+        window.click(u"cmdQq"_s);  // step 12
+        QVERIFY(!window.shown(u"picMl"_s) && !window.get<QRadioButton>(u"optMb(1)"_s).isChecked());
+        QCOMPARE(window.chosen().size(), 1);
+        window.click(u"cmdQq"_s);  // step 1
+        QCOMPARE(window.chosen(), QStringList());
+        QVERIFY(window.enabled(u"cboBm"_s) && window.enabled(u"msgBm"_s) && window.pageFree());
+    }
+
+    void targetsThatAreRefused() {
+        TransferWindow window;
+        window.addBytes(u"jet.mdb"_s, QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(4096, '\0'));
+        window.addBytes(u"text.mdb"_s, "no database");
+        {
+            SQLite::Database other(window.path(u"other.mdb"_s).toStdString(),
+                                   SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+            other.exec("CREATE TABLE tc01 (序号 INTEGER)");
+        }
+        window.clickRow(0);
+        for (const QString& file : {u"jet.mdb"_s, u"text.mdb"_s, u"other.mdb"_s}) {
+            window.chooseTarget(file);
+            const QStringList said = window.said();
+            QCOMPARE(said.size(), 1);
+            QVERIFY2(said.first().contains(window.path(file)), qPrintable(said.first()));
+            QCOMPARE(said.first().contains(u"不能把图片转存进去"_s), file != u"text.mdb"_s);
+            QVERIFY(!window.shown(u"lstSb"_s) && window.files().isEmpty());
+        }
+    }
+
+    void tablesThatAreRefused() {
+        TransferWindow window;
+        window.addSourceAlbum(u"tc00"_s, 1, 0);
+        window.clickRow(0);
+        window.chooseTarget();
+        window.clickLine(u"lstSb"_s, u"tc00"_s);
+        window.clickLine(u"lstSb"_s, u"tc02"_s);
+        QCOMPARE(window.said(),
+                 (QStringList{u"该表只做演示用，不能录入或编辑！"_s, u"目标库中没有数据表“tc02”，请重新选择！"_s}));
+        QVERIFY(!window.shown(u"cmdLr"_s));
+        QCOMPARE(window.label(u"lblLj"_s), QString());
+    }
+
+    void recordsThatDoNotFitStay() {
+        TransferWindow window;
+        window.source.Execute(
+            u"CREATE TABLE tc02 ([序号] LONG,[编号] TEXT(1),[大小] SINGLE,[规格] TEXT(12),"
+            "[日期] DATETIME,[图片] LONGBINARY,[备注] TEXT(50))"_s);
+        mekTp::catalogue.Execute(u"DELETE FROM [tc01] WHERE 序号 = 6"_s);
+        window.click(u"cmdQb"_s);
+        window.get<ListBox>(u"lstSu"_s).AddItem(u"6"_s);
+        window.chooseTable(u"tc02"_s);
+        window.click(u"cmdYd"_s);
+        const QStringList said = window.said();
+        QCOMPARE(said.size(), 3);
+        QVERIFY(said[1].startsWith(u"有 4 张图片没有移动，仍在原图册中。"_s));
+        QVERIFY(said[1].contains(u"1、3、5"_s) && said[1].contains(u"记录已不在图册中，序号：6"_s));
+        QCOMPARE(said[2], closing.arg(10));
+        QCOMPARE(TransferWindow::numbers(u"tc01"_s), (QStringList{u"1"_s, u"3"_s, u"5"_s}));
+        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source).last(), u"6"_s);
+    }
+
+    void fullDiskDeletesNothing() {
+        TransferWindow window;
+        window.addSourceAlbum(u"tc02"_s, 1, 1);
+        Recordset record = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 = 2"_s);
+        record.Edit();
+        record.Fields(u"图片"_s).SetValue(QByteArray(3 << 20, 'x'));
+        record.Update();
+        record = {};
+        const TransferTarget target{window.source, u"tc02"_s, wholeMapping()};
+        NotDone notDone;
+        {
+            const FullDisk full(1 << 20);
+            notDone = transferToTable(u"tc01"_s, {u"1"_s, u"2"_s, u"3"_s}, target, true, [](int) {});
+        }
+        QCOMPARE(notDone.count(), 3);
+        QCOMPARE(TransferWindow::numbers(u"tc01"_s).size(), 10);
+        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source), QStringList{u"1"_s});
+        QVERIFY(transferToTable(u"tc01"_s, {u"2"_s}, target, true, [](int) {}).isEmpty());
+        QCOMPARE(TransferWindow::stored(u"tc02"_s, 2, window.source), QByteArray(3 << 20, 'x'));
+        QCOMPARE(TransferWindow::numbers(u"tc01"_s).size(), 9);
+    }
+
+    void groupsAreMovedWhole() {
+        TransferWindow window;
+        window.addSourceAlbum(u"tc02"_s, 1, 0);
+        QStringList numbers;
+        Recordset rows = mekTp::catalogue.OpenRecordset(u"tc02"_s);
+        for (int i = 1; i <= 150; ++i) {
+            rows.AddNew();
+            rows.Fields(u"序号"_s).SetValue(i);
+            rows.Fields(u"图片"_s).SetValue(QByteArray::number(i));
+            rows.Update();
+            numbers << QString::number(i);
+        }
+        int last = 0;
+        const TransferTarget target{window.source, u"tc02"_s, wholeMapping()};
+        QVERIFY(transferToTable(u"tc02"_s, numbers, target, true, [&](int percent) { last = percent; }).isEmpty());
+        QCOMPARE(last, 100);
+        QCOMPARE(TransferWindow::numbers(u"tc02"_s), QStringList());
+        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source), numbers);
+        QCOMPARE(TransferWindow::stored(u"tc02"_s, 150, window.source), QByteArray("150"));
+    }
+
+    void numbersThatTwoRecordsShareAreBothMoved() {
+        TransferWindow window;
+        window.addSourceAlbum(u"tc02"_s, 1, 0);
+        putValue(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, u"序号"_s, 1);
+        const TransferTarget target{window.source, u"tc02"_s, wholeMapping()};
+        QVERIFY(transferToTable(u"tc01"_s, {u"1"_s, u"1"_s}, target, true, [](int) {}).isEmpty());
+        QStringList remarks;
+        for (Recordset all = window.source.OpenRecordset(u"tc02"_s); !all.Eof(); all.MoveNext())
+            remarks << all.Fields(u"备注"_s).Value().toText();
+        QCOMPARE(remarks, (QStringList{u"图片1"_s, u"图片2"_s}));
+        QCOMPARE(TransferWindow::numbers(u"tc01"_s).size(), 8);
+        // One record chosen twice is moved once.
+        QCOMPARE(transferToTable(u"tc01"_s, {u"3"_s, u"3"_s}, target, true, [](int) {}).count(), 1);
+        QVERIFY(transferToTable(u"tc01"_s, {u"4"_s, u"4"_s}, target, false, [](int) {}).isEmpty());
+        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source).size(), 5);
+    }
+};
+
+const Registered<TestTransferDatabase> registered;
+
+}  // namespace
+
+#include "transfer_database_test.moc"

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "database_window.h"
+
+#include <QFile>
+
+/// The settings window on the page 图片转存 with an album chosen. The folder `pictures` and the file 源库.mdb in it
+/// serve as targets.
+class TransferWindow : public DatabaseWindow {
+  public:
+    explicit TransferWindow(const QString& album = QStringLiteral("tc01")) {
+        tabs().setCurrentIndex(3);
+        if (!album.isEmpty()) choose(QStringLiteral("cboBm"), album);
+        said();
+    }
+
+    QStringList chosen() const { return linesOf(QStringLiteral("lstSu")); }
+    void chooseRows(const QList<int>& rows) const {
+        for (const int row : rows) clickRow(row);
+    }
+    void dropLine(const QString& number) const { clickLine(QStringLiteral("lstSu"), number); }
+
+    void chooseFolder() const {
+        option(QStringLiteral("optMb(0)"));
+        get<DirList>(QStringLiteral("dir1")).setPath(QFileInfo(pictures.path()).path());
+        get<DirList>(QStringLiteral("dir1")).setPath(pictures.path());
+        click(QStringLiteral("cmdMq"));
+    }
+    void chooseTarget(const QString& file = QStringLiteral("源库.mdb")) const {
+        option(QStringLiteral("optMb(1)"));
+        get<DirList>(QStringLiteral("dir1")).setPath(pictures.path());
+        clickFile(file);
+    }
+    /// File, table and the mapping by position; the panel is closed.
+    void chooseTable(const QString& table, const QString& file = QStringLiteral("源库.mdb")) const {
+        chooseTarget(file);
+        clickLine(QStringLiteral("lstSb"), table);
+        click(QStringLiteral("cmdQx"));
+        click(QStringLiteral("cmdLr"));
+    }
+    void giveName(const QString& name) const {
+        box(QStringLiteral("txtWm")).setText(name);
+        click(QStringLiteral("cmdWm(0)"));
+    }
+
+    QString caption(const QString& name) const { return button(name).text(); }
+    bool enabled(const QString& name) const { return get<QWidget>(name).isEnabled(); }
+    QStringList files() const { return QDir(pictures.path()).entryList({QStringLiteral("*.jpg")}, QDir::Files); }
+    QStringList strayFiles() const { return QDir(pictures.path()).entryList({QStringLiteral("*.tmp")}, QDir::Files); }
+    QByteArray fileBytes(const QString& name) const { return bytesOf(name); }
+    bool pageFree() {
+        answer = false;
+        Q_EMIT tabs().mouseMovedAt(1500, 100);
+        answer = true;
+        return said().isEmpty();
+    }
+
+    static QStringList numbers(const QString& table, const Database& database = mekTp::catalogue) {
+        QStringList all;
+        for (Recordset rows = database.OpenRecordset(table); !rows.Eof(); rows.MoveNext())
+            all << rows.Fields(QStringLiteral("序号")).Value().textOr();
+        return all;
+    }
+    static QByteArray stored(const QString& table, int number, const Database& database = mekTp::catalogue) {
+        const QString source = QStringLiteral("SELECT * FROM %1 WHERE 序号 = %2").arg(table).arg(number);
+        const Recordset row = database.OpenRecordset(source);
+        return row.Eof() ? QByteArray() : row.Fields(QStringLiteral("图片")).Value().toBytes();
+    }
+};
