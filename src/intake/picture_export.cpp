@@ -33,8 +33,8 @@ class ScratchFile {
     }
 
     /// False when the name is taken.
-    bool rename(const QString& name) {
-        syncToDisk(file_);
+    bool rename(const QString& name, Sync sync) {
+        if (sync == Sync::now) syncToDisk(file_);
         file_.close();
         if (QFile::rename(file_.fileName(), name)) {
             file_.setFileName({});
@@ -59,7 +59,7 @@ class ScratchFile {
 }  // namespace
 
 // Writes the picture of the current record to a file.
-Exported dctb(Recordset& recordset, QString& name) {
+Exported dctb(Recordset& recordset, QString& name, Sync sync) {
     name = withJpgEnding(name);
     const Field picture = recordset.Fields(u"图片"_s);
     const qint64 size = picture.FieldSize();
@@ -68,5 +68,5 @@ Exported dctb(Recordset& recordset, QString& name) {
     ScratchFile scratch(QFileInfo(name).path());
     for (qint64 offset = 0; offset < size; offset += pictureChunk)
         scratch.write(picture.GetChunk(offset, pictureChunk));
-    return scratch.rename(name) ? Exported::written : Exported::nameTaken;
+    return scratch.rename(name, sync) ? Exported::written : Exported::nameTaken;
 }

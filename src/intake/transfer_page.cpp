@@ -15,6 +15,7 @@
 #include "platform/desktop/tab_control.h"
 
 #include <QComboBox>
+#include <QEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QProgressBar>
@@ -27,7 +28,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int listLeft = 5500, listWidth = 1950;
-constexpr int infoLeft = 5235, infoWidth = 4110;
+constexpr int infoLeft = 5400, infoWidth = 3945;
+constexpr int buttonsLeft = 5235;
 constexpr int usualColumns = 5;
 
 const QString chooseAll = u"本像册全部选中"_s;
@@ -72,11 +74,11 @@ void TransferPage::makeLabels() {
 
 void TransferPage::makeTargetGroup() {
     fraMb_ = make<QGroupBox>(controls_.sstFz->page(transferTab), u"fraMb"_s, u"数据转存目标"_s);
-    controls_.sstFz->putOn(transferTab, fraMb_, listLeft, 3840, listWidth, 945);
+    controls_.sstFz->putOn(transferTab, fraMb_, listLeft, 3810, listWidth, 765);
     const QString captions[] = {u"存入文件夹"_s, u"存入数据库"_s};
     for (int i = 0; i < 2; ++i) {
         auto* option = make<QRadioButton>(fraMb_, element(u"optMb"_s, i), captions[i]);
-        place(option, 240, 270 + i * 315, 1500, 300);
+        place(option, 240, 240 + i * 255, 1500, 255);
         connect(option, &QRadioButton::clicked, this, guarded(controls_.form, [this, i] { optMbClick(i); }));
         optMb_[static_cast<std::size_t>(i)] = option;
     }
@@ -95,7 +97,7 @@ void TransferPage::makeButtons() {
     constexpr int firstRow = 5940, secondRow = 6330, height = 330;
     cmdQb_ = button(u"cmdQb"_s, chooseAll, 3105, 705, 1365, 315);
     cmdXb_ = button(u"cmdXb"_s, chooseShown, 4500, 705, 930, 315);
-    cmdFz_ = button(u"cmdFz"_s, u"复 制"_s, infoLeft, firstRow, 915, height);
+    cmdFz_ = button(u"cmdFz"_s, u"复 制"_s, buttonsLeft, firstRow, 915, height);
     cmdYd_ = button(u"cmdYd"_s, u"移 动"_s, 6210, firstRow, 915, height);
     cmdWj_ = button(u"cmdWj"_s, u"按默认文件名转成文件"_s, 7185, firstRow, 2160, height);
     cmdQq_ = button(u"cmdQq"_s, u"撤 消"_s, 8430, secondRow, 915, height);
@@ -133,6 +135,7 @@ void TransferPage::connectPanels() {
                 std::invoke(slot, this);
         });
     };
+    browser_.picMl()->installEventFilter(this);
     browser_.serve(transferTab, {[this] { return toFolder() ? BrowseMode::targetFolder : BrowseMode::targetDatabase; },
                                  [] { return true; }});
     connect(&browser_, &BrowserPanel::targetCleared, this, guarded(controls_.form, [this] { xzfy(); }));
@@ -313,14 +316,24 @@ void TransferPage::linesChanged() {
     state_.pageFree = count == 0;
 }
 
-/// Five columns hold numbers of three digits; longer ones need more room.
+/// Five columns hold short numbers; longer ones need more room.
 void TransferPage::fitColumns() {
     ListBox* lstSu = controls_.lstSu;
-    int widest = 0;
-    for (int i = 0; i < lstSu->ListCount(); ++i) widest = std::max(widest, static_cast<int>(lstSu->List(i).size()));
-    const QFontMetrics font = lstSu->fontMetrics();
-    const int needed = font.horizontalAdvance(QString(widest, u'0')) + font.horizontalAdvance(u'0');
-    lstSu->setColumns(std::clamp(lstSu->viewport()->width() / std::max(needed, 1), 1, usualColumns));
+    const QListWidgetItem* widest = nullptr;
+    for (int i = 0; i < lstSu->ListCount(); ++i)
+        if (widest == nullptr || lstSu->item(i)->text().size() > widest->text().size()) widest = lstSu->item(i);
+    const int needed =
+        widest == nullptr ? 1 : std::max(1, lstSu->sizeHintForIndex(lstSu->indexFromItem(widest)).width());
+    lstSu->setColumns(std::clamp(lstSu->viewport()->width() / needed, 1, usualColumns));
+}
+
+/// The panel of folders covers the left half of the page; what would look out from under it goes with it.
+bool TransferPage::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == browser_.picMl() && (event->type() == QEvent::Show || event->type() == QEvent::Hide))
+        for (QWidget* covered :
+             {static_cast<QWidget*>(cmdQb_), static_cast<QWidget*>(cmdXb_), static_cast<QWidget*>(lblJs_)})
+            covered->setVisible(!inFront() || event->type() == QEvent::Hide);
+    return QObject::eventFilter(watched, event);
 }
 
 /// The list has become empty by the user: whatever was begun with it is given up.

@@ -43,6 +43,7 @@ class TransferPage : public QObject {
     void connectControls();
     void connectPanels();
     bool inFront() const;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     QStringList lines() const;
     void startAnew();

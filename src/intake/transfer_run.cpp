@@ -41,10 +41,9 @@ QString reasonOf(const std::exception& failure) {
     return text;
 }
 
-bool wasWritten(Recordset& record, const QString& folder, const QString& name, const QString& number,
-                NotDone& notDone) {
-    QString path = joinedPath(folder, name);
-    switch (dctb(record, path)) {
+bool wasWritten(Recordset& record, const FileTarget& target, Sync sync, const QString& number, NotDone& notDone) {
+    QString path = joinedPath(target.folder, target.name);
+    switch (dctb(record, path, sync)) {
         case Exported::nameTaken:
             notDone.add(u"同名文件已存在，没有改动"_s, QFileInfo(path).fileName());
             return false;
@@ -182,7 +181,7 @@ void transferToFile(const QString& table, const QString& number, int earlier, co
             notDone.add(vanished, number);
             return;
         }
-        if (!wasWritten(record, target.folder, target.name, number, notDone) || !move) return;
+        if (!wasWritten(record, target, Sync::now, number, notDone) || !move) return;
         syncFolderToDisk(target.folder);
         record.Delete();
     } catch (const std::exception& failure) {
@@ -203,14 +202,14 @@ NotDone transferToFiles(const QString& table, const QStringList& lines, const QS
             } else {
                 const QString name =
                     defaultPictureName(record.Fields(u"编号"_s).Value(), record.Fields(u"序号"_s).Value().toInteger());
-                wasWritten(record, folder, name, number, notDone);
+                wasWritten(record, {folder, name}, Sync::later, number, notDone);
             }
         } catch (const std::exception& failure) {
             notDone.add(reasonOf(failure) + u"，序号"_s, number);
         }
         progress(static_cast<int>((i + 1) * 100 / lines.size()));
     }
-    attempt([&] { syncFolderToDisk(folder); });
+    if (folderExists(folder)) syncFileSystemOf(folder);
     return notDone;
 }
 

@@ -35,6 +35,20 @@ QFileInfo existingFile(const QString& path) {
     throw Error(u"“%1”没有写到磁盘上：%2"_s.arg(QDir::toNativeSeparators(path), reason));
 }
 
+#ifdef Q_OS_UNIX
+template <typename Sync>
+void syncFolder(const QString& path, Sync sync) {
+    const int folder = open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0) failToSync(path);
+    const int code = sync(folder);
+    const int reason = errno;
+    close(folder);
+    errno = reason;
+    // Some file systems keep their folders on the disk by themselves and refuse to be asked.
+    if (code != 0 && reason != EINVAL && reason != ENOTSUP) failToSync(path);
+}
+#endif
+
 }  // namespace
 
 QString programFolder() {
@@ -95,15 +109,19 @@ void syncToDisk(QFile& file) {
 
 void syncFolderToDisk(const QString& path) {
 #ifdef Q_OS_UNIX
-    const int folder = open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (folder < 0) failToSync(path);
-    const int code = fsync(folder);
-    const int reason = errno;
-    close(folder);
-    errno = reason;
-    // Some file systems keep their folders on the disk by themselves and refuse to be asked.
-    if (code != 0 && reason != EINVAL && reason != ENOTSUP) failToSync(path);
+    syncFolder(path, [](int folder) { return fsync(folder); });
 #else
     Q_UNUSED(path);
+#endif
+}
+
+void syncFileSystemOf(const QString& folder) {
+#if defined(Q_OS_LINUX)
+    syncFolder(folder, [](int descriptor) { return syncfs(descriptor); });
+#elif defined(Q_OS_UNIX)
+    Q_UNUSED(folder);
+    sync();
+#else
+    Q_UNUSED(folder);
 #endif
 }

@@ -23,6 +23,8 @@ void Kill(const QString& path);
 void MkDir(const QString& path);
 void RmDir(const QString& path);  ///< Only an empty folder.
 
-/// Waits until what was written to an open file, or until the names in a folder, are on the disk.
+/// Waits until what was written is on the disk: to an open file; the names in a folder; all that was written to the
+/// file system on which a folder lies, which for many files is quicker than each by itself.
 void syncToDisk(QFile& file);
 void syncFolderToDisk(const QString& path);
+void syncFileSystemOf(const QString& folder);
