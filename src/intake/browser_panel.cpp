@@ -61,8 +61,8 @@ void BrowserPanel::makeLists() {
 
 void BrowserPanel::makeLabels() {
     lblB1Second_ = makeLabel(picMl_, u"lblB1(1)"_s, {}, 2085, 45, 2835, 345);
-    lblB0_ = makeLabel(picMl_, u"lblB0"_s, u"▼"_s, 450, 3075, 240, 285);
-    lblB1First_ = makeLabel(picMl_, u"lblB1(0)"_s, {}, 405, 3075, 2535, 285);
+    lblB0_ = makeLabel(picMl_, u"lblB0"_s, u"▼"_s, 450, 3105, 240, 270);
+    lblB1First_ = makeLabel(picMl_, u"lblB1(0)"_s, {}, 405, 3105, 2535, 270);
     lblB1First_->stackUnder(lblB0_);
     lblGy_ = makeLabel(picMl_, u"lblGy"_s, {}, 3090, 2610, 1770, 540);
     lblGy_->setAlignment(Qt::AlignLeft | Qt::AlignTop);

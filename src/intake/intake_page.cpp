@@ -4,7 +4,6 @@
 #include "catalogue/mektp.h"
 #include "intake/intake_texts.h"
 #include "intake/preview_parts.h"
-#include "intake/preview_parts.h"
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/desktop/data_control.h"
@@ -65,8 +64,8 @@ void IntakePage::makeLabels() {
     lblMk_ = make1(u"lblMk"_s, 5750, 735, 2400, 240);
     lblMk_->setText(u"目 标 数 据 库 表"_s);
     lblJl_ = make1(u"lblJl"_s, 5435, 4880, 3750, 270);
-    infoLines_ = {make1(u"lbl11"_s, 5435, 5175, 1245, 225), make1(u"lbl12"_s, 555, 6480, 4500, 225),
-                  make1(u"lbl13"_s, 555, 6225, 2100, 225), make1(u"lbl14"_s, 2700, 6225, 2400, 225)};
+    infoLines_ = {make1(u"lbl11"_s, 5435, 5175, 1245, 225), make1(u"lbl12"_s, 555, 6480, 2250, 225),
+                  make1(u"lbl13"_s, 2820, 6480, 1020, 225), make1(u"lbl14"_s, 3855, 6480, 1155, 225)};
     controls_.lbl12 = infoLines_[1];
 }
 
@@ -161,7 +160,6 @@ void IntakePage::enter() {
     showFileCount();
     state_.currentFolder = browser_.dir1()->Path();
     infoLines_[0]->clear();
-    controls_.sstFz->putOn(intakeTab, controls_.lbl12, 555, 6480, 4500, 225);
     hints_.czts(1);
     controls_.sstFz->putOn(intakeTab, cmdQ1_, buttonLeft, topOf(cmdLr_) + TabControl::stripHeight + buttonPitch);
     controls_.sstFz->putOn(intakeTab, preview_.cmdCk(0), recordButtonLeft, 990);
@@ -241,11 +239,21 @@ void IntakePage::arrange() {
     const bool files = inFront() && fromFiles();
     for (std::size_t i = 1; i < infoLines_.size(); ++i) infoLines_[i]->clear();
     for (QLabel* line : infoLines_) line->setVisible(inFront());
+    if (inFront()) placeSourceLines(files);
     for (QWidget* part : {static_cast<QWidget*>(fraLy_), static_cast<QWidget*>(fraFs_), static_cast<QWidget*>(cmdQ1_)})
         part->setVisible(inFront());
     for (QWidget* part : {static_cast<QWidget*>(chkZd_), static_cast<QWidget*>(preview_.cmdCk(1))})
         part->setVisible(files);
     preview_.cmdCk(1)->setEnabled(false);
+}
+
+/// The path of a database has a line of its own; with files the lines stand side by side below their echo.
+void IntakePage::placeSourceLines(bool files) {
+    TabControl* sstFz = controls_.sstFz;
+    sstFz->putOn(intakeTab, infoLines_[1], 555, 6480, files ? 2250 : 4500, 225);
+    sstFz->putOn(intakeTab, infoLines_[2], files ? 2820 : 555, files ? 6480 : 6225, files ? 1020 : 2100, 225);
+    sstFz->putOn(intakeTab, infoLines_[3], files ? 3855 : 2700, files ? 6480 : 6225, files ? 1155 : 2400, 225);
+    for (std::size_t i = 1; i < infoLines_.size(); ++i) infoLines_[i]->raise();
 }
 
 void IntakePage::listFiles() {

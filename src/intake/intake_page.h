@@ -54,6 +54,7 @@ class IntakePage : public QObject {
     BrowseMode mode() const;
 
     void arrange();
+    void placeSourceLines(bool files);
     void listFiles();
     void filesRead();
     void showFileCount();

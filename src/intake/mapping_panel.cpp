@@ -21,12 +21,13 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int headingTop = 3390, areaTop = 3645, areaHeight = 2010;
-constexpr int tablesLeft = 105, tablesWidth = 1215;
-constexpr int linesLeft = 1380, linesWidth = 2370;
-constexpr int linePitch = 250, lineHeight = 240, captionWidth = 1140, boxWidth = 960;
+constexpr int headingTop = 3390, areaTop = 3645, areaHeight = 1785;
+constexpr int tablesLeft = 105, tablesWidth = 1440;
+constexpr int linesLeft = 1605, linesWidth = 2145;
+constexpr int linePitch = 250, lineHeight = 240, captionWidth = 1050, boxWidth = 885;
 
 constexpr int listLineHeight = 180, listFrame = 60, lowestListBottom = 5400;
+constexpr int groupsBottom = 2610;
 
 /// Of cmdQx on the page 图片录入, and in picMl on the page 图片转存.
 constexpr int buttonLeft = 3960, buttonTop = 4260, buttonWidth = 1050, buttonHeight = 345;
@@ -156,7 +157,6 @@ void MappingPanel::addLine() {
     place(lblMb, 0, top, captionWidth, lineHeight);
     auto* txtYb = make<TextBox>(ground, element(u"txtYb"_s, number));
     txtYb->setLocked(true);
-    txtYb->setTextMargins(0, -2, 0, -2);
     // The list opens where the user has clicked, not where the focus falls when another control is disabled.
     txtYb->setFocusPolicy(Qt::ClickFocus);
     txtYb->installEventFilter(this);
@@ -275,13 +275,19 @@ void MappingPanel::openFieldList(std::size_t index) {
     lstDy_->raise();
 }
 
-/// Below the box, or above it when there is no room below; never beyond the panel.
+/// Below the box, or above it when there is no room below. A list that is too long for either stands where there is
+/// more room, and never covers the groups of option buttons of the page 图片录入.
 void MappingPanel::placeFieldList(const QWidget* box, int fields) {
     const QPoint at = box->mapTo(browser_.picMl(), QPoint(0, 0));
-    const int left = twipsFromPixels(at.x()), top = twipsFromPixels(at.y());
-    const int height = std::min(fields * listLineHeight + listFrame, top);
-    const bool upward = top + height > lowestListBottom;
-    place(lstDy_, left, upward ? top - height : top + 270, linesLeft + linesWidth - left, height);
+    const int left = twipsFromPixels(at.x()), top = twipsFromPixels(at.y()), below = top + 270;
+    const int above = top - (forTransfer() ? 0 : groupsBottom), under = areaTop + areaHeight - below;
+    int height = fields * listLineHeight + listFrame;
+    bool upward = top + height > lowestListBottom;
+    if (upward && height > above) {
+        upward = above > under;
+        height = std::min(height, upward ? above : under);
+    }
+    place(lstDy_, left, upward ? top - height : below, linesLeft + linesWidth - left, height);
 }
 
 void MappingPanel::lstDyClick() {

@@ -1,5 +1,5 @@
 #include "../support/run_all.h"
-#include "intake_window.h"
+#include "database_window.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -97,6 +97,15 @@ class TestIntakeLayout : public QObject {
         expectClear(window, "files");
         window.click(u"cmdLr"_s);
         expectClear(window, "after a run");
+    }
+
+    void nothingOverlapsWithADatabase() {
+        DatabaseWindow window;
+        window.addSourceAlbum(u"tc01"_s, 1, 1);
+        window.chooseFile(u"tc02"_s, 1);
+        expectClear(window, "tables");
+        window.clickLine(u"lstSb"_s, u"tc01"_s);
+        expectClear(window, "fields");
     }
 };
 
