@@ -36,6 +36,7 @@ void forRowBlocks(QSize pixels, const std::function<void(int, int)>& work, const
     const int blocks = (pixels.height() + blockRows - 1) / blockRows;
     std::atomic<int> next = 0;
     std::atomic<int> done = 0;
+    std::atomic<bool> failed = false;
     const auto takeBlock = [&] {
         const int block = next++;
         if (block >= blocks) return false;
@@ -43,15 +44,18 @@ void forRowBlocks(QSize pixels, const std::function<void(int, int)>& work, const
         ++done;
         return true;
     };
+    const auto help = [&] {
+        if (!attempt([&] {
+                while (takeBlock()) continue;
+            }))
+            failed = true;
+    };
 
     std::vector<std::jthread> helpers;
     for (int i = 1; i < std::min(QThread::idealThreadCount(), blocks); ++i)
-        if (!attempt([&] {
-                helpers.emplace_back([&] {
-                    while (takeBlock()) continue;
-                });
-            }))
-            break;
+        if (!attempt([&] { helpers.emplace_back(help); })) break;
     while (takeBlock())
         if (progress) progress(done * 100 / blocks);
+    helpers.clear();
+    if (failed) throw Error(u"内存不够，图片没有处理完。"_s);
 }

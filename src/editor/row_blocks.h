@@ -40,6 +40,7 @@ class ConstPixelRows {
 };
 
 /// Calls `work(first, end)` for blocks of the rows of a picture of that size, on all processors at once when it is
-/// worth while. Returns when all are done. `progress` hears the percentage of the blocks done, on the calling thread.
+/// worth while. Returns when all are done; throws when one of them failed. `progress` hears the percentage of the
+/// blocks done, on the calling thread.
 void forRowBlocks(QSize pixels, const std::function<void(int first, int end)>& work,
                   const std::function<void(int percent)>& progress = {});
