@@ -1,0 +1,153 @@
+#include "../support/run_all.h"
+#include "editor/picture_files.h"
+#include "editor_window.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QByteArray beginOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.read(2) : QByteArray();
+}
+
+/// An orientation tag that turns by a quarter, as cameras write it.
+QByteArray turnedJpeg() {
+    const QByteArray plain = pictureBytes({60, 40}, Qt::darkGreen);
+    const QByteArray exif = QByteArray::fromHex(
+        "ffe10022457869660000"
+        "49492a0008000000"
+        "010012010300010000000600000000000000");
+    return plain.left(2) + exif + plain.mid(2);
+}
+
+class TestSaving : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void names_data() {
+        QTest::addColumn<QString>("chosen");
+        QTest::addColumn<QString>("name");
+        for (const auto& [chosen, name] :
+             std::initializer_list<std::pair<QString, QString>>{{u"a.jpg"_s, u"a.jpg"_s},
+                                                                {u"a.bmp"_s, u"a.bmp"_s},
+                                                                {u"a.png"_s, u"a.bmp"_s},
+                                                                {u"a.JPG"_s, u"a.bmp"_s},
+                                                                {u"a.jpeg"_s, u"a.bmp"_s},
+                                                                {u"/x.y/照片"_s, u"/x.y/照片.bmp"_s}})
+            QTest::addRow("%s", qUtf8Printable(chosen)) << chosen << name;
+    }
+    void names() {
+        QFETCH(const QString, chosen);
+        QTEST(savingName(chosen), "name");
+    }
+
+    void overTheFile_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("begin");
+        QTest::newRow("jpg") << u"照 '片.jpg"_s << QByteArray("\xff\xd8");
+        QTest::newRow("JPG") << u"照片.JPG"_s << QByteArray("BM");
+        QTest::newRow("bmp") << u"照片.bmp"_s << QByteArray("BM");
+    }
+    void overTheFile() {
+        QFETCH(const QString, name);
+        EditorWindow editor;
+        editor.file = editor.catalogue.file(name);
+        writePicture(editor.file, {60, 40}, Qt::darkGreen, name.endsWith(u"bmp") ? "BMP" : "JPG");
+        editor.press(u"wk"_s);
+        QVERIFY(!editor.key(u"bc"_s)->isEnabled());
+        editor.scale(u"2"_s);
+        editor.press(u"bc"_s);
+        QCOMPARE(editor.boxes.first().title, u"按原文件名保存"_s);
+        QCOMPARE(editor.boxes.first().text,
+                 u"        保存已修改的图片吗？\n\n如果保存，按《确定》，将覆盖原图片；否则按《取消》。"_s);
+        QCOMPARE(editor.lastBox(), u"保存图片|图片已保存完毕！(文件名："_s + editor.file + u")"_s);
+        QTEST(beginOf(editor.file), "begin");
+        QCOMPARE(LoadPicture(editor.file).pixels(), QSize(120, 80));
+        QCOMPARE(editor.steps(), QStringList());
+        QVERIFY(!editor.key(u"bc"_s)->isEnabled());
+        QVERIFY(!editor.menu(u"mnuCx"_s)->isEnabled());
+        editor.press(u"wk"_s);
+        QVERIFY(editor.key(u"cx"_s)->isEnabled());
+        QVERIFY(!editor.menu(u"mnuCx"_s)->isEnabled());
+    }
+
+    void theOldOrientationDoesNotTurnTwice() {
+        EditorWindow editor;
+        editor.file = editor.catalogue.file(u"turned.jpg"_s);
+        QFile file(editor.file);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(turnedJpeg());
+        file.close();
+        editor.press(u"wk"_s);
+        QCOMPARE(editor.picYu().picture().size(), QSize(40, 60));
+        editor.scale(u"1"_s);
+        editor.press(u"bc"_s);
+        QCOMPARE(LoadPicture(editor.file).pixels(), QSize(40, 60));
+    }
+
+    void aFileThatCannotBeWrittenKeepsThePicture() {
+        EditorWindow editor;
+        QDir().mkdir(editor.catalogue.file(u"夹"_s));
+        editor.file = editor.catalogue.file(u"夹/图.jpg"_s);
+        writePicture(editor.file, {60, 40}, Qt::darkGreen);
+        editor.press(u"wk"_s);
+        editor.scale(u"2"_s);
+        QVERIFY(QFile::rename(editor.catalogue.file(u"夹"_s), editor.catalogue.file(u"别处"_s)));
+        editor.press(u"bc"_s);
+        QVERIFY(editor.lastBox().startsWith(u"错误提示|不能保存图片"));
+        QVERIFY(editor.key(u"bc"_s)->isEnabled());
+        QVERIFY(!editor.steps().isEmpty());
+        QCOMPARE(LoadPicture(editor.catalogue.file(u"别处/图.jpg"_s)).pixels(), QSize(60, 40));
+    }
+
+    void anotherName() {
+        EditorWindow editor;
+        editor.open();
+        editor.press(u"fs"_s);
+        QVERIFY(!editor.key(u"bc"_s)->isEnabled());
+        editor.file = editor.catalogue.file(u"新 图.png"_s);
+        editor.press(u"lc"_s);
+        const QString name = editor.catalogue.file(u"新 图.bmp"_s);
+        QCOMPARE(editor.questions.last().title, u"另存图片文件"_s);
+        QCOMPARE(editor.lastBox(), u"另外保存图片|图片已保存完毕！(文件名："_s + name + u")"_s);
+        QCOMPARE(QImage(name).pixelColor(5, 5), QColor(Qt::green));
+        QCOMPARE(editor.steps(), (QStringList{u"01"_s, u"02"_s}));
+        editor.press(u"cx"_s);
+        QCOMPARE(editor.picYu().Image().pixelColor(70, 5).green() > 100, true);
+    }
+
+    void anExistingFileBehindTheChangedName() {
+        EditorWindow editor;
+        editor.open();
+        const QString other = editor.catalogue.file(u"x.bmp"_s);
+        writePicture(other, {7, 7}, Qt::red, "BMP");
+        editor.file = editor.catalogue.file(u"x.png"_s);
+        int asked = 0;
+        answerBoxesWith([&](const BoxText&) { return ++asked == 1; });
+        editor.press(u"lc"_s);
+        QCOMPARE(asked, 2);
+        QCOMPARE(QImage(other).size(), QSize(7, 7));
+    }
+
+    void nothingOpen() {
+        EditorWindow editor;
+        editor.open();
+        editor.scale(u"2"_s);
+        editor.press(u"cx"_s);
+        editor.click(u"cmdCq(1)"_s);
+        editor.press(u"cx"_s);
+        QVERIFY(editor.shows(u"img1"_s));
+        const QByteArray before = beginOf(editor.file);
+        const QSize size = QImage(editor.file).size();
+        editor.press(u"bc"_s);
+        QCOMPARE(beginOf(editor.file), before);
+        QCOMPARE(QImage(editor.file).size(), size);
+    }
+};
+
+const Registered<TestSaving> registered;
+
+}  // namespace
+
+#include "saving_test.moc"

@@ -1,0 +1,246 @@
+#include "../support/run_all.h"
+#include "catalogue/picture_field.h"
+#include "editor_window.h"
+#include "platform/desktop/grid.h"
+#include "platform/desktop/placing.h"
+#include "platform/desktop/shapes.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+struct Selecting : EditorWindow {
+    explicit Selecting(QSize pixels = {300, 200}) { open(pixels); }
+
+    void option(int index) const {
+        QTest::mouseClick(find<QRadioButton>(u"optAn(%1)"_s.arg(index)), Qt::LeftButton, {}, QPoint(8, 9));
+    }
+    void startButton(int shape) const {
+        press(u"at"_s);
+        option(shape);
+    }
+    QString label(int index) const { return find<QLabel>(u"lblAs(%1)"_s.arg(index))->text(); }
+    const ShapeBox& band() const { return *find<ShapeBox>(u"shpYu"_s); }
+    QSize bandSize() const { return {widthOf(&band()), heightOf(&band())}; }
+    QPushButton& confirm() const { return *find<QPushButton>(u"cmdCk"_s); }
+    void move(QPoint to) const { QTest::mouseMove(&picYu(), to); }
+    void down(QPoint at) const { QTest::mousePress(&picYu(), Qt::LeftButton, {}, at); }
+    void up(QPoint at) const { QTest::mouseRelease(&picYu(), Qt::LeftButton, {}, at); }
+};
+
+/// The rubber band, and what is made of it.
+class TestSelecting : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void theBandNeedsADialog() {
+        const Selecting editor;
+        editor.select({10, 10}, {90, 70});
+        QVERIFY(!editor.shows(u"shpYu"_s));
+        editor.press(u"at"_s);
+        editor.select({10, 10}, {90, 70});
+        QVERIFY(!editor.shows(u"shpYu"_s));
+        QVERIFY(!editor.confirm().isEnabled());
+    }
+
+    void freeSelection() {
+        const Selecting editor;
+        editor.press(u"cj"_s);
+        QVERIFY(!editor.menu(u"mnuCj"_s)->isEnabled());
+        QVERIFY(!editor.find<QPushButton>(u"cmdCq(0)"_s)->isEnabled());
+        editor.down({20, 30});
+        QVERIFY(editor.shows(u"shpYu"_s));
+        QVERIFY(!editor.shows(u"txtCc"_s));
+        editor.move({21, 31});
+        QVERIFY(!editor.shows(u"txtCc"_s));
+        editor.move({100, 90});
+        QCOMPARE(editor.bandSize(), QSize(1200, 900));
+        QCOMPARE(editor.box(u"txtCc"_s).text(), u"L：20 T：30 W：80 H：60 W/H：1.333"_s);
+        QVERIFY(editor.shows(u"txtCc"_s));
+        editor.up({100, 90});
+        QVERIFY(editor.find<QPushButton>(u"cmdCq(0)"_s)->isEnabled());
+        editor.click(u"cmdCq(0)"_s);
+        QCOMPARE(editor.picYu().picture().size(), QSize(80, 60));
+        QVERIFY(!editor.shows(u"shpYu"_s));
+        QVERIFY(!editor.shows(u"picCq"_s));
+        QVERIFY(editor.menu(u"mnuCj"_s)->isEnabled());
+    }
+
+    void bandColourFollowsThePicture_data() {
+        QTest::addColumn<QRgb>("under");
+        QTest::addColumn<QColor>("band");
+        QTest::newRow("dark") << qRgb(43, 43, 42) << QColor(Qt::white);
+        QTest::newRow("light enough") << qRgb(43, 43, 43) << QColor(Qt::red);
+    }
+    void bandColourFollowsThePicture() {
+        QFETCH(const QRgb, under);
+        EditorWindow editor;
+        QImage plain(60, 40, QImage::Format_RGB32);
+        plain.fill(under);
+        editor.file = editor.catalogue.file(u"面.bmp"_s);
+        SavePicture(plain, editor.file);
+        editor.press(u"wk"_s);
+        editor.press(u"cj"_s);
+        QTest::mousePress(&editor.picYu(), Qt::LeftButton, {}, QPoint(5, 5));
+        QTEST(editor.find<ShapeBox>(u"shpYu"_s)->borderColor(), "band");
+    }
+
+    void backwardsAndEmpty() {
+        const Selecting editor;
+        for (const QPoint to : {QPoint(10, 10), QPoint(50, 50)}) {
+            editor.press(u"cj"_s);
+            editor.select({50, 50}, to);
+            editor.click(u"cmdCq(0)"_s);
+            QCOMPARE(editor.picYu().picture().size(), QSize(300, 200));
+        }
+    }
+
+    void aLongDragScrolls() {
+        const Selecting editor({2400, 1800});
+        auto* bar = editor.find<QScrollBar>(u"vsc1"_s);
+        QVERIFY(editor.shows(u"vsc1"_s));
+        editor.press(u"cj"_s);
+        editor.down({20, 20});
+        editor.move({40, editor.find(u"picGd"_s)->height() + 40});
+        QCOMPARE(bar->value(), 200);
+        QCOMPARE(topOf(&editor.picYu()), -195);  // 200 twips are 13 whole pixels
+        editor.move({40, 1795});
+        QCOMPARE(bar->value(), 200);
+    }
+
+    void ratioOfAButton() {
+        const Selecting editor;
+        editor.startButton(0);
+        QCOMPARE(editor.label(2), u" 请在图片上进行裁剪操作"_s);
+        editor.down({10, 20});
+        editor.move({130, 25});
+        QCOMPARE(editor.bandSize(), QSize(1800, 1350));
+        QCOMPARE(editor.label(0), u"选中尺寸：120 * 90"_s);
+        QCOMPARE(editor.label(1), u"缩放比例：1.2：1"_s);
+        editor.up({130, 25});
+        QCOMPARE(editor.label(0), u"选中尺寸：120 * 90\n缩放比例：1.2：1"_s);
+        QCOMPARE(editor.label(2), u"  按“显示”查看裁剪后图片"_s);
+        QVERIFY(editor.confirm().isEnabled());
+    }
+
+    void fixedSizeOfAButton() {
+        Selecting editor;
+        editor.startButton(1);
+        QCOMPARE(editor.lastBox(),
+                 u"操作提示|要将选择的“按钮用图片”固定尺寸吗？\n\n如果“是”，请按“确定”；否则按“取消”。"_s);
+        editor.down({10, 20});
+        editor.move({11, 21});
+        QCOMPARE(editor.bandSize(), QSize(1500, 1125));
+        editor.up({200, 150});
+        QCOMPARE(editor.label(0), u"选中尺寸：100 * 75\n缩放比例：1：1"_s);
+        editor.click(u"cmdCk"_s);
+        QCOMPARE(editor.picYu().picture().size(), QSize(100, 75));
+        QVERIFY(editor.shows(u"fraWz"_s));
+        QCOMPARE(editor.label(2), u"    请在上边选择保存位置"_s);
+        QCOMPARE(editor.find(u"picGd"_s)->size(), QSize(100, 75));
+    }
+
+    void refusedFixedSizeChoosesNothing() {
+        Selecting editor;
+        editor.press(u"at"_s);
+        editor.answer = false;
+        editor.option(1);
+        QVERIFY(!editor.find<QRadioButton>(u"optAn(1)"_s)->isChecked());
+        QCOMPARE(editor.label(2), u"      请先选择裁剪方式"_s);
+    }
+
+    void fittingPicturesCanBeTakenWhole() {
+        const Selecting editor({400, 300});
+        editor.startButton(0);
+        QVERIFY(editor.lastBox().startsWith(u"操作提示|选择的“按钮用图片”尺寸不必裁剪可直接使用。\n\n"));
+        QCOMPARE(editor.picYu().picture().size(), QSize(100, 75));
+        QCOMPARE(editor.picYu().picture().pixelColor(20, 20), QColor(Qt::red));
+        QCOMPARE(editor.picYu().picture().pixelColor(80, 60), QColor(Qt::yellow));
+    }
+
+    void smallPicturesNeedNoCut() {
+        Selecting editor({90, 70});
+        editor.startButton(0);
+        editor.select({5, 5}, {60, 40});
+        editor.click(u"cmdCk"_s);
+        QCOMPARE(editor.picYu().picture().size(), QSize(90, 70));
+        QVERIFY(editor.shows(u"fraWz"_s));
+        QCOMPARE(editor.label(2), u"     请直接选择安装位置"_s);
+    }
+
+    void storingInAButton() {
+        Selecting editor({400, 300});
+        editor.startButton(0);
+        editor.option(2);
+        auto* grid = editor.find<Grid>(u"msgBm"_s);
+        QCOMPARE(grid->parentWidget()->objectName(), u"picAn"_s);
+        QCOMPARE(grid->model()->rowCount(), 4);
+        QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, grid->visualRect(grid->model()->index(3, 0)).center());
+        QCOMPARE(editor.label(2), u"选中:序号=4(无图)"_s);
+        QCOMPARE(editor.confirm().text(), u"确定"_s);
+        QCOMPARE(topOf(&editor.confirm()), 1815);  // 1810 in whole pixels
+        editor.click(u"cmdCk"_s);
+        QCOMPARE(editor.lastBox(), u"保存按钮图片|按钮图片已保存完毕！(序号＝4)"_s);
+        Recordset row = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcan WHERE 序号 = 4"_s);
+        const auto stored = pictureFromField(row, u"图片"_s);
+        QVERIFY(stored && stored->pixels() == QSize(100, 75));
+    }
+
+    void savingTheButtonAsAFile_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("begin");
+        QTest::newRow("jpeg") << u"钮 '1.jpg"_s << QByteArray("\xff\xd8");
+        QTest::newRow("bitmap") << u"钮.bmp"_s << QByteArray("BM");
+    }
+    void savingTheButtonAsAFile() {
+        QFETCH(const QString, name);
+        Selecting editor({400, 300});
+        editor.startButton(0);
+        editor.file = editor.catalogue.file(name);
+        editor.option(3);
+        QCOMPARE(editor.lastBox(), u"操作提示|选择的“按钮用图片”已存为文件["_s + editor.file + u"]。"_s);
+        QFile file(editor.file);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QTEST(file.read(2), "begin");
+        QVERIFY(!editor.shows(u"picAn"_s));
+        QVERIFY(editor.key(u"sf"_s)->isEnabled());
+    }
+
+    void leavingTheButton() {
+        const Selecting editor;
+        editor.scale(u"2"_s);
+        editor.rotate(u"10"_s);
+        editor.press(u"at"_s);
+        editor.click(u"cmdAg"_s);
+        // One step further back than the picture that was on the screen.
+        QCOMPARE(editor.picYu().picture().size(), QSize(600, 400));
+        QCOMPARE(editor.steps(), (QStringList{u"01"_s, u"02"_s}));
+    }
+
+    void leavingTheButtonOfAnUnchangedPicture() {
+        const Selecting editor;
+        editor.press(u"at"_s);
+        editor.click(u"cmdAg"_s);
+        QVERIFY(editor.shows(u"img1"_s));
+    }
+
+    void savingMeansThePhotograph() {
+        Selecting editor({400, 300});
+        editor.scale(u"0.9"_s);
+        editor.startButton(0);
+        const QString photograph = editor.catalogue.file(u"图.bmp"_s);
+        editor.click(u"cmdAg"_s);
+        editor.press(u"bc"_s);
+        QCOMPARE(QImage(photograph).size(), QSize(360, 270));
+    }
+};
+
+const Registered<TestSelecting> registered;
+
+}  // namespace
+
+#include "selecting_test.moc"
