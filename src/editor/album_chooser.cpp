@@ -69,19 +69,20 @@ AlbumChooser::AlbumChooser(EditorState& state, Commands& commands, EditorView& v
 
 void AlbumChooser::makeChoice() {
     Surface* picCs = view_.picCs;
-    QLabel* lblXc = makeLabel(picCs, u"lblXc"_s, u"选择图册："_s, 150, 165, 975);
+    QLabel* lblXc = makeLabel(picCs, u"lblXc"_s, u"选择图册："_s, 150, 300, 975);
     cboBm = make<QComboBox>(picCs, u"cboBm"_s);
     cboBm->setPlaceholderText(u"（请选择）"_s);
-    place(cboBm, 1125, 150, 2880, 330);
+    place(cboBm, 1125, 285, 2880, 330);
     lblXc->setBuddy(cboBm);
     msgBm = make<Grid>(picCs, u"msgBm"_s);
 
-    lbl1_ = makeLabel(picCs, u"lbl1"_s, u"请先选择图册"_s, rightColumn, 120, 1500);
+    lbl1_ = makeLabel(picCs, u"lbl1"_s, u"请先选择图册"_s, rightColumn, 210, 1500);
     txtB0_ = make<TextBox>(picCs, u"txtB0"_s);
     txtB0_->setLocked(true);
     txtB0_->setFocusPolicy(Qt::NoFocus);
     txtB0_->setText(u"编号  名称"_s);
-    place(txtB0_, rightColumn + 1560, 120, 2350, 300);
+    place(txtB0_, rightColumn + 1560, 240, 2350, 225);
+    txtB0_->setStyleSheet(u"padding: 0px 2px;"_s);
     img0_ = make<ImageBox>(picCs, u"img0"_s);
     img0_->setPicture(Picture(QImage(u":/pictures/nobuttons.png"_s)));
     img0_->setToolTip(u"这个图册没有筛选按钮"_s);

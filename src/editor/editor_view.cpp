@@ -16,7 +16,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+constexpr int barHeight = 330;
 constexpr int hintHeight = 270;
+constexpr int readoutFont = 11;  // pixels: digits are wider than half a cell
 constexpr int wheelNotch = 120;
 constexpr int wheelStep = 600;
 /// As much of a dragged panel stays within reach of the mouse, in pixels.
@@ -38,7 +40,7 @@ void applyBar(QScrollBar* bar, const EditorLayout::Bar& layout) {
 }
 
 /// The sentences are measured in half cells of 6 pixels: nothing but the frame may stand beside them.
-void dressHint(TextBox* box) {
+void dressHint(TextBox* box, int fontPixels = 12) {
     box->setLocked(true);
     box->setFocusPolicy(Qt::NoFocus);
     box->setAlignment(Qt::AlignCenter);
@@ -47,7 +49,7 @@ void dressHint(TextBox* box) {
     box->setContextMenuPolicy(Qt::NoContextMenu);
     box->setStyleSheet(
         u"QLineEdit { background: #fffbea; border: 1px solid #d9b65c; border-radius: 3px; padding: 0px; "
-        "color: #4a3d17; }"_s);
+        "color: #4a3d17; font-size: %1px; }"_s.arg(fontPixels));
     box->hide();
 }
 
@@ -65,6 +67,14 @@ EditorView::EditorView(EditorState& state, ToolBar* bar, QWidget* window, QWidge
 }
 
 void EditorView::makeSurfaces() {
+    QPalette colours = form_->palette();
+    const QColor barColour = colours.color(QPalette::Window);
+    colours.setColor(QPalette::Window, workbench);
+    form_->setPalette(colours);
+    barGround_ = new ShapeBox(form_);
+    barGround_->setBorderColor({});
+    barGround_->setFillColor(barColour);
+    barGround_->lower();
     shpBj = make<ShapeBox>(form_, u"shpBj"_s);
     shpBj->setBorderColor({});
     shpBj->setFillColor(workbench);
@@ -81,7 +91,7 @@ void EditorView::makeSurfaces() {
     shpYu = make<ShapeBox>(picYu, u"shpYu"_s);
     shpYu->hide();
     txtCc = make<TextBox>(picYu, u"txtCc"_s);
-    dressHint(txtCc);
+    dressHint(txtCc, readoutFont);
     txtCc->setAttribute(Qt::WA_TransparentForMouseEvents);
 
     hsc1 = make<QScrollBar>(form_, u"hsc1"_s, Qt::Horizontal);
@@ -145,6 +155,7 @@ void EditorView::pmsz() {
     shpBk->setVisible(!state_.isEmpty());
     shpYu->hide();
     bar_->setVisible(state_.toolbarHeight > 0);
+    barGround_->setVisible(state_.toolbarHeight > 0);
     centreWindow(layout.window.width(), layout.window.height());
     const QRect& ground = layout.background;
     place(shpBj, ground.x(), ground.y(), ground.width(), ground.height());
@@ -175,7 +186,8 @@ void EditorView::centreWindow(int width, int height) {
 }
 
 void EditorView::resized() {
-    place(bar_, 0, 0, windowWidth() - 90, 330);
+    place(bar_, 0, 0, windowWidth() - 90, barHeight);
+    place(barGround_, 0, 0, windowWidth(), barHeight);
     centreHint();
 }
 

@@ -71,6 +71,7 @@ class EditorView : public QObject {
     ToolBar* bar_;
     QWidget* window_;
     QWidget* form_;
+    ShapeBox* barGround_;  ///< What the tool bar leaves free at its right end.
     bool hintsOn_ = true;
     QPoint dragFrom_;  ///< Where the mouse went down on a panel, on the screen.
 };

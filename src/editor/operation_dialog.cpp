@@ -12,6 +12,7 @@ namespace {
 
 constexpr int dialogWidth = 3600;
 constexpr int dialogHeight = 1440;
+constexpr int cropDialogHeight = 930;
 constexpr int dialogTop = 1300;
 constexpr int rowTop = 450;
 constexpr int rowHeight = 330;
@@ -19,6 +20,11 @@ constexpr int buttonWidth = 750;
 constexpr int cropButtonLeft = 1440;
 constexpr int buttonLeft = 1920;
 constexpr int buttonLeftAfterwards = 1890;
+constexpr int cancelLeft = 2730;
+constexpr int cropCancelLeft = 2250;
+constexpr int margin = 180;
+constexpr int entryLeft = 840;  // beside the dial
+constexpr int entryRight = 1770;
 
 constexpr int dialX = 360;
 constexpr int dialY = 810;
@@ -45,25 +51,24 @@ void OperationDialog::makeControls() {
 
     // The dialog is dragged by whatever does not answer to the mouse itself.
     lblCq_ = make<QLabel>(picCq, u"lblCq"_s);
-    place(lblCq_, 180, 105, dialogWidth - 360, 270);
+    place(lblCq_, margin, 105, dialogWidth - 2 * margin, 270);
     lbl2_ = make<QLabel>(picCq, u"lbl2"_s, u"输入完成后按“确定”按钮或者回车"_s);
     lbl2_->setStyleSheet(u"color: #8d877d;"_s);
-    place(lbl2_, 180, 1125, dialogWidth - 360, 240);
+    place(lbl2_, margin, 1125, dialogWidth - 2 * margin, 240);
     for (QLabel* label : {lblCq_, lbl2_}) label->setAttribute(Qt::WA_TransparentForMouseEvents);
 
     txtCq = make<TextBox>(picCq, u"txtCq"_s);
-    place(txtCq, 840, rowTop, 930, rowHeight);
     const std::array<QString, 2> captions{u"确定"_s, u"取消"_s};
     for (size_t i = 0; i < cmdCq.size(); ++i) {
         cmdCq[i] = make<QPushButton>(picCq, element(u"cmdCq"_s, int(i)), captions[i]);
-        place(cmdCq[i], i == 0 ? buttonLeft : 2730, rowTop, buttonWidth, rowHeight);
+        place(cmdCq[i], i == 0 ? buttonLeft : cancelLeft, rowTop, buttonWidth, rowHeight);
     }
     cmdCq[0]->setEnabled(false);
 
     prg1 = make<QProgressBar>(picCq, u"prg1"_s);
     prg1->setRange(0, 100);
     prg1->setTextVisible(false);
-    place(prg1, 840, 885, 2640, 165);
+    place(prg1, entryLeft, 885, dialogWidth - margin - entryLeft, 165);
     prg1->hide();
 
     for (size_t i = 0; i < linJd_.size(); ++i) {
@@ -99,7 +104,12 @@ void OperationDialog::showParts() {
     lbl2_->setVisible(!crop);
     txtCq->setVisible(!crop);
     place(cmdCq[0], crop ? cropButtonLeft : buttonLeft, rowTop);
-    showDial(mode_ == u"x");
+    place(cmdCq[1], crop ? cropCancelLeft : cancelLeft, rowTop);
+    const bool dial = mode_ == u"x";
+    const int left = dial ? entryLeft : margin;
+    place(txtCq, left, rowTop, entryRight - left, rowHeight);
+    view_.picCq->resize(view_.picCq->width(), pixelsFromTwips(crop ? cropDialogHeight : dialogHeight));
+    showDial(dial);
 }
 
 void OperationDialog::reopen() {
