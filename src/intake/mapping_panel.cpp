@@ -1,6 +1,7 @@
 #include "intake/mapping_panel.h"
 
 #include "catalogue/mektp.h"
+#include "intake/preview_parts.h"
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/desktop/file_lists.h"
@@ -152,7 +153,7 @@ void MappingPanel::addLine() {
     const auto index = lines_.size();
     const int number = static_cast<int>(index), top = number * linePitch;
     QWidget* ground = area_->widget();
-    auto* lblMb = make<QLabel>(ground, element(u"lblMb"_s, number));
+    auto* lblMb = make<ElidedLabel>(ground, element(u"lblMb"_s, number));
     lblMb->setTextFormat(Qt::PlainText);
     place(lblMb, 0, top, captionWidth, lineHeight);
     auto* txtYb = make<TextBox>(ground, element(u"txtYb"_s, number));
