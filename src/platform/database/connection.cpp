@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -17,6 +18,7 @@ namespace {
 constexpr int busyTimeoutMs = 2000;
 constexpr int applicationId = 0x6C756E71;  // "lunq"
 constexpr int fileVersion = 1;
+const QString truncatingJournal = u"PRAGMA journal_mode = TRUNCATE"_s;
 
 /// Space is given back when this many pages (16 KB each) lie free, in steps of so many.
 constexpr int freePagesKept = 256;
@@ -87,7 +89,7 @@ std::shared_ptr<Connection> Connection::open(const QString& path) {
 
     const std::shared_ptr<Connection> connection(new Connection(path, openFlags(path)));
     connection->configure();
-    if (connection->isOurs()) connection->takeForOurs();
+    connection->requireKnownVersion();
     openConnections().push_back(connection);
     return connection;
 }
@@ -98,7 +100,7 @@ std::shared_ptr<Connection> Connection::create(const QString& path) {
     connection->run(u"PRAGMA page_size = 16384"_s);
     connection->run(u"PRAGMA auto_vacuum = INCREMENTAL"_s);
     connection->configure();
-    connection->takeForOurs();
+    connection->run(truncatingJournal);
     Change change(*connection);
     connection->run(u"PRAGMA application_id = %1"_s.arg(applicationId));
     connection->run(u"PRAGMA user_version = %1"_s.arg(fileVersion));
@@ -121,8 +123,11 @@ Connection::Connection(const QString& path, std::unique_ptr<ForeignCopy> foreign
     registerFunctions(handle());
 }
 
+/// Somebody else's file, and one that has only been read, keeps its free space.
 Connection::~Connection() {
-    attempt([this] { giveBackSpace(); });
+    attempt([this] {
+        if (changeCount() > 0 && isOurs()) giveBackSpace();
+    });
 }
 
 void Connection::configure() {
@@ -130,18 +135,26 @@ void Connection::configure() {
     run(u"PRAGMA synchronous = FULL"_s);
     run(u"PRAGMA secure_delete = OFF"_s);
     run(u"SELECT count(*) FROM sqlite_schema"_s);  // the first look into the file: throws when it is damaged
+    sqlite3_db_config(handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);  // until something is written
 }
 
 bool Connection::isOurs() {
     return !isForeign() && number(u"PRAGMA application_id"_s) == applicationId;
 }
 
-/// Settings that stay with the file: another program's file keeps its own.
-void Connection::takeForOurs() {
-    if (number(u"PRAGMA user_version"_s) > fileVersion) {
-        throw Error(u"数据库文件“%1”由更新的版本建立，请用新版软件打开。"_s.arg(path_));
-    }
-    if (isWritable()) run(u"PRAGMA journal_mode = TRUNCATE"_s);
+void Connection::requireKnownVersion() {
+    if (!isOurs() || number(u"PRAGMA user_version"_s) <= fileVersion) return;
+    throw Error(u"数据库文件“%1”由更新的版本建立，请用新版软件打开。"_s.arg(path_));
+}
+
+/// What even without a change of its content would write into a file waits for the first change of it. The journal's
+/// mode can stay with the file: another program's file keeps its own.
+void Connection::takeForWriting() {
+    if (std::exchange(isTakenForWriting_, true)) return;
+    sqlite3_db_config(handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
+    attempt([this] {
+        if (isOurs()) run(truncatingJournal);
+    });
 }
 
 void Connection::requireOurs() const {
@@ -243,7 +256,10 @@ Error Connection::missingTable(const QString& table) const {
 Change::Change(Connection& connection) : connection_(connection), outermost_(connection.openChanges_ == 0) {
     connection_.requireOurs();
     connection_.longBinaries().release();
-    if (!outermost_) requireTransaction(connection_);
+    if (outermost_)
+        connection_.takeForWriting();
+    else
+        requireTransaction(connection_);
     connection_.run(outermost_ ? u"BEGIN IMMEDIATE"_s : u"SAVEPOINT change"_s);
     ++connection_.openChanges_;
 }

@@ -73,7 +73,8 @@ class Connection {
     Connection(const QString& path, int flags);
     explicit Connection(const QString& path, std::unique_ptr<ForeignCopy> foreign);
     void configure();
-    void takeForOurs();
+    void requireKnownVersion();
+    void takeForWriting();
     bool isWritable() const;
     qint64 number(const QString& sql);
 
@@ -83,6 +84,7 @@ class Connection {
     LongBinaries longBinaries_;
     qint64 otherChanges_ = 0;
     int openChanges_ = 0;
+    bool isTakenForWriting_ = false;
     QHash<QString, qint64> highestRowIds_;  ///< By table, in lower case.
     QElapsedTimer sinceGivingBack_;
 };

@@ -117,6 +117,39 @@ class FilesTest : public QObject {
         QCOMPARE(album_->shell(u"ATTACH '%1' AS o; PRAGMA o.journal_mode"_s.arg(path)), u"wal"_s);
     }
 
+    void readingLeavesAFileAsItIs_data() {
+        QTest::addColumn<QString>("setting");
+        QTest::newRow("ours") << QString();
+        QTest::newRow("ours, with a log") << u"PRAGMA journal_mode = WAL;"_s;
+        QTest::newRow("somebody else's") << u"PRAGMA application_id = 1;"_s;
+    }
+
+    /// However much space lies free in it.
+    void readingLeavesAFileAsItIs() {
+        QFETCH(QString, setting);
+        album_->add(4, u"b"_s, u"2003-10-02"_s, QByteArray(20000000, 'q'));
+        album_->database = {};
+        album_->shell(u"DELETE FROM long_binary WHERE length(bytes) > 1000000;"_s + setting);
+        const QByteArray before = fileContent();
+        QVERIFY(before.size() > 20000000);
+        for (int round = 0; round < 2; ++round) {
+            const Database database = OpenDatabase(album_->path());
+            Recordset set = database.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 < 4"_s);
+            for (; !set.Eof(); set.MoveNext()) QCOMPARE(set.Fields(u"图片"_s).Value().toBytes().size(), 100000);
+        }
+        QVERIFY(fileContent() == before);
+
+        // Space of our own files is given back by whoever changes something.
+        {
+            const Database database = OpenDatabase(album_->path());
+            Recordset set = database.OpenRecordset(u"tc01"_s);
+            setRemark(set, u"后"_s);
+        }
+        QCOMPARE(fileContent().size() < before.size(), setting.isEmpty() || setting.contains(u"WAL"));
+        QCOMPARE(album_->shell(u"SELECT 备注 FROM tc01 WHERE 序号 = 1"_s), u"后"_s);
+        QCOMPARE(album_->shell(u"PRAGMA journal_mode"_s), u"delete"_s);
+    }
+
     void damagedPageFailsAlone() {
         const QString spoilt = writeFile(u"spoilt.mdb"_s, fileContent().replace("2003-10-01", "\xff\xfe\xfd?-10-0?"));
         const Database database = OpenDatabase(spoilt);
