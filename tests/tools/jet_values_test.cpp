@@ -1,4 +1,5 @@
 #include "jet_reader/jet_values.h"
+#include "platform/database/stored_forms.h"
 
 #include "../support/run_all.h"
 #include "jet_reader/ole_picture.h"

@@ -1,10 +1,12 @@
 #include "copy_writer.h"
 
 #include "limits.h"
+#include "platform/database/stored_forms.h"
 
 #include <sqlite3.h>
 #include <strings.h>
 
+#include <algorithm>
 #include <cerrno>
 
 namespace {
@@ -17,7 +19,7 @@ SQLite::Database emptyFile(const std::string& path) {
         database.tryExec(setting);
     }
     database.exec("BEGIN");
-    database.exec("CREATE TABLE long_binary (id INTEGER PRIMARY KEY AUTOINCREMENT, bytes BLOB NOT NULL)");
+    database.exec(createLongBinarySql);
     return database;
 }
 
@@ -34,6 +36,21 @@ std::string quoted(const std::string& name) {
 std::string freeName(const std::string& name) {
     const bool taken = strcasecmp(name.c_str(), "long_binary") == 0 || strncasecmp(name.c_str(), "sqlite_", 7) == 0;
     return taken ? '_' + name : name;
+}
+
+/// Columns are told apart by more than the case of their letters; a damaged name can be another one's again.
+std::vector<std::string> uniqueNames(const std::vector<JetColumn>& columns) {
+    std::vector<std::string> names;
+    const auto isTaken = [&](const std::string& name) {
+        return std::ranges::any_of(names,
+                                   [&](const auto& other) { return strcasecmp(other.c_str(), name.c_str()) == 0; });
+    };
+    for (const JetColumn& column : columns) {
+        std::string name = column.name;
+        for (int number = 2; isTaken(name); ++number) name = column.name + '_' + std::to_string(number);
+        names.push_back(std::move(name));
+    }
+    return names;
 }
 
 std::string declaration(const JetColumn& column) {
@@ -86,8 +103,9 @@ void CopyWriter::copy(const std::string& name, JetTable& table) {
     if (table.columns().empty()) return;
     std::string definitions;
     std::string places;
-    for (const JetColumn& column : table.columns()) {
-        definitions += (definitions.empty() ? "" : ", ") + quoted(column.name) + ' ' + declaration(column);
+    const std::vector<std::string> names = uniqueNames(table.columns());
+    for (size_t i = 0; i < names.size(); ++i) {
+        definitions += (definitions.empty() ? "" : ", ") + quoted(names[i]) + ' ' + declaration(table.columns()[i]);
         places += places.empty() ? "?" : ", ?";
     }
     const std::string target = quoted(freeName(name));

@@ -2,11 +2,13 @@
 
 #include "jet_failure.h"
 #include "jet_values.h"
+#include "limits.h"
 
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <fstream>
 
 namespace {
@@ -42,6 +44,9 @@ JetFile::JetFile(const std::string& path) {
     constexpr uint64_t fewestPages = 3;  // without the third there is no catalogue
     if (size % pageSize != 0 || pages_ < fewestPages) throw JetFailure{JetOutcome::incomplete};
 
+    // Lets the names of columns through byte by byte: with the header's code page, which need not be that of the texts,
+    // the library would lose them.
+    setenv("MDB_JET3_CHARSET", "ISO-8859-1", 1);
     handle_.reset(mdb_open(path.c_str(), MDB_NOFLAGS));
     if (!handle_ || static_cast<uint64_t>(handle_->fmt->pg_size) != pageSize) throw JetFailure{JetOutcome::damaged};
     if (hasPassword()) throw JetFailure{JetOutcome::password};
@@ -70,6 +75,10 @@ std::string JetFile::text(Bytes bytes) const {
     return isJet4() ? jet4Text(bytes) : jet3Text(bytes, handle_->f->code_page);
 }
 
+std::string JetFile::name(const std::string& read) const {
+    return isJet4() ? read : jet3Text(latin1Bytes(read), handle_->f->code_page);
+}
+
 std::vector<unsigned char> JetFile::longValue(Bytes inRow) const {
     if (inRow.size() < MDB_MEMO_OVERHEAD) return {};
     constexpr uint32_t inline_ = 0x80000000;
@@ -85,6 +94,7 @@ std::vector<unsigned char> JetFile::longValue(Bytes inRow) const {
     if (length > largestValue) throw JetFailure{JetOutcome::limitExceeded};
 
     std::vector<unsigned char> value;
+    value.reserve(length);
     auto place = numberAt<uint32_t>(inRow, 4);
     while (value.size() < length && place != 0) {
         if (!hasPage(place >> 8)) throw JetFailure{JetOutcome::incomplete};
@@ -105,6 +115,7 @@ std::vector<unsigned char> JetFile::longValue(Bytes inRow) const {
             piece = piece.subspan(sizeof place);
         }
         value.insert(value.end(), piece.begin(), piece.end());
+        tellProgress();
     }
     if (value.size() < length) throw JetFailure{JetOutcome::damaged};
     value.resize(length);

@@ -21,6 +21,8 @@ class JetFile {
     MdbHandle* handle() const { return handle_.get(); }
     bool hasPage(uint64_t page) const { return page < pages_; }
     std::string text(Bytes bytes) const;
+    /// A name that the library has read.
+    std::string name(const std::string& read) const;
     bool isJet4() const;
 
     /// The whole of a memo or long-binary value, from what its row holds of it: the bytes themselves, or where they

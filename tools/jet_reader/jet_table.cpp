@@ -3,6 +3,7 @@
 #include "jet_failure.h"
 #include "jet_values.h"
 #include "ole_picture.h"
+#include "platform/database/stored_forms.h"
 
 #include <algorithm>
 
@@ -61,7 +62,7 @@ void JetTable::readColumns() {
     for (unsigned i = 0; i < table_->num_cols; ++i) {
         const auto& column = *static_cast<const MdbColumn*>(g_ptr_array_index(table_->columns, i));
         // What the library calls the precision is the scale.
-        columns_.push_back({column.name, column.col_type, sizeOf(column, file_.isJet4()), column.col_prec});
+        columns_.push_back({file_.name(column.name), column.col_type, sizeOf(column, file_.isJet4()), column.col_prec});
     }
     fields_.resize(columns_.size());
 }

@@ -3,7 +3,7 @@
 #include <iconv.h>
 
 #include <array>
-#include <charconv>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 
@@ -89,25 +89,6 @@ std::optional<std::string> converted(Bytes bytes, const std::string& encoding) {
     return out;
 }
 
-struct Day {
-    int year;
-    unsigned month;
-    unsigned day;
-};
-
-/// The day of the calendar, from the days since 1970-01-01, in eras of 400 years that begin in March.
-Day dayOfCalendar(int64_t days) {
-    days += 719468;
-    const int64_t era = (days >= 0 ? days : days - 146096) / 146097;
-    const auto dayOfEra = static_cast<unsigned>(days - era * 146097);
-    const unsigned yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
-    const unsigned dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
-    const unsigned monthFromMarch = (5 * dayOfYear + 2) / 153;
-    const unsigned month = monthFromMarch < 10 ? monthFromMarch + 3 : monthFromMarch - 9;
-    const auto year = static_cast<int>(yearOfEra + era * 400) + (month <= 2 ? 1 : 0);
-    return {year, month, dayOfYear - (153 * monthFromMarch + 2) / 5 + 1};
-}
-
 }  // namespace
 
 std::string jet4Text(Bytes bytes) {
@@ -124,6 +105,16 @@ std::string jet3Text(Bytes bytes, int codePage) {
     return text;
 }
 
+std::vector<unsigned char> latin1Bytes(const std::string& utf8) {
+    std::vector<unsigned char> bytes;
+    for (size_t at = 0; at < utf8.size(); ++at) {
+        auto byte = static_cast<unsigned char>(utf8[at]);
+        if (byte >= 0x80 && at + 1 < utf8.size()) byte = static_cast<unsigned char>(byte << 6 | (utf8[++at] & 0x3F));
+        bytes.push_back(byte);
+    }
+    return bytes;
+}
+
 std::optional<std::string> dateText(double days) {
     constexpr double firstDay = -657434;
     constexpr double dayAfterLast = 2958466;
@@ -137,12 +128,13 @@ std::optional<std::string> dateText(double days) {
         seconds = 0;
         ++day;
     }
-    const Day date = dayOfCalendar(day - daysTo1970);
-    if (date.year > 9999) return {};
+    const std::chrono::year_month_day date = std::chrono::sys_days(std::chrono::days(day - daysTo1970));
+    const auto year = static_cast<int>(date.year());
+    if (year > 9999) return {};
     const auto second = static_cast<int>(seconds);
     std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d:%02d:%02d", date.year, date.month, date.day,
-                  second / 3600, second / 60 % 60, second % 60);
+    std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d:%02d:%02d", year, static_cast<unsigned>(date.month()),
+                  static_cast<unsigned>(date.day()), second / 3600, second / 60 % 60, second % 60);
     return text.data();
 }
 
@@ -165,12 +157,4 @@ std::string guidText(Bytes bytes) {
                   numberAt<uint32_t>(bytes, 0), numberAt<uint16_t>(bytes, 4), numberAt<uint16_t>(bytes, 6), bytes[8],
                   bytes[9], bytes[10], bytes[11], bytes[12], bytes[13], bytes[14], bytes[15]);
     return text.data();
-}
-
-double shortestDecimal(float number) {
-    std::array<char, 32> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-    auto decimal = static_cast<double>(number);
-    std::from_chars(digits.data(), end, decimal);
-    return decimal;
 }

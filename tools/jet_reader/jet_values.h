@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 /// How a Jet database writes its values, turned into what the album's files hold. Texts come as UTF-8.
 
@@ -13,6 +14,9 @@ std::string jet4Text(Bytes bytes);
 
 /// A text in a Windows code page; in GBK when it is none of that code page.
 std::string jet3Text(Bytes bytes, int codePage);
+
+/// The bytes of a text whose characters are all below U+0100.
+std::vector<unsigned char> latin1Bytes(const std::string& utf8);
 
 /// `2003-10-01 12:30:00` for the days since 1899-12-30; before it the fraction still counts forward. Nothing outside
 /// the years 100 to 9999.
@@ -26,6 +30,3 @@ double decimalValue(Bytes bytes, int scale);
 
 /// `{00112233-4455-6677-8899-AABBCCDDEEFF}` from sixteen bytes.
 std::string guidText(Bytes bytes);
-
-/// The number that the shortest decimal for a single-precision one names: 1234.567, not 1234.5670166015625.
-double shortestDecimal(float number);

@@ -2,6 +2,7 @@
 
 #include "platform/base/error.h"
 #include "platform/database/connection.h"
+#include "platform/database/stored_forms.h"
 
 #include <sqlite3.h>
 
@@ -53,7 +54,7 @@ void LongBinaries::Close::operator()(sqlite3_blob* blob) const {
 }
 
 QString LongBinaries::createTableSql() {
-    return u"CREATE TABLE IF NOT EXISTS long_binary (id INTEGER PRIMARY KEY AUTOINCREMENT, bytes BLOB NOT NULL)"_s;
+    return QString::fromLatin1(createLongBinarySql);
 }
 
 qint64 LongBinaries::size(qint64 key) {

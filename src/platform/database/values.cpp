@@ -2,10 +2,10 @@
 
 #include "platform/base/conversion.h"
 #include "platform/base/error.h"
+#include "platform/database/stored_forms.h"
 
 #include <sqlite3.h>
 
-#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -71,15 +71,6 @@ QByteArray fittedBytes(const Column& column, const Variant& value) {
         refuse(column, value, u"共 %1 个字节，最多 %2 个"_s.arg(bytes.size()).arg(column.size));
     }
     return bytes;
-}
-
-/// 1234.567 for the float nearest to it, not 1234.5670166015625.
-double shortestDecimal(float number) {
-    std::array<char, 32> digits{};
-    const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
-    double decimal = static_cast<double>(number);
-    std::from_chars(digits.begin(), end, decimal);
-    return decimal;
 }
 
 Variant integerValue(qint64 number, FieldType type) {

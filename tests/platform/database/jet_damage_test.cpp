@@ -129,6 +129,19 @@ class JetDamageTest : public QObject {
         QVERIFY2(failure.contains(path) && failure.contains(u"/proc"), qPrintable(failure));
     }
 
+    /// A value of 80 MB in a file that is large enough for it.
+    void tooMuchForTheReaderIsSaid() {
+        if (!JetFiles::hasSamples()) return;
+        const QByteArray whole = JetFiles::content(JetFiles::sample(u"jet3-ole-large.mdb"_s));
+        const QByteArray length("\xf9\x57\x09\x00", 4);
+        QCOMPARE(whole.count(length), 1);
+        const QString path =
+            files_->write(u"long.mdb"_s, QByteArray(whole).replace(length, QByteArray("\x00\xb4\xc4\x04", 4)));
+        QVERIFY(QFile::resize(path, 50000 * 2048));
+        const QString failure = failureOf([&] { OpenDatabase(path); });
+        QVERIFY2(failure.contains(path) && failure.contains(u"限制"), qPrintable(failure));
+    }
+
     void missingPartsAreNoticed() {
         if (!JetFiles::hasSamples()) return;
         for (const QString& name : {u"jet3-ole-large.mdb"_s, u"jet4-alltypes.mdb"_s, u"jet4-ole-large-unicode.mdb"_s}) {

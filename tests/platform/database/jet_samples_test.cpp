@@ -181,6 +181,25 @@ class JetSamplesTest : public QObject {
         const QString path = JetFiles::sample(u"jet4-password.mdb"_s);
         const QString failure = failureOf([&] { OpenDatabase(path); });
         QVERIFY2(failure.contains(path) && failure.contains(u"密码"), qPrintable(failure));
+
+        // In a Jet 3 file the place of the password is empty, under a mask that is the same in every file.
+        QByteArray bytes = JetFiles::content(JetFiles::sample(u"jet3-types.mdb"_s));
+        bytes[0x42] = static_cast<char>(bytes[0x42] ^ 'a');
+        const QString jet3 = files_->write(u"jet3.mdb"_s, bytes);
+        QVERIFY(failureOf([&] { OpenDatabase(jet3); }).contains(u"密码"));
+    }
+
+    void namesOfColumns() {
+        if (!JetFiles::hasSamples()) return;
+        QByteArray bytes = JetFiles::content(JetFiles::sample(u"jet3-types.mdb"_s));
+        bytes.replace("\7column2", "\7\x90\x40\xd0\xf2\xba\xc5x");  // GBK, and no text in the file's own code page
+        bytes.replace("\7column3", "\7COLUMN1");
+        bytes.replace("\7column4", "\7\xe9t\xe9_a_b");
+        const Database database = OpenDatabase(files_->write(u"names.mdb"_s, bytes));
+        const Recordset set = database.OpenRecordset(u"Table2"_s);
+        QStringList names;
+        for (int i = 0; i < 5; ++i) names << set.Fields(i).Name();
+        QCOMPARE(names, (QStringList{u"column1"_s, u"怈序号x"_s, u"COLUMN1_2"_s, u"été_a_b"_s, u"column5"_s}));
     }
 
     void nothingCanBeWritten() {
