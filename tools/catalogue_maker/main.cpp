@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QFile>
 #include <cstdio>
+#include <exception>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -25,6 +26,11 @@ void makeCatalogue(const QString& path) {
     fillWindowPreviews(database, path, workshop);
 }
 
+/// What the engine keeps beside a file goes with it.
+void removeDatabase(const QString& path) {
+    for (const QString& file : {path, path + u"-journal"_s}) QFile::remove(file);
+}
+
 }  // namespace
 
 /// make_catalogue FILE: makes the catalogue that the program is shipped with. Refuses to touch a file that is there.
@@ -42,12 +48,18 @@ int main(int argc, char** argv) {
         return 1;
     }
     const QString unfinished = target + u".part"_s;
-    QFile::remove(unfinished);
+    removeDatabase(unfinished);
     try {
         makeCatalogue(unfinished);
+        QFile made(unfinished);
+        if (!made.rename(target)) throw Error(u"%1: %2"_s.arg(target, made.errorString()));
+        removeDatabase(unfinished);
+        return 0;
     } catch (const Error& error) {
         std::fprintf(stderr, "make_catalogue: %s\n", qUtf8Printable(error.text()));
-        return 1;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "make_catalogue: %s\n", error.what());
     }
-    return QFile::rename(unfinished, target) ? 0 : 1;
+    removeDatabase(unfinished);
+    return 1;
 }
