@@ -2,21 +2,19 @@
 
 #include "backup/copy_pace.h"
 #include "platform/base/error.h"
+#include "platform/base/files.h"
 
 #include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/Database.h>
-#include <fcntl.h>
 #include <sqlite3.h>
-#include <unistd.h>
 
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
 #include <QThread>
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -41,17 +39,8 @@ class NewFile {
     QString path_;
 };
 
-Error failure(const QString& path, const char* what) {
-    return Error(u"备份文件“%1”不能写入：%2。"_s.arg(path, QString::fromLocal8Bit(what)));
-}
-
-/// Sees to it that a file, or the entries of a folder, are on the disk.
-void flush(const QString& path) {
-    const int handle = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-    const bool flushed = handle >= 0 && ::fsync(handle) == 0;
-    const int reason = errno;
-    if (handle >= 0) ::close(handle);
-    if (!flushed) throw failure(path, std::strerror(reason));
+Error failure(const QString& path, const QString& reason) {
+    return Error(u"备份文件“%1”不能写入：%2。"_s.arg(path, reason));
 }
 
 std::string fileName(const QString& path) {
@@ -66,38 +55,45 @@ int waitForAMoment(void*, int tried) {
 }
 
 /// All pages under one short lock after another. A change of the source in between makes the engine begin anew; the
-/// locks then grow longer, up to what a writer is ready to wait for.
-void copyPages(SQLite::Backup& backup) {
+/// locks then grow longer, up to what a writer is ready to wait for. Every step goes to the disk before the next one,
+/// while the source is free: were it left to gather, the system would some time make a step wait for all of it.
+void copyPages(SQLite::Backup& backup, QFile& written) {
     QElapsedTimer whole;
     whole.start();
     CopyPace pace;
     while (!whole.hasExpired(patienceMs)) {
-        QElapsedTimer held;
-        held.start();
+        QElapsedTimer step;
+        step.start();
         const int result = backup.executeStep(pace.pages());
         if (result == SQLITE_DONE) return;
-        if (result == SQLITE_OK)
-            pace.stepTook(held.elapsed(), backup.getTotalPageCount() - backup.getRemainingPageCount());
+        if (result == SQLITE_OK) {
+            syncToDisk(written);
+            pace.stepTook(step.elapsed(), backup.getTotalPageCount() - backup.getRemainingPageCount());
+        }
         QThread::msleep(pauseMs);
     }
     throw Error(u"图册数据库一直在改动，没有备份。"_s);
 }
 
+/// The copy is on the disk afterwards.
 void copyDatabase(const QString& from, const QString& to) {
+    QFile written(to);
+    if (!written.open(QIODevice::ReadWrite)) throw failure(to, written.errorString());
     try {
         // Also a catalogue that a power cut has left half changed is copied whole: opened for writing, it repairs
         // itself.
         SQLite::Database source(fileName(from), SQLite::OPEN_READWRITE);
         sqlite3_busy_handler(source.getHandle(), waitForAMoment, nullptr);
         SQLite::Database copy(fileName(to), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-        // A copy that fails is thrown away, and the whole file goes to the disk when the source is free again.
+        // A copy that fails is thrown away, and what is written goes to the disk while the source is free.
         copy.exec("PRAGMA journal_mode = OFF");
         copy.exec("PRAGMA synchronous = OFF");
         SQLite::Backup backup(copy, source);
-        copyPages(backup);
+        copyPages(backup, written);
     } catch (const SQLite::Exception& failed) {
         throw Error(u"“%1”不能备份到“%2”：%3。"_s.arg(from, to, QString::fromUtf8(failed.what())));
     }
+    syncToDisk(written);
 }
 
 }  // namespace
@@ -117,9 +113,8 @@ void copyCatalogue(const QString& from, const QString& to) {
     }
     const NewFile made(to + u".new"_s);
     copyDatabase(from, made.path());
-    flush(made.path());
     std::error_code failed;
     std::filesystem::rename(fileName(made.path()), fileName(to), failed);
-    if (failed) throw failure(to, failed.message().c_str());
-    flush(target.absolutePath());
+    if (failed) throw failure(to, QString::fromLocal8Bit(failed.message()));
+    syncFolderToDisk(target.absolutePath());
 }
