@@ -58,8 +58,8 @@ program_of() {
 }
 
 is_running() {
-    [ -f "$lock" ] || return 1
-    { read -r pid && read -r program && read -r computer; } <"$lock" || return 1
+    [ -f "$1" ] || return 1
+    { read -r pid && read -r program && read -r computer; } <"$1" || return 1
     case $pid in '' | *[!0-9]*) return 1 ;; esac
     [ "$computer" = "$(uname -n)" ] || return 1
     kill -0 "$pid" 2>/dev/null || [ -d "/proc/$pid" ] || return 1
@@ -71,25 +71,53 @@ on_disk() {
     sync "$1" 2>/dev/null || sync
 }
 
+# 数据库开头写着每页的字节数和页数：文件比这短，就是没有复制完。
+is_whole() {
+    set -- $(od -An -tu1 -v -j16 -N16 "$from")
+    page=$(($1 * 256 + $2))
+    [ "$page" -ne 1 ] || page=65536
+    shift 12
+    pages=$(((($1 * 256 + $2) * 256 + $3) * 256 + $4))
+    [ $(($(wc -c <"$from"))) -ge $((pages * page)) ]
+}
+
+# 替换没有成功时，日志仍属于现有的图册数据库。
+finish() {
+    if [ -n "$moving" ] && [ -e "$new" ] && [ -e "$to-journal.old" ] && [ ! -e "$to-journal" ]; then
+        mv -f "$to-journal.old" "$to-journal"
+    fi
+    rm -f "$new" "$lock"
+}
+
+busy='软件正在运行，或另一次恢复正在进行，没有恢复。请先关闭软件，再运行本脚本。'
 [ "$(dd if="$from" bs=15 count=1 2>/dev/null)" = 'SQLite format 3' ] ||
     fail "备份文件“$from”不存在，或不是图册数据库，没有恢复。"
-! is_running || fail '软件正在运行，或另一次恢复正在进行，没有恢复。请先关闭软件，再运行本脚本。'
-rm -f "$lock"
+is_whole || fail "备份文件“$from”不完整，没有恢复。"
+! is_running "$lock" || fail "$busy"
+# 软件可能刚刚打开：移开的若不是刚才看过的那一个，就放回去。
+if mv -f "$lock" "$lock.$$" 2>/dev/null; then
+    if is_running "$lock.$$"; then
+        mv -n "$lock.$$" "$lock"
+        fail "$busy"
+    fi
+    rm -f "$lock.$$"
+fi
 (set -C && printf '%s\n' $$ "$(program_of $$ || echo sh)" "$(uname -n)" >"$lock") 2>/dev/null ||
     fail "文件夹“${lock%/*}/”不能写入，或软件刚刚打开，没有恢复。"
 [ ! -L "$to" ] || to=$(readlink -f "$to")
 new=$to.restore
-trap 'rm -f "$new" "$lock"' EXIT
+moving=
+trap finish EXIT
 trap 'exit 1' HUP INT TERM
 
-cp "$from" "$new" && on_disk "$new" || fail "备份不能复制到“$new”，没有恢复，现有的图册数据库不变。"
+# 从只读的光盘等复制来的也要能写。
+cp -f "$from" "$new" && chmod u+rw "$new" && on_disk "$new" ||
+    fail "备份不能复制到“$new”，没有恢复，现有的图册数据库不变。"
 if [ -s "$to-journal" ]; then
+    moving=1
     mv -f "$to-journal" "$to-journal.old" || fail "文件“$to-journal”不能移开，没有恢复。"
 fi
-if ! mv -f "$new" "$to"; then
-    [ ! -f "$to-journal.old" ] || mv -f "$to-journal.old" "$to-journal"
-    fail "“$to”不能替换，没有恢复，现有的图册数据库不变。"
-fi
+mv -f "$new" "$to" || fail "“$to”不能替换，没有恢复，现有的图册数据库不变。"
 rm -f "$to-journal.old"
 on_disk "${to%/*}/"
 echo '图册数据库已经恢复。'
@@ -117,7 +145,9 @@ QString backupPathFault(const QString& path, const QString& catalogue) {
     const bool sameFolder =
         QDir::cleanPath(folder.filePath()) == QDir::cleanPath(own.filePath()) ||
         (!folder.canonicalFilePath().isEmpty() && folder.canonicalFilePath() == own.canonicalFilePath());
-    if (sameFolder && QFileInfo(path).fileName() == QFileInfo(catalogue).fileName())
+    const QString realPath = QFileInfo(path).canonicalFilePath();
+    const bool leadsToIt = !realPath.isEmpty() && realPath == QFileInfo(catalogue).canonicalFilePath();
+    if (leadsToIt || (sameFolder && QFileInfo(path).fileName() == QFileInfo(catalogue).fileName()))
         return u"备份路径“%1”就是图册数据库本身，请另选一个文件夹。"_s.arg(path);
     if (QFileInfo(path).isDir()) return u"备份路径“%1”是一个文件夹，备份应是一个文件。"_s.arg(path);
     return {};

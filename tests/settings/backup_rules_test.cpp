@@ -60,8 +60,10 @@ class TestBackupRules : public QObject {
         QCOMPARE(backupPathFault(home.filePath(u"other/lunq.mdb"_s), catalogue), QString());
         for (const QString& path : {u"bak/lunq.mdb"_s, u"D:\\bak\\lunq.mdb"_s, u"~/bak/lunq.mdb"_s})
             QVERIFY2(backupPathFault(path, catalogue).contains(u"不完整"_s), qPrintable(path));
-        for (const QString& path : {catalogue, home.path() + u"//lunq.mdb"_s, home.path() + u"/bak/../lunq.mdb"_s,
-                                    home.filePath(u"link/lunq.mdb"_s)})
+        QFile file(catalogue);
+        QVERIFY(file.open(QIODevice::WriteOnly) && QFile::link(catalogue, home.filePath(u"other.mdb"_s)));
+        for (const QString& path : {catalogue, home.filePath(u"other.mdb"_s), home.path() + u"//lunq.mdb"_s,
+                                    home.path() + u"/bak/../lunq.mdb"_s, home.filePath(u"link/lunq.mdb"_s)})
             QVERIFY2(backupPathFault(path, catalogue).contains(u"数据库本身"_s), qPrintable(path));
         QVERIFY(backupPathFault(home.filePath(u"bak/lunq.mdb"_s), catalogue).contains(u"是一个文件夹"_s));
     }

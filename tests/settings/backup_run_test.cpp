@@ -76,6 +76,22 @@ class Backup {
 
     Outcome bf() const { return run(backupScriptPath()); }
     Outcome hf() const { return run(restoreScriptPath(places.backup)); }
+
+    /// Restores with an `mv` that first does something of its own.
+    Outcome hfWithMv(const QByteArray& first) const {
+        const QString folder = sample.file(u"commands"_s);
+        const QString mv = folder + u"/mv"_s;
+        QDir().mkpath(folder);
+        writeFile(mv, "#!/bin/sh\nfor to; do :; done\n" + first + "\nexec /bin/mv \"$@\"\n");
+        QFile::setPermissions(mv, QFile::ReadOwner | QFile::ExeOwner);
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"PATH"_s, folder + u':' + environment.value(u"PATH"_s));
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(u"/bin/sh"_s, {restoreScriptPath(places.backup)});
+        return outcomeOf(process);
+    }
+
     void closeCatalogue() { mekTp::catalogue = {}; }
     QStringList filesBesideBackup() const { return QFileInfo(places.backup).dir().entryList(QDir::Files); }
 
@@ -291,6 +307,69 @@ class TestBackupRun : public QObject {
         QVERIFY2(outcome.status == 1 && outcome.said.contains(u"不是图册数据库，没有恢复"_s), qPrintable(outcome.said));
         QCOMPARE(picturesIn(backup.places.catalogue), 1);
         QVERIFY(!QFile::exists(backup.places.lock));
+    }
+
+    void shortenedBackupIsNotRestored() {
+        Backup backup;
+        addPicture(1, 300'000);
+        QCOMPARE(backup.bf().status, 0);
+        backup.closeCatalogue();
+        QFile copy(backup.places.backup);
+        QVERIFY(copy.resize(copy.size() - 1));
+        const Outcome outcome = backup.hf();
+        QVERIFY2(outcome.status == 1 && outcome.said.contains(u"不完整，没有恢复"_s), qPrintable(outcome.said));
+        QCOMPARE(faultOf(backup.places.catalogue), QString());
+        QVERIFY(!QFile::exists(backup.places.lock));
+    }
+
+    void restoredFromAReadOnlyMedium() {
+        Backup backup;
+        QCOMPARE(backup.bf().status, 0);
+        backup.closeCatalogue();
+        QVERIFY(QFile::setPermissions(backup.places.backup, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
+        QCOMPARE(backup.hf().status, 0);
+        QVERIFY(QFile::permissions(backup.places.catalogue).testFlag(QFile::WriteOwner));
+    }
+
+    // A restore that is cut off before the catalogue is replaced leaves it its journal.
+    void interruptedRestoreKeepsTheJournal_data() {
+        QTest::addColumn<QByteArray>("signal");
+        QTest::addColumn<bool>("replaced");
+        QTest::newRow("before") << QByteArray("case $to in *lunq.mdb) kill -TERM $PPID; exit 1 ;; esac") << false;
+        QTest::newRow("behind") << QByteArray("case $to in *lunq.mdb) kill -TERM $PPID ;; esac") << true;
+    }
+    void interruptedRestoreKeepsTheJournal() {
+        QFETCH(QByteArray, signal);
+        QFETCH(bool, replaced);
+        Backup backup;
+        QCOMPARE(backup.bf().status, 0);
+        addPicture(1, 1000);
+        backup.closeCatalogue();
+        const QString journal = backup.places.catalogue + u"-journal"_s;
+        writeFile(journal, "left");
+        const Outcome outcome = backup.hfWithMv(signal);
+        QCOMPARE(outcome.status, 1);
+        QCOMPARE(QFile::exists(journal), !replaced);
+        QVERIFY(!QFile::exists(backup.places.lock) && !QFile::exists(backup.places.catalogue + u".restore"_s));
+        QFile::remove(journal);
+        QCOMPARE(picturesIn(backup.places.catalogue), replaced ? 0 : 1);
+    }
+
+    // Between the look at a lock that was left behind and its removal the program is opened.
+    void lockTakenAtTheLastMomentStays() {
+        Backup backup;
+        QCOMPARE(backup.bf().status, 0);
+        addPicture(1, 1000);
+        backup.closeCatalogue();
+        const QByteArray here = QSysInfo::machineHostName().toLocal8Bit();
+        const QByteArray own =
+            QByteArray::number(QCoreApplication::applicationPid()) + "\\ntest_settings\\n" + here + "\\n";
+        writeFile(backup.places.lock, "1073741823\nlunq\n" + here + '\n');
+        const Outcome outcome = backup.hfWithMv("case $to in *lunq.lock.*) printf '" + own + "' >\"$2\" ;; esac");
+        QVERIFY2(outcome.status == 1 && outcome.said.contains(u"软件正在运行"_s), qPrintable(outcome.said));
+        QFile lock(backup.places.lock);
+        QVERIFY(lock.open(QIODevice::ReadOnly) && lock.readAll().contains("test_settings"));
+        QCOMPARE(picturesIn(backup.places.catalogue), 1);
     }
 
     void failedRestoreKeepsTheCatalogue() {
