@@ -117,7 +117,7 @@ void BackupGroup::leaveEditing() {
 }
 
 void BackupGroup::cmdBlClick() {
-    const QString chosen = askOpenFile(controls_.form, u"设置数据库备份路径"_s, u"MDB文件|*.mdb"_s, txtBf->text());
+    const QString chosen = askFilePath(controls_.form, u"设置数据库备份路径"_s, u"MDB文件|*.mdb"_s, txtBf->text());
     if (!chosen.isEmpty()) txtBf->setText(chosen);
 }
 

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QPointer>
 #include <QRegularExpression>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -53,18 +54,19 @@ QString pick(QWidget* parent, const FileQuestion& question) {
     dialog->setObjectName(u"fileDialog"_s);
     dialog->setOption(QFileDialog::DontUseNativeDialog);
     dialog->setAcceptMode(question.saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    dialog->setFileMode(question.saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    const bool mayBeNew = question.saving || question.mayBeNew;
+    dialog->setFileMode(mayBeNew ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog->setOption(QFileDialog::DontConfirmOverwrite);
     dialog->setLabelText(QFileDialog::LookIn, u"位置："_s);
     dialog->setLabelText(QFileDialog::FileName, u"文件名："_s);
     dialog->setLabelText(QFileDialog::FileType, u"文件类型："_s);
-    dialog->setLabelText(QFileDialog::Accept, question.saving ? u"保存"_s : u"打开"_s);
+    dialog->setLabelText(QFileDialog::Accept, question.saving ? u"保存"_s : question.mayBeNew ? u"确定"_s : u"打开"_s);
     dialog->setLabelText(QFileDialog::Reject, u"取消"_s);
     if (const QStringList filters = nameFilters(question.filter); !filters.isEmpty()) {
         dialog->setNameFilters(filters);
         const QString chosen = filters.value(question.filterIndex - 1, filters.first());
         dialog->selectNameFilter(chosen);
-        if (question.saving) {
+        if (mayBeNew) {
             dialog->setDefaultSuffix(suffixOf(chosen));
             QObject::connect(dialog, &QFileDialog::filterSelected, dialog,
                              [&dialog](const QString& filter) { dialog->setDefaultSuffix(suffixOf(filter)); });
@@ -91,6 +93,10 @@ QString pick(QWidget* parent, const FileQuestion& question) {
 QString askOpenFile(QWidget* parent, const QString& title, const QString& filter, const QString& proposal,
                     int filterIndex) {
     return pick(parent, {title, filter, proposal, false, filterIndex});
+}
+
+QString askFilePath(QWidget* parent, const QString& title, const QString& filter, const QString& proposal) {
+    return pick(parent, {.title = title, .filter = filter, .proposal = proposal, .saving = false, .mayBeNew = true});
 }
 
 QString askSaveFile(QWidget* parent, const QString& title, const QString& filter, const QString& proposal) {

@@ -12,12 +12,15 @@ struct FileQuestion {
     QString filter;  ///< "BMP文件|*.bmp|JPG文件|*.jpg": name and pattern in turn.
     QString proposal;
     bool saving;
-    int filterIndex = 1;  ///< Pair of `filter` that is chosen at first, from 1.
+    int filterIndex = 1;    ///< Pair of `filter` that is chosen at first, from 1.
+    bool mayBeNew = false;  ///< When opening: a file that does not exist can be named.
 };
 
 /// Path of the file that the user picked, empty when the dialog was cancelled. The patterns ignore case.
 QString askOpenFile(QWidget* parent, const QString& title, const QString& filter, const QString& proposal = {},
                     int filterIndex = 1);
+/// Path of a file that exists or does not: where something is to be kept later. Nothing is asked about it.
+QString askFilePath(QWidget* parent, const QString& title, const QString& filter, const QString& proposal = {});
 /// Asks before an existing file is overwritten.
 QString askSaveFile(QWidget* parent, const QString& title, const QString& filter, const QString& proposal = {});
 

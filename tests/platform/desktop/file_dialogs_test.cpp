@@ -128,6 +128,19 @@ class TestFileDialogs : public QObject {
         }
     }
 
+    void fileThatIsNotThereYet() {
+        const QTemporaryDir folder;
+        write(folder.filePath(u"旧.mdb"_s));
+        for (const auto& [typed, path] :
+             {std::pair{u"新.mdb"_s, u"新.mdb"_s}, {u"新"_s, u"新.mdb"_s}, {u"旧.mdb"_s, u"旧.mdb"_s}}) {
+            onDialog([&typed = typed](QFileDialog& dialog) {
+                typeName(dialog, typed);
+                if (dialog.isVisible()) dialog.reject();
+            });
+            QCOMPARE(askFilePath(nullptr, u"路径"_s, u"MDB文件|*.mdb"_s, folder.path()), folder.filePath(path));
+        }
+    }
+
     void proposalIsTypedIn() {
         const QTemporaryDir folder;
         QString proposed;
