@@ -21,7 +21,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int recordOpener = 2, buttonOpener = 4;
 /// Pictures are decoded for the largest size in which the panel shows them, so that enlarging needs no second look.
 constexpr int largestWidth = 7600, largestHeight = 5700;
 constexpr int smallShapeWidth = 4095, smallShapeHeight = 3090;

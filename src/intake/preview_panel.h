@@ -13,6 +13,9 @@ class QCheckBox;
 class QGroupBox;
 class ShapeBox;
 
+/// The buttons cmdCk that open the panel, by their index.
+enum PreviewOpener { intakeRecordOpener, intakeFileOpener, recordOpener, transferOpener, buttonOpener };
+
 /// The panel fraCk by which every page looks at a picture: of the current record, of a file, or of a selection button;
 /// on the pages 图册编辑 and 图册设置 it also takes a new picture in.
 class PreviewPanel : public QObject {
@@ -54,7 +57,8 @@ class PreviewPanel : public QObject {
 
   Q_SIGNALS:
     void closed();
-    /// A picture has been stored in the current record; the records are about to be read anew, and have been.
+    /// A picture has been stored in the current record; the records are about to be read anew, and have been: the same
+    /// one is the current one again.
     void storing();
     void stored();
 

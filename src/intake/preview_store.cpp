@@ -42,6 +42,20 @@ void appendFile(Field field, QFile& file) {
     for (qint64 block = 0; block < length / pictureChunk; ++block) field.AppendChunk(piece(file, pictureChunk));
 }
 
+QString numberOf(const Recordset& records) {
+    return records.Fields(u"序号"_s).Value().textOr();
+}
+
+/// Back to the record after the data were read anew. Numbers can be missing, or borne by two records: the place comes
+/// first. False when the record is not to be found.
+bool goBack(DataControl& data, int row, const QString& number) {
+    if (row < data.total()) {
+        data.moveToRow(row);
+        if (numberOf(data.Recordset()) == number) return true;
+    }
+    return !number.isEmpty() && data.findFirst(u"序号 = "_s + number);
+}
+
 }  // namespace
 
 void PreviewPanel::cmdAzClick() {
@@ -71,7 +85,7 @@ void PreviewPanel::loadFile(const QString& path) {
 }
 
 void PreviewPanel::cmdAqClick() {
-    if (state_.previewIndex == 4)
+    if (state_.previewIndex == buttonOpener)
         storeForButton();
     else
         storeInRecord();
@@ -98,7 +112,8 @@ void PreviewPanel::storeInRecord() {
     const QString path = state_.newPictureFile;
     const Picture picture = LoadPicture(path, sizeOnly);
     Recordset& records = controls_.datBj->Recordset();
-    const QString number = records.Fields(u"序号"_s).Value().textOr();
+    const QString number = numberOf(records);
+    const int row = records.row();
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) throw Error(u"不能打开文件“%1”。"_s.arg(path));
     if (file.size() == 0) return;
@@ -122,8 +137,7 @@ void PreviewPanel::storeInRecord() {
     }
     Q_EMIT storing();
     controls_.datBj->Refresh();
-    if (!number.isEmpty()) controls_.datBj->findFirst(u"序号 = "_s + number);
-    Q_EMIT stored();
+    if (goBack(*controls_.datBj, row, number)) Q_EMIT stored();
     file.close();
     removeScratchPicture();
     cmdAq_->setEnabled(false);

@@ -96,14 +96,18 @@ void frmSz::makeSharedControls() {
     shared_.lbl1 = make<QLabel>(sstFz->page(intakeTab), u"lbl1"_s, u"请先选择图册"_s);
 
     auto* cboBm = shared_.cboBm = make<QComboBox>(sstFz->page(intakeTab), u"cboBm"_s);
+    cboBm->setAccessibleName(u"图册"_s);
     cboBm->setEditable(true);
     cboBm->setInsertPolicy(QComboBox::NoInsert);
 
     shared_.datBj = make<DataControl>(sstFz->page(editingTab), u"datBj"_s);
     shared_.msgBm = make<Grid>(sstFz->page(setupTab), u"msgBm"_s);
+    shared_.msgBm->setAccessibleName(u"记录"_s);
     shared_.msgBm->bind(shared_.datBj);
     shared_.lstBh = make<ListBox>(sstFz->page(editingTab), u"lstBh"_s);
+    shared_.lstBh->setAccessibleName(u"可选的编号"_s);
     shared_.lstSu = make<ListBox>(sstFz->page(intakeTab), u"lstSu"_s);
+    shared_.lstSu->setAccessibleName(u"选中的文件"_s);
     shared_.lstSu->hide();
     shared_.prg2 = make<QProgressBar>(sstFz->page(editingTab), u"prg2"_s);
     shared_.prg2->hide();
@@ -121,7 +125,6 @@ void frmSz::makeOuterButtons() {
     auto* cmdFh = button(u"cmdFh"_s, u"返回"_s, 2);
     auto* cmdGl = button(u"cmdGl"_s, u"关闭"_s, 1);
     auto* cmdBz = button(u"cmdBz"_s, u"帮助"_s, 0);
-    cmdBz->setEnabled(windows_.has(WindowKind::help));
 
     connect(cmdFh, &QPushButton::clicked, this,
             guarded(this, [this] { windows_.handOver(WindowKind::settings, WindowKind::viewer); }));
@@ -223,7 +226,7 @@ void frmSz::placeSharedControls() {
         sstFz->putOn(page, shared_.cboBm, box.x(), box.y(), width, chooserHeight);
     }
     if (layout.codesLabel) sstFz->putOn(page, shared_.lbl1, layout.codesLabel->x(), layout.codesLabel->y(), 1350, 225);
-    shared_.lstBh->setVisible(tab() == editingTab);
+    shared_.lstBh->setVisible(tab() == editingTab || tab() == transferTab);
     if (tab() == intakeTab) {
         shared_.lstSu->hide();
         sstFz->putOn(page, shared_.lstSu, 5200, 5115, 4015, 1320);
@@ -253,6 +256,8 @@ void frmSz::loseAlbum() {
     shared_.msgBm->Clear();
     codeButtons_->ycbh();
     shared_.lbl1->setText(u"请先选择图册"_s);
+    // Closing it sets its opener free, which the page then takes back.
+    if (preview_->isOpen()) attempt([&] { preview_->cmdCgClick(); });
     page().albumLost();
 }
 

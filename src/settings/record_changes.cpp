@@ -59,23 +59,33 @@ RecordTexts textsOfRecord(const Recordset& records) {
             textOf(records, u"日期"_s), withoutBlank(textOf(records, u"备注"_s))};
 }
 
-QStringList storeRecord(Recordset& records, const RecordTexts& texts) {
-    QStringList failures;
-    if (records.isNothing() || records.row() < 0) return {u"没有当前记录，什么也没有保存。"_s};
-    const bool stored = attemptNoting(failures, [&] {
+RecordStored storeRecord(Recordset& records, const RecordTexts& texts, const RecordTexts& shown) {
+    RecordStored result;
+    if (records.isNothing() || records.row() < 0) {
+        result.failures << u"没有当前记录，什么也没有保存。"_s;
+        return result;
+    }
+    const auto store = [&](const QString& column, const QString& text) {
+        attemptNoting(result.failures, [&] { setText(records.Fields(column), text); });
+    };
+    const auto storeChanged = [&](const QString& column, QString RecordTexts::*text) {
+        if (texts.*text != shown.*text) store(column, texts.*text);
+    };
+    result.whole = attemptNoting(result.failures, [&] {
         if (records.EditMode() == Recordset::Mode::none) records.Edit();
-        const std::pair<QString, QString> values[] = {{u"序号"_s, texts.number}, {u"编号"_s, texts.codes},
-                                                      {u"规格"_s, texts.spec},   {u"大小"_s, texts.size},
-                                                      {u"日期"_s, texts.date},   {u"备注"_s, texts.remark}};
-        for (const auto& [column, text] : values)
-            attemptNoting(failures, [&, &column = column, &text = text] { setText(records.Fields(column), text); });
+        storeChanged(u"序号"_s, &RecordTexts::number);
+        store(u"编号"_s, texts.codes);
+        storeChanged(u"规格"_s, &RecordTexts::spec);
+        storeChanged(u"大小"_s, &RecordTexts::size);
+        storeChanged(u"日期"_s, &RecordTexts::date);
+        storeChanged(u"备注"_s, &RecordTexts::remark);
         records.Update();
     });
-    if (!stored) {
+    if (!result.whole) {
         attempt([&] { records.CancelUpdate(); });
-        failures << u"记录没有改变。"_s;
+        result.failures << u"记录没有改变。"_s;
     }
-    return failures;
+    return result;
 }
 
 CodesRegistered registerCodes(const Database& catalogue, const QString& codes, const QString& album) {

@@ -21,9 +21,13 @@ struct RecordTexts {
 RecordTexts textsOfRecord(const Recordset& records);
 
 /// Stores the texts in the current record. A value that the catalogue refuses leaves the old one in the record, and
-/// the others are stored all the same. Returns a sentence for every one that was not stored, and, when the record as a
-/// whole could not be, one for that.
-QStringList storeRecord(Recordset& records, const RecordTexts& texts);
+/// the others are stored all the same. A column whose text is still the one that was `shown` keeps its value, which may
+/// tell more than its text does; not so the codes, where a blank becomes none.
+struct RecordStored {
+    bool whole = false;    ///< False when the record as a whole could not be stored, and nothing has changed.
+    QStringList failures;  ///< A sentence for everything that was not stored.
+};
+RecordStored storeRecord(Recordset& records, const RecordTexts& texts, const RecordTexts& shown);
 
 /// Has the selection button of every code in `codes` offer the album.
 struct CodesRegistered {

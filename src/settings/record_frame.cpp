@@ -17,7 +17,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <algorithm>
-#include <limits>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -28,8 +28,6 @@ const QString pending = u"确 定"_s;
 const QString next = u"下一张"_s;
 const QString deletes = u"删 除"_s;
 const QString cancels = u"取 消"_s;
-
-constexpr int opener = 2;  ///< Of the preview's buttons cmdCk.
 
 const QRect frame(5460, 3960, 3765, 2550);
 constexpr int rightEdge = 3645, left = 120;
@@ -97,7 +95,7 @@ void RecordFrame::makeFields() {
 void RecordFrame::makeButtons() {
     cmdQd = makeButton(Frame9, u"cmdQd"_s, atRest, buttonLeft, lineTop(0), buttonWidth);
     cmdSc = makeButton(Frame9, u"cmdSc"_s, deletes, buttonLeft, lineTop(1), buttonWidth);
-    place(preview_.makeOpener(opener, Frame9), buttonLeft, lineTop(2), buttonWidth, rowHeight);
+    place(preview_.makeOpener(recordOpener, Frame9), buttonLeft, lineTop(2), buttonWidth, rowHeight);
     connect(cmdQd, &QPushButton::clicked, this, guarded(controls_.form, [this] { cmdQdClick(); }));
     connect(cmdSc, &QPushButton::clicked, this, guarded(controls_.form, [this] { cmdScClick(); }));
 }
@@ -133,7 +131,7 @@ void RecordFrame::albumLost() {
     controls_.datBj->setEnabled(false);  // what it stands on belongs to another page
     cmdQd->setEnabled(false);
     cmdSc->setEnabled(false);
-    preview_.allowOpening(opener, false);
+    preview_.allowOpening(recordOpener, false);
 }
 
 void RecordFrame::rowClicked() {
@@ -145,7 +143,7 @@ void RecordFrame::allowChanges() {
     const bool changeable = !state_.albumTable.isEmpty() && !isDemo(state_.albumTable);
     cmdQd->setEnabled(changeable);
     cmdSc->setEnabled(changeable);
-    preview_.allowOpening(opener, !state_.albumTable.isEmpty());
+    preview_.allowOpening(recordOpener, !state_.albumTable.isEmpty());
 }
 
 void RecordFrame::fill() {
@@ -261,7 +259,8 @@ void RecordFrame::appendCode(const QString& code) {
 
 // Changes ------------------------------------------------------------------------------------------------------------
 
-// Stores the fields in the current record. False when the user wants to fill in the codes first.
+// Stores the fields in the current record. False when it is still to be done: the user wants to fill in the codes
+// first, or the record could not be stored, for the moment perhaps; what was typed stays in the fields.
 bool RecordFrame::bjbc() {
     if (txtBh->text().isEmpty() &&
         !ask(controls_.form,
@@ -270,15 +269,17 @@ bool RecordFrame::bjbc() {
         return false;
     }
     Recordset& records = controls_.datBj->Recordset();
-    QStringList failures = storeRecord(records, texts());
-    setLocked(true);
-    if (hasRecord()) {
-        const CodesRegistered codes = registerCodes(mekTp::catalogue, textsOfRecord(records).codes, state_.albumTable);
-        failures << codes.failures;
-        if (codes.added > 0) Q_EMIT codesRegistered();
-        // Grid and fields show what the record holds now, which is not what was typed where that was refused.
-        controls_.datBj->moveToRow(records.row());
+    auto [stored, failures] = storeRecord(records, texts(), shown_);
+    if (!stored) {
+        say(controls_.form, u"以下内容没有保存：\n\n"_s + failures.join(u'\n'));
+        return false;
     }
+    setLocked(true);
+    const CodesRegistered codes = registerCodes(mekTp::catalogue, textsOfRecord(records).codes, state_.albumTable);
+    failures << codes.failures;
+    if (codes.added > 0) Q_EMIT codesRegistered();
+    // Grid and fields show what the record holds now, which is not what was typed where that was refused.
+    controls_.datBj->moveToRow(records.row());
     if (!failures.isEmpty()) say(controls_.form, u"以下内容没有保存：\n\n"_s + failures.join(u'\n'));
     return true;
 }
@@ -312,8 +313,7 @@ void RecordFrame::goToNeighbour(qint64 deletedNumber, int row) {
     datBj->moveToRow(std::min(row, datBj->total() - 1));
 }
 
-// The number
-// -----------------------------------------------------------------------------------------------------------
+// The number ----------------------------------------------------------------------------------------------------------
 
 // The number is tested when the focus leaves it in continuous editing. Whoever ends the editing is let go.
 void RecordFrame::numberLeft() {

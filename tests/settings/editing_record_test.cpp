@@ -3,6 +3,8 @@
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/image_box.h"
 
+#include <SQLiteCpp/SQLiteCpp.h>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -190,6 +192,37 @@ class TestEditingRecord : public QObject {
         QVERIFY(!columnOf(u"tc01"_s, u"备注"_s).contains(u"甲"_s));
     }
 
+    // What was typed waits in the fields until the record can be stored.
+    void catalogueThatIsHeld() {
+        EditingWindow window;
+        window.click(u"cmdQd"_s);
+        window.box(u"txtB2"_s).setText(u"甲"_s);
+        {
+            SQLite::Database other(mekTp::cataloguePath().toStdString(), SQLite::OPEN_READWRITE);
+            const SQLite::Transaction held(other, SQLite::TransactionBehavior::IMMEDIATE);
+            window.click(u"cmdQd"_s);
+        }
+        const QStringList said = window.said();
+        QCOMPARE(said.size(), 1);
+        QVERIFY2(said.first().contains(u"记录没有改变"_s), qPrintable(said.first()));
+        QCOMPARE(window.text(u"txtB2"_s), u"甲"_s);
+        compareState(window, single);
+        window.click(u"cmdQd"_s);
+        QCOMPARE(EditingWindow::record(u"甲"_s), u"1|12|40 * 30|2003-09-26 12:00:00"_s);
+        compareState(window, rest);
+    }
+
+    void columnsThatWereNotChangedKeepTheirValues() {
+        EditingWindow window;
+        for (const QString& column : {u"规格"_s, u"备注"_s, u"编号"_s})
+            putValue(u"SELECT * FROM tc01 WHERE 序号 = 1"_s, column, u" "_s);
+        window.clickRow(0);
+        window.click(u"cmdQd"_s);
+        window.box(u"txtRq"_s).setText(u"2004-2-29"_s);
+        window.click(u"cmdQd"_s);
+        QCOMPARE(EditingWindow::record(u" "_s), u"1|| |2004-02-29"_s);  // but a blank is no code
+    }
+
     void emptyCodesAreAskedAbout() {
         EditingWindow window;
         window.click(u"cmdQd"_s);
@@ -285,6 +318,47 @@ class TestEditingRecord : public QObject {
         window.click(u"cmdQd"_s);
         QCOMPARE(EditingWindow::record(u"打了一半"_s), u"4|2|200 * 100|2003-09-29 12:00:00"_s);
         QVERIFY(!window.isEnabled(u"cmdAq"_s));
+    }
+
+    // What was typed stays with its record although another one bears its number, or it has none.
+    void newPictureForOneOfTwo_data() {
+        QTest::addColumn<Variant>("number");
+        QTest::newRow("same number") << Variant(3);
+        QTest::newRow("no number") << Variant();
+    }
+    void newPictureForOneOfTwo() {
+        QFETCH(Variant, number);
+        EditingWindow window;
+        for (const QString& remark : {u"图片3"_s, u"图片4"_s})
+            putValue(u"SELECT * FROM tc01 WHERE 备注 = "_s + quoted(remark), u"序号"_s, number);
+        window.choose(u"cboBm"_s, u"tc01"_s);
+        int row = 0;
+        while (window.grid().cellText(row, 5) != u"图片4"_s) ++row;
+        window.clickRow(row);
+        window.click(u"cmdQd"_s);
+        window.box(u"txtB2"_s).setText(u"打了一半"_s);
+        const QString path = window.catalogue.file(u"新.jpg"_s);
+        writePicture(path, {200, 100}, Qt::blue);
+        answerFileDialogsWith([&](const FileQuestion&) { return path; });
+        window.click(u"cmdCk(2)"_s);
+        window.click(u"cmdAz"_s);
+        window.answer = false;  // the date stays
+        window.click(u"cmdAq"_s);
+        window.answer = true;
+        answerFileDialogsWith({});
+        window.click(u"cmdQd"_s);
+        QCOMPARE(EditingWindow::record(u"打了一半"_s), number.textOr() + u"|2|200 * 100|2003-09-29 12:00:00"_s);
+        QVERIFY(EditingWindow::record(u"图片4"_s).startsWith(u"|"_s));
+        QCOMPARE(valueOf(u"SELECT * FROM tc01 WHERE 备注 = '图片3'"_s, u"规格"_s), u"30 * 40"_s);
+    }
+
+    void panelOfALostAlbum() {
+        EditingWindow window;
+        window.click(u"cmdCk(2)"_s);
+        QLineEdit* chooser = window.get<QComboBox>(u"cboBm"_s).lineEdit();
+        for (const Qt::Key key : {Qt::Key_Home, Qt::Key_X}) QTest::keyClick(chooser, key);
+        QVERIFY(!window.get<QGroupBox>(u"fraCk"_s).isVisible());
+        QVERIFY(!window.isEnabled(u"cmdCk(2)"_s));
     }
 
     void panelFollowsTheRecord() {
