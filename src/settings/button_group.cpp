@@ -4,10 +4,12 @@
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/desktop/data_control.h"
+#include "platform/desktop/list_box.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
 #include "settings/album_changes.h"
+#include "settings/editing_rules.h"
 #include "settings/form_parts.h"
 #include "settings/key_walk.h"
 
@@ -21,7 +23,6 @@ namespace {
 const QString adds = u"添 加"_s, saves = u"保 存"_s;
 const QString changes = u"修 改"_s, confirms = u"确 定"_s;
 const QString deletes = u"删 除"_s, cancels = u"取 消"_s;
-constexpr int openerIndex = 4;
 }  // namespace
 
 ButtonGroup::ButtonGroup(SharedControls& controls, FormState& state, HintLine& hints, PreviewPanel& preview)
@@ -59,7 +60,7 @@ void ButtonGroup::makeControls() {
     cmdQu = makeButton(fraAs, u"cmdQu"_s, adds, 200, buttonsTop);
     cmdBj = makeButton(fraAs, u"cmdBj"_s, changes, 1310, buttonsTop);
     cmdSn = makeButton(fraAs, u"cmdSn"_s, deletes, 2420, buttonsTop);
-    QPushButton* cmdCk4 = preview_.makeOpener(openerIndex, fraAs);
+    QPushButton* cmdCk4 = preview_.makeOpener(buttonOpener, fraAs);
     place(cmdCk4, 3530, buttonsTop, 1000, rowHeight);
 }
 
@@ -80,8 +81,7 @@ void ButtonGroup::connectControls() {
     });
 }
 
-// Rest
-// -----------------------------------------------------------------------------------------------------------------
+// Rest ----------------------------------------------------------------------------------------------------------------
 
 void ButtonGroup::reset() {
     showNone();
@@ -107,8 +107,9 @@ void ButtonGroup::rest() {
 void ButtonGroup::showNone() {
     rest();
     chosen_.clear();
+    chosenCode_.clear();
     for (TextBox* box : boxes_) box->clear();
-    preview_.cmdCk(openerIndex)->setEnabled(false);
+    preview_.cmdCk(buttonOpener)->setEnabled(false);
 }
 
 void ButtonGroup::clearPicture() {
@@ -117,7 +118,12 @@ void ButtonGroup::clearPicture() {
 }
 
 void ButtonGroup::findChosen() {
-    if (!chosen_.isEmpty()) attempt([this] { controls_.datBj->findFirst(u"序号 = "_s + chosen_); });
+    if (chosen_.isEmpty()) return;
+    attempt([this] {
+        const QString number = u"序号 = "_s + chosen_;
+        DataControl& datBj = *controls_.datBj;
+        if (!datBj.findFirst(number + u" AND 编号 = "_s + quoted(chosenCode_))) datBj.findFirst(number);
+    });
 }
 
 /// Takes datBj's current record in hand, with its texts and its picture.
@@ -125,9 +131,14 @@ void ButtonGroup::showCurrent() {
     rest();
     ButtonTexts texts;
     attempt([&] { texts = textsOf(controls_.datBj->Recordset()); });
+    chosen_ = texts.at(0);
+    chosenCode_ = texts.at(1);
+    // The boxes show the button that would be changed or deleted, whatever the grid makes of two with one number.
+    attempt([&] {
+        buttonSet.choose(chosen_, chosenCode_);
+        if (buttonSet.isOnButton()) texts = buttonSet.texts();
+    });
     for (std::size_t i = 0; i < boxes_.size(); ++i) boxes_.at(i)->setText(texts.at(i));
-    chosen_ = texts.front();
-    attempt([this] { buttonSet.choose(chosen_); });
     state_.previewMark = u"s"_s;
     if (preview_.isOpen()) {
         preview_.setStoreEnabled(false);
@@ -141,7 +152,7 @@ void ButtonGroup::anjl() {
     const bool changeable = buttonSet.isOnButton() && !isPreset(buttonSet.code());
     cmdBj->setEnabled(changeable);
     cmdSn->setEnabled(changeable);
-    preview_.allowOpening(openerIndex, true);
+    preview_.allowOpening(buttonOpener, true);
 }
 
 void ButtonGroup::optApClick(int index) {
@@ -149,8 +160,7 @@ void ButtonGroup::optApClick(int index) {
     controls_.datBj->Refresh();
 }
 
-// Adding and changing
-// --------------------------------------------------------------------------------------------------
+// Adding and changing -------------------------------------------------------------------------------------------------
 
 void ButtonGroup::cmdQuClick() {
     if (mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcbm"_s).Eof()) {
@@ -197,7 +207,7 @@ void ButtonGroup::openForWork() {
     for (TextBox* box : boxes_) box->setLocked(false);
     cmdSn->setText(cancels);
     cmdSn->setEnabled(true);
-    preview_.allowOpening(openerIndex, true);
+    preview_.allowOpening(buttonOpener, true);
     hints_.show(pictureHint);
     state_.pageFree = false;
 }
@@ -218,7 +228,8 @@ void ButtonGroup::anbc() {
     stored.front() = QString::number(*number);
     buttonSet.store(stored, picture);
     state_.pageFree = true;
-    chosen_ = stored.front();
+    chosen_ = stored.at(0);
+    chosenCode_ = stored.at(1);
     controls_.datBj->Refresh();
     showCurrent();
     cmdBj->setEnabled(true);
@@ -263,8 +274,7 @@ void ButtonGroup::offerAlbums() {
     albums_->open(tables);
 }
 
-// Cancelling and deleting
-// ----------------------------------------------------------------------------------------------
+// Cancelling and deleting ---------------------------------------------------------------------------------------------
 
 void ButtonGroup::cmdSnClick() {
     if (buttonSet.isPending())
@@ -285,5 +295,14 @@ void ButtonGroup::deleteChosen() {
     if (preview_.isOpen()) preview_.hide();
     buttonSet.remove();
     showNone();
+    listCodes();
     controls_.datBj->Refresh();
+}
+
+void ButtonGroup::listCodes() {
+    controls_.lstBh->clear();
+    for (Recordset buttons = mekTp::catalogue.OpenRecordset(u"tcan"_s); !buttons.Eof(); buttons.MoveNext()) {
+        const ButtonTexts texts = textsOf(buttons);
+        controls_.lstBh->AddItem(codeLine(texts.at(1), texts.at(2), false));
+    }
 }

@@ -10,6 +10,7 @@
 #include <QObject>
 #include <array>
 #include <memory>
+#include <optional>
 
 class QGroupBox;
 class QPushButton;
@@ -46,6 +47,7 @@ class ButtonGroup : public QObject {
     void anbc();
     void cancel();
     void deleteChosen();
+    void listCodes();
     void codeChanged();
     void offerAlbums();
 
@@ -75,6 +77,7 @@ class ButtonGroup : public QObject {
     std::unique_ptr<AlbumPicker> albums_;
 
     ButtonRecords buttonSet;
-    QString chosen_;  ///< 序号 of the button in hand, or of the one before a new one was begun; empty for none.
+    QString chosen_;      ///< 序号 of the button in hand, or of the one before a new one was begun; empty for none.
+    QString chosenCode_;  ///< Its 编号.
     QString agreedPicture_;  ///< File that was confirmed as the picture, while the texts were not complete yet.
 };

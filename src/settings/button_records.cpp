@@ -14,6 +14,12 @@ Recordset buttonsWhere(const Database& catalogue, const QString& condition) {
     return catalogue.OpenRecordset(u"SELECT * FROM tcan WHERE "_s + condition);
 }
 
+Recordset buttonOf(const QString& number, const QString& code) {
+    Recordset buttons = buttonsWhere(mekTp::catalogue, u"序号 = "_s + number);
+    if (!buttons.Eof()) buttons.FindFirst(u"编号 = "_s + quoted(code));
+    return buttons;
+}
+
 std::optional<ButtonTexts> first(const Recordset& buttons) {
     if (buttons.Eof()) return {};
     return textsOf(buttons);
@@ -21,14 +27,18 @@ std::optional<ButtonTexts> first(const Recordset& buttons) {
 
 }  // namespace
 
-void ButtonRecords::choose(const QString& number) {
+void ButtonRecords::choose(const QString& number, const QString& code) {
     chooseNone();
-    rows_ = buttonsWhere(mekTp::catalogue, u"序号 = "_s + number);
+    rows_ = buttonOf(number, code);
 }
 
 void ButtonRecords::chooseNone() {
     work_ = Work::none;
     rows_ = {};
+}
+
+ButtonTexts ButtonRecords::texts() const {
+    return textsOf(rows_);
 }
 
 QString ButtonRecords::number() const {
@@ -57,17 +67,19 @@ void ButtonRecords::startAdding() {
 
 void ButtonRecords::startChanging() {
     number_ = number();
+    code_ = code();
     rows_.Edit();
     work_ = Work::changing;
 }
 
-/// The record is open for changes, also when an earlier attempt to store it has failed.
+/// The record is open for changes. An earlier attempt to store it may have failed: what it left goes, or half a picture
+/// would be the beginning of the next one.
 void ButtonRecords::prepare() {
     if (work_ == Work::changing) {
-        rows_ = buttonsWhere(mekTp::catalogue, u"序号 = "_s + number_);
+        rows_ = buttonOf(number_, code_);
         if (rows_.Eof()) throw Error(u"序号为 %1 的按钮已被删除，没有保存。"_s.arg(number_));
         rows_.Edit();
-    } else if (rows_.EditMode() != Recordset::Mode::add) {
+    } else {
         rows_.AddNew();
     }
 }
@@ -79,7 +91,7 @@ void ButtonRecords::store(const ButtonTexts& texts, const QString& pictureFile) 
     if (!pictureFile.isEmpty() && bctp(pictureFile, rows_, u"j"_s, false) == 0)
         throw Error(u"图片文件“%1”没有内容，按钮没有保存。"_s.arg(pictureFile));
     rows_.Update();
-    choose(texts.front());
+    choose(texts.at(0), texts.at(1));
 }
 
 void ButtonRecords::remove() {

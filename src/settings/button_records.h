@@ -9,14 +9,17 @@ class ButtonRecords {
   public:
     enum class Work { none, adding, changing };
 
-    /// Gives up what was begun and stands on the button of this number, or on none when there is no such button.
-    void choose(const QString& number);
+    /// Gives up what was begun and stands on the button of this number, or on none when there is no such button. Of
+    /// several with the number it is the one of this code.
+    void choose(const QString& number, const QString& code);
     void chooseNone();
 
     bool isOnButton() const { return !rows_.isNothing() && rows_.row() >= 0; }
     Work work() const { return work_; }
     bool isPending() const { return work_ != Work::none; }
 
+    /// The button in hand as it is stored. There must be one.
+    ButtonTexts texts() const;
     /// 序号 and 编号 of the button in hand as they are stored; empty for a new one.
     QString number() const;
     QString code() const;
@@ -35,6 +38,7 @@ class ButtonRecords {
     Recordset rows_;
     Work work_ = Work::none;
     QString number_;  ///< Of the button that is being changed.
+    QString code_;
 };
 
 /// The boxes' texts of the button on which a set of buttons stands.

@@ -13,8 +13,7 @@ bool isPreset(const QString& code);
 /// Place of the first box without a text; nothing when all are filled.
 std::optional<int> firstEmpty(const ButtonTexts& texts);
 
-// Sentences for the user
-// -----------------------------------------------------------------------------------------------
+// Sentences for the user ----------------------------------------------------------------------------------------------
 
 inline const QString presetButton = QStringLiteral("系统预设的按钮，不能修改！");
 inline const QString albumsFirst = QStringLiteral("请先建立图册。");

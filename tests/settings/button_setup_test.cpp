@@ -110,8 +110,7 @@ class TestButtonSetup : public QObject {
         for (const QString& code : {u""_s, u"0"_s, u"7"_s, u"v"_s, u"１"_s}) QVERIFY(!isPreset(code));
     }
 
-    // Choosing a row
-    // ---------------------------------------------------------------------------------------------------
+    // Choosing a row --------------------------------------------------------------------------------------------------
 
     void choosing_data() {
         QTest::addColumn<QString>("code");
@@ -150,8 +149,7 @@ class TestButtonSetup : public QObject {
         QCOMPARE(codes(), u"v12a"_s);
     }
 
-    // Adding
-    // -----------------------------------------------------------------------------------------------------------
+    // Adding ----------------------------------------------------------------------------------------------------------
 
     void addingProposesTheNextNumber_data() {
         QTest::addColumn<QString>("deleted");
@@ -286,8 +284,7 @@ class TestButtonSetup : public QObject {
         QCOMPARE(buttonCount(), 5);
     }
 
-    // Changing
-    // ---------------------------------------------------------------------------------------------------------
+    // Changing --------------------------------------------------------------------------------------------------------
 
     void changing() {
         ButtonPage page;
@@ -310,6 +307,26 @@ class TestButtonSetup : public QObject {
         page.click(u"cmdBj"_s);
         QCOMPARE(storedTexts(u"v"_s).at(2), u"全"_s);
         QCOMPARE(buttonCount(), 4);
+    }
+
+    // Of two buttons with one number the one that was clicked is changed or deleted.
+    void twoOfOneNumber() {
+        ButtonPage page;
+        const QStringList other = storedTexts(u"v"_s);
+        putValue(rowOf(u"a"_s), u"序号"_s, other.first().toInt());
+        for (const QString& name : {u"改"_s, u"再改"_s}) {
+            page.choose(u"a"_s);
+            QCOMPARE(page.texts(), storedTexts(u"a"_s));
+            page.click(u"cmdBj"_s);
+            page.box(u"txtM1"_s).setText(name);
+            page.click(u"cmdBj"_s);
+            QCOMPARE(storedTexts(u"a"_s).at(2), name);
+            QCOMPARE(page.chosenRow(), u"a"_s);
+        }
+        page.choose(u"a"_s);
+        page.click(u"cmdSn"_s);
+        QCOMPARE(buttonCount(), 3);
+        QCOMPARE(storedTexts(u"v"_s), other);
     }
 
     void cancelling_data() {
@@ -374,8 +391,7 @@ class TestButtonSetup : public QObject {
         QCOMPARE(buttonCount(), 4);
     }
 
-    // Deleting
-    // ---------------------------------------------------------------------------------------------------------
+    // Deleting --------------------------------------------------------------------------------------------------------
 
     void deleting() {
         ButtonPage page;
@@ -388,13 +404,15 @@ class TestButtonSetup : public QObject {
         page.answer = true;
         page.click(u"cmdSn"_s);
         QCOMPARE(columnOf(u"tcan"_s, u"编号"_s).join(u""_s), u"v12"_s);
+        const auto& lstBh = page.get<ListBox>(u"lstBh"_s);
+        QCOMPARE(lstBh.ListCount(), 3);
+        QCOMPARE(lstBh.List(1), u"1 风景"_s);
         QCOMPARE(page.grid().model()->rowCount(), 3);
         QCOMPARE(page.texts().join(u""_s), QString());
         QCOMPARE(page.state(), u"添加 修改(-) 删除(-) locked"_s);
     }
 
-    // Pictures
-    // ---------------------------------------------------------------------------------------------------------
+    // Pictures --------------------------------------------------------------------------------------------------------
 
     void pictureOfANewButton() {
         ButtonPage page;
@@ -470,8 +488,7 @@ class TestButtonSetup : public QObject {
         QVERIFY(!page.panelIsOpen());
     }
 
-    // Albums and keys
-    // --------------------------------------------------------------------------------------------------
+    // Albums and keys -------------------------------------------------------------------------------------------------
 
     void albumsAreOfferedOverTheirBox() {
         ButtonPage page;
