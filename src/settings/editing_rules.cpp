@@ -43,7 +43,7 @@ QString filterText(const QString& albumLine, const RecordFilter& filter, int cou
 }
 
 QString codeFilterText(const QString& albumLine, const QString& code, int count) {
-    return u"分图册名："_s + albumLine.left(4) + u'(' + titleOfLine(albumLine) + u") 编号 = ["_s + code + u']' +
+    return u"分图册名："_s + albumLine.left(4) + u'(' + albumLine.mid(4) + u") 编号 = ["_s + code + u']' +
            countText(count);
 }
 

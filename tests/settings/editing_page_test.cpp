@@ -116,7 +116,7 @@ class TestEditingPage : public QObject {
         window.doubleClickCode(code);
         QCOMPARE(window.numbers(), numbers);
         QCOMPARE(window.label(u"lblZs"_s),
-                 u"分图册名：tc01(旅行) 编号 = [%1] 共有记录 %2条"_s.arg(code).arg(numbers.size()));
+                 u"分图册名：tc01( 旅行) 编号 = [%1] 共有记录 %2条"_s.arg(code).arg(numbers.size()));
         QCOMPARE(window.text(u"txtBh"_s), code == u"'" ? u"x'"_s : u"12"_s);
     }
 

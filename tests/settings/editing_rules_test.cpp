@@ -42,7 +42,7 @@ class TestEditingRules : public QObject {
         const QString line = u"tc01 我的 旅行"_s;
         QTest::newRow("filter") << filterText(line, recordFilter(1), 12) << u"(我的 旅行) 未设编号 共有记录 12条"_s;
         QTest::newRow("code") << codeFilterText(line, u"1"_s, 5)
-                              << u"分图册名：tc01(我的 旅行) 编号 = [1] 共有记录 5条"_s;
+                              << u"分图册名：tc01( 我的 旅行) 编号 = [1] 共有记录 5条"_s;
         QTest::newRow("renumbering")
             << renumberingQuestion(line + u' ', u"按日期"_s)
             << u"  重新设置像册[我的 旅行]的序号吗？（按日期排序）\n\n如果“是”,按《确定》，然后设置排序顺序；否则按《取消》。"_s;
