@@ -19,7 +19,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int leastWindowWidth = 9600;
-constexpr int panelLeft = 30, panelWidth = 9430, panelHeight = 6230;
+constexpr int panelLeft = 30, panelWidth = 9430;
+constexpr int panelHeight = 6360;  ///< Without the tool bar; the grid ends inside it.
 constexpr int gridTop = 690, gridHeight = 5610;
 constexpr int rightColumn = 4215, rightWidth = 5070;
 
@@ -71,10 +72,12 @@ void AlbumChooser::makeChoice() {
     Surface* picCs = view_.picCs;
     QLabel* lblXc = makeLabel(picCs, u"lblXc"_s, u"选择图册："_s, 150, 300, 975);
     cboBm = make<QComboBox>(picCs, u"cboBm"_s);
+    cboBm->setAccessibleName(u"图册"_s);
     cboBm->setPlaceholderText(u"（请选择）"_s);
     place(cboBm, 1125, 285, 2880, 330);
     lblXc->setBuddy(cboBm);
     msgBm = make<Grid>(picCs, u"msgBm"_s);
+    msgBm->setAccessibleName(u"图册的图片"_s);
 
     lbl1_ = makeLabel(picCs, u"lbl1"_s, u"请先选择图册"_s, rightColumn, 210, 1500);
     txtB0_ = make<TextBox>(picCs, u"txtB0"_s);
@@ -142,9 +145,7 @@ void AlbumChooser::takeGrid() {
 void AlbumChooser::mnuCsClick() {
     const int toolbar = state_.toolbarHeight;
     view_.centreWindow(leastWindowWidth, leastWindowHeight);
-    // A little more than the panel's own measure, so that the grid ends inside it.
-    const int height = std::max(panelHeight - toolbar, gridTop + gridHeight - toolbar + 60);
-    place(view_.picCs, panelLeft, toolbar == 0 ? 200 : toolbar + 60, panelWidth, height);
+    place(view_.picCs, panelLeft, toolbar == 0 ? 200 : toolbar + 60, panelWidth, panelHeight - toolbar);
     place(view_.shpBj, 0, toolbar, 9515, 6530 - toolbar - mekTp::titleBarExtra);
     takeGrid();
     view_.tscz(u"k0"_s);
@@ -155,6 +156,7 @@ void AlbumChooser::mnuCsClick() {
     // What is behind the chooser cannot be worked on.
     commands_.szan(false);
     commands_.setEnabled(commands_.mnuBc, u"bc"_s, false);
+    for (const QString& key : {u"lc"_s, u"cx"_s}) commands_.tlb1->setEnabled(key, false);
     if (datBj->total() > 0) attempt([&] { datBj->moveToRow(std::max(datBj->Recordset().row(), 0)); });
     state_.undoing = false;
     attempt([&] { history_.clear(); });
@@ -176,14 +178,14 @@ void AlbumChooser::cboBmClick() {
 
 QPushButton* AlbumChooser::button(int index) {
     while (int(cmdBh_.size()) <= index) {
-        const int place = int(cmdBh_.size());
-        auto* made = make<QPushButton>(view_.picCs, element(u"cmdBh"_s, place));
+        const int next = int(cmdBh_.size());
+        auto* made = make<QPushButton>(view_.picCs, element(u"cmdBh"_s, next));
         made->setStyleSheet(u"padding: 0px;"_s);
         made->installEventFilter(this);
         made->hide();
-        connect(made, &QPushButton::clicked, this, guarded(view_.picCs, [this, place] { cmdBhClick(place); }));
+        connect(made, &QPushButton::clicked, this, guarded(view_.picCs, [this, next] { cmdBhClick(next); }));
         cmdBh_.push_back(made);
-        if (place == 0) ::place(made, rightColumn, firstButtonTop, buttonWidth, buttonHeight);
+        if (next == 0) place(made, rightColumn, firstButtonTop, buttonWidth, buttonHeight);
     }
     return cmdBh_[size_t(index)];
 }
@@ -303,6 +305,8 @@ void AlbumChooser::cmdQxClick() {
 
 // Steps through the album.
 void AlbumChooser::tpqh(QChar direction) {
+    // The steps to come are those of another picture.
+    state_.undoing = false;
     commands_.mnuSy->setEnabled(true);
     commands_.mnuXy->setEnabled(true);
     Recordset& records = datBj->Recordset();
@@ -327,13 +331,15 @@ void AlbumChooser::returnToLoaded() {
 }
 
 void AlbumChooser::listAnew() {
-    // The whole line serves as table and alias; a title with a blank in it makes the statement fail, and the list
-    // stays.
-    const QString source = u"SELECT * FROM "_s + cboBm->currentText() + u" ORDER BY [序号]"_s;
-    const auto number = datBj->Recordset().Fields(u"序号"_s).Value().textOr();
-    if (!attempt([&] { mekTp::catalogue.OpenRecordset(source); })) return;
-    datBj->setRecordSource(source);
-    datBj->Refresh();
-    datBj->findFirst(u"序号 = "_s + number);
-    loadedRow_ = datBj->Recordset().row();
+    // The whole line serves as table and alias: a title with a blank in it makes the statement fail, and the list
+    // stays. So it does where the number does not tell the record.
+    const QString line = cboBm->currentText();
+    attempt([&] {
+        const QString own = u"序号 = "_s + datBj->Recordset().Fields(u"序号"_s).Value().toText();
+        if (mekTp::catalogue.OpenRecordset(u"SELECT * FROM "_s + line + u" WHERE "_s + own).rowCount() != 1) return;
+        loadedRow_ = -1;
+        datBj->setRecordSource(recordsOf(line));
+        datBj->Refresh();
+        if (datBj->findFirst(own)) loadedRow_ = datBj->Recordset().row();
+    });
 }

@@ -120,7 +120,7 @@ void ButtonPicture::prompt(const QString& text) {
 
 void ButtonPicture::mnuAtClick() {
     view_.growShortWindow();
-    if (state_.isEmpty()) {
+    if (!state_.isOpen) {
         say(form_, u"请先选择要做按钮的图片！"_s);
         return;
     }
@@ -132,6 +132,7 @@ void ButtonPicture::mnuAtClick() {
     cmdCk_->setText(u"显示"_s);
     cmdCk_->setEnabled(false);
     for (QRadioButton* option : optAn_) clearOption(option);
+    ratioChosen_ = false;
     chooser_.msgBm->setParent(view_.picAn);
     chooser_.msgBm->hide();
     place(view_.picAn, view_.windowWidth() - 3120, 370);
@@ -187,8 +188,10 @@ void ButtonPicture::optAnClick(int index) {
 void ButtonPicture::chooseShape(int index) {
     if (index == 1 && !askFor(1)) {
         clearOption(optAn_[1]);
+        if (ratioChosen_) optAn_[0]->setChecked(true);
         return;
     }
+    ratioChosen_ = index == 0;
     state_.editState = u"a2"_s;
     const double ratio = double(heightOf(view_.picYu)) / widthOf(view_.picYu);
     if (0.74 < ratio && ratio < 0.76 &&
@@ -287,6 +290,7 @@ void ButtonPicture::cmdAgClick() {
     view_.picAn->hide();
     state_.editState = u"a3"_s;
     history_.mnuCxClick();
+    if (state_.isOpen) commands_.szan(true);
     view_.shpYu->hide();
     view_.txtCc->hide();
 }

@@ -57,5 +57,6 @@ class ButtonPicture : public QObject {
     std::array<QLabel*, 3> lblAs_{};
     QPushButton* cmdCk_ = nullptr;
     QPushButton* cmdAg_ = nullptr;
+    bool ratioChosen_ = false;     ///< 固定比例 is the choice to come back to when another one is cancelled.
     DataControl* rows_ = nullptr;  ///< The rows of `tcan`; the album's own list keeps its place meanwhile.
 };

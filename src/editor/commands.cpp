@@ -103,7 +103,7 @@ void Commands::makeMenus(QMenuBar* bar) {
 /// Without a picture the item has no menu to open (see `szan`): it reports instead.
 void Commands::refuseWithoutPicture(QAction* parent) {
     connect(parent, &QAction::triggered, this, guarded(form_, [this] {
-                if (state_.isEmpty()) say(form_, u"请先打开图片！"_s, BoxIcon::information);
+                if (!state_.isOpen) say(form_, u"请先打开图片！"_s, BoxIcon::information);
             }));
 }
 
@@ -126,7 +126,6 @@ void Commands::makeToolBar() {
 
 /// The processing commands. In the empty window the parents of menus stay clickable: they say what to do first.
 void Commands::szan(bool on) {
-    const bool empty = state_.isEmpty();
     for (const QString& key : {u"ty"_s, u"sy"_s, u"xy"_s, u"hy"_s})
         tlb1->setEnabled(key, state_.editState.startsWith(u'k'));
     setEnabled(mnuSf, u"sf"_s, on);
@@ -135,10 +134,10 @@ void Commands::szan(bool on) {
     setEnabled(mnuFs, u"fs"_s, on);
     setEnabled(mnuFc, u"fc"_s, on);
     tlb1->setEnabled(u"at"_s, on);
-    mnuAt->setEnabled(on || empty);
-    mnuCl->setEnabled(on || empty);
-    mnuCl->setMenu(empty ? nullptr : processing_);
-    mnuB0->setMenu(empty ? nullptr : saving_);
+    mnuAt->setEnabled(on || !state_.isOpen);
+    mnuCl->setEnabled(on || !state_.isOpen);
+    mnuCl->setMenu(state_.isOpen ? processing_ : nullptr);
+    mnuB0->setMenu(state_.isOpen ? saving_ : nullptr);
 }
 
 void Commands::showPictureMenus() {

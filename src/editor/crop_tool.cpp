@@ -45,7 +45,7 @@ void CropTool::moveShape(QSize size) {
 }
 
 void CropTool::mouseDown(int x, int y) {
-    if (state_.isEmpty()) return;
+    if (!state_.isOpen) return;
     state_.selLeft = x;
     state_.selTop = y;
     const QRgb under = view_.picYu->Point(pixelsFromTwips(x), pixelsFromTwips(y));

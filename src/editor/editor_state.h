@@ -26,5 +26,6 @@ struct EditorState {
     bool undoing = false;  ///< No step may be recorded.
     StepTrail stepTrail;
 
-    bool isEmpty() const { return editState == u"00"; }
+    /// A picture stands in the window. (After the last undo the next load leaves `editState` at "00".)
+    bool isOpen = false;
 };

@@ -105,6 +105,7 @@ void EditorView::makeSurfaces() {
 
 void EditorView::makeHintBox() {
     txtTs = make<TextBox>(form_, u"txtTs"_s);
+    txtTs->setAccessibleName(u"操作提示"_s);
     dressHint(txtTs);
     connect(txtTs, &TextBox::clicked, txtTs, &QWidget::hide);
     for (const WorkSurface* surface : {picYu, picMb})
@@ -152,7 +153,7 @@ void EditorView::pmsz() {
     place(picYu, 0, 0, layout.picture.width(), layout.picture.height());
     place(img1, 0, 0, layout.picture.width(), layout.picture.height());
     place(shpBk, 0, 0, state_.picWidth, state_.picHeight);
-    shpBk->setVisible(!state_.isEmpty());
+    shpBk->setVisible(state_.isOpen);
     shpYu->hide();
     bar_->setVisible(state_.toolbarHeight > 0);
     barGround_->setVisible(state_.toolbarHeight > 0);

@@ -85,7 +85,6 @@ void frmCl::connectWindows() {
     on.onCommand(on.mnuBz, u"bz"_s, [this] { windows_.showHelp(u"5使用帮助"_s); });
     on.onCommand(on.mnuFh, u"fh"_s, [this] { windows_.handOver(WindowKind::editor, WindowKind::viewer); });
     on.onCommand(on.mnuGb, u"tc"_s, [this] { windows_.endProgram(); });
-    on.setEnabled(on.mnuBz, u"bz"_s, windows_.has(WindowKind::help));
 }
 
 void frmCl::resizeEvent(QResizeEvent* event) {
@@ -106,7 +105,8 @@ bool frmCl::runKey(const QKeyEvent& event) {
     }
     static const QHash<int, QString> keys{
         {Qt::Key_Home, u"ty"_s}, {Qt::Key_PageUp, u"sy"_s}, {Qt::Key_PageDown, u"xy"_s}, {Qt::Key_End, u"hy"_s}};
-    QString key = keys.value(event.key());
+    // Paging must not carry away a picture that somebody is at work on.
+    QString key = state_.editState == u"k1" && !dialog_->isOpen() ? keys.value(event.key()) : QString();
     if (event.matches(QKeySequence::Undo)) key = u"cx"_s;
     if (key.isEmpty() || !view_->picCs->isHidden()) return false;
     commands_->tlb1->button(key)->click();

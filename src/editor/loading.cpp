@@ -1,6 +1,7 @@
 #include "editor/loading.h"
 
 #include "editor/editor_texts.h"
+#include "platform/base/error.h"
 #include "platform/base/files.h"
 #include "platform/desktop/busy.h"
 #include "platform/desktop/file_dialogs.h"
@@ -61,7 +62,7 @@ void Loading::openFile(const QString& path) {
         state_.sourceFile = before;
         throw;
     }
-    history_.clear();
+    attempt([&] { history_.clear(); });
     xstp();
     commands_.mnuQh->setVisible(false);
     state_.undoing = false;
@@ -104,6 +105,7 @@ void Loading::xstp() {
         state_.editState = state_.editState.left(1) + u'1';
         state_.opTag.clear();
     }
+    state_.isOpen = true;
     view_.img1->hide();
     view_.pmsz();
     history_.start();
@@ -119,6 +121,7 @@ void Loading::xstp() {
 /// The empty editor.
 void Loading::pmfy() {
     state_.editState = u"00"_s;
+    state_.isOpen = false;
     view_.txtTs->hide();
     settings_.read();
     state_.picWidth = welcomeWidth;

@@ -8,7 +8,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-constexpr int jpegQuality = 80;
 const auto pictureFilter = u"BMP文件(*.bmp)|*.bmp|JPG文件(*.jpg)|*.jpg"_s;
 }  // namespace
 
@@ -21,6 +20,7 @@ void writePictureFile(const QImage& image, const QString& path) {
 
 QString savingName(const QString& chosen) {
     if (chosen.endsWith(u"jpg")) return chosen;
+    if (chosen.endsWith(u'.')) return chosen + u"bmp"_s;
     const QString suffix = QFileInfo(chosen).suffix();
     return (suffix.isEmpty() ? chosen + u'.' : chosen.chopped(suffix.size())) + u"bmp"_s;
 }

@@ -5,6 +5,9 @@
 
 class QWidget;
 
+/// Of every JPEG that the editor makes.
+inline constexpr int jpegQuality = 80;
+
 /// Picture files that the editor writes. Everything written over stands or falls whole; failures throw `Error`.
 
 /// Asks for the file that a picture is to be kept in; empty when the dialog was cancelled.

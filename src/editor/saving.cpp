@@ -1,5 +1,6 @@
 #include "editor/saving.h"
 
+#include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
 #include "editor/editor_texts.h"
 #include "editor/picture_files.h"
@@ -20,7 +21,7 @@ Saving::Saving(EditorState& state, Commands& commands, EditorView& view, UndoHis
       form_(form) {}
 
 void Saving::mnuBcClick() {
-    if (state_.isEmpty()) {
+    if (!state_.isOpen) {
         say(form_, u"请先打开图片！"_s, BoxIcon::information);
         return;
     }
@@ -51,7 +52,7 @@ void Saving::saveIntoAlbum() {
         bcsk(picture, record, state_);
         record.Edit();
         record.Fields(u"大小"_s).SetValue(kilobytes1024Text(state_.savedSize));
-        record.Fields(u"规格"_s).SetValue(u"%1 * %2"_s.arg(picture.width()).arg(picture.height()));
+        record.Fields(u"规格"_s).SetValue(specOfPicture(Picture(picture)));
         record.Update();
         whole.commit();
         number = record.Fields(u"序号"_s).Value().textOr();
@@ -69,10 +70,6 @@ void Saving::saveOverFile() {
 }
 
 void Saving::mnuLcClick() {
-    if (state_.isEmpty()) {
-        say(form_, u"请先打开图片！"_s, BoxIcon::information);
-        return;
-    }
     if (!ask(form_, u"    另外保存已修改的图片吗？\n\n如果保存，按《确定》；否则按《取消》。"_s, BoxIcon::question,
              u"图片处理另外保存"_s))
         return;

@@ -33,6 +33,21 @@ std::optional<QSize> possibleSize(double width, double height) {
     return size;
 }
 
+/// The bar of a rotation, for as long as that runs.
+class ProgressShown {
+  public:
+    explicit ProgressShown(QProgressBar* bar) : bar_(bar) {
+        bar_->setValue(0);
+        bar_->show();
+    }
+    ~ProgressShown() { bar_->hide(); }
+    ProgressShown(const ProgressShown&) = delete;
+    ProgressShown& operator=(const ProgressShown&) = delete;
+
+  private:
+    QProgressBar* bar_;
+};
+
 [[noreturn]] void refuseSize() {
     throw Error(u"图片变得太大：边长不能超过 %1 像素。"_s.arg(longestPictureSide));
 }
@@ -69,10 +84,13 @@ void Transforms::cmdCqClick() {
         dialog_.txtCq->setFocus();
         return;
     }
+    const QString before = state_.opTag;
     try {
         carryOut(mode);
-    } catch (const Error& error) {
-        view_.notice(error.text());
+    } catch (const std::exception& failure) {
+        state_.opTag = before;
+        const auto* told = dynamic_cast<const Error*>(&failure);
+        view_.notice(told != nullptr ? told->text() : u"内存不够，不能完成这一步。"_s);
         return;
     }
     finish(mode);
@@ -91,15 +109,9 @@ void Transforms::scale() {
     const QString text = dialog_.txtCq->text();
     const double factor = numericValue(text);
     if (!(factor > 0)) throw Error(u"缩放倍数应是大于 0 的数。"_s);
-    const QString before = state_.opTag;
     state_.opTag += u" *"_s + (text.startsWith(u'.') ? u"0"_s : QString()) + text;
     view_.tscz(u"s2"_s);
-    try {
-        paint({0, 0, state_.picWidth, state_.picHeight}, factor);
-    } catch (const Error&) {
-        state_.opTag = before;
-        throw;
-    }
+    paint({0, 0, state_.picWidth, state_.picHeight}, factor);
 }
 
 void Transforms::crop() {
@@ -123,7 +135,6 @@ void Transforms::paint(const QRect& part, double factor) {
     if (!size) refuseSize();
     const QImage result =
         painted(view_.picYu->Image(), inPixels(part), inPixels(*size), Mirror::none, view_.picMb->background());
-    if (result.isNull()) refuseSize();
     state_.picWidth = size->width();
     state_.picHeight = size->height();
     view_.takePainted(result);
@@ -141,16 +152,15 @@ void Transforms::tpxz() {
     const auto size = possibleSize(twips.width(), twips.height());
     if (!size) refuseSize();
 
-    dialog_.prg1->setValue(0);
-    dialog_.prg1->show();
+    const ProgressShown progress(dialog_.prg1);
     view_.picMb->setPicture({});
     const QImage result = rotated(view_.picYu->Image(), inPixels(*size), degrees, view_.picMb->background(),
                                   [this](int percent) { dialog_.prg1->setValue(percent); });
-    dialog_.prg1->hide();
-    if (result.isNull()) refuseSize();
+    dialog_.prg1->setValue(90);
     state_.picWidth = size->width();
     state_.picHeight = size->height();
     view_.takePainted(result);
+    dialog_.prg1->setValue(100);
     state_.opTag += u" "_s + text + u"度"_s;
     view_.setCaption(state_.sourceLine + u" ["_s + state_.opTag + u"]"_s);
     view_.tscz(u"x2"_s);

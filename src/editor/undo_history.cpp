@@ -2,6 +2,7 @@
 
 #include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
+#include "editor/picture_files.h"
 #include "platform/base/conversion.h"
 #include "platform/base/error.h"
 #include "platform/desktop/placing.h"
@@ -10,7 +11,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int jpegQuality = 80;
 const QString pictureColumn = u"图片"_s;
 
 /// Stepping through an album starts the numbers again without removing the earlier rows: the newest one counts.
@@ -74,6 +74,7 @@ void UndoHistory::clear() {
 }
 
 void UndoHistory::mnuCxClick() {
+    if (!view_.picCs->isHidden()) return;  // the picture is out of sight, and its steps are gone
     state_.undoing = true;
     view_.picYu->show();  // a paint that failed has left it hidden
     if (!view_.shpYu->isHidden()) {
@@ -86,6 +87,7 @@ void UndoHistory::mnuCxClick() {
         commands_.szan(true);
     } else if (!view_.picAn->isHidden()) {
         view_.picAn->hide();
+        commands_.szan(true);
     } else {
         pop();
     }
@@ -93,8 +95,8 @@ void UndoHistory::mnuCxClick() {
 
 void UndoHistory::pop() {
     if (state_.stepTrail.isEmpty()) return;
-    const QString taken = state_.stepTrail.pop();
-    mekTp::catalogue.Execute(u"DELETE FROM [tccx] WHERE 编号 = "_s + quoted(taken));
+    mekTp::catalogue.Execute(u"DELETE FROM [tccx] WHERE 编号 = "_s + quoted(state_.stepTrail.newest()));
+    state_.stepTrail.pop();
     --state_.stepNumber;
     if (state_.stepTrail.isEmpty())
         Q_EMIT emptied();

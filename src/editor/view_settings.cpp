@@ -67,6 +67,6 @@ void ViewSettings::mnuGxClick() {
 void ViewSettings::mnuTgClick() {
     applyHints(!hintsOn_);
     const bool shown = hintsOn_;
-    if (!state_.isEmpty()) view_.tscz(state_.editState);
+    if (state_.isOpen) view_.tscz(state_.editState);
     store(hintColumn, shown);
 }

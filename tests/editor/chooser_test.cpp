@@ -250,6 +250,58 @@ class TestChooser : public QObject {
         QCOMPARE(column(4, u"规格"_s), u"200 * 100"_s);
     }
 
+    void savingTwiceStaysWithTheRecord_data() {
+        QTest::addColumn<Variant>("number");
+        QTest::newRow("of its own") << Variant(3);
+        QTest::newRow("of another record, too") << Variant(1);
+        QTest::newRow("Null") << Variant();
+    }
+    void savingTwiceStaysWithTheRecord() {
+        QFETCH(const Variant, number);
+        const Chooser editor;
+        change(u"SELECT * FROM tc01 WHERE 序号 = 3"_s, u"序号"_s, number);
+        editor.chooseAlbum(u"tc01 旅行"_s);
+        editor.click(u"cmdBh(1)"_s);
+        for (int row = 0; !editor.label(u"lblCl"_s).endsWith(u"30 * 40"); ++row) editor.clickRow(row);
+        editor.click(u"cmdQd"_s);
+        QCOMPARE(editor.picYu().picture().size(), QSize(30, 40));
+        editor.scale(u"2"_s);
+        editor.press(u"bc"_s);
+        editor.scale(u"2"_s);
+        editor.press(u"bc"_s);
+        const auto remark = [](const QString& size) {
+            return mekTp::catalogue.OpenRecordset(u"SELECT * FROM tc01 WHERE 规格 = "_s + quoted(size));
+        };
+        QCOMPARE(remark(u"120 * 160"_s).rowCount(), 1);
+        QCOMPARE(remark(u"120 * 160"_s).Fields(u"备注"_s).Value().toText(), u"图片3"_s);
+        QCOMPARE(remark(u"60 * 80"_s).rowCount(), 0);
+    }
+
+    void undoWaitsUntilTheChooserIsClosed() {
+        const Chooser editor;
+        editor.openRow(3);
+        editor.scale(u"2"_s);
+        editor.press(u"sk"_s);
+        for (const QString& key : {u"cx"_s, u"lc"_s, u"bc"_s}) QVERIFY(!editor.key(key)->isEnabled());
+        editor.trigger(u"mnuCx"_s);
+        editor.clickRow(0);
+        editor.click(u"cmdQd"_s);
+        QCOMPARE(editor.steps(), QStringList{u"01"_s});
+        QVERIFY(editor.key(u"xy"_s)->isEnabled());
+    }
+
+    void steppingAfterAnUndoStartsANewTrail() {
+        const Chooser editor;
+        editor.openRow(3);
+        editor.scale(u"2"_s);
+        editor.press(u"cx"_s);
+        editor.click(u"cmdCq(1)"_s);
+        editor.trigger(u"mnuXy"_s);
+        editor.scale(u"2"_s);
+        editor.press(u"cx"_s);
+        QCOMPARE(editor.picYu().picture().size(), QSize(40, 30));
+    }
+
     void aTitleWithABlankKeepsTheList() {
         Chooser editor;
         auto* list = editor.find<QComboBox>(u"cboBm"_s);

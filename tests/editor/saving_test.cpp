@@ -130,6 +130,20 @@ class TestSaving : public QObject {
         QCOMPARE(QImage(other).size(), QSize(7, 7));
     }
 
+    void afterTheLastUndoAPictureIsWhole() {
+        EditorWindow editor;
+        editor.open();
+        editor.press(u"cx"_s);
+        QVERIFY(editor.menu(u"mnuCl"_s)->menu() == nullptr);
+        editor.open();
+        for (const QString& parent : {u"mnuCl"_s, u"mnuB0"_s}) QVERIFY(editor.menu(parent)->menu() != nullptr);
+        editor.press(u"fs"_s);
+        for (const QString& parent : {u"mnuCl"_s, u"mnuB0"_s}) QVERIFY(editor.menu(parent)->menu() != nullptr);
+        editor.file = editor.catalogue.file(u"新.jpg"_s);
+        editor.press(u"lc"_s);
+        QCOMPARE(LoadPicture(editor.file).pixels(), QSize(80, 60));
+    }
+
     void nothingOpen() {
         EditorWindow editor;
         editor.open();

@@ -228,6 +228,30 @@ class TestSelecting : public QObject {
         QVERIFY(editor.shows(u"img1"_s));
     }
 
+    void leavingTheButtonWithoutAnyDialogBefore() {
+        const Selecting editor;
+        editor.press(u"fs"_s);
+        editor.press(u"fc"_s);
+        for (const QString& way : {u"cmdAg"_s, u"cx"_s}) {
+            editor.press(u"at"_s);
+            QVERIFY(!editor.key(u"sf"_s)->isEnabled());
+            if (way == u"cx")
+                editor.press(way);
+            else
+                editor.click(way);
+            QVERIFY(editor.key(u"sf"_s)->isEnabled());
+            QVERIFY(editor.menu(u"mnuCl"_s)->isEnabled());
+        }
+    }
+
+    void aRefusedShapeLeavesTheOneBefore() {
+        Selecting editor;
+        editor.startButton(0);
+        editor.answer = false;
+        editor.option(1);
+        QVERIFY(editor.find<QRadioButton>(u"optAn(0)"_s)->isChecked());
+    }
+
     void savingMeansThePhotograph() {
         Selecting editor({400, 300});
         editor.scale(u"0.9"_s);
