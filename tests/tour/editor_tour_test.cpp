@@ -1,0 +1,143 @@
+#include "../support/run_all.h"
+#include "catalogue/mektp.h"
+#include "catalogue/picture_field.h"
+#include "editor/work_surface.h"
+#include "platform/desktop/image_box.h"
+#include "platform/desktop/text_box.h"
+#include "program_tour.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr QSize photographSize(4000, 3000);  // twelve megapixels
+
+/// The editor as a person works with it, from the main window and back.
+class TestEditorTour : public QObject {
+    Q_OBJECT
+
+    static void enterEditor(ProgramTour& tour) {
+        tour.program->start();
+        QTRY_VERIFY(tour.window(u"frmTp"_s));
+        tour.trigger(u"frmTp"_s, u"mnuCl"_s);
+        QTRY_VERIFY(tour.window(u"frmCl"_s) && !tour.window(u"frmTp"_s));
+    }
+    static void press(const QString& key) { ProgramTour::click(u"frmCl"_s, u"tlb1:"_s + key); }
+    static WorkSurface* picYu() { return ProgramTour::find<WorkSurface>(u"frmCl"_s, u"picYu"_s); }
+    static QSize size() { return picYu()->picture().size(); }
+    static void answer(const QString& text) {
+        auto* box = ProgramTour::find<TextBox>(u"frmCl"_s, u"txtCq"_s);
+        box->clear();
+        QTest::keyClicks(box, text);
+        QTest::keyClick(box, Qt::Key_Return);
+    }
+    static void select(QPoint from, QPoint to) {
+        QTest::mousePress(picYu(), Qt::LeftButton, {}, from);
+        QTest::mouseMove(picYu(), to);
+        QTest::mouseRelease(picYu(), Qt::LeftButton, {}, to);
+    }
+    static bool isWelcome() { return ProgramTour::find<QWidget>(u"frmCl"_s, u"img1"_s)->isVisible(); }
+
+  private Q_SLOTS:
+    void everyOperationAndBackToTheEmptyWindow() {
+        ProgramTour tour;
+        tour.file = tour.catalogue.file(u"照 片.jpg"_s);
+        writePicture(tour.file, photographSize, Qt::darkCyan);
+        enterEditor(tour);
+        press(u"wk"_s);
+        QCOMPARE(size(), photographSize);
+        press(u"sf"_s);
+        answer(u".5"_s);
+        press(u"xz"_s);
+        answer(u"33"_s);
+        const QSize turned = size();
+        QVERIFY(turned.width() > 2000 && turned.height() > 1500);
+        press(u"fs"_s);
+        press(u"fc"_s);
+        press(u"cj"_s);
+        select({100, 100}, {500, 400});
+        tour.click(u"frmCl"_s, u"cmdCq(0)"_s);
+        QCOMPARE(size(), QSize(400, 300));
+        QVERIFY(tour.window(u"frmCl"_s)->windowTitle().endsWith(u" [ *0.5 33度 水平翻转 垂直翻转 裁剪]"));
+
+        // Each way back closes the dialog that the step before has opened again, then takes the next step.
+        for (int step = 0; step < 12 && !isWelcome(); ++step) press(u"cx"_s);
+        QVERIFY(isWelcome());
+        QCOMPARE(mekTp::catalogue.OpenRecordset(u"tccx"_s).rowCount(), 0);
+        QCOMPARE(LoadPicture(tour.file).pixels(), photographSize);
+    }
+
+    void aChangedAlbumPictureReachesThePage() {
+        ProgramTour tour;
+        enterEditor(tour);
+        press(u"sk"_s);
+        tour.chooseAlbum(u"frmCl"_s, u"tc01 旅行"_s);
+        tour.clickRow(u"frmCl"_s, 3);
+        tour.click(u"frmCl"_s, u"cmdQd"_s);
+        QCOMPARE(size(), QSize(100, 50));
+        press(u"xz"_s);
+        answer(u"90"_s);
+        press(u"bc"_s);
+        QCOMPARE(tour.said.last(), u"图片已保存完毕！(序号＝4)"_s);
+        const QSize turned = size();
+        QVERIFY(turned.height() >= 100);
+
+        tour.trigger(u"frmCl"_s, u"mnuFh"_s);
+        QTRY_VERIFY(tour.window(u"frmTp"_s) && !tour.window(u"frmCl"_s));
+        tour.openInViewer(u"旅行"_s);
+        tour.click(u"frmTp"_s, u"txtLs"_s);
+        tour.chooseLine(u"frmTp"_s, u"lstLs"_s, u"2列"_s);
+        tour.click(u"frmTp"_s, u"imgAn(0)"_s);
+        const auto* cell = tour.find<ImageBox>(u"frmTp"_s, u"imgXs(3)"_s);
+        QTRY_COMPARE(cell->picture().pixels(), turned);
+        QVERIFY(cell->height() > cell->width());
+    }
+
+    void aPhotographIsSavedOverItsFileAndBesideIt() {
+        ProgramTour tour;
+        const QString photograph = tour.file = tour.catalogue.file(u"照 片.jpg"_s);
+        writePicture(tour.file, photographSize, Qt::darkCyan);
+        enterEditor(tour);
+        press(u"wk"_s);
+        press(u"cj"_s);
+        select({50, 50}, {450, 350});
+        tour.click(u"frmCl"_s, u"cmdCq(0)"_s);
+        press(u"bc"_s);
+        QCOMPARE(LoadPicture(photograph).pixels(), QSize(400, 300));
+        tour.file = tour.catalogue.file(u"副本.bmp"_s);
+        press(u"lc"_s);
+        QCOMPARE(LoadPicture(tour.file).pixels(), QSize(400, 300));
+    }
+
+    void buttonPicturesBothWays() {
+        ProgramTour tour;
+        tour.file = tour.catalogue.file(u"照片.jpg"_s);
+        writePicture(tour.file, photographSize, Qt::darkMagenta);
+        enterEditor(tour);
+        press(u"wk"_s);
+        press(u"at"_s);
+        tour.option(u"frmCl"_s, u"optAn(0)"_s);
+        tour.option(u"frmCl"_s, u"optAn(2)"_s);
+        tour.clickRow(u"frmCl"_s, 3);
+        tour.click(u"frmCl"_s, u"cmdCk"_s);
+        QCOMPARE(tour.said.last(), u"按钮图片已保存完毕！(序号＝4)"_s);
+
+        tour.file = tour.catalogue.file(u"钮.jpg"_s);
+        tour.option(u"frmCl"_s, u"optAn(3)"_s);
+        QCOMPARE(LoadPicture(tour.file).pixels(), QSize(100, 75));
+
+        // The button without a picture has one now: the main window offers it.
+        tour.trigger(u"frmCl"_s, u"mnuFh"_s);
+        QTRY_VERIFY(tour.window(u"frmTp"_s));
+        tour.openInViewer(u"旅行"_s);
+        const auto* offered = tour.find<ImageBox>(u"frmTp"_s, u"imgAn(3)"_s);
+        QVERIFY(offered->isVisible());
+        QCOMPARE(offered->toolTip(), u"无图"_s);
+    }
+};
+
+const Registered<TestEditorTour> registered;
+
+}  // namespace
+
+#include "editor_tour_test.moc"
