@@ -6,6 +6,7 @@
 #include "platform/desktop/text_box.h"
 
 #include <QMouseEvent>
+#include <algorithm>
 
 namespace {
 // Twips.

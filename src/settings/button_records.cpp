@@ -4,6 +4,8 @@
 #include "intake/intake_run.h"
 #include "platform/base/error.h"
 
+#include <array>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {

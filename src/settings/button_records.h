@@ -3,6 +3,8 @@
 #include "platform/database/database.h"
 #include "settings/button_rules.h"
 
+#include <optional>
+
 /// The recordset on the selection buttons in which one is added, changed or deleted. It stands on the button in hand,
 /// or on none. What is begun is stored whole or not at all; after a failure it is still begun. Failures throw `Error`.
 class ButtonRecords {

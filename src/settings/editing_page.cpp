@@ -5,6 +5,7 @@
 #include "settings/editing_rules.h"
 
 #include <QComboBox>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
