@@ -145,12 +145,37 @@ QRgb mixedColumns(const qint16* mixed, const Taps& taps) {
 #endif
 }
 
+QRgb meanOfFour(QRgb a, QRgb b, QRgb c, QRgb d) {
+    constexpr QRgb everySecond = 0x00FF00FF;
+    constexpr QRgb half = 0x00020002;
+    const auto sum = [&](int shift) {
+        const auto channelPair = [&](QRgb pixel) { return (pixel >> shift) & everySecond; };
+        return channelPair(a) + channelPair(b) + channelPair(c) + channelPair(d) + half;
+    };
+    return (sum(0) >> 2 & everySecond) | (sum(8) >> 2 & everySecond) << 8;
+}
+
+/// The commonest factor has a shorter way to the same pixels.
+void halveRows(const ConstPixelRows& source, const PixelRows& result, int width, int first, int end) {
+    for (int j = first; j < end; ++j) {
+        const QRgb* upper = source[2 * j];
+        const QRgb* lower = source[2 * j + 1];
+        QRgb* row = result[j];
+        for (int i = 0; i < width; ++i)
+            row[i] = meanOfFour(upper[2 * i], upper[2 * i + 1], lower[2 * i], lower[2 * i + 1]);
+    }
+}
+
 }  // namespace
 
 QImage resampled(const QImage& picture, QSize target) {
     QImage result = blankPicture(target);
     const PixelRows resultRows(result);
     const ConstPixelRows source(picture);
+    if (picture.size() == target * 2) {
+        forRowBlocks(target, [&](int first, int end) { halveRows(source, resultRows, target.width(), first, end); });
+        return result;
+    }
     const Direction columns(picture.width(), target.width());
     const Direction rows(picture.height(), target.height());
 

@@ -5,14 +5,35 @@
 
 #include <QThread>
 #include <atomic>
+#include <cstdlib>
 #include <thread>
 #include <vector>
+#ifdef __linux__
+#include <sys/mman.h>
+#endif
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
 constexpr int blockPixels = 1 << 18;
+
+/// Fresh memory comes in pages, and each costs more than filling it. So a large picture asks for large ones.
+QImage uninitialised(QSize pixels) {
+#ifdef MADV_HUGEPAGE
+    constexpr qsizetype pageBytes = 1 << 21;
+    const qsizetype rowBytes = pixels.width() * qsizetype(sizeof(QRgb));
+    const qsizetype pages = (rowBytes * pixels.height() + pageBytes - 1) / pageBytes;
+    if (pages > 2) {
+        void* memory = std::aligned_alloc(pageBytes, size_t(pages * pageBytes));
+        if (memory == nullptr) return {};
+        madvise(memory, size_t(pages * pageBytes), MADV_HUGEPAGE);
+        return {static_cast<uchar*>(memory), pixels.width(), pixels.height(), rowBytes,
+                QImage::Format_RGB32,        std::free,      memory};
+    }
+#endif
+    return {pixels, QImage::Format_RGB32};
+}
 
 }  // namespace
 
@@ -22,7 +43,7 @@ QImage blankPicture(QSize pixels) {
     if (std::max(pixels.width(), pixels.height()) > longestPictureSide)
         throw Error(u"图片的尺寸 "_s + size + u" 太大：每边最多 "_s + QString::number(longestPictureSide) +
                     u" 个像素。"_s);
-    QImage picture(pixels, QImage::Format_RGB32);
+    const QImage picture = uninitialised(pixels);
     if (picture.isNull()) throw Error(u"内存不够，不能生成尺寸为 "_s + size + u" 的图片。"_s);
     return picture;
 }
