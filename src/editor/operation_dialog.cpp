@@ -58,6 +58,7 @@ void OperationDialog::makeControls() {
     for (QLabel* label : {lblCq_, lbl2_}) label->setAttribute(Qt::WA_TransparentForMouseEvents);
 
     txtCq = make<TextBox>(picCq, u"txtCq"_s);
+    txtCq->setAccessibleName(u"数值"_s);
     const std::array<QString, 2> captions{u"确定"_s, u"取消"_s};
     for (size_t i = 0; i < cmdCq.size(); ++i) {
         cmdCq[i] = make<QPushButton>(picCq, element(u"cmdCq"_s, int(i)), captions[i]);

@@ -10,6 +10,7 @@ using namespace Qt::Literals::StringLiterals;
 
 FindBar::FindBar(RichTextBox* text, QWidget* parent) : QWidget(parent), text_(text) {
     txtCz = make<TextBox>(this, u"txtCz"_s);
+    txtCz->setAccessibleName(u"要找的词"_s);
     txtCz->setPlaceholderText(u"在说明中查找，按回车"_s);
     txtCz->setClearButtonEnabled(true);
     auto* cmdCz = make<QPushButton>(this, u"cmdCz"_s, u"查找下一处"_s);

@@ -50,8 +50,11 @@ ButtonPanel::ButtonPanel(ViewerState& state, ToolStrip& strip, StatusLine& statu
     shpAn->hide();
 
     imgSy = make<ImageBox>(form, u"imgSy"_s);
+    imgSy->beButton();
+    imgSy->setFocusPolicy(Qt::NoFocus);
     imgXy = make<ImageBox>(form, u"imgXy"_s);
     imgXy->setToolTip(u"下一页"_s);
+    imgXy->beButton();
     attempt([&] { imgXy->setPicture(LoadPicture(u":/pictures/xy.jpg"_s)); });
     place(imgSy, upperCornerLeft, 660, cornerSide, cornerSide);
     place(imgXy, lowerCornerLeft, 660, cornerSide, cornerSide);
@@ -76,6 +79,8 @@ ImageBox* ButtonPanel::button(int index) {
         place(image, buttonLeft, 0, buttonWidth, buttonHeight);
         image->hide();
         if (next >= firstButtons) image->stackUnder(shpAn);
+        image->beButton();
+        if (next > 0) QWidget::setTabOrder(imgAn.back(), image);
         listenTo(image, next);
         connect(image, &ImageBox::clicked, this, guarded(window_, [this, next] { choose(next); }));
         imgAn.push_back(image);
@@ -103,6 +108,9 @@ void ButtonPanel::anxs() {
     if (buttonTotal == 0) return;
     const int top = topOf(shpAb);
     place(imgSy, upperCornerLeft, top + 150);
+    // A control that is hidden passes its focus on, to a box that the keys would then write into.
+    auto* focus = qobject_cast<ImageBox*>(form_->focusWidget());
+    if (focus != nullptr && focus->parentWidget() == form_) form_->setFocus();
     for (ImageBox* image : imgAn) image->hide();
     hideRollOver();
 
@@ -110,6 +118,7 @@ void ButtonPanel::anxs() {
     for (int i = 1; i < state_.buttonPage; ++i) buttons.MoveNext();
     column_ = buttonColumn(state_.buttonStripHeight);
     fillSlots(buttons);
+    if (focus != nullptr && focus->parentWidget() == form_ && focus->isVisible()) focus->setFocus(Qt::TabFocusReason);
     shpAn->hide();
     place(imgXy, lowerCornerLeft, top + heightOf(shpAb) - 390);
 }
@@ -138,6 +147,8 @@ void ButtonPanel::rewind() {
 void ButtonPanel::loadCorner() {
     const bool nothingBefore = state_.buttonPage == 1;
     imgSy->setToolTip(nothingBefore ? QString() : u" 上一页"_s);
+    if (nothingBefore && imgSy->hasFocus()) form_->setFocus();
+    imgSy->setFocusPolicy(nothingBefore ? Qt::NoFocus : Qt::TabFocus);
     Recordset pictures = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tctb WHERE 文件名 = "_s +
                                                         quoted(nothingBefore ? u"ks"_s : u"sy"_s));
     attempt([&] { readPictureField(pictures, u"图片"_s, *imgSy); });

@@ -34,3 +34,14 @@ void DropList::open(const QStringList& lines, int left, int top, int width, int 
     show();
     raise();
 }
+
+void DropList::takeKeys() {
+    opener_ = window()->focusWidget();
+    if (currentRow() < 0) setCurrentRow(0);
+    setFocus(Qt::PopupFocusReason);
+}
+
+void DropList::hideEvent(QHideEvent* event) {
+    ListBox::hideEvent(event);
+    if (hasFocus() && opener_) opener_->setFocus(Qt::PopupFocusReason);
+}

@@ -2,6 +2,8 @@
 
 #include "platform/desktop/list_box.h"
 
+#include <QPointer>
+
 /// The one drop-down list of the main window: albums, number conditions or columns. What a click in it means follows
 /// from where it stands.
 class DropList : public ListBox {
@@ -17,4 +19,12 @@ class DropList : public ListBox {
     /// Shows the lines at a place in twips. The list is higher than `height` where its lines need it, as far as the
     /// form reaches.
     void open(const QStringList& lines, int left, int top, int width, int height);
+    /// The open list is used by keyboard: it has the focus until it is hidden, which gives it back.
+    void takeKeys();
+
+  protected:
+    void hideEvent(QHideEvent* event) override;
+
+  private:
+    QPointer<QWidget> opener_;
 };

@@ -8,14 +8,12 @@
 #include "viewer/clock.h"
 #include "viewer/window_layout.h"
 
-#include <QKeyEvent>
 #include <QMenuBar>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 constexpr int menuHeight = 30;
-constexpr int scrollStep = 60;
 const QColor pageFrameShade(0xa9, 0xa1, 0x92);
 }  // namespace
 
@@ -49,6 +47,8 @@ frmTp::frmTp(Windows& windows) : windows_(windows) {
     view_ = std::make_unique<PictureView>(state_, *strip_, *screen_, *page_, this);
     show_ = std::make_unique<SlideShow>(state_, *strip_, *page_, this, form_);
     lstLs = make<DropList>(form_, u"lstLs"_s);
+    lstLs->setAccessibleName(u"可选的各项"_s);
+    for (QWidget* dialog : {filters_->picRq, show_->picYc}) dialog->installEventFilter(this);
     tmr1 = new QTimer(this);
     tmr1->setObjectName(u"tmr1"_s);
     tmr1->setInterval(100);
@@ -85,14 +85,9 @@ void frmTp::buildMenus() {
     menu_.mnuXs = addMenuAction(u"mnuXs"_s, u"显示图片(&X)"_s, [this] { paging_->redrawFromMenu(); });
     menu_.mnuXs->setEnabled(false);
     mnuCs = addMenuAction(u"mnuCs"_s, u"窗口配色(&C)"_s, [this] { toggleColours(); });
-    mnuCs->setEnabled(windows_.has(WindowKind::colours));
-    addMenuAction(u"mnuCl"_s, u"图片处理(&L)"_s, [this] {
-        goTo(WindowKind::editor);
-    })->setEnabled(windows_.has(WindowKind::editor));
+    addMenuAction(u"mnuCl"_s, u"图片处理(&L)"_s, [this] { goTo(WindowKind::editor); });
     addMenuAction(u"mnuGy"_s, u"关 于(&G)"_s, [this] { windows_.show(WindowKind::about); });
     mnuBz = addMenuAction(u"mnuBz"_s, u"帮 助(&B)"_s, [this] { toggleHelp(); });
-    mnuBz->setEnabled(windows_.has(WindowKind::help));
-    strip_->tlb1->setEnabled(u"bz"_s, windows_.has(WindowKind::help));
     addMenuAction(u"mnuTc"_s, u"退 出(&T)"_s, [this] { close(); });
     // Until the catalogue tells the albums.
     menu_.mnuCd = {new QAction(u"演示"_s, this)};
@@ -106,15 +101,9 @@ void frmTp::connectControls() {
         connect(strip_->chkBq[size_t(i)], &QCheckBox::toggled, this, guarded(this, [this, i] { storeFlag(i); }));
     connect(tmr1, &QTimer::timeout, this, guarded(this, [this] { tick(); }));
 
-    connect(strip_->txtLs, &TextBox::clicked, this, [this] {
-        lstLs->open({u"1列"_s, u"2列"_s, u"3列"_s, u"4列"_s, u"5列"_s, u"6列"_s}, leftOf(strip_->txtLs) + 70, 380,
-                    widthOf(strip_->txtLs), 1000);
-    });
+    connect(strip_->txtLs, &TextBox::clicked, this, [this] { listColumns(); });
     for (const TextBox* box : {strip_->txtXh, strip_->txtXx})
-        connect(box, &TextBox::clicked, this, [this] {
-            lstLs->open({u"序号任意"_s, u"序号="_s, u"序号>"_s, u"序号<"_s}, leftOf(strip_->txtXh) + 70, 380,
-                        widthOf(strip_->txtXh), 1000);
-        });
+        connect(box, &TextBox::clicked, this, [this] { listNumberConditions(); });
     connect(lstLs, &DropList::lineClicked, this, guarded(this, [this](int index) { listClicked(index); }));
     connect(page_.get(), &Page::cellClicked, lstLs, &QWidget::hide);
     connect(page_->pic1, &Surface::mousePressed, lstLs, &QWidget::hide);
@@ -138,47 +127,16 @@ void frmTp::closeEvent(QCloseEvent* event) {
 }
 
 bool frmTp::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != form_) {
+        moveFocusWith(static_cast<QWidget*>(watched), event->type());
+        return QMainWindow::eventFilter(watched, event);
+    }
     if (event->type() == QEvent::MouseButtonPress) lstLs->hide();
     if (event->type() == QEvent::MouseMove) {
         lstLs->hide();
         buttons_->hideRollOver();
     }
     return QMainWindow::eventFilter(watched, event);
-}
-
-void frmTp::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape)
-        escape();
-    else if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
-        scrollBy(event->key() == Qt::Key_Up ? -scrollStep : scrollStep);
-    else if (qobject_cast<QLineEdit*>(focusWidget()) != nullptr || !pageByKey(event->key()))
-        QMainWindow::keyPressEvent(event);
-}
-
-void frmTp::scrollBy(int pixels) {
-    if (screen_->isCovering())
-        screen_->scrollBy(pixels);
-    else
-        page_->scrollBy(pixels);
-}
-
-void frmTp::escape() {
-    if (!lstLs->isHidden())
-        lstLs->hide();
-    else if (!filters_->picRq->isHidden())
-        filters_->picRq->hide();
-    else if (!show_->picYc->isHidden())
-        show_->picYc->hide();
-    else if (screen_->isViewing())
-        view_->close();
-}
-
-bool frmTp::pageByKey(int key) {
-    static const QHash<int, QString> keys{
-        {Qt::Key_Home, u"ty"_s}, {Qt::Key_PageUp, u"sy"_s}, {Qt::Key_PageDown, u"xy"_s}, {Qt::Key_End, u"hy"_s}};
-    if (!keys.contains(key)) return false;
-    if (strip_->tlb1->isEnabled(keys[key])) runHandler(this, [&] { toolClicked(keys[key]); });
-    return true;
 }
 
 /// Everything that follows the size of the window.
@@ -237,6 +195,16 @@ void frmTp::toolClicked(const QString& key) {
     strip_->tlb1->update();
 }
 
+void frmTp::listColumns() {
+    lstLs->open({u"1列"_s, u"2列"_s, u"3列"_s, u"4列"_s, u"5列"_s, u"6列"_s}, leftOf(strip_->txtLs) + 70, 380,
+                widthOf(strip_->txtLs), 1000);
+}
+
+void frmTp::listNumberConditions() {
+    lstLs->open({u"序号任意"_s, u"序号="_s, u"序号>"_s, u"序号<"_s}, leftOf(strip_->txtXh) + 70, 380,
+                widthOf(strip_->txtXh), 1000);
+}
+
 void frmTp::listAlbums() {
     QStringList lines;
     attempt([&] {
@@ -246,6 +214,7 @@ void frmTp::listAlbums() {
     const int rows = int(lines.size());
     lines << u" 演 示"_s;
     lstLs->open(lines, 150, 380, 1500, rows * 180 + 270);
+    lstLs->takeKeys();
     state_.dateCondition.clear();
 }
 
@@ -282,12 +251,10 @@ void frmTp::goTo(WindowKind window) {
 }
 
 void frmTp::toggleColours() {
-    const bool isClosed = mnuCs->text() == u"窗口配色(&C)";
-    if (isClosed)
+    if (mnuCs->text() == u"窗口配色(&C)")
         windows_.show(WindowKind::colours);
     else
         windows_.unload(WindowKind::colours);
-    offerColours(!isClosed);
 }
 
 void frmTp::offerColours(bool on) {
@@ -295,12 +262,10 @@ void frmTp::offerColours(bool on) {
 }
 
 void frmTp::toggleHelp() {
-    const bool isClosed = isHelpOffered();
-    if (isClosed)
+    if (isHelpOffered())
         windows_.show(WindowKind::help);
     else
         windows_.unload(WindowKind::help);
-    offerHelp(!isClosed);
 }
 
 bool frmTp::isHelpOffered() const {

@@ -54,9 +54,20 @@ class frmTp : public QMainWindow {
     bool isHelpOffered() const;
     void offerHelp(bool on);
     void goTo(WindowKind window);
+    /// A small dialog takes the focus as it comes. When it goes, no box of the tool bar gets it, where keys would write.
+    void moveFocusWith(QWidget* dialog, QEvent::Type event);
+    bool isInDialog(const QWidget* control) const;
     void scrollBy(int pixels);
     void escape();
     bool pageByKey(int key);
+    bool workByKey(int key);
+    bool openListByKey(const QKeyEvent& event);
+    void enter();
+    void space();
+    void moveFocus(int step);
+    void chooseColumns(int columns);
+    void listColumns();
+    void listNumberConditions();
 
     Windows& windows_;
     ViewerState state_;

@@ -55,6 +55,7 @@ void setGround(QWidget* widget, const QColor& ground) {
 QString darkBars() {
     return u"QMenuBar::item { color: %1; }"
            "QMenuBar::item:selected, QMenuBar::item:pressed, QToolButton:hover { background: rgba(255, 255, 255, 40); }"
+           "QToolButton:focus { border-color: #8fd0e6; }"
            "QMenuBar::item:disabled { color: %2; } QToolButton:hover { border-color: transparent; }"
            "QStatusBar { border-top: 1px solid rgba(255, 255, 255, 40); } QStatusBar QLabel { color: %1; }"_s.arg(
                lightInk.name(), fadedLightInk.name());

@@ -70,9 +70,32 @@ void Page::setCellCount(int count) {
         cell.imgXs->hide();
         cell.txtBq->hide();
     }
-    while (int(cells_.size()) < count) cells_.push_back(makeCell(int(cells_.size())));
+    while (int(cells_.size()) < count) {
+        cells_.push_back(makeCell(int(cells_.size())));
+        if (cells_.size() > 1) QWidget::setTabOrder(cells_[cells_.size() - 2].imgXs, cells_.back().imgXs);
+    }
     // Captions stand over all pictures: in two columns they reach over the edge of their own cell.
     for (const Cell& cell : cells_) cell.txtBq->raise();
+}
+
+int Page::focusedCell() const {
+    for (size_t i = 0; i < cells_.size(); ++i)
+        if (cells_[i].imgXs->hasFocus()) return int(i);
+    return -1;
+}
+
+void Page::focusCell(int cell) {
+    const ImageBox* image = picture(cell);
+    if (image != nullptr && !image->tag().isEmpty()) cells_[size_t(cell)].imgXs->setFocus(Qt::TabFocusReason);
+}
+
+void Page::toggleCaption(int cell) {
+    if (picture(cell) == nullptr) return;
+    CaptionBox* caption = cells_[size_t(cell)].txtBq;
+    if (caption->isVisible())
+        caption->hide();
+    else
+        showCaption(cell);
 }
 
 const ImageBox* Page::picture(int cell) const {
@@ -95,6 +118,9 @@ void Page::xstp() {
     if (screen_.isCovering()) screen_.img0->repaint();
 
     const CellGrid grid = cellGrid(state_.pageAreaWidth, cells);
+    const int focused = focusedCell();
+    // A control that is hidden passes its focus on, to a box that the keys would then write into.
+    if (focused >= 0) pic1->parentWidget()->setFocus();
     setCellCount(cells);
     scroll_->reset();
     goToFirstPicture();
@@ -110,6 +136,7 @@ void Page::xstp() {
 
     strip_.showProgress(false, !state_.smallScreen);
     screen_.uncover();
+    focusCell(std::min(focused, cells - 1));
     // The place that the line tells is that of the page's last cell.
     attempt([&] {
         const bool empty = state_.albumRecordset.RecordCount() == 0;
@@ -141,6 +168,8 @@ void Page::drawCell(int index, const CellGrid& grid, QSize& pixels) {
         cell.imgXs->setTag(tagOfRecord(album));
     });
     cell.imgXs->setToolTip(cell.imgXs->tag());
+    cell.imgXs->setAccessibleName(cell.imgXs->tag());
+    cell.imgXs->setFocusPolicy(cell.imgXs->tag().isEmpty() ? Qt::NoFocus : Qt::TabFocus);
     cell.shpXs->show();
     cell.imgXs->show();
     drawCaption(index, grid);

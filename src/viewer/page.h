@@ -27,6 +27,13 @@ class Page : public QObject {
     const ImageBox* picture(int cell) const;
     /// Cells of the page as it was drawn; another number may have been chosen since.
     int cellCount() const { return int(cells_.size()); }
+
+    /// The cell that has the keyboard's focus, -1 for none. Empty cells take no focus.
+    int focusedCell() const;
+    void focusCell(int cell);
+    /// Lets the caption over a cell's picture come and go, as clicks on both do.
+    void toggleCaption(int cell);
+
     void scrollBy(int pixels) { scroll_->scrollBy(pixels); }
 
     Surface* pic1;

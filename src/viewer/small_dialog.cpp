@@ -35,7 +35,7 @@ QPushButton* makeCloseButton(Surface* dialog, const QString& name) {
     auto* button = makeDialogButton(dialog, name, u"×"_s, widthOf(dialog) - 405, 75, 330);
     place(button, widthOf(dialog) - 405, 75, 330, 330);
     button->setToolTip(u"关闭"_s);
-    button->setFocusPolicy(Qt::NoFocus);
+    button->setFocusPolicy(Qt::TabFocus);
     return button;
 }
 

@@ -85,15 +85,18 @@ void ToolStrip::addBoxes() {
     place(txtYh, labelLeft + twipsFromPixels(blankLeft + 1), boxTop, twipsFromPixels(blank - 1), boxHeight);
 
     txtXh = make<TextBox>(tlb1, u"txtXh"_s);
+    txtXh->setAccessibleName(u"序号条件"_s);
     txtXh->setText(u"序号任意"_s);
     txtXh->setStyleSheet(u"padding: 0px;"_s);
     txtXx = make<TextBox>(tlb1, u"txtXx"_s);
+    txtXx->setAccessibleName(u"序号"_s);
     txtXx->setStyleSheet(u"border: none; padding: 0px; background: #eef5f7;"_s);
     txtXx->setAlignment(Qt::AlignCenter);
     place(txtXx, 4350, 60, 375, 180);
     showNumberBox(false);
 
     txtLs = make<TextBox>(tlb1, u"txtLs"_s);
+    txtLs->setAccessibleName(u"列数"_s);
     txtLs->setText(u"1列"_s);
     txtLs->setAlignment(Qt::AlignCenter);
     txtLs->setStyleSheet(u"padding: 0px;"_s);

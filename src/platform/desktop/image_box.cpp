@@ -1,5 +1,6 @@
 #include "platform/desktop/image_box.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
@@ -19,6 +20,11 @@ void ImageBox::setPicture(const Picture& picture) {
     else
         setPixmap(QPixmap::fromImage(picture.image()));
     update();
+}
+
+void ImageBox::beButton() {
+    isButton_ = true;
+    setFocusPolicy(Qt::TabFocus);
 }
 
 bool ImageBox::event(QEvent* event) {
@@ -50,7 +56,10 @@ void ImageBox::paintEvent(QPaintEvent*) {
     drawFrame(&painter);
     const QPixmap whole = pixmap();
     const QRect place = contentsRect();
-    if (whole.isNull() || place.isEmpty()) return;
+    if (whole.isNull() || place.isEmpty()) {
+        paintFocus(painter);
+        return;
+    }
 
     const QSize device = targetSize(this, place.size());
     const bool shrinks = device.width() < whole.width() || device.height() < whole.height();
@@ -60,6 +69,17 @@ void ImageBox::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::SmoothPixmapTransform, grows);
     const QPixmap& shown = shrinks && !grows ? fitted(device) : whole;
     painter.drawPixmap(place, shown, shown.rect());
+    paintFocus(painter);
+}
+
+// Two lines, of which one is seen on any picture.
+void ImageBox::paintFocus(QPainter& painter) const {
+    if (!hasFocus()) return;
+    const QRectF outer = QRectF(rect()).adjusted(1, 1, -1, -1);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawRect(outer);
+    painter.setPen(QPen(Qt::white, 1));
+    painter.drawRect(outer.adjusted(1.5, 1.5, -1.5, -1.5));
 }
 
 void ImageBox::mousePressEvent(QMouseEvent* event) {
@@ -86,4 +106,12 @@ void ImageBox::mouseDoubleClickEvent(QMouseEvent* event) {
 void ImageBox::mouseMoveEvent(QMouseEvent* event) {
     event->accept();
     Q_EMIT mouseMoved();
+}
+
+void ImageBox::keyPressEvent(QKeyEvent* event) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isButton_ && isEnter)
+        Q_EMIT clicked();
+    else
+        QLabel::keyPressEvent(event);
 }

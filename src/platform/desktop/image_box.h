@@ -15,6 +15,9 @@ class ImageBox : public QLabel {
     void setPicture(const Picture& picture);  ///< A null picture empties the control.
     const Picture& picture() const { return picture_; }
 
+    /// Takes the keyboard as a button does: Tab reaches it, Enter clicks it.
+    void beButton();
+
     /// Text that a control carries with it without showing it.
     void setTag(const QString& tag) { tag_ = tag; }
     const QString& tag() const { return tag_; }
@@ -37,12 +40,15 @@ class ImageBox : public QLabel {
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    void paintFocus(QPainter& painter) const;
     QPixmap fitted(QSize pixels);
     Picture picture_;
     QPixmap fitted_;  ///< The picture scaled down once for the present size.
     qint64 fittedKey_ = 0;
     QString tag_;
     bool pressedHere_ = false;
+    bool isButton_ = false;
 };

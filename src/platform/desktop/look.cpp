@@ -1,5 +1,6 @@
 #include "platform/desktop/look.h"
 
+#include "platform/desktop/access.h"
 #include "platform/desktop/look_style.h"
 
 #include <QApplication>
@@ -67,7 +68,7 @@ QPushButton:hover { background: #eef5f7; border-color: #1f6f8b; }
 QPushButton:pressed { background: #d5e6ec; }
 QPushButton:checked { background: #d5e6ec; border-color: #1f6f8b; }
 QPushButton:default { border-color: #1f6f8b; }
-QPushButton:focus { border-color: #1f6f8b; }
+QPushButton:focus { border: 2px solid #1f6f8b; padding: 0px 3px; }
 QPushButton:disabled { background: #f3efe7; border-color: #ddd6c9; color: #9a9488; }
 QMessageBox QPushButton, QFileDialog QPushButton, QColorDialog QPushButton {
     min-width: 68px; min-height: 22px; padding: 1px 8px;
@@ -76,6 +77,7 @@ QMessageBox QPushButton, QFileDialog QPushButton, QColorDialog QPushButton {
 QToolButton { border: 1px solid transparent; border-radius: 4px; padding: 0px; background: transparent; }
 QToolButton:hover { background: #e4eef1; border-color: #b9d2db; }
 QToolButton:pressed, QToolButton:checked { background: #cfe2e9; border-color: #1f6f8b; }
+QToolButton:focus { border: 2px solid #1f6f8b; }
 QToolButton:disabled { color: #b3ac9f; }
 
 QGroupBox { border: 1px solid #d8d0c2; border-radius: 5px; margin-top: 7px; }
@@ -88,12 +90,14 @@ QLineEdit { border: 1px solid #c9c1b2; border-radius: 3px; padding: 0px 2px; }
 QLineEdit:hover { border-color: #a9a192; }
 QLineEdit:focus { border-color: #1f6f8b; }
 QLineEdit:read-only { background: #efebe3; border-color: #d8d0c2; }
+QLineEdit:read-only:focus { border-color: #1f6f8b; }
 QLineEdit:disabled { background: #f3efe7; border-color: #ddd6c9; color: #9a9488; }
 
 QCheckBox, QRadioButton { spacing: 4px; }
 QCheckBox::indicator, QRadioButton::indicator { width: 13px; height: 13px; }
 
-QListView, QTreeView, QTableView { border: 1px solid #c9c1b2; outline: 0px; }
+QListView, QTreeView, QTableView, QTextEdit { border: 1px solid #c9c1b2; outline: 0px; }
+QListView:focus, QTreeView:focus, QTableView:focus, QTextEdit:focus { border-color: #1f6f8b; }
 QListView::item { min-height: 17px; padding: 0px 1px; border: 0px; }
 QListView::item:hover:enabled { background: #e9f1f4; color: #2b2a28; }
 QListView::item:selected:enabled { background: #1f6f8b; color: #ffffff; }
@@ -160,4 +164,5 @@ void applyLook(QApplication& application) {
     QApplication::setFont(programFont());
     QApplication::setPalette(programColours());
     application.setStyleSheet(details());
+    application.installEventFilter(new Access(&application));
 }

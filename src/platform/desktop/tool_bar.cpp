@@ -2,6 +2,7 @@
 
 #include "platform/desktop/placing.h"
 
+#include <QKeyEvent>
 #include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
@@ -17,7 +18,7 @@ QToolButton* ToolBar::add(const QString& key, const QString& toolTip, int left, 
     auto* button = make<QToolButton>(this, objectName() + u':' + key);
     place(button, left, top, width, height);
     button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::NoFocus);
+    button->setFocusPolicy(Qt::TabFocus);
     button->setToolTip(toolTip);
     const int icon = std::max(1, std::min(button->width(), button->height()) - 2 * iconMargin);
     button->setIconSize({icon, icon});
@@ -60,4 +61,13 @@ bool ToolBar::isEnabled(const QString& key) const {
 
 void ToolBar::setEnabled(const QString& key, bool on) {
     if (QToolButton* found = button(key)) found->setEnabled(on);
+}
+
+void ToolBar::keyPressEvent(QKeyEvent* event) {
+    auto* focused = qobject_cast<QToolButton*>(window()->focusWidget());
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && focused != nullptr && focused->parentWidget() == this)
+        focused->click();
+    else
+        QFrame::keyPressEvent(event);
 }

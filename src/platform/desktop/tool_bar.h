@@ -37,6 +37,9 @@ class ToolBar : public QFrame {
   Q_SIGNALS:
     void buttonClicked(const QString& key);
 
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;  ///< Enter clicks the button with the focus, as space does.
+
   private:
     IconSource icons_;
     QHash<QString, QToolButton*> buttons_;

@@ -1,0 +1,138 @@
+#include "platform/base/error.h"
+#include "platform/desktop/message_box.h"
+#include "viewer/frm_tp.h"
+
+#include <QAbstractButton>
+#include <QKeyEvent>
+#include <QPushButton>
+
+using namespace Qt::Literals::StringLiterals;
+
+// The keys of the main window. They reach it only where the control with the focus has no use for them: what is typed
+// into a box stays there.
+
+namespace {
+
+constexpr int scrollStep = 60;
+constexpr int mostColumns = 6;
+
+bool opensList(const QKeyEvent& event) {
+    return event.key() == Qt::Key_F4 || (event.key() == Qt::Key_Down && event.modifiers().testFlag(Qt::AltModifier));
+}
+
+/// The first control to set something with: the closing button stands above them.
+QWidget* firstStop(QWidget* dialog) {
+    for (QWidget* next = dialog->nextInFocusChain(); next != dialog; next = next->nextInFocusChain())
+        if (dialog->isAncestorOf(next) && qobject_cast<QPushButton*>(next) == nullptr && next->isEnabled() &&
+            (next->focusPolicy() & Qt::TabFocus))
+            return next;
+    return dialog;
+}
+
+}  // namespace
+
+void frmTp::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape)
+        escape();
+    else if (openListByKey(*event))
+        return;
+    else if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
+        scrollBy(event->key() == Qt::Key_Up ? -scrollStep : scrollStep);
+    else if (qobject_cast<QLineEdit*>(focusWidget()) != nullptr ||
+             !(pageByKey(event->key()) || (!event->isAutoRepeat() && workByKey(event->key()))))
+        QMainWindow::keyPressEvent(event);
+}
+
+void frmTp::scrollBy(int pixels) {
+    if (screen_->isCovering())
+        screen_->scrollBy(pixels);
+    else
+        page_->scrollBy(pixels);
+}
+
+void frmTp::escape() {
+    if (!lstLs->isHidden())
+        lstLs->hide();
+    else if (!filters_->picRq->isHidden())
+        filters_->picRq->hide();
+    else if (!show_->picYc->isHidden())
+        show_->picYc->hide();
+    else if (screen_->isViewing())
+        view_->close();
+}
+
+bool frmTp::pageByKey(int key) {
+    static const QHash<int, QString> keys{
+        {Qt::Key_Home, u"ty"_s}, {Qt::Key_PageUp, u"sy"_s}, {Qt::Key_PageDown, u"xy"_s}, {Qt::Key_End, u"hy"_s}};
+    if (!keys.contains(key)) return false;
+    if (strip_->tlb1->isEnabled(keys[key])) runHandler(this, [&] { toolClicked(keys[key]); });
+    return true;
+}
+
+bool frmTp::workByKey(int key) {
+    if (key == Qt::Key_Return || key == Qt::Key_Enter)
+        runHandler(this, [this] { enter(); });
+    else if (isInDialog(focusWidget()))
+        return false;
+    else if (key == Qt::Key_Space)
+        runHandler(this, [this] { space(); });
+    else if (key == Qt::Key_Left || key == Qt::Key_Right)
+        moveFocus(key == Qt::Key_Left ? -1 : 1);
+    else if (key >= Qt::Key_1 && key < Qt::Key_1 + mostColumns)
+        runHandler(this, [&] { chooseColumns(key - Qt::Key_0); });
+    else
+        return false;
+    return true;
+}
+
+/// In a box with a list: as combo boxes do.
+bool frmTp::openListByKey(const QKeyEvent& event) {
+    const QWidget* box = focusWidget();
+    if (!opensList(event) || box == nullptr) return false;
+    if (box == strip_->txtLs)
+        listColumns();
+    else if (box == strip_->txtXh || box == strip_->txtXx)
+        listNumberConditions();
+    else
+        return false;
+    lstLs->takeKeys();
+    return true;
+}
+
+/// Opens the picture that has the focus, or the first one of the page, alone.
+void frmTp::enter() {
+    if (auto* button = qobject_cast<QAbstractButton*>(focusWidget()))
+        button->click();
+    else if (!screen_->isCovering() && !isInDialog(focusWidget()))
+        view_->open(std::max(0, page_->focusedCell()));
+}
+
+/// Stops the slide show and goes on with it. Where there is none, texts over pictures come and go.
+void frmTp::space() {
+    if (screen_->isViewing())
+        screen_->txtB0->setVisible(screen_->txtB0->isHidden());
+    else if (strip_->tlb1->isEnabled(u"hd"_s))
+        toolClicked(u"hd"_s);
+    else
+        page_->toggleCaption(page_->focusedCell());
+}
+
+void frmTp::moveFocus(int step) {
+    if (screen_->isCovering()) return;
+    const int from = page_->focusedCell();
+    page_->focusCell(from < 0 ? 0 : from + step);
+}
+
+void frmTp::chooseColumns(int columns) {
+    strip_->txtLs->setText(QString::number(columns) + u"列"_s);
+    if (state_.pageShown) page_->xstp();
+}
+
+bool frmTp::isInDialog(const QWidget* control) const {
+    return filters_->picRq->isAncestorOf(control) || show_->picYc->isAncestorOf(control);
+}
+
+void frmTp::moveFocusWith(QWidget* dialog, QEvent::Type event) {
+    if (event == QEvent::Show) firstStop(dialog)->setFocus(Qt::PopupFocusReason);
+    if (event == QEvent::Hide && dialog->isAncestorOf(focusWidget())) form_->setFocus();
+}

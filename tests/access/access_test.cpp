@@ -1,0 +1,209 @@
+#include "../support/run_all.h"
+#include "../support/sample_catalogue.h"
+#include "help/entry_label.h"
+#include "platform/desktop/image_box.h"
+#include "platform/desktop/look.h"
+#include "platform/desktop/tab_control.h"
+#include "platform/desktop/text_box.h"
+#include "program.h"
+
+#include <QAccessible>
+#include <QMetaMethod>
+#include <QtTest/QtTest>
+#include <QtWidgets/QtWidgets>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Whether anybody listens to a signal, which only an object itself may ask.
+struct Listened : QObject {
+    static bool to(const QObject* object, const QMetaMethod& signal) {
+        return (object->*&Listened::isSignalConnected)(signal);
+    }
+};
+
+bool isClickable(const QWidget* control) {
+    if (const auto* image = qobject_cast<const ImageBox*>(control))
+        return Listened::to(image, QMetaMethod::fromSignal(&ImageBox::clicked)) && !image->toolTip().isEmpty();
+    if (const auto* box = qobject_cast<const QLineEdit*>(control))
+        return !box->testAttribute(Qt::WA_TransparentForMouseEvents) &&
+               qobject_cast<const QAbstractSpinBox*>(box->parentWidget()) == nullptr;
+    return qobject_cast<const QAbstractButton*>(control) != nullptr || qobject_cast<const EntryLabel*>(control) ||
+           qobject_cast<const QComboBox*>(control) != nullptr || qobject_cast<const QSlider*>(control) != nullptr ||
+           qobject_cast<const QAbstractSpinBox*>(control) != nullptr ||
+           qobject_cast<const QAbstractItemView*>(control) != nullptr ||
+           qobject_cast<const QTabBar*>(control) != nullptr || (qobject_cast<const QTextEdit*>(control) != nullptr);
+}
+
+/// Controls of a window that people click, without the parts that the toolkit builds its own controls of.
+QList<QWidget*> clickables(const QWidget* window) {
+    QList<QWidget*> found;
+    for (QWidget* control : window->findChildren<QWidget*>()) {
+        const bool isOwn = !control->objectName().isEmpty() && !control->objectName().startsWith(u"qt_");
+        if (isOwn && !control->isWindow() && isClickable(control)) found << control;
+    }
+    return found;
+}
+
+QString accessibleName(QWidget* control) {
+    QAccessibleInterface* face = QAccessible::queryAccessibleInterface(control);
+    return face == nullptr ? QString() : face->text(QAccessible::Name).trimmed();
+}
+
+/// Goes round with the key Tab. A control that keeps the key to itself ends the walk.
+QList<QWidget*> walkByTab(QWidget* window) {
+    QList<QWidget*> way;
+    constexpr int longestWay = 300;
+    for (int step = 0; step < longestWay; ++step) {
+        QWidget* focus = window->focusWidget();
+        QTest::keyClick(focus != nullptr ? focus : window, Qt::Key_Tab);
+        focus = window->focusWidget();
+        if (focus == nullptr || way.contains(focus)) break;
+        way << focus;
+    }
+    return way;
+}
+
+bool isReached(QWidget* control, const QList<QWidget*>& way) {
+    if (way.contains(control)) return true;
+    if (qobject_cast<QRadioButton*>(control) == nullptr) return false;
+    // The arrow keys lead from the chosen option to the others of its group.
+    return std::any_of(way.begin(), way.end(), [control](QWidget* other) {
+        return qobject_cast<QRadioButton*>(other) != nullptr && other->parentWidget() == control->parentWidget();
+    });
+}
+
+/// A step to the left in a row, or up in a column: the eye reads the other way.
+bool isBackwards(const QWidget* from, const QWidget* to, const QWidget* window) {
+    const QRect a(from->mapTo(window, QPoint()), from->size());
+    const QRect b(to->mapTo(window, QPoint()), to->size());
+    const bool above = b.bottom() < a.top();
+    const bool sameRow = b.top() < a.center().y() && b.bottom() > a.center().y();
+    return (sameRow && b.right() < a.left()) || (above && b.left() < a.right());
+}
+
+/// What a control looks like, without the blinking of a text cursor.
+QImage lookOf(QWidget* control) {
+    return control->grab().toImage();
+}
+
+class TestAccess : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<SampleCatalogue> catalogue_;
+    std::unique_ptr<Program> program_;
+
+    static QWidget* window(const QString& name) {
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (widget->objectName() == name && widget->isVisible()) return widget;
+        return nullptr;
+    }
+
+    /// Brings the window with something to see in it: the pages of frmSz by "frmSz 1" to "frmSz 4".
+    QWidget* open(const QString& what) {
+        static const QHash<QString, WindowKind> beside{
+            {u"frmPs"_s, WindowKind::colours}, {u"frmBz"_s, WindowKind::help}, {u"frmGy"_s, WindowKind::about}};
+        const QString name = what.left(5);
+        if (beside.contains(name)) program_->show(beside[name]);
+        if (name == u"frmSz") program_->handOver(WindowKind::viewer, WindowKind::settings);
+        if (name == u"frmCl") program_->handOver(WindowKind::viewer, WindowKind::editor);
+        QWidget* shown = window(name);
+        if (name == u"frmTp") {
+            shown->findChild<QAction*>(u"mnuCd(1)"_s)->trigger();
+            shown->findChild<TextBox*>(u"txtLs"_s)->setText(u"3列"_s);
+            QTest::mouseClick(shown->findChild<QWidget*>(u"imgAn(0)"_s), Qt::LeftButton);
+        }
+        if (name == u"frmSz") shown->findChild<TabControl*>()->setCurrentIndex(what.back().digitValue() - 1);
+        for (const QString& panel : {u"picRq"_s, u"picYc"_s})
+            if (what.endsWith(panel))
+                QTest::mouseClick(shown->findChild<QWidget*>(panel == u"picRq" ? u"tlb1:rq"_s : u"tlb1:sj"_s),
+                                  Qt::LeftButton);
+        QApplication::setActiveWindow(shown);
+        QApplication::processEvents();
+        return shown;
+    }
+
+    static void addWindows() {
+        QTest::addColumn<QString>("what");
+        for (const char* what : {"frmTp", "frmTp picRq", "frmTp picYc", "frmSz 1", "frmSz 2", "frmSz 3", "frmSz 4",
+                                 "frmCl", "frmPs", "frmBz", "frmGy"})
+            QTest::newRow(what) << QString::fromLatin1(what);
+    }
+
+  private Q_SLOTS:
+    void initTestCase() { applyLook(*qobject_cast<QApplication*>(QCoreApplication::instance())); }
+    void init() {
+        catalogue_ = std::make_unique<SampleCatalogue>();
+        program_ = std::make_unique<Program>();
+        program_->start();
+        QTRY_VERIFY(window(u"frmTp"_s));
+    }
+    void cleanup() {
+        program_.reset();
+        catalogue_.reset();
+    }
+
+    void everyControlHasAName_data() { addWindows(); }
+    void everyControlHasAName() {
+        QFETCH(QString, what);
+        QStringList nameless;
+        for (QWidget* control : clickables(open(what))) {
+            // A button that waits for its words is hidden as long.
+            const bool waits = !control->isVisible() && (qobject_cast<QAbstractButton*>(control) != nullptr ||
+                                                         qobject_cast<EntryLabel*>(control) != nullptr);
+            if (!waits && accessibleName(control).isEmpty()) nameless << control->objectName();
+        }
+        QCOMPARE(nameless.join(u' '), QString());
+    }
+
+    void everyControlIsReachedByTab_data() { addWindows(); }
+    void everyControlIsReachedByTab() {
+        QFETCH(QString, what);
+        QWidget* shown = open(what);
+        const QList<QWidget*> way = walkByTab(shown);
+        QStringList unreached;
+        for (QWidget* control : clickables(shown))
+            if (control->isVisible() && control->isEnabled() && !isReached(control, way))
+                unreached << control->objectName();
+        QCOMPARE(unreached.join(u' '), QString());
+    }
+
+    void tabFollowsTheEye_data() { addWindows(); }
+    void tabFollowsTheEye() {
+        QFETCH(QString, what);
+        QWidget* shown = open(what);
+        QList<QWidget*> way = walkByTab(shown);
+        // The way is a ring: it begins where the eye begins.
+        const auto start = std::min_element(way.begin(), way.end(), [shown](const QWidget* a, const QWidget* b) {
+            const QPoint first = a->mapTo(shown, QPoint()), second = b->mapTo(shown, QPoint());
+            return std::pair(first.y(), first.x()) < std::pair(second.y(), second.x());
+        });
+        std::rotate(way.begin(), start, way.end());
+        QStringList backwards;
+        for (qsizetype i = 1; i < way.size(); ++i)
+            if (way[i]->parentWidget() == way[i - 1]->parentWidget() && isBackwards(way[i - 1], way[i], shown))
+                backwards << way[i - 1]->objectName() + u">"_s + way[i]->objectName();
+        QCOMPARE(backwards.join(u' '), QString());
+    }
+
+    void focusIsSeen_data() { addWindows(); }
+    void focusIsSeen() {
+        QFETCH(QString, what);
+        QWidget* shown = open(what);
+        QStringList unseen;
+        for (QWidget* control : walkByTab(shown)) {
+            control->setFocus(Qt::TabFocusReason);
+            const QImage with = lookOf(control);
+            control->clearFocus();
+            if (lookOf(control) == with) unseen << control->objectName();
+        }
+        QCOMPARE(unseen.join(u' '), QString());
+    }
+};
+
+const Registered<TestAccess> registered;
+
+}  // namespace
+
+#include "access_test.moc"
