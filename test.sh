@@ -5,7 +5,7 @@ cd -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")"
 . tools/setup.sh
 
 preset=${1:-dev}
-install_packages "${required_packages[@]}"
+install_packages "${required_packages[@]}" "${test_packages[@]}"
 build_preset "$preset" all
 export QT_QPA_PLATFORM=offscreen
 exec ctest --preset "$preset" --parallel "$(nproc)"

@@ -1,4 +1,5 @@
 #include "catalogue/mektp.h"
+#include "first_catalogue.h"
 #include "platform/base/files.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/message_box.h"
@@ -17,6 +18,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"lunq"_s);
     QApplication::setApplicationVersion(QString::fromLatin1(LUNQ_VERSION));
+    QApplication::setDesktopFileName(u"org.lunq.album"_s);
     QApplication::setWindowIcon(QIcon(u":/icons/lunq.svg"_s));
 
     QTranslator chinese;  // the texts of the toolkit's own dialogs
@@ -29,6 +31,8 @@ int main(int argc, char** argv) {
         say(nullptr, u"本软件已在运行，不能重复打开！按任意键继续。"_s);
         return 0;
     }
+
+    runHandler(nullptr, [] { placeFirstCatalogue(); });
 
     int status = 0;
     {

@@ -13,6 +13,8 @@ required_packages=(
 )
 # What makes the program nicer: Chinese texts in the toolkit's own dialogs, and windows where there is no X server.
 optional_packages=(qt6-translations-l10n qt6-wayland)
+# What the tests check the desktop's files with.
+test_packages=(desktop-file-utils appstream)
 # What only the formatting check needs. Every version lays code out a little differently, hence the number.
 format_packages=(clang-format-14 git)
 

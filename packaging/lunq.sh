@@ -1,0 +1,32 @@
+#!/bin/sh
+# shellcheck disable=SC1111
+# Starts the album of this user. The program works with the folder it lies in, which has to be writable: the album file,
+# backups' scripts and scratch files are there. So every user has a folder of his own with a copy of the program, as if he
+# had unpacked the portable archive. It can be copied to another disk or computer as a whole, and runs there.
+set -eu
+shipped=$(dirname -- "$(readlink -f -- "$0")")/../lib/lunq
+album=$HOME/览忆集苑
+
+stop_with() {
+    printf '%s\n' "$1" >&2
+    if command -v zenity >/dev/null; then
+        zenity --error --no-markup --text="$1" || true
+    elif command -v kdialog >/dev/null; then
+        kdialog --error "$1" || true
+    fi
+    exit 1
+}
+
+# Each file gets its name when it is whole. A copy of the program that is running keeps what it has opened.
+bring() {
+    if cmp -s -- "$shipped/$1" "$album/$1"; then return 0; fi
+    cp -- "$shipped/$1" "$album/$1.part" && mv -f -- "$album/$1.part" "$album/$1"
+}
+
+mkdir -p -- "$album" || stop_with "不能建立文件夹“${album}”，览忆集苑无法启动。"
+for file in lunq-jet lunq-backup s1.ico lunq; do
+    bring "$file" || stop_with "文件夹“${album}”不能写入，览忆集苑无法启动。"
+done
+# The program itself takes its first catalogue from there, and never when it has one.
+ln -sfn -- "$(readlink -f -- "$shipped/fresh")" "$album/fresh" || stop_with "文件夹“${album}”不能写入，览忆集苑无法启动。"
+exec "$album/lunq"

@@ -1,0 +1,145 @@
+#include "../support/run_all.h"
+
+#include <QtGui/QtGui>
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QString setting(const char* name) {
+    const QString value = qEnvironmentVariable(name);
+    if (value.isEmpty()) qFatal("%s is not set: run this test by ctest", name);
+    return value;
+}
+
+QString source(const QString& name) {
+    return setting("LUNQ_PACKAGING") + u'/' + name;
+}
+
+/// Runs a program to its end; what it prints is told when it fails.
+int run(const QString& program, const QStringList& arguments, QString* output,
+        const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) {
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(program, arguments);
+    if (!process.waitForFinished()) {
+        *output = program + u": "_s + process.errorString();
+        return -1;
+    }
+    *output = QString::fromUtf8(process.readAll());
+    return process.exitCode();
+}
+
+QByteArray contents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
+}
+
+void write(const QString& path, const QByteArray& bytes, bool executable = false) {
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) qFatal("cannot write %s", qPrintable(path));
+    file.write(bytes);
+    if (executable) file.setPermissions(file.permissions() | QFile::ExeOwner);
+}
+
+class TestPackaging : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void desktopsTakeWhatIsInstalled_data() {
+        QTest::addColumn<QString>("program");
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("desktop entry") << u"desktop-file-validate"_s
+                                       << QStringList{source(u"org.lunq.album.desktop"_s)};
+        QTest::newRow("metainfo") << u"appstreamcli"_s
+                                  << QStringList{u"validate"_s, u"--no-net"_s, setting("LUNQ_METAINFO")};
+        QTest::newRow("launcher") << u"sh"_s << QStringList{u"-n"_s, source(u"lunq.sh"_s)};
+    }
+    void desktopsTakeWhatIsInstalled() {
+        QFETCH(QString, program);
+        QFETCH(QStringList, arguments);
+        QString output;
+        const int code = run(program, arguments, &output);
+        QVERIFY2(code == 0, qPrintable(output));
+    }
+
+    void entryAndMetainfoNameTheSame() {
+        const QByteArray metainfo = contents(setting("LUNQ_METAINFO"));
+        const QByteArray entry = contents(source(u"org.lunq.album.desktop"_s));
+        QVERIFY(metainfo.contains(">org.lunq.album.desktop<") && metainfo.contains("<icon type=\"stock\">lunq<"));
+        QVERIFY(entry.contains("\nIcon=lunq\n") && entry.contains("\nExec=lunq\n"));
+    }
+
+    void theIconIsDrawnInEverySize() {
+        for (const int side : {16, 22, 24, 32, 48, 64, 128, 256, 512}) {
+            const QImage icon(u"%1/%2.png"_s.arg(setting("LUNQ_ICONS")).arg(side));
+            QCOMPARE(icon.size(), QSize(side, side));
+            QCOMPARE(icon.pixelColor(0, 0).alpha(), 0);
+            QCOMPARE(icon.pixelColor(side / 2, side / 2).alpha(), 255);
+        }
+    }
+};
+
+/// The launcher of the installed program, with a program that only tells where it runs.
+class TestLauncher : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<QTemporaryDir> root_;
+    QString output_;
+
+    QString shipped(const QString& name) const { return root_->filePath(u"usr/lib/lunq/"_s + name); }
+    QString album(const QString& name) const { return root_->filePath(u"家 中/览忆集苑/"_s + name); }
+    int launch() {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"HOME"_s, root_->filePath(u"家 中"_s));
+        return run(root_->filePath(u"usr/bin/lunq"_s), {}, &output_, environment);
+    }
+
+  private Q_SLOTS:
+    void init() {
+        root_ = std::make_unique<QTemporaryDir>();
+        write(shipped(u"lunq"_s), "#!/bin/sh\necho \"runs as $0\"\n", true);
+        for (const QString& name : {u"lunq-jet"_s, u"lunq-backup"_s})
+            write(shipped(name), "first " + name.toUtf8(), true);
+        write(shipped(u"s1.ico"_s), "cursor");
+        write(shipped(u"fresh/lunq.mdb"_s), "fresh");
+        write(root_->filePath(u"usr/bin/lunq"_s), contents(source(u"lunq.sh"_s)), true);
+        QDir().mkpath(root_->filePath(u"家 中"_s));
+    }
+
+    void everyUserHasAFolderWithTheProgram() {
+        QVERIFY2(launch() == 0, qPrintable(output_));
+        QCOMPARE(output_, u"runs as "_s + album(u"lunq"_s) + u'\n');
+        for (const QString& name : {u"lunq-jet"_s, u"lunq-backup"_s, u"s1.ico"_s, u"fresh/lunq.mdb"_s})
+            QCOMPARE(contents(album(name)), contents(shipped(name)));
+        QVERIFY(QFileInfo(album(u"lunq-jet"_s)).isExecutable());
+    }
+
+    void aNewVersionReplacesTheProgramAndNothingElse() {
+        QVERIFY(launch() == 0);
+        write(album(u"lunq.mdb"_s), "all pictures of a life");
+        write(album(u"bf.sh"_s), "backup");
+        write(shipped(u"lunq-jet"_s), "second", true);
+        QVERIFY(launch() == 0);
+        QCOMPARE(contents(album(u"lunq-jet"_s)), QByteArray("second"));
+        QCOMPARE(contents(album(u"lunq.mdb"_s)), QByteArray("all pictures of a life"));
+        QCOMPARE(contents(album(u"bf.sh"_s)), QByteArray("backup"));
+        QVERIFY(QDir(album({})).entryList({u"*.part"_s}).isEmpty());
+    }
+
+    void aPlaceThatIsTakenIsTold() {
+        write(root_->filePath(u"家 中/览忆集苑"_s), "a file");
+        QVERIFY(launch() != 0);
+        QVERIFY2(output_.contains(u"览忆集苑无法启动"), qPrintable(output_));
+    }
+};
+
+const Registered<TestPackaging> packaging;
+const Registered<TestLauncher> launcher;
+
+}  // namespace
+
+#include "packaging_test.moc"
