@@ -69,7 +69,7 @@ class TestKeepingAlbums : public QObject {
         type(tour, u"txtM1"_s, u"雪 '景"_s);
         type(tour, u"txtC1"_s, u"tc01"_s);
         tour.click(sz, u"cmdCk(4)"_s);
-        tour.click(sz, u"cmdDq"_s);
+        tour.click(sz, u"cmdAz"_s);
         tour.click(sz, u"cmdAq"_s);
         if (tour.find<QPushButton>(sz, u"cmdQu"_s)->text() == u"保 存") tour.click(sz, u"cmdQu"_s);
         QCOMPARE(column(u"SELECT * FROM tcan WHERE 编号 = 's'"_s, u"名称"_s), QStringList{u"雪 '景"_s});
