@@ -10,7 +10,9 @@
 #include "platform/desktop/placing.h"
 
 #include <QKeyEvent>
+#include <QPointer>
 #include <QPushButton>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -86,7 +88,13 @@ void frmPs::makeBoxes() {
         box->setAccessibleName(partColumns[size_t(i)]);
         place(box, column + 600, top, columnWidth - 600, 330);
         caption->setBuddy(box);
-        connect(box, &TextBox::gotFocus, this, guarded(this, [this, i] { txtYsGotFocus(i); }));
+        box->installEventFilter(this);
+        connect(box, &TextBox::gotFocus, this, guarded(this, [this, i] {
+                    if (!pressesBox_) txtYsGotFocus(i);
+                }));
+        // The box keeps the focus while its colour is chosen: these ask once more.
+        for (const auto again : {&TextBox::clicked, &TextBox::enterPressed})
+            connect(box, again, this, guarded(this, [this, i] { txtYsGotFocus(i); }));
         txtYs[size_t(i)] = box;
     }
 }
@@ -186,10 +194,10 @@ void frmPs::setPartColour(int index, const QColor& colour) {
 void frmPs::txtYsGotFocus(int index) {
     if (choosing_ || numericValue(schemeNumber()) < ownScheme) return;
     choosing_ = true;
-    const auto chosen = askColour(this, partColour(index));
+    const QPointer<frmPs> self = this;  // the main window may take this one away meanwhile
+    const auto chosen = askColour(this, u"dlg1"_s, partColour(index));
+    if (!self) return;
     choosing_ = false;
-    // The box would ask again as soon as the window has the focus back.
-    cmdQd->setFocus();
     if (!chosen) return;
     setPartColour(index, *chosen);
     txtYs[size_t(index)]->setText(colourText(*chosen));
@@ -221,8 +229,25 @@ void frmPs::closeEvent(QCloseEvent* event) {
 }
 
 void frmPs::keyPressEvent(QKeyEvent* event) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    auto* button = qobject_cast<QPushButton*>(focusWidget());
     if (event->key() == Qt::Key_Escape)
         leave();
+    else if (isEnter)
+        (button != nullptr ? button : cmdQd)->click();
+    else if (event->key() == Qt::Key_Space && focusedBox() >= 0)
+        runHandler(this, [this] { txtYsGotFocus(focusedBox()); });
     else
         QWidget::keyPressEvent(event);
+}
+
+bool frmPs::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn)
+        pressesBox_ = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
+    return QWidget::eventFilter(watched, event);
+}
+
+int frmPs::focusedBox() const {
+    const auto found = std::find(txtYs.begin(), txtYs.end(), focusWidget());
+    return found == txtYs.end() ? -1 : int(found - txtYs.begin());
 }

@@ -23,6 +23,7 @@ class frmPs : public QWidget {
   protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void makeList();
@@ -35,6 +36,7 @@ class frmPs : public QWidget {
     void showScheme();
     void paintParts();
     void txtYsGotFocus(int index);
+    int focusedBox() const;  ///< Index of the box txtYs that has the focus, -1 for none.
     void cmdQdClick();
     void leave();
 
@@ -55,5 +57,6 @@ class frmPs : public QWidget {
     QLabel* lblB2 = nullptr;
     ShapeBox* shpCt = nullptr;
     QPushButton* cmdQd = nullptr;
-    bool choosing_ = false;  ///< A colour dialog is open.
+    bool choosing_ = false;    ///< A colour dialog is open.
+    bool pressesBox_ = false;  ///< The focus came to a box by the mouse, whose click is still to come.
 };

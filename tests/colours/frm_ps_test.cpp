@@ -15,7 +15,6 @@ namespace {
 
 class RecordingWindows : public Windows {
   public:
-    bool has(WindowKind) const override { return true; }
     void handOver(WindowKind, WindowKind) override {}
     void show(WindowKind) override {}
     void unload(WindowKind window) override { unloaded << window; }
@@ -52,6 +51,7 @@ class TestColourWindow : public QObject {
     std::unique_ptr<RecordingWindows> windows_;
     std::unique_ptr<frmPs> window_;
     QStringList said_;
+    const QStringList boxNames_{u"txtYs(0)"_s, u"txtYs(1)"_s, u"txtYs(2)"_s, u"txtYs(3)"_s};
 
     template <typename Control>
     Control& get(const QString& name) const {
@@ -146,6 +146,54 @@ class TestColourWindow : public QObject {
         QCOMPARE(stored(u"5"_s, u"外框"_s), u"&H00FFFF00&"_s);
         QCOMPARE(stored(u"5"_s, u"窗体"_s), u"&H000&"_s);
         QCOMPARE(windows_->unloaded, QList{WindowKind::colours});
+    }
+
+    void mixingByKeyboard() {
+        choose(u"5 自定义"_s);
+        QList<int> asked;
+        answerColourDialogsWith([&](const QColor&) {
+            asked << int(std::find(boxNames_.begin(), boxNames_.end(), window_->focusWidget()->objectName()) -
+                         boxNames_.begin());
+            return std::optional<QColor>(Qt::yellow);
+        });
+        get<QComboBox>(u"cboFa"_s).setFocus();
+        for (int i = 0; i < 4; ++i) QTest::keyClick(window_->focusWidget(), Qt::Key_Tab);
+        QCOMPARE(asked, (QList<int>{0, 1, 2, 3}));
+        // Once more, without leaving the box.
+        QTest::keyClick(window_->focusWidget(), Qt::Key_Return);
+        QTest::keyClick(window_->focusWidget(), Qt::Key_Space);
+        QTest::mouseClick(window_->focusWidget(), Qt::LeftButton);
+        QCOMPARE(asked, (QList<int>{0, 1, 2, 3, 3, 3, 3}));
+        QTest::keyClick(window_->focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+        QCOMPARE(asked.last(), 2);
+        QVERIFY(windows_->unloaded.isEmpty());
+        for (int i = 0; i < 4; ++i) QCOMPARE(get<TextBox>(boxNames_[i]).text(), u"&H00FFFF&"_s);
+
+        get<QComboBox>(u"cboFa"_s).setFocus();
+        QTest::keyClick(window_->focusWidget(), Qt::Key_Return);
+        QCOMPARE(active(), u"5"_s);
+        QCOMPARE(windows_->unloaded.size(), 1);
+    }
+
+    void enterPressesTheButtonWithTheFocus() {
+        choose(u"3 藕荷"_s);
+        get<QPushButton>(u"cmdQx"_s).setFocus();
+        QTest::keyClick(window_->focusWidget(), Qt::Key_Return);
+        QCOMPARE(windows_->unloaded.size(), 1);
+        QCOMPARE(active(), u"0"_s);
+    }
+
+    /// The menu of the main window takes this window away while a colour is being chosen.
+    void goneWhileAColourIsChosen() {
+        choose(u"5 自定义"_s);
+        answerColourDialogsWith([&](const QColor&) {
+            window_.release()->deleteLater();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            return std::optional<QColor>(Qt::black);
+        });
+        const QPointer<frmPs> gone = window_.get();
+        focus(2);
+        QVERIFY(!gone);
     }
 
     void cancellingTheColourChangesNothing() {

@@ -12,11 +12,11 @@ std::function<std::optional<QColor>(const QColor&)>& answer() {
 }
 }  // namespace
 
-std::optional<QColor> askColour(QWidget* parent, const QColor& present) {
+std::optional<QColor> askColour(QWidget* parent, const QString& name, const QColor& present) {
     if (const auto answers = answer()) return answers(present);
     // The nested event loop may take the parent, and the dialog with it.
     const QPointer<QColorDialog> dialog = new QColorDialog(present, parent);
-    dialog->setObjectName(u"colourDialog"_s);
+    dialog->setObjectName(name);
     dialog->setWindowTitle(u"选择颜色"_s);
     dialog->setOption(QColorDialog::DontUseNativeDialog);
     const bool accepted = dialog->exec() == QDialog::Accepted;
