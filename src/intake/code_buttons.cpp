@@ -38,6 +38,7 @@ CodeButtons::CodeButtons(SharedControls& controls, FormState& state) : controls_
         label->hide();
     }
     txtB0 = make<TextBox>(controls_.sstFz->page(intakeTab), u"txtB0"_s);
+    txtB0->setAccessibleName(u"图片编号"_s);
     txtB0->setLocked(true);
     txtB0->setAlignment(Qt::AlignCenter);
     txtB0->setFocusPolicy(Qt::NoFocus);
