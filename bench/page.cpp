@@ -25,7 +25,6 @@ constexpr QSize pixels(4000, 3000);
 
 class NoOtherWindows : public Windows {
   public:
-    bool has(WindowKind) const override { return false; }
     void handOver(WindowKind, WindowKind) override {}
     void show(WindowKind) override {}
     void unload(WindowKind) override {}

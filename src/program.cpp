@@ -8,6 +8,7 @@
 #include "viewer/frm_tp.h"
 
 #include <QCoreApplication>
+#include <algorithm>
 
 Program::~Program() {
     for (const auto& [kind, window] : windows_) delete window;
@@ -15,11 +16,6 @@ Program::~Program() {
 
 void Program::start() {
     show(WindowKind::viewer);
-}
-
-bool Program::has(WindowKind window) const {
-    return window == WindowKind::viewer || window == WindowKind::settings || window == WindowKind::editor ||
-           window == WindowKind::colours || window == WindowKind::help || window == WindowKind::about;
 }
 
 QWidget* Program::makeWindow(WindowKind window) {
@@ -36,13 +32,11 @@ QWidget* Program::makeWindow(WindowKind window) {
             return new frmBz(*this);
         case WindowKind::about:
             return new frmGy;
-        default:
-            return nullptr;
     }
+    return nullptr;
 }
 
 void Program::handOver(WindowKind from, WindowKind to) {
-    if (!has(to)) return;
     bring(to);
     unload(from);
 }
@@ -63,10 +57,10 @@ bool Program::isShown(WindowKind window) const {
 void Program::bring(WindowKind window) {
     QPointer<QWidget>& shown = windows_[window];
     // Closed by its frame, a window is gone: it comes back as new.
-    if (shown && !shown->isVisible()) unload(window);
+    if (shown && !shown->isVisible()) forget(window);
     if (!shown) shown = makeWindow(window);
-    if (!shown) return;
     shown->show();
+    shown->setWindowState(shown->windowState() & ~Qt::WindowMinimized);
     shown->raise();
     shown->activateWindow();
     tellMainWindow();
@@ -78,6 +72,14 @@ void Program::tellMainWindow() {
 }
 
 void Program::unload(WindowKind window) {
+    forget(window);
+    // Windows that were left without the main window: nobody would see the program, which keeps others from starting.
+    const bool anyShown =
+        std::any_of(windows_.begin(), windows_.end(), [this](const auto& entry) { return isShown(entry.first); });
+    if (!anyShown) endProgram();
+}
+
+void Program::forget(WindowKind window) {
     QPointer<QWidget>& shown = windows_[window];
     if (!shown) return;
     // The call comes from a handler of this very window: it goes when that handler has returned.

@@ -17,7 +17,6 @@ class Program : public Windows {
     /// Shows the main window.
     void start();
 
-    bool has(WindowKind window) const override;
     void handOver(WindowKind from, WindowKind to) override;
     void show(WindowKind window) override;
     void unload(WindowKind window) override;
@@ -28,6 +27,7 @@ class Program : public Windows {
     QWidget* makeWindow(WindowKind window);
     bool isShown(WindowKind window) const;
     void bring(WindowKind window);
+    void forget(WindowKind window);
     /// The main window shows in its menu which windows stand beside it.
     void tellMainWindow();
 

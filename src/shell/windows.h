@@ -11,14 +11,15 @@ class Windows {
   public:
     virtual ~Windows() = default;
 
-    /// Whether this program has the window at all. A control that leads to a missing window is disabled.
-    virtual bool has(WindowKind window) const = 0;
-
     /// Shows `to` and unloads `from` once the calling handler has returned: the large windows take turns.
     virtual void handOver(WindowKind from, WindowKind to) = 0;
 
-    /// Shows a window beside the one that asks (colours, help, about); unloads it again.
+    /// Brings a window to the front, as new or as it stands. In the place of the main window comes the other large one
+    /// that is at work.
     virtual void show(WindowKind window) = 0;
+
+    /// Hides a window at once and lets it go once the calling handler has returned. With the last window that is shown
+    /// the program ends.
     virtual void unload(WindowKind window) = 0;
 
     /// Shows the help window at the place where `topic` stands in the manual; without a topic just shows it.

@@ -11,14 +11,12 @@
 /// Remembers what the editor asked of the other windows.
 class EditorNeighbours : public Windows {
   public:
-    bool has(WindowKind) const override { return hasHelp; }
     void handOver(WindowKind, WindowKind to) override { handedTo << to; }
     void show(WindowKind) override {}
     void unload(WindowKind) override {}
     void showHelp(const QString& topic) override { topics << topic; }
     void endProgram() override { ended = true; }
 
-    bool hasHelp = true;
     bool ended = false;
     QList<WindowKind> handedTo;
     QStringList topics;

@@ -28,7 +28,6 @@ class HelpWindow : public Windows {
         QVERIFY(QTest::qWaitForWindowExposed(form.get()));
     }
 
-    bool has(WindowKind) const override { return true; }
     void handOver(WindowKind, WindowKind) override {}
     void show(WindowKind window) override {
         asked << QStringLiteral("show");

@@ -16,14 +16,12 @@
 /// Remembers what a window asked of the program.
 class RecordingWindows : public Windows {
   public:
-    bool has(WindowKind) const override { return hasHelp; }
     void handOver(WindowKind, WindowKind to) override { handedTo = to; }
     void show(WindowKind) override {}
     void unload(WindowKind) override {}
     void showHelp(const QString& topic) override { topics << topic; }
     void endProgram() override { ended = true; }
 
-    bool hasHelp = true;
     QStringList topics;
     bool ended = false;
     std::optional<WindowKind> handedTo;

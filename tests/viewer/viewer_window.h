@@ -13,14 +13,12 @@
 /// Remembers what the window asked of the other windows.
 class RecordingWindows : public Windows {
   public:
-    bool has(WindowKind window) const override { return available.contains(window); }
     void handOver(WindowKind, WindowKind to) override { handedTo << to; }
     void show(WindowKind window) override { shown << window; }
     void unload(WindowKind window) override { unloaded << window; }
     void showHelp(const QString& topic) override { topics << topic; }
     void endProgram() override {}
 
-    QList<WindowKind> available{WindowKind::viewer, WindowKind::settings, WindowKind::about};
     QList<WindowKind> handedTo, shown, unloaded;
     QStringList topics;
 };

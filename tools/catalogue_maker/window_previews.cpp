@@ -20,7 +20,6 @@ constexpr QSize windowSize(960, 720);
 /// A program of which only the main window stands.
 class NoOtherWindows : public Windows {
   public:
-    bool has(WindowKind) const override { return true; }
     void handOver(WindowKind, WindowKind) override {}
     void show(WindowKind) override {}
     void unload(WindowKind) override {}
