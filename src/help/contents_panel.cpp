@@ -18,6 +18,7 @@ constexpr int listWidth = 2790;
 constexpr int scrollBarWidth = 250;
 constexpr int chapterLeft = 60;
 constexpr int sectionLeft = 300;
+constexpr int fullCaptionGap = 30;
 
 const QColor headAtRest(255, 0, 0);
 const QColor headUnderMouse(55, 200, 90);
@@ -57,8 +58,7 @@ ContentsPanel::ContentsPanel(QWidget* form) : QObject(form), form_(form) {
     txtFd->hide();
 
     connect(picBz, &Surface::mouseMoved, this, [this] {
-        rest();
-        txtFd->hide();
+        if (!isOnFullCaption()) leaveEntries();
     });
     connect(vsc1, &QScrollBar::valueChanged, this, [this](int value) { place(picBz, 0, -value); });
     connect(txtFd, &CaptionBox::clicked, this, guarded(form, [this] { Q_EMIT fullCaptionChosen(txtFd->text()); }));
@@ -81,6 +81,7 @@ void ContentsPanel::makeHead() {
     connect(lblMl, &EntryLabel::clicked, this, guarded(form_, [this] { Q_EMIT topChosen(); }));
     connect(lblMl, &EntryLabel::mouseMoved, this, [this] { hoverHead(); });
     connect(lblMl, &EntryLabel::gotFocus, this, [this] { hoverHead(); });
+    connect(lblMl, &EntryLabel::lostFocus, this, [this] { leaveEntries(); });
 }
 
 void ContentsPanel::makeChapters() {
@@ -91,7 +92,10 @@ void ContentsPanel::makeChapters() {
         chapter->setLook(entryAtRest, false);
         place(chapter, chapterLeft, chapterTop(i), listWidth - 180 - chapterLeft, entryPitch);
         connect(chapter, &EntryLabel::clicked, this, guarded(form_, [this, i] { openChapter(i); }));
-        connect(chapter, &EntryLabel::mouseMoved, this, [this, i] { hoverChapter(i); });
+        connect(chapter, &EntryLabel::mouseMoved, this, [this, i] {
+            if (!isOnFullCaption()) hoverChapter(i);
+        });
+        connect(chapter, &EntryLabel::lostFocus, this, [this] { leaveEntries(); });
         connect(chapter, &EntryLabel::gotFocus, this, [this, i] {
             hoverChapter(i);
             bringIntoView(lblXz[size_t(i)]);
@@ -106,7 +110,10 @@ EntryLabel* ContentsPanel::makeSection(int number) {
     section->hide();
     connect(section, &EntryLabel::clicked, this,
             guarded(form_, [this, section] { Q_EMIT captionChosen(section->text()); }));
-    connect(section, &EntryLabel::mouseMoved, this, [this, section] { hoverSection(section); });
+    connect(section, &EntryLabel::mouseMoved, this, [this, section] {
+        if (!isOnFullCaption()) hoverSection(section);
+    });
+    connect(section, &EntryLabel::lostFocus, this, [this] { leaveEntries(); });
     connect(section, &EntryLabel::gotFocus, this, [this, section] {
         hoverSection(section);
         bringIntoView(section);
@@ -116,12 +123,12 @@ EntryLabel* ContentsPanel::makeSection(int number) {
 
 void ContentsPanel::layOut(int windowHeight) {
     place(shpMl, margin, margin, 3190, windowHeight - 650);
-    place(picGd, listLeft, listTop, listWidth, windowHeight - 1400);
+    listHeight_ = windowHeight - 1400;
     layOutList();
 }
 
 void ContentsPanel::layOutList() {
-    const int height = heightOf(picGd);
+    const int height = listHeight_;
     const int overhang = contentsOverhang(height, picHeight);
     const int width = listWidth + (overhang > 0 ? scrollBarWidth : 0);
     place(picGd, listLeft, listTop, width, height);
@@ -182,6 +189,11 @@ void ContentsPanel::rest() {
     restSections();
 }
 
+void ContentsPanel::leaveEntries() {
+    rest();
+    txtFd->hide();
+}
+
 void ContentsPanel::restSections() {
     for (EntryLabel* section : lblX0) section->setLook(entryAtRest, false);
 }
@@ -207,13 +219,19 @@ void ContentsPanel::hoverHead() {
     lblMl->setLook(headUnderMouse, true);
 }
 
+/// A piece of the next entry lies between a section and the box that shows it in full.
+bool ContentsPanel::isOnFullCaption() const {
+    const QRect box = txtFd->geometry().adjusted(0, -pixelsFromTwips(fullCaptionGap), 0, 0);
+    return txtFd->isVisible() && box.contains(picBz->mapFromGlobal(QCursor::pos()));
+}
+
 void ContentsPanel::showFullCaption(const EntryLabel* section) {
     txtFd->setText(section->text());
     const int left = leftOf(section) + 420;
     const int width = widthOf(picBz) - left;
     const QRect lines = txtFd->fontMetrics().boundingRect(QRect(0, 0, pixelsFromTwips(width) - 8, 1000),
                                                           Qt::TextWrapAnywhere, section->text());
-    place(txtFd, left, topOf(section) + 270, width, twipsFromPixels(lines.height() + 6));
+    place(txtFd, left, topOf(section) + entryPitch + fullCaptionGap, width, twipsFromPixels(lines.height() + 6));
     txtFd->show();
     txtFd->raise();
 }

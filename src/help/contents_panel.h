@@ -34,11 +34,14 @@ class ContentsPanel : public QObject {
     void showSections(int chapter, const QStringList& captions);
     void layOutList();
 
+    void leaveEntries();
     void restSections();
     void hoverChapter(int index);
     void hoverSection(EntryLabel* section);
     void hoverHead();
     void showFullCaption(const EntryLabel* section);
+    /// Whether the pointer is on the box with the full caption, or on its way to it.
+    bool isOnFullCaption() const;
     void bringIntoView(const EntryLabel* entry);
 
     QWidget* form_;
@@ -48,5 +51,6 @@ class ContentsPanel : public QObject {
     QScrollBar* vsc1;
     CaptionBox* txtFd;
     std::vector<EntryLabel*> lblXz, lblX0;
-    int picHeight = 0;  ///< What the open sections add to the list.
+    int picHeight = 0;    ///< What the open sections add to the list.
+    int listHeight_ = 0;  ///< Of its part that shows.
 };

@@ -17,7 +17,8 @@ class EntryLabel : public QLabel {
   Q_SIGNALS:
     void clicked();
     void mouseMoved();
-    void gotFocus();  ///< By the keyboard.
+    void gotFocus();   ///< By the keyboard.
+    void lostFocus();  ///< Not sent when the whole window loses the focus.
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -25,5 +26,6 @@ class EntryLabel : public QLabel {
     void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };

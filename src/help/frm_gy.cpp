@@ -28,12 +28,12 @@ QLabel* line(frmGy* box, const QString& name, const QString& text, int pixelSize
 }  // namespace
 
 frmGy::frmGy(QWidget* parent)
-    : QWidget(parent, Qt::Dialog), tools_{u"hardinfo"_s,
-                                          u"hardinfo2"_s,
-                                          u"kinfocenter"_s,
-                                          u"gnome-control-center info-overview"_s,
-                                          u"gnome-system-monitor"_s,
-                                          u"msinfo32"_s} {
+    : QDialog(parent), tools_{u"hardinfo"_s,
+                              u"hardinfo2"_s,
+                              u"kinfocenter"_s,
+                              u"gnome-control-center info-overview"_s,
+                              u"gnome-system-monitor"_s,
+                              u"msinfo32"_s} {
     setObjectName(u"frmGy"_s);
     setWindowTitle(u"关于 览忆集苑"_s);
 

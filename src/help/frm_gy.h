@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QWidget>
+#include <QDialog>
 
 /// The about box: what the program is, its version, and a way to the system-information tool of the desktop. Touches no
 /// catalogue.
-class frmGy : public QWidget {
+class frmGy : public QDialog {
     Q_OBJECT
 
   public:

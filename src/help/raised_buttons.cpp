@@ -3,6 +3,7 @@
 #include "platform/desktop/placing.h"
 
 #include <QIcon>
+#include <QKeyEvent>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -28,6 +29,7 @@ ImageBox* RaisedButtons::addButton(const QString& name, const QString& icon, con
     place(image, left, top, side, side);
     image->setPicture(Picture(QIcon(u":/icons/%1.svg"_s.arg(icon)).pixmap(QSize(side, side) / 5).toImage()));
     image->setToolTip(tip);
+    image->beButton();
     image->setCursor(Qt::PointingHandCursor);
 
     std::array<LineBox*, 4> frame{};
@@ -46,13 +48,30 @@ ImageBox* RaisedButtons::addButton(const QString& name, const QString& icon, con
         for (size_t i = 0; i < 4; ++i) frame[i]->setColor(raised == (i < 2) ? lit : shaded);
     };
     raise(true);
-    connect(image, &ImageBox::mouseMoved, this, [this, frame] {
-        for (LineBox* line : linFh_) line->setVisible(std::find(frame.begin(), frame.end(), line) != frame.end());
-    });
+    connect(image, &ImageBox::mouseMoved, this, [this, firstLine] { showFrame(firstLine); });
+    image->installEventFilter(this);
     connect(image, &ImageBox::mousePressed, this, [raise] { raise(false); });
     connect(image, &ImageBox::mouseReleased, this, [raise] { raise(true); });
     for (LineBox* line : frame) line->hide();
     return image;
+}
+
+void RaisedButtons::showFrame(int firstLine) {
+    for (int i = 0; i < int(linFh_.size()); ++i) linFh_[size_t(i)]->setVisible(i >= firstLine && i < firstLine + 4);
+}
+
+bool RaisedButtons::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) showFrame(watched == imgFh ? 0 : 4);
+    if (event->type() == QEvent::FocusOut) hideFrames();
+    return Surface::eventFilter(watched, event);
+}
+
+void RaisedButtons::keyPressEvent(QKeyEvent* event) {
+    auto* button = qobject_cast<ImageBox*>(focusWidget());
+    if (event->key() == Qt::Key_Space && button != nullptr)
+        Q_EMIT button->clicked();
+    else
+        Surface::keyPressEvent(event);
 }
 
 void RaisedButtons::hideFrames() {

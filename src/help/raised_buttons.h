@@ -19,7 +19,12 @@ class RaisedButtons : public Surface {
 
     void hideFrames();
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
   private:
+    void showFrame(int firstLine);
     ImageBox* addButton(const QString& name, const QString& icon, const QString& tip, int left, int firstLine);
     std::array<LineBox*, 8> linFh_{};
 };

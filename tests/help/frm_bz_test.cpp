@@ -213,6 +213,7 @@ void TestHelpWindow::longCaptionsShowInFull() {
         settings.Fields(u"帮助"_s).Value().toText().replace(u"<h2>3.1 "_s, u"<h3>2 %1</h3><h2>3.1 "_s.arg(title)));
     settings.Update();
     help.open();
+    QApplication::setActiveWindow(help.form.get());
     auto* full = help.find<CaptionBox>(u"txtFd"_s);
     help.click(u"lblXz"_s, 3);
     QTest::mouseMove(help.label(u"lblX0"_s, 1));
@@ -223,8 +224,29 @@ void TestHelpWindow::longCaptionsShowInFull() {
     QCOMPARE(full->text(), u"2 "_s + title);
     QCOMPARE(full->pos() - section->pos(), QPoint(28, 18));
     QVERIFY(full->document()->size().height() >= 2);
+    // Pixel by pixel from the section into the box, over a strip of the next entry.
+    const QPoint start = section->pos() + QPoint(40, 4);
+    QWidget* list = help.find(u"picBz"_s);
+    for (int step = 0; step < 30; ++step) {
+        const QPoint at = start + QPoint(0, step);
+        QCursor::setPos(list->mapToGlobal(at));
+        QWidget* below = list->childAt(at);
+        QTest::mouseMove(below, below->mapFrom(list, at));
+        QVERIFY2(full->isVisible(), qPrintable(QString::number(step)));
+    }
+    QCOMPARE(full->text(), u"2 "_s + title);
     QTest::mouseClick(full->viewport(), Qt::LeftButton);
     QCOMPARE(help.paragraph(), u"2 "_s + title);
+
+    QLabel* next = help.label(u"lblXz"_s, 4);
+    QTest::mouseMove(next, QPoint(2, 10));
+    QVERIFY(full->isHidden() && next->font().underline());
+    section->setFocus(Qt::TabFocusReason);
+    QVERIFY(full->isVisible());
+    help.text().setFocus(Qt::TabFocusReason);
+    QVERIFY(full->isHidden() && !section->font().underline());
+    QTest::mouseMove(section);
+    QVERIFY(full->isVisible());
     QTest::mouseMove(help.find(u"picBz"_s), QPoint(2, 2));
     QVERIFY(full->isHidden());
 }
@@ -274,6 +296,7 @@ void TestHelpWindow::readersOwnWords() {
 void TestHelpWindow::pictureButtons() {
     HelpWindow help;
     help.open();
+    QApplication::setActiveWindow(help.form.get());
     const auto line = [&](int index) { return help.find<LineBox>(u"linFh(%1)"_s.arg(index)); };
     const auto shown = [&] {
         QString pattern;
@@ -288,6 +311,19 @@ void TestHelpWindow::pictureButtons() {
     QTest::mouseMove(leave);
     QCOMPARE(shown(), u"----||||"_s);
     QTest::mouseMove(help.form.get(), QPoint(2, 2));
+    QCOMPARE(shown(), u"--------"_s);
+
+    back->setFocus(Qt::TabFocusReason);
+    QCOMPARE(shown(), u"||||----"_s);
+    leave->setFocus(Qt::TabFocusReason);
+    QCOMPARE(shown(), u"----||||"_s);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
+        help.asked.clear();
+        QTest::keyClick(leave, key);
+        QCOMPARE(help.asked, QStringList{u"end"_s});
+    }
+    help.asked.clear();
+    help.text().setFocus();
     QCOMPARE(shown(), u"--------"_s);
 
     QTest::mousePress(back, Qt::LeftButton);

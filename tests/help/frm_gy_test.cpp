@@ -48,6 +48,27 @@ class TestAboutBox : public QObject {
             QVERIFY2(licences.contains(library), qUtf8Printable(library));
     }
 
+    void keys() {
+        frmGy box;
+        box.setTools({u"no-such-tool"_s});
+        int said = 0;
+        answerBoxesWith([&](const BoxText&) { return ++said > 0; });
+        box.show();
+        QApplication::setActiveWindow(&box);
+        auto* tools = box.findChild<QPushButton*>(u"cmdXt"_s);
+        tools->setFocus();
+        QTest::keyClick(tools, Qt::Key_Return);
+        answerBoxesWith({});
+        QCOMPARE(said, 1);
+        QVERIFY(box.isVisible());
+        QTest::keyClick(tools, Qt::Key_Escape);
+        QVERIFY(!box.isVisible());
+        box.show();
+        box.findChild<QPushButton*>(u"cmdQd"_s)->setFocus();
+        QTest::keyClick(box.focusWidget(), Qt::Key_Return);
+        QVERIFY(!box.isVisible());
+    }
+
     void okCloses() {
         frmGy box;
         box.show();
