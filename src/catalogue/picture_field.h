@@ -24,8 +24,8 @@ inline constexpr int pictureChunk = 16384;
 /// Stores a file's bytes in a long-binary column of the record under `Edit` or `AddNew`: first the remainder and one
 /// byte, then chunks of 16,385 bytes. The last chunk reaches past the end of the file, so the stored value is longer
 /// than the file by the number of whole chunks and one; the tail is zeros, which decoders never see. Catalogues have
-/// always been written this way. Returns the file's length; 0
-/// (nothing stored) for an empty file. Throws `Error` when the file cannot be read.
+/// always been written this way. Returns the file's length; 0 (nothing stored) for an empty file. Throws `Error` when
+/// the file cannot be read.
 qint64 storePictureFile(Field field, const QString& path);
 /// The same with bytes in memory.
 qint64 storePictureBytes(Field field, const QByteArray& bytes);

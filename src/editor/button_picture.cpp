@@ -23,7 +23,6 @@ const QRect gridPlace(360, 120, 2500, 1700);
 QLabel* makeLabel(QWidget* panel, int index) {
     auto* label = make<QLabel>(panel, element(u"lblAs"_s, index));
     label->setTextFormat(Qt::PlainText);
-    label->setAutoFillBackground(true);
     return label;
 }
 
@@ -88,7 +87,6 @@ void ButtonPicture::makeControls() {
 
     for (int i = 0; i < int(lblAs_.size()); ++i) lblAs_[size_t(i)] = makeLabel(picAn, i);
     place(lblAs_[1], 150, 1290 + lineHeight, 2730, lineHeight);
-    lblAs_[0]->raise();
     cmdCk_ = make<QPushButton>(picAn, u"cmdCk"_s);
     cmdAg_ = make<QPushButton>(picAn, u"cmdAg"_s);
     cmdAg_->setIcon(QIcon(u":/icons/fh.svg"_s));
@@ -98,9 +96,10 @@ void ButtonPicture::makeControls() {
 // The grid lies over the upper half of the panel; what it covers steps aside.
 void ButtonPicture::arrange() {
     const bool lists = chooser_.msgBm->parent() == view_.picAn && chooser_.msgBm->isVisibleTo(view_.picAn);
-    for (QWidget* covered : std::initializer_list<QWidget*>{lblAn_, fraCj_, lblAs_[0], lblAs_[1]})
-        covered->setVisible(!lists);
+    for (QWidget* covered : std::initializer_list<QWidget*>{lblAn_, fraCj_, lblAs_[0]}) covered->setVisible(!lists);
+    // With the mouse released the first text tells both.
     const bool twoLines = lblAs_[0]->text().contains(u'\n');
+    lblAs_[1]->setVisible(!lists && !twoLines);
     place(lblAs_[0], 150, 1290, 2730, twoLines ? 2 * lineHeight : lineHeight);
     place(cmdCk_, lists ? 360 : 1800, lists ? storeTop : showTop, 1095, 360);
     place(cmdAg_, 1800, lists ? storeTop : showTop - 420, 1095, 360);

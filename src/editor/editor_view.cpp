@@ -237,6 +237,7 @@ void EditorView::placeHint() {
     txtTs->resize(pixelsFromTwips(hintWidth(txtTs->text())), pixelsFromTwips(hintHeight));
     centreHint();
     txtTs->raise();
+    picAn->raise();  // its controls are worked with while the hint shows
 }
 
 void EditorView::centreHint() {
