@@ -3,10 +3,13 @@
 #include "catalogue/album_rules.h"
 #include "catalogue/picture_field.h"
 #include "intake/intake_texts.h"
+#include "intake/picture_size.h"
 #include "platform/base/error.h"
 #include "platform/desktop/data_control.h"
 
 #include <QDate>
+#include <QHash>
+#include <algorithm>
 #include <limits>
 #include <optional>
 
@@ -14,8 +17,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// Only the size of the picture is wanted, so it may be decoded as small as the decoder can.
-constexpr QSize sizeOnly{1, 1};
+const QString pictureColumn = u"图片"_s;
+const QStringList aboutPicture{pictureColumn, u"规格"_s, u"大小"_s, u"日期"_s};
 
 class Copy {
   public:
@@ -44,7 +47,7 @@ class Copy {
         for (int i = 0; i < earlier && !record.Eof(); ++i) record.MoveNext();
         if (record.Eof()) throw Error(u"源表“%1”中没有这条记录。"_s.arg(state_.sourceTable));
         try {
-            write(record);
+            write(record, key);
         } catch (...) {
             attempt([&] { table().CancelUpdate(); });
             throw;
@@ -61,57 +64,68 @@ class Copy {
         return !table().NoMatch();
     }
 
-    void write(Recordset& record) {
+    void write(Recordset& record, const QString& key) {
         if (order_.replace)
             table().Edit();
         else
             table().AddNew();
         specOfSource_.reset();
+        keepsPicture_ = order_.replace && !bringsPicture(record);
+        const bool hadPicture = keepsPicture_ && pictureLength(table()) > 0;
         for (const FieldPair& pair : order_.mapping)
             if (!give(record, pair) && order_.fillFields) complete(record, pair.target);
         if (!order_.replace) table().Fields(u"序号"_s).SetValue(state_.replaceNumber);
         table().Update();
         if (!order_.replace) ++state_.replaceNumber;
+        if (hadPicture && order_.fillFields) result_.kept << key;
     }
 
-    /// Whether the source has a value for the column.
+    bool bringsPicture(const Recordset& record) const {
+        return std::ranges::any_of(order_.mapping, [&](const FieldPair& pair) {
+            return pair.target == pictureColumn && !pair.source.isEmpty() && record.Fields(pair.source).FieldSize() > 0;
+        });
+    }
+
+    /// Whether the source has a value for the column. A picture without a byte is none.
     bool give(Recordset& record, const FieldPair& pair) {
         if (pair.source.isEmpty()) return false;
         const Field source = record.Fields(pair.source);
-        if (source.isNull()) return false;
+        if (source.isNull() || (source.Type() == FieldType::longBinary && source.FieldSize() == 0)) return false;
         table().Fields(pair.target).SetValue(source.Value());
         return true;
     }
 
-    /// A column without a value is filled from what is known of the picture.
+    /// A column without a value is filled from what is known of the picture. The picture of a replaced record, and what
+    /// tells about it, stay when no other comes.
     void complete(Recordset& record, const QString& column) {
+        if (keepsPicture_ && aboutPicture.contains(column)) return;
         const auto set = [&](const Variant& value) { table().Fields(column).SetValue(value); };
         if (column == u"编号"_s || column == u"备注"_s)
             set(u" "_s);
-        else if (column == u"图片"_s)
+        else if (column == pictureColumn)
             set(QByteArray(""));
         else if (column == u"日期"_s)
             set(QDate::currentDate().startOfDay());
         else if (column == u"规格"_s && !specOfSource(record).isEmpty())
             set(specOfSource(record));
-        else if (column == u"大小"_s && lengthOfSource(record) > 0)
-            set(kilobytesText(lengthOfSource(record)));
+        else if (column == u"大小"_s && pictureLength(record) > 0)
+            set(kilobytesText(pictureLength(record)));
     }
 
-    bool hasPicture(const Recordset& record) const {
+    static bool hasPicture(const Recordset& record) {
         for (int i = 0; i < record.FieldCount(); ++i)
-            if (record.Fields(i).Name() == u"图片"_s) return record.Fields(i).Type() == FieldType::longBinary;
+            if (record.Fields(i).Name() == pictureColumn) return record.Fields(i).Type() == FieldType::longBinary;
         return false;
     }
 
-    qint64 lengthOfSource(const Recordset& record) const {
-        return hasPicture(record) ? record.Fields(u"图片"_s).FieldSize() : 0;
+    static qint64 pictureLength(const Recordset& record) {
+        return hasPicture(record) ? record.Fields(pictureColumn).FieldSize() : 0;
     }
 
     /// Empty when the record has no picture that can be read: what it has is copied all the same.
     const QString& specOfSource(Recordset& record) {
         if (!specOfSource_) {
-            const auto picture = hasPicture(record) ? pictureFromField(record, u"图片"_s, sizeOnly) : std::nullopt;
+            const auto picture = hasPicture(record) ? pictureFromField(record, pictureColumn, sizeOnly) : std::nullopt;
             specOfSource_ = picture ? specOfPicture(*picture, u"*"_s) : QString();
         }
         return *specOfSource_;
@@ -124,6 +138,7 @@ class Copy {
     Database source_;
     FieldShape index_;
     std::optional<QString> specOfSource_;
+    bool keepsPicture_ = false;  ///< The source has none for the record in hand, which is replaced.
 };
 
 QString keysText(const QStringList& keys, const QString& indexField) {
@@ -160,12 +175,13 @@ CopyResult sklr(DataControl& datLr, const CopyOrder& order, FormState& state,
 QString notReplacedText(const CopyResult& result, const QString& indexField) {
     if (result.notFound.isEmpty() || !result.failure.isEmpty()) return {};
     return u"目标表中下列序号的对应的记录不存在，没有替换。\n\n["_s + indexField + u" = "_s +
-           result.notFound.join(u',') + u']';
+           nearlyAllOf(result.notFound) + u']';
 }
 
 QString copyReport(const CopyResult& result, const QString& indexField) {
-    if (result.failure.isEmpty()) return {};
     QStringList lines;
+    if (!result.kept.isEmpty()) lines << u"源记录没有图片，原有的图片没有改动："_s + keysText(result.kept, indexField);
+    if (result.failure.isEmpty()) return lines.join(u"\n\n"_s);
     lines << (result.failedKey.isEmpty()
                   ? u"录入没有进行："_s
                   : u"录入到记录“%1”时停止，该记录没有录入："_s.arg(keysText({result.failedKey}, indexField))) +

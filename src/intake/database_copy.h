@@ -24,6 +24,7 @@ struct CopyResult {
     int count = 0;              ///< Records copied, 0 unless the run came to its end.
     QStringList copied = {};    ///< Keys of the records that are in the album.
     QStringList notFound = {};  ///< Keys that no record of the album has; nothing was replaced.
+    QStringList kept = {};      ///< Keys of replaced records whose picture stayed, since the source had none to give.
     QString failedKey = {};     ///< The record at which the run ended early; empty when it had not begun.
     QString failure = {};       ///< Why; empty when the run was not ended by a failure.
     QStringList left = {};      ///< Records that it did not reach.

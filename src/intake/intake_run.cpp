@@ -5,6 +5,7 @@
 #include "catalogue/picture_field.h"
 #include "intake/database_copy.h"
 #include "intake/intake_texts.h"
+#include "intake/picture_size.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
 #include "platform/desktop/data_control.h"
@@ -15,8 +16,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int jpegQuality = 80;
-/// Only the size of the picture is wanted, so it may be decoded as small as the decoder can.
-constexpr QSize sizeOnly{1, 1};
 
 QString findNumber(int number) {
     return u"序号 = %1"_s.arg(number);

@@ -14,7 +14,7 @@ namespace {
 constexpr int echoWidth = 67;
 constexpr int echoHead = 33;
 constexpr int echoTail = 30;
-constexpr int namesInMessage = 12;
+constexpr qsizetype namesInBox = 60;
 
 QStringView beforeFirstDot(const QString& name) {
     return QStringView(name).left(name.contains(u'.') ? name.indexOf(u'.') : name.size());
@@ -64,7 +64,11 @@ int numberOfFile(const QString& name) {
     return static_cast<int>(number);
 }
 
-QString someOf(const QStringList& names) {
-    if (names.size() <= namesInMessage) return names.join(u"、"_s);
-    return names.mid(0, namesInMessage).join(u"、"_s) + u" 等共%1个"_s.arg(names.size());
+QString someOf(const QStringList& names, qsizetype most, const QString& separator) {
+    if (names.size() <= most) return names.join(separator);
+    return names.first(most).join(separator) + u" 等共%1个"_s.arg(names.size());
+}
+
+QString nearlyAllOf(const QStringList& names) {
+    return someOf(names, namesInBox, u","_s);
 }

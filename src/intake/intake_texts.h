@@ -23,6 +23,9 @@ QString recordCountLine(const QString& album, int count);
 bool isDemo(const QString& table);
 inline const QString onlyForShow = QStringLiteral("该表只做演示用，不能录入或编辑！");
 
+inline const QString chooseAlbumFirst = QStringLiteral("请先选择要录入的图册，然后才能继续！");
+inline const QString onlyOneDatabase = QStringLiteral("只能选择一个数据库！");
+
 /// Whether the name of a file stands for a 序号: it begins with a number that reads the same with and without its
 /// commas, so that "1,234.jpg" is taken neither for 1 nor for 1234.
 bool standsForNumber(const QString& name);
@@ -32,4 +35,7 @@ bool standsForNumber(const QString& name);
 int numberOfFile(const QString& name);
 
 /// Names in one line for a message: the first ones, and how many there are when they are many.
-QString someOf(const QStringList& names);
+QString someOf(const QStringList& names, qsizetype most = 12, const QString& separator = QStringLiteral("、"));
+
+/// The same for what is to be told one by one, as far as a box has room.
+QString nearlyAllOf(const QStringList& names);

@@ -2,6 +2,7 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/picture_field.h"
+#include "intake/picture_size.h"
 #include "intake/preview_fit.h"
 #include "intake/preview_panel.h"
 #include "platform/base/error.h"
@@ -19,9 +20,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-/// A picture of which only the size is wanted may be decoded as small as the decoder can.
-constexpr QSize sizeOnly{1, 1};
 
 /// Scratch picture that the editor may have left behind.
 void removeScratchPicture() {

@@ -102,6 +102,15 @@ class TestIntakeRules : public QObject {
         QTEST(hintTail(number, 5), "text");
     }
 
+    void longLists() {
+        QStringList keys;
+        for (int i = 1; i <= 500; ++i) keys << QString::number(i);
+        QCOMPARE(someOf(keys.first(12)), keys.first(12).join(u'、'));
+        QCOMPARE(someOf(keys), keys.first(12).join(u'、') + u" 等共500个"_s);
+        QCOMPARE(nearlyAllOf(keys.first(3)), u"1,2,3"_s);
+        QVERIFY(nearlyAllOf(keys).endsWith(u"60 等共500个"_s));
+    }
+
     void report_data() {
         QTest::addColumn<IntakeResult>("result");
         QTest::addColumn<QString>("text");
