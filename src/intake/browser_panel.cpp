@@ -52,9 +52,12 @@ BrowserPanel::BrowserPanel(SharedControls& controls, FormState& state, HintLine&
 
 void BrowserPanel::makeLists() {
     drv1_ = make<DriveList>(picMl_, u"drv1"_s);
+    drv1_->setAccessibleName(u"磁盘"_s);
     place(drv1_, 405, 45, 1650, 345);
     dir1_ = make<DirList>(picMl_, u"dir1"_s);
+    dir1_->setAccessibleName(u"文件夹"_s);
     fil1_ = make<FileList>(picMl_, u"fil1"_s);
+    fil1_->setAccessibleName(u"文件"_s);
     txtMl_ = make<CaptionBox>(picMl_, u"txtMl"_s);
     txtMl_->setFrameShape(QFrame::StyledPanel);
 }
@@ -97,7 +100,7 @@ void BrowserPanel::connectLists() {
     connect(fil1_, &FileList::selectionClicked, this, run(&BrowserPanel::fil1Click));
     // Keys move the selection before the focused entry.
     connect(fil1_, &FileList::currentRowChanged, this, guarded(controls_.form, [this](int row) {
-                if (row >= 0 && fil1_->Selected(row)) fil1Click();
+                if (row >= 0 && fil1_->Selected(row) && selectedFiles().size() > 1) fil1Click();
             }));
     connect(txtMl_, &CaptionBox::textChanged, this, run(&BrowserPanel::txtMlChange));
     connect(cmdMj_, &QPushButton::clicked, this, run(&BrowserPanel::cmdMjClick));
@@ -154,7 +157,7 @@ void BrowserPanel::mlcl() {
     txtMl_->setVisible(isPictureMode());
     setEcho({});
     placeForMode();
-    fil1_->setEnabled(filesMayBePicked());
+    enableFiles();
     readFiles();
     lblB1Second_->setText(u"      请选择确定图片"_s + (onIntakePage() ? u"来源路径"_s : u"保存路径"_s));
     lblB1First_->setText(now == BrowseMode::pictureFiles ? u"        请选择文件"_s
@@ -203,6 +206,10 @@ void BrowserPanel::deselectQuietly(int index) {
     txtMl_->setEnabled(true);
 }
 
+void BrowserPanel::enableFiles() {
+    fil1_->setEnabled(filesMayBePicked());
+}
+
 void BrowserPanel::setEcho(const QString& text) {
     txtMl_->setToolTip(text);
     if (txtMl_->text() != text) txtMl_->setText(text);
@@ -239,7 +246,7 @@ void BrowserPanel::drv1Change() {
 
 void BrowserPanel::dir1Change() {
     fil1_->setPath(dir1_->Path());
-    fil1_->setEnabled(filesMayBePicked());
+    enableFiles();
     state_.currentFolder = dir1_->Path();
     if (fil1_->Pattern() != wantedPattern()) readFiles();
     if (onIntakePage()) {
@@ -271,14 +278,17 @@ void BrowserPanel::fil1PathChange() {
 }
 
 void BrowserPanel::fil1Click() {
-    state_.pickedFilePath = joinedPath(state_.currentFolder, fil1_->FileName());
-    state_.selectedFileCount = static_cast<int>(selectedFiles().size());
+    const QList<int> chosen = selectedFiles();
+    // The one file that is chosen need not be the one in focus.
+    state_.pickedFilePath =
+        joinedPath(state_.currentFolder, chosen.size() == 1 ? fil1_->List(chosen.front()) : fil1_->FileName());
+    state_.selectedFileCount = static_cast<int>(chosen.size());
     if (txtMl_->isEnabled()) Q_EMIT fileClicked();
 }
 
 void BrowserPanel::txtMlChange() {
     cmdMq_->setEnabled(!txtMl_->text().isEmpty());
-    if (!txtMl_->text().isEmpty()) state_.intakeStep = 3;
+    if (!txtMl_->text().isEmpty() && modeNow() != BrowseMode::targetDatabase) state_.intakeStep = 3;
 }
 
 void BrowserPanel::cmdMjClick() {

@@ -52,6 +52,7 @@ class BrowserPanel : public QObject {
     /// Changes the selection while `fileClicked` stays quiet. The echo line is left as it is.
     void selectQuietly(bool all);
     void deselectQuietly(int index);
+    void enableFiles();                 ///< fil1, where the page in front lets files be picked.
     void setEcho(const QString& text);  ///< txtMl
 
     void showFileParts(bool on);   ///< lblB0 and lblB1(0).

@@ -61,7 +61,7 @@ void DatabaseIntake::fileClicked() {
     }
     if (state_.targetTable.isEmpty()) {
         browser_.selectQuietly(false);
-        say(shared_.form, u"请先选择要录入的图册，然后才能继续！"_s);
+        say(shared_.form, chooseAlbumFirst);
         return;
     }
     QStringList chosen;
@@ -91,7 +91,7 @@ void DatabaseIntake::openDatabase(const QString& path) {
 }
 
 void DatabaseIntake::sayOnlyOne() {
-    say(shared_.form, u"只能选择一个数据库！"_s, BoxIcon::information);
+    say(shared_.form, onlyOneDatabase, BoxIcon::information);
     browser_.selectQuietly(false);
 }
 
@@ -138,11 +138,14 @@ void DatabaseIntake::showTarget() {
     placeGrid(false);
     shared_.datBj->setDatabaseName(mekTp::cataloguePath());
     if (state_.albumTable.isEmpty()) {
+        // A source that nothing shows any more is not kept open.
+        shared_.datBj->setRecordSource(u"SELECT * FROM tcbm WHERE 1 = 0"_s);
+        attempt([&] { shared_.datBj->Refresh(); });
         shared_.msgBm->Clear();
         return;
     }
     attempt([&] { codeButtons_.bhan(); });
-    shared_.datBj->setRecordSource(u"SELECT * FROM "_s + state_.albumTable + u" ORDER BY [序号]"_s);
+    shared_.datBj->setRecordSource(allRecordsSql(state_.albumTable, u"序号"_s));
     attempt([&] { shared_.datBj->Refresh(); });
     Q_EMIT targetShown();
 }
@@ -241,6 +244,12 @@ void DatabaseIntake::giveUp() {
                           static_cast<QWidget*>(mapping_.cmdLr())})
         part->hide();
     for (QLabel* line : {controls_.lbl12, controls_.lbl13, controls_.lbl14}) line->clear();
+}
+
+void DatabaseIntake::endRun() {
+    if (choosesRows_) showTarget();
+    mapping_.reset();
+    browser_.showFileParts(false);
 }
 
 CopyOrder DatabaseIntake::order(bool replace) const {

@@ -40,6 +40,8 @@ class DatabaseIntake : public QObject {
     void stepBack();
     /// The choice of a database and all that came of it is given up; the grid shows the album again.
     void giveUp();
+    /// The records are copied: nothing is left to choose from before a source is chosen anew.
+    void endRun();
     /// The grid is the album's own again, in its usual place.
     void showTarget();
 

@@ -68,8 +68,6 @@ void IntakePage::showSelection() {
     for (const int index : browser_.selectedFiles()) chosen << browser_.fil1()->List(index);
     browser_.setEcho(selectionEcho(chosen));
     hints_.show(selectionHint(state_.selectedFileCount));
-    // The one file that stays chosen need not be the one in focus.
-    if (chosen.size() == 1) state_.pickedFilePath = joinedPath(state_.currentFolder, chosen.front());
     state_.previewMark = u"w"_s;
     state_.newPictureFile = state_.pickedFilePath;
     if (preview_.isOpen()) preview_.chkCkClick();
@@ -173,7 +171,7 @@ bool IntakePage::targetIsChosen() const {
 
 bool IntakePage::targetIsFit() const {
     if (targetIsChosen() && !isDemo(state_.targetTable)) return true;
-    say(controls_.form, targetIsChosen() ? onlyForShow : u"请先选择要录入的图册，然后才能继续！"_s);
+    say(controls_.form, targetIsChosen() ? onlyForShow : chooseAlbumFirst);
     return false;
 }
 
@@ -192,11 +190,11 @@ void IntakePage::lrtc() {
     const Outcome outcome = runIntake();
     DataControl* datBj = controls_.datBj;
     datBj->setDatabaseName(mekTp::cataloguePath());
-    datBj->setRecordSource(u"SELECT * FROM "_s + state_.albumTable + u" ORDER BY [序号]"_s);
+    datBj->setRecordSource(allRecordsSql(state_.albumTable, u"序号"_s));
     attempt([&] { datBj->Refresh(); });
     for (const QString& message : outcome.messages) say(controls_.form, message, BoxIcon::information);
     say(controls_.form, u"图片录入完成！  共录入：%1张"_s.arg(outcome.count));
-    if (database_->choosesRows()) database_->showTarget();
+    if (!fromFiles()) database_->endRun();
     controls_.sstFz->putOn(intakeTab, controls_.msgBm, 5435, 1320, 3745, 3555);
     controls_.sstFz->putOn(intakeTab, preview_.cmdCk(0), 8250, 990);
     lblMk_->setText(u"目 标 数 据 库 表"_s);
@@ -234,7 +232,7 @@ IntakePage::Outcome IntakePage::enterFiles(const std::function<void(int)>& progr
     const IntakeResult result = wjlr(*datLr_, order, state_, progress);
     Outcome outcome{result.count, {}};
     if (result.cameToEnd && !result.notFound.isEmpty())
-        outcome.messages << u"本目标表无下列对应序号：\n\n"_s + result.notFound.join(u',') +
+        outcome.messages << u"本目标表无下列对应序号：\n\n"_s + nearlyAllOf(result.notFound) +
                                 u"\n\n这些文件没有替换！"_s;
     if (const QString report = intakeReport(result); !report.isEmpty()) outcome.messages << report;
     return outcome;

@@ -81,6 +81,7 @@ void MappingPanel::makeControls() {
     addLine();
 
     lstDy_ = make<ListBox>(picMl, u"lstDy"_s);
+    lstDy_->setAccessibleName(u"来源的列"_s);
     lstDy_->installEventFilter(this);
     connect(lstDy_, &ListBox::lineClicked, this, guarded(controls_.form, [this] { lstDyClick(); }));
 }
@@ -157,6 +158,7 @@ void MappingPanel::addLine() {
     lblMb->setTextFormat(Qt::PlainText);
     place(lblMb, 0, top, captionWidth, lineHeight);
     auto* txtYb = make<TextBox>(ground, element(u"txtYb"_s, number));
+    txtYb->setAccessibleName(u"来源的列"_s);
     txtYb->setLocked(true);
     // The list opens where the user has clicked, not where the focus falls when another control is disabled.
     txtYb->setFocusPolicy(Qt::ClickFocus);
@@ -193,6 +195,7 @@ void MappingPanel::undoDatabase() {
     browser_.setEcho({});
     browser_.showFileParts(false);
     browser_.showFolderHint(true);
+    browser_.enableFiles();
     reset();
     state_.intakeStep = forTransfer() ? 12 : 2;
     hints_.czts(forTransfer() ? 3 : 11);
@@ -210,16 +213,22 @@ void MappingPanel::undoTable() {
 
 void MappingPanel::undoMapping() {
     indexFieldName_.clear();
-    lstSbClick();
+    const QString table = chosenTable();
+    const auto lines = lstSb_->findItems(table, Qt::MatchExactly);
+    if (!lines.isEmpty()) lstSb_->setCurrentItem(lines.front());
+    openTable(table);
 }
 
 void MappingPanel::lstSbClick() {
-    if (lstSb_->currentItem() == nullptr) return;
+    if (lstSb_->currentItem() != nullptr) openTable(lstSb_->currentItem()->text());
+}
+
+/// A table that cannot serve is not chosen.
+void MappingPanel::openTable(const QString& table) {
     cxdy();
     lbl10_->show();
-    const QString chosen = lstSb_->currentItem()->text();
     try {
-        showTable(chosen);
+        showTable(table);
     } catch (const std::exception&) {
         undoTable();
         say(controls_.form, u"本数据表不能用于提供图片数据，请重新选择！"_s, BoxIcon::exclamation, u"错误提示"_s);
@@ -228,7 +237,7 @@ void MappingPanel::lstSbClick() {
 
 /// The structure of a table is that of the catalogue's table of this name, when there is one.
 void MappingPanel::showTable(const QString& chosen) {
-    (forTransfer() ? state_.targetTable : state_.sourceTable) = chosen;
+    chosenTable() = chosen;
     const TableShape target = shapeByName(mekTp::catalogue, sourceDatabase_, state_.targetTable);
     const TableShape source = shapeByName(mekTp::catalogue, sourceDatabase_, state_.sourceTable);
     showFields(target);
@@ -341,7 +350,7 @@ void MappingPanel::cmdQxClick() {
 /// Field by field, by position only.
 void MappingPanel::mapAll() {
     hideFieldList();
-    const TableShape opened = shapeByName(mekTp::catalogue, sourceDatabase_, lstSb_->currentItem()->text());
+    const TableShape opened = shapeByName(mekTp::catalogue, sourceDatabase_, chosenTable());
     const TableShape album = shapeOf(mekTp::catalogue, state_.albumTable);
     const int mismatch = firstTypeMismatch(opened, album);
     const std::size_t agreeing =
@@ -355,7 +364,7 @@ void MappingPanel::mapAll() {
         return;
     }
     markIndexField();
-    finishMapping();
+    cmdLrClick();
 }
 
 void MappingPanel::cmdLrClick() {

@@ -35,15 +35,11 @@ class MappingPanel : public QObject {
     /// Not set: it may.
     std::function<bool()> targetIsFit;
 
-    // Forwards --------------------------------------------------------------------------------------------------------
-
     /// A database file was clicked: opens `sourceDatabasePath` and lists its tables in lstSb (step 3 or 13, hint 3).
     /// `heading` is the caption of lbl10. Throws `Error` when it cannot be opened; nothing is listed then.
     void chooseDatabase(const QString& heading);
 
-    // One step back each
-    // -----------------------------------------------------------------------------------------------
-
+    // One step back each.
     void undoDatabase();  ///< Step 3 or 13: no database is chosen; step 2 or 12.
     void undoTable();     ///< Step 4 or 14: no table is chosen; step 3 or 13.
     void undoMapping();   ///< Step 5 or 15: the fields are to be mapped again; step 4 or 14.
@@ -55,13 +51,8 @@ class MappingPanel : public QObject {
     /// Hides the pick list, as the button for the step back does first.
     void hideFieldList();
 
-    // What came of it
-    // --------------------------------------------------------------------------------------------------
-
     const FieldMapping& fieldMapping() const { return fieldMapping_; }
-    int mappedFieldCount() const { return mappedFieldCount_; }
     const QString& indexFieldName() const { return indexFieldName_; }
-    bool mappingDone() const { return mappingDone_; }
     /// Closed until `chooseDatabase`.
     const Database& sourceDatabase() const { return sourceDatabase_; }
 
@@ -89,6 +80,9 @@ class MappingPanel : public QObject {
     TextBox* txtYb(std::size_t index) const { return lines_[index].txtYb; }
 
     void lstSbClick();
+    /// Told by what was chosen: keys move the line in lstSb on without choosing it.
+    QString& chosenTable() const { return forTransfer() ? state_.targetTable : state_.sourceTable; }
+    void openTable(const QString& table);
     void showTable(const QString& chosen);
     void showFields(const TableShape& target);
     void openFieldList(std::size_t index);

@@ -72,6 +72,8 @@ class TestDatabaseIntake : public QObject {
         QCOMPARE(window.label(u"lblJl"_s), u"表 [tc02 空册] 共有记录：2 条"_s);
         QCOMPARE(window.button(u"cmdQx"_s).text(), u"选择全部"_s);
         QVERIFY(!window.button(u"cmdQ1"_s).isEnabled());
+        QVERIFY(!window.shown(u"lstSb"_s) && !window.shown(u"lbl10"_s) && !window.shown(u"txtYb(0)"_s));
+        QVERIFY(window.label(u"lblTs"_s).contains(u"请选择“图片来源”重新开始"_s));
 
         // The page goes on with another source.
         window.option(u"optYl(1)"_s);
@@ -90,6 +92,92 @@ class TestDatabaseIntake : public QObject {
         QCOMPARE(valueOf(u"SELECT * FROM tc01 WHERE 序号 = 9"_s, u"备注"_s), u"源9"_s);
         QCOMPARE(valueOf(u"SELECT * FROM tc01 WHERE 序号 = 8"_s, u"备注"_s), u"图片8"_s);
         QCOMPARE(pictureAt(u"tc01"_s, 10), DatabaseWindow::pictureOf(10));
+    }
+
+    void aReplacedPictureStaysWhenNoneComes() {
+        DatabaseWindow window;
+        window.source.Execute(createAlbumSql(u"tc01"_s));
+        window.addRow(u"tc01"_s, {{u"序号"_s, 1}, {u"备注"_s, u"没有"_s}});
+        window.addRow(u"tc01"_s, {{u"序号"_s, 2}, {u"备注"_s, u"空的"_s}, {u"图片"_s, QByteArray("")}});
+        window.addSourceRow(u"tc01"_s, 3);
+        const QStringList about{u"规格"_s, u"大小"_s, u"日期"_s};
+        const auto valuesAt = [&about](int number) {
+            QStringList values;
+            for (const QString& column : about)
+                values << valueOf(u"SELECT * FROM tc01 WHERE 序号 = %1"_s.arg(number), column);
+            return values;
+        };
+        const QByteArray first = pictureAt(u"tc01"_s, 1), second = pictureAt(u"tc01"_s, 2);
+        const QStringList firstValues = valuesAt(1), secondValues = valuesAt(2);
+        QVERIFY(!first.isEmpty() && !second.isEmpty());
+        window.mapAll(u"tc01"_s, 0, u"tc01"_s);
+        window.copyAll();
+        QCOMPARE(window.said().mid(1), (QStringList{u"源记录没有图片，原有的图片没有改动：序号＝1、2"_s, closing(3)}));
+        QCOMPARE(pictureAt(u"tc01"_s, 1), first);
+        QCOMPARE(pictureAt(u"tc01"_s, 2), second);
+        QCOMPARE(pictureAt(u"tc01"_s, 3), DatabaseWindow::pictureOf(3));
+        QCOMPARE(valuesAt(1), firstValues);
+        QCOMPARE(valuesAt(2), secondValues);
+        QCOMPARE(columnOf(u"tc01"_s, u"备注"_s).first(3), (QStringList{u"没有"_s, u"空的"_s, u"源3"_s}));
+
+        // The same where the picture is not mapped, whatever the source has.
+        window.addSourceAlbum(u"tc02"_s, 4, 1);
+        const QByteArray fourth = pictureAt(u"tc01"_s, 4);
+        const QStringList fourthValues = valuesAt(4);
+        window.chooseTable(u"tc01"_s, 0, u"tc02"_s);
+        window.mapField(0, u"序号"_s);
+        window.mapField(6, u"备注"_s);
+        window.click(u"cmdLr"_s);
+        window.copyAll();
+        QVERIFY(window.said().contains(u"源记录没有图片，原有的图片没有改动：序号＝4"_s));
+        QCOMPARE(pictureAt(u"tc01"_s, 4), fourth);
+        QCOMPARE(valuesAt(4), fourthValues);
+        QCOMPARE(valueOf(u"SELECT * FROM tc01 WHERE 序号 = 4"_s, u"备注"_s), u"源4"_s);
+    }
+
+    void keysChooseTheFileTheyReach() {
+        DatabaseWindow window;
+        window.chooseFile(u"tc02"_s, 1);
+        const QStringList names{window.files().List(0), window.files().List(1)};
+        window.clickFile(names.first());
+        QCOMPARE(window.label(u"lbl12"_s), u"源库："_s + window.path(names.first()));
+        QTest::keyClick(&window.files(), Qt::Key_Down);
+        QCOMPARE(window.label(u"lbl12"_s), u"源库："_s + window.path(names.last()));
+        QTest::keyClick(&window.files(), Qt::Key_Up);
+        QCOMPARE(window.label(u"lbl12"_s), u"源库："_s + window.path(names.first()));
+    }
+
+    void theChosenTableIsMappedWhereverTheLineStands() {
+        DatabaseWindow window;
+        window.addSourceAlbum(u"相册"_s, 1, 1);
+        window.source.Execute(
+            u"CREATE TABLE 别表 ([a] LONG,[b] TEXT(10),[c] LONG,[d] TEXT(12),[e] DATETIME,[f] LONGBINARY,[g] TEXT(50))"_s);
+        window.chooseTable(u"tc02"_s, 1, u"相册"_s);
+        auto& tables = window.get<ListBox>(u"lstSb"_s);
+        QTest::keyClick(&tables, Qt::Key_Down);
+        QCOMPARE(tables.currentItem()->text(), u"别表"_s);
+        window.click(u"cmdQx"_s);
+        QCOMPARE(window.said(), QStringList());
+        QCOMPARE(window.mapping(), albumFields);
+        window.click(u"cmdQ1"_s);
+        QCOMPARE(window.label(u"lbl13"_s), u"源表：相册"_s);
+        QCOMPARE(tables.currentItem()->text(), u"相册"_s);
+        window.click(u"cmdQx"_s);
+        window.copyAll();
+        QCOMPARE(window.said().last(), closing(1));
+    }
+
+    void aSourceThatNothingShowsIsClosed() {
+        DatabaseWindow window;
+        window.addSourceAlbum(u"tc01"_s, 1, 2);
+        window.mapAll(u"tc02"_s, 1, u"tc01"_s);
+        auto& data = window.get<DataControl>(u"datBj"_s);
+        QCOMPARE(data.total(), 2);
+        window.typeAlbum(u"x"_s, false);
+        QCOMPARE(data.total(), 0);
+        QVERIFY(!window.shown(u"lstSb"_s) && !window.shown(u"lstSu"_s));
+        window.choose(u"cboBm"_s, u"tc01"_s);
+        QCOMPARE(data.total(), 10);
     }
 
     void mappingByHand() {
@@ -416,7 +504,9 @@ class TestDatabaseIntake : public QObject {
         window.clickRow(0);
         switch (what) {
             case 0:
+                QVERIFY(!window.files().isEnabled());
                 window.choose(u"cboBm"_s, u"tc01"_s);
+                QVERIFY2(window.files().isEnabled(), "another file can be chosen at once");
                 break;
             case 1:
                 QDir(window.pictures.path()).mkdir(u"内"_s);
