@@ -10,6 +10,7 @@
 #include "platform/desktop/list_box.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
+#include "platform/desktop/surface.h"
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
 
@@ -70,8 +71,7 @@ void TransferPage::nameCancelled() {
     prg3_->hide();
     setNaming(false);
     const bool moved = cmdYd_->text() == u"已移动"_s;
-    tellNotDone(notNamed_, moved ? u"有 %1 张图片没有移动，仍在原图册中。"_s : u"有 %1 张图片没有复制。"_s);
-    notNamed_ = {};
+    tellNotDone(std::exchange(notNamed_, {}), moved);
     if (!moved || nameEntryIndex_ == 0) return;
     for (int i = 0; i < nameEntryIndex_; ++i) delete controls_.lstSu->takeItem(0);
     nameEntryIndex_ = 0;
@@ -109,8 +109,7 @@ void TransferPage::toNextName(bool move) {
     names_.close();
     prg3_->hide();
     setNaming(false);
-    const QString heading = move ? u"有 %1 张图片没有移动，仍在原图册中。"_s : u"有 %1 张图片没有复制。"_s;
-    tellNotDone(std::exchange(notNamed_, {}), heading);
+    tellNotDone(std::exchange(notNamed_, {}), move);
     finish(static_cast<int>(numbers.size()));
 }
 
@@ -121,20 +120,22 @@ void TransferPage::toTable(bool move) {
         const TransferTarget target{openTarget(state_.targetDatabasePath), state_.targetTable, mapping_.fieldMapping()};
         return transferToTable(state_.sourceTable, numbers, target, move, progress);
     });
-    tellNotDone(notDone, move ? u"有 %1 张图片没有移动，仍在原图册中。"_s : u"有 %1 张图片没有复制。"_s);
+    tellNotDone(notDone, move);
     finish(static_cast<int>(numbers.size()));
 }
 
-void TransferPage::tellNotDone(const NotDone& notDone, const QString& heading) {
-    if (!notDone.isEmpty()) say(controls_.form, notDone.text(heading));
+void TransferPage::tellNotDone(const NotDone& notDone, bool move) {
+    if (!notDone.isEmpty()) say(controls_.form, notDone.text(notTransferredHeading(move)));
 }
 
-/// The tail of a copy or move: the list is empty again.
+/// The tail of a copy or move: the list is empty again. A mapping can have been used without its panel being closed.
 void TransferPage::finish(int count) {
     const QString album = albumNameOfLine(controls_.cboBm->currentText());
+    browser_.picMl()->hide();
+    controls_.lbl12->hide();
     controls_.lstSu->clear();
     linesChanged();
-    lbl5_->setText(u"已转录完成"_s);
+    if (toFolder()) lbl5_->setText(u"已转录完成"_s);
     cmdFz_->setText(u"复 制"_s);
     cmdYd_->setText(u"移 动"_s);
     resetCaptions();
@@ -184,9 +185,9 @@ void TransferPage::cmdWjClick() {
         return transferToFiles(state_.sourceTable, numbers, state_.currentFolder, progress);
     });
     browser_.txtMl()->setEnabled(false);
-    resetCaptions();
+    cmdQb_->setText(chooseAllCaption);
     cmdQb_->setEnabled(false);
-    tellNotDone(notDone, u"有 %1 张图片没有写成文件。"_s);
+    if (!notDone.isEmpty()) say(controls_.form, notDone.text(u"有 %1 张图片没有写成文件。"_s));
     say(controls_.form, madeIntoFilesText(static_cast<int>(numbers.size())));
     hints_.czts(20);
     state_.pageFree = true;

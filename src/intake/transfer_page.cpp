@@ -22,6 +22,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <algorithm>
+#include <type_traits>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -32,7 +33,6 @@ constexpr int infoLeft = 5400, infoWidth = 3945;
 constexpr int buttonsLeft = 5235;
 constexpr int usualColumns = 5;
 
-const QString chooseAll = u"本像册全部选中"_s;
 const QString dropAll = u"撤消全部选中"_s;
 const QString chooseShown = u"下表选中"_s;
 const QString dropShown = u"撤消选中"_s;
@@ -95,7 +95,7 @@ void TransferPage::makeButtons() {
         return made;
     };
     constexpr int firstRow = 5940, secondRow = 6330, height = 330;
-    cmdQb_ = button(u"cmdQb"_s, chooseAll, 3105, 705, 1365, 315);
+    cmdQb_ = button(u"cmdQb"_s, chooseAllCaption, 3105, 705, 1365, 315);
     cmdXb_ = button(u"cmdXb"_s, chooseShown, 4500, 705, 930, 315);
     cmdFz_ = button(u"cmdFz"_s, u"复 制"_s, buttonsLeft, firstRow, 915, height);
     cmdYd_ = button(u"cmdYd"_s, u"移 动"_s, 6210, firstRow, 915, height);
@@ -143,6 +143,7 @@ void TransferPage::connectPanels() {
     connect(&browser_, &BrowserPanel::fileClicked, this, here(&TransferPage::fileClicked));
     connect(&browser_, &BrowserPanel::confirmed, this, here(&TransferPage::folderConfirmed));
     connect(&mapping_, &MappingPanel::tableChosen, this, here(&TransferPage::tableChosen));
+    connect(&mapping_, &MappingPanel::tableDropped, this, here(&TransferPage::tableDropped));
     connect(&mapping_, &MappingPanel::indexChosen, this, here(&TransferPage::indexChosen));
     connect(&mapping_, &MappingPanel::mapped, this, guarded(controls_.form, [this] {
         if (!inFront()) return;
@@ -183,6 +184,7 @@ void TransferPage::startAnew() {
     setNaming(false);
     prg3_->hide();
     browser_.picMl()->hide();
+    controls_.lbl12->hide();
     controls_.lstSu->clear();
     fitColumns();
     lbl5_->clear();
@@ -199,7 +201,7 @@ void TransferPage::startAnew() {
 }
 
 void TransferPage::resetCaptions() {
-    cmdQb_->setText(chooseAll);
+    cmdQb_->setText(chooseAllCaption);
     cmdXb_->setText(chooseShown);
 }
 
@@ -227,12 +229,15 @@ void TransferPage::showTotal() {
     lblJs_->setText(countLine(titleOfLine(controls_.cboBm->currentText()), controls_.datBj->total()));
 }
 
+/// While names are asked for, the list of pictures stays as it is.
 void TransferPage::filtered(const QString& code, int total) {
     lblJs_->setText(countLine(titleOfLine(controls_.cboBm->currentText()), code, total));
-    cmdXb_->setEnabled(true);
+    cmdXb_->setEnabled(!names_.isOpen());
+    if (names_.isOpen()) controls_.msgBm->setEnabled(false);
 }
 
 void TransferPage::rowClicked() {
+    if (names_.isOpen()) return;
     const Variant number = controls_.datBj->Recordset().Fields(u"序号"_s).Value();
     if (number.isNull()) {
         say(controls_.form, u"这条记录没有序号，不能选择。"_s);
@@ -274,7 +279,7 @@ void TransferPage::cmdQbClick() {
         nothingChosen();
         return;
     }
-    addNumbers(u"SELECT * FROM "_s + state_.sourceTable + u" ORDER BY [序号]"_s);
+    addNumbers(allRecordsSql(state_.sourceTable, u"序号"_s));
     cmdQb_->setText(dropAll);
     enableChoosing();
 }

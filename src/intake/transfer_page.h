@@ -68,10 +68,11 @@ class TransferPage : public QObject {
     void folderConfirmed();
     void fileClicked();
     void chooseTarget();
-    void refuseTarget(const QString& reason);
+    static QString objectionTo(const QString& file);
     void dropTarget();
     void tableChosen(const QString& table);
-    QString objectionTo(const QString& table) const;
+    void tableDropped();
+    QString objectionToTable(const QString& table) const;
     void indexChosen(const QString& field);
     void mappingClosed();
     void stand(QLabel* line, int top, int height) const;
@@ -83,7 +84,6 @@ class TransferPage : public QObject {
 
     void cmdFzClick();
     void cmdYdClick();
-    bool mayMove() const;
     void fzzb();
     void fzyd(const QString& operation);
     void toNextName(bool move);
@@ -91,7 +91,7 @@ class TransferPage : public QObject {
     void nameCancelled();
     void setNaming(bool on);
     void finish(int count);
-    void tellNotDone(const NotDone& notDone, const QString& heading);
+    void tellNotDone(const NotDone& notDone, bool move);
     void cmdWjClick();
     NotDone withProgress(const std::function<NotDone(const Progress&)>& work);
 

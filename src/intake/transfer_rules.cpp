@@ -81,6 +81,10 @@ QString madeIntoFilesText(int count) {
     return u"选定的图片已全部转换成文件，共%1条"_s.arg(count);
 }
 
+QString notTransferredHeading(bool move) {
+    return move ? u"有 %1 张图片没有移动，仍在原图册中。"_s : u"有 %1 张图片没有复制。"_s;
+}
+
 void NotDone::add(const QString& reason, const QString& what) {
     const auto found = std::ranges::find(groups_, reason, &Group::reason);
     if (found != groups_.end())

@@ -11,6 +11,9 @@
 /// The way in which pictures leave an album: "复制" or "移动".
 QString operationText(bool move);
 
+/// Caption of the button that chooses the whole album.
+inline const QString chooseAllCaption = QStringLiteral("本像册全部选中");
+
 QString chosenText(int count);
 
 /// Name of the file that a picture gets by default: 编号 ("0" where there is none), 序号 and ".jpg". A sign that would
@@ -39,6 +42,9 @@ QString startQuestion(bool move);
 QString toFilesQuestion();
 QString copiedText(const QString& album, int count);
 QString madeIntoFilesText(int count);
+
+/// Heading of what a copy or move did not do; "%1" stands for the count.
+QString notTransferredHeading(bool move);
 
 /// What a transfer did not do, by reason.
 class NotDone {

@@ -12,11 +12,14 @@
 #include <QHash>
 #include <algorithm>
 #include <limits>
+#include <ranges>
+#include <vector>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+const QString pictureColumn = u"图片"_s;
 const QString vanished = u"记录已不在图册中，序号"_s;
 
 /// The record of a 序号; of several records with the same number the one behind `earlier` others. `Eof` when there is
@@ -66,6 +69,9 @@ class TableTransfer {
           target_(target),
           move_(move),
           notDone_(notDone),
+          takesPictures_(std::ranges::any_of(
+              target.mapping | std::views::drop(1),
+              [](const FieldPair& pair) { return pair.target == pictureColumn && !pair.source.isEmpty(); })),
           rows_(target.database.OpenRecordset(allRecordsSql(target.table))),
           next_(nextNumber(rows_)) {}
 
@@ -107,6 +113,10 @@ class TableTransfer {
                 notDone_.add(vanished, line);
                 return 0;
             }
+            if (losesPicture(record)) {
+                notDone_.add(u"图片没有对应字段，序号"_s, line);
+                return 0;
+            }
             const qint64 bytes = write(record);
             group_.push_back({line, std::move(record)});
             return bytes;
@@ -121,6 +131,11 @@ class TableTransfer {
         if (!move_) return recordToCopy(table_, line, seen_[line]++);
         const auto inGroup = std::ranges::count(group_, line, &Copied::line);
         return recordOf(table_, line, static_cast<int>(inGroup));
+    }
+
+    /// A move into a table to which no picture goes would delete the only one there is.
+    bool losesPicture(const Recordset& record) const {
+        return move_ && !takesPictures_ && record.Fields(pictureColumn).FieldSize() > 0;
     }
 
     qint64 write(Recordset& record) {
@@ -163,6 +178,7 @@ class TableTransfer {
     const TransferTarget& target_;
     bool move_;
     NotDone& notDone_;
+    bool takesPictures_;  ///< 图片 has a column to go to.
     Recordset rows_;
     qint64 next_;
     qsizetype index_ = 0;
@@ -222,6 +238,9 @@ Database openTarget(const QString& path) {
         throw Error(
             u"“%1”是其它软件的数据库，只能从中录入图片，不能把图片转存进去。请选择本软件的图册数据库。"_s.arg(name));
     if (!QFileInfo(path).isWritable()) throw Error(u"“%1”是只读文件，不能把图片转存进去。"_s.arg(name));
+    // The engine keeps a file of its own beside the database while it writes.
+    if (!QFileInfo(QFileInfo(path).absolutePath()).isWritable())
+        throw Error(u"“%1”所在的文件夹不能写入，不能把图片转存进去。"_s.arg(name));
     return target;
 }
 

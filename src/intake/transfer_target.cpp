@@ -23,6 +23,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QRadioButton>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -42,6 +43,10 @@ bool TransferPage::toFolder() const {
 }
 
 void TransferPage::optMbClick(int index) {
+    if (names_.isOpen()) {
+        optMb_[0]->setChecked(true);
+        return;
+    }
     attempt([&] { browser_.dir1()->refresh(); });
     browser_.mlcl();
     for (QLabel* line : {lbl3_, lbl6_, lblLj_}) showLine(line, {});
@@ -108,17 +113,26 @@ void TransferPage::fileClicked() {
         dropTarget();
         return;
     }
-    const Hourglass hourglass;
-    try {
-        openTarget(state_.pickedFilePath);
-    } catch (const Error& error) {
-        refuseTarget(error.text());
+    if (const QString objection = objectionTo(state_.pickedFilePath); !objection.isEmpty()) {
+        dropTarget();
+        say(controls_.form, objection);
         return;
     }
     chooseTarget();
     if (state_.selectedFileCount <= 1) return;
-    say(controls_.form, u"只能选择一个数据库！"_s, BoxIcon::information);
+    say(controls_.form, onlyOneDatabase, BoxIcon::information);
     browser_.selectQuietly(false);
+}
+
+/// Why a file can take no pictures; empty when it can.
+QString TransferPage::objectionTo(const QString& file) {
+    const Hourglass hourglass;
+    try {
+        openTarget(file);
+        return {};
+    } catch (const Error& error) {
+        return error.text();
+    }
 }
 
 void TransferPage::chooseTarget() {
@@ -126,14 +140,12 @@ void TransferPage::chooseTarget() {
     state_.targetTable.clear();
     state_.sourceDatabasePath = mekTp::cataloguePath();
     state_.sourceTable = state_.albumTable;
-    mapping_.chooseDatabase(u"请选择目标数据表"_s);
+    {
+        const Hourglass hourglass;
+        mapping_.chooseDatabase(u"请选择目标数据表"_s);
+    }
     showLine(lbl6_, u"目标库："_s + QDir::toNativeSeparators(state_.targetDatabasePath));
     for (QLabel* line : {lblLj_, lbl3_}) showLine(line, {});
-}
-
-void TransferPage::refuseTarget(const QString& reason) {
-    dropTarget();
-    say(controls_.form, reason);
 }
 
 void TransferPage::dropTarget() {
@@ -142,11 +154,12 @@ void TransferPage::dropTarget() {
     for (QLabel* line : {lbl6_, lblLj_, lbl3_}) showLine(line, {});
 }
 
+/// The fields are to be mapped anew: nothing can go to the target before they are.
 void TransferPage::tableChosen(const QString& table) {
+    enableRuns(false);
     showLine(lbl3_, {});
-    if (const QString objection = objectionTo(table); !objection.isEmpty()) {
+    if (const QString objection = objectionToTable(table); !objection.isEmpty()) {
         mapping_.undoTable();
-        showLine(lblLj_, {});
         say(controls_.form, objection);
         return;
     }
@@ -154,13 +167,24 @@ void TransferPage::tableChosen(const QString& table) {
     showLine(lblLj_, u"目标表："_s + table);
 }
 
-/// Why a table can take no pictures; empty when it can.
-QString TransferPage::objectionTo(const QString& table) const {
+void TransferPage::tableDropped() {
+    enableRuns(false);
+    for (QLabel* line : {lblLj_, lbl3_}) showLine(line, {});
+}
+
+/// Why a table of the target can take no pictures; empty when it can.
+QString TransferPage::objectionToTable(const QString& table) const {
     if (isDemo(table)) return onlyForShow;
-    const Database target = openTarget(state_.targetDatabasePath);
-    TableShape shape;
-    if (!attempt([&] { shape = shapeOf(target, table); })) return u"目标库中没有数据表“%1”，请重新选择！"_s.arg(table);
-    return fieldNamed(shape, u"序号"_s) ? QString() : u"数据表“%1”没有序号，不能接受图片，请重新选择！"_s.arg(table);
+    try {
+        const Database target = openTarget(state_.targetDatabasePath);
+        if (!target.TableDefs().contains(table, Qt::CaseInsensitive))
+            return u"目标库中没有数据表“%1”，请重新选择！"_s.arg(table);
+        if (!fieldNamed(shapeOf(target, table), u"序号"_s))
+            return u"数据表“%1”没有序号，不能接受图片，请重新选择！"_s.arg(table);
+        return {};
+    } catch (const Error& error) {
+        return error.text();
+    }
 }
 
 void TransferPage::indexChosen(const QString& field) {
@@ -206,7 +230,6 @@ void TransferPage::cmdQqClick() {
             break;
         case 14:
             mapping_.undoTable();
-            for (QLabel* line : {lblLj_, lbl3_}) showLine(line, {});
             break;
         case 15:
             undoMapping();
@@ -233,6 +256,7 @@ void TransferPage::undoTarget() {
     browser_.picMl()->hide();
     controls_.lbl12->hide();
     for (QRadioButton* option : optMb_) clearOption(option);
+    enableRuns(false);
     preview_.allowOpening(3, true);
     state_.intakeStep = 1;
     hints_.czts(2);

@@ -62,8 +62,104 @@ class TestTransferDatabase : public QObject {
         QCOMPARE(TransferWindow::stored(u"tc02"_s, 22, window.source), TransferWindow::stored(u"tc01"_s, 1));
         QCOMPARE(TransferWindow::numbers(u"tc01"_s).size(), 10);
         QCOMPARE(window.chosen(), QStringList());
+        QCOMPARE(window.label(u"lbl5"_s), u"已选中0条"_s);
         QCOMPARE(window.hint(), u"选择图册可重新开始。"_s);
         QVERIFY(window.enabled(u"cboBm"_s) && window.pageFree());
+    }
+
+    void aTableClickedAfterTheMappingTakesNothing() {
+        TransferWindow window;
+        window.addSourceAlbum(u"tc01"_s, 1, 0);
+        window.addSourceAlbum(u"tc02"_s, 1, 0);
+        window.clickRow(0);
+        window.chooseTarget();
+        window.clickLine(u"lstSb"_s, u"tc02"_s);
+        window.click(u"cmdQx"_s);
+        QVERIFY(window.enabled(u"cmdFz"_s) && window.enabled(u"cmdYd"_s));
+        for (const QString& table : {u"tc01"_s, u"tc02"_s, u"tc00"_s}) {
+            window.clickLine(u"lstSb"_s, table);
+            QVERIFY2(!window.enabled(u"cmdFz"_s) && !window.enabled(u"cmdYd"_s), qPrintable(table));
+            window.click(u"cmdYd"_s);
+        }
+        QCOMPARE(window.said(), QStringList{u"该表只做演示用，不能录入或编辑！"_s});
+        QCOMPARE(TransferWindow::numbers(u"tc01"_s).size(), 10);
+        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source), QStringList());
+        window.clickLine(u"lstSb"_s, u"tc02"_s);
+        window.click(u"cmdQx"_s);
+        window.click(u"cmdYd"_s);
+        QCOMPARE(window.said().last(), closing.arg(1));
+        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source), QStringList{u"1"_s});
+    }
+
+    void aRunBeforeThePanelIsClosedEndsItsUse() {
+        TransferWindow window;
+        window.addSourceAlbum(u"tc02"_s, 1, 0);
+        window.clickRow(0);
+        window.chooseTarget();
+        window.clickLine(u"lstSb"_s, u"tc02"_s);
+        window.click(u"cmdQx"_s);
+        window.click(u"cmdFz"_s);
+        QCOMPARE(window.said().last(), closing.arg(1));
+        QVERIFY(!window.shown(u"picMl"_s) && !window.shown(u"lbl12"_s));
+        QVERIFY(window.enabled(u"cboBm"_s) && window.enabled(u"msgBm"_s) && window.shown(u"cmdQb"_s));
+        window.clickRow(1);
+        QCOMPARE(window.chosen(), QStringList{u"2"_s});
+    }
+
+    void aMoveThatWouldLoseThePictureIsNotMade() {
+        TransferWindow window;
+        window.addSourceAlbum(u"tc02"_s, 1, 0);
+        putValue(u"SELECT * FROM tc01 WHERE 序号 = 3"_s, u"图片"_s, Variant());
+        window.chooseRows({0, 1, 2});
+        window.chooseTarget();
+        window.clickLine(u"lstSb"_s, u"tc02"_s);
+        window.mapField(0, u"序号"_s);
+        window.mapField(6, u"备注"_s);
+        window.click(u"cmdLr"_s);
+        window.click(u"cmdLr"_s);
+        window.click(u"cmdYd"_s);
+        QCOMPARE(
+            window.said().mid(1),
+            (QStringList{u"有 2 张图片没有移动，仍在原图册中。\n\n图片没有对应字段，序号：1、2"_s, closing.arg(3)}));
+        QCOMPARE(TransferWindow::numbers(u"tc01"_s).first(3), (QStringList{u"1"_s, u"2"_s, u"4"_s}));
+        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source), QStringList{u"1"_s});
+        // A copy leaves the picture where it is.
+        FieldMapping mapping{{u"序号"_s, u"序号"_s}, {u"备注"_s, u"备注"_s}};
+        const TransferTarget target{window.source, u"tc02"_s, mapping};
+        QVERIFY(transferToTable(u"tc01"_s, {u"1"_s}, target, false, [](int) {}).isEmpty());
+        QCOMPARE(transferToTable(u"tc01"_s, {u"1"_s}, {window.source, u"tc02"_s, {}}, true, [](int) {}).count(), 1);
+    }
+
+    void anotherFolderIsOneStepBack() {
+        TransferWindow window;
+        window.clickRow(0);
+        window.chooseTarget();
+        QDir(window.pictures.path()).mkdir(u"内"_s);
+        window.get<DirList>(u"dir1"_s).setPath(window.path(u"内"_s));
+        QVERIFY(!window.shown(u"lstSb"_s));
+        window.click(u"cmdQq"_s);
+        QVERIFY(!window.shown(u"picMl"_s) && !window.get<QRadioButton>(u"optMb(1)"_s).isChecked());
+        QCOMPARE(window.chosen().size(), 1);
+        window.option(u"optMb(1)"_s);
+        window.get<DirList>(u"dir1"_s).setPath(window.pictures.path());
+        QVERIFY(window.shown(u"lbl12"_s));
+        window.dropLine(u"1"_s);
+        QVERIFY(!window.shown(u"lbl12"_s) && !window.shown(u"picMl"_s));
+    }
+
+    void aTargetThatIsGone() {
+        TransferWindow window;
+        window.addSourceAlbum(u"tc02"_s, 1, 0);
+        window.source = {};
+        window.clickRow(0);
+        window.chooseTarget();
+        QVERIFY(QFile::remove(window.path(u"源库.mdb"_s)));
+        window.clickLine(u"lstSb"_s, u"tc02"_s);
+        QCOMPARE(window.boxes.size(), 1);
+        QCOMPARE(window.boxes.front().title, u"操作提示"_s);
+        QVERIFY(window.boxes.front().text.contains(u"源库.mdb"_s));
+        QVERIFY(!window.shown(u"cmdLr"_s) && !window.enabled(u"cmdFz"_s));
+        QCOMPARE(window.label(u"lblLj"_s), QString());
     }
 
     void movesIntoAnotherAlbumOfTheCatalogue() {

@@ -154,6 +154,26 @@ class TestTransferPage : public QObject {
         QVERIFY(!window.shown(u"fraWm"_s) && window.enabled(u"cboBm"_s) && window.pageFree());
     }
 
+    void theListStandsWhileNamesAreAskedFor() {
+        TransferWindow window;
+        window.chooseRows({0, 2});
+        window.chooseFolder();
+        window.click(u"cmdYd"_s);
+        window.click(u"cmdBh(1)"_s);
+        QCOMPARE(window.label(u"lblJs"_s), u"旅行 编号=1 共：5条"_s);
+        for (const QString& name : {u"msgBm"_s, u"cmdQb"_s, u"cmdXb"_s, u"lstSu"_s, u"fraMb"_s})
+            QVERIFY2(!window.enabled(name), qPrintable(name));
+        window.clickRow(1);
+        window.click(u"cmdXb"_s);
+        window.option(u"optMb(1)"_s);
+        QCOMPARE(window.chosen(), (QStringList{u"1"_s, u"3"_s}));
+        window.giveName(u"a"_s);
+        window.giveName(u"b"_s);
+        QCOMPARE(window.said(), QStringList{closing.arg(2)});
+        QCOMPARE(window.files(), (QStringList{u"a.jpg"_s, u"b.jpg"_s}));
+        QCOMPARE(TransferWindow::numbers(u"tc01"_s).first(2), (QStringList{u"2"_s, u"4"_s}));
+    }
+
     void leavingTheBoxCompletesTheName() {
         TransferWindow window;
         window.clickRow(0);
@@ -233,6 +253,18 @@ class TestTransferPage : public QObject {
         QCOMPARE(window.chosen().size(), 4);
         QVERIFY(!window.enabled(u"cmdQq"_s) && !window.enabled(u"cmdQb"_s) && window.enabled(u"cboBm"_s));
         QVERIFY(window.pageFree() && !window.shown(u"prg3"_s));
+    }
+
+    void defaultNamesForTheTable() {
+        TransferWindow window;
+        window.click(u"cmdXb"_s);
+        window.chooseFolder();
+        window.click(u"cmdWj"_s);
+        QCOMPARE(window.said().last(), u"选定的图片已全部转换成文件，共10条"_s);
+        QCOMPARE(window.caption(u"cmdQb"_s), u"本像册全部选中"_s);
+        QCOMPARE(window.caption(u"cmdXb"_s), u"撤消选中"_s);
+        window.click(u"cmdXb"_s);
+        QCOMPARE(window.chosen(), QStringList());
     }
 
     void defaultNamesAskFirst() {
