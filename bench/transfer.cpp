@@ -5,13 +5,18 @@
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
 #include "intake/transfer_run.h"
+#include "platform/base/error.h"
 #include "timing.h"
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QProcess>
+#include <QTemporaryDir>
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <vector>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -40,9 +45,11 @@ QStringList fillAlbum(int count) {
 }
 
 void requireDone(const NotDone& notDone) {
-    if (notDone.isEmpty()) return;
-    std::fprintf(stderr, "%s\n", qPrintable(notDone.text(u"%1"_s)));
-    std::exit(1);
+    if (!notDone.isEmpty()) throw Error(notDone.text(u"%1"_s));
+}
+
+void requireRun(const QString& program, const QStringList& arguments) {
+    if (QProcess::execute(program, arguments) != 0) throw Error(u"“%1”没有运行成功"_s.arg(program));
 }
 
 FieldMapping wholeMapping() {
@@ -71,12 +78,7 @@ double median(std::vector<double> times) {
     return times[times.size() / 2];
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-    const QCoreApplication application(argc, argv);
-    const int count = argc > 1 ? std::max(1, std::atoi(argv[1])) : 200;
-    const QString parent = argc > 2 ? QString::fromLocal8Bit(argv[2]) : QDir::tempPath();
+void compare(int count, const QString& parent) {
     const SampleCatalogue catalogue;
     const QStringList numbers = fillAlbum(count);
     const Round files(parent);
@@ -88,8 +90,8 @@ int main(int argc, char** argv) {
         {
             const Round round(parent);
             plain.push_back(milliseconds([&] {
-                QProcess::execute(u"cp"_s, {u"-r"_s, files.path(), round.path() + u"/copy"_s});
-                QProcess::execute(u"sync"_s, {});
+                requireRun(u"cp"_s, {u"-r"_s, files.path(), round.path() + u"/copy"_s});
+                requireRun(u"sync"_s, {});
             }));
         }
         {
@@ -111,4 +113,18 @@ int main(int argc, char** argv) {
     std::printf("  cp and sync         %9.1f ms\n", base);
     std::printf("  to a folder         %9.1f ms  %5.2f times\n", median(folder), median(folder) / base);
     std::printf("  to another catalogue%9.1f ms  %5.2f times\n", median(table), median(table) / base);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    try {
+        compare(argc > 1 ? std::max(1, std::atoi(argv[1])) : 200,
+                argc > 2 ? QString::fromLocal8Bit(argv[2]) : QDir::tempPath());
+        return EXIT_SUCCESS;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        return EXIT_FAILURE;
+    }
 }
