@@ -1,0 +1,158 @@
+// Times the picture editor on a photograph of 12 megapixels, beside what comes nearest to each operation, and tells the
+// memory that a session takes. Run by hand: bench_editor [rounds]
+
+#include "../tests/editor/editor_window.h"
+#include "catalogue/picture_field.h"
+#include "editor/painting.h"
+#include "editor/rotation.h"
+#include "platform/desktop/look.h"
+#include "timing.h"
+
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTransform>
+#include <cstdio>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr QSize photograph(4000, 3000);
+constexpr double degrees = 33;
+constexpr int quality = 80;
+
+/// Large shapes with fine noise, so that the coded size is that of a photograph.
+QImage scene() {
+    QImage image(photograph, QImage::Format_RGB32);
+    QRandomGenerator noise(1);
+    for (int y = 0; y < image.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const int grain = int(noise.generate() % 24);
+            row[x] = qRgb(x * 200 / image.width() + grain, y * 200 / image.height() + grain,
+                          (x / 300 + y / 300) % 2 * 120 + grain);
+        }
+    }
+    return image;
+}
+
+void report(const char* what, double time, const char* peer, double peerTime) {
+    std::printf("%-26s %7.1f ms   %-26s %7.1f ms   %.2f x\n", what, time, peer, peerTime, time / peerTime);
+}
+
+void timePixels(const std::function<double(const std::function<void()>&)>& time) {
+    const QImage picture = scene();
+    const QRect whole = picture.rect();
+    const QRgb background = qRgb(255, 255, 255);
+    const auto paint = [&](const QRect& source, QSize target, Mirror mirror) {
+        return time([&] { painted(picture, source, target, mirror, background); });
+    };
+    const auto scaled = [&](double factor, Qt::TransformationMode mode) {
+        return time([&] { (void)picture.scaled(photograph * factor, Qt::IgnoreAspectRatio, mode); });
+    };
+
+    const QSize turned = rotatedSize(photograph, degrees);
+    report("rotation by 33", time([&] { rotated(picture, turned, degrees, background); }), "QImage::transformed, fast",
+           time([&] { (void)picture.transformed(QTransform().rotate(-degrees), Qt::FastTransformation); }));
+
+    const double copy = time([&] { (void)picture.copy(); });
+    const QRect middle = whole.adjusted(200, 150, -200, -150);
+    report("horizontal flip", paint(whole, photograph, Mirror::horizontal), "plain copy", copy);
+    report("vertical flip", paint(whole, photograph, Mirror::vertical), "plain copy", copy);
+    report("crop", paint(middle, middle.size(), Mirror::none), "plain copy", copy);
+
+    report("scale by 0.5", paint(whole, photograph * 0.5, Mirror::none), "QImage::scaled, fast",
+           scaled(0.5, Qt::FastTransformation));
+    for (const auto& [name, factor] : {std::pair("scale by 0.37", 0.37), std::pair("scale by 1.5", 1.5)})
+        report(name, paint(whole, photograph * factor, Mirror::none), "QImage::scaled, smooth",
+               scaled(factor, Qt::SmoothTransformation));
+}
+
+void fillAlbum(const QByteArray& picture) {
+    Recordset album = mekTp::catalogue.OpenRecordset(u"tc01"_s);
+    for (int i = 0; i < 2; ++i, album.MoveNext()) {
+        album.Edit();
+        storePictureBytes(album.Fields(u"图片"_s), picture);
+        album.Update();
+    }
+}
+
+void openFromAlbum(const EditorWindow& editor) {
+    editor.trigger(u"mnuCs"_s);
+    auto* albums = editor.find<QComboBox>(u"cboBm"_s);
+    albums->setCurrentIndex(albums->findText(u"tc01"_s, Qt::MatchStartsWith));
+    Q_EMIT albums->activated(albums->currentIndex());
+    editor.click(u"cmdQd"_s);
+    QApplication::processEvents();
+}
+
+void timeSteps(EditorWindow& editor, const QByteArray& picture,
+               const std::function<double(const std::function<void()>&)>& time) {
+    const QImage image = editor.picYu().picture();
+    auto& history = *editor.find<UndoHistory>({});
+    report("recording an undo step", time([&] { history.cxcz(); }), "encoding, quality 80",
+           time([&] { encodeJpeg(image, quality); }));
+    history.clear();
+
+    const double decoding = time([&] { LoadPicture(picture, u"photograph"_s); });
+    Recordset album = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tc01 ORDER BY [序号]"_s);
+    report("reading from the album", time([&] { pictureFromField(album, u"图片"_s); }), "decoding", decoding);
+    report("opening, with its step", time([&] { editor.trigger(u"mnuTy"_s); }), "decoding", decoding);
+}
+
+/// A number of kilobytes that the system tells about this process, in megabytes.
+double memory(const QByteArray& key) {
+    QFile status(u"/proc/self/status"_s);
+    if (!status.open(QIODevice::ReadOnly)) return 0;
+    for (const QByteArray& line : status.readAll().split('\n'))
+        if (line.startsWith(key)) return line.mid(key.size()).simplified().split(' ').first().toDouble() / 1024;
+    return 0;
+}
+
+void forgetPeak() {
+    QFile peak(u"/proc/self/clear_refs"_s);
+    if (peak.open(QIODevice::WriteOnly)) peak.write("5");
+}
+
+/// Opening, then every operation at the size of the photograph, and back.
+void tellMemory(EditorWindow& editor) {
+    forgetPeak();
+    const double before = memory("VmRSS:");
+    const auto tell = [&](const char* after) {
+        QApplication::processEvents();
+        std::printf("memory after %-22s %5.0f MB, at most %5.0f MB\n", after, memory("VmRSS:") - before,
+                    memory("VmHWM:") - before);
+    };
+    openFromAlbum(editor);
+    tell("opening");
+    editor.trigger(u"mnuFs"_s);
+    tell("a flip");
+    editor.scale(u"1"_s);
+    tell("scaling to its own size");
+    editor.trigger(u"mnuFc"_s);
+    editor.trigger(u"mnuCx"_s);
+    tell("taking a step back");
+    editor.trigger(u"mnuTy"_s);
+    tell("opening again");
+    editor.rotate(QString::number(degrees));
+    tell("a rotation to 23 million");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    applyLook(application);
+    const int rounds = argc > 1 ? std::max(1, std::atoi(argv[1])) : 15;
+    const auto time = [&](const std::function<void()>& work) { return medianMilliseconds(rounds, work); };
+
+    const QByteArray picture = encodeJpeg(scene(), quality);
+    std::printf("photograph of 12 megapixels, %.1f MB as JPEG\n", double(picture.size()) / 1e6);
+    EditorWindow editor;
+    fillAlbum(picture);
+    tellMemory(editor);
+    openFromAlbum(editor);
+    timeSteps(editor, picture, time);
+    timePixels(time);
+}
