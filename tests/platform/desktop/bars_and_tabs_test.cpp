@@ -31,7 +31,7 @@ class TestBarsAndTabs : public QObject {
         bar.add(u"ts"_s, u"提示"_s, 600, 30, 375, 375);
         QCOMPARE(full->objectName(), u"tlb1:qp"_s);
         QCOMPARE(full->geometry(), QRect(10, 2, 25, 25));
-        QCOMPARE(full->focusPolicy(), Qt::NoFocus);
+        QCOMPARE(full->focusPolicy(), Qt::TabFocus);
 
         QSignalSpy clicked(&bar, &ToolBar::buttonClicked);
         full->click();
@@ -51,42 +51,41 @@ class TestBarsAndTabs : public QObject {
         QVERIFY(bar.button(u"xx"_s) == nullptr && bar.image(u"xx"_s).isEmpty() && !bar.isEnabled(u"xx"_s));
     }
 
-    void tabPlacesControlsFromItsOwnCorner_data() {
-        QTest::addColumn<bool>("look");
-        QTest::newRow("plain") << false;
-        QTest::newRow("with the program's look") << true;
-    }
-
     void tabPlacesControlsFromItsOwnCorner() {
-        QFETCH(const bool, look);
-        if (look) applyLook(*qApp);
-        QWidget form;
-        form.resize(640, 480);
-        auto* tabs = new TabControl(&form);
-        tabs->setGeometry(8, 4, 600, 440);
-        tabs->addPage(u"图册设置"_s);
-        tabs->addPage(u"图片录入"_s);
-        auto* shared = new QLabel(&form);
-        auto* hidden = new QLabel(&form);
-        hidden->hide();
-        tabs->putOn(0, shared, 1500, 750, 450, 300);
-        tabs->putOn(0, hidden, 150, 750, 450, 300);
-        form.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&form));
+        const std::tuple<bool> cases[] = {
+            {false},  // plain
+            {true},   // with the program's look
+        };
+        for (const auto& [look] : cases) {
+            if (look) applyLook(*qApp);
+            QWidget form;
+            form.resize(640, 480);
+            auto* tabs = new TabControl(&form);
+            tabs->setGeometry(8, 4, 600, 440);
+            tabs->addPage(u"图册设置"_s);
+            tabs->addPage(u"图片录入"_s);
+            auto* shared = new QLabel(&form);
+            auto* hidden = new QLabel(&form);
+            hidden->hide();
+            tabs->putOn(0, shared, 1500, 750, 450, 300);
+            tabs->putOn(0, hidden, 150, 750, 450, 300);
+            form.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&form));
 
-        QCOMPARE(tabs->tabBar()->geometry().topLeft(), QPoint(0, 0));
-        QCOMPARE(tabs->tabBar()->height(), 25);
-        QCOMPARE(tabs->tabBar()->tabRect(1), QRect(62, 0, 62, 25));
-        QCOMPARE(shared->mapTo(tabs, QPoint(0, 0)), QPoint(100, 50));
-        QCOMPARE(shared->size(), QSize(30, 20));
-        QVERIFY(shared->isVisible() && !hidden->isVisible());
+            QCOMPARE(tabs->tabBar()->geometry().topLeft(), QPoint(0, 0));
+            QCOMPARE(tabs->tabBar()->height(), 25);
+            QCOMPARE(tabs->tabBar()->tabRect(1), QRect(62, 0, 62, 25));
+            QCOMPARE(shared->mapTo(tabs, QPoint(0, 0)), QPoint(100, 50));
+            QCOMPARE(shared->size(), QSize(30, 20));
+            QVERIFY(shared->isVisible() && !hidden->isVisible());
 
-        tabs->setCurrentIndex(1);
-        tabs->putOn(1, shared, 300, 375);
-        tabs->putOn(1, hidden, 300, 900);
-        QCOMPARE(shared->mapTo(tabs, QPoint(0, 0)), QPoint(20, 25));
-        QCOMPARE(shared->size(), QSize(30, 20));
-        QVERIFY(shared->isVisible() && !hidden->isVisible());
+            tabs->setCurrentIndex(1);
+            tabs->putOn(1, shared, 300, 375);
+            tabs->putOn(1, hidden, 300, 900);
+            QCOMPARE(shared->mapTo(tabs, QPoint(0, 0)), QPoint(20, 25));
+            QCOMPARE(shared->size(), QSize(30, 20));
+            QVERIFY(shared->isVisible() && !hidden->isVisible());
+        }
     }
 
     void mouseOverTabsIsToldInTwips() {
