@@ -9,24 +9,15 @@
 #include <QBuffer>
 #include <QFile>
 #include <QImageWriter>
-#include <utility>
-#include <vector>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-using Row = std::vector<std::pair<QString, Variant>>;
-
-void addRow(Recordset& table, const Row& row) {
+void addRow(Recordset& table, const RowValues& values) {
     table.AddNew();
-    for (const auto& [column, value] : row) table.Fields(column).SetValue(value);
+    for (const auto& [column, value] : values) table.Fields(column).SetValue(value);
     table.Update();
-}
-
-void addRow(const QString& table, const Row& row) {
-    Recordset records = mekTp::catalogue.OpenRecordset(table);
-    addRow(records, row);
 }
 
 QColor colourOf(int number) {
@@ -134,6 +125,22 @@ SampleCatalogue::~SampleCatalogue() {
     mekTp::catalogue = {};
     mekTp::currentTable = demoTable;
     setProgramFolder({});
+}
+
+void addRow(const QString& table, const RowValues& values) {
+    Recordset records = mekTp::catalogue.OpenRecordset(table);
+    addRow(records, values);
+}
+
+void changeRow(const QString& source, const RowValues& values) {
+    Recordset records = mekTp::catalogue.OpenRecordset(source);
+    records.Edit();
+    for (const auto& [column, value] : values) records.Fields(column).SetValue(value);
+    records.Update();
+}
+
+Variant fieldOf(const QString& source, const QString& column) {
+    return mekTp::catalogue.OpenRecordset(source).Fields(column).Value();
 }
 
 QByteArray pictureBytes(QSize pixels, const QColor& colour, const char* format) {

@@ -5,6 +5,8 @@
 #include <QColor>
 #include <QImage>
 #include <QTemporaryDir>
+#include <utility>
+#include <vector>
 
 /// A small catalogue in a temporary folder, opened as `mekTp::catalogue`, for tests of windows. Closed and removed with
 /// the object. It holds the fixed tables; `tc00` 演示 with three pictures; `tc01` 旅行 with ten (序号 1 to 10, codes
@@ -22,6 +24,17 @@ class SampleCatalogue {
   private:
     QTemporaryDir folder_;
 };
+
+using RowValues = std::vector<std::pair<QString, Variant>>;
+
+/// Adds a row to a table of the open catalogue.
+void addRow(const QString& table, const RowValues& values);
+
+/// Changes the first row that a source (a table or a query) gives.
+void changeRow(const QString& source, const RowValues& values);
+
+/// A column of the first row that a source gives.
+Variant fieldOf(const QString& source, const QString& column);
 
 /// Bytes of a JPEG or BMP picture in one colour.
 QByteArray pictureBytes(QSize pixels, const QColor& colour, const char* format = "JPG");

@@ -1,5 +1,4 @@
-#include "../support/run_all.h"
-#include "platform/desktop/placing.h"
+#include "catalogue/album_rules.h"
 #include "viewer_window.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -7,29 +6,29 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 void addAlbum(const QString& table, const QString& title, int number) {
-    mekTp::catalogue.Execute(u"CREATE TABLE "_s + table +
-                             u" ([序号] LONG,[编号] TEXT(10),[大小] SINGLE,[规格] TEXT(12),[日期] DATETIME,[图片] "
-                             u"LONGBINARY,[备注] TEXT(50))"_s);
-    Recordset albums = mekTp::catalogue.OpenRecordset(u"tcbm"_s);
-    albums.AddNew();
-    albums.Fields(u"序号"_s).SetValue(number);
-    albums.Fields(u"表名"_s).SetValue(table);
-    albums.Fields(u"标题"_s).SetValue(title);
-    albums.Update();
+    mekTp::catalogue.Execute(createAlbumSql(table));
+    addRow(u"tcbm"_s, {{u"序号"_s, number}, {u"表名"_s, table}, {u"标题"_s, title}});
 }
 
-void addButtons(int count) {
-    Recordset buttons = mekTp::catalogue.OpenRecordset(u"tcan"_s);
-    for (int i = 0; i < count; ++i) {
-        buttons.AddNew();
-        buttons.Fields(u"序号"_s).SetValue(10 + i);
-        buttons.Fields(u"编号"_s).SetValue(QString(QChar(u'A' + i)));
-        buttons.Fields(u"名称"_s).SetValue(u"按钮%1"_s.arg(i));
-        buttons.Fields(u"图册"_s).SetValue(u"tc01"_s);
-        buttons.Fields(u"图片"_s).SetValue(pictureBytes({100, 75}, Qt::blue));
-        buttons.Update();
+/// Album 旅行 with twelve buttons more, in a window that has room for six to a column.
+struct ManyButtons : ViewerWindow {
+    ManyButtons() : ViewerWindow(addButtons) {
+        openAlbum(1);
+        window->resize(960, 720);
     }
-}
+    QString firstButton() const { return image(u"imgAn(0)"_s)->toolTip(); }
+    QString upperCorner() const { return image(u"imgSy"_s)->toolTip(); }
+
+  private:
+    static void addButtons() {
+        for (int i = 0; i < 12; ++i)
+            addRow(u"tcan"_s, {{u"序号"_s, 10 + i},
+                               {u"编号"_s, QString(QChar(u'A' + i))},
+                               {u"名称"_s, u"按钮%1"_s.arg(i)},
+                               {u"图册"_s, u"tc01"_s},
+                               {u"图片"_s, pictureBytes({100, 75}, Qt::blue)}});
+    }
+};
 
 class TestAlbums : public QObject {
     Q_OBJECT
@@ -44,10 +43,9 @@ class TestAlbums : public QObject {
         QCOMPARE(viewer.keyImage(u"dk"_s), u"hs"_s);
         QCOMPARE(viewer.key(u"dk"_s)->toolTip(), u"关闭像册"_s);
         QCOMPARE(ViewerWindow::setting(u"当前像册"_s), Variant(u"01"_s));
-        QVERIFY(viewer.find<QAction>(u"mnuCd(1)"_s)->isChecked());
-        QVERIFY(!viewer.find<QAction>(u"mnuCd(0)"_s)->isChecked());
-        QVERIFY(viewer.shows(u"pic0"_s));
-        QVERIFY(viewer.shows(u"shpAn"_s));
+        QVERIFY(viewer.menu(u"mnuCd(1)"_s)->isChecked());
+        QVERIFY(!viewer.menu(u"mnuCd(0)"_s)->isChecked());
+        QVERIFY(viewer.shows(u"pic0"_s) && viewer.shows(u"shpAn"_s));
         QCOMPARE(viewer.image(u"imgAn(1)"_s)->toolTip(), u"风景"_s);
         QVERIFY(!viewer.shows(u"imgAn(3)"_s));  // a button without a picture has no place
     }
@@ -61,8 +59,7 @@ class TestAlbums : public QObject {
         QCOMPARE(viewer.panel(3), QString());
         QCOMPARE(viewer.key(u"dk"_s)->toolTip(), u"打开像册"_s);
         QCOMPARE(ViewerWindow::setting(u"当前像册"_s).textOr(), QString());
-        QVERIFY(!viewer.find<QAction>(u"mnuXs"_s)->isEnabled());
-        QVERIFY(!viewer.find<QAction>(u"mnuTg"_s)->isEnabled());
+        for (const QString& item : {u"mnuXs"_s, u"mnuTg"_s}) QVERIFY(!viewer.menu(item)->isEnabled());
 
         viewer.press(u"dk"_s);
         auto* list = viewer.find<ListBox>(u"lstLs"_s);
@@ -74,10 +71,6 @@ class TestAlbums : public QObject {
         QVERIFY(!list->isVisible());
         QCOMPARE(mekTp::currentTable, u"tc01"_s);
         QCOMPARE(viewer.key(u"dk"_s)->toolTip(), u"合上像册"_s);
-    }
-
-    void lastLineOfTheListOpensThePreset() {
-        const ViewerWindow viewer;
         viewer.press(u"dk"_s);
         viewer.press(u"dk"_s);
         viewer.chooseLine(u" 演 示"_s);
@@ -86,21 +79,17 @@ class TestAlbums : public QObject {
         QVERIFY(viewer.boxes.isEmpty());
     }
 
-    void equalTitlesOpenTheirOwnTables() {
-        const ViewerWindow viewer([] { addAlbum(u"tc03"_s, u"旅行"_s, 4); });
-        viewer.openAlbum(3);
-        QCOMPARE(mekTp::currentTable, u"tc03"_s);
-        viewer.openAlbum(1);
-        QCOMPARE(mekTp::currentTable, u"tc01"_s);
-    }
-
-    void lastAlbumIsFoundByItsPlace() {
+    void albumsAreFoundByTheirPlace() {
         const ViewerWindow viewer([] {
-            addAlbum(u"tc09"_s, u"重号"_s, 3);  // bears the number of the album before it
+            addAlbum(u"tc09"_s, u"旅行"_s, 3);  // bears the title and the number of albums before it
             ViewerWindow::setSetting(u"当前像册"_s, u"09"_s);
         });
         QCOMPARE(mekTp::currentTable, u"tc09"_s);
-        QVERIFY(viewer.find<QAction>(u"mnuCd(3)"_s)->isChecked());
+        QVERIFY(viewer.menu(u"mnuCd(3)"_s)->isChecked());
+        viewer.openAlbum(1);
+        QCOMPARE(mekTp::currentTable, u"tc01"_s);
+        viewer.openAlbum(3);
+        QCOMPARE(mekTp::currentTable, u"tc09"_s);
     }
 
     void moreAlbumsThanAMenuUsedToHold() {
@@ -108,7 +97,6 @@ class TestAlbums : public QObject {
             for (int i = 3; i < 30; ++i) addAlbum(u"tc%1"_s.arg(i, 2, 10, QChar(u'0')), u"第%1册"_s.arg(i), i + 1);
         });
         viewer.openAlbum(29);
-        QCOMPARE(mekTp::currentTable, u"tc29"_s);
         QCOMPARE(viewer.panel(2), u"第29册(tc29) 共 0 张"_s);
     }
 
@@ -125,21 +113,13 @@ class TestAlbums : public QObject {
         QVERIFY(viewer.boxes.isEmpty());
     }
 
-    void damagedAlbumTellsWhatFailed() {
-        const ViewerWindow viewer;
-        mekTp::catalogue.Execute(u"DROP TABLE [tc01]"_s);
-        viewer.openAlbum(1);
-        QCOMPARE(viewer.boxes.size(), 1);
-        QVERIFY(viewer.boxes[0].startsWith(u"错误提示|"_s));
-        QVERIFY(viewer.boxes[0].contains(u"tc01"_s));
-    }
-
     // Nothing of the album before shows under the name of one that does not open.
-    void damagedAlbumAfterAGoodOne() {
+    void damagedAlbumTellsWhatFailed() {
         const OpenPage viewer(2);
         mekTp::catalogue.Execute(u"DROP TABLE [tc02]"_s);
         viewer.openAlbum(2);
         QCOMPARE(viewer.boxes.size(), 1);
+        QVERIFY(viewer.boxes[0].startsWith(u"错误提示|"_s) && viewer.boxes[0].contains(u"tc02"_s));
         viewer.press(u"ty"_s);
         for (int cell = 0; cell < 4; ++cell) QVERIFY(viewer.isEmptyCell(cell));
         viewer.press(u"xy"_s);
@@ -170,9 +150,8 @@ class TestAlbums : public QObject {
         QCOMPARE(viewer.panel(2), u"未打开图册"_s);
         QCOMPARE(viewer.panel(3), QString());
         QVERIFY(viewer.shows(u"pic0"_s));
-        QVERIFY(!viewer.find<QAction>(u"mnuTg"_s)->isEnabled());
-        QVERIFY(!viewer.find<QAction>(u"mnuXs"_s)->isEnabled());
-        QVERIFY(!viewer.find<QAction>(u"mnuCd(1)"_s)->isChecked());
+        for (const QString& item : {u"mnuXs"_s, u"mnuTg"_s}) QVERIFY(!viewer.menu(item)->isEnabled());
+        QVERIFY(!viewer.menu(u"mnuCd(1)"_s)->isChecked());
         viewer.openAlbum(1);  // it can still be looked at
         QCOMPARE(viewer.boxes.size(), 2);
         viewer.press(u"ty"_s);
@@ -206,48 +185,37 @@ class TestAlbums : public QObject {
     }
 
     void cornersPageThroughTheButtons() {
-        const ViewerWindow viewer([] { addButtons(12); });
-        viewer.openAlbum(1);
-        viewer.window->resize(960, 720);  // six buttons to a column
-        QCOMPARE(viewer.image(u"imgAn(0)"_s)->toolTip(), u"全部"_s);
-        QVERIFY(viewer.shows(u"imgXy"_s));
-        QCOMPARE(viewer.image(u"imgSy"_s)->toolTip(), QString());
+        const ManyButtons viewer;
+        const auto verifyFirstPage = [&] {
+            QCOMPARE(viewer.firstButton(), u"全部"_s);
+            QCOMPARE(viewer.upperCorner(), QString());
+            QVERIFY(viewer.shows(u"imgXy"_s));
+        };
+        verifyFirstPage();
         viewer.click(u"imgXy"_s);
-        QCOMPARE(viewer.image(u"imgAn(0)"_s)->toolTip(), u"按钮3"_s);
-        QCOMPARE(viewer.image(u"imgSy"_s)->toolTip(), u" 上一页"_s);
+        QCOMPARE(viewer.firstButton(), u"按钮3"_s);
+        QCOMPARE(viewer.upperCorner(), u" 上一页"_s);
         viewer.click(u"imgXy"_s);
-        QCOMPARE(viewer.image(u"imgAn(0)"_s)->toolTip(), u"按钮9"_s);
-        QVERIFY(!viewer.shows(u"imgXy"_s));
-        QVERIFY(!viewer.shows(u"imgAn(3)"_s));
+        QCOMPARE(viewer.firstButton(), u"按钮9"_s);
+        QVERIFY(!viewer.shows(u"imgXy"_s) && !viewer.shows(u"imgAn(3)"_s));
         viewer.click(u"imgSy"_s);
         viewer.click(u"imgSy"_s);
-        QCOMPARE(viewer.image(u"imgAn(0)"_s)->toolTip(), u"全部"_s);
-        QCOMPARE(viewer.image(u"imgSy"_s)->toolTip(), QString());
-        QVERIFY(viewer.shows(u"imgXy"_s));
-    }
-
-    void lostButtonsLeadBackToTheFirst() {
-        const ViewerWindow viewer([] { addButtons(12); });
-        viewer.openAlbum(1);
-        viewer.window->resize(960, 720);
+        verifyFirstPage();
         mekTp::catalogue.Execute(u"DELETE FROM [tcan] WHERE 序号 >= 10"_s);
-        viewer.click(u"imgXy"_s);
-        QCOMPARE(viewer.image(u"imgAn(0)"_s)->toolTip(), u"全部"_s);
-        QCOMPARE(viewer.image(u"imgSy"_s)->toolTip(), QString());
+        viewer.click(u"imgXy"_s);  // what is gone leads back to the first
+        QCOMPARE(viewer.firstButton(), u"全部"_s);
+        QCOMPARE(viewer.upperCorner(), QString());
     }
 
     void columnGrowsBeyondElevenButtons() {
-        const ViewerWindow viewer([] { addButtons(12); });
-        viewer.openAlbum(1);
+        const ManyButtons viewer;
         viewer.window->resize(960, 1200);
         QVERIFY(viewer.shows(u"imgAn(11)"_s));
         QVERIFY(viewer.boxes.isEmpty());
     }
 
     void rollOver() {
-        const ViewerWindow viewer([] { addButtons(12); });
-        viewer.openAlbum(1);
-        viewer.window->resize(960, 720);
+        const ManyButtons viewer;
         const auto* upper = viewer.find<LineBox>(u"linS"_s);
         const auto* lower = viewer.find<LineBox>(u"linX"_s);
         auto* second = viewer.image(u"imgAn(1)"_s);

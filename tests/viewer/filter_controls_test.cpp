@@ -1,8 +1,4 @@
-#include "../support/run_all.h"
-#include "platform/desktop/placing.h"
 #include "viewer_window.h"
-
-#include <QRadioButton>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -10,6 +6,11 @@ namespace {
 
 struct FilteredPage : OpenPage {
     FilteredPage() : OpenPage(2) {}
+    void chooseNumbers(const QString& choice, const QString& number) const {
+        click(u"txtXh"_s);
+        chooseLine(choice);
+        QTest::keyClicks(box(u"txtXx"_s), number);
+    }
     void chooseDate(int operatorIndex, const QString& digits) const {
         press(u"rq"_s);
         click(element(u"optRq"_s, operatorIndex));
@@ -21,42 +22,32 @@ class TestFilterControls : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void byNumber_data() {
-        QTest::addColumn<QString>("choice");
-        QTest::addColumn<QString>("number");
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<int>("first");
-        QTest::newRow("one") << u"序号="_s << u"7"_s << u" 序号= 7 共1张 共1页 第 4 张"_s << 7;
-        QTest::newRow("above") << u"序号>"_s << u"5"_s << u" 序号> 5 共5张 共2页 第 4 张"_s << 6;
-        QTest::newRow("none below") << u"序号<"_s << u"1"_s << u" 序号< 1 共0张 共0页 第 0 张"_s << 0;
-        QTest::newRow("no number keeps the selection")
-            << u"序号="_s << u"x"_s << u" 序号= x 共10张 共3页 第 4 张"_s << 1;
-    }
     void byNumber() {
-        QFETCH(QString, choice);
-        QFETCH(QString, number);
-        const FilteredPage viewer;
-        viewer.click(u"txtXh"_s);
-        viewer.chooseLine(choice);
-        QCOMPARE(viewer.text(u"txtXh"_s), choice);
-        QCOMPARE(widthOf(viewer.find(u"txtXh"_s)), twipsFromPixels(pixelsFromTwips(950)));
-        QVERIFY(viewer.box(u"txtXx"_s)->hasFocus());
-        QTest::keyClicks(viewer.box(u"txtXx"_s), number);
-        QCOMPARE(viewer.text(u"txtYh"_s), u"1"_s);
-        viewer.enter(u"txtXx"_s);
-        QTEST(viewer.panel(3), "line");
-        QTEST(viewer.pictureIn(0), "first");
-        QVERIFY(viewer.boxes.isEmpty());
+        const std::tuple<QString, QString, QString, int> rows[] = {
+            {u"序号="_s, u"7"_s, u" 序号= 7 共1张 共1页 第 4 张"_s, 7},
+            {u"序号>"_s, u"5"_s, u" 序号> 5 共5张 共2页 第 4 张"_s, 6},
+            {u"序号<"_s, u"1"_s, u" 序号< 1 共0张 共0页 第 0 张"_s, 0},
+            {u"序号="_s, u"x"_s, u" 序号= x 共10张 共3页 第 4 张"_s, 1},  // no number keeps the selection
+        };
+        for (const auto& [choice, number, line, first] : rows) {
+            const FilteredPage viewer;
+            viewer.chooseNumbers(choice, number);
+            QCOMPARE(viewer.text(u"txtXh"_s), choice);
+            QCOMPARE(widthOf(viewer.find(u"txtXh"_s)), twipsFromPixels(pixelsFromTwips(950)));
+            QVERIFY(viewer.box(u"txtXx"_s)->hasFocus());
+            QCOMPARE(viewer.text(u"txtYh"_s), u"1"_s);
+            viewer.enter(u"txtXx"_s);
+            QCOMPARE(viewer.panel(3), line);
+            QCOMPARE(viewer.pictureIn(0), first);
+            QVERIFY(viewer.boxes.isEmpty());
+        }
     }
 
     void anyNumberLeavesTheOldSelection() {
         const FilteredPage viewer;
-        viewer.click(u"txtXh"_s);
-        viewer.chooseLine(u"序号<"_s);
-        QTest::keyClicks(viewer.box(u"txtXx"_s), u"4"_s);
+        viewer.chooseNumbers(u"序号<"_s, u"4"_s);
         QCOMPARE(viewer.panel(3), u" 序号< 4 共3张 共1页"_s);
-        viewer.click(u"txtXh"_s);
-        viewer.chooseLine(u"序号任意"_s);
+        viewer.chooseNumbers(u"序号任意"_s, {});
         QVERIFY(!viewer.shows(u"txtXx"_s));
         QCOMPARE(viewer.panel(3), u"全部 共3张 共1页"_s);
         viewer.chooseButton(0);
@@ -83,19 +74,15 @@ class TestFilterControls : public QObject {
         QCOMPARE(viewer.pictureIn(1), 9);
     }
 
-    void typingHelp_data() {
-        QTest::addColumn<QString>("keys");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("two-digit year") << u"031001"_s << u"2003-10-01"_s;
-        QTest::newRow("last century") << u"851231"_s << u"1985-12-31"_s;
-        QTest::newRow("four-digit year") << u"20150704"_s << u"2015-07-04"_s;
-        QTest::newRow("month of one digit") << u"0351"_s << u"2003-5-1"_s;
-    }
     void typingHelp() {
-        QFETCH(QString, keys);
-        const FilteredPage viewer;
-        viewer.chooseDate(2, keys);
-        QTEST(viewer.text(u"txtR1"_s), "text");
+        for (const auto& [keys, text] : {std::pair(u"031001"_s, u"2003-10-01"_s),
+                                         {u"851231"_s, u"1985-12-31"_s},
+                                         {u"20150704"_s, u"2015-07-04"_s},
+                                         {u"0351"_s, u"2003-5-1"_s}}) {
+            const FilteredPage viewer;
+            viewer.chooseDate(2, keys);
+            QCOMPARE(viewer.text(u"txtR1"_s), text);
+        }
     }
 
     void backspaceTakesTheHelpAway() {
@@ -119,11 +106,8 @@ class TestFilterControls : public QObject {
         QCOMPARE(viewer.panel(3), u"全部 共2张 共1页"_s);  // the selection stays until a button is clicked
         viewer.chooseButton(0);
         QCOMPARE(viewer.panel(2), u"旅行(tc01)[全部] 共 10 张"_s);
-    }
 
-    void nonsenseDateKeepsTheSelection() {
-        const FilteredPage viewer;
-        viewer.chooseDate(2, u"x"_s);
+        viewer.chooseDate(2, u"x"_s);  // no date keeps the selection
         viewer.click(u"cmdRq"_s);
         QCOMPARE(viewer.panel(3), u"日期等于x 共10张 共3页 第 4 张"_s);
         QVERIFY(viewer.boxes.isEmpty());
@@ -156,21 +140,6 @@ class TestFilterControls : public QObject {
                          Qt::LeftButton, {});
         QApplication::sendEvent(dialog, &move);
         QCOMPARE(dialog->pos() - before, QPoint(30, 20));
-    }
-
-    void listsKnowTheirRoles_data() {
-        QTest::addColumn<int>("left");
-        QTest::addColumn<int>("role");
-        QTest::newRow("albums") << 2899 << int(DropList::Role::albums);
-        QTest::newRow("between") << 2900 << int(DropList::Role::none);
-        QTest::newRow("still between") << 3000 << int(DropList::Role::none);
-        QTest::newRow("numbers") << 3001 << int(DropList::Role::numbers);
-        QTest::newRow("numbers to the last") << 4200 << int(DropList::Role::numbers);
-        QTest::newRow("columns") << 4201 << int(DropList::Role::columns);
-    }
-    void listsKnowTheirRoles() {
-        QFETCH(int, left);
-        QTEST(int(DropList::roleAt(left)), "role");
     }
 
     // On its way from the box into the list the mouse crosses the rim of the list.

@@ -1,6 +1,4 @@
-#include "../support/run_all.h"
 #include "platform/base/files.h"
-#include "platform/desktop/placing.h"
 #include "viewer_window.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -15,10 +13,7 @@ class TestFrame : public QObject {
 
     void comesUpWithTheCover() {
         const ViewerWindow viewer([] {
-            Recordset scheme = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcys WHERE 序号 = '0'"_s);
-            scheme.Edit();
-            scheme.Fields(u"窗体"_s).SetValue(u"&H00C0F0FF&"_s);
-            scheme.Update();
+            changeRow(u"SELECT * FROM tcys WHERE 序号 = '0'"_s, {{u"窗体"_s, u"&H00C0F0FF&"_s}});
         });
         QCOMPARE(viewer.window->windowTitle(), u" 览忆集苑"_s);
         QCOMPARE(viewer.text(u"txtWd"_s), u" 览忆集苑"_s);
@@ -27,28 +22,23 @@ class TestFrame : public QObject {
         QCOMPARE(viewer.panel(3), u"全部"_s);
         QVERIFY(viewer.panel(4).contains(u" 周"_s));
         QCOMPARE(viewer.text(u"txtYh"_s), u"0"_s);
-        QVERIFY(viewer.shows(u"pic0"_s));
-        QVERIFY(!viewer.shows(u"imgXs(0)"_s));
-        QVERIFY(viewer.find<QAction>(u"mnuTg"_s)->isEnabled());
-        QVERIFY(viewer.find<QAction>(u"mnuCd(0)"_s)->isChecked());
-        QCOMPARE(viewer.find<QAction>(u"mnuCd(2)"_s)->text(), u"空册"_s);
+        QVERIFY(viewer.shows(u"pic0"_s) && !viewer.shows(u"imgXs(0)"_s));
+        QVERIFY(viewer.menu(u"mnuTg"_s)->isEnabled() && viewer.menu(u"mnuCd(0)"_s)->isChecked());
+        QCOMPARE(viewer.menu(u"mnuCd(2)"_s)->text(), u"空册"_s);
         QCOMPARE(viewer.window->palette().color(QPalette::Window), QColor(0xff, 0xf0, 0xc0));
         QCOMPARE(viewer.find<ShapeBox>(u"shpAb"_s)->fillColor(), QColor(0xe0, 0xe0, 0xe0));
         QVERIFY(viewer.boxes.isEmpty());
     }
 
-    void lastAlbumComesBack_data() {
-        QTest::addColumn<Variant>("stored");
-        QTest::addColumn<QString>("table");
-        QTest::newRow("an album") << Variant(u"01"_s) << u"tc01"_s;
-        QTest::newRow("never any") << Variant() << u"tc00"_s;
-        QTest::newRow("closed at exit") << Variant(u""_s) << u"tc00"_s;
-        QTest::newRow("dropped since") << Variant(u"77"_s) << u"tc00"_s;
-    }
     void lastAlbumComesBack() {
-        QFETCH(Variant, stored);
-        const ViewerWindow viewer([&] { ViewerWindow::setSetting(u"当前像册"_s, stored); });
-        QTEST(mekTp::currentTable, "table");
+        // An album, never any, closed at exit, dropped since.
+        for (const auto& [stored, table] : {std::pair(Variant(u"01"_s), u"tc01"_s),
+                                            {Variant(), u"tc00"_s},
+                                            {Variant(u""_s), u"tc00"_s},
+                                            {Variant(u"77"_s), u"tc00"_s}}) {
+            const ViewerWindow viewer([&last = stored] { ViewerWindow::setSetting(u"当前像册"_s, last); });
+            QCOMPARE(mekTp::currentTable, table);
+        }
     }
 
     void missingCatalogueIsSilent() {
@@ -56,32 +46,24 @@ class TestFrame : public QObject {
             mekTp::catalogue = {};
             Kill(mekTp::cataloguePath());
         });
-        viewer.press(u"xs"_s);
-        viewer.press(u"hd"_s);
-        viewer.press(u"rq"_s);
+        for (const QString& key : {u"xs"_s, u"hd"_s, u"rq"_s}) viewer.press(key);
         viewer.window->resize(1000, 760);
         QVERIFY(viewer.boxes.isEmpty());
-        QCOMPARE(viewer.find<QAction>(u"mnuCd(0)"_s)->text(), u"演示"_s);
+        QCOMPARE(viewer.menu(u"mnuCd(0)"_s)->text(), u"演示"_s);
         QCOMPARE(viewer.window->windowTitle(), u" 览忆集苑（电子像册）"_s);
     }
 
     void emptyScreenPicturesAreFilled() {
         const ViewerWindow viewer([] {
             mekTp::catalogue.Execute(u"DELETE FROM [pmtp]"_s);
-            Recordset demo = mekTp::catalogue.OpenRecordset(u"tc00"_s);
-            for (int i = 17; i <= 19; ++i) {
-                demo.AddNew();
-                demo.Fields(u"序号"_s).SetValue(i);
-                demo.Fields(u"规格"_s).SetValue(u"8 * 6"_s);
-                demo.Fields(u"图片"_s).SetValue(pictureBytes({8, 6}, Qt::red));
-                demo.Update();
-            }
+            for (int i = 17; i <= 19; ++i)
+                addRow(u"tc00"_s,
+                       {{u"序号"_s, i}, {u"规格"_s, u"8 * 6"_s}, {u"图片"_s, pictureBytes({8, 6}, Qt::red)}});
         });
-        Recordset screens = mekTp::catalogue.OpenRecordset(u"SELECT * FROM pmtp ORDER BY [序号]"_s);
-        QCOMPARE(screens.rowCount(), 3);
-        screens.MoveLast();
-        QCOMPARE(screens.Fields(u"序号"_s).Value(), Variant(3));
-        QVERIFY(screens.Fields(u"图片"_s).FieldSize() > 0);
+        QCOMPARE(mekTp::catalogue.OpenRecordset(u"pmtp"_s).rowCount(), 3);
+        const QString last = u"SELECT * FROM pmtp ORDER BY [序号] DESC"_s;
+        QCOMPARE(fieldOf(last, u"序号"_s), Variant(3));
+        QVERIFY(!fieldOf(last, u"图片"_s).toBytes().isEmpty());
     }
 
     void fullScreenIsStoredAndLeft() {
@@ -118,9 +100,9 @@ class TestFrame : public QObject {
     void otherWindows() {
         ViewerWindow viewer;
         viewer.press(u"bj"_s);
-        viewer.find<QAction>(u"mnuSz"_s)->trigger();
+        viewer.menu(u"mnuSz"_s)->trigger();
         QCOMPARE(viewer.windows.handedTo, (QList{WindowKind::settings, WindowKind::settings}));
-        viewer.find<QAction>(u"mnuGy"_s)->trigger();
+        viewer.menu(u"mnuGy"_s)->trigger();
         QCOMPARE(viewer.windows.shown, QList{WindowKind::about});
         viewer.press(u"gb"_s);
         QVERIFY(!viewer.window->isVisible());
@@ -130,12 +112,12 @@ class TestFrame : public QObject {
         ViewerWindow viewer;
         viewer.press(u"bz"_s);
         viewer.window->windowsBeside(true, false);
-        QCOMPARE(viewer.find<QAction>(u"mnuBz"_s)->text(), u"帮助关闭(B)"_s);
+        QCOMPARE(viewer.menu(u"mnuBz"_s)->text(), u"帮助关闭(B)"_s);
         QCOMPARE(viewer.keyImage(u"bz"_s), u"bg"_s);
-        viewer.find<QAction>(u"mnuBz"_s)->trigger();
+        viewer.menu(u"mnuBz"_s)->trigger();
         viewer.window->windowsBeside(false, false);
         QCOMPARE(viewer.key(u"bz"_s)->toolTip(), u"帮助"_s);
-        auto* colours = viewer.find<QAction>(u"mnuCs"_s);
+        auto* colours = viewer.menu(u"mnuCs"_s);
         colours->trigger();
         viewer.window->windowsBeside(false, true);
         QCOMPARE(colours->text(), u"配色关闭(&C)"_s);

@@ -1,4 +1,3 @@
-#include "../support/run_all.h"
 #include "viewer_window.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -28,19 +27,16 @@ class TestKeys : public QObject {
         key(page, Qt::Key_Escape);
         QVERIFY(!isViewing(page));
 
-        key(page, Qt::Key_Right);
-        key(page, Qt::Key_Right);
-        key(page, Qt::Key_Right);
-        key(page, Qt::Key_Left);
+        for (const Qt::Key arrow : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Left}) key(page, arrow);
         QCOMPARE(focus(page), u"imgXs(1)"_s);
         key(page, Qt::Key_Return);
         QVERIFY(isViewing(page));
         QCOMPARE(page.find<CaptionBox>(u"txtB0"_s)->text(), page.image(u"imgXs(1)"_s)->tag());
         // The strip of data comes and goes.
-        key(page, Qt::Key_Space);
-        QVERIFY(!page.shows(u"txtB0"_s));
-        key(page, Qt::Key_Space);
-        QVERIFY(page.shows(u"txtB0"_s));
+        for (const bool shown : {false, true}) {
+            key(page, Qt::Key_Space);
+            QCOMPARE(page.shows(u"txtB0"_s), shown);
+        }
     }
 
     /// Drawing a page hides the cells for a moment: the focus must not fall into a box that keys write into.
@@ -57,20 +53,13 @@ class TestKeys : public QObject {
         QCOMPARE(focus(page), u"imgXs(0)"_s);
     }
 
-    void digitsChooseColumns_data() {
-        QTest::addColumn<int>("digit");
-        QTest::addColumn<QString>("columns");
-        QTest::newRow("one") << int(Qt::Key_1) << u"1列"_s;
-        QTest::newRow("six") << int(Qt::Key_6) << u"6列"_s;
-        QTest::newRow("seven is none") << int(Qt::Key_7) << u"2列"_s;
-    }
     void digitsChooseColumns() {
-        QFETCH(int, digit);
         const OpenPage page(2);
-        key(page, Qt::Key(digit));
-        QTEST(page.text(u"txtLs"_s), "columns");
-        const int columns = page.text(u"txtLs"_s).left(1).toInt();
-        QVERIFY(page.shows(u"imgXs(%1)"_s.arg(columns * columns - 1)));
+        for (const auto& [digit, columns] : {std::pair(Qt::Key_7, 2), {Qt::Key_6, 6}, {Qt::Key_3, 3}}) {
+            key(page, digit);
+            QCOMPARE(page.text(u"txtLs"_s), u"%1列"_s.arg(columns));
+            QVERIFY(page.shows(u"imgXs(%1)"_s.arg(columns * columns - 1)));
+        }
     }
 
     void spaceStopsTheShowAndGoesOn() {
@@ -101,10 +90,7 @@ class TestKeys : public QObject {
         key(page, Qt::Key_Escape);
         QVERIFY(!page.shows(u"lstLs"_s));
         QCOMPARE(focus(page), u"txtLs"_s);
-        key(page, Qt::Key_F4);
-        key(page, Qt::Key_Down);
-        key(page, Qt::Key_Down);
-        key(page, Qt::Key_Return);
+        for (const Qt::Key next : {Qt::Key_F4, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) key(page, next);
         QCOMPARE(page.text(u"txtLs"_s), u"3列"_s);
 
         page.key(u"dk"_s)->setFocus();
@@ -122,24 +108,18 @@ class TestKeys : public QObject {
         QCOMPARE(focus(view), u"imgAn(1)"_s);
     }
 
-    void smallDialogsTakeTheFocus_data() {
-        QTest::addColumn<QString>("opener");
-        QTest::addColumn<QString>("dialog");
-        QTest::newRow("date") << u"rq"_s << u"picRq"_s;
-        QTest::newRow("interval") << u"sj"_s << u"picYc"_s;
-    }
     void smallDialogsTakeTheFocus() {
-        QFETCH(QString, opener);
-        QFETCH(QString, dialog);
         const OpenPage page(1);
-        page.key(opener)->setFocus();
-        key(page, Qt::Key_Return);
-        QVERIFY(page.find(dialog)->isAncestorOf(page.window->focusWidget()));
-        key(page, Qt::Key_2);
-        QCOMPARE(page.text(u"txtLs"_s), u"1列"_s);
-        key(page, Qt::Key_Escape);
-        QVERIFY(!page.shows(dialog));
-        QVERIFY(qobject_cast<QLineEdit*>(page.window->focusWidget()) == nullptr);
+        for (const auto& [opener, dialog] : {std::pair(u"rq"_s, u"picRq"_s), {u"sj"_s, u"picYc"_s}}) {
+            page.key(opener)->setFocus();
+            key(page, Qt::Key_Return);
+            QVERIFY(page.find(dialog)->isAncestorOf(page.window->focusWidget()));
+            key(page, Qt::Key_2);
+            QCOMPARE(page.text(u"txtLs"_s), u"1列"_s);
+            key(page, Qt::Key_Escape);
+            QVERIFY(!page.shows(dialog));
+            QVERIFY(qobject_cast<QLineEdit*>(page.window->focusWidget()) == nullptr);
+        }
     }
 };
 

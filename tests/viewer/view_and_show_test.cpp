@@ -1,8 +1,4 @@
-#include "../support/run_all.h"
-#include "platform/desktop/placing.h"
 #include "viewer_window.h"
-
-#include <QSlider>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -12,9 +8,21 @@ void tick(const ViewerWindow& viewer) {
     QMetaObject::invokeMethod(viewer.find<QTimer>(u"tmr2"_s), "timeout");
 }
 
-void setInterval(int milliseconds) {
-    ViewerWindow::setSetting(u"幻灯延时"_s, milliseconds);
+bool isShowing(const ViewerWindow& viewer) {
+    return viewer.keyImage(u"hd"_s) == u"hb";
 }
+
+bool ticks(const ViewerWindow& viewer) {
+    return viewer.find<QTimer>(u"tmr2"_s)->isActive();
+}
+
+/// One picture, with the interval of the show in milliseconds.
+struct Show : OpenPage {
+    explicit Show(int interval, bool repeats = false) : OpenPage(1) {
+        setSetting(u"幻灯延时"_s, interval);
+        setSetting(u"幻灯循环"_s, repeats);
+    }
+};
 
 class TestViewAndShow : public QObject {
     Q_OBJECT
@@ -27,7 +35,11 @@ class TestViewAndShow : public QObject {
         const int width = widthOf(viewer.window.get()) - 2130;
         QCOMPARE(viewer.image(u"img0"_s)->geometry(), rectFromTwips(0, 0, width, roundHalfEven(width / 2.0)));
         QCOMPARE(viewer.image(u"img0"_s)->picture().pixels(), QSize(100, 50));
-        for (const QString& key : {u"ty"_s, u"sy"_s, u"xy"_s, u"hy"_s}) QVERIFY(!viewer.key(key)->isEnabled());
+        const auto pagingIs = [&](bool enabled) {
+            for (const QString& key : {u"ty"_s, u"sy"_s, u"xy"_s, u"hy"_s})
+                QCOMPARE(viewer.key(key)->isEnabled(), enabled);
+        };
+        pagingIs(false);
         QVERIFY(viewer.key(u"yd"_s)->isEnabled());
         auto* strip = viewer.find<CaptionBox>(u"txtB0"_s);
         QVERIFY(strip->isVisible());
@@ -38,7 +50,7 @@ class TestViewAndShow : public QObject {
         QVERIFY(strip->isVisible());
         QTest::mouseRelease(viewer.find(u"img0"_s), Qt::LeftButton);
         QVERIFY(!viewer.shows(u"pic0"_s));
-        for (const QString& key : {u"ty"_s, u"sy"_s, u"xy"_s, u"hy"_s}) QVERIFY(viewer.key(key)->isEnabled());
+        pagingIs(true);
         QCOMPARE(viewer.pictureIn(3), 4);
     }
 
@@ -75,6 +87,10 @@ class TestViewAndShow : public QObject {
         QCOMPARE(four.image(u"img0"_s)->picture().pixels(), QSize(100, 50));
         four.press(u"yd"_s);
         QCOMPARE(four.image(u"img0"_s)->size(), QSize(100, 50));
+        const OpenPage other(2);
+        other.openAlbum(0);  // the page still shows the album that it was drawn from
+        other.openPicture(3);
+        QCOMPARE(other.image(u"img0"_s)->picture().pixels(), QSize(100, 50));
         const OpenPage single(1);
         single.chooseColumns(2);
         single.openPicture(0);
@@ -90,30 +106,15 @@ class TestViewAndShow : public QObject {
         QVERIFY(viewer.key(u"ty"_s)->isEnabled());
     }
 
-    // The page still shows the album that it was drawn from when another one has been opened.
-    void viewBelongsToThePagesAlbum() {
-        const OpenPage viewer(2);
-        viewer.openAlbum(0);
-        viewer.openPicture(3);
-        QCOMPARE(viewer.image(u"img0"_s)->picture().pixels(), QSize(100, 50));
-    }
-
-    void drawingEndsTheView() {
-        const OpenPage viewer(2);
-        viewer.openPicture(0);
-        viewer.press(u"xs"_s);
-        QVERIFY(!viewer.shows(u"pic0"_s));
-        QVERIFY(viewer.key(u"xy"_s)->isEnabled());
-        QVERIFY(!viewer.shows(u"txtB0"_s));
-    }
-
-    void viewFollowsTheWindow() {
+    void viewFollowsTheWindowAndEndsWithThePage() {
         const OpenPage viewer(2);
         viewer.openPicture(3);
         viewer.window->resize(1100, 800);
-        QVERIFY(viewer.shows(u"pic0"_s));
+        QVERIFY(viewer.shows(u"pic0"_s) && !viewer.key(u"ty"_s)->isEnabled());
         QCOMPARE(widthOf(viewer.image(u"img0"_s)), 1100 * 15 - 2130);
-        QVERIFY(!viewer.key(u"ty"_s)->isEnabled());
+        viewer.press(u"xs"_s);
+        QVERIFY(!viewer.shows(u"pic0"_s) && !viewer.shows(u"txtB0"_s));
+        QVERIFY(viewer.key(u"xy"_s)->isEnabled());
     }
 
     void originalSizeStepsBackOnAOnePicturePage() {
@@ -135,18 +136,17 @@ class TestViewAndShow : public QObject {
     }
 
     void showEndsAfterTheLastPicture() {
-        const OpenPage viewer(1);
-        setInterval(1);
+        const Show viewer(1);
         viewer.press(u"hd"_s);
-        QCOMPARE(viewer.keyImage(u"hd"_s), u"hb"_s);
+        QVERIFY(isShowing(viewer));
         QCOMPARE(viewer.key(u"hd"_s)->toolTip(), u"关闭幻灯"_s);
         QTRY_COMPARE(viewer.keyImage(u"hd"_s), u"hd"_s);
         QCOMPARE(viewer.key(u"hd"_s)->toolTip(), u"幻灯"_s);
         QCOMPARE(viewer.pictureIn(0), 10);
-        QVERIFY(!viewer.find<QTimer>(u"tmr2"_s)->isActive());
+        QVERIFY(!ticks(viewer));
 
         // From the end it begins anew.
-        setInterval(5000);
+        ViewerWindow::setSetting(u"幻灯延时"_s, 5000);
         viewer.press(u"hd"_s);
         QCOMPARE(viewer.text(u"txtYh"_s), u"0"_s);
         tick(viewer);
@@ -154,61 +154,45 @@ class TestViewAndShow : public QObject {
     }
 
     void showStartsOver() {
-        const OpenPage viewer(1);
-        setInterval(5000);
-        ViewerWindow::setSetting(u"幻灯循环"_s, true);
+        const Show viewer(5000, true);
         viewer.press(u"xy"_s);
         viewer.press(u"hd"_s);
         for (const int picture : {3, 4, 5, 6, 7, 8, 9, 10, 1, 2}) {
             tick(viewer);
             QCOMPARE(viewer.pictureIn(0), picture);
         }
-        QCOMPARE(viewer.keyImage(u"hd"_s), u"hb"_s);
+        QVERIFY(isShowing(viewer));
         viewer.press(u"hd"_s);
-        QCOMPARE(viewer.keyImage(u"hd"_s), u"hd"_s);
-        QVERIFY(!viewer.find<QTimer>(u"tmr2"_s)->isActive());
+        QVERIFY(!isShowing(viewer) && !ticks(viewer));
     }
 
     void showOfNothingEnds() {
-        const ViewerWindow viewer;
+        const Show viewer(1, true);
         viewer.openAlbum(2);
-        setInterval(1);
-        ViewerWindow::setSetting(u"幻灯循环"_s, true);
         viewer.press(u"hd"_s);
-        QTRY_COMPARE(viewer.keyImage(u"hd"_s), u"hd"_s);
+        QTRY_VERIFY(!isShowing(viewer));
         QVERIFY(viewer.boxes.isEmpty());
     }
 
-    void closedWindowStandsStill() {
-        const OpenPage viewer(1);
-        setInterval(5000);
-        viewer.press(u"hd"_s);
-        QVERIFY(viewer.find<QTimer>(u"tmr2"_s)->isActive());
-        viewer.window->close();
-        QVERIFY(!viewer.find<QTimer>(u"tmr1"_s)->isActive());
-        QVERIFY(!viewer.find<QTimer>(u"tmr2"_s)->isActive());
-    }
+    void whatStopsTheShow() {
+        const Show closed(5000);
+        closed.press(u"hd"_s);
+        QVERIFY(ticks(closed));
+        closed.window->close();
+        QVERIFY(!closed.find<QTimer>(u"tmr1"_s)->isActive() && !ticks(closed));
 
-    void zeroIntervalStandsStill() {
-        const OpenPage viewer(1);
-        setInterval(0);
-        viewer.press(u"hd"_s);
-        QCOMPARE(viewer.keyImage(u"hd"_s), u"hb"_s);
-        QVERIFY(!viewer.find<QTimer>(u"tmr2"_s)->isActive());
-    }
+        const Show endless(0);
+        endless.press(u"hd"_s);
+        QVERIFY(isShowing(endless) && !ticks(endless));
 
-    void moreColumnsEndTheShow() {
-        const OpenPage viewer(1);
-        setInterval(5000);
-        viewer.press(u"hd"_s);
-        viewer.chooseColumns(2);
-        QCOMPARE(viewer.keyImage(u"hd"_s), u"hd"_s);
-        QVERIFY(!viewer.key(u"hd"_s)->isEnabled());
+        const Show columns(5000);
+        columns.press(u"hd"_s);
+        columns.chooseColumns(2);
+        QVERIFY(!isShowing(columns) && !columns.key(u"hd"_s)->isEnabled());
     }
 
     void showDialog() {
-        const OpenPage viewer(1);
-        setInterval(1234);
+        const Show viewer(1234);
         viewer.press(u"sj"_s);
         QVERIFY(viewer.shows(u"picYc"_s));
         auto* slider = viewer.find<QSlider>(u"sliSj"_s);

@@ -1,27 +1,18 @@
 #pragma once
 
+#include "../support/recording_windows.h"
+#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
 #include "platform/desktop/image_box.h"
 #include "platform/desktop/message_box.h"
+#include "platform/desktop/placing.h"
 #include "platform/desktop/shapes.h"
 #include "platform/desktop/text_box.h"
 #include "viewer/frm_tp.h"
 
 #include <QtTest/QtTest>
-
-/// Remembers what the window asked of the other windows.
-class RecordingWindows : public Windows {
-  public:
-    void handOver(WindowKind, WindowKind to) override { handedTo << to; }
-    void show(WindowKind window) override { shown << window; }
-    void unload(WindowKind window) override { unloaded << window; }
-    void showHelp(const QString& topic) override { topics << topic; }
-    void endProgram() override {}
-
-    QList<WindowKind> handedTo, shown, unloaded;
-    QStringList topics;
-};
+#include <QtWidgets/QtWidgets>
 
 /// The main window on a small catalogue, with its controls by name. Message boxes are collected instead of shown.
 class ViewerWindow {
@@ -48,6 +39,7 @@ class ViewerWindow {
     ImageBox* image(const QString& name) const { return find<ImageBox>(name); }
     TextBox* box(const QString& name) const { return find<TextBox>(name); }
     QToolButton* key(const QString& key) const { return find<QToolButton>(QStringLiteral("tlb1:") + key); }
+    QAction* menu(const QString& name) const { return find<QAction>(name); }
     QString keyImage(const QString& name) const { return find<ToolBar>(QStringLiteral("tlb1"))->image(name); }
     QString panel(int number) const { return find<QLabel>(QStringLiteral("sta1:%1").arg(number))->text(); }
     QString text(const QString& name) const { return box(name)->text(); }
@@ -63,7 +55,7 @@ class ViewerWindow {
 
     void press(const QString& name) const { QTest::mouseClick(key(name), Qt::LeftButton); }
     void click(const QString& name) const { QTest::mouseClick(find(name), Qt::LeftButton); }
-    void openAlbum(int index) const { find<QAction>(QStringLiteral("mnuCd(%1)").arg(index))->trigger(); }
+    void openAlbum(int index) const { menu(QStringLiteral("mnuCd(%1)").arg(index))->trigger(); }
     void chooseButton(int index) const { click(QStringLiteral("imgAn(%1)").arg(index)); }
     void chooseColumns(int columns) const { box(QStringLiteral("txtLs"))->setText(QString::number(columns) + u'列'); }
     void enter(const QString& name) const { QTest::keyClick(find(name), Qt::Key_Return); }
@@ -72,14 +64,9 @@ class ViewerWindow {
         const auto* item = list->findItems(line, Qt::MatchExactly).constFirst();
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
     }
-    static Variant setting(const QString& column) {
-        return mekTp::catalogue.OpenRecordset(QStringLiteral("tcsz")).Fields(column).Value();
-    }
+    static Variant setting(const QString& column) { return fieldOf(QStringLiteral("tcsz"), column); }
     static void setSetting(const QString& column, const Variant& value) {
-        Recordset settings = mekTp::catalogue.OpenRecordset(QStringLiteral("tcsz"));
-        settings.Edit();
-        settings.Fields(column).SetValue(value);
-        settings.Update();
+        changeRow(QStringLiteral("tcsz"), {{column, value}});
     }
 
     bool isEmptyCell(int cell) const {

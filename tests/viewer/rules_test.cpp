@@ -1,0 +1,209 @@
+#include "../support/run_all.h"
+#include "viewer/clock.h"
+#include "viewer/drop_list.h"
+#include "viewer/filters.h"
+#include "viewer/page_layout.h"
+#include "viewer/tags.h"
+#include "viewer/window_layout.h"
+
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// What the main window computes without widgets: places, conditions, texts.
+class TestViewerRules : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void cells() {
+        const std::tuple<int, int, int, QSize> rows[] = {
+            {12240, 1, 1, {12110, 9082}},   // half to even
+            {12240, 4, 2, {6015, 4511}},    //
+            {12240, 9, 3, {3983, 2987}},    // rounded down
+            {12240, 25, 5, {2358, 1768}},   //
+            {12240, 36, 6, {1952, 1464}},   // rounded up
+            {52840, 1, 1, {52710, 39532}},  // wider than 16 bits
+        };
+        for (const auto& [area, pictures, columns, cell] : rows) {
+            const CellGrid grid = cellGrid(area, pictures);
+            QCOMPARE(grid.columns, columns);
+            QCOMPARE(QSize(grid.cellWidth, grid.cellHeight), cell);
+        }
+    }
+
+    void fit() {
+        const std::tuple<QSize, bool, QSize> rows[] = {
+            {{300, 200}, false, {9870, 6580}},   // wide fills the width
+            {{300, 200}, true, {4500, 3000}},    //
+            {{3000, 2000}, true, {9870, 6580}},  // larger than the room in original size
+            {{133, 100}, false, {9870, 7421}},   // exactly 1.33 is wide
+            {{132, 100}, false, {9768, 7400}},   // below it is tall
+            {{100, 100}, false, {7400, 7400}},   //
+            {{100, 100}, true, {1500, 1500}},    //
+            {{32767, 100}, false, {9870, 30}},   // longest side
+        };
+        for (const auto& [pixels, original, fitted] : rows) QCOMPARE(fittedSize(pixels, 9870, 7400, original), fitted);
+    }
+
+    void boxesOfACell() {
+        const CellGrid grid{2, 6015, 4511};
+        const QSize fitted(6015, 4010);
+        QCOMPARE(pictureBox(grid, 3, fitted), (Box{6155, 4651, 6015, 4010}));
+        QCOMPARE(frameBox(grid, 3, fitted), (Box{6135, 4621, 6075, 4070}));
+        // The right column's caption stands 20 twips further right than its picture does.
+        QCOMPARE(captionBox(grid, 3), (Box{6185, 8882, 6005, 270}));
+        QCOMPARE(captionBox({2, 5999, 4499}, 0), (Box{70, 4119, 5989, 450}));
+    }
+
+    void numbersOfPagesAndColumns() {
+        for (const auto [pictures, perPage, pages] : {std::array{10, 4, 3}, {8, 4, 2}, {0, 4, 0}, {1, 36, 1}})
+            QCOMPARE(pagesFor(pictures, perPage), pages);
+        const std::pair<QString, int> typed[] = {{u"1列"_s, 1}, {u"6列"_s, 6}, {u"7列"_s, 6}, {u""_s, 0},
+                                                 {u"列"_s, 0},  {u"0列"_s, 0}, {u"-2"_s, 0}};
+        for (const auto& [text, columns] : typed) QCOMPARE(columnsFromText(text), columns);
+        QCOMPARE(firstIndexOfPage(3, 4), 8);
+        QCOMPARE(firstIndexOfPage(2.5, 4), 6);
+        QCOMPARE(firstIndexOfPage(1e15, 36), 1'000'000'000);
+    }
+
+    void windowAt960By720() {
+        const WindowLayout layout = windowLayout(14400, 10800, 0);
+        QCOMPARE(layout.page, (Box{1950, 510, 12240, 9210}));
+        QCOMPARE(layout.right, (LineEnds{14210, 510, 14210, 9730}));
+        const std::pair<int, int> lengths[] = {{layout.buttonStripHeight, 8415},
+                                               {layout.outerFrame.height, 9210},
+                                               {layout.innerFrame.top, 570},
+                                               {layout.innerFrame.height, 9095},
+                                               {layout.top.x2, 14210},
+                                               {layout.top.y1, 480},
+                                               {layout.left.y1, 490},
+                                               {layout.bottom.x2, 14200},
+                                               {layout.bottom.y1, 9730},
+                                               {layout.messagePanelWidth, 7450}};
+        for (const auto& [length, expected] : lengths) QCOMPARE(length, expected);
+    }
+
+    void highTitleBarRaisesEverything() {
+        const auto heights = [](int raise) {
+            const WindowLayout layout = windowLayout(14400, 10800, raise);
+            return QList{layout.page.top, layout.outerFrame.top, layout.innerFrame.top, layout.top.y1,
+                         layout.left.y2,  layout.bottom.y1,      layout.right.y1};
+        };
+        const QList<int> usual = heights(0), raised = heights(60);
+        for (int i = 0; i < usual.size(); ++i) QCOMPARE(raised[i], usual[i] - 60);
+        QCOMPARE(windowLayout(14400, 10800, 60).page.height, windowLayout(14400, 10800, 0).page.height);
+    }
+
+    void stripDoesNotOverlap() {
+        constexpr int button = 390;
+        constexpr int endOfDateButton = 4780 + button;
+        for (const int pixels : {800, 960, 1366, 1920}) {
+            const StripLayout strip = stripLayout(pixels * 15);
+            const std::pair<int, int> endsAndBegins[] = {
+                {endOfDateButton, strip.titleLeft},       {strip.titleLeft + strip.titleWidth, strip.draw},
+                {strip.draw + button, strip.columns},     {strip.columns + 405, strip.show},
+                {strip.show + button, strip.interval},    {strip.interval + button, strip.captions},
+                {strip.original + button, strip.help},    {strip.help + button, strip.leave},
+                {strip.leave + button, pixels * 15 - 200}};
+            for (const auto& [end, begin] : endsAndBegins)
+                QVERIFY2(end <= begin, qPrintable(u"%1: %2, %3"_s.arg(pixels).arg(end).arg(begin)));
+            QVERIFY(strip.titleWidth > 0);
+            QVERIFY(strip.columns + 70 > 4200);  // the drop-down there must not be taken for another one
+        }
+        const StripLayout narrow = stripLayout(480 * 15);
+        QVERIFY(narrow.draw >= endOfDateButton && narrow.draw + button <= narrow.columns);
+        QCOMPARE(narrow.titleWidth, 0);
+    }
+
+    void buttonSlots() {
+        // Four, one short of four, the usual window, more than eleven, none.
+        for (const auto [height, slotCount, gap] :
+             {std::array{5000, 4, 20}, {4990, 3, 22}, {8415, 6, 152}, {15015, 12, 24}, {940, 0, 940}}) {
+            const ButtonColumn column = buttonColumn(height);
+            QCOMPARE(column.slots, slotCount);
+            QCOMPARE(column.gap, gap);
+            QCOMPARE(column.topOf(2), 405 + column.gap + 2 * (column.gap + 1225));
+        }
+    }
+
+    void selections() {
+        const QString date = u" DateValue(日期) > #2003-10-01#"_s;
+        const std::tuple<QString, QString, QString, QString> rows[] = {
+            {u"x"_s, u""_s, u"序号 = 7"_s, u"InStr(编号,'x') > 0 And 序号 = 7"_s},
+            {u"x"_s, u""_s, u""_s, u"InStr(编号,'x') > 0"_s},
+            {u"x"_s, date, u"序号 < 7"_s, u"InStr(编号,'x') > 0 And "_s + date + u" And 序号 < 7"_s},
+            {u"'"_s, u""_s, u""_s, u"InStr(编号,'''') > 0"_s},
+            {u"v"_s, date, u"序号 > 5"_s, date + u" And 序号 > 5"_s},
+            {u"v"_s, date, u""_s, date},
+            {u"v"_s, u""_s, u"序号 > 5"_s, u"序号 > 5"_s},
+            {u"v"_s, u""_s, u""_s, u""_s},  // is refused by the engine
+        };
+        for (const auto& [code, dates, numbers, condition] : rows)
+            QCOMPARE(selectionSql(u"tc05"_s, code, dates, numbers),
+                     u"SELECT * FROM tc05 WHERE "_s + condition + u" ORDER BY [序号]"_s);
+        QCOMPARE(buttonSql(u"tc05"_s, u"v"_s), u"SELECT * FROM tc05 ORDER BY [序号]"_s);
+        QCOMPARE(buttonSql(u"tc05"_s, u"x"_s), u"SELECT * FROM tc05 WHERE  InStr(编号,'x') > 0 ORDER BY [序号]"_s);
+        QCOMPARE(numberCondition(u"序号>"_s, u"5"_s), u"序号 > 5"_s);
+        for (const QString& any : {u"序号任意"_s, u"序号"_s}) QCOMPARE(numberCondition(any, u"5"_s), QString());
+        QCOMPARE(dateConditionFor(0, u"2003-10-01"_s), u" DateValue(日期) < #2003-10-01#"_s);
+        QCOMPARE(dateConditionFor(2, u"2003-10-01"_s), u" DateValue(日期) = #2003-10-01#"_s);
+    }
+
+    void pageLine() {
+        const QString day = u"2003-10-01"_s;
+        const QString date = dateConditionFor(1, day);
+        QCOMPARE(pageStatus({date, 1, day, u"序号 > 5"_s}, 3, 1), u"日期晚于2003-10-01 序号> 5 共3张 共1页"_s);
+        QCOMPARE(pageStatus({date, 0, day, {}}, 0, 0), u"日期早于2003-10-01 共0张 共0页"_s);
+        QCOMPARE(pageStatus({{}, 0, day, u"序号 = 7"_s}, 1, 1), u" 序号= 7 共1张 共1页"_s);
+        QCOMPARE(pageStatus({{}, 0, {}, {}}, 10, 3), u"全部 共10张 共3页"_s);
+    }
+
+    void typedDates() {
+        const std::tuple<QString, QString, int> rows[] = {
+            {u"03"_s, u"2003--"_s, 5},
+            {u"85"_s, u"1985--"_s, 5},
+            {u"10"_s, u"10"_s, -1},  // may be the beginning of a year
+            {u"20"_s, u"20"_s, -1},  // may be, too
+            {u"21"_s, u"1921--"_s, 5},
+            {u"2015"_s, u"2015--"_s, 5},
+            {u"2003-1-"_s, u"2003-1-"_s, -1},
+            {u"2003-5-"_s, u"2003-5-"_s, 8},
+            {u"2003-10-"_s, u"2003-10-"_s, 8},
+            {u"2003-10-01"_s, u"2003-10-01"_s, -1},
+        };
+        for (const auto& [typed, text, caret] : rows) {
+            const TypedDate helped = helpTypedDate(typed);
+            QCOMPARE(helped.text, text);
+            QCOMPARE(helped.caret, caret);
+        }
+    }
+
+    void numbersInTags() {
+        QCOMPARE(numberInTag(u"序号：12 3.5KB 640 * 480 2003年10月01日 12:30:00 山"_s), u"12"_s);
+        QCOMPARE(numberInTag(u"序号：3 KB   "_s), u"3"_s);
+        QCOMPARE(numberInTag(u""_s), u""_s);
+    }
+
+    void listsKnowTheirRoles() {
+        using enum DropList::Role;
+        for (const auto& [left, role] :
+             {std::pair(2899, albums), {2900, none}, {3000, none}, {3001, numbers}, {4200, numbers}, {4201, columns}})
+            QCOMPARE(int(DropList::roleAt(left)), int(role));
+    }
+
+    void clock() {
+        QCOMPARE(clockText(QDateTime(QDate(2003, 10, 1), QTime(9, 5, 7))), u"2003年10月01日 09:05:07 周三"_s);
+        QCOMPARE(clockText(QDateTime(QDate(2003, 10, 5), QTime(23, 59, 59))), u"2003年10月05日 23:59:59 周日"_s);
+        QCOMPARE(titleColours(QTime(1, 1, 30)), (TitleColours{QColor(0, 0, 170), QColor(0, 255, 192)}));
+        QCOMPARE(titleColours(QTime(1, 1, 38)), (TitleColours{QColor(255, 0, 0), QColor(255, 192, 192)}));
+        QCOMPARE(titleColours(QTime(1, 1, 6)), (TitleColours{QColor(255, 0, 255), QColor(255, 210, 255)}));
+    }
+};
+
+const Registered<TestViewerRules> registered;
+
+}  // namespace
+
+#include "rules_test.moc"
