@@ -20,38 +20,67 @@ Recordset newestRow(const QString& number) {
     return rows;
 }
 
-}  // namespace
-
-/// Stores a picture in a record.
-void bcsk(const QImage& image, Recordset& recordset, EditorState& state) {
-    const QByteArray bytes = encodeJpeg(image, jpegQuality);
+void storeJpeg(const QByteArray& bytes, Recordset& recordset, EditorState& state) {
     state.savedSize = bytes.size();
     recordset.Edit();
     storePictureBytes(recordset.Fields(pictureColumn), bytes);
     recordset.Update();
 }
 
+}  // namespace
+
+/// Stores a picture in a record.
+void bcsk(const QImage& image, Recordset& recordset, EditorState& state) {
+    storeJpeg(encodeJpeg(image, jpegQuality), recordset, state);
+}
+
 UndoHistory::UndoHistory(EditorState& state, Commands& commands, EditorView& view, OperationDialog& dialog)
     : QObject(view.picCq), state_(state), commands_(commands), view_(view), dialog_(dialog) {}
 
 void UndoHistory::start() {
-    if (!state_.undoing) {
-        state_.stepNumber = 0;
-        state_.stepTrail = StepTrail(state_.editState);
-    }
-    cxcz();
+    if (state_.undoing) return;
+    finishFirst();
+    state_.stepNumber = 0;
+    state_.stepTrail = StepTrail(state_.editState);
+    const QString number = nextStep();
+    if (!attempt([&] { writeRow(number); })) return;
+    first_ = std::async(std::launch::async, [this, image = view_.picYu->Image()] {
+        const QByteArray bytes = encodeJpeg(image, jpegQuality);
+        QMetaObject::invokeMethod(this, &UndoHistory::finishFirst, Qt::QueuedConnection);
+        return bytes;
+    });
+}
+
+/// Stores the picture of the first step, for which the row is there already.
+void UndoHistory::finishFirst() {
+    if (!first_.valid()) return;
+    attempt([&] {
+        const QByteArray bytes = first_.get();
+        Recordset row = newestRow(StepTrail::stepText(1));
+        storeJpeg(bytes, row, state_);
+    });
+}
+
+QString UndoHistory::nextStep() {
+    state_.stepTrail.push(++state_.stepNumber);
+    return StepTrail::stepText(state_.stepNumber);
 }
 
 /// Records the picture on screen as a step. A step that cannot be written never stops the work on the picture.
 void UndoHistory::cxcz() {
     if (state_.undoing) return;
-    ++state_.stepNumber;
-    state_.stepTrail.push(state_.stepNumber);
-    attempt([&] { writeStep(StepTrail::stepText(state_.stepNumber)); });
+    finishFirst();
+    const QString number = nextStep();
+    attempt([&] {
+        Transaction step(mekTp::catalogue);
+        writeRow(number);
+        Recordset stored = newestRow(number);
+        attempt([&] { bcsk(view_.picYu->Image(), stored, state_); });
+        step.commit();
+    });
 }
 
-void UndoHistory::writeStep(const QString& number) {
-    Transaction step(mekTp::catalogue);
+void UndoHistory::writeRow(const QString& number) {
     Recordset rows = mekTp::catalogue.OpenRecordset(u"tccx"_s);
     rows.AddNew();
     const std::pair<QString, Variant> values[] = {
@@ -64,18 +93,17 @@ void UndoHistory::writeStep(const QString& number) {
     };
     for (const auto& [column, value] : values) attempt([&] { rows.Fields(column).SetValue(value); });
     rows.Update();
-    Recordset stored = newestRow(number);
-    attempt([&] { bcsk(view_.picYu->Image(), stored, state_); });
-    step.commit();
 }
 
 void UndoHistory::clear() {
+    finishFirst();
     mekTp::catalogue.Execute(u"DELETE FROM [tccx]"_s);
 }
 
 void UndoHistory::mnuCxClick() {
     if (!view_.picCs->isHidden()) return;  // the picture is out of sight, and its steps are gone
     state_.undoing = true;
+    finishFirst();
     view_.picYu->show();  // a paint that failed has left it hidden
     if (!view_.shpYu->isHidden()) {
         view_.shpYu->hide();

@@ -3,6 +3,8 @@
 #include "editor/operation_dialog.h"
 #include "platform/database/recordset.h"
 
+#include <future>
+
 /// The steps of the session in the table `tccx`: every one a whole picture as JPEG, so taking back computes nothing.
 class UndoHistory : public QObject {
     Q_OBJECT
@@ -10,7 +12,8 @@ class UndoHistory : public QObject {
   public:
     UndoHistory(EditorState& state, Commands& commands, EditorView& view, OperationDialog& dialog);
 
-    /// Starts a trail with the picture just loaded (unless `undoing`).
+    /// Starts a trail with the picture just loaded (unless `undoing`). Its JPEG is made while the person looks at the
+    /// picture, and stored before anything else happens to the steps.
     void start();
     /// Records a step; a no-op while `undoing`.
     void cxcz();
@@ -23,7 +26,9 @@ class UndoHistory : public QObject {
     void emptied();  ///< The load itself was taken back: the window is to become empty.
 
   private:
-    void writeStep(const QString& number);
+    QString nextStep();
+    void writeRow(const QString& number);
+    void finishFirst();
     void pop();
     void restore(const QString& number);
 
@@ -31,6 +36,7 @@ class UndoHistory : public QObject {
     Commands& commands_;
     EditorView& view_;
     OperationDialog& dialog_;
+    std::future<QByteArray> first_;  ///< The JPEG of the first step, until it is stored.
 };
 
 /// Stores a surface's picture as a JPEG of quality 80 in 图片 of the recordset's current row and updates the row. Tells
