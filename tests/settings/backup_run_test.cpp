@@ -93,6 +93,14 @@ class Backup {
     }
 
     void closeCatalogue() { mekTp::catalogue = {}; }
+
+    /// Makes a backup of the catalogue, which then takes in a picture more and is closed.
+    bool makeAndGoOn() const {
+        const bool done = bf().status == 0;
+        addPicture(1, 1000);
+        mekTp::catalogue = {};
+        return done;
+    }
     QStringList filesBesideBackup() const { return QFileInfo(places.backup).dir().entryList(QDir::Files); }
 
     SampleCatalogue sample;
@@ -100,6 +108,19 @@ class Backup {
 };
 
 const QStringList copyAndScript{u"hf.sh"_s, u"lunq.mdb"_s};
+
+/// Whether a script has ended well; tells what it has said otherwise.
+bool succeeds(const Outcome& outcome) {
+    if (outcome.status != 0) qWarning("%s", qPrintable(outcome.said));
+    return outcome.status == 0;
+}
+
+/// Whether a script has refused its work with these words.
+bool refuses(const Outcome& outcome, const QString& words) {
+    const bool refused = outcome.status == 1 && outcome.said.contains(words);
+    if (!refused) qWarning("%d %s", outcome.status, qPrintable(outcome.said));
+    return refused;
+}
 
 class TestBackupRun : public QObject {
     Q_OBJECT
@@ -116,8 +137,7 @@ class TestBackupRun : public QObject {
             process.start(u"/bin/sh"_s, {backupScriptPath()});
             do addPicture(number + 1, 2'000 + 1'919 * (number % 13)), ++number;
             while (!process.waitForFinished(0) && process.state() != QProcess::NotRunning);
-            const Outcome outcome = outcomeOf(process);
-            QVERIFY2(outcome.status == 0, qPrintable(outcome.said));
+            QVERIFY(succeeds(outcomeOf(process)));
             QCOMPARE(faultOf(backup.places.backup), QString());
             const int now = picturesIn(backup.places.backup);
             QVERIFY(now >= before && now <= number);
@@ -128,31 +148,25 @@ class TestBackupRun : public QObject {
         QCOMPARE(backup.filesBesideBackup(), copyAndScript);
     }
 
-    void restoreBringsTheAlbumBack_data() {
-        QTest::addColumn<QString>("folder");
-        QTest::newRow("plain") << u"bak"_s;
-        QTest::newRow("blanks, quotes and a dollar") << u"我的 \"备份\" it's $HOME `id` \\n *"_s;
-        QTest::newRow("begins with a dash") << u"-n"_s;
-    }
     void restoreBringsTheAlbumBack() {
-        QFETCH(QString, folder);
-        Backup backup(folder);
-        addPicture(1, 50'000);
-        QCOMPARE(backup.bf().status, 0);
-        addPicture(2, 50'000);
-        mekTp::catalogue.Execute(u"DROP TABLE [tc01]"_s);
-        backup.closeCatalogue();
-        const Outcome outcome = backup.hf();
-        QVERIFY2(outcome.status == 0, qPrintable(outcome.said));
-        QCOMPARE(picturesIn(backup.places.catalogue), 1);
-        QCOMPARE(faultOf(backup.places.catalogue), QString());
-        QCOMPARE(OpenDatabase(backup.places.catalogue).OpenRecordset(u"tc01"_s).rowCount(), 10);
-        QVERIFY(!QFile::exists(backup.places.lock));
+        for (const QString& folder : {u"bak"_s, u"我的 \"备份\" it's $HOME `id` \\n *"_s, u"-n"_s}) {
+            Backup backup(folder);
+            addPicture(1, 50'000);
+            QCOMPARE(backup.bf().status, 0);
+            addPicture(2, 50'000);
+            mekTp::catalogue.Execute(u"DROP TABLE [tc01]"_s);
+            backup.closeCatalogue();
+            QVERIFY(succeeds(backup.hf()));
+            QCOMPARE(picturesIn(backup.places.catalogue), 1);
+            QCOMPARE(faultOf(backup.places.catalogue), QString());
+            QCOMPARE(OpenDatabase(backup.places.catalogue).OpenRecordset(u"tc01"_s).rowCount(), 10);
+            QVERIFY(!QFile::exists(backup.places.lock));
 
-        // Also when the catalogue is lost altogether.
-        QVERIFY(QFile::remove(backup.places.catalogue));
-        QCOMPARE(backup.hf().status, 0);
-        QCOMPARE(faultOf(backup.places.catalogue), QString());
+            // Also when the catalogue is lost altogether.
+            QVERIFY(QFile::remove(backup.places.catalogue));
+            QCOMPARE(backup.hf().status, 0);
+            QCOMPARE(faultOf(backup.places.catalogue), QString());
+        }
     }
 
     void programInAnAwkwardFolder() {
@@ -167,8 +181,7 @@ class TestBackupRun : public QObject {
         for (const QString& script : {backupScript(places), restoreScript(places)}) {
             const QString path = sample.file(u"script.sh"_s);
             writeFile(path, script.toUtf8());
-            const Outcome outcome = run(path);
-            QVERIFY2(outcome.status == 0, qPrintable(outcome.said));
+            QVERIFY(succeeds(run(path)));
         }
         QCOMPARE(faultOf(places.catalogue), QString());
         QCOMPARE(faultOf(places.backup), QString());
@@ -179,42 +192,34 @@ class TestBackupRun : public QObject {
         backup.places.copier += u"-missing"_s;
         writeBackupScripts(backup.places);
         addPicture(1, 50'000);
-        const Outcome outcome = backup.bf();
-        QVERIFY2(outcome.status == 0, qPrintable(outcome.said));
+        QVERIFY(succeeds(backup.bf()));
         QCOMPARE(faultOf(backup.places.backup), QString());
         QCOMPARE(picturesIn(backup.places.backup), 1);
         QCOMPARE(backup.filesBesideBackup(), copyAndScript);
     }
 
-    void failedBackupKeepsTheOlderOne_data() {
-        QTest::addColumn<bool>("ownCopier");
-        QTest::newRow("lunq-backup") << true;
-        QTest::newRow("shell of the engine") << false;
-    }
     void failedBackupKeepsTheOlderOne() {
-        QFETCH(bool, ownCopier);
-        Backup backup;
-        if (!ownCopier) backup.places.copier += u"-missing"_s;
-        writeBackupScripts(backup.places);
-        QCOMPARE(backup.bf().status, 0);
-        backup.closeCatalogue();
-        writeFile(backup.places.catalogue, QByteArray(100'000, 'x'));
-        const Outcome damaged = backup.bf();
-        QVERIFY2(damaged.status == 1 && damaged.said.contains(backup.places.backup), qPrintable(damaged.said));
-        QVERIFY(QFile::remove(backup.places.catalogue));
-        const Outcome missing = backup.bf();
-        QVERIFY2(missing.status == 1 && missing.said.contains(u"不存在，没有备份"_s), qPrintable(missing.said));
-        QCOMPARE(faultOf(backup.places.backup), QString());
-        QCOMPARE(backup.filesBesideBackup(), copyAndScript);
-        QVERIFY(!QFile::exists(backup.places.catalogue));
+        for (const bool ownCopier : {true, false}) {
+            Backup backup;
+            if (!ownCopier) backup.places.copier += u"-missing"_s;
+            writeBackupScripts(backup.places);
+            QCOMPARE(backup.bf().status, 0);
+            backup.closeCatalogue();
+            writeFile(backup.places.catalogue, QByteArray(100'000, 'x'));
+            QVERIFY(refuses(backup.bf(), backup.places.backup));
+            QVERIFY(QFile::remove(backup.places.catalogue));
+            QVERIFY(refuses(backup.bf(), u"不存在，没有备份"_s));
+            QCOMPARE(faultOf(backup.places.backup), QString());
+            QCOMPARE(backup.filesBesideBackup(), copyAndScript);
+            QVERIFY(!QFile::exists(backup.places.catalogue));
+        }
     }
 
     void backupsTakeTurns() {
         const Backup backup;
         QLockFile other(backup.places.backup + u".lock"_s);
         QVERIFY(other.tryLock());
-        const Outcome outcome = backup.bf();
-        QVERIFY2(outcome.status == 1 && outcome.said.contains(u"另一次备份正在进行"_s), qPrintable(outcome.said));
+        QVERIFY(refuses(backup.bf(), u"另一次备份正在进行"_s));
         other.unlock();
         // What a backup that was cut off has left behind is in nobody's way.
         writeFile(backup.places.backup + u".new"_s, QByteArray(1000, 'x'));
@@ -226,8 +231,7 @@ class TestBackupRun : public QObject {
         Backup backup;
         backup.places.backup = backup.sample.file(u"bak/../lunq.mdb"_s);
         writeFile(backupScriptPath(), backupScript(backup.places).toUtf8());
-        const Outcome outcome = backup.bf();
-        QVERIFY2(outcome.status == 1 && outcome.said.contains(u"图册数据库本身"_s), qPrintable(outcome.said));
+        QVERIFY(refuses(backup.bf(), u"图册数据库本身"_s));
         addPicture(1, 1000);
         backup.closeCatalogue();
         QCOMPARE(picturesIn(backup.places.catalogue), 1);
@@ -235,38 +239,28 @@ class TestBackupRun : public QObject {
 
     void noRestoreWhileTheProgramRuns() {
         Backup backup;
-        QCOMPARE(backup.bf().status, 0);
-        addPicture(1, 1000);
-        backup.closeCatalogue();
+        QVERIFY(backup.makeAndGoOn());
         QLockFile lock(backup.places.lock);
         QVERIFY(lock.tryLock());
-        const Outcome outcome = backup.hf();
-        QVERIFY2(outcome.status == 1 && outcome.said.contains(u"软件正在运行"_s), qPrintable(outcome.said));
+        QVERIFY(refuses(backup.hf(), u"软件正在运行"_s));
         QCOMPARE(picturesIn(backup.places.catalogue), 1);
         lock.unlock();
         QCOMPARE(backup.hf().status, 0);
         QCOMPARE(picturesIn(backup.places.catalogue), 0);
     }
 
-    void lockLeftBehindIsNoObstacle_data() {
-        QTest::addColumn<QByteArray>("lock");
+    void lockLeftBehindIsNoObstacle() {
         const QByteArray own = QByteArray::number(QCoreApplication::applicationPid());
         const QByteArray here = QSysInfo::machineHostName().toLocal8Bit();
-        QTest::newRow("ended") << QByteArray("1073741823\nlunq\n" + here + '\n');
-        QTest::newRow("number of another program by now") << QByteArray(own + "\nlunq\n" + here + '\n');
-        QTest::newRow("copied from another computer") << QByteArray(own + "\ntest_settings\nelsewhere\n");
-        QTest::newRow("damaged") << QByteArray("\n\n");
-        QTest::newRow("empty") << QByteArray();
-    }
-    void lockLeftBehindIsNoObstacle() {
-        QFETCH(QByteArray, lock);
         Backup backup;
-        QCOMPARE(backup.bf().status, 0);
-        backup.closeCatalogue();
-        writeFile(backup.places.lock, lock);
-        const Outcome outcome = backup.hf();
-        QVERIFY2(outcome.status == 0, qPrintable(outcome.said));
-        QVERIFY(!QFile::exists(backup.places.lock));
+        QVERIFY(backup.makeAndGoOn());
+        for (const QByteArray& lock : {"1073741823\nlunq\n" + here + '\n',  // of a program that has ended
+                                       own + "\nlunq\n" + here + '\n',      // whose number another one has by now
+                                       own + "\ntest_settings\nelsewhere\n", QByteArray("\n\n"), QByteArray()}) {
+            writeFile(backup.places.lock, lock);
+            QVERIFY(succeeds(backup.hf()));
+            QVERIFY(!QFile::exists(backup.places.lock));
+        }
     }
 
     void journalOfTheReplacedCatalogueGoes() {
@@ -291,33 +285,19 @@ class TestBackupRun : public QObject {
         QVERIFY(!QFile::exists(backup.places.catalogue + u"-journal.old"_s));
     }
 
-    void badBackupIsNotRestored_data() {
-        QTest::addColumn<QByteArray>("content");
-        QTest::newRow("not a catalogue") << QByteArray(100'000, 'x');
-        QTest::newRow("empty") << QByteArray("");
-        QTest::newRow("missing") << QByteArray();
-    }
     void badBackupIsNotRestored() {
-        QFETCH(QByteArray, content);
         Backup backup;
-        addPicture(1, 1000);
-        backup.closeCatalogue();
-        if (!content.isNull()) writeFile(backup.places.backup, content);
-        const Outcome outcome = backup.hf();
-        QVERIFY2(outcome.status == 1 && outcome.said.contains(u"不是图册数据库，没有恢复"_s), qPrintable(outcome.said));
-        QCOMPARE(picturesIn(backup.places.catalogue), 1);
-        QVERIFY(!QFile::exists(backup.places.lock));
-    }
-
-    void shortenedBackupIsNotRestored() {
-        Backup backup;
-        addPicture(1, 300'000);
-        QCOMPARE(backup.bf().status, 0);
-        backup.closeCatalogue();
+        QVERIFY(backup.makeAndGoOn());
         QFile copy(backup.places.backup);
         QVERIFY(copy.resize(copy.size() - 1));
-        const Outcome outcome = backup.hf();
-        QVERIFY2(outcome.status == 1 && outcome.said.contains(u"不完整，没有恢复"_s), qPrintable(outcome.said));
+        QVERIFY(refuses(backup.hf(), u"不完整，没有恢复"_s));
+        for (const QByteArray& content : {QByteArray(100'000, 'x'), QByteArray("")}) {
+            writeFile(backup.places.backup, content);
+            QVERIFY(refuses(backup.hf(), u"不是图册数据库，没有恢复"_s));
+        }
+        QVERIFY(copy.remove());
+        QVERIFY(refuses(backup.hf(), u"不是图册数据库，没有恢复"_s));
+        QCOMPARE(picturesIn(backup.places.catalogue), 1);
         QCOMPARE(faultOf(backup.places.catalogue), QString());
         QVERIFY(!QFile::exists(backup.places.lock));
     }
@@ -332,35 +312,26 @@ class TestBackupRun : public QObject {
     }
 
     // A restore that is cut off before the catalogue is replaced leaves it its journal.
-    void interruptedRestoreKeepsTheJournal_data() {
-        QTest::addColumn<QByteArray>("signal");
-        QTest::addColumn<bool>("replaced");
-        QTest::newRow("before") << QByteArray("case $to in *lunq.mdb) kill -TERM $PPID; exit 1 ;; esac") << false;
-        QTest::newRow("behind") << QByteArray("case $to in *lunq.mdb) kill -TERM $PPID ;; esac") << true;
-    }
     void interruptedRestoreKeepsTheJournal() {
-        QFETCH(QByteArray, signal);
-        QFETCH(bool, replaced);
-        Backup backup;
-        QCOMPARE(backup.bf().status, 0);
-        addPicture(1, 1000);
-        backup.closeCatalogue();
-        const QString journal = backup.places.catalogue + u"-journal"_s;
-        writeFile(journal, "left");
-        const Outcome outcome = backup.hfWithMv(signal);
-        QCOMPARE(outcome.status, 1);
-        QCOMPARE(QFile::exists(journal), !replaced);
-        QVERIFY(!QFile::exists(backup.places.lock) && !QFile::exists(backup.places.catalogue + u".restore"_s));
-        QFile::remove(journal);
-        QCOMPARE(picturesIn(backup.places.catalogue), replaced ? 0 : 1);
+        for (const auto& [signal, replaced] :
+             {std::pair{QByteArray("case $to in *lunq.mdb) kill -TERM $PPID; exit 1 ;; esac"), false},
+              {QByteArray("case $to in *lunq.mdb) kill -TERM $PPID ;; esac"), true}}) {
+            Backup backup;
+            QVERIFY(backup.makeAndGoOn());
+            const QString journal = backup.places.catalogue + u"-journal"_s;
+            writeFile(journal, "left");
+            QCOMPARE(backup.hfWithMv(signal).status, 1);
+            QCOMPARE(QFile::exists(journal), !replaced);
+            QVERIFY(!QFile::exists(backup.places.lock) && !QFile::exists(backup.places.catalogue + u".restore"_s));
+            QFile::remove(journal);
+            QCOMPARE(picturesIn(backup.places.catalogue), replaced ? 0 : 1);
+        }
     }
 
     // Between the look at a lock that was left behind and its removal the program is opened.
     void lockTakenAtTheLastMomentStays() {
         Backup backup;
-        QCOMPARE(backup.bf().status, 0);
-        addPicture(1, 1000);
-        backup.closeCatalogue();
+        QVERIFY(backup.makeAndGoOn());
         const QByteArray here = QSysInfo::machineHostName().toLocal8Bit();
         const QByteArray own =
             QByteArray::number(QCoreApplication::applicationPid()) + "\\ntest_settings\\n" + here + "\\n";
@@ -374,14 +345,10 @@ class TestBackupRun : public QObject {
 
     void failedRestoreKeepsTheCatalogue() {
         Backup backup;
-        QCOMPARE(backup.bf().status, 0);
-        addPicture(1, 1000);
-        backup.closeCatalogue();
+        QVERIFY(backup.makeAndGoOn());
         writeFile(backup.places.catalogue + u"-journal"_s, "left");
         QVERIFY(QDir().mkpath(backup.places.catalogue + u".restore/lunq.mdb"_s));  // in the way of the copy
-        const Outcome outcome = backup.hf();
-        QCOMPARE(outcome.status, 1);
-        QVERIFY2(outcome.said.contains(u"没有恢复，现有的图册数据库不变"_s), qPrintable(outcome.said));
+        QVERIFY(refuses(backup.hf(), u"没有恢复，现有的图册数据库不变"_s));
         QVERIFY(QFile::exists(backup.places.catalogue + u"-journal"_s));
         QVERIFY(QFile::remove(backup.places.catalogue + u"-journal"_s));
         QCOMPARE(picturesIn(backup.places.catalogue), 1);

@@ -36,76 +36,64 @@ class TestEditingRenumbering : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void orders_data() {
-        QTest::addColumn<QList<QStringList>>("rows");
-        QTest::addColumn<int>("order");
-        QTest::addColumn<QString>("after");
-        const QList<QStringList> rows{
-            {u"5"_s, u"b"_s, u"2003-10-03"_s}, {u"2"_s, u""_s, u"2003-10-01"_s}, {u"9"_s, u"a"_s, u"2003-10-02"_s}};
-        QTest::newRow("by number, with gaps") << rows << 0 << u"B1 A2 C3"_s;
-        QTest::newRow("by date") << rows << 1 << u"B1 C2 A3"_s;
-        QTest::newRow("by code") << rows << 2 << u"B1 C2 A3"_s;
-        QTest::newRow("no order chosen") << rows << -1 << u"B1 A2 C3"_s;
-        QTest::newRow("equal dates and Null") << QList<QStringList>{{u"3"_s, u"b"_s, u"2003-10-01"_s},
-                                                                    {u"2"_s, u"b"_s, u"2003-10-01"_s},
-                                                                    {u"1"_s, u"b"_s, u""_s}}
-                                              << 1 << u"C1 A2 B3"_s;
-        QTest::newRow("equal, zero, negative and missing numbers") << QList<QStringList>{{u"7"_s, u""_s, u""_s},
-                                                                                         {u"7"_s, u""_s, u""_s},
-                                                                                         {u"-4"_s, u""_s, u""_s},
-                                                                                         {u""_s, u""_s, u""_s},
-                                                                                         {u"0"_s, u""_s, u""_s}}
-                                                                   << 0 << u"D1 C2 E3 A4 B5"_s;
-        QTest::newRow("one record") << QList<QStringList>{{u"40"_s, u""_s, u""_s}} << 2 << u"A1"_s;
-        QTest::newRow("no record") << QList<QStringList>{} << 1 << QString();
-    }
-
     void orders() {
-        QFETCH(QList<QStringList>, rows);
-        QFETCH(int, order);
-        EditingWindow window;
-        setRecords(rows);
-        if (order >= 0) {
-            window.clickOption(element(u"optP1"_s, order));
-            const QStringList columns{u"序号"_s, u"日期"_s, u"编号"_s};
-            QCOMPARE(window.datBj().RecordSource(), u"SELECT * FROM tc01 ORDER BY [%1]"_s.arg(columns.at(order)));
+        using Rows = QList<QStringList>;
+        const Rows three{
+            {u"5"_s, u"b"_s, u"2003-10-03"_s}, {u"2"_s, u""_s, u"2003-10-01"_s}, {u"9"_s, u"a"_s, u"2003-10-02"_s}};
+        const Rows sameDay{
+            {u"3"_s, u"b"_s, u"2003-10-01"_s}, {u"2"_s, u"b"_s, u"2003-10-01"_s}, {u"1"_s, u"b"_s, u""_s}};
+        const Rows oddNumbers{{u"7"_s, {}, {}}, {u"7"_s, {}, {}}, {u"-4"_s, {}, {}}, {{}, {}, {}}, {u"0"_s, {}, {}}};
+        const std::tuple<QList<QStringList>, int, QString> cases[] = {
+            {three, 0, u"B1 A2 C3"_s},
+            {three, 1, u"B1 C2 A3"_s},
+            {three, 2, u"B1 C2 A3"_s},
+            {three, -1, u"B1 A2 C3"_s},  // no order chosen
+            {sameDay, 1, u"C1 A2 B3"_s},
+            {oddNumbers, 0, u"D1 C2 E3 A4 B5"_s},
+            {Rows{{u"40"_s, {}, {}}}, 2, u"A1"_s},
+            {Rows{}, 1, QString()},
+        };
+        for (const auto& [rows, order, after] : cases) {
+            EditingWindow window;
+            setRecords(rows);
+            if (order >= 0) {
+                window.clickOption(element(u"optP1"_s, order));
+                const QStringList columns{u"序号"_s, u"日期"_s, u"编号"_s};
+                QCOMPARE(window.datBj().RecordSource(), u"SELECT * FROM tc01 ORDER BY [%1]"_s.arg(columns.at(order)));
+            }
+            window.click(u"cmdJh"_s);
+            QCOMPARE(album(), after);
+            QVERIFY(window.boxes.value(0).hasCancel);
+            const QString asked = QStringList{u"按原序号"_s, u"按日期"_s, u"按编号"_s}.at(order < 0 ? 2 : order);
+            QCOMPARE(
+                window.said(),
+                (QStringList{
+                    u"  重新设置像册[旅行]的序号吗？（%1排序）\n\n如果“是”,按《确定》，然后设置排序顺序；否则按《取消》。"_s
+                        .arg(asked),
+                    u"重新设置序号已经完成！"_s}));
+            QCOMPARE(window.datBj().RecordSource(), u"SELECT * FROM tc01 ORDER BY [序号]"_s);
+            QCOMPARE(window.numbers(), columnOf(u"SELECT * FROM tc01 ORDER BY [序号]"_s, u"序号"_s));
+            for (int i = 0; i < 3; ++i) QVERIFY(!window.option(element(u"optP1"_s, i)).isChecked());
+            QVERIFY(window.isEnabled(u"cmdJh"_s) && window.isEnabled(u"cmdS1"_s));
+            QVERIFY(!window.get<QProgressBar>(u"prg2"_s).isVisible());
         }
-        window.click(u"cmdJh"_s);
-        QTEST(album(), "after");
-        const QString question = window.boxes.value(0).text;
-        const QStringList captions{u"按原序号"_s, u"按日期"_s, u"按编号"_s};
-        const QString asked = order < 0 ? captions.last() : captions.at(order);
-        QVERIFY2(question.startsWith(u"  重新设置像册[旅行]的序号吗？（"_s + asked + u"排序）"_s),
-                 qPrintable(question));
-        QVERIFY(window.boxes.value(0).hasCancel);
-        QCOMPARE(window.said().mid(1), QStringList{u"重新设置序号已经完成！"_s});
-        QCOMPARE(window.datBj().RecordSource(), u"SELECT * FROM tc01 ORDER BY [序号]"_s);
-        QCOMPARE(window.numbers(), columnOf(u"SELECT * FROM tc01 ORDER BY [序号]"_s, u"序号"_s));
-        for (int i = 0; i < 3; ++i) QVERIFY(!window.option(element(u"optP1"_s, i)).isChecked());
-        QVERIFY(window.isEnabled(u"cmdJh"_s) && window.isEnabled(u"cmdS1"_s));
-        QVERIFY(!window.get<QProgressBar>(u"prg2"_s).isVisible());
     }
 
     void theOrderChosenLastStays() {
         EditingWindow window;
-        window.clickOption(u"optP1(1)"_s);
-        window.click(u"cmdJh"_s);
-        setRecords({{u"1"_s, u"a"_s, u"2003-10-02"_s}, {u"2"_s, u"b"_s, u"2003-10-01"_s}});
-        window.said();
-        window.click(u"cmdJh"_s);
-        QVERIFY(window.boxes.value(0).text.contains(u"（按编号排序）"_s));
-        QCOMPARE(album(), u"B1 A2"_s);
-    }
-
-    void refusedByTheUser() {
-        EditingWindow window;
-        setRecords({{u"5"_s, u""_s, u""_s}});
+        setRecords({{u"5"_s, u"a"_s, u"2003-10-02"_s}, {u"6"_s, u"b"_s, u"2003-10-01"_s}});
         window.clickOption(u"optP1(1)"_s);
         window.answer = false;
         window.click(u"cmdJh"_s);
-        QCOMPARE(window.boxes.size(), 1);
-        QCOMPARE(album(), u"A5"_s);
+        QCOMPARE(window.said().size(), 1);
+        QCOMPARE(album(), u"A5 B6"_s);
         QVERIFY(window.option(u"optP1(1)"_s).isChecked());
+        window.answer = true;
+        for (const QString& asked : {u"（按日期排序）"_s, u"（按编号排序）"_s}) {
+            window.click(u"cmdJh"_s);
+            QVERIFY(window.said().first().contains(asked));
+            QCOMPARE(album(), u"B1 A2"_s);
+        }
     }
 
     // A failure at the seventh record has six numbers written before it.
@@ -158,14 +146,11 @@ class TestEditingRenumbering : public QObject {
         QCOMPARE(bytes(u"图片3"_s), third);
     }
 
-    void neitherWithoutAlbumNorForTheDemonstration() {
-        EditingWindow none((QString()));
-        for (const QString& name : {u"cmdJh"_s, u"cmdS1"_s}) QVERIFY(!none.isEnabled(name));
-        none.choose(u"cboBm"_s, u"tc00"_s);
-        for (const QString& name : {u"cmdJh"_s, u"cmdS1"_s}) QVERIFY(!none.isEnabled(name));
-        none.clickOption(u"optP1(1)"_s);
-        QCOMPARE(none.datBj().RecordSource(), u"SELECT * FROM tc00 ORDER BY [日期]"_s);
-        QVERIFY(!none.isEnabled(u"cmdJh"_s));
+    void demonstrationIsOnlySorted() {
+        EditingWindow window(u"tc00"_s);
+        window.clickOption(u"optP1(1)"_s);
+        QCOMPARE(window.datBj().RecordSource(), u"SELECT * FROM tc00 ORDER BY [日期]"_s);
+        QVERIFY(!window.isEnabled(u"cmdJh"_s));
     }
 
     void refreshShowsWhatAnotherProgramChanged() {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/desktop/data_control.h"
-#include "platform/desktop/grid.h"
 #include "platform/desktop/placing.h"
 #include "settings_window.h"
 
@@ -15,15 +13,9 @@ class EditingWindow : public SettingsWindow {
     }
 
     DataControl& datBj() const { return get<DataControl>(QStringLiteral("datBj")); }
-    Grid& grid() const { return get<Grid>(QStringLiteral("msgBm")); }
     ListBox& codes() const { return get<ListBox>(QStringLiteral("lstBh")); }
     QRadioButton& option(const QString& name) const { return get<QRadioButton>(name); }
 
-    void clickOption(const QString& name) const { option(name).click(); }
-    void clickRow(int row) const {
-        QTest::mouseClick(grid().viewport(), Qt::LeftButton, {},
-                          grid().visualRect(grid().model()->index(row, 1)).center());
-    }
     QPoint codePlace(const QString& code) const {
         const QListWidgetItem* line = codes().findItems(code + u' ', Qt::MatchStartsWith).value(0);
         if (line == nullptr) qFatal("no code %s", qPrintable(code));
@@ -38,15 +30,15 @@ class EditingWindow : public SettingsWindow {
         QTest::mouseDClick(codes().viewport(), Qt::LeftButton, {}, codePlace(code));
     }
 
-    QString caption(const QString& buttonName) const { return button(buttonName).text(); }
-    bool isEnabled(const QString& buttonName) const { return button(buttonName).isEnabled(); }
-    bool isPageFree() {
-        // The strip warns exactly while something is pending.
-        said();
+    /// Opens the panel of pictures, loads a new one there and takes it; the date of the record stays.
+    void takeNewPicture() {
+        picked = catalogue.file(QStringLiteral("新.jpg"));
+        writePicture(picked, {200, 100}, Qt::blue);
+        if (isEnabled(QStringLiteral("cmdCk(2)"))) click(QStringLiteral("cmdCk(2)"));
+        click(QStringLiteral("cmdAz"));
         answer = false;
-        Q_EMIT tabs().mouseMovedAt(1500, 100);
+        click(QStringLiteral("cmdAq"));
         answer = true;
-        return said().isEmpty();
     }
 
     /// 序号 of the records in the grid.

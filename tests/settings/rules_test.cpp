@@ -1,7 +1,11 @@
 #include "../support/run_all.h"
 #include "settings/album_changes.h"
+#include "settings/backup_rules.h"
+#include "settings/editing_rules.h"
 #include "settings/tab_strip.h"
 
+#include <QProcess>
+#include <QTemporaryDir>
 #include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -12,93 +16,99 @@ class TestSettingsRules : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void captionHints_data() {
-        QTest::addColumn<int>("x");
-        QTest::addColumn<int>("y");
-        QTest::addColumn<QString>("start");  // "-": beside the captions
-        const auto row = [](int x, int y, const QString& start) { QTest::addRow("%d,%d", x, y) << x << y << start; };
+    void captionHints() {
         for (const auto& [left, right, start] : {std::tuple{120, 840, u"“图册设置”：可建立图册"_s},
                                                  {1020, 1800, u"“图片录入”：可在本页面"_s},
                                                  {2000, 2700, u"“图册编辑”：可对本软件"_s},
                                                  {2900, 3600, u"“图片转存”：将本软件"_s},
                                                  {3840, 4600, u""_s}}) {
-            row(left, 100, u"-"_s);
-            row(left + 1, 0, start);
-            row(right - 1, 269, start);
-            row(right, 100, u"-"_s);
-            row(left + 1, 270, u"-"_s);
+            for (const QPoint inside : {QPoint(left + 1, 0), QPoint(right - 1, 269)}) {
+                const auto hint = captionHint(inside.x(), inside.y());
+                QVERIFY2(hint && hint->startsWith(start) && hint->isEmpty() == start.isEmpty(), qPrintable(start));
+            }
+            for (const QPoint beside : {QPoint(left, 100), QPoint(right, 100), QPoint(left + 1, 270)})
+                QVERIFY2(!captionHint(beside.x(), beside.y()), qPrintable(start));
         }
     }
 
-    void captionHints() {
-        QFETCH(int, x);
-        QFETCH(int, y);
-        QFETCH(QString, start);
-        const auto hint = captionHint(x, y);
-        QCOMPARE(hint.has_value(), start != u"-"_s);
-        if (!hint) return;
-        QVERIFY2(hint->startsWith(start), qPrintable(*hint));
-        QCOMPARE(hint->isEmpty(), start.isEmpty());
-    }
-
-    void leaving_data() {
-        QTest::addColumn<int>("x");
-        QTest::addColumn<int>("y");
-        QTest::addColumn<bool>("warns");
-        QTest::newRow("first caption") << 100 << 100 << true;
-        QTest::newRow("lowest line of the strip") << 100 << 374 << true;
-        QTest::newRow("below the strip") << 100 << 375 << false;
-        QTest::newRow("before the blank part") << 4799 << 0 << true;
-        QTest::newRow("blank part begins") << 4800 << 0 << false;
-        QTest::newRow("blank part") << 5000 << 100 << false;
-        QTest::newRow("blank part ends") << 7100 << 0 << false;
-        QTest::newRow("behind the blank part") << 7101 << 0 << true;
-    }
-
     void leaving() {
-        QFETCH(int, x);
-        QFETCH(int, y);
-        QTEST(leadsToOtherPage(x, y), "warns");
-    }
-
-    void tableNames_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("fine");
-        QTest::newRow("digits") << u"tc07"_s << true;
-        QTest::newRow("letters") << u"tcxy"_s << true;
-        QTest::newRow("Chinese") << u"tc花鸟"_s << true;
-        QTest::newRow("empty") << u""_s << false;
-        QTest::newRow("three characters") << u"tc7"_s << false;
-        QTest::newRow("five characters") << u"tc107"_s << false;
-        QTest::newRow("other start") << u"ab07"_s << false;
-        QTest::newRow("quote") << u"tc'7"_s << false;
-        QTest::newRow("double quote") << u"tc\"7"_s << false;
-        QTest::newRow("blank") << u"tc 7"_s << false;
-        QTest::newRow("bracket") << u"tc]7"_s << false;
-        QTest::newRow("second statement") << u"tc;x"_s << false;
-        QTest::newRow("half a character outside the first plane") << u"tc😀"_s << false;
+        // The strip is 374 high; its part from 4800 to 7100 is blank.
+        for (const auto& [x, y] : {std::pair{100, 100}, {100, 374}, {4799, 0}, {7101, 0}})
+            QVERIFY2(leadsToOtherPage(x, y), qPrintable(QString::number(x)));
+        for (const auto& [x, y] : {std::pair{100, 375}, {4800, 0}, {5000, 100}, {7100, 0}})
+            QVERIFY2(!leadsToOtherPage(x, y), qPrintable(QString::number(x)));
     }
 
     void tableNames() {
-        QFETCH(QString, name);
-        QTEST(tableNameFault(name).isEmpty(), "fine");
-    }
-
-    void titles_data() {
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<bool>("fits");
-        QTest::newRow("8 Chinese") << u"一二三四五六七八"_s << true;
-        QTest::newRow("8 Chinese and a letter") << u"一二三四五六七八a"_s << false;
-        QTest::newRow("9 Chinese") << u"一二三四五六七八九"_s << false;
-        QTest::newRow("16 letters") << u"abcdefghijklmnop"_s << true;
-        QTest::newRow("17 letters") << u"abcdefghijklmnopq"_s << false;
-        QTest::newRow("7 Chinese and 2 letters") << u"一二三四五六七ab"_s << true;
-        QTest::newRow("empty") << u""_s << true;
+        for (const QString& name : {u"tc07"_s, u"tcxy"_s, u"tc花鸟"_s})
+            QVERIFY2(tableNameFault(name).isEmpty(), qPrintable(name));
+        for (const QString& name :
+             {u""_s, u"tc7"_s, u"tc107"_s, u"ab07"_s, u"tc'7"_s, u"tc\"7"_s, u"tc 7"_s, u"tc]7"_s, u"tc;x"_s, u"tc😀"_s})
+            QVERIFY2(!tableNameFault(name).isEmpty(), qPrintable(name));
     }
 
     void titles() {
-        QFETCH(QString, title);
-        QTEST(titleFits(title), "fits");
+        for (const QString& title : {u""_s, u"一二三四五六七八"_s, u"一二三四五六七ab"_s, u"abcdefghijklmnop"_s})
+            QVERIFY2(titleFits(title), qPrintable(title));
+        for (const QString& title : {u"一二三四五六七八a"_s, u"一二三四五六七八九"_s, u"abcdefghijklmnopq"_s})
+            QVERIFY2(!titleFits(title), qPrintable(title));
+    }
+
+    void albumsAndCodesWithAwkwardNames() {
+        const QString line = u"tc01 我的 旅行"_s;
+        QCOMPARE(filterText(line, recordFilter(1), 12), u"(我的 旅行) 未设编号 共有记录 12条"_s);
+        QCOMPARE(codeFilterText(line, u"1"_s, 5), u"分图册名：tc01( 我的 旅行) 编号 = [1] 共有记录 5条"_s);
+        QVERIFY(renumberingQuestion(line + u' ', u"按日期"_s).startsWith(u"  重新设置像册[我的 旅行]的序号吗？"_s));
+        QCOMPARE(codeLine(u"{"_s, u"风景"_s, false), u"{ 风景"_s);
+    }
+
+    // Backup ----------------------------------------------------------------------------------------------------------
+
+    void completionOfBackupPaths() {
+        const std::pair<QString, QString> cases[] = {
+            {u"/new/sub"_s, u"/new/sub/lunq.mdb"_s},
+            {u"/bak/"_s, u"/bak/lunq.mdb"_s},
+            {u"/bak/lunq.mdb"_s, u"/bak/lunq.mdb"_s},
+            {u"/bak/mylunq.mdb"_s, u"/bak/mylunq.mdb/lunq.mdb"_s},
+            {u"/"_s, u"/lunq.mdb"_s},
+            {u"/bak "_s, u"/bak /lunq.mdb"_s},
+            {u""_s, u""_s},
+        };
+        for (const auto& [typed, completed] : cases) QCOMPARE(completedBackupPath(typed), completed);
+    }
+
+    void foldersOfBackupPaths() {
+        QCOMPARE(folderPrefixes(u"/a/b/lunq.mdb"_s), (QStringList{u"/"_s, u"/a/"_s, u"/a/b/"_s}));
+        QCOMPARE(folderPrefixes(u"/lunq.mdb"_s), QStringList{u"/"_s});
+        QCOMPARE(folderPrefixes(u"lunq.mdb"_s), QStringList{});
+        QCOMPARE(folderPrefixes(u"/1/2/3/4/5/6/7/8/9/lunq.mdb"_s).value(9), u"/1/2/3/4/5/6/7/8/9/"_s);
+    }
+
+    void faultsOfBackupPaths() {
+        QTemporaryDir home;
+        const QString catalogue = home.filePath(u"lunq.mdb"_s);
+        QVERIFY(QDir(home.path()).mkpath(u"bak/lunq.mdb"_s));
+        QVERIFY(QFile::link(home.path(), home.filePath(u"link"_s)));
+        QCOMPARE(backupPathFault(home.filePath(u"other/lunq.mdb"_s), catalogue), QString());
+        for (const QString& path : {u"bak/lunq.mdb"_s, u"D:\\bak\\lunq.mdb"_s, u"~/bak/lunq.mdb"_s})
+            QVERIFY2(backupPathFault(path, catalogue).contains(u"不完整"_s), qPrintable(path));
+        QFile file(catalogue);
+        QVERIFY(file.open(QIODevice::WriteOnly) && QFile::link(catalogue, home.filePath(u"other.mdb"_s)));
+        for (const QString& path : {catalogue, home.filePath(u"other.mdb"_s), home.path() + u"//lunq.mdb"_s,
+                                    home.path() + u"/bak/../lunq.mdb"_s, home.filePath(u"link/lunq.mdb"_s)})
+            QVERIFY2(backupPathFault(path, catalogue).contains(u"数据库本身"_s), qPrintable(path));
+        QVERIFY(backupPathFault(home.filePath(u"bak/lunq.mdb"_s), catalogue).contains(u"是一个文件夹"_s));
+    }
+
+    void quoting() {
+        for (const QString& text :
+             {u"plain"_s, u"two blanks  here"_s, u"it's"_s, u"''"_s, u"$HOME `id` $(id)"_s, u"a\"b\\c"_s, u"-n"_s,
+              u"*?[a]"_s, u"图册 备份"_s, u"a\nb"_s, u"%1 %2"_s, u"&;|<>#!"_s}) {
+            QProcess shell;
+            shell.start(u"/bin/sh"_s, {u"-c"_s, u"printf '%s' "_s + shellQuoted(text)});
+            QVERIFY(shell.waitForFinished());
+            QCOMPARE(QString::fromUtf8(shell.readAllStandardOutput()), text);
+        }
     }
 };
 

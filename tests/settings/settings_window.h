@@ -3,6 +3,10 @@
 #include "../support/sample_catalogue.h"
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
+#include "platform/desktop/data_control.h"
+#include "platform/desktop/file_dialogs.h"
+#include "platform/desktop/grid.h"
+#include "platform/desktop/image_box.h"
 #include "platform/desktop/list_box.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/tab_control.h"
@@ -63,6 +67,12 @@ inline void addAlbum(int number, const QString& table, const QString& title) {
     rows.Update();
 }
 
+inline QStringList linesOf(const ListBox& list) {
+    QStringList lines;
+    for (int i = 0; i < list.ListCount(); ++i) lines << list.List(i);
+    return lines;
+}
+
 /// The settings window, shown on the sample catalogue, with its message boxes answered and kept.
 class SettingsWindow {
   public:
@@ -71,9 +81,13 @@ class SettingsWindow {
             boxes << box;
             return answer;
         });
+        answerFileDialogsWith([this](const FileQuestion&) { return picked; });
         open();
     }
-    ~SettingsWindow() { answerBoxesWith({}); }
+    ~SettingsWindow() {
+        answerBoxesWith({});
+        answerFileDialogsWith({});
+    }
 
     /// Opens the window anew, as if the program had been left and come back to.
     void open() {
@@ -91,11 +105,38 @@ class SettingsWindow {
     }
 
     QPushButton& button(const QString& name) const { return get<QPushButton>(name); }
-    void click(const QString& name) const { QTest::mouseClick(&button(name), Qt::LeftButton); }
+    QString caption(const QString& buttonName) const { return button(buttonName).text(); }
+    bool isEnabled(const QString& buttonName) const { return button(buttonName).isEnabled(); }
+    template <typename... Names>
+    void click(const Names&... names) const {
+        (QTest::mouseClick(&button(names), Qt::LeftButton), ...);
+    }
+    void clickOption(const QString& name) const { get<QRadioButton>(name).click(); }
     TextBox& box(const QString& name) const { return get<TextBox>(name); }
     QString text(const QString& name) const { return box(name).text(); }
     QString label(const QString& name) const { return get<QLabel>(name).text(); }
     TabControl& tabs() const { return get<TabControl>(QStringLiteral("sstFz")); }
+
+    Grid& grid() const { return get<Grid>(QStringLiteral("msgBm")); }
+    void clickRow(int row) const {
+        const QRect cell = grid().visualRect(grid().model()->index(row, 1));
+        QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, cell.center());
+    }
+
+    void goToAnotherPageAndBack() const {
+        const int here = tabs().currentIndex();
+        tabs().setCurrentIndex(here == 1 ? 2 : 1);
+        tabs().setCurrentIndex(here);
+    }
+
+    /// Whether leaving the page would give up unfinished work: the strip warns exactly then.
+    bool isPending() {
+        const QList<BoxText> before = std::exchange(boxes, {});
+        const bool answerBefore = std::exchange(answer, false);
+        Q_EMIT tabs().mouseMovedAt(tabs().currentIndex() == 1 ? 500 : 1500, 100);
+        answer = answerBefore;
+        return !std::exchange(boxes, before).isEmpty();
+    }
 
     void choose(const QString& combo, const QString& start) const {
         auto& chooser = get<QComboBox>(combo);
@@ -123,5 +164,6 @@ class SettingsWindow {
     RecordingWindows windows;
     QList<BoxText> boxes;
     bool answer = true;
+    QString picked;  ///< What file dialogs answer.
     std::unique_ptr<frmSz> form;
 };
