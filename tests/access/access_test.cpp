@@ -1,16 +1,13 @@
 #include "../support/run_all.h"
-#include "../support/sample_catalogue.h"
+#include "../tour/program_tour.h"
 #include "help/entry_label.h"
 #include "platform/desktop/image_box.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
-#include "program.h"
 
 #include <QAccessible>
 #include <QMetaMethod>
-#include <QtTest/QtTest>
-#include <QtWidgets/QtWidgets>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -23,17 +20,18 @@ struct Listened : QObject {
     }
 };
 
+template <typename... Kinds>
+bool isOneOf(const QWidget* control) {
+    return ((qobject_cast<const Kinds*>(control) != nullptr) || ...);
+}
+
 bool isClickable(const QWidget* control) {
     if (const auto* image = qobject_cast<const ImageBox*>(control))
         return Listened::to(image, QMetaMethod::fromSignal(&ImageBox::clicked)) && !image->toolTip().isEmpty();
     if (const auto* box = qobject_cast<const QLineEdit*>(control))
-        return !box->testAttribute(Qt::WA_TransparentForMouseEvents) &&
-               qobject_cast<const QAbstractSpinBox*>(box->parentWidget()) == nullptr;
-    return qobject_cast<const QAbstractButton*>(control) != nullptr || qobject_cast<const EntryLabel*>(control) ||
-           qobject_cast<const QComboBox*>(control) != nullptr || qobject_cast<const QSlider*>(control) != nullptr ||
-           qobject_cast<const QAbstractSpinBox*>(control) != nullptr ||
-           qobject_cast<const QAbstractItemView*>(control) != nullptr ||
-           qobject_cast<const QTabBar*>(control) != nullptr || (qobject_cast<const QTextEdit*>(control) != nullptr);
+        return !box->testAttribute(Qt::WA_TransparentForMouseEvents) && !isOneOf<QAbstractSpinBox>(box->parentWidget());
+    return isOneOf<QAbstractButton, EntryLabel, QComboBox, QSlider, QAbstractSpinBox, QAbstractItemView, QTabBar,
+                   QTextEdit>(control);
 }
 
 /// Controls of a window that people click, without the parts that the toolkit builds its own controls of.
@@ -67,10 +65,10 @@ QList<QWidget*> walkByTab(QWidget* window) {
 
 bool isReached(QWidget* control, const QList<QWidget*>& way) {
     if (way.contains(control)) return true;
-    if (qobject_cast<QRadioButton*>(control) == nullptr) return false;
+    if (!isOneOf<QRadioButton>(control)) return false;
     // The arrow keys lead from the chosen option to the others of its group.
     return std::any_of(way.begin(), way.end(), [control](QWidget* other) {
-        return qobject_cast<QRadioButton*>(other) != nullptr && other->parentWidget() == control->parentWidget();
+        return isOneOf<QRadioButton>(other) && other->parentWidget() == control->parentWidget();
     });
 }
 
@@ -83,42 +81,28 @@ bool isBackwards(const QWidget* from, const QWidget* to, const QWidget* window) 
     return (sameRow && b.right() < a.left()) || (above && b.left() < a.right());
 }
 
-/// What a control looks like, without the blinking of a text cursor.
-QImage lookOf(QWidget* control) {
-    return control->grab().toImage();
-}
-
 class TestAccess : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<SampleCatalogue> catalogue_;
-    std::unique_ptr<Program> program_;
-
-    static QWidget* window(const QString& name) {
-        for (QWidget* widget : QApplication::topLevelWidgets())
-            if (widget->objectName() == name && widget->isVisible()) return widget;
-        return nullptr;
-    }
+    std::unique_ptr<ProgramTour> tour_;
 
     /// Brings the window with something to see in it: the pages of frmSz by "frmSz 1" to "frmSz 4".
     QWidget* open(const QString& what) {
         static const QHash<QString, WindowKind> beside{
             {u"frmPs"_s, WindowKind::colours}, {u"frmBz"_s, WindowKind::help}, {u"frmGy"_s, WindowKind::about}};
         const QString name = what.left(5);
-        if (beside.contains(name)) program_->show(beside[name]);
-        if (name == u"frmSz") program_->handOver(WindowKind::viewer, WindowKind::settings);
-        if (name == u"frmCl") program_->handOver(WindowKind::viewer, WindowKind::editor);
-        QWidget* shown = window(name);
+        if (beside.contains(name)) tour_->program->show(beside[name]);
+        if (name == u"frmSz") tour_->program->handOver(WindowKind::viewer, WindowKind::settings);
+        if (name == u"frmCl") tour_->program->handOver(WindowKind::viewer, WindowKind::editor);
+        QWidget* shown = tour_->window(name);
         if (name == u"frmTp") {
-            shown->findChild<QAction*>(u"mnuCd(1)"_s)->trigger();
-            shown->findChild<TextBox*>(u"txtLs"_s)->setText(u"3列"_s);
-            QTest::mouseClick(shown->findChild<QWidget*>(u"imgAn(0)"_s), Qt::LeftButton);
+            tour_->openInViewer(u"旅行"_s);
+            tour_->find<TextBox>(name, u"txtLs"_s)->setText(u"3列"_s);
+            tour_->click(name, u"imgAn(0)"_s);
         }
         if (name == u"frmSz") shown->findChild<TabControl*>()->setCurrentIndex(what.back().digitValue() - 1);
-        for (const QString& panel : {u"picRq"_s, u"picYc"_s})
-            if (what.endsWith(panel))
-                QTest::mouseClick(shown->findChild<QWidget*>(panel == u"picRq" ? u"tlb1:rq"_s : u"tlb1:sj"_s),
-                                  Qt::LeftButton);
+        if (what.endsWith(u"picRq")) tour_->click(name, u"tlb1:rq"_s);
+        if (what.endsWith(u"picYc")) tour_->click(name, u"tlb1:sj"_s);
         QApplication::setActiveWindow(shown);
         QApplication::processEvents();
         return shown;
@@ -134,15 +118,10 @@ class TestAccess : public QObject {
   private Q_SLOTS:
     void initTestCase() { applyLook(*qobject_cast<QApplication*>(QCoreApplication::instance())); }
     void init() {
-        catalogue_ = std::make_unique<SampleCatalogue>();
-        program_ = std::make_unique<Program>();
-        program_->start();
-        QTRY_VERIFY(window(u"frmTp"_s));
+        tour_ = std::make_unique<ProgramTour>();
+        tour_->start();
     }
-    void cleanup() {
-        program_.reset();
-        catalogue_.reset();
-    }
+    void cleanup() { tour_.reset(); }
 
     void everyControlHasAName_data() { addWindows(); }
     void everyControlHasAName() {
@@ -150,8 +129,7 @@ class TestAccess : public QObject {
         QStringList nameless;
         for (QWidget* control : clickables(open(what))) {
             // A button that waits for its words is hidden as long.
-            const bool waits = !control->isVisible() && (qobject_cast<QAbstractButton*>(control) != nullptr ||
-                                                         qobject_cast<EntryLabel*>(control) != nullptr);
+            const bool waits = !control->isVisible() && isOneOf<QAbstractButton, EntryLabel>(control);
             if (!waits && accessibleName(control).isEmpty()) nameless << control->objectName();
         }
         QCOMPARE(nameless.join(u' '), QString());
@@ -194,9 +172,9 @@ class TestAccess : public QObject {
         QStringList unseen;
         for (QWidget* control : walkByTab(shown)) {
             control->setFocus(Qt::TabFocusReason);
-            const QImage with = lookOf(control);
+            const QImage with = control->grab().toImage();
             control->clearFocus();
-            if (lookOf(control) == with) unseen << control->objectName();
+            if (control->grab().toImage() == with) unseen << control->objectName();
         }
         QCOMPARE(unseen.join(u' '), QString());
     }

@@ -1,5 +1,6 @@
 #include "colours/frm_ps.h"
 
+#include "../support/recording_windows.h"
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
@@ -13,35 +14,19 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-class RecordingWindows : public Windows {
-  public:
-    void handOver(WindowKind, WindowKind) override {}
-    void show(WindowKind) override {}
-    void unload(WindowKind window) override { unloaded << window; }
-    void showHelp(const QString&) override {}
-    void endProgram() override { ended = true; }
-    QList<WindowKind> unloaded;
-    bool ended = false;
-};
-
-void addScheme(const QString& number, const QString& name, const QString& window, bool picture) {
-    Recordset schemes = mekTp::catalogue.OpenRecordset(u"tcys"_s);
-    schemes.AddNew();
-    schemes.Fields(u"序号"_s).SetValue(number);
-    schemes.Fields(u"方案名"_s).SetValue(name);
-    schemes.Fields(u"窗体"_s).SetValue(window);
-    schemes.Fields(u"外框"_s).SetValue(u"&H00FF&"_s);
-    schemes.Fields(u"内框"_s).SetValue(u"&H00FF0000&"_s);
-    if (number != u"3") schemes.Fields(u"填充"_s).SetValue(u"&H00FF00&"_s);
-    if (picture) schemes.Fields(u"主窗口"_s).SetValue(pictureBytes({40, 30}, Qt::red));
-    schemes.Update();
+void addScheme(const QString& number, const QString& name, const QString& window) {
+    RowValues row{{u"序号"_s, number},
+                  {u"方案名"_s, name},
+                  {u"窗体"_s, window},
+                  {u"外框"_s, u"&H00FF&"_s},
+                  {u"内框"_s, u"&H00FF0000&"_s}};
+    if (number != u"3") row.push_back({u"填充"_s, u"&H00FF00&"_s});
+    if (number == u"0") row.push_back({u"主窗口"_s, pictureBytes({40, 30}, Qt::red)});
+    addRow(u"tcys"_s, row);
 }
 
 QString stored(const QString& number, const QString& column) {
-    return mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcys WHERE 序号 = "_s + quoted(number))
-        .Fields(column)
-        .Value()
-        .textOr();
+    return fieldOf(u"SELECT * FROM tcys WHERE 序号 = "_s + quoted(number), column).textOr();
 }
 
 class TestColourWindow : public QObject {
@@ -67,7 +52,7 @@ class TestColourWindow : public QObject {
     }
     void focus(int box) const { QTest::mouseClick(&get<TextBox>(u"txtYs(%1)"_s.arg(box)), Qt::LeftButton); }
     void click(const QString& name) const { QTest::mouseClick(&get<QPushButton>(name), Qt::LeftButton); }
-    static QString active() { return mekTp::catalogue.OpenRecordset(u"tcsz"_s).Fields(u"颜色"_s).Value().textOr(); }
+    static QString active() { return fieldOf(u"tcsz"_s, u"颜色"_s).textOr(); }
 
   private Q_SLOTS:
     void init() {
@@ -78,10 +63,10 @@ class TestColourWindow : public QObject {
         });
         catalogue_ = std::make_unique<SampleCatalogue>();
         mekTp::catalogue.Execute(u"DELETE FROM tcys"_s);
-        addScheme(u"0"_s, u"默认"_s, u"&H00FFFFFF&"_s, true);
-        addScheme(u"3"_s, u"藕荷"_s, u"&H00123456&"_s, false);
-        addScheme(u"5"_s, u"自定义"_s, u"&H00808080&"_s, false);
-        addScheme(u"6"_s, u"又一个"_s, u"&H00FFFF&"_s, false);
+        addScheme(u"0"_s, u"默认"_s, u"&H00FFFFFF&"_s);
+        addScheme(u"3"_s, u"藕荷"_s, u"&H00123456&"_s);
+        addScheme(u"5"_s, u"自定义"_s, u"&H00808080&"_s);
+        addScheme(u"6"_s, u"又一个"_s, u"&H00FFFF&"_s);
         windows_ = std::make_unique<RecordingWindows>();
         window_ = std::make_unique<frmPs>(*windows_);
         window_->show();
@@ -98,8 +83,7 @@ class TestColourWindow : public QObject {
         QCOMPARE(get<QComboBox>(u"cboFa"_s).currentText(), u"0 默认"_s);
         QCOMPARE(get<QLabel>(u"lblFa"_s).text(), u"当前方案\n[0 默认]"_s);
         QCOMPARE(get<QLabel>(u"lblBt"_s).text(), u"窗口颜色配置方案显示(默认)"_s);
-        QVERIFY(!get<ImageBox>(u"imgXs"_s).picture().isNull());
-        QVERIFY(get<QLabel>(u"lblTs"_s).isVisible());
+        QVERIFY(!get<ImageBox>(u"imgXs"_s).picture().isNull() && get<QLabel>(u"lblTs"_s).isVisible());
     }
 
     void showsAScheme() {
@@ -111,19 +95,7 @@ class TestColourWindow : public QObject {
         QCOMPARE(get<ShapeBox>(u"shpCt"_s).fillColor(), QColor(0x56, 0x34, 0x12));
         // An empty text leaves its part in the colour of the scheme before.
         QCOMPARE(ground(u"lblB0(0)"_s), QColor(Qt::green));
-        QVERIFY(get<ImageBox>(u"imgXs"_s).picture().isNull());
-        QVERIFY(!get<QLabel>(u"lblTs"_s).isVisible());
-    }
-
-    void fixedSchemesAreNotMixed() {
-        bool asked = false;
-        answerColourDialogsWith([&](const QColor&) {
-            asked = true;
-            return std::optional<QColor>(Qt::white);
-        });
-        choose(u"3 藕荷"_s);
-        focus(1);
-        QVERIFY(!asked);
+        QVERIFY(get<ImageBox>(u"imgXs"_s).picture().isNull() && !get<QLabel>(u"lblTs"_s).isVisible());
     }
 
     void mixingAndStoring() {
@@ -175,14 +147,6 @@ class TestColourWindow : public QObject {
         QCOMPARE(windows_->unloaded.size(), 1);
     }
 
-    void enterPressesTheButtonWithTheFocus() {
-        choose(u"3 藕荷"_s);
-        get<QPushButton>(u"cmdQx"_s).setFocus();
-        QTest::keyClick(window_->focusWidget(), Qt::Key_Return);
-        QCOMPARE(windows_->unloaded.size(), 1);
-        QCOMPARE(active(), u"0"_s);
-    }
-
     /// The menu of the main window takes this window away while a colour is being chosen.
     void goneWhileAColourIsChosen() {
         choose(u"5 自定义"_s);
@@ -197,9 +161,17 @@ class TestColourWindow : public QObject {
     }
 
     void cancellingTheColourChangesNothing() {
-        choose(u"5 自定义"_s);
-        answerColourDialogsWith([](const QColor&) { return std::optional<QColor>(); });
+        int asked = 0;
+        answerColourDialogsWith([&](const QColor&) {
+            ++asked;
+            return std::optional<QColor>();
+        });
+        choose(u"3 藕荷"_s);
         focus(1);
+        QCOMPARE(asked, 0);  // fixed schemes are not mixed
+        choose(u"5 自定义"_s);
+        focus(1);
+        QCOMPARE(asked, 1);
         QCOMPARE(get<TextBox>(u"txtYs(1)"_s).text(), u"&H00FF0000&"_s);
     }
 
@@ -217,6 +189,10 @@ class TestColourWindow : public QObject {
         click(u"cmdQx"_s);
         QCOMPARE(active(), u"0"_s);
         QCOMPARE(windows_->unloaded.size(), 1);
+        get<QPushButton>(u"cmdQx"_s).setFocus();
+        QTest::keyClick(window_->focusWidget(), Qt::Key_Return);
+        QCOMPARE(active(), u"0"_s);  // the button with the focus, not the first one
+        QCOMPARE(windows_->unloaded.size(), 2);
         click(u"cmdGb"_s);
         QVERIFY(windows_->ended);
     }

@@ -1,34 +1,24 @@
 #pragma once
 
+#include "../support/recording_windows.h"
+#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
+#include "editor/editor_texts.h"
 #include "editor/frm_cl.h"
 #include "platform/desktop/file_dialogs.h"
+#include "platform/desktop/grid.h"
 #include "platform/desktop/message_box.h"
+#include "platform/desktop/placing.h"
 
 #include <QtTest/QtTest>
-
-/// Remembers what the editor asked of the other windows.
-class EditorNeighbours : public Windows {
-  public:
-    void handOver(WindowKind, WindowKind to) override { handedTo << to; }
-    void show(WindowKind) override {}
-    void unload(WindowKind) override {}
-    void showHelp(const QString& topic) override { topics << topic; }
-    void endProgram() override { ended = true; }
-
-    bool ended = false;
-    QList<WindowKind> handedTo;
-    QStringList topics;
-};
+#include <QtWidgets/QtWidgets>
 
 /// The editor on a small catalogue, with its controls by name. Message boxes are collected instead of shown and
 /// answered with `answer`; file dialogs give `file`.
 class EditorWindow {
   public:
-    explicit EditorWindow(bool toolBar = true, bool hints = true) {
-        setSetting(QStringLiteral("处理工具条"), toolBar);
-        setSetting(QStringLiteral("处理提示"), hints);
+    EditorWindow() {
         answerBoxesWith([this](const BoxText& box) {
             boxes << box;
             return answer;
@@ -56,6 +46,7 @@ class EditorWindow {
     WorkSurface& picYu() const { return *find<WorkSurface>(QStringLiteral("picYu")); }
     WorkSurface& picMb() const { return *find<WorkSurface>(QStringLiteral("picMb")); }
     TextBox& box(const QString& name) const { return *find<TextBox>(name); }
+    QSize size() const { return picYu().size(); }
     QString hint() const { return box(QStringLiteral("txtTs")).text(); }
     QString caption() const { return window->windowTitle(); }
     bool shows(const QString& name) const {
@@ -66,6 +57,7 @@ class EditorWindow {
 
     void press(const QString& name) const { QTest::mouseClick(key(name), Qt::LeftButton); }
     void trigger(const QString& name) const { menu(name)->trigger(); }
+    void undo() const { press(QStringLiteral("cx")); }
     void click(const QString& name) const { QTest::mouseClick(find(name), Qt::LeftButton); }
     /// Types into the operation dialog and confirms.
     void enter(const QString& text) const {
@@ -85,6 +77,11 @@ class EditorWindow {
         select(pixels.topLeft(), pixels.topLeft() + QPoint(pixels.width(), pixels.height()));
         click(QStringLiteral("cmdCq(0)"));
     }
+    void clickRow(int row) const {
+        auto* grid = find<Grid>(QStringLiteral("msgBm"));
+        QTest::mouseClick(grid->viewport(), Qt::LeftButton, {},
+                          grid->visualRect(grid->model()->index(row, 0)).center());
+    }
     void select(QPoint from, QPoint to) const {
         QTest::mousePress(&picYu(), Qt::LeftButton, {}, from);
         QTest::mouseMove(&picYu(), to);
@@ -103,15 +100,7 @@ class EditorWindow {
         press(QStringLiteral("wk"));
     }
 
-    static Variant setting(const QString& column) {
-        return mekTp::catalogue.OpenRecordset(QStringLiteral("tcsz")).Fields(column).Value();
-    }
-    static void setSetting(const QString& column, bool value) {
-        Recordset settings = mekTp::catalogue.OpenRecordset(QStringLiteral("tcsz"));
-        settings.Edit();
-        settings.Fields(column).SetValue(value);
-        settings.Update();
-    }
+    static bool setting(const QString& column) { return fieldOf(QStringLiteral("tcsz"), column).toBool(); }
     static QStringList steps() {
         QStringList numbers;
         Recordset rows = mekTp::catalogue.OpenRecordset(QStringLiteral("tccx"));
@@ -120,10 +109,20 @@ class EditorWindow {
     }
 
     SampleCatalogue catalogue;
-    EditorNeighbours windows;
+    RecordingWindows windows;
     QList<BoxText> boxes;
     QList<FileQuestion> questions;
     bool answer = true;
     QString file;
     std::unique_ptr<frmCl> window;
+};
+
+inline QByteArray beginOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.read(2) : QByteArray();
+}
+
+/// The editor with the picture of `open`.
+struct OpenEditor : EditorWindow {
+    explicit OpenEditor(QSize pixels = {80, 60}) { open(pixels); }
 };

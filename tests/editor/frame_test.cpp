@@ -1,7 +1,4 @@
-#include "../support/run_all.h"
-#include "editor/editor_texts.h"
 #include "editor_window.h"
-#include "platform/desktop/placing.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -49,8 +46,7 @@ class TestEditorFrame : public QObject {
     }
 
     void aPictureBringsUpItsCommands() {
-        EditorWindow editor;
-        editor.open();
+        OpenEditor editor;
         QCOMPARE(editor.caption(), fileSourceLine(editor.file, QFileInfo(editor.file).size(), {2117, 1588}));
         for (const QString& name : pictureMenus) QVERIFY2(editor.menu(name)->isVisible(), qPrintable(name));
         QVERIFY(!editor.menu(u"mnuQh"_s)->isVisible());
@@ -60,11 +56,9 @@ class TestEditorFrame : public QObject {
             QVERIFY2(!editor.key(key)->isEnabled(), qPrintable(key));
         QVERIFY(!editor.menu(u"mnuBc"_s)->isEnabled());
         QVERIFY(editor.menu(u"mnuCl"_s)->menu() != nullptr);
-        QVERIFY(!editor.shows(u"img1"_s));
-        QVERIFY(editor.shows(u"shpBk"_s));
-        QVERIFY(editor.shows(u"txtTs"_s));
+        QVERIFY(!editor.shows(u"img1"_s) && editor.shows(u"shpBk"_s) && editor.shows(u"txtTs"_s));
         QCOMPARE(editor.hint(), hintFor(u"w1"_s));
-        QCOMPARE(editor.picYu().size(), QSize(80, 60));
+        QCOMPARE(editor.size(), QSize(80, 60));
         QCOMPARE(editor.questions.last().title, u"打开图片文件  （选中后按“打开”，放弃选择按“取消”）"_s);
         QCOMPARE(editor.questions.last().filter, u"BMP文件|*.bmp|JPG文件|*.jpg|所有文件|*.*"_s);
         QCOMPARE(editor.questions.last().filterIndex, 2);
@@ -72,9 +66,8 @@ class TestEditorFrame : public QObject {
 
     // Once a picture was loaded and taken back, the menus stay and say what to do.
     void withoutAPictureMenusReport() {
-        EditorWindow editor;
-        editor.open();
-        editor.press(u"cx"_s);
+        OpenEditor editor;
+        editor.undo();
         for (const QString& name : {u"mnuCl"_s, u"mnuB0"_s}) {
             editor.boxes.clear();
             QTest::mouseClick(editor.window->menuBar(), Qt::LeftButton, {},
@@ -100,11 +93,11 @@ class TestEditorFrame : public QObject {
         QCOMPARE(editor.menu(u"mnuGx"_s)->text(), u"显示工具条"_s);
         QCOMPARE(editor.key(u"gj"_s)->toolTip(), u"显示工具条"_s);
         QCOMPARE(tlb1->image(u"gj"_s), u"gj"_s);
-        QVERIFY(!EditorWindow::setting(u"处理工具条"_s).toBool());
+        QVERIFY(!EditorWindow::setting(u"处理工具条"_s));
         QCOMPARE(topOf(editor.find(u"picGd"_s)), 30);
         editor.trigger(u"mnuGx"_s);
         QVERIFY(tlb1->isVisible());
-        QVERIFY(EditorWindow::setting(u"处理工具条"_s).toBool());
+        QVERIFY(EditorWindow::setting(u"处理工具条"_s));
         QCOMPARE(topOf(editor.find(u"picGd"_s)), 360);
         QCOMPARE(widthOf(tlb1), 9600 - 90);
     }
@@ -117,7 +110,7 @@ class TestEditorFrame : public QObject {
         QCOMPARE(editor.menu(u"mnuTg"_s)->text(), u"打开提示"_s);
         QCOMPARE(tlb1->image(u"ts"_s), u"ts"_s);
         QCOMPARE(editor.key(u"ts"_s)->toolTip(), u"打开提示"_s);
-        QVERIFY(!EditorWindow::setting(u"处理提示"_s).toBool());
+        QVERIFY(!EditorWindow::setting(u"处理提示"_s));
         editor.open();
         QVERIFY(!editor.shows(u"txtTs"_s));
         QTest::mouseDClick(&editor.picYu(), Qt::LeftButton);
@@ -127,12 +120,11 @@ class TestEditorFrame : public QObject {
         editor.trigger(u"mnuTg"_s);
         QVERIFY(editor.shows(u"txtTs"_s));
         QCOMPARE(widthOf(editor.find(u"txtTs"_s)), hintWidth(editor.hint()));
-        QVERIFY(EditorWindow::setting(u"处理提示"_s).toBool());
+        QVERIFY(EditorWindow::setting(u"处理提示"_s));
     }
 
     void largePictureScrolls() {
-        EditorWindow editor;
-        editor.open({1000, 900});
+        const OpenEditor editor({1000, 900});
         auto* hsc1 = editor.find<QScrollBar>(u"hsc1"_s);
         auto* vsc1 = editor.find<QScrollBar>(u"vsc1"_s);
         QVERIFY(hsc1->isVisible() && vsc1->isVisible());
@@ -160,8 +152,7 @@ class TestEditorFrame : public QObject {
     }
 
     void dialogIsDraggedToThePointer() {
-        EditorWindow editor;
-        editor.open();
+        OpenEditor editor;
         editor.press(u"sf"_s);
         auto* picCq = editor.find(u"picCq"_s);
         const auto* picGd = editor.find(u"picGd"_s);

@@ -1,20 +1,14 @@
-#include "../support/run_all.h"
 #include "catalogue/picture_field.h"
 #include "editor_window.h"
 #include "platform/desktop/grid.h"
-#include "platform/desktop/placing.h"
 #include "platform/desktop/shapes.h"
-
-#include <QLabel>
-#include <QPushButton>
-#include <QRadioButton>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-struct Selecting : EditorWindow {
-    explicit Selecting(QSize pixels = {300, 200}) { open(pixels); }
+struct Selecting : OpenEditor {
+    explicit Selecting(QSize pixels = {300, 200}) : OpenEditor(pixels) {}
 
     void option(int index) const {
         QTest::mouseClick(find<QRadioButton>(u"optAn(%1)"_s.arg(index)), Qt::LeftButton, {}, QPoint(8, 9));
@@ -50,11 +44,9 @@ class TestSelecting : public QObject {
     void freeSelection() {
         const Selecting editor;
         editor.press(u"cj"_s);
-        QVERIFY(!editor.menu(u"mnuCj"_s)->isEnabled());
-        QVERIFY(!editor.find<QPushButton>(u"cmdCq(0)"_s)->isEnabled());
+        QVERIFY(!editor.menu(u"mnuCj"_s)->isEnabled() && !editor.find(u"cmdCq(0)"_s)->isEnabled());
         editor.down({20, 30});
-        QVERIFY(editor.shows(u"shpYu"_s));
-        QVERIFY(!editor.shows(u"txtCc"_s));
+        QVERIFY(editor.shows(u"shpYu"_s) && !editor.shows(u"txtCc"_s));
         editor.move({21, 31});
         QVERIFY(!editor.shows(u"txtCc"_s));
         editor.move({100, 90});
@@ -65,37 +57,18 @@ class TestSelecting : public QObject {
         QVERIFY(editor.find<QPushButton>(u"cmdCq(0)"_s)->isEnabled());
         editor.click(u"cmdCq(0)"_s);
         QCOMPARE(editor.picYu().picture().size(), QSize(80, 60));
-        QVERIFY(!editor.shows(u"shpYu"_s));
-        QVERIFY(!editor.shows(u"picCq"_s));
-        QVERIFY(editor.menu(u"mnuCj"_s)->isEnabled());
+        QVERIFY(!editor.shows(u"shpYu"_s) && !editor.shows(u"picCq"_s) && editor.menu(u"mnuCj"_s)->isEnabled());
     }
 
-    void bandColourFollowsThePicture_data() {
-        QTest::addColumn<QRgb>("under");
-        QTest::addColumn<QColor>("band");
-        QTest::newRow("dark") << qRgb(43, 43, 42) << QColor(Qt::white);
-        QTest::newRow("light enough") << qRgb(43, 43, 43) << QColor(Qt::red);
-    }
     void bandColourFollowsThePicture() {
-        QFETCH(const QRgb, under);
-        EditorWindow editor;
-        QImage plain(60, 40, QImage::Format_RGB32);
-        plain.fill(under);
-        editor.file = editor.catalogue.file(u"面.bmp"_s);
-        SavePicture(plain, editor.file);
-        editor.press(u"wk"_s);
-        editor.press(u"cj"_s);
-        QTest::mousePress(&editor.picYu(), Qt::LeftButton, {}, QPoint(5, 5));
-        QTEST(editor.find<ShapeBox>(u"shpYu"_s)->borderColor(), "band");
-    }
-
-    void backwardsAndEmpty() {
-        const Selecting editor;
-        for (const QPoint to : {QPoint(10, 10), QPoint(50, 50)}) {
+        for (const auto& [under, band] : {std::pair(Qt::black, Qt::white), {Qt::lightGray, Qt::red}}) {
+            EditorWindow editor;
+            editor.file = editor.catalogue.file(u"面.bmp"_s);
+            writePicture(editor.file, {60, 40}, under, "BMP");
+            editor.press(u"wk"_s);
             editor.press(u"cj"_s);
-            editor.select({50, 50}, to);
-            editor.click(u"cmdCq(0)"_s);
-            QCOMPARE(editor.picYu().picture().size(), QSize(300, 200));
+            QTest::mousePress(&editor.picYu(), Qt::LeftButton, {}, QPoint(5, 5));
+            QCOMPARE(editor.find<ShapeBox>(u"shpYu"_s)->borderColor(), QColor(band));
         }
     }
 
@@ -144,13 +117,16 @@ class TestSelecting : public QObject {
         QCOMPARE(editor.find(u"picGd"_s)->size(), QSize(100, 75));
     }
 
-    void refusedFixedSizeChoosesNothing() {
+    void aRefusedFixedSizeLeavesTheShapeBefore() {
         Selecting editor;
         editor.press(u"at"_s);
         editor.answer = false;
         editor.option(1);
         QVERIFY(!editor.find<QRadioButton>(u"optAn(1)"_s)->isChecked());
         QCOMPARE(editor.label(2), u"      请先选择裁剪方式"_s);
+        editor.option(0);
+        editor.option(1);
+        QVERIFY(editor.find<QRadioButton>(u"optAn(0)"_s)->isChecked());
     }
 
     void fittingPicturesCanBeTakenWhole() {
@@ -179,7 +155,7 @@ class TestSelecting : public QObject {
         auto* grid = editor.find<Grid>(u"msgBm"_s);
         QCOMPARE(grid->parentWidget()->objectName(), u"picAn"_s);
         QCOMPARE(grid->model()->rowCount(), 4);
-        QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, grid->visualRect(grid->model()->index(3, 0)).center());
+        editor.clickRow(3);
         QCOMPARE(editor.label(2), u"选中:序号=4(无图)"_s);
         QCOMPARE(editor.confirm().text(), u"确定"_s);
         QCOMPARE(topOf(&editor.confirm()), 1815);  // 1810 in whole pixels
@@ -190,24 +166,16 @@ class TestSelecting : public QObject {
         QVERIFY(stored && stored->pixels() == QSize(100, 75));
     }
 
-    void savingTheButtonAsAFile_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QByteArray>("begin");
-        QTest::newRow("jpeg") << u"钮 '1.jpg"_s << QByteArray("\xff\xd8");
-        QTest::newRow("bitmap") << u"钮.bmp"_s << QByteArray("BM");
-    }
     void savingTheButtonAsAFile() {
-        QFETCH(const QString, name);
-        Selecting editor({400, 300});
-        editor.startButton(0);
-        editor.file = editor.catalogue.file(name);
-        editor.option(3);
-        QCOMPARE(editor.lastBox(), u"操作提示|选择的“按钮用图片”已存为文件["_s + editor.file + u"]。"_s);
-        QFile file(editor.file);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QTEST(file.read(2), "begin");
-        QVERIFY(!editor.shows(u"picAn"_s));
-        QVERIFY(editor.key(u"sf"_s)->isEnabled());
+        for (const auto& [name, begin] : {std::pair(u"钮 '1.jpg"_s, "\xff\xd8"), {u"钮.bmp"_s, "BM"}}) {
+            Selecting editor({400, 300});
+            editor.startButton(0);
+            editor.file = editor.catalogue.file(name);
+            editor.option(3);
+            QCOMPARE(editor.lastBox(), u"操作提示|选择的“按钮用图片”已存为文件["_s + editor.file + u"]。"_s);
+            QCOMPARE(beginOf(editor.file), QByteArray(begin));
+            QVERIFY(!editor.shows(u"picAn"_s) && editor.key(u"sf"_s)->isEnabled());
+        }
     }
 
     void leavingTheButton() {
@@ -219,47 +187,32 @@ class TestSelecting : public QObject {
         // One step further back than the picture that was on the screen.
         QCOMPARE(editor.picYu().picture().size(), QSize(600, 400));
         QCOMPARE(editor.steps(), (QStringList{u"01"_s, u"02"_s}));
-    }
 
-    void leavingTheButtonOfAnUnchangedPicture() {
-        const Selecting editor;
-        editor.press(u"at"_s);
-        editor.click(u"cmdAg"_s);
-        QVERIFY(editor.shows(u"img1"_s));
+        const Selecting unchanged;
+        unchanged.press(u"at"_s);
+        unchanged.click(u"cmdAg"_s);
+        QVERIFY(unchanged.shows(u"img1"_s));
     }
 
     void leavingTheButtonWithoutAnyDialogBefore() {
         const Selecting editor;
         editor.press(u"fs"_s);
         editor.press(u"fc"_s);
-        for (const QString& way : {u"cmdAg"_s, u"cx"_s}) {
+        for (const QString& way : {u"cmdAg"_s, u"tlb1:cx"_s}) {
             editor.press(u"at"_s);
             QVERIFY(!editor.key(u"sf"_s)->isEnabled());
-            if (way == u"cx")
-                editor.press(way);
-            else
-                editor.click(way);
-            QVERIFY(editor.key(u"sf"_s)->isEnabled());
-            QVERIFY(editor.menu(u"mnuCl"_s)->isEnabled());
+            editor.click(way);
+            QVERIFY(editor.key(u"sf"_s)->isEnabled() && editor.menu(u"mnuCl"_s)->isEnabled());
         }
-    }
-
-    void aRefusedShapeLeavesTheOneBefore() {
-        Selecting editor;
-        editor.startButton(0);
-        editor.answer = false;
-        editor.option(1);
-        QVERIFY(editor.find<QRadioButton>(u"optAn(0)"_s)->isChecked());
     }
 
     void savingMeansThePhotograph() {
         Selecting editor({400, 300});
         editor.scale(u"0.9"_s);
         editor.startButton(0);
-        const QString photograph = editor.catalogue.file(u"图.bmp"_s);
         editor.click(u"cmdAg"_s);
         editor.press(u"bc"_s);
-        QCOMPARE(QImage(photograph).size(), QSize(360, 270));
+        QCOMPARE(QImage(editor.file).size(), QSize(360, 270));
     }
 };
 

@@ -1,6 +1,3 @@
-#include "../support/run_all.h"
-#include "catalogue/mektp.h"
-#include "catalogue/picture_field.h"
 #include "editor/work_surface.h"
 #include "platform/desktop/image_box.h"
 #include "platform/desktop/text_box.h"
@@ -16,9 +13,8 @@ constexpr QSize photographSize(4000, 3000);  // twelve megapixels
 class TestEditorTour : public QObject {
     Q_OBJECT
 
-    static void enterEditor(ProgramTour& tour) {
-        tour.program->start();
-        QTRY_VERIFY(tour.window(u"frmTp"_s));
+    static void enterEditor(const ProgramTour& tour) {
+        tour.start();
         tour.trigger(u"frmTp"_s, u"mnuCl"_s);
         QTRY_VERIFY(tour.window(u"frmCl"_s) && !tour.window(u"frmTp"_s));
     }
@@ -31,20 +27,25 @@ class TestEditorTour : public QObject {
         QTest::keyClicks(box, text);
         QTest::keyClick(box, Qt::Key_Return);
     }
-    static void select(QPoint from, QPoint to) {
+    static void crop(QPoint from, QPoint to) {
+        press(u"cj"_s);
         QTest::mousePress(picYu(), Qt::LeftButton, {}, from);
         QTest::mouseMove(picYu(), to);
         QTest::mouseRelease(picYu(), Qt::LeftButton, {}, to);
+        ProgramTour::click(u"frmCl"_s, u"cmdCq(0)"_s);
+    }
+    static void openPhotograph(ProgramTour& tour) {
+        tour.file = tour.catalogue.file(u"照 片.jpg"_s);
+        writePicture(tour.file, photographSize, Qt::darkCyan);
+        enterEditor(tour);
+        press(u"wk"_s);
     }
     static bool isWelcome() { return ProgramTour::find<QWidget>(u"frmCl"_s, u"img1"_s)->isVisible(); }
 
   private Q_SLOTS:
     void everyOperationAndBackToTheEmptyWindow() {
         ProgramTour tour;
-        tour.file = tour.catalogue.file(u"照 片.jpg"_s);
-        writePicture(tour.file, photographSize, Qt::darkCyan);
-        enterEditor(tour);
-        press(u"wk"_s);
+        openPhotograph(tour);
         QCOMPARE(size(), photographSize);
         press(u"sf"_s);
         answer(u".5"_s);
@@ -52,11 +53,8 @@ class TestEditorTour : public QObject {
         answer(u"33"_s);
         const QSize turned = size();
         QVERIFY(turned.width() > 2000 && turned.height() > 1500);
-        press(u"fs"_s);
-        press(u"fc"_s);
-        press(u"cj"_s);
-        select({100, 100}, {500, 400});
-        tour.click(u"frmCl"_s, u"cmdCq(0)"_s);
+        for (const QString& flip : {u"fs"_s, u"fc"_s}) press(flip);
+        crop({100, 100}, {500, 400});
         QCOMPARE(size(), QSize(400, 300));
         QVERIFY(tour.window(u"frmCl"_s)->windowTitle().endsWith(u" [ *0.5 33度 水平翻转 垂直翻转 裁剪]"));
 
@@ -84,10 +82,7 @@ class TestEditorTour : public QObject {
 
         tour.trigger(u"frmCl"_s, u"mnuFh"_s);
         QTRY_VERIFY(tour.window(u"frmTp"_s) && !tour.window(u"frmCl"_s));
-        tour.openInViewer(u"旅行"_s);
-        tour.click(u"frmTp"_s, u"txtLs"_s);
-        tour.chooseLine(u"frmTp"_s, u"lstLs"_s, u"2列"_s);
-        tour.click(u"frmTp"_s, u"imgAn(0)"_s);
+        tour.showAlbum(u"旅行"_s, 2);
         const auto* cell = tour.find<ImageBox>(u"frmTp"_s, u"imgXs(3)"_s);
         QTRY_COMPARE(cell->picture().pixels(), turned);
         QVERIFY(cell->height() > cell->width());
@@ -95,15 +90,10 @@ class TestEditorTour : public QObject {
 
     void aPhotographIsSavedOverItsFileAndBesideIt() {
         ProgramTour tour;
-        const QString photograph = tour.file = tour.catalogue.file(u"照 片.jpg"_s);
-        writePicture(tour.file, photographSize, Qt::darkCyan);
-        enterEditor(tour);
-        press(u"wk"_s);
-        press(u"cj"_s);
-        select({50, 50}, {450, 350});
-        tour.click(u"frmCl"_s, u"cmdCq(0)"_s);
+        openPhotograph(tour);
+        crop({50, 50}, {450, 350});
         press(u"bc"_s);
-        QCOMPARE(LoadPicture(photograph).pixels(), QSize(400, 300));
+        QCOMPARE(LoadPicture(tour.file).pixels(), QSize(400, 300));
         tour.file = tour.catalogue.file(u"副本.bmp"_s);
         press(u"lc"_s);
         QCOMPARE(LoadPicture(tour.file).pixels(), QSize(400, 300));
@@ -111,10 +101,7 @@ class TestEditorTour : public QObject {
 
     void buttonPicturesBothWays() {
         ProgramTour tour;
-        tour.file = tour.catalogue.file(u"照片.jpg"_s);
-        writePicture(tour.file, photographSize, Qt::darkMagenta);
-        enterEditor(tour);
-        press(u"wk"_s);
+        openPhotograph(tour);
         press(u"at"_s);
         tour.option(u"frmCl"_s, u"optAn(0)"_s);
         tour.option(u"frmCl"_s, u"optAn(2)"_s);

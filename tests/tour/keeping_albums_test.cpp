@@ -1,14 +1,9 @@
-#include "../support/run_all.h"
 #include "catalogue/album_rules.h"
 #include "catalogue/fixed_tables.h"
-#include "catalogue/mektp.h"
 #include "platform/desktop/file_lists.h"
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
 #include "program_tour.h"
-
-#include <QCheckBox>
-#include <QDir>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -22,10 +17,8 @@ class TestKeepingAlbums : public QObject {
 
     static void openPage(ProgramTour& tour, int page) {
         if (tour.window(sz) == nullptr) {
-            tour.program->start();
-            QTRY_VERIFY(tour.window(u"frmTp"_s));
-            tour.click(u"frmTp"_s, u"tlb1:bj"_s);
-            QTRY_VERIFY(tour.window(sz) && !tour.window(u"frmTp"_s));
+            tour.start();
+            tour.leave(u"frmTp"_s, u"tlb1:bj"_s, sz);
         }
         tour.find<TabControl>(sz, u"sstFz"_s)->setCurrentIndex(page);
     }
@@ -65,12 +58,10 @@ class TestKeepingAlbums : public QObject {
         writePicture(tour.file, {100, 75}, Qt::darkYellow);
         openPage(tour, 0);
         tour.click(sz, u"cmdQu"_s);
-        type(tour, u"txtB1"_s, u"s"_s);
-        type(tour, u"txtM1"_s, u"雪 '景"_s);
-        type(tour, u"txtC1"_s, u"tc01"_s);
-        tour.click(sz, u"cmdCk(4)"_s);
-        tour.click(sz, u"cmdAz"_s);
-        tour.click(sz, u"cmdAq"_s);
+        for (const auto& [box, text] :
+             {std::pair(u"txtB1"_s, u"s"_s), {u"txtM1"_s, u"雪 '景"_s}, {u"txtC1"_s, u"tc01"_s}})
+            type(tour, box, text);
+        for (const QString& button : {u"cmdCk(4)"_s, u"cmdAz"_s, u"cmdAq"_s}) tour.click(sz, button);
         if (tour.find<QPushButton>(sz, u"cmdQu"_s)->text() == u"保 存") tour.click(sz, u"cmdQu"_s);
         QCOMPARE(column(u"SELECT * FROM tcan WHERE 编号 = 's'"_s, u"名称"_s), QStringList{u"雪 '景"_s});
 
@@ -87,8 +78,7 @@ class TestKeepingAlbums : public QObject {
         QCOMPARE(column(u"SELECT * FROM tc01 WHERE InStr(编号,'s') > 0 ORDER BY [序号]"_s, u"序号"_s),
                  (QStringList{u"3"_s, u"4"_s, u"5"_s, u"6"_s}));
 
-        tour.click(sz, u"cmdFh"_s);
-        QTRY_VERIFY(tour.window(u"frmTp"_s) && !tour.window(sz));
+        tour.leave(sz, u"cmdFh"_s, u"frmTp"_s);
         tour.openInViewer(u"旅行"_s);
         for (int i = 0;; ++i) {
             auto* button = tour.window(u"frmTp"_s)->findChild<QWidget*>(u"imgAn(%1)"_s.arg(i));
@@ -102,10 +92,7 @@ class TestKeepingAlbums : public QObject {
 
     void renumberingByDateAndDeleting() {
         ProgramTour tour;
-        Recordset first = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 = 1"_s);
-        first.Edit();
-        first.Fields(u"日期"_s).SetValue(QDateTime(QDate(2020, 1, 1), QTime(8, 0)));
-        first.Update();
+        changeRow(u"SELECT * FROM tc01 WHERE 序号 = 1"_s, {{u"日期"_s, QDateTime(QDate(2020, 1, 1), QTime(8, 0))}});
         openPage(tour, 2);
         tour.chooseAlbum(sz, u"tc01 旅行"_s);
         tour.option(sz, u"optP1(1)"_s);

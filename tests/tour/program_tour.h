@@ -1,17 +1,15 @@
 #pragma once
 
+#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
+#include "catalogue/mektp.h"
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/list_box.h"
 #include "platform/desktop/message_box.h"
 #include "program.h"
 
-#include <QApplication>
-#include <QComboBox>
-#include <QLabel>
-#include <QMenu>
-#include <QTableView>
 #include <QtTest/QtTest>
+#include <QtWidgets/QtWidgets>
 
 /// The whole program on a small catalogue, worked by clicks on controls by window and name. Message boxes are collected
 /// and answered with 确定, file dialogs give `file`.
@@ -28,6 +26,11 @@ class ProgramTour {
         program.reset();
         answerBoxesWith({});
         answerFileDialogsWith({});
+    }
+
+    void start() const {
+        program->start();
+        QTRY_VERIFY(window(QStringLiteral("frmTp")));
     }
 
     static QWidget* window(const QString& name) {
@@ -49,6 +52,11 @@ class ProgramTour {
     }
     static void option(const QString& windowName, const QString& name) {
         QTest::mouseClick(find<QWidget>(windowName, name), Qt::LeftButton, {}, QPoint(8, 9));
+    }
+    /// Goes on in another window, which the one that is left makes way for.
+    static void leave(const QString& from, const QString& control, const QString& to) {
+        click(from, control);
+        QTRY_VERIFY(window(to) && !window(from));
     }
     static void trigger(const QString& windowName, const QString& name) { find<QAction>(windowName, name)->trigger(); }
 
@@ -72,6 +80,14 @@ class ProgramTour {
     static void openInViewer(const QString& title) {
         for (QAction* action : find<QMenu>(QStringLiteral("frmTp"), QStringLiteral("mnuDk"))->actions())
             if (action->text() == title) action->trigger();
+    }
+
+    /// An album in the main window, with all its pictures, in that many columns.
+    static void showAlbum(const QString& title, int columns) {
+        openInViewer(title);
+        click(QStringLiteral("frmTp"), QStringLiteral("txtLs"));
+        chooseLine(QStringLiteral("frmTp"), QStringLiteral("lstLs"), QStringLiteral("%1列").arg(columns));
+        click(QStringLiteral("frmTp"), QStringLiteral("imgAn(0)"));
     }
 
     static bool anyLabelSays(const QString& windowName, const QString& part) {

@@ -1,6 +1,3 @@
-#include "../support/run_all.h"
-#include "catalogue/album_rules.h"
-#include "catalogue/mektp.h"
 #include "platform/desktop/file_lists.h"
 #include "platform/desktop/image_box.h"
 #include "platform/desktop/tab_control.h"
@@ -22,11 +19,8 @@ class TestRoadOfAPicture : public QObject {
         for (int i = 1; i <= 5; ++i)
             writePicture(photographs.filePath(u"%1.jpg"_s.arg(i)), QSize(64, 48), QColor::fromHsv(60 * i, 255, 200));
 
-        tour.program->start();
-        QTRY_VERIFY(tour.window(u"frmTp"_s));
-        tour.click(u"frmTp"_s, u"tlb1:bj"_s);
-        QTRY_VERIFY(tour.window(u"frmSz"_s) && !tour.window(u"frmTp"_s));
-
+        tour.start();
+        tour.leave(u"frmTp"_s, u"tlb1:bj"_s, u"frmSz"_s);
         tour.click(u"frmSz"_s, u"cmdJl"_s);
         tour.find<TextBox>(u"frmSz"_s, u"txtBa"_s)->setText(u"tc07"_s);
         tour.find<TextBox>(u"frmSz"_s, u"txtBb"_s)->setText(u"海边"_s);
@@ -43,14 +37,11 @@ class TestRoadOfAPicture : public QObject {
         QCOMPARE(tour.said.last(), u"图片录入完成！  共录入：5张"_s);
         QCOMPARE(tour.find<QLabel>(u"frmSz"_s, u"lblJl"_s)->text(), u"表 [tc07 海边] 共有记录：5 条"_s);
 
-        tour.click(u"frmSz"_s, u"cmdFh"_s);
-        QTRY_VERIFY(tour.window(u"frmTp"_s) && !tour.window(u"frmSz"_s));
+        tour.leave(u"frmSz"_s, u"cmdFh"_s, u"frmTp"_s);
         tour.openInViewer(u"海边"_s);
         QVERIFY(tour.anyLabelSays(u"frmTp"_s, u"海边(tc07) 共 5 张"_s));
 
-        tour.click(u"frmTp"_s, u"txtLs"_s);
-        tour.chooseLine(u"frmTp"_s, u"lstLs"_s, u"2列"_s);
-        tour.click(u"frmTp"_s, u"imgAn(0)"_s);
+        tour.showAlbum(u"海边"_s, 2);
         QVERIFY(tour.anyLabelSays(u"frmTp"_s, u"共5张 共2页"_s));
         for (int i = 0; i < 4; ++i) {
             auto* cell = tour.find<ImageBox>(u"frmTp"_s, u"imgXs(%1)"_s.arg(i));
@@ -63,13 +54,10 @@ class TestRoadOfAPicture : public QObject {
     /// What the viewer remembers survives the other window.
     void returningOpensTheSameAlbum() {
         const ProgramTour tour;
-        tour.program->start();
-        QTRY_VERIFY(tour.window(u"frmTp"_s));
+        tour.start();
         tour.openInViewer(u"旅行"_s);
-        tour.click(u"frmTp"_s, u"tlb1:bj"_s);
-        QTRY_VERIFY(tour.window(u"frmSz"_s));
-        tour.click(u"frmSz"_s, u"cmdFh"_s);
-        QTRY_VERIFY(tour.window(u"frmTp"_s));
+        tour.leave(u"frmTp"_s, u"tlb1:bj"_s, u"frmSz"_s);
+        tour.leave(u"frmSz"_s, u"cmdFh"_s, u"frmTp"_s);
         QCOMPARE(mekTp::currentTable, u"tc01"_s);
         QVERIFY(tour.anyLabelSays(u"frmTp"_s, u"旅行(tc01) 共 10 张"_s));
     }

@@ -1,49 +1,75 @@
-#include "../support/run_all.h"
-#include "../support/sample_catalogue.h"
-#include "program.h"
-
-#include <QtTest/QtTest>
-#include <QtWidgets/QtWidgets>
+#include "help/rich_text_box.h"
+#include "platform/desktop/tool_bar.h"
+#include "program_tour.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// How windows come, and how the last one goes.
+/// How windows come and stand beside each other, and how the last one goes.
 class TestWindows : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<SampleCatalogue> catalogue_;
-    std::unique_ptr<Program> program_;
+    std::unique_ptr<ProgramTour> tour_;
 
-    static QWidget* window(const QString& name) {
-        for (QWidget* widget : QApplication::topLevelWidgets())
-            if (widget->objectName() == name && widget->isVisible()) return widget;
-        return nullptr;
-    }
-    static void click(const QString& windowName, const QString& name) {
-        auto* control = window(windowName)->findChild<QWidget*>(name);
-        if (control == nullptr) qFatal("no control %s", qPrintable(name));
-        QTest::mouseClick(control, Qt::LeftButton);
+    static constexpr auto window = &ProgramTour::window;
+    static constexpr auto click = &ProgramTour::click;
+
+    static QString helpKey() {
+        auto* bar = ProgramTour::find<ToolBar>(u"frmTp"_s, u"tlb1"_s);
+        const auto* item = ProgramTour::find<QAction>(u"frmTp"_s, u"mnuBz"_s);
+        return bar->image(u"bz"_s) + u'|' + bar->button(u"bz"_s)->toolTip() + u'|' + item->text();
     }
 
   private Q_SLOTS:
     void init() {
-        catalogue_ = std::make_unique<SampleCatalogue>();
-        program_ = std::make_unique<Program>();
-        program_->start();
-        QTRY_VERIFY(window(u"frmTp"_s));
+        tour_ = std::make_unique<ProgramTour>();
+        tour_->start();
     }
-    void cleanup() {
-        program_.reset();
-        catalogue_.reset();
+    void cleanup() { tour_.reset(); }
+
+    void theMainWindowOffersWhatIsLeftToDo() {
+        const QString offersHelp = u"bz|帮助|帮助(B)"_s;
+        const QString offersClosing = u"bg|帮助关闭|帮助关闭(B)"_s;
+        for (int way = 0; way < 3; ++way) {
+            click(u"frmTp"_s, u"tlb1:bz"_s);
+            QVERIFY(window(u"frmBz"_s));
+            QCOMPARE(helpKey(), offersClosing);
+            if (way == 0) click(u"frmTp"_s, u"tlb1:bz"_s);
+            if (way == 1) window(u"frmBz"_s)->close();
+            if (way == 2) click(u"frmBz"_s, u"imgFh"_s);
+            QVERIFY(!window(u"frmBz"_s) && window(u"frmTp"_s));
+            QCOMPARE(helpKey(), offersHelp);
+        }
+    }
+
+    void helpOutlivesTheWindowThatAskedForIt() {
+        tour_->leave(u"frmTp"_s, u"tlb1:bj"_s, u"frmSz"_s);
+        click(u"frmSz"_s, u"cmdBz"_s);
+        QTRY_VERIFY(window(u"frmBz"_s));
+        const auto* text = window(u"frmBz"_s)->findChild<RichTextBox*>(u"rtfBz"_s);
+        QVERIFY(text->textCursor().block().text().contains(u"3 软件的使用"));
+
+        tour_->leave(u"frmSz"_s, u"cmdFh"_s, u"frmTp"_s);
+        QVERIFY(window(u"frmBz"_s));
+        QVERIFY(helpKey().startsWith(u"bg|"));
+        click(u"frmTp"_s, u"tlb1:bz"_s);
+        QVERIFY(!window(u"frmBz"_s));
+    }
+
+    /// Work in the settings window is not left behind by the way back from the manual.
+    void theWayBackLeadsToTheWindowAtWork() {
+        tour_->leave(u"frmTp"_s, u"tlb1:bj"_s, u"frmSz"_s);
+        click(u"frmSz"_s, u"cmdBz"_s);
+        click(u"frmBz"_s, u"imgFh"_s);
+        QVERIFY(window(u"frmSz"_s) && !window(u"frmBz"_s) && !window(u"frmTp"_s));
     }
 
     void aMinimisedWindowComesBack() {
-        window(u"frmTp"_s)->findChild<QAction*>(u"mnuGy"_s)->trigger();
+        tour_->trigger(u"frmTp"_s, u"mnuGy"_s);
         QWidget* about = window(u"frmGy"_s);
         about->showMinimized();
-        window(u"frmTp"_s)->findChild<QAction*>(u"mnuGy"_s)->trigger();
+        tour_->trigger(u"frmTp"_s, u"mnuGy"_s);
         QCOMPARE(window(u"frmGy"_s), about);
         QVERIFY(!about->isMinimized());
     }
@@ -57,7 +83,7 @@ class TestWindows : public QObject {
     void theLastWindowEndsTheProgram() {
         QFETCH(QString, way);
         constexpr int stillRunning = 7;
-        window(u"frmTp"_s)->findChild<QAction*>(u"mnuCs"_s)->trigger();
+        tour_->trigger(u"frmTp"_s, u"mnuCs"_s);
         QTimer::singleShot(0, [&] {
             window(u"frmTp"_s)->close();
             QWidget* colours = window(u"frmPs"_s);
@@ -78,7 +104,7 @@ class TestWindows : public QObject {
     void otherWindowsKeepTheProgram() {
         constexpr int stillRunning = 7;
         QTimer::singleShot(0, [&] {
-            window(u"frmTp"_s)->findChild<QAction*>(u"mnuCs"_s)->trigger();
+            tour_->trigger(u"frmTp"_s, u"mnuCs"_s);
             click(u"frmPs"_s, u"cmdQx"_s);
             click(u"frmTp"_s, u"tlb1:bj"_s);
             click(u"frmSz"_s, u"cmdFh"_s);

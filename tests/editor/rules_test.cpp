@@ -1,0 +1,222 @@
+#include "../support/run_all.h"
+#include "../support/sample_catalogue.h"
+#include "catalogue/mektp.h"
+#include "editor/editor_layout.h"
+#include "editor/editor_texts.h"
+#include "editor/picture_files.h"
+#include "editor/selection.h"
+#include "editor/step_trail.h"
+#include "platform/picture/picture.h"
+
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+using enum SelectionShape;
+
+constexpr QSize screen(15360, 11520);
+constexpr int toolBar = 330;
+
+EditorLayoutInput input(QSize picture, int toolbarHeight = 0, int titleBarExtra = 0, int horizontalMaximum = 32767) {
+    EditorLayoutInput in{picture, screen, toolbarHeight, titleBarExtra};
+    in.horizontalMaximum = horizontalMaximum;
+    return in;
+}
+
+/// A bar is told by its maximum, its large and its small step; one that does not show by nothing.
+void verifyBar(const EditorLayout::Bar& bar, const QList<int>& expected, const QRect& place) {
+    QCOMPARE(bar.visible, !expected.isEmpty());
+    QCOMPARE(bar.placed, !expected.isEmpty());
+    if (expected.isEmpty()) return;
+    QCOMPARE(bar.place, place);
+    QCOMPARE((QList{bar.maximum, bar.largeStep, bar.smallStep}), expected);
+}
+
+/// What the editor computes without widgets: places, sizes, texts, the trail of steps.
+class TestEditorRules : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void pictureInTheWindow() {
+        const struct {
+            EditorLayoutInput in;
+            QSize window, view;
+            QList<int> horizontal, vertical;
+        } cases[] = {
+            {input({6000, 4500}), {9600, 7200}, {6000, 4500}, {}, {}},
+            {input({6000, 4500}, toolBar), {9600, 7200}, {6000, 4500}, {}, {}},
+            // The largest in the least window, one twip more each way, a higher title bar, all of the screen.
+            {input({9450, 6435}), {9600, 7200}, {9450, 6435}, {}, {}},
+            {input({9451, 6436}), {9601, 7171}, {9451, 6436}, {}, {}},
+            {input({9600, 6500}, toolBar, 120), {9750, 7685}, {9600, 6500}, {}, {}},
+            {input({15210, 10755}), {15360, 11490}, {15210, 10755}, {}, {}},
+            // Too wide: the small step goes to the even.
+            {input({29980, 4500}), {15360, 7200}, {15210, 4500}, {14770, 1477, 738}, {}},
+            {input({30010, 8000}, toolBar), {15360, 9315}, {15210, 8000}, {14800, 1480, 740}, {}},
+            // Too high: the steps are those of the horizontal bar's maximum.
+            {input({6000, 20000}), {9600, 11520}, {6000, 10755}, {}, {9245, 3277, 1638}},
+            {input({12000, 10876}, 0, 120), {12400, 11520}, {12000, 10635}, {}, {241, 3277, 1638}},
+            {input({6000, 20000}, 0, 0, 45), {9600, 11520}, {6000, 10755}, {}, {9245, 4, 2}},
+            // Both, the second of fifty megapixels.
+            {input({30000, 20000}, toolBar), {15360, 11520}, {14960, 10175}, {15040, 1504, 752}, {9825, 1504, 752}},
+            {input({122880, 92160}), {15360, 11520}, {14960, 10505}, {107920, 10792, 5396}, {81655, 10792, 5396}},
+        };
+        for (const auto& [in, window, view, horizontal, vertical] : cases) {
+            const EditorLayout layout = editorLayout(in);
+            const int top = in.toolbarHeight;
+            QCOMPARE(layout.window, window);
+            QCOMPARE(layout.view, view);
+            QCOMPARE(layout.viewport, QRect(QPoint(30, top + 30), view));
+            QCOMPARE(layout.picture, in.picture);
+            QCOMPARE(layout.background,
+                     QRect(0, top, window.width() - 85, window.height() - 680 - top - in.titleBarExtra));
+            verifyBar(layout.horizontal, horizontal, {30, top + 30 + view.height(), view.width(), 250});
+            verifyBar(layout.vertical, vertical, {30 + view.width(), top + 30, 250, view.height()});
+        }
+    }
+
+    void welcomePicture() {
+        const std::tuple<int, int, QRect, QSize> rows[] = {
+            {0, 11520, {30, 30, 9450, 6470}, {9600, 7200}},
+            {toolBar, 11520, {30, 360, 9450, 5810}, {9600, 7200}},
+            {0, 6500, {30, 30, 9450, 6065}, {9600, 6500}},
+        };
+        for (const auto& [toolbarHeight, screenHeight, viewport, window] : rows) {
+            EditorLayoutInput welcome = input({9450, 6140 - toolbarHeight}, toolbarHeight);
+            welcome.screen.setHeight(screenHeight);
+            welcome.welcome = true;
+            const EditorLayout layout = editorLayout(welcome);
+            QCOMPARE(layout.viewport, viewport);
+            QCOMPARE(layout.picture, viewport.size());
+            QCOMPARE(layout.window, window);
+            QVERIFY(!layout.horizontal.visible && !layout.vertical.visible);
+        }
+    }
+
+    void selectionFollowsThePointer() {
+        const std::tuple<SelectionShape, QPoint, QSize> rows[] = {
+            {free, {1500, 900}, {1200, 300}}, {free, {0, 0}, {-300, -600}},
+            {free, {300, 600}, {0, 0}},       {ratio, {1500, 9000}, {1200, 900}},  // takes no notice of the height
+            {ratio, {315, 0}, {15, 11}},                                           // 11.25
+            {ratio, {330, 0}, {30, 22}},                                           // 22.5 goes to the even
+            {ratio, {0, 900}, {-300, -225}},  {fixed, {-9, 7}, {1500, 1125}},
+        };
+        for (const auto& [shape, pointer, size] : rows) QCOMPARE(selectionSize(shape, {300, 600}, pointer), size);
+    }
+
+    void selectionReadouts() {
+        const std::pair<QSize, QString> texts[] = {{{1800, 1350}, u"W：120 H：90 W/H：1.333"_s},
+                                                   {{300, 300}, u"W：20 H：20 W/H：1.000"_s},
+                                                   {{600, 360}, u"W：40 H：24 W/H：1.667"_s},
+                                                   {{150000, 75}, u"W：10000 H：5 W/H：2000.000"_s},
+                                                   {{150, 0}, u"W：10 H：0 W/H："_s}};
+        for (const auto& [size, text] : texts) QCOMPARE(selectionReadout({150, 300}, size), u"L：10 T：20 "_s + text);
+
+        const std::pair<QPoint, QPoint> places[] = {{{100, 200}, {100, 200}},
+                                                    {{4000, 4229}, {4000, 4229}},
+                                                    {{4001, 4230}, {2001, 4230}},
+                                                    {{5900, 9000}, {3900, 4230}}};
+        for (const auto& [wanted, place] : places) QCOMPARE(readoutPlace(wanted, 2000, {6000, 4500}), place);
+
+        QVERIFY(readoutShows({21, 21}));
+        for (const QSize small : {QSize(20, 300), QSize(300, 20), QSize(-300, -300)}) QVERIFY(!readoutShows(small));
+    }
+
+    void buttonPictureTexts() {
+        const std::tuple<SelectionShape, QSize, QString, QString> rows[] = {
+            {ratio, {1500, 1125}, u"100 * 75"_s, u"1：1"_s},
+            {ratio, {1800, 1350}, u"120 * 90"_s, u"1.2：1"_s},
+            {ratio, {75, 56}, u"5 * 3"_s, u"0.05：1"_s},  // part of a row is cut off
+            {fixed, {1, 1}, u"100 * 75"_s, u"1：1"_s},
+        };
+        for (const auto& [shape, size, selected, zoom] : rows) {
+            QCOMPARE(selectedSizeText(shape, size), u"选中尺寸："_s + selected);
+            QCOMPARE(zoomRatioText(shape, size), u"缩放比例："_s + zoom);
+        }
+    }
+
+    void selectionIsWhiteOnDarkRedOnLight() {
+        for (const QRgb dark : {qRgb(43, 43, 42), qRgb(0, 0, 128)}) QCOMPARE(selectionColor(dark), QColor(Qt::white));
+        for (const QRgb light : {qRgb(43, 43, 43), qRgb(0, 129, 0)}) QCOMPARE(selectionColor(light), QColor(Qt::red));
+    }
+
+    void hints() {
+        QVERIFY(hintFor(u"k0"_s).startsWith(u"先选择图册，再在右边筛选"_s));
+        QCOMPARE(hintFor(u"k1"_s), hintFor(u"w1"_s));
+        for (const QString& code : {u"c2"_s, u"x2"_s, u"p1"_s, u"z1"_s}) QCOMPARE(hintFor(code), hintFor(u"s2"_s));
+        QVERIFY(hintFor(u"a1"_s).contains(u"100＊75像素"_s));
+        for (const QString& code : {u"00"_s, u"v1"_s, u"a4"_s, u"b"_s, u"c"_s, QString()})
+            QCOMPARE(hintFor(code), QString());
+        QCOMPARE(hintWidth({}), 60);
+        QCOMPARE(hintWidth(u"a图1"_s), 4 * 90 + 60);
+    }
+
+    void sourceLineOfAFile() {
+        const std::tuple<qint64, QSize, QString> rows[] = {
+            {1536, {100, 75}, u"大小：1.500KB  规格：100 * 75"_s},
+            {512, {1, 1}, u"大小：0.500KB  规格：1 * 1"_s},
+            {4'567'890, {4000, 3000}, u"大小：4,460.830KB  规格：4000 * 3000"_s},
+            {0, {32767, 8001}, u"大小：0.000KB  规格：32767 * 8001"_s},
+        };
+        for (const auto& [bytes, pixels, tail] : rows) {
+            const QSize hiMetric(hiMetricFromPixels(pixels.width()), hiMetricFromPixels(pixels.height()));
+            QCOMPARE(fileSourceLine(u"/相片/a b.jpg"_s, bytes, hiMetric), u"[从文件读出] /相片/a b.jpg  "_s + tail);
+        }
+    }
+
+    void sourceLineOfARecordLeavesOutNulls() {
+        const SampleCatalogue sample;
+        const QString first = u"SELECT * FROM tc01 WHERE 序号 = 1"_s;
+        const auto line = [&first] {
+            Recordset record = mekTp::catalogue.OpenRecordset(first);
+            return albumSourceLine(u"tc01"_s, record);
+        };
+        changeRow(first, {{u"大小"_s, u"1.234"_s}});
+        QCOMPARE(line(), u"[从图册读出] 图册名：tc01 序号：1 编号：12 大小：1.234 规格：40 * 30"_s);
+        changeRow(first, {{u"编号"_s, {}}, {u"大小"_s, {}}});
+        QCOMPARE(line(), u"[从图册读出] 图册名：tc01 序号：1 规格：40 * 30"_s);
+    }
+
+    // The window and the surface take their sizes from the twips: they must come to the picture's pixels again.
+    void twipsOfAPicture() {
+        QCOMPARE(pictureTwips(hiMetricFromPixels(100), 100), 1500);
+        QCOMPARE(pictureTwips(hiMetricFromPixels(2184), 2184), 32762);
+        for (int pixels = 1; pixels <= longestPictureSide; ++pixels) {
+            const int twips = pictureTwips(hiMetricFromPixels(pixels), pixels);
+            if ((twips + 7) / 15 != pixels) QFAIL(qPrintable(u"%1 pixels, %2 twips"_s.arg(pixels).arg(twips)));
+        }
+    }
+
+    void namesOfSavedFiles() {
+        for (const auto& [chosen, name] : {std::pair(u"a.jpg"_s, u"a.jpg"_s),
+                                           {u"a.bmp"_s, u"a.bmp"_s},
+                                           {u"a.png"_s, u"a.bmp"_s},
+                                           {u"a.JPG"_s, u"a.bmp"_s},
+                                           {u"a.jpeg"_s, u"a.bmp"_s},
+                                           {u"/x.y/照片"_s, u"/x.y/照片.bmp"_s}})
+            QCOMPARE(savingName(chosen), name);
+    }
+
+    // Two digits a step would read 100 back as "00" and never find a row again.
+    void trailGoesOnPastAHundredSteps() {
+        StepTrail trail(u"k1"_s);
+        QVERIFY(trail.isFromAlbum() && !StepTrail(u"w1"_s).isFromAlbum() && !StepTrail().isFromAlbum());
+        for (int step = 1; step <= 1200; ++step) trail.push(step);
+        for (int step = 1200; step >= 1; --step) {
+            const QString text = trail.newest();
+            QCOMPARE(text, u"%1"_s.arg(step, 2, 10, QChar(u'0')));
+            QCOMPARE(trail.pop(), text);
+        }
+        QVERIFY(trail.isEmpty());
+        QCOMPARE(trail.newest() + trail.pop(), QString());
+        QCOMPARE(trail.baseCode(), u"k1"_s);
+    }
+};
+
+const Registered<TestEditorRules> registered;
+
+}  // namespace
+
+#include "rules_test.moc"
