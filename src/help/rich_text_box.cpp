@@ -3,6 +3,12 @@
 #include <QAbstractTextDocumentLayout>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QTextFrame>
+#include <algorithm>
+
+namespace {
+constexpr int lineRoom = 60;  ///< Pixels for a heading and its air.
+}
 
 RichTextBox::RichTextBox(QWidget* parent) : QTextBrowser(parent) {
     setUndoRedoEnabled(false);
@@ -18,6 +24,17 @@ int RichTextBox::Find(const QString& text, int start) {
     const double top = layout->blockBoundingRect(hit.block()).top() - document()->documentMargin();
     verticalScrollBar()->setValue(int(top));
     return hit.selectionStart();
+}
+
+void RichTextBox::resizeEvent(QResizeEvent* event) {
+    QTextBrowser::resizeEvent(event);
+    // Room below the end, so that the last headings come to the top of the view as well.
+    QTextFrame* all = document()->rootFrame();
+    QTextFrameFormat format = all->frameFormat();
+    const int room = std::max(viewport()->height() - lineRoom, int(document()->documentMargin()));
+    if (int(format.bottomMargin()) == room) return;
+    format.setBottomMargin(room);
+    all->setFrameFormat(format);
 }
 
 int RichTextBox::SelStart() const {

@@ -10,11 +10,14 @@ class RichTextBox : public QTextBrowser {
     explicit RichTextBox(QWidget* parent = nullptr);
 
     /// Looks for `text` from the character at `start` on, whatever the case of its letters; a hit does not span two
-    /// paragraphs. The hit is selected and its paragraph comes to the top of the view, as far as the text below
-    /// suffices. Position of the hit, or -1, which leaves selection and view alone.
+    /// paragraphs. The hit is selected and its paragraph comes to the top of the view. Position of the hit, or -1,
+    /// which leaves selection and view alone.
     int Find(const QString& text, int start);
 
     int SelStart() const;
     int SelLength() const;
     void setSelLength(int characters);
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
 };

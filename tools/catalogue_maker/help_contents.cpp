@@ -2,8 +2,19 @@
 #include "platform/base/error.h"
 
 #include <QFile>
+#include <QRegularExpression>
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QByteArray partOfManual(const QString& name) {
+    QFile file(u":/catalogue/"_s + name);
+    if (!file.open(QIODevice::ReadOnly)) throw Error(u"程序中缺少帮助文本。"_s);
+    return file.readAll();
+}
+
+}  // namespace
 
 void fillHelpContents(const Database& database) {
     // The first three characters are the chapter; number, a blank and title stand as a heading in the manual.
@@ -59,7 +70,13 @@ void fillHelpContents(const Database& database) {
 }
 
 QString manualText() {
-    QFile file(u":/catalogue/manual.html"_s);
-    if (!file.open(QIODevice::ReadOnly)) throw Error(u"程序中缺少帮助文本。"_s);
-    return QString::fromUtf8(file.readAll());
+    QString text = QString::fromUtf8(partOfManual(u"manual.html"_s));
+    // The manual is one text of the catalogue: its pictures stand in it, too.
+    static const QRegularExpression source(u"src=\"(pictures/[a-z0-9]+\\.jpg)\""_s);
+    for (auto found = source.match(text); found.hasMatch(); found = source.match(text)) {
+        const QByteArray picture = partOfManual(found.captured(1)).toBase64();
+        text.replace(found.capturedStart(), found.capturedLength(),
+                     u"src=\"data:image/jpeg;base64,"_s + QString::fromLatin1(picture) + u'"');
+    }
+    return text;
 }
