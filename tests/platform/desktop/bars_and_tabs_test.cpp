@@ -1,13 +1,8 @@
-#include "../../support/run_all.h"
+#include "desktop.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/tool_bar.h"
-
-#include <QApplication>
-#include <QLabel>
-#include <QTabBar>
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -52,11 +47,7 @@ class TestBarsAndTabs : public QObject {
     }
 
     void tabPlacesControlsFromItsOwnCorner() {
-        const std::tuple<bool> cases[] = {
-            {false},  // plain
-            {true},   // with the program's look
-        };
-        for (const auto& [look] : cases) {
+        for (const bool look : {false, true}) {
             if (look) applyLook(*qApp);
             QWidget form;
             form.resize(640, 480);
@@ -69,22 +60,19 @@ class TestBarsAndTabs : public QObject {
             hidden->hide();
             tabs->putOn(0, shared, 1500, 750, 450, 300);
             tabs->putOn(0, hidden, 150, 750, 450, 300);
-            form.show();
-            QVERIFY(QTest::qWaitForWindowExposed(&form));
-
+            QVERIFY(isShown(form));
             QCOMPARE(tabs->tabBar()->geometry().topLeft(), QPoint(0, 0));
             QCOMPARE(tabs->tabBar()->height(), 25);
             QCOMPARE(tabs->tabBar()->tabRect(1), QRect(62, 0, 62, 25));
-            QCOMPARE(shared->mapTo(tabs, QPoint(0, 0)), QPoint(100, 50));
-            QCOMPARE(shared->size(), QSize(30, 20));
-            QVERIFY(shared->isVisible() && !hidden->isVisible());
-
-            tabs->setCurrentIndex(1);
-            tabs->putOn(1, shared, 300, 375);
-            tabs->putOn(1, hidden, 300, 900);
-            QCOMPARE(shared->mapTo(tabs, QPoint(0, 0)), QPoint(20, 25));
-            QCOMPARE(shared->size(), QSize(30, 20));
-            QVERIFY(shared->isVisible() && !hidden->isVisible());
+            for (const auto& [page, place] : {std::pair{0, QPoint(100, 50)}, {1, QPoint(20, 25)}}) {
+                tabs->setCurrentIndex(page);
+                if (page == 1) {
+                    tabs->putOn(1, shared, 300, 375);
+                    tabs->putOn(1, hidden, 300, 900);
+                }
+                QCOMPARE(QRect(shared->mapTo(tabs, QPoint(0, 0)), shared->size()), QRect(place, QSize(30, 20)));
+                QVERIFY(shared->isVisible() && !hidden->isVisible());
+            }
         }
     }
 
@@ -94,8 +82,7 @@ class TestBarsAndTabs : public QObject {
         auto* tabs = new TabControl(&form);
         tabs->setGeometry(10, 10, 600, 440);
         tabs->addPage(u"图册设置"_s);
-        form.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&form));
+        QVERIFY(isShown(form));
         QList<QPoint> told;
         connect(tabs, &TabControl::mouseMovedAt, this, [&](int x, int y) { told.append({x, y}); });
         for (const QPoint at : {QPoint(40, 20), QPoint(400, 12), QPoint(110, 210)})

@@ -1,15 +1,7 @@
 #include "platform/desktop/data_control.h"
 
-#include "../../support/run_all.h"
-#include "platform/base/error.h"
+#include "desktop.h"
 #include "platform/desktop/grid.h"
-#include "platform/desktop/message_box.h"
-
-#include <QApplication>
-#include <QHeaderView>
-#include <QProcess>
-#include <QToolButton>
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -50,17 +42,20 @@ class TestDataControl : public QObject {
         data_->setDatabaseName(path_);
         data_->setRecordSource(u"SELECT * FROM tc01 ORDER BY [序号]"_s);
         data_->useDatabase(database_);
+        grid_ = std::make_unique<Grid>();
+        grid_->bind(data_.get());
+        data_->Refresh();
     }
 
     void cleanup() {
         answerBoxesWith({});
+        grid_.reset();
         data_.reset();
         database_ = {};
         folder_.reset();
     }
 
     void buttonsMoveThroughTheRecords() {
-        data_->Refresh();
         QSignalSpy repositioned(data_.get(), &DataControl::repositioned);
         const auto press = [&](const QString& name) { data_->findChild<QToolButton*>(name)->click(); };
         const QList<std::pair<QString, int>> steps{{u"previous"_s, 0}, {u"next"_s, 1}, {u"next"_s, 2},
@@ -78,29 +73,23 @@ class TestDataControl : public QObject {
         QCOMPARE(repositioned.size(), 6);
     }
 
-    void buttonsLeadFromADeletedRecordToItsNeighbours_data() {
-        QTest::addColumn<int>("deleted");
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<int>("number");
-        QTest::newRow("next") << 2 << u"next"_s << 4;
-        QTest::newRow("previous") << 2 << u"previous"_s << 2;
-        QTest::newRow("next of the last") << 4 << u"next"_s << 4;
-        QTest::newRow("previous of the first") << 0 << u"previous"_s << 2;
-        QTest::newRow("first") << 2 << u"first"_s << 1;
-        QTest::newRow("last") << 2 << u"last"_s << 5;
-    }
-
     void buttonsLeadFromADeletedRecordToItsNeighbours() {
-        QFETCH(const int, deleted);
-        QFETCH(const QString, button);
-        QFETCH(const int, number);
-        data_->Refresh();
-        data_->moveToRow(deleted);
-        data_->Recordset().Delete();
-        QSignalSpy repositioned(data_.get(), &DataControl::repositioned);
-        data_->findChild<QToolButton*>(button)->click();
-        QCOMPARE(data_->Recordset().Fields(u"序号"_s).Value().toInteger(), number);
-        QCOMPARE(repositioned.size(), 1);
+        for (const auto& [deleted, button, number] : {std::tuple{2, u"next"_s, 4},
+                                                      {2, u"previous"_s, 2},
+                                                      {4, u"next"_s, 4},
+                                                      {0, u"previous"_s, 2},
+                                                      {2, u"first"_s, 1},
+                                                      {2, u"last"_s, 5}}) {
+            database_.Execute(u"DELETE FROM tc01"_s);
+            fillPictures(database_, u"tc01"_s, 5);
+            data_->Refresh();
+            data_->moveToRow(deleted);
+            data_->Recordset().Delete();
+            QSignalSpy repositioned(data_.get(), &DataControl::repositioned);
+            data_->findChild<QToolButton*>(button)->click();
+            QCOMPARE(data_->Recordset().Fields(u"序号"_s).Value().toInteger(), number);
+            QCOMPARE(repositioned.size(), 1);
+        }
     }
 
     void refreshTellsWhatItFound() {
@@ -108,34 +97,29 @@ class TestDataControl : public QObject {
         QSignalSpy repositioned(data_.get(), &DataControl::repositioned);
         data_->Refresh();
         QCOMPARE(refreshed.size(), 1);
-        QCOMPARE(repositioned.size(), 1);
         QCOMPARE(data_->total(), 5);
         data_->setRecordSource(u"SELECT * FROM tc01 WHERE [序号] > 50"_s);
         data_->Refresh();
         QCOMPARE(data_->total(), 0);
-        QCOMPARE(repositioned.size(), 1);
         data_->findChild<QToolButton*>(u"next"_s)->click();
         QCOMPARE(repositioned.size(), 1);
     }
 
     void failedRefreshLeavesNoRecords() {
-        Grid grid;
-        grid.bind(data_.get());
-        data_->Refresh();
-        QCOMPARE(grid.model()->rowCount(), 5);
+        QCOMPARE(grid_->model()->rowCount(), 5);
         QSignalSpy refreshed(data_.get(), &DataControl::refreshed);
         data_->setRecordSource(u"SELECT * FROM tc99"_s);
         QVERIFY_THROWS_EXCEPTION(Error, data_->Refresh());
         QVERIFY(data_->Recordset().isNothing());
         QCOMPARE(data_->total(), 0);
         QCOMPARE(refreshed.size(), 1);
-        QCOMPARE(grid.model()->rowCount(), 0);
+        QCOMPARE(grid_->model()->rowCount(), 0);
         data_->setDatabaseName(folder_->filePath(u"none.mdb"_s));
         QVERIFY_THROWS_EXCEPTION(Error, data_->Refresh());
         data_->setDatabaseName(path_);
         data_->setRecordSource(u"tc01"_s);
         data_->Refresh();
-        QCOMPARE(grid.model()->rowCount(), 5);
+        QCOMPARE(grid_->model()->rowCount(), 5);
     }
 
     void anotherFileIsOpenedByItsPath() {
@@ -154,120 +138,97 @@ class TestDataControl : public QObject {
     }
 
     void gridShowsTheRecordsWithoutTheirPictures() {
-        Grid grid;
-        grid.bind(data_.get());
-        grid.setFormatString(u"^序号|>编号|<  大  小  |日期"_s);
+        grid_->setFormatString(u"^序号|>编号|<  大  小  |日期"_s);
         data_->Refresh();
-        QCOMPARE(grid.FormatString(), u"^序号|>编号|<  大  小  |日期"_s);
-        QCOMPARE(rowTexts(grid, 1), (QStringList{u"2"_s, u"a2"_s, u"1.5"_s, u"2003-10-01 00:00:02"_s, QString()}));
+        QCOMPARE(grid_->FormatString(), u"^序号|>编号|<  大  小  |日期"_s);
+        QCOMPARE(rowTexts(*grid_, 1), (QStringList{u"2"_s, u"a2"_s, u"1.5"_s, u"2003-10-01 00:00:02"_s, QString()}));
         QStringList headings;
-        for (int i = 0; i < 5; ++i) headings.append(grid.model()->headerData(i, Qt::Horizontal).toString());
+        for (int i = 0; i < 5; ++i) headings.append(grid_->model()->headerData(i, Qt::Horizontal).toString());
         QCOMPARE(headings, (QStringList{u"序号"_s, u"编号"_s, u"大  小"_s, u"日期"_s, u"备注"_s}));
         const auto alignment = [&](int column) {
-            return grid.model()->index(0, column).data(Qt::TextAlignmentRole).value<Qt::Alignment>() &
+            return grid_->model()->index(0, column).data(Qt::TextAlignmentRole).value<Qt::Alignment>() &
                    Qt::AlignHorizontal_Mask;
         };
         QCOMPARE(alignment(0), Qt::AlignHCenter);
         QCOMPARE(alignment(1), Qt::AlignRight);
         QCOMPARE(alignment(2), Qt::AlignLeft);
-        QVERIFY(grid.columnWidth(2) > grid.columnWidth(0));
-        QVERIFY(grid.columnWidth(3) > grid.fontMetrics().horizontalAdvance(u"2003-10-01 00:00:02"_s));
-        grid.Clear();
-        QCOMPARE(grid.model()->rowCount(), 0);
+        QVERIFY(grid_->columnWidth(2) > grid_->columnWidth(0));
+        QVERIFY(grid_->columnWidth(3) > grid_->fontMetrics().horizontalAdvance(u"2003-10-01 00:00:02"_s));
+        grid_->Clear();
+        QCOMPARE(grid_->model()->rowCount(), 0);
         data_->Refresh();
-        QCOMPARE(grid.model()->rowCount(), 5);
+        QCOMPARE(grid_->model()->rowCount(), 5);
     }
 
     void columnsFillTheGridAndFollowItsWidth() {
-        Grid grid;
-        grid.resize(900, 200);
-        grid.bind(data_.get());
-        grid.setFormatString(u"序号|编号"_s);
+        grid_->resize(900, 200);
+        grid_->setFormatString(u"序号|编号"_s);
         data_->Refresh();
-        grid.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&grid));
-        QCOMPARE(grid.horizontalHeader()->length(), grid.viewport()->width());
-        grid.resize(700, 200);
-        QTRY_COMPARE(grid.horizontalHeader()->length(), grid.viewport()->width());
-        grid.resize(120, 200);
-        QTRY_VERIFY(grid.horizontalHeader()->length() > grid.viewport()->width());
+        QVERIFY(isShown(*grid_));
+        QCOMPARE(grid_->horizontalHeader()->length(), grid_->viewport()->width());
+        grid_->resize(700, 200);
+        QTRY_COMPARE(grid_->horizontalHeader()->length(), grid_->viewport()->width());
+        grid_->resize(120, 200);
+        QTRY_VERIFY(grid_->horizontalHeader()->length() > grid_->viewport()->width());
     }
 
     void gridFollowsTheCurrentRecordSilently() {
-        Grid grid;
-        grid.resize(500, 200);
-        grid.bind(data_.get());
+        grid_->resize(500, 200);
         data_->Refresh();
-        grid.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&grid));
-        QSignalSpy clicked(&grid, &Grid::rowClicked);
-        QCOMPARE(grid.currentIndex().row(), 0);
+        QVERIFY(isShown(*grid_));
+        QSignalSpy clicked(grid_.get(), &Grid::rowClicked);
+        QCOMPARE(grid_->currentIndex().row(), 0);
         data_->moveToRow(3);
-        QCOMPARE(grid.currentIndex().row(), 3);
-        QCOMPARE(grid.selectionModel()->selectedRows().size(), 1);
+        QCOMPARE(grid_->currentIndex().row(), 3);
+        QCOMPARE(grid_->selectionModel()->selectedRows().size(), 1);
         QCOMPARE(clicked.size(), 0);
 
-        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.visualRect(grid.model()->index(2, 0)).center());
+        QTest::mouseClick(grid_->viewport(), Qt::LeftButton, {},
+                          grid_->visualRect(grid_->model()->index(2, 0)).center());
         QCOMPARE(clicked.takeFirst().first().toInt(), 2);
-        QTest::keyClick(&grid, Qt::Key_Down);
+        QTest::keyClick(grid_.get(), Qt::Key_Down);
         QCOMPARE(clicked.size(), 0);
-        QTest::keyClick(&grid, Qt::Key_Return);
+        QTest::keyClick(grid_.get(), Qt::Key_Return);
         QCOMPARE(clicked.takeFirst().first().toInt(), 3);
     }
 
     void changedRecordIsShownAfterTheNextMove() {
-        Grid grid;
-        grid.bind(data_.get());
-        data_->Refresh();
-        QCOMPARE(grid.cellText(0, 1), u"a1"_s);
+        QCOMPARE(grid_->cellText(0, 1), u"a1"_s);
         Recordset& records = data_->Recordset();
         records.Edit();
         records.Fields(u"编号"_s).SetValue(u"z"_s);
         records.Update();
         data_->moveToRow(1);
-        QCOMPARE(grid.cellText(0, 1), u"z"_s);
+        QCOMPARE(grid_->cellText(0, 1), u"z"_s);
     }
 
-    void recordDeletedElsewhereIsAnEmptyLine() {
-        Grid grid;
-        grid.bind(data_.get());
-        data_->Refresh();
+    void whatOthersHaveChanged() {
         database_.Execute(u"DELETE FROM tc01 WHERE [序号] = 4"_s);
-        QCOMPARE(rowTexts(grid, 3), (QStringList{{}, {}, {}, {}, {}}));
-        QCOMPARE(grid.cellText(4, 0), u"5"_s);
-    }
+        QCOMPARE(rowTexts(*grid_, 3), (QStringList{{}, {}, {}, {}, {}}));
+        QCOMPARE(grid_->cellText(4, 0), u"5"_s);
 
-    void bytesAmongTextsAreNamed() {
-        Grid grid;
-        grid.bind(data_.get());
         QProcess shell;
         shell.start(u"sqlite3"_s, {path_, u"UPDATE tc01 SET 编号 = x'FFD8' WHERE 序号 = 2"_s});
         QVERIFY(shell.waitForFinished() && shell.exitCode() == 0);
         data_->Refresh();
-        QCOMPARE(grid.cellText(1, 1), u"二进制数据"_s);
-        QCOMPARE(grid.cellText(2, 1), u"a3"_s);
+        QCOMPARE(grid_->cellText(1, 1), u"二进制数据"_s);
+        QCOMPARE(grid_->cellText(2, 1), u"a3"_s);
     }
 
     void gridOutlivesItsDataControl() {
-        Grid grid;
-        grid.bind(data_.get());
-        data_->Refresh();
         data_.reset();
-        QVERIFY(rowTexts(grid, 0).first().isEmpty());
+        QVERIFY(rowTexts(*grid_, 0).first().isEmpty());
     }
 
     void largeAlbumIsReadOnlyWhereItIsSeen() {
         constexpr int many = 100'000;
         database_.Execute(u"DELETE FROM tc01"_s);
         fillPictures(database_, u"tc01"_s, many);
-        Grid grid;
-        grid.resize(500, 300);
-        grid.bind(data_.get());
+        grid_->resize(500, 300);
         data_->Refresh();
-        grid.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&grid));
-        grid.grab();
-        QCOMPARE(grid.model()->rowCount(), many);
+        QVERIFY(isShown(*grid_));
+        grid_->grab();
+        QCOMPARE(grid_->model()->rowCount(), many);
 
         // What was not seen yet shows what is stored when it is seen; what was seen is kept.
         Recordset behind = database_.OpenRecordset(u"SELECT * FROM tc01 WHERE [序号] = 1 OR [序号] = 50000"_s);
@@ -276,12 +237,12 @@ class TestDataControl : public QObject {
             behind.Fields(u"编号"_s).SetValue(u"new"_s);
             behind.Update();
         }
-        QCOMPARE(grid.cellText(49'999, 1), u"new"_s);
-        QCOMPARE(grid.cellText(0, 1), u"a1"_s);
+        QCOMPARE(grid_->cellText(49'999, 1), u"new"_s);
+        QCOMPARE(grid_->cellText(0, 1), u"a1"_s);
 
         data_->moveToRow(many - 1);
-        QVERIFY(grid.visualRect(grid.currentIndex()).intersects(grid.viewport()->rect()));
-        QCOMPARE(grid.cellText(many - 1, 0), QString::number(many));
+        QVERIFY(grid_->visualRect(grid_->currentIndex()).intersects(grid_->viewport()->rect()));
+        QCOMPARE(grid_->cellText(many - 1, 0), QString::number(many));
     }
 
   private:
@@ -289,6 +250,7 @@ class TestDataControl : public QObject {
     QString path_;
     Database database_;
     std::unique_ptr<DataControl> data_;
+    std::unique_ptr<Grid> grid_;
 };
 
 const Registered<TestDataControl> registered;

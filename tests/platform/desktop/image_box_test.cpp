@@ -1,11 +1,6 @@
 #include "platform/desktop/image_box.h"
 
-#include "../../support/run_all.h"
-
-#include <QApplication>
-#include <QHelpEvent>
-#include <QToolTip>
-#include <QtTest/QtTest>
+#include "desktop.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -34,56 +29,39 @@ class TestImageBox : public QObject {
         QToolTip::hideText();
     }
 
-    void pictureFillsTheControl_data() {
-        QTest::addColumn<QSize>("picture");
-        QTest::newRow("same size") << QSize(40, 30);
-        QTest::newRow("much larger") << QSize(400, 300);
-        QTest::newRow("a little larger") << QSize(50, 36);
-        QTest::newRow("smaller") << QSize(8, 6);
-        QTest::newRow("narrower and higher") << QSize(10, 90);
-    }
-
     void pictureFillsTheControl() {
-        QFETCH(const QSize, picture);
-        ImageBox box;
-        box.resize(40, 30);
-        box.setPicture(Picture(halves(picture)));
-        QCOMPARE(box.pixmap().size(), picture);
-        const QImage shown = box.grab().toImage();
-        const qreal ratio = shown.devicePixelRatio();
-        const auto at = [&](int x, int y) { return shown.pixelColor(qRound(x * ratio), qRound(y * ratio)); };
-        QCOMPARE(at(0, 0), QColor(Qt::red));
-        QCOMPARE(at(10, 29), QColor(Qt::red));
-        QCOMPARE(at(30, 0), QColor(Qt::blue));
-        QCOMPARE(at(39, 29), QColor(Qt::blue));
+        for (const QSize picture : {QSize(40, 30), QSize(400, 300), QSize(50, 36), QSize(8, 6), QSize(10, 90)}) {
+            ImageBox box;
+            box.resize(40, 30);
+            box.setPicture(Picture(halves(picture)));
+            QCOMPARE(box.pixmap().size(), picture);
+            for (const QPoint at : {QPoint(0, 0), QPoint(10, 29)}) QCOMPARE(colourAt(box, at.x(), at.y()), Qt::red);
+            for (const QPoint at : {QPoint(30, 0), QPoint(39, 29)}) QCOMPARE(colourAt(box, at.x(), at.y()), Qt::blue);
+        }
     }
 
     void anotherPictureOrSizeIsShownAtOnce() {
         ImageBox box;
         box.resize(20, 20);
         QImage image(100, 100, QImage::Format_RGB32);
-        image.fill(Qt::green);
-        box.setPicture(Picture(image));
-        QCOMPARE(box.grab().toImage().pixelColor(10, 10), QColor(Qt::green));
-        image.fill(Qt::red);
-        box.setPicture(Picture(image));
-        QCOMPARE(box.grab().toImage().pixelColor(10, 10), QColor(Qt::red));
+        for (const Qt::GlobalColor colour : {Qt::green, Qt::red}) {
+            image.fill(colour);
+            box.setPicture(Picture(image));
+            QCOMPARE(colourAt(box, 10, 10), colour);
+        }
         box.resize(60, 10);
-        QCOMPARE(box.grab().toImage().pixelColor(58, 8), QColor(Qt::red));
+        QCOMPARE(colourAt(box, 58, 8), Qt::red);
     }
 
     void nullPictureLetsTheBackgroundThrough() {
         QWidget parent;
-        QPalette palette = parent.palette();
-        palette.setColor(QPalette::Window, Qt::yellow);
-        parent.setPalette(palette);
+        parent.setPalette(QPalette(Qt::yellow));
         ImageBox box(&parent);
         box.resize(20, 20);
         box.setPicture(Picture(halves({20, 20})));
         box.setPicture({});
-        QVERIFY(box.pixmap().isNull());
-        QVERIFY(box.picture().isNull());
-        QCOMPARE(parent.grab().toImage().pixelColor(5, 5), QColor(Qt::yellow));
+        QVERIFY(box.pixmap().isNull() && box.picture().isNull());
+        QCOMPARE(colourAt(parent, 5, 5), Qt::yellow);
     }
 
     void targetSizeIsInDevicePixels() {
@@ -93,44 +71,34 @@ class TestImageBox : public QObject {
         QCOMPARE(box.targetSize(), (QSizeF(33, 21) * ratio).toSize());
     }
 
-    void mouseIsTold_data() {
-        QTest::addColumn<QString>("gesture");
-        QTest::addColumn<QStringList>("told");
-        QTest::newRow("click") << u"click"_s << QStringList{u"pressed"_s, u"released"_s, u"clicked"_s};
-        QTest::newRow("right") << u"right"_s << QStringList{u"pressed"_s, u"released"_s};
-        QTest::newRow("left outside") << u"outside"_s << QStringList{u"pressed"_s, u"released"_s};
-        QTest::newRow("double") << u"double"_s
-                                << QStringList{u"pressed"_s, u"released"_s, u"clicked"_s, u"double"_s, u"released"_s};
-        QTest::newRow("hover") << u"hover"_s << QStringList{u"moved"_s};
-    }
-
     void mouseIsTold() {
-        QFETCH(const QString, gesture);
-        QFETCH(const QStringList, told);
         ImageBox box;
         box.resize(40, 40);
-        box.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&box));
+        QVERIFY(isShown(box));
         QStringList log;
         connect(&box, &ImageBox::mousePressed, this, [&] { log += u"pressed"_s; });
         connect(&box, &ImageBox::mouseReleased, this, [&] { log += u"released"_s; });
         connect(&box, &ImageBox::clicked, this, [&] { log += u"clicked"_s; });
         connect(&box, &ImageBox::doubleClicked, this, [&] { log += u"double"_s; });
         connect(&box, &ImageBox::mouseMoved, this, [&] { log += u"moved"_s; });
-
-        if (gesture == u"click"_s) QTest::mouseClick(&box, Qt::LeftButton, {}, {5, 5});
-        if (gesture == u"right"_s) QTest::mouseClick(&box, Qt::RightButton, {}, {5, 5});
-        if (gesture == u"double"_s) QTest::mouseDClick(box.windowHandle(), Qt::LeftButton, {}, {5, 5});
-        if (gesture == u"outside"_s) {
-            QTest::mousePress(&box, Qt::LeftButton, {}, {5, 5});
-            QTest::mouseRelease(&box, Qt::LeftButton, {}, {50, 50});
-        }
-        if (gesture == u"hover"_s) {
-            QMouseEvent move(QEvent::MouseMove, QPointF(7, 7), box.mapToGlobal(QPointF(7, 7)), Qt::NoButton, {}, {});
-            QApplication::sendEvent(&box, &move);
-        }
-        if (gesture != u"hover"_s) log.removeAll(u"moved"_s);
-        QCOMPARE(log, told);
+        const auto told = [&] {
+            QStringList all = std::exchange(log, {});
+            if (all.size() > 1) all.removeAll(u"moved"_s);
+            return all.join(u' ');
+        };
+        const QPoint inside(5, 5);
+        QTest::mouseClick(&box, Qt::LeftButton, {}, inside);
+        QCOMPARE(told(), u"pressed released clicked"_s);
+        QTest::mouseClick(&box, Qt::RightButton, {}, inside);
+        QCOMPARE(told(), u"pressed released"_s);
+        QTest::mousePress(&box, Qt::LeftButton, {}, inside);
+        QTest::mouseRelease(&box, Qt::LeftButton, {}, {50, 50});
+        QCOMPARE(told(), u"pressed released"_s);
+        QMouseEvent move(QEvent::MouseMove, QPointF(7, 7), box.mapToGlobal(QPointF(7, 7)), Qt::NoButton, {}, {});
+        QApplication::sendEvent(&box, &move);
+        QCOMPARE(told(), u"moved"_s);
+        QTest::mouseDClick(box.windowHandle(), Qt::LeftButton, {}, inside);
+        QCOMPARE(told(), u"pressed released clicked double released"_s);
     }
 };
 

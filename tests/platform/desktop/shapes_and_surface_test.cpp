@@ -1,41 +1,28 @@
-#include "../../support/run_all.h"
+#include "desktop.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/shapes.h"
 #include "platform/desktop/surface.h"
-
-#include <QPushButton>
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-QColor colourAt(QWidget& widget, int x, int y) {
-    const QImage image = widget.grab().toImage();
-    return image.pixelColor(qRound(x * image.devicePixelRatio()), qRound(y * image.devicePixelRatio()));
-}
-
 class TestShapesAndSurface : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void lineCoversItsEnds_data() {
-        QTest::addColumn<QList<int>>("ends");
-        QTest::addColumn<QRect>("geometry");
-        QTest::newRow("horizontal") << QList<int>{150, 300, 450, 300} << QRect(10, 20, 21, 1);
-        QTest::newRow("vertical, upwards") << QList<int>{150, 450, 150, 300} << QRect(10, 20, 1, 11);
-        QTest::newRow("slanting") << QList<int>{450, 300, 150, 450} << QRect(10, 20, 21, 11);
-        QTest::newRow("point") << QList<int>{150, 300, 150, 300} << QRect(10, 20, 1, 1);
-        QTest::newRow("off the pixels") << QList<int>{157, 300, 458, 300} << QRect(10, 20, 22, 1);
-    }
-
     void lineCoversItsEnds() {
-        QFETCH(const QList<int>, ends);
-        QFETCH(const QRect, geometry);
-        LineBox line;
-        line.setEnds(ends[0], ends[1], ends[2], ends[3]);
-        QCOMPARE(line.geometry(), geometry);
-        QCOMPARE((QList<int>{line.x1(), line.y1(), line.x2(), line.y2()}), ends);
+        const std::pair<QList<int>, QRect> cases[] = {
+            {{150, 300, 450, 300}, {10, 20, 21, 1}},  {{150, 450, 150, 300}, {10, 20, 1, 11}},
+            {{450, 300, 150, 450}, {10, 20, 21, 11}},  // slanting
+            {{150, 300, 150, 300}, {10, 20, 1, 1}},   {{157, 300, 458, 300}, {10, 20, 22, 1}},
+        };
+        for (const auto& [ends, geometry] : cases) {
+            LineBox line;
+            line.setEnds(ends[0], ends[1], ends[2], ends[3]);
+            QCOMPARE(line.geometry(), geometry);
+            QCOMPARE((QList<int>{line.x1(), line.y1(), line.x2(), line.y2()}), ends);
+        }
     }
 
     void linesArePaintedFromEndToEnd() {
@@ -58,13 +45,13 @@ class TestShapesAndSurface : public QObject {
         shape.resize(30, 20);
         shape.setBorderColor(Qt::red);
         const QColor ground = colourAt(shape, 15, 10);
-        QCOMPARE(colourAt(shape, 0, 0), QColor(Qt::red));
-        QCOMPARE(colourAt(shape, 29, 19), QColor(Qt::red));
-        QVERIFY(colourAt(shape, 1, 1) != QColor(Qt::red));
+        QCOMPARE(colourAt(shape, 0, 0), Qt::red);
+        QCOMPARE(colourAt(shape, 29, 19), Qt::red);
+        QVERIFY(colourAt(shape, 1, 1) != Qt::red);
         shape.setFillColor(Qt::yellow);
-        QCOMPARE(colourAt(shape, 1, 1), QColor(Qt::yellow));
+        QCOMPARE(colourAt(shape, 1, 1), Qt::yellow);
         shape.setBorderWidth(3);
-        QCOMPARE(colourAt(shape, 2, 2), QColor(Qt::red));
+        QCOMPARE(colourAt(shape, 2, 2), Qt::red);
         shape.setFillColor({});
         QCOMPARE(colourAt(shape, 15, 10), ground);
     }
@@ -78,47 +65,40 @@ class TestShapesAndSurface : public QObject {
         shape->setGeometry(0, 0, 100, 100);
         auto* line = new LineBox(&form);
         line->setEnds(0, 0, 1500, 1500);
-        form.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&form));
+        QVERIFY(isShown(form));
         QSignalSpy clicked(button, &QPushButton::clicked);
         QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {}, {50, 50});
         QCOMPARE(clicked.size(), 1);
     }
 
-    void draggingMovesASurfaceWithinItsParent_data() {
-        QTest::addColumn<bool>("draggable");
-        QTest::addColumn<QPoint>("by");
-        QTest::addColumn<QPoint>("place");
-        QTest::newRow("a little") << true << QPoint(15, -20) << QPoint(65, 30);
-        QTest::newRow("not draggable") << false << QPoint(15, 20) << QPoint(50, 50);
-        QTest::newRow("never beyond the left") << true << QPoint(-900, 0) << QPoint(-76, 50);
-        QTest::newRow("never beyond the lower right") << true << QPoint(900, 900) << QPoint(376, 276);
-        QTest::newRow("never above") << true << QPoint(0, -900) << QPoint(50, 0);
-    }
-
     void draggingMovesASurfaceWithinItsParent() {
-        QFETCH(const bool, draggable);
-        QFETCH(const QPoint, by);
-        QFETCH(const QPoint, place);
-        QWidget form;
-        form.resize(400, 300);
-        auto* surface = new Surface(&form);
-        surface->setGeometry(50, 50, 100, 80);
-        surface->setDraggable(draggable);
-        form.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&form));
-        QSignalSpy pressed(surface, &Surface::mousePressed);
-        QSignalSpy moved(surface, &Surface::mouseMoved);
-        const QPoint start(55, 60);
-        QTest::mousePress(form.windowHandle(), Qt::LeftButton, {}, start);
-        QTest::mouseMove(form.windowHandle(), start + by / 2);
-        QTest::mouseMove(form.windowHandle(), start + by);
-        QTest::mouseRelease(form.windowHandle(), Qt::LeftButton, {}, start + by);
-        QCOMPARE(surface->pos(), place);
-        QCOMPARE(pressed.size(), 1);
-        QVERIFY(moved.size() >= 2);
-        QTest::mouseMove(form.windowHandle(), QPoint(200, 150));
-        QCOMPARE(surface->pos(), place);
+        const std::tuple<bool, QPoint, QPoint> cases[] = {
+            {true, QPoint(15, -20), QPoint(65, 30)},     // a little
+            {false, QPoint(15, 20), QPoint(50, 50)},     // not draggable
+            {true, QPoint(-900, 0), QPoint(-76, 50)},    // never beyond the left
+            {true, QPoint(900, 900), QPoint(376, 276)},  // never beyond the lower right
+            {true, QPoint(0, -900), QPoint(50, 0)},      // never above
+        };
+        for (const auto& [draggable, by, place] : cases) {
+            QWidget form;
+            form.resize(400, 300);
+            auto* surface = new Surface(&form);
+            surface->setGeometry(50, 50, 100, 80);
+            surface->setDraggable(draggable);
+            QVERIFY(isShown(form));
+            QSignalSpy pressed(surface, &Surface::mousePressed);
+            QSignalSpy moved(surface, &Surface::mouseMoved);
+            const QPoint start(55, 60);
+            QTest::mousePress(form.windowHandle(), Qt::LeftButton, {}, start);
+            QTest::mouseMove(form.windowHandle(), start + by / 2);
+            QTest::mouseMove(form.windowHandle(), start + by);
+            QTest::mouseRelease(form.windowHandle(), Qt::LeftButton, {}, start + by);
+            QCOMPARE(surface->pos(), place);
+            QCOMPARE(pressed.size(), 1);
+            QVERIFY(moved.size() >= 2);
+            QTest::mouseMove(form.windowHandle(), QPoint(200, 150));
+            QCOMPARE(surface->pos(), place);
+        }
     }
 };
 

@@ -1,10 +1,6 @@
 #include "platform/desktop/text_box.h"
 
-#include "../../support/run_all.h"
-
-#include <QApplication>
-#include <QDialog>
-#include <QtTest/QtTest>
+#include "desktop.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -19,8 +15,7 @@ class TestTextBox : public QObject {
         auto* first = new TextBox(&form);
         auto* second = new TextBox(&form);
         second->move(0, 40);
-        form.show();
-        QVERIFY(QTest::qWaitForWindowActive(&form));
+        QVERIFY(isShown(form));
         second->setFocus();
         QSignalSpy got(first, &TextBox::gotFocus);
         QSignalSpy lost(first, &TextBox::lostFocus);
@@ -33,8 +28,7 @@ class TestTextBox : public QObject {
     void anotherWindowInFrontIsNoLoss() {
         QWidget form;
         auto* box = new TextBox(&form);
-        form.show();
-        QVERIFY(QTest::qWaitForWindowActive(&form));
+        QVERIFY(isShown(form));
         box->setFocus();
         QVERIFY(box->hasFocus());
         QSignalSpy got(box, &TextBox::gotFocus);
@@ -67,8 +61,7 @@ class TestTextBox : public QObject {
         auto* box = new TextBox(&form);
         box->setText(u"12"_s);
         box->setLocked(true);
-        form.show();
-        QVERIFY(QTest::qWaitForWindowActive(&form));
+        QVERIFY(isShown(form));
         QSignalSpy clicked(box, &TextBox::clicked);
         QTest::mouseClick(box, Qt::LeftButton);
         QVERIFY(box->hasFocus());
@@ -89,8 +82,7 @@ class TestTextBox : public QObject {
         auto* caption = new CaptionBox(&form);
         caption->setGeometry(0, 0, 100, 40);
         caption->setText(u"一二三四五六七八九十一二三四五六七八九十一二三四五六七八九十"_s);
-        form.show();
-        QVERIFY(QTest::qWaitForWindowActive(&form));
+        QVERIFY(isShown(form));
         other->setFocus();
         QSignalSpy clicked(caption, &CaptionBox::clicked);
         QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {}, {20, 20});
