@@ -48,137 +48,97 @@ class TestPictureField : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void storedValueIsLongerThanTheFile_data();
-    void storedValueIsLongerThanTheFile();
-    void aStoredFileIsReadBack();
-    void emptyFileStoresNothing();
-    void missingFileIsNamed();
-    void theTargetKeepsItsPictureWithoutAnother();
-    void theCatalogueIsTheFileBesideTheProgram();
-    void theSampleIsWhatItSays();
+    void storedValueIsLongerThanTheFile() {
+        // One byte, less than a chunk, a chunk, two chunks and a rest.
+        for (const auto& [length, stored] : {std::pair{1, 2}, {16383, 16384}, {16384, 16386}, {40000, 40003}}) {
+            const QByteArray bytes = numberedBytes(length);
+            Recordset album = mekTp::catalogue.OpenRecordset(u"tc02"_s);
+            QCOMPARE(storeInNewRecord(album, writeFile(sample_.file(u"数据"_s), bytes)), qint64(length));
+            const Field field = album.Fields(pictureColumn);
+            QCOMPARE(field.FieldSize(), qint64(stored));
+            QCOMPARE(field.Value().toBytes(), bytes + QByteArray(stored - length, '\0'));
+
+            album.Edit();
+            QCOMPARE(storePictureBytes(album.Fields(pictureColumn), bytes.toUpper()), qint64(length));
+            album.Update();
+            QCOMPARE(field.Value().toBytes(), bytes.toUpper() + QByteArray(stored - length, '\0'));
+        }
+    }
+
+    void aStoredFileIsReadBack() {
+        const QString path = sample_.file(u"大图.jpg"_s);
+        QImage image(1600, 1200, QImage::Format_RGB32);
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) image.setPixel(x, y, qRgb(x % 256, y % 256, (x * y) % 256));
+        saveJpeg(image, path, 80);
+        QVERIFY(FileLen(path) > 2 * pictureChunk);
+
+        Recordset album = mekTp::catalogue.OpenRecordset(u"tc02"_s);
+        storeInNewRecord(album, path);
+        const auto whole = pictureFromField(album, pictureColumn);
+        QVERIFY(whole);
+        QCOMPARE(whole->image(), LoadPicture(path).image());
+        const auto small = pictureFromField(album, pictureColumn, {200, 150});
+        QCOMPARE(small->image().size(), QSize(200, 150));
+        QCOMPARE(specOfPicture(*small), u"1600 * 1200"_s);
+
+        QProcess other;
+        other.start(u"sqlite3"_s, {mekTp::cataloguePath(), u"UPDATE tc02 SET 备注 = '别的程序'"_s});
+        QVERIFY(other.waitForFinished());
+        QVERIFY2(other.exitCode() == 0, "a decoder that has not come to the end of the value keeps nothing locked");
+    }
+
+    void filesWithoutAPicture() {
+        Recordset album = mekTp::catalogue.OpenRecordset(u"tc01"_s);
+        const QByteArray before = album.Fields(pictureColumn).Value().toBytes();
+        album.Edit();
+        QCOMPARE(storePictureFile(album.Fields(pictureColumn), writeFile(sample_.file(u"空"_s), {})), qint64(0));
+        try {
+            storePictureFile(album.Fields(pictureColumn), sample_.file(u"没有.jpg"_s));
+            QFAIL("a missing file was stored");
+        } catch (const Error& error) {
+            QVERIFY2(error.text().contains(u"没有.jpg"_s), qPrintable(error.text()));
+        }
+        album.Update();
+        QCOMPARE(album.Fields(pictureColumn).Value().toBytes(), before);
+    }
+
+    void theTargetKeepsItsPictureWithoutAnother() {
+        Recordset album = mekTp::catalogue.OpenRecordset(u"tc01"_s);
+        Target target;
+        QVERIFY(readPictureField(album, pictureColumn, target));
+        QCOMPARE(target.shown.pixels(), QSize(40, 30));
+
+        Recordset buttons = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcan WHERE 编号 = 'a'"_s);
+        QVERIFY(!readPictureField(buttons, pictureColumn, target));
+        for (const QByteArray& bytes : {QByteArray(), QByteArray("rubbish"), numberedBytes(20000)}) {
+            buttons.Edit();
+            buttons.Fields(pictureColumn).SetValue(bytes);
+            buttons.Update();
+            QVERIFY(!readPictureField(buttons, pictureColumn, target));
+        }
+        album.MoveLast();
+        album.MoveNext();
+        QVERIFY(!readPictureField(album, pictureColumn, target));
+        QVERIFY(!readPictureField(buttons, u"没有这列"_s, target));
+        QCOMPARE(target.shown.pixels(), QSize(40, 30));
+    }
+
+    void theCatalogueIsTheFileBesideTheProgram() {
+        QCOMPARE(mekTp::cataloguePath(), sample_.file(u"lunq.mdb"_s));
+        const QTemporaryDir elsewhere;
+        setProgramFolder(elsewhere.path());
+        QVERIFY(!attempt([] { mekTp::openCatalogue(); }));
+        QVERIFY(!QFile::exists(mekTp::cataloguePath()));
+
+        setProgramFolder(sample_.folder());
+        mekTp::openCatalogue();
+        QVERIFY(mekTp::catalogue.isOpen());
+    }
 
   private:
     SampleCatalogue sample_;
 };
-
-void TestPictureField::storedValueIsLongerThanTheFile_data() {
-    QTest::addColumn<int>("length");
-    QTest::addColumn<int>("stored");
-    QTest::newRow("one byte") << 1 << 2;
-    QTest::newRow("below a chunk") << 16383 << 16384;
-    QTest::newRow("a chunk") << 16384 << 16386;
-    QTest::newRow("two chunks and a rest") << 40000 << 40003;
-}
-
-void TestPictureField::storedValueIsLongerThanTheFile() {
-    QFETCH(const int, length);
-    QFETCH(const int, stored);
-    const QByteArray bytes = numberedBytes(length);
-    Recordset album = mekTp::catalogue.OpenRecordset(u"tc02"_s);
-    QCOMPARE(storeInNewRecord(album, writeFile(sample_.file(u"数据"_s), bytes)), qint64(length));
-    const Field field = album.Fields(pictureColumn);
-    QCOMPARE(field.FieldSize(), qint64(stored));
-    QCOMPARE(field.Value().toBytes(), bytes + QByteArray(stored - length, '\0'));
-
-    album.Edit();
-    QCOMPARE(storePictureBytes(album.Fields(pictureColumn), bytes.toUpper()), qint64(length));
-    album.Update();
-    QCOMPARE(field.Value().toBytes(), bytes.toUpper() + QByteArray(stored - length, '\0'));
-}
-
-void TestPictureField::aStoredFileIsReadBack() {
-    const QString path = sample_.file(u"大图.jpg"_s);
-    QImage image(1600, 1200, QImage::Format_RGB32);
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x) image.setPixel(x, y, qRgb(x % 256, y % 256, (x * y) % 256));
-    saveJpeg(image, path, 80);
-    QVERIFY(FileLen(path) > 2 * pictureChunk);
-
-    Recordset album = mekTp::catalogue.OpenRecordset(u"tc02"_s);
-    storeInNewRecord(album, path);
-    const auto whole = pictureFromField(album, pictureColumn);
-    QVERIFY(whole);
-    QCOMPARE(whole->image(), LoadPicture(path).image());
-    const auto small = pictureFromField(album, pictureColumn, {200, 150});
-    QCOMPARE(small->image().size(), QSize(200, 150));
-    QCOMPARE(specOfPicture(*small), u"1600 * 1200"_s);
-
-    QProcess other;
-    other.start(u"sqlite3"_s, {mekTp::cataloguePath(), u"UPDATE tc02 SET 备注 = '别的程序'"_s});
-    QVERIFY(other.waitForFinished());
-    QVERIFY2(other.exitCode() == 0, "a decoder that has not come to the end of the value keeps nothing locked");
-}
-
-void TestPictureField::emptyFileStoresNothing() {
-    Recordset album = mekTp::catalogue.OpenRecordset(u"tc01"_s);
-    const QByteArray before = album.Fields(pictureColumn).Value().toBytes();
-    album.Edit();
-    QCOMPARE(storePictureFile(album.Fields(pictureColumn), writeFile(sample_.file(u"空"_s), {})), qint64(0));
-    album.Update();
-    QCOMPARE(album.Fields(pictureColumn).Value().toBytes(), before);
-}
-
-void TestPictureField::missingFileIsNamed() {
-    Recordset album = mekTp::catalogue.OpenRecordset(u"tc01"_s);
-    album.Edit();
-    QString text;
-    try {
-        storePictureFile(album.Fields(pictureColumn), sample_.file(u"没有.jpg"_s));
-    } catch (const Error& error) {
-        text = error.text();
-    }
-    QVERIFY2(text.contains(u"没有.jpg"_s), qPrintable(text));
-}
-
-void TestPictureField::theTargetKeepsItsPictureWithoutAnother() {
-    Recordset album = mekTp::catalogue.OpenRecordset(u"tc01"_s);
-    Target target;
-    QVERIFY(readPictureField(album, pictureColumn, target));
-    QCOMPARE(target.shown.pixels(), QSize(40, 30));
-
-    Recordset buttons = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcan WHERE 编号 = 'a'"_s);
-    QVERIFY(!readPictureField(buttons, pictureColumn, target));
-    for (const QByteArray& bytes : {QByteArray(), QByteArray("rubbish"), numberedBytes(20000)}) {
-        buttons.Edit();
-        buttons.Fields(pictureColumn).SetValue(bytes);
-        buttons.Update();
-        QVERIFY(!readPictureField(buttons, pictureColumn, target));
-    }
-    album.MoveLast();
-    album.MoveNext();
-    QVERIFY(!readPictureField(album, pictureColumn, target));
-    QVERIFY(!readPictureField(buttons, u"没有这列"_s, target));
-    QCOMPARE(target.shown.pixels(), QSize(40, 30));
-}
-
-void TestPictureField::theCatalogueIsTheFileBesideTheProgram() {
-    QCOMPARE(mekTp::cataloguePath(), sample_.file(u"lunq.mdb"_s));
-    const QTemporaryDir elsewhere;
-    setProgramFolder(elsewhere.path());
-    QVERIFY(!attempt([] { mekTp::openCatalogue(); }));
-    QVERIFY(!QFile::exists(mekTp::cataloguePath()));
-
-    setProgramFolder(sample_.folder());
-    mekTp::openCatalogue();
-    QVERIFY(mekTp::catalogue.isOpen());
-}
-
-void TestPictureField::theSampleIsWhatItSays() {
-    const std::pair<QString, int> counts[] = {
-        {u"tcbm"_s, 3},
-        {u"tc00"_s, 3},
-        {u"tc01"_s, 10},
-        {u"SELECT * FROM tc01 WHERE InStr(编号, '1') > 0"_s, 5},
-        {u"SELECT * FROM tc01 WHERE InStr(编号, '2') > 0"_s, 5},
-        {u"SELECT * FROM tc01 WHERE DateValue(日期) = #2003-10-05#"_s, 1},
-        {u"SELECT * FROM tcan WHERE InStr(图册, 'tc02') > 0"_s, 4},
-        {u"tcsz"_s, 1},
-        {u"tcys"_s, 6},
-        {u"pmtp"_s, 12},
-    };
-    for (const auto& [source, count] : counts)
-        QVERIFY2(mekTp::catalogue.OpenRecordset(source).rowCount() == count, qPrintable(source));
-}
 
 static Registered<TestPictureField> registered;
 

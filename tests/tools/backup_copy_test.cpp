@@ -11,25 +11,22 @@ class TestBackupCopy : public QObject {
   private Q_SLOTS:
     /// Runs the pace against a disk that copies so many pages a millisecond; returns how long a step holds the source
     /// once the pace has settled.
-    void pace_data() {
-        QTest::addColumn<int>("pagesPerMs");
-        QTest::addColumn<bool>("beginsAnew");
-        QTest::addColumn<int>("heldMs");
-        QTest::newRow("quick disk") << 100 << false << 2048 / 100;
-        QTest::newRow("slow disk") << 1 << false << 200;
-        QTest::newRow("written to all the time") << 10 << true << 1000;
-        QTest::newRow("a slow disk, written to all the time") << 1 << true << 1000;
-    }
     void pace() {
-        QFETCH(int, pagesPerMs);
-        QFETCH(bool, beginsAnew);
-        CopyPace pace;
-        int done = 0;
-        for (int step = 0; step < 20; ++step) {
-            done = beginsAnew ? 100 : done + pace.pages();
-            pace.stepTook(pace.pages() / pagesPerMs, done);
+        const std::tuple<int, bool, int> cases[] = {
+            {100, false, 2048 / 100},  // quick disk
+            {1, false, 200},           // slow disk
+            {10, true, 1000},          // written to all the time
+            {1, true, 1000},           // a slow disk, written to all the time
+        };
+        for (const auto& [pagesPerMs, beginsAnew, heldMs] : cases) {
+            CopyPace pace;
+            int done = 0;
+            for (int step = 0; step < 20; ++step) {
+                done = beginsAnew ? 100 : done + pace.pages();
+                pace.stepTook(pace.pages() / pagesPerMs, done);
+            }
+            QCOMPARE(pace.pages() / pagesPerMs, heldMs);
         }
-        QTEST(pace.pages() / pagesPerMs, "heldMs");
     }
 
     void oneSlowStepIsFollowedByShortOnes() {

@@ -11,100 +11,83 @@ class TestPlaceBeside : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void putsTheCatalogueWhereNoneIs();
-    void leavesAnExistingCatalogueAlone_data();
-    void leavesAnExistingCatalogueAlone();
-    void renewsTheCursorOnly();
-    void stopsWhereAJournalWaitsForItsCatalogue();
+    void putsTheCatalogueWhereNoneIs() {
+        const QTemporaryDir home;
+        const QString folder = place(home);
+        QCOMPARE(read(folder + u"/lunq.mdb"_s), QByteArray("fresh"));
+        QCOMPARE(read(folder + u"/s1.ico"_s), QByteArray("hand"));
+        QCOMPARE(QDir(folder).entryList(QDir::Files).size(), 2);
+
+        // The next time it renews the cursor only.
+        write(folder + u"/lunq.mdb"_s, "mine now");
+        write(folder + u"/s1.ico"_s, "old hand");
+        QCOMPARE(place(home), folder);
+        QCOMPARE(read(folder + u"/lunq.mdb"_s), QByteArray("mine now"));
+        QCOMPARE(read(folder + u"/s1.ico"_s), QByteArray("hand"));
+    }
+
+    void leavesAnExistingCatalogueAlone() {
+        for (const QByteArray& bytes : {QByteArray("years of photographs"), QByteArray()}) {
+            const QTemporaryDir home;
+            const QString path = home.filePath(u"我的 album's/lunq.mdb"_s);
+            QVERIFY(QDir(home.path()).mkdir(u"我的 album's"_s));
+            write(path, bytes);
+            const QDateTime written = QDateTime::currentDateTime().addDays(-400);
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::ReadWrite) && file.setFileTime(written, QFileDevice::FileModificationTime));
+            file.close();
+
+            QVERIFY(!place(home).isEmpty());
+            QCOMPARE(read(path), bytes);
+            QCOMPARE(QFileInfo(path).lastModified().toSecsSinceEpoch(), written.toSecsSinceEpoch());
+        }
+    }
+
+    void stopsWhereAJournalWaitsForItsCatalogue() {
+        const QTemporaryDir home;
+        const QString path = home.filePath(u"我的 album's/lunq.mdb"_s);
+        const QString journal = path + u"-journal"_s;
+        QVERIFY(QDir(home.path()).mkdir(u"我的 album's"_s));
+        write(journal, "what it needs to be whole");
+        QVERIFY(place(home).isEmpty());
+        QVERIFY2(said_.contains(path + u" 不见了"_s) && said_.contains(journal), qPrintable(said_));
+        QVERIFY(!QFile::exists(path));
+        QCOMPARE(read(journal), QByteArray("what it needs to be whole"));
+
+        write(journal, {});
+        QVERIFY(!place(home).isEmpty());
+        QCOMPARE(read(path), QByteArray("fresh"));
+    }
 
   private:
-    static void write(const QString& path, const QByteArray& bytes);
-    static QByteArray read(const QString& path);
+    static void write(const QString& path, const QByteArray& bytes) {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    static QByteArray read(const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+    }
+
     /// Runs the step on a folder whose name is as awkward as a user's may be; returns that folder.
-    QString place(const QTemporaryDir& home);
+    QString place(const QTemporaryDir& home) {
+        write(home.filePath(u"fresh.mdb"_s), "fresh");
+        write(home.filePath(u"hand.ico"_s), "hand");
+        const QString folder = home.filePath(u"我的 album's"_s);
+        QProcess process;
+        process.start(qEnvironmentVariable("LUNQ_CMAKE"),
+                      {u"-DCATALOGUE="_s + home.filePath(u"fresh.mdb"_s), u"-DCURSOR="_s + home.filePath(u"hand.ico"_s),
+                       u"-DFOLDER="_s + folder, u"-P"_s, qEnvironmentVariable("LUNQ_PLACE_BESIDE")});
+        const bool ended = process.waitForFinished();
+        said_ = QString::fromUtf8(process.readAllStandardError()).simplified();
+        const bool done = ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+        return done ? folder : QString();
+    }
+
     QString said_;  ///< What the step has said.
 };
-
-void TestPlaceBeside::write(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-QByteArray TestPlaceBeside::read(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
-}
-
-QString TestPlaceBeside::place(const QTemporaryDir& home) {
-    write(home.filePath(u"fresh.mdb"_s), "fresh");
-    write(home.filePath(u"hand.ico"_s), "hand");
-    const QString folder = home.filePath(u"我的 album's"_s);
-    QProcess process;
-    process.start(qEnvironmentVariable("LUNQ_CMAKE"),
-                  {u"-DCATALOGUE="_s + home.filePath(u"fresh.mdb"_s), u"-DCURSOR="_s + home.filePath(u"hand.ico"_s),
-                   u"-DFOLDER="_s + folder, u"-P"_s, qEnvironmentVariable("LUNQ_PLACE_BESIDE")});
-    const bool ended = process.waitForFinished();
-    said_ = QString::fromUtf8(process.readAllStandardError()).simplified();
-    const bool done = ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
-    return done ? folder : QString();
-}
-
-void TestPlaceBeside::putsTheCatalogueWhereNoneIs() {
-    const QTemporaryDir home;
-    const QString folder = place(home);
-    QCOMPARE(read(folder + u"/lunq.mdb"_s), QByteArray("fresh"));
-    QCOMPARE(read(folder + u"/s1.ico"_s), QByteArray("hand"));
-    QCOMPARE(QDir(folder).entryList(QDir::Files).size(), 2);
-}
-
-void TestPlaceBeside::leavesAnExistingCatalogueAlone_data() {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("somebody's pictures") << QByteArray("years of photographs");
-    QTest::newRow("empty file") << QByteArray();
-}
-
-void TestPlaceBeside::leavesAnExistingCatalogueAlone() {
-    QFETCH(const QByteArray, bytes);
-    const QTemporaryDir home;
-    const QString path = home.filePath(u"我的 album's/lunq.mdb"_s);
-    QVERIFY(QDir(home.path()).mkdir(u"我的 album's"_s));
-    write(path, bytes);
-    const QDateTime written = QDateTime::currentDateTime().addDays(-400);
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadWrite) && file.setFileTime(written, QFileDevice::FileModificationTime));
-    file.close();
-
-    QVERIFY(!place(home).isEmpty());
-    QCOMPARE(read(path), bytes);
-    QCOMPARE(QFileInfo(path).lastModified().toSecsSinceEpoch(), written.toSecsSinceEpoch());
-}
-
-void TestPlaceBeside::renewsTheCursorOnly() {
-    const QTemporaryDir home;
-    const QString folder = place(home);
-    write(folder + u"/lunq.mdb"_s, "mine now");
-    write(folder + u"/s1.ico"_s, "old hand");
-    QCOMPARE(place(home), folder);
-    QCOMPARE(read(folder + u"/lunq.mdb"_s), QByteArray("mine now"));
-    QCOMPARE(read(folder + u"/s1.ico"_s), QByteArray("hand"));
-}
-
-void TestPlaceBeside::stopsWhereAJournalWaitsForItsCatalogue() {
-    const QTemporaryDir home;
-    const QString path = home.filePath(u"我的 album's/lunq.mdb"_s);
-    const QString journal = path + u"-journal"_s;
-    QVERIFY(QDir(home.path()).mkdir(u"我的 album's"_s));
-    write(journal, "what it needs to be whole");
-    QVERIFY(place(home).isEmpty());
-    QVERIFY2(said_.contains(path + u" 不见了"_s) && said_.contains(journal), qPrintable(said_));
-    QVERIFY(!QFile::exists(path));
-    QCOMPARE(read(journal), QByteArray("what it needs to be whole"));
-
-    write(journal, {});
-    QVERIFY(!place(home).isEmpty());
-    QCOMPARE(read(path), QByteArray("fresh"));
-}
 
 const Registered<TestPlaceBeside> registered;
 

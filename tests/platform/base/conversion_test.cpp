@@ -12,52 +12,46 @@ class ConversionTest : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void numbersFromTexts_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<double>("begins");
-        QTest::addColumn<bool>("numeric");
-        QTest::addColumn<double>("whole");
-        const auto row = [](const QString& text, double begins, bool numeric, double whole = 0) {
-            QTest::newRow(qPrintable(text)) << text << begins << numeric << whole;
-        };
-        row(u""_s, 0, false);
-        row(u"  "_s, 0, false);
-        row(u"7"_s, 7, true, 7);
-        row(u" -7.50 "_s, -7.5, true, -7.5);
-        row(u"+.5"_s, 0.5, true, 0.5);
-        row(u"5."_s, 5, true, 5);
-        row(u"."_s, 0, false);
-        row(u"-"_s, 0, false);
-        row(u"640 * 480"_s, 640, false);
-        row(u"1 6 15th"_s, 1615, false);
-        row(u"abc7"_s, 0, false);
-        row(u"1,234.567"_s, 1, true, 1234.567);
-        row(u",5"_s, 0, false);
-        row(u"1e3"_s, 1000, true, 1000);
-        row(u"1E-2"_s, 0.01, true, 0.01);
-        row(u"1e"_s, 1, false);
-        row(u"1.2.3"_s, 1.2, false);
-        row(u"&H00FF0000&"_s, 0xFF0000, true, 0xFF0000);
-        row(u"&hffffff"_s, 0xFFFFFF, true, 0xFFFFFF);
-        row(u"&HFFFFFFFF&"_s, 4294967295.0, true, 4294967295.0);
-        row(u"&O17"_s, 15, true, 15);
-        row(u"&O18"_s, 1, false);
-        row(u"&HG"_s, 0, false);
-        row(u"&"_s, 0, false);
-        row(u"-&H10"_s, -16, true, -16);
-        row(u"１２"_s, 0, false);
-        row(u"1e999"_s, 0, false);
-        row(u"nan"_s, 0, false);
-    }
-
     void numbersFromTexts() {
-        QFETCH(QString, text);
-        QFETCH(double, begins);
-        QFETCH(bool, numeric);
-        QFETCH(double, whole);
-        QCOMPARE(numericValue(text), begins);
-        QCOMPARE(isNumeric(text), numeric);
-        QCOMPARE(numberFromText(text).value_or(0), whole);
+        struct Case {
+            QString text;
+            double begins;
+            bool numeric;
+            double whole = 0;
+        };
+        const Case cases[] = {{u""_s, 0, false},
+                              {u"  "_s, 0, false},
+                              {u"7"_s, 7, true, 7},
+                              {u" -7.50 "_s, -7.5, true, -7.5},
+                              {u"+.5"_s, 0.5, true, 0.5},
+                              {u"5."_s, 5, true, 5},
+                              {u"."_s, 0, false},
+                              {u"-"_s, 0, false},
+                              {u"640 * 480"_s, 640, false},
+                              {u"1 6 15th"_s, 1615, false},
+                              {u"abc7"_s, 0, false},
+                              {u"1,234.567"_s, 1, true, 1234.567},
+                              {u",5"_s, 0, false},
+                              {u"1e3"_s, 1000, true, 1000},
+                              {u"1E-2"_s, 0.01, true, 0.01},
+                              {u"1e"_s, 1, false},
+                              {u"1.2.3"_s, 1.2, false},
+                              {u"&H00FF0000&"_s, 0xFF0000, true, 0xFF0000},
+                              {u"&hffffff"_s, 0xFFFFFF, true, 0xFFFFFF},
+                              {u"&HFFFFFFFF&"_s, 4294967295.0, true, 4294967295.0},
+                              {u"&O17"_s, 15, true, 15},
+                              {u"&O18"_s, 1, false},
+                              {u"&HG"_s, 0, false},
+                              {u"&"_s, 0, false},
+                              {u"-&H10"_s, -16, true, -16},
+                              {u"１２"_s, 0, false},
+                              {u"1e999"_s, 0, false},
+                              {u"nan"_s, 0, false}};
+        for (const auto& [text, begins, numeric, whole] : cases) {
+            QCOMPARE(numericValue(text), begins);
+            QCOMPARE(isNumeric(text), numeric);
+            QCOMPARE(numberFromText(text).value_or(0), whole);
+        }
     }
 
     void textsOfNumbers() {
@@ -74,31 +68,18 @@ class ConversionTest : public QObject {
         QCOMPARE(plainText(5000000.0), u"5000000"_s);
     }
 
-    void dates_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QDateTime>("date");
+    void dates() {
         const QDate day(2003, 10, 1);
-        const auto row = [](const QString& text, const QDateTime& date) {
-            QTest::newRow(qPrintable(text)) << text << date;
-        };
-        const QDateTime midnight(day, QTime(0, 0));
         for (const QString& text : {u"2003-10-01"_s, u"2003-10-1"_s, u"2003/10/1"_s, u" 2003年10月01日 "_s})
-            row(text, midnight);
-        row(u"2003-10-01 8:05"_s, QDateTime(day, QTime(8, 5)));
-        row(u"2003-10-01  23:59:59"_s, QDateTime(day, QTime(23, 59, 59)));
-        row(u"2004-02-29"_s, QDateTime(QDate(2004, 2, 29), QTime(0, 0)));
+            QCOMPARE(dateFromText(text), day.startOfDay());
+        QCOMPARE(dateFromText(u"2003-10-01 8:05"_s), QDateTime(day, QTime(8, 5)));
+        QCOMPARE(dateFromText(u"2003-10-01  23:59:59"_s), QDateTime(day, QTime(23, 59, 59)));
+        QCOMPARE(dateFromText(u"2004-02-29"_s), QDate(2004, 2, 29).startOfDay());
         for (const QString& text :
              {u""_s, u"2003-02-29"_s, u"2003-13-01"_s, u"2003-00-10"_s, u"03-10-01"_s, u"2003-10"_s, u"2003-10/01"_s,
               u"2003年10月1"_s, u"2003-10-01x"_s, u"2003-10-018:00"_s, u"2003-10-01 24:00"_s, u"2003-10-01 8"_s,
-              u"2003-10-01 8:00:"_s, u"10/1/2003"_s}) {
-            row(text, {});
-        }
-    }
-
-    void dates() {
-        QFETCH(QString, text);
-        QFETCH(QDateTime, date);
-        QCOMPARE(dateFromText(text).value_or(QDateTime()), date);
+              u"2003-10-01 8:00:"_s, u"10/1/2003"_s})
+            QVERIFY2(!dateFromText(text), qPrintable(text));
     }
 
     void textsOfDates() {
