@@ -1,4 +1,3 @@
-#include "../support/run_all.h"
 #include "help/contents_rules.h"
 #include "help/entry_label.h"
 #include "help_window.h"
@@ -11,340 +10,289 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int nearTop = 30;  // pixels, the air above a heading and its own leading included
 const QColor blue(0, 0, 255), red(255, 0, 0), orange(255, 150, 90), green(55, 200, 90);
 
 class TestHelpWindow : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void rules();
-    void everyEntryLeadsToItsHeading_data();
-    void everyEntryLeadsToItsHeading();
-    void topicsOfOtherWindows();
-    void backToTheTop();
-    void aTextThatIsNotThere();
-    void oneChapterIsOpenAtATime();
-    void partsFollowTheWindow();
-    void looksUnderTheMouse();
-    void longCaptionsShowInFull();
-    void keyboardReachesEveryEntry();
-    void readersOwnWords();
-    void pictureButtons();
-    void closingUnloads();
-};
+    void rules() {
+        for (const auto& [caption, key] :
+             {std::pair(u"1 软件的安装"_s, u"1"_s), {u"1.1 网络下载版的安装"_s, u"1.1"_s}, {u"附注："_s, u"附注："_s}})
+            QCOMPARE(sectionKey(caption), key);
+        QCOMPARE(sectionsSql(u"3.2"_s), u"SELECT * FROM tcbz WHERE left(编号, 3) = '3.2'"_s);
+        QCOMPARE(contentsOverhang(4140, 0), 0);
+        QCOMPARE(contentsOverhang(4139, 0), 1);
+        QCOMPARE(contentsOverhang(5800, 7 * 240), 20);
+    }
 
-void TestHelpWindow::rules() {
-    const QList<std::pair<QString, QString>> keys{{u"1 软件的安装"_s, u"1"_s},
-                                                  {u"1.1 网络下载版的安装"_s, u"1.1"_s},
-                                                  {u"3.2 《图册设置》页面的设置"_s, u"3.2"_s},
-                                                  {u"附注："_s, u"附注："_s},
-                                                  {u"概述"_s, u"概述"_s}};
-    for (const auto& [caption, key] : keys) QCOMPARE(sectionKey(caption), key);
-    QCOMPARE(sectionsSql(u"3.2"_s), u"SELECT * FROM tcbz WHERE left(编号, 3) = '3.2'"_s);
-    QCOMPARE(contentsOverhang(4140, 0), 0);
-    QCOMPARE(contentsOverhang(4139, 0), 1);
-    QCOMPARE(contentsOverhang(5800, 7 * 240), 20);
-}
-
-void TestHelpWindow::everyEntryLeadsToItsHeading_data() {
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("as opened") << QSize();
-    QTest::newRow("large screen") << QSize(1900, 1040);
-    QTest::newRow("small") << QSize(560, 300);
-}
-
-/// The manual, the contents and the rows of the second level have to agree word for word.
-void TestHelpWindow::everyEntryLeadsToItsHeading() {
-    QFETCH(QSize, size);
-    HelpWindow help;
-    help.open();
-    if (size.isValid()) help.form->resize(size);
-    int sections = 0;
-    const auto check = [&](const QString& caption) {
-        QCOMPARE(help.paragraph(), caption);
-        QCOMPARE(help.text().SelLength(), 0);
-        QVERIFY2(help.belowTop() >= 0 && help.belowTop() <= nearTop,
-                 qPrintable(caption + QString::number(help.belowTop())));
-        QVERIFY2(help.text().textCursor().blockFormat().headingLevel() > 1, qPrintable(caption));
-    };
-    for (int chapter = 0; chapter < chapterCaptions().size(); ++chapter) {
-        Q_EMIT static_cast<EntryLabel*>(help.label(u"lblXz"_s, chapter))->clicked();
-        check(chapterCaptions()[chapter]);
-        int section = 1;
-        for (; help.has(u"lblX0(%1)"_s.arg(section)); ++section) {
-            auto* label = static_cast<EntryLabel*>(help.label(u"lblX0"_s, section));
-            Q_EMIT label->clicked();
-            check(label->text());
+    /// The manual, the contents and the rows of the second level have to agree word for word.
+    void everyEntryLeadsToItsHeading() {
+        // As opened, a large screen, a small window.
+        for (const QSize size : {QSize(), QSize(1900, 1040), QSize(560, 300)}) {
+            HelpWindow help;
+            if (size.isValid()) help.form->resize(size);
+            int sections = 0;
+            const auto check = [&](QLabel* label, const QString& caption) {
+                Q_EMIT static_cast<EntryLabel*>(label)->clicked();
+                QCOMPARE(help.paragraph(), caption);
+                QCOMPARE(help.text().SelLength(), 0);
+                QVERIFY2(help.isAtTop(), qPrintable(caption));
+                QVERIFY2(help.text().textCursor().blockFormat().headingLevel() > 1, qPrintable(caption));
+            };
+            for (int chapter = 0; chapter < chapterCaptions().size(); ++chapter) {
+                check(help.label(u"lblXz"_s, chapter), chapterCaptions()[chapter]);
+                int section = 1;
+                for (; help.has(u"lblX0(%1)"_s.arg(section)); ++section) {
+                    QLabel* label = help.label(u"lblX0"_s, section);
+                    check(label, label->text());
+                }
+                QCOMPARE(section == 1, chapter == introduction);
+                sections += section - 1;
+            }
+            QCOMPARE(sections, mekTp::catalogue.OpenRecordset(u"tcbz"_s).rowCount());
         }
-        QCOMPARE(section == 1, chapter == introduction);
-        sections += section - 1;
     }
-    QCOMPARE(sections, mekTp::catalogue.OpenRecordset(u"tcbz"_s).rowCount());
-}
 
-/// A topic stands in a line of its own just above the heading of the chapter that its reader wants.
-void TestHelpWindow::topicsOfOtherWindows() {
-    HelpWindow help;
-    help.open();
-    const QList<std::pair<QString, QString>> topics{{u"3 软件的使用"_s, u"3 软件的设置"_s},
-                                                    {u"5使用帮助"_s, u"4.3 图片处理窗口的使用"_s}};
-    for (const auto& [topic, heading] : topics) {
-        help.form->showTopic(topic);
-        QVERIFY(help.paragraph().contains(topic));
-        QVERIFY(help.belowTop() >= 0 && help.belowTop() <= nearTop);
-        QCOMPARE(help.text().textCursor().block().next().text(), heading);
+    /// A topic stands in a line of its own just above the heading of the chapter that its reader wants.
+    void topicsOfOtherWindows() {
+        HelpWindow help;
+        for (const auto& [topic, heading] :
+             {std::pair(u"3 软件的使用"_s, u"3 软件的设置"_s), {u"5使用帮助"_s, u"4.3 图片处理窗口的使用"_s}}) {
+            help.form->showTopic(topic);
+            QVERIFY(help.paragraph().contains(topic) && help.isAtTop());
+            QCOMPARE(help.text().textCursor().block().next().text(), heading);
+        }
     }
-}
 
-void TestHelpWindow::backToTheTop() {
-    HelpWindow help;
-    help.open();
-    help.click(u"lblXz"_s, 12);
-    QVERIFY(help.text().verticalScrollBar()->value() > 0);
-    QTest::mouseClick(help.find(u"lblMl"_s), Qt::LeftButton);
-    QCOMPARE(help.text().verticalScrollBar()->value(), 0);
-    QCOMPARE(help.text().SelStart(), 0);
+    void backToTheTop() {
+        HelpWindow help;
+        help.click(u"lblXz"_s, 12);
+        QVERIFY(help.text().verticalScrollBar()->value() > 0);
+        QTest::mouseClick(help.find(u"lblMl"_s), Qt::LeftButton);
+        QCOMPARE(help.text().verticalScrollBar()->value(), 0);
+        QCOMPARE(help.text().SelStart(), 0);
 
-    // The markers stand behind everything that is looked for.
-    QTextDocument* manual = help.text().document();
-    const int last = manual->find(u"附注：四"_s).position();
-    for (const QString& marker : {u"邮编："_s, u"邮编"_s, u"－－－－－－"_s})
-        QVERIFY(manual->find(marker).position() > last);
-}
-
-void TestHelpWindow::aTextThatIsNotThere() {
-    HelpWindow help;
-    help.open();
-    RichTextBox& text = help.text();
-    const int heading = text.Find(u"4.2 窗口颜色配置"_s, 0);
-    const int view = text.verticalScrollBar()->value();
-    QVERIFY(heading > 0 && view > 0);
-    QCOMPARE(text.SelLength(), u"4.2 窗口颜色配置"_s.size());
-    QCOMPARE(text.Find(u"没有这样的标题"_s, 0), -1);
-    QCOMPARE(text.Find(u"4.2 窗口颜色配置"_s, heading + 1), -1);
-    QCOMPARE(text.SelStart(), heading);
-    QCOMPARE(text.verticalScrollBar()->value(), view);
-    QCOMPARE(text.Find(u"LUNQ.MDB"_s, 0), text.Find(u"lunq.mdb"_s, 0));
-}
-
-void TestHelpWindow::oneChapterIsOpenAtATime() {
-    HelpWindow help;
-    help.open();
-    QVERIFY(!help.has(u"vsc1"_s));
-    QCOMPARE(widthOf(help.find(u"picGd"_s)), 2790);
-    help.click(u"lblXz"_s, 2);
-    QCOMPARE(help.label(u"lblX0"_s, 1)->text(), u"1.1.1 一条命令装好并启动"_s);
-    QCOMPARE(topOf(help.label(u"lblX0"_s, 2)), 2 * 240 + 60 + 2 * 240);
-    QCOMPARE(topOf(help.label(u"lblXz"_s, 2)), 2 * 240 + 60);
-    QCOMPARE(topOf(help.label(u"lblXz"_s, 3)), 5 * 240 + 60);
-    QVERIFY(!help.has(u"vsc1"_s));
-
-    help.click(u"lblXz"_s, 11);  // its seven sections are too many for the panel
-    QVERIFY(help.label(u"lblX0"_s, 1)->text().startsWith(u"4.1.1 "));
-    QVERIFY(help.has(u"lblX0(7)"_s) && help.has(u"vsc1"_s));
-    QCOMPARE(topOf(help.label(u"lblXz"_s, 3)), 3 * 240 + 60);
-    QCOMPARE(topOf(help.label(u"lblXz"_s, 12)), (12 + 7) * 240 + 60);
-    QCOMPARE(widthOf(help.find(u"picGd"_s)), 3045);  // 3040 twips in whole pixels
-    auto* bar = help.find<QScrollBar>(u"vsc1"_s);
-    bar->setValue(bar->maximum());
-    QCOMPARE(pixelsFromTwips(-bar->maximum()), help.find(u"picBz"_s)->y());
-    QVERIFY(bar->maximum() > 0);
-
-    help.click(u"lblXz"_s, 0);
-    QVERIFY(!help.form->findChild<QLabel*>(u"lblX0(1)"_s) && !help.has(u"vsc1"_s));
-    QCOMPARE(help.find(u"picBz"_s)->y(), 0);
-    for (int i = 0; i < 16; ++i) QCOMPARE(topOf(help.label(u"lblXz"_s, i)), i * 240 + 60);
-}
-
-void TestHelpWindow::partsFollowTheWindow() {
-    HelpWindow help;
-    help.open();
-    for (const QSize size : {QSize(640, 480), QSize(1000, 700)}) {
-        help.form->resize(size);
-        const int width = size.width() * 15;
-        const int height = size.height() * 15;
-        QCOMPARE(help.text().geometry(), rectFromTwips(3370, 90, width - 3600, height - 615));
-        QCOMPARE(help.find(u"shpMl"_s)->height(), rectFromTwips(0, 90, 1, height - 650).height());
-        QVERIFY(std::abs(heightOf(help.find(u"picGd"_s)) - (height - 1400)) <= 15);
-        QVERIFY(std::abs(topOf(help.find(u"fraAn"_s)) - (height - 1080)) <= 8);
+        // The markers stand behind everything that is looked for.
+        QTextDocument* manual = help.text().document();
+        const int last = manual->find(u"附注：四"_s).position();
+        for (const QString& marker : {u"邮编"_s, u"－－－－－－"_s}) QVERIFY(manual->find(marker).position() > last);
     }
-}
 
-void TestHelpWindow::looksUnderTheMouse() {
-    HelpWindow help;
-    help.open();
-    help.click(u"lblXz"_s, 1);
-    const auto isIn = [&](QWidget* label, const QColor& colour, bool underlined) {
-        return label->palette().color(QPalette::WindowText) == colour && label->font().underline() == underlined;
-    };
-    QWidget* head = help.find(u"lblMl"_s);
-    QWidget* low = help.label(u"lblXz"_s, 3);
-    QWidget* high = help.label(u"lblXz"_s, 15);
-    QWidget* section = help.label(u"lblX0"_s, 1);
-    QTest::mouseMove(high);
-    QVERIFY(isIn(high, orange, true) && isIn(low, blue, false) && isIn(head, red, false));
-    QTest::mouseMove(head);  // the lower chapters keep their look
-    QVERIFY(isIn(head, green, true) && isIn(high, orange, true));
-    QTest::mouseMove(low);
-    QVERIFY(isIn(low, orange, true) && isIn(high, blue, false) && isIn(head, red, false));
-    QTest::mouseMove(head);
-    QVERIFY(isIn(low, blue, false));
-    QTest::mouseMove(section);
-    QVERIFY(isIn(section, orange, true) && isIn(head, red, false));
-    QTest::mouseMove(help.find(u"picBz"_s), QPoint(2, 2));
-    QVERIFY(isIn(section, blue, false));
-    QTest::mouseMove(low);
-    QTest::mouseMove(help.form.get(), QPoint(2, 2));
-    QVERIFY(isIn(low, blue, false));
-}
-
-void TestHelpWindow::longCaptionsShowInFull() {
-    const QString title = u"一个长得在目录里怎么也放不下的标题，要看完它得有两行"_s;
-    HelpWindow help;
-    Recordset contents = mekTp::catalogue.OpenRecordset(u"tcbz"_s);
-    contents.AddNew();
-    contents.Fields(u"编号"_s).SetValue(u"2"_s);
-    contents.Fields(u"标题"_s).SetValue(title);
-    contents.Update();
-    Recordset settings = mekTp::catalogue.OpenRecordset(u"tcsz"_s);
-    settings.Edit();
-    settings.Fields(u"帮助"_s).SetValue(
-        settings.Fields(u"帮助"_s).Value().toText().replace(u"<h2>3.1 "_s, u"<h3>2 %1</h3><h2>3.1 "_s.arg(title)));
-    settings.Update();
-    help.open();
-    QApplication::setActiveWindow(help.form.get());
-    auto* full = help.find<CaptionBox>(u"txtFd"_s);
-    help.click(u"lblXz"_s, 3);
-    QTest::mouseMove(help.label(u"lblX0"_s, 1));
-    QVERIFY(full->isHidden());
-    QLabel* section = help.label(u"lblX0"_s, 3);
-    QTest::mouseMove(section);
-    QVERIFY(full->isVisible());
-    QCOMPARE(full->text(), u"2 "_s + title);
-    QCOMPARE(full->pos() - section->pos(), QPoint(28, 18));
-    QVERIFY(full->document()->size().height() >= 2);
-    // Pixel by pixel from the section into the box, over a strip of the next entry.
-    const QPoint start = section->pos() + QPoint(40, 4);
-    QWidget* list = help.find(u"picBz"_s);
-    for (int step = 0; step < 30; ++step) {
-        const QPoint at = start + QPoint(0, step);
-        QCursor::setPos(list->mapToGlobal(at));
-        QWidget* below = list->childAt(at);
-        QTest::mouseMove(below, below->mapFrom(list, at));
-        QVERIFY2(full->isVisible(), qPrintable(QString::number(step)));
+    void aTextThatIsNotThere() {
+        HelpWindow help;
+        RichTextBox& text = help.text();
+        const QString words = u"4.2 窗口颜色配置"_s;
+        const int heading = text.Find(words, 0);
+        const int view = text.verticalScrollBar()->value();
+        QVERIFY(heading > 0 && view > 0);
+        QCOMPARE(text.SelLength(), words.size());
+        QCOMPARE(text.Find(u"没有这样的标题"_s, 0), -1);
+        QCOMPARE(text.Find(words, heading + 1), -1);
+        QCOMPARE(text.SelStart(), heading);
+        QCOMPARE(text.verticalScrollBar()->value(), view);
+        QCOMPARE(text.Find(u"LUNQ.MDB"_s, 0), text.Find(u"lunq.mdb"_s, 0));
     }
-    QCOMPARE(full->text(), u"2 "_s + title);
-    QTest::mouseClick(full->viewport(), Qt::LeftButton);
-    QCOMPARE(help.paragraph(), u"2 "_s + title);
 
-    QLabel* next = help.label(u"lblXz"_s, 4);
-    QTest::mouseMove(next, QPoint(2, 10));
-    QVERIFY(full->isHidden() && next->font().underline());
-    section->setFocus(Qt::TabFocusReason);
-    QVERIFY(full->isVisible());
-    help.text().setFocus(Qt::TabFocusReason);
-    QVERIFY(full->isHidden() && !section->font().underline());
-    QTest::mouseMove(section);
-    QVERIFY(full->isVisible());
-    QTest::mouseMove(help.find(u"picBz"_s), QPoint(2, 2));
-    QVERIFY(full->isHidden());
-}
+    void oneChapterIsOpenAtATime() {
+        HelpWindow help;
+        QVERIFY(!help.has(u"vsc1"_s));
+        QCOMPARE(widthOf(help.find(u"picGd"_s)), 2790);
+        help.click(u"lblXz"_s, 2);
+        QCOMPARE(help.label(u"lblX0"_s, 1)->text(), u"1.1.1 一条命令装好并启动"_s);
+        QCOMPARE(topOf(help.label(u"lblX0"_s, 2)), 2 * 240 + 60 + 2 * 240);
+        QCOMPARE(topOf(help.label(u"lblXz"_s, 2)), 2 * 240 + 60);
+        QCOMPARE(topOf(help.label(u"lblXz"_s, 3)), 5 * 240 + 60);
+        QVERIFY(!help.has(u"vsc1"_s));
 
-void TestHelpWindow::keyboardReachesEveryEntry() {
-    HelpWindow help;
-    help.open();
-    QApplication::setActiveWindow(help.form.get());
-    QLabel* chapter = help.label(u"lblXz"_s, 2);
-    chapter->setFocus(Qt::TabFocusReason);
-    QTest::keyClick(chapter, Qt::Key_Return);
-    QCOMPARE(help.paragraph(), u"1.1 网络下载版的安装"_s);
-    QTest::keyClick(chapter, Qt::Key_Tab);
-    QCOMPARE(QApplication::focusWidget(), help.label(u"lblX0"_s, 1));
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
-    QCOMPARE(help.paragraph(), u"1.1.2 数据放在哪里"_s);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    QCOMPARE(QApplication::focusWidget(), help.label(u"lblXz"_s, 3));
-}
+        help.click(u"lblXz"_s, 11);  // its seven sections are too many for the panel
+        QVERIFY(help.label(u"lblX0"_s, 1)->text().startsWith(u"4.1.1 "));
+        QVERIFY(help.has(u"lblX0(7)"_s) && help.has(u"vsc1"_s));
+        QCOMPARE(topOf(help.label(u"lblXz"_s, 3)), 3 * 240 + 60);
+        QCOMPARE(topOf(help.label(u"lblXz"_s, 12)), (12 + 7) * 240 + 60);
+        QCOMPARE(widthOf(help.find(u"picGd"_s)), 3045);  // 3040 twips in whole pixels
+        auto* bar = help.find<QScrollBar>(u"vsc1"_s);
+        bar->setValue(bar->maximum());
+        QCOMPARE(pixelsFromTwips(-bar->maximum()), help.find(u"picBz"_s)->y());
+        QVERIFY(bar->maximum() > 0);
 
-void TestHelpWindow::readersOwnWords() {
-    HelpWindow help;
-    help.open();
-    auto* words = help.find<QLineEdit>(u"txtCz"_s);
-    QTest::keyClick(help.form.get(), Qt::Key_F, Qt::ControlModifier);
-    QCOMPARE(help.form->focusWidget(), words);
-    words->setText(u"反时针"_s);
-    QTest::keyClick(words, Qt::Key_Return);
-    QCOMPARE(help.text().textCursor().selectedText(), u"反时针"_s);
-    const int only = help.text().SelStart();
-
-    words->setText(u"备份"_s);  // several hits, the first of them only by going on from the beginning
-    QList<int> hits;
-    for (int i = 0; i < 40 && (hits.size() < 2 || hits.first() != hits.last()); ++i) {
-        QTest::mouseClick(help.find(u"cmdCz"_s), Qt::LeftButton);
-        hits << help.text().SelStart();
+        help.click(u"lblXz"_s, 0);
+        QVERIFY(!help.form->findChild<QLabel*>(u"lblX0(1)"_s) && !help.has(u"vsc1"_s));
+        QCOMPARE(help.find(u"picBz"_s)->y(), 0);
+        for (int i = 0; i < 16; ++i) QCOMPARE(topOf(help.label(u"lblXz"_s, i)), i * 240 + 60);
     }
-    QCOMPARE(hits.last(), hits.first());
-    QVERIFY(hits.size() > 5 && *std::min_element(hits.begin(), hits.end()) < only);
 
-    words->setText(u"没有这样的词"_s);
-    QTest::keyClick(words, Qt::Key_Return);
-    QCOMPARE(help.find<QLabel>(u"lblCz"_s)->text(), u"没有找到"_s);
-}
-
-void TestHelpWindow::pictureButtons() {
-    HelpWindow help;
-    help.open();
-    QApplication::setActiveWindow(help.form.get());
-    const auto line = [&](int index) { return help.find<LineBox>(u"linFh(%1)"_s.arg(index)); };
-    const auto shown = [&] {
-        QString pattern;
-        for (int i = 0; i < 8; ++i) pattern += line(i)->isHidden() ? u'-' : u'|';
-        return pattern;
-    };
-    auto* back = help.find<ImageBox>(u"imgFh"_s);
-    auto* leave = help.find<ImageBox>(u"imgGb"_s);
-    QCOMPARE(shown(), u"--------"_s);
-    QTest::mouseMove(back);
-    QCOMPARE(shown(), u"||||----"_s);
-    QTest::mouseMove(leave);
-    QCOMPARE(shown(), u"----||||"_s);
-    QTest::mouseMove(help.form.get(), QPoint(2, 2));
-    QCOMPARE(shown(), u"--------"_s);
-
-    back->setFocus(Qt::TabFocusReason);
-    QCOMPARE(shown(), u"||||----"_s);
-    leave->setFocus(Qt::TabFocusReason);
-    QCOMPARE(shown(), u"----||||"_s);
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
-        help.asked.clear();
-        QTest::keyClick(leave, key);
-        QCOMPARE(help.asked, QStringList{u"end"_s});
+    void partsFollowTheWindow() {
+        HelpWindow help;
+        for (const QSize size : {QSize(640, 480), QSize(1000, 700)}) {
+            help.form->resize(size);
+            const int width = size.width() * 15;
+            const int height = size.height() * 15;
+            QCOMPARE(help.text().geometry(), rectFromTwips(3370, 90, width - 3600, height - 615));
+            QCOMPARE(help.find(u"shpMl"_s)->height(), rectFromTwips(0, 90, 1, height - 650).height());
+            QVERIFY(std::abs(heightOf(help.find(u"picGd"_s)) - (height - 1400)) <= 15);
+            QVERIFY(std::abs(topOf(help.find(u"fraAn"_s)) - (height - 1080)) <= 8);
+        }
     }
-    help.asked.clear();
-    help.text().setFocus();
-    QCOMPARE(shown(), u"--------"_s);
 
-    QTest::mousePress(back, Qt::LeftButton);
-    QCOMPARE(line(0)->color(), QColor(128, 128, 128));
-    QCOMPARE(line(3)->color(), QColor(Qt::white));
-    QTest::mouseRelease(back, Qt::LeftButton);
-    QCOMPARE(help.asked, (QStringList{u"show"_s, u"unload"_s}));
-    QTest::mouseClick(leave, Qt::LeftButton);
-    QCOMPARE(help.asked.last(), u"end"_s);
-}
+    void looksUnderTheMouse() {
+        HelpWindow help;
+        help.click(u"lblXz"_s, 1);
+        const auto isIn = [&](QWidget* label, const QColor& colour, bool underlined) {
+            return label->palette().color(QPalette::WindowText) == colour && label->font().underline() == underlined;
+        };
+        QWidget* head = help.find(u"lblMl"_s);
+        QWidget* low = help.label(u"lblXz"_s, 3);
+        QWidget* high = help.label(u"lblXz"_s, 15);
+        QWidget* section = help.label(u"lblX0"_s, 1);
+        QTest::mouseMove(high);
+        QVERIFY(isIn(high, orange, true) && isIn(low, blue, false) && isIn(head, red, false));
+        QTest::mouseMove(head);  // the lower chapters keep their look
+        QVERIFY(isIn(head, green, true) && isIn(high, orange, true));
+        QTest::mouseMove(low);
+        QVERIFY(isIn(low, orange, true) && isIn(high, blue, false) && isIn(head, red, false));
+        QTest::mouseMove(head);
+        QVERIFY(isIn(low, blue, false));
+        QTest::mouseMove(section);
+        QVERIFY(isIn(section, orange, true) && isIn(head, red, false));
+        QTest::mouseMove(help.find(u"picBz"_s), QPoint(2, 2));
+        QVERIFY(isIn(section, blue, false));
+        QTest::mouseMove(low);
+        QTest::mouseMove(help.form.get(), QPoint(2, 2));
+        QVERIFY(isIn(low, blue, false));
+    }
 
-void TestHelpWindow::closingUnloads() {
-    HelpWindow help;
-    help.open();
-    help.form->close();
-    QCOMPARE(help.asked, QStringList{u"unload"_s});
-    help.asked.clear();
-    help.form->show();
-    QTest::keyClick(help.form.get(), Qt::Key_Escape);
-    QCOMPARE(help.asked, QStringList{u"unload"_s});
-}
+    void longCaptionsShowInFull() {
+        const QString title = u"一个长得在目录里怎么也放不下的标题，要看完它得有两行"_s;
+        HelpWindow help([&title] {
+            addRow(u"tcbz"_s, {{u"编号"_s, u"2"_s}, {u"标题"_s, title}});
+            const QString manual = fieldOf(u"tcsz"_s, u"帮助"_s).toText();
+            changeRow(u"tcsz"_s,
+                      {{u"帮助"_s, QString(manual).replace(u"<h2>3.1 "_s, u"<h3>2 %1</h3><h2>3.1 "_s.arg(title))}});
+        });
+        auto* full = help.find<CaptionBox>(u"txtFd"_s);
+        help.click(u"lblXz"_s, 3);
+        QTest::mouseMove(help.label(u"lblX0"_s, 1));
+        QVERIFY(full->isHidden());
+        QLabel* section = help.label(u"lblX0"_s, 3);
+        QTest::mouseMove(section);
+        QVERIFY(full->isVisible());
+        QCOMPARE(full->text(), u"2 "_s + title);
+        QCOMPARE(full->pos() - section->pos(), QPoint(28, 18));
+        QVERIFY(full->document()->size().height() >= 2);
+        // Pixel by pixel from the section into the box, over a strip of the next entry.
+        const QPoint start = section->pos() + QPoint(40, 4);
+        QWidget* list = help.find(u"picBz"_s);
+        for (int step = 0; step < 30; ++step) {
+            const QPoint at = start + QPoint(0, step);
+            QCursor::setPos(list->mapToGlobal(at));
+            QWidget* below = list->childAt(at);
+            QTest::mouseMove(below, below->mapFrom(list, at));
+            QVERIFY2(full->isVisible(), qPrintable(QString::number(step)));
+        }
+        QCOMPARE(full->text(), u"2 "_s + title);
+        QTest::mouseClick(full->viewport(), Qt::LeftButton);
+        QCOMPARE(help.paragraph(), u"2 "_s + title);
+
+        QLabel* next = help.label(u"lblXz"_s, 4);
+        QTest::mouseMove(next, QPoint(2, 10));
+        QVERIFY(full->isHidden() && next->font().underline());
+        section->setFocus(Qt::TabFocusReason);
+        QVERIFY(full->isVisible());
+        help.text().setFocus(Qt::TabFocusReason);
+        QVERIFY(full->isHidden() && !section->font().underline());
+        QTest::mouseMove(section);
+        QVERIFY(full->isVisible());
+        QTest::mouseMove(help.find(u"picBz"_s), QPoint(2, 2));
+        QVERIFY(full->isHidden());
+    }
+
+    void keyboardReachesEveryEntry() {
+        HelpWindow help;
+        QLabel* chapter = help.label(u"lblXz"_s, 2);
+        chapter->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(chapter, Qt::Key_Return);
+        QCOMPARE(help.paragraph(), u"1.1 网络下载版的安装"_s);
+        QTest::keyClick(chapter, Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), help.label(u"lblX0"_s, 1));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+        QCOMPARE(help.paragraph(), u"1.1.2 数据放在哪里"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), help.label(u"lblXz"_s, 3));
+    }
+
+    void readersOwnWords() {
+        HelpWindow help;
+        auto* words = help.find<QLineEdit>(u"txtCz"_s);
+        QTest::keyClick(help.form.get(), Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(help.form->focusWidget(), words);
+        words->setText(u"反时针"_s);
+        QTest::keyClick(words, Qt::Key_Return);
+        QCOMPARE(help.text().textCursor().selectedText(), u"反时针"_s);
+        const int only = help.text().SelStart();
+
+        words->setText(u"备份"_s);  // several hits, the first of them only by going on from the beginning
+        QList<int> hits;
+        for (int i = 0; i < 40 && (hits.size() < 2 || hits.first() != hits.last()); ++i) {
+            QTest::mouseClick(help.find(u"cmdCz"_s), Qt::LeftButton);
+            hits << help.text().SelStart();
+        }
+        QCOMPARE(hits.last(), hits.first());
+        QVERIFY(hits.size() > 5 && *std::min_element(hits.begin(), hits.end()) < only);
+
+        words->setText(u"没有这样的词"_s);
+        QTest::keyClick(words, Qt::Key_Return);
+        QCOMPARE(help.find<QLabel>(u"lblCz"_s)->text(), u"没有找到"_s);
+    }
+
+    void pictureButtons() {
+        HelpWindow help;
+        const auto line = [&](int index) { return help.find<LineBox>(u"linFh(%1)"_s.arg(index)); };
+        const auto shown = [&] {
+            QString pattern;
+            for (int i = 0; i < 8; ++i) pattern += line(i)->isHidden() ? u'-' : u'|';
+            return pattern;
+        };
+        auto* back = help.find<ImageBox>(u"imgFh"_s);
+        auto* leave = help.find<ImageBox>(u"imgGb"_s);
+        QCOMPARE(shown(), u"--------"_s);
+        QTest::mouseMove(back);
+        QCOMPARE(shown(), u"||||----"_s);
+        QTest::mouseMove(leave);
+        QCOMPARE(shown(), u"----||||"_s);
+        QTest::mouseMove(help.form.get(), QPoint(2, 2));
+        QCOMPARE(shown(), u"--------"_s);
+
+        back->setFocus(Qt::TabFocusReason);
+        QCOMPARE(shown(), u"||||----"_s);
+        leave->setFocus(Qt::TabFocusReason);
+        QCOMPARE(shown(), u"----||||"_s);
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
+            QTest::keyClick(leave, key);
+            QCOMPARE(help.takeAsked(), QStringList{u"end"_s});
+        }
+        help.text().setFocus();
+        QCOMPARE(shown(), u"--------"_s);
+
+        QTest::mousePress(back, Qt::LeftButton);
+        QCOMPARE(line(0)->color(), QColor(128, 128, 128));
+        QCOMPARE(line(3)->color(), QColor(Qt::white));
+        QTest::mouseRelease(back, Qt::LeftButton);
+        QCOMPARE(help.takeAsked(), (QStringList{u"show"_s, u"unload"_s}));
+        QTest::mouseClick(leave, Qt::LeftButton);
+        QCOMPARE(help.takeAsked(), QStringList{u"end"_s});
+    }
+
+    void closingUnloads() {
+        HelpWindow help;
+        help.form->close();
+        QCOMPARE(help.takeAsked(), QStringList{u"unload"_s});
+        help.form->show();
+        QTest::keyClick(help.form.get(), Qt::Key_Escape);
+        QCOMPARE(help.takeAsked(), QStringList{u"unload"_s});
+    }
+};
 
 const Registered<TestHelpWindow> registered;
 

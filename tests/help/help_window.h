@@ -1,5 +1,7 @@
 #pragma once
 
+#include "../support/run_all.h"
+#include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
 #include "help/frm_bz.h"
 #include "platform/base/files.h"
@@ -11,31 +13,29 @@
 /// The help window on a copy of the catalogue that the program is shipped with.
 class HelpWindow : public Windows {
   public:
-    HelpWindow() {
+    /// Shown, once the catalogue has been prepared.
+    explicit HelpWindow(const std::function<void()>& prepare = {}) {
         setProgramFolder(folder_.path());
         if (!QFile::copy(qEnvironmentVariable("LUNQ_FRESH_CATALOGUE"), mekTp::cataloguePath()))
             qFatal("no shipped catalogue");
         mekTp::openCatalogue();
+        if (prepare) prepare();
+        form = std::make_unique<frmBz>(*this);
+        form->show();
+        QVERIFY(QTest::qWaitForWindowExposed(form.get()));
+        QApplication::setActiveWindow(form.get());
     }
     ~HelpWindow() override {
         form.reset();
         mekTp::catalogue = {};
         setProgramFolder({});
     }
-    void open() {
-        form = std::make_unique<frmBz>(*this);
-        form->show();
-        QVERIFY(QTest::qWaitForWindowExposed(form.get()));
-    }
-
     void handOver(WindowKind, WindowKind) override {}
     void show(WindowKind window) override {
-        asked << QStringLiteral("show");
-        if (window != WindowKind::viewer) asked << QStringLiteral("wrong");
+        asked << (window == WindowKind::viewer ? QStringLiteral("show") : QStringLiteral("wrong"));
     }
     void unload(WindowKind window) override {
-        asked << QStringLiteral("unload");
-        if (window != WindowKind::help) asked << QStringLiteral("wrong");
+        asked << (window == WindowKind::help ? QStringLiteral("unload") : QStringLiteral("wrong"));
     }
     void showHelp(const QString&) override {}
     void endProgram() override { asked << QStringLiteral("end"); }
@@ -57,12 +57,18 @@ class HelpWindow : public Windows {
     RichTextBox& text() const { return *find<RichTextBox>(QStringLiteral("rtfBz")); }
     /// Text of the paragraph that the last jump led to.
     QString paragraph() const { return text().textCursor().block().text(); }
+
+    /// What the window has asked of the others since the last time.
+    QStringList takeAsked() { return std::exchange(asked, {}); }
+    /// Whether a heading that was jumped to stands at the upper edge of the view, its air above it included.
+    bool isAtTop() const { return belowTop() >= 0 && belowTop() <= 30; }
+
+    std::unique_ptr<frmBz> form;
+
+  private:
     /// How far below the upper edge of the view that paragraph stands, in pixels.
     int belowTop() const { return text().cursorRect().top(); }
 
     QStringList asked;
-    std::unique_ptr<frmBz> form;
-
-  private:
     QTemporaryDir folder_;
 };
