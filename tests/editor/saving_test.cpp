@@ -27,13 +27,14 @@ class TestSaving : public QObject {
             editor.press(u"wk"_s);
             QVERIFY(!editor.key(u"bc"_s)->isEnabled());
             editor.scale(u"2"_s);
+            editor.crop({10, 5, 40, 30});
             editor.press(u"bc"_s);
             QCOMPARE(editor.boxes.first().title, u"按原文件名保存"_s);
             QCOMPARE(editor.boxes.first().text,
                      u"        保存已修改的图片吗？\n\n如果保存，按《确定》，将覆盖原图片；否则按《取消》。"_s);
             QCOMPARE(editor.lastBox(), u"保存图片|图片已保存完毕！(文件名："_s + editor.file + u")"_s);
             QCOMPARE(beginOf(editor.file), QByteArray(begin));
-            QCOMPARE(LoadPicture(editor.file).pixels(), QSize(120, 80));
+            QCOMPARE(LoadPicture(editor.file).pixels(), QSize(40, 30));
             QCOMPARE(editor.steps(), QStringList());
             QVERIFY(!editor.key(u"bc"_s)->isEnabled() && !editor.menu(u"mnuCx"_s)->isEnabled());
             editor.press(u"wk"_s);

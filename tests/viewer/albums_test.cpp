@@ -33,6 +33,16 @@ struct ManyButtons : ViewerWindow {
 class TestAlbums : public QObject {
     Q_OBJECT
 
+    static void verifyClosed(const ViewerWindow& viewer) {
+        QCOMPARE(mekTp::currentTable, u"tc00"_s);
+        QCOMPARE(viewer.panel(2), u"未打开图册"_s);
+        QCOMPARE(viewer.panel(3), QString());
+        QCOMPARE(viewer.keyImage(u"dk"_s), u"dk"_s);
+        QCOMPARE(viewer.key(u"dk"_s)->toolTip(), u"打开像册"_s);
+        QVERIFY(viewer.shows(u"pic0"_s) && !viewer.menu(u"mnuCd(1)"_s)->isChecked());
+        for (const QString& item : {u"mnuXs"_s, u"mnuTg"_s}) QVERIFY(!viewer.menu(item)->isEnabled());
+    }
+
   private Q_SLOTS:
     void openFromMenu() {
         const ViewerWindow viewer;
@@ -54,12 +64,8 @@ class TestAlbums : public QObject {
         const ViewerWindow viewer;
         viewer.openAlbum(1);
         viewer.press(u"dk"_s);
-        QCOMPARE(mekTp::currentTable, u"tc00"_s);
-        QCOMPARE(viewer.panel(2), u"未打开图册"_s);
-        QCOMPARE(viewer.panel(3), QString());
-        QCOMPARE(viewer.key(u"dk"_s)->toolTip(), u"打开像册"_s);
+        verifyClosed(viewer);
         QCOMPARE(ViewerWindow::setting(u"当前像册"_s).textOr(), QString());
-        for (const QString& item : {u"mnuXs"_s, u"mnuTg"_s}) QVERIFY(!viewer.menu(item)->isEnabled());
 
         viewer.press(u"dk"_s);
         auto* list = viewer.find<ListBox>(u"lstLs"_s);
@@ -144,14 +150,7 @@ class TestAlbums : public QObject {
         viewer.press(u"dk"_s);
         QCOMPARE(viewer.boxes.size(), 1);
         QVERIFY(viewer.boxes[0].startsWith(u"错误提示|"_s));
-        QCOMPARE(mekTp::currentTable, u"tc00"_s);
-        QCOMPARE(viewer.keyImage(u"dk"_s), u"dk"_s);
-        QCOMPARE(viewer.key(u"dk"_s)->toolTip(), u"打开像册"_s);
-        QCOMPARE(viewer.panel(2), u"未打开图册"_s);
-        QCOMPARE(viewer.panel(3), QString());
-        QVERIFY(viewer.shows(u"pic0"_s));
-        for (const QString& item : {u"mnuXs"_s, u"mnuTg"_s}) QVERIFY(!viewer.menu(item)->isEnabled());
-        QVERIFY(!viewer.menu(u"mnuCd(1)"_s)->isChecked());
+        verifyClosed(viewer);
         viewer.openAlbum(1);  // it can still be looked at
         QCOMPARE(viewer.boxes.size(), 2);
         viewer.press(u"ty"_s);

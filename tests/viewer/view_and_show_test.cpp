@@ -42,8 +42,7 @@ class TestViewAndShow : public QObject {
         pagingIs(false);
         QVERIFY(viewer.key(u"yd"_s)->isEnabled());
         auto* strip = viewer.find<CaptionBox>(u"txtB0"_s);
-        QVERIFY(strip->isVisible());
-        QVERIFY(strip->text().startsWith(u"序号：4 "_s));
+        QVERIFY(strip->isVisible() && strip->text().startsWith(u"序号：4 "_s));
         QTest::mouseClick(strip->viewport(), Qt::LeftButton);
         QVERIFY(!strip->isVisible());
         QTest::mousePress(viewer.find(u"img0"_s), Qt::LeftButton);
@@ -68,16 +67,6 @@ class TestViewAndShow : public QObject {
         QVERIFY(!viewer.shows(u"pic0"_s));
     }
 
-    void nothingToView() {
-        const OpenPage single(1);
-        single.openPicture(0);
-        QVERIFY(!single.shows(u"pic0"_s));
-        const OpenPage viewer(4);
-        viewer.openPicture(12);  // past the end of the album
-        QVERIFY(!viewer.shows(u"pic0"_s));
-        QVERIFY(viewer.boxes.isEmpty());
-    }
-
     // What counts is the page as it stands, not the columns chosen for the next one.
     void viewBelongsToTheDrawnPage() {
         const OpenPage four(2);
@@ -92,9 +81,14 @@ class TestViewAndShow : public QObject {
         other.openPicture(3);
         QCOMPARE(other.image(u"img0"_s)->picture().pixels(), QSize(100, 50));
         const OpenPage single(1);
-        single.chooseColumns(2);
-        single.openPicture(0);
-        QVERIFY(!single.shows(u"pic0"_s));
+        for (const int columns : {1, 2}) {
+            single.chooseColumns(columns);
+            single.openPicture(0);
+            QVERIFY(!single.shows(u"pic0"_s));
+        }
+        const OpenPage sixteen(4);
+        sixteen.openPicture(12);  // past the end of the album
+        QVERIFY(!sixteen.shows(u"pic0"_s) && sixteen.boxes.isEmpty());
     }
 
     void viewOfALostRecordTells() {
@@ -102,8 +96,7 @@ class TestViewAndShow : public QObject {
         mekTp::catalogue.Execute(u"DELETE FROM [tc01]"_s);
         viewer.openPicture(1);
         QCOMPARE(viewer.boxes.size(), 1);
-        QVERIFY(!viewer.shows(u"pic0"_s));
-        QVERIFY(viewer.key(u"ty"_s)->isEnabled());
+        QVERIFY(!viewer.shows(u"pic0"_s) && viewer.key(u"ty"_s)->isEnabled());
     }
 
     void viewFollowsTheWindowAndEndsWithThePage() {
