@@ -48,6 +48,8 @@ class TestKeys : public QObject {
         key(page, Qt::Key_PageDown);
         QCOMPARE(page.pictureIn(0), 5);
         QCOMPARE(focus(page), u"imgXs(1)"_s);
+        key(page, Qt::Key_Home);
+        QCOMPARE(page.pictureIn(0), 1);
         key(page, Qt::Key_1);
         QCOMPARE(page.text(u"txtLs"_s), u"1列"_s);
         QCOMPARE(focus(page), u"imgXs(0)"_s);

@@ -88,15 +88,6 @@ class TestPaging : public QObject {
         }
     }
 
-    void keysPage() {
-        const OpenPage viewer(2);
-        viewer.window->centralWidget()->setFocus();
-        QTest::keyClick(viewer.window->centralWidget(), Qt::Key_PageDown);
-        QCOMPARE(viewer.pictureIn(0), 5);
-        QTest::keyClick(viewer.window->centralWidget(), Qt::Key_Home);
-        QCOMPARE(viewer.pictureIn(0), 1);
-    }
-
     void columnsWaitForEnter() {
         const OpenPage viewer(1);
         viewer.click(u"txtLs"_s);
