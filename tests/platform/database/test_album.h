@@ -20,6 +20,11 @@ class TestAlbum {
             .arg(table);
     }
 
+    QString remark(int number) const {
+        return shell(QStringLiteral("SELECT 备注 FROM tc01 WHERE 序号 = %1").arg(number));
+    }
+    QString keptPictures() const { return shell(QStringLiteral("SELECT count(*) FROM long_binary")); }
+
     QString path() const { return folder.filePath(QStringLiteral("lunq.mdb")); }
     Recordset open(const QString& source) const { return database.OpenRecordset(source); }
 
@@ -57,6 +62,22 @@ inline QString failureOf(const std::function<void()>& step) {
         return error.text();
     }
     return {};
+}
+
+/// Whether a step fails and says all these; tells what it has said otherwise.
+inline bool failsSaying(const std::function<void()>& step, const QStringList& words) {
+    const QString failure = failureOf(step);
+    const bool said = !failure.isEmpty() && std::all_of(words.begin(), words.end(),
+                                                        [&](const QString& word) { return failure.contains(word); });
+    if (!said) qWarning("%s", qPrintable(QStringLiteral("“%1”: %2").arg(words.join(QLatin1Char(' ')), failure)));
+    return said;
+}
+
+/// Changes one column of the record a set stands on.
+inline void change(Recordset& set, const QString& column, const Variant& value) {
+    set.Edit();
+    set.Fields(column).SetValue(value);
+    set.Update();
 }
 
 /// The numbers of a set's records in their order, without moving in it.

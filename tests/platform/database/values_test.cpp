@@ -26,86 +26,69 @@ class ValuesTest : public QObject {
             "t DATETIME, c TEXT(5), m MEMO, p LONGBINARY)"_s);
     }
 
-    void keepsWhatIsPutIn_data() {
-        QTest::addColumn<QString>("column");
-        QTest::addColumn<Variant>("given");
-        QTest::addColumn<Variant>("back");
-        QTest::addColumn<QString>("inTheFile");
-        const auto row = [](const char* name, const QString& column, Variant given, Variant back, const QString& file) {
-            QTest::newRow(name) << column << std::move(given) << std::move(back) << file;
-        };
-        row("long from text", u"l"_s, u" 1,234 "_s, 1234, u"1234|integer"_s);
-        row("long rounds half to even", u"l"_s, 2.5, 2, u"2|integer"_s);
-        row("long limit", u"l"_s, 2147483647.0, std::numeric_limits<qint32>::max(), u"2147483647|integer"_s);
-        row("byte", u"b"_s, u"255"_s, 255, u"255|integer"_s);
-        row("single with commas", u"s"_s, u"1,234.567"_s, 1234.567F, u"1234.567|real"_s);
-        row("single, whole", u"s"_s, 12.0F, 12.0F, u"12|integer"_s);
-        row("single, small", u"s"_s, 0.1F, 0.1F, u"0.1|real"_s);
-        row("double", u"d"_s, 0.1, 0.1, u"0.1|real"_s);
-        row("truth", u"y"_s, true, true, u"1|integer"_s);
-        row("truth from text", u"y"_s, u"False"_s, false, u"0|integer"_s);
-        row("truth is never Null", u"y"_s, {}, false, u"0|integer"_s);
-        row("date", u"t"_s, noon, noon, u"2003-10-01 12:30:05|text"_s);
-        row("day", u"t"_s, u"2003年10月1日"_s, midnight, u"2003-10-01 00:00:00|text"_s);
-        row("code of digits", u"c"_s, u"007"_s, u"007"_s, u"007|text"_s);
-        row("longest text", u"c"_s, u"一二三四五"_s, u"一二三四五"_s, u"一二三四五|text"_s);
-        row("number in a text", u"c"_s, 7, u"7"_s, u"7|text"_s);
-        row("empty text", u"c"_s, u""_s, u""_s, u"|text"_s);
-        row("memo of digits", u"m"_s, u"123"_s, u"123"_s, u"123|text"_s);
-        row("memo like a number", u"m"_s, u"1e3"_s, u"1e3"_s, u"1e3|text"_s);
-        row("Null", u"l"_s, {}, {}, u"|null"_s);
-        row("Null date", u"t"_s, {}, {}, u"|null"_s);
-    }
-
     void keepsWhatIsPutIn() {
-        QFETCH(QString, column);
-        QFETCH(Variant, given);
-        QFETCH(Variant, back);
-        QFETCH(QString, inTheFile);
-        Recordset set = typed();
-        set.AddNew();
-        set.Fields(column).SetValue(given);
-        QCOMPARE(set.Fields(column).Value(), back);
-        set.Update();
-        set.MoveLast();
-        QCOMPARE(set.Fields(column).Value(), back);
-        QCOMPARE(album_->shell(u"SELECT %1, typeof(%1) FROM typed"_s.arg(column)), inTheFile);
-    }
-
-    void refusesWhatDoesNotFit_data() {
-        QTest::addColumn<QString>("column");
-        QTest::addColumn<Variant>("given");
-        QTest::addColumn<QString>("named");
-        const auto row = [](const char* name, const QString& column, Variant given, const QString& named) {
-            QTest::newRow(name) << column << std::move(given) << named;
+        const std::tuple<QString, Variant, Variant, QString> cases[] = {
+            {u"l"_s, u" 1,234 "_s, 1234, u"1234|integer"_s},  // long from text
+            {u"l"_s, 2.5, 2, u"2|integer"_s},                 // long rounds half to even
+            {u"l"_s, 2147483647.0, std::numeric_limits<qint32>::max(), u"2147483647|integer"_s},  // long limit
+            {u"b"_s, u"255"_s, 255, u"255|integer"_s},                                            // byte
+            {u"s"_s, u"1,234.567"_s, 1234.567F, u"1234.567|real"_s},                              // single with commas
+            {u"s"_s, 12.0F, 12.0F, u"12|integer"_s},                                              // single, whole
+            {u"s"_s, 0.1F, 0.1F, u"0.1|real"_s},                                                  // single, small
+            {u"d"_s, 0.1, 0.1, u"0.1|real"_s},                                                    // double
+            {u"y"_s, true, true, u"1|integer"_s},                                                 // truth
+            {u"y"_s, u"False"_s, false, u"0|integer"_s},                                          // truth from text
+            {u"y"_s, {}, false, u"0|integer"_s},                                                  // truth is never Null
+            {u"t"_s, noon, noon, u"2003-10-01 12:30:05|text"_s},                                  // date
+            {u"t"_s, u"2003年10月1日"_s, midnight, u"2003-10-01 00:00:00|text"_s},                // day
+            {u"c"_s, u"007"_s, u"007"_s, u"007|text"_s},                                          // code of digits
+            {u"c"_s, u"一二三四五"_s, u"一二三四五"_s, u"一二三四五|text"_s},                     // longest text
+            {u"c"_s, 7, u"7"_s, u"7|text"_s},                                                     // number in a text
+            {u"c"_s, u""_s, u""_s, u"|text"_s},                                                   // empty text
+            {u"m"_s, u"123"_s, u"123"_s, u"123|text"_s},                                          // memo of digits
+            {u"m"_s, u"1e3"_s, u"1e3"_s, u"1e3|text"_s},                                          // memo like a number
+            {u"l"_s, {}, {}, u"|null"_s},                                                         // Null
+            {u"t"_s, {}, {}, u"|null"_s},                                                         // Null date
         };
-        row("no number", u"l"_s, u"12a"_s, u"12a"_s);
-        row("empty is no number", u"l"_s, u""_s, u"数字"_s);
-        row("32 bits", u"l"_s, u"2147483648"_s, u"2147483648"_s);
-        row("not a number", u"l"_s, std::nan(""), u"不是数字"_s);
-        row("not a single number", u"s"_s, std::nan(""), u"不是数字"_s);
-        row("16 bits", u"i"_s, 32768, u"32768"_s);
-        row("byte below", u"b"_s, -1, u"-1"_s);
-        row("single too large", u"s"_s, 1e39, u"过大"_s);
-        row("no truth", u"y"_s, u"maybe"_s, u"maybe"_s);
-        row("no date", u"t"_s, u"2003-02-30"_s, u"2003-02-30"_s);
-        row("number as date", u"t"_s, 37895, u"37895"_s);
-        row("text too long", u"c"_s, u"一二三四五六"_s, u"一二三四五六"_s);
-        row("bytes in a text", u"m"_s, QByteArray("\xff\xd8"), u"文本"_s);
-        row("text in a picture", u"p"_s, u"path"_s, u"path"_s);
+        for (const auto& [column, given, back, inTheFile] : cases) {
+            album_->shell(u"DELETE FROM typed"_s);
+            Recordset set = typed();
+            set.AddNew();
+            set.Fields(column).SetValue(given);
+            QCOMPARE(set.Fields(column).Value(), back);
+            set.Update();
+            set.MoveLast();
+            QCOMPARE(set.Fields(column).Value(), back);
+            QCOMPARE(album_->shell(u"SELECT %1, typeof(%1) FROM typed"_s.arg(column)), inTheFile);
+        }
     }
 
     void refusesWhatDoesNotFit() {
-        QFETCH(QString, column);
-        QFETCH(Variant, given);
-        QFETCH(QString, named);
-        Recordset set = typed();
-        set.AddNew();
-        const QString failure = failureOf([&] { set.Fields(column).SetValue(given); });
-        QVERIFY2(failure.contains(u"“%1”"_s.arg(column)) && failure.contains(named), qPrintable(failure));
-        set.Update();
-        set.MoveLast();
-        QVERIFY(set.Fields(column).Value() == (column == u"y" ? Variant(false) : Variant()));
+        const std::tuple<QString, Variant, QString> cases[] = {
+            {u"l"_s, u"12a"_s, u"12a"_s},                    // no number
+            {u"l"_s, u""_s, u"数字"_s},                      // empty is no number
+            {u"l"_s, u"2147483648"_s, u"2147483648"_s},      // 32 bits
+            {u"l"_s, std::nan(""), u"不是数字"_s},           // not a number
+            {u"s"_s, std::nan(""), u"不是数字"_s},           // not a single number
+            {u"i"_s, 32768, u"32768"_s},                     // 16 bits
+            {u"b"_s, -1, u"-1"_s},                           // byte below
+            {u"s"_s, 1e39, u"过大"_s},                       // single too large
+            {u"y"_s, u"maybe"_s, u"maybe"_s},                // no truth
+            {u"t"_s, u"2003-02-30"_s, u"2003-02-30"_s},      // no date
+            {u"t"_s, 37895, u"37895"_s},                     // number as date
+            {u"c"_s, u"一二三四五六"_s, u"一二三四五六"_s},  // text too long
+            {u"m"_s, QByteArray("\xff\xd8"), u"文本"_s},     // bytes in a text
+            {u"p"_s, u"path"_s, u"path"_s},                  // text in a picture
+        };
+        for (const auto& [column, given, named] : cases) {
+            Recordset set = typed();
+            set.AddNew();
+            const auto put = [&, &column = column, &given = given] { set.Fields(column).SetValue(given); };
+            QVERIFY(failsSaying(put, {u"“%1”"_s.arg(column), named}));
+            set.Update();
+            set.MoveLast();
+            QVERIFY(set.Fields(column).Value() == (column == u"y" ? Variant(false) : Variant()));
+        }
     }
 
     void columnsTellTheirTypes() {
@@ -121,9 +104,9 @@ class ValuesTest : public QObject {
     void foreignContentComesAsItIs() {
         album_->shell(u"INSERT INTO typed (l, t, s) VALUES (5000000000, 'some day', 'much')"_s);
         const Recordset set = typed();
-        QCOMPARE(set.Fields(u"l"_s).Value(), Variant(5e9));
-        QCOMPARE(set.Fields(u"t"_s).Value(), Variant(u"some day"_s));
-        QCOMPARE(set.Fields(u"s"_s).Value(), Variant(u"much"_s));
+        for (const auto& [column, value] :
+             {std::pair{u"l"_s, Variant(5e9)}, {u"t"_s, Variant(u"some day"_s)}, {u"s"_s, Variant(u"much"_s)}})
+            QCOMPARE(set.Fields(column).Value(), value);
     }
 
     void variantsConvert() {

@@ -1,5 +1,7 @@
 #include "picture_samples.h"
 
+#include "platform/base/error.h"
+
 #include <QtEndian>
 #include <array>
 #include <vector>
@@ -80,6 +82,15 @@ void setUp(jpeg_compress_struct& codec, const QImage& image, Kind kind) {
 }
 
 }  // namespace
+
+QString failureOf(const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const Error& error) {
+        return error.text();
+    }
+    return {};
+}
 
 QByteArray jpegBytes(const QImage& image, const JpegOptions& options) {
     jpeg_compress_struct codec{};
