@@ -4,6 +4,10 @@
 #include "platform/desktop/grid.h"
 #include "platform/desktop/placing.h"
 
+inline const QStringList albumFields{QStringLiteral("序号"), QStringLiteral("编号"), QStringLiteral("大小"),
+                                     QStringLiteral("规格"), QStringLiteral("日期"), QStringLiteral("图片"),
+                                     QStringLiteral("备注")};
+
 /// The settings window on the page 图片录入 with 数据库 as its source, and the files 源库.mdb, 另库.mdb to take from.
 class DatabaseWindow : public IntakeWindow {
   public:
@@ -52,9 +56,10 @@ class DatabaseWindow : public IntakeWindow {
         chooseTable(album, way, table);
         click(QStringLiteral("cmdQx"));
     }
-    void copyAll() const {
-        click(QStringLiteral("cmdQx"));
-        click(QStringLiteral("cmdLr"));
+    /// Copies all records; gives what was said after the first message, which is the question.
+    QStringList copyAll() {
+        enterAll();
+        return said().mid(1);
     }
 
     void clickLine(const QString& list, const QString& text) const {
@@ -70,10 +75,13 @@ class DatabaseWindow : public IntakeWindow {
         grid.scrollTo(cell);
         QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.visualRect(cell).center());
     }
-    /// Puts a source field on line `index` of the mapping by its pick list.
-    void mapField(int index, const QString& field) const {
+    void openPickList(int index) const {
         QTest::mouseClick(&fieldBox(index), Qt::LeftButton);
         QTRY_VERIFY(shown(QStringLiteral("lstDy")));
+    }
+    /// Puts a source field on line `index` of the mapping by its pick list.
+    void mapField(int index, const QString& field) const {
+        openPickList(index);
         clickLine(QStringLiteral("lstDy"), field);
     }
     TextBox& fieldBox(int index) const { return box(QStringLiteral("txtYb(%1)").arg(index)); }
@@ -90,8 +98,6 @@ class DatabaseWindow : public IntakeWindow {
             all << fieldBox(i).text();
         return all;
     }
-    bool shown(const QString& name) const { return get<QWidget>(name).isVisible(); }
-    QString hint() const { return label(QStringLiteral("lblTs")).mid(5); }
     /// Where a control stands on the tab control, in pixels.
     QRect placeOf(const QString& name) const {
         const auto& control = get<QWidget>(name);

@@ -5,6 +5,42 @@
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/file_lists.h"
 
+/// The values of 序号 in the order of the table.
+inline QStringList numbersOf(const QString& table, const Database& database = mekTp::catalogue) {
+    QStringList all;
+    for (Recordset rows = database.OpenRecordset(table); !rows.Eof(); rows.MoveNext())
+        all << rows.Fields(QStringLiteral("序号")).Value().textOr();
+    return all;
+}
+
+/// The picture of a record, empty where it has none or does not exist.
+inline QByteArray stored(const QString& table, int number, const Database& database = mekTp::catalogue) {
+    const QString source = QStringLiteral("SELECT * FROM %1 WHERE 序号 = %2").arg(table).arg(number);
+    const Recordset row = database.OpenRecordset(source);
+    const Variant picture = row.Eof() ? Variant() : row.Fields(QStringLiteral("图片")).Value();
+    return picture.isNull() ? QByteArray() : picture.toBytes();
+}
+
+/// A column of the record of tc01 with that 序号.
+inline QString ofNumber(int number, const QString& column) {
+    return valueOf(QStringLiteral("SELECT * FROM tc01 WHERE 序号 = %1").arg(number), column);
+}
+
+/// The message at the end of an intake.
+inline QString entered(int count) {
+    return QStringLiteral("图片录入完成！  共录入：%1张").arg(count);
+}
+
+/// How controls are to look. Their names stand with blanks between them.
+struct Look {
+    QString shown = {};
+    QString hidden = {};
+    QString enabled = {};
+    QString disabled = {};
+    QString unchecked = {};
+    QList<std::pair<QString, QString>> texts = {};  ///< of labels, buttons and boxes of text
+};
+
 /// The settings window on the page 图片录入, with a folder of pictures of its own.
 class IntakeWindow : public SettingsWindow {
   public:
@@ -12,6 +48,9 @@ class IntakeWindow : public SettingsWindow {
 
     void add(const QString& name, QSize pixels = {40, 30}, const char* format = "JPG") const {
         writePicture(path(name), pixels, Qt::darkGreen, format);
+    }
+    void addAll(const QStringList& names, QSize pixels = {40, 30}) const {
+        for (const QString& name : names) add(name, pixels);
     }
     void addBytes(const QString& name, const QByteArray& bytes) const {
         QFile file(path(name));
@@ -41,6 +80,11 @@ class IntakeWindow : public SettingsWindow {
     void option(const QString& name) const {
         QTest::mouseClick(&get<QRadioButton>(name), Qt::LeftButton, {}, QPoint(8, 10));
     }
+    /// Goes to a new folder within that of the pictures.
+    void enterFolder(const QString& name) const {
+        QDir(pictures.path()).mkdir(name);
+        get<DirList>(QStringLiteral("dir1")).setPath(path(name));
+    }
     FileList& files() const { return get<FileList>(QStringLiteral("fil1")); }
     QString echo() const { return get<CaptionBox>(QStringLiteral("txtMl")).text(); }
 
@@ -53,6 +97,32 @@ class IntakeWindow : public SettingsWindow {
     void enterAll() const {
         click(QStringLiteral("cmdQx"));
         click(QStringLiteral("cmdLr"));
+    }
+    /// Enters the whole folder; gives what was said after the question.
+    QStringList enterInto(const QString& album, int way) {
+        prepare(album, way);
+        enterAll();
+        return said().mid(1);
+    }
+
+    bool shown(const QString& name) const { return get<QWidget>(name).isVisible(); }
+    bool enabled(const QString& name) const { return get<QWidget>(name).isEnabled(); }
+    bool checked(const QString& name) const { return get<QRadioButton>(name).isChecked(); }
+    QString caption(const QString& name) const { return button(name).text(); }
+    QString hint() const { return label(QStringLiteral("lblTs")).mid(5); }
+
+    /// Fails at the first control that is not as told.
+    void expect(const Look& look) const {
+        const auto each = [this](const QString& names, const std::function<bool(const QWidget&)>& isAsTold) {
+            for (const QString& name : names.split(u' ', Qt::SkipEmptyParts))
+                QVERIFY2(isAsTold(get<QWidget>(name)), qPrintable(name));
+        };
+        each(look.shown, [](const QWidget& control) { return control.isVisible(); });
+        each(look.hidden, [](const QWidget& control) { return !control.isVisible(); });
+        each(look.enabled, [](const QWidget& control) { return control.isEnabled(); });
+        each(look.disabled, [](const QWidget& control) { return !control.isEnabled(); });
+        each(look.unchecked, [](const QWidget& control) { return !control.property("checked").toBool(); });
+        for (const auto& [name, text] : look.texts) QCOMPARE(get<QWidget>(name).property("text").toString(), text);
     }
 
     QTemporaryDir pictures;

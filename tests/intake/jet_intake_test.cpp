@@ -31,10 +31,10 @@ class TestJetIntake : public QObject {
         window.clickRow(11);
         window.click(u"cmdLr"_s);
         QCOMPARE(window.said().last(), u"图片录入完成！  共录入：2张"_s);
-        const QByteArray photograph = TransferWindow::stored(u"tc02"_s, 1);
+        const QByteArray photograph = stored(u"tc02"_s, 1);
         QCOMPARE(photograph.size(), 1938);
         QCOMPARE(QImage::fromData(photograph).size(), QSize(160, 120));
-        QCOMPARE(TransferWindow::stored(u"tc02"_s, 2).size(), 931184);
+        QCOMPARE(stored(u"tc02"_s, 2).size(), 931184);
         QCOMPARE(valueOf(u"tc02"_s, u"日期"_s), u"1850-03-04 05:06:07"_s);
         QCOMPARE(files.copies(), QStringList());
     }

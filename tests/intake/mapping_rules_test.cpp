@@ -11,8 +11,6 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-Q_DECLARE_METATYPE(FieldShape)
-
 namespace {
 
 const FieldShape longField{u"号"_s, FieldType::longInteger, 4};
@@ -24,22 +22,20 @@ class TestMappingRules : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void checks_data() {
-        QTest::addColumn<FieldShape>("source");
-        QTest::addColumn<FieldShape>("target");
-        QTest::addColumn<bool>("otherType");
-        QTest::addColumn<bool>("shorter");
-        QTest::newRow("same") << shortText << shortText << false << false;
-        QTest::newRow("longer target") << shortText << longText << false << false;
-        QTest::newRow("shorter target") << longText << shortText << false << true;
-        QTest::newRow("number to text") << longField << shortText << true << false;
-        QTest::newRow("memo has no length") << memo << memo << false << false;
-    }
     void checks() {
-        QFETCH(FieldShape, source);
-        QFETCH(FieldShape, target);
-        QTEST(!typeWarning(source, target).isEmpty(), "otherType");
-        QTEST(!lengthQuestion(source, target).isEmpty(), "shorter");
+        struct Case {
+            FieldShape source, target;
+            bool otherType, shorter;
+        };
+        const Case cases[]{{shortText, shortText, false, false},
+                           {shortText, longText, false, false},
+                           {longText, shortText, false, true},
+                           {longField, shortText, true, false},
+                           {memo, memo, false, false}};  // a memo has no length
+        for (const auto& [source, target, otherType, shorter] : cases) {
+            QCOMPARE(!typeWarning(source, target).isEmpty(), otherType);
+            QCOMPARE(!lengthQuestion(source, target).isEmpty(), shorter);
+        }
     }
 
     void mismatchesByPosition() {

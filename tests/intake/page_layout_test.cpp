@@ -62,12 +62,8 @@ class TestIntakeLayout : public QObject {
         QCOMPARE(window.form->findChildren<QPushButton*>(QRegularExpression(u"^cmdBh\\(\\d+\\)$"_s)).size(), 45);
         mekTp::catalogue.Execute(u"DELETE FROM [tcan]"_s);
         for (int i = 0; i < count; ++i) {
-            Recordset rows = mekTp::catalogue.OpenRecordset(u"tcan"_s);
-            rows.AddNew();
-            rows.Fields(u"序号"_s).SetValue(i + 1);
-            rows.Fields(u"编号"_s).SetValue(QString(QChar(0x4e00 + i)));
-            rows.Fields(u"图册"_s).SetValue(u"tc01"_s);
-            rows.Update();
+            const QString code(QChar(0x4e00 + i));
+            addRow(u"tcan"_s, {{u"序号"_s, i + 1}, {u"编号"_s, code}, {u"图册"_s, u"tc01"_s}});
         }
         window.tabs().setCurrentIndex(tab);
         window.choose(u"cboBm"_s, u"tc01"_s);
@@ -85,9 +81,9 @@ class TestIntakeLayout : public QObject {
     }
 
     void nothingOverlaps() {
-        IntakeWindow window;
-        window.add(u"1.jpg"_s);
-        window.add(u"2.jpg"_s);
+        DatabaseWindow window;
+        window.addSourceAlbum(u"tc01"_s, 1, 1);
+        window.addAll({u"1.jpg"_s, u"2.jpg"_s});
         expectClear(window, "fresh");
         window.choose(u"cboBm"_s, u"tc01"_s);
         expectClear(window, "album");
@@ -97,11 +93,6 @@ class TestIntakeLayout : public QObject {
         expectClear(window, "files");
         window.click(u"cmdLr"_s);
         expectClear(window, "after a run");
-    }
-
-    void nothingOverlapsWithADatabase() {
-        DatabaseWindow window;
-        window.addSourceAlbum(u"tc01"_s, 1, 1);
         window.chooseFile(u"tc02"_s, 1);
         expectClear(window, "tables");
         window.clickLine(u"lstSb"_s, u"tc01"_s);

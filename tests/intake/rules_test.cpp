@@ -12,52 +12,40 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-QSize hiMetric(int width, int height) {
-    return {hiMetricFromPixels(width), hiMetricFromPixels(height)};
+QSize hiMetric(QSize pixels) {
+    return {hiMetricFromPixels(pixels.width()), hiMetricFromPixels(pixels.height())};
 }
 
 class TestIntakeRules : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void echo_data() {
-        QTest::addColumn<QStringList>("names");
-        QTest::addColumn<QString>("line");
-        const QString a62(62, u'a'), a63(63, u'a');
-        QTest::newRow("none") << QStringList{} << QString();
-        QTest::newRow("one") << QStringList{u"1.jpg"_s} << u"1.jpg"_s;
-        QTest::newRow("two") << QStringList{u"1.jpg"_s, u"2.jpg"_s} << u"1.jpg;2.jpg等共2条"_s;
-        QTest::newRow("66 cells") << QStringList{a62 + u".jpg"_s} << a62 + u".jpg"_s;
-        QTest::newRow("67 cells") << QStringList{a63 + u".jpg"_s}
-                                  << QString(33, u'a') + u"...\n"_s + QString(26, u'a') + u".jpg"_s;
-        QTest::newRow("Chinese names are twice as wide")
-            << QStringList{QString(32, u'山') + u".jpg"_s}
-            << QString(32, u'山') + u"....\n"_s + QString(26, u'山') + u".jpg"_s;
-    }
     void echo() {
-        QFETCH(QStringList, names);
-        QFETCH(QString, line);
-        QCOMPARE(selectionEcho(names), line);
+        const QString a62(62, u'a'), a63(63, u'a'), wide(32, u'山');
+        const QList<std::pair<QStringList, QString>> cases{
+            {{}, {}},
+            {{u"1.jpg"_s}, u"1.jpg"_s},
+            {{u"1.jpg"_s, u"2.jpg"_s}, u"1.jpg;2.jpg等共2条"_s},
+            {{a62 + u".jpg"_s}, a62 + u".jpg"_s},
+            {{a63 + u".jpg"_s}, QString(33, u'a') + u"...\n"_s + QString(26, u'a') + u".jpg"_s},
+            // Chinese names are twice as wide.
+            {{wide + u".jpg"_s}, wide + u"....\n"_s + QString(26, u'山') + u".jpg"_s}};
+        for (const auto& [names, line] : cases) QCOMPARE(selectionEcho(names), line);
     }
 
-    void description_data() {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<bool>("replace");
-        QTest::addColumn<int>("count");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("append one") << u"a.jpg"_s << false << 1 << u"（从文件[a.jpg]追加到本图册 ）\n\n"_s;
-        QTest::newRow("append three") << u"a.jpg"_s << false << 3 << u"（从文件[a.jpg]追加到本图册 ）\n\n    等共3条"_s;
-        QTest::newRow("replace") << u"12.jpg"_s << true << 1 << u"（从文件[12.jpg]替换到本图册 序号＝12）\n\n"_s;
-        QTest::newRow("longer extension")
-            << u"12.jpeg"_s << true << 1 << u"（从文件[12.jpeg]替换到本图册 序号＝12.）\n\n"_s;
-        QTest::newRow("no file in focus")
-            << QString() << true << 2 << u"（从文件[]替换到本图册 序号＝）\n\n    等共2条"_s;
-    }
     void description() {
-        QFETCH(QString, file);
-        QFETCH(bool, replace);
-        QFETCH(int, count);
-        QTEST(intakeDescription(file, replace, count), "text");
+        struct Case {
+            QString file;
+            bool replace;
+            int count;
+            QString text;
+        };
+        const QList<Case> cases{{u"a.jpg"_s, false, 1, u"（从文件[a.jpg]追加到本图册 ）\n\n"_s},
+                                {u"a.jpg"_s, false, 3, u"（从文件[a.jpg]追加到本图册 ）\n\n    等共3条"_s},
+                                {u"12.jpg"_s, true, 1, u"（从文件[12.jpg]替换到本图册 序号＝12）\n\n"_s},
+                                {u"12.jpeg"_s, true, 1, u"（从文件[12.jpeg]替换到本图册 序号＝12.）\n\n"_s},
+                                {QString(), true, 2, u"（从文件[]替换到本图册 序号＝）\n\n    等共2条"_s}};
+        for (const auto& [file, replace, count, text] : cases) QCOMPARE(intakeDescription(file, replace, count), text);
     }
 
     void replaceNumber() {
@@ -75,31 +63,24 @@ class TestIntakeRules : public QObject {
             QVERIFY2(!standsForNumber(name), qPrintable(name));
     }
 
-    void hints_data() {
-        QTest::addColumn<int>("number");
-        QTest::addColumn<QString>("text");
-        const QStringList texts{
-            QString(),
-            u"先选择目标图册，然后“图片来源”，再“添加方式”"_s,
-            u"先选择源图册数据表，选完后再在左侧表格中点击要转存的记录，接着再确定“数据转存目标”"_s,
-            u"在左侧目录框中选择“目标数据库”，选完后再确定“目标数据表”"_s,
-            u"在左侧目录框中选择“目标文件夹”，选完后再按“确定”。也可按“新建文件夹”新建。"_s,
-            u"确定对应字段，即点击与目标表对应的源表字段文本框，在出现的列表框中选择或按“全部对应”。"_s,
-            u"请在右边表格中选择数据源要复制的记录，或者直接按“全部记录”按钮。"_s,
-            u"接受图片的数据表已经确定，请按“关闭本框”按钮关闭本框，再进行复制或移动图片。"_s,
-            u"共选中：5条，按《录入图册》录入，按《取消》返回前步。"_s,
-            u"请在文件列表框中选择要录入的图片文件或者直接按“选择全部”按钮。"_s,
-            u"请填入新建文件夹名称后按“新建确定”按钮完成新建或按“新建撤消”按钮撤消。"_s,
-            u"在左侧目录框中选择“来源数据库”，选完后再确定“来源数据表”"_s,
-            QString(),
-        };
-        for (int i = 0; i < texts.size(); ++i) QTest::addRow("%d", i) << i << texts[i];
-        QTest::newRow("20") << 20 << u"选择图册可重新开始。"_s;
-        QTest::newRow("21") << 21 << QString();
-    }
     void hints() {
-        QFETCH(int, number);
-        QTEST(hintTail(number, 5), "text");
+        const QList<std::pair<int, QString>> texts{
+            {0, QString()},
+            {1, u"先选择目标图册，然后“图片来源”，再“添加方式”"_s},
+            {2, u"先选择源图册数据表，选完后再在左侧表格中点击要转存的记录，接着再确定“数据转存目标”"_s},
+            {3, u"在左侧目录框中选择“目标数据库”，选完后再确定“目标数据表”"_s},
+            {4, u"在左侧目录框中选择“目标文件夹”，选完后再按“确定”。也可按“新建文件夹”新建。"_s},
+            {5, u"确定对应字段，即点击与目标表对应的源表字段文本框，在出现的列表框中选择或按“全部对应”。"_s},
+            {6, u"请在右边表格中选择数据源要复制的记录，或者直接按“全部记录”按钮。"_s},
+            {7, u"接受图片的数据表已经确定，请按“关闭本框”按钮关闭本框，再进行复制或移动图片。"_s},
+            {8, u"共选中：5条，按《录入图册》录入，按《取消》返回前步。"_s},
+            {9, u"请在文件列表框中选择要录入的图片文件或者直接按“选择全部”按钮。"_s},
+            {10, u"请填入新建文件夹名称后按“新建确定”按钮完成新建或按“新建撤消”按钮撤消。"_s},
+            {11, u"在左侧目录框中选择“来源数据库”，选完后再确定“来源数据表”"_s},
+            {12, QString()},
+            {20, u"选择图册可重新开始。"_s},
+            {21, QString()}};
+        for (const auto& [number, text] : texts) QCOMPARE(hintTail(number, 5), text);
     }
 
     void longLists() {
@@ -111,72 +92,51 @@ class TestIntakeRules : public QObject {
         QVERIFY(nearlyAllOf(keys).endsWith(u"60 等共500个"_s));
     }
 
-    void report_data() {
-        QTest::addColumn<IntakeResult>("result");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("all went well") << IntakeResult{.count = 1, .entered = {u"a"_s}, .cameToEnd = true} << QString();
-        QTest::newRow("not found is told by its own message")
-            << IntakeResult{.notFound = {u"9.jpg"_s}, .cameToEnd = true} << QString();
-        QTest::newRow("the one file of a folder")
-            << IntakeResult{.entered = {u"a.jpg"_s}} << u"文件已录入图册：a.jpg"_s;
-        QTest::newRow("its number was not found")
-            << IntakeResult{.notFound = {u"9.jpg"_s}} << u"目标表无对应序号，没有替换：9.jpg"_s;
-        QTest::newRow("damaged in the middle")
-            << IntakeResult{.entered = {u"a"_s}, .failedFile = u"b"_s, .failure = u"坏"_s, .left = {u"c"_s, u"d"_s}}
-            << u"录入到文件“b”时停止，该文件没有录入：坏\n\n以下文件也没有录入：c、d\n\n文件已录入图册：a"_s;
-        QTest::newRow("empty file") << IntakeResult{.count = 1, .empty = {u"a"_s}, .cameToEnd = true}
-                                    << u"文件没有内容，没有存入图片：a"_s;
-    }
     void report() {
-        QFETCH(IntakeResult, result);
-        QTEST(intakeReport(result), "text");
+        const QList<std::pair<IntakeResult, QString>> cases{
+            {{.count = 1, .entered = {u"a"_s}, .cameToEnd = true}, {}},
+            {{.notFound = {u"9.jpg"_s}, .cameToEnd = true}, {}},  // told by a message of its own
+            {{.entered = {u"a.jpg"_s}}, u"文件已录入图册：a.jpg"_s},
+            {{.notFound = {u"9.jpg"_s}}, u"目标表无对应序号，没有替换：9.jpg"_s},
+            {{.entered = {u"a"_s}, .failedFile = u"b"_s, .failure = u"坏"_s, .left = {u"c"_s, u"d"_s}},
+             u"录入到文件“b”时停止，该文件没有录入：坏\n\n以下文件也没有录入：c、d\n\n文件已录入图册：a"_s},
+            {{.count = 1, .empty = {u"a"_s}, .cameToEnd = true}, u"文件没有内容，没有存入图片：a"_s}};
+        for (const auto& [result, text] : cases) QCOMPARE(intakeReport(result), text);
     }
 
-    void fit_data() {
-        QTest::addColumn<QSize>("pixels");
-        QTest::addColumn<bool>("own");
-        QTest::addColumn<QSize>("twips");
-        QTest::newRow("4:3 fills the box") << QSize(640, 480) << false << QSize(4000, 3000);
-        QTest::newRow("wider touches left and right") << QSize(800, 400) << false << QSize(4000, 2000);
-        QTest::newRow("narrower touches top and bottom") << QSize(300, 600) << false << QSize(1500, 3000);
-        QTest::newRow("own size") << QSize(100, 75) << true << QSize(1501, 1125);
-        QTest::newRow("own width beyond the box") << QSize(270, 90) << true << QSize(4000, 1333);
-    }
     void fit() {
-        QFETCH(QSize, pixels);
-        QFETCH(bool, own);
-        QFETCH(QSize, twips);
-        const QSize shown = previewSize(hiMetric(pixels.width(), pixels.height()), own);
-        QVERIFY2(std::abs(shown.width() - twips.width()) <= 2 && std::abs(shown.height() - twips.height()) <= 2,
-                 qPrintable(u"%1 x %2"_s.arg(shown.width()).arg(shown.height())));
-    }
-
-    void ownSizeIsOffered() {
+        struct Case {
+            QSize pixels;
+            bool own;
+            QSize twips;
+        };
+        const QList<Case> cases{{{640, 480}, false, {4000, 3000}},  // 4:3 fills the box
+                                {{800, 400}, false, {4000, 2000}},
+                                {{300, 600}, false, {1500, 3000}},
+                                {{100, 75}, true, {1501, 1125}},
+                                {{270, 90}, true, {4000, 1333}}};  // wider than the box
+        for (const auto& [pixels, own, twips] : cases) {
+            const QSize off = previewSize(hiMetric(pixels), own) - twips;
+            QVERIFY2(std::abs(off.width()) <= 2 && std::abs(off.height()) <= 2,
+                     qPrintable(QString::number(pixels.width())));
+        }
         QVERIFY(offersOwnSize({4000, 3000}));
-        QVERIFY(!offersOwnSize({4001, 3000}));
-        QVERIFY(!offersOwnSize({4000, 3001}));
+        QVERIFY(!offersOwnSize({4001, 3000}) && !offersOwnSize({4000, 3001}));
     }
 
-    void buttonPicture_data() {
-        QTest::addColumn<QSize>("pixels");
-        QTest::addColumn<QString>("warning");
-        QTest::newRow("the goal") << QSize(100, 75) << QString();
-        QTest::newRow("largest") << QSize(105, 80) << QString();
-        QTest::newRow("too wide and of another shape") << QSize(106, 75) << u"规格106*75 宽高比1.41"_s;
-        QTest::newRow("too large, right shape") << QSize(120, 90) << u"规格120*90"_s;
-        QTest::newRow("square") << QSize(60, 60) << u" 宽高比1"_s;
-        QTest::newRow("upright") << QSize(75, 100) << u"规格75*100 宽高比0.75"_s;
-    }
     void buttonPicture() {
-        QFETCH(QSize, pixels);
-        QTEST(buttonPictureWarning(hiMetric(pixels.width(), pixels.height())), "warning");
+        const QList<std::pair<QSize, QString>> cases{{{100, 75}, {}},  // the goal
+                                                     {{105, 80}, {}},  // the largest
+                                                     {{106, 75}, u"规格106*75 宽高比1.41"_s},
+                                                     {{120, 90}, u"规格120*90"_s},
+                                                     {{60, 60}, u" 宽高比1"_s},
+                                                     {{75, 100}, u"规格75*100 宽高比0.75"_s}};
+        for (const auto& [pixels, warning] : cases) QCOMPARE(buttonPictureWarning(hiMetric(pixels)), warning);
     }
 };
 
 const Registered<TestIntakeRules> registered;
 
 }  // namespace
-
-Q_DECLARE_METATYPE(IntakeResult)
 
 #include "rules_test.moc"

@@ -10,17 +10,10 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const QStringList albumFields{u"序号"_s, u"编号"_s, u"大小"_s, u"规格"_s, u"日期"_s, u"图片"_s, u"备注"_s};
 const QString closing = u"图册《旅行》中的 %1 张图片已复制完成！"_s;
 
 QString startQuestionOf(const QString& operation) {
     return u"开始"_s + operation + u"选中的图片记录吗？\n\n如果是，按“确定”；否则按“取消”。"_s;
-}
-
-FieldMapping wholeMapping() {
-    FieldMapping mapping;
-    for (const QString& field : albumFields) mapping.push_back({field, field});
-    return mapping;
 }
 
 /// The values of a record but for its 序号 and picture.
@@ -32,83 +25,97 @@ QStringList valuesOf(const Database& database, const QString& table, int number)
     return values;
 }
 
+/// With an album tc02 in the file 源库.mdb, which is the target.
+class TargetWindow : public TransferWindow {
+  public:
+    explicit TargetWindow(int first = 1, int count = 0) { addSourceAlbum(u"tc02"_s, first, count); }
+
+    /// Chooses the file, and the table by position; the panel stays open.
+    void mapTable() const {
+        if (!shown(u"picMl"_s)) chooseTarget();
+        clickLine(u"lstSb"_s, u"tc02"_s);
+        click(u"cmdQx"_s);
+    }
+    QStringList arrived() const { return numbersOf(u"tc02"_s, source); }
+    /// A run without the page.
+    NotDone transfer(const QString& table, const QStringList& numbers, bool move,
+                     const QStringList& fields = albumFields) {
+        FieldMapping mapping;
+        for (const QString& field : fields) mapping.push_back({field, field});
+        return transferToTable(table, numbers, {source, u"tc02"_s, mapping}, move,
+                               [this](int percent) { done = percent; });
+    }
+
+    int done = 0;
+};
+
 class TestTransferDatabase : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
     void copiesThroughTheWizard() {
-        TransferWindow window;
-        window.addSourceAlbum(u"tc02"_s, 20, 1);
+        TargetWindow window(20, 1);
         window.chooseRows({2, 0});
         window.chooseTarget();
-        QCOMPARE(window.label(u"lbl6"_s), u"目标库："_s + window.path(u"源库.mdb"_s));
-        QCOMPARE(window.label(u"lbl10"_s), u"请选择目标数据表"_s);
-        QCOMPARE(window.label(u"lbl12"_s), u"“图片转录”只能在目标表后追加记录。"_s);
+        window.expect({.texts = {{u"lbl6"_s, u"目标库："_s + window.path(u"源库.mdb"_s)},
+                                 {u"lbl10"_s, u"请选择目标数据表"_s},
+                                 {u"lbl12"_s, u"“图片转录”只能在目标表后追加记录。"_s}}});
         QVERIFY(window.linesOf(u"lstSb"_s).contains(u"tc01"_s));
-        window.clickLine(u"lstSb"_s, u"tc02"_s);
-        QCOMPARE(window.label(u"lblLj"_s), u"目标表：tc02"_s);
-        window.click(u"cmdQx"_s);
-        QCOMPARE(window.label(u"lbl3"_s), u"索引字段名：序号"_s);
-        QCOMPARE(window.caption(u"cmdLr"_s), u"关闭本框"_s);
-        QVERIFY(window.enabled(u"cmdFz"_s) && window.enabled(u"cmdYd"_s) && !window.enabled(u"cmdWj"_s));
+        window.mapTable();
+        window.expect(
+            {.enabled = u"cmdFz cmdYd"_s,
+             .disabled = u"cmdWj"_s,
+             .texts = {
+                 {u"lblLj"_s, u"目标表：tc02"_s}, {u"lbl3"_s, u"索引字段名：序号"_s}, {u"cmdLr"_s, u"关闭本框"_s}}});
         window.click(u"cmdLr"_s);
-        QVERIFY(!window.shown(u"picMl"_s) && !window.enabled(u"cboBm"_s));
-        QCOMPARE(window.label(u"lblTs"_s),
-                 u"操作提示：接受图片的数据表已经设定，请按“按默认文件名转成文件”或“复制”或“移动”按钮进行相应操作。"_s);
+        window.expect({.hidden = u"picMl"_s, .disabled = u"cboBm"_s});
+        QCOMPARE(window.hint(),
+                 u"接受图片的数据表已经设定，请按“按默认文件名转成文件”或“复制”或“移动”按钮进行相应操作。"_s);
         window.click(u"cmdFz"_s);
         QCOMPARE(window.said(), (QStringList{startQuestionOf(u"复制"_s), closing.arg(2)}));
-        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source), (QStringList{u"20"_s, u"21"_s, u"22"_s}));
+        QCOMPARE(window.arrived(), (QStringList{u"20"_s, u"21"_s, u"22"_s}));
         QCOMPARE(valuesOf(window.source, u"tc02"_s, 21), valuesOf(mekTp::catalogue, u"tc01"_s, 3));
-        QCOMPARE(TransferWindow::stored(u"tc02"_s, 22, window.source), TransferWindow::stored(u"tc01"_s, 1));
-        QCOMPARE(TransferWindow::numbers(u"tc01"_s).size(), 10);
+        QCOMPARE(stored(u"tc02"_s, 22, window.source), stored(u"tc01"_s, 1));
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 10);
         QCOMPARE(window.chosen(), QStringList());
         QCOMPARE(window.label(u"lbl5"_s), u"已选中0条"_s);
         QCOMPARE(window.hint(), u"选择图册可重新开始。"_s);
-        QVERIFY(window.enabled(u"cboBm"_s) && window.pageFree());
+        window.expect({.enabled = u"cboBm"_s});
+        QVERIFY(window.pageFree());
     }
 
     void aTableClickedAfterTheMappingTakesNothing() {
-        TransferWindow window;
+        TargetWindow window;
         window.addSourceAlbum(u"tc01"_s, 1, 0);
-        window.addSourceAlbum(u"tc02"_s, 1, 0);
         window.clickRow(0);
-        window.chooseTarget();
-        window.clickLine(u"lstSb"_s, u"tc02"_s);
-        window.click(u"cmdQx"_s);
-        QVERIFY(window.enabled(u"cmdFz"_s) && window.enabled(u"cmdYd"_s));
+        window.mapTable();
         for (const QString& table : {u"tc01"_s, u"tc02"_s, u"tc00"_s}) {
             window.clickLine(u"lstSb"_s, table);
-            QVERIFY2(!window.enabled(u"cmdFz"_s) && !window.enabled(u"cmdYd"_s), qPrintable(table));
+            window.expect({.disabled = u"cmdFz cmdYd"_s});
             window.click(u"cmdYd"_s);
         }
         QCOMPARE(window.said(), QStringList{u"该表只做演示用，不能录入或编辑！"_s});
-        QCOMPARE(TransferWindow::numbers(u"tc01"_s).size(), 10);
-        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source), QStringList());
-        window.clickLine(u"lstSb"_s, u"tc02"_s);
-        window.click(u"cmdQx"_s);
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 10);
+        QCOMPARE(window.arrived(), QStringList());
+        window.mapTable();
         window.click(u"cmdYd"_s);
         QCOMPARE(window.said().last(), closing.arg(1));
-        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source), QStringList{u"1"_s});
+        QCOMPARE(window.arrived(), QStringList{u"1"_s});
     }
 
     void aRunBeforeThePanelIsClosedEndsItsUse() {
-        TransferWindow window;
-        window.addSourceAlbum(u"tc02"_s, 1, 0);
+        TargetWindow window;
         window.clickRow(0);
-        window.chooseTarget();
-        window.clickLine(u"lstSb"_s, u"tc02"_s);
-        window.click(u"cmdQx"_s);
+        window.mapTable();
         window.click(u"cmdFz"_s);
         QCOMPARE(window.said().last(), closing.arg(1));
-        QVERIFY(!window.shown(u"picMl"_s) && !window.shown(u"lbl12"_s));
-        QVERIFY(window.enabled(u"cboBm"_s) && window.enabled(u"msgBm"_s) && window.shown(u"cmdQb"_s));
+        window.expect({.shown = u"cmdQb"_s, .hidden = u"picMl lbl12"_s, .enabled = u"cboBm msgBm"_s});
         window.clickRow(1);
         QCOMPARE(window.chosen(), QStringList{u"2"_s});
     }
 
     void aMoveThatWouldLoseThePictureIsNotMade() {
-        TransferWindow window;
-        window.addSourceAlbum(u"tc02"_s, 1, 0);
+        TargetWindow window;
         putValue(u"SELECT * FROM tc01 WHERE 序号 = 3"_s, u"图片"_s, Variant());
         window.chooseRows({0, 1, 2});
         window.chooseTarget();
@@ -121,35 +128,31 @@ class TestTransferDatabase : public QObject {
         QCOMPARE(
             window.said().mid(1),
             (QStringList{u"有 2 张图片没有移动，仍在原图册中。\n\n图片没有对应字段，序号：1、2"_s, closing.arg(3)}));
-        QCOMPARE(TransferWindow::numbers(u"tc01"_s).first(3), (QStringList{u"1"_s, u"2"_s, u"4"_s}));
-        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source), QStringList{u"1"_s});
+        QCOMPARE(numbersOf(u"tc01"_s).first(3), (QStringList{u"1"_s, u"2"_s, u"4"_s}));
+        QCOMPARE(window.arrived(), QStringList{u"1"_s});
         // A copy leaves the picture where it is.
-        FieldMapping mapping{{u"序号"_s, u"序号"_s}, {u"备注"_s, u"备注"_s}};
-        const TransferTarget target{window.source, u"tc02"_s, mapping};
-        QVERIFY(transferToTable(u"tc01"_s, {u"1"_s}, target, false, [](int) {}).isEmpty());
-        QCOMPARE(transferToTable(u"tc01"_s, {u"1"_s}, {window.source, u"tc02"_s, {}}, true, [](int) {}).count(), 1);
+        QVERIFY(window.transfer(u"tc01"_s, {u"1"_s}, false, {u"序号"_s, u"备注"_s}).isEmpty());
+        QCOMPARE(window.transfer(u"tc01"_s, {u"1"_s}, true, {}).count(), 1);
     }
 
     void anotherFolderIsOneStepBack() {
         TransferWindow window;
         window.clickRow(0);
         window.chooseTarget();
-        QDir(window.pictures.path()).mkdir(u"内"_s);
-        window.get<DirList>(u"dir1"_s).setPath(window.path(u"内"_s));
-        QVERIFY(!window.shown(u"lstSb"_s));
+        window.enterFolder(u"内"_s);
+        window.expect({.hidden = u"lstSb"_s});
         window.click(u"cmdQq"_s);
-        QVERIFY(!window.shown(u"picMl"_s) && !window.get<QRadioButton>(u"optMb(1)"_s).isChecked());
+        window.expect({.hidden = u"picMl"_s, .unchecked = u"optMb(1)"_s});
         QCOMPARE(window.chosen().size(), 1);
         window.option(u"optMb(1)"_s);
         window.get<DirList>(u"dir1"_s).setPath(window.pictures.path());
-        QVERIFY(window.shown(u"lbl12"_s));
+        window.expect({.shown = u"lbl12"_s});
         window.dropLine(u"1"_s);
-        QVERIFY(!window.shown(u"lbl12"_s) && !window.shown(u"picMl"_s));
+        window.expect({.hidden = u"lbl12 picMl"_s});
     }
 
     void aTargetThatIsGone() {
-        TransferWindow window;
-        window.addSourceAlbum(u"tc02"_s, 1, 0);
+        TargetWindow window;
         window.source = {};
         window.clickRow(0);
         window.chooseTarget();
@@ -158,77 +161,59 @@ class TestTransferDatabase : public QObject {
         QCOMPARE(window.boxes.size(), 1);
         QCOMPARE(window.boxes.front().title, u"操作提示"_s);
         QVERIFY(window.boxes.front().text.contains(u"源库.mdb"_s));
-        QVERIFY(!window.shown(u"cmdLr"_s) && !window.enabled(u"cmdFz"_s));
-        QCOMPARE(window.label(u"lblLj"_s), QString());
+        window.expect({.hidden = u"cmdLr"_s, .disabled = u"cmdFz"_s, .texts = {{u"lblLj"_s, QString()}}});
     }
 
     void movesIntoAnotherAlbumOfTheCatalogue() {
         TransferWindow window;
         window.click(u"cmdBh(2)"_s);
         window.click(u"cmdXb"_s);
-        window.option(u"optMb(1)"_s);
-        window.get<DirList>(u"dir1"_s).setPath(window.catalogue.folder());
-        window.clickFile(u"lunq.mdb"_s);
-        window.clickLine(u"lstSb"_s, u"tc02"_s);
-        window.click(u"cmdQx"_s);
-        window.click(u"cmdLr"_s);
-        const QByteArray picture = TransferWindow::stored(u"tc01"_s, 2);
+        window.chooseTable(u"tc02"_s, window.catalogue.file(u"lunq.mdb"_s));
+        const QByteArray picture = stored(u"tc01"_s, 2);
+        window.answer = false;
         window.click(u"cmdYd"_s);
-        QCOMPARE(window.said(), (QStringList{startQuestionOf(u"移动"_s), closing.arg(5)}));
-        QCOMPARE(TransferWindow::numbers(u"tc02"_s).size(), 5);
-        QCOMPARE(TransferWindow::stored(u"tc02"_s, 2), picture);
-        QCOMPARE(TransferWindow::numbers(u"tc01"_s).first(), u"6"_s);
+        QCOMPARE(numbersOf(u"tc02"_s), QStringList());
+        QCOMPARE(window.chosen().size(), 5);
+        window.answer = true;
+        window.click(u"cmdYd"_s);
+        QCOMPARE(window.said().mid(1), (QStringList{startQuestionOf(u"移动"_s), closing.arg(5)}));
+        QCOMPARE(numbersOf(u"tc02"_s).size(), 5);
+        QCOMPARE(stored(u"tc02"_s, 2), picture);
+        QCOMPARE(numbersOf(u"tc01"_s).first(), u"6"_s);
         QCOMPARE(window.label(u"lblJs"_s), u"旅行 全部共：0条"_s);
     }
 
-    void refusalOfTheQuestionChangesNothing() {
-        TransferWindow window;
-        window.addSourceAlbum(u"tc02"_s, 1, 0);
-        window.clickRow(0);
-        window.chooseTable(u"tc02"_s);
-        window.answer = false;
-        window.click(u"cmdYd"_s);
-        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source), QStringList());
-        QCOMPARE(window.chosen().size(), 1);
-    }
-
     void stepsBackFromADatabase() {
-        TransferWindow window;
-        window.addSourceAlbum(u"tc02"_s, 1, 0);
+        TargetWindow window;
         window.clickRow(0);
         window.chooseTable(u"tc02"_s);
         window.click(u"cmdQq"_s);  // step 16
-        QVERIFY(window.shown(u"picMl"_s));
-        QCOMPARE(window.hint().left(12), u"接受图片的数据表已经确定"_s);
+        window.expect({.shown = u"picMl"_s});
+        QVERIFY(window.hint().startsWith(u"接受图片的数据表已经确定"_s));
         window.click(u"cmdQq"_s);  // step 15
-        QVERIFY(!window.enabled(u"cmdFz"_s) && !window.enabled(u"cmdYd"_s));
-        QCOMPARE(window.caption(u"cmdLr"_s), u"对应完成"_s);
+        window.expect({.disabled = u"cmdFz cmdYd"_s, .texts = {{u"cmdLr"_s, u"对应完成"_s}, {u"lbl3"_s, QString()}}});
         QCOMPARE(window.mapping(), QStringList(7, QString()));
-        QCOMPARE(window.label(u"lbl3"_s), QString());
         window.click(u"cmdQq"_s);  // step 14
-        QVERIFY(!window.shown(u"cmdQx"_s) && window.shown(u"lstSb"_s));
-        QCOMPARE(window.label(u"lblLj"_s), QString());
+        window.expect({.shown = u"lstSb"_s, .hidden = u"cmdQx"_s, .texts = {{u"lblLj"_s, QString()}}});
         window.click(u"cmdQq"_s);  // step 13
-        QVERIFY(!window.shown(u"lstSb"_s) && window.shown(u"lbl7"_s));
-        QVERIFY(window.files().isEmpty());
+        window.expect({.shown = u"lbl7"_s, .hidden = u"lstSb"_s});
+        QVERIFY(window.files().selectedItems().isEmpty());
         QCOMPARE(window.label(u"lbl6"_s), QString());
         window.click(u"cmdQq"_s);  // step 12
-        QVERIFY(!window.shown(u"picMl"_s) && !window.get<QRadioButton>(u"optMb(1)"_s).isChecked());
+        window.expect({.hidden = u"picMl"_s, .unchecked = u"optMb(1)"_s});
         QCOMPARE(window.chosen().size(), 1);
         window.click(u"cmdQq"_s);  // step 1
         QCOMPARE(window.chosen(), QStringList());
-        QVERIFY(window.enabled(u"cboBm"_s) && window.enabled(u"msgBm"_s) && window.pageFree());
+        window.expect({.enabled = u"cboBm msgBm"_s});
+        QVERIFY(window.pageFree());
     }
 
     void targetsThatAreRefused() {
         TransferWindow window;
         window.addBytes(u"jet.mdb"_s, QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(4096, '\0'));
         window.addBytes(u"text.mdb"_s, "no database");
-        {
-            SQLite::Database other(window.path(u"other.mdb"_s).toStdString(),
-                                   SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-            other.exec("CREATE TABLE tc01 (序号 INTEGER)");
-        }
+        SQLite::Database(window.path(u"other.mdb"_s).toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+            .exec("CREATE TABLE tc01 (序号 INTEGER)");
         window.clickRow(0);
         for (const QString& file : {u"jet.mdb"_s, u"text.mdb"_s, u"other.mdb"_s}) {
             window.chooseTarget(file);
@@ -236,21 +221,14 @@ class TestTransferDatabase : public QObject {
             QCOMPARE(said.size(), 1);
             QVERIFY2(said.first().contains(window.path(file)), qPrintable(said.first()));
             QCOMPARE(said.first().contains(u"不能把图片转存进去"_s), file != u"text.mdb"_s);
-            QVERIFY(!window.shown(u"lstSb"_s) && window.files().isEmpty());
+            window.expect({.hidden = u"lstSb"_s});
         }
-    }
-
-    void tablesThatAreRefused() {
-        TransferWindow window;
         window.addSourceAlbum(u"tc00"_s, 1, 0);
-        window.clickRow(0);
         window.chooseTarget();
-        window.clickLine(u"lstSb"_s, u"tc00"_s);
-        window.clickLine(u"lstSb"_s, u"tc02"_s);
+        for (const QString& table : {u"tc00"_s, u"tc02"_s}) window.clickLine(u"lstSb"_s, table);
         QCOMPARE(window.said(),
                  (QStringList{u"该表只做演示用，不能录入或编辑！"_s, u"目标库中没有数据表“tc02”，请重新选择！"_s}));
-        QVERIFY(!window.shown(u"cmdLr"_s));
-        QCOMPARE(window.label(u"lblLj"_s), QString());
+        window.expect({.hidden = u"cmdLr"_s, .texts = {{u"lblLj"_s, QString()}}});
     }
 
     void recordsThatDoNotFitStay() {
@@ -268,68 +246,50 @@ class TestTransferDatabase : public QObject {
         QVERIFY(said[1].startsWith(u"有 4 张图片没有移动，仍在原图册中。"_s));
         QVERIFY(said[1].contains(u"1、3、5"_s) && said[1].contains(u"记录已不在图册中，序号：6"_s));
         QCOMPARE(said[2], closing.arg(10));
-        QCOMPARE(TransferWindow::numbers(u"tc01"_s), (QStringList{u"1"_s, u"3"_s, u"5"_s}));
-        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source).last(), u"6"_s);
+        QCOMPARE(numbersOf(u"tc01"_s), (QStringList{u"1"_s, u"3"_s, u"5"_s}));
+        QCOMPARE(numbersOf(u"tc02"_s, window.source).last(), u"6"_s);
     }
 
     void fullDiskDeletesNothing() {
-        TransferWindow window;
-        window.addSourceAlbum(u"tc02"_s, 1, 1);
-        Recordset record = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 = 2"_s);
-        record.Edit();
-        record.Fields(u"图片"_s).SetValue(QByteArray(3 << 20, 'x'));
-        record.Update();
-        record = {};
-        const TransferTarget target{window.source, u"tc02"_s, wholeMapping()};
-        NotDone notDone;
+        TargetWindow window(1, 1);
+        const QByteArray large(3 << 20, 'x');
+        putValue(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, u"图片"_s, large);
         {
             const FullDisk full(1 << 20);
-            notDone = transferToTable(u"tc01"_s, {u"1"_s, u"2"_s, u"3"_s}, target, true, [](int) {});
+            QCOMPARE(window.transfer(u"tc01"_s, {u"1"_s, u"2"_s, u"3"_s}, true).count(), 3);
         }
-        QCOMPARE(notDone.count(), 3);
-        QCOMPARE(TransferWindow::numbers(u"tc01"_s).size(), 10);
-        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source), QStringList{u"1"_s});
-        QVERIFY(transferToTable(u"tc01"_s, {u"2"_s}, target, true, [](int) {}).isEmpty());
-        QCOMPARE(TransferWindow::stored(u"tc02"_s, 2, window.source), QByteArray(3 << 20, 'x'));
-        QCOMPARE(TransferWindow::numbers(u"tc01"_s).size(), 9);
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 10);
+        QCOMPARE(window.arrived(), QStringList{u"1"_s});
+        QVERIFY(window.transfer(u"tc01"_s, {u"2"_s}, true).isEmpty());
+        QCOMPARE(stored(u"tc02"_s, 2, window.source), large);
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 9);
     }
 
     void groupsAreMovedWhole() {
-        TransferWindow window;
-        window.addSourceAlbum(u"tc02"_s, 1, 0);
+        TargetWindow window;
         QStringList numbers;
-        Recordset rows = mekTp::catalogue.OpenRecordset(u"tc02"_s);
         for (int i = 1; i <= 150; ++i) {
-            rows.AddNew();
-            rows.Fields(u"序号"_s).SetValue(i);
-            rows.Fields(u"图片"_s).SetValue(QByteArray::number(i));
-            rows.Update();
+            addRow(u"tc02"_s, {{u"序号"_s, i}, {u"图片"_s, QByteArray::number(i)}});
             numbers << QString::number(i);
         }
-        int last = 0;
-        const TransferTarget target{window.source, u"tc02"_s, wholeMapping()};
-        QVERIFY(transferToTable(u"tc02"_s, numbers, target, true, [&](int percent) { last = percent; }).isEmpty());
-        QCOMPARE(last, 100);
-        QCOMPARE(TransferWindow::numbers(u"tc02"_s), QStringList());
-        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source), numbers);
-        QCOMPARE(TransferWindow::stored(u"tc02"_s, 150, window.source), QByteArray("150"));
+        QVERIFY(window.transfer(u"tc02"_s, numbers, true).isEmpty());
+        QCOMPARE(window.done, 100);
+        QCOMPARE(numbersOf(u"tc02"_s), QStringList());
+        QCOMPARE(window.arrived(), numbers);
+        QCOMPARE(stored(u"tc02"_s, 150, window.source), QByteArray("150"));
     }
 
     void numbersThatTwoRecordsShareAreBothMoved() {
-        TransferWindow window;
-        window.addSourceAlbum(u"tc02"_s, 1, 0);
+        TargetWindow window;
         putValue(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, u"序号"_s, 1);
-        const TransferTarget target{window.source, u"tc02"_s, wholeMapping()};
-        QVERIFY(transferToTable(u"tc01"_s, {u"1"_s, u"1"_s}, target, true, [](int) {}).isEmpty());
-        QStringList remarks;
-        for (Recordset all = window.source.OpenRecordset(u"tc02"_s); !all.Eof(); all.MoveNext())
-            remarks << all.Fields(u"备注"_s).Value().toText();
-        QCOMPARE(remarks, (QStringList{u"图片1"_s, u"图片2"_s}));
-        QCOMPARE(TransferWindow::numbers(u"tc01"_s).size(), 8);
+        QVERIFY(window.transfer(u"tc01"_s, {u"1"_s, u"1"_s}, true).isEmpty());
+        QCOMPARE(valuesOf(window.source, u"tc02"_s, 1).last(), u"图片1"_s);
+        QCOMPARE(valuesOf(window.source, u"tc02"_s, 2).last(), u"图片2"_s);
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 8);
         // One record chosen twice is moved once.
-        QCOMPARE(transferToTable(u"tc01"_s, {u"3"_s, u"3"_s}, target, true, [](int) {}).count(), 1);
-        QVERIFY(transferToTable(u"tc01"_s, {u"4"_s, u"4"_s}, target, false, [](int) {}).isEmpty());
-        QCOMPARE(TransferWindow::numbers(u"tc02"_s, window.source).size(), 5);
+        QCOMPARE(window.transfer(u"tc01"_s, {u"3"_s, u"3"_s}, true).count(), 1);
+        QVERIFY(window.transfer(u"tc01"_s, {u"4"_s, u"4"_s}, false).isEmpty());
+        QCOMPARE(window.arrived().size(), 5);
     }
 };
 

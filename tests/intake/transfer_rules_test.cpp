@@ -45,21 +45,15 @@ class TestTransferRules : public QObject {
         QCOMPARE(defaultPictureName(u"/a"_s, 3), u"_a3.jpg"_s);
     }
 
-    void completedNames_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("completed");
-        QTest::newRow("plain") << u"photo"_s << u"photo.jpg"_s;
-        QTest::newRow("complete") << u"photo.jpg"_s << u"photo.jpg"_s;
-        QTest::newRow("other ending") << u"photo.bmp"_s << u"photo.jpg"_s;
-        QTest::newRow("capitals") << u"photo.JPG"_s << u"photo.jpg"_s;
-        QTest::newRow("points") << u"a.b.jpg"_s << u"a.b.jpg"_s;
-        QTest::newRow("points, other ending") << u"a.b.bmp"_s << u"a.jpg"_s;
-        QTest::newRow("nothing") << QString() << QString();
-    }
     void completedNames() {
-        QFETCH(QString, typed);
-        QFETCH(QString, completed);
-        QCOMPARE(completedPictureName(typed), completed);
+        const QList<std::pair<QString, QString>> cases{{u"photo"_s, u"photo.jpg"_s},
+                                                       {u"photo.jpg"_s, u"photo.jpg"_s},
+                                                       {u"photo.bmp"_s, u"photo.jpg"_s},
+                                                       {u"photo.JPG"_s, u"photo.jpg"_s},
+                                                       {u"a.b.jpg"_s, u"a.b.jpg"_s},
+                                                       {u"a.b.bmp"_s, u"a.jpg"_s},
+                                                       {QString(), QString()}};
+        for (const auto& [typed, completed] : cases) QCOMPARE(completedPictureName(typed), completed);
     }
 
     void namesThatLeadElsewhere() {
@@ -79,21 +73,18 @@ class TestTransferRules : public QObject {
         QVERIFY(notDone.text({}).contains(u"其他原因：4、5"_s));
     }
 
-    void exportedBytes_data() {
-        QTest::addColumn<int>("size");
-        for (const int size : {1, 16384, 16385, 40003}) QTest::addRow("%d", size) << size;
-    }
     void exportedBytes() {
-        QFETCH(int, size);
         const SampleCatalogue catalogue;
-        QByteArray bytes(size, 'x');
-        bytes.back() = '\0';
-        Recordset record = recordWith(bytes);
-        QString path = catalogue.file(u"图"_s);
-        QCOMPARE(dctb(record, path), Exported::written);
-        QCOMPARE(path, catalogue.file(u"图.jpg"_s));
-        QCOMPARE(bytesOf(path), bytes);
-        QVERIFY(QFile::permissions(path).testFlag(QFile::ReadOther));
+        for (const int size : {1, 16384, 16385, 40003}) {
+            QByteArray bytes(size, 'x');
+            bytes.back() = '\0';
+            Recordset record = recordWith(bytes);
+            QString path = catalogue.file(u"图%1"_s.arg(size));
+            QCOMPARE(dctb(record, path), Exported::written);
+            QCOMPARE(path, catalogue.file(u"图%1.jpg"_s.arg(size)));
+            QCOMPARE(bytesOf(path), bytes);
+            QVERIFY(QFile::permissions(path).testFlag(QFile::ReadOther));
+        }
     }
 
     void whatStandsThereStays() {

@@ -26,10 +26,12 @@ class TransferWindow : public DatabaseWindow {
         get<DirList>(QStringLiteral("dir1")).setPath(pictures.path());
         click(QStringLiteral("cmdMq"));
     }
+    /// A file of the folder `pictures`, or one with its whole path.
     void chooseTarget(const QString& file = QStringLiteral("源库.mdb")) const {
+        const QFileInfo target(QDir(pictures.path()), file);
         option(QStringLiteral("optMb(1)"));
-        get<DirList>(QStringLiteral("dir1")).setPath(pictures.path());
-        clickFile(file);
+        get<DirList>(QStringLiteral("dir1")).setPath(target.path());
+        clickFile(target.fileName());
     }
     /// File, table and the mapping by position; the panel is closed.
     void chooseTable(const QString& table, const QString& file = QStringLiteral("源库.mdb")) const {
@@ -43,27 +45,12 @@ class TransferWindow : public DatabaseWindow {
         click(QStringLiteral("cmdWm(0)"));
     }
 
-    QString caption(const QString& name) const { return button(name).text(); }
-    bool enabled(const QString& name) const { return get<QWidget>(name).isEnabled(); }
-    QStringList files() const { return QDir(pictures.path()).entryList({QStringLiteral("*.jpg")}, QDir::Files); }
+    QStringList exported() const { return QDir(pictures.path()).entryList({QStringLiteral("*.jpg")}, QDir::Files); }
     QStringList strayFiles() const { return QDir(pictures.path()).entryList({QStringLiteral("*.tmp")}, QDir::Files); }
-    QByteArray fileBytes(const QString& name) const { return bytesOf(name); }
     bool pageFree() {
         answer = false;
         Q_EMIT tabs().mouseMovedAt(1500, 100);
         answer = true;
         return said().isEmpty();
-    }
-
-    static QStringList numbers(const QString& table, const Database& database = mekTp::catalogue) {
-        QStringList all;
-        for (Recordset rows = database.OpenRecordset(table); !rows.Eof(); rows.MoveNext())
-            all << rows.Fields(QStringLiteral("序号")).Value().textOr();
-        return all;
-    }
-    static QByteArray stored(const QString& table, int number, const Database& database = mekTp::catalogue) {
-        const QString source = QStringLiteral("SELECT * FROM %1 WHERE 序号 = %2").arg(table).arg(number);
-        const Recordset row = database.OpenRecordset(source);
-        return row.Eof() ? QByteArray() : row.Fields(QStringLiteral("图片")).Value().toBytes();
     }
 };

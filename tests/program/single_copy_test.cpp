@@ -28,23 +28,19 @@ class TestSingleCopy : public QObject {
         QVERIFY(!isSecondCopy(lock));
     }
 
-    void lockLeftBehind_data() {
-        QTest::addColumn<QString>("computer");
-        QTest::addColumn<qint64>("process");
-        QTest::newRow("copied from another computer") << u"elsewhere"_s << QCoreApplication::applicationPid();
-        QTest::newRow("ended here") << QSysInfo::machineHostName() << qint64(0x3fffffff);
-    }
     void lockLeftBehind() {
-        QFETCH(QString, computer);
-        QFETCH(qint64, process);
-        QFile file(path());
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(u"%1\n%2\n%3\n"_s.arg(process).arg(QCoreApplication::applicationName(), computer).toUtf8());
-        file.close();
-        QLockFile lock(path());
-        QVERIFY(!isSecondCopy(lock));
-        QLockFile second(path());
-        QVERIFY(isSecondCopy(second));
+        const std::pair<QString, qint64> copiedFromElsewhere{u"elsewhere"_s, QCoreApplication::applicationPid()};
+        const std::pair<QString, qint64> endedHere{QSysInfo::machineHostName(), 0x3fffffff};
+        for (const auto& [computer, process] : {copiedFromElsewhere, endedHere}) {
+            QFile file(path());
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(u"%1\n%2\n%3\n"_s.arg(process).arg(QCoreApplication::applicationName(), computer).toUtf8());
+            file.close();
+            QLockFile lock(path());
+            QVERIFY2(!isSecondCopy(lock), qPrintable(computer));
+            QLockFile second(path());
+            QVERIFY2(isSecondCopy(second), qPrintable(computer));
+        }
     }
 
   private:

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "../support/run_all.h"
+#include "../support/sample_catalogue.h"
+#include "intake/form_state.h"
+#include "intake/shared_controls.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/placing.h"
+#include "platform/desktop/surface.h"
+#include "platform/desktop/tab_control.h"
+
+#include <QtTest/QtTest>
+#include <QtWidgets/QtWidgets>
+
+/// A bare frame of four pages for a panel, on the sample catalogue, with its message boxes answered and kept.
+class PanelBench {
+  public:
+    explicit PanelBench(int page) {
+        controls.form = &form;
+        controls.sstFz = make<TabControl>(&form, QStringLiteral("sstFz"));
+        for (int i = 0; i < 4; ++i) controls.sstFz->addPage(QString::number(i));
+        place(controls.sstFz, 0, 0, 9600, 6840);
+        controls.sstFz->setCurrentIndex(page);
+        form.resize(640, 480);
+        answerBoxesWith([this](const BoxText& box) {
+            said << box.text;
+            return answer;
+        });
+    }
+    ~PanelBench() { answerBoxesWith({}); }
+
+    template <typename Control>
+    Control& get(const QString& name) {
+        return *form.findChild<Control*>(name);
+    }
+    QPushButton& button(const QString& name) { return get<QPushButton>(name); }
+    void click(const QString& name) { QTest::mouseClick(&button(name), Qt::LeftButton); }
+    QString label(const QString& name) { return get<QLabel>(name).text(); }
+    QRect twips(const QString& name) {
+        const auto& control = get<QWidget>(name);
+        return {leftOf(&control), topOf(&control), widthOf(&control), heightOf(&control)};
+    }
+    QString path(const QString& name) const { return catalogue.file(name); }
+    void write(const QString& name, const QByteArray& bytes) const {
+        QFile file(path(name));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+
+    SampleCatalogue catalogue;
+    QWidget form;
+    SharedControls controls;
+    FormState state;
+    QStringList said;
+    bool answer = true;
+};
