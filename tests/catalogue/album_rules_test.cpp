@@ -1,6 +1,8 @@
 #include "catalogue/album_rules.h"
 
 #include "../support/run_all.h"
+#include "catalogue/colour_text.h"
+#include "platform/base/error.h"
 
 #include <QtTest/QtTest>
 
@@ -36,8 +38,7 @@ class TestAlbumRules : public QObject {
     void albumsOfAButton() {
         const QString tables = u"tc01tc03tc12"_s;
         QCOMPARE(tablesOfButton(tables), QStringList({u"tc01"_s, u"tc03"_s, u"tc12"_s}));
-        QVERIFY(offersAlbum(tables, u"TC03"_s));
-        QVERIFY(!offersAlbum(tables, u"tc02"_s));
+        QVERIFY(offersAlbum(tables, u"TC03"_s) && !offersAlbum(tables, u"tc02"_s));
         QVERIFY(!offersAlbum({}, u"tc02"_s));
         QVERIFY2(!offersAlbum(u"t012tc01"_s, u"12tc"_s), "a name begins at every fourth character");
         QCOMPARE(withoutAlbum(tables, u"tc03"_s), u"tc01tc12"_s);
@@ -88,6 +89,23 @@ class TestAlbumRules : public QObject {
         for (const QString& name : {u"123.jpg"_s, u"007.a.jpg"_s, u"12"_s}) QVERIFY2(zhjy(name), qPrintable(name));
         for (const QString& name : {u"a12.jpg"_s, u"12a.jpg"_s, u".jpg"_s, QString()})
             QVERIFY2(!zhjy(name), qPrintable(name));
+    }
+
+    void colourTextsAreRead() {
+        QCOMPARE(colourFromText(u"&H00FF8001&"_s), QColor(0x01, 0x80, 0xff));
+        QCOMPARE(colourFromText(u"&H00FF&"_s), QColor(255, 0, 0));
+        QCOMPARE(colourFromText(u"255"_s), QColor(255, 0, 0));
+        QCOMPARE(colourFromText(u""_s), QColor(0, 0, 0));
+        QVERIFY_THROWS_EXCEPTION(Error, colourFromText(u"-5"_s));
+        QVERIFY_THROWS_EXCEPTION(Error, colourFromText(u"16777216"_s));
+    }
+
+    void colourTextsAreWritten() {
+        QCOMPARE(colourText(Qt::blue), u"&H00FF0000&"_s);
+        QCOMPARE(colourText(Qt::red), u"&H00FF&"_s);
+        QCOMPARE(colourText(Qt::black), u"&H000&"_s);
+        for (const QColor& colour : {QColor(1, 128, 255), QColor(0, 0, 16), QColor(Qt::white)})
+            QCOMPARE(colourFromText(colourText(colour)), colour);
     }
 };
 

@@ -441,8 +441,7 @@ class TestButtonSetup : public QObject {
         for (const QString& table : {u"tc02"_s, u"tc02"_s}) {
             const QRect line = lstBh.visualItemRect(lstBh.findItems(table, Qt::MatchExactly).first());
             QTest::mouseClick(lstBh.viewport(), Qt::LeftButton, {}, line.center());
-            QVERIFY(!lstBh.isVisible());
-            QVERIFY(txtC1.hasFocus());
+            QVERIFY(!lstBh.isVisible() && txtC1.hasFocus());
             QTest::mouseClick(&txtC1, Qt::LeftButton);
             QVERIFY(lstBh.isVisible());
         }
@@ -458,8 +457,7 @@ class TestButtonSetup : public QObject {
         QTest::mouseClick(&txtC1, Qt::LeftButton);
         page.tabs().setCurrentIndex(2);
         QVERIFY(lstBh.isVisible() && lstBh.count() == 4);
-        QVERIFY(lstBh.palette().color(QPalette::Base) != QColor(0, 255, 0));
-        QVERIFY(lstBh.width() > 100);
+        QVERIFY(lstBh.palette().color(QPalette::Base) != QColor(0, 255, 0) && lstBh.width() > 100);
     }
 
     void manyAlbumsScroll() {

@@ -113,8 +113,7 @@ class TestEditingRenumbering : public QObject {
         QCOMPARE(numbers.first(), u"10"_s);
         QCOMPARE(numbers.last(), u"100"_s);
         QCOMPARE(columnOf(u"SELECT * FROM tc01 ORDER BY [序号]"_s, u"备注"_s), remarks);
-        QVERIFY(window.isEnabled(u"cmdJh"_s));
-        QVERIFY(!window.get<QProgressBar>(u"prg2"_s).isVisible());
+        QVERIFY(window.isEnabled(u"cmdJh"_s) && !window.get<QProgressBar>(u"prg2"_s).isVisible());
 
         runOutside(u"DROP TRIGGER fault"_s);
         window.click(u"cmdJh"_s);

@@ -33,8 +33,7 @@ class TestBarsAndTabs : public QObject {
         QCOMPARE(clicked.takeFirst().first().toString(), u"qp"_s);
         bar.setEnabled(u"qp"_s, false);
         full->click();
-        QVERIFY(clicked.isEmpty());
-        QVERIFY(!bar.isEnabled(u"qp"_s) && bar.isEnabled(u"ts"_s));
+        QVERIFY(clicked.isEmpty() && !bar.isEnabled(u"qp"_s) && bar.isEnabled(u"ts"_s));
 
         QCOMPARE(bar.image(u"ts"_s), u"ts"_s);
         bar.setImage(u"ts"_s, u"hd"_s);

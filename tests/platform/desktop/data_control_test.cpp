@@ -97,6 +97,7 @@ class TestDataControl : public QObject {
         QSignalSpy repositioned(data_.get(), &DataControl::repositioned);
         data_->Refresh();
         QCOMPARE(refreshed.size(), 1);
+        QCOMPARE(repositioned.size(), 1);
         QCOMPARE(data_->total(), 5);
         data_->setRecordSource(u"SELECT * FROM tc01 WHERE [序号] > 50"_s);
         data_->Refresh();

@@ -115,8 +115,7 @@ class TestFileDialogs : public QObject {
             return u"/tmp/x.bmp"_s;
         });
         QCOMPARE(askSaveFile(nullptr, u"存"_s, u"BMP文件|*.bmp"_s, u"x"_s), u"/tmp/x.bmp"_s);
-        QVERIFY(question.has_value());
-        QVERIFY(question->saving);
+        QVERIFY(question.has_value() && question->saving);
         QCOMPARE(question->proposal, u"x"_s);
     }
 };
