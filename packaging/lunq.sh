@@ -7,26 +7,43 @@ set -eu
 shipped=$(dirname -- "$(readlink -f -- "$0")")/../lib/lunq
 album=$HOME/览忆集苑
 
-stop_with() {
+tell() {
     printf '%s\n' "$1" >&2
     if command -v zenity >/dev/null; then
         zenity --error --no-markup --text="$1" || true
     elif command -v kdialog >/dev/null; then
         kdialog --error "$1" || true
     fi
-    exit 1
 }
 
 # Each file gets its name when it is whole. A copy of the program that is running keeps what it has opened.
 bring() {
     if cmp -s -- "$shipped/$1" "$album/$1"; then return 0; fi
-    cp -- "$shipped/$1" "$album/$1.part" && mv -f -- "$album/$1.part" "$album/$1"
+    if cp -- "$shipped/$1" "$album/$1.part" && mv -f -- "$album/$1.part" "$album/$1"; then return 0; fi
+    rm -f -- "$album/$1.part"
+    return 1
 }
 
-mkdir -p -- "$album" || stop_with "不能建立文件夹“${album}”，览忆集苑无法启动。"
+# The program itself takes its first catalogue from there, and never when it has one. Some disks know no links.
+offer_fresh() {
+    if [ -e "$album/lunq.mdb" ]; then return 0; fi
+    ln -sfn -- "$(readlink -f -- "$shipped/fresh")" "$album/fresh" || cp -R -- "$shipped/fresh" "$album/"
+}
+
+if ! mkdir -p -- "$album"; then
+    tell "不能建立文件夹“${album}”，览忆集苑无法启动。"
+    exit 1
+fi
+complete=yes
 for file in lunq-jet lunq-backup s1.ico lunq; do
-    bring "$file" || stop_with "文件夹“${album}”不能写入，览忆集苑无法启动。"
+    bring "$file" || complete=no
 done
-# The program itself takes its first catalogue from there, and never when it has one.
-ln -sfn -- "$(readlink -f -- "$shipped/fresh")" "$album/fresh" || stop_with "文件夹“${album}”不能写入，览忆集苑无法启动。"
+offer_fresh || complete=no
+# Who has a program and an album gets to his pictures, also where the new version found no room.
+if [ ! -x "$album/lunq" ]; then
+    tell "文件夹“${album}”不能写入，览忆集苑无法启动。"
+    exit 1
+elif [ "$complete" = no ]; then
+    tell "文件夹“${album}”不能写入，没有换成新的版本。"
+fi
 exec "$album/lunq"

@@ -54,7 +54,8 @@ class frmTp : public QMainWindow {
     bool isHelpOffered() const;
     void offerHelp(bool on);
     void goTo(WindowKind window);
-    /// A small dialog takes the focus as it comes. When it goes, no box of the tool bar gets it, where keys would write.
+    /// A small dialog takes the focus as it comes. When it goes, no box of the tool bar gets it, where keys would
+    /// write.
     void moveFocusWith(QWidget* dialog, QEvent::Type event);
     bool isInDialog(const QWidget* control) const;
     void scrollBy(int pixels);

@@ -63,7 +63,11 @@ class TestPackaging : public QObject {
         QFETCH(QStringList, arguments);
         QString output;
         const int code = run(program, arguments, &output);
-        QVERIFY2(code == 0, qPrintable(output));
+        // Newer validators miss a home page, which this program does not have.
+        static const QRegularExpression faults(u"^[EW]: (?!.*url-homepage-missing)"_s,
+                                               QRegularExpression::MultilineOption);
+        const bool fine = program == u"appstreamcli" ? !output.contains(faults) && !output.isEmpty() : code == 0;
+        QVERIFY2(fine, qPrintable(output));
     }
 
     void entryAndMetainfoNameTheSame() {
@@ -95,6 +99,9 @@ class TestLauncher : public QObject {
     int launch() {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"HOME"_s, root_->filePath(u"家 中"_s));
+        // What the desktop would show in a box goes to nobody here.
+        environment.insert(u"PATH"_s, root_->filePath(u"stub"_s) + u':' + environment.value(u"PATH"_s));
+        for (const QString& display : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s}) environment.remove(display);
         return run(root_->filePath(u"usr/bin/lunq"_s), {}, &output_, environment);
     }
 
@@ -108,6 +115,8 @@ class TestLauncher : public QObject {
         write(shipped(u"fresh/lunq.mdb"_s), "fresh");
         write(root_->filePath(u"usr/bin/lunq"_s), contents(source(u"lunq.sh"_s)), true);
         QDir().mkpath(root_->filePath(u"家 中"_s));
+        for (const QString& box : {u"zenity"_s, u"kdialog"_s})
+            write(root_->filePath(u"stub/"_s + box), "#!/bin/sh\n", true);
     }
 
     void everyUserHasAFolderWithTheProgram() {
@@ -128,6 +137,15 @@ class TestLauncher : public QObject {
         QCOMPARE(contents(album(u"lunq.mdb"_s)), QByteArray("all pictures of a life"));
         QCOMPARE(contents(album(u"bf.sh"_s)), QByteArray("backup"));
         QVERIFY(QDir(album({})).entryList({u"*.part"_s}).isEmpty());
+    }
+
+    void withoutRoomForTheNewVersionTheOldOneStarts() {
+        QVERIFY(launch() == 0);
+        write(album(u"lunq.mdb"_s), "all pictures of a life");
+        write(shipped(u"lunq-jet"_s), "second", true);
+        QDir().mkpath(album(u"lunq-jet.part/taken"_s));
+        QVERIFY2(launch() == 0, qPrintable(output_));
+        QVERIFY(output_.contains(u"没有换成新的版本"_s) && output_.contains(u"runs as "_s + album(u"lunq"_s)));
     }
 
     void aPlaceThatIsTakenIsTold() {
