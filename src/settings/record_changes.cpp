@@ -75,7 +75,7 @@ RecordStored storeRecord(Recordset& records, const RecordTexts& texts, const Rec
         if (records.EditMode() == Recordset::Mode::none) records.Edit();
         storeChanged(u"序号"_s, &RecordTexts::number);
         store(u"编号"_s, texts.codes);
-        storeChanged(u"规格"_s, &RecordTexts::spec);
+        storeChanged(u"规格"_s, &RecordTexts::pixels);
         storeChanged(u"大小"_s, &RecordTexts::size);
         storeChanged(u"日期"_s, &RecordTexts::date);
         storeChanged(u"备注"_s, &RecordTexts::remark);

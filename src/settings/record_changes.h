@@ -10,7 +10,7 @@ struct RecordTexts {
     QString number;
     QString codes;
     QString size;
-    QString spec;
+    QString pixels;
     QString date;
     QString remark;
 

@@ -162,7 +162,7 @@ void RecordFrame::showTexts(const RecordTexts& texts) {
     txtBh->setText(texts.codes);
     txtRq->setText(texts.date);
     txtB2->setText(texts.remark);
-    lblGg->setText(texts.spec);
+    lblGg->setText(texts.pixels);
     lblDx->setText(texts.size);
     for (TextBox* box : {txtRq, txtB2}) box->setCursorPosition(0);
 }
