@@ -6,10 +6,10 @@
 #include "editor/painting.h"
 #include "editor/rotation.h"
 #include "platform/desktop/look.h"
+#include "scene.h"
 #include "timing.h"
 
 #include <QFile>
-#include <QRandomGenerator>
 #include <QTransform>
 #include <cstdio>
 
@@ -17,54 +17,38 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr QSize photograph(4000, 3000);
 constexpr double degrees = 33;
 constexpr int quality = 80;
-
-/// Large shapes with fine noise, so that the coded size is that of a photograph.
-QImage scene() {
-    QImage image(photograph, QImage::Format_RGB32);
-    QRandomGenerator noise(1);
-    for (int y = 0; y < image.height(); ++y) {
-        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
-        for (int x = 0; x < image.width(); ++x) {
-            const int grain = int(noise.generate() % 24);
-            row[x] = qRgb(x * 200 / image.width() + grain, y * 200 / image.height() + grain,
-                          (x / 300 + y / 300) % 2 * 120 + grain);
-        }
-    }
-    return image;
-}
 
 void report(const char* what, double time, const char* peer, double peerTime) {
     std::printf("%-26s %7.1f ms   %-26s %7.1f ms   %.2f x\n", what, time, peer, peerTime, time / peerTime);
 }
 
 void timePixels(const std::function<double(const std::function<void()>&)>& time) {
-    const QImage picture = scene();
+    const QImage picture = photograph();
     const QRect whole = picture.rect();
     const QRgb background = qRgb(255, 255, 255);
     const auto paint = [&](const QRect& source, QSize target, Mirror mirror) {
         return time([&] { painted(picture, source, target, mirror, background); });
     };
     const auto scaled = [&](double factor, Qt::TransformationMode mode) {
-        return time([&] { (void)picture.scaled(photograph * factor, Qt::IgnoreAspectRatio, mode); });
+        return time([&] { (void)picture.scaled(picture.size() * factor, Qt::IgnoreAspectRatio, mode); });
     };
 
-    const QSize turned = rotatedSize(photograph, degrees);
+    const QSize turned = rotatedSize(picture.size(), degrees);
     report("rotation by 33", time([&] { rotated(picture, turned, degrees, background); }), "QImage::transformed, fast",
            time([&] { (void)picture.transformed(QTransform().rotate(-degrees), Qt::FastTransformation); }));
 
     const double copy = time([&] { (void)picture.copy(); });
     const QRect middle = whole.adjusted(200, 150, -200, -150);
-    report("horizontal flip", paint(whole, photograph, Mirror::horizontal), "plain copy", copy);
-    report("vertical flip", paint(whole, photograph, Mirror::vertical), "plain copy", copy);
+    report("horizontal flip", paint(whole, picture.size(), Mirror::horizontal), "plain copy", copy);
+    report("vertical flip", paint(whole, picture.size(), Mirror::vertical), "plain copy", copy);
     report("crop", paint(middle, middle.size(), Mirror::none), "plain copy", copy);
 
-    report("scale by 0.5", paint(whole, photograph * 0.5, Mirror::none), "QImage::scaled, fast",
+    report("scale by 0.5", paint(whole, picture.size() * 0.5, Mirror::none), "QImage::scaled, fast",
            scaled(0.5, Qt::FastTransformation));
     for (const auto& [name, factor] : {std::pair("scale by 0.37", 0.37), std::pair("scale by 1.5", 1.5)})
-        report(name, paint(whole, photograph * factor, Mirror::none), "QImage::scaled, smooth",
+        report(name, paint(whole, picture.size() * factor, Mirror::none), "QImage::scaled, smooth",
                scaled(factor, Qt::SmoothTransformation));
 }
 
@@ -147,7 +131,7 @@ int main(int argc, char** argv) {
     const int rounds = argc > 1 ? std::max(1, std::atoi(argv[1])) : 15;
     const auto time = [&](const std::function<void()>& work) { return medianMilliseconds(rounds, work); };
 
-    const QByteArray picture = encodeJpeg(scene(), quality);
+    const QByteArray picture = encodeJpeg(photograph(), quality);
     std::printf("photograph of 12 megapixels, %.1f MB as JPEG\n", double(picture.size()) / 1e6);
     EditorWindow editor;
     fillAlbum(picture);

@@ -1,17 +1,18 @@
 // Times the drawing of album pages in the main window: an album of 2,000 rows with 36 different photographs of 12
 // megapixels. Run by hand: bench_page [rounds]
 
+#include "../tests/support/recording_windows.h"
 #include "../tests/support/sample_catalogue.h"
 #include "catalogue/mektp.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/text_box.h"
+#include "scene.h"
 #include "timing.h"
 #include "viewer/frm_tp.h"
 
 #include <QApplication>
 #include <QBuffer>
 #include <QImageWriter>
-#include <QRandomGenerator>
 #include <QToolButton>
 #include <cstdio>
 
@@ -21,29 +22,8 @@ namespace {
 
 constexpr int rows = 2000;
 constexpr int photographs = 36;
-constexpr QSize pixels(4000, 3000);
 
-class NoOtherWindows : public Windows {
-  public:
-    void handOver(WindowKind, WindowKind) override {}
-    void show(WindowKind) override {}
-    void unload(WindowKind) override {}
-    void showHelp(const QString&) override {}
-    void endProgram() override {}
-};
-
-/// A JPEG of large shapes with fine noise, so that its length is that of a photograph.
-QByteArray photograph(int number) {
-    QImage image(pixels, QImage::Format_RGB32);
-    QRandomGenerator noise(quint32(number) + 1);
-    for (int y = 0; y < image.height(); ++y) {
-        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
-        for (int x = 0; x < image.width(); ++x) {
-            const int grain = int(noise.generate() % 24);
-            row[x] = qRgb(x * 200 / image.width() + grain, y * 200 / image.height() + grain,
-                          (x / 300 + y / 300 + number) % 2 * 120 + grain);
-        }
-    }
+QByteArray coded(const QImage& image) {
     QBuffer buffer;
     QImageWriter writer(&buffer, "jpeg");
     writer.setQuality(85);
@@ -59,7 +39,7 @@ void fillAlbum() {
     Recordset album = mekTp::catalogue.OpenRecordset(u"tc01"_s);
     for (int i = 0; i < rows; ++i) {
         const bool isPhotograph = i < photographs;
-        const QByteArray bytes = isPhotograph ? photograph(i) : small;
+        const QByteArray bytes = isPhotograph ? coded(photograph(i)) : small;
         album.AddNew();
         album.Fields(u"序号"_s).SetValue(i + 1);
         album.Fields(u"编号"_s).SetValue(u"1"_s);
@@ -82,7 +62,7 @@ int main(int argc, char** argv) {
     const SampleCatalogue catalogue;
     fillAlbum();
 
-    NoOtherWindows windows;
+    RecordingWindows windows;
     frmTp window(windows);
     window.resize(1280, 900);
     window.show();

@@ -2,12 +2,12 @@
 
 #include "platform/picture/picture.h"
 
+#include "scene.h"
 #include "timing.h"
 
 #include <QBuffer>
 #include <QGuiApplication>
 #include <QImageWriter>
-#include <QRandomGenerator>
 #include <cstdio>
 
 using namespace Qt::Literals::StringLiterals;
@@ -15,24 +15,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int picturesPerPage = 36;
-constexpr QSize photograph(4000, 3000);
 constexpr QSize thumbnail(200, 150);
 constexpr QSize halfPage(600, 450);
-
-/// Large shapes with fine noise, so that the coded size is that of a photograph.
-QImage scene() {
-    QImage image(photograph, QImage::Format_RGB32);
-    QRandomGenerator noise(1);
-    for (int y = 0; y < image.height(); ++y) {
-        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
-        for (int x = 0; x < image.width(); ++x) {
-            const int grain = int(noise.generate() % 24);
-            row[x] = qRgb(x * 200 / image.width() + grain, y * 200 / image.height() + grain,
-                          (x / 300 + y / 300) % 2 * 120 + grain);
-        }
-    }
-    return image;
-}
 
 QByteArray coded(const QImage& image, bool progressive) {
     QBuffer buffer;
@@ -59,7 +43,7 @@ void report(const char* kind, const QByteArray& picture, int rounds) {
 int main(int argc, char** argv) {
     const QGuiApplication application(argc, argv);
     const int rounds = argc > 1 ? std::max(1, std::atoi(argv[1])) : 5;
-    const QImage image = scene();
+    const QImage image = photograph();
     report("baseline", coded(image, false), rounds);
     report("progressive", coded(image, true), rounds);
 }

@@ -235,6 +235,10 @@ void ButtonPicture::showThumbnail() {
     place(picYu, 0, 0, thumbnailWidth, thumbnailHeight);
     picYu->setPicture(thumbnail);
     picYu->show();
+    // What is done next is done to the thumbnail.
+    state_.picLeft = state_.picTop = 0;
+    state_.picWidth = thumbnailWidth;
+    state_.picHeight = thumbnailHeight;
     view_.shpYu->hide();
     view_.txtCc->hide();
     place(view_.shpBk, 10, 10, 1480, 1105);

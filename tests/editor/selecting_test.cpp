@@ -164,6 +164,8 @@ class TestSelecting : public QObject {
         Recordset row = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcan WHERE 序号 = 4"_s);
         const auto stored = pictureFromField(row, u"图片"_s);
         QVERIFY(stored && stored->pixels() == QSize(100, 75));
+        editor.scale(u"2"_s);
+        QCOMPARE(editor.picYu().picture().size(), QSize(200, 150));
     }
 
     void savingTheButtonAsAFile() {
