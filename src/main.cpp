@@ -1,6 +1,5 @@
 #include "catalogue/mektp.h"
 #include "first_catalogue.h"
-#include "platform/base/files.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/message_box.h"
 #include "program.h"
@@ -9,7 +8,6 @@
 #include <QApplication>
 #include <QIcon>
 #include <QLibraryInfo>
-#include <QLockFile>
 #include <QTranslator>
 
 using namespace Qt::Literals::StringLiterals;
@@ -26,13 +24,15 @@ int main(int argc, char** argv) {
         QApplication::installTranslator(&chinese);
     applyLook(application);
 
-    QLockFile lock(joinedPath(programFolder(), u"lunq.lock"_s));
-    if (isSecondCopy(lock)) {
+    SingleCopy copy(mekTp::cataloguePath(), mekTp::lockPath());
+    const auto isSecond = [&copy] {
+        if (copy.isOnly()) return false;
         say(nullptr, u"本软件已在运行，不能重复打开！按任意键继续。"_s);
-        return 0;
-    }
-
+        return true;
+    };
+    if (isSecond()) return 0;
     runHandler(nullptr, [] { placeFirstCatalogue(); });
+    if (isSecond()) return 0;
 
     int status = 0;
     {

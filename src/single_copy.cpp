@@ -1,21 +1,39 @@
 #include "single_copy.h"
 
+#include "platform/base/processes.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
 #include <QSysInfo>
 
-namespace {
+using Outcome = FileLock::Outcome;
 
-// A process that has ended on this computer is noticed when the lock is taken.
-bool isOfAnotherComputer(const QLockFile& lock) {
-    qint64 process = 0;
-    QString computer, program;
-    return lock.getLockInfo(&process, &computer, &program) && computer != QSysInfo::machineHostName();
+SingleCopy::SingleCopy(const QString& catalogue, const QString& lockFile) : catalogue_(catalogue), lockFile_(lockFile) {
+    lockFile_.setStaleLockTime(0);
 }
 
-}  // namespace
+bool SingleCopy::isOnly() {
+    const Outcome catalogue = file_.take(catalogue_);
+    if (catalogue == Outcome::heldByAnother || !takeLockFile(catalogue)) return false;
+    // Until the lock file was taken, a backup could have come in the place of the catalogue.
+    return file_.take(catalogue_) != Outcome::heldByAnother;
+}
 
-bool isSecondCopy(QLockFile& lock) {
-    lock.setStaleLockTime(0);
-    if (lock.tryLock() || lock.error() != QLockFile::LockFailedError) return false;
-    if (isOfAnotherComputer(lock) && lock.removeStaleLockFile() && lock.tryLock()) return false;
-    return lock.error() == QLockFile::LockFailedError;
+bool SingleCopy::takeLockFile(Outcome catalogue) {
+    if (lockFile_.isLocked() || lockFile_.tryLock() || lockFile_.error() != QLockFile::LockFailedError) return true;
+    if (isOwnerAlive(catalogue)) return false;
+    // Where it cannot be removed (a disc, the file of another user), the lock on the catalogue has to do.
+    return !lockFile_.removeStaleLockFile() || lockFile_.tryLock() || lockFile_.error() != QLockFile::LockFailedError;
+}
+
+/// A lock file of a process of this computer that has ended is removed by tryLock, unless that is forbidden or the
+/// process's number has been given to another copy of the program, which may work on another catalogue.
+bool SingleCopy::isOwnerAlive(Outcome catalogue) const {
+    const bool catalogueIsFree = catalogue == Outcome::taken;
+    qint64 process = 0;
+    QString computer, program;
+    if (!lockFile_.getLockInfo(&process, &computer, &program)) return !catalogueIsFree;
+    if (computer != QSysInfo::machineHostName() || !isRunning(process)) return false;
+    const bool isThisProgram = program == QFileInfo(QCoreApplication::applicationFilePath()).fileName();
+    return !(catalogueIsFree && isThisProgram);
 }

@@ -3,6 +3,8 @@
 #include "catalogue/album_rules.h"
 #include "platform/base/files.h"
 
+#include <QFileInfo>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace mekTp {
@@ -13,6 +15,11 @@ int titleBarExtra = 0;
 
 QString cataloguePath() {
     return joinedPath(programFolder(), u"lunq.mdb"_s);
+}
+
+QString lockPath() {
+    const QFileInfo file(QFileInfo(cataloguePath()).canonicalFilePath());
+    return joinedPath(file.isFile() ? file.path() : programFolder(), u"lunq.lock"_s);
 }
 
 void openCatalogue() {

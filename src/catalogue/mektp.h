@@ -20,6 +20,10 @@ extern int titleBarExtra;
 /// Path of `lunq.mdb`.
 QString cataloguePath();
 
+/// Path of the file by which the program keeps the catalogue to itself: beside the real `lunq.mdb`, also where that in
+/// the program's folder is a link.
+QString lockPath();
+
 /// Opens the catalogue in the program's folder; throws `Error` when it cannot.
 void openCatalogue();
 

@@ -37,7 +37,7 @@ void writeScript(const QString& path, const QString& text) {
 BackupPlaces placesOfBackup(const QString& backup) {
     return {.copier = joinedPath(QCoreApplication::applicationDirPath(), u"lunq-backup"_s),
             .catalogue = mekTp::cataloguePath(),
-            .lock = joinedPath(programFolder(), u"lunq.lock"_s),
+            .lock = mekTp::lockPath(),
             .backup = backup};
 }
 

@@ -10,3 +10,6 @@ QString findProgram(const QStringList& names);
 
 /// Starts a program without waiting for it. Throws `Error` that names it when it does not start.
 void Shell(const QString& program, const QStringList& arguments = {});
+
+/// Whether this computer has a process of that number, whoever it belongs to.
+bool isRunning(qint64 process);
