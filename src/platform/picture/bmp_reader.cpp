@@ -25,7 +25,8 @@ Picture readBmp(QIODevice& device, const QString& name) {
     const QSize stored = reader.size();
     const QSize pixels(stored.width(), qAbs(stored.height()));  // Negative when the rows run downwards.
     checkSides(pixels, name);
-    checkMemory(pixels, name);
+    checkSubstance(pixels, device.size(), name);
+    checkMemory(imageBytes(pixels), pixels, name);
 
     QImage image;
     if (!reader.read(&image)) refusePicture(name, u"图片已损坏"_s);

@@ -46,6 +46,7 @@ class JpegReader {
         const Orientation orientation = storedOrientation();
         const QSize pixels = turned(storedSize(), orientation);
         chooseScale(turned(target, orientation));
+        checkMemory(bytesToHold(orientation), pixels, name_);
         const QImage stored = decode();
         if (source_.readFailed()) refusePicture(name_, u"读取失败"_s);
         const QImage upright = uprightImage(stored, orientation);
@@ -77,6 +78,7 @@ class JpegReader {
     QSize storedSize() const { return {int(codec_.image_width), int(codec_.image_height)}; }
     Orientation storedOrientation() const;
     void chooseScale(QSize target);
+    qint64 bytesToHold(Orientation orientation);
     QImage decode();
     void readFirstColours();
 
@@ -102,6 +104,7 @@ void JpegReader::readHeader() {
         jpeg_read_header(&codec_, TRUE);
     });
     checkSides(storedSize(), name_);
+    checkSubstance(storedSize(), source_.size(), name_);
     if (!source_.hasPictureData()) refusePicture(name_, u"图片数据不完整"_s);
     const bool inks = codec_.jpeg_color_space == JCS_CMYK || codec_.jpeg_color_space == JCS_YCCK;
     codec_.out_color_space = inks ? JCS_CMYK : Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? JCS_EXT_BGRX : JCS_EXT_XRGB;
@@ -150,9 +153,22 @@ void JpegReader::readFirstColours() {
     jpeg_start_output(&codec_, codec_.input_scan_number);
 }
 
+/// The image, its upright copy, and where the picture comes in several scans all of what was read of it.
+qint64 JpegReader::bytesToHold(Orientation orientation) {
+    const qint64 image = imageBytes({int(codec_.output_width), int(codec_.output_height)});
+    qint64 bytes = orientation == uprightOrientation ? image : 2 * image;
+    run([&] {
+        if (!jpeg_has_multiple_scans(&codec_)) return;
+        for (int i = 0; i < codec_.num_components; ++i) {
+            const jpeg_component_info& component = codec_.comp_info[i];
+            bytes += qint64(component.width_in_blocks) * component.height_in_blocks * qint64(sizeof(JBLOCK));
+        }
+    });
+    return bytes;
+}
+
 QImage JpegReader::decode() {
     const QSize size(int(codec_.output_width), int(codec_.output_height));
-    checkMemory(size, name_);
     QImage image(size, QImage::Format_RGB32);
     if (image.isNull()) refusePicture(name_, u"内存不足"_s);
 

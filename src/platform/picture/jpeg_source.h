@@ -22,6 +22,8 @@ class JpegSource {
 
     /// Whether picture data follows what has been read so far, and not the end of file or picture.
     bool hasPictureData();
+    /// Bytes that the device holds.
+    qint64 size() const { return device_.size(); }
     /// Whether the device itself has failed.
     bool readFailed() const { return readFailed_; }
 

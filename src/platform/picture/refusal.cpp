@@ -11,7 +11,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr qint64 bytesPerPixel = 4;
 constexpr qint64 gigabyte = qint64(1) << 30;
 
 }  // namespace
@@ -28,9 +27,21 @@ void checkSides(QSize pixels, const QString& name) {
                             .arg(longestPictureSide));
 }
 
-void checkMemory(QSize decoded, const QString& name) {
-    if (bytesPerPixel * decoded.width() * decoded.height() > pictureMemoryLimit())
-        refusePicture(name, u"图片太大（%1 * %2），内存不足"_s.arg(decoded.width()).arg(decoded.height()));
+void checkSubstance(QSize pixels, qint64 bytes, const QString& name) {
+    constexpr qint64 large = 16'000'000;
+    constexpr qint64 pixelsPerByte = 512;  // a bit for each 8 x 8
+    const qint64 area = qint64(pixels.width()) * pixels.height();
+    if (area > large && bytes < area / pixelsPerByte) refusePicture(name, u"图片数据不完整"_s);
+}
+
+qint64 imageBytes(QSize pixels) {
+    constexpr qint64 bytesPerPixel = 4;
+    return bytesPerPixel * pixels.width() * pixels.height();
+}
+
+void checkMemory(qint64 bytes, QSize pixels, const QString& name) {
+    if (bytes > pictureMemoryLimit())
+        refusePicture(name, u"图片太大（%1 * %2），内存不足"_s.arg(pixels.width()).arg(pixels.height()));
 }
 
 qint64 pictureMemoryLimit() {

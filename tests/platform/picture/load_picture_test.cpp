@@ -48,6 +48,17 @@ qsizetype firstScanByte(const QByteArray& jpeg) {
     return scan + 2 + quint8(jpeg[scan + 3]);
 }
 
+/// A tiny JPEG that claims to be as large as pictures can be.
+QByteArray ofHugeSides(const JpegOptions& options) {
+    const QByteArrayView progressiveFrame("\xFF\xC2");
+    const QByteArrayView frame("\xFF\xC0");
+    const QByteArray tiny = jpegBytes(quadrants({64, 48}), options);
+    const bool progressive = tiny.contains(progressiveFrame);
+    QByteArray bytes = QByteArray(tiny).replace(progressiveFrame, frame);
+    bytes = withSides(bytes, {longestPictureSide, longestPictureSide});
+    return progressive ? bytes.replace(frame, progressiveFrame) : bytes;
+}
+
 }  // namespace
 
 class TestLoadPicture : public QObject {
@@ -136,6 +147,26 @@ class TestLoadPicture : public QObject {
         QVERIFY(refusalOf(withMoreScans(progressive, 600)).contains(u"损坏"_s));
         const QByteArray apart = jpegBytes(quadrants({64, 48}), {Kind::coloursApart});
         QVERIFY_THROWS_EXCEPTION(Error, LoadPicture(withMoreScans(apart, 600), u"图"_s, {8, 6}));
+    }
+
+    void aFewBytesThatClaimAHugePictureAreRefusedAtOnce() {
+        const QByteArray progressive = ofHugeSides({Kind::progressive});
+        const QByteArray bytesForTheSides(4 << 20, '\0');
+        const std::pair<QByteArray, QString> cases[] = {
+            {ofHugeSides({}), u"不完整"_s},
+            {ofHugeSides({Kind::grayscale, 6}), u"不完整"_s},
+            {progressive, u"不完整"_s},
+            {withMoreScans(progressive, 400), u"不完整"_s},
+            {withSides(bmpBytes(8, false, true), {16000, 16000}), u"不完整"_s},
+            // Room for the picture is not room for what has to lie beside it.
+            {progressive + bytesForTheSides, u"内存不足"_s},
+            {ofHugeSides({Kind::coloursApart}) + bytesForTheSides, u"内存不足"_s},
+            {ofHugeSides({Kind::baseline, 6}) + bytesForTheSides, u"内存不足"_s},
+        };
+        for (const auto& [bytes, reason] : cases) {
+            const QString refusal = refusalOf(bytes);
+            QVERIFY2(refusal.contains(reason), qPrintable(refusal));
+        }
     }
 
     void aFailingDiskIsNoEarlyEnd() {
