@@ -35,5 +35,6 @@ int FixedRows::firstMatch(const Tokens& criteria) {
     SQLite::Statement search = connection_.prepare(
         u"SELECT \"row number\" FROM (SELECT row_number() OVER () AS \"row number\", * FROM (%1)) WHERE %2 LIMIT 1"_s
             .arg(engineSql(query_), engineSql(criteria)));
-    return connection_.step(search) ? search.getColumn(0).getInt() - 1 : -1;
+    const int found = connection_.step(search) ? search.getColumn(0).getInt() - 1 : -1;
+    return found < count() ? found : -1;  // the search sees records that have come since
 }

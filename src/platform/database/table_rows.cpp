@@ -102,7 +102,7 @@ int TableRows::runWith(const QString& sql, const PendingValues& values) {
     for (const auto& [column, pending] : values) {
         ++place;
         if (!pending.bytes) {
-            connection_.checked([&] { bindValue(statement, place, pending.value); });
+            connection_.checked([&, &stored = pending.value] { bindValue(statement, place, stored); });
             continue;
         }
         const qint64 key = connection_.longBinaries().store(*pending.bytes);

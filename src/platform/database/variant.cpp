@@ -14,6 +14,8 @@ template <typename... Cases>
 struct Overloaded : Cases... {
     using Cases::operator()...;
 };
+template <typename... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>;  // which not every compiler finds by itself
 
 [[noreturn]] void refuseNull() {
     throw Error(u"值为空（Null），不能使用。"_s);
