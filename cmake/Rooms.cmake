@@ -14,6 +14,11 @@ if(LUNQ_SANITIZE)
                                               -fno-omit-frame-pointer)
   target_link_options(lunq_flags INTERFACE -fsanitize=address,undefined)
 endif()
+if(LUNQ_FUZZ)
+  target_compile_options(lunq_flags INTERFACE -fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow
+                                              -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+  target_link_options(lunq_flags INTERFACE -fsanitize=address,undefined)
+endif()
 
 # lunq_room(NAME DEPENDS ... LIBRARIES ... [PCH header... | PCH_FROM room]): every .cpp of the current folder becomes the
 # library NAME. Rooms with the same precompiled header share the one of the lowest of them.

@@ -1,6 +1,6 @@
 // Reads a Jet database into an empty SQLite file: lunq-jet DATABASE FILE. How it went tells the exit code, JetOutcome.
 
-#include "copy_writer.h"
+#include "copy_database.h"
 #include "limits.h"
 
 #include <cstdlib>
@@ -14,33 +14,6 @@ uint64_t largestCopyOf(const std::string& path) {
     std::error_code failure;
     const auto size = std::filesystem::file_size(path, failure);
     return failure ? margin : size * 4 + margin;
-}
-
-JetOutcome copyTables(JetFile& file, CopyWriter& writer) {
-    try {
-        for (const TablePlace& place : userTables(file)) {
-            JetTable table(file, place.page);
-            writer.copy(place.name, table);
-        }
-        writer.finish();
-        return JetOutcome::done;
-    } catch (const SQLite::Exception& failure) {
-        return writer.outcomeOf(failure);
-    }
-}
-
-JetOutcome copyDatabase(const std::string& from, const std::string& to) {
-    try {
-        JetFile file(from);
-        CopyWriter writer(to);
-        return copyTables(file, writer);
-    } catch (const JetFailure& failure) {
-        return failure.outcome;
-    } catch (const SQLite::Exception&) {
-        return JetOutcome::diskFull;  // the very first writes
-    } catch (const std::bad_alloc&) {
-        return JetOutcome::limitExceeded;
-    }
 }
 
 }  // namespace

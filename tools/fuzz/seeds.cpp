@@ -1,0 +1,132 @@
+// Writes what the fuzz targets begin with: make_fuzz_seeds FOLDER [FOLDER-OF-JET-DATABASES]
+
+#include "platform/picture/picture_samples.h"
+#include "support/sample_catalogue.h"
+
+#include <sqlite3.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <cstdio>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// The seeds of one target, in a folder of its name.
+class Seeds {
+  public:
+    Seeds(const QString& folder, const QString& target) : folder_(folder + u'/' + target) { QDir().mkpath(folder_); }
+
+    QString next() { return folder_ + u"/seed-%1"_s.arg(++count_, 2, 10, QChar(u'0')); }
+
+    void add(const QByteArray& bytes) {
+        QFile file(next());
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) qFatal("No place for seeds.");
+    }
+
+    void addLines(const QString& lines) {
+        for (const QString& line : lines.split(u'\n', Qt::SkipEmptyParts)) {
+            add(line.trimmed().replace(u" ⏎ "_s, u"\n"_s).toUtf8());
+        }
+    }
+
+  private:
+    QString folder_;
+    int count_ = 0;
+};
+
+void pictures(Seeds seeds) {
+    using Kind = JpegOptions::Kind;
+    const QImage image = quadrants({48, 40});
+    for (const Kind kind : {Kind::baseline, Kind::progressive, Kind::coloursApart, Kind::grayscale, Kind::inks}) {
+        seeds.add(jpegBytes(image, {kind}));
+        seeds.add(jpegBytes(image, {kind, 6, kind == Kind::progressive}));
+        seeds.add(jpegBytes(image, {kind}) + QByteArray(30, '\0'));
+    }
+    seeds.add(withMoreScans(jpegBytes(image, {Kind::progressive}), 30));
+    seeds.add(withSides(jpegBytes(image), {4000, 3000}));
+    for (const int depth : {1, 4, 8, 16, 24, 32}) seeds.add(bmpBytes(depth, depth == 24));
+    seeds.add(bmpBytes(8, false, true));
+}
+
+void statements(Seeds seeds) {
+    seeds.addLines(
+        uR"(
+        tc01 ⏎ 序号 = 3
+        [tc01] ⏎ 编号 = 'AA' Or IsNull(图片)
+        SELECT * FROM tc01 WHERE InStr(编号,'a') > 0 And  DateValue(日期) > #2003-10-01# And 序号 > 2 ORDER BY [序号] ⏎ 序号 < 4
+        SELECT 序号, 备注 FROM tc01 AS t WHERE LCase(编号) = 'aa' ORDER BY 日期 DESC; ⏎ Left(编号, 1) <> "b"
+        SELECT count(*) AS 数, max(序号) FROM tc01 GROUP BY 编号 HAVING 数 > 0 ⏎ 数 = 1
+        SELECT a.序号, b.标题 FROM tc01 a LEFT JOIN tcbm b ON a.序号 = b.序号 WHERE a.序号 IN (1,2,3) ⏎ 序号 = 2
+        SELECT * FROM (SELECT * FROM tc01 UNION ALL SELECT * FROM tc01) LIMIT 3 ⏎ 0 UNION SELECT 5
+        DELETE FROM tc01 WHERE 序号 = 3 ⏎ 1
+        DROP TABLE tcbm
+        CREATE TABLE tc02 ([序号] LONG PRIMARY KEY,[编号] TEXT(10) NOT NULL,[图片] LONGBINARY,[备注] MEMO DEFAULT 'x')
+        SELECT `序号`, 1.5e3, &H1F, 'it''s', #2003/10/1 12:30# FROM tc01 ⏎ 序号 BETWEEN 1 AND 2)"_s);
+}
+
+void typedTexts(Seeds seeds) {
+    seeds.addLines(
+        uR"(
+        2003-10-01
+        2003/10/1 12:30:59
+        2003年10月1日 9:05
+        2003-
+        03
+        1,234.5e+2
+        -&HFF0000&
+        &O17
+        1024 * 768
+        tc00tc01tc02
+        tc01 旅行
+        0003.jpg
+        yyyy-mm-dd hh:mm:ss
+        it's)"_s);
+}
+
+/// The pages small, so that many of them make a small file, and the settings that tell how the file is kept.
+void addCatalogue(Seeds& seeds, const QByteArray& settings) {
+    const QString path = seeds.next();
+    QFile::remove(path);
+    const SampleCatalogue sample;
+    if (!QFile::copy(sample.file(u"lunq.mdb"_s), path)) qFatal("No place for seeds.");
+    sqlite3* file = nullptr;
+    sqlite3_open(path.toUtf8().constData(), &file);
+    const QByteArray sql =
+        "DELETE FROM pmtp WHERE 序号 > 1; DELETE FROM tc01 WHERE 序号 > 5; DELETE FROM tcys WHERE 序号 > 1;"
+        "PRAGMA page_size = 512;" +
+        settings + "VACUUM";
+    if (sqlite3_exec(file, sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK) qFatal("%s", sqlite3_errmsg(file));
+    sqlite3_close(file);
+}
+
+void catalogues(Seeds seeds) {
+    addCatalogue(seeds, "");
+    addCatalogue(seeds, "PRAGMA auto_vacuum = 0; PRAGMA encoding = 'UTF-16le'; PRAGMA application_id = 0;");
+    addCatalogue(seeds, "ALTER TABLE tc01 RENAME COLUMN 备注 TO _rowid_; CREATE VIEW tc05 AS SELECT * FROM tc01;");
+}
+
+void foreignDatabases(Seeds seeds, const QString& samples) {
+    constexpr qint64 quickToRead = 500'000;
+    for (const QFileInfo& sample : QDir(samples).entryInfoList({u"*.mdb"_s}, QDir::Files)) {
+        QFile file(sample.filePath());
+        if (file.size() < quickToRead && file.open(QIODevice::ReadOnly)) seeds.add(file.readAll());
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() < 2) return EXIT_FAILURE;
+    const QString& folder = arguments[1];
+    pictures({folder, u"picture"_s});
+    statements({folder, u"dialect"_s});
+    typedTexts({folder, u"typed"_s});
+    catalogues({folder, u"catalogue"_s});
+    if (arguments.size() > 2) foreignDatabases({folder, u"foreign"_s}, arguments[2]);
+    return EXIT_SUCCESS;
+}
