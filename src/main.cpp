@@ -1,5 +1,8 @@
 #include "catalogue/mektp.h"
+#include "catalogue/open_check.h"
+#include "damage_notice.h"
 #include "first_catalogue.h"
+#include "platform/base/files.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/message_box.h"
 #include "program.h"
@@ -8,9 +11,30 @@
 #include <QApplication>
 #include <QIcon>
 #include <QLibraryInfo>
+#include <QStandardPaths>
 #include <QTranslator>
+#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QString checkMemoryPath() {
+    return joinedPath(QStandardPaths::writableLocation(QStandardPaths::CacheLocation), u"checked.ini"_s);
+}
+
+/// One that cannot be opened is, to tell why.
+bool isCheckable() {
+    return !mekTp::catalogue.isOpen() || !mekTp::catalogue.isForeign();
+}
+
+/// Called in the thread of the check.
+void tellDamage() {
+    QMetaObject::invokeMethod(
+        qApp, [] { tell(damageText(rescueOfCatalogue())); }, Qt::QueuedConnection);
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
@@ -38,6 +62,8 @@ int main(int argc, char** argv) {
     {
         Program program;  // its windows go before the catalogue that they read
         program.start();
+        std::optional<OpenCheck> check;
+        if (isCheckable()) check.emplace(mekTp::cataloguePath(), checkMemoryPath(), [] { tellDamage(); });
         status = QApplication::exec();
     }
     mekTp::catalogue = {};

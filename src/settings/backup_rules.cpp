@@ -157,6 +157,14 @@ QString shellQuoted(const QString& text) {
     return u'\'' + QString(text).replace(u"'"_s, u"'\\''"_s) + u'\'';
 }
 
+QString backupOfScript(const QString& script) {
+    const QString assignment = u"\nto='"_s, quote = u"'"_s;
+    const qsizetype start = script.indexOf(assignment) + assignment.size();
+    const qsizetype end = script.indexOf(u"'\n"_s, start);
+    if (start < assignment.size() || end < 0) return {};
+    return script.sliced(start, end - start).replace(u"'\\''"_s, quote);
+}
+
 QString backupScript(const BackupPlaces& places) {
     return backupText.arg(shellQuoted(places.copier), shellQuoted(places.catalogue), shellQuoted(places.backup));
 }

@@ -27,3 +27,6 @@ QString shellQuoted(const QString& text);
 /// closed. Each makes its copy beside the target and renames it: a failure leaves the target as it was.
 QString backupScript(const BackupPlaces& places);
 QString restoreScript(const BackupPlaces& places);
+
+/// The path of the copy that a script from `backupScript` makes; empty for another text.
+QString backupOfScript(const QString& script);

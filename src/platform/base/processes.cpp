@@ -10,6 +10,11 @@
 
 #include <cerrno>
 #endif
+#ifdef Q_OS_LINUX
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+#endif
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -31,5 +36,15 @@ bool isRunning(qint64 process) {
 #else
     Q_UNUSED(process);
     return true;
+#endif
+}
+
+void workInTheBackground() {
+#ifdef Q_OS_LINUX
+    constexpr int nicest = 19;
+    constexpr int oneThread = 1, lastOfTheUsualClass = (2 << 13) | 7;
+    const auto thread = static_cast<id_t>(syscall(SYS_gettid));
+    setpriority(PRIO_PROCESS, thread, nicest);
+    syscall(SYS_ioprio_set, oneThread, thread, lastOfTheUsualClass);
 #endif
 }

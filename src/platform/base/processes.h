@@ -13,3 +13,6 @@ void Shell(const QString& program, const QStringList& arguments = {});
 
 /// Whether this computer has a process of that number, whoever it belongs to.
 bool isRunning(qint64 process);
+
+/// The thread that calls it leaves processor and disk to all others from now on.
+void workInTheBackground();

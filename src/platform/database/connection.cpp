@@ -1,6 +1,7 @@
 #include "platform/database/connection.h"
 
 #include "platform/database/engine_errors.h"
+#include "platform/database/file_check.h"
 #include "platform/database/sql_functions.h"
 
 #include <sqlite3.h>
@@ -16,6 +17,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int busyTimeoutMs = 2000;
+constexpr int busyStepMs = 2;
 constexpr int applicationId = 0x6C756E71;  // "lunq"
 constexpr int fileVersion = 1;
 const QString truncatingJournal = u"PRAGMA journal_mode = TRUNCATE"_s;
@@ -56,9 +58,18 @@ int openFlags(const QString& path) {
     return writable ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
 }
 
+/// Whom this program waits for may be its own check of the file.
+int waitForOthers(void*, int tried) {
+    FileCheck::interruptAll();
+    sqlite3_sleep(busyStepMs);
+    return tried < busyTimeoutMs / busyStepMs ? 1 : 0;
+}
+
 SQLite::Database openDatabase(const QString& path, int flags) {
     try {
-        return SQLite::Database(path.toStdString(), flags, busyTimeoutMs);
+        SQLite::Database database(path.toStdString(), flags);
+        sqlite3_busy_handler(database.getHandle(), waitForOthers, nullptr);
+        return database;
     } catch (const SQLite::Exception& failure) {
         throw engineError(path, failure.getErrorCode(), QString::fromUtf8(failure.what()));
     }

@@ -2,6 +2,7 @@
 
 #include "platform/base/error.h"
 
+#include <QApplication>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -28,11 +29,8 @@ QMessageBox::Icon iconOf(BoxIcon icon) {
     return QMessageBox::Question;
 }
 
-bool show(QWidget* parent, const BoxText& text) {
-    if (const auto answers = answer()) return answers(text);
-
-    // The nested event loop may take the parent, and the box with it.
-    const QPointer<QMessageBox> box = new QMessageBox(parent);
+QMessageBox* makeBox(QWidget* parent, const BoxText& text) {
+    auto* box = new QMessageBox(parent);
     box->setObjectName(u"messageBox"_s);
     box->setWindowTitle(text.title);
     box->setTextFormat(Qt::PlainText);
@@ -42,9 +40,17 @@ bool show(QWidget* parent, const BoxText& text) {
     QPushButton* cancel = text.hasCancel ? box->addButton(u"取消"_s, QMessageBox::RejectRole) : ok;
     box->setDefaultButton(ok);
     box->setEscapeButton(cancel);
+    return box;
+}
+
+bool show(QWidget* parent, const BoxText& text) {
+    if (const auto answers = answer()) return answers(text);
+
+    // The nested event loop may take the parent, and the box with it.
+    const QPointer<QMessageBox> box = makeBox(parent, text);
     box->exec();
     if (!box) return false;
-    const bool accepted = box->clickedButton() == ok;
+    const bool accepted = box->clickedButton() == box->defaultButton();
     delete box;
     return accepted;
 }
@@ -57,6 +63,20 @@ void say(QWidget* parent, const QString& text, BoxIcon icon, const QString& titl
 
 bool ask(QWidget* parent, const QString& text, BoxIcon icon, const QString& title) {
     return show(parent, {title, text, icon, true});
+}
+
+void tell(const QString& text, BoxIcon icon, const QString& title) {
+    const BoxText shown{title, text, icon, false};
+    if (const auto answers = answer()) {
+        answers(shown);
+        return;
+    }
+    QMessageBox* box = makeBox(nullptr, shown);
+    box->setWindowFlag(Qt::WindowStaysOnTopHint);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, box, &QObject::deleteLater);
+    box->setModal(false);
+    box->show();
 }
 
 void answerBoxesWith(std::function<bool(const BoxText&)> function) {

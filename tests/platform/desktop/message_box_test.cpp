@@ -55,6 +55,17 @@ class TestMessageBox : public QObject {
         }
     }
 
+    void nobodyWaitsForWhatIsTold() {
+        tell(u"已经损坏。"_s);
+        const auto box = [] { return qobject_cast<QMessageBox*>(QApplication::activeWindow()); };
+        QTRY_VERIFY(box() != nullptr);
+        QVERIFY(!box()->isModal());
+        QCOMPARE(box()->text(), u"已经损坏。"_s);
+        const QPointer<QMessageBox> told = box();
+        QTest::keyClick(told, Qt::Key_Return);
+        QTRY_VERIFY(!told);
+    }
+
     void focusReturnsToTheFormWhenTheBoxCloses() {
         QWidget form;
         auto* first = new QPushButton(&form);

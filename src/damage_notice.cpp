@@ -1,0 +1,59 @@
+#include "damage_notice.h"
+
+#include "catalogue/mektp.h"
+#include "platform/base/conversion.h"
+#include "platform/base/error.h"
+#include "platform/base/files.h"
+#include "settings/backup_files.h"
+
+#include <QFile>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QString storedBackupPath() {
+    QString path;
+    const bool told = attempt([&] {
+        const Recordset settings = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcsz"_s);
+        path = settings.Fields(u"备份路径"_s).Value().textOr();
+    });
+    QFile script(backupScriptPath());
+    if (!told && script.open(QIODevice::ReadOnly)) path = backupOfScript(QString::fromUtf8(script.readAll()));
+    return path;
+}
+
+/// The way back by hand, for a copy that stands somewhere.
+QString byHand(const QString& catalogue) {
+    return u"把它复制到损坏的“%1”的位置"_s.arg(catalogue);
+}
+
+}  // namespace
+
+Rescue rescueOfCatalogue() {
+    Rescue rescue{.catalogue = mekTp::cataloguePath(), .backup = storedBackupPath(), .copied = {}, .script = {}};
+    if (rescue.backup.isEmpty()) return rescue;
+    attempt([&] { rescue.copied = FileDateTime(rescue.backup); });
+    if (const QString script = restoreScriptPath(rescue.backup); fileExists(script)) rescue.script = script;
+    return rescue;
+}
+
+QString damageText(const Rescue& rescue) {
+    const QString damage =
+        u"图册数据库“%1”有损坏的地方，其中有些图片和资料可能已经不能显示。\n\n"
+        "请不要再录入、修改或删除图片，也不要再备份，以免损坏扩大，或换掉完好的备份。\n\n"_s.arg(rescue.catalogue);
+    const QString keep =
+        u"请退出本软件，先把损坏的文件另外复制一份留着（以后可在“图片录入”中选“数据库”，取回其中的图片），再"_s;
+    const QString way = rescue.script.isEmpty() ? byHand(rescue.catalogue) : u"运行“%1”恢复"_s.arg(rescue.script);
+
+    if (rescue.backup.isEmpty())
+        return damage + u"备份路径没有设置。请找出以前复制的 lunq.mdb，例如在移动硬盘或另一台电脑上。\n\n"_s + keep +
+               byHand(rescue.catalogue) + u"。"_s;
+    if (!rescue.copied.isValid())
+        return damage +
+               u"备份路径是“%1”，但那里现在没有备份：请接上放备份的磁盘，或找出以前复制的 lunq.mdb。\n\n"_s.arg(
+                   rescue.backup) +
+               keep + way + u"。"_s;
+    return damage + u"备份在“%1”，是 %2 的。\n\n"_s.arg(rescue.backup, dateText(rescue.copied, u"yyyy-mm-dd hh:mm")) +
+           keep + way + u"。"_s;
+}

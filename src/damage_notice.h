@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+/// What helps when the catalogue is damaged.
+struct Rescue {
+    QString catalogue;  ///< The damaged file.
+    QString backup;     ///< Where its copy should be; empty when no place was chosen.
+    QDateTime copied;   ///< Of the copy that lies there; invalid when there is none.
+    QString script;     ///< Brings the copy back; empty when it is missing.
+};
+
+/// Looks where the settings say, or the script beside the program when the settings cannot be read any more.
+Rescue rescueOfCatalogue();
+
+/// Tells of the damage, and what to do and to leave now.
+QString damageText(const Rescue& rescue);

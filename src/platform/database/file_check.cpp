@@ -1,0 +1,98 @@
+#include "platform/database/file_check.h"
+
+#include "platform/database/engine_errors.h"
+#include "platform/database/sql_functions.h"
+
+#include <sqlite3.h>
+
+#include <QFileInfo>
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <mutex>
+#include <vector>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+struct Checks {
+    std::mutex mutex;
+    std::vector<FileCheck*> running;
+};
+
+Checks& checks() {
+    static Checks all;
+    return all;
+}
+
+SQLite::Database openToRead(const QString& path) {
+    try {
+        return SQLite::Database(path.toStdString(), SQLite::OPEN_READONLY);
+    } catch (const SQLite::Exception& failure) {
+        throw engineError(path, failure.getErrorCode(), QString::fromUtf8(failure.what()));
+    }
+}
+
+}  // namespace
+
+FileCheck::FileCheck(const QString& path) : path_(path), database_(openToRead(path)) {
+    registerFunctions(database_.getHandle());
+    const std::lock_guard lock(checks().mutex);
+    checks().running.push_back(this);
+}
+
+FileCheck::~FileCheck() {
+    const std::lock_guard lock(checks().mutex);
+    std::erase(checks().running, this);
+}
+
+void FileCheck::interrupt() {
+    interrupted_ = true;
+    sqlite3_interrupt(database_.getHandle());
+}
+
+void FileCheck::interruptAll() {
+    const std::lock_guard lock(checks().mutex);
+    for (FileCheck* check : checks().running) check->interrupt();
+}
+
+FileCheck::Outcome FileCheck::run() {
+    interrupted_ = false;
+    const Outcome outcome = look();
+    // A file that is gone, with the disk or the network that it was on, is not damaged.
+    if (outcome == Outcome::damaged && !QFileInfo(path_).isFile()) throw Error(u"数据库文件“%1”不存在。"_s.arg(path_));
+    // What was broken off has not seen all pages, and may take the others for lost.
+    return interrupted_ ? Outcome::interrupted : outcome;
+}
+
+FileCheck::Outcome FileCheck::look() {
+    try {
+        if (!hasHeader()) return Outcome::damaged;
+        SQLite::Statement check(database_, "PRAGMA quick_check(1)");
+        check.executeStep();
+        return check.getColumn(0).getString() == "ok" ? Outcome::whole : Outcome::damaged;
+    } catch (const SQLite::Exception& failure) {
+        switch (failure.getErrorCode() & 0xff) {
+            case SQLITE_INTERRUPT:
+            case SQLITE_BUSY:
+                return Outcome::interrupted;
+            case SQLITE_CORRUPT:
+            case SQLITE_NOTADB:
+            case SQLITE_IOERR:
+                return Outcome::damaged;
+            default:
+                throw engineError(path_, failure.getErrorCode(), QString::fromUtf8(failure.what()));
+        }
+    }
+}
+
+/// The engine takes a file without content for a new database. It is read through the engine: a file of its own,
+/// closed again, would cost the program all the locks that it has on this one.
+bool FileCheck::hasHeader() {
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(database_.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    static constexpr std::array<char, 16> header{"SQLite format 3"};
+    std::array<char, 16> begin{};
+    return file->pMethods->xRead(file, begin.data(), int(begin.size()), 0) == SQLITE_OK && begin == header;
+}

@@ -1,0 +1,167 @@
+#include "catalogue/open_check.h"
+
+#include "../support/run_all.h"
+#include "../support/sample_catalogue.h"
+#include "catalogue/mektp.h"
+#include "platform/base/files.h"
+#include "platform/database/file_check.h"
+
+#include <QtTest/QtTest>
+#include <atomic>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+using Outcome = FileCheck::Outcome;
+
+constexpr OpenCheck::Pace atOnce{0ms, 1ms};
+
+/// A picture of many pages.
+void addLargePicture(int megabytes) {
+    addRow(u"tc01"_s, {{u"序号"_s, 99}, {u"图片"_s, QByteArray(qsizetype(megabytes) << 20, 'x')}});
+}
+
+void overwrite(const QString& path, qint64 at, const QByteArray& bytes) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite) || !file.seek(at) || file.write(bytes) != bytes.size()) qFatal("cannot write");
+}
+
+class TestOpenCheck : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<SampleCatalogue> sample_;
+    std::atomic<int> told_ = 0;
+
+    QString path() const { return mekTp::cataloguePath(); }
+    QString memory() const { return sample_->file(u"checked.ini"_s); }
+    void closeCatalogue() { mekTp::catalogue = {}; }
+
+  private Q_SLOTS:
+    void init() {
+        sample_.reset();
+        sample_ = std::make_unique<SampleCatalogue>();
+        told_ = 0;
+    }
+
+    void damageIsFound() {
+        QCOMPARE(FileCheck(path()).run(), Outcome::whole);
+        closeCatalogue();
+        const qint64 size = FileLen(path());
+        struct Case {
+            const char* what;
+            std::function<void()> damage;
+        };
+        QVERIFY(QFile::copy(path(), sample_->file(u"good.mdb"_s)));
+        const Case cases[] = {
+            {"a page of nothing", [&] { overwrite(path(), size - 16384, QByteArray(16384, '\xff')); }},
+            {"cut off", [&] { QVERIFY(QFile::resize(path(), size / 2)); }},
+            {"emptied", [&] { QVERIFY(QFile::resize(path(), 0)); }},
+            {"another file", [&] { overwrite(path(), 0, QByteArray(100, 'x')); }},
+        };
+        for (const auto& [what, damage] : cases) {
+            QVERIFY(QFile::remove(path()) && QFile::copy(sample_->file(u"good.mdb"_s), path()));
+            damage();
+            QVERIFY2(FileCheck(path()).run() == Outcome::damaged, what);
+            told_ = 0;
+            OpenCheck check(
+                path(), memory(), [&] { ++told_; }, atOnce);
+            QTRY_COMPARE(told_, 1);
+        }
+        // Gone with its disk, it is not damaged.
+        FileCheck check(path());
+        QVERIFY(QFile::remove(path()));
+        QVERIFY_THROWS_EXCEPTION(Error, check.run());
+        QVERIFY_THROWS_EXCEPTION(Error, FileCheck{path()});
+    }
+
+    void wholeCatalogueIsRememberedSilently() {
+        const OpenCheck check(
+            path(), memory(), [&] { ++told_; }, atOnce);
+        QTRY_VERIFY(QFile::exists(memory()));
+        QCOMPARE(told_, 0);
+    }
+
+    /// A writer has to wait for readers when it stores what it has written.
+    void writersPass() {
+        addLargePicture(64);
+        FileCheck check(path());
+        std::atomic<int> interrupted = 0, finished = 0;
+        std::jthread reader([&](const std::stop_token& stop) {
+            while (!stop.stop_requested()) ++(check.run() == Outcome::interrupted ? interrupted : finished);
+        });
+        QTRY_VERIFY(finished > 0);
+        qint64 longest = 0;
+        for (int i = 0; i < 30; ++i) {
+            QElapsedTimer timer;
+            timer.start();
+            changeRow(u"tcsz"_s, {{u"像册标题"_s, QString::number(i)}});
+            longest = std::max(longest, timer.elapsed());
+        }
+        QVERIFY2(interrupted > 0, "the check never stood in the way");
+        QVERIFY2(longest < 1000, qPrintable(QString::number(longest)));
+    }
+
+    void interruptedCheckGoesOn() {
+        std::atomic<bool> over = false;
+        std::jthread writer([&] {
+            while (!over) FileCheck::interruptAll();
+        });
+        const OpenCheck check(
+            path(), memory(), [&] { ++told_; }, atOnce);
+        QTest::qWait(20);
+        over = true;
+        QTRY_VERIFY(QFile::exists(memory()));
+        QCOMPARE(told_, 0);
+    }
+
+    void endsAtOnce() {
+        addLargePicture(64);
+        for (const auto start : {0ms, 1ms, 20ms, 60000ms}) {
+            QElapsedTimer timer;
+            timer.start();
+            {
+                const OpenCheck check(path(), memory(), [&] { ++told_; }, {start, 1ms});
+                QThread::usleep(static_cast<unsigned long>(QRandomGenerator::global()->bounded(3000)));
+            }
+            QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+        }
+        QCOMPARE(told_, 0);
+    }
+
+    /// The engine's locks on a file are lost when the process closes a file of its own on it: the check must not.
+    void locksOfAWriterOutliveTheCheck() {
+        const Transaction writing(mekTp::catalogue);
+        changeRow(u"tcsz"_s, {{u"像册标题"_s, u"new"_s}});
+        {
+            FileCheck check(path());
+            QCOMPARE(check.run(), Outcome::whole);
+        }
+        QProcess other;
+        other.start(u"sqlite3"_s, {path(), u"BEGIN IMMEDIATE"_s});
+        QVERIFY(other.waitForFinished());
+        QVERIFY(other.exitCode() != 0);
+    }
+
+    void due() {
+        const QDateTime now(QDate(2026, 11, 21), QTime(10, 0)), changed = now.addDays(-100);
+        constexpr qint64 large = qint64(1) << 30;
+        const auto last = [&](int daysAgo, qint64 size) { return CheckedState{size, changed, now.addDays(-daysAgo)}; };
+        QVERIFY(isCheckDue(last(0, 1000), 1000, changed, now));
+        QVERIFY(isCheckDue({}, large, changed, now));
+        QVERIFY(!isCheckDue(last(29, large), large, changed, now));
+        QVERIFY(isCheckDue(last(30, large), large, changed, now));
+        QVERIFY(isCheckDue(last(-1, large), large, changed, now));
+        for (const auto& [size, time] : {std::pair{large + 1, changed}, std::pair{large, now}}) {
+            QVERIFY(!isCheckDue(last(0, large), size, time, now));
+            QVERIFY(isCheckDue(last(1, large), size, time, now));
+        }
+    }
+};
+
+const Registered<TestOpenCheck> registered;
+
+}  // namespace
+
+#include "open_check_test.moc"
