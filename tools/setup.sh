@@ -17,6 +17,8 @@ optional_packages=(qt6-translations-l10n qt6-wayland)
 test_packages=(desktop-file-utils appstream)
 # What only the formatting check needs. Every version lays code out a little differently, hence the number.
 format_packages=(clang-format-14 git)
+# What the fuzz targets are built with: they need the fuzzer and the sanitizers that come with this compiler.
+fuzz_packages=(clang-14 libclang-rt-14-dev llvm-14)
 
 say_step() {
     printf '==> %s\n' "$*"

@@ -1,8 +1,13 @@
-// Whatever bytes as the album's file: opened, read through with its pictures, changed.
+// Whatever bytes as the album's file: opened, read through with its pictures, changed. A text is taken for statements
+// that make the file: a sound one, in which tables and values may be of any kind.
 
 #include "catalogue/picture_field.h"
 #include "catalogue/renumbering.h"
 #include "fuzzing.h"
+
+#include <sqlite3.h>
+
+#include <QFile>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -63,6 +68,15 @@ void useCatalogue(const QString& path) {
     goesThrough([&] { catalogue.Execute(u"DROP TABLE tc00"_s); });
 }
 
+QString fileMadeBy(const QByteArray& statements) {
+    const QString path = scratchFile(u"lunq.mdb"_s, {});
+    sqlite3* file = nullptr;
+    sqlite3_open(QFile::encodeName(path).constData(), &file);
+    sqlite3_exec(file, statements.constData(), nullptr, nullptr, nullptr);
+    sqlite3_close(file);
+    return path;
+}
+
 }  // namespace
 
 extern "C" {
@@ -77,7 +91,9 @@ size_t LLVMFuzzerCustomMutator(uint8_t* data, size_t size, size_t largest, unsig
 }
 
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const QString path = scratchFile(u"lunq.mdb"_s, bytesOf(data, size));
+    const QByteArray bytes = bytesOf(data, size);
+    const bool isFile = bytes.startsWith("SQLite") || bytes.contains('\0');
+    const QString path = isFile ? scratchFile(u"lunq.mdb"_s, bytes) : fileMadeBy(bytes);
     goesThrough([&] { useCatalogue(path); });
     return 0;
 }

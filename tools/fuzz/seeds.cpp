@@ -86,6 +86,29 @@ void typedTexts(Seeds seeds) {
         it's)"_s);
 }
 
+/// Tables and values that the program would not have made.
+void oddCatalogues(Seeds& seeds) {
+    const QString usual =
+        u"CREATE TABLE tc01(序号 LONG,编号 TEXT(10),大小 SINGLE,规格 TEXT(12),日期 DATETIME,图片 LONGBINARY,备注 "
+        u"TEXT(50));"
+        "CREATE TABLE long_binary(id INTEGER PRIMARY KEY,bytes BLOB);INSERT INTO long_binary VALUES(7,x'424d00ff');"_s;
+    for (
+        const QString& change : {
+            u"INSERT INTO tc01 VALUES(1,'1',1.5,'4 * 3','2003-10-01',7,'a'),(9e99,x'00',-1,'*','x','7',NULL);"_s,
+            u"INSERT INTO tc01 VALUES(1,'1',1,1,1,-7,1),(NULL,NULL,NULL,NULL,NULL,9223372036854775807,NULL);"_s,
+            u"ALTER TABLE tc01 RENAME 备注 TO _rowid_;ALTER TABLE tc01 RENAME 序号 TO rowid;INSERT INTO tc01(图片) VALUES(7);"_s,
+            u"UPDATE long_binary SET bytes=3.5;INSERT INTO tc01 VALUES(1,1,1,1,1,7,1);CREATE INDEX i ON tc01(序号);"_s,
+            u"DROP TABLE long_binary;CREATE VIEW long_binary AS SELECT 1 id,'a' bytes;INSERT INTO tc01(图片) VALUES(1);"_s,
+            u"CREATE TRIGGER t AFTER UPDATE ON tc01 BEGIN DELETE FROM tc01; END;INSERT INTO tc01(序号) VALUES(3);"_s,
+            u"CREATE TABLE tcsz(a TEXT(-5),b BINARY(99999999999),c,d INT PRIMARY KEY,e YESNO,f CURRENCY CHECK(f>0)) "
+            "WITHOUT ROWID;INSERT INTO tcsz VALUES(1,2,3,4,'x',5);"_s,
+            u"CREATE TABLE tcbm(a INTEGER PRIMARY KEY,b AS (a*2),备注 TEXT(3));INSERT INTO tcbm(a) VALUES(-9),(5);"_s,
+            u"PRAGMA journal_mode=WAL;PRAGMA user_version=9;INSERT INTO tc01(序号,日期) VALUES(1,'2003-10-01');"_s,
+            u"CREATE VIRTUAL TABLE tc00 USING fts5(序号,备注);INSERT INTO tc00 VALUES(1,2);"_s,
+        })
+        seeds.add((usual + change).toUtf8());
+}
+
 /// The pages small, so that many of them make a small file, and the settings that tell how the file is kept.
 void addCatalogue(Seeds& seeds, const QByteArray& settings) {
     const QString path = seeds.next();
@@ -106,6 +129,7 @@ void catalogues(Seeds seeds) {
     addCatalogue(seeds, "");
     addCatalogue(seeds, "PRAGMA auto_vacuum = 0; PRAGMA encoding = 'UTF-16le'; PRAGMA application_id = 0;");
     addCatalogue(seeds, "ALTER TABLE tc01 RENAME COLUMN 备注 TO _rowid_; CREATE VIEW tc05 AS SELECT * FROM tc01;");
+    oddCatalogues(seeds);
 }
 
 void foreignDatabases(Seeds seeds, const QString& samples) {
