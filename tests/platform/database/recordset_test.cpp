@@ -174,6 +174,15 @@ class RecordsetTest : public QObject {
         QCOMPARE(watching.Fields(number).Value().toInteger(), 2);
     }
 
+    void aSearchNeverLeavesAFixedSet() {
+        Recordset joined = open(u"SELECT a.序号, b.编号 FROM tc01 a, tc01 b WHERE a.序号 = b.序号 ORDER BY a.序号"_s);
+        album_->add(9, u"Z"_s, u"2003-10-09"_s);
+        for (const QString& criteria : {u"序号 = 9"_s, u"0 UNION SELECT 1000000"_s, u"0 UNION SELECT -7"_s}) {
+            joined.FindFirst(criteria);
+            QVERIFY2(joined.NoMatch() && joined.row() == 0, qPrintable(criteria));
+        }
+    }
+
     void aSetOpenedEarlierNeverTakesANewRecordForItsOwn() {
         const auto deleteLast = [](TestAlbum& album) {
             Recordset set = album.open(inOrder);
