@@ -1,55 +1,193 @@
-// Times the drawing of album pages in the main window: an album of 2,000 rows with 36 different photographs of 12
-// megapixels. Run by hand: bench_page [rounds]
+// Times the pages of the main window: 36 photographs of 12 megapixels to a page. Run by hand: bench_page [rounds]
 
-#include "../tests/support/recording_windows.h"
-#include "../tests/support/sample_catalogue.h"
-#include "catalogue/mektp.h"
+#include "../tests/platform/picture/picture_samples.h"
+#include "../tests/viewer/viewer_window.h"
+#include "filling.h"
 #include "platform/desktop/look.h"
-#include "platform/desktop/text_box.h"
 #include "scene.h"
+#include "table.h"
 #include "timing.h"
-#include "viewer/frm_tp.h"
 
-#include <QApplication>
 #include <QBuffer>
 #include <QImageWriter>
-#include <QToolButton>
+#include <QThread>
+#include <atomic>
+#include <thread>
+
+// clang-format off
+#include <cstddef>
 #include <cstdio>
+#include <jpeglib.h>
+// clang-format on
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int rows = 2000;
-constexpr int photographs = 36;
+constexpr auto topic = "page";
+constexpr int columns = 6;
+constexpr int cells = columns * columns;
+constexpr int scenes = 12;
+constexpr double oneFrame = 33;
+// Pages of each kind, one after the other in the album.
+constexpr int pagesOfKind = 2;
+enum class Kind { camera, baseline, progressive };
 
-QByteArray coded(const QImage& image) {
+QByteArray coded(const QImage& image, bool progressive) {
     QBuffer buffer;
     QImageWriter writer(&buffer, "jpeg");
     writer.setQuality(85);
+    writer.setProgressiveScanWrite(progressive);
     writer.write(image);
     return buffer.data();
 }
 
-// The rows behind the pages that are timed only make the album long: one small picture serves them all.
-void fillAlbum() {
-    const QByteArray small = pictureBytes({400, 300}, Qt::darkGreen);
-    Transaction together(mekTp::catalogue);
-    mekTp::catalogue.Execute(u"DELETE FROM [tc01]"_s);
-    Recordset album = mekTp::catalogue.OpenRecordset(u"tc01"_s);
-    for (int i = 0; i < rows; ++i) {
-        const bool isPhotograph = i < photographs;
-        const QByteArray bytes = isPhotograph ? coded(photograph(i)) : small;
-        album.AddNew();
-        album.Fields(u"序号"_s).SetValue(i + 1);
-        album.Fields(u"编号"_s).SetValue(u"1"_s);
-        album.Fields(u"大小"_s).SetValue(float(double(bytes.size()) / 1000.0));
-        album.Fields(u"规格"_s).SetValue(isPhotograph ? u"4000 * 3000"_s : u"400 * 300"_s);
-        album.Fields(u"日期"_s).SetValue(QDateTime(QDate(2003, 10, 1), QTime(12, 0)));
-        album.Fields(u"图片"_s).SetValue(bytes);
-        album.Update();
+struct Photographs {
+    std::vector<QByteArray> camera, baseline, progressive;
+
+    Photographs() {
+        for (int i = 0; i < scenes; ++i) {
+            const QImage image = photograph(i);
+            baseline.push_back(coded(image, false));
+            progressive.push_back(coded(image, true));
+            camera.push_back(withPreview(baseline.back(), coded(image.scaled(160, 120), false)));
+        }
     }
-    together.commit();
+
+    const QByteArray& at(int row) const {
+        const std::vector<QByteArray>& kind = row < pagesOfKind * cells       ? camera
+                                              : row < 2 * pagesOfKind * cells ? baseline
+                                                                              : progressive;
+        return kind[size_t(row % scenes)];
+    }
+};
+
+/// All photographs of a page at an eighth of their size by the JPEG library alone, in as many threads as there are
+/// processors.
+void decodePage(const Photographs& photographs, int firstRow) {
+    std::atomic<int> next = 0;
+    const auto decode = [&] {
+        for (int i = next++; i < cells; i = next++) {
+            const QByteArray& bytes = photographs.at(firstRow + i);
+            jpeg_decompress_struct codec{};
+            jpeg_error_mgr errors{};
+            codec.err = jpeg_std_error(&errors);
+            jpeg_create_decompress(&codec);
+            jpeg_mem_src(&codec, reinterpret_cast<const uchar*>(bytes.data()),
+                         static_cast<unsigned long>(bytes.size()));
+            jpeg_read_header(&codec, TRUE);
+            codec.scale_num = 1;
+            codec.scale_denom = 8;
+            codec.do_fancy_upsampling = FALSE;
+            codec.out_color_space = JCS_EXT_BGRX;
+            jpeg_start_decompress(&codec);
+            QImage image(int(codec.output_width), int(codec.output_height), QImage::Format_RGB32);
+            while (codec.output_scanline < codec.output_height) {
+                JSAMPROW row = image.scanLine(int(codec.output_scanline));
+                jpeg_read_scanlines(&codec, &row, 1);
+            }
+            jpeg_finish_decompress(&codec);
+            jpeg_destroy_decompress(&codec);
+        }
+    };
+    std::vector<std::jthread> threads;
+    for (int i = 0; i < QThread::idealThreadCount(); ++i) threads.emplace_back(decode);
+}
+
+void rest(int milliseconds) {
+    QElapsedTimer timer;
+    timer.start();
+    while (!timer.hasExpired(milliseconds)) QApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+}
+
+/// A window on the album that has shown none of its pages yet.
+class Viewer {
+  public:
+    Viewer() {
+        window_.resize(1280, 900);
+        window_.show();
+        window_.findChild<QAction*>(u"mnuCd(1)"_s)->trigger();
+        box(u"txtLs"_s)->setText(QString::number(columns) + u'列');
+        QApplication::processEvents();
+    }
+
+    void key(const QString& key) { window_.findChild<QToolButton*>(u"tlb1:"_s + key)->click(); }
+    void button() { Q_EMIT window_.findChild<ImageBox*>(u"imgAn(0)"_s)->clicked(); }
+    void page(int number) {
+        box(u"txtYh"_s)->setText(QString::number(number));
+        Q_EMIT box(u"txtYh"_s)->textEdited(QString::number(number));
+        key(u"xs"_s);
+    }
+    /// Until the window shows what the click has changed.
+    static void paint() { QApplication::processEvents(); }
+
+    bool showsAll(int atLeastPixelsWide) const {
+        for (int i = 0; i < cells; ++i)
+            if (window_.findChild<ImageBox*>(element(u"imgXs"_s, i))->picture().image().width() < atLeastPixelsWide)
+                return false;
+        return true;
+    }
+    /// Until every cell has its own picture in full sharpness, which is wider than any preview.
+    void waitForSharpness() {
+        while (!showsAll(165)) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        paint();
+    }
+
+  private:
+    TextBox* box(const QString& name) { return window_.findChild<TextBox*>(name); }
+    RecordingWindows windows_;
+    frmTp window_{windows_};
+};
+
+/// The first page of that kind by a window that has never seen it, to where something is seen in all cells, and to
+/// where nothing becomes sharper any more.
+std::pair<double, double> timeNewPage(int rounds, Kind kind) {
+    std::vector<double> seen, sharp;
+    for (int i = 0; i < rounds; ++i) {
+        Viewer viewer;
+        QElapsedTimer timer;
+        timer.start();
+        viewer.page(int(kind) * pagesOfKind + 1);
+        Viewer::paint();
+        if (viewer.showsAll(1)) seen.push_back(double(timer.nsecsElapsed()) / 1e6);
+        viewer.waitForSharpness();
+        sharp.push_back(double(timer.nsecsElapsed()) / 1e6);
+    }
+    return {seen.empty() ? 1e9 : median(seen), median(sharp)};
+}
+
+double timeFirstDraw(int rounds) {
+    std::vector<double> times;
+    for (int i = 0; i < rounds; ++i) {
+        Viewer viewer;
+        rest(2000);
+        times.push_back(milliseconds([&] {
+            viewer.button();
+            Viewer::paint();
+        }));
+    }
+    return median(times);
+}
+
+void timeTurning(int rounds) {
+    Viewer viewer;
+    viewer.page(1);
+    const auto time = [&](const QString& key) {
+        return medianMilliseconds(
+            rounds,
+            [&] {
+                viewer.key(key);
+                Viewer::paint();
+                if (!viewer.showsAll(165)) std::printf("not at hand\n");
+            },
+            [&] {
+                viewer.waitForSharpness();
+                rest(1000);
+            });
+    };
+    row(topic, {.what = "next page after a second of rest", .measured = time(u"xy"_s), .atMost = oneFrame});
+    row(topic, {.what = "previous page after a second of rest", .measured = time(u"sy"_s), .atMost = oneFrame});
+    row(topic, {.what = "the same page again", .measured = time(u"xs"_s), .atMost = oneFrame});
 }
 
 }  // namespace
@@ -60,22 +198,30 @@ int main(int argc, char** argv) {
     applyLook(application);
     const int rounds = argc > 1 ? std::max(1, std::atoi(argv[1])) : 5;
     const SampleCatalogue catalogue;
-    fillAlbum();
+    const Photographs photographs;
+    mekTp::catalogue.Execute(u"DELETE FROM [tc01]"_s);
+    fillAlbum(mekTp::catalogue, u"tc01"_s, 3 * pagesOfKind * cells,
+              [&](int number) { return photographs.at(number - 1); });
 
-    RecordingWindows windows;
-    frmTp window(windows);
-    window.resize(1280, 900);
-    window.show();
-    window.findChild<QAction*>(u"mnuCd(1)"_s)->trigger();
-    auto* columns = window.findChild<TextBox*>(u"txtLs"_s);
-    auto* first = window.findChild<QToolButton*>(u"tlb1:ty"_s);
-    std::printf("album of %d pictures\n", rows);
-    for (const int count : {6, 3, 1}) {
-        columns->setText(QString::number(count) + u'列');
-        const double page = medianMilliseconds(rounds, [&] {
-            first->click();
-            window.grab();
-        });
-        std::printf("  page of %-2d %9.1f ms (%.1f each)\n", count * count, page, page / (count * count));
-    }
+    timeTurning(std::min(rounds, 3));
+    row(topic, {.what = "first page after two seconds on the cover", .measured = timeFirstDraw(rounds), .atMost = 50});
+    const auto [seen, sharp] = timeNewPage(rounds, Kind::camera);
+    const double bare = medianMilliseconds(rounds, [&] { decodePage(photographs, 0); });
+    row(topic, {.what = "camera files never seen: something in all 36 cells", .measured = seen, .atMost = 100});
+    row(topic, {.what = "camera files never seen: all sharp",
+                .measured = sharp,
+                .peer = "JPEG library, 1/8, all processors",
+                .peerMeasured = bare,
+                .timesPeer = 1.1});
+    const double baseline = timeNewPage(rounds, Kind::baseline).second;
+    row(topic, {.what = "without previews, all sharp",
+                .measured = baseline,
+                .peer = "JPEG library, 1/8, all processors",
+                .peerMeasured = bare,
+                .timesPeer = 1.1});
+    row(topic, {.what = "progressive, all sharp",
+                .measured = timeNewPage(rounds, Kind::progressive).second,
+                .peer = "the same photographs, baseline",
+                .peerMeasured = baseline,
+                .timesPeer = 1});
 }

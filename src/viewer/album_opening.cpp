@@ -15,8 +15,8 @@ const QString presetTitle = u"演示"_s;
 }  // namespace
 
 AlbumOpening::AlbumOpening(ViewerState& state, ToolStrip& strip, StatusLine& status, ScreenPanel& screen,
-                           ButtonPanel& buttons, AlbumMenu& menu)
-    : state_(state), strip_(strip), status_(status), screen_(screen), buttons_(buttons), menu_(menu) {}
+                           ButtonPanel& buttons, Page& page, AlbumMenu& menu)
+    : state_(state), strip_(strip), status_(status), screen_(screen), buttons_(buttons), page_(page), menu_(menu) {}
 
 /// Opens an album: table, selection and buttons. Draws no page.
 void AlbumOpening::dkxc(int index) {
@@ -65,6 +65,7 @@ void AlbumOpening::openSelection() {
     status_.setPanel(
         2, u"%1(%2) 共 %3 张"_s.arg(state_.albumTitle, mekTp::currentTable, QString::number(state_.pictureCount)));
     status_.setPanel(3, state_.pageStatusText);
+    page_.prepare();
 }
 
 void AlbumOpening::openTable(const QString& table) {

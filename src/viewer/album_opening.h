@@ -15,7 +15,7 @@ struct AlbumMenu {
 class AlbumOpening : public QObject {
   public:
     AlbumOpening(ViewerState& state, ToolStrip& strip, StatusLine& status, ScreenPanel& screen, ButtonPanel& buttons,
-                 AlbumMenu& menu);
+                 Page& page, AlbumMenu& menu);
 
     /// Opens the album at that place of the menu; a place behind the last one stands for the preset album.
     void dkxc(int index);
@@ -36,5 +36,6 @@ class AlbumOpening : public QObject {
     StatusLine& status_;
     ScreenPanel& screen_;
     ButtonPanel& buttons_;
+    Page& page_;
     AlbumMenu& menu_;
 };

@@ -76,6 +76,7 @@ void FilterControls::tpsx() {
         pageStatus({state_.dateCondition, state_.dateOperator, txtR1->text(), number}, pictures, state_.pageCount);
     status_.setPanel(3, state_.pageStatusText);
     strip_.txtYh->setText(u"1"_s);
+    page_.prepare();
 }
 
 void FilterControls::openDateDialog() {

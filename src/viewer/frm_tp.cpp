@@ -43,7 +43,7 @@ frmTp::frmTp(Windows& windows) : windows_(windows) {
         frame_[i]->setColor(i < 2 ? pageFrameShade : QColor(Qt::white));
     }
     buildMenus();
-    albums_ = std::make_unique<AlbumOpening>(state_, *strip_, *status_, *screen_, *buttons_, menu_);
+    albums_ = std::make_unique<AlbumOpening>(state_, *strip_, *status_, *screen_, *buttons_, *page_, menu_);
     view_ = std::make_unique<PictureView>(state_, *strip_, *screen_, *page_, this);
     show_ = std::make_unique<SlideShow>(state_, *strip_, *page_, this, form_);
     lstLs = make<DropList>(form_, u"lstLs"_s);
@@ -160,7 +160,10 @@ void frmTp::resizeForm() {
     const bool showsPage = screen_->pic0->isHidden();
     if (mekTp::currentTable != demoTable && state_.picturesPerPage > 1) screen_->cover();
     const bool follows = mekTp::currentTable != demoTable || (showsPage && !state_.albumRecordset.isNothing());
-    if (state_.pageShown && follows) page_->xstp();
+    if (state_.pageShown && follows)
+        page_->xstp();
+    else
+        page_->prepare();
     if (wasViewing) attempt([&] { view_->refit(); });
 }
 

@@ -2,7 +2,6 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
-#include "catalogue/picture_field.h"
 #include "platform/base/error.h"
 #include "platform/desktop/busy.h"
 #include "platform/desktop/message_box.h"
@@ -36,26 +35,40 @@ void placeAt(QWidget* control, const Box& box) {
 
 Page::Page(ViewerState& state, ToolStrip& strip, StatusLine& status, ScreenPanel& screen, QWidget* window,
            QWidget* form)
-    : state_(state), strip_(strip), status_(status), screen_(screen), window_(window) {
+    : state_(state), strip_(strip), status_(status), screen_(screen), window_(window), pictures_([this] {
+          return upcoming();
+      }) {
     pic1 = make<Surface>(form, u"pic1"_s);
     scroll_ = std::make_unique<WheelScroll>(pic1);
     setCellCount(1);
 }
 
-Page::Cell Page::makeCell(int index) {
-    const Cell cell{make<ShapeBox>(pic1, element(u"shpXs"_s, index)), make<ImageBox>(pic1, element(u"imgXs"_s, index)),
-                    make<CaptionBox>(pic1, element(u"txtBq"_s, index))};
+Page::Cell Page::makeCell() {
+    const Cell cell{new ShapeBox(pic1), new ImageBox(pic1), new CaptionBox(pic1)};
     cell.shpXs->setBorderColor(frameColour);
     cell.shpXs->setBorderWidth(2);
-    cell.shpXs->hide();
-    cell.imgXs->hide();
     cell.txtBq->document()->setDocumentMargin(0);
-    cell.txtBq->hide();
+    for (QWidget* control : std::initializer_list<QWidget*>{cell.shpXs, cell.imgXs, cell.txtBq}) {
+        control->hide();
+        control->ensurePolished();
+    }
+    return cell;
+}
+
+void Page::addCell() {
+    if (spare_.empty()) spare_.push_back(makeCell());
+    const Cell cell = spare_.front();
+    spare_.pop_front();
+    const int index = int(cells_.size());
+    cell.shpXs->setObjectName(element(u"shpXs"_s, index));
+    cell.imgXs->setObjectName(element(u"imgXs"_s, index));
+    cell.txtBq->setObjectName(element(u"txtBq"_s, index));
     connect(cell.imgXs, &ImageBox::clicked, this, &Page::cellClicked);
     connect(cell.imgXs, &ImageBox::doubleClicked, this, [this, index] { Q_EMIT cellDoubleClicked(index); });
     connect(cell.imgXs, &ImageBox::mouseReleased, this, guarded(window_, [this, index] { showCaption(index); }));
     connect(cell.txtBq, &CaptionBox::clicked, cell.txtBq, &QWidget::hide);
-    return cell;
+    if (index > 0) QWidget::setTabOrder(cells_.back().imgXs, cell.imgXs);
+    cells_.push_back(cell);
 }
 
 void Page::setCellCount(int count) {
@@ -70,10 +83,7 @@ void Page::setCellCount(int count) {
         cell.imgXs->hide();
         cell.txtBq->hide();
     }
-    while (int(cells_.size()) < count) {
-        cells_.push_back(makeCell(int(cells_.size())));
-        if (cells_.size() > 1) QWidget::setTabOrder(cells_[cells_.size() - 2].imgXs, cells_.back().imgXs);
-    }
+    while (int(cells_.size()) < count) addCell();
     // Captions stand over all pictures: in two columns they reach over the edge of their own cell.
     for (const Cell& cell : cells_) cell.txtBq->raise();
 }
@@ -105,8 +115,9 @@ const ImageBox* Page::picture(int cell) const {
 void Page::goToFirstPicture() {
     Recordset& album = state_.albumRecordset;
     attempt([&] {
-        album.MoveFirst();
-        for (int i = 0; i < state_.firstPictureIndex && !album.Eof(); ++i) album.MoveNext();
+        const int rows = album.rowCount();
+        album.moveToRow(std::clamp(state_.firstPictureIndex, 0, rows - 1));
+        if (state_.firstPictureIndex >= rows) album.MoveNext();
     });
 }
 
@@ -117,7 +128,6 @@ void Page::xstp() {
     strip_.showProgress(cells > 1, false);
     if (screen_.isCovering()) screen_.img0->repaint();
 
-    const CellGrid grid = cellGrid(state_.pageAreaWidth, cells);
     const int focused = focusedCell();
     // A control that is hidden passes its focus on, to a box that the keys would then write into.
     if (focused >= 0) pic1->parentWidget()->setFocus();
@@ -125,14 +135,17 @@ void Page::xstp() {
     scroll_->reset();
     goToFirstPicture();
     table_ = mekTp::currentTable;
+    keepRoom();
+    pictures_.begin();
     QSize pixels = cellShape;
     for (int i = 0; i < cells; ++i) {
-        drawCell(i, grid, pixels);
+        drawCell(i, pixels);
         attempt([&] { state_.albumRecordset.MoveNext(); });
         if (cells == 1) continue;
         strip_.prg1->setValue(i * 100 / (cells - 1));
         strip_.prg1->repaint();
     }
+    pictures_.settle();
 
     strip_.showProgress(false, !state_.smallScreen);
     screen_.uncover();
@@ -144,40 +157,77 @@ void Page::xstp() {
     });
 }
 
-void Page::drawCell(int index, const CellGrid& grid, QSize& pixels) {
+/// The size in twips of a picture on the page. Without a size to read it takes that of the picture before it.
+QSize Page::fitted(const QString& spec, QSize& pixels) const {
+    const auto told = sizeFromSpec(spec);
+    if (told && !told->isEmpty()) pixels = *told;
+    const bool originalSize = state_.picturesPerPage == 1 && strip_.tlb1->image(u"yd"_s) == u"cm";
+    return fittedSize(pixels, grid().cellWidth, grid().cellHeight, originalSize);
+}
+
+void Page::drawCell(int index, QSize& pixels) {
     const Cell& cell = cells_[size_t(index)];
     Recordset& album = state_.albumRecordset;
-    // Without a size to read the cell takes that of the cell before it.
-    attempt([&] {
-        const auto told = sizeFromSpec(album.Fields(u"规格"_s).Value().textOr());
-        if (told && !told->isEmpty()) pixels = *told;
-    });
-    const bool originalSize = state_.picturesPerPage == 1 && strip_.tlb1->image(u"yd"_s) == u"cm";
-    const QSize fitted = fittedSize(pixels, grid.cellWidth, grid.cellHeight, originalSize);
-    placeAt(cell.imgXs, pictureBox(grid, index, fitted));
-    placeAt(cell.shpXs, frameBox(grid, index, fitted));
+    QString spec;
+    attempt([&] { spec = album.Fields(u"规格"_s).Value().textOr(); });
+    const QSize size = fitted(spec, pixels);
+    placeAt(cell.imgXs, pictureBox(grid(), index, size));
+    placeAt(cell.shpXs, frameBox(grid(), index, size));
 
     cell.imgXs->setTag({});
     bool hasRecord = false;
     attempt([&] { hasRecord = !album.Eof(); });
-    // The first cell is never made anew: a record without a picture leaves there what it shows.
-    if (index > 0 || !hasRecord) cell.imgXs->setPicture({});
+    StoredValue picture;
     attempt([&] {
         if (!hasRecord) return;
-        attempt([&] { readPictureField(album, u"图片"_s, *cell.imgXs); });
+        attempt([&] { picture = album.storedAt(album.row(), u"图片"_s); });
         cell.imgXs->setTag(tagOfRecord(album));
     });
+    // The first cell is never made anew: a record without a picture leaves there what it shows.
+    pictures_.put(cell.imgXs, picture, index == 0 && hasRecord);
     cell.imgXs->setToolTip(cell.imgXs->tag());
     cell.imgXs->setAccessibleName(cell.imgXs->tag());
     cell.imgXs->setFocusPolicy(cell.imgXs->tag().isEmpty() ? Qt::NoFocus : Qt::TabFocus);
     cell.shpXs->show();
     cell.imgXs->show();
-    drawCaption(index, grid);
+    drawCaption(index);
 }
 
-void Page::drawCaption(int index, const CellGrid& grid) {
+/// The page that a draw would show, and those to which the paging keys lead from there.
+CellPictures::Requests Page::upcoming() {
+    keepRoom();
+    while (int(cells_.size() + spare_.size()) < state_.picturesPerPage) spare_.push_back(makeCell());
+    CellPictures::Requests requests;
+    const int first = std::max(0, state_.firstPictureIndex);
+    for (const int index : {first, first + state_.picturesPerPage, first - state_.picturesPerPage})
+        addPage(index, requests);
+    return requests;
+}
+
+/// For the whole page, of which a low window shows the upper rows alone.
+void Page::keepRoom() {
+    const int columns = grid().columns;
+    const QRect whole = rectFromTwips(0, 0, columns * grid().cellWidth, columns * grid().cellHeight);
+    const QSize area = ImageBox::targetSize(pic1, whole.size());
+    pictures_.setPageArea(qint64(area.width()) * area.height());
+}
+
+void Page::addPage(int firstIndex, CellPictures::Requests& requests) const {
+    const Recordset& album = state_.albumRecordset;
+    const int last = std::min(album.rowCount(), firstIndex + state_.picturesPerPage);
+    QSize pixels = cellShape;
+    for (int row = std::max(0, firstIndex); row < last; ++row) {
+        const QSize size = fitted(album.valueAt(row, u"规格"_s).textOr(), pixels);
+        const Box box = pictureBox(grid(), row - firstIndex, size);
+        const StoredValue picture = album.storedAt(row, u"图片"_s);
+        const QSize place = rectFromTwips(box.left, box.top, box.width, box.height).size();
+        if (!picture.isNull()) requests.push_back({picture, ImageBox::targetSize(pic1, place)});
+    }
+}
+
+void Page::drawCaption(int index) {
     const Cell& cell = cells_[size_t(index)];
-    const Box box = captionBox(grid, index);
+    const Box box = captionBox(grid(), index);
     placeAt(cell.txtBq, box);
     QFont font = cell.txtBq->font();
     font.setPixelSize(box.height > oneLine ? smallText : usualText);  // two lines, or one

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "viewer/cell_pictures.h"
 #include "viewer/page_layout.h"
 #include "viewer/screen_panel.h"
 #include "viewer/status_line.h"
@@ -7,11 +8,12 @@
 #include "viewer/viewer_state.h"
 #include "viewer/wheel_scroll.h"
 
+#include <deque>
 #include <memory>
 #include <vector>
 
-/// The page of thumbnails on `pic1`. It is drawn from nothing each time and holds no pictures but those it shows; the
-/// catalogue is only read.
+/// The page of thumbnails on `pic1`. It is drawn from nothing each time, with pictures that are decoded ahead while the
+/// window rests; the catalogue is only read.
 class Page : public QObject {
     Q_OBJECT
 
@@ -20,6 +22,10 @@ class Page : public QObject {
 
     /// Draws the page that begins at `firstPictureIndex`. What fails leaves its cell empty.
     void xstp();
+
+    /// Another selection, number of columns or place has been chosen: what a draw would show gets ready in the
+    /// background.
+    void prepare() { pictures_.rest(); }
 
     /// Table that the page was drawn from; another album may have been opened since.
     const QString& table() const { return table_; }
@@ -49,11 +55,17 @@ class Page : public QObject {
         CaptionBox* txtBq;
     };
 
-    Cell makeCell(int index);
+    Cell makeCell();
+    void addCell();
     void setCellCount(int count);
+    CellGrid grid() const { return cellGrid(state_.pageAreaWidth, state_.picturesPerPage); }
+    QSize fitted(const QString& spec, QSize& pixels) const;
     void goToFirstPicture();
-    void drawCell(int index, const CellGrid& grid, QSize& pixels);
-    void drawCaption(int index, const CellGrid& grid);
+    void drawCell(int index, QSize& pixels);
+    CellPictures::Requests upcoming();
+    void keepRoom();
+    void addPage(int firstIndex, CellPictures::Requests& requests) const;
+    void drawCaption(int index);
     void showCaption(int index);
 
     ViewerState& state_;
@@ -63,5 +75,7 @@ class Page : public QObject {
     QWidget* window_;
     std::unique_ptr<WheelScroll> scroll_;
     std::vector<Cell> cells_;
+    std::deque<Cell> spare_;  ///< Made while the window rests; without names, for nobody to find.
     QString table_;
+    CellPictures pictures_;
 };

@@ -79,6 +79,7 @@ void Paging::takePageNumber() {
     const double page = numericValue(strip_.txtYh->text());
     if (page > 0) {
         state_.firstPictureIndex = firstIndexOfPage(page, state_.picturesPerPage);
+        page_.prepare();
         return;
     }
     strip_.txtYh->setText(u"1"_s);

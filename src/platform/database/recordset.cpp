@@ -18,6 +18,12 @@ void requireRows(const RecordsetState& state) {
     if (state.rows->count() == 0) throw Error(u"记录集中没有记录。"_s);
 }
 
+int requiredColumn(const RecordsetState& state, const QString& name) {
+    const int index = columnIndex(state.columns(), name);
+    if (index < 0) throw Error(u"记录集中没有列“%1”。"_s.arg(name));
+    return index;
+}
+
 void requireRow(const RecordsetState& state, int row) {
     if (row < 0 || row >= state.rows->count()) throw Error(u"没有第 %1 条记录。"_s.arg(row + 1));
 }
@@ -88,9 +94,7 @@ bool Recordset::NoMatch() const {
 
 Field Recordset::Fields(const QString& name) const {
     RecordsetState& state = required(state_);
-    const int index = columnIndex(state.columns(), name);
-    if (index < 0) throw Error(u"记录集中没有列“%1”。"_s.arg(name));
-    return {state, index};
+    return {state, requiredColumn(state, name)};
 }
 
 Field Recordset::Fields(int index) const {
@@ -161,4 +165,20 @@ std::vector<Variant> Recordset::valuesAt(int row) const {
     std::vector<Variant> values;
     for (Cell& cell : state.rows->read(row)) values.push_back(std::move(cell.value));
     return values;
+}
+
+Cell Recordset::cellAt(int row, const QString& column) const {
+    RecordsetState& state = required(state_);
+    requireRow(state, row);
+    const auto index = static_cast<size_t>(requiredColumn(state, column));
+    return state.rows->read(row)[index];
+}
+
+Variant Recordset::valueAt(int row, const QString& column) const {
+    return cellAt(row, column).value;
+}
+
+StoredValue Recordset::storedAt(int row, const QString& column) const {
+    const qint64 key = cellAt(row, column).longBinaryKey;
+    return key == 0 ? StoredValue() : StoredValue(state_->connection, key);
 }

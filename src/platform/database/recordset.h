@@ -1,10 +1,12 @@
 #pragma once
 
+#include "platform/database/stored_value.h"
 #include "platform/database/variant.h"
 
 #include <QString>
 #include <memory>
 
+struct Cell;
 class Recordset;
 class RecordsetState;
 
@@ -106,7 +108,7 @@ class Recordset {
     void Delete();
     Mode EditMode() const;
 
-    // What a grid needs, beside the current record ------------------------------------------------------------------
+    // What grids and pages need, beside the current record -----------------------------------------------------------
 
     /// Number of records without visiting them.
     int rowCount() const;
@@ -115,9 +117,13 @@ class Recordset {
     void moveToRow(int row);
     /// The values of a record without moving to it; a long-binary column gives Null.
     std::vector<Variant> valuesAt(int row) const;
+    Variant valueAt(int row, const QString& column) const;
+    /// What a long-binary column of a record holds, to be read later.
+    StoredValue storedAt(int row, const QString& column) const;
 
   private:
     friend class Database;
     explicit Recordset(std::unique_ptr<RecordsetState> state);
+    Cell cellAt(int row, const QString& column) const;
     std::unique_ptr<RecordsetState> state_;
 };

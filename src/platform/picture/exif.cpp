@@ -5,8 +5,13 @@
 
 namespace {
 
+constexpr QByteArrayView signature("Exif\0\0", 6);
 constexpr quint16 orientationTag = 0x0112;
+constexpr quint16 previewOffsetTag = 0x0201;
+constexpr quint16 previewLengthTag = 0x0202;
+constexpr int countLength = 2;
 constexpr int entryLength = 12;
+constexpr int valueInEntry = 8;
 
 /// The numbers of a TIFF block, in its own byte order; 0 behind its end.
 class Tiff {
@@ -28,22 +33,40 @@ class Tiff {
     bool bigEndian_;
 };
 
+/// The place of the entry with that tag in a directory of the block, -1 when it has none.
+qsizetype entryOf(const Tiff& tiff, qsizetype directory, quint16 tag) {
+    const int entries = tiff.shortAt(directory);
+    for (int i = 0; i < entries; ++i) {
+        const qsizetype entry = directory + countLength + qsizetype(i) * entryLength;
+        if (tiff.shortAt(entry) == tag) return entry;
+    }
+    return -1;
+}
+
 }  // namespace
 
 Orientation orientationFromApp1(QByteArrayView segment) {
-    const QByteArrayView signature("Exif\0\0", 6);
     if (!segment.startsWith(signature)) return uprightOrientation;
-
     const Tiff tiff(segment.sliced(signature.size()));
-    const qsizetype directory = tiff.longAt(4);
-    const int entries = tiff.shortAt(directory);
-    for (int i = 0; i < entries; ++i) {
-        const qsizetype entry = directory + 2 + qsizetype(i) * entryLength;
-        if (tiff.shortAt(entry) != orientationTag) continue;
-        const int value = tiff.shortAt(entry + 8);
-        return value >= 1 && value <= 8 ? value : uprightOrientation;
-    }
-    return uprightOrientation;
+    const qsizetype entry = entryOf(tiff, tiff.longAt(4), orientationTag);
+    const int value = entry < 0 ? uprightOrientation : tiff.shortAt(entry + valueInEntry);
+    return value >= 1 && value <= 8 ? value : uprightOrientation;
+}
+
+// The directory of the small picture follows that of the photograph.
+QByteArrayView previewFromApp1(QByteArrayView segment) {
+    if (!segment.startsWith(signature)) return {};
+    const QByteArrayView block = segment.sliced(signature.size());
+    const Tiff tiff(block);
+    const qsizetype first = tiff.longAt(4);
+    const qsizetype second = tiff.longAt(first + countLength + qsizetype(tiff.shortAt(first)) * entryLength);
+    if (second == 0) return {};
+    const qsizetype offsetEntry = entryOf(tiff, second, previewOffsetTag);
+    const qsizetype lengthEntry = entryOf(tiff, second, previewLengthTag);
+    if (offsetEntry < 0 || lengthEntry < 0) return {};
+    const qsizetype offset = tiff.longAt(offsetEntry + valueInEntry);
+    const qsizetype length = tiff.longAt(lengthEntry + valueInEntry);
+    return offset + length <= block.size() ? block.sliced(offset, length) : QByteArrayView();
 }
 
 QImage uprightImage(const QImage& stored, Orientation orientation) {

@@ -12,6 +12,9 @@ inline constexpr Orientation uprightOrientation = 1;
 /// damaged.
 Orientation orientationFromApp1(QByteArrayView segment);
 
+/// The JPEG bytes of the small picture that such a segment carries; none when it carries none, or damaged ones.
+QByteArrayView previewFromApp1(QByteArrayView segment);
+
 /// Whether the orientation exchanges width and height.
 inline bool liesOnItsSide(Orientation orientation) {
     return orientation >= 5;

@@ -52,3 +52,10 @@ Picture LoadPicture(const QString& path, QSize target) {
     if (!file.open(QIODevice::ReadOnly)) refusePicture(name, u"文件不能读取"_s);
     return LoadPicture(file, name, target);
 }
+
+Picture shrunkTo(const Picture& picture, QSize target) {
+    const QSize size = picture.image().size();
+    const bool shrinks = target.width() <= size.width() && target.height() <= size.height() && target != size;
+    if (picture.isNull() || target.isEmpty() || !shrinks) return picture;
+    return {picture.image().scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation), picture.pixels()};
+}

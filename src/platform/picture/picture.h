@@ -43,6 +43,10 @@ Picture LoadPicture(const QString& path, QSize target = {});
 Picture LoadPicture(QIODevice& device, const QString& name, QSize target = {});
 Picture LoadPicture(const QByteArray& bytes, const QString& name, QSize target = {});
 
+/// The picture at exactly the size of a target that is smaller than it in both directions, so that showing it there
+/// costs nothing any more; any other picture as it is.
+Picture shrunkTo(const Picture& picture, QSize target);
+
 /// Writes a JPEG file. The file is written beside its place first and renamed over it, so a failure leaves what was
 /// there. Transparent parts become white. Throws `Error` that names the file.
 void saveJpeg(const QImage& image, const QString& path, int quality);

@@ -22,22 +22,39 @@ void append(QByteArray& bytes, Number number, bool bigEndian = false) {
     bytes.append(reinterpret_cast<const char*>(&stored), sizeof stored);
 }
 
-/// An APP1 segment with two entries: one of no matter, then the orientation.
-QByteArray exifSegment(int orientation, bool bigEndian) {
+struct Entry {
+    quint16 tag;
+    quint16 type;  ///< 3 for a short number, 4 for a long one.
+    quint32 value;
+};
+
+void appendDirectory(QByteArray& bytes, const std::vector<Entry>& entries, quint32 next, bool bigEndian) {
+    append<quint16>(bytes, quint16(entries.size()), bigEndian);
+    for (const Entry& entry : entries) {
+        append<quint16>(bytes, entry.tag, bigEndian);
+        append<quint16>(bytes, entry.type, bigEndian);
+        append<quint32>(bytes, 1, bigEndian);
+        if (entry.type == 4) append<quint32>(bytes, entry.value, bigEndian);
+        if (entry.type != 4) append<quint16>(bytes, quint16(entry.value), bigEndian);
+        if (entry.type != 4) append<quint16>(bytes, 0, bigEndian);
+    }
+    append<quint32>(bytes, next, bigEndian);
+}
+
+/// An APP1 segment with two entries, one of no matter, then the orientation; and with a small picture where there is
+/// one.
+QByteArray exifSegment(int orientation, bool bigEndian, const QByteArray& preview = {}) {
+    constexpr quint32 behindFirst = 8 + 2 + 2 * 12 + 4;
+    constexpr quint32 behindSecond = behindFirst + 2 + 2 * 12 + 4;
     QByteArray segment("Exif\0\0", 6);
     segment += bigEndian ? "MM" : "II";
     append<quint16>(segment, 42, bigEndian);
     append<quint32>(segment, 8, bigEndian);
-    append<quint16>(segment, 2, bigEndian);
-    for (const auto& [tag, value] : {std::pair(0x0103, 6), std::pair(0x0112, orientation)}) {
-        append<quint16>(segment, quint16(tag), bigEndian);
-        append<quint16>(segment, 3, bigEndian);
-        append<quint32>(segment, 1, bigEndian);
-        append<quint16>(segment, quint16(value), bigEndian);
-        append<quint16>(segment, 0, bigEndian);
-    }
-    append<quint32>(segment, 0, bigEndian);
-    return segment;
+    appendDirectory(segment, {{0x0103, 3, 6}, {0x0112, 3, quint32(orientation)}}, preview.isEmpty() ? 0 : behindFirst,
+                    bigEndian);
+    if (!preview.isEmpty())
+        appendDirectory(segment, {{0x0201, 4, behindSecond}, {0x0202, 4, quint32(preview.size())}}, 0, bigEndian);
+    return segment + preview;
 }
 
 /// The means of each colour in a scan of its own, as some cameras write them.
@@ -64,7 +81,8 @@ void appendPixel(std::vector<JSAMPLE>& row, QRgb colour, Kind kind) {
     if (channelsOf(kind) == 4) row.push_back(JSAMPLE(255 ^ flip));
 }
 
-void setUp(jpeg_compress_struct& codec, const QImage& image, Kind kind) {
+void setUp(jpeg_compress_struct& codec, const QImage& image, const JpegOptions& options) {
+    const Kind kind = options.kind;
     codec.image_width = unsigned(image.width());
     codec.image_height = unsigned(image.height());
     codec.input_components = channelsOf(kind);
@@ -72,7 +90,15 @@ void setUp(jpeg_compress_struct& codec, const QImage& image, Kind kind) {
                            : codec.input_components == 4 ? JCS_CMYK
                                                          : JCS_RGB;
     jpeg_set_defaults(&codec);
-    jpeg_set_quality(&codec, 95, TRUE);
+    jpeg_set_quality(&codec, options.quality, TRUE);
+    codec.restart_interval = options.restartInterval;
+    codec.optimize_coding = options.ownCodes;
+    codec.arith_code = kind == Kind::arithmetic;
+    if (kind == Kind::lights) jpeg_set_colorspace(&codec, JCS_RGB);
+    if (codec.jpeg_color_space == JCS_YCbCr) {
+        codec.comp_info[0].h_samp_factor = options.sampling.width();
+        codec.comp_info[0].v_samp_factor = options.sampling.height();
+    }
     if (kind == Kind::inks) codec.write_Adobe_marker = FALSE;
     if (kind == Kind::progressive) jpeg_simple_progression(&codec);
     if (kind == Kind::coloursApart) {
@@ -101,7 +127,7 @@ QByteArray jpegBytes(const QImage& image, const JpegOptions& options) {
     unsigned long size = 0;
     jpeg_mem_dest(&codec, &memory, &size);
 
-    setUp(codec, image, options.kind);
+    setUp(codec, image, options);
     jpeg_start_compress(&codec, TRUE);
     if (options.orientation > 0) {
         const QByteArray segment = exifSegment(options.orientation, options.bigEndian);
@@ -119,6 +145,13 @@ QByteArray jpegBytes(const QImage& image, const JpegOptions& options) {
     const QByteArray bytes(reinterpret_cast<const char*>(memory), qsizetype(size));
     free(memory);
     return bytes;
+}
+
+QByteArray withPreview(const QByteArray& jpeg, const QByteArray& preview, int orientation, bool bigEndian) {
+    const QByteArray segment = exifSegment(orientation, bigEndian, preview);
+    QByteArray marker("\xFF\xE1");
+    append<quint16>(marker, quint16(segment.size() + 2), true);
+    return QByteArray(jpeg).insert(2, marker + segment);
 }
 
 QByteArray withMoreScans(const QByteArray& jpeg, int more) {

@@ -10,13 +10,20 @@ QString failureOf(const std::function<void()>& step);
 /// Pictures as bytes, made by hand where the fault lies in the bytes.
 
 struct JpegOptions {
-    enum class Kind { baseline, progressive, coloursApart, grayscale, inks, invertedInks };
+    enum class Kind { baseline, progressive, coloursApart, grayscale, inks, invertedInks, lights, arithmetic };
     Kind kind = Kind::baseline;
     int orientation = 0;     ///< 0 writes no EXIF segment.
     bool bigEndian = false;  ///< Byte order of the EXIF segment.
+    QSize sampling{2, 2};    ///< Of the brightness, where the colours have one.
+    unsigned restartInterval = 0;
+    int quality = 95;
+    bool ownCodes = false;  ///< Codes made for this picture.
 };
 
 QByteArray jpegBytes(const QImage& image, const JpegOptions& options = {});
+
+/// The JPEG with an EXIF segment that carries a small picture of it, as cameras write it.
+QByteArray withPreview(const QByteArray& jpeg, const QByteArray& preview, int orientation = 1, bool bigEndian = false);
 
 /// The JPEG with its first scan so many times more.
 QByteArray withMoreScans(const QByteArray& jpeg, int more);

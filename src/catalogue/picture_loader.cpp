@@ -1,0 +1,71 @@
+#include "catalogue/picture_loader.h"
+
+#include "platform/base/error.h"
+
+#include <QMetaObject>
+#include <algorithm>
+
+namespace {
+
+// The bytes of this many pictures lie ready, so that no thread waits while the window is being painted.
+constexpr int inReserve = 2;
+// What an entry costs beside its pixels.
+constexpr qint64 entryBytes = 512;
+constexpr qint64 usualRoom = 32 << 20;
+
+}  // namespace
+
+size_t qHash(const PictureRequest& request, size_t seed) noexcept {
+    return qHashMulti(seed, request.value, request.target.width(), request.target.height());
+}
+
+PictureLoader::PictureLoader(QObject* parent)
+    : QObject(parent), kept_(usualRoom), threads_([this] {
+          QMetaObject::invokeMethod(
+              this, [this] { collect(QDeadlineTimer(0)); }, Qt::QueuedConnection);
+      }) {}
+
+void PictureLoader::setRoom(qint64 bytes) {
+    kept_.setMaxCost(bytes);
+}
+
+const Picture* PictureLoader::kept(const PictureRequest& request) const {
+    return kept_.object(request);
+}
+
+void PictureLoader::want(const std::vector<PictureRequest>& requests) {
+    for (const quint64 ticket : threads_.dropWaiting()) inWork_.remove(ticket);
+    wanted_.clear();
+    for (const PictureRequest& request : requests) {
+        const bool isInWork = std::ranges::find(inWork_, request) != inWork_.end();
+        if (!isInWork && !kept_.contains(request)) wanted_.push_back(request);
+    }
+    feed();
+}
+
+void PictureLoader::feed() {
+    while (!wanted_.empty() && inWork_.size() < DecodingThreads::count() + inReserve) {
+        const PictureRequest request = std::move(wanted_.front());
+        wanted_.pop_front();
+        QByteArray bytes;
+        if (!attempt([&] { bytes = request.value.read(0, request.value.size()); })) {
+            Q_EMIT loaded(request, {});
+            continue;
+        }
+        inWork_.insert(++lastTicket_, request);
+        threads_.give({lastTicket_, bytes, request.target});
+    }
+}
+
+void PictureLoader::collect(QDeadlineTimer deadline) {
+    for (const DecodingThreads::Result& result : threads_.take(deadline)) {
+        const PictureRequest request = inWork_.take(result.ticket);
+        kept_.insert(request, new Picture(result.picture), result.picture.image().sizeInBytes() + entryBytes);
+        Q_EMIT loaded(request, result.picture);
+    }
+    feed();
+}
+
+void PictureLoader::workUntil(const std::function<bool()>& done, QDeadlineTimer deadline) {
+    while (!done() && !deadline.hasExpired() && !isIdle()) collect(deadline);
+}

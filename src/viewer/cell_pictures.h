@@ -1,0 +1,61 @@
+#pragma once
+
+#include "catalogue/picture_loader.h"
+#include "platform/desktop/image_box.h"
+
+#include <QPointer>
+#include <QTimer>
+#include <functional>
+#include <vector>
+
+/// Brings the pictures into the cells of a page: at once what is at hand, everything else as it is decoded. Meanwhile a
+/// cell shows the same picture as it stood there in another size, or the small one that its camera has put into the
+/// file. While the window rests, the pages that are likely to come next are decoded ahead.
+class CellPictures : public QObject {
+    Q_OBJECT
+
+  public:
+    using Requests = std::vector<PictureRequest>;
+
+    /// `upcoming` tells what may be shown next, the most likely first. Asked only when the window rests.
+    explicit CellPictures(std::function<Requests()> upcoming);
+
+    /// Room for the pictures of some pages, of which each takes so many device pixels.
+    void setPageArea(qint64 devicePixels);
+
+    /// Begins a page: the cells of the one before are not waited for any more.
+    void begin();
+    /// Where there is no picture to show, the cell is emptied, or shows on what it has.
+    void put(ImageBox* cell, const StoredValue& value, bool keepsItsPicture);
+    /// Waits a moment for what is quick, and returns with something to see in every cell that can have it soon. The
+    /// rest comes in while the window works on.
+    void settle();
+
+    /// What may be shown next has changed.
+    void rest();
+
+  private:
+    struct Open {
+        QPointer<ImageBox> cell;
+        PictureRequest request;
+        Picture without;  ///< What the cell shows when there turns out to be no picture.
+        bool isBlank;
+    };
+
+    /// Which picture stands in a cell.
+    struct Content {
+        QPointer<ImageBox> cell;
+        StoredValue value;
+    };
+
+    bool stoodIn(const ImageBox* cell, const StoredValue& value) const;
+    void take(const PictureRequest& request, const Picture& picture);
+    void showPreview(Open& open) const;
+    Requests missing() const;
+
+    std::function<Requests()> upcoming_;
+    std::vector<Open> open_;
+    std::vector<Content> contents_, formerContents_;  ///< Of this page, and of the one that was drawn before.
+    QTimer resting_;
+    PictureLoader loader_;
+};

@@ -1,0 +1,135 @@
+#include "catalogue/picture_loader.h"
+
+#include "../support/run_all.h"
+#include "../support/sample_catalogue.h"
+#include "catalogue/mektp.h"
+
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr QSize place(20, 15);
+
+/// What an album holds for each of its records, in their order.
+std::vector<PictureRequest> requestsOf(const QString& table) {
+    const Recordset album = mekTp::catalogue.OpenRecordset(u"SELECT * FROM %1 ORDER BY [序号]"_s.arg(table));
+    std::vector<PictureRequest> requests;
+    for (int row = 0; row < album.rowCount(); ++row) requests.push_back({album.storedAt(row, u"图片"_s), place});
+    return requests;
+}
+
+/// Everything that a loader has told, in the order in which it came.
+struct Told {
+    explicit Told(PictureLoader& loader) {
+        QObject::connect(&loader, &PictureLoader::loaded,
+                         [this](const PictureRequest& request, const Picture& picture) {
+                             requests.push_back(request);
+                             pictures.push_back(picture);
+                         });
+    }
+    std::vector<PictureRequest> requests;
+    std::vector<Picture> pictures;
+};
+
+class TestPictureLoader : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void init() { catalogue_ = std::make_unique<SampleCatalogue>(); }
+    void cleanup() { catalogue_.reset(); }
+
+    void everythingWantedComesAtTheSizeOfItsPlace() {
+        PictureLoader loader;
+        const Told told(loader);
+        const auto requests = requestsOf(u"tc01"_s);
+        loader.want(requests);
+        QTRY_COMPARE(told.pictures.size(), requests.size());
+        for (const PictureRequest& request : requests) {
+            QVERIFY(loader.kept(request));
+            QCOMPARE(loader.kept(request)->image().size(), place);
+        }
+        QCOMPARE(loader.kept(requests[2])->pixels(), QSize(30, 40));
+        loader.want(requests);  // all at hand: nothing is decoded again
+        QTest::qWait(0);
+        QCOMPARE(told.pictures.size(), requests.size());
+    }
+
+    void bytesThatAreNoPictureAreToldOnceAndKnown() {
+        changeRow(u"tc01"_s, {{u"图片"_s, QByteArray("no picture")}});
+        PictureLoader loader;
+        const Told told(loader);
+        const auto requests = requestsOf(u"tc01"_s);
+        loader.want({requests[0]});
+        QTRY_COMPARE(told.pictures.size(), size_t(1));
+        QVERIFY(told.pictures[0].isNull());
+        QVERIFY(loader.kept(requests[0]) && loader.kept(requests[0])->isNull());
+    }
+
+    void aValueThatCannotBeReadIsToldAndAskedForAgain() {
+        PictureLoader loader;
+        const Told told(loader);
+        const auto requests = requestsOf(u"tc01"_s);
+        mekTp::catalogue.Execute(u"DELETE FROM tc01 WHERE 序号 = 1"_s);
+        loader.want({requests[0], requests[1]});
+        QTRY_COMPARE(told.pictures.size(), size_t(2));
+        QVERIFY(told.pictures[0].isNull());
+        QVERIFY(!loader.kept(requests[0]));
+        QVERIFY(loader.kept(requests[1]));
+    }
+
+    // The picture of a record that has been changed is another value, whatever was decoded of the one before.
+    void aChangedRecordHoldsAnotherValue() {
+        const auto before = requestsOf(u"tc01"_s);
+        changeRow(u"tc01"_s, {{u"图片"_s, pictureBytes({40, 30}, Qt::cyan)}});
+        const auto after = requestsOf(u"tc01"_s);
+        QVERIFY(after[0] != before[0]);
+        QCOMPARE(after[1], before[1]);
+        changeRow(u"tc01"_s, {{u"备注"_s, u"another word"_s}});
+        QCOMPARE(requestsOf(u"tc01"_s)[0], after[0]);
+    }
+
+    void whatIsKeptStaysWithinItsRoom() {
+        PictureLoader loader;
+        const Told told(loader);
+        constexpr qint64 onePicture = 20 * 15 * 4 + 1000;
+        loader.setRoom(3 * onePicture);
+        const auto requests = requestsOf(u"tc01"_s);
+        loader.want(requests);
+        QTRY_COMPARE(told.pictures.size(), requests.size());
+        const auto kept = std::ranges::count_if(requests, [&](const auto& each) { return loader.kept(each); });
+        QVERIFY2(kept >= 2 && kept <= 3, qPrintable(QString::number(kept)));
+        QVERIFY(loader.kept(told.requests.back()));
+    }
+
+    void workThatIsNotWantedAnyMoreIsDropped() {
+        changeRow(u"tc01"_s, {{u"图片"_s, pictureBytes({4000, 3000}, Qt::red)}});  // keeps a thread busy
+        PictureLoader loader;
+        const Told told(loader);
+        auto requests = requestsOf(u"tc01"_s);
+        const PictureRequest urgent = requests.back();
+        requests.pop_back();
+        loader.want(requests);
+        loader.want({urgent});
+        loader.workUntil([&] { return loader.kept(urgent) != nullptr; }, QDeadlineTimer(60'000));
+        QVERIFY(loader.kept(urgent));
+        // What was being decoded at that moment comes to its end, the rest does not begin.
+        QTRY_VERIFY(loader.isIdle());
+        QVERIFY(int(told.requests.size()) <= DecodingThreads::count() + 1);
+    }
+
+    void itMayGoWhileItIsAtWork() {
+        for (int i = 0; i < 20; ++i) PictureLoader().want(requestsOf(u"tc01"_s));
+        QCoreApplication::processEvents();
+    }
+
+  private:
+    std::unique_ptr<SampleCatalogue> catalogue_;
+};
+
+const Registered<TestPictureLoader> registered;
+
+}  // namespace
+
+#include "picture_loader_test.moc"

@@ -1,0 +1,104 @@
+#include "../platform/picture/picture_samples.h"
+#include "viewer_window.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Decoding a photograph of this size takes far longer than a page waits for it.
+constexpr QSize large(6000, 4500);
+
+/// A large photograph in one colour, whose preview has another one.
+QByteArray cameraFile(const QColor& colour, const QColor& preview) {
+    return withPreview(pictureBytes(large, colour), pictureBytes({160, 120}, preview));
+}
+
+bool looks(const ImageBox* box, const QColor& colour) {
+    const QImage image = box->picture().image();
+    if (image.isNull()) return false;
+    const QColor shown = image.pixelColor(image.width() / 2, image.height() / 2);
+    return qAbs(shown.red() - colour.red()) + qAbs(shown.green() - colour.green()) +
+               qAbs(shown.blue() - colour.blue()) <
+           30;
+}
+
+void setPictures(const QByteArray& bytes, int from, int to) {
+    for (int number = from; number <= to; ++number)
+        changeRow(u"SELECT * FROM tc01 WHERE 序号 = %1"_s.arg(number),
+                  {{u"图片"_s, bytes}, {u"规格"_s, u"6000 * 4500"_s}});
+}
+
+class TestCellPictures : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void photographsShowTheirPreviewUntilTheyAreSharp() {
+        ViewerWindow viewer([] { setPictures(cameraFile(Qt::blue, Qt::red), 1, 9); });
+        viewer.openAlbum(1);
+        viewer.chooseColumns(3);
+        viewer.chooseButton(0);
+        for (int i = 0; i < 9; ++i) {
+            const ImageBox* box = viewer.image(element(u"imgXs"_s, i));
+            QVERIFY(looks(box, Qt::red) || looks(box, Qt::blue));
+        }
+        for (int i = 0; i < 9; ++i) QTRY_VERIFY(looks(viewer.image(element(u"imgXs"_s, i)), Qt::blue));
+    }
+
+    void whatIsDecodedAheadIsNeverOlderThanTheRecord() {
+        OpenPage viewer(2);
+        QTest::qWait(0);
+        const ImageBox* first = viewer.image(u"imgXs(0)"_s);
+        // The next page lies ready when its first record gets another picture.
+        QTRY_VERIFY(viewer.pictureIn(0) == 1 && !first->picture().isNull());
+        viewer.press(u"xy"_s);
+        viewer.press(u"sy"_s);
+        changeRow(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, {{u"图片"_s, pictureBytes({40, 30}, Qt::magenta)}});
+        viewer.press(u"xy"_s);
+        QCOMPARE(viewer.pictureIn(0), 5);
+        QVERIFY(looks(first, Qt::magenta));
+        mekTp::catalogue.Execute(u"DELETE FROM tc01 WHERE 序号 = 6"_s);
+        viewer.chooseButton(0);
+        viewer.press(u"xy"_s);
+        QCOMPARE(viewer.pictureIn(1), 7);
+    }
+
+    void aPageThatWasLeftBringsNoPictureIntoTheNext() {
+        ViewerWindow viewer([] {
+            setPictures(pictureBytes(large, Qt::blue), 1, 4);
+            setPictures(pictureBytes({40, 30}, Qt::green), 5, 8);
+        });
+        viewer.openAlbum(1);
+        viewer.chooseColumns(2);
+        viewer.chooseButton(0);
+        viewer.press(u"xy"_s);
+        viewer.press(u"sy"_s);
+        viewer.press(u"xy"_s);
+        for (int i = 0; i < 4; ++i) {
+            const ImageBox* box = viewer.image(element(u"imgXs"_s, i));
+            QVERIFY(looks(box, Qt::green));
+            QTest::qWait(0);
+            QVERIFY(looks(box, Qt::green));
+        }
+    }
+
+    // The first cell keeps what it shows where a record has no picture, also when that is found out later.
+    void theFirstCellKeepsItsPictureWhereALargeOneIsBroken() {
+        ViewerWindow viewer([] {
+            setPictures(pictureBytes({40, 30}, Qt::green), 1, 4);
+            setPictures("\xFF\xD8\xFF" + QByteArray(400'000, 'x'), 5, 6);
+        });
+        viewer.openAlbum(1);
+        viewer.chooseColumns(2);
+        viewer.chooseButton(0);
+        viewer.press(u"xy"_s);
+        QTRY_VERIFY(looks(viewer.image(u"imgXs(0)"_s), Qt::green));
+        QVERIFY(viewer.image(u"imgXs(1)"_s)->picture().isNull());
+        QCOMPARE(viewer.boxes, QStringList());
+    }
+};
+
+const Registered<TestCellPictures> registered;
+
+}  // namespace
+
+#include "cell_pictures_test.moc"
