@@ -23,11 +23,6 @@ QString storedBackupPath() {
     return path;
 }
 
-/// The way back by hand, for a copy that stands somewhere.
-QString byHand(const QString& catalogue) {
-    return u"把它复制到损坏的“%1”的位置"_s.arg(catalogue);
-}
-
 }  // namespace
 
 Rescue rescueOfCatalogue() {
@@ -44,16 +39,16 @@ QString damageText(const Rescue& rescue) {
         "请不要再录入、修改或删除图片，也不要再备份，以免损坏扩大，或换掉完好的备份。\n\n"_s.arg(rescue.catalogue);
     const QString keep =
         u"请退出本软件，先把损坏的文件另外复制一份留着（以后可在“图片录入”中选“数据库”，取回其中的图片），再"_s;
-    const QString way = rescue.script.isEmpty() ? byHand(rescue.catalogue) : u"运行“%1”恢复"_s.arg(rescue.script);
-
+    const QString byHand = u"把找到的那一份复制到“%1”的位置。"_s.arg(rescue.catalogue);
     if (rescue.backup.isEmpty())
         return damage + u"备份路径没有设置。请找出以前复制的 lunq.mdb，例如在移动硬盘或另一台电脑上。\n\n"_s + keep +
-               byHand(rescue.catalogue) + u"。"_s;
-    if (!rescue.copied.isValid())
-        return damage +
-               u"备份路径是“%1”，但那里现在没有备份：请接上放备份的磁盘，或找出以前复制的 lunq.mdb。\n\n"_s.arg(
-                   rescue.backup) +
-               keep + way + u"。"_s;
-    return damage + u"备份在“%1”，是 %2 的。\n\n"_s.arg(rescue.backup, dateText(rescue.copied, u"yyyy-mm-dd hh:mm")) +
-           keep + way + u"。"_s;
+               byHand;
+
+    const QString way = rescue.script.isEmpty() ? byHand : u"运行“%1”，用备份恢复。"_s.arg(rescue.script);
+    const QString copy =
+        rescue.copied.isValid()
+            ? u"备份在“%1”，是 %2 的。\n\n"_s.arg(rescue.backup, dateText(rescue.copied, u"yyyy-mm-dd hh:mm"))
+            : u"备份路径是“%1”，但那里现在没有备份：请接上放备份的磁盘，或找出以前复制的 lunq.mdb。\n\n"_s.arg(
+                  rescue.backup);
+    return damage + copy + keep + way;
 }

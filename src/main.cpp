@@ -31,7 +31,7 @@ bool isCheckable() {
 /// Called in the thread of the check.
 void tellDamage() {
     QMetaObject::invokeMethod(
-        qApp, [] { tell(damageText(rescueOfCatalogue())); }, Qt::QueuedConnection);
+        qApp, [] { tell(damageText(rescueOfCatalogue()), BoxIcon::exclamation, u"错误提示"_s); }, Qt::QueuedConnection);
 }
 
 }  // namespace

@@ -32,8 +32,10 @@ cd "${to%/*}/" || fail "备份文件夹“${to%/*}/”不能打开，没有备�
 new=lunq-backup.$$
 trap 'rm -f "$new"' EXIT
 trap 'exit 1' HUP INT TERM
-sqlite3 "$from" '.timeout 60000' ".backup $new" && { sync "$new" 2>/dev/null || sync; } && mv -f "$new" "$to" ||
-    fail "图册数据库不能备份到“$to”。"
+sqlite3 "$from" '.timeout 60000' ".backup $new" || fail "图册数据库不能备份到“$to”。"
+[ "$(sqlite3 "$new" 'PRAGMA quick_check(1)' 2>/dev/null)" = ok ] ||
+    fail "图册数据库“$from”有损坏的地方，没有备份，以前的备份不变。"
+{ sync "$new" 2>/dev/null || sync; } && mv -f "$new" "$to" || fail "图册数据库不能备份到“$to”。"
 )sh"_s;
 
 // The lock file is the one by which the program notices a second copy of itself: number and name of the process, and

@@ -35,10 +35,10 @@ class TestDamageNotice : public QObject {
             if (!readable) mekTp::catalogue = {};
             const QString whole = damageText(rescueOfCatalogue());
             QVERIFY2(whole.contains(u"备份在“%1”，是 2026-03-04 05:06 的"_s.arg(backup)), qPrintable(whole));
-            QVERIFY(whole.contains(u"运行“%1”恢复"_s.arg(script)));
+            QVERIFY(whole.contains(u"运行“%1”，用备份恢复"_s.arg(script)));
         }
         QVERIFY(QFile::remove(script));
-        QVERIFY(damageText(rescueOfCatalogue()).contains(u"复制到损坏的"_s));
+        QVERIFY(damageText(rescueOfCatalogue()).contains(u"那一份复制到“"_s + mekTp::cataloguePath()));
     }
 };
 

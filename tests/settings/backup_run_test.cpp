@@ -215,6 +215,25 @@ class TestBackupRun : public QObject {
         }
     }
 
+    void goodBackupDoesNotMakeWayForADamagedCatalogue() {
+        for (const bool ownCopier : {true, false}) {
+            Backup backup;
+            if (!ownCopier) backup.places.copier += u"-missing"_s;
+            writeBackupScripts(backup.places);
+            addPicture(1, 100'000);
+            QVERIFY(succeeds(backup.bf()));
+            backup.closeCatalogue();
+            QFile catalogue(backup.places.catalogue);
+            QVERIFY(catalogue.open(QIODevice::ReadWrite) && catalogue.seek(catalogue.size() - 3 * 16384));
+            catalogue.write(QByteArray(3 * 16384, '\xff'));
+            catalogue.close();
+            QVERIFY(refuses(backup.bf(), u"有损坏的地方，没有备份"_s));
+            QCOMPARE(picturesIn(backup.places.backup), 1);
+            QCOMPARE(faultOf(backup.places.backup), QString());
+            QCOMPARE(backup.filesBesideBackup(), copyAndScript);
+        }
+    }
+
     void backupsTakeTurns() {
         const Backup backup;
         QLockFile other(backup.places.backup + u".lock"_s);

@@ -75,6 +75,12 @@ void copyPages(SQLite::Backup& backup, QFile& written) {
     throw Error(u"图册数据库一直在改动，没有备份。"_s);
 }
 
+/// A good backup must not make way for the copy of a damaged catalogue.
+void requireWhole(SQLite::Database& copy, const QString& from) {
+    if (copy.execAndGet("PRAGMA quick_check(1)").getString() != "ok")
+        throw Error(u"图册数据库“%1”有损坏的地方，没有备份，以前的备份不变。"_s.arg(from));
+}
+
 /// The copy is on the disk afterwards.
 void copyDatabase(const QString& from, const QString& to) {
     QFile written(to);
@@ -90,6 +96,7 @@ void copyDatabase(const QString& from, const QString& to) {
         copy.exec("PRAGMA synchronous = OFF");
         SQLite::Backup backup(copy, source);
         copyPages(backup, written);
+        requireWhole(copy, from);
     } catch (const SQLite::Exception& failed) {
         throw Error(u"“%1”不能备份到“%2”：%3。"_s.arg(from, to, QString::fromUtf8(failed.what())));
     }

@@ -52,8 +52,9 @@ bool hasDatabaseHeader(const QString& path) {
     return file.read(16) == QByteArray("SQLite format 3\0", 16);
 }
 
+/// The journal lies beside the file itself, not beside a link to it.
 int openFlags(const QString& path) {
-    const QFileInfo file(path);
+    const QFileInfo file(QFileInfo(path).canonicalFilePath());
     const bool writable = file.isWritable() && QFileInfo(file.absolutePath()).isWritable();
     return writable ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
 }
@@ -257,7 +258,10 @@ void Connection::giveBackSpace() {
 }
 
 Error Connection::error(int code) const {
-    return engineError(path_, code, QString::fromUtf8(sqlite3_errmsg(handle())));
+    const int extended = sqlite3_extended_errcode(handle());
+    const bool isSame = (extended & 0xff) == (code & 0xff);
+    return engineError(path_, isSame ? extended : code, QString::fromUtf8(sqlite3_errmsg(handle())),
+                       sqlite3_system_errno(handle()));
 }
 
 Error Connection::missingTable(const QString& table) const {

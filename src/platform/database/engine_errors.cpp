@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <array>
+#include <cerrno>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -37,7 +38,31 @@ QString statementFailure(const QString& message) {
     return u"语句不能执行（%1）"_s.arg(message);
 }
 
-QString reason(int code, const QString& message) {
+/// What has become of the file or the disk: what the engine calls a failure of reading or writing is often plainer.
+QString diskReason(int systemError) {
+    switch (systemError) {
+        case ENOSPC:
+            return u"磁盘已满"_s;
+        case EDQUOT:
+            return u"磁盘的限额已经用完"_s;
+        case EFBIG:
+            return u"磁盘放不下这么大的文件"_s;
+        case EROFS:
+            return u"磁盘是只读的，不能修改"_s;
+        case ENOENT:
+        case ENOTDIR:
+        case ENODEV:
+        case ENXIO:
+        case ESTALE:
+        case ENOTCONN:
+            return u"文件所在的磁盘或网络文件夹已经断开"_s;
+        default:
+            return u"读写文件失败"_s;
+    }
+}
+
+QString reason(int code, const QString& message, int systemError) {
+    if (code == SQLITE_READONLY_DBMOVED) return u"文件已被移走、删除或替换，不能修改"_s;
     switch (code & 0xff) {
         case SQLITE_FULL:
             return u"磁盘已满"_s;
@@ -54,7 +79,7 @@ QString reason(int code, const QString& message) {
         case SQLITE_NOTADB:
             return u"文件不是数据库，或已损坏"_s;
         case SQLITE_IOERR:
-            return u"读写文件失败"_s;
+            return diskReason(systemError);
         case SQLITE_CANTOPEN:
             return u"文件不能打开"_s;
         case SQLITE_NOMEM:
@@ -72,6 +97,6 @@ QString reason(int code, const QString& message) {
 
 }  // namespace
 
-Error engineError(const QString& path, int code, const QString& message) {
-    return Error(u"数据库文件“%1”：%2。"_s.arg(path, reason(code, message)));
+Error engineError(const QString& path, int code, const QString& message, int systemError) {
+    return Error(u"数据库文件“%1”：%2。"_s.arg(path, reason(code, message, systemError)));
 }

@@ -2,5 +2,6 @@
 
 #include "platform/base/error.h"
 
-/// An engine failure (result code and English text) in plain Chinese, with the file it happened in.
-Error engineError(const QString& path, int code, const QString& message);
+/// An engine failure (result code and English text) in plain Chinese, with the file it happened in. `systemError` is
+/// the error number of the system behind it, where there is one.
+Error engineError(const QString& path, int code, const QString& message, int systemError = 0);
