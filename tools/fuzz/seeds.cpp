@@ -2,6 +2,7 @@
 
 #include "platform/picture/picture_samples.h"
 #include "support/sample_catalogue.h"
+#include "tiny_jet.h"
 
 #include <sqlite3.h>
 
@@ -132,7 +133,10 @@ void catalogues(Seeds seeds) {
     oddCatalogues(seeds);
 }
 
+/// One made by hand, and what real ones there are.
 void foreignDatabases(Seeds seeds, const QString& samples) {
+    seeds.add(tinyJetDatabase(bmpBytes(24)));
+    if (samples.isEmpty()) return;
     constexpr qint64 quickToRead = 500'000;
     for (const QFileInfo& sample : QDir(samples).entryInfoList({u"*.mdb"_s}, QDir::Files)) {
         QFile file(sample.filePath());
@@ -151,6 +155,6 @@ int main(int argc, char** argv) {
     statements({folder, u"dialect"_s});
     typedTexts({folder, u"typed"_s});
     catalogues({folder, u"catalogue"_s});
-    if (arguments.size() > 2) foreignDatabases({folder, u"foreign"_s}, arguments[2]);
+    foreignDatabases({folder, u"foreign"_s}, arguments.value(2));
     return EXIT_SUCCESS;
 }
