@@ -25,6 +25,12 @@ void placeFirstCatalogue() {
     if (!copy.copy(part)) throw Error(u"新的像册文件“%1”不能写入：%2"_s.arg(catalogue, copy.errorString()));
     QFile placed(part);
     placed.setPermissions(placed.permissions() | QFile::ReadOwner | QFile::WriteOwner);
-    // Gets its name when it is whole, and only where no other file bears it.
-    if (!placed.rename(catalogue)) throw Error(u"新的像册文件“%1”不能写入：%2"_s.arg(catalogue, placed.errorString()));
+    // Gets its name when it is whole, and on the disk: a power cut must not leave an empty file of this name, which
+    // would never be replaced. And only where no other file bears it.
+    const bool opened = placed.open(QIODevice::ReadWrite);
+    if (opened) syncToDisk(placed);
+    placed.close();
+    if (!opened || !placed.rename(catalogue))
+        throw Error(u"新的像册文件“%1”不能写入：%2"_s.arg(catalogue, placed.errorString()));
+    syncFolderToDisk(programFolder());
 }

@@ -197,9 +197,9 @@ void transferToFile(const QString& table, const QString& number, int earlier, co
             notDone.add(vanished, number);
             return;
         }
-        if (!wasWritten(record, target, Sync::now, number, notDone) || !move) return;
+        if (!wasWritten(record, target, Sync::now, number, notDone)) return;
         syncFolderToDisk(target.folder);
-        record.Delete();
+        if (move) record.Delete();
     } catch (const std::exception& failure) {
         notDone.add(reasonOf(failure) + u"，序号"_s, number);
     }

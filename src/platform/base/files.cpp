@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <cerrno>
 #include <cstring>
 
@@ -91,6 +92,8 @@ void Kill(const QString& path) {
 void MkDir(const QString& path) {
     if (QFileInfo::exists(path)) throw Error(u"文件夹“%1”不能建立：同名的文件或文件夹已存在。"_s.arg(path));
     if (!QDir().mkdir(path)) throw Error(u"文件夹“%1”不能建立。"_s.arg(path));
+    // What is moved into it goes with it when its own name is lost. Not every parent can be opened.
+    attempt([&] { syncFolderToDisk(QFileInfo(QDir::cleanPath(path)).absolutePath()); });
 }
 
 void RmDir(const QString& path) {
@@ -98,7 +101,7 @@ void RmDir(const QString& path) {
     if (!QDir().rmdir(path)) throw Error(u"文件夹“%1”不能删除：它不是空的，或没有权限。"_s.arg(path));
 }
 
-void syncToDisk(QFile& file) {
+void syncToDisk(QFileDevice& file) {
     if (!file.flush()) throw Error(u"文件“%1”不能写入：%2"_s.arg(file.fileName(), file.errorString()));
 #ifdef Q_OS_UNIX
     if (fsync(file.handle()) != 0) failToSync(file.fileName());
@@ -124,4 +127,12 @@ void syncFileSystemOf(const QString& folder) {
 #else
     Q_UNUSED(folder);
 #endif
+}
+
+bool commitToDisk(QSaveFile& file) {
+    syncToDisk(file);
+    if (!file.commit()) return false;
+    // Behind a link it is the file itself that was replaced.
+    syncFolderToDisk(QFileInfo(QFileInfo(file.fileName()).canonicalFilePath()).path());
+    return true;
 }

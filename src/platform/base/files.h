@@ -3,7 +3,8 @@
 #include <QDateTime>
 #include <QString>
 
-class QFile;
+class QFileDevice;
+class QSaveFile;
 
 /// Files and folders. All functions throw `Error` that names the path, unless they say otherwise.
 
@@ -20,11 +21,16 @@ QDateTime FileDateTime(const QString& path);  ///< Time of the last change, loca
 bool fileExists(const QString& path);         ///< Does not throw.
 bool folderExists(const QString& path);       ///< Does not throw.
 void Kill(const QString& path);
-void MkDir(const QString& path);
+void MkDir(const QString& path);  ///< On the disk when it returns.
 void RmDir(const QString& path);  ///< Only an empty folder.
 
 /// Waits until what was written is on the disk: to an open file; the names in a folder; all that was written to the
 /// file system on which a folder lies, which for many files is quicker than each by itself.
-void syncToDisk(QFile& file);
+void syncToDisk(QFileDevice& file);
 void syncFolderToDisk(const QString& path);
 void syncFileSystemOf(const QString& folder);
+
+/// Gives a file that was written beside its place its name. Its bytes are on the disk before, the name afterwards: no
+/// power cut leaves half a file, or the old one after the new was told to be there. False when the name cannot be
+/// given; the file tells why.
+bool commitToDisk(QSaveFile& file);

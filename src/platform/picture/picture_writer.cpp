@@ -1,4 +1,5 @@
 #include "platform/base/error.h"
+#include "platform/base/files.h"
 #include "platform/picture/picture.h"
 
 #include <QBuffer>
@@ -44,7 +45,7 @@ void save(const QImage& image, const QString& path, const char* format, int qual
     if (!file.open(QIODevice::WriteOnly)) throw Error(text.arg(name, reasonOf(file)));
     QImageWriter writer(&file, format);
     writer.setQuality(quality);
-    if (!writer.write(onWhite(image)) || !file.commit()) throw Error(text.arg(name, reasonOf(file)));
+    if (!writer.write(onWhite(image)) || !commitToDisk(file)) throw Error(text.arg(name, reasonOf(file)));
 }
 
 }  // namespace
