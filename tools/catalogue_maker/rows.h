@@ -15,8 +15,8 @@ struct PictureFile {
     qint64 bytes = 0;
 };
 
-using Cell = std::variant<Variant, PictureFile>;
-using Row = std::vector<std::pair<QString, Cell>>;
+using ColumnValue = std::variant<Variant, PictureFile>;
+using Row = std::vector<std::pair<QString, ColumnValue>>;
 
 /// Adds one row; columns that are not named stay Null.
 void addRow(const Database& database, const QString& table, const Row& row);

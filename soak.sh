@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds the program for the soak, and puts it to the test:
+#   ./soak.sh                          kills it 500 times at work, and 500 times on a disk that loses unsynced writes
+#   ./soak.sh kill [--kills N] [--minutes N] [--seed N] [--unsynced] [--only SCENES]
+#   ./soak.sh session [--minutes N]    works it for long and watches what it takes
+set -euo pipefail
+cd -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")"
+. tools/setup.sh
+
+what=${1:-all}
+if [ $# -gt 0 ]; then shift; fi
+install_packages "${required_packages[@]}"
+build_preset release fresh_catalogue lunq-soak
+
+# In memory, if there is room: it is the processes that are to die, not the disk.
+folder=$(mktemp -d "${TMPDIR:-/tmp}/lunq-soak.XXXXXX")
+trap 'rmdir "$folder/program" "$folder" 2>/dev/null || say_step "What was found lies in $folder"' EXIT
+soak() {
+    QT_LOGGING_RULES='*=false' nice -n 19 build/release/bin/lunq-soak --folder "$folder/program" "$@"
+}
+
+case "$what" in
+    all)
+        say_step "500 kills"
+        soak "$@"
+        say_step "500 kills on a disk that loses what was not synced"
+        soak --unsynced "$@"
+        ;;
+    kill) soak "$@" ;;
+    session) soak --session 1000000 "$@" ;;
+    *) stop_with "There is no soak \"$what\": kill or session, or nothing for both kinds of kills." ;;
+esac

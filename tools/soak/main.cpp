@@ -1,0 +1,74 @@
+#include "platform/base/error.h"
+#include "soak/killer.h"
+#include "soak/session.h"
+#include "soak/unsynced_vfs.h"
+#include "soak/worked_program.h"
+
+#include <unistd.h>
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <cstdio>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Plays the scenes in turn until killed; a line "-" among them ends it there.
+int work(const QString& folder, quint64 seed, const QStringList& scenes) {
+    qsizetype played = 0;
+    return workProgram(folder, seed, Report(STDOUT_FILENO), [&] {
+        const QString& scene = scenes[played++ % scenes.size()];
+        return scene == u"-" ? QString() : scene;
+    });
+}
+
+int run(QApplication& application) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        u"Kills the working program time and again and looks at what it has left, or works it for long and looks at "
+        "what it takes."_s);
+    parser.addHelpOption();
+    const auto option = [&](const QString& name, const QString& text, const QString& value = {},
+                            const QString& usual = {}) {
+        parser.addOption({name, text, value, usual});
+    };
+    option(u"kills"_s, u"How often to kill it."_s, u"number"_s, u"500"_s);
+    option(u"minutes"_s, u"End after this time in any case."_s, u"number"_s, u"60"_s);
+    option(u"seed"_s, u"Of all that happens by chance."_s, u"number"_s, u"1"_s);
+    option(u"unsynced"_s, u"Lose with the process what the engine has not synced, as a power cut does."_s);
+    option(u"only"_s, u"Scenes to kill it in, with commas between them."_s, u"scenes"_s);
+    option(u"session"_s, u"Do not kill it: play so many rounds of scenes and watch memory and files."_s, u"rounds"_s);
+    option(u"folder"_s, u"Where to work."_s, u"folder"_s, QDir::temp().filePath(u"lunq-soak/program"_s));
+    option(u"work"_s, u"Be the worked program, in this folder."_s, u"folder"_s);
+    option(u"scenes"_s, u"What the worked program is to do."_s, u"scenes"_s);
+    parser.process(application);
+    const quint32 seed = parser.value(u"seed"_s).toUInt();
+    if (parser.isSet(u"work"_s)) {
+        if (parser.isSet(u"unsynced"_s)) loseUnsyncedWrites(seed);
+        return work(parser.value(u"work"_s), parser.value(u"seed"_s).toULongLong(),
+                    parser.value(u"scenes"_s).split(u','));
+    }
+    const QString fresh = QDir(QCoreApplication::applicationDirPath()).filePath(u"../lunq-fresh.mdb"_s);
+    const int minutes = parser.value(u"minutes"_s).toInt();
+    if (parser.isSet(u"session"_s))
+        return playSession({fresh, parser.value(u"folder"_s), parser.value(u"session"_s).toInt(), minutes, seed});
+    return killAgainAndAgain({QCoreApplication::applicationFilePath(), fresh, parser.value(u"folder"_s),
+                              parser.value(u"kills"_s).toInt(), minutes, seed, parser.isSet(u"unsynced"_s),
+                              parser.value(u"only"_s).split(u',', Qt::SkipEmptyParts)});
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(u"lunq"_s);
+    try {
+        return run(application);
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "lunq-soak: %s\n", failure.what());
+        return 2;
+    }
+}
