@@ -5,23 +5,25 @@
 #include "catalogue/picture_field.h"
 #include "editor/painting.h"
 #include "editor/rotation.h"
+#include "memory.h"
 #include "platform/desktop/look.h"
 #include "scene.h"
+#include "table.h"
 #include "timing.h"
 
 #include <QFile>
 #include <QTransform>
-#include <cstdio>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+constexpr auto topic = "editor";
 constexpr double degrees = 33;
 constexpr int quality = 80;
 
 void report(const char* what, double time, const char* peer, double peerTime) {
-    std::printf("%-26s %7.1f ms   %-26s %7.1f ms   %.2f x\n", what, time, peer, peerTime, time / peerTime);
+    row(topic, {.what = what, .measured = time, .peer = peer, .peerMeasured = peerTime});
 }
 
 void timePixels(const std::function<double(const std::function<void()>&)>& time) {
@@ -52,7 +54,7 @@ void timePixels(const std::function<double(const std::function<void()>&)>& time)
                scaled(factor, Qt::SmoothTransformation));
 }
 
-void fillAlbum(const QByteArray& picture) {
+void storeTwice(const QByteArray& picture) {
     Recordset album = mekTp::catalogue.OpenRecordset(u"tc01"_s);
     for (int i = 0; i < 2; ++i, album.MoveNext()) {
         album.Edit();
@@ -84,28 +86,13 @@ void timeSteps(EditorWindow& editor, const QByteArray& picture,
     report("opening, with its step", time([&] { editor.trigger(u"mnuTy"_s); }), "decoding", decoding);
 }
 
-/// A number of kilobytes that the system tells about this process, in megabytes.
-double memory(const QByteArray& key) {
-    QFile status(u"/proc/self/status"_s);
-    if (!status.open(QIODevice::ReadOnly)) return 0;
-    for (const QByteArray& line : status.readAll().split('\n'))
-        if (line.startsWith(key)) return line.mid(key.size()).simplified().split(' ').first().toDouble() / 1024;
-    return 0;
-}
-
-void forgetPeak() {
-    QFile peak(u"/proc/self/clear_refs"_s);
-    if (peak.open(QIODevice::WriteOnly)) peak.write("5");
-}
-
 /// Opening, then every operation at the size of the photograph, and back.
 void tellMemory(EditorWindow& editor) {
     forgetPeak();
     const double before = memory("VmRSS:");
-    const auto tell = [&](const char* after) {
+    const auto tell = [&](const std::string& after) {
         QApplication::processEvents();
-        std::printf("memory after %-22s %5.0f MB, at most %5.0f MB\n", after, memory("VmRSS:") - before,
-                    memory("VmHWM:") - before);
+        row(topic, {.what = "memory after " + after, .measured = memory("VmRSS:") - before, .unit = "MB"});
     };
     openFromAlbum(editor);
     tell("opening");
@@ -120,6 +107,7 @@ void tellMemory(EditorWindow& editor) {
     tell("opening again");
     editor.rotate(QString::number(degrees));
     tell("a rotation to 23 million");
+    row(topic, {.what = "the most of it", .measured = memory("VmHWM:") - before, .unit = "MB"});
 }
 
 }  // namespace
@@ -132,9 +120,8 @@ int main(int argc, char** argv) {
     const auto time = [&](const std::function<void()>& work) { return medianMilliseconds(rounds, work); };
 
     const QByteArray picture = encodeJpeg(photograph(), quality);
-    std::printf("photograph of 12 megapixels, %.1f MB as JPEG\n", double(picture.size()) / 1e6);
     EditorWindow editor;
-    fillAlbum(picture);
+    storeTwice(picture);
     tellMemory(editor);
     openFromAlbum(editor);
     timeSteps(editor, picture, time);

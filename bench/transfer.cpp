@@ -4,18 +4,18 @@
 #include "../tests/support/sample_catalogue.h"
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
+#include "filling.h"
 #include "intake/transfer_run.h"
 #include "platform/base/error.h"
+#include "table.h"
 #include "timing.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <vector>
 
 using namespace Qt::Literals::StringLiterals;
@@ -25,22 +25,13 @@ namespace {
 constexpr qsizetype pictureBytesCount = 4000000;
 constexpr int rounds = 5;
 
-QStringList fillAlbum(int count) {
+QStringList makeAlbum(int count) {
     QByteArray picture = pictureBytes({400, 300}, Qt::darkGreen);
     picture.append(QByteArray(pictureBytesCount - picture.size(), 'x'));
-    QStringList numbers;
     mekTp::catalogue.Execute(u"DELETE FROM [tc01]"_s);
-    Transaction together(mekTp::catalogue);
-    Recordset album = mekTp::catalogue.OpenRecordset(u"tc01"_s);
-    for (int i = 1; i <= count; ++i) {
-        album.AddNew();
-        album.Fields(u"序号"_s).SetValue(i);
-        album.Fields(u"编号"_s).SetValue(u"a"_s);
-        album.Fields(u"图片"_s).SetValue(picture);
-        album.Update();
-        numbers << QString::number(i);
-    }
-    together.commit();
+    fillAlbum(mekTp::catalogue, u"tc01"_s, count, [&](int) { return picture; });
+    QStringList numbers;
+    for (int i = 1; i <= count; ++i) numbers << QString::number(i);
     return numbers;
 }
 
@@ -69,18 +60,9 @@ class Round {
     QTemporaryDir folder_;
 };
 
-double milliseconds(const std::function<void()>& work) {
-    return medianMilliseconds(1, work);
-}
-
-double median(std::vector<double> times) {
-    std::ranges::sort(times);
-    return times[times.size() / 2];
-}
-
 void compare(int count, const QString& parent) {
     const SampleCatalogue catalogue;
-    const QStringList numbers = fillAlbum(count);
+    const QStringList numbers = makeAlbum(count);
     const Round files(parent);
     requireDone(transferToFiles(u"tc01"_s, numbers, files.path(), [](int) {}));
 
@@ -108,11 +90,15 @@ void compare(int count, const QString& parent) {
                 milliseconds([&] { requireDone(transferToTable(u"tc01"_s, numbers, target, false, [](int) {})); }));
         }
     }
-    std::printf("%d pictures of %.0f MB\n", count, double(pictureBytesCount) / 1e6);
-    const double base = median(plain);
-    std::printf("  cp and sync         %9.1f ms\n", base);
-    std::printf("  to a folder         %9.1f ms  %5.2f times\n", median(folder), median(folder) / base);
-    std::printf("  to another catalogue%9.1f ms  %5.2f times\n", median(table), median(table) / base);
+    const std::string these = std::to_string(count) + " pictures of 4 MB";
+    const auto tell = [&](const char* where, const std::vector<double>& times) {
+        row("transfer", {.what = "take " + these + " " + where,
+                         .measured = median(times),
+                         .peer = "cp and sync of such files",
+                         .peerMeasured = median(plain)});
+    };
+    tell("out to a folder", folder);
+    tell("to another catalogue", table);
 }
 
 }  // namespace

@@ -1,0 +1,102 @@
+// Times the deletion of 1,000 pictures of 3 MB by the pages of the settings window, until the file is small again,
+// beside the same of 1,000 files. Run by hand: bench_deletion [pictures]
+
+#include "../tests/settings/editing_window.h"
+#include "filling.h"
+#include "platform/desktop/look.h"
+#include "table.h"
+#include "timing.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr auto topic = "deletion";
+constexpr int mostMilliseconds = 3000;
+constexpr int patience = 60000;
+constexpr qint64 pictureLength = 3000000;
+
+/// A small picture behind which as many bytes lie as a photograph has.
+QByteArray picture() {
+    QByteArray bytes = pictureBytes({400, 300}, Qt::darkGreen);
+    return bytes.append(QByteArray(pictureLength - bytes.size(), 'x'));
+}
+
+qint64 fileLength() {
+    return QFileInfo(mekTp::cataloguePath()).size();
+}
+
+void makeAlbum(int pictures) {
+    mekTp::catalogue.Execute(u"DELETE FROM [tc01]"_s);
+    fillAlbum(mekTp::catalogue, u"tc01"_s, pictures, [bytes = picture()](int) { return bytes; });
+}
+
+/// Until the file holds hardly more than it does without the pictures.
+void waitForSpace() {
+    if (!QTest::qWaitFor([] { return fileLength() < 10 * pictureLength; }, patience))
+        std::fprintf(stderr, "the file keeps %lld MB\n", fileLength() / 1000000);
+}
+
+/// The page's own way with an album: chosen, "删 除", "确定".
+double albumDeleted(SettingsWindow& window) {
+    window.tabs().setCurrentIndex(1);
+    window.choose(u"cboFc"_s, u"tc01"_s);
+    return milliseconds([&] { window.click(u"cmdFs"_s); });
+}
+
+double filesDeleted(int count) {
+    const QTemporaryDir folder;
+    const QByteArray bytes = picture();
+    for (int i = 0; i < count; ++i) {
+        QFile file(folder.filePath(QString::number(i)));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) return 0;
+    }
+    QProcess::execute(u"sync"_s, QStringList());
+    return milliseconds([&] {
+        QProcess::execute(u"rm"_s, {u"-r"_s, folder.path()});
+        QProcess::execute(u"sync"_s, QStringList());
+    });
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    applyLook(application);
+    const int pictures = argc > 1 ? std::max(20, std::atoi(argv[1])) : 1000;
+    const std::string these = std::to_string(pictures) + " pictures of 3 MB";
+    const double files = filesDeleted(pictures);
+    {
+        SettingsWindow window;
+        makeAlbum(pictures);
+        double click = 0;
+        const double all = milliseconds([&] {
+            click = albumDeleted(window);
+            waitForSpace();
+        });
+        row(topic, {.what = "delete an album of " + these + ", space given back",
+                    .measured = all,
+                    .peer = "rm and sync of such files",
+                    .peerMeasured = files,
+                    .atMost = mostMilliseconds});
+        row(topic, {.what = "of it the click itself", .measured = click});
+    }
+    {
+        EditingWindow window(QString{});
+        makeAlbum(pictures);
+        window.choose(u"cboBm"_s, u"tc01"_s);
+        double longest = 0;
+        const double all = milliseconds([&] {
+            for (int i = 0; i < pictures; ++i)
+                longest = std::max(longest, milliseconds([&] { window.click(u"cmdSc"_s); }));
+            waitForSpace();
+        });
+        row(topic, {.what = "delete " + these + " one by one, space given back",
+                    .measured = all,
+                    .peer = "rm and sync of such files",
+                    .peerMeasured = files,
+                    .atMost = mostMilliseconds});
+        row(topic, {.what = "the longest of these clicks", .measured = longest});
+    }
+}

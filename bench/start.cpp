@@ -1,0 +1,97 @@
+// Times the start of the album, from the start of its process until its event loop is idle for the first time, beside a
+// bare window: the shipped catalogue with 20 more albums, 100,000 pictures in total. Run by hand: bench_start [rounds]
+
+#include "catalogue/album_rules.h"
+#include "catalogue/mektp.h"
+#include "filling.h"
+#include "platform/base/error.h"
+#include "platform/base/files.h"
+#include "settings/album_changes.h"
+#include "table.h"
+#include "timing.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int albums = 20;
+constexpr int picturesPerAlbum = 5000;
+
+void copy(const QString& from, const QString& to) {
+    if (!QFile::copy(from, to)) throw Error(u"%1 → %2"_s.arg(from, to));
+}
+
+/// The last album that was open is one of the new ones.
+void makeCatalogue(const QString& folder) {
+    setProgramFolder(folder);
+    copy(QStringLiteral(LUNQ_FRESH_CATALOGUE), mekTp::cataloguePath());
+    QFile::setPermissions(mekTp::cataloguePath(), QFile::ReadOwner | QFile::WriteOwner);
+    mekTp::openCatalogue();
+    const QByteArray picture(3000, 'p');
+    const int shipped = int(allAlbums(mekTp::catalogue).size());
+    for (int number = shipped; number < shipped + albums; ++number) {
+        const Album album{QString::number(number + 1), albumTableName(number), u"第%1册"_s.arg(number), {}};
+        createAlbum(mekTp::catalogue, album);
+        fillAlbum(mekTp::catalogue, album.table, picturesPerAlbum, [&](int) { return picture; });
+    }
+    Recordset settings = mekTp::catalogue.OpenRecordset(u"tcsz"_s);
+    settings.Edit();
+    settings.Fields(u"当前像册"_s).SetValue(albumTableName(shipped).mid(2));
+    settings.Update();
+    settings = {};
+    mekTp::catalogue = {};
+}
+
+struct Start {
+    double clock;    ///< From outside: until the program tells that it is idle.
+    double process;  ///< From within, the loading of its libraries not counted.
+};
+
+Start start(const QString& program) {
+    QProcess process;
+    QElapsedTimer timer;
+    timer.start();
+    process.start(program, QStringList());
+    if (!process.waitForReadyRead()) throw Error(program);
+    const double clock = double(timer.nsecsElapsed()) / 1e6;
+    const double within = process.readLine().toDouble();
+    process.waitForFinished();
+    return {clock, within};
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QCoreApplication application(argc, argv);
+    const int rounds = argc > 1 ? std::max(1, std::atoi(argv[1])) : 21;
+    const QTemporaryDir folder;
+    makeCatalogue(folder.path());
+    const QString album = folder.filePath(u"start_album"_s);
+    copy(QCoreApplication::applicationDirPath() + u"/start_album"_s, album);
+    const QString bare = QCoreApplication::applicationDirPath() + u"/start_bare"_s;
+
+    std::vector<double> albumClock, albumProcess, bareClock, bareProcess;
+    for (int i = 0; i < rounds; ++i) {  // they take turns, so that both meet the same moods of the machine
+        const Start one = start(album), other = start(bare);
+        albumClock.push_back(one.clock);
+        albumProcess.push_back(one.process);
+        bareClock.push_back(other.clock);
+        bareProcess.push_back(other.process);
+    }
+    row("start", {.what = "start of the process to first idle, 20 albums, 100,000 pictures",
+                  .measured = median(albumClock),
+                  .peer = "bare Qt window",
+                  .peerMeasured = median(bareClock),
+                  .timesPeer = 1.5});
+    row("start", {.what = "the same without the loading of libraries",
+                  .measured = median(albumProcess),
+                  .peer = "bare Qt window",
+                  .peerMeasured = median(bareProcess)});
+}
