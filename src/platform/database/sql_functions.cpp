@@ -4,7 +4,9 @@
 
 #include <sqlite3.h>
 
+#include <QDate>
 #include <algorithm>
+#include <array>
 #include <string_view>
 
 namespace {
@@ -68,10 +70,38 @@ void lCase(sqlite3_context* context, int, sqlite3_value** arguments) {
     giveText(context, QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toLower());
 }
 
+constexpr std::string_view storedForm = "0000-00-00 00:00:00";  // zeros stand for digits
+constexpr size_t dayLength = 10;
+
+bool isInStoredForm(std::string_view text) {
+    const auto fits = [](char c, char form) { return form == '0' ? c >= '0' && c <= '9' : c == form; };
+    return std::ranges::equal(text, storedForm, fits);
+}
+
+int numberIn(std::string_view digits) {
+    int number = 0;
+    for (const char digit : digits) number = number * 10 + (digit - '0');
+    return number;
+}
+
+/// Albums ask for the day of each of their records: those in the form in which dates are stored are read as they are.
+bool isStoredDate(std::string_view text) {
+    return isInStoredForm(text) && numberIn(text.substr(11, 2)) < 24 && numberIn(text.substr(14, 2)) < 60 &&
+           numberIn(text.substr(17, 2)) < 60 &&
+           QDate::isValid(numberIn(text.substr(0, 4)), numberIn(text.substr(5, 2)), numberIn(text.substr(8, 2)));
+}
+
 /// DateValue(x): the day of a date at midnight, in the form in which dates are stored; Null for what is no date.
 void dateValue(sqlite3_context* context, int, sqlite3_value** arguments) {
     if (isNull(arguments[0])) return;
     const std::string_view text = textOf(arguments[0]);
+    if (isStoredDate(text)) {
+        std::array<char, storedForm.size()> day{};
+        std::ranges::copy(storedForm, day.begin());
+        std::ranges::copy(text.substr(0, dayLength), day.begin());
+        sqlite3_result_text(context, day.data(), int(day.size()), SQLITE_TRANSIENT);
+        return;
+    }
     const auto date = dateFromText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
     if (date) giveText(context, dateText(*date, u"yyyy-mm-dd 00:00:00"));
 }
