@@ -132,8 +132,8 @@ void frmTp::applyColours() {
         if (isDark(ground)) words.setColor(QPalette::Text, lightInk);
         strip_->txtD1->setPalette(words);
         setStyleSheet(isDark(ground) ? darkBars() : QString());
-        const IconGround icons = isDark(ground) ? IconGround::dark : IconGround::light;
-        strip_->tlb1->setIconSource([icons](const QString& key) { return toolIcon(key, icons); });
+        if (isDark(ground))
+            strip_->tlb1->setIconSource([](const QString& key) { return toolIcon(key, IconGround::dark); });
     });
     attempt([&] { buttons_->shpAb->setBorderColor(colour(u"外框"_s)); });
     attempt([&] { buttons_->shpAb->setFillColor(colour(u"填充"_s)); });

@@ -30,12 +30,23 @@ ScreenPanel::ScreenPanel(ToolBar* bar, QWidget* form) : bar_(bar) {
     txtB0 = make<CaptionBox>(pic0, u"txtB0"_s);
     txtB0->hide();
     scroll_ = std::make_unique<WheelScroll>(pic0);
-    attempt([&] { img0->setPicture(LoadPicture(u":/pictures/start.jpg"_s)); });
 }
 
 void ScreenPanel::layOut(const Box& page) {
     place(pic0, page.left, page.top, page.width, page.height);
     placePicture({page.width, page.height});
+    fitStartPicture();
+}
+
+// Decoded for the panel's size, which a start would otherwise wait for several times as long.
+void ScreenPanel::fitStartPicture() {
+    const Picture& shown = img0->picture();
+    if (!shown.isNull() && shown.image().cacheKey() != startPicture_) return;
+    const QSize size = img0->targetSize();
+    const bool isWhole = !shown.isNull() && shown.image().size() == shown.pixels();
+    if (isWhole || size.boundedTo(shown.image().size()) == size) return;
+    attempt([&] { img0->setPicture(LoadPicture(u":/pictures/start.jpg"_s, size)); });
+    startPicture_ = img0->picture().image().cacheKey();
 }
 
 void ScreenPanel::placePicture(QSize size) {

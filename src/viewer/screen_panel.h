@@ -36,6 +36,8 @@ class ScreenPanel {
 
   private:
     void placePicture(QSize size);
+    void fitStartPicture();
     ToolBar* bar_;
+    qint64 startPicture_ = 0;  ///< Cache key of the picture with which the window comes up.
     std::unique_ptr<WheelScroll> scroll_;
 };
