@@ -1,27 +1,37 @@
-// Pictures from memory: whole, and for targets of several sizes, which take different ways through the decoder.
+// Pictures from memory: whole, and for targets of several sizes, which take different ways through the decoder; the
+// small pictures that cameras put in front.
 
 #include "platform/picture/picture.h"
 
 #include "fuzzing.h"
+#include "platform/picture/preview.h"
 
 #include <unistd.h>
 
+#include <QBuffer>
+
 using namespace Qt::Literals::StringLiterals;
 
-extern "C" {
+namespace {
 
-/// Stands in for the system's function (the linker wraps it): a computer of little memory, whose limits keep the runs
-/// short.
-long __real_sysconf(int name);
-long __wrap_sysconf(int name) {
-    constexpr long pagesOfSmallComputer = 1 << 15;
-    return name == _SC_PHYS_PAGES ? pagesOfSmallComputer : __real_sysconf(name);
+constexpr QSize smallest(1, 1);
+
+/// A device that cannot go back, from which pictures are read by the library alone.
+class ForwardOnly : public QBuffer {
+  public:
+    bool isSequential() const override { return true; }
+};
+
+QImage readByLibrary(const QByteArray& bytes) {
+    ForwardOnly device;
+    device.setData(bytes);
+    device.open(QIODevice::ReadOnly);
+    return LoadPicture(device, u"图"_s, smallest).image();
 }
 
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const QByteArray bytes = bytesOf(data, size);
+void readForTargets(const QByteArray& bytes) {
     QSize whole;
-    for (const QSize target : {QSize(), QSize(1, 1), QSize(64, 48), QSize(300, 2)}) {
+    for (const QSize target : {QSize(), smallest, QSize(64, 48), QSize(300, 2)}) {
         goesThrough([&] {
             const Picture picture = LoadPicture(bytes, u"图"_s, target);
             const QSize image = picture.image().size();
@@ -36,6 +46,50 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
             whole = pixels;
         });
     }
+}
+
+/// Whether some frame of a JPEG has colours of half the height and width, which the library reads finer than by their
+/// means.
+bool hasCoarseColours(const QByteArray& bytes) {
+    constexpr qsizetype placeOfSampling = 11;
+    for (qsizetype at = 0; at + placeOfSampling < bytes.size(); ++at) {
+        const bool isFrame = bytes[at] == '\xFF' && (bytes[at + 1] == '\xC0' || bytes[at + 1] == '\xC1');
+        if (isFrame && bytes[at + placeOfSampling] == '\x22') return true;
+    }
+    return false;
+}
+
+void readBothWays(const QByteArray& bytes) {
+    QImage quick;
+    QImage thorough;
+    goesThrough([&] { quick = LoadPicture(bytes, u"图"_s, smallest).image(); });
+    goesThrough([&] { thorough = readByLibrary(bytes); });
+    expect(quick.size() == thorough.size() && (quick == thorough || hasCoarseColours(bytes)),
+           "the quick way leads where the library's leads");
+}
+
+void readPreview(const QByteArray& bytes) {
+    const Picture preview = LoadPreview(bytes.first(qMin(bytes.size(), previewReach)));
+    expect(preview.isNull() || !preview.pixels().isEmpty(), "a preview is a picture or nothing");
+}
+
+}  // namespace
+
+extern "C" {
+
+/// Stands in for the system's function (the linker wraps it): a computer of little memory, whose limits keep the runs
+/// short.
+long __real_sysconf(int name);
+long __wrap_sysconf(int name) {
+    constexpr long pagesOfSmallComputer = 1 << 15;
+    return name == _SC_PHYS_PAGES ? pagesOfSmallComputer : __real_sysconf(name);
+}
+
+int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const QByteArray bytes = bytesOf(data, size);
+    readForTargets(bytes);
+    if (bytes.startsWith("\xFF")) readBothWays(bytes);
+    goesThrough([&] { readPreview(bytes); });
     return 0;
 }
 

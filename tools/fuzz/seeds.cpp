@@ -41,11 +41,18 @@ class Seeds {
 void pictures(Seeds seeds) {
     using Kind = JpegOptions::Kind;
     const QImage image = quadrants({48, 40});
-    for (const Kind kind : {Kind::baseline, Kind::progressive, Kind::coloursApart, Kind::grayscale, Kind::inks}) {
+    for (const Kind kind : {Kind::baseline, Kind::progressive, Kind::coloursApart, Kind::grayscale, Kind::inks,
+                            Kind::lights, Kind::arithmetic}) {
         seeds.add(jpegBytes(image, {kind}));
         seeds.add(jpegBytes(image, {kind, 6, kind == Kind::progressive}));
         seeds.add(jpegBytes(image, {kind}) + QByteArray(30, '\0'));
     }
+    for (const QSize sampling : {QSize(1, 1), QSize(2, 1), QSize(1, 2)}) {
+        seeds.add(jpegBytes(image, {.sampling = sampling, .restartInterval = 2}));
+        seeds.add(jpegBytes(image, {.sampling = sampling, .quality = 40, .ownCodes = true}));
+    }
+    for (const bool bigEndian : {false, true})
+        seeds.add(withPreview(jpegBytes(image), jpegBytes(quadrants({16, 12})), 8, bigEndian));
     seeds.add(withMoreScans(jpegBytes(image, {Kind::progressive}), 30));
     seeds.add(withSides(jpegBytes(image), {4000, 3000}));
     for (const int depth : {1, 4, 8, 16, 24, 32}) seeds.add(bmpBytes(depth, depth == 24));
