@@ -4,6 +4,7 @@
 #include "catalogue/picture_field.h"
 #include "catalogue/renumbering.h"
 #include "fuzzing.h"
+#include "platform/database/file_check.h"
 
 #include <sqlite3.h>
 
@@ -25,6 +26,8 @@ void readRecord(Recordset& rows) {
             if (field.Type() != FieldType::longBinary) return;
             expect(field.GetChunk(0, field.FieldSize()).size() == field.FieldSize(), "a value has its length");
             pictureFromField(rows, field.Name(), {64, 48});
+            const StoredValue value = rows.storedAt(rows.row(), field.Name());
+            expect(value.read(0, value.size()).size() == value.size(), "a value has its length later, too");
         });
     }
 }
@@ -94,6 +97,7 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QByteArray bytes = bytesOf(data, size);
     const bool isFile = bytes.startsWith("SQLite") || bytes.contains('\0');
     const QString path = isFile ? scratchFile(u"lunq.mdb"_s, bytes) : fileMadeBy(bytes);
+    goesThrough([&] { FileCheck(path).run(); });
     goesThrough([&] { useCatalogue(path); });
     return 0;
 }

@@ -70,7 +70,7 @@ void statements(Seeds seeds) {
         SELECT a.序号, b.标题 FROM tc01 a LEFT JOIN tcbm b ON a.序号 = b.序号 WHERE a.序号 IN (1,2,3) ⏎ 序号 = 2
         SELECT * FROM (SELECT * FROM tc01 UNION ALL SELECT * FROM tc01) LIMIT 3 ⏎ 0 UNION SELECT 5
         DELETE FROM tc01 WHERE 序号 = 3 ⏎ 1
-        DROP TABLE tcbm
+        DROP TABLE tcbm ⏎ 2003-10-01 12:30:59
         CREATE TABLE tc02 ([序号] LONG PRIMARY KEY,[编号] TEXT(10) NOT NULL,[图片] LONGBINARY,[备注] MEMO DEFAULT 'x')
         SELECT `序号`, 1.5e3, &H1F, 'it''s', #2003/10/1 12:30# FROM tc01 ⏎ 序号 BETWEEN 1 AND 2)"_s);
 }
