@@ -1,5 +1,6 @@
 #include "platform/picture/bmp_reader.h"
 
+#include "platform/picture/memory_share.h"
 #include "platform/picture/refusal.h"
 
 #include <QImageReader>
@@ -26,7 +27,9 @@ Picture readBmp(QIODevice& device, const QString& name) {
     const QSize pixels(stored.width(), qAbs(stored.height()));  // Negative when the rows run downwards.
     checkSides(pixels, name);
     checkSubstance(pixels, device.size(), name);
-    checkMemory(imageBytes(pixels), pixels, name);
+    const qint64 bytes = imageBytes(pixels) * 5 / 4;  // One of few colours is held beside what becomes of it.
+    checkMemory(bytes, pixels, name);
+    const MemoryShare share(bytes);
 
     QImage image;
     if (!reader.read(&image)) refusePicture(name, u"图片已损坏"_s);

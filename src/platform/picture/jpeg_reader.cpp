@@ -2,6 +2,7 @@
 
 #include "platform/picture/exif.h"
 #include "platform/picture/jpeg_source.h"
+#include "platform/picture/memory_share.h"
 #include "platform/picture/refusal.h"
 
 #include <csetjmp>
@@ -46,7 +47,9 @@ class JpegReader {
         const Orientation orientation = storedOrientation();
         const QSize pixels = turned(storedSize(), orientation);
         chooseScale(turned(target, orientation));
-        checkMemory(bytesToHold(orientation), pixels, name_);
+        const qint64 bytes = bytesToHold(orientation);
+        checkMemory(bytes, pixels, name_);
+        const MemoryShare share(bytes);
         const QImage stored = decode();
         if (source_.readFailed()) refusePicture(name_, u"读取失败"_s);
         const QImage upright = uprightImage(stored, orientation);
