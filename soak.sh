@@ -16,7 +16,7 @@ build_preset release fresh_catalogue lunq-soak
 folder=$(mktemp -d "${TMPDIR:-/tmp}/lunq-soak.XXXXXX")
 trap 'rmdir "$folder/program" "$folder" 2>/dev/null || say_step "What was found lies in $folder"' EXIT
 soak() {
-    QT_LOGGING_RULES='*=false' nice -n 19 build/release/bin/lunq-soak --folder "$folder/program" "$@"
+    nice -n 19 build/release/bin/lunq-soak --folder "$folder/program" "$@"
 }
 
 case "$what" in
@@ -27,6 +27,6 @@ case "$what" in
         soak --unsynced "$@"
         ;;
     kill) soak "$@" ;;
-    session) soak --session 1000000 "$@" ;;
+    session) soak --rounds 1000000 "$@" ;;
     *) stop_with "There is no soak \"$what\": kill or session, or nothing for both kinds of kills." ;;
 esac

@@ -5,6 +5,7 @@
 #include "soak/ledger.h"
 #include "soak/samples.h"
 #include "soak/scenes.h"
+#include "soak/worked_program.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -144,7 +145,7 @@ class Killer {
         life.listen(u"ready"_s, patienceMs);
         lengths_[startScene] = life.now();
         life.listen({}, patienceMs * 2);
-        QStringList faults = life.faults() + inspect(false);
+        QStringList faults = life.faults() + inspect();
         if (!life.endedWell()) faults << u"it did not end well"_s;
         for (const QString& scene : scenes) lengths_[scene] = life.lengthOf(scene);
         complain(faults, u"the undisturbed run"_s, life.heard());
@@ -157,31 +158,34 @@ class Killer {
         QStringList scenes = Scenes::names();
         std::shuffle(scenes.begin(), scenes.end(), random_);
         if (scene != startScene) scenes.prepend(scene);
-        QStringList faults;
-        QStringList heard;
-        {
-            Life life(order_, seed, scenes, ledger_, places_);
-            qint64 from = 0;
-            if (scene != startScene) {
-                life.listen(u"scene "_s + scene, patienceMs);
-                from = life.beginOf(scene);
-            }
-            const auto span = static_cast<int>(lengths_[scene] + lengths_[scene] / 10 + 2);
-            life.listen(u"-"_s, from + random_.bounded(span));
-            life.kill();
-            Tally& tally = tallies_[scene];
-            ++tally.kills;
-            if (!life.atWork().isEmpty()) ++tally.within;
-            if (QFileInfo(file(u"lunq.mdb-journal"_s)).size() > 0) ++tally.rolledBack;
-            faults = life.faults();
-            heard = life.heard();
+        Tally& tally = tallies_[scene];
+        Life life(order_, seed, scenes, ledger_, places_);
+        qint64 from = 0;
+        if (scene != startScene) {
+            life.listen(u"scene "_s + scene, patienceMs);
+            from = life.beginOf(scene);
         }
-        // Now and then the program itself has to take back what was under way, and may be killed while it does.
-        constexpr int oneIn = 6;
-        if (faults.isEmpty() && random_.bounded(oneIn) == 0) return;
-        faults << inspect(true);
-        complain(faults, u"kill %1, %2, seed %3"_s.arg(kill).arg(scene).arg(seed), heard);
+        const auto span = static_cast<int>(lengths_[scene] + lengths_[scene] / 10 + 2);
+        life.listen(u"-"_s, from + random_.bounded(span));
+        life.kill();
+        ++tally.kills;
+        if (!life.atWork().isEmpty()) ++tally.within;
+        if (QFileInfo(file(u"lunq.mdb-journal"_s)).size() > 0) ++tally.rolledBack;
+        QStringList faults = life.faults();
+        // Now and then the program itself has to take back what was under way, and is killed while it may be at it.
+        constexpr int oneIn = 4;
+        if (random_.bounded(oneIn) == 0) faults << killInTheRepair();
+        faults << inspect();
+        complain(faults, u"kill %1, %2, seed %3"_s.arg(kill).arg(scene).arg(seed), life.heard());
         if (!faults.isEmpty()) beginAnew();
+    }
+
+    QStringList killInTheRepair() {
+        Life life(order_, order_.seed, {restScene}, ledger_, places_);
+        life.listen(u"-"_s, random_.bounded(static_cast<int>(2 * lengths_[startScene])));
+        life.kill();
+        ++repairs_;
+        return life.faults();
     }
 
     Found look() {
@@ -190,7 +194,7 @@ class Killer {
     }
 
     /// Looks at all that is there; the ledger then goes on from it.
-    QStringList inspect(bool killed) {
+    QStringList inspect() {
         QStringList faults;
         const Found own = lookIntoCatalogue(file(u"lunq.mdb"_s), {}, faults);
         Found found = own;
@@ -204,7 +208,7 @@ class Killer {
         static const QStringList known{u"lunq.mdb"_s, u"lunq.mdb-journal"_s, u"lunq.lock"_s, u"run"_s};
         for (const QString& name : QDir(order_.folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot))
             if (!known.contains(name)) strangers_ << name;
-        if (killed || faults.isEmpty()) faults << ledger_.faults(found);
+        faults << ledger_.faults(found);
         QDir(run).removeRecursively();
         places_.clear();
         ledger_.adopt(own);
@@ -241,7 +245,8 @@ class Killer {
             all.rolledBack += scene->rolledBack;
         }
         row(u"all"_s, {}, all);
-        out() << "seed " << order_.seed << ", " << elapsed / 1000 << " s, " << faults_ << " faults\n";
+        out() << "seed " << order_.seed << ", " << elapsed / 1000 << " s, " << repairs_
+              << " more kills in the start after one, " << faults_ << " faults\n";
         if (!strangers_.isEmpty())
             out() << "left in the program's folder: " << QStringList(strangers_.values()).join(u", "_s) << '\n';
         out().flush();
@@ -257,6 +262,7 @@ class Killer {
     QMap<QString, Tally> tallies_;
     QSet<QString> strangers_;
     int faults_ = 0;
+    int repairs_ = 0;  ///< Kills of a program that was just started again after one.
 };
 
 }  // namespace

@@ -39,7 +39,7 @@ int run(QApplication& application) {
     option(u"seed"_s, u"Of all that happens by chance."_s, u"number"_s, u"1"_s);
     option(u"unsynced"_s, u"Lose with the process what the engine has not synced, as a power cut does."_s);
     option(u"only"_s, u"Scenes to kill it in, with commas between them."_s, u"scenes"_s);
-    option(u"session"_s, u"Do not kill it: play so many rounds of scenes and watch memory and files."_s, u"rounds"_s);
+    option(u"rounds"_s, u"Do not kill it: play so many rounds of scenes and watch memory and files."_s, u"rounds"_s);
     option(u"folder"_s, u"Where to work."_s, u"folder"_s, QDir::temp().filePath(u"lunq-soak/program"_s));
     option(u"work"_s, u"Be the worked program, in this folder."_s, u"folder"_s);
     option(u"scenes"_s, u"What the worked program is to do."_s, u"scenes"_s);
@@ -52,8 +52,8 @@ int run(QApplication& application) {
     }
     const QString fresh = QDir(QCoreApplication::applicationDirPath()).filePath(u"../lunq-fresh.mdb"_s);
     const int minutes = parser.value(u"minutes"_s).toInt();
-    if (parser.isSet(u"session"_s))
-        return playSession({fresh, parser.value(u"folder"_s), parser.value(u"session"_s).toInt(), minutes, seed});
+    if (parser.isSet(u"rounds"_s))
+        return playSession({fresh, parser.value(u"folder"_s), parser.value(u"rounds"_s).toInt(), minutes, seed});
     return killAgainAndAgain({QCoreApplication::applicationFilePath(), fresh, parser.value(u"folder"_s),
                               parser.value(u"kills"_s).toInt(), minutes, seed, parser.isSet(u"unsynced"_s),
                               parser.value(u"only"_s).split(u',', Qt::SkipEmptyParts)});
@@ -63,6 +63,7 @@ int run(QApplication& application) {
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "*=false");  // what the toolkit misses there
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"lunq"_s);
     try {

@@ -88,9 +88,7 @@ QByteArray Samples::large() {
 }
 
 QByteArray Samples::bitmap() {
-    QImage image(smallSize, QImage::Format_RGB32);
-    image.fill(QColor::fromRgb(static_cast<QRgb>(++serial_)));
-    return encoded(image, "bmp");
+    return encoded(noise(smallSize, ++serial_), "bmp");
 }
 
 void Samples::writeFiles(const QString& folder, int first, int count) {

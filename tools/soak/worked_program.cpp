@@ -13,6 +13,10 @@
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+constexpr int restMs = 20;
+}  // namespace
+
 int workProgram(const QString& folder, quint64 seed, const Report& report, const std::function<QString()>& next) {
     setProgramFolder(folder);
     applyLook(*qApp);
@@ -32,6 +36,10 @@ int workProgram(const QString& folder, quint64 seed, const Report& report, const
             const QString scene = next();
             if (scene.isEmpty()) {
                 QCoreApplication::exit(0);
+                return;
+            }
+            if (scene == restScene) {
+                QTimer::singleShot(restMs, qApp, playNext);
                 return;
             }
             try {

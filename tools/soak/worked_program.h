@@ -5,7 +5,8 @@
 #include <QString>
 #include <functional>
 
-class Scenes;
+/// In place of a scene: nothing happens for a moment.
+inline const QString restScene = QStringLiteral("rest");
 
 /// Starts the program as its own main function does, on the catalogue of a folder, and lets scenes be played in it
 /// until `next` has no more of them to offer. `next` is asked from the event loop, with nothing else under way. Returns
