@@ -1,5 +1,6 @@
 #include "platform/picture/jpeg_reader.h"
 
+#include "platform/picture/block_means.h"
 #include "platform/picture/exif.h"
 #include "platform/picture/jpeg_source.h"
 #include "platform/picture/memory_share.h"
@@ -83,6 +84,7 @@ class JpegReader {
     void chooseScale(QSize target);
     qint64 bytesToHold(Orientation orientation);
     QImage decode();
+    bool readMeans(QImage& image);
     void readFirstColours();
 
     Errors errors_{};
@@ -170,10 +172,21 @@ qint64 JpegReader::bytesToHold(Orientation orientation) {
     return bytes;
 }
 
+/// At an eighth an ordinary picture is read without the library. What is not ordinary it gets from the start.
+bool JpegReader::readMeans(QImage& image) {
+    if (codec_.scale_num != 1 || !source_.canGoBack()) return false;
+    const qint64 start = source_.position();
+    if (readBlockMeans(codec_, source_, image)) return true;
+    source_.goBackTo(start);
+    return false;
+}
+
 QImage JpegReader::decode() {
     const QSize size(int(codec_.output_width), int(codec_.output_height));
     QImage image(size, QImage::Format_RGB32);
     if (image.isNull()) refusePicture(name_, u"内存不足"_s);
+
+    if (readMeans(image)) return image;
 
     const bool inks = codec_.out_color_space == JCS_CMYK;
     std::vector<JSAMPLE> inkRow(inks ? size_t(size.width()) * 4 : 0);

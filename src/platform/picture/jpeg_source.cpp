@@ -1,5 +1,7 @@
 #include "platform/picture/jpeg_source.h"
 
+#include <utility>
+
 JpegSource::JpegSource(QIODevice& device) : device_(device) {
     manager_.source = this;
     manager_.base.init_source = [](j_decompress_ptr) {};
@@ -17,6 +19,17 @@ bool JpegSource::hasPictureData() {
     if (ended_) return false;
     const JOCTET* next = manager_.base.next_input_byte;
     return manager_.base.bytes_in_buffer < 2 || next[0] != 0xFF || next[1] != JPEG_EOI;
+}
+
+QByteArrayView JpegSource::take() {
+    if (manager_.base.bytes_in_buffer == 0) fill();
+    if (ended_) return {};
+    return {manager_.base.next_input_byte, qsizetype(std::exchange(manager_.base.bytes_in_buffer, 0))};
+}
+
+void JpegSource::goBackTo(qint64 position) {
+    readFailed_ = !device_.seek(position);
+    manager_.base.bytes_in_buffer = 0;
 }
 
 void JpegSource::fill() {
