@@ -2,10 +2,13 @@
 
 #include "platform/database/engine_errors.h"
 #include "platform/database/file_check.h"
+#include "platform/database/free_space.h"
 #include "platform/database/sql_functions.h"
 
 #include <sqlite3.h>
 
+#include <QAbstractEventDispatcher>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
@@ -22,11 +25,16 @@ constexpr int applicationId = 0x6C756E71;  // "lunq"
 constexpr int fileVersion = 1;
 const QString truncatingJournal = u"PRAGMA journal_mode = TRUNCATE"_s;
 
-/// Space is given back when this many pages (16 KB each) lie free, in steps of so many.
+/// Space is given back when this many pages (16 KB each) lie free: at once when no more than so many, or than such a
+/// part of the free ones, have to be moved for it; otherwise in steps of so many.
 constexpr int freePagesKept = 256;
-constexpr int pagesPerStep = 128;
+constexpr qint64 pagesMovedAtOnce = 4096;
+constexpr int partMovedAtOnce = 8;
+constexpr int pagesPerStep = 512;
 constexpr int giveBackMs = 100;
-constexpr int restMs = 1000;
+constexpr int pauseMs = 1000;
+constexpr int fullVacuum = 1;
+const QString stepwise = u"PRAGMA auto_vacuum = INCREMENTAL"_s;
 
 std::vector<std::weak_ptr<Connection>>& openConnections() {
     static std::vector<std::weak_ptr<Connection>> connections;
@@ -110,7 +118,7 @@ std::shared_ptr<Connection> Connection::create(const QString& path) {
     if (QFileInfo::exists(path)) throw Error(u"文件“%1”已存在，不能新建。"_s.arg(path));
     const std::shared_ptr<Connection> connection(new Connection(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE));
     connection->run(u"PRAGMA page_size = 16384"_s);
-    connection->run(u"PRAGMA auto_vacuum = INCREMENTAL"_s);
+    connection->run(stepwise);
     connection->configure();
     connection->run(truncatingJournal);
     Change change(*connection);
@@ -125,6 +133,9 @@ std::shared_ptr<Connection> Connection::create(const QString& path) {
 Connection::Connection(const QString& path, int flags)
     : path_(path), database_(openDatabase(path, flags)), longBinaries_(*this) {
     registerFunctions(handle());
+    pause_.setSingleShot(true);
+    pause_.setInterval(pauseMs);
+    pause_.callOnTimeout([this] { attempt([this] { giveBackSpace(); }); });
 }
 
 Connection::Connection(const QString& path, std::unique_ptr<ForeignCopy> foreign)
@@ -165,7 +176,9 @@ void Connection::takeForWriting() {
     if (std::exchange(isTakenForWriting_, true)) return;
     sqlite3_db_config(handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
     attempt([this] {
-        if (isOurs()) run(truncatingJournal);
+        if (!isOurs()) return;
+        run(truncatingJournal);
+        if (number(u"PRAGMA auto_vacuum"_s) == fullVacuum) run(stepwise);  // the program ended while it made it shorter
     });
 }
 
@@ -238,23 +251,38 @@ qint64 Connection::newRowId(const QString& table) {
     return ++noted;
 }
 
-void Connection::giveBackSpaceAtTimes() {
-    if (!sinceGivingBack_.isValid() || sinceGivingBack_.hasExpired(restMs)) giveBackSpace();
+void Connection::giveBackSpaceLater() {
+    if (QAbstractEventDispatcher::instance() != nullptr) pause_.start();
 }
 
 void Connection::giveBackSpace() {
-    if (openChanges_ > 0 || !isWritable()) return;
-    sinceGivingBack_.start();
+    isSpaceToGiveBack_ = openChanges_ > 0;
+    if (isSpaceToGiveBack_ || !isWritable()) return;
+    const FreeSpace space = freeSpace(handle());
+    if (space.pages <= freePagesKept) return;
+    longBinaries_.release();
+    if (space.pagesToMove <= std::max(pagesMovedAtOnce, space.pages / partMovedAtOnce))
+        shortenFile();
+    else
+        movePages(space.pages);
+}
+
+/// The engine drops all free pages at the end of a change in the mode FULL. Step by step it would look for each of them
+/// in the list of all: for 3 GB that takes half a minute instead of a second.
+void Connection::shortenFile() {
+    attempt([this] { run(u"PRAGMA auto_vacuum = FULL"_s); });
+    run(stepwise);
+}
+
+void Connection::movePages(qint64 freePages) {
     QElapsedTimer timer;
     timer.start();
-    SQLite::Statement freePages = prepare(u"PRAGMA freelist_count"_s);
-    while (timer.elapsed() < giveBackMs) {
-        const bool many = step(freePages) && freePages.getColumn(0).getInt() > freePagesKept;
-        freePages.reset();
-        if (!many) return;
-        longBinaries_.release();
+    qint64 left = freePages;
+    while (left > freePagesKept && timer.elapsed() < giveBackMs) {
         run(u"PRAGMA incremental_vacuum(%1)"_s.arg(pagesPerStep));
+        left = freeSpace(handle()).pages;
     }
+    if (left < freePages) giveBackSpaceLater();
 }
 
 Error Connection::error(int code) const {
@@ -295,4 +323,5 @@ void Change::commit() {
     connection_.run(outermost_ ? u"COMMIT"_s : u"RELEASE change"_s);
     --connection_.openChanges_;
     open_ = false;
+    if (connection_.isSpaceToGiveBack_ && outermost_) attempt([this] { connection_.giveBackSpace(); });
 }

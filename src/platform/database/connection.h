@@ -7,8 +7,8 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
-#include <QElapsedTimer>
 #include <QHash>
+#include <QTimer>
 
 /// One open file: the engine's handle, its settings, and the wording of its failures. Everybody who opens the same file
 /// shares one connection, so that all see each other's changes at once and none waits for another's lock.
@@ -48,11 +48,11 @@ class Connection {
     void noteRowIds(const QString& table, qint64 highest);
     qint64 newRowId(const QString& table);
 
-    /// Gives the space of deleted values back to the disk, as far as a tenth of a second goes. Nothing within a
-    /// transaction.
+    /// Gives the space of deleted values back to the disk: all of it where hardly anything lies behind it in the file,
+    /// otherwise as far as a tenth of a second goes, and on in the pauses of the program. Within a change, at its end.
     void giveBackSpace();
-    /// The same, but not again within a second: deleting many single records stays quick.
-    void giveBackSpaceAtTimes();
+    /// The same when nothing has been deleted for a second: deleting many single records stays quick.
+    void giveBackSpaceLater();
 
     /// The failure of the last call, as an `Error` that names the file.
     Error error(int code) const;
@@ -76,6 +76,8 @@ class Connection {
     void requireKnownVersion();
     void takeForWriting();
     bool isWritable() const;
+    void shortenFile();
+    void movePages(qint64 freePages);
     qint64 number(const QString& sql);
 
     QString path_;
@@ -86,7 +88,8 @@ class Connection {
     int openChanges_ = 0;
     bool isTakenForWriting_ = false;
     QHash<QString, qint64> highestRowIds_;  ///< By table, in lower case.
-    QElapsedTimer sinceGivingBack_;
+    bool isSpaceToGiveBack_ = false;
+    QTimer pause_;
 };
 
 /// A change of the file that stands or falls as a whole: what is not committed when the object goes is taken back. May

@@ -117,7 +117,7 @@ void TableRows::remove(int row) {
     if (runWith(sql, {}) == 0) failDeleted();
     change.commit();
     rowids_.erase(rowids_.begin() + row);
-    attempt([this] { connection_.giveBackSpaceAtTimes(); });
+    connection_.giveBackSpaceLater();
 }
 
 QString TableRows::identityOf(int row) const {

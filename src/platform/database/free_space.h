@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QtGlobal>
+
+struct sqlite3;
+
+/// The pages of an open file that nothing lies in, and what stands in the way of ending the file so much earlier.
+struct FreeSpace {
+    qint64 pages = 0;
+    qint64 pagesToMove = 0;  ///< In use behind the place where the file could end.
+};
+
+/// Reads a few pages for each gigabyte. Nothing for a file that is not kept so that it can be made shorter.
+FreeSpace freeSpace(sqlite3* connection);
