@@ -86,17 +86,12 @@ int main(int argc, char** argv) {
         EditingWindow window(QString{});
         makeAlbum(pictures);
         window.choose(u"cboBm"_s, u"tc01"_s);
-        double longest = 0;
+        std::vector<double> clicks;
         const double all = milliseconds([&] {
-            for (int i = 0; i < pictures; ++i)
-                longest = std::max(longest, milliseconds([&] { window.click(u"cmdSc"_s); }));
+            for (int i = 0; i < pictures; ++i) clicks.push_back(milliseconds([&] { window.click(u"cmdSc"_s); }));
             waitForSpace();
         });
-        row(topic, {.what = "delete " + these + " one by one, space given back",
-                    .measured = all,
-                    .peer = "rm and sync of such files",
-                    .peerMeasured = files,
-                    .atMost = mostMilliseconds});
-        row(topic, {.what = "the longest of these clicks", .measured = longest});
+        row(topic, {.what = "delete one of " + these + ", by its record", .measured = median(clicks), .atMost = 33});
+        row(topic, {.what = "delete them all so, space given back", .measured = all});
     }
 }

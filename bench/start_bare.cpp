@@ -1,5 +1,5 @@
-// The smallest program with a window: what starting the album is measured against. With a text as argument the window
-// shows it in a menu, in the font of the album.
+// The smallest program with a window, which the start of the album stands beside. A text as argument is shown in its
+// menu, in the font of the album.
 
 #include <QApplication>
 #include <QMainWindow>
