@@ -5,7 +5,10 @@
 #include "editor/picture_files.h"
 #include "platform/base/conversion.h"
 #include "platform/base/error.h"
+#include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
+
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -41,6 +44,7 @@ void UndoHistory::start() {
     if (state_.undoing) return;
     finishFirst();
     state_.stepNumber = 0;
+    isLossTold_ = false;
     state_.stepTrail = StepTrail(state_.editState);
     const QString number = nextStep();
     if (!attempt([&] { writeRow(number); })) return;
@@ -66,18 +70,23 @@ QString UndoHistory::nextStep() {
     return StepTrail::stepText(state_.stepNumber);
 }
 
-/// Records the picture on screen as a step. A step that cannot be written never stops the work on the picture.
+/// Records the picture on screen as a step. A step that cannot be written never stops the work on the picture; whoever
+/// counts on it is told, once for a picture.
 void UndoHistory::cxcz() {
     if (state_.undoing) return;
     finishFirst();
     const QString number = nextStep();
-    attempt([&] {
+    try {
         Transaction step(mekTp::catalogue);
         writeRow(number);
         Recordset stored = newestRow(number);
-        attempt([&] { bcsk(view_.picYu->Image(), stored, state_); });
+        bcsk(view_.picYu->Image(), stored, state_);
         step.commit();
-    });
+    } catch (const Error& failure) {
+        if (!std::exchange(isLossTold_, true))
+            say(view_.picYu->window(),
+                u"这一步没有记录下来，以后不能撤消。图片可以继续处理和保存。\n\n"_s + failure.text());
+    }
 }
 
 void UndoHistory::writeRow(const QString& number) {

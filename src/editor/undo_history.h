@@ -36,6 +36,7 @@ class UndoHistory : public QObject {
     Commands& commands_;
     EditorView& view_;
     OperationDialog& dialog_;
+    bool isLossTold_ = false;        ///< That a step of this picture could not be stored.
     std::future<QByteArray> first_;  ///< The JPEG of the first step, until it is stored.
 };
 

@@ -27,7 +27,7 @@ void writeScript(const QString& path, const QString& text) {
     QSaveFile file(path);
     const QByteArray bytes = text.toUtf8();
     const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && commitToDisk(file);
-    if (!written) throw Error(u"文件“%1”不能写入：%2。"_s.arg(path, file.errorString()));
+    if (!written) throw Error(u"文件“%1”不能写入：%2。"_s.arg(path, writeFailure(file)));
     // Where the file system knows no such rights, the script still runs as an argument of the shell.
     QFile::setPermissions(path, scriptRights);
 }

@@ -1,3 +1,4 @@
+#include "../support/disk_faults.h"
 #include "editor_window.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -68,6 +69,41 @@ class TestSaving : public QObject {
         QVERIFY(editor.lastBox().startsWith(u"错误提示|不能保存图片"));
         QVERIFY(editor.key(u"bc"_s)->isEnabled() && !editor.steps().isEmpty());
         QCOMPARE(LoadPicture(editor.catalogue.file(u"别处/图.jpg"_s)).pixels(), QSize(60, 40));
+    }
+
+    void aFullDiskKeepsRecordPictureAndSteps() {
+        EditorWindow editor;
+        editor.press(u"sk"_s);
+        auto* albums = editor.find<QComboBox>(u"cboBm"_s);
+        albums->setCurrentIndex(albums->findText(u"tc01"_s, Qt::MatchStartsWith));
+        Q_EMIT albums->activated(albums->currentIndex());
+        editor.clickRow(0);
+        editor.click(u"cmdQd"_s);
+        editor.scale(u"2"_s);
+        const QString source = u"SELECT * FROM tc01 WHERE 序号 = 1"_s;
+        const QByteArray before = fieldOf(source, u"图片"_s).toBytes();
+        const QStringList steps = editor.steps();
+        {
+            const FullDisk full(0);
+            editor.press(u"bc"_s);
+            QVERIFY2(editor.lastBox().startsWith(u"错误提示|数据库文件“"_s + mekTp::cataloguePath()),
+                     qPrintable(editor.lastBox()));
+            QVERIFY(editor.key(u"bc"_s)->isEnabled());
+
+            // Steps that are lost are told once.
+            editor.boxes.clear();
+            editor.press(u"fs"_s);
+            editor.press(u"fc"_s);
+            QCOMPARE(editor.boxes.size(), 1);
+            QVERIFY2(editor.boxes.first().text.startsWith(u"这一步没有记录下来，以后不能撤消。"_s),
+                     qPrintable(editor.lastBox()));
+        }
+        QCOMPARE(fieldOf(source, u"图片"_s).toBytes(), before);
+        QCOMPARE(fieldOf(source, u"规格"_s).toText(), u"40 * 30"_s);
+        QCOMPARE(editor.steps(), steps);
+        editor.press(u"bc"_s);
+        QVERIFY2(editor.lastBox().startsWith(u"保存图片|图片已保存完毕！"_s), qPrintable(editor.lastBox()));
+        QCOMPARE(fieldOf(source, u"规格"_s).toText(), u"80 * 60"_s);
     }
 
     void anotherName() {

@@ -1,4 +1,4 @@
-#include "../platform/database/full_disk.h"
+#include "../support/disk_faults.h"
 #include "../support/run_all.h"
 #include "intake/transfer_run.h"
 #include "platform/base/error.h"

@@ -1,6 +1,6 @@
 #include "intake/transfer_rules.h"
 
-#include "../platform/database/full_disk.h"
+#include "../support/disk_faults.h"
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
@@ -112,14 +112,39 @@ class TestTransferRules : public QObject {
         }
     }
 
+    void aGroupHasItsNamesAtOnce() {
+        const SampleCatalogue catalogue;
+        const auto files = [&] { return QDir(catalogue.folder()).entryList({u"*.jpg"_s, u"*.tmp"_s}); };
+        Recordset record = recordWith("picture");
+        QString a = catalogue.file(u"a"_s), b = catalogue.file(u"b"_s);
+        {
+            PictureGroup group(catalogue.folder());
+            QCOMPARE(group.write(record, a), Exported::written);
+            QCOMPARE(group.write(record, b), Exported::written);
+            QCOMPARE(group.write(record, a), Exported::nameTaken);
+            QCOMPARE(files(), (QStringList{u"ls.tmp"_s, u"ls1.tmp"_s}));
+            writeBytes(b, "mine");
+            QCOMPARE(group.giveNames(), QStringList{b});
+            QCOMPARE(files(), (QStringList{u"a.jpg"_s, u"b.jpg"_s}));
+            QCOMPARE(bytesOf(a) + bytesOf(b), QByteArray("picturemine"));
+            QCOMPARE(group.giveNames(), QStringList());
+            for (int i = 0; !group.isFull(); ++i) {
+                QString name = catalogue.file(QString::number(i));
+                QCOMPARE(group.write(record, name), Exported::written);
+            }
+            QCOMPARE(files().size(), 66);
+        }
+        QCOMPARE(files().size(), 2);  // given up, it leaves nothing
+    }
+
     void failuresLeaveNothing() {
         const SampleCatalogue catalogue;
         Recordset record = recordWith(QByteArray(100000, 'x'));
         QString nowhere = catalogue.file(u"missing/a.jpg"_s);
         QVERIFY_THROWS_EXCEPTION(Error, dctb(record, nowhere));
         QString path = catalogue.file(u"a.jpg"_s);
-        {
-            const FullDisk full(50000);
+        for (const qint64 room : {50000, 99999}) {
+            const FullDisk full(room);
             QVERIFY_THROWS_EXCEPTION(Error, dctb(record, path));
         }
         QString endless = catalogue.file(QString(300, u'a'));

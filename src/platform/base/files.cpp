@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QStorageInfo>
 #include <cerrno>
 #include <cstring>
 
@@ -49,6 +50,15 @@ void syncFolder(const QString& path, Sync sync) {
     if (code != 0 && reason != EINVAL && reason != ENOTSUP) failToSync(path);
 }
 #endif
+
+/// With the rights that count at this moment.
+bool isWritable(const QFileInfo& info) {
+#ifdef Q_OS_UNIX
+    return faccessat(AT_FDCWD, QFile::encodeName(info.filePath()).constData(), W_OK, AT_EACCESS) == 0;
+#else
+    return info.isWritable();
+#endif
+}
 
 }  // namespace
 
@@ -101,8 +111,21 @@ void RmDir(const QString& path) {
     if (!QDir().rmdir(path)) throw Error(u"文件夹“%1”不能删除：它不是空的，或没有权限。"_s.arg(path));
 }
 
+QString writeFailure(const QFileDevice& file) {
+    const QFileInfo place(file.fileName());
+    const QFileInfo folder(place.absolutePath());
+    constexpr qint64 hardlyAnything = 1 << 20;
+    if (!folder.isDir()) return u"文件夹不存在"_s;
+    if (place.isDir()) return u"那里有一个同名的文件夹"_s;
+    if (place.exists() && !isWritable(place)) return u"文件是只读的"_s;
+    if (!isWritable(folder)) return u"文件夹不能写入"_s;
+    const QStorageInfo storage(folder.absoluteFilePath());
+    if (storage.isValid() && storage.bytesAvailable() < hardlyAnything) return u"磁盘空间不足"_s;
+    return file.errorString();
+}
+
 void syncToDisk(QFileDevice& file) {
-    if (!file.flush()) throw Error(u"文件“%1”不能写入：%2"_s.arg(file.fileName(), file.errorString()));
+    if (!file.flush()) throw Error(u"文件“%1”不能写入：%2"_s.arg(file.fileName(), writeFailure(file)));
 #ifdef Q_OS_UNIX
     if (fsync(file.handle()) != 0) failToSync(file.fileName());
 #elif defined(Q_OS_WIN)

@@ -24,6 +24,9 @@ void Kill(const QString& path);
 void MkDir(const QString& path);  ///< On the disk when it returns.
 void RmDir(const QString& path);  ///< Only an empty folder.
 
+/// Why a file could not be opened for writing or written, in words of the user, as part of a sentence. Does not throw.
+QString writeFailure(const QFileDevice& file);
+
 /// Waits until what was written is on the disk: to an open file; the names in a folder; all that was written to the
 /// file system on which a folder lies, which for many files is quicker than each by itself.
 void syncToDisk(QFileDevice& file);

@@ -62,7 +62,7 @@ QString diskReason(int systemError) {
 }
 
 QString reason(int code, const QString& message, int systemError) {
-    if (code == SQLITE_READONLY_DBMOVED) return u"文件已被移走、删除或替换，不能修改"_s;
+    if (code == SQLITE_READONLY_DBMOVED) return u"文件已被移走、删除或替换，或者磁盘已经断开，不能修改"_s;
     switch (code & 0xff) {
         case SQLITE_FULL:
             return u"磁盘已满"_s;

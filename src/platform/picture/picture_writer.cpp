@@ -4,11 +4,9 @@
 
 #include <QBuffer>
 #include <QDir>
-#include <QFileInfo>
 #include <QImageWriter>
 #include <QPainter>
 #include <QSaveFile>
-#include <QStorageInfo>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -22,30 +20,27 @@ QImage onWhite(const QImage& image) {
     return opaque;
 }
 
-/// Why a file could not be written, in words of the user.
-QString reasonOf(const QSaveFile& file) {
-    const QFileInfo place(file.fileName());
-    const QFileInfo folder(place.absolutePath());
-    constexpr qint64 hardlyAnything = 1 << 20;
-    if (!folder.isDir()) return u"文件夹不存在"_s;
-    if (place.isDir()) return u"那里有一个同名的文件夹"_s;
-    if (place.exists() && !place.isWritable()) return u"文件是只读的"_s;
-    if (!folder.isWritable()) return u"文件夹不能写入"_s;
-    const QStorageInfo storage(folder.absoluteFilePath());
-    if (storage.isValid() && storage.bytesAvailable() < hardlyAnything) return u"磁盘空间不足"_s;
-    return file.errorString();
+QByteArray encoded(const QImage& image, const char* format, int quality) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, format);
+    writer.setQuality(quality);
+    if (!writer.write(onWhite(image))) throw Error(u"图片不能编码：%1。"_s.arg(writer.errorString()));
+    return bytes;
 }
 
+/// The encoders take no notice of a write that was cut short, nor does the file when it is committed: on a disk that
+/// fills up, the rest of the picture would be lost without a word. So all bytes go to the file at once and are counted.
 void save(const QImage& image, const QString& path, const char* format, int quality) {
     const QString text = u"不能保存图片“%1”：%2。"_s;
     const QString name = QDir::toNativeSeparators(path);
     if (image.isNull()) throw Error(text.arg(name, u"没有图片"_s));
 
+    const QByteArray bytes = encoded(image, format, quality);
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) throw Error(text.arg(name, reasonOf(file)));
-    QImageWriter writer(&file, format);
-    writer.setQuality(quality);
-    if (!writer.write(onWhite(image)) || !commitToDisk(file)) throw Error(text.arg(name, reasonOf(file)));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !commitToDisk(file))
+        throw Error(text.arg(name, writeFailure(file)));
 }
 
 }  // namespace
@@ -55,14 +50,8 @@ void saveJpeg(const QImage& image, const QString& path, int quality) {
 }
 
 QByteArray encodeJpeg(const QImage& image, int quality) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, "jpeg");
-    writer.setQuality(quality);
-    if (image.isNull() || !writer.write(onWhite(image)))
-        throw Error(u"图片不能变成 JPEG：%1。"_s.arg(image.isNull() ? u"没有图片"_s : writer.errorString()));
-    return bytes;
+    if (image.isNull()) throw Error(u"图片不能变成 JPEG：没有图片。"_s);
+    return encoded(image, "jpeg", quality);
 }
 
 void SavePicture(const QImage& image, const QString& path) {

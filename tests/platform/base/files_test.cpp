@@ -1,5 +1,6 @@
 #include "platform/base/files.h"
 
+#include "../../support/disk_faults.h"
 #include "../../support/run_all.h"
 #include "platform/base/error.h"
 #include "platform/base/processes.h"
@@ -46,6 +47,36 @@ class FilesTest : public QObject {
                                                                    [&] { Kill(path); }, [&] { MkDir(path); }}) {
             QVERIFY(failureOf(step).contains(path));
         }
+    }
+
+    void whyAFileCannotBeWritten() {
+        const PlainUser user;
+        const QTemporaryDir folder;
+        QVERIFY(QDir(folder.path()).mkpath(u"夹"_s) && QDir(folder.path()).mkpath(u"锁"_s));
+        QFile locked(folder.filePath(u"锁.jpg"_s));
+        QVERIFY(locked.open(QIODevice::WriteOnly) && locked.setPermissions(QFile::ReadOwner));
+        QVERIFY(QFile::setPermissions(folder.filePath(u"锁"_s), QFile::ReadOwner | QFile::ExeOwner));
+        const std::pair<QString, QString> cases[] = {
+            {u"没有/图.jpg"_s, u"文件夹不存在"_s},
+            {u"夹"_s, u"那里有一个同名的文件夹"_s},
+            {u"锁.jpg"_s, u"文件是只读的"_s},
+            {u"锁/图.jpg"_s, u"文件夹不能写入"_s},
+        };
+        for (const auto& [name, reason] : cases) {
+            QFile file(folder.filePath(name));
+            QVERIFY2(!file.open(QIODevice::WriteOnly), qPrintable(name));
+            QCOMPARE(writeFailure(file), reason);
+        }
+    }
+
+    /// What is written shortly before the end may still wait in memory: only the flush tells that it has no room.
+    void bytesThatFindNoRoom() {
+        QFile file(folder_.filePath(u"满.jpg"_s));
+        const FullDisk full(1000);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(QByteArray(1001, 'x')), 1001);
+        QVERIFY(failureOf([&] { syncToDisk(file); }).contains(file.fileName()));
+        QVERIFY(!writeFailure(file).isEmpty());
     }
 
     void pathsAreJoinedWithOneSeparator() {

@@ -1,5 +1,5 @@
+#include "../../support/disk_faults.h"
 #include "../../support/run_all.h"
-#include "full_disk.h"
 #include "test_album.h"
 
 #include <unistd.h>
@@ -9,20 +9,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 const QString remark = u"备注"_s;
-
-/// Takes the rights of the superuser away, who could write everywhere.
-class PlainUser {
-  public:
-    PlainUser() { changed_ = geteuid() == 0 && seteuid(65534) == 0; }
-    ~PlainUser() {
-        if (changed_ && seteuid(0) != 0) qFatal("the rights of the superuser did not come back");
-    }
-    PlainUser(const PlainUser&) = delete;
-    PlainUser& operator=(const PlainUser&) = delete;
-
-  private:
-    bool changed_ = false;
-};
 
 void setRemark(Recordset& set, const QString& text) {
     change(set, remark, text);

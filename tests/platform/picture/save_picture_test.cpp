@@ -1,3 +1,4 @@
+#include "../../support/disk_faults.h"
 #include "../../support/run_all.h"
 #include "picture_samples.h"
 #include "platform/base/error.h"
@@ -85,6 +86,34 @@ class TestSavePicture : public QObject {
         QCOMPARE(before, encodeJpeg(quadrants({16, 16}), quality));
         QVERIFY(!attempt([] { encodeJpeg({}, quality); }));
         QCOMPARE(QDir(folder_.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), entries);
+    }
+
+    /// Also where only the last bytes find no room, which neither encoders nor files tell by themselves.
+    void fullOrReadOnlyDiskLeavesTheOldPicture() {
+        const PlainUser user;
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(u"文件.jpg"_s);
+        saveJpeg(quadrants({16, 16}), file, quality);
+        const QByteArray before = contentOf(file);
+        const auto failsToSave = [&](bool jpeg, const QString& reason) {
+            const QString text = failureOf([&] { save(quadrants({640, 480}), file, jpeg); });
+            QVERIFY2(text.contains(file) && text.contains(reason), qPrintable(text));
+            QCOMPARE(contentOf(file), before);
+            QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{u"文件.jpg"_s});
+        };
+        for (const bool jpeg : {true, false}) {
+            const QString whole = folder.filePath(u"whole"_s);
+            save(quadrants({640, 480}), whole, jpeg);
+            const qint64 size = QFileInfo(whole).size();
+            QVERIFY(QFile::remove(whole));
+            for (const qint64 room : {qint64(0), qint64(1000), size - 1}) {
+                const FullDisk full(room);
+                failsToSave(jpeg, {});
+            }
+            QVERIFY(QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::ExeOwner));
+            failsToSave(jpeg, u"文件夹不能写入"_s);
+            QVERIFY(QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+        }
     }
 
   private:
