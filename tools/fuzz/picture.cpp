@@ -8,7 +8,8 @@
 
 #include <unistd.h>
 
-#include <QBuffer>
+#include <QIODevice>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -17,15 +18,28 @@ namespace {
 constexpr QSize smallest(1, 1);
 
 /// A device that cannot go back, from which pictures are read by the library alone.
-class ForwardOnly : public QBuffer {
+class ForwardOnly : public QIODevice {
   public:
+    explicit ForwardOnly(const QByteArray& bytes) : bytes_(bytes) { open(ReadOnly); }
     bool isSequential() const override { return true; }
+    qint64 size() const override { return bytes_.size(); }
+
+  protected:
+    qint64 readData(char* data, qint64 most) override {
+        const QByteArrayView part = QByteArrayView(bytes_).sliced(at_).first(qMin(most, bytes_.size() - at_));
+        std::copy(part.begin(), part.end(), data);
+        at_ += part.size();
+        return part.size();
+    }
+    qint64 writeData(const char*, qint64) override { return -1; }
+
+  private:
+    const QByteArray& bytes_;
+    qint64 at_ = 0;
 };
 
 QImage readByLibrary(const QByteArray& bytes) {
-    ForwardOnly device;
-    device.setData(bytes);
-    device.open(QIODevice::ReadOnly);
+    ForwardOnly device(bytes);
     return LoadPicture(device, u"图"_s, smallest).image();
 }
 
