@@ -1,3 +1,4 @@
+#include "../support/disk_faults.h"
 #include "../support/run_all.h"
 #include "intake_window.h"
 #include "platform/base/files.h"
@@ -143,6 +144,28 @@ class TestIntake : public QObject {
         QCOMPARE(stored(u"tc01"_s, 3), old);
         QCOMPARE(columnOf(u"tc01"_s, u"规格"_s), sizes);
         QCOMPARE(columnOf(u"tc01"_s, u"日期"_s), dates);
+    }
+
+    /// What is reported stored is there byte for byte, of the others nothing; they are taken in when there is room.
+    void fullDiskStopsBetweenTwoPictures() {
+        IntakeWindow window;
+        QByteArray noise(200'000, 0);
+        QRandomGenerator(1).fillRange(reinterpret_cast<quint32*>(noise.data()), noise.size() / 4);
+        for (const QString& name : {u"1.jpg"_s, u"2.jpg"_s, u"3.jpg"_s})
+            window.addBytes(name, pictureBytes({60, 45}, Qt::darkGreen) + noise);
+        const QStringList before = numbersOf(u"tc02"_s);
+        {
+            const FullDisk full(QFileInfo(mekTp::cataloguePath()).size() + 300'000);
+            const QStringList said = window.enterInto(u"tc02"_s, 1);
+            QCOMPARE(said.size(), 2);
+            QVERIFY2(said[0].startsWith(u"录入到文件“2.jpg”时停止，该文件没有录入："_s), qPrintable(said[0]));
+            QVERIFY(said[0].contains(mekTp::cataloguePath()) && said[0].contains(u"以下文件也没有录入：3.jpg"_s));
+            QVERIFY(said[0].contains(u"已录入图册：1.jpg"_s));
+        }
+        QCOMPARE(numbersOf(u"tc02"_s), before + QStringList{u"1"_s});
+        QVERIFY(holds(window, u"tc02"_s, 1, u"1.jpg"_s));
+        QCOMPARE(window.enterInto(u"tc02"_s, 1), QStringList{entered(3)});
+        QVERIFY(holds(window, u"tc02"_s, 4, u"3.jpg"_s));
     }
 
     void bitmapsBecomeJpegFiles() {
