@@ -2,8 +2,6 @@
 #include "../../support/run_all.h"
 #include "test_album.h"
 
-#include <unistd.h>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -149,6 +147,38 @@ class FilesTest : public QObject {
         QCOMPARE(set.Fields(u"图片"_s).FieldSize(), 100000);
         QVERIFY(failsSaying([&] { setRemark(set, u"x"_s); }, {u"只读"_s, copy}));
         QVERIFY(set.Fields(remark).isNull());
+    }
+
+    /// Another program may write as well: each waits for the other's moment, and nobody's change is lost.
+    void twoProgramsWrite() {
+        constexpr int rows = 60;
+        QProcess other;
+        other.start(u"sqlite3"_s, {u"-cmd"_s, u".timeout 20000"_s, album_->path()});
+        for (int i = 0; i < rows; ++i)
+            other.write(
+                "INSERT INTO long_binary (bytes) VALUES (zeroblob(50000)); "
+                "INSERT INTO tc01 (图片, 备注) VALUES (last_insert_rowid(), 'other');\n");
+        other.closeWriteChannel();
+        for (int i = 0; i < rows; ++i) album_->add(100 + i, u"b"_s, u"2003-10-02"_s, QByteArray(50000, 'q'));
+        QVERIFY(other.waitForFinished());
+        QCOMPARE(QString::fromUtf8(other.readAllStandardError()), QString());
+        QCOMPARE(album_->shell(u"SELECT count(*), count(DISTINCT 图片), sum(备注 = 'other') FROM tc01"_s),
+                 u"%1|%1|%2"_s.arg(3 + 2 * rows).arg(rows));
+        QCOMPARE(album_->shell(u"PRAGMA integrity_check"_s), u"ok"_s);
+    }
+
+    void whoeverWaitsTooLongIsTold() {
+        Recordset set = album_->open(u"tc01"_s);
+        QProcess other;
+        other.start(u"sqlite3"_s, {album_->path()});
+        other.write("BEGIN IMMEDIATE; UPDATE tc01 SET 备注 = 'other' WHERE 序号 = 2; SELECT 'begun';\n");
+        QVERIFY(other.waitForReadyRead());
+        QVERIFY(failsSaying([&] { setRemark(set, u"mine"_s); }, {album_->path(), u"正被使用"_s}));
+        other.write("COMMIT;\n");
+        other.closeWriteChannel();
+        QVERIFY(other.waitForFinished());
+        setRemark(set, u"mine"_s);
+        QCOMPARE(album_->shell(u"SELECT group_concat(备注) FROM tc01"_s), u"mine,other"_s);
     }
 
     void fullDiskLeavesTheFileAsItWas() {
