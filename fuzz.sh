@@ -19,7 +19,7 @@ targets=("$@")
 if [ "$#" -eq 0 ]; then targets=(picture dialect typed catalogue foreign); fi
 
 install_packages "${required_packages[@]}" "${fuzz_packages[@]}"
-build_preset fuzz fuzz
+build_preset fuzz fuzz >&2
 folder=$PWD/build/fuzz
 export QT_QPA_PLATFORM=offscreen
 export ASAN_OPTIONS=allocator_may_return_null=1:quarantine_size_mb=16:malloc_context_size=5:handle_abort=1
