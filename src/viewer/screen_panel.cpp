@@ -11,6 +11,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 constexpr int stripHeight = 270;
+const QString startPicture = u":/pictures/start.jpg"_s;
+constexpr QSize usualSize(800, 600);  // of the panel, in pixels
 // The pictures of `pmtp` that serve as curtains are numbers 7 to 12.
 constexpr int curtains = 6;
 constexpr int curtainsBefore = 7;
@@ -30,6 +32,8 @@ ScreenPanel::ScreenPanel(ToolBar* bar, QWidget* form) : bar_(bar) {
     txtB0 = make<CaptionBox>(pic0, u"txtB0"_s);
     txtB0->hide();
     scroll_ = std::make_unique<WheelScroll>(pic0);
+    // Other processors have nothing to do while the window is made.
+    firstPicture_ = std::async(std::launch::async, [] { return LoadPicture(startPicture, usualSize); });
 }
 
 void ScreenPanel::layOut(const Box& page) {
@@ -40,13 +44,18 @@ void ScreenPanel::layOut(const Box& page) {
 
 // Decoded for the panel's size, which a start would otherwise wait for several times as long.
 void ScreenPanel::fitStartPicture() {
+    if (firstPicture_.valid()) attempt([&] { showStartPicture(firstPicture_.get()); });
     const Picture& shown = img0->picture();
     if (!shown.isNull() && shown.image().cacheKey() != startPicture_) return;
     const QSize size = img0->targetSize();
     const bool isWhole = !shown.isNull() && shown.image().size() == shown.pixels();
     if (isWhole || size.boundedTo(shown.image().size()) == size) return;
-    attempt([&] { img0->setPicture(LoadPicture(u":/pictures/start.jpg"_s, size)); });
-    startPicture_ = img0->picture().image().cacheKey();
+    attempt([&] { showStartPicture(LoadPicture(startPicture, size)); });
+}
+
+void ScreenPanel::showStartPicture(const Picture& picture) {
+    img0->setPicture(picture);
+    startPicture_ = picture.image().cacheKey();
 }
 
 void ScreenPanel::placePicture(QSize size) {

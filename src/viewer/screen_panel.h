@@ -7,6 +7,7 @@
 #include "viewer/page_layout.h"
 #include "viewer/wheel_scroll.h"
 
+#include <future>
 #include <memory>
 
 /// The screen panel that lies over the page: cover of a closed album, curtain while a page is drawn, and ground of a
@@ -37,7 +38,9 @@ class ScreenPanel {
   private:
     void placePicture(QSize size);
     void fitStartPicture();
+    void showStartPicture(const Picture& picture);
     ToolBar* bar_;
-    qint64 startPicture_ = 0;  ///< Cache key of the picture with which the window comes up.
+    std::future<Picture> firstPicture_;  ///< The picture with which the window comes up, while it is being decoded.
+    qint64 startPicture_ = 0;            ///< Its cache key when it is shown.
     std::unique_ptr<WheelScroll> scroll_;
 };
