@@ -33,6 +33,13 @@ QByteArray picture(int number) {
     return buffer.data();
 }
 
+/// The cells behind the first are emptied when a page is begun.
+bool isComplete(const ViewerWindow& viewer) {
+    for (int cell = 1; cell < columns * columns; ++cell)
+        if (viewer.image(element(u"imgXs"_s, cell))->picture().isNull()) return false;
+    return true;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -52,7 +59,7 @@ int main(int argc, char** argv) {
     double early = 0;
     for (int page = 2; page <= pages; ++page) {
         viewer.key(u"xy"_s)->click();
-        QApplication::processEvents();
+        if (!QTest::qWaitFor([&] { return isComplete(viewer); })) std::fprintf(stderr, "page %d stays empty\n", page);
         if (page == firstPages) early = memory("VmRSS:");
     }
     const std::string last = "page " + std::to_string(pages);
