@@ -3,6 +3,7 @@
 #include "../tests/platform/picture/picture_samples.h"
 #include "../tests/viewer/viewer_window.h"
 #include "filling.h"
+#include "jpeg_library.h"
 #include "platform/desktop/look.h"
 #include "scene.h"
 #include "table.h"
@@ -10,15 +11,6 @@
 
 #include <QBuffer>
 #include <QImageWriter>
-#include <QThread>
-#include <atomic>
-#include <thread>
-
-// clang-format off
-#include <cstddef>
-#include <cstdio>
-#include <jpeglib.h>
-// clang-format on
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -62,36 +54,9 @@ struct Photographs {
     }
 };
 
-/// All photographs of a page at an eighth of their size by the JPEG library alone, in as many threads as there are
-/// processors.
+/// All photographs of a page at an eighth of their size by the JPEG library alone.
 void decodePage(const Photographs& photographs, int firstRow) {
-    std::atomic<int> next = 0;
-    const auto decode = [&] {
-        for (int i = next++; i < cells; i = next++) {
-            const QByteArray& bytes = photographs.at(firstRow + i);
-            jpeg_decompress_struct codec{};
-            jpeg_error_mgr errors{};
-            codec.err = jpeg_std_error(&errors);
-            jpeg_create_decompress(&codec);
-            jpeg_mem_src(&codec, reinterpret_cast<const uchar*>(bytes.data()),
-                         static_cast<unsigned long>(bytes.size()));
-            jpeg_read_header(&codec, TRUE);
-            codec.scale_num = 1;
-            codec.scale_denom = 8;
-            codec.do_fancy_upsampling = FALSE;
-            codec.out_color_space = JCS_EXT_BGRX;
-            jpeg_start_decompress(&codec);
-            QImage image(int(codec.output_width), int(codec.output_height), QImage::Format_RGB32);
-            while (codec.output_scanline < codec.output_height) {
-                JSAMPROW row = image.scanLine(int(codec.output_scanline));
-                jpeg_read_scanlines(&codec, &row, 1);
-            }
-            jpeg_finish_decompress(&codec);
-            jpeg_destroy_decompress(&codec);
-        }
-    };
-    std::vector<std::jthread> threads;
-    for (int i = 0; i < QThread::idealThreadCount(); ++i) threads.emplace_back(decode);
+    onAllProcessors(cells, [&](int cell) { eighthByLibrary(photographs.at(firstRow + cell)); });
 }
 
 void rest(int milliseconds) {

@@ -36,8 +36,8 @@ struct Colour {
     int down = 1;
     int quantum = 1;  ///< Of a mean, in eighths of a shade.
     std::shared_ptr<const MeanTable> means = {};
-    std::shared_ptr<const DetailTable> details = {};
-    int mean = 0;  ///< Of the block before.
+    std::shared_ptr<const DetailTable> details = {};  ///< None where there are none in the scan.
+    int mean = 0;                                     ///< Of the block before.
     size_t width = 0;
     std::vector<uchar> shades = {};
 
@@ -85,8 +85,12 @@ class MeansReader {
 };
 
 bool MeansReader::prepare() {
-    const bool isUsual = !codec_.progressive_mode && !codec_.arith_code && codec_.data_precision == BITS_IN_JSAMPLE &&
-                         codec_.Ss == 0 && codec_.Se == DCTSIZE2 - 1 && codec_.Ah == 0 && codec_.Al == 0 &&
+    // A progressive picture begins with a scan of nothing but the means, without their lowest bits.
+    constexpr int mostLowestBits = 13;
+    const bool holdsDetails = !codec_.progressive_mode;
+    const bool isUsual = !codec_.arith_code && codec_.data_precision == BITS_IN_JSAMPLE && codec_.Ss == 0 &&
+                         codec_.Se == (holdsDetails ? DCTSIZE2 - 1 : 0) && codec_.Ah == 0 &&
+                         codec_.Al <= (holdsDetails ? 0 : mostLowestBits) &&
                          codec_.comps_in_scan == codec_.num_components;
     const bool isGrey = codec_.num_components == 1 && codec_.jpeg_color_space == JCS_GRAYSCALE;
     const bool isColoured = codec_.num_components == 3 && codec_.jpeg_color_space == JCS_YCbCr;
@@ -101,9 +105,9 @@ bool MeansReader::prepare() {
         const int most = i == 0 ? 2 : 1;
         if (codec_.cur_comp_info[i] != &component || colour.across > most || colour.down > most) return false;
         colour.means = means.at(component.dc_tbl_no);
-        colour.details = details.at(component.ac_tbl_no);
+        if (holdsDetails) colour.details = details.at(component.ac_tbl_no);
         colour.quantum = quantumOf(component.quant_tbl_no);
-        if (!colour.means || !colour.details || colour.quantum == 0) return false;
+        if (!colour.means || (holdsDetails && !colour.details) || colour.quantum == 0) return false;
         colours_.push_back(colour);
     }
     const auto unitWidth = unsigned(DCTSIZE * colours_.front().across);
@@ -119,7 +123,7 @@ int MeansReader::quantumOf(int table) const {
     constexpr int most = 255;
     if (table < 0 || table >= NUM_QUANT_TBLS || !codec_.quant_tbl_ptrs[table]) return 0;
     const int quantum = codec_.quant_tbl_ptrs[table]->quantval[0];
-    return quantum <= most ? quantum : 0;
+    return quantum <= most ? quantum << codec_.Al : 0;
 }
 
 bool MeansReader::read(QImage& image) {
@@ -156,10 +160,10 @@ inline bool MeansReader::readBlock(BitCursor& cursor, Colour& colour, uchar& sha
     if (!colour.means->read(cursor, colour.mean)) return false;
     // Beyond this the library's own way of clipping wraps around.
     constexpr int most = 2 * (MAXJSAMPLE + 1);
-    const int value = (colour.mean * colour.quantum + 4) >> 3;
+    const qint64 value = (qint64(colour.mean) * colour.quantum + 4) >> 3;
     if (value < -most || value >= most) return false;
-    shade = uchar(std::clamp(value + CENTERJSAMPLE, 0, MAXJSAMPLE));
-    return colour.details->pass(cursor);
+    shade = uchar(std::clamp(int(value) + CENTERJSAMPLE, 0, MAXJSAMPLE));
+    return !colour.details || colour.details->pass(cursor);
 }
 
 bool MeansReader::restart(BitCursor& cursor) {

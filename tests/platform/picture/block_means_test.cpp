@@ -85,11 +85,12 @@ std::vector<JpegOptions> usualOptions(bool ownCodes) {
             JpegOptions options{
                 .kind = Kind::grayscale, .restartInterval = restartInterval, .quality = quality, .ownCodes = ownCodes};
             all.push_back(options);
-            options.kind = Kind::baseline;
-            for (const QSize sampling : {QSize(1, 1), QSize(2, 1), QSize(1, 2), QSize(2, 2)}) {
-                options.sampling = sampling;
-                all.push_back(options);
-            }
+            for (const QSize sampling : {QSize(1, 1), QSize(2, 1), QSize(1, 2), QSize(2, 2)})
+                for (const Kind kind : {Kind::baseline, Kind::progressive}) {
+                    options.kind = kind;
+                    options.sampling = sampling;
+                    all.push_back(options);
+                }
         }
     return all;
 }
@@ -130,9 +131,8 @@ class TestBlockMeans : public QObject {
     }
 
     void unusualPicturesAreLeftToTheLibrary() {
-        const JpegOptions unusual[] = {{Kind::progressive},  {Kind::coloursApart}, {Kind::inks},
-                                       {Kind::invertedInks}, {Kind::lights},       {Kind::arithmetic},
-                                       {.sampling = {4, 1}}, {.sampling = {1, 4}}};
+        const JpegOptions unusual[] = {{Kind::coloursApart}, {Kind::inks},         {Kind::invertedInks}, {Kind::lights},
+                                       {Kind::arithmetic},   {.sampling = {4, 1}}, {.sampling = {1, 4}}};
         for (const JpegOptions& options : unusual) {
             const QByteArray bytes = jpegBytes(quadrants({160, 128}), options);
             QVERIFY(readDirectly(bytes).isNull());
