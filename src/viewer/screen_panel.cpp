@@ -44,7 +44,7 @@ void ScreenPanel::layOut(const Box& page) {
 
 // Decoded for the panel's size, which a start would otherwise wait for several times as long.
 void ScreenPanel::fitStartPicture() {
-    if (firstPicture_.valid()) attempt([&] { showStartPicture(firstPicture_.get()); });
+    if (firstPicture_.valid() && img0->picture().isNull()) attempt([&] { showStartPicture(firstPicture_.get()); });
     const Picture& shown = img0->picture();
     if (!shown.isNull() && shown.image().cacheKey() != startPicture_) return;
     const QSize size = img0->targetSize();
