@@ -91,7 +91,7 @@ int main(int argc, char** argv) {
     timed("read " + these + " in chunks", [&] { readPictures(database); });
     timed("renumber " + these, [&] { renumber(database); });
     timed("drop an album of " + these, [&] { database.Execute(u"DROP TABLE tc02"_s); });
-    timed("a change while their space is given back", [&] { database.Execute(u"DELETE FROM tc01 WHERE 序号 = 7"_s); });
+    timed("a change after it", [&] { database.Execute(u"DELETE FROM tc01 WHERE 序号 = 7"_s); });
 
     const QString foreign = QStringLiteral(LUNQ_JET_SAMPLES "/jet4-ole-large-unicode.mdb");
     if (QFile::exists(foreign)) timed("read a Jet database of 1.9 MB", [&] { readForeignDatabase(foreign); });
