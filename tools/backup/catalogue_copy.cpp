@@ -43,6 +43,22 @@ Error failure(const QString& path, const QString& reason) {
     return Error(u"备份文件“%1”不能写入：%2。"_s.arg(path, reason));
 }
 
+QString reasonOf(const SQLite::Exception& failed) {
+    switch (failed.getErrorCode() & 0xff) {
+        case SQLITE_FULL:
+            return u"磁盘已满"_s;
+        case SQLITE_IOERR:
+            return u"读写文件失败"_s;
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB:
+            return u"图册数据库已损坏"_s;
+        case SQLITE_BUSY:
+            return u"图册数据库正被使用"_s;
+        default:
+            return QString::fromUtf8(failed.what());
+    }
+}
+
 std::string fileName(const QString& path) {
     return QFile::encodeName(path).toStdString();
 }
@@ -98,7 +114,7 @@ void copyDatabase(const QString& from, const QString& to) {
         copyPages(backup, written);
         requireWhole(copy, from);
     } catch (const SQLite::Exception& failed) {
-        throw Error(u"“%1”不能备份到“%2”：%3。"_s.arg(from, to, QString::fromUtf8(failed.what())));
+        throw Error(u"“%1”不能备份到“%2”：%3。"_s.arg(from, to, reasonOf(failed)));
     }
     syncToDisk(written);
 }
