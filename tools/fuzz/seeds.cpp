@@ -54,7 +54,7 @@ void pictures(Seeds seeds) {
     for (const bool bigEndian : {false, true})
         seeds.add(withPreview(jpegBytes(image), jpegBytes(quadrants({16, 12})), 8, bigEndian));
     seeds.add(withMoreScans(jpegBytes(image, {Kind::progressive}), 30));
-    seeds.add(withSides(jpegBytes(image), {4000, 3000}));
+    seeds.add(withSides(jpegBytes(image), {600, 500}));
     for (const int depth : {1, 4, 8, 16, 24, 32}) seeds.add(bmpBytes(depth, depth == 24));
     seeds.add(bmpBytes(8, false, true));
 }
