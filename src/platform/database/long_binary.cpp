@@ -1,6 +1,7 @@
 #include "platform/database/long_binary.h"
 
 #include "platform/base/error.h"
+#include "platform/base/files.h"
 #include "platform/database/connection.h"
 #include "platform/database/stored_forms.h"
 
@@ -37,7 +38,7 @@ void Spool::append(const QByteArray& bytes) {
 
 void Spool::write(const QByteArray& piece) {
     if (file_->seek(file_->size()) && file_->write(piece) == piece.size() && file_->flush()) return;
-    throw Error(u"临时文件“%1”不能写入：%2"_s.arg(file_->fileName(), file_->errorString()));
+    throw Error(u"临时文件“%1”不能写入：%2"_s.arg(file_->fileName(), writeFailure(*file_)));
 }
 
 QByteArray Spool::read(qint64 offset, qint64 count) const {
