@@ -2,7 +2,9 @@
 
 #include "platform/database/recordset.h"
 
-#include <QString>
+#include <QStringList>
+#include <map>
+#include <memory>
 
 /// What became of a picture that was to be written to a file.
 enum class Exported {
@@ -11,11 +13,31 @@ enum class Exported {
     noPicture   ///< The record has none; no file was made.
 };
 
-/// Whether a file is to be on the disk when it has its name, or whether the caller sees to that for many at once.
-enum class Sync { now, later };
-
 /// Writes the column 图片 of the current record to a file, byte for byte as it is stored.
 /// `name` is the path; it is given ".jpg" at its end unless it has it. The bytes are gathered in a scratch file beside
-/// the place, which is then renamed: no reader ever sees half a picture. Throws `Error` when the file cannot be
-/// written; nothing is left behind then.
-Exported dctb(Recordset& recordset, QString& name, Sync sync = Sync::now);
+/// the place, which is renamed when it is on the disk: nobody ever sees half a picture. Throws `Error` when the file
+/// cannot be written; nothing is left behind then.
+Exported dctb(Recordset& recordset, QString& name);
+
+class ScratchFile;
+
+/// The same for many pictures of one folder: they get their names together, so that the disk is waited for once.
+class PictureGroup {
+  public:
+    explicit PictureGroup(const QString& folder);
+    ~PictureGroup();
+    PictureGroup(const PictureGroup&) = delete;
+    PictureGroup& operator=(const PictureGroup&) = delete;
+
+    /// `written` says that the file waits for its name.
+    Exported write(Recordset& recordset, QString& name);
+    bool isFull() const;
+    /// Ends the group, and returns those of its names that somebody else has taken meanwhile. Throws `Error` when the
+    /// files may not be on the disk; none of them has its name then.
+    QStringList giveNames();
+
+  private:
+    QString folder_;
+    std::map<QString, std::unique_ptr<ScratchFile>> files_;  ///< By name.
+    qint64 bytes_ = 0;
+};

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <limits>
 #include <ranges>
+#include <utility>
 #include <vector>
 
 using namespace Qt::Literals::StringLiterals;
@@ -21,6 +22,7 @@ namespace {
 
 const QString pictureColumn = u"图片"_s;
 const QString vanished = u"记录已不在图册中，序号"_s;
+const QString nameIsTaken = u"同名文件已存在，没有改动"_s;
 
 /// The record of a 序号; of several records with the same number the one behind `earlier` others. `Eof` when there is
 /// none.
@@ -44,20 +46,51 @@ QString reasonOf(const std::exception& failure) {
     return text;
 }
 
-bool wasWritten(Recordset& record, const FileTarget& target, Sync sync, const QString& number, NotDone& notDone) {
-    QString path = joinedPath(target.folder, target.name);
-    switch (dctb(record, path, sync)) {
-        case Exported::nameTaken:
-            notDone.add(u"同名文件已存在，没有改动"_s, QFileInfo(path).fileName());
-            return false;
-        case Exported::noPicture:
-            notDone.add(u"记录没有图片，序号"_s, number);
-            return false;
-        case Exported::written:
-            break;
-    }
-    return true;
+/// Tells why there is no file.
+bool wasWritten(Exported outcome, const QString& path, const QString& number, NotDone& notDone) {
+    if (outcome == Exported::nameTaken) notDone.add(nameIsTaken, QFileInfo(path).fileName());
+    if (outcome == Exported::noPicture) notDone.add(u"记录没有图片，序号"_s, number);
+    return outcome == Exported::written;
 }
+
+/// The pictures of many lines on their way into a folder.
+class FileTransfer {
+  public:
+    FileTransfer(const QString& table, const QString& folder, NotDone& notDone)
+        : table_(table), folder_(folder), notDone_(notDone), group_(folder) {}
+
+    void write(const QString& number) {
+        try {
+            Recordset record = recordToCopy(table_, number, seen_[number]++);
+            if (record.Eof()) {
+                notDone_.add(vanished, number);
+                return;
+            }
+            QString path = joinedPath(folder_, defaultPictureName(record.Fields(u"编号"_s).Value(),
+                                                                  record.Fields(u"序号"_s).Value().toInteger()));
+            if (wasWritten(group_.write(record, path), path, number, notDone_)) numbers_ << number;
+        } catch (const std::exception& failure) {
+            notDone_.add(reasonOf(failure) + u"，序号"_s, number);
+        }
+        if (group_.isFull()) giveNames();
+    }
+
+    void giveNames() {
+        const QStringList numbers = std::exchange(numbers_, {});
+        try {
+            for (const QString& path : group_.giveNames()) notDone_.add(nameIsTaken, QFileInfo(path).fileName());
+        } catch (const std::exception& failure) {
+            for (const QString& number : numbers) notDone_.add(reasonOf(failure) + u"，序号"_s, number);
+        }
+    }
+
+  private:
+    QString table_, folder_;
+    NotDone& notDone_;
+    PictureGroup group_;
+    QStringList numbers_;  ///< Whose files wait for their names.
+    QHash<QString, int> seen_;
+};
 
 /// The records go in groups. Each is one change of the target, so that the disk is waited for once a group.
 class TableTransfer {
@@ -197,7 +230,8 @@ void transferToFile(const QString& table, const QString& number, int earlier, co
             notDone.add(vanished, number);
             return;
         }
-        if (!wasWritten(record, target, Sync::now, number, notDone)) return;
+        QString path = joinedPath(target.folder, target.name);
+        if (!wasWritten(dctb(record, path), path, number, notDone)) return;
         syncFolderToDisk(target.folder);
         if (move) record.Delete();
     } catch (const std::exception& failure) {
@@ -208,24 +242,12 @@ void transferToFile(const QString& table, const QString& number, int earlier, co
 NotDone transferToFiles(const QString& table, const QStringList& lines, const QString& folder,
                         const Progress& progress) {
     NotDone notDone;
-    QHash<QString, int> seen;
+    FileTransfer transfer(table, folder, notDone);
     for (qsizetype i = 0; i < lines.size(); ++i) {
-        const QString& number = lines[i];
-        try {
-            Recordset record = recordToCopy(table, number, seen[number]++);
-            if (record.Eof()) {
-                notDone.add(vanished, number);
-            } else {
-                const QString name =
-                    defaultPictureName(record.Fields(u"编号"_s).Value(), record.Fields(u"序号"_s).Value().toInteger());
-                wasWritten(record, {folder, name}, Sync::later, number, notDone);
-            }
-        } catch (const std::exception& failure) {
-            notDone.add(reasonOf(failure) + u"，序号"_s, number);
-        }
+        transfer.write(lines[i]);
         progress(static_cast<int>((i + 1) * 100 / lines.size()));
     }
-    if (folderExists(folder)) syncFileSystemOf(folder);
+    transfer.giveNames();
     return notDone;
 }
 

@@ -24,7 +24,7 @@ void transferToFile(const QString& table, const QString& number, int earlier, co
                     NotDone& notDone);
 
 /// Writes the pictures of all lines to files of the folder, under their default names. The first name that cannot be
-/// written does not keep the others from it. Throws `Error` when they may not be on the disk at the end.
+/// written does not keep the others from it.
 NotDone transferToFiles(const QString& table, const QStringList& lines, const QString& folder,
                         const Progress& progress);
 
