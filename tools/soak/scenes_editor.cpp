@@ -91,9 +91,17 @@ void Scenes::makeButtonPicture() {
     report_({u"turned"_s, u"tcan"_s, before, u"tcan"_s, pictureOf(editor_.get<DataControl>(u"datAn"_s).Recordset())});
 }
 
+/// Albums, pages, and the windows that stand beside the main window.
 void Scenes::browse() {
-    const auto& albums = viewer_.get<QMenu>(u"mnuDk"_s);
-    for (QAction* album : albums.actions())
-        if (album->text() == u"册"_s + longAlbum) album->trigger();
-    work([&] { viewer_.click({u"imgAn(0)"_s, u"tlb1:xy"_s, u"tlb1:xy"_s}); });
+    for (const QString& table : {longAlbum, otherAlbum}) {
+        for (QAction* album : viewer_.get<QMenu>(u"mnuDk"_s).actions())
+            if (album->text() == u"册"_s + table) album->trigger();
+        work([&] { viewer_.click({u"imgAn(0)"_s, u"tlb1:xy"_s, u"tlb1:xy"_s, u"tlb1:sy"_s, u"tlb1:ty"_s}); });
+        QTest::qWait(50);
+    }
+    viewer_.click({u"tlb1:bz"_s, u"tlb1:bz"_s});
+    viewer_.trigger(u"mnuCs"_s);
+    Hand(u"frmPs"_s).click(u"cmdQx"_s);
+    viewer_.trigger(u"mnuGy"_s);
+    Hand(u"frmGy"_s).window().close();
 }
