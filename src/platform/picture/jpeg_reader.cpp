@@ -14,7 +14,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int fullScale = 8;  // The library scales by eighths.
-constexpr int mostScans = 500;
 
 /// Red, green and blue of one row of cyan, magenta, yellow and black. The makers of such files store them inverted and
 /// leave a mark that says so.
@@ -94,9 +93,16 @@ class JpegReader {
     const QString& name_;
 };
 
-/// Each scan costs a pass over the whole picture: a small file full of them would keep the program busy for hours.
+/// Each scan costs a pass over the whole picture: a small file full of them would keep the program busy for hours. Even
+/// the largest pictures come in no more than twenty.
 void JpegReader::refuseEndlessScans(j_common_ptr codec) {
-    if (reinterpret_cast<j_decompress_ptr>(codec)->input_scan_number > mostScans) codec->err->error_exit(codec);
+    constexpr qint64 mostPixels = 2'000'000'000;
+    constexpr qint64 always = 32;
+    constexpr qint64 atMost = 500;
+    const auto* picture = reinterpret_cast<j_decompress_ptr>(codec);
+    const qint64 pixels = qint64(picture->image_width) * picture->image_height;
+    if (picture->input_scan_number > qBound(always, mostPixels / qMax(pixels, qint64(1)), atMost))
+        codec->err->error_exit(codec);
 }
 
 void JpegReader::readHeader() {

@@ -147,6 +147,9 @@ class TestLoadPicture : public QObject {
         QVERIFY(refusalOf(withMoreScans(progressive, 600)).contains(u"损坏"_s));
         const QByteArray apart = jpegBytes(quadrants({64, 48}), {Kind::coloursApart});
         QVERIFY_THROWS_EXCEPTION(Error, LoadPicture(withMoreScans(apart, 600), u"图"_s, {8, 6}));
+        // The larger the picture, the fewer.
+        const QByteArray large = withMoreScans(withSides(apart, {4000, 4000}), 150);
+        QVERIFY_THROWS_EXCEPTION(Error, LoadPicture(large, u"图"_s, {8, 8}));
     }
 
     void aFewBytesThatClaimAHugePictureAreRefusedAtOnce() {
