@@ -13,7 +13,7 @@
 #include <QRandomGenerator>
 #include <QTextStream>
 #include <algorithm>
-#include <vector>
+#include <csignal>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -55,11 +55,15 @@ class Life {
         }
         return true;
     }
-    void kill() {
-        process_.kill();
+    /// With `soon` it is left to the process to find the worst moment, if there is one.
+    void kill(bool soon) {
+        constexpr int soonMs = 300;
+        if (soon) ::kill(static_cast<pid_t>(process_.processId()), SIGUSR1);
+        if (!soon || !process_.waitForFinished(soonMs)) process_.kill();
         process_.waitForFinished();
         take();
     }
+    bool heardOf(const QString& line) const { return heard_.contains(line); }
     qint64 now() const { return clock_.elapsed(); }
     bool endedWell() const { return process_.exitStatus() == QProcess::NormalExit && process_.exitCode() == 0; }
     const QString& atWork() const { return atWork_; }
@@ -167,7 +171,7 @@ class Killer {
         }
         const auto span = static_cast<int>(lengths_[scene] + lengths_[scene] / 10 + 2);
         life.listen(u"-"_s, from + random_.bounded(span));
-        life.kill();
+        life.kill(order_.unsynced && life.heardOf(u"ready"_s));
         ++tally.kills;
         if (!life.atWork().isEmpty()) ++tally.within;
         if (QFileInfo(file(u"lunq.mdb-journal"_s)).size() > 0) ++tally.rolledBack;
@@ -183,7 +187,7 @@ class Killer {
     QStringList killInTheRepair() {
         Life life(order_, order_.seed, {restScene}, ledger_, places_);
         life.listen(u"-"_s, random_.bounded(static_cast<int>(2 * lengths_[startScene])));
-        life.kill();
+        life.kill(false);
         ++repairs_;
         return life.faults();
     }

@@ -38,7 +38,7 @@ int run(QApplication& application) {
     option(u"minutes"_s, u"End after this time in any case."_s, u"number"_s, u"60"_s);
     option(u"seed"_s, u"Of all that happens by chance."_s, u"number"_s, u"1"_s);
     option(u"unsynced"_s, u"Lose with the process what the engine has not synced, as a power cut does."_s);
-    option(u"only"_s, u"Scenes to kill it in, with commas between them."_s, u"scenes"_s);
+    option(u"only"_s, u"Only these scenes, with commas between them."_s, u"scenes"_s);
     option(u"rounds"_s, u"Do not kill it: play so many rounds of scenes and watch memory and files."_s, u"rounds"_s);
     option(u"folder"_s, u"Where to work."_s, u"folder"_s, QDir::temp().filePath(u"lunq-soak/program"_s));
     option(u"work"_s, u"Be the worked program, in this folder."_s, u"folder"_s);
@@ -51,12 +51,13 @@ int run(QApplication& application) {
                     parser.value(u"scenes"_s).split(u','));
     }
     const QString fresh = QDir(QCoreApplication::applicationDirPath()).filePath(u"../lunq-fresh.mdb"_s);
+    const QString folder = parser.value(u"folder"_s);
     const int minutes = parser.value(u"minutes"_s).toInt();
+    const QStringList scenes = parser.value(u"only"_s).split(u',', Qt::SkipEmptyParts);
     if (parser.isSet(u"rounds"_s))
-        return playSession({fresh, parser.value(u"folder"_s), parser.value(u"rounds"_s).toInt(), minutes, seed});
-    return killAgainAndAgain({QCoreApplication::applicationFilePath(), fresh, parser.value(u"folder"_s),
-                              parser.value(u"kills"_s).toInt(), minutes, seed, parser.isSet(u"unsynced"_s),
-                              parser.value(u"only"_s).split(u',', Qt::SkipEmptyParts)});
+        return playSession({fresh, folder, parser.value(u"rounds"_s).toInt(), minutes, seed, scenes});
+    return killAgainAndAgain({QCoreApplication::applicationFilePath(), fresh, folder, parser.value(u"kills"_s).toInt(),
+                              minutes, seed, parser.isSet(u"unsynced"_s), scenes});
 }
 
 }  // namespace

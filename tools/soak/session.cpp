@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QPixmapCache>
 #include <QTextStream>
 
 using namespace Qt::Literals::StringLiterals;
@@ -23,17 +24,21 @@ constexpr int oneLineMs = 60'000;
 
 struct Sample {
     double megabytes;  ///< Of memory that is held in the machine.
+    double allocated;  ///< Megabytes of that which are in use.
     qsizetype files;
     qsizetype temporary;
     qsizetype widgets;
 };
 
 Sample sample() {
+    QPixmapCache::clear();  // has a bound of its own
     malloc_trim(0);
     QFile memory(u"/proc/self/statm"_s);
     const QByteArray figures = memory.open(QIODevice::ReadOnly) ? memory.readAll() : QByteArray();
     const double pages = figures.split(' ').value(1).toDouble();
+    const struct mallinfo2 heap = mallinfo2();
     return {pages * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1 << 20),
+            static_cast<double>(heap.uordblks + heap.hblkhd) / (1 << 20),
             QDir(u"/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size(),
             QDir::temp().entryList({u"lunq*.*"_s, u"qt_temp*"_s}, QDir::Files).size(),
             QApplication::allWidgets().size()};
@@ -41,7 +46,10 @@ Sample sample() {
 
 class Session {
   public:
-    explicit Session(const SessionOrder& order) : order_(order), scenes_(Scenes::names()) { clock_.start(); }
+    explicit Session(const SessionOrder& order)
+        : order_(order), scenes_(order.scenes.isEmpty() ? Scenes::names() : order.scenes) {
+        clock_.start();
+    }
 
     /// The next scene; none when the rounds or the minutes are over.
     QString next() {
@@ -54,10 +62,12 @@ class Session {
         const qsizetype warm = samples_.size() / 3;
         if (samples_.size() < 6) return 0;
         const Sample &first = samples_[warm], &last = samples_.back();
-        const double grown = last.megabytes - first.megabytes;
-        std::printf("after round %d: %+.1f MB, %+d files, %+d temporary files, %+d widgets (allowed: %.0f MB)\n",
-                    int(warm) + 1, grown, int(last.files - first.files), int(last.temporary - first.temporary),
-                    int(last.widgets - first.widgets), boundMegabytes);
+        const double grown = last.allocated - first.allocated;
+        std::printf(
+            "after round %d: %+.1f MB in use, %+.1f MB held, %+d files, %+d temporary files, %+d widgets (allowed: "
+            "%.0f MB)\n",
+            int(warm) + 1, grown, last.megabytes - first.megabytes, int(last.files - first.files),
+            int(last.temporary - first.temporary), int(last.widgets - first.widgets), boundMegabytes);
         const bool steady = grown <= boundMegabytes && last.files <= first.files && last.temporary <= first.temporary &&
                             last.widgets <= first.widgets;
         return steady ? 0 : 1;
@@ -72,9 +82,9 @@ class Session {
         const Sample& now = samples_.back();
         if (round_ > 1 && round_ < order_.rounds && sinceLine_.isValid() && !sinceLine_.hasExpired(oneLineMs)) return;
         sinceLine_.start();
-        if (round_ == 1) std::puts("minute  round      MB  files  temporary  widgets");
-        std::printf("%6.1f %6d %7.1f %6d %10d %8d\n", static_cast<double>(clock_.elapsed()) / 60'000, round_,
-                    now.megabytes, int(now.files), int(now.temporary), int(now.widgets));
+        if (round_ == 1) std::puts("minute  round      MB  in use  files  temporary  widgets");
+        std::printf("%6.1f %6d %7.1f %7.1f %6d %10d %8d\n", static_cast<double>(clock_.elapsed()) / 60'000, round_,
+                    now.megabytes, now.allocated, int(now.files), int(now.temporary), int(now.widgets));
         std::fflush(stdout);
     }
 

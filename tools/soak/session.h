@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 struct SessionOrder {
     QString freshCatalogue;
@@ -8,6 +8,7 @@ struct SessionOrder {
     int rounds;
     int minutes;
     quint32 seed;
+    QStringList scenes;  ///< All when empty.
 };
 
 /// Plays all scenes round after round in one process, and prints what it takes of memory, open files, temporary files

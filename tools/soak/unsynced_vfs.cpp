@@ -3,10 +3,13 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <map>
 #include <memory>
 #include <random>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -14,6 +17,11 @@ namespace {
 
 constexpr sqlite3_int64 sectorSize = 512;
 constexpr int oneIn = 40;  ///< Of so many writes one lets held sectors through.
+constexpr int sectorsOfAStep = 64;
+constexpr int longestWait = 60;  ///< Steps until the power goes.
+
+volatile std::sig_atomic_t stepsToGo = 0;  ///< 0 while the power is not about to go.
+volatile std::sig_atomic_t chance = 1;
 
 /// What one file is to become, in sectors that differ from those on the disk.
 struct HeldFile {
@@ -23,10 +31,13 @@ struct HeldFile {
     bool isDeleted = false;  ///< For everybody in this process; on the disk it still stands.
 };
 
+struct File;
+
 struct Layer {
     sqlite3_vfs vfs{};
     sqlite3_vfs* disk = nullptr;
     std::map<std::string, std::shared_ptr<HeldFile>> files;
+    std::set<File*> open;
     std::mt19937 random;
 };
 
@@ -78,8 +89,33 @@ void letSomeThrough(File& file) {
         if (all.random() % 3 == 0) passOn(file, number, bytes);
 }
 
+/// The process ends here. Each file keeps what it has on the disk, or some of what is held, or all of it.
+[[noreturn]] void cutThePower() {
+    Layer& all = layer();
+    for (File* file : all.open) {
+        const auto share = all.random() % 3;
+        for (const auto& [number, bytes] : file->held->sectors)
+            if (all.random() % 2 < share) passOn(*file, number, bytes);
+        if (all.random() % 2 == 0 && diskSize(*file) > file->held->size)
+            file->disk->pMethods->xTruncate(file->disk, file->held->size);
+    }
+    std::raise(SIGKILL);
+    std::abort();
+}
+
+void step() {
+    if (stepsToGo == 0) return;
+    stepsToGo = stepsToGo - 1;
+    if (stepsToGo == 0) cutThePower();
+}
+
+void powerWillGo(int) {
+    stepsToGo = 1 + chance;
+}
+
 int closeFile(sqlite3_file* base) {
     File& file = fileOf(base);
+    layer().open.erase(&file);
     const int code = file.disk->pMethods->xClose(file.disk);
     Layer& all = layer();
     // What was not synced may go on waiting: nobody has asked for it to be safe.
@@ -120,6 +156,7 @@ int writeFile(sqlite3_file* base, const void* from, int count, sqlite3_int64 off
         at += part;
     }
     file.held->size = std::max(file.held->size, offset + count);
+    step();
     if (layer().random() % oneIn == 0) letSomeThrough(file);
     return SQLITE_OK;
 }
@@ -136,16 +173,21 @@ int truncateFile(sqlite3_file* base, sqlite3_int64 size) {
     for (sqlite3_int64 at = size; at < diskSize(file); at += sectorSize)
         held.sectors[at / sectorSize].resize(sectorSize);
     held.size = size;
+    step();
     return SQLITE_OK;
 }
 
 int syncFile(sqlite3_file* base, int flags) {
     File& file = fileOf(base);
     if (diskSize(file) > file.held->size) file.disk->pMethods->xTruncate(file.disk, file.held->size);
-    for (const auto& [number, bytes] : file.held->sectors)
+    for (const auto& [number, bytes] : file.held->sectors) {
+        if (number % sectorsOfAStep == 0) step();
         if (const int code = passOn(file, number, bytes); code != SQLITE_OK) return code;
+    }
     file.held->sectors.clear();
-    return file.disk->pMethods->xSync(file.disk, flags);
+    const int code = file.disk->pMethods->xSync(file.disk, flags);
+    step();
+    return code;
 }
 
 int sizeOfFile(sqlite3_file* base, sqlite3_int64* size) {
@@ -211,6 +253,7 @@ int openFile(sqlite3_vfs*, const char* name, sqlite3_file* base, int flags, int*
     file.held = found->second.get();
     ++file.held->users;
     file.base.pMethods = &methods;
+    all.open.insert(&file);
     return SQLITE_OK;
 }
 
@@ -252,6 +295,8 @@ int deleteFile(sqlite3_vfs*, const char* name, int syncFolder) {
 void loseUnsyncedWrites(uint32_t seed) {
     Layer& all = layer();
     all.random.seed(seed);
+    chance = static_cast<int>(all.random() % longestWait);
+    std::signal(SIGUSR1, powerWillGo);
     all.disk = sqlite3_vfs_find(nullptr);
     all.vfs = *all.disk;
     all.vfs.iVersion = std::min(all.disk->iVersion, 2);
