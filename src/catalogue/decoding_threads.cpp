@@ -22,7 +22,10 @@ DecodingThreads::DecodingThreads(std::function<void()> notify) : notify_(std::mo
     for (int i = 0; i < count(); ++i) threads_.emplace_back([this](const std::stop_token& stop) { work(stop); });
 }
 
-DecodingThreads::~DecodingThreads() = default;
+// All are told before the first is waited for, so that none begins another picture meanwhile.
+DecodingThreads::~DecodingThreads() {
+    for (std::jthread& thread : threads_) thread.request_stop();
+}
 
 int DecodingThreads::count() {
     return std::max(1, QThread::idealThreadCount());

@@ -9,6 +9,7 @@ namespace {
 
 // The bytes of this many pictures lie ready, so that no thread waits while the window is being painted.
 constexpr int inReserve = 2;
+constexpr qint64 mostBytesInWork = 32 << 20;
 // What an entry costs beside its pixels.
 constexpr qint64 entryBytes = 512;
 constexpr qint64 usualRoom = 32 << 20;
@@ -34,17 +35,28 @@ const Picture* PictureLoader::kept(const PictureRequest& request) const {
 }
 
 void PictureLoader::want(const std::vector<PictureRequest>& requests) {
-    for (const quint64 ticket : threads_.dropWaiting()) inWork_.remove(ticket);
+    for (const quint64 ticket : threads_.dropWaiting()) finish(ticket);
     wanted_.clear();
     for (const PictureRequest& request : requests) {
-        const bool isInWork = std::ranges::find(inWork_, request) != inWork_.end();
+        const bool isInWork = std::ranges::find(inWork_, request, &Work::request) != inWork_.end();
         if (!isInWork && !kept_.contains(request)) wanted_.push_back(request);
     }
     feed();
 }
 
+bool PictureLoader::hasRoomForWork() const {
+    return inWork_.isEmpty() ||
+           (inWork_.size() < DecodingThreads::count() + inReserve && bytesInWork_ < mostBytesInWork);
+}
+
+PictureLoader::Work PictureLoader::finish(quint64 ticket) {
+    const Work work = inWork_.take(ticket);
+    bytesInWork_ -= work.bytes;
+    return work;
+}
+
 void PictureLoader::feed() {
-    while (!wanted_.empty() && inWork_.size() < DecodingThreads::count() + inReserve) {
+    while (!wanted_.empty() && hasRoomForWork()) {
         const PictureRequest request = std::move(wanted_.front());
         wanted_.pop_front();
         QByteArray bytes;
@@ -52,14 +64,15 @@ void PictureLoader::feed() {
             Q_EMIT loaded(request, {});
             continue;
         }
-        inWork_.insert(++lastTicket_, request);
+        inWork_.insert(++lastTicket_, {request, bytes.size()});
+        bytesInWork_ += bytes.size();
         threads_.give({lastTicket_, bytes, request.target});
     }
 }
 
 void PictureLoader::collect(QDeadlineTimer deadline) {
     for (const DecodingThreads::Result& result : threads_.take(deadline)) {
-        const PictureRequest request = inWork_.take(result.ticket);
+        const PictureRequest request = finish(result.ticket).request;
         kept_.insert(request, new Picture(result.picture), result.picture.image().sizeInBytes() + entryBytes);
         Q_EMIT loaded(request, result.picture);
     }

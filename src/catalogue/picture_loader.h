@@ -43,8 +43,16 @@ class PictureLoader : public QObject {
     void feed();
     void collect(QDeadlineTimer deadline);
 
+    struct Work {
+        PictureRequest request;
+        qint64 bytes;  ///< Of the coded picture.
+    };
+    bool hasRoomForWork() const;
+    Work finish(quint64 ticket);
+
     std::deque<PictureRequest> wanted_;
-    QHash<quint64, PictureRequest> inWork_;
+    QHash<quint64, Work> inWork_;
+    qint64 bytesInWork_ = 0;
     quint64 lastTicket_ = 0;
     QCache<PictureRequest, Picture> kept_;
     DecodingThreads threads_;  ///< Last: they end first.

@@ -76,6 +76,7 @@ void AlbumOpening::openTable(const QString& table) {
 
 void AlbumOpening::close() {
     state_.forgetSelection();
+    page_.leave();
     state_.albumTitle = presetTitle;
     mekTp::currentTable = demoTable;
     attempt([&] { buttons_.rewind(); });

@@ -16,33 +16,47 @@ constexpr int patienceMs = 200;
 // A smaller picture is decoded as soon as its preview would be.
 constexpr qint64 smallPicture = 200'000;
 
-// The page on the screen, those in front of it and behind it, and two that were left.
+// The page on the screen, those in front of it and behind it; and two that were left, on screens of the usual size.
+constexpr int pagesNeeded = 3;
 constexpr int pagesKept = 5;
 constexpr int bytesPerPixel = 4;
-constexpr qint64 leastRoom = 16 << 20;
+constexpr qint64 usualRoom = 48 << 20;
 constexpr qint64 mostRoom = 256 << 20;
+
+// Cameras fit the preview of a wide photograph between bars. One that is off by more is of another picture.
+constexpr double mostOff = 1.35;
+
+/// The middle of a preview, in the shape of the place where it stands; null where it is of another shape.
+Picture inShapeOf(QSize place, const Picture& preview) {
+    const QSize size = preview.image().size();
+    const QSize part = place.scaled(size, Qt::KeepAspectRatio);
+    if (part.isEmpty() || size.width() > part.width() * mostOff || size.height() > part.height() * mostOff) return {};
+    return {preview.image().copy(QRect({(size.width() - part.width()) / 2, (size.height() - part.height()) / 2}, part)),
+            preview.pixels()};
+}
 
 }  // namespace
 
 CellPictures::CellPictures(std::function<Requests()> upcoming) : upcoming_(std::move(upcoming)) {
     resting_.setSingleShot(true);
-    resting_.setInterval(restMs);
     connect(&loader_, &PictureLoader::loaded, this, &CellPictures::take);
-    connect(&resting_, &QTimer::timeout, this, [this] {
-        Requests next = missing();
-        attempt([&] { std::ranges::copy(upcoming_(), std::back_inserter(next)); });
-        loader_.want(next);
-    });
+    connect(&resting_, &QTimer::timeout, this, &CellPictures::decodeAhead);
 }
 
 void CellPictures::setPageArea(qint64 devicePixels) {
-    loader_.setRoom(std::clamp(devicePixels * bytesPerPixel * pagesKept, leastRoom, mostRoom));
+    const qint64 page = devicePixels * bytesPerPixel;
+    loader_.setRoom(std::min(std::max(pagesNeeded * page, std::min(pagesKept * page, usualRoom)), mostRoom));
 }
 
 void CellPictures::begin() {
-    open_.clear();
-    resting_.stop();
+    formerOpen_ = std::exchange(open_, {});
     formerContents_ = std::exchange(contents_, {});
+    resting_.stop();
+}
+
+void CellPictures::leave() {
+    begin();
+    loader_.want({});
 }
 
 bool CellPictures::stoodIn(const ImageBox* cell, const StoredValue& value) const {
@@ -50,57 +64,98 @@ bool CellPictures::stoodIn(const ImageBox* cell, const StoredValue& value) const
                                [&](const Content& each) { return each.cell == cell && each.value == value; });
 }
 
+/// The cell was left before its picture had come.
+std::optional<CellPictures::Open> CellPictures::carriedOver(const ImageBox* cell) const {
+    const auto found =
+        std::ranges::find_if(formerOpen_, [&](const Open& open) { return open.keepsItsPicture && open.cell == cell; });
+    return found == formerOpen_.end() ? std::nullopt : std::optional(*found);
+}
+
 void CellPictures::put(ImageBox* cell, const StoredValue& value, bool keepsItsPicture) {
-    const Picture before = cell->picture();
-    const Picture without = keepsItsPicture ? before : Picture();
-    const PictureRequest request{value, cell->targetSize()};
     contents_.push_back({cell, value});
-    if (value.isNull()) {
-        cell->setPicture(without);
-        return;
+    Open open{cell, {}, {}, keepsItsPicture, false};
+    if (keepsItsPicture) {
+        open.without = cell->picture();
+        if (const auto former = carriedOver(cell)) open = *former;
     }
-    if (const Picture* kept = loader_.kept(request)) {
-        cell->setPicture(kept->isNull() ? without : *kept);
-        return;
+    if (!value.isNull()) open.requests.insert(open.requests.begin(), {value, cell->targetSize()});
+    if (!waitsForAnother(open)) return;
+    if (!value.isNull()) {
+        open.isBlank = cell->picture().isNull() || !stoodIn(cell, value);
+        if (open.isBlank) cell->setPicture({});
     }
-    const bool isThere = !before.isNull() && stoodIn(cell, value);
-    if (!isThere) cell->setPicture({});
-    open_.push_back({cell, request, without, !isThere});
+    open_.push_back(open);
+}
+
+bool CellPictures::waitsForAnother(Open& open) {
+    while (!open.requests.empty()) {
+        const Picture* kept = loader_.kept(open.requests.front());
+        if (kept == nullptr) return true;
+        if (!kept->isNull()) {
+            open.cell->setPicture(*kept);
+            return false;
+        }
+        open.requests.erase(open.requests.begin());
+    }
+    open.cell->setPicture(open.without);
+    return false;
 }
 
 CellPictures::Requests CellPictures::missing() const {
     Requests requests;
-    for (const Open& open : open_) requests.push_back(open.request);
+    for (const Open& open : open_) requests.push_back(open.requests.front());
     return requests;
 }
 
 void CellPictures::settle() {
     const QDeadlineTimer patience(patienceMs);
+    // A preview says little where it fills the whole page.
+    const QDeadlineTimer quick = contents_.size() > 1 ? QDeadlineTimer(quickMs) : patience;
     loader_.want(missing());
-    loader_.workUntil([this] { return open_.empty(); }, QDeadlineTimer(quickMs));
-    for (Open& open : open_) showPreview(open);
+    loader_.workUntil([this] { return open_.empty(); }, quick);
+    for (Open& open : open_)
+        if (open.isBlank && !patience.hasExpired()) showPreview(open);
     loader_.workUntil([this] { return std::ranges::none_of(open_, &Open::isBlank); }, patience);
-    rest();
+    if (open_.empty())
+        resting_.start(0);
+    else
+        rest();
 }
 
 void CellPictures::rest() {
-    resting_.start();
+    resting_.start(restMs);
+}
+
+void CellPictures::decodeAhead() {
+    Requests next = missing();
+    attempt([&] { std::ranges::copy(upcoming_(), std::back_inserter(next)); });
+    loader_.want(next);
 }
 
 void CellPictures::take(const PictureRequest& request, const Picture& picture) {
-    std::erase_if(open_, [&](const Open& open) {
-        if (open.request != request) return false;
-        if (open.cell) open.cell->setPicture(picture.isNull() ? open.without : picture);
-        return true;
+    bool isAnotherWanted = false;
+    std::erase_if(open_, [&](Open& open) {
+        if (!open.cell) return true;
+        if (open.requests.front() != request) return false;
+        if (!picture.isNull()) {
+            open.cell->setPicture(picture);
+            return true;
+        }
+        open.requests.erase(open.requests.begin());
+        const bool waits = waitsForAnother(open);
+        isAnotherWanted = isAnotherWanted || waits;
+        return !waits;
     });
+    if (isAnotherWanted) loader_.want(missing());
 }
 
 void CellPictures::showPreview(Open& open) const {
-    if (!open.isBlank) return;
+    const PictureRequest& request = open.requests.front();
     Picture preview;
     attempt([&] {
-        if (open.request.value.size() > smallPicture) preview = LoadPreview(open.request.value.read(0, previewReach));
+        if (request.value.size() > smallPicture) preview = LoadPreview(request.value.read(0, previewReach));
     });
+    preview = inShapeOf(request.target, preview);
     if (preview.isNull() || !open.cell) return;
     open.cell->setPicture(preview);
     open.isBlank = false;

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QTimer>
 #include <functional>
+#include <optional>
 #include <vector>
 
 /// Brings the pictures into the cells of a page: at once what is at hand, everything else as it is decoded. Meanwhile a
@@ -33,12 +34,16 @@ class CellPictures : public QObject {
 
     /// What may be shown next has changed.
     void rest();
+    /// Nothing of the page is looked at any more.
+    void leave();
 
   private:
     struct Open {
         QPointer<ImageBox> cell;
-        PictureRequest request;
-        Picture without;  ///< What the cell shows when there turns out to be no picture.
+        /// The picture; behind it those of former records, which it shows when the later ones turn out to have none.
+        std::vector<PictureRequest> requests;
+        Picture without;  ///< What it shows when none of them is a picture.
+        bool keepsItsPicture;
         bool isBlank;
     };
 
@@ -49,12 +54,16 @@ class CellPictures : public QObject {
     };
 
     bool stoodIn(const ImageBox* cell, const StoredValue& value) const;
+    std::optional<Open> carriedOver(const ImageBox* cell) const;
+    void decodeAhead();
     void take(const PictureRequest& request, const Picture& picture);
+    /// Goes on to the picture before, until one has to be waited for. False when there is none to wait for.
+    bool waitsForAnother(Open& open);
     void showPreview(Open& open) const;
     Requests missing() const;
 
     std::function<Requests()> upcoming_;
-    std::vector<Open> open_;
+    std::vector<Open> open_, formerOpen_;
     std::vector<Content> contents_, formerContents_;  ///< Of this page, and of the one that was drawn before.
     QTimer resting_;
     PictureLoader loader_;

@@ -116,6 +116,7 @@ void Page::goToFirstPicture() {
     Recordset& album = state_.albumRecordset;
     attempt([&] {
         const int rows = album.rowCount();
+        if (rows == 0) return;
         album.moveToRow(std::clamp(state_.firstPictureIndex, 0, rows - 1));
         if (state_.firstPictureIndex >= rows) album.MoveNext();
     });
@@ -199,8 +200,10 @@ CellPictures::Requests Page::upcoming() {
     while (int(cells_.size() + spare_.size()) < state_.picturesPerPage) spare_.push_back(makeCell());
     CellPictures::Requests requests;
     const int first = std::max(0, state_.firstPictureIndex);
-    for (const int index : {first, first + state_.picturesPerPage, first - state_.picturesPerPage})
-        addPage(index, requests);
+    const int next = first + state_.picturesPerPage;
+    for (const int index : {first, next, first - state_.picturesPerPage}) addPage(index, requests);
+    // A slide show begins anew there.
+    if (next >= state_.albumRecordset.rowCount()) addPage(0, requests);
     return requests;
 }
 
@@ -213,16 +216,21 @@ void Page::keepRoom() {
 }
 
 void Page::addPage(int firstIndex, CellPictures::Requests& requests) const {
-    const Recordset& album = state_.albumRecordset;
-    const int last = std::min(album.rowCount(), firstIndex + state_.picturesPerPage);
+    const int last = std::min(state_.albumRecordset.rowCount(), firstIndex + state_.picturesPerPage);
     QSize pixels = cellShape;
-    for (int row = std::max(0, firstIndex); row < last; ++row) {
-        const QSize size = fitted(album.valueAt(row, u"规格"_s).textOr(), pixels);
-        const Box box = pictureBox(grid(), row - firstIndex, size);
-        const StoredValue picture = album.storedAt(row, u"图片"_s);
-        const QSize place = rectFromTwips(box.left, box.top, box.width, box.height).size();
-        if (!picture.isNull()) requests.push_back({picture, ImageBox::targetSize(pic1, place)});
-    }
+    for (int row = std::max(0, firstIndex); row < last; ++row)
+        attempt([&] {
+            if (const auto request = requestOf(row, row - firstIndex, pixels)) requests.push_back(*request);
+        });
+}
+
+std::optional<PictureRequest> Page::requestOf(int row, int cell, QSize& pixels) const {
+    const Recordset& album = state_.albumRecordset;
+    const Box box = pictureBox(grid(), cell, fitted(album.valueAt(row, u"规格"_s).textOr(), pixels));
+    const StoredValue picture = album.storedAt(row, u"图片"_s);
+    if (picture.isNull()) return {};
+    const QRect place = rectFromTwips(box.left, box.top, box.width, box.height);
+    return PictureRequest{picture, ImageBox::targetSize(pic1, place.size())};
 }
 
 void Page::drawCaption(int index) {

@@ -10,6 +10,7 @@
 
 #include <deque>
 #include <memory>
+#include <optional>
 #include <vector>
 
 /// The page of thumbnails on `pic1`. It is drawn from nothing each time, with pictures that are decoded ahead while the
@@ -26,6 +27,8 @@ class Page : public QObject {
     /// Another selection, number of columns or place has been chosen: what a draw would show gets ready in the
     /// background.
     void prepare() { pictures_.rest(); }
+    /// The album is closed: nothing of it is decoded any more.
+    void leave() { pictures_.leave(); }
 
     /// Table that the page was drawn from; another album may have been opened since.
     const QString& table() const { return table_; }
@@ -65,6 +68,7 @@ class Page : public QObject {
     CellPictures::Requests upcoming();
     void keepRoom();
     void addPage(int firstIndex, CellPictures::Requests& requests) const;
+    std::optional<PictureRequest> requestOf(int row, int cell, QSize& pixels) const;
     void drawCaption(int index);
     void showCaption(int index);
 

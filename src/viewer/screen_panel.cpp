@@ -33,7 +33,8 @@ ScreenPanel::ScreenPanel(ToolBar* bar, QWidget* form) : bar_(bar) {
     txtB0->hide();
     scroll_ = std::make_unique<WheelScroll>(pic0);
     // Other processors have nothing to do while the window is made.
-    firstPicture_ = std::async(std::launch::async, [] { return LoadPicture(startPicture, usualSize); });
+    attempt(
+        [&] { firstPicture_ = std::async(std::launch::async, [] { return LoadPicture(startPicture, usualSize); }); });
 }
 
 void ScreenPanel::layOut(const Box& page) {

@@ -21,7 +21,9 @@ qint64 pixelOffset(QIODevice& device) {
 Picture readBmp(QIODevice& device, const QString& name) {
     if (pixelOffset(device) >= device.bytesAvailable()) refusePicture(name, u"图片数据不完整"_s);
 
-    QImageReader::setAllocationLimit(0);  // Ours depends on the computer.
+    // Ours depends on the computer. Set once: several threads read pictures.
+    static const bool isUnlimited = (QImageReader::setAllocationLimit(0), true);
+    Q_UNUSED(isUnlimited);
     QImageReader reader(&device, "bmp");
     const QSize stored = reader.size();
     const QSize pixels(stored.width(), qAbs(stored.height()));  // Negative when the rows run downwards.

@@ -13,11 +13,13 @@ constexpr int markerLength = 2;
 constexpr int lengthLength = 2;
 constexpr uchar startOfScan = 0xDA;
 constexpr uchar app1 = 0xE1;
-// What claims to be a preview and is much larger is decoded at a reduced scale.
-constexpr QSize usualSize(320, 320);
+// Decoding it must cost next to nothing, whatever it claims to be.
+constexpr int longestSide = 1024;
 
-/// The contents of the EXIF segment in front of the picture; empty when there is none, or only a part of it.
-QByteArrayView exifSegment(QByteArrayView file) {
+/// The contents of the first segment in front of the picture's data that is asked for; empty when there is none, or
+/// only a part of it.
+template <typename IsWanted>
+QByteArrayView segmentOf(QByteArrayView file, const IsWanted& isWanted) {
     for (qsizetype at = markerLength; at + markerLength + lengthLength <= file.size();) {
         const auto marker = static_cast<uchar>(file[at + 1]);
         if (static_cast<uchar>(file[at]) != 0xFF || marker == startOfScan) return {};
@@ -26,10 +28,25 @@ QByteArrayView exifSegment(QByteArrayView file) {
         const qsizetype end = at + markerLength + length;
         if (length < lengthLength || end > file.size()) return {};
         const QByteArrayView segment = file.sliced(begin, end - begin);
-        if (marker == app1 && segment.startsWith("Exif")) return segment;
+        if (isWanted(marker, segment)) return segment;
         at = end;
     }
     return {};
+}
+
+QByteArrayView exifSegment(QByteArrayView file) {
+    return segmentOf(file,
+                     [](uchar marker, QByteArrayView segment) { return marker == app1 && segment.startsWith("Exif"); });
+}
+
+bool isSmall(QByteArrayView jpeg) {
+    constexpr int heightAt = 1, widthAt = 3, sidesEnd = 5;
+    const QByteArrayView frame = segmentOf(jpeg, [](uchar marker, QByteArrayView) {
+        const bool isTable = marker == 0xC4 || marker == 0xC8 || marker == 0xCC;
+        return marker >= 0xC0 && marker <= 0xCF && !isTable;
+    });
+    const auto side = [&](int at) { return qFromBigEndian<quint16>(frame.data() + at); };
+    return frame.size() >= sidesEnd && side(widthAt) <= longestSide && side(heightAt) <= longestSide;
 }
 
 }  // namespace
@@ -38,10 +55,10 @@ Picture LoadPreview(const QByteArray& beginning) {
     if (!beginning.startsWith("\xFF\xD8")) return {};
     const QByteArrayView segment = exifSegment(beginning);
     const QByteArrayView bytes = previewFromApp1(segment);
-    if (bytes.isEmpty()) return {};
+    if (!isSmall(bytes)) return {};
     Picture picture;
     attempt([&] {
-        const Picture stored = LoadPicture(bytes.toByteArray(), u"preview"_s, usualSize);
+        const Picture stored = LoadPicture(bytes.toByteArray(), u"preview"_s);
         picture = Picture(uprightImage(stored.image(), orientationFromApp1(segment)));
     });
     return picture;

@@ -64,6 +64,7 @@ class TestPreview : public QObject {
             withNumber(file, offset, 0xFFFFFFF0),
             withNumber(file, length, 0xFFFFFFFF),
             withNumber(file, length, 0),
+            withPreview(file, jpegBytes(QImage(1200, 8, QImage::Format_RGB32))),
             withNumber(file, offset, 8),  // no picture there
         };
         for (const QByteArray& bytes : cases)
