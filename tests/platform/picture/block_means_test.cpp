@@ -141,8 +141,10 @@ class TestBlockMeans : public QObject {
     }
 
     void damagedPicturesAreThoseOfTheLibrary() {
-        const JpegOptions kinds[] = {
-            {.sampling = {1, 1}, .ownCodes = true}, {.sampling = {2, 1}, .restartInterval = 2}, {Kind::grayscale, 6}};
+        const JpegOptions kinds[] = {{.sampling = {1, 1}, .ownCodes = true},
+                                     {.sampling = {2, 1}, .restartInterval = 2},
+                                     {.kind = Kind::progressive, .sampling = {2, 2}},
+                                     {Kind::grayscale, 6}};
         QRandomGenerator chance(3);
         for (const JpegOptions& options : kinds) {
             const QByteArray whole = jpegBytes(painted({44, 30}, true), options);
