@@ -44,5 +44,5 @@ function(lunq_test room)
   target_precompile_headers(${program} REUSE_FROM lunq_test_support)
   add_test(NAME ${room} COMMAND ${program})
   set_tests_properties(${room} PROPERTIES TIMEOUT 300
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ASAN_OPTIONS=detect_leaks=0;UBSAN_OPTIONS=print_stacktrace=1")
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()
