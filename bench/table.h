@@ -1,5 +1,7 @@
 #pragma once
 
+#include "timing.h"
+
 #include <cstdio>
 #include <optional>
 #include <string>
@@ -22,6 +24,7 @@ struct Figure {
 /// Prints a figure: | topic | what | measured | beside | ratio | to reach | reached |
 inline void row(const char* topic, const Figure& figure) {
     const auto number = [](double value, const char* unit) {
+        if (value >= failed) return std::string("failed");
         char text[40];
         std::snprintf(text, sizeof text, "%.*f %s", value < 10 ? 2 : value < 100 ? 1 : 0, value, unit);
         return std::string(text);

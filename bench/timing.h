@@ -5,6 +5,9 @@
 #include <functional>
 #include <vector>
 
+/// Stands for the time of what did not do its work, and makes every limit fall short.
+constexpr double failed = 1e9;
+
 /// How long a piece of work takes, in milliseconds.
 inline double milliseconds(const std::function<void()>& work) {
     QElapsedTimer timer;
@@ -19,13 +22,15 @@ inline double median(std::vector<double> values) {
     return *middle;
 }
 
-/// Median time of that many runs of a piece of work, in milliseconds. What has to be done before each is not timed.
+/// Median time of that many runs of a piece of work, in milliseconds. What has to be done before each is not timed, nor
+/// is the look at what has been done.
 inline double medianMilliseconds(int rounds, const std::function<void()>& work,
-                                 const std::function<void()>& before = {}) {
+                                 const std::function<void()>& before = {}, const std::function<bool()>& isDone = {}) {
     std::vector<double> times;
     for (int i = 0; i < rounds; ++i) {
         if (before) before();
-        times.push_back(milliseconds(work));
+        const double time = milliseconds(work);
+        times.push_back(!isDone || isDone() ? time : failed);
     }
     return median(times);
 }
