@@ -2,6 +2,7 @@
 
 #include "platform/base/error.h"
 #include "platform/base/files.h"
+#include "platform/base/system_reason.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -22,7 +23,8 @@ void placeFirstCatalogue() {
     const QString part = catalogue + u".part"_s;
     QFile::remove(part);
     QFile copy(shipped);
-    if (!copy.copy(part)) throw Error(u"新的像册文件“%1”不能写入：%2"_s.arg(catalogue, copy.errorString()));
+    if (!copy.copy(part))
+        throw Error(u"新的像册文件“%1”不能写入：%2。"_s.arg(catalogue, systemReason(copy.errorString())));
     QFile placed(part);
     placed.setPermissions(placed.permissions() | QFile::ReadOwner | QFile::WriteOwner);
     // Gets its name when it is whole, and on the disk: a power cut must not leave an empty file of this name, which
@@ -30,7 +32,7 @@ void placeFirstCatalogue() {
     const bool opened = placed.open(QIODevice::ReadWrite);
     if (opened) syncToDisk(placed);
     placed.close();
-    if (!opened || !placed.rename(catalogue))
-        throw Error(u"新的像册文件“%1”不能写入：%2"_s.arg(catalogue, placed.errorString()));
+    if (!opened) throw Error(u"新的像册文件“%1”不能写入：%2。"_s.arg(catalogue, writeFailure(placed)));
+    if (!renameNew(part, catalogue)) throw Error(u"像册文件“%1”刚刚由别的程序建立。"_s.arg(catalogue));
     syncFolderToDisk(programFolder());
 }

@@ -1,6 +1,7 @@
 #include "catalogue/picture_field.h"
 
 #include "platform/base/error.h"
+#include "platform/base/system_reason.h"
 #include "platform/database/field_device.h"
 
 #include <QFile>
@@ -39,13 +40,14 @@ qint64 storeInChunks(Field& field, qint64 length, const std::function<void(char*
 
 qint64 storePictureFile(Field field, const QString& path) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) throw Error(u"文件“%1”不能读取：%2"_s.arg(path, file.errorString()));
+    if (!file.open(QIODevice::ReadOnly))
+        throw Error(u"文件“%1”不能读取：%2。"_s.arg(path, systemReason(file.errorString())));
     const qint64 length = file.size();
     qint64 taken = 0;
     return storeInChunks(field, length, [&](char* to, qint64 size) {
         const qint64 read = file.read(to, size);
         if (read < 0 || (read < size && taken + read < length))
-            throw Error(u"文件“%1”没有读完：%2"_s.arg(path, file.errorString()));
+            throw Error(u"文件“%1”没有读完：%2。"_s.arg(path, systemReason(file.errorString())));
         taken += read;
     });
 }

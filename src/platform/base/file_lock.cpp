@@ -15,8 +15,9 @@
 
 namespace {
 
-/// The byte before those by which the engine locks: no content is ever locked, and a file need not be so long.
-constexpr off_t lockedByte = 0x3FFFFFFF;
+/// Behind the 512 bytes by which the engine locks. They lie at the beginning of a page of 16 KB that it never uses, so
+/// that nobody is kept from reading content where locks do that. A file need not be so long.
+constexpr off_t lockedByte = 0x40000400;
 
 int openFor(int access, const QString& path) {
     return open(QFile::encodeName(path).constData(), access | O_CLOEXEC | O_NONBLOCK);

@@ -1,6 +1,7 @@
 #include "platform/base/files.h"
 
 #include "platform/base/error.h"
+#include "platform/base/system_reason.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -8,10 +9,10 @@
 #include <QSaveFile>
 #include <QStorageInfo>
 #include <cerrno>
-#include <cstring>
 
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
+#include <stdio.h>
 #include <unistd.h>
 #elif defined(Q_OS_WIN)
 #include <io.h>
@@ -33,8 +34,8 @@ QFileInfo existingFile(const QString& path) {
 }
 
 [[noreturn]] void failToSync(const QString& path) {
-    const QString reason = QString::fromLocal8Bit(std::strerror(errno));
-    throw Error(u"“%1”没有写到磁盘上：%2"_s.arg(QDir::toNativeSeparators(path), reason));
+    const QString reason = systemReason(errno);
+    throw Error(u"“%1”没有写到磁盘上：%2。"_s.arg(QDir::toNativeSeparators(path), reason));
 }
 
 #ifdef Q_OS_UNIX
@@ -48,6 +49,21 @@ void syncFolder(const QString& path, Sync sync) {
     errno = reason;
     // Some file systems keep their folders on the disk by themselves and refuse to be asked.
     if (code != 0 && reason != EINVAL && reason != ENOTSUP) failToSync(path);
+}
+#endif
+
+#ifdef Q_OS_UNIX
+/// 0, or why the name was not given.
+int giveNewName(const QByteArray& from, const QByteArray& to) {
+#ifdef RENAME_NOREPLACE
+    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0) return 0;
+    if (errno != EINVAL && errno != ENOSYS && errno != ENOTSUP) return errno;
+#endif
+    if (link(from.constData(), to.constData()) == 0) return unlink(from.constData()) == 0 ? 0 : errno;
+    if (errno == EEXIST) return errno;
+    // A file system that knows neither: who takes the name at this very moment loses it.
+    if (access(to.constData(), F_OK) == 0) return EEXIST;
+    return rename(from.constData(), to.constData()) == 0 ? 0 : errno;
 }
 #endif
 
@@ -96,7 +112,7 @@ bool folderExists(const QString& path) {
 
 void Kill(const QString& path) {
     QFile file(existingFile(path).filePath());
-    if (!file.remove()) throw Error(u"文件“%1”不能删除：%2"_s.arg(path, file.errorString()));
+    if (!file.remove()) throw Error(u"文件“%1”不能删除：%2。"_s.arg(path, systemReason(file.errorString())));
 }
 
 void MkDir(const QString& path) {
@@ -121,11 +137,11 @@ QString writeFailure(const QFileDevice& file) {
     if (!isWritable(folder)) return u"文件夹不能写入"_s;
     const QStorageInfo storage(folder.absoluteFilePath());
     if (storage.isValid() && storage.bytesAvailable() < hardlyAnything) return u"磁盘空间不足"_s;
-    return file.errorString();
+    return systemReason(file.errorString());
 }
 
 void syncToDisk(QFileDevice& file) {
-    if (!file.flush()) throw Error(u"文件“%1”不能写入：%2"_s.arg(file.fileName(), writeFailure(file)));
+    if (!file.flush()) throw Error(u"文件“%1”不能写入：%2。"_s.arg(file.fileName(), writeFailure(file)));
 #ifdef Q_OS_UNIX
     if (fsync(file.handle()) != 0) failToSync(file.fileName());
 #elif defined(Q_OS_WIN)
@@ -150,6 +166,20 @@ void syncFileSystemOf(const QString& folder) {
 #else
     Q_UNUSED(folder);
 #endif
+}
+
+bool renameNew(const QString& from, const QString& to) {
+#ifdef Q_OS_UNIX
+    const int failed = giveNewName(QFile::encodeName(from), QFile::encodeName(to));
+    if (failed == 0) return true;
+    if (failed == EEXIST) return false;
+    const QString reason = failed == EINVAL ? systemReason(EILSEQ) : systemReason(failed);
+#else
+    if (QFile::rename(from, to)) return true;
+    if (QFileInfo::exists(to)) return false;
+    const QString reason = u"名称或磁盘不能使用"_s;
+#endif
+    throw Error(u"文件“%1”不能建立：%2。"_s.arg(QDir::toNativeSeparators(to), reason));
 }
 
 bool commitToDisk(QSaveFile& file) {

@@ -33,6 +33,9 @@ void syncToDisk(QFileDevice& file);
 void syncFolderToDisk(const QString& path);
 void syncFileSystemOf(const QString& folder);
 
+/// Gives a file another name on the same disk, without copying it; false when the name is taken, by whatever it is.
+bool renameNew(const QString& from, const QString& to);
+
 /// Gives a file that was written beside its place its name. Its bytes are on the disk before, the name afterwards: no
 /// power cut leaves half a file, or the old one after the new was told to be there. False when the name cannot be
 /// given; the file tells why.

@@ -1,5 +1,7 @@
 #include "platform/database/engine_errors.h"
 
+#include "platform/base/system_reason.h"
+
 #include <sqlite3.h>
 
 #include <array>
@@ -41,23 +43,13 @@ QString statementFailure(const QString& message) {
 /// What has become of the file or the disk: what the engine calls a failure of reading or writing is often plainer.
 QString diskReason(int systemError) {
     switch (systemError) {
-        case ENOSPC:
-            return u"磁盘已满"_s;
-        case EDQUOT:
-            return u"磁盘的限额已经用完"_s;
-        case EFBIG:
-            return u"磁盘放不下这么大的文件"_s;
-        case EROFS:
-            return u"磁盘是只读的，不能修改"_s;
+        case 0:
+            return u"读写文件失败"_s;
         case ENOENT:
         case ENOTDIR:
-        case ENODEV:
-        case ENXIO:
-        case ESTALE:
-        case ENOTCONN:
-            return u"文件所在的磁盘或网络文件夹已经断开"_s;
+            return systemReason(ENODEV);  // a file that was open does not go alone
         default:
-            return u"读写文件失败"_s;
+            return systemReason(systemError);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "platform/database/foreign_copy.h"
 
 #include "platform/base/error.h"
+#include "platform/base/system_reason.h"
 #include "platform/database/jet_outcome.h"
 
 #include <QCoreApplication>
@@ -80,7 +81,8 @@ void setJetReader(const JetReader& reader) {
 
 bool ForeignCopy::isJetFile(const QString& path) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) throw Error(u"数据库文件“%1”不能打开：%2。"_s.arg(path, file.errorString()));
+    if (!file.open(QIODevice::ReadOnly))
+        throw Error(u"数据库文件“%1”不能打开：%2。"_s.arg(path, systemReason(file.errorString())));
     const QByteArray start = file.read(19);
     return start == QByteArray("\0\1\0\0Standard Jet DB", 19) || start == QByteArray("\0\1\0\0Standard ACE DB", 19);
 }

@@ -2,6 +2,7 @@
 
 #include "platform/base/error.h"
 #include "platform/base/files.h"
+#include "platform/base/system_reason.h"
 #include "platform/database/connection.h"
 #include "platform/database/stored_forms.h"
 
@@ -27,7 +28,7 @@ void Spool::append(const QByteArray& bytes) {
     const bool wasBroken = std::exchange(broken_, true);
     if (!file_) {
         auto file = std::make_unique<QTemporaryFile>();
-        if (!file->open()) throw Error(u"不能建立临时文件：%1"_s.arg(file->errorString()));
+        if (!file->open()) throw Error(u"不能建立临时文件：%1。"_s.arg(systemReason(file->errorString())));
         file_ = std::move(file);
         write(memory_);
         memory_.clear();

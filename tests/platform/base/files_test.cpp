@@ -4,6 +4,7 @@
 #include "../../support/run_all.h"
 #include "platform/base/error.h"
 #include "platform/base/processes.h"
+#include "platform/base/system_reason.h"
 #include "platform/base/twips.h"
 
 #include <QtTest/QtTest>
@@ -67,6 +68,37 @@ class FilesTest : public QObject {
             QVERIFY2(!file.open(QIODevice::WriteOnly), qPrintable(name));
             QCOMPARE(writeFailure(file), reason);
         }
+    }
+
+    void nameThatNobodyHas() {
+        const auto write = [&](const QString& name, const QByteArray& bytes) {
+            QFile file(folder_.filePath(name));
+            return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+        };
+        const auto content = [&](const QString& name) {
+            QFile file(folder_.filePath(name));
+            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
+        };
+        QVERIFY(write(u"新"_s, "new") && write(u"旧"_s, "old"));
+        QVERIFY(!renameNew(folder_.filePath(u"新"_s), folder_.filePath(u"旧"_s)));
+        QCOMPARE(content(u"新"_s) + content(u"旧"_s), QByteArray("newold"));
+        QVERIFY(renameNew(folder_.filePath(u"新"_s), folder_.filePath(u"另"_s)));
+        QCOMPARE(content(u"新"_s) + content(u"另"_s), QByteArray("nonenew"));
+        const QString endless = folder_.filePath(QString(300, u'a'));
+        QVERIFY(failureOf([&] { renameNew(folder_.filePath(u"另"_s), endless); }).contains(u"名称太长"_s));
+        QVERIFY(failureOf([&] {
+                    renameNew(folder_.filePath(u"另"_s), folder_.filePath(u"无/另"_s));
+                }).contains(u"不存在"_s));
+        QCOMPARE(content(u"另"_s), QByteArray("new"));
+    }
+
+    void reasonsAreTold() {
+        QCOMPARE(systemReason(ETIMEDOUT), systemReason(EIO));
+        QCOMPARE(systemReason(u"No space left on device"_s), u"磁盘空间不足"_s);
+        QCOMPARE(systemReason(u"another failure"_s), u"another failure"_s);
+        QFile file(folder_.filePath(u"无/图.jpg"_s));
+        QVERIFY(!file.open(QIODevice::ReadOnly));
+        QCOMPARE(systemReason(file.errorString()), u"文件或文件夹不存在"_s);
     }
 
     /// What is written shortly before the end may still wait in memory: only the flush tells that it has no room.
