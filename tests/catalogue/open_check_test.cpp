@@ -1,5 +1,6 @@
 #include "catalogue/open_check.h"
 
+#include "../support/failing_disk.h"
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
@@ -76,6 +77,34 @@ class TestOpenCheck : public QObject {
         QVERIFY_THROWS_EXCEPTION(Error, FileCheck{path()});
     }
 
+    /// What cannot be read, now or always, is not known to be damaged; what can be read and is, is.
+    void diskThatDoesNotAnswer() {
+        closeCatalogue();
+        FailingDisk disk;
+        const qint64 size = FileLen(path());
+        const FailingDisk::Fault noAnswer{SQLITE_IOERR_READ, ETIMEDOUT}, once{SQLITE_IOERR_READ, EIO, 1};
+        for (const qint64 from : {qint64(0), qint64(16384), size / 2, size - 16384}) {
+            FileCheck check(path());
+            disk.readingFrom = from;
+            disk.reading = noAnswer;
+            QString told;
+            try {
+                check.run();
+            } catch (const Error& failure) {
+                told = failure.text();
+            }
+            QVERIFY2(told.contains(u"没有响应"_s), qPrintable(QString::number(from) + told));
+            disk.reading = {};
+            QCOMPARE(check.run(), Outcome::whole);
+        }
+        disk.readingFrom = size - 16384;
+        disk.reading = once;
+        QCOMPARE(FileCheck(path()).run(), Outcome::whole);
+
+        overwrite(path(), size - 16384, QByteArray(16384, '\xff'));
+        QCOMPARE(FileCheck(path()).run(), Outcome::damaged);
+    }
+
     void wholeCatalogueIsRememberedSilently() {
         const OpenCheck check(
             path(), memory(), [&] { ++told_; }, atOnce);
@@ -105,12 +134,15 @@ class TestOpenCheck : public QObject {
 
     void interruptedCheckGoesOn() {
         std::atomic<bool> over = false;
+        std::atomic<int> knocks = 0;
         std::jthread writer([&] {
-            while (!over) FileCheck::interruptAll();
+            for (; !over; ++knocks) FileCheck::interruptAll();
         });
+        addLargePicture(16);
         const OpenCheck check(
             path(), memory(), [&] { ++told_; }, atOnce);
-        QTest::qWait(20);
+        const int before = knocks;
+        QTRY_VERIFY(knocks > before + 1000);
         over = true;
         QTRY_VERIFY(QFile::exists(memory()));
         QCOMPARE(told_, 0);

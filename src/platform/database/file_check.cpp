@@ -8,7 +8,7 @@
 #include <QFileInfo>
 #include <algorithm>
 #include <array>
-#include <cstring>
+#include <cerrno>
 #include <mutex>
 #include <vector>
 
@@ -66,12 +66,14 @@ FileCheck::Outcome FileCheck::run() {
     return interrupted_ ? Outcome::interrupted : outcome;
 }
 
+/// The engine tells of a page that it could not read as of damage: that counts only when it is found again, and when
+/// the file can be read.
 FileCheck::Outcome FileCheck::look() {
     try {
         if (!hasHeader()) return Outcome::damaged;
-        SQLite::Statement check(database_, "PRAGMA quick_check(1)");
-        check.executeStep();
-        return check.getColumn(0).getString() == "ok" ? Outcome::whole : Outcome::damaged;
+        if (isSound() || isSound()) return Outcome::whole;
+        requireReadable();
+        return Outcome::damaged;
     } catch (const SQLite::Exception& failure) {
         switch (failure.getErrorCode() & 0xff) {
             case SQLITE_INTERRUPT:
@@ -79,20 +81,40 @@ FileCheck::Outcome FileCheck::look() {
                 return Outcome::interrupted;
             case SQLITE_CORRUPT:
             case SQLITE_NOTADB:
-            case SQLITE_IOERR:
                 return Outcome::damaged;
             default:
-                throw engineError(path_, failure.getErrorCode(), QString::fromUtf8(failure.what()));
+                throw engineError(path_, failure.getErrorCode(), QString::fromUtf8(failure.what()),
+                                  sqlite3_system_errno(database_.getHandle()));
         }
     }
+}
+
+bool FileCheck::isSound() {
+    SQLite::Statement check(database_, "PRAGMA quick_check(1)");
+    check.executeStep();
+    return check.getColumn(0).getString() == "ok";
 }
 
 /// The engine takes a file without content for a new database. It is read through the engine: a file of its own,
 /// closed again, would cost the program all the locks that it has on this one.
 bool FileCheck::hasHeader() {
-    sqlite3_file* file = nullptr;
-    sqlite3_file_control(database_.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
     static constexpr std::array<char, 16> header{"SQLite format 3"};
     std::array<char, 16> begin{};
-    return file->pMethods->xRead(file, begin.data(), int(begin.size()), 0) == SQLITE_OK && begin == header;
+    return read(begin, 0) && begin == header;
+}
+
+void FileCheck::requireReadable() {
+    std::vector<char> part(size_t(1) << 20);
+    for (qint64 at = 0; !interrupted_ && read(part, at); at += qint64(part.size())) {
+    }
+}
+
+/// False at the end of the file.
+bool FileCheck::read(std::span<char> bytes, qint64 at) {
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(database_.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    const int code = file->pMethods->xRead(file, bytes.data(), int(bytes.size()), at);
+    const int reason = errno;
+    if (code == SQLITE_OK || code == SQLITE_IOERR_SHORT_READ) return code == SQLITE_OK;
+    throw engineError(path_, code, {}, reason);
 }

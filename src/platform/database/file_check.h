@@ -5,6 +5,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <atomic>
+#include <span>
 
 /// Looks through a database file for damage, over a connection of its own that only reads. A reader keeps writers from
 /// storing what they have written: as soon as one of this program waits for that, the check ends, and can be run again.
@@ -22,7 +23,8 @@ class FileCheck {
     FileCheck(const FileCheck&) = delete;
     FileCheck& operator=(const FileCheck&) = delete;
 
-    /// Reads the whole file. Throws `Error` when there is nothing left to read.
+    /// Reads the whole file. Throws `Error` when it cannot be read, as when a share does not answer: whether it is
+    /// damaged is not known then.
     Outcome run();
 
     /// Ends a run that another thread is in. One that is only about to begin may miss it: to be repeated until it ends.
@@ -33,6 +35,9 @@ class FileCheck {
   private:
     Outcome look();
     bool hasHeader();
+    bool isSound();
+    void requireReadable();
+    bool read(std::span<char> bytes, qint64 at);
 
     QString path_;
     SQLite::Database database_;

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <QtGlobal>
+#include <cerrno>
+
+/// Lets the engine meet a disk that fails, as long as the object lives, in files that it opens meanwhile. To be told
+/// before each use what fails; at first nothing does.
+class FailingDisk {
+  public:
+    /// What the engine is told, with the system's reason for it.
+    struct Fault {
+        int code = SQLITE_OK;
+        int reason = 0;
+        int calls = -1;  ///< How many fail, the later ones go through again; all when negative.
+    };
+
+    FailingDisk() : real_(*sqlite3_vfs_find(nullptr)), failing_(real_) {
+        current() = this;
+        failing_.zName = "failing";
+        failing_.xOpen = open;
+        sqlite3_vfs_register(&failing_, 1);
+    }
+    ~FailingDisk() { sqlite3_vfs_unregister(&failing_); }
+    FailingDisk(const FailingDisk&) = delete;
+    FailingDisk& operator=(const FailingDisk&) = delete;
+
+    Fault reading, writing, syncing;
+    sqlite3_int64 readingFrom = 0;  ///< What lies before can be read.
+
+  private:
+    static FailingDisk*& current() {
+        static FailingDisk* disk = nullptr;
+        return disk;
+    }
+
+    static bool isMet(Fault& fault) {
+        if (fault.code == SQLITE_OK || fault.calls == 0) return false;
+        if (fault.calls > 0) --fault.calls;
+        errno = fault.reason;
+        return true;
+    }
+
+    /// The engine's own files, but for the methods that may fail.
+    static int open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* opened) {
+        FailingDisk& disk = *current();
+        const int code = disk.real_.xOpen(&disk.real_, name, file, flags, opened);
+        if (file->pMethods == nullptr) return code;
+        disk.realMethods_ = file->pMethods;
+        disk.methods_ = *file->pMethods;
+        disk.methods_.xRead = read;
+        disk.methods_.xWrite = write;
+        disk.methods_.xSync = sync;
+        file->pMethods = &disk.methods_;
+        return code;
+    }
+    static int read(sqlite3_file* file, void* bytes, int length, sqlite3_int64 at) {
+        FailingDisk& disk = *current();
+        if (at + length > disk.readingFrom && isMet(disk.reading)) return disk.reading.code;
+        return disk.realMethods_->xRead(file, bytes, length, at);
+    }
+    static int write(sqlite3_file* file, const void* bytes, int length, sqlite3_int64 at) {
+        FailingDisk& disk = *current();
+        return isMet(disk.writing) ? disk.writing.code : disk.realMethods_->xWrite(file, bytes, length, at);
+    }
+    static int sync(sqlite3_file* file, int flags) {
+        FailingDisk& disk = *current();
+        return isMet(disk.syncing) ? disk.syncing.code : disk.realMethods_->xSync(file, flags);
+    }
+
+    sqlite3_vfs real_;
+    sqlite3_vfs failing_;
+    const sqlite3_io_methods* realMethods_ = nullptr;
+    sqlite3_io_methods methods_{};
+};
