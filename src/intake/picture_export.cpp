@@ -37,19 +37,14 @@ class ScratchFile {
     }
 
     void sync() { syncToDisk(file_); }
-    void close() {
-        file_.close();
-    }
+    void close() { file_.close(); }
 
     /// False when the name is taken.
     bool rename(const QString& name) {
         file_.close();
-        if (QFile::rename(file_.fileName(), name)) {
-            file_.setFileName({});
-            return true;
-        }
-        if (QFileInfo::exists(name)) return false;
-        throw Error(u"文件“%1”不能建立"_s.arg(QDir::toNativeSeparators(name)));
+        if (!renameNew(file_.fileName(), name)) return false;
+        file_.setFileName({});
+        return true;
     }
 
   private:
@@ -110,14 +105,19 @@ bool PictureGroup::isFull() const {
     return files_.size() >= groupFiles || bytes_ >= groupBytes;
 }
 
-QStringList PictureGroup::giveNames() {
+std::vector<PictureGroup::Unnamed> PictureGroup::giveNames() {
     const auto files = std::exchange(files_, {});
     bytes_ = 0;
     if (files.empty()) return {};
     syncFileSystemOf(folder_);
-    QStringList taken;
-    for (const auto& [name, file] : files)
-        if (!file->rename(name)) taken << name;
+    std::vector<Unnamed> unnamed;
+    for (const auto& [name, file] : files) {
+        try {
+            if (!file->rename(name)) unnamed.push_back({name, {}});
+        } catch (const Error& failure) {
+            unnamed.push_back({name, failure.text()});
+        }
+    }
     syncFolderToDisk(folder_);
-    return taken;
+    return unnamed;
 }

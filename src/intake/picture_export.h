@@ -2,9 +2,10 @@
 
 #include "platform/database/recordset.h"
 
-#include <QStringList>
+#include <QString>
 #include <map>
 #include <memory>
+#include <vector>
 
 /// What became of a picture that was to be written to a file.
 enum class Exported {
@@ -32,9 +33,14 @@ class PictureGroup {
     /// `written` says that the file waits for its name.
     Exported write(Recordset& recordset, QString& name);
     bool isFull() const;
-    /// Ends the group, and returns those of its names that somebody else has taken meanwhile. Throws `Error` when the
-    /// files may not be on the disk; none of them has its name then.
-    QStringList giveNames();
+    /// A file that did not get its name, and is gone.
+    struct Unnamed {
+        QString name;
+        QString reason;  ///< Empty when somebody else has taken the name meanwhile.
+    };
+    /// Ends the group. A name that cannot be given costs no other file its own. Throws `Error` when the files may not
+    /// be on the disk; they have their names then only if it was the folder that could not be written.
+    std::vector<Unnamed> giveNames();
 
   private:
     QString folder_;

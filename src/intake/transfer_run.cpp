@@ -5,7 +5,6 @@
 #include "intake/picture_export.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
-#include "platform/database/foreign_copy.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -39,11 +38,14 @@ Recordset recordToCopy(const QString& table, const QString& number, int earlier)
     return records;
 }
 
+QString withoutEnd(QString sentence) {
+    if (sentence.endsWith(u'。')) sentence.chop(1);
+    return sentence;
+}
+
 QString reasonOf(const std::exception& failure) {
     const auto* error = dynamic_cast<const Error*>(&failure);
-    QString text = error != nullptr ? error->text() : QString::fromLocal8Bit(failure.what());
-    if (text.endsWith(u'。')) text.chop(1);
-    return text;
+    return withoutEnd(error != nullptr ? error->text() : QString::fromLocal8Bit(failure.what()));
 }
 
 /// Tells why there is no file.
@@ -78,7 +80,10 @@ class FileTransfer {
     void giveNames() {
         const QStringList numbers = std::exchange(numbers_, {});
         try {
-            for (const QString& path : group_.giveNames()) notDone_.add(nameIsTaken, QFileInfo(path).fileName());
+            for (const auto& [path, reason] : group_.giveNames()) {
+                const bool isTaken = reason.isEmpty();
+                notDone_.add(isTaken ? nameIsTaken : withoutEnd(reason), QFileInfo(path).fileName());
+            }
         } catch (const std::exception& failure) {
             for (const QString& number : numbers) notDone_.add(reasonOf(failure) + u"，序号"_s, number);
         }
@@ -254,7 +259,7 @@ NotDone transferToFiles(const QString& table, const QStringList& lines, const QS
 Database openTarget(const QString& path) {
     const QString name = QDir::toNativeSeparators(path);
     // A Jet database would be read whole only to be refused then.
-    const bool isJet = ForeignCopy::isJetFile(path);
+    const bool isJet = isJetDatabase(path);
     const Database target = isJet ? Database() : OpenDatabase(path);
     if (isJet || !target.isOurs())
         throw Error(

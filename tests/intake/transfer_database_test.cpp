@@ -53,6 +53,18 @@ class TestTransferDatabase : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
+    /// The engine's locks on a file are lost when the process closes a file of its own on it.
+    void catalogueAsTargetKeepsItsLocks() {
+        const SampleCatalogue sample;
+        const Transaction writing(mekTp::catalogue);
+        changeRow(u"tcsz"_s, {{u"像册标题"_s, u"new"_s}});
+        openTarget(mekTp::cataloguePath());
+        QProcess other;
+        other.start(u"sqlite3"_s, {mekTp::cataloguePath(), u"BEGIN IMMEDIATE"_s});
+        QVERIFY(other.waitForFinished());
+        QVERIFY(other.exitCode() != 0);
+    }
+
     void copiesThroughTheWizard() {
         TargetWindow window(20, 1);
         window.chooseRows({2, 0});

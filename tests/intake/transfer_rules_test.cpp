@@ -124,10 +124,11 @@ class TestTransferRules : public QObject {
             QCOMPARE(group.write(record, a), Exported::nameTaken);
             QCOMPARE(files(), (QStringList{u"ls.tmp"_s, u"ls1.tmp"_s}));
             writeBytes(b, "mine");
-            QCOMPARE(group.giveNames(), QStringList{b});
+            const auto unnamed = group.giveNames();
+            QVERIFY(unnamed.size() == 1 && unnamed[0].name == b && unnamed[0].reason.isEmpty());
             QCOMPARE(files(), (QStringList{u"a.jpg"_s, u"b.jpg"_s}));
             QCOMPARE(bytesOf(a) + bytesOf(b), QByteArray("picturemine"));
-            QCOMPARE(group.giveNames(), QStringList());
+            QVERIFY(group.giveNames().empty());
             for (int i = 0; !group.isFull(); ++i) {
                 QString name = catalogue.file(QString::number(i));
                 QCOMPARE(group.write(record, name), Exported::written);
@@ -135,6 +136,18 @@ class TestTransferRules : public QObject {
             QCOMPARE(files().size(), 66);
         }
         QCOMPARE(files().size(), 2);  // given up, it leaves nothing
+    }
+
+    void aBadNameCostsOnlyItsOwnFile() {
+        const SampleCatalogue catalogue;
+        Recordset record = recordWith("picture");
+        PictureGroup group(catalogue.folder());
+        QString a = catalogue.file(u"a"_s), bad = catalogue.file(QString(300, u'b')), c = catalogue.file(u"c"_s);
+        for (QString* const name : {&a, &bad, &c}) QCOMPARE(group.write(record, *name), Exported::written);
+        const auto unnamed = group.giveNames();
+        QVERIFY(unnamed.size() == 1 && unnamed[0].name == bad && unnamed[0].reason.contains(u"名称太长"_s));
+        QCOMPARE(QDir(catalogue.folder()).entryList({u"*.jpg"_s, u"*.tmp"_s}), (QStringList{u"a.jpg"_s, u"c.jpg"_s}));
+        QCOMPARE(bytesOf(c), QByteArray("picture"));
     }
 
     void failuresLeaveNothing() {

@@ -1,5 +1,6 @@
 #include "platform/database/connection.h"
 
+#include "platform/base/system_reason.h"
 #include "platform/database/engine_errors.h"
 #include "platform/database/file_check.h"
 #include "platform/database/free_space.h"
@@ -26,14 +27,14 @@ constexpr int fileVersion = 1;
 const QString truncatingJournal = u"PRAGMA journal_mode = TRUNCATE"_s;
 
 /// Space is given back when this many pages (16 KB each) lie free: at once when no more than so many, or than such a
-/// part of the free ones, have to be moved for it; otherwise in steps of so many.
+/// part of the free ones, have to be moved for it, and never more than 128 MB; otherwise in steps of so many.
 constexpr int freePagesKept = 256;
 constexpr qint64 pagesMovedAtOnce = 4096;
 constexpr int partMovedAtOnce = 8;
+constexpr qint64 mostMovedAtOnce = 8192;
 constexpr int pagesPerStep = 512;
 constexpr int giveBackMs = 100;
 constexpr int pauseMs = 1000;
-constexpr int fullVacuum = 1;
 const QString stepwise = u"PRAGMA auto_vacuum = INCREMENTAL"_s;
 
 std::vector<std::weak_ptr<Connection>>& openConnections() {
@@ -56,7 +57,8 @@ std::shared_ptr<Connection> openConnection(const QString& path) {
 
 bool hasDatabaseHeader(const QString& path) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) throw Error(u"数据库文件“%1”不能打开：%2。"_s.arg(path, file.errorString()));
+    if (!file.open(QIODevice::ReadOnly))
+        throw Error(u"数据库文件“%1”不能打开：%2。"_s.arg(path, systemReason(file.errorString())));
     return file.read(16) == QByteArray("SQLite format 3\0", 16);
 }
 
@@ -112,6 +114,11 @@ std::shared_ptr<Connection> Connection::open(const QString& path) {
     connection->requireKnownVersion();
     openConnections().push_back(connection);
     return connection;
+}
+
+bool Connection::isJetFile(const QString& path) {
+    const auto shared = openConnection(path);
+    return shared ? shared->isForeign() : ForeignCopy::isJetFile(path);
 }
 
 std::shared_ptr<Connection> Connection::create(const QString& path) {
@@ -173,12 +180,12 @@ void Connection::requireKnownVersion() {
 /// What even without a change of its content would write into a file waits for the first change of it. The journal's
 /// mode can stay with the file: another program's file keeps its own.
 void Connection::takeForWriting() {
-    if (std::exchange(isTakenForWriting_, true)) return;
+    if (isTakenForWriting_) return;
     sqlite3_db_config(handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
-    attempt([this] {
+    isTakenForWriting_ = attempt([this] {
         if (!isOurs()) return;
         run(truncatingJournal);
-        if (number(u"PRAGMA auto_vacuum"_s) == fullVacuum) run(stepwise);  // the program ended while it made it shorter
+        if (isShortenedByEveryChange(handle())) run(stepwise);  // something ended the program while it made it shorter
     });
 }
 
@@ -261,17 +268,16 @@ void Connection::giveBackSpace() {
     const FreeSpace space = freeSpace(handle());
     if (space.pages <= freePagesKept) return;
     longBinaries_.release();
-    if (space.pagesToMove <= std::max(pagesMovedAtOnce, space.pages / partMovedAtOnce))
-        shortenFile();
-    else
-        movePages(space.pages);
+    const qint64 quicklyMoved = std::clamp(space.pages / partMovedAtOnce, pagesMovedAtOnce, mostMovedAtOnce);
+    if (isShortenedBySteps_ || space.pagesToMove > quicklyMoved || !shortenFile()) movePages(space.pages);
 }
 
 /// The engine drops all free pages at the end of a change in the mode FULL. Step by step it would look for each of them
 /// in the list of all: for 3 GB that takes half a minute instead of a second.
-void Connection::shortenFile() {
-    attempt([this] { run(u"PRAGMA auto_vacuum = FULL"_s); });
-    run(stepwise);
+bool Connection::shortenFile() {
+    isShortenedBySteps_ = !attempt([this] { run(u"PRAGMA auto_vacuum = FULL"_s); });
+    if (!attempt([this] { run(stepwise); })) isTakenForWriting_ = false;  // the next change does it
+    return !isShortenedBySteps_;
 }
 
 void Connection::movePages(qint64 freePages) {

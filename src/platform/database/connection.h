@@ -15,6 +15,9 @@
 class Connection {
   public:
     static std::shared_ptr<Connection> open(const QString& path);
+    /// Of a file that is open it is not the bytes that are asked: a file of its own on them, closed again, would cost
+    /// the engine all its locks.
+    static bool isJetFile(const QString& path);
     static std::shared_ptr<Connection> create(const QString& path);
     ~Connection();
 
@@ -76,7 +79,7 @@ class Connection {
     void requireKnownVersion();
     void takeForWriting();
     bool isWritable() const;
-    void shortenFile();
+    bool shortenFile();
     void movePages(qint64 freePages);
     qint64 number(const QString& sql);
 
@@ -89,6 +92,7 @@ class Connection {
     bool isTakenForWriting_ = false;
     QHash<QString, qint64> highestRowIds_;  ///< By table, in lower case.
     bool isSpaceToGiveBack_ = false;
+    bool isShortenedBySteps_ = false;  ///< All at once has failed.
     QTimer pause_;
 };
 

@@ -107,6 +107,10 @@ Database OpenDatabase(const QString& path) {
     return Database(Connection::open(path));
 }
 
+bool isJetDatabase(const QString& path) {
+    return Connection::isJetFile(path);
+}
+
 Database createDatabase(const QString& path) {
     return Database(Connection::create(path));
 }

@@ -49,6 +49,9 @@ class Database {
 /// file when it is missing, no database, damaged, incomplete, of an unknown version, or kept by a password.
 Database OpenDatabase(const QString& path);
 
+/// Whether `OpenDatabase` would read a file as a Jet database: much quicker. Throws `Error` when it cannot be read.
+bool isJetDatabase(const QString& path);
+
 /// Makes a new, empty file; throws when one stands there.
 Database createDatabase(const QString& path);
 

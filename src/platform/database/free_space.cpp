@@ -39,6 +39,11 @@ qint64 number(const std::vector<uchar>& header, int at) {
 
 }  // namespace
 
+bool isShortenedByEveryChange(sqlite3* connection) {
+    const std::vector<uchar> header = part(connection, 0, headerLength);
+    return !header.empty() && number(header, largestRootAt) != 0 && number(header, isIncrementalAt) == 0;
+}
+
 FreeSpace freeSpace(sqlite3* connection) {
     const std::vector<uchar> header = part(connection, 0, headerLength);
     if (header.empty() || number(header, largestRootAt) == 0 || number(header, isIncrementalAt) == 0) return {};

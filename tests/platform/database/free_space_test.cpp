@@ -1,5 +1,6 @@
 #include "platform/database/free_space.h"
 
+#include "../../support/failing_disk.h"
 #include "../../support/run_all.h"
 #include "platform/database/connection.h"
 #include "test_album.h"
@@ -56,6 +57,42 @@ class FreeSpaceTest : public QObject {
                      .toBytes(),
                  picture(pictures - 1));
         QCOMPARE(album_->shell(u"PRAGMA integrity_check"_s), u"ok"_s);
+    }
+
+    /// Small pages make many of them. More lie behind the free ones than are moved at once.
+    void muchIsMovedInSteps() {
+        album_->database = {};
+        album_->shell(u"PRAGMA page_size = 512; VACUUM"_s);
+        album_->database = OpenDatabase(album_->path());
+        album_->database.Execute(u"DELETE FROM tc01 WHERE 序号 = 100"_s);
+        QVERIFY(space().pagesToMove > 4096 && space().pages > 256);
+        for (int pause = 0; pause < 50 && space().pages > 256; ++pause)
+            Connection::open(album_->path())->giveBackSpace();
+        QVERIFY(length() < (pictures - 1) * pictureLength + pictureLength / 2);
+        QCOMPARE(album_->database.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 = 109"_s)
+                     .Fields(u"图片"_s)
+                     .Value()
+                     .toBytes(),
+                 picture(9));
+        QCOMPARE(album_->shell(u"PRAGMA auto_vacuum; PRAGMA integrity_check"_s), u"2\nok"_s);
+    }
+
+    /// Without room for what the engine keeps meanwhile, all stays as it is until there is.
+    void diskThatFailsMeanwhile() {
+        album_->database = {};
+        FailingDisk disk;
+        const auto closed = qScopeGuard([this] { album_.reset(); });
+        album_->database = OpenDatabase(album_->path());
+        Recordset set = album_->database.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 >= 101"_s);
+        for (; !set.Eof(); set.MoveNext()) set.Delete();
+        const auto connection = Connection::open(album_->path());
+        disk.writing = {SQLITE_FULL, ENOSPC};
+        QVERIFY(failsSaying([&] { connection->giveBackSpace(); }, {u"磁盘已满"_s}));
+        QVERIFY(!isShort());
+        disk.writing = {};
+        connection->giveBackSpace();
+        QTRY_VERIFY(isShort());
+        QCOMPARE(album_->shell(u"PRAGMA auto_vacuum; PRAGMA integrity_check"_s), u"2\nok"_s);
     }
 
     void endedWhileTheFileWasMadeShorter() {
