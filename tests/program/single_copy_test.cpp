@@ -77,6 +77,15 @@ class TestSingleCopy : public QObject {
         }
     }
 
+    void replacedCatalogueIsStillTaken() {
+        SingleCopy first(file(u"lunq.mdb"_s), file(u"lunq.lock"_s));
+        QVERIFY(first.isOnly());
+        write(file(u"new"_s), "a backup in its place");
+        QCOMPARE(::rename(qPrintable(file(u"new"_s)), qPrintable(file(u"lunq.mdb"_s))), 0);
+        QVERIFY(!SingleCopy(file(u"lunq.mdb"_s), file(u"lunq.lock"_s)).isOnly());
+        QVERIFY(first.isOnly());
+    }
+
     void folderWithoutALockIsNoObstacle() {
         SingleCopy copy(file(u"missing/lunq.mdb"_s), file(u"missing/lunq.lock"_s));
         QVERIFY(copy.isOnly());
