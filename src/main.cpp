@@ -23,11 +23,6 @@ QString checkMemoryPath() {
     return joinedPath(QStandardPaths::writableLocation(QStandardPaths::CacheLocation), u"checked.ini"_s);
 }
 
-/// One that cannot be opened is, to tell why.
-bool isCheckable() {
-    return !mekTp::catalogue.isOpen() || !mekTp::catalogue.isForeign();
-}
-
 /// Called in the thread of the check.
 void tellDamage() {
     QMetaObject::invokeMethod(
@@ -63,7 +58,7 @@ int main(int argc, char** argv) {
         Program program;  // its windows go before the catalogue that they read
         program.start();
         std::optional<OpenCheck> check;
-        if (isCheckable()) check.emplace(mekTp::cataloguePath(), checkMemoryPath(), [] { tellDamage(); });
+        if (isCatalogueCheckable()) check.emplace(mekTp::cataloguePath(), checkMemoryPath(), [] { tellDamage(); });
         status = QApplication::exec();
     }
     mekTp::catalogue = {};

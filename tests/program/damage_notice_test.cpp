@@ -37,8 +37,28 @@ class TestDamageNotice : public QObject {
             QVERIFY2(whole.contains(u"备份在“%1”，是 2026-03-04 05:06 的"_s.arg(backup)), qPrintable(whole));
             QVERIFY(whole.contains(u"运行“%1”，用备份恢复"_s.arg(script)));
         }
+        const QString journal = mekTp::cataloguePath() + u"-journal"_s;
+        QVERIFY(!damageText(rescueOfCatalogue()).contains(journal));
         QVERIFY(QFile::remove(script));
         QVERIFY(damageText(rescueOfCatalogue()).contains(u"那一份复制到“"_s + mekTp::cataloguePath()));
+        QVERIFY(!damageText(rescueOfCatalogue()).contains(journal));
+        QFile left(journal);
+        QVERIFY(left.open(QIODevice::WriteOnly) && left.write("the way back") > 0 && left.flush());
+        QVERIFY(damageText(rescueOfCatalogue()).contains(u"旁边的“%1”与损坏的文件一起移走"_s.arg(journal)));
+    }
+
+    void onlyOurOwnKindIsLookedThrough() {
+        SampleCatalogue sample;
+        QVERIFY(isCatalogueCheckable());
+        mekTp::catalogue = {};
+        QVERIFY(isCatalogueCheckable());
+        for (const auto& [content, isChecked] :
+             {std::pair{QByteArray("\0\1\0\0Standard Jet DB and a password", 36), false}, {QByteArray("xxx"), true}}) {
+            QFile file(mekTp::cataloguePath());
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+            file.close();
+            QCOMPARE(isCatalogueCheckable(), isChecked);
+        }
     }
 };
 
