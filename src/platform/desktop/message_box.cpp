@@ -6,11 +6,14 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QTimer>
 #include <new>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+constexpr int modalPatienceMs = 200;
 
 std::function<bool(const BoxText&)>& answer() {
     static std::function<bool(const BoxText&)> function;
@@ -65,18 +68,31 @@ bool ask(QWidget* parent, const QString& text, BoxIcon icon, const QString& titl
     return show(parent, {title, text, icon, true});
 }
 
+namespace {
+
+/// What is shown beside a modal box or dialog could be neither read in peace nor closed.
+void showWhenNothingWaits(const BoxText& text) {
+    if (QApplication::activeModalWidget() != nullptr) {
+        QTimer::singleShot(modalPatienceMs, qApp, [text] { showWhenNothingWaits(text); });
+        return;
+    }
+    QMessageBox* box = makeBox(nullptr, text);
+    box->setWindowFlag(Qt::WindowStaysOnTopHint);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, box, &QObject::deleteLater);
+    box->setModal(false);
+    box->show();
+}
+
+}  // namespace
+
 void tell(const QString& text, BoxIcon icon, const QString& title) {
     const BoxText shown{title, text, icon, false};
     if (const auto answers = answer()) {
         answers(shown);
         return;
     }
-    QMessageBox* box = makeBox(nullptr, shown);
-    box->setWindowFlag(Qt::WindowStaysOnTopHint);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    QObject::connect(qApp, &QCoreApplication::aboutToQuit, box, &QObject::deleteLater);
-    box->setModal(false);
-    box->show();
+    showWhenNothingWaits(shown);
 }
 
 void answerBoxesWith(std::function<bool(const BoxText&)> function) {

@@ -26,8 +26,8 @@ void say(QWidget* parent, const QString& text, BoxIcon icon = BoxIcon::exclamati
 /// Asks for a decision with the buttons "确定" and "取消"; true for "确定". Closing the box is "取消".
 bool ask(QWidget* parent, const QString& text, BoxIcon icon = BoxIcon::question, const QString& title = usualBoxTitle);
 
-/// The same beside everything else: the program goes on, and no caller waits for the button. The box stays above all
-/// windows and goes with the program.
+/// The same beside everything else: the program goes on, and no caller waits for the button. The box comes when
+/// no other one and no dialog is open, stays above all windows and goes with the program.
 void tell(const QString& text, BoxIcon icon = BoxIcon::exclamation, const QString& title = usualBoxTitle);
 
 /// Puts `answer` in place of all message boxes until called again with an empty function. Its result is what `ask`

@@ -66,6 +66,25 @@ class TestMessageBox : public QObject {
         QTRY_VERIFY(!told);
     }
 
+    void whatIsToldWaitsForOpenBoxes() {
+        const auto told = [] {
+            for (QWidget* window : QApplication::topLevelWidgets())
+                if (auto* box = qobject_cast<QMessageBox*>(window); box != nullptr && box->text() == u"已经损坏。"_s)
+                    return box;
+            return static_cast<QMessageBox*>(nullptr);
+        };
+        onOpen<QMessageBox>([&](QMessageBox& box) {
+            tell(u"已经损坏。"_s);
+            QVERIFY(told() == nullptr);
+            QTest::keyClick(&box, Qt::Key_Return);
+        });
+        say(nullptr, u"好。"_s);
+        QTRY_VERIFY(told() != nullptr && told()->isVisible());
+        const QPointer<QMessageBox> box = told();
+        QTest::keyClick(box, Qt::Key_Return);
+        QTRY_VERIFY(!box);
+    }
+
     void focusReturnsToTheFormWhenTheBoxCloses() {
         QWidget form;
         auto* first = new QPushButton(&form);
