@@ -3,6 +3,7 @@
 #include "backup/copy_pace.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
+#include "platform/base/system_reason.h"
 
 #include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/Database.h>
@@ -48,7 +49,7 @@ QString reasonOf(const SQLite::Exception& failed) {
         case SQLITE_FULL:
             return u"磁盘已满"_s;
         case SQLITE_IOERR:
-            return u"读写文件失败"_s;
+            return u"读写文件失败，磁盘或网络文件夹可能已断开"_s;
         case SQLITE_CORRUPT:
         case SQLITE_NOTADB:
             return u"图册数据库已损坏"_s;
@@ -73,7 +74,7 @@ int waitForAMoment(void*, int tried) {
 /// All pages under one short lock after another. A change of the source in between makes the engine begin anew; the
 /// locks then grow longer, up to what a writer is ready to wait for. Every step goes to the disk before the next one,
 /// while the source is free: were it left to gather, the system would some time make a step wait for all of it.
-void copyPages(SQLite::Backup& backup, QFile& written) {
+void copyPages(SQLite::Backup&& backup, QFile& written) {
     QElapsedTimer whole;
     whole.start();
     CopyPace pace;
@@ -100,7 +101,7 @@ void requireWhole(SQLite::Database& copy, const QString& from) {
 /// The copy is on the disk afterwards.
 void copyDatabase(const QString& from, const QString& to) {
     QFile written(to);
-    if (!written.open(QIODevice::ReadWrite)) throw failure(to, written.errorString());
+    if (!written.open(QIODevice::ReadWrite)) throw failure(to, writeFailure(written));
     try {
         // Also a catalogue that a power cut has left half changed is copied whole: opened for writing, it repairs
         // itself.
@@ -110,8 +111,8 @@ void copyDatabase(const QString& from, const QString& to) {
         // A copy that fails is thrown away, and what is written goes to the disk while the source is free.
         copy.exec("PRAGMA journal_mode = OFF");
         copy.exec("PRAGMA synchronous = OFF");
-        SQLite::Backup backup(copy, source);
-        copyPages(backup, written);
+        // The engine has ended the copy when this object is gone, not before: only then is it looked through.
+        copyPages(SQLite::Backup(copy, source), written);
         requireWhole(copy, from);
     } catch (const SQLite::Exception& failed) {
         throw Error(u"“%1”不能备份到“%2”：%3。"_s.arg(from, to, reasonOf(failed)));
@@ -138,6 +139,6 @@ void copyCatalogue(const QString& from, const QString& to) {
     copyDatabase(from, made.path());
     std::error_code failed;
     std::filesystem::rename(fileName(made.path()), fileName(to), failed);
-    if (failed) throw failure(to, QString::fromLocal8Bit(failed.message()));
+    if (failed) throw failure(to, systemReason(failed.value()));
     syncFolderToDisk(target.absolutePath());
 }
