@@ -64,7 +64,7 @@ class FreeSpaceTest : public QObject {
         album_->database = {};
         album_->shell(u"PRAGMA page_size = 512; VACUUM"_s);
         album_->database = OpenDatabase(album_->path());
-        album_->database.Execute(u"DELETE FROM tc01 WHERE 序号 = 100"_s);
+        album_->database.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 = 100"_s).Delete();
         QVERIFY(space().pagesToMove > 4096 && space().pages > 256);
         for (int pause = 0; pause < 50 && space().pages > 256; ++pause)
             Connection::open(album_->path())->giveBackSpace();
