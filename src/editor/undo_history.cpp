@@ -8,6 +8,7 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 
+#include <new>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -44,10 +45,11 @@ void UndoHistory::start() {
     if (state_.undoing) return;
     finishFirst();
     state_.stepNumber = 0;
+    loss_.clear();
     isLossTold_ = false;
     state_.stepTrail = StepTrail(state_.editState);
     const QString number = nextStep();
-    if (!attempt([&] { writeRow(number); })) return;
+    if (!record(number, [&] { writeRow(number); })) return;
     first_ = std::async(std::launch::async, [this, image = view_.picYu->Image()] {
         const QByteArray bytes = encodeJpeg(image, jpegQuality);
         QMetaObject::invokeMethod(this, &UndoHistory::finishFirst, Qt::QueuedConnection);
@@ -58,11 +60,35 @@ void UndoHistory::start() {
 /// Stores the picture of the first step, for which the row is there already.
 void UndoHistory::finishFirst() {
     if (!first_.valid()) return;
-    attempt([&] {
+    const QString number = StepTrail::stepText(1);
+    record(number, [&] {
         const QByteArray bytes = first_.get();
-        Recordset row = newestRow(StepTrail::stepText(1));
+        Recordset row = newestRow(number);
         storeJpeg(bytes, row, state_);
     });
+}
+
+/// Stores a step, or what belongs to it. Of one that cannot be stored nothing stays, nor does an earlier picture's step
+/// of its number, which would be taken for it.
+bool UndoHistory::record(const QString& number, const std::function<void()>& storing) {
+    try {
+        storing();
+        return true;
+    } catch (const Error& failure) {
+        loss_ = failure.text();
+    } catch (const std::bad_alloc&) {
+        loss_ = u"内存不足。"_s;
+    } catch (const std::exception& failure) {
+        loss_ = QString::fromLocal8Bit(failure.what());
+    }
+    attempt([&] { removeStep(number); });
+    return false;
+}
+
+/// Of the first step too only whoever goes on to change the picture is told: to him it matters.
+void UndoHistory::tellLoss() {
+    if (loss_.isEmpty() || std::exchange(isLossTold_, true)) return;
+    say(view_.picYu->window(), u"这一步没有记录下来，以后不能撤消。图片可以继续处理和保存。\n\n"_s + loss_);
 }
 
 QString UndoHistory::nextStep() {
@@ -76,17 +102,14 @@ void UndoHistory::cxcz() {
     if (state_.undoing) return;
     finishFirst();
     const QString number = nextStep();
-    try {
+    record(number, [&] {
         Transaction step(mekTp::catalogue);
         writeRow(number);
         Recordset stored = newestRow(number);
         bcsk(view_.picYu->Image(), stored, state_);
         step.commit();
-    } catch (const Error& failure) {
-        if (!std::exchange(isLossTold_, true))
-            say(view_.picYu->window(),
-                u"这一步没有记录下来，以后不能撤消。图片可以继续处理和保存。\n\n"_s + failure.text());
-    }
+    });
+    tellLoss();
 }
 
 void UndoHistory::writeRow(const QString& number) {
@@ -104,8 +127,12 @@ void UndoHistory::writeRow(const QString& number) {
     rows.Update();
 }
 
+void UndoHistory::removeStep(const QString& number) {
+    mekTp::catalogue.Execute(u"DELETE FROM [tccx] WHERE 编号 = "_s + quoted(number));
+}
+
 void UndoHistory::clear() {
-    finishFirst();
+    first_ = {};
     mekTp::catalogue.Execute(u"DELETE FROM [tccx]"_s);
 }
 
@@ -132,7 +159,7 @@ void UndoHistory::mnuCxClick() {
 
 void UndoHistory::pop() {
     if (state_.stepTrail.isEmpty()) return;
-    mekTp::catalogue.Execute(u"DELETE FROM [tccx] WHERE 编号 = "_s + quoted(state_.stepTrail.newest()));
+    removeStep(state_.stepTrail.newest());
     state_.stepTrail.pop();
     --state_.stepNumber;
     if (state_.stepTrail.isEmpty())
@@ -143,8 +170,10 @@ void UndoHistory::pop() {
 
 void UndoHistory::restore(const QString& number) {
     Recordset step = newestRow(number);
-    if (step.Eof()) return;
-    if (const auto picture = pictureFromField(step, pictureColumn)) view_.picYu->setPicture(picture->image());
+    if (step.Eof()) return;  // it could not be stored
+    const auto picture = pictureFromField(step, pictureColumn);
+    if (!picture) return;
+    view_.picYu->setPicture(picture->image());
     state_.picWidth = step.Fields(u"图宽"_s).Value().toInteger();
     state_.picHeight = step.Fields(u"图高"_s).Value().toInteger();
     view_.txtTs->setText(step.Fields(u"标签"_s).Value().textOr());

@@ -3,6 +3,7 @@
 #include "editor/operation_dialog.h"
 #include "platform/database/recordset.h"
 
+#include <functional>
 #include <future>
 
 /// The steps of the session in the table `tccx`: every one a whole picture as JPEG, so taking back computes nothing.
@@ -29,6 +30,9 @@ class UndoHistory : public QObject {
     QString nextStep();
     void writeRow(const QString& number);
     void finishFirst();
+    bool record(const QString& number, const std::function<void()>& storing);
+    void tellLoss();
+    void removeStep(const QString& number);
     void pop();
     void restore(const QString& number);
 
@@ -36,7 +40,8 @@ class UndoHistory : public QObject {
     Commands& commands_;
     EditorView& view_;
     OperationDialog& dialog_;
-    bool isLossTold_ = false;        ///< That a step of this picture could not be stored.
+    QString loss_;  ///< Why a step of this picture could not be stored; empty when all were.
+    bool isLossTold_ = false;
     std::future<QByteArray> first_;  ///< The JPEG of the first step, until it is stored.
 };
 

@@ -1,4 +1,5 @@
 #include "../support/disk_faults.h"
+#include "../support/failing_disk.h"
 #include "editor_window.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -104,6 +105,26 @@ class TestSaving : public QObject {
         editor.press(u"bc"_s);
         QVERIFY2(editor.lastBox().startsWith(u"保存图片|图片已保存完毕！"_s), qPrintable(editor.lastBox()));
         QCOMPARE(fieldOf(source, u"规格"_s).toText(), u"80 * 60"_s);
+    }
+
+    /// Who only looks at pictures is not told.
+    void aFirstStepThatIsLost() {
+        FailingDisk disk;
+        OpenEditor editor;
+        disk.writing = {SQLITE_FULL, ENOSPC, 1};
+        QTRY_COMPARE(editor.steps(), QStringList());
+        QCOMPARE(disk.writing.calls, 0);
+        QVERIFY(editor.boxes.isEmpty());
+        editor.scale(u"2"_s);
+        QCOMPARE(editor.boxes.size(), 1);
+        QVERIFY2(editor.boxes.first().text.startsWith(u"这一步没有记录下来，以后不能撤消。"_s),
+                 qPrintable(editor.lastBox()));
+        QCOMPARE(editor.steps(), QStringList{u"02"_s});
+        editor.press(u"fs"_s);
+        QCOMPARE(editor.boxes.size(), 1);
+        editor.undo();
+        editor.undo();
+        QVERIFY(editor.shows(u"picYu"_s) && editor.steps().isEmpty());
     }
 
     void anotherName() {

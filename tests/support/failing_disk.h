@@ -4,6 +4,7 @@
 
 #include <QtGlobal>
 #include <cerrno>
+#include <map>
 
 /// Lets the engine meet a disk that fails, as long as the object lives, in files that it opens meanwhile. To be told
 /// before each use what fails; at first nothing does.
@@ -48,11 +49,12 @@ class FailingDisk {
         const int code = disk.real_.xOpen(&disk.real_, name, file, flags, opened);
         if (file->pMethods == nullptr) return code;
         disk.realMethods_ = file->pMethods;
-        disk.methods_ = *file->pMethods;
-        disk.methods_.xRead = read;
-        disk.methods_.xWrite = write;
-        disk.methods_.xSync = sync;
-        file->pMethods = &disk.methods_;
+        sqlite3_io_methods& methods = disk.methods_[file->pMethods];
+        methods = *file->pMethods;
+        methods.xRead = read;
+        methods.xWrite = write;
+        methods.xSync = sync;
+        file->pMethods = &methods;
         return code;
     }
     static int read(sqlite3_file* file, void* bytes, int length, sqlite3_int64 at) {
@@ -71,6 +73,6 @@ class FailingDisk {
 
     sqlite3_vfs real_;
     sqlite3_vfs failing_;
-    const sqlite3_io_methods* realMethods_ = nullptr;
-    sqlite3_io_methods methods_{};
+    const sqlite3_io_methods* realMethods_ = nullptr;  ///< All kinds of files read, write and sync by the same ones.
+    std::map<const sqlite3_io_methods*, sqlite3_io_methods> methods_;  ///< By the real ones: only databases are locked.
 };
