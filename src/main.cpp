@@ -11,7 +11,6 @@
 #include <QApplication>
 #include <QIcon>
 #include <QLibraryInfo>
-#include <QStandardPaths>
 #include <QTranslator>
 #include <optional>
 
@@ -19,12 +18,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-QString checkMemoryPath() {
-    return joinedPath(QStandardPaths::writableLocation(QStandardPaths::CacheLocation), u"checked.ini"_s);
-}
-
 /// Called in the thread of the check.
-void tellDamage() {
+void tellDamage(FileCheck::Outcome outcome) {
+    if (outcome != FileCheck::Outcome::damaged) return;
     QMetaObject::invokeMethod(
         qApp, [] { tell(damageText(rescueOfCatalogue()), BoxIcon::exclamation, u"错误提示"_s); }, Qt::QueuedConnection);
 }
@@ -58,7 +54,7 @@ int main(int argc, char** argv) {
         Program program;  // its windows go before the catalogue that they read
         program.start();
         std::optional<OpenCheck> check;
-        if (isCatalogueCheckable()) check.emplace(mekTp::cataloguePath(), checkMemoryPath(), [] { tellDamage(); });
+        if (isCatalogueCheckable()) check.emplace(mekTp::cataloguePath(), tellDamage);
         status = QApplication::exec();
     }
     mekTp::catalogue = {};

@@ -1,30 +1,16 @@
 #pragma once
 
-#include <QDateTime>
+#include "platform/database/file_check.h"
+
 #include <QString>
 #include <chrono>
 #include <condition_variable>
 #include <functional>
 #include <mutex>
-#include <optional>
 #include <thread>
 
-class FileCheck;
-
-/// How a file was when it was found whole.
-struct CheckedState {
-    qint64 size = 0;
-    QDateTime changed;
-    QDateTime checked;
-};
-
-/// Whether a file is to be looked through: a small one always, a large one that has changed once a day, one that has
-/// not changed once a month, since disks forget too.
-bool isCheckDue(const std::optional<CheckedState>& last, qint64 size, const QDateTime& changed, const QDateTime& now);
-
 /// Looks through the catalogue's file once, in a thread of its own that leaves processor and disk to all others, and
-/// gives way to everything that the program writes. When the file was last found whole is kept in `memory`, a file that
-/// may be lost at any time. Ends at once with the object.
+/// gives way to everything that the program writes. Ends at once with the object.
 class OpenCheck {
   public:
     struct Pace {
@@ -32,10 +18,10 @@ class OpenCheck {
         std::chrono::milliseconds rest{10000};  ///< After a change, doubled with every further one.
     };
 
-    /// `damaged` is called in the thread when the file is damaged.
-    OpenCheck(const QString& file, const QString& memory, std::function<void()> damaged, Pace pace);
-    OpenCheck(const QString& file, const QString& memory, std::function<void()> damaged)
-        : OpenCheck(file, memory, std::move(damaged), Pace()) {}
+    /// `finished` is called in the thread when the file is known to be whole or damaged.
+    using Finished = std::function<void(FileCheck::Outcome)>;
+    OpenCheck(const QString& file, Finished finished, Pace pace);
+    OpenCheck(const QString& file, Finished finished) : OpenCheck(file, std::move(finished), Pace()) {}
     ~OpenCheck();
     OpenCheck(const OpenCheck&) = delete;
     OpenCheck& operator=(const OpenCheck&) = delete;
@@ -46,8 +32,7 @@ class OpenCheck {
     void waitFor(std::chrono::milliseconds time, const std::stop_token& stop);
 
     QString file_;
-    QString memory_;
-    std::function<void()> damaged_;
+    Finished finished_;
     Pace pace_;
     std::mutex mutex_;
     std::condition_variable_any woken_;
