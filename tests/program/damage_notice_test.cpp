@@ -53,7 +53,8 @@ class TestDamageNotice : public QObject {
         mekTp::catalogue = {};
         QVERIFY(isCatalogueCheckable());
         for (const auto& [content, isChecked] :
-             {std::pair{QByteArray("\0\1\0\0Standard Jet DB and a password", 36), false}, {QByteArray("xxx"), true}}) {
+             {std::pair{QByteArray("\0\1\0\0", 4) + "Standard Jet DB and a password", false},
+              {QByteArray("xxx"), true}}) {
             QFile file(mekTp::cataloguePath());
             QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
             file.close();
