@@ -1,5 +1,5 @@
-#include "../../support/run_all.h"
 #include "../../support/disk_faults.h"
+#include "../../support/run_all.h"
 #include "platform/database/field_device.h"
 #include "test_album.h"
 
