@@ -159,8 +159,8 @@ void Page::xstp() {
 }
 
 /// The size in twips of a picture on the page. Without a size to read it takes that of the picture before it.
-QSize Page::fitted(const QString& spec, QSize& pixels) const {
-    const auto told = sizeFromSpec(spec);
+QSize Page::fitted(const QString& sizeText, QSize& pixels) const {
+    const auto told = sizeFromSpec(sizeText);
     if (told && !told->isEmpty()) pixels = *told;
     const bool originalSize = state_.picturesPerPage == 1 && strip_.tlb1->image(u"yd"_s) == u"cm";
     return fittedSize(pixels, grid().cellWidth, grid().cellHeight, originalSize);
@@ -169,9 +169,9 @@ QSize Page::fitted(const QString& spec, QSize& pixels) const {
 void Page::drawCell(int index, QSize& pixels) {
     const Cell& cell = cells_[size_t(index)];
     Recordset& album = state_.albumRecordset;
-    QString spec;
-    attempt([&] { spec = album.Fields(u"规格"_s).Value().textOr(); });
-    const QSize size = fitted(spec, pixels);
+    QString sizeText;
+    attempt([&] { sizeText = album.Fields(u"规格"_s).Value().textOr(); });
+    const QSize size = fitted(sizeText, pixels);
     placeAt(cell.imgXs, pictureBox(grid(), index, size));
     placeAt(cell.shpXs, frameBox(grid(), index, size));
 

@@ -62,7 +62,7 @@ class Page : public QObject {
     void addCell();
     void setCellCount(int count);
     CellGrid grid() const { return cellGrid(state_.pageAreaWidth, state_.picturesPerPage); }
-    QSize fitted(const QString& spec, QSize& pixels) const;
+    QSize fitted(const QString& sizeText, QSize& pixels) const;
     void goToFirstPicture();
     void drawCell(int index, QSize& pixels);
     CellPictures::Requests upcoming();
