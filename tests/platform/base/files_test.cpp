@@ -1,6 +1,7 @@
 #include "platform/base/files.h"
 
 #include "../../support/disk_faults.h"
+#include "../../support/failure_of.h"
 #include "../../support/run_all.h"
 #include "platform/base/error.h"
 #include "platform/base/processes.h"
@@ -12,15 +13,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-QString failureOf(const std::function<void()>& step) {
-    try {
-        step();
-    } catch (const Error& error) {
-        return error.text();
-    }
-    return {};
-}
 
 class FilesTest : public QObject {
     Q_OBJECT

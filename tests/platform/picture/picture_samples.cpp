@@ -109,15 +109,6 @@ void setUp(jpeg_compress_struct& codec, const QImage& image, const JpegOptions& 
 
 }  // namespace
 
-QString failureOf(const std::function<void()>& step) {
-    try {
-        step();
-    } catch (const Error& error) {
-        return error.text();
-    }
-    return {};
-}
-
 QByteArray jpegBytes(const QImage& image, const JpegOptions& options) {
     jpeg_compress_struct codec{};
     jpeg_error_mgr errors{};

@@ -1,11 +1,9 @@
 #pragma once
 
+#include "../../support/failure_of.h"
+
 #include <QByteArray>
 #include <QImage>
-#include <functional>
-
-/// Text of the failure of a step, empty when there was none.
-QString failureOf(const std::function<void()>& step);
 
 /// Pictures as bytes, made by hand where the fault lies in the bytes.
 
