@@ -141,7 +141,7 @@ class TestBackupPage : public QObject {
         const BoxText box = window.boxes.value(0);
         QCOMPARE(box.title, u"备份数据库？"_s);
         QCOMPARE(box.text, u"如确实要备份数据库，请按“确定”按钮；否则按“取消”。"_s);
-        QVERIFY(box.icon == BoxIcon::question && box.hasCancel);
+        QVERIFY(box.icon == BoxIcon::question && box.hasCancel());
 
         window.answer = true;
         QVERIFY(!QFile::exists(backup));

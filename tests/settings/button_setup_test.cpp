@@ -177,7 +177,7 @@ class TestButtonSetup : public QObject {
         mekTp::catalogue.Execute(u"DELETE FROM [tcbm]"_s);
         page.click(u"cmdQu"_s);
         QCOMPARE(page.boxes.value(0).text, u"请先建立图册。"_s);
-        QVERIFY(page.boxes.value(0).icon == BoxIcon::question && !page.boxes.value(0).hasCancel);
+        QVERIFY(page.boxes.value(0).icon == BoxIcon::question && !page.boxes.value(0).hasCancel());
         QCOMPARE(page.state(), noButton);
     }
 

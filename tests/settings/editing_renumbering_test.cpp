@@ -63,7 +63,7 @@ class TestEditingRenumbering : public QObject {
             }
             window.click(u"cmdJh"_s);
             QCOMPARE(album(), after);
-            QVERIFY(window.boxes.value(0).hasCancel);
+            QVERIFY(window.boxes.value(0).hasCancel());
             const QString asked = QStringList{u"按原序号"_s, u"按日期"_s, u"按编号"_s}.at(order < 0 ? 2 : order);
             QCOMPARE(
                 window.said(),

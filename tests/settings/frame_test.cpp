@@ -98,7 +98,7 @@ class TestSettingsFrame : public QObject {
         QCOMPARE(
             box.text,
             u"警  告：\n\n在未保存前切换页框或关闭，将造成刚才的操作全部作废！\n\n如果一定要切换，按《确定》；否则按《取消》。"_s);
-        QVERIFY(box.icon == BoxIcon::information && box.hasCancel);
+        QVERIFY(box.icon == BoxIcon::information && box.hasCancel());
         window.answer = true;
         for (const int x : {1500, 1600}) Q_EMIT window.tabs().mouseMovedAt(x, 100);
         QCOMPARE(window.boxes.size(), 3);

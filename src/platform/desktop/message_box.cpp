@@ -15,9 +15,17 @@ namespace {
 
 constexpr int modalPatienceMs = 200;
 
-std::function<bool(const BoxText&)>& answer() {
-    static std::function<bool(const BoxText&)> function;
+std::function<int(const BoxText&)>& answer() {
+    static std::function<int(const BoxText&)> function;
     return function;
+}
+
+BoxText statement(const QString& title, const QString& text, BoxIcon icon) {
+    return {title, text, icon, {u"确定"_s}, 0, 0};
+}
+
+BoxText decision(const QString& title, const QString& text, BoxIcon icon, int onEnter) {
+    return {title, text, icon, {u"确定"_s, u"取消"_s}, onEnter, 1};
 }
 
 QMessageBox::Icon iconOf(BoxIcon icon) {
@@ -39,33 +47,51 @@ QMessageBox* makeBox(QWidget* parent, const BoxText& text) {
     box->setTextFormat(Qt::PlainText);
     box->setText(text.text);
     box->setIcon(iconOf(text.icon));
-    QPushButton* ok = box->addButton(u"确定"_s, QMessageBox::AcceptRole);
-    QPushButton* cancel = text.hasCancel ? box->addButton(u"取消"_s, QMessageBox::RejectRole) : ok;
-    box->setDefaultButton(ok);
-    box->setEscapeButton(cancel);
+    QList<QPushButton*> buttons;
+    // Buttons of one role keep their order; the answer that Escape gives comes last.
+    for (int i = 0; i < text.answers.size(); ++i)
+        buttons.append(box->addButton(
+            text.answers[i], i != 0 && i == text.onEscape ? QMessageBox::RejectRole : QMessageBox::AcceptRole));
+    box->setDefaultButton(buttons[text.onEnter]);
+    box->setEscapeButton(buttons[text.onEscape]);
     return box;
 }
 
-bool show(QWidget* parent, const BoxText& text) {
+/// The place of the answer that was given.
+int show(QWidget* parent, const BoxText& text) {
     if (const auto answers = answer()) return answers(text);
 
     // The nested event loop may take the parent, and the box with it.
     const QPointer<QMessageBox> box = makeBox(parent, text);
     box->exec();
-    if (!box) return false;
-    const bool accepted = box->clickedButton() == box->defaultButton();
+    if (!box) return text.onEscape;
+    const QAbstractButton* clicked = box->clickedButton();
+    const auto given = clicked == nullptr ? text.onEscape : static_cast<int>(text.answers.indexOf(clicked->text()));
     delete box;
-    return accepted;
+    return given;
 }
 
 }  // namespace
 
 void say(QWidget* parent, const QString& text, BoxIcon icon, const QString& title) {
-    show(parent, {title, text, icon, false});
+    show(parent, statement(title, text, icon));
 }
 
 bool ask(QWidget* parent, const QString& text, BoxIcon icon, const QString& title) {
-    return show(parent, {title, text, icon, true});
+    return show(parent, decision(title, text, icon, 0)) == 0;
+}
+
+bool askBeforeDeleting(QWidget* parent, const QString& text, BoxIcon icon, const QString& title) {
+    return show(parent, decision(title, text, icon, 1)) == 0;
+}
+
+int choose(QWidget* parent, const QString& text, const QStringList& answers, int onEnter, int onEscape, BoxIcon icon,
+           const QString& title) {
+    return show(parent, {title, text, icon, answers, onEnter, onEscape});
+}
+
+Unsaved askAboutUnsaved(QWidget* parent, const QString& text) {
+    return static_cast<Unsaved>(choose(parent, text, {u"保存"_s, u"不保存"_s, u"继续编辑"_s}, 2, 2));
 }
 
 namespace {
@@ -87,7 +113,7 @@ void showWhenNothingWaits(const BoxText& text) {
 }  // namespace
 
 void tell(const QString& text, BoxIcon icon, const QString& title) {
-    const BoxText shown{title, text, icon, false};
+    const BoxText shown = statement(title, text, icon);
     if (const auto answers = answer()) {
         answers(shown);
         return;
@@ -96,6 +122,14 @@ void tell(const QString& text, BoxIcon icon, const QString& title) {
 }
 
 void answerBoxesWith(std::function<bool(const BoxText&)> function) {
+    if (!function) {
+        answer() = {};
+        return;
+    }
+    answer() = [function](const BoxText& box) { return function(box) ? 0 : box.onEscape; };
+}
+
+void chooseInBoxesWith(std::function<int(const BoxText&)> function) {
     answer() = std::move(function);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <functional>
 
 class QWidget;
@@ -14,7 +15,11 @@ struct BoxText {
     QString title;
     QString text;
     BoxIcon icon;
-    bool hasCancel;  ///< OK and Cancel instead of OK alone.
+    QStringList answers;  ///< Captions of its buttons, in their order.
+    int onEnter;          ///< Which answer Enter gives: the default button.
+    int onEscape;         ///< Which answer Escape gives, and closing the box.
+
+    bool hasCancel() const { return answers.size() > 1; }
 };
 
 inline const QString usualBoxTitle = QStringLiteral("操作提示");
@@ -26,13 +31,28 @@ void say(QWidget* parent, const QString& text, BoxIcon icon = BoxIcon::exclamati
 /// Asks for a decision with the buttons "确定" and "取消"; true for "确定". Closing the box is "取消".
 bool ask(QWidget* parent, const QString& text, BoxIcon icon = BoxIcon::question, const QString& title = usualBoxTitle);
 
-/// The same beside everything else: the program goes on, and no caller waits for the button. The box comes when
+/// Asks before something is deleted: as `ask` does, but Enter means "取消".
+bool askBeforeDeleting(QWidget* parent, const QString& text, BoxIcon icon = BoxIcon::question,
+                       const QString& title = usualBoxTitle);
+
+/// Asks a question with answers of its own; the result is the place of the answer in `answers`.
+int choose(QWidget* parent, const QString& text, const QStringList& answers, int onEnter, int onEscape,
+           BoxIcon icon = BoxIcon::question, const QString& title = usualBoxTitle);
+
+enum class Unsaved { save, discard, keepEditing };
+
+/// Asks what becomes of changes that are not saved: "保存", "不保存" or "继续编辑". Enter and Escape keep editing.
+Unsaved askAboutUnsaved(QWidget* parent, const QString& text);
+
+/// Says something beside everything else: the program goes on, and no caller waits for the button. The box comes when
 /// no other one and no dialog is open, stays above all windows and goes with the program.
 void tell(const QString& text, BoxIcon icon = BoxIcon::exclamation, const QString& title = usualBoxTitle);
 
 /// Puts `answer` in place of all message boxes until called again with an empty function. Its result is what `ask`
-/// returns.
+/// returns; for `choose` true is the first answer and false the one that Escape gives.
 void answerBoxesWith(std::function<bool(const BoxText&)> answer);
+/// The same, with the place of the answer in `BoxText::answers`.
+void chooseInBoxesWith(std::function<int(const BoxText&)> answer);
 
 /// Runs a handler. When it ends in a failure, a box titled "错误提示" says what failed, and the program goes on.
 void runHandler(QWidget* parent, const std::function<void()>& handler);

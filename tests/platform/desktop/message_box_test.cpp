@@ -45,6 +45,36 @@ class TestMessageBox : public QObject {
         }
     }
 
+    void enterMeansCancelWhereSomethingIsDeleted() {
+        for (const auto& [key, accepted] : {std::pair{Qt::Key_Return, false}, {Qt::Key_Escape, false}}) {
+            onOpen<QMessageBox>([key = key](QMessageBox& box) { QTest::keyClick(&box, key); });
+            QCOMPARE(askBeforeDeleting(nullptr, u"删除？"_s), accepted);
+        }
+        onOpen<QMessageBox>([](QMessageBox& box) { QTest::mouseClick(box.buttons().first(), Qt::LeftButton); });
+        QVERIFY(askBeforeDeleting(nullptr, u"删除？"_s));
+    }
+
+    void unsavedChangesStayUnlessSomebodySaysOtherwise() {
+        const auto press = [](const QString& caption) {
+            return [caption](QMessageBox& box) {
+                for (auto* button : box.buttons())
+                    if (button->text() == caption) QTest::mouseClick(button, Qt::LeftButton);
+            };
+        };
+        const std::pair<std::function<void(QMessageBox&)>, Unsaved> ways[] = {
+            {press(u"保存"_s), Unsaved::save},
+            {press(u"不保存"_s), Unsaved::discard},
+            {press(u"继续编辑"_s), Unsaved::keepEditing},
+            {[](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); }, Unsaved::keepEditing},
+            {[](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }, Unsaved::keepEditing},
+            {[](QMessageBox& box) { box.close(); }, Unsaved::keepEditing},
+        };
+        for (const auto& [answer, meant] : ways) {
+            onOpen(answer);
+            QCOMPARE(askAboutUnsaved(nullptr, u"还没有保存。"_s), meant);
+        }
+    }
+
     void statementClosesOnEitherKey() {
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
             onOpen<QMessageBox>([&](QMessageBox& box) {
@@ -120,7 +150,7 @@ class TestMessageBox : public QObject {
             QPushButton button;
             QObject::connect(&button, &QPushButton::clicked, &button, guarded(&button, handler));
             button.click();
-            QVERIFY(shown && shown->icon == BoxIcon::exclamation && !shown->hasCancel);
+            QVERIFY(shown && shown->icon == BoxIcon::exclamation && !shown->hasCancel());
             QCOMPARE(shown->title, u"错误提示"_s);
             QCOMPARE(shown->text, text);
         }
