@@ -16,8 +16,10 @@
 
 #include <QCloseEvent>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTabBar>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -48,6 +50,13 @@ class TabPage : public SettingsPage {
   private:
     Page& page_;
 };
+
+/// Whether a key in the tab control, or in its strip of captions, brings another page to the front.
+bool turnsPage(const QKeyEvent& key, bool inStrip) {
+    const bool arrow = key.key() == Qt::Key_Left || key.key() == Qt::Key_Right;
+    const bool tab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+    return (inStrip && arrow) || (tab && (key.modifiers() & Qt::ControlModifier));
+}
 
 }  // namespace
 
@@ -147,6 +156,8 @@ void frmSz::load() {
 }
 
 void frmSz::connectEvents() {
+    for (QWidget* part : {static_cast<QWidget*>(shared_.sstFz), static_cast<QWidget*>(shared_.sstFz->tabBar())})
+        part->installEventFilter(this);
     connect(shared_.sstFz, &QTabWidget::currentChanged, this, guarded(this, [this] { sstFzClick(); }));
     connect(shared_.sstFz, &TabControl::mouseMovedAt, this, &frmSz::pointerMoved);
     connect(albums_, &AlbumEntry::chosen, this, guarded(this, [this] { takeAlbum(); }));
@@ -263,6 +274,16 @@ void frmSz::closeEvent(QCloseEvent* event) {
         QWidget::closeEvent(event);
     else
         event->ignore();
+}
+
+/// Keys reach another page without the pointer entering the strip.
+bool frmSz::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && !state_.pageFree &&
+        turnsPage(static_cast<QKeyEvent&>(*event), watched == shared_.sstFz->tabBar())) {
+        warnBeforeLeaving();
+        if (!state_.pageFree) return true;
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void frmSz::pointerMoved(int x, int y) {

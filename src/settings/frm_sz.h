@@ -34,6 +34,7 @@ class frmSz : public QWidget {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void makeSharedControls();

@@ -106,6 +106,30 @@ class TestSettingsFrame : public QObject {
         QVERIFY(window.label(u"lblTs"_s).startsWith(u"“图片录入”"_s));
     }
 
+    // By keys the pointer stays where it is.
+    void guardWarnsBeforeKeysTurnThePage() {
+        const std::pair<bool, std::pair<Qt::Key, Qt::KeyboardModifiers>> ways[] = {
+            {true, {Qt::Key_Right, {}}},
+            {false, {Qt::Key_Tab, Qt::ControlModifier}},
+            {false, {Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier}},
+        };
+        for (const auto& [inStrip, key] : ways) {
+            SettingsWindow window;
+            QWidget* focus = inStrip ? static_cast<QWidget*>(window.tabs().tabBar()) : &window.box(u"txtXt"_s);
+            focus->setFocus();
+            window.click(u"cmdBt"_s);
+            window.answer = false;
+            QTest::keyClick(focus, key.first, key.second);
+            QCOMPARE(window.boxes.size(), 1);
+            QCOMPARE(window.boxes.first().title, u"警 告！！！！"_s);
+            QCOMPARE(window.tabs().currentIndex(), 0);
+            window.answer = true;
+            QTest::keyClick(focus, key.first, key.second);
+            QVERIFY(window.tabs().currentIndex() != 0);
+            QCOMPARE(window.boxes.size(), 2);
+        }
+    }
+
     void guardOpensOnce() {
         SettingsWindow window;
         window.click(u"cmdBt"_s);
