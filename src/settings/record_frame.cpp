@@ -288,7 +288,8 @@ void RecordFrame::stopOrStay() {
 
 bool RecordFrame::mayLeave() {
     if (!isChanged()) return true;
-    switch (askAboutUnsaved(controls_.form, u"序号为 %1 的记录改过了，还没有保存。"_s.arg(shown_.number))) {
+    const QString which = shown_.number.isEmpty() ? u"这条记录"_s : u"序号为 %1 的记录"_s.arg(shown_.number);
+    switch (askAboutUnsaved(controls_.form, which + u"改过了，还没有保存。"_s)) {
         case Unsaved::keepEditing:
             return false;
         case Unsaved::discard:
