@@ -124,6 +124,7 @@ void frmTp::applyColours() {
     const auto colour = [&](const QString& column) { return colourFromText(scheme.Fields(column).Value().toText()); };
     attempt([&] {
         const QColor ground = colour(u"窗体"_s);
+        setStyleSheet(isDark(ground) ? darkBars() : QString());  // first: it sets former palettes back
         for (QWidget* part : std::initializer_list<QWidget*>{this, form_, page_->pic1, screen_->pic0})
             setGround(part, ground);
         // The program's style sheet keeps the window's palette from these.
@@ -131,9 +132,8 @@ void frmTp::applyColours() {
         QPalette words = QApplication::palette(strip_->txtD1);
         if (isDark(ground)) words.setColor(QPalette::Text, lightInk);
         strip_->txtD1->setPalette(words);
-        setStyleSheet(isDark(ground) ? darkBars() : QString());
-        if (isDark(ground))
-            strip_->tlb1->setIconSource([](const QString& key) { return toolIcon(key, IconGround::dark); });
+        const auto icons = isDark(ground) ? IconGround::dark : IconGround::light;
+        strip_->tlb1->setIconSource([icons](const QString& key) { return toolIcon(key, icons); });
     });
     attempt([&] { buttons_->shpAb->setBorderColor(colour(u"外框"_s)); });
     attempt([&] { buttons_->shpAb->setFillColor(colour(u"填充"_s)); });
