@@ -141,18 +141,27 @@ void frmTp::applyColours() {
 }
 
 void frmTp::fillAlbumMenu() {
-    QStringList titles{menu_.mnuCd[0]->text()};
+    QStringList titles, tables;
     attempt([&] {
         Recordset albums = mekTp::catalogue.OpenRecordset(u"tcbm"_s);
-        if (!albums.Eof()) titles.clear();
-        for (; !albums.Eof(); albums.MoveNext()) titles << albums.Fields(u"标题"_s).Value().textOr();
+        for (; !albums.Eof(); albums.MoveNext()) {
+            tables << albums.Fields(u"表名"_s).Value().textOr();
+            titles << albums.Fields(u"标题"_s).Value().textOr();
+        }
     });
+    QStringList tips = tipsOfEqualTitles(titles, tables);
+    if (titles.isEmpty()) {
+        titles << menu_.mnuCd[0]->text();
+        tips << QString();
+    }
+    menu_.mnuDk->setToolTipsVisible(true);
     QAction* const end = menu_.mnuDk->actions().constFirst();
     for (int i = 0; i < titles.size(); ++i) {
         if (i == menu_.mnuCd.size()) menu_.mnuCd << new QAction(this);
         QAction* item = menu_.mnuCd[i];
         item->setObjectName(element(u"mnuCd"_s, i));
         item->setText(titles[i].replace(u"&"_s, u"&&"_s));
+        item->setToolTip(tips[i]);
         item->setCheckable(true);
         menu_.mnuDk->insertAction(end, item);
         connect(item, &QAction::triggered, this, guarded(this, [this, i] {
