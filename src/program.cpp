@@ -89,6 +89,11 @@ void Program::forget(WindowKind window) {
     tellMainWindow();
 }
 
+void Program::coloursChanged() {
+    auto* viewer = qobject_cast<frmTp*>(windows_[WindowKind::viewer].data());
+    if (viewer != nullptr) viewer->applyColours();
+}
+
 void Program::showHelp(const QString& topic) {
     show(WindowKind::help);
     auto* help = qobject_cast<frmBz*>(windows_[WindowKind::help].data());
