@@ -46,6 +46,11 @@ bool isNumber(QStringView text) {
     return !text.isEmpty() && std::ranges::all_of(text, isDigit);
 }
 
+/// The help completes 03 to 2003 and 98 to 1998; between 10 and 20 it waits for more.
+int helpedYear(int year) {
+    return year <= 20 ? 2000 + year : 1900 + year;
+}
+
 TypedDate beginningWith(const QString& year) {
     return {year + u"--"_s, atMonth};
 }
@@ -58,7 +63,7 @@ TypedDate afterSeparator(const TypedDate& typed) {
     const bool beforeOne = caret < text.size() && isDateSeparator(text[caret]);
     if (behindOne || beforeOne) return {text.left(at) + text.mid(caret), behindOne ? at : caret};
     if (text.size() == 3 && caret == 3 && isNumber(text.left(2)))
-        return beginningWith(QString::number(yearOfTwoDigits(text.left(2).toInt())));
+        return beginningWith(QString::number(helpedYear(text.left(2).toInt())));
     return typed;
 }
 }  // namespace
@@ -114,7 +119,7 @@ TypedDate helpTypedDate(const TypedDate& typed, int grown) {
     const int caret = typed.caret;
     if (grown == 1 && caret > 0 && isDateSeparator(text[caret - 1])) return afterSeparator({text, caret});
     if (text.size() == 2 && isNumber(text) && (text.toInt() < 10 || text.toInt() > 20))
-        return beginningWith(QString::number(yearOfTwoDigits(text.toInt())));
+        return beginningWith(QString::number(helpedYear(text.toInt())));
     if (text.size() == 4 && isNumber(text)) return beginningWith(text);
     const bool hasYear = text.indexOf(u'-') == atMonth - 1;
     const bool monthIsWhole = hasYear && text.size() == atDay && caret == behindMonth;
