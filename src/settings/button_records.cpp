@@ -90,7 +90,7 @@ void ButtonRecords::store(const ButtonTexts& texts, const QString& pictureFile) 
     prepare();
     for (std::size_t place = 0; place < columns.size(); ++place)
         rows_.Fields(columns.at(place)).SetValue(texts.at(place));
-    if (!pictureFile.isEmpty() && bctp(pictureFile, rows_, u"j"_s, false) == 0)
+    if (!pictureFile.isEmpty() && bctp(pictureFile, rows_, BmpFiles::toJpeg, false) == 0)
         throw Error(u"图片文件“%1”没有内容，按钮没有保存。"_s.arg(pictureFile));
     rows_.Update();
     choose(texts.at(0), texts.at(1));
