@@ -68,6 +68,7 @@ bool AlbumGroup::isEditing() const {
 }
 
 void AlbumGroup::show(const Album& album) {
+    remark_ = album.remark;
     txtXc->setText(album.number);
     txtBc->setText(album.table);
     txtTc->setText(album.title);
@@ -81,7 +82,24 @@ void AlbumGroup::showNone() {
 }
 
 void AlbumGroup::cboFcClick() {
-    attempt([&] { showRowOf(chosenTable()); });
+    if (leaveRemark()) attempt([&] { showRowOf(chosenTable()); });
+}
+
+/// Asks what becomes of a changed remark when another album was chosen. False: its album stays the one that is shown.
+bool AlbumGroup::leaveRemark() {
+    const QString table = txtBc->text();
+    if (!isEditing() || txt1c->text() == remark_ || chosenTable() == table) return true;
+    switch (askAboutUnsaved(controls_.form, u"图册 %1 的备注改过，还没有保存。"_s.arg(table))) {
+        case Unsaved::save:
+            if (storeEdited()) return true;
+            break;
+        case Unsaved::discard:
+            return true;
+        case Unsaved::keepEditing:
+            break;
+    }
+    chooseAlbumLine(*cboFc, table);
+    return false;
 }
 
 /// Shows an album's row of the directory; without one there is nothing to edit.
@@ -118,13 +136,15 @@ void AlbumGroup::startEditing() {
     state_.pageFree = false;
 }
 
-void AlbumGroup::storeEdited() {
+/// False when the remark was refused; it stays in its box.
+bool AlbumGroup::storeEdited() {
     if (isDemo(txtBc->text())) {
         say(controls_.form, onlyForShow);
-        return;
+        return false;
     }
     storeRemark(mekTp::catalogue, txtBc->text(), txt1c->text());
     leaveEditing();
+    return true;
 }
 
 void AlbumGroup::leaveEditing() {
@@ -154,7 +174,10 @@ void AlbumGroup::cancelEditing() {
 
 void AlbumGroup::deleteShown() {
     const QString table = txtBc->text();
-    if (!ask(controls_.form, u"    删除["_s + table + u"]像册数据表吗？\n\n如果“是”，按《确定》；否则按《取消》。"_s))
+    const Album album{txtXc->text(), table, txtTc->text(), txt1c->text()};
+    if (!askBeforeDeleting(controls_.form, u"    删除["_s + table +
+                                               u"]像册数据表吗？\n\n如果“是”，按《确定》；否则按《取消》。\n\n"_s +
+                                               albumContents(mekTp::catalogue, album)))
         return;
     deleteAlbum(mekTp::catalogue, table);
     removeLine(table);

@@ -30,7 +30,8 @@ class AlbumGroup : public QObject {
     void cmdFcClick();
     void cmdFsClick();
     void startEditing();
-    void storeEdited();
+    bool leaveRemark();
+    bool storeEdited();
     void cancelEditing();
     void deleteShown();
     void leaveEditing();
@@ -51,4 +52,5 @@ class AlbumGroup : public QObject {
     TextBox* txt1c;
     QPushButton* cmdFc;
     QPushButton* cmdFs;
+    QString remark_;  ///< As it is stored with the album that is shown.
 };

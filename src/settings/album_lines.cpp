@@ -12,6 +12,12 @@ int lineOf(const QComboBox& chooser, const QString& table) {
     return line;
 }
 
+/// Titles can be alike, and longer than the list is wide: the tool tip has the table's name and the whole title.
+void add(QComboBox& chooser, const QString& line) {
+    chooser.addItem(line);
+    chooser.setItemData(chooser.count() - 1, line, Qt::ToolTipRole);
+}
+
 void chooseNone(QComboBox& chooser) {
     chooser.setCurrentIndex(-1);
     if (chooser.isEditable()) chooser.clearEditText();
@@ -21,14 +27,14 @@ void chooseNone(QComboBox& chooser) {
 
 void fillAlbumLines(QComboBox& chooser, const Database& catalogue) {
     chooser.clear();
-    for (const Album& album : allAlbums(catalogue)) chooser.addItem(albumLine(album.table, album.title));
+    for (const Album& album : allAlbums(catalogue)) add(chooser, albumLine(album.table, album.title));
     chooseNone(chooser);
 }
 
 void addAlbumLine(QComboBox& chooser, const QString& line) {
     const int index = chooser.currentIndex();
     const QString text = chooser.currentText();
-    chooser.addItem(line);
+    add(chooser, line);
     chooser.setCurrentIndex(index);  // the first line of an empty list would choose itself
     if (chooser.isEditable()) chooser.setEditText(text);
 }
@@ -39,6 +45,10 @@ void removeAlbumLine(QComboBox& chooser, const QString& table) {
     // The line goes without its neighbour taking its place as the chosen one.
     if (tableOfLine(chooser.currentText()).compare(table, Qt::CaseInsensitive) == 0) chooseNone(chooser);
     chooser.removeItem(line);
+}
+
+void chooseAlbumLine(QComboBox& chooser, const QString& table) {
+    if (const int line = lineOf(chooser, table); line >= 0) chooser.setCurrentIndex(line);
 }
 
 QString offeredTable(const QComboBox& chooser, const QString& text) {

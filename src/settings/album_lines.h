@@ -15,5 +15,8 @@ void addAlbumLine(QComboBox& chooser, const QString& line);
 /// Takes the line of an album away. When it was the chosen one, none is chosen afterwards.
 void removeAlbumLine(QComboBox& chooser, const QString& table);
 
+/// Makes the line of an album the chosen one; nothing happens when there is none.
+void chooseAlbumLine(QComboBox& chooser, const QString& table);
+
 /// The table of the line that a text, chosen or typed, stands for; empty when there is none.
 QString offeredTable(const QComboBox& chooser, const QString& text);

@@ -8,6 +8,7 @@
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
 #include "settings/album_changes.h"
+#include "settings/all_pictures_button.h"
 #include "settings/form_parts.h"
 
 #include <QPushButton>
@@ -93,6 +94,15 @@ void NewAlbumGroup::create() {
         txtBb->setFocus();
         return;
     }
+    if (const auto owner = findTitle(mekTp::catalogue, album.title)) {
+        say(controls_.form, titleInUse(*owner));
+        txtBb->setFocus();
+        return;
+    }
+    if (!hasAllPicturesButton(mekTp::catalogue)) {
+        if (!ask(controls_.form, allPicturesMissing)) return;
+        putBackAllPicturesButton(mekTp::catalogue);
+    }
     createAlbum(mekTp::catalogue, album);
     createdTable_ = album.table;
     cmdJl->setText(atRest);
@@ -118,9 +128,10 @@ void NewAlbumGroup::dropProposal() {
 void NewAlbumGroup::undoCreation() {
     // The boxes can be written over, and several albums may bear the same number: only the album made here goes.
     const QString table = createdTable_;
-    if (!table.isEmpty() && findAlbum(mekTp::catalogue, table)) {
-        if (!ask(controls_.form, u"撤消（删除）刚才建立的图册数据表吗？\n\n如果是按《确定》；否则按《取消》。"_s))
-            return;
+    const auto album = table.isEmpty() ? std::nullopt : findAlbum(mekTp::catalogue, table);
+    if (album) {
+        const QString question = u"撤消（删除）刚才建立的图册数据表吗？\n\n如果是按《确定》；否则按《取消》。"_s;
+        if (!askBeforeDeleting(controls_.form, question + u"\n\n"_s + albumContents(mekTp::catalogue, *album))) return;
         undoAlbum(mekTp::catalogue, table);
         Q_EMIT undone(table);
         say(controls_.form, u"刚才建立的图册数据表已经删除！"_s);
