@@ -83,11 +83,16 @@ Album proposedAlbum(const Database& catalogue) {
 QString tableNameFault(const QString& table) {
     const auto isPlain = [](QChar character) { return character.isLetterOrNumber(); };
     if (table.size() == 4 && table.startsWith(u"tc"_s) && std::all_of(table.begin(), table.end(), isPlain)) return {};
-    return u"表名[%1]不能使用！\n\n表名应为4个字符：前两个是“tc”，后两个是数字、字母或汉字，例如 tc07。"_s.arg(table);
+    return u"表名[%1]不能使用！\n\n表名应为4个字符（现在有 %2 个）：前两个是“tc”，后两个是数字、字母或汉字，例如 tc07。"_s
+        .arg(table, QString::number(table.size()));
 }
 
 bool titleFits(const QString& title) {
     return wzcd(title) <= 16;
+}
+
+QString titleFault(const QString& title) {
+    return titleTooLong + u"\n\n现在的标题相当于英文 %1 个。"_s.arg(wzcd(title));
 }
 
 QString titleInUse(const Album& owner) {

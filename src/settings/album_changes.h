@@ -31,6 +31,8 @@ QString tableNameFault(const QString& table);
 /// Whether an album title is short enough for menus and lists, and the sentence for one that is not.
 bool titleFits(const QString& title);
 inline const QString titleTooLong = QStringLiteral("标题的汉字数不应超过8个（英文不应超过16个）。");
+/// The same with how long it is.
+QString titleFault(const QString& title);
 
 QString titleInUse(const Album& owner);
 

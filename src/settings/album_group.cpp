@@ -45,6 +45,7 @@ AlbumGroup::AlbumGroup(SharedControls& controls, FormState& state) : controls_(c
 void AlbumGroup::reset() {
     endEditing();
     showNone();
+    limitTyping(txt1c, mekTp::catalogue.OpenRecordset(u"tcbm"_s), u"备注"_s);
     fillAlbumLines(*cboFc, mekTp::catalogue);
 }
 
@@ -82,24 +83,17 @@ void AlbumGroup::showNone() {
 }
 
 void AlbumGroup::cboFcClick() {
-    if (leaveRemark()) attempt([&] { showRowOf(chosenTable()); });
+    const QString table = txtBc->text();
+    if (chosenTable() == table || mayLeave())
+        attempt([&] { showRowOf(chosenTable()); });
+    else
+        chooseAlbumLine(*cboFc, table);
 }
 
-/// Asks what becomes of a changed remark when another album was chosen. False: its album stays the one that is shown.
-bool AlbumGroup::leaveRemark() {
-    const QString table = txtBc->text();
-    if (!isEditing() || txt1c->text() == remark_ || chosenTable() == table) return true;
-    switch (askAboutUnsaved(controls_.form, u"图册 %1 的备注改过，还没有保存。"_s.arg(table))) {
-        case Unsaved::save:
-            if (storeEdited()) return true;
-            break;
-        case Unsaved::discard:
-            return true;
-        case Unsaved::keepEditing:
-            break;
-    }
-    chooseAlbumLine(*cboFc, table);
-    return false;
+bool AlbumGroup::mayLeave() {
+    if (!isEditing() || txt1c->text() == remark_) return true;
+    return mayBeLeft(controls_.form, u"图册 %1 的备注改过，还没有保存。"_s.arg(txtBc->text()),
+                     [this] { return storeEdited(); });
 }
 
 /// Shows an album's row of the directory; without one there is nothing to edit.
@@ -140,6 +134,11 @@ void AlbumGroup::startEditing() {
 bool AlbumGroup::storeEdited() {
     if (isDemo(txtBc->text())) {
         say(controls_.form, onlyForShow);
+        return false;
+    }
+    if (const QString fault = lengthFault(u"备注"_s, *txt1c); !fault.isEmpty()) {
+        say(controls_.form, fault);
+        txt1c->setFocus();
         return false;
     }
     storeRemark(mekTp::catalogue, txtBc->text(), txt1c->text());

@@ -22,6 +22,8 @@ class AlbumGroup : public QObject {
     void reset();
 
     void addLine(const QString& albumLine);
+    /// Asks before a changed remark is lost; false when it is to stay.
+    bool mayLeave();
     /// The album no longer exists.
     void removeLine(const QString& table);
 
@@ -30,7 +32,6 @@ class AlbumGroup : public QObject {
     void cmdFcClick();
     void cmdFsClick();
     void startEditing();
-    bool leaveRemark();
     bool storeEdited();
     void cancelEditing();
     void deleteShown();

@@ -92,6 +92,8 @@ void ButtonGroup::reset() {
     optAp.at(1)->setChecked(true);
     controls_.datBj->setRecordSource(u"SELECT * FROM tcan ORDER BY [编号]"_s);
     controls_.datBj->Refresh();
+    limitTyping(txtB1, controls_.datBj->Recordset(), u"编号"_s);
+    limitTyping(txtM1, controls_.datBj->Recordset(), u"名称"_s);
 }
 
 void ButtonGroup::rest() {
@@ -154,24 +156,25 @@ bool ButtonGroup::isChanged() const {
     return buttonSet.isPending() && (texts() != begun_ || !pictureToStore().isEmpty());
 }
 
-/// Asks what becomes of the changes of the button in hand, when another one was chosen in the grid. True: the other
-/// one is the current record; false: the one in hand stays.
-bool ButtonGroup::leaveBegun() {
-    ButtonTexts next;
-    attempt([&] { next = textsOf(controls_.datBj->Recordset()); });
-    const Unsaved answer = askAboutUnsaved(controls_.form, u"按钮“%1”的改动还没有保存。"_s.arg(txtM1->text()));
-    const bool leaves = answer == Unsaved::discard || (answer == Unsaved::save && anbc());
-    if (leaves) {
-        chosen_ = next.at(0);
-        chosenCode_ = next.at(1);
-    }
-    findChosen();
-    return leaves;
+bool ButtonGroup::mayLeave() {
+    if (!isChanged()) return true;
+    return mayBeLeft(controls_.form, u"按钮“%1”的改动还没有保存。"_s.arg(txtM1->text()), [this] { return anbc(); });
+}
+
+bool ButtonGroup::mayGoTo(int row) {
+    DataControl& datBj = *controls_.datBj;
+    if (!isChanged()) return true;
+    if (buttonSet.work() == ButtonRecords::Work::changing && row == datBj.Recordset().row()) return false;
+    const QString code = datBj.Recordset().valueAt(row, u"编号"_s).textOr();
+    if (!mayLeave()) return false;
+    if (buttonSet.isPending()) return true;
+    // What was stored may have got another place in the order, and the row as well.
+    if (datBj.findFirst(u"编号 = "_s + quoted(code))) anjl();
+    return false;
 }
 
 // Shows the row that was chosen in the grid.
 void ButtonGroup::anjl() {
-    if (isChanged() && !leaveBegun()) return;
     showCurrent();
     const bool changeable = buttonSet.isOnButton() && !isPreset(buttonSet.code());
     cmdBj->setEnabled(changeable);
@@ -244,7 +247,7 @@ bool ButtonGroup::anbc() {
         boxes_.at(static_cast<std::size_t>(*empty))->setFocus();
         return false;
     }
-    if (!codeIsMeant()) return false;
+    if (refuseLong(u"编号"_s, txtB1) || refuseLong(u"名称"_s, txtM1) || !codeIsMeant()) return false;
     const std::optional<Number> number = numberToStore();
     if (!number) return false;
     const QString picture = pictureToStore();
@@ -264,6 +267,15 @@ bool ButtonGroup::anbc() {
     controls_.datBj->Refresh();
     showCurrent();
     cmdBj->setEnabled(true);
+    return true;
+}
+
+/// Tells of a text that its column cannot hold; false when it can.
+bool ButtonGroup::refuseLong(const QString& caption, TextBox* box) {
+    const QString fault = lengthFault(caption, *box);
+    if (fault.isEmpty()) return false;
+    say(controls_.form, fault);
+    box->setFocus();
     return true;
 }
 

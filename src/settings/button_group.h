@@ -31,7 +31,12 @@ class ButtonGroup : public QObject {
     /// Back to rest: all buttons by code, none chosen. Throws `Error` when they cannot be read.
     void reset();
 
-    /// Takes the button at datBj's current record in hand. Changes of another one that are not stored are asked about.
+    /// Asks before changes of the button in hand are lost, for another row of the grid or with the window; false when
+    /// they are to stay.
+    bool mayGoTo(int row);
+    bool mayLeave();
+
+    /// Takes the button at datBj's current record in hand. What was begun with another one is given up.
     void anjl();
 
   private:
@@ -53,7 +58,7 @@ class ButtonGroup : public QObject {
     void codeChanged();
     void offerAlbums();
 
-    bool leaveBegun();
+    bool refuseLong(const QString& caption, TextBox* box);
     bool isChanged() const;
     void showCurrent();
     void showNone();

@@ -47,13 +47,6 @@ class ButtonPage : public SettingsWindow {
         return parts.join(u' ');
     }
 
-    /// Answers the boxes from now on: with the answer of these words where a box has it, with the first one elsewhere.
-    void answerWith(const QString& words) {
-        chooseInBoxesWith([this, words](const BoxText& box) {
-            boxes << box;
-            return static_cast<int>(std::max<qsizetype>(box.answers.indexOf(words), 0));
-        });
-    }
     /// Whether the mouse meets the control at its middle.
     bool isOnTop(const QString& name) const {
         const QWidget& control = get<QWidget>(name);
@@ -280,17 +273,42 @@ class TestButtonSetup : public QObject {
     void failedStoringCanBeRepeated() {
         ButtonPage page;
         page.click(u"cmdQu"_s);
-        page.fill({u"5"_s, u"k"_s, QString(21, u'长'), u"tc01"_s});  // the name is too long for its column
+        page.fill({u"5"_s, u"k"_s, u"名"_s});
+        page.load(u"button.jpg"_s);
+        page.click(u"cmdAq"_s);  // agreed to, but not stored without the albums
+        QFile::remove(page.picked);
+        page.box(u"txtC1"_s).setText(u"tc01"_s);
         for (int i = 0; i < 2; ++i) {
             page.click(u"cmdQu"_s);
             QCOMPARE(page.boxes.last().title, u"错误提示"_s);
             QCOMPARE(page.state(), adding);
             QCOMPARE(buttonCount(), 4);
         }
-        page.box(u"txtM1"_s).setText(u"短"_s);
-        page.click(u"cmdQu"_s);
-        QCOMPARE(storedTexts(u"k"_s).at(2), u"短"_s);
+        page.load(u"button.jpg"_s);
+        page.click(u"cmdAq"_s);
+        QCOMPARE(storedTexts(u"k"_s).at(2), u"名"_s);
         QCOMPARE(buttonCount(), 5);
+    }
+
+    void longTexts() {
+        ButtonPage page;
+        page.beginChange(u"a"_s);
+        for (const auto& [name, length, said] : {std::tuple{u"txtB1"_s, 1, u"编号太长：有 30 个字，最多 1 个。"_s},
+                                                 {u"txtM1"_s, 20, u"名称太长：有 30 个字，最多 20 个。"_s}}) {
+            auto& box = page.box(name);
+            box.clear();
+            box.setFocus();
+            QTest::keyClicks(&box, QString(length + 1, u'x'));
+            QCOMPARE(box.text(), QString(length, u'x'));
+            QApplication::clipboard()->setText(QString(30, u'y'));
+            box.selectAll();
+            QTest::keySequence(&box, QKeySequence::Paste);
+            page.click(u"cmdBj"_s);
+            QCOMPARE(page.said(), QStringList{said});
+            QVERIFY(box.hasFocus() && box.text().size() == 30);
+            QCOMPARE(page.state(), changing);
+            box.setText(u"z"_s);
+        }
     }
 
     // Changing --------------------------------------------------------------------------------------------------------
@@ -385,19 +403,20 @@ class TestButtonSetup : public QObject {
     }
 
     void anotherRowAsksAboutWhatWasTyped() {
-        const std::tuple<QString, QString, QString, QString> cases[] = {
-            // answer, the row and the state afterwards, what is stored
-            {u"保存"_s, u"v"_s, ownButton, u"改"_s},
-            {u"不保存"_s, u"v"_s, ownButton, u"无图"_s},
-            {u"继续编辑"_s, u"a"_s, changing, u"无图"_s},
+        const std::tuple<int, QString, QString, QString> cases[] = {
+            {0, u"v"_s, ownButton, u"改"_s},  // saved
+            {1, u"v"_s, ownButton, u"无图"_s},
+            {2, u"a"_s, changing, u"无图"_s},  // goes on
         };
         for (const auto& [answer, row, state, name] : cases) {
             ButtonPage page;
             page.beginChange(u"a"_s);
             page.box(u"txtM1"_s).setText(u"改"_s);
             page.answerWith(answer);
+            page.choose(u"a"_s);
+            QVERIFY(page.boxes.isEmpty());  // this is the one
             page.choose(u"v"_s);
-            QCOMPARE(page.said().first(), u"按钮“改”的改动还没有保存。"_s);
+            QCOMPARE(page.said().value(0), u"按钮“改”的改动还没有保存。"_s);
             QCOMPARE(page.state() + page.chosenRow() + page.text(u"txtB1"_s), state + row + row);
             QCOMPARE(storedTexts(u"a"_s).at(2), name);
             if (row == u"a") QCOMPARE(page.text(u"txtM1"_s), u"改"_s);
@@ -408,7 +427,7 @@ class TestButtonSetup : public QObject {
         ButtonPage page;
         page.beginChange(u"a"_s);
         page.fill({u"4"_s, u"a"_s, u""_s});
-        page.answerWith(u"保存"_s);
+        page.answerWith(0);
         page.choose(u"v"_s);
         QCOMPARE(page.boxes.size(), 2);
         QCOMPARE(page.state() + page.chosenRow() + page.text(u"txtB1"_s), changing + u"aa"_s);

@@ -309,18 +309,77 @@ class TestSetupPage : public QObject {
             QInputMethodEvent typing;
             typing.setCommitString(typed);
             QCoreApplication::sendEvent(&txt1c, &typing);
-            QList<BoxText> asked;
-            chooseInBoxesWith([&asked, answer = given](const BoxText& box) {
-                asked << box;
-                return answer;
-            });
+            window.answerWith(given);
             window.get<QComboBox>(u"cboFc"_s).setFocus();
             QTest::keyClick(&window.get<QComboBox>(u"cboFc"_s), Qt::Key_Down);
-            QCOMPARE(asked.size(), 1);
-            QCOMPARE(asked.first().answers, (QStringList{u"保存"_s, u"不保存"_s, u"继续编辑"_s}));
+            QCOMPARE(window.boxes.size(), 1);
+            QCOMPARE(window.boxes.first().answers, (QStringList{u"保存"_s, u"不保存"_s, u"继续编辑"_s}));
             QCOMPARE(remarkOf(u"tc01"_s), stored);
             QCOMPARE(window.text(u"txtBc"_s) + window.text(u"txt1c"_s), shownTable + shownRemark);
             QCOMPARE(window.get<QComboBox>(u"cboFc"_s).currentText().left(4), shownTable);
+        }
+    }
+
+    // What each group has begun is asked about before the window goes, and kept where the answer is to go on.
+    void leavingTheWindow() {
+        const QString title = u"新的标题"_s;
+        const std::tuple<QString, QString, QString, QString> cases[] = {
+            {u"cmdJl"_s, u"txtBb"_s, u"新图册“新的标题”还没有建立。"_s,
+             u"SELECT * FROM tcbm WHERE 标题 = '新的标题'"_s},
+            {u"cmdFc"_s, u"txt1c"_s, u"图册 tc01 的备注改过，还没有保存。"_s,
+             u"SELECT * FROM tcbm WHERE 备注 = '新的标题'"_s},
+            {u"cmdBt"_s, u"txtXt"_s, u"主标题及显示设置改过，还没有保存。"_s,
+             u"SELECT * FROM tcsz WHERE 像册标题 = '新的标题'"_s},
+            {u"cmdQu"_s, u"txtM1"_s, u"按钮“新的标题”的改动还没有保存。"_s, QString()},
+        };
+        for (const auto& [begin, box, question, stored] : cases) {
+            for (const int answer : {2, 1, 0}) {
+                SettingsWindow window;
+                mekTp::catalogue.Execute(u"DELETE FROM [tcbm] WHERE 表名 = 'tc02'"_s);
+                window.choose(u"cboFc"_s, u"tc01"_s);
+                window.click(begin);
+                window.answerWith(answer);
+                window.box(box).setText(title);
+                if (begin == u"cmdJl") window.box(u"txtBa"_s).setText(u"tc07"_s);
+                window.click(u"cmdFh"_s);
+                QCOMPARE(window.boxes.value(0).text, question);
+                // A button without its other texts cannot be saved.
+                const bool goes = answer == 1 || (answer == 0 && !stored.isEmpty());
+                QCOMPARE(window.windows.handedTo.has_value(), goes);
+                QCOMPARE(window.text(box), title);
+                if (!stored.isEmpty()) QCOMPARE(mekTp::catalogue.OpenRecordset(stored).Eof(), answer != 0);
+            }
+        }
+        SettingsWindow window;
+        window.choose(u"cboFc"_s, u"tc01"_s);
+        window.click(u"cmdJl"_s, u"cmdFc"_s, u"cmdBt"_s, u"cmdQu"_s, u"cmdFh"_s);
+        QVERIFY(window.boxes.isEmpty() && window.windows.handedTo);  // nothing was typed
+    }
+
+    // Typing stops where the column ends; a paste stays whole and is refused with both counts.
+    void lengths() {
+        const std::tuple<QString, QString, int, QString> cases[] = {
+            {u"cmdJl"_s, u"txtBa"_s, 4, u"表名应为4个字符（现在有 300 个）"_s},
+            {u"cmdJl"_s, u"txtBb"_s, 16, u"（英文不应超过16个）。\n\n现在的标题相当于英文 300 个。"_s},
+            {u"cmdJl"_s, u"txtBz"_s, 255, u"备注太长：有 300 个字，最多 255 个。"_s},
+            {u"cmdFc"_s, u"txt1c"_s, 255, u"备注太长：有 300 个字，最多 255 个。"_s},
+        };
+        for (const auto& [begin, name, length, said] : cases) {
+            SettingsWindow window;
+            window.choose(u"cboFc"_s, u"tc01"_s);
+            window.click(begin);
+            auto& box = window.box(name);
+            box.clear();
+            box.setFocus();
+            QTest::keyClicks(&box, QString(length + 2, u'x'));
+            QCOMPARE(box.text().size(), length);
+            QApplication::clipboard()->setText(QString(300, u'x'));
+            box.selectAll();
+            QTest::keySequence(&box, QKeySequence::Paste);
+            window.click(begin);
+            QVERIFY2(window.said().value(0).contains(said), qPrintable(name));
+            QCOMPARE(box.text().size(), 300);
+            QVERIFY(box.hasFocus() && !box.isLocked() && window.caption(begin) == u"确 定");
         }
     }
 
