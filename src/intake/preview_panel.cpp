@@ -158,7 +158,11 @@ void PreviewPanel::cmdCkClick(int index) {
     fraCk_->show();
     fraCk_->raise();
     chkCkClick();
-    if (QPushButton* button = cmdCk(index)) button->setEnabled(false);
+    if (QPushButton* button = cmdCk(index)) {
+        // Disabled, it would hand the focus to whatever box comes next.
+        if (button->hasFocus()) (takesIn ? cmdAz_ : cmdCg_)->setFocus();
+        button->setEnabled(false);
+    }
 }
 
 void PreviewPanel::placeFrame() {
@@ -303,7 +307,11 @@ void PreviewPanel::cmdCgClick() {
 }
 
 void PreviewPanel::hide() {
+    const QWidget* focus = controls_.form->focusWidget();
+    const bool hadFocus = focus != nullptr && fraCk_->isAncestorOf(focus);
+    QPushButton* button = cmdCk(state_.previewIndex);
+    if (button != nullptr) button->setEnabled(true);
+    if (button != nullptr && hadFocus) button->setFocus();
     fraCk_->hide();
     lblZp_->hide();
-    if (QPushButton* button = cmdCk(state_.previewIndex)) button->setEnabled(true);
 }

@@ -59,6 +59,7 @@ void ButtonGroup::makeControls() {
     txtB1 = makeLabelled<TextBox>(fraAs, u"txtB1"_s, u"编号："_s, {1550, 4560}, 600, 450);
     txtM1 = makeLabelled<TextBox>(fraAs, u"txtM1"_s, u"名称："_s, {2750, 4560}, 600, 1180);
     txtC1 = makeLabelled<TextBox>(fraAs, u"txtC1"_s, u"相关图册："_s, {200, 4560 + rowPitch}, 900, 3430);
+    txtX1->setToolTip(u"修改时填别的按钮的序号，可以与它交换"_s);
     boxes_ = {txtX1, txtB1, txtM1, txtC1};
 
     cmdQu = make<QPushButton>(fraAs, u"cmdQu"_s, adds);

@@ -574,8 +574,10 @@ class TestButtonSetup : public QObject {
         ButtonPage page;
         page.choose(u"a"_s);
         const QRect row = page.button(u"cmdBj"_s).geometry();
+        page.button(u"cmdCk(4)"_s).setFocus();
         page.click(u"cmdCk(4)"_s);
         QVERIFY(page.panelIsOpen());
+        QCOMPARE(page.form->focusWidget()->objectName(), u"cmdAz"_s);
         const QRect group = page.get<QGroupBox>(u"fraAs"_s).geometry();
         QVERIFY(!group.intersects(page.get<QGroupBox>(u"Frame2"_s).geometry()));
         for (const QString& name : {u"cmdQu"_s, u"cmdBj"_s, u"cmdSn"_s, u"cmdCk(4)"_s}) {
@@ -593,6 +595,7 @@ class TestButtonSetup : public QObject {
         QVERIFY(page.isOnTop(u"cmdBj"_s) && page.isOnTop(u"txtM1"_s));
         page.click(u"cmdCg"_s, u"cmdCk(4)"_s, u"cmdCg"_s);
         QCOMPARE(page.button(u"cmdBj"_s).geometry(), row);
+        QCOMPARE(page.form->focusWidget()->objectName(), u"cmdCk(4)"_s);
     }
 
     void newButtonShowsNoOthersPicture() {
