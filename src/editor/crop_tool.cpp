@@ -5,10 +5,12 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 
+#include <QApplication>
+#include <QMouseEvent>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-constexpr int scrollStep = 200;
 constexpr int readoutHeight = 270;
 }  // namespace
 
@@ -19,6 +21,7 @@ CropTool::CropTool(EditorState& state, Commands& commands, EditorView& view, Ope
     connect(picYu, &WorkSurface::pressed, this, guarded(view_.picGd, [this](int x, int y) { mouseDown(x, y); }));
     connect(picYu, &WorkSurface::moved, this, guarded(view_.picGd, [this](int x, int y) { mouseMove(x, y); }));
     connect(picYu, &WorkSurface::released, this, guarded(view_.picGd, [this](int x, int y) { mouseUp(x, y); }));
+    view_.txtTs->installEventFilter(this);
 }
 
 void CropTool::mnuCjClick() {
@@ -56,38 +59,60 @@ void CropTool::mouseDown(int x, int y) {
     state_.mouseDown = true;
 }
 
-void CropTool::mouseMove(int x, int y) {
-    if (!state_.mouseDown) return;
-    const QPoint start(state_.selLeft, state_.selTop);
-    const QSize size = selectionSize(button_.shape(), start, {x, y});
-    moveShape(size);
-    button_.tellSize(size);
-    showReadout({x, y});
-    scrollAlong(x, y);
+/// Without the button picture's dialog the selection is free, whatever was chosen in it before.
+SelectionShape CropTool::shape() const {
+    return button_.isActive() ? button_.shape() : SelectionShape::free;
 }
 
-void CropTool::showReadout(QPoint pointer) {
+QSize CropTool::sizeTo(QPoint pointer) const {
+    return selectionSize(shape(), {state_.selLeft, state_.selTop}, pointer, {state_.picWidth, state_.picHeight});
+}
+
+QPoint CropTool::inView(QPoint pointer) const {
+    return pointer + QPoint(leftOf(view_.picYu), topOf(view_.picYu));
+}
+
+void CropTool::mouseMove(int x, int y) {
+    if (!state_.mouseDown) return;
+    const QPoint pointer(x, y);
+    const QSize size = sizeTo(pointer);
+    moveShape(size);
+    if (button_.isActive()) button_.tellSize(size);
+    scrollAlong(pointer);
+    placeReadout(pointer);
+}
+
+/// A picture that is too small for the readout has it beside itself.
+void CropTool::placeReadout(QPoint pointer) {
     TextBox* txtCc = view_.txtCc;
     const QPoint start(state_.selLeft, state_.selTop);
     txtCc->setText(selectionReadout(start, {widthOf(view_.shpYu), heightOf(view_.shpYu)}));
+    txtCc->setCursorPosition(0);
     const int width = hintWidth(txtCc->text());
-    const QPoint at = readoutPlace(pointer, width, {state_.viewWidth, state_.viewHeight});
-    place(txtCc, at.x(), at.y(), width, readoutHeight);
+    const bool fits = width <= state_.viewWidth && readoutHeight <= state_.viewHeight;
+    QWidget* on = fits ? static_cast<QWidget*>(view_.picYu) : view_.picGd->parentWidget();
+    if (txtCc->parentWidget() != on) txtCc->setParent(on);
+    const QSize room = fits ? QSize(state_.viewWidth, state_.viewHeight) : QSize(widthOf(on), heightOf(on));
+    const QPoint corner = fits ? QPoint() : QPoint(leftOf(view_.picGd), topOf(view_.picGd));
+    const QPoint at = readoutPlace(inView(pointer) + corner, width, room);
+    const QPoint origin = fits ? inView({0, 0}) : QPoint();
+    place(txtCc, at.x() - origin.x(), at.y() - origin.y(), width, readoutHeight);
     txtCc->setVisible(readoutShows() && mayShow());
+    txtCc->raise();
 }
 
-void CropTool::scrollAlong(int x, int y) {
-    if (y > state_.viewHeight && y < state_.picHeight - scrollStep)
-        view_.vsc1->setValue(view_.vsc1->value() + scrollStep);
-    if (x > state_.viewWidth && x < state_.picWidth - scrollStep)
-        view_.hsc1->setValue(view_.hsc1->value() + scrollStep);
+void CropTool::scrollAlong(QPoint pointer) {
+    const QPoint seen = inView(pointer);
+    const int down = scrollOfDrag(seen.y(), state_.viewHeight, pointer.y(), state_.picHeight);
+    const int right = scrollOfDrag(seen.x(), state_.viewWidth, pointer.x(), state_.picWidth);
+    if (down != 0) view_.vsc1->setValue(view_.vsc1->value() + down);
+    if (right != 0) view_.hsc1->setValue(view_.hsc1->value() + right);
     view_.gdcl();
 }
 
 void CropTool::mouseUp(int x, int y) {
     if (!state_.mouseDown) return;
-    const SelectionShape shape = button_.isActive() ? button_.shape() : SelectionShape::free;
-    const QSize size = selectionSize(shape, {state_.selLeft, state_.selTop}, {x, y});
+    const QSize size = sizeTo({x, y});
     state_.selWidth = size.width();
     state_.selHeight = size.height();
     if (button_.isActive()) button_.selectionMade(size);
@@ -97,4 +122,41 @@ void CropTool::mouseUp(int x, int y) {
     view_.txtCc->setVisible(readoutShows() && mayShow());
     dialog_.cmdCq[0]->setEnabled(!commands_.mnuCj->isEnabled());
     state_.mouseDown = false;
+}
+
+// ------------------------------------------------------------------------------------------- the hint over the picture
+
+/// While something can be selected, a press on the hint is meant for the picture below it; a click still hides it.
+bool CropTool::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::MouseButtonRelease:
+            return passOn(*static_cast<QMouseEvent*>(event));
+        default:
+            return QObject::eventFilter(watched, event);
+    }
+}
+
+bool CropTool::passOn(QMouseEvent& event) {
+    const QPoint pointer = event.globalPosition().toPoint();
+    const bool begins = event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick;
+    if (begins) {
+        const bool isOverPicture = view_.picGd->rect().contains(view_.picGd->mapFromGlobal(pointer)) &&
+                                   view_.picYu->rect().contains(view_.picYu->mapFromGlobal(pointer));
+        passesHintsEvents_ = event.button() == Qt::LeftButton && state_.isOpen && mayShow() && isOverPicture;
+        pressedAt_ = pointer;
+    }
+    if (!passesHintsEvents_) return false;
+    if (begins) view_.txtTs->lower();  // what is selected can be seen
+    const QEvent::Type type = begins ? QEvent::MouseButtonPress : event.type();
+    QMouseEvent passed(type, view_.picYu->mapFromGlobal(event.globalPosition()), event.globalPosition(), event.button(),
+                       event.buttons(), event.modifiers());
+    QApplication::sendEvent(view_.picYu, &passed);
+    if (type != QEvent::MouseButtonRelease) return true;
+    passesHintsEvents_ = false;
+    view_.txtTs->raise();
+    if ((pointer - pressedAt_).manhattanLength() < QApplication::startDragDistance()) view_.txtTs->hide();
+    return true;
 }

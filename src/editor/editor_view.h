@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/editor_layout.h"
 #include "editor/editor_state.h"
 #include "editor/work_surface.h"
 #include "platform/desktop/image_box.h"
@@ -47,6 +48,8 @@ class EditorView : public QObject {
     void growShortWindow();
     void centreWindow(int width, int height);
     void resized();
+    /// The tool bar shows, or not.
+    void showBar();
 
     /// Sizes in twips.
     int windowWidth() const;
@@ -55,6 +58,15 @@ class EditorView : public QObject {
 
     /// A finished paint: the scratch picture becomes the working picture, and the window follows its size.
     void takePainted(const QImage& painted);
+    /// Another picture is at work; the scratch picture stays as it is.
+    void setWorkingPicture(const QImage& picture);
+    /// The thumbnail of a button picture stands in the place of the photograph.
+    void showThumbnail(const QImage& thumbnail);
+    bool showsThumbnail() const { return !photograph_.isNull(); }
+    /// The picture at work: what is on the screen, or the photograph behind its thumbnail.
+    QImage workingPicture() const;
+    /// The picture of the last paint: after an undo, the one that was taken back.
+    QImage lastPaint() const;
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -63,6 +75,9 @@ class EditorView : public QObject {
     void makeSurfaces();
     void makeHintBox();
     void makePanels();
+    void apply(const EditorLayout& layout, bool keepsPlace);
+    void fitToWindow();
+    EditorLayoutInput layoutInput() const;
     void placeHint();
     void dragPanel(Surface* panel, QPoint pointer);
     QSize frameSize() const;
@@ -72,6 +87,8 @@ class EditorView : public QObject {
     QWidget* window_;
     QWidget* form_;
     ShapeBox* barGround_;  ///< What the tool bar leaves free at its right end.
+    QImage photograph_;    ///< While its thumbnail shows.
+    QSize fittingWindow_;  ///< In pixels, the size that the window was given for its picture.
     bool hintsOn_ = true;
     QPoint dragFrom_;  ///< Where the mouse went down on a panel, on the screen.
 };
