@@ -86,8 +86,7 @@ void CropTool::mouseMove(int x, int y) {
 void CropTool::placeReadout(QPoint pointer) {
     TextBox* txtCc = view_.txtCc;
     const QPoint start(state_.selLeft, state_.selTop);
-    txtCc->setText(selectionReadout(start, {widthOf(view_.shpYu), heightOf(view_.shpYu)}));
-    txtCc->setCursorPosition(0);
+    EditorView::setHint(txtCc, selectionReadout(start, {widthOf(view_.shpYu), heightOf(view_.shpYu)}));
     const int width = hintWidth(txtCc->text());
     const bool fits = width <= state_.viewWidth && readoutHeight <= state_.viewHeight;
     QWidget* on = fits ? static_cast<QWidget*>(view_.picYu) : view_.picGd->parentWidget();

@@ -18,7 +18,8 @@ namespace {
 
 constexpr int barHeight = 330;
 constexpr int hintHeight = 270;
-constexpr int readoutFont = 11;  // pixels: digits are wider than half a cell
+constexpr int hintFrame = 2;                     // pixels, on both sides
+constexpr int hintFont = 12, leastHintFont = 8;  // pixels
 constexpr int wheelNotch = 120;
 constexpr int wheelStep = 600;
 /// As much of a dragged panel stays within reach of the mouse, in pixels.
@@ -40,7 +41,7 @@ void applyBar(QScrollBar* bar, const EditorLayout::Bar& layout, bool keepsPlace)
 }
 
 /// The sentences are measured in half cells of 6 pixels: nothing but the frame may stand beside them.
-void dressHint(TextBox* box, int fontPixels = 12) {
+void dressHint(TextBox* box) {
     box->setLocked(true);
     box->setFocusPolicy(Qt::NoFocus);
     box->setAlignment(Qt::AlignCenter);
@@ -49,7 +50,7 @@ void dressHint(TextBox* box, int fontPixels = 12) {
     box->setContextMenuPolicy(Qt::NoContextMenu);
     box->setStyleSheet(
         u"QLineEdit { background: #fffbea; border: 1px solid #d9b65c; border-radius: 3px; padding: 0px; "
-        "color: #4a3d17; font-size: %1px; }"_s.arg(fontPixels));
+        "color: #4a3d17; }"_s);
     box->hide();
 }
 
@@ -91,7 +92,7 @@ void EditorView::makeSurfaces() {
     shpYu = make<ShapeBox>(picYu, u"shpYu"_s);
     shpYu->hide();
     txtCc = make<TextBox>(picYu, u"txtCc"_s);
-    dressHint(txtCc, readoutFont);
+    dressHint(txtCc);
     txtCc->setAttribute(Qt::WA_TransparentForMouseEvents);
 
     hsc1 = make<QScrollBar>(form_, u"hsc1"_s, Qt::Horizontal);
@@ -275,9 +276,21 @@ void EditorView::notice(const QString& text) {
     txtTs->show();
 }
 
+/// Half a cell is narrow for the digits and letters of some fonts: they get smaller until the text is whole.
+void EditorView::setHint(TextBox* box, const QString& text) {
+    box->setText(text);
+    box->setCursorPosition(0);
+    const int room = pixelsFromTwips(hintWidth(text)) - hintFrame;
+    QFont font = box->font();
+    font.setPixelSize(hintFont);
+    while (font.pixelSize() > leastHintFont && QFontMetrics(font).horizontalAdvance(text) > room)
+        font.setPixelSize(font.pixelSize() - 1);
+    if (font != box->font()) box->setFont(font);
+    box->resize(pixelsFromTwips(hintWidth(text)), pixelsFromTwips(hintHeight));
+}
+
 void EditorView::placeHint() {
-    txtTs->setCursorPosition(0);
-    txtTs->resize(pixelsFromTwips(hintWidth(txtTs->text())), pixelsFromTwips(hintHeight));
+    setHint(txtTs, txtTs->text());
     centreHint();
     txtTs->raise();
     picAn->raise();  // its controls are worked with while the hint shows

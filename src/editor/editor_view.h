@@ -40,6 +40,8 @@ class EditorView : public QObject {
     void tscz(const QString& code);
     /// Shows a text in the hint box even where hints are off: why an operation was not carried out.
     void notice(const QString& text);
+    /// Puts a text into one of the two boxes that are as wide as its half cells.
+    static void setHint(TextBox* box, const QString& text);
     /// The hint box may show at all (the menu item that closes it says "关闭提示").
     void setHintsOn(bool on) { hintsOn_ = on; }
     void centreHint();
