@@ -63,7 +63,6 @@ class AlbumChooser : public QObject {
     void showCode(int index);
     void showName(const QString& text);
     QPushButton* button(int index);
-    void recordClicked(int row);
     void showRecord();
     void cmdQdClick();
     bool canStep(QChar direction);
