@@ -104,6 +104,9 @@ void AlbumChooser::makeEnd() {
 
 void AlbumChooser::connectControls() {
     connect(cboBm, &QComboBox::activated, this, guarded(view_.picCs, [this] { cboBmClick(); }));
+    connect(msgBm, &Grid::rowActivated, this, guarded(view_.picCs, [this] {
+                if (msgBm->parent() == view_.picCs) cmdQdClick();
+            }));
     connect(datBj, &DataControl::repositioned, this, guarded(view_.picCs, [this] { showRecord(); }));
     connect(cmdQd_, &QPushButton::clicked, this, guarded(view_.picCs, [this] { cmdQdClick(); }));
     connect(cmdQx_, &QPushButton::clicked, this, guarded(view_.picCs, [this] { cmdQxClick(); }));

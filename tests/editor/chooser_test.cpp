@@ -131,6 +131,43 @@ class TestChooser : public QObject {
         }
     }
 
+    // The record that is marked is the one that opens, by keys as well.
+    void theMarkedRecordIsTaken() {
+        const auto number = [](const Chooser& editor) {
+            return editor.caption().section(u"序号："_s, 1).section(u' ', 0, 0).toInt();
+        };
+        const std::tuple<QList<Qt::Key>, int> byKeys[] = {{{Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}, 3},
+                                                          {{Qt::Key_End, Qt::Key_Up, Qt::Key_Enter}, 9},
+                                                          {{Qt::Key_Return}, 1}};
+        for (const auto& [keys, expected] : byKeys) {
+            const Chooser editor;
+            editor.chooseAlbum(u"tc01 旅行"_s);
+            auto* grid = editor.find<Grid>(u"msgBm"_s);
+            for (const Qt::Key key : keys) {
+                QCOMPARE(editor.label(u"lblCl"_s).section(u"序号："_s, 1).section(u' ', 0, 0).toInt(),
+                         grid->currentIndex().row() + 1);
+                QTest::keyClick(grid, key);
+            }
+            QVERIFY(!editor.shows(u"picCs"_s));
+            QCOMPARE(number(editor), expected);
+            editor.press(u"xy"_s);
+            QCOMPARE(number(editor), expected + 1);
+        }
+
+        const Chooser editor;
+        editor.chooseAlbum(u"tc01 旅行"_s);
+        auto* grid = editor.find<Grid>(u"msgBm"_s);
+        QTest::keyClick(grid, Qt::Key_Down);
+        editor.click(u"cmdQd"_s);
+        QCOMPARE(number(editor), 2);
+        editor.press(u"sk"_s);
+        const QPoint fifth = grid->visualRect(grid->model()->index(4, 1)).center();
+        QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, fifth);
+        QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, fifth);
+        QVERIFY(!editor.shows(u"picCs"_s));
+        QCOMPARE(number(editor), 5);
+    }
+
     void whyThereIsNothingToSee() {
         const auto says = [](const Chooser& editor, const QString& words) {
             QVERIFY(editor.shows(u"lblSm"_s));
@@ -152,7 +189,6 @@ class TestChooser : public QObject {
         mekTp::catalogue.Execute(u"DROP TABLE tc02"_s);
         editor.chooseAlbum(u"tc02 空册"_s);
         says(editor, u"不能打开"_s);
-
     }
 
     void withoutAnAlbumOfOnesOwn() {

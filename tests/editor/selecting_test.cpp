@@ -287,6 +287,10 @@ class TestSelecting : public QObject {
         auto* grid = editor.find<Grid>(u"msgBm"_s);
         QCOMPARE(grid->parentWidget()->objectName(), u"picAn"_s);
         QCOMPARE(grid->model()->rowCount(), 4);
+        // Nobody has chosen the row that the table stands on.
+        QCOMPARE(editor.label(2), u"  请在表中选择要换图片的按钮"_s);
+        QTest::keyClick(grid, Qt::Key_Down);
+        QCOMPARE(editor.label(2), u"选中:序号=2(风景)"_s);
         editor.clickRow(3);
         QCOMPARE(editor.label(2), u"选中:序号=4(无图)"_s);
         QCOMPARE(editor.confirm().text(), u"确定"_s);
