@@ -21,7 +21,10 @@ CropTool::CropTool(EditorState& state, Commands& commands, EditorView& view, Ope
     connect(picYu, &WorkSurface::pressed, this, guarded(view_.picGd, [this](int x, int y) { mouseDown(x, y); }));
     connect(picYu, &WorkSurface::moved, this, guarded(view_.picGd, [this](int x, int y) { mouseMove(x, y); }));
     connect(picYu, &WorkSurface::released, this, guarded(view_.picGd, [this](int x, int y) { mouseUp(x, y); }));
-    view_.txtTs->installEventFilter(this);
+    for (QObject* watched : std::initializer_list<QObject*>{view_.picCq, view_.picAn, view_.txtTs->parent()})
+        watched->installEventFilter(this);
+    for (const QRadioButton* option : view_.picAn->findChildren<QRadioButton*>())
+        connect(option, &QRadioButton::toggled, this, &CropTool::letThroughHint);
 }
 
 void CropTool::mnuCjClick() {
@@ -33,7 +36,7 @@ void CropTool::mnuCjClick() {
 }
 
 bool CropTool::mayShow() const {
-    if (state_.editState == u"c") return !commands_.mnuCj->isEnabled();
+    if (state_.editState == u"c") return dialog_.isOpen() && !commands_.mnuCj->isEnabled();
     return button_.isActive() && button_.shapeIsChosen();
 }
 
@@ -56,6 +59,7 @@ void CropTool::mouseDown(int x, int y) {
     moveShape({0, 0});
     view_.shpYu->setVisible(mayShow());
     view_.txtCc->setVisible(readoutShows());
+    view_.txtTs->lower();  // what is selected can be seen
     state_.mouseDown = true;
 }
 
@@ -121,41 +125,28 @@ void CropTool::mouseUp(int x, int y) {
     view_.txtCc->setVisible(readoutShows() && mayShow());
     dialog_.cmdCq[0]->setEnabled(!commands_.mnuCj->isEnabled());
     state_.mouseDown = false;
+    view_.txtTs->raise();
+    const QPoint moved = QPoint(x, y) - QPoint(state_.selLeft, state_.selTop);
+    const QPoint at = view_.picYu->mapToGlobal(QPoint(pixelsFromTwips(x), pixelsFromTwips(y)));
+    if (pixelsFromTwips(moved.manhattanLength()) < QApplication::startDragDistance() && isOnHint(at))
+        view_.txtTs->hide();
 }
 
 // ------------------------------------------------------------------------------------------- the hint over the picture
 
-/// While something can be selected, a press on the hint is meant for the picture below it; a click still hides it.
+/// While something can be selected, the mouse reaches the picture through the hint; a click still hides that.
 bool CropTool::eventFilter(QObject* watched, QEvent* event) {
-    switch (event->type()) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::MouseMove:
-        case QEvent::MouseButtonRelease:
-            return passOn(*static_cast<QMouseEvent*>(event));
-        default:
-            return QObject::eventFilter(watched, event);
-    }
+    if (event->type() == QEvent::Show || event->type() == QEvent::Hide) letThroughHint();
+    if (event->type() == QEvent::MouseButtonRelease && watched == view_.txtTs->parent() &&
+        isOnHint(static_cast<QMouseEvent*>(event)->globalPosition().toPoint()))
+        view_.txtTs->hide();
+    return QObject::eventFilter(watched, event);
 }
 
-bool CropTool::passOn(QMouseEvent& event) {
-    const QPoint pointer = event.globalPosition().toPoint();
-    const bool begins = event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick;
-    if (begins) {
-        const bool isOverPicture = view_.picGd->rect().contains(view_.picGd->mapFromGlobal(pointer)) &&
-                                   view_.picYu->rect().contains(view_.picYu->mapFromGlobal(pointer));
-        passesHintsEvents_ = event.button() == Qt::LeftButton && state_.isOpen && mayShow() && isOverPicture;
-        pressedAt_ = pointer;
-    }
-    if (!passesHintsEvents_) return false;
-    if (begins) view_.txtTs->lower();  // what is selected can be seen
-    const QEvent::Type type = begins ? QEvent::MouseButtonPress : event.type();
-    QMouseEvent passed(type, view_.picYu->mapFromGlobal(event.globalPosition()), event.globalPosition(), event.button(),
-                       event.buttons(), event.modifiers());
-    QApplication::sendEvent(view_.picYu, &passed);
-    if (type != QEvent::MouseButtonRelease) return true;
-    passesHintsEvents_ = false;
-    view_.txtTs->raise();
-    if ((pointer - pressedAt_).manhattanLength() < QApplication::startDragDistance()) view_.txtTs->hide();
-    return true;
+void CropTool::letThroughHint() {
+    view_.txtTs->setAttribute(Qt::WA_TransparentForMouseEvents, mayShow());
+}
+
+bool CropTool::isOnHint(QPoint global) const {
+    return view_.txtTs->isVisible() && view_.txtTs->rect().contains(view_.txtTs->mapFromGlobal(global));
 }

@@ -25,7 +25,8 @@ class CropTool : public QObject {
     QPoint inView(QPoint pointer) const;
     void placeReadout(QPoint pointer);
     void scrollAlong(QPoint pointer);
-    bool passOn(QMouseEvent& event);
+    void letThroughHint();
+    bool isOnHint(QPoint global) const;
     bool mayShow() const;
     bool readoutShows() const;
 
@@ -34,6 +35,4 @@ class CropTool : public QObject {
     EditorView& view_;
     OperationDialog& dialog_;
     ButtonPicture& button_;
-    QPoint pressedAt_;                ///< Where the hint took a press that is the picture's, on the screen.
-    bool passesHintsEvents_ = false;  ///< From that press to the release.
 };
