@@ -26,11 +26,11 @@ constexpr int panelHeight = 6360;  ///< Without the tool bar; the grid ends insi
 constexpr int gridTop = 690, gridHeight = 5610;
 
 constexpr int buttonsPerRow = 14, buttonRows = 4;
-constexpr int firstButtonTop = 465;
+constexpr int firstButtonTop = 495;
 constexpr int columnPitch = 280, rowPitch = 250;
 constexpr int buttonWidth = 270, buttonHeight = 240;
 
-constexpr int nameLeft = rightColumn + 1560, nameTop = 240, nameWidth = 2350, nameHeight = 225;
+constexpr int nameLeft = rightColumn + 1560, nameTop = 225, nameWidth = 2350, nameHeight = 270;
 constexpr int besideName = 180;  ///< Frame and margins of its box.
 
 const auto recordHeadings = u"序号|编号|^  大  小  |^  规  格  |^    日      期    |^    备        注    "_s;

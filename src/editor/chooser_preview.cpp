@@ -6,12 +6,15 @@
 #include "platform/base/error.h"
 #include "platform/desktop/placing.h"
 
+#include <algorithm>
+
 using namespace Qt::Literals::StringLiterals;
 using namespace chooserPlaces;
 
 namespace {
 
 constexpr int sentenceMargin = 450;
+constexpr int usualFont = 12, smallFont = 11;  // pixels
 const auto nothingChosen = u"图片处理（尚未选择图片）"_s;
 
 /// The size at which a preview of that shape stays inside its place.
@@ -76,14 +79,18 @@ void ChooserPreview::tell(const QString& title, const QString& number, const QSt
     const auto line = [&](const QString& album, const QString& codes) {
         return u"表名："_s + album + u" 序号："_s + number + u"  编号："_s + codes + u' ' + size;
     };
-    const QFontMetrics metrics = lblCl_->fontMetrics();
+    const QString whole = line(title, code);
+    QFont font = lblCl_->font();
+    font.setPixelSize(usualFont);
+    if (QFontMetrics(font).horizontalAdvance(whole) > lblCl_->width()) font.setPixelSize(smallFont);
+    const QFontMetrics metrics(font);
     const auto shortened = [&](const QString& text, const QString& lineWithout) {
         const int room = lblCl_->width() - metrics.horizontalAdvance(lineWithout);
         return metrics.elidedText(text, Qt::ElideRight, std::max(room, metrics.horizontalAdvance(u'…')));
     };
-    const QString whole = line(title, code);
     const QString album = shortened(title, line({}, code));
     const QString shown = line(album, shortened(code, line(album, {})));
+    lblCl_->setFont(font);
     lblCl_->setText(shown);
     lblCl_->setToolTip(shown == whole ? QString() : whole.toHtmlEscaped());
 }

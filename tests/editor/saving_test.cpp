@@ -365,15 +365,6 @@ class TestSaving : public QObject {
         }
     }
 
-    void whatAKilledSessionHasLeft() {
-        const SampleCatalogue catalogue;
-        emptyUndoSteps();
-        addRow(u"tccx"_s, {{u"编号"_s, u"01"_s}});
-        addRow(u"tccx"_s, {{u"编号"_s, u"02"_s}});
-        emptyUndoSteps();
-        QCOMPARE(EditorWindow::steps(), QStringList());
-    }
-
     // A long session gives back what its steps have taken.
     void theFileDoesNotGrowForEver() {
         OpenEditor editor({1600, 1200});
