@@ -253,12 +253,12 @@ void ButtonPicture::chooseRow() {
     Grid* msgBm = chooser_.msgBm;
     msgBm->setParent(view_.picAn);
     msgBm->bind(rows_);
-    rows_->Refresh();
     msgBm->setFormatString(u"序号|编号|名  称|图    册"_s);
     place(msgBm, gridPlace.left(), gridPlace.top(), gridPlace.width(), gridPlace.height());
     msgBm->setEnabled(true);
     msgBm->show();
     msgBm->raise();
+    rows_->Refresh();
     prompt(u"  请在表中选择要换图片的按钮"_s);
 }
 

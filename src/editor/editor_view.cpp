@@ -17,6 +17,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int barHeight = 330;
+constexpr int viewportMargin = 30;
 constexpr int hintHeight = 270;
 constexpr int hintFrame = 2;                     // pixels, on both sides
 constexpr int hintFont = 12, leastHintFont = 8;  // pixels
@@ -184,6 +185,7 @@ void EditorView::fitToWindow() {
 void EditorView::showBar() {
     bar_->setVisible(state_.toolbarHeight > 0);
     barGround_->setVisible(state_.toolbarHeight > 0);
+    place(picGd, leftOf(picGd), state_.toolbarHeight + viewportMargin);
 }
 
 /// The picture follows the scroll bars.

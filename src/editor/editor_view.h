@@ -50,7 +50,7 @@ class EditorView : public QObject {
     void growShortWindow();
     void centreWindow(int width, int height);
     void resized();
-    /// The tool bar shows, or not.
+    /// The tool bar shows, or not; the viewport, and the hint with it, begins below.
     void showBar();
 
     /// Sizes in twips.

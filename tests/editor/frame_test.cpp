@@ -179,6 +179,11 @@ class TestEditorFrame : public QObject {
             QVERIFY(!editor.shows(u"hsc1"_s) && !editor.shows(u"picGd"_s));
             QCOMPARE(editor.shows(u"tlb1"_s), shown);
             QCOMPARE(topOf(editor.find(u"picCs"_s)), shown ? 330 : 195);  // 200 in whole pixels
+            // The hint goes up with it, and leaves the album list free.
+            const auto onScreen = [&editor](const QString& name, QPoint at) {
+                return editor.find(name)->mapToGlobal(at);
+            };
+            QVERIFY(onScreen(u"txtTs"_s, {0, 9}).y() < onScreen(u"cboBm"_s, {0, 0}).y());
         }
         editor.click(u"cmdQx"_s);
         QVERIFY(editor.shows(u"img1"_s) && !editor.shows(u"vsc1"_s));
