@@ -4,6 +4,8 @@
 #include "platform/base/files.h"
 
 #include <QFileInfo>
+#include <filesystem>
+#include <system_error>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -15,6 +17,12 @@ int titleBarExtra = 0;
 
 QString cataloguePath() {
     return joinedPath(programFolder(), u"lunq.mdb"_s);
+}
+
+bool isCatalogue(const QString& path) {
+    std::error_code failed;  // neither file need exist
+    return std::filesystem::equivalent(QFileInfo(path).filesystemFilePath(),
+                                       QFileInfo(cataloguePath()).filesystemFilePath(), failed);
 }
 
 QString lockPath() {

@@ -50,10 +50,6 @@ QString recordCountLine(const QString& album, int count) {
     return u"表 ["_s + album + u"] 共有记录："_s + QString::number(count) + u" 条"_s;
 }
 
-bool isDemo(const QString& table) {
-    return table.compare(demoTable, Qt::CaseInsensitive) == 0;
-}
-
 bool standsForNumber(const QString& name) {
     return zhjy(name) && numberFromText(beforeFirstDot(name)) == numericValue(beforeFirstDot(name));
 }

@@ -1,5 +1,6 @@
 // The runs of the page 图片转存: into a folder by names, one after the other or by default, and into a table.
 
+#include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
 #include "intake/intake_texts.h"
 #include "intake/settings_tab.h"
