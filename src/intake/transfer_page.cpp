@@ -119,8 +119,7 @@ void TransferPage::connectControls() {
     connect(controls_.lstSu, &ListBox::lineClicked, this, guarded(controls_.form, [this](int line) {
                 if (inFront()) lstSuClick(line);
             }));
-    connect(&names_, &NameDialog::confirmed, this,
-            guarded(controls_.form, [this] { fzyd(operationText(cmdFz_->text() != u"已复制"_s)); }));
+    connect(&names_, &NameDialog::confirmed, this, guarded(controls_.form, [this] { fzyd(operationText(moves())); }));
     connect(&names_, &NameDialog::cancelled, this, run(&TransferPage::nameCancelled));
 }
 
