@@ -1,5 +1,6 @@
 #include "intake/name_dialog.h"
 
+#include "intake/preview_parts.h"
 #include "intake/settings_tab.h"
 #include "intake/transfer_rules.h"
 #include "platform/desktop/image_box.h"
@@ -24,7 +25,7 @@ constexpr int buttonWidth = 765, buttonHeight = 330;
 NameDialog::NameDialog(SharedControls& controls)
     : controls_(controls),
       fraWm_(make<QGroupBox>(controls.sstFz->page(transferTab), u"fraWm"_s, u"请录入文件名"_s)),
-      lblWm_(make<QLabel>(fraWm_, u"lblWm"_s)),
+      lblWm_(make<ElidedLabel>(fraWm_, u"lblWm"_s)),
       txtWm_(make<TextBox>(fraWm_, u"txtWm"_s)),
       cmdWm0_(make<QPushButton>(fraWm_, u"cmdWm(0)"_s, u"确 定"_s)),
       cmdWm1_(make<QPushButton>(fraWm_, u"cmdWm(1)"_s, u"取 消"_s)),

@@ -69,7 +69,7 @@ void TransferPage::makeLabels() {
     lbl5_ = put(make<QLabel>(page, u"lbl5"_s), 5535, 945, listWidth, 225);
     lbl6_ = put(make<ElidedLabel>(page, u"lbl6"_s), infoLeft, 4815, infoWidth, 225);
     lblLj_ = put(make<ElidedLabel>(page, u"lblLj"_s), infoLeft, 4850, infoWidth, 225);
-    lbl3_ = put(make<QLabel>(page, u"lbl3"_s), infoLeft, 5100, infoWidth, 450);
+    lbl3_ = put(make<QLabel>(page, u"lbl3"_s), infoLeft, 5100, infoWidth, 540);
 }
 
 void TransferPage::makeTargetGroup() {

@@ -29,7 +29,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 constexpr int panelLeft = 170, panelTop = 720;
-constexpr int lineHeight = 225;
+constexpr int lineHeight = 225, twoLinesHeight = 540;
 
 void showLine(QLabel* line, const QString& text) {
     line->setText(text);
@@ -90,7 +90,7 @@ void TransferPage::folderConfirmed() {
     if (!toFolder() || folder.isEmpty()) return;
     stand(lblLj_, 4850, lineHeight);
     showLine(lblLj_, u"目标文件夹路径："_s + folder);
-    stand(lbl3_, 5100, 2 * lineHeight);
+    stand(lbl3_, 5100, twoLinesHeight);
     showLine(lbl3_, u"默认文件名为：\n选定路径＋'\\'＋编号＋序号＋'.jpg' "_s);
     hints_.show(u"操作提示：可根据需要选按各按钮进行图片文件的复制或移动。"_s);
     enableRuns(true);
