@@ -279,9 +279,9 @@ Database openTarget(const QString& path) {
     if (isJet || !target.isOurs())
         throw Error(
             u"“%1”是其它软件的数据库，只能从中录入图片，不能把图片转存进去。请选择本软件的图册数据库。"_s.arg(name));
-    if (!QFileInfo(path).isWritable()) throw Error(u"“%1”是只读文件，不能把图片转存进去。"_s.arg(name));
+    if (!isWritableNow(path)) throw Error(u"“%1”是只读文件，不能把图片转存进去。"_s.arg(name));
     // The engine keeps a file of its own beside the database while it writes.
-    if (!QFileInfo(QFileInfo(path).absolutePath()).isWritable())
+    if (!isWritableNow(QFileInfo(path).absolutePath()))
         throw Error(u"“%1”所在的文件夹不能写入，不能把图片转存进去。"_s.arg(name));
     return target;
 }

@@ -5,6 +5,7 @@
 #include "transfer_window.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <sys/stat.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -174,6 +175,49 @@ class TestTransferDatabase : public QObject {
         QCOMPARE(window.boxes.front().title, u"操作提示"_s);
         QVERIFY(window.boxes.front().text.contains(u"源库.mdb"_s));
         window.expect({.hidden = u"cmdLr"_s, .disabled = u"cmdFz"_s, .texts = {{u"lblLj"_s, QString()}}});
+    }
+
+    /// The program would wait at a pipe for ever.
+    void aTargetThatHasBecomeNoFile() {
+        TargetWindow window;
+        window.source = {};
+        window.clickRow(0);
+        window.chooseTable(u"tc02"_s);
+        const QString target = window.path(u"源库.mdb"_s);
+        QVERIFY(QFile::remove(target));
+        QCOMPARE(mkfifo(QFile::encodeName(target).constData(), 0600), 0);
+        window.click(u"cmdYd"_s);
+        const QStringList said = window.said();
+        QCOMPARE(said.size(), 2);
+        QVERIFY2(said[1].contains(target) && said[1].contains(u"管道"_s), qPrintable(said[1]));
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 10);
+        QCOMPARE(window.chosen(), QStringList{u"1"_s});
+    }
+
+    void aTargetThatCannotBeWritten() {
+        TargetWindow window;
+        window.source = {};
+        window.clickRow(0);
+        window.chooseTable(u"tc02"_s);
+        QFile target(window.path(u"源库.mdb"_s)), folder(window.pictures.path());
+        const auto mine = target.permissions(), mineToo = folder.permissions();
+        const auto tried = [&] {
+            const PlainUser user;
+            window.click(u"cmdYd"_s);
+            return window.said().value(1);
+        };
+        // The plain user keeps the group.
+        QVERIFY(folder.setPermissions(mineToo | QFileDevice::ExeGroup | QFileDevice::ReadGroup) &&
+                target.setPermissions(QFileDevice::ReadUser | QFileDevice::ReadGroup));
+        QVERIFY2(tried().contains(u"只读"_s), "file");
+        QVERIFY(target.setPermissions(mine | QFileDevice::ReadGroup | QFileDevice::WriteGroup));
+        QVERIFY2(tried().contains(u"所在的文件夹不能写入"_s), "folder");
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 10);
+        QCOMPARE(window.chosen(), QStringList{u"1"_s});
+        QVERIFY(folder.setPermissions(mineToo));
+        window.click(u"cmdYd"_s);
+        QCOMPARE(window.said().last(), closing.arg(1));
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 9);
     }
 
     void movesIntoAnotherAlbumOfTheCatalogue() {

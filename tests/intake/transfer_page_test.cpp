@@ -380,6 +380,12 @@ class TestTransferPage : public QObject {
             QCOMPARE(said[1], none);
         }
         {
+            const PlainUser user;
+            const QStringList said = run();
+            QVERIFY2(said[0].contains(u"文件夹不能写入"_s) && said[0].endsWith(u"序号：1、2"_s), qPrintable(said[0]));
+            QCOMPARE(said[1], none);
+        }
+        {
             const FullDisk full(100);
             window.click(u"cmdWj"_s);
             QCOMPARE(window.said().last(), none);
