@@ -304,6 +304,32 @@ class TestSelecting : public QObject {
         QCOMPARE(editor.picYu().picture().size(), QSize(200, 150));
     }
 
+    // The table was the chooser's before, and has another height and another place of its own now.
+    void theRowThatIsMarkedShows() {
+        Selecting editor;
+        for (int i = 5; i <= 9; ++i) addRow(u"tcan"_s, {{u"序号"_s, i}, {u"编号"_s, u"x"_s}, {u"名称"_s, u"名"_s}});
+        changeRow(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, {{u"图片"_s, pictureBytes({400, 300}, Qt::red)}});
+        editor.press(u"sk"_s);
+        auto* albums = editor.find<QComboBox>(u"cboBm"_s);
+        albums->setFocus();
+        QTest::keyClick(albums, Qt::Key_Down);
+        auto* grid = editor.find<Grid>(u"msgBm"_s);
+        editor.clickRow(4);
+        const QPoint at = grid->visualRect(grid->model()->index(4, 0)).center();
+        // By the window itself: the release goes wherever the toolkit sends it then.
+        editor.mouse([](QWindow* on, auto... rest) { QTest::mouseDClick(on, rest...); },
+                     grid->viewport()->mapToGlobal(at));
+        QTRY_VERIFY(!grid->isVisible());
+        editor.startButton(0);
+        editor.option(2);
+        for (int row = 0; row < 9; ++row) {
+            QCOMPARE(grid->currentIndex().row(), row);
+            QVERIFY2(grid->viewport()->rect().contains(grid->visualRect(grid->currentIndex())),
+                     qPrintable(QString::number(row)));
+            QTest::keyClick(grid, Qt::Key_Down);
+        }
+    }
+
     void savingTheButtonAsAFile() {
         for (const auto& [name, begin] : {std::pair(u"钮 '1.jpg"_s, "\xff\xd8"), {u"钮.bmp"_s, "BM"}}) {
             Selecting editor({400, 300});
