@@ -1,6 +1,7 @@
 #include "platform/desktop/file_lists.h"
 
 #include "platform/base/error.h"
+#include "platform/base/files.h"
 #include "platform/desktop/message_box.h"
 
 #include <QCollator>
@@ -227,7 +228,7 @@ void FileList::setPattern(const QString& pattern) {
 void FileList::refill() {
     const QSignalBlocker silence(this);
     clear();
-    QStringList names = QDir(path_).entryList(pattern_.split(u';', Qt::SkipEmptyParts), QDir::Files);
+    QStringList names = filesIn(path_, pattern_.split(u';', Qt::SkipEmptyParts));
     sortNaturally(names);
     addItems(names);
 }
