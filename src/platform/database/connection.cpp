@@ -139,7 +139,7 @@ std::shared_ptr<Connection> Connection::create(const QString& path) {
 
 Connection::Connection(const QString& path, int flags)
     : path_(path), database_(openDatabase(path, flags)), longBinaries_(*this) {
-    registerFunctions(handle());
+    setUpDialect(handle());
     pause_.setSingleShot(true);
     pause_.setInterval(pauseMs);
     pause_.callOnTimeout([this] { attempt([this] { giveBackSpace(); }); });
@@ -150,7 +150,7 @@ Connection::Connection(const QString& path, std::unique_ptr<ForeignCopy> foreign
       foreign_(std::move(foreign)),
       database_(openDatabase(engineFile(), SQLITE_OPEN_READONLY)),
       longBinaries_(*this) {
-    registerFunctions(handle());
+    setUpDialect(handle());
 }
 
 /// Somebody else's file, and one that has only been read, keeps its free space.
@@ -210,12 +210,16 @@ qint64 Connection::number(const QString& sql) {
     return step(statement) ? statement.getColumn(0).getInt64() : 0;
 }
 
-SQLite::Statement Connection::prepare(const QString& sql) {
-    return checked([&] { return SQLite::Statement(database_, sql.toStdString()); });
+SQLite::Statement Connection::prepare(const QString& sql, const QString& table) {
+    try {
+        return SQLite::Statement(database_, sql.toStdString());
+    } catch (const SQLite::Exception& failure) {
+        throw error(failure.getErrorCode(), table);
+    }
 }
 
-void Connection::run(const QString& sql) {
-    SQLite::Statement statement = prepare(sql);
+void Connection::run(const QString& sql, const QString& table) {
+    SQLite::Statement statement = prepare(sql, table);
     while (step(statement)) {
     }
 }
@@ -291,11 +295,11 @@ void Connection::movePages(qint64 freePages) {
     if (left < freePages) giveBackSpaceLater();
 }
 
-Error Connection::error(int code) const {
+Error Connection::error(int code, const QString& table) const {
     const int extended = sqlite3_extended_errcode(handle());
     const bool isSame = (extended & 0xff) == (code & 0xff);
     return engineError(path_, isSame ? extended : code, QString::fromUtf8(sqlite3_errmsg(handle())),
-                       sqlite3_system_errno(handle()));
+                       sqlite3_system_errno(handle()), table);
 }
 
 Error Connection::missingTable(const QString& table) const {

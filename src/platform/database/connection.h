@@ -33,8 +33,9 @@ class Connection {
     sqlite3* handle() const { return database_.getHandle(); }
     LongBinaries& longBinaries() { return longBinaries_; }
 
-    SQLite::Statement prepare(const QString& sql);
-    void run(const QString& sql);
+    /// Where a column is missing, the failure names the `table` too that the statement is about.
+    SQLite::Statement prepare(const QString& sql, const QString& table = {});
+    void run(const QString& sql, const QString& table = {});
     bool step(SQLite::Statement& statement);
     qint64 lastRowId() const { return database_.getLastInsertRowid(); }
 
@@ -58,7 +59,7 @@ class Connection {
     void giveBackSpaceLater();
 
     /// The failure of the last call, as an `Error` that names the file.
-    Error error(int code) const;
+    Error error(int code, const QString& table = {}) const;
     Error missingTable(const QString& table) const;
 
     /// Runs calls of the engine's wrapper; what they throw comes out as `Error`.

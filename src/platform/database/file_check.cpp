@@ -37,7 +37,7 @@ SQLite::Database openToRead(const QString& path) {
 }  // namespace
 
 FileCheck::FileCheck(const QString& path) : path_(path), database_(openToRead(path)) {
-    registerFunctions(database_.getHandle());
+    setUpDialect(database_.getHandle());
     const std::lock_guard lock(checks().mutex);
     checks().running.push_back(this);
 }
