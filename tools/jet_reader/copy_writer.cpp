@@ -89,6 +89,11 @@ std::string declaration(const JetColumn& column) {
     }
 }
 
+/// Digits that are too many for a number are kept as bytes.
+bool isExact(int type) {
+    return type == MDB_MONEY || type == MDB_NUMERIC;
+}
+
 void bindBytes(SQLite::Statement& statement, int place, const std::vector<unsigned char>& bytes) {
     const void* start = bytes.empty() ? static_cast<const void*>("") : bytes.data();
     statement.bindNoCopy(place, start, static_cast<int>(bytes.size()));
@@ -127,7 +132,8 @@ void CopyWriter::copyRow(const JetTable& table, SQLite::Statement& insertRow) {
         else if (const auto* real = std::get_if<double>(&values[i]))
             insertRow.bind(place, *real);
         else if (const auto* text = std::get_if<std::string>(&values[i]))
-            insertRow.bindNoCopy(place, *text);
+            isExact(table.columns()[i].type) ? insertRow.bindNoCopy(place, text->data(), static_cast<int>(text->size()))
+                                             : insertRow.bindNoCopy(place, *text);
         else if (const auto* bytes = std::get_if<std::vector<unsigned char>>(&values[i]))
             table.columns()[i].type == MDB_OLE ? insertRow.bind(place, store(*bytes))
                                                : bindBytes(insertRow, place, *bytes);

@@ -11,7 +11,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// The name in a message such as `no such column: t.序号`, without that of the table before it; empty in another message.
+/// The name in a message such as `no such column: t.序号`, without that of the table before it; empty in another
+/// message.
 QString missingColumn(const QString& message) {
     const QString start = u"no such column: "_s;
     return message.startsWith(start) ? message.sliced(start.size()).section(u'.', -1) : QString();

@@ -99,10 +99,12 @@ void TableRows::add(const PendingValues& values) {
 int TableRows::runWith(const QString& sql, const PendingValues& values) {
     SQLite::Statement statement = connection_.prepare(sql, table_);
     int place = 0;
-    for (const auto& [column, pending] : values) {
+    for (const auto& [at, pending] : values) {
         ++place;
         if (!pending.bytes) {
-            connection_.checked([&, &stored = pending.value] { bindValue(statement, place, stored); });
+            connection_.checked([&, &at = at, &stored = pending.value] {
+                bindValue(statement, place, stored, columns_[static_cast<size_t>(at)].type);
+            });
             continue;
         }
         const qint64 key = connection_.longBinaries().store(*pending.bytes);
