@@ -1,6 +1,7 @@
 #include "copy_writer.h"
 
 #include "limits.h"
+#include "platform/database/literal_paths.h"
 #include "platform/database/stored_forms.h"
 
 #include <sqlite3.h>
@@ -13,7 +14,7 @@ namespace {
 
 /// A file that is thrown away when it is not finished needs no way back and no flushing.
 SQLite::Database emptyFile(const std::string& path) {
-    SQLite::Database database(path, SQLite::OPEN_READWRITE);
+    SQLite::Database database(path, SQLite::OPEN_READWRITE, 0, literalPaths());
     for (const char* setting : {"PRAGMA page_size = 16384", "PRAGMA journal_mode = OFF", "PRAGMA synchronous = OFF",
                                 "PRAGMA temp_store = MEMORY", "PRAGMA cache_size = -16000"}) {
         database.tryExec(setting);

@@ -1,9 +1,11 @@
 #include "platform/database/connection.h"
 
 #include "platform/base/system_reason.h"
+#include "platform/database/database_file.h"
 #include "platform/database/engine_errors.h"
 #include "platform/database/file_check.h"
 #include "platform/database/free_space.h"
+#include "platform/database/literal_paths.h"
 #include "platform/database/sql_functions.h"
 
 #include <sqlite3.h>
@@ -76,9 +78,9 @@ int waitForOthers(void*, int tried) {
     return tried < busyTimeoutMs / busyStepMs ? 1 : 0;
 }
 
-SQLite::Database openDatabase(const QString& path, int flags) {
+SQLite::Database openDatabase(const QString& path, int flags, const char* fileSystem = "") {
     try {
-        SQLite::Database database(path.toStdString(), flags);
+        SQLite::Database database(path.toStdString(), flags, 0, fileSystem);
         sqlite3_busy_handler(database.getHandle(), waitForOthers, nullptr);
         return database;
     } catch (const SQLite::Exception& failure) {
@@ -99,7 +101,7 @@ void requireTransaction(const Connection& connection) {
 }  // namespace
 
 std::shared_ptr<Connection> Connection::open(const QString& path) {
-    if (!QFileInfo(path).isFile()) throw Error(u"数据库文件“%1”不存在。"_s.arg(path));
+    requireDatabaseFile(path);
     if (auto shared = openConnection(path)) return shared;
     if (ForeignCopy::isJetFile(path)) {
         const std::shared_ptr<Connection> connection(new Connection(path, std::make_unique<ForeignCopy>(path)));
@@ -107,7 +109,7 @@ std::shared_ptr<Connection> Connection::open(const QString& path) {
         openConnections().push_back(connection);
         return connection;
     }
-    if (!hasDatabaseHeader(path)) throw Error(u"文件“%1”不是数据库，或已损坏。"_s.arg(path));
+    if (!hasDatabaseHeader(path)) throw Error(u"文件“%1”不是数据库，或已损坏。"_s.arg(path), Error::Kind::damage);
 
     const std::shared_ptr<Connection> connection(new Connection(path, openFlags(path)));
     connection->configure();
@@ -117,6 +119,7 @@ std::shared_ptr<Connection> Connection::open(const QString& path) {
 }
 
 bool Connection::isJetFile(const QString& path) {
+    requireDatabaseFile(path);
     const auto shared = openConnection(path);
     return shared ? shared->isForeign() : ForeignCopy::isJetFile(path);
 }
@@ -148,7 +151,7 @@ Connection::Connection(const QString& path, int flags)
 Connection::Connection(const QString& path, std::unique_ptr<ForeignCopy> foreign)
     : path_(path),
       foreign_(std::move(foreign)),
-      database_(openDatabase(engineFile(), SQLITE_OPEN_READONLY)),
+      database_(openDatabase(engineFile(), SQLITE_OPEN_READONLY, literalPaths())),
       longBinaries_(*this) {
     setUpDialect(handle());
 }

@@ -23,7 +23,7 @@ class Connection {
 
     const QString& path() const { return path_; }
     /// The file that the engine reads: another one than `path` for a foreign database.
-    const QString& engineFile() const { return foreign_ ? foreign_->file() : path_; }
+    QString engineFile() const { return foreign_ ? foreign_->file() : path_; }
     bool isForeign() const { return foreign_ != nullptr; }
     bool isOurs();  ///< Made by this program.
     /// Throws for a foreign database.

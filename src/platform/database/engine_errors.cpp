@@ -99,5 +99,7 @@ QString reason(int code, const QString& message, int systemError, const QString&
 }  // namespace
 
 Error engineError(const QString& path, int code, const QString& message, int systemError, const QString& table) {
-    return Error(u"数据库文件“%1”：%2。"_s.arg(path, reason(code, message, systemError, table)));
+    const int kind = code & 0xff;
+    return Error(u"数据库文件“%1”：%2。"_s.arg(path, reason(code, message, systemError, table)),
+                 kind == SQLITE_CORRUPT || kind == SQLITE_NOTADB ? Error::Kind::damage : Error::Kind::usual);
 }
