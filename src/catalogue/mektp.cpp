@@ -7,6 +7,15 @@
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+
+QString& chosenCatalogue() {
+    static QString path;
+    return path;
+}
+
+}  // namespace
+
 namespace mekTp {
 
 Database catalogue;
@@ -14,7 +23,11 @@ QString currentTable = demoTable;
 int titleBarExtra = 0;
 
 QString cataloguePath() {
-    return joinedPath(programFolder(), u"lunq.mdb"_s);
+    return chosenCatalogue().isEmpty() ? joinedPath(programFolder(), u"lunq.mdb"_s) : chosenCatalogue();
+}
+
+void setCataloguePath(const QString& path) {
+    chosenCatalogue() = path;
 }
 
 QString lockPath() {
