@@ -63,7 +63,7 @@ std::optional<QString> StartUp::fault() const {
         mekTp::catalogue = {};
         if (failure.isDamage()) return damageText(rescueOfCatalogue());
         return failure.text() +
-               u"\n\n这个文件没有改动。可以另选一个像册文件，只在这一次使用；也可以退出，处理好以后再打开本软件。"_s;
+               u"\n\n原有的内容没有改动。可以另选一个像册文件，只在这一次使用；也可以退出，处理好以后再打开本软件。"_s;
     }
 }
 
