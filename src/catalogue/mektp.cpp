@@ -1,9 +1,13 @@
 #include "catalogue/mektp.h"
 
 #include "catalogue/album_rules.h"
+#include "platform/base/error.h"
 #include "platform/base/files.h"
+#include "platform/database/own_values.h"
 
 #include <QFileInfo>
+#include <filesystem>
+#include <system_error>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -30,6 +34,12 @@ void setCataloguePath(const QString& path) {
     chosenCatalogue() = path;
 }
 
+bool isCatalogue(const QString& path) {
+    std::error_code failed;  // neither file need exist
+    return std::filesystem::equivalent(QFileInfo(path).filesystemFilePath(),
+                                       QFileInfo(cataloguePath()).filesystemFilePath(), failed);
+}
+
 QString lockPath() {
     const QFileInfo file(QFileInfo(cataloguePath()).canonicalFilePath());
     return joinedPath(file.isFile() ? file.path() : programFolder(), u"lunq.lock"_s);
@@ -38,6 +48,7 @@ QString lockPath() {
 void openCatalogue() {
     catalogue = {};
     catalogue = OpenDatabase(cataloguePath());
+    attempt([] { OwnValues(catalogue).prepare(); });
 }
 
 }  // namespace mekTp

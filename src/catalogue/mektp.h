@@ -22,11 +22,15 @@ QString cataloguePath();
 /// Chooses another file, until the program ends. An empty path goes back to the program's own.
 void setCataloguePath(const QString& path);
 
+/// Whether a path, through links or not, leads to the program's catalogue.
+bool isCatalogue(const QString& path);
+
 /// Path of the file by which the program keeps the catalogue to itself: beside the real `lunq.mdb`, also where that in
 /// the program's folder is a link.
 QString lockPath();
 
-/// Opens the catalogue; throws `Error` when it cannot.
+/// Opens the catalogue, and raises an older one to the present version where it can be written;
+/// throws `Error` when it cannot open it. The program keeps the file to itself by then (see `SingleCopy`).
 void openCatalogue();
 
 }  // namespace mekTp

@@ -21,7 +21,7 @@ class ButtonPicture : public QObject {
     /// How a selection is constrained; free unless the dialog says otherwise.
     SelectionShape shape() const;
     bool shapeIsChosen() const { return shape() != SelectionShape::free; }
-    bool isActive() const { return state_.editState.startsWith(u'a'); }
+    bool isActive() const { return state_.editState.startsWith(u'a') && !view_.picAn->isHidden(); }
 
     /// Tells size and ratio of a selection while it is drawn, and when the mouse has let go.
     void tellSize(QSize size);
@@ -35,7 +35,7 @@ class ButtonPicture : public QObject {
     void chooseShape(int index);
     void chooseRow();
     void saveToFile();
-    void rowClicked();
+    void rowSelected();
     void cmdCkClick();
     void showThumbnail();
     void storeInRow();

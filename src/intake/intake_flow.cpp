@@ -180,8 +180,20 @@ void IntakePage::cmdLrClick() {
     const QString description =
         fromFiles() ? intakeDescription(browser_.fil1()->FileName(), replaces(), state_.selectedFileCount) : QString();
     if (!ask(controls_.form, intakeQuestion(album, replaces(), description))) return;
+    if (fromFiles()) {
+        const std::optional<BmpFiles> bmp = askAboutBmp(controls_.form, selectedPaths());
+        if (!bmp) return;
+        bmpFiles_ = *bmp;
+    }
     lrtc();
     showAlbumCount();
+}
+
+QStringList IntakePage::selectedPaths() const {
+    QStringList paths;
+    for (const int index : browser_.selectedFiles())
+        paths << joinedPath(browser_.fil1()->Path(), browser_.fil1()->List(index));
+    return paths;
 }
 
 // One intake run with everything around it.
@@ -227,8 +239,9 @@ IntakePage::Outcome IntakePage::runIntake() {
 }
 
 IntakePage::Outcome IntakePage::enterFiles(const std::function<void(int)>& progress) {
-    const IntakeOrder order{browser_.fil1()->Path(), browser_.fileNames(), browser_.selectedFiles(), replaces(),
-                            chkZd_->isChecked()};
+    const IntakeOrder order{browser_.fil1()->Path(),  browser_.fileNames(),
+                            browser_.selectedFiles(), replaces(),
+                            chkZd_->isChecked(),      bmpFiles_};
     const IntakeResult result = wjlr(*datLr_, order, state_, progress);
     Outcome outcome{result.count, {}};
     if (result.cameToEnd && !result.notFound.isEmpty())

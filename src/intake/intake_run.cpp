@@ -15,8 +15,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int jpegQuality = 80;
-
 QString findNumber(int number) {
     return u"序号 = %1"_s.arg(number);
 }
@@ -56,7 +54,7 @@ class Run {
         table().Fields(u"序号"_s).SetValue(next);
         const Picture picture = look(path);
         if (order_.fillFields) fill(path, picture);
-        const qint64 length = bctp(path, table(), u"j"_s, false);
+        const qint64 length = bctp(path, table(), order_.bmp, false);
         table().Update();
         note(name, length);
         datLr_.Refresh();
@@ -77,7 +75,7 @@ class Run {
         table().Update();
         datLr_.Refresh();
         table().FindFirst(findNumber(state_.replaceNumber));
-        const qint64 length = bctp(path, table(), u"j"_s, true);
+        const qint64 length = bctp(path, table(), order_.bmp, true);
         whole.commit();
         note(name, length);
     }
@@ -145,11 +143,11 @@ IntakeResult wjlr(DataControl& datLr, const IntakeOrder& order, FormState& state
 }
 
 // Writes one file into the column 图片.
-qint64 bctp(const QString& path, Recordset& recordset, const QString& mode, bool replace) {
-    if (mode == u"j"_s && path.endsWith(u"bmp"_s) && FileLen(path) > 0)
-        saveJpeg(LoadPicture(path).image(), path, jpegQuality);
+qint64 bctp(const QString& path, Recordset& recordset, BmpFiles bmp, bool replace) {
+    const QByteArray jpeg = convertBmp(path, bmp);
     if (replace) recordset.Edit();
-    const qint64 length = storePictureFile(recordset.Fields(u"图片"_s), path);
+    const Field picture = recordset.Fields(u"图片"_s);
+    const qint64 length = jpeg.isEmpty() ? storePictureFile(picture, path) : storePictureBytes(picture, jpeg);
     if (length > 0 && replace) recordset.Update();
     return length;
 }

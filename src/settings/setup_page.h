@@ -17,7 +17,9 @@ class SetupPage : public SettingsPage {
     QGroupBox* gridFrame() const { return buttons_.frame(); }
 
     void enter() override;
-    void rowClicked() override { buttons_.anjl(); }
+    void rowSelected() override { buttons_.anjl(); }
+    bool mayGoTo(int row) override { return buttons_.mayGoTo(row); }
+    bool mayLeave() override;
 
   private:
     HintLine& hints_;

@@ -3,26 +3,12 @@
 #include "intake/form_state.h"
 #include "intake/shared_controls.h"
 
-#include <QCheckBox>
 #include <QObject>
 #include <array>
 
+class QCheckBox;
 class QPushButton;
 class TextBox;
-
-/// A check box that tells when the keyboard brings the focus to it.
-class OptionCheck : public QCheckBox {
-    Q_OBJECT
-
-  public:
-    using QCheckBox::QCheckBox;
-
-  Q_SIGNALS:
-    void reachedByKeyboard();
-
-  protected:
-    void focusInEvent(QFocusEvent* event) override;
-};
 
 /// The group Frame1: main title of the whole collection, and two options of the main window.
 class TitleGroup : public QObject {
@@ -34,16 +20,26 @@ class TitleGroup : public QObject {
     /// Back to rest with the stored values; what cannot be read stays as it is.
     void reset();
 
+    /// Asks before changes are lost; false when they are to stay.
+    bool mayLeave();
+
   private:
     void cmdBtClick();
-    void store();
+    bool store();
+    struct Values {
+        QString title;
+        bool labels, fullScreen;
+        bool operator==(const Values&) const = default;
+    };
+    Values values() const;
     void titleChanged();
     void optionClicked(int index);
     bool isEditing() const;
 
     SharedControls& controls_;
     FormState& state_;
+    Values begun_{};  ///< When the editing began.
     TextBox* txtXt;
     QPushButton* cmdBt;
-    std::array<OptionCheck*, 2> chkB1{};
+    std::array<QCheckBox*, 2> chkB1{};
 };
