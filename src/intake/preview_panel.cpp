@@ -171,7 +171,7 @@ void PreviewPanel::placeFrame() {
     sstFz->putOn(sstFz->currentIndex(), fraCk_, at.x(), at.y(), at.width(), at.height());
 }
 
-/// The rectangle round the picture, and inside it what is told where there is none.
+/// The rectangle round the picture, and inside it the words where there is none.
 void PreviewPanel::placeShape(int left, int top, int width, int height) {
     place(shpWj_, left, top, width, height);
     place(lblKt_, left + 90, top + 90, width - 180, height - 180);

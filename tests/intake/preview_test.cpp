@@ -180,7 +180,7 @@ class TestPreview : public QObject {
         Bench bench(2);
         bench.panel->cmdCkClick(2);
         QWidget& frame = bench.frame();
-        const QPoint told = frame.pos();
+        const QPoint place = frame.pos();
         const auto drag = [&](const QPoint& from, const QPoint& by) {
             QTest::mousePress(&frame, Qt::LeftButton, {}, from);
             QTest::mouseMove(&frame, from + by);
@@ -188,9 +188,9 @@ class TestPreview : public QObject {
             QTest::mouseMove(&frame, from + QPoint(5, 5));
         };
         drag({30, 8}, {70, -40});
-        QCOMPARE(frame.pos(), told + QPoint(70, -40));
+        QCOMPARE(frame.pos(), place + QPoint(70, -40));
         drag({4, 100}, {50, 50});
-        QCOMPARE(frame.pos(), told + QPoint(70, -40));
+        QCOMPARE(frame.pos(), place + QPoint(70, -40));
         drag({30, 8}, {4000, 4000});  // it stays on the page
         QCOMPARE(frame.geometry().bottomRight(), frame.parentWidget()->rect().bottomRight());
         // Another record moves it nowhere; opened anew it is back.
@@ -198,7 +198,7 @@ class TestPreview : public QObject {
         QCOMPARE(frame.geometry().bottomRight(), frame.parentWidget()->rect().bottomRight());
         bench.click(u"cmdCg"_s);
         bench.panel->cmdCkClick(2);
-        QCOMPARE(frame.pos(), told);
+        QCOMPARE(frame.pos(), place);
     }
 
     void opensBesideTheControlsOfAWiderPage() {
@@ -233,9 +233,9 @@ class TestPreview : public QObject {
         const QString oldDate = ofNumber(7, u"日期"_s);
         bench.load(bench.path(u"新.jpg"_s));
         QCOMPARE(bench.frame().title(), u"图片规格：\n60 * 45"_s);
-        const QImage told = bench.frame().grab().toImage();
+        const QImage seen = bench.frame().grab().toImage();
         bench.frame().setTitle(u"图片规格：60 * 45"_s);
-        QCOMPARE(bench.frame().grab().toImage(), told);  // there is room for one line
+        QCOMPARE(bench.frame().grab().toImage(), seen);  // there is room for one line
         QVERIFY(bench.button(u"cmdAq"_s).isEnabled() && bench.form.focusWidget() == &bench.button(u"cmdAq"_s));
         bench.answer = takeDate;
         bench.click(u"cmdAq"_s);
