@@ -1,26 +1,58 @@
 #include "platform/picture/bmp_reader.h"
 
+#include "platform/picture/bmp_header.h"
 #include "platform/picture/memory_share.h"
 #include "platform/picture/refusal.h"
 
 #include <QImageReader>
 #include <QtEndian>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// Where the file's header says that the pixels begin.
-qint64 pixelOffset(QIODevice& device) {
-    const QByteArray header = device.peek(14);
-    return header.size() < 14 ? header.size() : qFromLittleEndian<quint32>(header.constData() + 10);
+constexpr quint32 longLength = 108;
+
+/// The toolkit knows no headers of 52 and 56 bytes. The one of 108 bytes begins like them.
+bool isUnknownToToolkit(quint32 headerLength) {
+    return headerLength == 52 || headerLength == 56;
 }
 
-}  // namespace
+/// A BMP as if its header were the longer one that the toolkit knows. The pixels stay where they are.
+class LongerHeader : public QIODevice {
+  public:
+    LongerHeader(QIODevice& file, quint32 headerLength)
+        : file_(file), start_(file.pos()), added_(longLength - headerLength) {
+        constexpr char standardColours[] = {'B', 'G', 'R', 's'};
+        head_ = file_.read(fileHeader + headerLength) + QByteArray(qsizetype(added_), '\0');
+        char* const header = head_.data();
+        qToLittleEndian(qFromLittleEndian<quint32>(header + 10) + added_, header + 10);
+        qToLittleEndian(longLength, header + fileHeader);
+        std::ranges::copy(standardColours, header + fileHeader + 56);
+        QIODevice::open(ReadOnly | Unbuffered);
+    }
 
-Picture readBmp(QIODevice& device, const QString& name) {
-    if (pixelOffset(device) >= device.bytesAvailable()) refusePicture(name, u"图片数据不完整"_s);
+    qint64 size() const override { return file_.size() - start_ + added_; }
 
+  protected:
+    qint64 readData(char* data, qint64 maxSize) override {
+        if (pos() >= head_.size()) return file_.seek(start_ + pos() - added_) ? file_.read(data, maxSize) : -1;
+        const QByteArray part = head_.mid(pos(), maxSize);
+        std::ranges::copy(part, data);
+        return part.size();
+    }
+    qint64 writeData(const char*, qint64) override { return -1; }
+
+  private:
+    static constexpr qint64 fileHeader = 14;
+    QIODevice& file_;
+    qint64 start_;
+    quint32 added_;
+    QByteArray head_;
+};
+
+Picture decodedBmp(QIODevice& device, const QString& name) {
     // Ours depends on the computer. Set once: several threads read pictures.
     static const bool isUnlimited = (QImageReader::setAllocationLimit(0), true);
     Q_UNUSED(isUnlimited);
@@ -38,4 +70,17 @@ Picture readBmp(QIODevice& device, const QString& name) {
     image.convertTo(QImage::Format_RGB32);
     if (image.isNull()) refusePicture(name, u"内存不足"_s);
     return Picture(image);
+}
+
+}  // namespace
+
+Picture readBmp(QIODevice& device, const QString& name) {
+    const QByteArray beginning = device.peek(BmpHeader::needed);
+    const auto header = bmpHeader(beginning);
+    if (!header && beginning.size() < BmpHeader::needed) refusePicture(name, u"图片数据不完整"_s);
+    if (!header) refusePicture(name, u"图片已损坏，或是不支持的 BMP 格式"_s);
+    if (header->pixelOffset >= device.bytesAvailable()) refusePicture(name, u"图片数据不完整"_s);
+    if (!isUnknownToToolkit(header->length)) return decodedBmp(device, name);
+    LongerHeader known(device, header->length);
+    return decodedBmp(known, name);
 }

@@ -104,6 +104,20 @@ class TestLoadPicture : public QObject {
         }
     }
 
+    void bitmapsWithHeadersOfSomeEditors() {
+        for (const int length : {52, 56})
+            for (const quint16 depth : {8, 16, 32}) {
+                const QImage image = LoadPicture(bmpWithHeader(length, depth), u"图"_s).image();
+                QCOMPARE(image.size(), QSize(2, 2));
+                for (const int x : {0, 1}) {
+                    // 16 bits have four for each colour here.
+                    QCOMPARE(image.pixel(x, 0) & 0xFFF0FFFF, 0xFFF00000);
+                    QCOMPARE(image.pixel(x, 1) & 0xFFFFFFF0, 0xFF0000F0);
+                }
+            }
+        QVERIFY(!refusalOf(bmpWithHeader(56, 32).first(60)).isEmpty());
+    }
+
     void reducedDecodingCoversTheTarget() {
         const QImage image = quadrants({800, 600});
         for (const auto& [target, decoded] : {std::pair{QSize(1, 1), QSize(100, 75)},

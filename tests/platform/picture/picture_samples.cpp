@@ -230,3 +230,34 @@ QByteArray withSides(QByteArray picture, QSize pixels) {
     qToBigEndian<quint16>(quint16(pixels.width()), bytes + frame + 7);
     return picture;
 }
+
+QByteArray bmpWithHeader(int length, quint16 depth) {
+    const bool hasMasks = depth > 8;
+    const QList<quint32> palette = hasMasks ? QList<quint32>() : QList<quint32>{0xFF0000, 0x0000FF};
+    const QByteArray row = depth == 16   ? QByteArray("\x00\x0F\x00\x0F", 4)
+                           : depth == 32 ? QByteArray("\0\0\xFF\x7F\0\0\xFF\x7F", 8)
+                                         : QByteArray("\0\0\0\0", 4);
+    const QByteArray other = depth == 16   ? QByteArray("\x0F\x00\x0F\x00", 4)
+                             : depth == 32 ? QByteArray("\xFF\0\0\x7F\xFF\0\0\x7F", 8)
+                                           : QByteArray("\1\1\0\0", 4);
+    QByteArray bytes("BM");
+    append<quint32>(bytes, quint32(14 + length + 4 * palette.size() + 2 * row.size()));
+    append<quint32>(bytes, 0);
+    append<quint32>(bytes, quint32(14 + length + 4 * palette.size()));
+    append<quint32>(bytes, quint32(length));
+    append<qint32>(bytes, 2);
+    append<qint32>(bytes, 2);
+    append<quint16>(bytes, 1);
+    append<quint16>(bytes, depth);
+    append<quint32>(bytes, hasMasks ? 3 : 0);
+    append<quint32>(bytes, quint32(2 * row.size()));
+    append<quint32>(bytes, 0);
+    append<quint32>(bytes, 0);
+    append<quint32>(bytes, quint32(palette.size()));
+    append<quint32>(bytes, 0);
+    const QList<quint32> masks = depth == 16 ? QList<quint32>{0x0F00, 0x00F0, 0x000F, 0xF000}
+                                             : QList<quint32>{0xFF0000, 0xFF00, 0xFF, 0xFF000000};
+    for (int i = 0; i < (length - 40) / 4; ++i) append<quint32>(bytes, hasMasks ? masks[i] : 0);
+    for (const quint32 colour : palette) append<quint32>(bytes, colour);
+    return bytes + other + row;
+}

@@ -34,5 +34,8 @@ QByteArray quadrantsOf(const QImage& image);
 /// A BMP of 4 x 2 pixels, the upper row red, the lower blue.
 QByteArray bmpBytes(int depth, bool topDown = false, bool runLength = false);
 
+/// A BMP of 2 x 2 pixels, the upper row red, the lower blue, with a header of 52 or 56 bytes.
+QByteArray bmpWithHeader(int length, quint16 depth);
+
 /// The bytes with other sides in the JPEG or BMP header.
 QByteArray withSides(QByteArray picture, QSize pixels);
