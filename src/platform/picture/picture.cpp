@@ -2,12 +2,12 @@
 
 #include "platform/picture/bmp_reader.h"
 #include "platform/picture/jpeg_reader.h"
+#include "platform/picture/picture_file.h"
 #include "platform/picture/refusal.h"
 
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <cmath>
 
 using namespace Qt::Literals::StringLiterals;
@@ -44,13 +44,9 @@ Picture LoadPicture(const QByteArray& bytes, const QString& name, QSize target) 
 }
 
 Picture LoadPicture(const QString& path, QSize target) {
-    const QString name = QDir::toNativeSeparators(path);
-    const QFileInfo info(path);
-    if (!info.exists()) refusePicture(name, u"找不到文件"_s);
-    if (!info.isFile()) refusePicture(name, u"这不是文件"_s);
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) refusePicture(name, u"文件不能读取"_s);
-    return LoadPicture(file, name, target);
+    openPicture(file);
+    return LoadPicture(file, QDir::toNativeSeparators(path), target);
 }
 
 Picture shrunkTo(const Picture& picture, QSize target) {

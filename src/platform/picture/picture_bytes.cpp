@@ -1,0 +1,123 @@
+#include "platform/picture/picture_bytes.h"
+
+#include "platform/picture/bmp_header.h"
+#include "platform/picture/picture_file.h"
+#include "platform/picture/refusal.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
+#include <cstring>
+#include <vector>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Reads a device from front to back through a small buffer.
+class Bytes {
+  public:
+    Bytes(QIODevice& device, const QString& name) : device_(device), name_(name), buffer_(size_t(1) << 16) {}
+
+    /// -1 at the end.
+    int next() { return at_ < end_ || fill() ? quint8(buffer_[at_++]) : -1; }
+
+    /// The number of two bytes, the higher first; -1 at the end.
+    int nextPair() {
+        const int high = next(), low = next();
+        return low < 0 ? -1 : high << 8 | low;
+    }
+
+    /// Goes on behind the next byte of this value; false when there is none.
+    bool skipTo(char byte) {
+        while (at_ < end_ || fill()) {
+            const auto* const found = static_cast<const char*>(std::memchr(&buffer_[at_], byte, end_ - at_));
+            at_ = found == nullptr ? end_ : size_t(found - buffer_.data()) + 1;
+            if (found != nullptr) return true;
+        }
+        return false;
+    }
+
+    bool skip(qint64 count) {
+        while (count > 0 && (at_ < end_ || fill())) {
+            const qint64 step = qMin(count, qint64(end_ - at_));
+            at_ += size_t(step);
+            count -= step;
+        }
+        return count == 0;
+    }
+
+  private:
+    bool fill() {
+        const qint64 count = device_.read(buffer_.data(), qint64(buffer_.size()));
+        if (count < 0) refusePicture(name_, u"读取失败"_s);
+        at_ = 0;
+        end_ = size_t(count);
+        return count > 0;
+    }
+
+    QIODevice& device_;
+    const QString& name_;
+    std::vector<char> buffer_;
+    size_t at_ = 0, end_ = 0;
+};
+
+constexpr int endOfImage = 0xD9, startOfScan = 0xDA;
+
+/// Within a scan FF stands before 0 as itself, and before the marks between which a damaged part can be left out.
+bool belongsToScan(int marker) {
+    return marker == 0 || (marker >= 0xD0 && marker <= 0xD7);
+}
+
+/// The next marker, behind whatever does not belong to a segment; -1 at the end.
+int nextMarker(Bytes& bytes) {
+    int marker = 0;
+    do {
+        if (!bytes.skipTo('\xFF')) return -1;
+        do marker = bytes.next();
+        while (marker == 0xFF);
+    } while (belongsToScan(marker));
+    return marker;
+}
+
+/// Segment after segment up to the end of the image: thumbnails, which have an end of their own, lie within segments.
+PictureBytes jpegBytes(Bytes bytes) {
+    bool isScanSeen = false;
+    bytes.skip(2);
+    for (int marker = nextMarker(bytes); marker >= 0; marker = nextMarker(bytes)) {
+        if (marker == endOfImage) return isScanSeen ? PictureBytes::whole : PictureBytes::truncated;
+        isScanSeen = isScanSeen || marker == startOfScan;
+        if (!bytes.skip(bytes.nextPair() - 2)) break;
+    }
+    return PictureBytes::truncated;
+}
+
+/// Some writers leave out the bytes that would fill up the last row.
+PictureBytes bmpBytes(const BmpHeader& header, Bytes bytes) {
+    const bool whole = bytes.skip(header.pixelOffset) && bytes.skip(header.pixelBytes);
+    return whole ? PictureBytes::whole : PictureBytes::truncated;
+}
+
+}  // namespace
+
+PictureBytes pictureBytes(QIODevice& device, const QString& name) {
+    const QByteArray beginning = device.peek(BmpHeader::needed);
+    if (beginning.startsWith("\xFF\xD8") && (beginning.size() == 2 || beginning[2] == '\xFF'))
+        return jpegBytes(Bytes(device, name));
+    if (const auto header = bmpHeader(beginning)) return bmpBytes(*header, Bytes(device, name));
+    return PictureBytes::notAPicture;
+}
+
+PictureBytes pictureBytes(const QByteArray& bytes) {
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
+    return pictureBytes(buffer, {});
+}
+
+PictureBytes pictureBytesOfFile(const QString& path) {
+    const QString name = QDir::toNativeSeparators(path);
+    QFile file(path);
+    openPicture(file);
+    return pictureBytes(file, name);
+}
