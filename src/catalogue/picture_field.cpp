@@ -1,6 +1,7 @@
 #include "catalogue/picture_field.h"
 
 #include "platform/base/error.h"
+#include "platform/base/odd_names.h"
 #include "platform/base/system_reason.h"
 #include "platform/database/field_device.h"
 
@@ -39,8 +40,8 @@ qint64 storeInChunks(Field& field, qint64 length, const std::function<void(char*
 }  // namespace
 
 qint64 storePictureFile(Field field, const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    QFile file;
+    if (!openForReading(file, path))
         throw Error(u"文件“%1”不能读取：%2。"_s.arg(path, systemReason(file.errorString())));
     const qint64 length = file.size();
     qint64 taken = 0;

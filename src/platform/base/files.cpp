@@ -1,10 +1,12 @@
 #include "platform/base/files.h"
 
 #include "platform/base/error.h"
+#include "platform/base/odd_names.h"
 #include "platform/base/system_reason.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QStorageInfo>
@@ -93,11 +95,15 @@ QString joinedPath(const QString& folder, const QString& name) {
 }
 
 qint64 FileLen(const QString& path) {
+    if (QFile odd; isStandIn(path) && openForReading(odd, path)) return odd.size();
     return existingFile(path).size();
 }
 
 QDateTime FileDateTime(const QString& path) {
-    const QDateTime changed = existingFile(path).lastModified();
+    QFile odd;
+    const bool isOdd = isStandIn(path) && openForReading(odd, path);
+    const QDateTime changed =
+        isOdd ? odd.fileTime(QFileDevice::FileModificationTime) : existingFile(path).lastModified();
     const QTime time = changed.time();
     return {changed.date(), QTime(time.hour(), time.minute(), time.second())};
 }
