@@ -1,7 +1,7 @@
 #include "intake/transfer_run.h"
 
 #include "catalogue/mektp.h"
-#include "intake/database_copy.h"
+#include "catalogue/next_number.h"
 #include "intake/picture_export.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
@@ -10,7 +10,6 @@
 #include <QFileInfo>
 #include <QHash>
 #include <algorithm>
-#include <limits>
 #include <ranges>
 #include <utility>
 #include <vector>
@@ -111,7 +110,7 @@ class TableTransfer {
               target.mapping | std::views::drop(1),
               [](const FieldPair& pair) { return pair.target == pictureColumn && !pair.source.isEmpty(); })),
           rows_(target.database.OpenRecordset(allRecordsSql(target.table))),
-          next_(nextNumber(rows_)) {}
+          next_(target.database, target.table) {}
 
     void run(const Progress& progress) {
         while (index_ < lines_.size()) {
@@ -177,9 +176,8 @@ class TableTransfer {
     }
 
     qint64 write(Recordset& record) {
-        if (next_ > std::numeric_limits<qint32>::max()) throw Error(u"目标表的序号已用完"_s);
         rows_.AddNew();
-        rows_.Fields(u"序号"_s).SetValue(static_cast<qint32>(next_));
+        rows_.Fields(u"序号"_s).SetValue(next_.value());
         qint64 bytes = 0;
         for (std::size_t i = 1; i < target_.mapping.size(); ++i) {
             const FieldPair& pair = target_.mapping[i];
@@ -190,7 +188,7 @@ class TableTransfer {
             rows_.Fields(pair.source).SetValue(value.Value());
         }
         rows_.Update();
-        ++next_;
+        next_.take();
         return bytes;
     }
 
@@ -218,7 +216,7 @@ class TableTransfer {
     NotDone& notDone_;
     bool takesPictures_;  ///< 图片 has a column to go to.
     Recordset rows_;
-    qint64 next_;
+    NextNumber next_;
     qsizetype index_ = 0;
     std::vector<Copied> group_;  ///< Written to the target in the change under way.
     QHash<QString, int> seen_;
