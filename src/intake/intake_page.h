@@ -75,6 +75,7 @@ class IntakePage : public QObject {
     void undoWay();
     void undoFiles();
     void clearFiles();
+    QString nameToTell() const;
     void cmdLrClick();
     void lrtc();
     /// What a run has to tell: how many pictures it entered, and what is said before that.
@@ -82,9 +83,13 @@ class IntakePage : public QObject {
         int count;
         QStringList messages;
     };
-    Outcome runIntake();
-    Outcome enterFiles(const std::function<void(int)>& progress);
-    Outcome copyRecords(const std::function<void(int)>& progress);
+    using Progress = std::function<void(int percent)>;
+    void showProgress(const std::function<void(const Progress&)>& run);
+    Outcome enterFiles();
+    Outcome copyRecords();
+    IntakeResult enterSelected();
+    CopyResult copyChosen();
+    void readFilesAnew();
     void showAlbumCount();
 
     SharedControls& controls_;

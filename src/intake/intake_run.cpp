@@ -2,14 +2,18 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
+#include "catalogue/next_number.h"
 #include "catalogue/picture_field.h"
-#include "intake/database_copy.h"
 #include "intake/intake_texts.h"
 #include "intake/picture_size.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
+#include "platform/base/odd_names.h"
 #include "platform/desktop/data_control.h"
 #include "platform/picture/picture.h"
+#include "platform/picture/picture_bytes.h"
+
+#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -30,15 +34,26 @@ class Run {
         datLr_.setDatabaseName(state_.targetDatabasePath);
         datLr_.setRecordSource(state_.targetTable);
         datLr_.Refresh();
+        if (!order_.replace) numbers_.emplace(mekTp::catalogue, state_.targetTable);
     }
 
     void enter(const QString& name) {
         const QString path = joinedPath(order_.folder, name);
+        if (order_.replace && !findRecordOf(name)) {
+            result_.notFound << name;
+            look(path);
+            return;
+        }
+        const Picture picture = look(path);
+        if (!order_.takesTruncated && !picture.isNull() && pictureBytesOfFile(path) == PictureBytes::truncated) {
+            result_.truncated << name;
+            return;
+        }
         try {
             if (order_.replace)
-                replaceOne(name, path);
+                replaceOne(name, path, picture);
             else
-                appendOne(name, path);
+                appendOne(name, path, picture);
         } catch (...) {
             attempt([&] { table().CancelUpdate(); });
             throw;
@@ -50,28 +65,21 @@ class Run {
   private:
     Recordset& table() { return datLr_.Recordset(); }
 
-    void appendOne(const QString& name, const QString& path) {
-        const int next = nextNumber(table());
+    void appendOne(const QString& name, const QString& path, const Picture& picture) {
         table().AddNew();
-        table().Fields(u"序号"_s).SetValue(next);
-        const Picture picture = look(path);
+        table().Fields(u"序号"_s).SetValue(numbers_->value());
         if (order_.fillFields) fill(path, picture);
         const qint64 length = bctp(path, table(), u"j"_s, false);
         table().Update();
+        numbers_->take();
         note(name, length);
         datLr_.Refresh();
     }
 
-    void replaceOne(const QString& name, const QString& path) {
-        if (!findRecordOf(name)) {
-            result_.notFound << name;
-            look(path);
-            return;
-        }
+    void replaceOne(const QString& name, const QString& path, const Picture& picture) {
         // The fields and the picture stand or fall together.
         Transaction whole(mekTp::catalogue);
         table().Edit();
-        const Picture picture = look(path);
         // The fields go on telling about the old picture when there is no new one.
         if (order_.fillFields && !picture.isNull()) fill(path, picture);
         table().Update();
@@ -111,6 +119,7 @@ class Run {
     const IntakeOrder& order_;
     FormState& state_;
     IntakeResult& result_;
+    std::optional<NextNumber> numbers_;  ///< For records that are appended.
     int count_ = 0;
 };
 
@@ -146,12 +155,28 @@ IntakeResult wjlr(DataControl& datLr, const IntakeOrder& order, FormState& state
 
 // Writes one file into the column 图片.
 qint64 bctp(const QString& path, Recordset& recordset, const QString& mode, bool replace) {
-    if (mode == u"j"_s && path.endsWith(u"bmp"_s) && FileLen(path) > 0)
-        saveJpeg(LoadPicture(path).image(), path, jpegQuality);
+    const bool toJpeg = mode == u"j"_s && path.endsWith(u"bmp"_s) && FileLen(path) > 0;
+    // Nothing can be written under the stand-in of a name.
+    const bool inMemory = toJpeg && isStandIn(path);
+    if (toJpeg && !inMemory) saveJpeg(LoadPicture(path).image(), path, jpegQuality);
     if (replace) recordset.Edit();
-    const qint64 length = storePictureFile(recordset.Fields(u"图片"_s), path);
+    Field field = recordset.Fields(u"图片"_s);
+    const qint64 length = inMemory ? storePictureBytes(field, encodeJpeg(LoadPicture(path).image(), jpegQuality))
+                                   : storePictureFile(field, path);
     if (length > 0 && replace) recordset.Update();
     return length;
+}
+
+void IntakeResult::add(const IntakeResult& second) {
+    count += static_cast<int>(second.entered.size() + second.empty.size());
+    entered += second.entered;
+    notFound += second.notFound;
+    empty += second.empty;
+    failedFile = second.failedFile;
+    failure = second.failure;
+    left = second.left;
+    cameToEnd = second.failure.isEmpty();
+    truncated.clear();
 }
 
 QString intakeReport(const IntakeResult& result) {
@@ -161,6 +186,7 @@ QString intakeReport(const IntakeResult& result) {
                                               : u"录入到文件“%1”时停止，该文件没有录入："_s.arg(result.failedFile)) +
                      result.failure;
         if (!result.left.isEmpty()) lines << u"以下文件也没有录入："_s + someOf(result.left);
+        if (!result.truncated.isEmpty()) lines << u"文件不完整，没有录入："_s + someOf(result.truncated);
     }
     if (!result.cameToEnd) {
         if (!result.entered.isEmpty()) lines << u"文件已录入图册："_s + someOf(result.entered);

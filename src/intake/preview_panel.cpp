@@ -230,16 +230,22 @@ QString PreviewPanel::readRecord() {
         return {};
     }
     Recordset& records = controls_.datBj->Recordset();
+    const auto other = otherTable ? otherTable() : std::nullopt;
+    const QString column = other ? other->picture : u"图片"_s;
     const QSize target = ImageBox::targetSize(imgWj_, rectFromTwips(0, 0, largestWidth, largestHeight).size());
     attempt([&] {
-        const Field field = records.Fields(u"图片"_s);
+        const Field field = records.Fields(column);
         if (field.isNull() || field.FieldSize() == 0)
             imgWj_->setPicture({});
         else
-            readPictureField(records, u"图片"_s, *imgWj_, target);
+            readPictureField(records, column, *imgWj_, target);
     });
     QString line;
-    attempt([&] { line = controls_.cboBm->currentText() + u" 序号："_s + records.Fields(u"序号"_s).Value().textOr(); });
+    attempt([&] {
+        const QString key = other ? other->key : u"序号"_s;
+        line = (other ? u"源表："_s + other->name : controls_.cboBm->currentText()) + u' ' + key + u"："_s +
+               records.Fields(key).Value().textOr();
+    });
     return line;
 }
 
