@@ -40,10 +40,7 @@ class Copy {
         const auto index = fieldNamed(shapeOf(source_, state_.sourceTable), order_.indexField);
         if (!index) throw Error(u"源表“%1”中没有字段“%2”。"_s.arg(state_.sourceTable, order_.indexField));
         index_ = *index;
-        if (order_.replace)
-            requireKeyColumn(shapeOf(mekTp::catalogue, state_.targetTable), state_.targetTable, order_.indexField);
-        else
-            numbers_.emplace(mekTp::catalogue, state_.targetTable);
+        if (!order_.replace) numbers_.emplace(mekTp::catalogue, state_.targetTable);
     }
 
     void copy(const SourceRecord& source) {

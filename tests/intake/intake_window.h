@@ -91,6 +91,16 @@ class IntakeWindow : public SettingsWindow {
         QDir(pictures.path()).mkdir(name);
         get<DirList>(QStringLiteral("dir1")).setPath(path(name));
     }
+    /// By a double click on its line.
+    void enterFolderByHand(const QString& name) const {
+        auto& folders = get<DirList>(QStringLiteral("dir1"));
+        QListWidgetItem* line = folders.findItems(name, Qt::MatchExactly).value(0);
+        QVERIFY2(line != nullptr, qPrintable(name));
+        folders.scrollToItem(line);
+        const QPoint at = folders.visualItemRect(line).center();
+        QTest::mouseClick(folders.viewport(), Qt::LeftButton, {}, at);
+        QTest::mouseDClick(folders.viewport(), Qt::LeftButton, {}, at);
+    }
     FileList& files() const { return get<FileList>(QStringLiteral("fil1")); }
     QString echo() const { return get<CaptionBox>(QStringLiteral("txtMl")).text(); }
 
