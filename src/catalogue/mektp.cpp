@@ -1,7 +1,9 @@
 #include "catalogue/mektp.h"
 
 #include "catalogue/album_rules.h"
+#include "platform/base/error.h"
 #include "platform/base/files.h"
+#include "platform/database/own_values.h"
 
 #include <QFileInfo>
 
@@ -25,6 +27,7 @@ QString lockPath() {
 void openCatalogue() {
     catalogue = {};
     catalogue = OpenDatabase(cataloguePath());
+    attempt([] { OwnValues(catalogue).prepare(); });
 }
 
 }  // namespace mekTp

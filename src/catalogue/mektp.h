@@ -24,7 +24,8 @@ QString cataloguePath();
 /// the program's folder is a link.
 QString lockPath();
 
-/// Opens the catalogue in the program's folder; throws `Error` when it cannot.
+/// Opens the catalogue in the program's folder, and raises an older one to the present version where it can be written;
+/// throws `Error` when it cannot open it. The program keeps the file to itself by then (see `SingleCopy`).
 void openCatalogue();
 
 }  // namespace mekTp

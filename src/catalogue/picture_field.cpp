@@ -7,7 +7,7 @@
 
 #include <QFile>
 #include <algorithm>
-#include <functional>
+#include <memory>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -24,40 +24,58 @@ std::optional<Picture> pictureFromField(Recordset& recordset, const QString& fie
 
 namespace {
 
-/// `read` fills a buffer, or as much of it as there are bytes left.
-qint64 storeInChunks(Field& field, qint64 length, const std::function<void(char*, qint64)>& read) {
-    if (length == 0) return 0;
-    const auto append = [&](qint64 size) {
-        QByteArray chunk(size, '\0');
-        read(chunk.data(), size);
-        field.AppendChunk(chunk);
-    };
-    append(length % pictureChunk + 1);
-    for (qint64 block = 0; block < length / pictureChunk; ++block) append(pictureChunk + 1);
-    return length;
+/// A value up to this size is read whole and stored at once.
+constexpr qint64 mostInMemory = 16 << 20;
+
+/// The value is longer than the picture: the remainder and every full chunk bring a byte more.
+qint64 storedLength(qint64 length) {
+    return length + length / pictureChunk + 1;
 }
+
+/// The bytes of a file, and zeros behind them.
+class FileWithTail : public ValueSource {
+  public:
+    explicit FileWithTail(const QString& path) {
+        if (!openForReading(file_, path, QIODevice::Unbuffered))
+            throw Error(u"文件“%1”不能读取：%2。"_s.arg(path, systemReason(file_.errorString())));
+        length_ = left_ = file_.size();
+    }
+
+    qint64 length() const { return length_; }
+    qint64 size() const override { return storedLength(length_); }
+
+    void read(char* to, qint64 count) override {
+        const qint64 wanted = std::min(count, left_);
+        if (file_.read(to, wanted) != wanted)
+            throw Error(u"文件“%1”没有读完：%2。"_s.arg(file_.fileName(), systemReason(file_.errorString())));
+        left_ -= wanted;
+        std::fill(to + wanted, to + count, '\0');
+    }
+
+  private:
+    QFile file_;
+    qint64 length_ = 0;
+    qint64 left_ = 0;
+};
 
 }  // namespace
 
 qint64 storePictureFile(Field field, const QString& path) {
-    QFile file;
-    if (!openForReading(file, path))
-        throw Error(u"文件“%1”不能读取：%2。"_s.arg(path, systemReason(file.errorString())));
-    const qint64 length = file.size();
-    qint64 taken = 0;
-    return storeInChunks(field, length, [&](char* to, qint64 size) {
-        const qint64 read = file.read(to, size);
-        if (read < 0 || (read < size && taken + read < length))
-            throw Error(u"文件“%1”没有读完：%2。"_s.arg(path, systemReason(file.errorString())));
-        taken += read;
-    });
+    auto file = std::make_unique<FileWithTail>(path);
+    const qint64 length = file->length();
+    if (length == 0) return 0;
+    if (file->size() > mostInMemory) {
+        field.TakeFrom(std::move(file));
+        return length;
+    }
+    QByteArray value(file->size(), Qt::Uninitialized);
+    file->read(value.data(), value.size());
+    field.SetValue(Variant(value));
+    return length;
 }
 
 qint64 storePictureBytes(Field field, const QByteArray& bytes) {
-    qint64 taken = 0;
-    return storeInChunks(field, bytes.size(), [&](char* to, qint64 size) {
-        const qint64 part = std::min(size, bytes.size() - taken);
-        std::copy_n(bytes.constData() + taken, part, to);
-        taken += part;
-    });
+    if (bytes.isEmpty()) return 0;
+    field.SetValue(Variant(bytes + QByteArray(storedLength(bytes.size()) - bytes.size(), '\0')));
+    return bytes.size();
 }

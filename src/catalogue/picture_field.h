@@ -21,11 +21,10 @@ bool readPictureField(Recordset& recordset, const QString& fieldName, Image& ima
 /// Chunk size of all picture writing.
 inline constexpr int pictureChunk = 16384;
 
-/// Stores a file's bytes in a long-binary column of the record under `Edit` or `AddNew`: first the remainder and one
-/// byte, then chunks of 16,385 bytes. The last chunk reaches past the end of the file, so the stored value is longer
-/// than the file by the number of whole chunks and one; the tail is zeros, which decoders never see. Catalogues have
-/// always been written this way. Returns the file's length; 0 (nothing stored) for an empty file. Throws `Error` when
-/// the file cannot be read.
+/// Stores a file's bytes in a long-binary column of the record under `Edit` or `AddNew`. The value is longer than the
+/// file by the number of its whole chunks and one. The tail is zeros, which decoders never see: catalogues of all ages
+/// hold their pictures so. A file of more than 16 MB is read while the record is stored, and has to stay until then.
+/// Returns the file's length; 0 (nothing stored) for an empty file. Throws `Error` when the file cannot be read.
 qint64 storePictureFile(Field field, const QString& path);
 /// The same with bytes in memory.
 qint64 storePictureBytes(Field field, const QByteArray& bytes);

@@ -90,7 +90,7 @@ void frmPs::makeBoxes() {
         caption->setBuddy(box);
         box->installEventFilter(this);
         connect(box, &TextBox::gotFocus, this, guarded(this, [this, i] {
-                    if (!pressesBox_) txtYsGotFocus(i);
+                    if (!passesBox_) txtYsGotFocus(i);
                 }));
         // The box keeps the focus while its colour is chosen: these ask once more.
         for (const auto again : {&TextBox::clicked, &TextBox::enterPressed})
@@ -242,8 +242,10 @@ void frmPs::keyPressEvent(QKeyEvent* event) {
 }
 
 bool frmPs::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusIn)
-        pressesBox_ = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
+    if (event->type() == QEvent::FocusIn) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        passesBox_ = reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
+    }
     return QWidget::eventFilter(watched, event);
 }
 

@@ -57,6 +57,6 @@ class frmPs : public QWidget {
     QLabel* lblB2 = nullptr;
     ShapeBox* shpCt = nullptr;
     QPushButton* cmdQd = nullptr;
-    bool choosing_ = false;    ///< A colour dialog is open.
-    bool pressesBox_ = false;  ///< The focus came to a box by the mouse, whose click is still to come.
+    bool choosing_ = false;   ///< A colour dialog is open.
+    bool passesBox_ = false;  ///< The focus came to a box by the mouse, whose click is still to come, or with Tab.
 };

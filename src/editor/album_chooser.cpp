@@ -114,7 +114,6 @@ void AlbumChooser::makePreview() {
 
 void AlbumChooser::connectControls() {
     connect(cboBm, &QComboBox::activated, this, guarded(view_.picCs, [this] { cboBmClick(); }));
-    connect(msgBm, &Grid::rowClicked, this, guarded(view_.picCs, [this](int row) { recordClicked(row); }));
     connect(datBj, &DataControl::repositioned, this, guarded(view_.picCs, [this] { showRecord(); }));
     connect(cmdQd_, &QPushButton::clicked, this, guarded(view_.picCs, [this] { cmdQdClick(); }));
     connect(cmdQx_, &QPushButton::clicked, this, guarded(view_.picCs, [this] { cmdQxClick(); }));
@@ -250,12 +249,6 @@ void AlbumChooser::cmdBhClick(int index) {
 }
 
 // ------------------------------------------------------------------------------------------------ records and preview
-
-void AlbumChooser::recordClicked(int row) {
-    if (view_.picCs->isHidden()) return;
-    const Hourglass hourglass(msgBm);
-    datBj->moveToRow(row);
-}
 
 void AlbumChooser::showRecord() {
     if (view_.picCs->isHidden() || cboBm->currentText().isEmpty() || datBj->total() == 0) return;

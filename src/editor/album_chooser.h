@@ -56,7 +56,6 @@ class AlbumChooser : public QObject {
     void cmdBhClick(int index);
     void showCode(int index);
     QPushButton* button(int index);
-    void recordClicked(int row);
     void showRecord();
     void cmdQdClick();
     void cmdQxClick();

@@ -4,7 +4,6 @@
 #include "editor/painting.h"
 #include "editor/picture_files.h"
 #include "platform/base/error.h"
-#include "platform/desktop/busy.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/option_buttons.h"
 #include "platform/desktop/placing.h"
@@ -58,10 +57,8 @@ ButtonPicture::ButtonPicture(EditorState& state, Commands& commands, EditorView&
         connect(optAn_[size_t(i)], &QRadioButton::clicked, this, guarded(form_, [this, i] { optAnClick(i); }));
     connect(cmdCk_, &QPushButton::clicked, this, guarded(form_, [this] { cmdCkClick(); }));
     connect(cmdAg_, &QPushButton::clicked, this, guarded(form_, [this] { cmdAgClick(); }));
-    connect(chooser_.msgBm, &Grid::rowClicked, this, guarded(form_, [this](int row) {
-                if (chooser_.msgBm->parent() != view_.picAn) return;
-                rows_->moveToRow(row);
-                rowClicked();
+    connect(chooser_.msgBm, &Grid::rowSelected, this, guarded(form_, [this] {
+                if (chooser_.msgBm->parent() == view_.picAn) rowSelected();
             }));
     view_.picAn->hide();
 }
@@ -84,6 +81,8 @@ void ButtonPicture::makeControls() {
     fraWz_->setTitle(u"保存位置"_s);
     optAn_[2] = makeOption(fraWz_, 2, u"存入图册"_s, 120, 240);
     optAn_[3] = makeOption(fraWz_, 3, u"存为文件"_s, 1440, 240);
+    groupOptions(std::span(optAn_).first(2));
+    groupOptions(std::span(optAn_).last(2));
 
     for (int i = 0; i < int(lblAs_.size()); ++i) lblAs_[size_t(i)] = makeLabel(picAn, i);
     place(lblAs_[1], 150, 1290 + lineHeight, 2730, lineHeight);
@@ -261,8 +260,7 @@ void ButtonPicture::chooseRow() {
     prompt(u"  请在表中选择要换图片的按钮"_s);
 }
 
-void ButtonPicture::rowClicked() {
-    const Hourglass hourglass(chooser_.msgBm);
+void ButtonPicture::rowSelected() {
     const Recordset& row = rows_->Recordset();
     cmdCk_->setText(u"确定"_s);
     cmdCk_->setEnabled(true);

@@ -35,7 +35,7 @@ class ButtonPicture : public QObject {
     void chooseShape(int index);
     void chooseRow();
     void saveToFile();
-    void rowClicked();
+    void rowSelected();
     void cmdCkClick();
     void showThumbnail();
     void storeInRow();

@@ -82,6 +82,7 @@ void IntakePage::makeGroups() {
             option = make<QRadioButton>(group, element(name, i), captions[static_cast<std::size_t>(i)]);
             place(option, 240, 285 + i * 330, 1350, 300);
         }
+        groupOptions(options);
         return options;
     };
     fraLy_ = makeGroup(u"fraLy"_s, u"图片来源"_s, 1305);

@@ -10,6 +10,7 @@
 #include "platform/desktop/grid.h"
 #include "platform/desktop/list_box.h"
 #include "platform/desktop/message_box.h"
+#include "platform/desktop/option_buttons.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/surface.h"
 #include "platform/desktop/tab_control.h"
@@ -82,6 +83,7 @@ void TransferPage::makeTargetGroup() {
         connect(option, &QRadioButton::clicked, this, guarded(controls_.form, [this, i] { optMbClick(i); }));
         optMb_[static_cast<std::size_t>(i)] = option;
     }
+    groupOptions(optMb_);
     fraMb_->setEnabled(false);
 }
 

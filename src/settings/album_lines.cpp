@@ -3,10 +3,11 @@
 #include "catalogue/album_rules.h"
 #include "settings/album_changes.h"
 
+#include <QLineEdit>
+
 namespace {
 
 int lineOf(const QComboBox& chooser, const QString& table) {
-    // From the end: a name that was deleted and made again stands twice, and the last line is the living one.
     int line = chooser.count() - 1;
     while (line >= 0 && tableOfLine(chooser.itemText(line)).compare(table, Qt::CaseInsensitive) != 0) --line;
     return line;
@@ -26,11 +27,13 @@ void fillAlbumLines(QComboBox& chooser, const Database& catalogue) {
 }
 
 void addAlbumLine(QComboBox& chooser, const QString& line) {
+    removeAlbumLine(chooser, tableOfLine(line));
     const int index = chooser.currentIndex();
     const QString text = chooser.currentText();
     chooser.addItem(line);
     chooser.setCurrentIndex(index);  // the first line of an empty list would choose itself
     if (chooser.isEditable()) chooser.setEditText(text);
+    showBeginning(chooser);
 }
 
 void removeAlbumLine(QComboBox& chooser, const QString& table) {
@@ -44,4 +47,17 @@ void removeAlbumLine(QComboBox& chooser, const QString& table) {
 QString offeredTable(const QComboBox& chooser, const QString& text) {
     const int line = lineOf(chooser, tableOfLine(text));
     return line < 0 ? QString() : tableOfLine(chooser.itemText(line));
+}
+
+void chooseAlbumLine(QComboBox& chooser, const QString& table) {
+    const int line = lineOf(chooser, table);
+    if (line < 0)
+        chooseNone(chooser);
+    else
+        chooser.setCurrentIndex(line);
+    showBeginning(chooser);
+}
+
+void showBeginning(QComboBox& chooser) {
+    if (chooser.isEditable()) chooser.lineEdit()->setCursorPosition(0);
 }

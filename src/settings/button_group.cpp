@@ -6,6 +6,7 @@
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/list_box.h"
 #include "platform/desktop/message_box.h"
+#include "platform/desktop/option_buttons.h"
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
 #include "settings/album_changes.h"
@@ -49,6 +50,7 @@ void ButtonGroup::makeControls() {
         place(option, 200 + 1900 * i, 4140, 1800, rowHeight);
         connect(option, &QRadioButton::clicked, this, guarded(controls_.form, [this, i] { optApClick(i); }));
     }
+    groupOptions(optAp);
 
     txtX1 = makeLabelled<TextBox>(fraAs, u"txtX1"_s, u"序号："_s, {200, 4560}, 600, 600);
     txtB1 = makeLabelled<TextBox>(fraAs, u"txtB1"_s, u"编号："_s, {1550, 4560}, 600, 450);

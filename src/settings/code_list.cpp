@@ -30,6 +30,7 @@ CodeList::CodeList(SharedControls& controls, FormState& state) : controls_(contr
         place(option, listLeft - frame.x() + 1600 * i, 225, 1500, rowHeight);
         connect(option, &QRadioButton::clicked, this, guarded(controls.form, [this, i] { optP2Click(i); }));
     }
+    groupOptions(optP2);
     lblZs = make<QLabel>(Frame8, u"lblZs"_s);
     lblZs->setTextFormat(Qt::PlainText);
     lblZs->setWordWrap(true);
@@ -40,8 +41,8 @@ CodeList::CodeList(SharedControls& controls, FormState& state) : controls_(contr
     connect(lstBh, &ListBox::lineClicked, this, guarded(controls.form, [this](int line) {
                 if (inFront()) Q_EMIT codeClicked(codeOfLine(controls_.lstBh->List(line)));
             }));
-    connect(lstBh, &QListWidget::itemDoubleClicked, this, guarded(controls.form, [this](QListWidgetItem* line) {
-                if (inFront()) Q_EMIT codeDoubleClicked(codeOfLine(line->text()));
+    connect(lstBh, &ListBox::lineActivated, this, guarded(controls.form, [this](int line) {
+                if (inFront()) Q_EMIT codeActivated(codeOfLine(controls_.lstBh->List(line)));
             }));
     connect(controls.sstFz, &QTabWidget::currentChanged, this,
             [this] { controls_.lstBh->setToolTip(inFront() ? u"双击编号可按编号筛选"_s : QString()); });
@@ -56,12 +57,12 @@ void CodeList::enter() {
     lstBh->setColumns(listColumns);
     controls_.sstFz->putOn(editingTab, lstBh, listLeft, listTop, listWidth, listHeight);
     lstBh->raise();
-    for (QRadioButton* option : optP2) clearOption(option);
+    clearOptions(optP2);
     attempt([&] { fill(u"tcan"_s); });
 }
 
 void CodeList::albumChosen() {
-    for (QRadioButton* option : optP2) clearOption(option);
+    clearOptions(optP2);
     attempt([&] { fill(u"SELECT * FROM tcan"_s); });
     controls_.lstBh->setEnabled(true);
 }

@@ -28,8 +28,8 @@ class CodeList : public QObject {
     void showListing(const QString& text);  ///< lblZs
 
   Q_SIGNALS:
-    void codeClicked(const QString& code);
-    void codeDoubleClicked(const QString& code);
+    void codeClicked(const QString& code);    ///< By mouse or Enter.
+    void codeActivated(const QString& code);  ///< By a double click or Enter.
 
   private:
     void fill(const QString& source);

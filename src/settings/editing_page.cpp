@@ -17,6 +17,7 @@ EditingPage::EditingPage(SharedControls& controls, FormState& state, HintLine& h
       record_(controls, state, hints, preview),
       renumbering_(controls, state) {
     renumbering_.albumLost();
+    renumbering_.mayLeave = [this] { return record_.mayLeave(); };
     connect(&record_, &RecordFrame::filterChosen, this, &EditingPage::listFiltered);
     connect(&record_, &RecordFrame::codesRegistered, &codes_, &CodeList::readAgain);
     connect(&record_, &RecordFrame::recordDeleted, this, &EditingPage::tellAgain);
@@ -24,7 +25,7 @@ EditingPage::EditingPage(SharedControls& controls, FormState& state, HintLine& h
     connect(&codes_, &CodeList::codeClicked, this, [this](const QString& code) {
         if (record_.isEditing()) record_.appendCode(code);
     });
-    connect(&codes_, &CodeList::codeDoubleClicked, this, [this](const QString& code) {
+    connect(&codes_, &CodeList::codeActivated, this, [this](const QString& code) {
         if (!record_.isEditing()) listWithCode(code);
     });
 }
@@ -49,15 +50,16 @@ void EditingPage::albumLost() {
     renumbering_.albumLost();
 }
 
-void EditingPage::rowClicked() {
-    record_.rowClicked();
-}
-
-void EditingPage::recordChanged() {
-    record_.fill();
+/// To read the current record anew would take away what is typed over it.
+bool EditingPage::mayGoTo(int row) {
+    return row == controls_.datBj->Recordset().row() ? !record_.isChanged() : record_.mayLeave();
 }
 
 void EditingPage::listFiltered(int option) {
+    if (!record_.mayLeave()) {
+        record_.showFilterAgain();
+        return;
+    }
     const RecordFilter filter = recordFilter(option);
     list(filteredRecords(state_.albumTable, filter));
     tellListing([filter](const QString& albumLine, int count) { return filterText(albumLine, filter, count); });

@@ -23,8 +23,10 @@ class EditingPage : public QObject, public SettingsPage {
     void enter() override;
     void albumChosen() override;
     void albumLost() override;
-    void rowClicked() override;
-    void recordChanged() override;
+    void rowSelected() override { record_.rowSelected(); }
+    void recordChanged() override { record_.fill(); }
+    bool mayLeave() override { return record_.mayLeave(); }
+    bool mayGoTo(int row) override;
 
   private:
     using ListingText = std::function<QString(const QString& albumLine, int count)>;

@@ -1,7 +1,11 @@
 #include "settings/editing_rules.h"
 
 #include "catalogue/album_rules.h"
+#include "platform/base/conversion.h"
 #include "platform/database/database.h"
+
+#include <cmath>
+#include <limits>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -55,13 +59,21 @@ QString codeOfLine(const QString& line) {
     return line.left(1);
 }
 
-QString renumberingQuestion(const QString& albumLine, const QString& sortCaption) {
+std::optional<qint32> recordNumber(const QString& typed) {
+    const auto number = numberFromText(typed);
+    const bool fits = number && *number >= 1 && *number <= std::numeric_limits<qint32>::max();
+    return fits && std::floor(*number) == *number ? std::optional(static_cast<qint32>(*number)) : std::nullopt;
+}
+
+QString renumberingQuestion(const QString& albumLine, const QString& sortCaption, const QString& actingOrder) {
     const qsizetype blank = albumLine.indexOf(u' ');
     const QString title = blank < 0 ? QString() : albumLine.mid(blank + 1).trimmed();
     return u"  重新设置像册["_s + title + u"]的序号吗？（"_s + sortCaption +
-           u"排序）\n\n如果“是”,按《确定》，然后设置排序顺序；否则按《取消》。"_s;
+           u"排序）\n\n如果“是”,按《确定》，然后设置排序顺序；否则按《取消》。"_s +
+           (actingOrder.isEmpty() ? QString() : u"\n\n实际排序："_s + actingOrder);
 }
 
-QString recordDeletionQuestion(const QString& number) {
-    return u"确定删除这张图片吗？ [序号]="_s + number + u"\n\n确定删除，按《确定》；否则按《取消》。"_s;
+QString recordDeletionQuestion(const QString& number, const QString& record) {
+    return u"确定删除这张图片吗？ [序号]="_s + number +
+           u"\n\n确定删除，按《确定》；否则按《取消》。\n\n要删除的是："_s + record;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 /// Rules of the page 图册编辑: the SQL texts of its listings and the texts of its labels and questions. An album line
 /// is the chooser's: table name, blank, title.
@@ -33,7 +34,14 @@ QString codeFilterText(const QString& albumLine, const QString& code, int count)
 QString codeLine(const QString& code, const QString& name, bool offered);
 QString codeOfLine(const QString& line);
 
+// Typed values -------------------------------------------------------------------------------------------------------
+
+/// The number of a record that a text is: a whole one from 1 on. Nothing when it is none.
+std::optional<qint32> recordNumber(const QString& typed);
+
 // Questions ----------------------------------------------------------------------------------------------------------
 
-QString renumberingQuestion(const QString& albumLine, const QString& sortCaption);
-QString recordDeletionQuestion(const QString& number);
+/// `sortCaption` is that of the chosen option. With none chosen, `actingOrder` tells the order that will act.
+QString renumberingQuestion(const QString& albumLine, const QString& sortCaption, const QString& actingOrder = {});
+/// `record` tells what goes.
+QString recordDeletionQuestion(const QString& number, const QString& record);

@@ -5,6 +5,8 @@
 
 #include <QPushButton>
 
+using namespace Qt::Literals::StringLiterals;
+
 QGroupBox* makeGroup(TabControl* sstFz, int page, const QString& name, const QString& caption, const QRect& twips) {
     auto* group = make<QGroupBox>(sstFz->page(page), name, caption);
     sstFz->putOn(page, group, twips.x(), twips.y(), twips.width(), twips.height());
@@ -21,6 +23,11 @@ QPushButton* makeButton(QWidget* group, const QString& name, const QString& capt
     auto* button = make<QPushButton>(group, name, caption);
     place(button, left, top, width, rowHeight);
     return button;
+}
+
+QString lengthFault(const QString& caption, const TextBox& box) {
+    if (!box.isTooLong()) return {};
+    return u"%1太长：有 %2 个字，最多 %3 个。"_s.arg(caption).arg(box.text().size()).arg(box.typingLimit());
 }
 
 void makeDisplayOnly(TextBox* box) {

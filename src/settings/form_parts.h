@@ -39,5 +39,8 @@ Control* makeLabelled(QWidget* group, const QString& name, const QString& captio
 QPushButton* makeButton(QWidget* group, const QString& name, const QString& caption, int left, int top,
                         int width = 1000);
 
+/// What is said of a box whose text is longer than its typing limit, with both counts; empty when it fits.
+QString lengthFault(const QString& caption, const TextBox& box);
+
 /// A box that only shows a value, in grey.
 void makeDisplayOnly(TextBox* box);

@@ -1,9 +1,7 @@
 #include "settings/frm_sz.h"
 
-#include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
 #include "platform/base/error.h"
-#include "platform/desktop/busy.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/grid.h"
 #include "platform/desktop/list_box.h"
@@ -16,10 +14,12 @@
 #include "settings/editing_page.h"
 #include "settings/tab_strip.h"
 
+#include <QCloseEvent>
 #include <QGroupBox>
-#include <QLineEdit>
+#include <QKeyEvent>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTabBar>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -50,6 +50,13 @@ class TabPage : public SettingsPage {
   private:
     Page& page_;
 };
+
+/// Whether a key in the tab control, or in its strip of captions, brings another page to the front.
+bool turnsPage(const QKeyEvent& key, bool inStrip) {
+    const bool arrow = key.key() == Qt::Key_Left || key.key() == Qt::Key_Right;
+    const bool tab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+    return (inStrip && arrow) || (tab && (key.modifiers() & Qt::ControlModifier));
+}
 
 }  // namespace
 
@@ -99,6 +106,8 @@ void frmSz::makeSharedControls() {
     cboBm->setAccessibleName(u"图册"_s);
     cboBm->setEditable(true);
     cboBm->setInsertPolicy(QComboBox::NoInsert);
+    albums_ = new AlbumEntry(cboBm, state_);
+    albums_->mayLeave = [this] { return page().mayLeave(); };
 
     shared_.datBj = make<DataControl>(sstFz->page(editingTab), u"datBj"_s);
     shared_.msgBm = make<Grid>(sstFz->page(setupTab), u"msgBm"_s);
@@ -126,9 +135,12 @@ void frmSz::makeOuterButtons() {
     auto* cmdGl = button(u"cmdGl"_s, u"关闭"_s, 1);
     auto* cmdBz = button(u"cmdBz"_s, u"帮助"_s, 0);
 
-    connect(cmdFh, &QPushButton::clicked, this,
-            guarded(this, [this] { windows_.handOver(WindowKind::settings, WindowKind::viewer); }));
-    connect(cmdGl, &QPushButton::clicked, this, guarded(this, [this] { windows_.endProgram(); }));
+    connect(cmdFh, &QPushButton::clicked, this, guarded(this, [this] {
+                if (page().mayLeave()) windows_.handOver(WindowKind::settings, WindowKind::viewer);
+            }));
+    connect(cmdGl, &QPushButton::clicked, this, guarded(this, [this] {
+                if (page().mayLeave()) windows_.endProgram();
+            }));
     connect(cmdBz, &QPushButton::clicked, this, guarded(this, [this] { windows_.showHelp(u"3 软件的使用"_s); }));
 }
 
@@ -144,12 +156,15 @@ void frmSz::load() {
 }
 
 void frmSz::connectEvents() {
+    for (QWidget* part : {static_cast<QWidget*>(shared_.sstFz), static_cast<QWidget*>(shared_.sstFz->tabBar())})
+        part->installEventFilter(this);
     connect(shared_.sstFz, &QTabWidget::currentChanged, this, guarded(this, [this] { sstFzClick(); }));
     connect(shared_.sstFz, &TabControl::mouseMovedAt, this, &frmSz::pointerMoved);
-    connect(shared_.cboBm, &QComboBox::activated, this, guarded(this, [this] { cboBmClick(); }));
-    connect(shared_.cboBm->lineEdit(), &QLineEdit::returnPressed, this, guarded(this, [this] { cboBmEnter(); }));
-    connect(shared_.cboBm->lineEdit(), &QLineEdit::textEdited, this, guarded(this, [this] { cboBmTyped(); }));
-    connect(shared_.msgBm, &Grid::rowClicked, this, guarded(this, [this](int row) { msgBmClick(row); }));
+    connect(albums_, &AlbumEntry::chosen, this, guarded(this, [this] { takeAlbum(); }));
+    connect(albums_, &AlbumEntry::lost, this, guarded(this, [this] { loseAlbum(); }));
+    connect(shared_.msgBm, &Grid::rowSelected, this, guarded(this, [this] { page().rowSelected(); }));
+    connect(shared_.msgBm, &Grid::rowClicked, this, guarded(this, [this] { page().rowClicked(); }));
+    shared_.datBj->mayGoTo = [this](int row) { return page().mayGoTo(row); };
     connect(shared_.datBj, &DataControl::repositioned, this, guarded(this, [this] { page().recordChanged(); }));
 }
 
@@ -185,7 +200,7 @@ void frmSz::sstFzClick() {
     page().enter();
     if (tab() != setupTab) {
         if (albumIsChosen())
-            cboBmClick();
+            albums_->take();
         else
             loseAlbum();
     }
@@ -234,18 +249,9 @@ void frmSz::placeSharedControls() {
 }
 
 // The choice of an album. What fails in between leaves its own control as it was.
-void frmSz::cboBmClick() {
-    const Hourglass hourglass(shared_.cboBm);
-    // Text can be typed: only a table that the list offers is an album; any other table of the catalogue is not for
-    // pictures.
-    const QString table = offeredTable(*shared_.cboBm, shared_.cboBm->currentText());
-    if (table.isEmpty()) {
-        loseAlbum();
-        return;
-    }
-    state_.albumTable = table;
+void frmSz::takeAlbum() {
     shared_.datBj->setDatabaseName(mekTp::cataloguePath());
-    shared_.datBj->setRecordSource(u"SELECT * FROM "_s + table + u" ORDER BY [序号]"_s);
+    shared_.datBj->setRecordSource(u"SELECT * FROM "_s + state_.albumTable + u" ORDER BY [序号]"_s);
     attempt([&] { shared_.datBj->Refresh(); });
     page().albumChosen();
 }
@@ -261,23 +267,23 @@ void frmSz::loseAlbum() {
     page().albumLost();
 }
 
-/// What is being typed is no choice before Enter, and the album chosen before no longer is one.
-void frmSz::cboBmTyped() {
-    const QString typed = tableOfLine(shared_.cboBm->currentText());
-    if (typed.compare(state_.albumTable, Qt::CaseInsensitive) != 0) loseAlbum();
+void frmSz::closeEvent(QCloseEvent* event) {
+    bool leaves = true;
+    runHandler(this, [&] { leaves = page().mayLeave(); });
+    if (leaves)
+        QWidget::closeEvent(event);
+    else
+        event->ignore();
 }
 
-void frmSz::cboBmEnter() {
-    // A whole line that was typed is chosen by the list itself.
-    const bool isLine = shared_.cboBm->findText(shared_.cboBm->currentText()) >= 0;
-    shared_.cboBm->setEditText(shared_.cboBm->currentText() + u' ');
-    if (!isLine) cboBmClick();
-}
-
-void frmSz::msgBmClick(int row) {
-    const Hourglass hourglass(shared_.msgBm);
-    shared_.datBj->moveToRow(row);
-    page().rowClicked();
+/// Keys reach another page without the pointer entering the strip.
+bool frmSz::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && !state_.pageFree &&
+        turnsPage(static_cast<QKeyEvent&>(*event), watched == shared_.sstFz->tabBar())) {
+        warnBeforeLeaving();
+        if (!state_.pageFree) return true;
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void frmSz::pointerMoved(int x, int y) {

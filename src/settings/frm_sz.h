@@ -9,6 +9,7 @@
 #include "intake/preview_panel.h"
 #include "intake/shared_controls.h"
 #include "intake/transfer_page.h"
+#include "settings/album_entry.h"
 #include "settings/page_layout.h"
 #include "settings/settings_page.h"
 #include "settings/setup_page.h"
@@ -31,6 +32,10 @@ class frmSz : public QWidget {
     explicit frmSz(Windows& windows, QWidget* parent = nullptr);
     ~frmSz() override;
 
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void makeSharedControls();
     void makeOuterButtons();
@@ -39,11 +44,8 @@ class frmSz : public QWidget {
 
     void sstFzClick();
     void placeSharedControls();
-    void cboBmClick();
-    void cboBmEnter();
-    void cboBmTyped();
+    void takeAlbum();
     void loseAlbum();
-    void msgBmClick(int row);
     void pointerMoved(int x, int y);
     void showHint(const QString& text, const QColor& color);
     void warnBeforeLeaving();
@@ -57,6 +59,7 @@ class frmSz : public QWidget {
     FormState state_;
     ShapeBox* shpWk;
     ShapeBox* shpNk;
+    AlbumEntry* albums_ = nullptr;
     std::unique_ptr<HintLine> hints_;
     std::unique_ptr<BrowserPanel> browser_;
     std::unique_ptr<MappingPanel> mapping_;

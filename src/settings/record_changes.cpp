@@ -2,24 +2,12 @@
 
 #include "catalogue/album_rules.h"
 #include "platform/base/error.h"
-
-#include <utility>
+#include "platform/base/typed_date.h"
+#include "settings/editing_rules.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-/// Runs one statement and notes why it failed.
-template <typename Step>
-bool attemptNoting(QStringList& failures, Step&& step) {
-    try {
-        std::forward<Step>(step)();
-        return true;
-    } catch (const Error& error) {
-        failures << error.text();
-        return false;
-    }
-}
 
 QString textOf(const Recordset& records, const QString& column) {
     QString text;
@@ -30,13 +18,6 @@ QString textOf(const Recordset& records, const QString& column) {
 /// Pictures come in with a blank in the columns that nobody has filled in yet.
 QString withoutBlank(const QString& text) {
     return text == u" " ? QString() : text;
-}
-
-void setText(Field field, const QString& text) {
-    // An empty text is how the form shows that there is no number or date; it is not one itself.
-    const bool isText = field.Type() == FieldType::text || field.Type() == FieldType::memo;
-    if (!isText && text.isEmpty() && field.isNull()) return;
-    field.SetValue(text);
 }
 
 /// Whether the button did not offer the album before.
@@ -59,41 +40,60 @@ RecordTexts textsOfRecord(const Recordset& records) {
             textOf(records, u"日期"_s), withoutBlank(textOf(records, u"备注"_s))};
 }
 
-RecordStored storeRecord(Recordset& records, const RecordTexts& texts, const RecordTexts& shown) {
-    RecordStored result;
-    if (records.isNothing() || records.row() < 0) {
-        result.failures << u"没有当前记录，什么也没有保存。"_s;
-        return result;
-    }
-    const auto store = [&](const QString& column, const QString& text) {
-        attemptNoting(result.failures, [&] { setText(records.Fields(column), text); });
-    };
-    const auto storeChanged = [&](const QString& column, QString RecordTexts::*text) {
-        if (texts.*text != shown.*text) store(column, texts.*text);
-    };
-    result.whole = attemptNoting(result.failures, [&] {
+QString recordInWords(const RecordTexts& texts) {
+    QStringList parts{u"序号 "_s + texts.number};
+    if (!texts.codes.isEmpty()) parts << u"编号 "_s + texts.codes;
+    if (!texts.remark.isEmpty()) parts << u"备注“"_s + texts.remark + u'”';
+    if (!texts.date.isEmpty()) parts << texts.date;
+    if (!texts.pixels.isEmpty()) parts << texts.pixels;
+    if (!texts.size.isEmpty()) parts << texts.size + u" KB"_s;
+    return parts.join(u"，"_s);
+}
+
+bool isNumberTaken(const Database& catalogue, const QString& album, const RecordTexts& texts,
+                   const RecordTexts& shown) {
+    const auto number = recordNumber(texts.number);
+    if (texts.number == shown.number || !number || number == recordNumber(shown.number)) return false;
+    return !catalogue.OpenRecordset(u"SELECT * FROM "_s + album + u" WHERE 序号 = "_s + QString::number(*number)).Eof();
+}
+
+QString numberFault(const Database& catalogue, const QString& album, const RecordTexts& texts,
+                    const RecordTexts& shown) {
+    if (texts.number == shown.number) return {};
+    if (!recordNumber(texts.number)) return u"序号“%1”不是 1 至 2147483647 的整数。"_s.arg(texts.number);
+    if (!isNumberTaken(catalogue, album, texts, shown)) return {};
+    return u"序号“%1”已经有另一条记录在用。"_s.arg(texts.number);
+}
+
+QString dateFault(const RecordTexts& texts, const RecordTexts& shown) {
+    if (texts.date == shown.date || dateFromTyping(texts.date)) return {};
+    const QString fault = texts.date.isEmpty() ? u"日期没有填。"_s : u"日期“%1”不能识别。"_s.arg(texts.date);
+    return fault + u"可以写成 %1，后面还可以空一格写上时间，例如 12:30。"_s.arg(typedDateForms);
+}
+
+void storeRecord(Recordset& records, const RecordTexts& texts, const RecordTexts& shown) {
+    if (records.isNothing() || records.row() < 0) throw Error(u"没有当前记录。"_s);
+    try {
         if (records.EditMode() == Recordset::Mode::none) records.Edit();
-        storeChanged(u"序号"_s, &RecordTexts::number);
-        store(u"编号"_s, texts.codes);
-        storeChanged(u"规格"_s, &RecordTexts::pixels);
-        storeChanged(u"大小"_s, &RecordTexts::size);
-        storeChanged(u"日期"_s, &RecordTexts::date);
-        storeChanged(u"备注"_s, &RecordTexts::remark);
+        if (texts.number != shown.number) records.Fields(u"序号"_s).SetValue(recordNumber(texts.number).value());
+        records.Fields(u"编号"_s).SetValue(texts.codes);
+        if (texts.date != shown.date) records.Fields(u"日期"_s).SetValue(dateFromTyping(texts.date).value());
+        if (texts.remark != shown.remark) records.Fields(u"备注"_s).SetValue(texts.remark);
         records.Update();
-    });
-    if (!result.whole) {
+    } catch (...) {
         attempt([&] { records.CancelUpdate(); });
-        result.failures << u"记录没有改变。"_s;
+        throw;
     }
-    return result;
 }
 
 CodesRegistered registerCodes(const Database& catalogue, const QString& codes, const QString& album) {
     CodesRegistered result;
     for (const QChar code : codes) {
-        attemptNoting(result.failures, [&] {
+        try {
             if (offerFrom(catalogue, code, album)) ++result.added;
-        });
+        } catch (const Error& error) {
+            result.failures << error.text();
+        }
     }
     return result;
 }

@@ -20,14 +20,22 @@ struct RecordTexts {
 /// The texts of the current record; what cannot be read is empty.
 RecordTexts textsOfRecord(const Recordset& records);
 
-/// Stores the texts in the current record. A value that the catalogue refuses leaves the old one in the record, and
-/// the others are stored all the same. A column whose text is still the one that was `shown` keeps its value, which may
-/// tell more than its text does; not so the codes, where a blank becomes none.
-struct RecordStored {
-    bool whole = false;    ///< False when the record as a whole could not be stored, and nothing has changed.
-    QStringList failures;  ///< A sentence for everything that was not stored.
-};
-RecordStored storeRecord(Recordset& records, const RecordTexts& texts, const RecordTexts& shown);
+/// What tells a record apart for people, in one line.
+QString recordInWords(const RecordTexts& texts);
+
+/// What keeps changed texts from being stored: a sentence for the number, one for the date; empty where nothing does.
+/// A text that is still the one that was `shown` is never refused.
+QString numberFault(const Database& catalogue, const QString& album, const RecordTexts& texts,
+                    const RecordTexts& shown);
+QString dateFault(const RecordTexts& texts, const RecordTexts& shown);
+
+/// Whether another record of the album has the changed number.
+bool isNumberTaken(const Database& catalogue, const QString& album, const RecordTexts& texts, const RecordTexts& shown);
+
+/// Stores the texts in the current record, all of them or none; throws `Error`. A column whose text is still the one
+/// that was `shown` keeps its value, which may tell more than its text does; not so the codes, where a blank becomes
+/// none.
+void storeRecord(Recordset& records, const RecordTexts& texts, const RecordTexts& shown);
 
 /// Has the selection button of every code in `codes` offer the album.
 struct CodesRegistered {

@@ -111,6 +111,7 @@ void RecordFrame::makeOptions() {
     }
     chkLi = make<QCheckBox>(Frame9, u"chkLi"_s, u"连续编辑"_s);
     place(chkLi, 2655, lineTop(5), 1050, 345);
+    groupOptions(optBs);
 }
 
 // What is shown ------------------------------------------------------------------------------------------------------
@@ -134,7 +135,7 @@ void RecordFrame::albumLost() {
     preview_.allowOpening(recordOpener, false);
 }
 
-void RecordFrame::rowClicked() {
+void RecordFrame::rowSelected() {
     allowChanges();
 }
 
@@ -172,7 +173,8 @@ RecordTexts RecordFrame::texts() const {
 }
 
 void RecordFrame::showFilter(int option) {
-    for (QRadioButton* one : optBs) clearOption(one);
+    filter_ = option;
+    clearOptions(optBs);
     if (option >= 0) optBs.at(static_cast<std::size_t>(option))->setChecked(true);
 }
 
@@ -185,6 +187,10 @@ bool RecordFrame::hasRecord() const {
 
 bool RecordFrame::isEditing() const {
     return cmdQd->text() != atRest;
+}
+
+bool RecordFrame::isChanged() const {
+    return isEditing() && texts() != shown_;
 }
 
 bool RecordFrame::isContinuous() const {
@@ -211,6 +217,7 @@ void RecordFrame::startEditing() {
         return;
     }
     setLocked(false);
+    limitTyping();
     if (chkLi->isChecked()) {
         cmdQd->setText(next);
         hints_.show(u"操作提示：编辑后如果继续进行，按《下一张》，否则按《取 消》。"_s);
@@ -222,6 +229,15 @@ void RecordFrame::startEditing() {
     txtBh->setFocus();
 }
 
+/// An album that another program has made may hold shorter texts, or longer ones.
+void RecordFrame::limitTyping() {
+    attempt([&] {
+        const Recordset& records = controls_.datBj->Recordset();
+        txtBh->setTypingLimit(records.Fields(u"编号"_s).Size());
+        txtB2->setTypingLimit(records.Fields(u"备注"_s).Size());
+    });
+}
+
 void RecordFrame::cmdQdClick() {
     if (!isEditing())
         startEditing();
@@ -229,11 +245,16 @@ void RecordFrame::cmdQdClick() {
         goOn();
     else if (bjbc())
         rest();
+    else
+        tellNotStored();
 }
 
 void RecordFrame::goOn() {
     if (numberToCheck_ && !numberIsFree()) return;
-    if (!bjbc()) return;
+    if (!bjbc()) {
+        tellNotStored();
+        return;
+    }
     DataControl* datBj = controls_.datBj;
     const int following = datBj->Recordset().row() + 1;
     if (following == 0 || following >= datBj->total()) {
@@ -251,6 +272,39 @@ void RecordFrame::cmdScClick() {
         deleteRecord();
     else if (bjbc())
         rest();
+    else
+        stopOrStay();
+}
+
+// 取 消 stores as well; what cannot be stored must not keep anybody in the record.
+void RecordFrame::stopOrStay() {
+    if (notStored_.isEmpty()) return;
+    const int answer = choose(controls_.form, notStored_ + u"\n\n不保存就结束编辑吗？"_s, {u"不保存"_s, u"继续编辑"_s},
+                              1, 1, BoxIcon::exclamation);
+    if (answer != 0) return;
+    rest();
+    fill();
+}
+
+bool RecordFrame::mayLeave() {
+    if (!isChanged()) return true;
+    const QString which = shown_.number.isEmpty() ? u"这条记录"_s : u"序号为 %1 的记录"_s.arg(shown_.number);
+    switch (askAboutUnsaved(controls_.form, which + u"改过了，还没有保存。"_s)) {
+        case Unsaved::keepEditing:
+            return false;
+        case Unsaved::discard:
+            rest();
+            fill();
+            return true;
+        case Unsaved::save:
+            break;
+    }
+    if (bjbc()) {
+        rest();
+        return true;
+    }
+    tellNotStored();
+    return false;
 }
 
 void RecordFrame::appendCode(const QString& code) {
@@ -262,6 +316,7 @@ void RecordFrame::appendCode(const QString& code) {
 // Stores the fields in the current record. False when it is still to be done: the user wants to fill in the codes
 // first, or the record could not be stored, for the moment perhaps; what was typed stays in the fields.
 bool RecordFrame::bjbc() {
+    notStored_.clear();
     if (txtBh->text().isEmpty() &&
         !ask(controls_.form,
              u"编号没有填，会造成以后无法筛选图片。\n\n如果暂不填写，按《确定》；否则按《取消》，重新填写。"_s)) {
@@ -269,19 +324,45 @@ bool RecordFrame::bjbc() {
         return false;
     }
     Recordset& records = controls_.datBj->Recordset();
-    auto [stored, failures] = storeRecord(records, texts(), shown_);
-    if (!stored) {
-        say(controls_.form, u"以下内容没有保存：\n\n"_s + failures.join(u'\n'));
+    QStringList refused = faults();
+    if (refused.isEmpty()) {
+        try {
+            storeRecord(records, texts(), shown_);
+        } catch (const Error& error) {
+            refused << error.text();
+        }
+    }
+    if (!refused.isEmpty()) {
+        notStored_ = u"以下内容没有保存，记录没有改变：\n\n"_s + refused.join(u'\n');
         return false;
     }
     setLocked(true);
     const CodesRegistered codes = registerCodes(mekTp::catalogue, textsOfRecord(records).codes, state_.albumTable);
-    failures << codes.failures;
     if (codes.added > 0) Q_EMIT codesRegistered();
-    // Grid and fields show what the record holds now, which is not what was typed where that was refused.
     controls_.datBj->moveToRow(records.row());
-    if (!failures.isEmpty()) say(controls_.form, u"以下内容没有保存：\n\n"_s + failures.join(u'\n'));
+    if (!codes.failures.isEmpty()) say(controls_.form, u"以下内容没有保存：\n\n"_s + codes.failures.join(u'\n'));
     return true;
+}
+
+/// What keeps the fields from being stored. The first field that is to blame takes the focus.
+QStringList RecordFrame::faults() {
+    const RecordTexts typed = texts();
+    QStringList sentences;
+    const auto blame = [&](TextBox* box, const QString& sentence) {
+        if (sentence.isEmpty()) return;
+        if (sentences.isEmpty()) box->setFocus();
+        sentences << sentence;
+    };
+    blame(txtXh, numberFault(mekTp::catalogue, state_.albumTable, typed, shown_));
+    blame(txtBh, lengthFault(u"编号"_s, *txtBh));
+    blame(txtRq, dateFault(typed, shown_));
+    blame(txtB2, lengthFault(u"备注"_s, *txtB2));
+    return sentences;
+}
+
+/// Nothing to tell when the person has called it off himself.
+void RecordFrame::tellNotStored() {
+    if (!notStored_.isEmpty()) say(controls_.form, notStored_);
 }
 
 void RecordFrame::deleteRecord() {
@@ -291,7 +372,8 @@ void RecordFrame::deleteRecord() {
     }
     Recordset& records = controls_.datBj->Recordset();
     const QString number = records.Fields(u"序号"_s).Value().textOr();
-    if (!ask(controls_.form, recordDeletionQuestion(number))) return;
+    if (!askBeforeDeleting(controls_.form, recordDeletionQuestion(number, recordInWords(textsOfRecord(records)))))
+        return;
     // The record itself goes, not whichever is found by its number: two can bear the same one.
     const int row = records.row();
     records.Delete();
@@ -324,11 +406,8 @@ void RecordFrame::numberLeft() {
 
 bool RecordFrame::numberIsFree() {
     numberToCheck_ = false;
-    const auto number = numberFromText(txtXh->text());
-    if (!number) return true;  // storing it will tell
-    const Recordset others = mekTp::catalogue.OpenRecordset(u"SELECT * FROM "_s + state_.albumTable +
-                                                            u" WHERE 序号 = "_s + plainText(*number));
-    if (others.Eof()) return true;
+    // What is no number at all storing will tell.
+    if (!isNumberTaken(mekTp::catalogue, state_.albumTable, texts(), shown_)) return true;
     say(controls_.form, u"所录入的序号重复，请修改重新录入！"_s, BoxIcon::information);
     txtXh->setFocus();
     return false;

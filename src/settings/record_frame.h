@@ -25,16 +25,20 @@ class RecordFrame : public QObject {
 
     void albumChosen();
     void albumLost();
-    void rowClicked();
+    void rowSelected();
     /// Shows the current record.
     void fill();
     /// Gives up what is pending; the fields are locked.
     void rest();
 
     bool isEditing() const;
+    bool isChanged() const;  ///< The record is being edited, and differs from what is stored.
+    /// Asks what becomes of a changed record before it is left. False: it goes on being edited.
+    bool mayLeave();
     void appendCode(const QString& code);
     /// Chooses one of optBs; -1 for none of them.
     void showFilter(int option);
+    void showFilterAgain() { showFilter(filter_); }  ///< The one in force, after another one was clicked.
 
   Q_SIGNALS:
     void filterChosen(int option);
@@ -57,8 +61,12 @@ class RecordFrame : public QObject {
     void cmdQdClick();
     void cmdScClick();
     void startEditing();
+    void limitTyping();
     void goOn();
     bool bjbc();
+    void stopOrStay();
+    QStringList faults();
+    void tellNotStored();
     void deleteRecord();
     void goToNeighbour(qint64 deletedNumber, int row);
 
@@ -75,6 +83,8 @@ class RecordFrame : public QObject {
     RecordTexts typed_;  ///< As they were typed, while a picture is stored in the record.
     RecordTexts before_;
     bool numberToCheck_ = false;
+    int filter_ = -1;
+    QString notStored_;  ///< Why the last attempt at storing failed; empty when it did not, or was called off.
 
     QGroupBox* Frame9;
     TextBox* txtXh = nullptr;

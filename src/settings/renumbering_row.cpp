@@ -45,12 +45,15 @@ RenumberingRow::RenumberingRow(SharedControls& controls, FormState& state) : con
         sstFz->putOn(editingTab, option, left, rowTopOnPage, width, controlHeight);
         connect(option, &QRadioButton::clicked, this, guarded(controls.form, [this, i] { optP1Click(i); }));
     }
+    groupOptions(optP1);
     cmdJh = make<QPushButton>(page, u"cmdJh"_s, u"重排序号"_s);
     cmdS1 = make<QPushButton>(page, u"cmdS1"_s, u"表格刷新"_s);
     sstFz->putOn(editingTab, cmdJh, 3360, rowTopOnPage, 990, controlHeight);
     sstFz->putOn(editingTab, cmdS1, 4410, rowTopOnPage, 990, controlHeight);
     connect(cmdJh, &QPushButton::clicked, this, guarded(controls.form, [this] { cmdJhClick(); }));
-    connect(cmdS1, &QPushButton::clicked, this, guarded(controls.form, [this] { controls_.datBj->Refresh(); }));
+    connect(cmdS1, &QPushButton::clicked, this, guarded(controls.form, [this] {
+                if (mayLeave()) controls_.datBj->Refresh();
+            }));
 }
 
 bool RenumberingRow::isChangeable() const {
@@ -71,24 +74,34 @@ void RenumberingRow::albumLost() {
 
 // Shows the album in the order that a renumbering would make its own.
 void RenumberingRow::optP1Click(int index) {
-    sortField = sortColumn(index);
-    controls_.datBj->setRecordSource(sortedRecords(state_.albumTable, sortField));
+    if (!mayLeave()) {
+        mark(marked_);
+        return;
+    }
+    order_ = marked_ = index;
+    controls_.datBj->setRecordSource(sortedRecords(state_.albumTable, sortColumn(order_)));
     controls_.datBj->Refresh();
     cmdJh->setEnabled(isChangeable());
     Q_EMIT wholeAlbumShown();
 }
 
-QString RenumberingRow::sortCaption() const {
-    for (const QRadioButton* option : optP1) {
-        if (option->isChecked()) return option->text();
-    }
-    return optP1.back()->text();
+/// -1 for none of them.
+void RenumberingRow::mark(int option) {
+    marked_ = option;
+    clearOptions(optP1);
+    if (option >= 0) optP1.at(static_cast<std::size_t>(option))->setChecked(true);
+}
+
+/// With none marked the question names the last option all the same; the order that acts is told below it.
+QString RenumberingRow::question() const {
+    const QString album = controls_.cboBm->currentText();
+    const QString acting = optP1.at(static_cast<std::size_t>(order_))->text();
+    return marked_ >= 0 ? renumberingQuestion(album, acting) : renumberingQuestion(album, optP1.back()->text(), acting);
 }
 
 void RenumberingRow::cmdJhClick() {
-    if (!ask(controls_.form, renumberingQuestion(controls_.cboBm->currentText(), sortCaption()))) return;
-    if (sortField.isEmpty()) sortField = sortColumn(0);
-    for (QRadioButton* option : optP1) clearOption(option);
+    if (!mayLeave() || !ask(controls_.form, question())) return;
+    mark(-1);
     cmdJh->setEnabled(false);
     cmdS1->setEnabled(false);
     const auto atRest = qScopeGuard([this] {
@@ -117,7 +130,7 @@ void RenumberingRow::renumber() {
     prg2->raise();
     const auto done = qScopeGuard([prg2] { prg2->hide(); });
     prg2->repaint();
-    renumberAlbum(mekTp::catalogue, state_.albumTable, sortField, [prg2](int percent) {
+    renumberAlbum(mekTp::catalogue, state_.albumTable, sortColumn(order_), [prg2](int percent) {
         prg2->setValue(percent);
         prg2->repaint();
     });

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QString>
 #include <array>
+#include <functional>
 
 class QPushButton;
 class QRadioButton;
@@ -21,6 +22,9 @@ class RenumberingRow : public QObject {
     void albumChosen();
     void albumLost();
 
+    /// Asked before the records are read anew, which leaves the one that is shown.
+    std::function<bool()> mayLeave;
+
   Q_SIGNALS:
     /// The grid shows the whole album.
     void wholeAlbumShown();
@@ -29,12 +33,14 @@ class RenumberingRow : public QObject {
     void optP1Click(int index);
     void cmdJhClick();
     void renumber();
-    QString sortCaption() const;
+    void mark(int option);
+    QString question() const;
     bool isChangeable() const;
 
     SharedControls& controls_;
     FormState& state_;
-    QString sortField;  ///< Column of the order chosen last; empty before the first choice.
+    int order_ = 0;    ///< Which of optP1 was chosen last, 按原序号 before the first choice.
+    int marked_ = -1;  ///< Which of them is marked.
     std::array<QRadioButton*, 3> optP1{};
     QPushButton* cmdJh;
     QPushButton* cmdS1;

@@ -12,8 +12,15 @@ class SettingsPage {
     virtual void albumChosen() {}
     /// No album is chosen: cboBm is empty, or what was typed there is none.
     virtual void albumLost() {}
-    /// A line of the grid was clicked; its record is the current one of datBj.
+    /// The person has chosen a line of the grid, by mouse or keys; its record is the current one of datBj.
+    virtual void rowSelected() {}
+    /// A line was clicked, or Enter pressed on it: for pages on which that does more than choose.
     virtual void rowClicked() {}
+    /// Before the page gives up what is being worked on, for another album or with the window. Asks the person where
+    /// something would be lost; false when it is to stay.
+    virtual bool mayLeave() { return true; }
+    /// The same before the person goes to a record of datBj, perhaps to the current one again.
+    virtual bool mayGoTo(int) { return true; }
     /// Another record is the current one of datBj.
     virtual void recordChanged() {}
 };

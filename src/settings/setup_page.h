@@ -17,7 +17,7 @@ class SetupPage : public SettingsPage {
     QGroupBox* gridFrame() const { return buttons_.frame(); }
 
     void enter() override;
-    void rowClicked() override { buttons_.anjl(); }
+    void rowSelected() override { buttons_.anjl(); }
 
   private:
     HintLine& hints_;

@@ -9,7 +9,7 @@
 #include "settings/album_changes.h"
 #include "settings/form_parts.h"
 
-#include <QFocusEvent>
+#include <QCheckBox>
 #include <QPushButton>
 #include <QSignalBlocker>
 
@@ -21,13 +21,6 @@ const QString pending = u"保 存"_s;
 const QString startFirst = u"如果编辑，请先按《开始》按钮。"_s;
 }  // namespace
 
-void OptionCheck::focusInEvent(QFocusEvent* event) {
-    QCheckBox::focusInEvent(event);
-    const Qt::FocusReason reason = event->reason();
-    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason)
-        Q_EMIT reachedByKeyboard();
-}
-
 TitleGroup::TitleGroup(SharedControls& controls, FormState& state) : controls_(controls), state_(state) {
     auto* Frame1 = makeGroup(controls.sstFz, setupTab, u"Frame1"_s, u"主标题及显示设置"_s, {5070, 4320, 4350, 1140});
     txtXt = makeLabelled<TextBox>(Frame1, u"txtXt"_s, u"图册主标题："_s, {150, rowTop(0)}, 1100, 1800);
@@ -35,16 +28,9 @@ TitleGroup::TitleGroup(SharedControls& controls, FormState& state) : controls_(c
     const std::array captions{u"显示标签"_s, u"全屏显示"_s};
     for (int i = 0; i < 2; ++i) {
         auto& check = chkB1.at(i);
-        check = make<OptionCheck>(Frame1, element(u"chkB1"_s, i), captions.at(i));
+        check = make<QCheckBox>(Frame1, element(u"chkB1"_s, i), captions.at(i));
         place(check, 1250 + 1500 * i, rowTop(1), 1400, rowHeight);
         connect(check, &QCheckBox::clicked, this, [this, i] { optionClicked(i); });
-        // Said once the focus has settled: a box opened in the middle of its move would take it away again.
-        connect(
-            check, &OptionCheck::reachedByKeyboard, this,
-            [this] {
-                if (!isEditing()) say(controls_.form, startFirst, BoxIcon::information);
-            },
-            Qt::QueuedConnection);
     }
     txtXt->setLocked(true);
 

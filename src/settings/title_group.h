@@ -3,26 +3,12 @@
 #include "intake/form_state.h"
 #include "intake/shared_controls.h"
 
-#include <QCheckBox>
 #include <QObject>
 #include <array>
 
+class QCheckBox;
 class QPushButton;
 class TextBox;
-
-/// A check box that tells when the keyboard brings the focus to it.
-class OptionCheck : public QCheckBox {
-    Q_OBJECT
-
-  public:
-    using QCheckBox::QCheckBox;
-
-  Q_SIGNALS:
-    void reachedByKeyboard();
-
-  protected:
-    void focusInEvent(QFocusEvent* event) override;
-};
 
 /// The group Frame1: main title of the whole collection, and two options of the main window.
 class TitleGroup : public QObject {
@@ -45,5 +31,5 @@ class TitleGroup : public QObject {
     FormState& state_;
     TextBox* txtXt;
     QPushButton* cmdBt;
-    std::array<OptionCheck*, 2> chkB1{};
+    std::array<QCheckBox*, 2> chkB1{};
 };

@@ -3,6 +3,7 @@
 #include "catalogue/mektp.h"
 #include "platform/base/error.h"
 #include "platform/desktop/message_box.h"
+#include "platform/desktop/option_buttons.h"
 #include "platform/desktop/placing.h"
 #include "viewer/filters.h"
 #include "viewer/small_dialog.h"
@@ -34,6 +35,7 @@ void FilterControls::buildDateDialog() {
         optRq[i]->setText(operators[i]);
         place(optRq[i], 300 + int(i) * 1200, 600, 1050, 300);
     }
+    groupOptions(optRq);
     makeDialogLabel(picRq, u"lblR1"_s, u"日期录入："_s, 300, 1140, 1050);
     txtR1 = make<TextBox>(picRq, u"txtR1"_s);
     place(txtR1, 1350, 1125, 2400, 330);

@@ -38,9 +38,3 @@ QPushButton* makeCloseButton(Surface* dialog, const QString& name) {
     button->setFocusPolicy(Qt::TabFocus);
     return button;
 }
-
-void clearOptions(std::span<QRadioButton* const> options) {
-    for (QRadioButton* option : options) option->setAutoExclusive(false);
-    for (QRadioButton* option : options) option->setChecked(false);
-    for (QRadioButton* option : options) option->setAutoExclusive(true);
-}

@@ -4,8 +4,6 @@
 
 #include <QLabel>
 #include <QPushButton>
-#include <QRadioButton>
-#include <span>
 
 /// The parts of a small dialog that lies on the form and can be dragged about. All lengths are twips.
 
@@ -15,6 +13,3 @@ QPushButton* makeDialogButton(Surface* dialog, const QString& name, const QStrin
                               int width);
 /// The small button in the upper right corner that closes the dialog.
 QPushButton* makeCloseButton(Surface* dialog, const QString& name);
-
-/// No option of the group is chosen.
-void clearOptions(std::span<QRadioButton* const> options);

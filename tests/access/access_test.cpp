@@ -1,8 +1,10 @@
 #include "../support/run_all.h"
 #include "../tour/program_tour.h"
 #include "help/entry_label.h"
+#include "platform/desktop/colour_dialog.h"
 #include "platform/desktop/image_box.h"
 #include "platform/desktop/look.h"
+#include "platform/desktop/message_box.h"
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
 
@@ -61,15 +63,6 @@ QList<QWidget*> walkByTab(QWidget* window) {
         way << focus;
     }
     return way;
-}
-
-bool isReached(QWidget* control, const QList<QWidget*>& way) {
-    if (way.contains(control)) return true;
-    if (!isOneOf<QRadioButton>(control)) return false;
-    // The arrow keys lead from the chosen option to the others of its group.
-    return std::any_of(way.begin(), way.end(), [control](QWidget* other) {
-        return isOneOf<QRadioButton>(other) && other->parentWidget() == control->parentWidget();
-    });
 }
 
 /// A step to the left in a row, or up in a column: the eye reads the other way.
@@ -142,9 +135,51 @@ class TestAccess : public QObject {
         const QList<QWidget*> way = walkByTab(shown);
         QStringList unreached;
         for (QWidget* control : clickables(shown))
-            if (control->isVisible() && control->isEnabled() && !isReached(control, way))
+            if (control->isVisible() && control->isEnabled() && !way.contains(control))
                 unreached << control->objectName();
         QCOMPARE(unreached.join(u' '), QString());
+    }
+
+    void tabAsksNothing_data() { addWindows(); }
+    void tabAsksNothing() {
+        QFETCH(QString, what);
+        QWidget* shown = open(what);
+        // The scheme of the colour window whose boxes ask for colours.
+        if (auto* schemes = shown->findChild<QComboBox*>(u"cboFa"_s); schemes != nullptr) {
+            const int own = schemes->findText(u"5"_s, Qt::MatchStartsWith);
+            schemes->setCurrentIndex(own);
+            Q_EMIT schemes->activated(own);
+        }
+        QStringList opened;
+        answerBoxesWith([&](const BoxText& box) {
+            opened << box.text;
+            return false;
+        });
+        answerColourDialogsWith([&](const QColor&) {
+            opened << u"colour"_s;
+            return std::optional<QColor>();
+        });
+        walkByTab(shown);
+        QApplication::processEvents();
+        answerBoxesWith({});
+        answerColourDialogsWith({});
+        QCOMPARE(opened, QStringList{});
+    }
+
+    void enterPressesEveryButton_data() { addWindows(); }
+    void enterPressesEveryButton() {
+        QFETCH(QString, what);
+        QWidget* shown = open(what);
+        QStringList deaf;
+        for (auto* button : shown->findChildren<QAbstractButton*>()) {
+            if (!button->isVisible() || !button->isEnabled() || !(button->focusPolicy() & Qt::TabFocus)) continue;
+            button->disconnect();  // what it does is told elsewhere
+            QSignalSpy clicked(button, &QAbstractButton::clicked);
+            button->setFocus(Qt::TabFocusReason);
+            QTest::keyClick(button, Qt::Key_Return);
+            if (clicked.size() != 1) deaf << button->objectName();
+        }
+        QCOMPARE(deaf.join(u' '), QString());
     }
 
     void tabFollowsTheEye_data() { addWindows(); }

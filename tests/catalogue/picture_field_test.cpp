@@ -49,8 +49,9 @@ class TestPictureField : public QObject {
 
   private Q_SLOTS:
     void storedValueIsLongerThanTheFile() {
-        // One byte, less than a chunk, a chunk, two chunks and a rest.
-        for (const auto& [length, stored] : {std::pair{1, 2}, {16383, 16384}, {16384, 16386}, {40000, 40003}}) {
+        // One byte, less than a chunk, a chunk, two chunks and a rest, more than is read at once.
+        for (const auto& [length, stored] :
+             {std::pair{1, 2}, {16383, 16384}, {16384, 16386}, {40000, 40003}, {20000000, 20001221}}) {
             const QByteArray bytes = numberedBytes(length);
             Recordset album = mekTp::catalogue.OpenRecordset(u"tc02"_s);
             QCOMPARE(storeInNewRecord(album, writeFile(sample_.file(u"数据"_s), bytes)), qint64(length));

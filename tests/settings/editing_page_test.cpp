@@ -97,6 +97,92 @@ class TestEditingPage : public QObject {
         }
     }
 
+    void filterByCodeWithEnter() {
+        EditingWindow window;
+        window.codes().setFocus();
+        window.codes().setCurrentItem(window.codes().findItems(u"1 "_s, Qt::MatchStartsWith).value(0));
+        QTest::keyClick(&window.codes(), Qt::Key_Return);
+        QCOMPARE(window.numbers().join(u' '), u"1 3 5 7 9"_s);
+        window.click(u"cmdQd"_s);
+        QTest::keyClick(&window.codes(), Qt::Key_Return);  // now it chooses the code
+        QCOMPARE(window.text(u"txtBh"_s), u"121"_s);
+        QCOMPARE(window.numbers().size(), 5);
+    }
+
+    // What is highlighted is what is shown, changed and deleted.
+    void keysInTheGridChooseTheRecord() {
+        const std::tuple<Qt::Key, Qt::KeyboardModifiers, QString> keys[] = {
+            {Qt::Key_Down, {}, u"2"_s},
+            {Qt::Key_End, {}, u"10"_s},
+            {Qt::Key_Up, {}, u"9"_s},
+            {Qt::Key_PageUp, {}, u"1"_s},
+            {Qt::Key_PageDown, {}, u"10"_s},
+            {Qt::Key_Home, {}, u"1"_s},
+            {Qt::Key_End, Qt::ControlModifier, u"10"_s},
+            {Qt::Key_Home, Qt::ControlModifier, u"1"_s},
+        };
+        EditingWindow window;
+        window.grid().setFocus();
+        window.click(u"cmdCk(2)"_s);
+        for (const auto& [key, modifiers, number] : keys) {
+            QTest::keyClick(&window.grid(), key, modifiers);
+            QCOMPARE(window.text(u"txtXh"_s), number);
+            QCOMPARE(window.grid().cellText(window.grid().selectionModel()->selectedRows().value(0).row(), 0), number);
+            const QString title = window.get<QGroupBox>(u"fraCk"_s).title();
+            QVERIFY2(title.contains(u" 序号 %1 "_s.arg(number)), qPrintable(title));
+        }
+        for (int i = 0; i < 2; ++i) QTest::keyClick(&window.grid(), Qt::Key_Down);
+        window.click(u"cmdSc"_s);
+        QVERIFY(!columnOf(u"tc01"_s, u"序号"_s).contains(u"3"_s));
+        QCOMPARE(columnOf(u"tc01"_s, u"序号"_s).size(), 9);
+    }
+
+    void headingsWithoutAnAlbum() {
+        EditingWindow window(QString{});
+        QStringList headings;
+        for (int i = 0; i < window.grid().model()->columnCount(); ++i)
+            headings << window.grid().model()->headerData(i, Qt::Horizontal).toString().remove(u' ');
+        QCOMPARE(headings, (QStringList{u"序号"_s, u"编号"_s, u"大小"_s, u"规格"_s, u"日期"_s, u"备注"_s}));
+        QCOMPARE(window.grid().model()->rowCount(), 0);
+    }
+
+    void dateWithoutATime() {
+        EditingWindow window;
+        putValue(u"SELECT * FROM tc01 WHERE 序号 = 1"_s, u"日期"_s, QDateTime(QDate(2003, 10, 1), QTime(0, 0)));
+        window.clickRow(0);
+        QCOMPARE(window.text(u"txtRq"_s), u"2003-10-01"_s);
+        QCOMPARE(window.grid().cellText(0, 4), window.text(u"txtRq"_s));
+    }
+
+    // Three groups of options stand on the page: each goes its own way.
+    void optionGroupsAreIndependent() {
+        EditingWindow window;
+        const QStringList groups{u"optBs"_s, u"optP1"_s, u"optP2"_s};
+        const auto marks = [&] {
+            QStringList all;
+            for (const QString& group : groups)
+                for (int i = 0; i < (group == u"optP2" ? 2 : 3); ++i)
+                    if (window.option(element(group, i)).isChecked()) all << element(group, i);
+            return all.join(u' ');
+        };
+        for (const auto& [clicked, marked] : {std::pair{u"optP1(1)"_s, u"optBs(0) optP1(1)"_s},
+                                              {u"optP1(2)"_s, u"optBs(0) optP1(2)"_s},
+                                              {u"optP2(1)"_s, u"optBs(0) optP1(2) optP2(1)"_s},
+                                              {u"optBs(2)"_s, u"optBs(2) optP1(2) optP2(1)"_s},
+                                              {u"optP1(0)"_s, u"optBs(0) optP1(0) optP2(1)"_s}}) {
+            window.clickOption(clicked);
+            QCOMPARE(marks(), marked);
+        }
+        // The arrows go round inside a group.
+        for (const QString& group : groups) {
+            window.option(element(group, 0)).setFocus();
+            for (int i = 0; i < 4; ++i) {
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+                QVERIFY2(QApplication::focusWidget()->objectName().startsWith(group), qPrintable(group));
+            }
+        }
+    }
+
     void doubleClickWhileEditing() {
         EditingWindow window;
         window.click(u"cmdQd"_s);
@@ -132,14 +218,18 @@ class TestEditingPage : public QObject {
             window.clickRow(row);
             QStringList numbers = window.numbers();
             const QString question =
-                u"确定删除这张图片吗？ [序号]=%1\n\n确定删除，按《确定》；否则按《取消》。"_s.arg(numbers.at(row));
+                u"确定删除这张图片吗？ [序号]=%1\n\n确定删除，按《确定》；否则按《取消》。\n\n要删除的是：序号 %1，"_s
+                    .arg(numbers.at(row));
+            const QString remark = window.text(u"txtB2"_s);
             window.answer = false;
             window.click(u"cmdSc"_s);
-            QCOMPARE(window.said(), QStringList{question});
+            QCOMPARE(window.boxes.value(0).onEnter, 1);  // not to delete
+            const QString asked = window.said().join(u'|');
+            QVERIFY2(asked.startsWith(question) && asked.contains(remark) && !asked.contains(u'|'), qPrintable(asked));
             QCOMPARE(window.numbers(), numbers);
             window.answer = true;
             window.click(u"cmdSc"_s);
-            QCOMPARE(window.said(), QStringList{question});
+            QCOMPARE(window.said(), QStringList{asked});
             numbers.removeAt(row);
             QCOMPARE(window.numbers(), numbers);
             QCOMPARE(columnOf(u"SELECT * FROM tc01 ORDER BY [序号]"_s, u"序号"_s), numbers);

@@ -65,11 +65,12 @@ class TestEditingRenumbering : public QObject {
             QCOMPARE(album(), after);
             QVERIFY(window.boxes.value(0).hasCancel());
             const QString asked = QStringList{u"按原序号"_s, u"按日期"_s, u"按编号"_s}.at(order < 0 ? 2 : order);
+            const QString acting = order < 0 ? u"\n\n实际排序：按原序号"_s : QString();
             QCOMPARE(
                 window.said(),
                 (QStringList{
-                    u"  重新设置像册[旅行]的序号吗？（%1排序）\n\n如果“是”,按《确定》，然后设置排序顺序；否则按《取消》。"_s
-                        .arg(asked),
+                    u"  重新设置像册[旅行]的序号吗？（%1排序）\n\n如果“是”,按《确定》，然后设置排序顺序；否则按《取消》。%2"_s
+                        .arg(asked, acting),
                     u"重新设置序号已经完成！"_s}));
             QCOMPARE(window.datBj().RecordSource(), u"SELECT * FROM tc01 ORDER BY [序号]"_s);
             QCOMPARE(window.numbers(), columnOf(u"SELECT * FROM tc01 ORDER BY [序号]"_s, u"序号"_s));
@@ -89,11 +90,23 @@ class TestEditingRenumbering : public QObject {
         QCOMPARE(album(), u"A5 B6"_s);
         QVERIFY(window.option(u"optP1(1)"_s).isChecked());
         window.answer = true;
-        for (const QString& asked : {u"（按日期排序）"_s, u"（按编号排序）"_s}) {
+        for (const auto& [asked, acting] :
+             {std::pair{u"（按日期排序）"_s, u"否则按《取消》。"_s}, {u"（按编号排序）"_s, u"实际排序：按日期"_s}}) {
             window.click(u"cmdJh"_s);
-            QVERIFY(window.said().first().contains(asked));
+            const QString question = window.said().first();
+            QVERIFY2(question.contains(asked) && question.endsWith(acting), qPrintable(question));
             QCOMPARE(album(), u"B1 A2"_s);
         }
+    }
+
+    void theOrderThatIsMarkedActs() {
+        EditingWindow window;
+        setRecords({{u"5"_s, u"b"_s, u"2003-10-01"_s}, {u"6"_s, u"a"_s, u"2003-10-02"_s}});
+        window.clickOption(u"optP1(1)"_s);
+        window.clickOption(u"optP1(2)"_s);
+        window.click(u"cmdJh"_s);
+        QVERIFY(window.said().first().contains(u"（按编号排序）"_s));
+        QCOMPARE(album(), u"B1 A2"_s);
     }
 
     // A failure at the seventh record has six numbers written before it.

@@ -2,6 +2,7 @@
 #include "platform/desktop/placing.h"
 #include "platform/desktop/shapes.h"
 #include "platform/desktop/surface.h"
+#include "settings/album_lines.h"
 #include "settings_window.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -105,6 +106,30 @@ class TestSettingsFrame : public QObject {
         QVERIFY(window.label(u"lblTs"_s).startsWith(u"“图片录入”"_s));
     }
 
+    // By keys the pointer stays where it is.
+    void guardWarnsBeforeKeysTurnThePage() {
+        const std::pair<bool, std::pair<Qt::Key, Qt::KeyboardModifiers>> ways[] = {
+            {true, {Qt::Key_Right, {}}},
+            {false, {Qt::Key_Tab, Qt::ControlModifier}},
+            {false, {Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier}},
+        };
+        for (const auto& [inStrip, key] : ways) {
+            SettingsWindow window;
+            QWidget* focus = inStrip ? static_cast<QWidget*>(window.tabs().tabBar()) : &window.box(u"txtXt"_s);
+            focus->setFocus();
+            window.click(u"cmdBt"_s);
+            window.answer = false;
+            QTest::keyClick(focus, key.first, key.second);
+            QCOMPARE(window.boxes.size(), 1);
+            QCOMPARE(window.boxes.first().title, u"警 告！！！！"_s);
+            QCOMPARE(window.tabs().currentIndex(), 0);
+            window.answer = true;
+            QTest::keyClick(focus, key.first, key.second);
+            QVERIFY(window.tabs().currentIndex() != 0);
+            QCOMPARE(window.boxes.size(), 2);
+        }
+    }
+
     void guardOpensOnce() {
         SettingsWindow window;
         window.click(u"cmdBt"_s);
@@ -174,18 +199,105 @@ class TestSettingsFrame : public QObject {
         QVERIFY(linesOf(lstBh).contains(u"2 人物"_s));
     }
 
+    // Typed by the hand, which the box helps along, on every page; Delete takes its help away again.
     void typedTextInTheChooser() {
-        for (const auto& [typed, records] :
-             {std::pair{u"tc01"_s, 10}, {u"tc99"_s, 0}, {u"tcsz"_s, 0}, {u"tc'x"_s, 0}, {u"[tc] x"_s, 0}}) {
-            SettingsWindow window;
-            window.tabs().setCurrentIndex(2);
-            auto& cboBm = window.get<QComboBox>(u"cboBm"_s);
-            cboBm.setEditText(typed);
-            QTest::keyClick(&cboBm, Qt::Key_Return);
-            QCOMPARE(window.get<Grid>(u"msgBm"_s).model()->rowCount(), records);
-            QVERIFY(window.boxes.isEmpty());
-            if (records > 0) QCOMPARE(cboBm.currentText(), u"tc01 "_s);
+        const std::tuple<QString, bool, QString, int> cases[] = {
+            {u"tc01"_s, true, u"tc01"_s, 10},  {u"tc01"_s, false, u"tc01"_s, 10},    {u"TC01"_s, true, u"tc01"_s, 10},
+            {u"TC01"_s, false, u"tc01"_s, 10}, {u"tc01 LX"_s, false, u"tc01"_s, 10}, {u"tc02 "_s, true, u"tc02"_s, 0},
+            {u"tc99"_s, true, QString(), 0},   {u"tcsz"_s, true, QString(), 0},      {u"tc'x"_s, true, QString(), 0},
+            {u"[tc] x"_s, true, QString(), 0},
+        };
+        for (const int tab : {1, 2, 3}) {
+            for (const auto& [typed, helped, album, records] : cases) {
+                SettingsWindow window;
+                putValue(u"SELECT * FROM tcbm WHERE 表名 = 'tc01'"_s, u"标题"_s, u"LX"_s);
+                window.open();
+                window.tabs().setCurrentIndex(tab);
+                auto& cboBm = window.get<QComboBox>(u"cboBm"_s);
+                cboBm.setFocus();
+                QTest::keyClicks(&cboBm, typed);
+                if (!helped) QTest::keyClick(&cboBm, Qt::Key_Delete);
+                QTest::keyClick(&cboBm, Qt::Key_Return);
+                QCOMPARE(window.get<Grid>(u"msgBm"_s).model()->rowCount(), records);
+                QCOMPARE(window.said(), QStringList{});
+                if (album.isEmpty()) continue;
+                QCOMPARE(cboBm.currentText(), cboBm.itemText(cboBm.currentIndex()) + u' ');
+                QVERIFY2(cboBm.currentText().startsWith(album), qPrintable(cboBm.currentText()));
+                QVERIFY(window.get<DataControl>(u"datBj"_s).RecordSource().contains(album));
+            }
         }
+    }
+
+    void enterChoosesOnce() {
+        SettingsWindow window;
+        window.tabs().setCurrentIndex(1);
+        auto& cboBm = window.get<QComboBox>(u"cboBm"_s);
+        cboBm.setFocus();
+        QTest::keyClicks(&cboBm, u"tc00"_s);
+        QTest::keyClick(&cboBm, Qt::Key_Return);
+        QCOMPARE(window.said(), QStringList{u"该表只做演示用，不能录入或编辑！"_s});
+        window.tabs().setFocus();
+        QCoreApplication::processEvents();
+        QCOMPARE(window.said(), QStringList{});
+    }
+
+    void longLinesShowTheirBeginning() {
+        SettingsWindow window;
+        putValue(u"SELECT * FROM tcbm WHERE 表名 = 'tc01'"_s, u"标题"_s, u"一个相当长的图册标题"_s);
+        window.open();
+        window.tabs().setCurrentIndex(1);
+        auto& cboBm = window.get<QComboBox>(u"cboBm"_s);
+        const auto begins = [&] { return cboBm.lineEdit()->cursorPosition() == 0; };
+        window.choose(u"cboBm"_s, u"tc01"_s);
+        QVERIFY(begins());
+        cboBm.setFocus();
+        QTest::keyClick(&cboBm, Qt::Key_End);
+        window.tabs().setFocus();
+        QVERIFY(begins());
+        cboBm.setFocus();
+        QTest::keyClick(&cboBm, Qt::Key_End);
+        QTest::keyClick(&cboBm, Qt::Key_Return);
+        QVERIFY(begins());
+    }
+
+    // A line that has stayed behind a deleted album would speak of the one that has its name now.
+    void nameUsedAgain() {
+        for (const bool chosen : {false, true}) {
+            QComboBox chooser;
+            chooser.setEditable(true);
+            for (const QString& line : {u"tc01 旅行"_s, u"tc02 旧册"_s, u"tc03 花"_s}) addAlbumLine(chooser, line);
+            QCOMPARE(chooser.currentText(), QString());
+            chooseAlbumLine(chooser, chosen ? u"tc02"_s : u"tc03"_s);
+            addAlbumLine(chooser, u"tc02 新册"_s);
+            QStringList lines;
+            for (int i = 0; i < chooser.count(); ++i) lines << chooser.itemText(i);
+            QCOMPARE(lines, (QStringList{u"tc01 旅行"_s, u"tc03 花"_s, u"tc02 新册"_s}));
+            QCOMPARE(chooser.currentText(), chosen ? QString() : u"tc03 花"_s);
+            QCOMPARE(offeredTable(chooser, u"TC02 旧"_s), u"tc02"_s);
+        }
+    }
+
+    // Keys choose in the grid of the buttons as a click does; pages that gather rows wait for a click or Enter.
+    void keysInTheGrid() {
+        SettingsWindow window;
+        window.grid().setFocus();
+        QTest::keyClick(&window.grid(), Qt::Key_Down);
+        QCOMPARE(window.text(u"txtB1"_s), window.grid().cellText(1, 1));
+        QTest::keyClick(&window.grid(), Qt::Key_End);
+        QVERIFY(!window.text(u"txtB1"_s).isEmpty());
+        QCOMPARE(window.text(u"txtB1"_s), window.grid().cellText(window.grid().model()->rowCount() - 1, 1));
+
+        window.tabs().setCurrentIndex(3);
+        window.choose(u"cboBm"_s, u"tc01"_s);
+        const auto& lstSu = window.get<ListBox>(u"lstSu"_s);
+        window.grid().setFocus();
+        for (int i = 0; i < 3; ++i) QTest::keyClick(&window.grid(), Qt::Key_Down);
+        QCOMPARE(linesOf(lstSu), QStringList{});
+        QTest::keyClick(&window.grid(), Qt::Key_Return);
+        QCOMPARE(linesOf(lstSu), QStringList{u"4"_s});
+        window.clickRow(6);
+        QCOMPARE(linesOf(lstSu), (QStringList{u"4"_s, u"7"_s}));
+        QVERIFY(window.boxes.isEmpty());
     }
 
     void outerButtons() {

@@ -111,7 +111,10 @@ class SettingsWindow {
     void click(const Names&... names) const {
         (QTest::mouseClick(&button(names), Qt::LeftButton), ...);
     }
-    void clickOption(const QString& name) const { get<QRadioButton>(name).click(); }
+    void clickOption(const QString& name) const {
+        auto& option = get<QRadioButton>(name);
+        QTest::mouseClick(&option, Qt::LeftButton, {}, QPoint(8, option.height() / 2));
+    }
     TextBox& box(const QString& name) const { return get<TextBox>(name); }
     QString text(const QString& name) const { return box(name).text(); }
     QString label(const QString& name) const { return get<QLabel>(name).text(); }
@@ -151,6 +154,14 @@ class SettingsWindow {
         QStringList all;
         for (int i = 0; i < chooser.count(); ++i) all << chooser.itemText(i);
         return all;
+    }
+
+    /// Answers every box with one of its answers, by its place.
+    void answerWith(int place) {
+        chooseInBoxesWith([this, place](const BoxText& box) {
+            boxes << box;
+            return box.answers.size() > place ? place : 0;
+        });
     }
 
     /// The texts of the boxes since the last call.

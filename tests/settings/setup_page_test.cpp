@@ -372,8 +372,8 @@ class TestSetupPage : public QObject {
             }
             window.button(u"cmdBt"_s).setFocus();
             check.setFocus(Qt::TabFocusReason);
-            QTRY_COMPARE(window.boxes.size(), 1);
-            QCOMPARE(window.said(), QStringList{message});
+            QCoreApplication::processEvents();
+            QCOMPARE(window.said(), QStringList{});  // on its way elsewhere
             QTest::keyClick(&check, Qt::Key_Space);
             QCOMPARE(window.said(), QStringList{message});
             QCOMPARE(check.isChecked(), before);

@@ -173,12 +173,12 @@ bool isStandIn(const QString& path) {
     return !oddPath(path).isEmpty();
 }
 
-bool openForReading(QFile& file, const QString& path) {
+bool openForReading(QFile& file, const QString& path, QIODevice::OpenMode further) {
     file.setFileName(path);
     const QByteArray odd = oddPath(path);
     const int descriptor = odd.isEmpty() ? -1 : open(odd.constData(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0) return file.open(QIODevice::ReadOnly);
-    return file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
+    if (descriptor < 0) return file.open(QIODevice::ReadOnly | further);
+    return file.open(descriptor, QIODevice::ReadOnly | further, QFileDevice::AutoCloseHandle);
 }
 
 #else
@@ -199,9 +199,9 @@ bool isStandIn(const QString&) {
     return false;
 }
 
-bool openForReading(QFile& file, const QString& path) {
+bool openForReading(QFile& file, const QString& path, QIODevice::OpenMode further) {
     file.setFileName(path);
-    return file.open(QIODevice::ReadOnly);
+    return file.open(QIODevice::ReadOnly | further);
 }
 
 #endif

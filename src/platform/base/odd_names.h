@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QIODevice>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -28,4 +29,4 @@ QStringList oddFoldersIn(const QString& folder);
 bool isStandIn(const QString& path);
 
 /// Opens a file for reading, by its name or by its stand-in; on failure it says why as `QFile::open` does.
-bool openForReading(QFile& file, const QString& path);
+bool openForReading(QFile& file, const QString& path, QIODevice::OpenMode further = {});

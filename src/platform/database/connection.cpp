@@ -23,7 +23,8 @@ namespace {
 constexpr int busyTimeoutMs = 2000;
 constexpr int busyStepMs = 2;
 constexpr int applicationId = 0x6C756E71;  // "lunq"
-constexpr int fileVersion = 1;
+constexpr int firstVersion = 1;
+constexpr int newestVersion = 2;  // see OwnValues
 const QString truncatingJournal = u"PRAGMA journal_mode = TRUNCATE"_s;
 
 /// Space is given back when this many pages (16 KB each) lie free: at once when no more than so many, or than such a
@@ -130,7 +131,7 @@ std::shared_ptr<Connection> Connection::create(const QString& path) {
     connection->run(truncatingJournal);
     Change change(*connection);
     connection->run(u"PRAGMA application_id = %1"_s.arg(applicationId));
-    connection->run(u"PRAGMA user_version = %1"_s.arg(fileVersion));
+    connection->run(u"PRAGMA user_version = %1"_s.arg(firstVersion));
     connection->run(LongBinaries::createTableSql());
     change.commit();
     openConnections().push_back(connection);
@@ -172,8 +173,12 @@ bool Connection::isOurs() {
     return !isForeign() && number(u"PRAGMA application_id"_s) == applicationId;
 }
 
+int Connection::version() {
+    return static_cast<int>(number(u"PRAGMA user_version"_s));
+}
+
 void Connection::requireKnownVersion() {
-    if (!isOurs() || number(u"PRAGMA user_version"_s) <= fileVersion) return;
+    if (!isOurs() || version() <= newestVersion) return;
     throw Error(u"数据库文件“%1”由更新的版本建立，请用新版软件打开。"_s.arg(path_));
 }
 

@@ -26,6 +26,7 @@ class Connection {
     const QString& engineFile() const { return foreign_ ? foreign_->file() : path_; }
     bool isForeign() const { return foreign_ != nullptr; }
     bool isOurs();  ///< Made by this program.
+    int version();  ///< Of the file's layout; tells something only of a file of ours.
     /// Throws for a foreign database.
     void requireOurs() const;
     /// Whether the file at `path` has been replaced, or a foreign one changed, since it was opened.

@@ -39,6 +39,7 @@ class Database {
     friend Database OpenDatabase(const QString& path);
     friend Database createDatabase(const QString& path);
     friend class Transaction;
+    friend class OwnValues;
     explicit Database(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {}
     std::shared_ptr<Connection> connection_;
 };

@@ -10,6 +10,10 @@ void requireLongBinary(const Column& column) {
     if (column.type != FieldType::longBinary) throw Error(u"列“%1”不是二进制列。"_s.arg(column.name));
 }
 
+void requireInMemory(const PendingBytes& bytes) {
+    if (bytes.source() != nullptr) throw Error(u"记录还没有保存，它的二进制数据不能读取或续写。"_s);
+}
+
 /// Key of the long-binary value that the file holds for the current record, 0 for Null and in a record not yet stored.
 qint64 storedKey(RecordsetState& state, int column) {
     if (state.mode == Recordset::Mode::add) return 0;
@@ -43,7 +47,7 @@ void Field::SetValue(const Variant& value) {
     const bool bytes = Type() == FieldType::longBinary && !fit.isNull();
     PendingValue& pending = state_->pending[column_];
     pending.value = bytes ? Variant() : fit;
-    pending.bytes = bytes ? std::make_unique<Spool>(fit.toBytes()) : nullptr;
+    pending.bytes = bytes ? std::make_unique<PendingBytes>(fit.toBytes()) : nullptr;
 }
 
 bool Field::isNull() const {
@@ -62,7 +66,9 @@ qint64 Field::FieldSize() const {
 QByteArray Field::GetChunk(qint64 offset, qint64 count) const {
     requireLongBinary(state_->column(column_));
     if (const PendingValue* pending = state_->pendingValue(column_)) {
-        return pending->bytes ? pending->bytes->read(offset, count) : QByteArray();
+        if (!pending->bytes) return {};
+        requireInMemory(*pending->bytes);
+        return pending->bytes->inMemory().mid(offset, count);
     }
     const qint64 key = storedKey(*state_, column_);
     return key == 0 ? QByteArray() : state_->connection->longBinaries().read(key, offset, count);
@@ -72,6 +78,13 @@ void Field::AppendChunk(const QByteArray& bytes) {
     requireLongBinary(state_->column(column_));
     state_->requireEditing();
     PendingValue& pending = state_->pending[column_];
-    if (!pending.bytes) pending.bytes = std::make_unique<Spool>();
+    if (!pending.bytes) pending.bytes = std::make_unique<PendingBytes>();
+    requireInMemory(*pending.bytes);
     pending.bytes->append(bytes);
+}
+
+void Field::TakeFrom(std::unique_ptr<ValueSource> source) {
+    requireLongBinary(state_->column(column_));
+    state_->requireEditing();
+    state_->pending[column_] = {Variant(), std::make_unique<PendingBytes>(std::move(source))};
 }

@@ -1,52 +1,20 @@
 #include "platform/database/long_binary.h"
 
 #include "platform/base/error.h"
-#include "platform/base/files.h"
-#include "platform/base/system_reason.h"
 #include "platform/database/connection.h"
 #include "platform/database/stored_forms.h"
 
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr qint64 memoryLimit = 1 << 20;
 constexpr qint64 pieceSize = 1 << 18;
 
 }  // namespace
-
-void Spool::append(const QByteArray& bytes) {
-    if (!file_ && memory_.size() + bytes.size() <= memoryLimit) {
-        memory_ += bytes;
-        return;
-    }
-    const bool wasBroken = std::exchange(broken_, true);
-    if (!file_) {
-        auto file = std::make_unique<QTemporaryFile>();
-        if (!file->open()) throw Error(u"不能建立临时文件：%1。"_s.arg(systemReason(file->errorString())));
-        file_ = std::move(file);
-        write(memory_);
-        memory_.clear();
-    }
-    write(bytes);
-    broken_ = wasBroken;
-}
-
-void Spool::write(const QByteArray& piece) {
-    if (file_->seek(file_->size()) && file_->write(piece) == piece.size() && file_->flush()) return;
-    throw Error(u"临时文件“%1”不能写入：%2"_s.arg(file_->fileName(), writeFailure(*file_)));
-}
-
-QByteArray Spool::read(qint64 offset, qint64 count) const {
-    if (!file_) return memory_.mid(offset, count);
-    if (!file_->seek(offset)) throw Error(u"临时文件“%1”不能读取。"_s.arg(file_->fileName()));
-    return file_->read(count);
-}
 
 LongBinaries::LongBinaries(Connection& connection) : connection_(connection) {}
 LongBinaries::~LongBinaries() = default;
@@ -83,29 +51,31 @@ QByteArray LongBinaries::read(qint64 key, qint64 offset, qint64 count) {
     return bytes;
 }
 
-qint64 LongBinaries::store(const Spool& value) {
-    const QByteArray* whole = value.inMemory();
-    SQLite::Statement insert = connection_.prepare(whole ? u"INSERT INTO long_binary (bytes) VALUES (?)"_s
-                                                         : u"INSERT INTO long_binary (bytes) VALUES (zeroblob(?))"_s);
+qint64 LongBinaries::store(const PendingBytes& value) {
+    const QByteArray& whole = value.inMemory();
+    SQLite::Statement insert =
+        connection_.prepare(value.source() == nullptr ? u"INSERT INTO long_binary (bytes) VALUES (?)"_s
+                                                      : u"INSERT INTO long_binary (bytes) VALUES (zeroblob(?))"_s);
     connection_.checked([&] {
-        if (whole)
-            insert.bindNoCopy(1, whole->isEmpty() ? "" : whole->constData(), static_cast<int>(whole->size()));
+        if (value.source() == nullptr)
+            insert.bindNoCopy(1, whole.isEmpty() ? "" : whole.constData(), static_cast<int>(whole.size()));
         else
             insert.bind(1, static_cast<int64_t>(value.size()));
         insert.exec();
     });
     const qint64 key = connection_.lastRowId();
-    if (whole) return key;
-
-    const Blob blob = openBlob(key, true);
-    for (qint64 offset = 0; offset < value.size();) {
-        const QByteArray piece = value.read(offset, pieceSize);
-        if (piece.isEmpty()) throw Error(u"临时文件不能读取。"_s);
-        check(sqlite3_blob_write(blob.get(), piece.constData(), static_cast<int>(piece.size()),
-                                 static_cast<int>(offset)));
-        offset += piece.size();
-    }
+    if (value.source() != nullptr) fill(key, *value.source());
     return key;
+}
+
+void LongBinaries::fill(qint64 key, ValueSource& source) {
+    const Blob blob = openBlob(key, true);
+    QByteArray piece(pieceSize, Qt::Uninitialized);
+    for (qint64 offset = 0; offset < source.size(); offset += pieceSize) {
+        const qint64 count = std::min(pieceSize, source.size() - offset);
+        source.read(piece.data(), count);
+        check(sqlite3_blob_write(blob.get(), piece.constData(), static_cast<int>(count), static_cast<int>(offset)));
+    }
 }
 
 LongBinaries::Blob LongBinaries::openBlob(qint64 key, bool writable) {

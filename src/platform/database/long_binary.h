@@ -1,31 +1,29 @@
 #pragma once
 
+#include "platform/database/value_source.h"
+
 #include <QByteArray>
-#include <QTemporaryFile>
 #include <memory>
 
 struct sqlite3_blob;
 class Connection;
 
-/// The pieces of a value that is being put together: in memory while they are few, in a scratch file from then on.
-class Spool {
+/// The bytes of a value that is to be stored: they lie in memory, or come from a source.
+class PendingBytes {
   public:
-    Spool() = default;
-    explicit Spool(QByteArray whole) : memory_(std::move(whole)) {}
+    PendingBytes() = default;
+    explicit PendingBytes(QByteArray whole) : memory_(std::move(whole)) {}
+    explicit PendingBytes(std::unique_ptr<ValueSource> source) : source_(std::move(source)) {}
 
-    qint64 size() const { return file_ ? file_->size() : memory_.size(); }
-    /// Throws `Error` when the scratch file cannot be written: the value is broken from then on.
-    void append(const QByteArray& bytes);
-    bool isBroken() const { return broken_; }
-    QByteArray read(qint64 offset, qint64 count) const;
-    /// The whole value when it lies in memory.
-    const QByteArray* inMemory() const { return file_ ? nullptr : &memory_; }
+    qint64 size() const { return source_ ? source_->size() : memory_.size(); }
+    void append(const QByteArray& bytes) { memory_ += bytes; }
+    const QByteArray& inMemory() const { return memory_; }
+    /// Nullptr when the bytes lie in memory. Can be read once.
+    ValueSource* source() const { return source_.get(); }
 
   private:
-    void write(const QByteArray& piece);
     QByteArray memory_;
-    std::unique_ptr<QTemporaryFile> file_;
-    bool broken_ = false;
+    std::unique_ptr<ValueSource> source_;
 };
 
 /// The side table in which the long-binary values of a file lie, each under a key of its own; the rows of the other
@@ -42,7 +40,7 @@ class LongBinaries {
     /// Fewer bytes at the end of the value, none behind it.
     QByteArray read(qint64 key, qint64 offset, qint64 count);
     /// Returns the key of the new value. Called within a change.
-    qint64 store(const Spool& value);
+    qint64 store(const PendingBytes& value);
 
     /// A value that is being read by pieces stays open until its last one. Whoever changes the file, or leaves the
     /// record, closes it: it would keep other programs from writing.
@@ -54,6 +52,7 @@ class LongBinaries {
     };
     using Blob = std::unique_ptr<sqlite3_blob, Close>;
 
+    void fill(qint64 key, ValueSource& source);
     Blob openBlob(qint64 key, bool writable);
     sqlite3_blob* opened(qint64 key);
     void check(int code);

@@ -163,7 +163,7 @@ std::vector<Variant> Recordset::valuesAt(int row) const {
     RecordsetState& state = required(state_);
     requireRow(state, row);
     std::vector<Variant> values;
-    for (Cell& cell : state.rows->read(row)) values.push_back(std::move(cell.value));
+    for (const Cell& cell : state.valuesOf(row)) values.push_back(cell.value);
     return values;
 }
 
@@ -171,7 +171,7 @@ Cell Recordset::cellAt(int row, const QString& column) const {
     RecordsetState& state = required(state_);
     requireRow(state, row);
     const auto index = static_cast<size_t>(requiredColumn(state, column));
-    return state.rows->read(row)[index];
+    return state.valuesOf(row)[index];
 }
 
 Variant Recordset::valueAt(int row, const QString& column) const {

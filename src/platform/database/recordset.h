@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/database/stored_value.h"
+#include "platform/database/value_source.h"
 #include "platform/database/variant.h"
 
 #include <QString>
@@ -49,9 +50,12 @@ class Field {
     qint64 FieldSize() const;
     /// `count` bytes of a long-binary value from `offset`, fewer at its end, none behind it.
     QByteArray GetChunk(qint64 offset, qint64 count) const;
-    /// Under `Edit` or `AddNew`: the first call starts the value anew, later ones add to its end. Beyond a megabyte the
-    /// pieces gather in a scratch file. When one could not be kept, this throws and `Update` refuses the record.
+    /// Under `Edit` or `AddNew`: the first call starts the value anew, later ones add to its end. The pieces gather in
+    /// memory until `Update`.
     void AppendChunk(const QByteArray& bytes);
+    /// Under `Edit` or `AddNew`: `Update` stores what the source gives, piece by piece. Nothing can be read of the
+    /// value before that.
+    void TakeFrom(std::unique_ptr<ValueSource> source);
 
   private:
     friend class Recordset;

@@ -32,11 +32,6 @@ void RecordsetState::update() {
     const Recordset::Mode finished = mode;
     const PendingValues values = std::move(pending);
     cancelUpdate();
-    for (const auto& [index, value] : values) {
-        if (value.bytes && value.bytes->isBroken()) {
-            throw Error(u"列“%1”的数据没有写完整，记录没有保存。"_s.arg(column(index).name));
-        }
-    }
     if (finished == Recordset::Mode::edit) {
         rows->update(row, values);
         return;
@@ -69,8 +64,14 @@ void RecordsetState::requireUpdatable() const {
 
 const Row& RecordsetState::currentRow() {
     requireRecord();
-    if (!read_ || readAt_ != connection->changeCount()) {
-        read_ = rows->read(row);
+    return valuesOf(row);
+}
+
+const Row& RecordsetState::valuesOf(int wanted) {
+    if (!read_ || readRow_ != wanted || readAt_ != connection->changeCount()) {
+        read_.reset();
+        read_ = rows->read(wanted);
+        readRow_ = wanted;
         readAt_ = connection->changeCount();
     }
     return *read_;

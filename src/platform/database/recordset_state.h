@@ -30,6 +30,8 @@ class RecordsetState {
 
     /// The values of the current record, read again when something in the file has changed since.
     const Row& currentRow();
+    /// The same of any record. The values that were read last are kept.
+    const Row& valuesOf(int row);
     /// What `Edit` or `AddNew` has set for a column; nullptr when it has set nothing.
     PendingValue* pendingValue(int index);
 
@@ -44,5 +46,6 @@ class RecordsetState {
 
   private:
     std::optional<Row> read_;
-    qint64 readAt_ = 0;
+    int readRow_ = 0;
+    qint64 readAt_ = 0;  ///< The connection's count of changes at that time.
 };

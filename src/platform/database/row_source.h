@@ -18,7 +18,7 @@ using Row = std::vector<Cell>;
 /// What `Edit` or `AddNew` has set, by column. Bytes of a long-binary value lie in the spool; neither is Null.
 struct PendingValue {
     Variant value;
-    std::unique_ptr<Spool> bytes;
+    std::unique_ptr<PendingBytes> bytes;
 };
 
 using PendingValues = std::map<int, PendingValue>;

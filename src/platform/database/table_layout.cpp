@@ -138,7 +138,8 @@ class CreationReader {
 }  // namespace
 
 bool isReservedTable(const QString& table) {
-    return table.compare(u"long_binary", Qt::CaseInsensitive) == 0 || table.startsWith(u"sqlite_", Qt::CaseInsensitive);
+    return table.compare(u"long_binary", Qt::CaseInsensitive) == 0 ||
+           table.startsWith(u"sqlite_", Qt::CaseInsensitive) || table.startsWith(u"lunq_", Qt::CaseInsensitive);
 }
 
 Column declaredColumn(const QString& name, const QString& declaration) {

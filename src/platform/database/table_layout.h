@@ -13,7 +13,8 @@ struct Column {
     int size = 0;
 };
 
-/// Whether a table belongs to the engine or holds the long-binary values: for everybody else it does not exist.
+/// Whether a table belongs to the engine, holds the long-binary values, or is one of those that the program keeps for
+/// itself (`lunq_…`): for everybody else it does not exist.
 bool isReservedTable(const QString& table);
 
 /// A column from its name and declared type such as `TEXT(10)`; types that the dialect does not know are taken for what

@@ -6,9 +6,11 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
+#include <QRadioButton>
 #include <QTextEdit>
 #include <algorithm>
 #include <limits>
@@ -125,6 +127,12 @@ QString labelOf(const QWidget* control) {
     return name.isEmpty() && group != nullptr ? withoutMarks(group->title()) : name;
 }
 
+/// The toolkit leaves one option of each group on the way of Tab: the one that was chosen or had the focus last.
+void keepOptionsOnTheWay(const QWidget* part) {
+    for (QRadioButton* option : part->findChildren<QRadioButton*>())
+        if (option->focusPolicy() & Qt::ClickFocus) option->setFocusPolicy(Qt::StrongFocus);
+}
+
 void takeNameFromTip(QWidget* control) {
     const QString former = control->property(nameFromTip).toString();
     if (control->accessibleName() != former) return;
@@ -135,6 +143,7 @@ void takeNameFromTip(QWidget* control) {
 }  // namespace
 
 void Access::followTheEye(QWidget* part) {
+    keepOptionsOnTheWay(part);
     const QList<QWidget*> order = stopsIn(part);
     for (qsizetype i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
 }
@@ -148,6 +157,10 @@ void Access::nameByLabels(QWidget* part) {
 bool Access::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::ToolTipChange && watched->isWidgetType())
         takeNameFromTip(static_cast<QWidget*>(watched));
+    if (event->type() == QEvent::KeyPress && watched->isWidgetType()) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Tab || key == Qt::Key_Backtab) keepOptionsOnTheWay(static_cast<QWidget*>(watched)->window());
+    }
     if (event->type() == QEvent::Show && watched->isWidgetType()) {
         auto* shown = static_cast<QWidget*>(watched);
         const bool isPanel = holdsControls(shown) && !shown->children().isEmpty();

@@ -6,7 +6,8 @@
 
 /// What people who use no mouse, or do not see the screen, need of every window: a control without words of its own is
 /// called by its tool tip, one with a label beside or above it by that label, and the key Tab leads through a window in
-/// the order in which the eye reads it. Listens to all windows of the application it is installed on.
+/// the order in which the eye reads it, past every option. Listens to all windows of the application it is installed
+/// on.
 class Access : public QObject {
     Q_OBJECT
 

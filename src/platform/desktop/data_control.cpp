@@ -108,6 +108,13 @@ void DataControl::moveToRow(int row) {
     Q_EMIT repositioned();
 }
 
+bool DataControl::goTo(int row) {
+    if (mayGoTo && !mayGoTo(row)) return false;
+    if (row < 0 || row >= total()) return false;
+    moveToRow(row);
+    return true;
+}
+
 bool DataControl::findFirst(const QString& criteria) {
     recordset_.FindFirst(criteria);
     if (recordset_.NoMatch()) return false;
@@ -122,7 +129,7 @@ void DataControl::step(int by) {
         return;
     }
     const int target = std::clamp(recordset_.row() + by, 0, total() - 1);
-    if (target != recordset_.row()) moveToRow(target);
+    if (target != recordset_.row()) goTo(target);
 }
 
 void DataControl::leaveGap(bool forwards) {

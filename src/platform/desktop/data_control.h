@@ -4,6 +4,7 @@
 
 #include <QFrame>
 #include <QLabel>
+#include <functional>
 
 /// A data control: a recordset on a file, told by path and source text, with buttons that move through it. Grids and
 /// fields follow it through its signals.
@@ -31,8 +32,13 @@ class DataControl : public QFrame {
     /// Number of records, 0 when there is no recordset.
     int total() const;
 
-    /// Moves by user action or program and tells everybody.
+    /// Moves and tells everybody.
     void moveToRow(int row);
+    /// Moves for the person, unless `mayGoTo` keeps him where he is. False when it did, or there is no such record.
+    bool goTo(int row);
+    /// Asked before the person goes to a record, by the grid or the buttons; also to the one that is current, which
+    /// reads it anew. Not set: always.
+    std::function<bool(int row)> mayGoTo;
     /// Finds as `Recordset::FindFirst` does and tells everybody; true when found.
     bool findFirst(const QString& criteria);
 

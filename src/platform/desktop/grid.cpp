@@ -1,13 +1,17 @@
 #include "platform/desktop/grid.h"
 
 #include "platform/base/error.h"
+#include "platform/desktop/busy.h"
 #include "platform/desktop/grid_model.h"
+#include "platform/desktop/message_box.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QSignalBlocker>
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -38,7 +42,12 @@ Grid::Grid(QWidget* parent) : QTableView(parent), model_(new GridModel(this)) {
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setMinimumSectionSize(16);
     horizontalHeader()->setFixedHeight(lineHeight + 2);
-    connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) { Q_EMIT rowClicked(index.row()); });
+    connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) {
+        if (isOnCurrentRecord(index)) Q_EMIT rowClicked(index.row());
+    });
+    connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
+        if (isOnCurrentRecord(index)) Q_EMIT rowActivated(index.row());
+    });
 }
 
 void Grid::bind(DataControl* source) {
@@ -63,16 +72,29 @@ void Grid::setFormatString(const QString& format) {
 
 void Grid::Clear() {
     model_->clear();
+    applyWidths();
 }
 
 QString Grid::cellText(int row, int column) const {
     return model_->index(row, column).data().toString();
 }
 
-void Grid::follow() {
-    model_->dropRows();
+int Grid::currentRecord() const {
     int row = -1;
-    attempt([&] { row = data_->Recordset().row(); });
+    attempt([&] {
+        if (data_ != nullptr) row = data_->Recordset().row();
+    });
+    return row;
+}
+
+bool Grid::isOnCurrentRecord(const QModelIndex& index) const {
+    return index.isValid() && index.row() == currentRecord();
+}
+
+void Grid::follow() {
+    const QScopedValueRollback held(held_, true);
+    model_->dropRows();
+    const int row = currentRecord();
     if (row < 0 || row >= model_->rowCount()) {
         clearSelection();
         return;
@@ -114,11 +136,74 @@ void Grid::applyWidths() {
     }
 }
 
+// The person's choice ----------------------------------------------------------------------------------------------
+
+/// Makes the highlighted row the current record; false when the data control stays where it is.
+bool Grid::select() {
+    const int row = currentIndex().row();
+    if (data_ == nullptr || row < 0) return false;
+    bool selected = false;
+    runHandler(window(), [&] {
+        const Hourglass hourglass(this);
+        selected = data_->goTo(row);
+        if (selected) Q_EMIT rowSelected(row);
+    });
+    if (!selected) follow();
+    return selected;
+}
+
 void Grid::keyPressEvent(QKeyEvent* event) {
-    QTableView::keyPressEvent(event);
-    if ((event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) || !currentIndex().isValid()) return;
-    event->accept();
-    Q_EMIT rowClicked(currentIndex().row());
+    const int before = currentIndex().row();
+    {
+        // Not from within the toolkit's own work: a question may be asked.
+        const QScopedValueRollback held(held_, true);
+        QTableView::keyPressEvent(event);
+    }
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const int row = currentIndex().row();
+    if (row < 0 || (!enter && row == before)) return;
+    if (enter) event->accept();
+    if (!select() || !enter) return;
+    Q_EMIT rowClicked(row);
+    if (row == currentRecord()) Q_EMIT rowActivated(row);
+}
+
+void Grid::mousePressEvent(QMouseEvent* event) {
+    mouseDown_ = true;
+    rowBefore_ = indexAt(event->position().toPoint()).isValid() ? -1 : currentIndex().row();
+    QTableView::mousePressEvent(event);
+}
+
+void Grid::mouseReleaseEvent(QMouseEvent* event) {
+    const bool wasDown = std::exchange(mouseDown_, false);
+    if (wasDown && currentIndex().row() != rowBefore_) select();
+    QTableView::mouseReleaseEvent(event);
+}
+
+void Grid::focusInEvent(QFocusEvent* event) {
+    // The toolkit makes the first row the current one as soon as the grid has the focus; nobody has chosen it.
+    const bool hadNone = !currentIndex().isValid();
+    const QScopedValueRollback held(held_, true);
+    QTableView::focusInEvent(event);
+    if (hadNone) selectionModel()->clearCurrentIndex();
+}
+
+/// Whoever moves the highlight otherwise, such as a screen reader, moves the record as well.
+void Grid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    if (!held_ && !mouseDown_ && current.isValid() && !isOnCurrentRecord(current)) select();
+}
+
+/// Home and End lead to the first and the last record, with or without Ctrl.
+QModelIndex Grid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    if (action != MoveHome && action != MoveEnd) return QTableView::moveCursor(action, modifiers);
+    return model()->index(action == MoveHome ? 0 : model()->rowCount() - 1, std::max(0, currentIndex().column()));
+}
+
+/// No key takes the highlight away from the current record.
+QItemSelectionModel::SelectionFlags Grid::selectionCommand(const QModelIndex& index, const QEvent*) const {
+    if (!index.isValid()) return QItemSelectionModel::NoUpdate;
+    return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
 }
 
 void Grid::resizeEvent(QResizeEvent* event) {

@@ -7,6 +7,9 @@ class GridModel;
 
 /// A grid bound to a data control: one line a record of the current `RecordSource`, without the long-binary columns.
 /// Rows are fetched as they come into view, so an album of 100,000 records opens at once.
+///
+/// The highlighted row is the data control's current record. A row that the person highlights, by mouse or keys,
+/// becomes that record before anybody is told; when the data control does not go there, the highlight returns.
 class Grid : public QTableView {
     Q_OBJECT
 
@@ -20,25 +23,43 @@ class Grid : public QTableView {
     void setFormatString(const QString& format);
     QString FormatString() const { return format_; }
 
-    /// Empties the grid until the data control refreshes again.
+    /// Empties the grid, but for its headings, until the data control refreshes again.
     void Clear();
 
     /// Text of a cell, as shown.
     QString cellText(int row, int column) const;
 
   Q_SIGNALS:
+    /// The person has made a row the current record, or meant the current one anew by a click or Enter.
+    void rowSelected(int row);
+    /// A row was clicked, or Enter pressed on it: for those who do more with a click than select. Comes after
+    /// `rowSelected`.
     void rowClicked(int row);
+    /// A row was taken, by a double click or Enter. Comes after the other two.
+    void rowActivated(int row);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
 
   private:
     void follow();
+    int currentRecord() const;
+    bool isOnCurrentRecord(const QModelIndex& index) const;
+    bool select();
     void applyWidths();
     int wantedWidth(int column) const;
     int contentWidth(int column) const;
     DataControl* data_ = nullptr;
     GridModel* model_;
     QString format_;
+    bool held_ = false;       ///< The highlight moves without the record: it follows it, or has not arrived yet.
+    bool mouseDown_ = false;  ///< As long as a mouse button is, the highlight may be drawn over the rows.
+    int rowBefore_ = -1;      ///< The highlighted row when the mouse went down beside all rows, otherwise -1.
 };

@@ -27,7 +27,6 @@ bool isNumber(FieldType type) {
 }
 
 QString cellTextOf(const Variant& value) {
-    if (const auto* date = std::get_if<QDateTime>(&value.storage())) return date->toString(u"yyyy-MM-dd HH:mm:ss"_s);
     // Another program may have put bytes into a column of texts.
     if (std::holds_alternative<QByteArray>(value.storage())) return u"二进制数据"_s;
     return value.textOr();
@@ -36,8 +35,14 @@ QString cellTextOf(const Variant& value) {
 }  // namespace
 
 void GridModel::setHeadings(std::vector<GridHeading> headings) {
+    if (columns_.empty()) {
+        beginResetModel();
+        headings_ = std::move(headings);
+        endResetModel();
+        return;
+    }
     headings_ = std::move(headings);
-    if (columnCount() > 0) Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+    Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
 }
 
 void GridModel::reload() {
@@ -61,6 +66,7 @@ void GridModel::reload() {
 void GridModel::clear() {
     beginResetModel();
     rows_.clear();
+    columns_.clear();
     total_ = 0;
     endResetModel();
 }
@@ -78,11 +84,12 @@ int GridModel::rowCount(const QModelIndex& parent) const {
 }
 
 int GridModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+    if (parent.isValid()) return 0;
+    return static_cast<int>(columns_.empty() ? headings_.size() : columns_.size());
 }
 
 bool GridModel::isNumeric(int column) const {
-    return isNumber(columns_[static_cast<size_t>(column)].type);
+    return !columns_.empty() && isNumber(columns_[static_cast<size_t>(column)].type);
 }
 
 const std::vector<Variant>& GridModel::values(int row) const {

@@ -27,8 +27,8 @@ class GridModel : public QAbstractTableModel {
     void bind(DataControl* source) { data_ = source; }
     void setHeadings(std::vector<GridHeading> headings);
 
-    void reload();  ///< Takes columns and number of records from the data control.
-    void clear();
+    void reload();    ///< Takes columns and number of records from the data control.
+    void clear();     ///< Without records the headings stand alone.
     void dropRows();  ///< Records are read anew; follows a changed number of records.
 
     int rowCount(const QModelIndex& parent = {}) const override;

@@ -16,7 +16,10 @@ ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
     // Not the frame: what it does not handle goes up to the form, which would take a move there for one beside the
     // list.
     viewport()->setMouseTracking(true);
-    connect(this, &QListWidget::itemDoubleClicked, this, [this] { afterDoubleClick_ = true; });
+    connect(this, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* line) {
+        afterDoubleClick_ = true;
+        Q_EMIT lineActivated(row(line));
+    });
     connect(this, &QListWidget::itemClicked, this, [this](QListWidgetItem* line) {
         if (!std::exchange(afterDoubleClick_, false)) Q_EMIT lineClicked(row(line));
     });
@@ -49,7 +52,9 @@ void ListBox::keyPressEvent(QKeyEvent* event) {
     QListWidget::keyPressEvent(event);
     if ((event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) || currentRow() < 0) return;
     event->accept();
-    Q_EMIT lineClicked(currentRow());
+    const int line = currentRow();
+    Q_EMIT lineClicked(line);
+    if (line == currentRow()) Q_EMIT lineActivated(line);
 }
 
 void ListBox::resizeEvent(QResizeEvent* event) {

@@ -18,7 +18,8 @@ class ListBox : public QListWidget {
     int columns() const { return columns_; }
 
   Q_SIGNALS:
-    void lineClicked(int index);  ///< By mouse or Enter.
+    void lineClicked(int index);    ///< By mouse or Enter.
+    void lineActivated(int index);  ///< By a double click or Enter.
     void mouseMoved();
 
   protected:

@@ -1,6 +1,7 @@
 #include "platform/desktop/look.h"
 
 #include "platform/desktop/access.h"
+#include "platform/desktop/habits.h"
 #include "platform/desktop/look_style.h"
 
 #include <QApplication>
@@ -165,4 +166,5 @@ void applyLook(QApplication& application) {
     QApplication::setPalette(programColours());
     application.setStyleSheet(details());
     application.installEventFilter(new Access(&application));
+    application.installEventFilter(new Habits(&application));
 }

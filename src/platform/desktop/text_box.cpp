@@ -1,6 +1,8 @@
 #include "platform/desktop/text_box.h"
 
 #include <QMouseEvent>
+#include <algorithm>
+#include <limits>
 
 namespace {
 /// What lies below a caption shimmers through.
@@ -9,6 +11,18 @@ constexpr int captionOpacity = 215;
 /// Whether the focus goes elsewhere for a while only: to another window, a menu or a list that has popped up.
 bool comesBack(Qt::FocusReason reason) {
     return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
+}
+
+/// Whether the key puts a character into a text box.
+bool types(const QKeyEvent& event) {
+    const QString text = event.text();
+    return !text.isEmpty() && (text.front().isPrint() || text.front().isSurrogate());
+}
+
+/// The beginning of a text, which ends with a whole character.
+QString beginningOf(const QString& text, qsizetype length) {
+    if (length < text.size() && length > 0 && text.at(length).isLowSurrogate()) --length;
+    return text.left(length);
 }
 }  // namespace
 
@@ -32,11 +46,34 @@ void TextBox::focusOutEvent(QFocusEvent* event) {
     Q_EMIT lostFocus();
 }
 
+/// How many characters may still be typed in place of those that are selected.
+qsizetype TextBox::room() const {
+    if (typingLimit_ == 0) return std::numeric_limits<qsizetype>::max();
+    return std::max<qsizetype>(0, typingLimit_ - (text().size() - selectedText().size()));
+}
+
 void TextBox::keyPressEvent(QKeyEvent* event) {
+    if (types(*event) && event->text().size() > room()) {
+        event->accept();
+        return;
+    }
     QLineEdit::keyPressEvent(event);
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) return;
     event->accept();
     Q_EMIT enterPressed();
+}
+
+// An input method hands over whole words.
+void TextBox::inputMethodEvent(QInputMethodEvent* event) {
+    const qsizetype whole = event->commitString().size();
+    const QString fitting = beginningOf(event->commitString(), std::min(whole, room()));
+    if (fitting.size() == whole) {
+        QLineEdit::inputMethodEvent(event);
+        return;
+    }
+    QInputMethodEvent cut(event->preeditString(), event->attributes());
+    cut.setCommitString(fitting, event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(&cut);
 }
 
 void TextBox::mouseReleaseEvent(QMouseEvent* event) {

@@ -13,6 +13,12 @@ class TextBox : public QLineEdit {
     void setLocked(bool on);  ///< Locked: shows its text in a muted way and takes no typing; can still have the focus.
     bool isLocked() const { return isReadOnly(); }
 
+    /// Typing stops at so many characters; 0 takes it away. What is pasted stays whole, so that nobody loses the end of
+    /// a text without a word: whoever stores it looks at `isTooLong`.
+    void setTypingLimit(int characters) { typingLimit_ = characters; }
+    int typingLimit() const { return typingLimit_; }
+    bool isTooLong() const { return typingLimit_ > 0 && text().size() > typingLimit_; }
+
   Q_SIGNALS:
     void gotFocus();
     void lostFocus();  ///< Not sent when the whole window loses the focus.
@@ -23,10 +29,13 @@ class TextBox : public QLineEdit {
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
+    qsizetype room() const;
     bool holdsFocus_ = false;
+    int typingLimit_ = 0;
 };
 
 /// A text box of several lines that only shows its text: captions over pictures, the data strip. Takes no focus.

@@ -91,7 +91,7 @@ class FilesTest : public QObject {
             u"ATTACH '%1' AS o; PRAGMA o.journal_mode = WAL; PRAGMA o.user_version = 9; "
             "CREATE TABLE o.t (a LONG)"_s.arg(path));
         OpenDatabase(path).Execute(u"DELETE FROM t"_s);
-        album_->shell(u"PRAGMA user_version = 2"_s);
+        album_->shell(u"PRAGMA user_version = 3"_s);
         album_->database = {};
         QVERIFY(failsSaying([&] { OpenDatabase(album_->path()); }, {u"更新的版本"_s, album_->path()}));
         QCOMPARE(album_->shell(u"ATTACH '%1' AS o; PRAGMA o.journal_mode"_s.arg(path)), u"wal"_s);

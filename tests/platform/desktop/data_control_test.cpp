@@ -157,6 +157,7 @@ class TestDataControl : public QObject {
         QVERIFY(grid_->columnWidth(3) > grid_->fontMetrics().horizontalAdvance(u"2003-10-01 00:00:02"_s));
         grid_->Clear();
         QCOMPARE(grid_->model()->rowCount(), 0);
+        QCOMPARE(grid_->model()->columnCount(), 4);  // its headings stay
         data_->Refresh();
         QCOMPARE(grid_->model()->rowCount(), 5);
     }
@@ -183,14 +184,115 @@ class TestDataControl : public QObject {
         QCOMPARE(grid_->currentIndex().row(), 3);
         QCOMPARE(grid_->selectionModel()->selectedRows().size(), 1);
         QCOMPARE(clicked.size(), 0);
+    }
 
-        QTest::mouseClick(grid_->viewport(), Qt::LeftButton, {},
-                          grid_->visualRect(grid_->model()->index(2, 0)).center());
-        QCOMPARE(clicked.takeFirst().first().toInt(), 2);
+    // Told in this order, each with the row: s is selected, c clicked, a activated.
+    void theHighlightedRowIsTheCurrentRecord() {
+        grid_->resize(500, 200);
+        QVERIFY(isShown(*grid_));
+        grid_->setFocus();
+        QString told;
+        connect(grid_.get(), &Grid::rowSelected, this, [&](int row) {
+            QCOMPARE(data_->Recordset().row(), row);
+            told += u's' + QString::number(row);
+        });
+        connect(grid_.get(), &Grid::rowClicked, this, [&](int row) { told += u'c' + QString::number(row); });
+        connect(grid_.get(), &Grid::rowActivated, this, [&](int row) { told += u'a' + QString::number(row); });
+        const auto place = [&](int row) { return grid_->visualRect(grid_->model()->index(row, 1)).center(); };
+        const auto key = [&](Qt::Key pressed, Qt::KeyboardModifiers with = {}) {
+            return [this, pressed, with] { QTest::keyClick(grid_.get(), pressed, with); };
+        };
+        const auto click = [&](int row, Qt::KeyboardModifiers with = {}) {
+            return [&, row, with] { QTest::mouseClick(grid_->viewport(), Qt::LeftButton, with, place(row)); };
+        };
+        const std::tuple<QString, std::function<void()>, int, QString> steps[] = {
+            {u"Down"_s, key(Qt::Key_Down), 1, u"s1"_s},
+            {u"End"_s, key(Qt::Key_End), 4, u"s4"_s},
+            {u"Down at the end"_s, key(Qt::Key_Down), 4, u""_s},
+            {u"Home"_s, key(Qt::Key_Home), 0, u"s0"_s},
+            {u"Ctrl+End"_s, key(Qt::Key_End, Qt::ControlModifier), 4, u"s4"_s},
+            {u"Page up"_s, key(Qt::Key_PageUp), 0, u"s0"_s},
+            {u"Page down"_s, key(Qt::Key_PageDown), 4, u"s4"_s},
+            {u"Right"_s, key(Qt::Key_Right), 4, u""_s},
+            {u"Shift+Up"_s, key(Qt::Key_Up, Qt::ShiftModifier), 3, u"s3"_s},
+            {u"letters typed"_s, key(Qt::Key_A), 4, u"s4"_s},
+            {u"Enter"_s, key(Qt::Key_Return), 4, u"s4c4a4"_s},
+            {u"click"_s, click(3), 3, u"s3c3"_s},
+            {u"the same row"_s, click(3), 3, u"s3c3"_s},
+            {u"Ctrl+click on it"_s, click(3, Qt::ControlModifier), 3, u"s3c3"_s},
+            {u"Ctrl+Space"_s, key(Qt::Key_Space, Qt::ControlModifier), 3, u""_s},
+            {u"double click"_s,
+             [&] {
+                 QTest::mouseClick(grid_->viewport(), Qt::LeftButton, {}, place(2));
+                 QTest::mouseDClick(grid_->viewport(), Qt::LeftButton, {}, place(2));
+                 QTest::mouseRelease(grid_->viewport(), Qt::LeftButton, {}, place(2));
+             },
+             2, u"s2c2a2"_s},
+            {u"drawn over the rows"_s,
+             [&] {
+                 QTest::mousePress(grid_->viewport(), Qt::LeftButton, {}, place(2));
+                 QTest::mouseMove(grid_->viewport(), place(3));
+                 QMouseEvent drawn(QEvent::MouseMove, place(4), grid_->viewport()->mapToGlobal(place(4)), Qt::NoButton,
+                                   Qt::LeftButton, {});
+                 QApplication::sendEvent(grid_->viewport(), &drawn);
+                 QTest::mouseRelease(grid_->viewport(), Qt::LeftButton, {}, place(4));
+             },
+             4, u"s4"_s},
+            {u"beside the rows"_s,
+             [&] {
+                 QTest::mouseClick(grid_->viewport(), Qt::LeftButton, {}, {10, grid_->viewport()->height() - 5});
+             },
+             4, u""_s},
+            {u"screen reader"_s, [&] { grid_->setCurrentIndex(grid_->model()->index(1, 0)); }, 1, u"s1"_s},
+        };
+        for (const auto& [name, step, row, signals_] : steps) {
+            told.clear();
+            step();
+            QVERIFY2(told == signals_, qPrintable(name + u": "_s + told));
+            QCOMPARE(data_->Recordset().row(), row);
+            const QModelIndexList marked = grid_->selectionModel()->selectedRows();
+            QVERIFY2(marked.size() == 1 && marked.first().row() == row, qPrintable(name));
+        }
+    }
+
+    // Who is kept at a record sees it marked, and nobody is told of another.
+    void recordThatIsNotLeft() {
+        grid_->resize(500, 200);
+        QVERIFY(isShown(*grid_));
+        data_->moveToRow(2);
+        QList<int> asked;
+        data_->mayGoTo = [&](int row) {
+            asked << row;
+            return false;
+        };
+        QSignalSpy selected(grid_.get(), &Grid::rowSelected);
+        QSignalSpy clicked(grid_.get(), &Grid::rowClicked);
         QTest::keyClick(grid_.get(), Qt::Key_Down);
-        QCOMPARE(clicked.size(), 0);
-        QTest::keyClick(grid_.get(), Qt::Key_Return);
-        QCOMPARE(clicked.takeFirst().first().toInt(), 3);
+        QTest::mouseClick(grid_->viewport(), Qt::LeftButton, {},
+                          grid_->visualRect(grid_->model()->index(0, 1)).center());
+        data_->findChild<QToolButton*>(u"last"_s)->click();
+        QCOMPARE(asked, (QList<int>{3, 0, 4}));
+        QVERIFY(selected.isEmpty() && clicked.isEmpty());
+        QCOMPARE(data_->Recordset().row(), 2);
+        QCOMPARE(grid_->selectionModel()->selectedRows().value(0).row(), 2);
+        data_->mayGoTo = {};
+        QTest::keyClick(grid_.get(), Qt::Key_Down);
+        QCOMPARE(data_->Recordset().row(), 3);
+    }
+
+    // After a deletion no record is the current one, and the way of Tab chooses none.
+    void focusChoosesNoRecord() {
+        grid_->resize(500, 200);
+        QVERIFY(isShown(*grid_));
+        grid_->clearFocus();
+        data_->Refresh();
+        data_->Recordset().Delete();
+        grid_->setCurrentIndex({});
+        QSignalSpy selected(grid_.get(), &Grid::rowSelected);
+        grid_->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(grid_.get(), Qt::Key_Shift);
+        QVERIFY(selected.isEmpty());
+        QCOMPARE(data_->Recordset().row(), -1);
     }
 
     void changedRecordIsShownAfterTheNextMove() {

@@ -63,6 +63,45 @@ class TestTextBox : public QObject {
         QCOMPARE(clicked.size(), 1);
     }
 
+    void typingStopsAtTheLimit() {
+        TextBox box;
+        box.setTypingLimit(5);
+        const auto commit = [&](const QString& text) {
+            QInputMethodEvent words;
+            words.setCommitString(text);
+            QApplication::sendEvent(&box, &words);
+        };
+        QTest::keyClicks(&box, u"abcdefg"_s);
+        QCOMPARE(box.text(), u"abcde"_s);
+        box.setSelection(1, 2);
+        QTest::keyClicks(&box, u"xyz"_s);  // in place of what is selected
+        QCOMPARE(box.text(), u"axyde"_s);
+        for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Delete, Qt::Key_End, Qt::Key_Backspace})
+            QTest::keyClick(&box, key);
+        QCOMPARE(box.text(), u"xyd"_s);
+        commit(u"一二三"_s);
+        QCOMPARE(box.text(), u"xyd一二"_s);
+        box.setText(u"xyd一"_s);
+        commit(u"😀"_s);  // two units, of which one would be none
+        QCOMPARE(box.text(), u"xyd一"_s);
+        QVERIFY(!box.isTooLong());
+
+        // A paste stays whole and can be cut by hand.
+        QApplication::clipboard()->setText(u"123456789"_s);
+        box.selectAll();
+        QTest::keySequence(&box, QKeySequence::Paste);
+        QCOMPARE(box.text(), u"123456789"_s);
+        QVERIFY(box.isTooLong());
+        QTest::keyClicks(&box, u"0"_s);
+        commit(u"零"_s);
+        QCOMPARE(box.text(), u"123456789"_s);
+        box.setTypingLimit(0);
+        QTest::keyClicks(&box, u"0"_s);
+        commit(u"零"_s);
+        QCOMPARE(box.text(), u"1234567890零"_s);
+        QVERIFY(!box.isTooLong());
+    }
+
     void captionIsClickedButNeverFocused() {
         QWidget form;
         form.resize(120, 80);

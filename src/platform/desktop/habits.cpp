@@ -1,0 +1,39 @@
+#include "platform/desktop/habits.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QDialog>
+#include <QKeyEvent>
+
+namespace {
+
+bool isEnter(const QKeyEvent& event) {
+    const bool isKey = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    return isKey && (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+}
+
+/// Nothing when the object is no button, or stands in a dialog.
+QAbstractButton* buttonOfWindow(QObject* watched) {
+    auto* button = qobject_cast<QAbstractButton*>(watched);
+    return button != nullptr && qobject_cast<QDialog*>(button->window()) == nullptr ? button : nullptr;
+}
+
+}  // namespace
+
+bool Habits::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Wheel && qobject_cast<QComboBox*>(watched) != nullptr) {
+        // Open, its list is a window of its own and scrolls. What lies below the box may scroll as well.
+        event->ignore();
+        return true;
+    }
+    if (event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        QAbstractButton* button = isEnter(*key) ? buttonOfWindow(watched) : nullptr;
+        if (button != nullptr) {
+            event->accept();
+            if (!key->isAutoRepeat()) button->click();
+            return true;
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
