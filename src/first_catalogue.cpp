@@ -3,11 +3,18 @@
 #include "platform/base/error.h"
 #include "platform/base/files.h"
 #include "platform/base/system_reason.h"
+#include "platform/base/unnamed_file.h"
 
 #include <QFile>
 #include <QFileInfo>
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr qint64 pieceSize = 1 << 20;
+
+}  // namespace
 
 void placeFirstCatalogue() {
     const QString shipped = joinedPath(joinedPath(programFolder(), u"fresh"_s), u"lunq.mdb"_s);
@@ -20,19 +27,16 @@ void placeFirstCatalogue() {
             u"像册文件“%1”不见了，但“%2”还在：它是修复像册要用的。请把 lunq.mdb 放回它旁边；确实不要了，再删除它。"_s
                 .arg(catalogue, journal));
 
-    const QString part = catalogue + u".part"_s;
-    QFile::remove(part);
     QFile copy(shipped);
-    if (!copy.copy(part))
-        throw Error(u"新的像册文件“%1”不能写入：%2。"_s.arg(catalogue, systemReason(copy.errorString())));
-    QFile placed(part);
-    placed.setPermissions(placed.permissions() | QFile::ReadOwner | QFile::WriteOwner);
+    if (!copy.open(QIODevice::ReadOnly))
+        throw Error(u"随软件的像册文件“%1”不能读取：%2。"_s.arg(shipped, systemReason(copy.errorString())));
     // Gets its name when it is whole, and on the disk: a power cut must not leave an empty file of this name, which
     // would never be replaced. And only where no other file bears it.
-    const bool opened = placed.open(QIODevice::ReadWrite);
-    if (opened) syncToDisk(placed);
-    placed.close();
-    if (!opened) throw Error(u"新的像册文件“%1”不能写入：%2。"_s.arg(catalogue, writeFailure(placed)));
-    if (!renameNew(part, catalogue)) throw Error(u"像册文件“%1”刚刚由别的程序建立。"_s.arg(catalogue));
+    UnnamedFile placed(catalogue, u"新的像册文件“%1”不能写入：%2。"_s);
+    for (QByteArray piece = copy.read(pieceSize); !piece.isEmpty(); piece = copy.read(pieceSize)) placed.write(piece);
+    if (copy.error() != QFileDevice::NoError)
+        throw Error(u"随软件的像册文件“%1”不能读取：%2。"_s.arg(shipped, systemReason(copy.errorString())));
+    placed.sync();
+    if (!placed.takeNewName()) throw Error(u"像册文件“%1”刚刚由别的程序建立。"_s.arg(catalogue));
     syncFolderToDisk(programFolder());
 }

@@ -3,10 +3,10 @@
 #include "catalogue/mektp.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
+#include "platform/base/unnamed_file.h"
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QSaveFile>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -23,12 +23,11 @@ void makeFolders(const QString& path) {
     }
 }
 
+/// Where the file system knows no such rights, the script still runs as an argument of the shell.
 void writeScript(const QString& path, const QString& text) {
-    QSaveFile file(path);
-    const QByteArray bytes = text.toUtf8();
-    const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && commitToDisk(file);
-    if (!written) throw Error(u"文件“%1”不能写入：%2。"_s.arg(path, writeFailure(file)));
-    // Where the file system knows no such rights, the script still runs as an argument of the shell.
+    UnnamedFile file(path);
+    file.write(text.toUtf8());
+    file.replace();
     QFile::setPermissions(path, scriptRights);
 }
 

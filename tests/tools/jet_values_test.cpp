@@ -86,9 +86,36 @@ class JetValuesTest : public QObject {
 
     void numbers() {
         const QByteArray money = QByteArray::fromHex("c0d8a7ffffffffff");
-        QCOMPARE(currencyValue(bytesOf(money)), -577.7216);
-        QCOMPARE(decimalValue(bytesOf('\x80' + wordsOf({0, 0, 0, 12345})), 4), -1.2345);
-        QCOMPARE(decimalValue(bytesOf('\0' + wordsOf({0, 1, 0, 0})), 0), 18446744073709551616.0);
+        const auto amount = [](qint64 parts) {
+            return currencyValue(bytesOf(QByteArray(reinterpret_cast<const char*>(&parts), sizeof parts)));
+        };
+        const auto decimal = [](char sign, std::initializer_list<quint32> words, int scale) {
+            return decimalValue(bytesOf(sign + wordsOf(words)), scale);
+        };
+        const quint32 all = 0xFFFFFFFF;
+        const std::pair<ExactValue, ExactValue> cases[] = {
+            {currencyValue(bytesOf(money)), -577.7216},
+            {amount(0), 0.0},
+            {amount(-1), -0.0001},
+            {amount(999'999'999'999'999), 99999999999.9999},
+            {amount(1'234'567'890'123'456), "123456789012.3456"},
+            {amount(1'234'567'890'123'450'000), 123456789012345.0},
+            {amount(std::numeric_limits<qint64>::max()), "922337203685477.5807"},
+            {amount(std::numeric_limits<qint64>::min()), "-922337203685477.5808"},
+            {decimal('\x80', {0, 0, 0, 12345}, 4), -1.2345},
+            {decimal('\x80', {0, 0, 0, 0}, 6), 0.0},
+            {decimal('\0', {0, 0, 0, 100}, 2), 1.0},
+            {decimal('\0', {0, 0, 0, 7}, 28), 7e-28},
+            {decimal('\0', {0, 1, 0, 0}, 0), "18446744073709551616"},
+            {decimal('\x80', {0, all, all, all}, 28), "-7.9228162514264337593543950335"},
+            {decimal('\0', {0, 0, 1'000'000'000U, 5}, 3), "4294967296000000.005"},
+        };
+        for (const auto& [read, expected] : cases) {
+            if (const auto* digits = std::get_if<std::string>(&expected))
+                QCOMPARE(std::get<std::string>(read), *digits);
+            else
+                QCOMPARE(std::get<double>(read), std::get<double>(expected));
+        }
         QCOMPARE(shortestDecimal(1234.567F), 1234.567);
         const QByteArray guid = QByteArray::fromHex("33221100554477668899aabbccddeeff");
         QCOMPARE(guidText(bytesOf(guid)), std::string("{00112233-4455-6677-8899-AABBCCDDEEFF}"));

@@ -1,6 +1,7 @@
 #include "copy_writer.h"
 
 #include "limits.h"
+#include "platform/database/literal_paths.h"
 #include "platform/database/stored_forms.h"
 
 #include <sqlite3.h>
@@ -13,7 +14,7 @@ namespace {
 
 /// A file that is thrown away when it is not finished needs no way back and no flushing.
 SQLite::Database emptyFile(const std::string& path) {
-    SQLite::Database database(path, SQLite::OPEN_READWRITE);
+    SQLite::Database database(path, SQLite::OPEN_READWRITE, 0, literalPaths());
     for (const char* setting : {"PRAGMA page_size = 16384", "PRAGMA journal_mode = OFF", "PRAGMA synchronous = OFF",
                                 "PRAGMA temp_store = MEMORY", "PRAGMA cache_size = -16000"}) {
         database.tryExec(setting);
@@ -89,6 +90,11 @@ std::string declaration(const JetColumn& column) {
     }
 }
 
+/// Digits that are too many for a number are kept as bytes.
+bool isExact(int type) {
+    return type == MDB_MONEY || type == MDB_NUMERIC;
+}
+
 void bindBytes(SQLite::Statement& statement, int place, const std::vector<unsigned char>& bytes) {
     const void* start = bytes.empty() ? static_cast<const void*>("") : bytes.data();
     statement.bindNoCopy(place, start, static_cast<int>(bytes.size()));
@@ -127,7 +133,8 @@ void CopyWriter::copyRow(const JetTable& table, SQLite::Statement& insertRow) {
         else if (const auto* real = std::get_if<double>(&values[i]))
             insertRow.bind(place, *real);
         else if (const auto* text = std::get_if<std::string>(&values[i]))
-            insertRow.bindNoCopy(place, *text);
+            isExact(table.columns()[i].type) ? insertRow.bindNoCopy(place, text->data(), static_cast<int>(text->size()))
+                                             : insertRow.bindNoCopy(place, *text);
         else if (const auto* bytes = std::get_if<std::vector<unsigned char>>(&values[i]))
             table.columns()[i].type == MDB_OLE ? insertRow.bind(place, store(*bytes))
                                                : bindBytes(insertRow, place, *bytes);

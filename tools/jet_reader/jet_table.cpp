@@ -29,6 +29,10 @@ size_t placeOf(const JetTable& table, const std::string& name) {
     return static_cast<size_t>(found - columns.begin());
 }
 
+JetValue jetValue(const ExactValue& number) {
+    return std::visit([](const auto& value) { return JetValue(value); }, number);
+}
+
 template <typename Kind>
 Kind valueAs(const JetTable& table, size_t column) {
     const JetValue value = table.value(column);
@@ -102,7 +106,7 @@ JetValue JetTable::value(size_t column) const {
         case MDB_LONGINT:
             return int64_t{numberAt<int32_t>(firstBytes(bytes, 4), 0)};
         case MDB_MONEY:
-            return currencyValue(firstBytes(bytes, 8));
+            return jetValue(currencyValue(firstBytes(bytes, 8)));
         case MDB_FLOAT:
             return shortestDecimal(numberAt<float>(firstBytes(bytes, 4), 0));
         case MDB_DOUBLE:
@@ -127,7 +131,7 @@ JetValue JetTable::value(size_t column) const {
         case MDB_REPID:
             return guidText(firstBytes(bytes, 16));
         case MDB_NUMERIC:
-            return decimalValue(firstBytes(bytes, 17), form.scale);
+            return jetValue(decimalValue(firstBytes(bytes, 17), form.scale));
         default:
             throw JetFailure{JetOutcome::damaged};
     }

@@ -1,8 +1,12 @@
 #include "jet_values.h"
 
+#include "platform/database/stored_forms.h"
+
 #include <iconv.h>
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
@@ -89,6 +93,22 @@ std::optional<std::string> converted(Bytes bytes, const std::string& encoding) {
     return out;
 }
 
+/// The number that these digits are, so many of them behind the point.
+ExactValue exactValue(bool negative, std::string digits, size_t decimals) {
+    digits.insert(0, digits.size() <= decimals ? decimals + 1 - digits.size() : 0, '0');
+    digits.erase(0, std::min(digits.find_first_not_of('0'), digits.size() - decimals - 1));
+    if (decimals > 0) {
+        digits.insert(digits.size() - decimals, 1, '.');
+        digits.erase(digits.find_last_not_of('0') + 1);
+        if (digits.back() == '.') digits.pop_back();
+    }
+    if (negative && digits != "0") digits.insert(0, 1, '-');
+    if (hasMoreDigitsThanNumber(digits)) return digits;
+    double number = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return number;
+}
+
 }  // namespace
 
 std::string jet4Text(Bytes bytes) {
@@ -138,17 +158,31 @@ std::optional<std::string> dateText(double days) {
     return text.data();
 }
 
-double currencyValue(Bytes bytes) {
-    return static_cast<double>(numberAt<int64_t>(bytes, 0)) / 10000;
+ExactValue currencyValue(Bytes bytes) {
+    constexpr size_t decimals = 4;
+    const auto parts = numberAt<int64_t>(bytes, 0);
+    const uint64_t amount = parts < 0 ? 0 - static_cast<uint64_t>(parts) : static_cast<uint64_t>(parts);
+    return exactValue(parts < 0, std::to_string(amount), decimals);
 }
 
-double decimalValue(Bytes bytes, int scale) {
-    long double value = 0;
-    for (size_t word = 0; word < 4; ++word) {
-        value = value * 4294967296.0L + static_cast<long double>(numberAt<uint32_t>(bytes, 1 + word * 4));
+/// Nine digits at a time, from the last, each the rest of a division of all four words.
+ExactValue decimalValue(Bytes bytes, int scale) {
+    constexpr uint64_t billion = 1'000'000'000;
+    constexpr size_t nine = 9;
+    std::array<uint32_t, 4> words{};
+    for (size_t i = 0; i < words.size(); ++i) words[i] = numberAt<uint32_t>(bytes, 1 + i * 4);
+    std::string digits;
+    while (std::ranges::any_of(words, [](uint32_t word) { return word != 0; })) {
+        uint64_t rest = 0;
+        for (uint32_t& word : words) {
+            rest = rest << 32 | word;
+            word = static_cast<uint32_t>(rest / billion);
+            rest %= billion;
+        }
+        const std::string part = std::to_string(rest);
+        digits.insert(0, std::string(nine - part.size(), '0') + part);
     }
-    value /= std::pow(10.0L, scale);
-    return static_cast<double>(bytes[0] != 0 ? -value : value);
+    return exactValue(bytes[0] != 0, digits, static_cast<size_t>(scale));
 }
 
 std::string guidText(Bytes bytes) {

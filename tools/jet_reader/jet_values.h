@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 /// How a Jet database writes its values, turned into what the album's files hold. Texts come as UTF-8.
@@ -22,11 +23,14 @@ std::vector<unsigned char> latin1Bytes(const std::string& utf8);
 /// the years 100 to 9999.
 std::optional<std::string> dateText(double days);
 
+/// A number, or digits of which it would lose some.
+using ExactValue = std::variant<double, std::string>;
+
 /// From eight bytes in ten-thousandths.
-double currencyValue(Bytes bytes);
+ExactValue currencyValue(Bytes bytes);
 
 /// From seventeen bytes: a sign, and four words, the highest first.
-double decimalValue(Bytes bytes, int scale);
+ExactValue decimalValue(Bytes bytes, int scale);
 
 /// `{00112233-4455-6677-8899-AABBCCDDEEFF}` from sixteen bytes.
 std::string guidText(Bytes bytes);

@@ -9,14 +9,22 @@
 /// column; it is fit for a message box.
 class Error : public std::exception {
   public:
-    explicit Error(QString text) : text_(std::move(text)), utf8_(text_.toUtf8()) {}
+    enum class Kind {
+        usual,
+        damage,  ///< What was read cannot be what was written.
+    };
+
+    explicit Error(QString text, Kind kind = Kind::usual)
+        : text_(std::move(text)), utf8_(text_.toUtf8()), kind_(kind) {}
 
     const QString& text() const { return text_; }
+    bool isDamage() const { return kind_ == Kind::damage; }
     const char* what() const noexcept override { return utf8_.constData(); }
 
   private:
     QString text_;
     QByteArray utf8_;
+    Kind kind_;
 };
 
 /// Runs one statement and passes over its failure; tells whether it went through. Stands around single statements of

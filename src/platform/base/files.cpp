@@ -8,7 +8,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStorageInfo>
 #include <cerrno>
 
@@ -69,15 +68,6 @@ int giveNewName(const QByteArray& from, const QByteArray& to) {
 }
 #endif
 
-/// With the rights that count at this moment.
-bool isWritable(const QFileInfo& info) {
-#ifdef Q_OS_UNIX
-    return faccessat(AT_FDCWD, QFile::encodeName(info.filePath()).constData(), W_OK, AT_EACCESS) == 0;
-#else
-    return info.isWritable();
-#endif
-}
-
 }  // namespace
 
 QString programFolder() {
@@ -116,6 +106,14 @@ bool folderExists(const QString& path) {
     return QFileInfo(path).isDir();
 }
 
+bool isWritableNow(const QString& path) {
+#ifdef Q_OS_UNIX
+    return faccessat(AT_FDCWD, QFile::encodeName(path).constData(), W_OK, AT_EACCESS) == 0;
+#else
+    return QFileInfo(path).isWritable();
+#endif
+}
+
 void Kill(const QString& path) {
     QFile file(existingFile(path).filePath());
     if (!file.remove()) throw Error(u"文件“%1”不能删除：%2。"_s.arg(path, systemReason(file.errorString())));
@@ -133,17 +131,22 @@ void RmDir(const QString& path) {
     if (!QDir().rmdir(path)) throw Error(u"文件夹“%1”不能删除：它不是空的，或没有权限。"_s.arg(path));
 }
 
-QString writeFailure(const QFileDevice& file) {
-    const QFileInfo place(file.fileName());
+QString writeFailure(const QString& path, const QString& otherwise) {
+    const QFileInfo place(path);
     const QFileInfo folder(place.absolutePath());
     constexpr qint64 hardlyAnything = 1 << 20;
     if (!folder.isDir()) return u"文件夹不存在"_s;
     if (place.isDir()) return u"那里有一个同名的文件夹"_s;
-    if (place.exists() && !isWritable(place)) return u"文件是只读的"_s;
-    if (!isWritable(folder)) return u"文件夹不能写入"_s;
+    if (place.exists() && !place.isFile()) return u"那里是同名的设备或管道，不是文件"_s;
+    if (place.exists() && !isWritableNow(path)) return u"文件是只读的"_s;
+    if (!isWritableNow(folder.filePath())) return u"文件夹不能写入"_s;
     const QStorageInfo storage(folder.absoluteFilePath());
     if (storage.isValid() && storage.bytesAvailable() < hardlyAnything) return u"磁盘空间不足"_s;
-    return systemReason(file.errorString());
+    return otherwise;
+}
+
+QString writeFailure(const QFileDevice& file) {
+    return writeFailure(file.fileName(), systemReason(file.errorString()));
 }
 
 void syncToDisk(QFileDevice& file) {
@@ -186,12 +189,4 @@ bool renameNew(const QString& from, const QString& to) {
     const QString reason = u"名称或磁盘不能使用"_s;
 #endif
     throw Error(u"文件“%1”不能建立：%2。"_s.arg(QDir::toNativeSeparators(to), reason));
-}
-
-bool commitToDisk(QSaveFile& file) {
-    syncToDisk(file);
-    if (!file.commit()) return false;
-    // Behind a link it is the file itself that was replaced.
-    syncFolderToDisk(QFileInfo(QFileInfo(file.fileName()).canonicalFilePath()).path());
-    return true;
 }

@@ -1,9 +1,11 @@
 #include "platform/database/connection.h"
 
 #include "platform/base/system_reason.h"
+#include "platform/database/database_file.h"
 #include "platform/database/engine_errors.h"
 #include "platform/database/file_check.h"
 #include "platform/database/free_space.h"
+#include "platform/database/literal_paths.h"
 #include "platform/database/sql_functions.h"
 
 #include <sqlite3.h>
@@ -77,9 +79,9 @@ int waitForOthers(void*, int tried) {
     return tried < busyTimeoutMs / busyStepMs ? 1 : 0;
 }
 
-SQLite::Database openDatabase(const QString& path, int flags) {
+SQLite::Database openDatabase(const QString& path, int flags, const char* fileSystem = "") {
     try {
-        SQLite::Database database(path.toStdString(), flags);
+        SQLite::Database database(path.toStdString(), flags, 0, fileSystem);
         sqlite3_busy_handler(database.getHandle(), waitForOthers, nullptr);
         return database;
     } catch (const SQLite::Exception& failure) {
@@ -100,7 +102,7 @@ void requireTransaction(const Connection& connection) {
 }  // namespace
 
 std::shared_ptr<Connection> Connection::open(const QString& path) {
-    if (!QFileInfo(path).isFile()) throw Error(u"数据库文件“%1”不存在。"_s.arg(path));
+    requireDatabaseFile(path);
     if (auto shared = openConnection(path)) return shared;
     if (ForeignCopy::isJetFile(path)) {
         const std::shared_ptr<Connection> connection(new Connection(path, std::make_unique<ForeignCopy>(path)));
@@ -108,7 +110,7 @@ std::shared_ptr<Connection> Connection::open(const QString& path) {
         openConnections().push_back(connection);
         return connection;
     }
-    if (!hasDatabaseHeader(path)) throw Error(u"文件“%1”不是数据库，或已损坏。"_s.arg(path));
+    if (!hasDatabaseHeader(path)) throw Error(u"文件“%1”不是数据库，或已损坏。"_s.arg(path), Error::Kind::damage);
 
     const std::shared_ptr<Connection> connection(new Connection(path, openFlags(path)));
     connection->configure();
@@ -118,6 +120,7 @@ std::shared_ptr<Connection> Connection::open(const QString& path) {
 }
 
 bool Connection::isJetFile(const QString& path) {
+    requireDatabaseFile(path);
     const auto shared = openConnection(path);
     return shared ? shared->isForeign() : ForeignCopy::isJetFile(path);
 }
@@ -140,7 +143,7 @@ std::shared_ptr<Connection> Connection::create(const QString& path) {
 
 Connection::Connection(const QString& path, int flags)
     : path_(path), database_(openDatabase(path, flags)), longBinaries_(*this) {
-    registerFunctions(handle());
+    setUpDialect(handle());
     pause_.setSingleShot(true);
     pause_.setInterval(pauseMs);
     pause_.callOnTimeout([this] { attempt([this] { giveBackSpace(); }); });
@@ -149,9 +152,9 @@ Connection::Connection(const QString& path, int flags)
 Connection::Connection(const QString& path, std::unique_ptr<ForeignCopy> foreign)
     : path_(path),
       foreign_(std::move(foreign)),
-      database_(openDatabase(engineFile(), SQLITE_OPEN_READONLY)),
+      database_(openDatabase(engineFile(), SQLITE_OPEN_READONLY, literalPaths())),
       longBinaries_(*this) {
-    registerFunctions(handle());
+    setUpDialect(handle());
 }
 
 /// Somebody else's file, and one that has only been read, keeps its free space.
@@ -215,12 +218,16 @@ qint64 Connection::number(const QString& sql) {
     return step(statement) ? statement.getColumn(0).getInt64() : 0;
 }
 
-SQLite::Statement Connection::prepare(const QString& sql) {
-    return checked([&] { return SQLite::Statement(database_, sql.toStdString()); });
+SQLite::Statement Connection::prepare(const QString& sql, const QString& table) {
+    try {
+        return SQLite::Statement(database_, sql.toStdString());
+    } catch (const SQLite::Exception& failure) {
+        throw error(failure.getErrorCode(), table);
+    }
 }
 
-void Connection::run(const QString& sql) {
-    SQLite::Statement statement = prepare(sql);
+void Connection::run(const QString& sql, const QString& table) {
+    SQLite::Statement statement = prepare(sql, table);
     while (step(statement)) {
     }
 }
@@ -296,11 +303,11 @@ void Connection::movePages(qint64 freePages) {
     if (left < freePages) giveBackSpaceLater();
 }
 
-Error Connection::error(int code) const {
+Error Connection::error(int code, const QString& table) const {
     const int extended = sqlite3_extended_errcode(handle());
     const bool isSame = (extended & 0xff) == (code & 0xff);
     return engineError(path_, isSame ? extended : code, QString::fromUtf8(sqlite3_errmsg(handle())),
-                       sqlite3_system_errno(handle()));
+                       sqlite3_system_errno(handle()), table);
 }
 
 Error Connection::missingTable(const QString& table) const {

@@ -23,7 +23,7 @@ class Connection {
 
     const QString& path() const { return path_; }
     /// The file that the engine reads: another one than `path` for a foreign database.
-    const QString& engineFile() const { return foreign_ ? foreign_->file() : path_; }
+    QString engineFile() const { return foreign_ ? foreign_->file() : path_; }
     bool isForeign() const { return foreign_ != nullptr; }
     bool isOurs();  ///< Made by this program.
     int version();  ///< Of the file's layout; tells something only of a file of ours.
@@ -34,8 +34,9 @@ class Connection {
     sqlite3* handle() const { return database_.getHandle(); }
     LongBinaries& longBinaries() { return longBinaries_; }
 
-    SQLite::Statement prepare(const QString& sql);
-    void run(const QString& sql);
+    /// Where a column is missing, the failure names the `table` too that the statement is about.
+    SQLite::Statement prepare(const QString& sql, const QString& table = {});
+    void run(const QString& sql, const QString& table = {});
     bool step(SQLite::Statement& statement);
     qint64 lastRowId() const { return database_.getLastInsertRowid(); }
 
@@ -59,7 +60,7 @@ class Connection {
     void giveBackSpaceLater();
 
     /// The failure of the last call, as an `Error` that names the file.
-    Error error(int code) const;
+    Error error(int code, const QString& table = {}) const;
     Error missingTable(const QString& table) const;
 
     /// Runs calls of the engine's wrapper; what they throw comes out as `Error`.

@@ -50,7 +50,7 @@ void dropTable(Connection& connection, const QString& table) {
 void deleteRows(Connection& connection, const Tokens& tokens) {
     requireTable(connection, tokens[2].text);
     Change change(connection);
-    connection.run(engineSql(tokens));
+    connection.run(engineSql(tokens), tokens[2].text);
     change.commit();
 }
 

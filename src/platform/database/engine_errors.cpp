@@ -11,8 +11,17 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+/// The name in a message such as `no such column: t.序号`, without that of the table before it; empty in another
+/// message.
+QString missingColumn(const QString& message) {
+    const QString start = u"no such column: "_s;
+    return message.startsWith(start) ? message.sliced(start.size()).section(u'.', -1) : QString();
+}
+
 /// The text of a failed statement: the engine tells these apart only by their wording.
-QString statementFailure(const QString& message) {
+QString statementFailure(const QString& message, const QString& table) {
+    const QString column = missingColumn(message);
+    if (!column.isEmpty() && !table.isEmpty()) return u"表“%1”中没有列“%2”"_s.arg(table, column);
     struct Wording {
         QString start;
         QString end;
@@ -53,7 +62,7 @@ QString diskReason(int systemError) {
     }
 }
 
-QString reason(int code, const QString& message, int systemError) {
+QString reason(int code, const QString& message, int systemError, const QString& table) {
     if (code == SQLITE_READONLY_DBMOVED) return u"文件已被移走、删除或替换，或者磁盘已经断开，不能修改"_s;
     switch (code & 0xff) {
         case SQLITE_FULL:
@@ -81,7 +90,7 @@ QString reason(int code, const QString& message, int systemError) {
         case SQLITE_CONSTRAINT:
             return u"数据不符合表的约束（%1）"_s.arg(message);
         case SQLITE_ERROR:
-            return statementFailure(message);
+            return statementFailure(message, table);
         default:
             return u"操作失败（%1）"_s.arg(message);
     }
@@ -89,6 +98,8 @@ QString reason(int code, const QString& message, int systemError) {
 
 }  // namespace
 
-Error engineError(const QString& path, int code, const QString& message, int systemError) {
-    return Error(u"数据库文件“%1”：%2。"_s.arg(path, reason(code, message, systemError)));
+Error engineError(const QString& path, int code, const QString& message, int systemError, const QString& table) {
+    const int kind = code & 0xff;
+    return Error(u"数据库文件“%1”：%2。"_s.arg(path, reason(code, message, systemError, table)),
+                 kind == SQLITE_CORRUPT || kind == SQLITE_NOTADB ? Error::Kind::damage : Error::Kind::usual);
 }

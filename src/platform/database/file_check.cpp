@@ -1,11 +1,11 @@
 #include "platform/database/file_check.h"
 
+#include "platform/database/database_file.h"
 #include "platform/database/engine_errors.h"
 #include "platform/database/sql_functions.h"
 
 #include <sqlite3.h>
 
-#include <QFileInfo>
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -27,6 +27,7 @@ Checks& checks() {
 }
 
 SQLite::Database openToRead(const QString& path) {
+    requireDatabaseFile(path);
     try {
         return SQLite::Database(path.toStdString(), SQLite::OPEN_READONLY);
     } catch (const SQLite::Exception& failure) {
@@ -37,7 +38,7 @@ SQLite::Database openToRead(const QString& path) {
 }  // namespace
 
 FileCheck::FileCheck(const QString& path) : path_(path), database_(openToRead(path)) {
-    registerFunctions(database_.getHandle());
+    setUpDialect(database_.getHandle());
     const std::lock_guard lock(checks().mutex);
     checks().running.push_back(this);
 }
@@ -61,7 +62,7 @@ FileCheck::Outcome FileCheck::run() {
     interrupted_ = false;
     const Outcome outcome = look();
     // A file that is gone, with the disk or the network that it was on, is not damaged.
-    if (outcome == Outcome::damaged && !QFileInfo(path_).isFile()) throw Error(u"数据库文件“%1”不存在。"_s.arg(path_));
+    if (outcome == Outcome::damaged) requireDatabaseFile(path_);
     // What was broken off has not seen all pages, and may take the others for lost.
     return interrupted_ ? Outcome::interrupted : outcome;
 }

@@ -1,15 +1,18 @@
 #include "platform/database/foreign_copy.h"
 
 #include "platform/base/error.h"
+#include "platform/base/files.h"
 #include "platform/base/system_reason.h"
 #include "platform/database/jet_outcome.h"
+
+#include <fcntl.h>
+#include <unistd.h>
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
-#include <QTemporaryFile>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -56,12 +59,13 @@ Error failure(const QString& path, const QString& why) {
     return Error(u"数据库文件“%1”不能使用：%2。"_s.arg(path, why));
 }
 
-/// An empty file that nobody else can read: what is copied into it may be private.
-QString newScratchFile(const QString& path) {
-    QTemporaryFile file(QDir::tempPath() + u"/lunq-jet-XXXXXX.db"_s);
-    file.setAutoRemove(false);
-    if (!file.open()) throw failure(path, reason(JetOutcome::diskFull));
-    return file.fileName();
+/// An empty file without a name, in which nobody else can look: what is copied into it may be private.
+int newUnnamedFile(const QString& path) {
+    QByteArray name = QFile::encodeName(QDir::tempPath() + u"/lunq-jet-XXXXXX"_s);
+    const int file = mkostemp(name.data(), O_CLOEXEC);
+    if (file < 0) throw failure(path, reason(JetOutcome::diskFull));
+    unlink(name.constData());
+    return file;
 }
 
 /// Waits for the program to end, as long as it goes on telling of its progress.
@@ -95,17 +99,21 @@ ForeignCopy::ForeignCopy(const QString& path) : path_(path) {
     if (!QFileInfo(readerProgram()).isExecutable()) {
         throw failure(path, u"读取它要用的程序“%1”不见了，请重新安装本软件"_s.arg(readerProgram()));
     }
-    file_ = newScratchFile(path);
+    file_ = newUnnamedFile(path);
     try {
         read();
     } catch (...) {
-        QFile::remove(file_);
+        close(file_);
         throw;
     }
 }
 
 ForeignCopy::~ForeignCopy() {
-    QFile::remove(file_);
+    close(file_);
+}
+
+QString ForeignCopy::file() const {
+    return u"/proc/self/fd/%1"_s.arg(file_);
 }
 
 bool ForeignCopy::isCurrent() const {
@@ -117,7 +125,8 @@ void ForeignCopy::read() {
     QProcess reader;
     reader.setStandardInputFile(QProcess::nullDevice());
     reader.setStandardErrorFile(QProcess::nullDevice());
-    reader.start(readerProgram(), {QFileInfo(path_).absoluteFilePath(), file_});
+    reader.setChildProcessModifier([this] { fcntl(file_, F_SETFD, 0); });  // goes on being open there
+    reader.start(readerProgram(), {QFileInfo(path_).absoluteFilePath(), file()});
     if (!reader.waitForStarted()) throw failure(path_, u"读取它要用的程序“%1”不能启动"_s.arg(readerProgram()));
     if (!endsInTime(reader, chosenReader().patienceMs)) {
         reader.kill();

@@ -3,8 +3,9 @@
 #include <QDateTime>
 #include <QString>
 
-/// What a Jet database holds, as a temporary SQLite file that goes with this object. A program of its own, `lunq-jet`
-/// beside the executable, reads the database: a malformed file can end that program, never this one.
+/// What a Jet database holds, as a temporary SQLite file that goes with this object. The file has no name at any time:
+/// what may be private cannot stay behind, even where this program is killed. A program of its own, `lunq-jet` beside
+/// the executable, reads the database: a malformed file can end that program, never this one.
 class ForeignCopy {
   public:
     /// Whether a file begins as Jet databases do. Throws `Error` when it cannot be read.
@@ -16,8 +17,8 @@ class ForeignCopy {
     ForeignCopy(const ForeignCopy&) = delete;
     ForeignCopy& operator=(const ForeignCopy&) = delete;
 
-    /// Path of the copy.
-    const QString& file() const { return file_; }
+    /// By which the engine opens the copy, with paths taken as they stand (see `literalPaths`).
+    QString file() const;
     /// Whether the database is still as it was when it was read.
     bool isCurrent() const;
 
@@ -27,7 +28,7 @@ class ForeignCopy {
     QString path_;
     qint64 size_ = 0;
     QDateTime changed_;
-    QString file_;
+    int file_ = -1;
 };
 
 /// The program that reads Jet databases, and for how long it may stay without a sign of progress.

@@ -108,7 +108,9 @@ void dateValue(sqlite3_context* context, int, sqlite3_value** arguments) {
 
 }  // namespace
 
-void registerFunctions(sqlite3* connection) {
+void setUpDialect(sqlite3* connection) {
+    for (const int quotedTexts : {SQLITE_DBCONFIG_DQS_DML, SQLITE_DBCONFIG_DQS_DDL})
+        sqlite3_db_config(connection, quotedTexts, 0, nullptr);
     const auto add = [connection](const char* name, int arguments, auto* function) {
         sqlite3_create_function_v2(connection, name, arguments, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, function,
                                    nullptr, nullptr, nullptr);

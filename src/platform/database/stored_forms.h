@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <string_view>
 
 // How a file holds what its engine knows nothing about. The reader of Jet databases, which does without Qt, writes the
 // same.
@@ -9,6 +10,17 @@
 /// The table in which long-binary values lie; the cells of the other tables hold its keys.
 inline constexpr auto createLongBinarySql =
     "CREATE TABLE IF NOT EXISTS long_binary (id INTEGER PRIMARY KEY AUTOINCREMENT, bytes BLOB NOT NULL)";
+
+/// Digits that a number of the engine gives back. An amount or a decimal that has more of them is kept as the bytes of
+/// its text instead: as a text the engine would turn it into such a number all the same.
+inline constexpr int digitsOfNumber = 15;
+
+/// For digits with or without a point, without an exponent.
+inline bool hasMoreDigitsThanNumber(std::string_view decimal) {
+    int digits = 0;
+    for (const char c : decimal) digits += (c >= '1' && c <= '9') || (c == '0' && digits > 0) ? 1 : 0;
+    return digits > digitsOfNumber;
+}
 
 /// The number that the shortest decimal for a single-precision one names: 1234.567, not 1234.5670166015625.
 inline double shortestDecimal(float number) {

@@ -30,7 +30,7 @@ TableRows::TableRows(Connection& connection, const SelectQuery& query)
 
 std::vector<qint64> TableRows::rowidsOf(const QString& sql) {
     std::vector<qint64> rowids;
-    SQLite::Statement list = connection_.prepare(sql);
+    SQLite::Statement list = connection_.prepare(sql, table_);
     while (connection_.step(list)) rowids.push_back(list.getColumn(0).getInt64());
     return rowids;
 }
@@ -44,7 +44,7 @@ QString TableRows::columnList() const {
 Row TableRows::read(int row) {
     if (!readRow_) {
         const QString sql = u"SELECT %1 FROM %2 WHERE _rowid_ = ?"_s.arg(columnList(), quotedName(table_));
-        readRow_.emplace(connection_.prepare(sql));
+        readRow_.emplace(connection_.prepare(sql, table_));
     }
     connection_.checked([&] {
         readRow_->reset();
@@ -97,12 +97,14 @@ void TableRows::add(const PendingValues& values) {
 }
 
 int TableRows::runWith(const QString& sql, const PendingValues& values) {
-    SQLite::Statement statement = connection_.prepare(sql);
+    SQLite::Statement statement = connection_.prepare(sql, table_);
     int place = 0;
-    for (const auto& [column, pending] : values) {
+    for (const auto& [at, pending] : values) {
         ++place;
         if (!pending.bytes) {
-            connection_.checked([&, &stored = pending.value] { bindValue(statement, place, stored); });
+            connection_.checked([&, &at = at, &stored = pending.value] {
+                bindValue(statement, place, stored, columns_[static_cast<size_t>(at)].type);
+            });
             continue;
         }
         const qint64 key = connection_.longBinaries().store(*pending.bytes);

@@ -6,8 +6,10 @@
 
 #include <sqlite3.h>
 
+#include <QRegularExpression>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -73,8 +75,64 @@ QByteArray fittedBytes(const Column& column, const Variant& value) {
     return bytes;
 }
 
+bool isExact(FieldType type) {
+    return type == FieldType::currency || type == FieldType::decimal;
+}
+
+/// Digits, decimals and sign of a number that is written out.
+struct Written {
+    bool negative;
+    QString whole;  ///< Without zeros in front.
+    QString decimals;
+
+    QString text() const {
+        QString all = (negative ? u"-"_s : QString()) + (whole.isEmpty() ? u"0"_s : whole);
+        return decimals.isEmpty() ? all : all + u'.' + decimals;
+    }
+};
+
+/// Nothing for a number that the engine's own keep all digits of, or that is written in another way.
+std::optional<Written> writtenInManyDigits(const Variant& value) {
+    static const QRegularExpression number(u"^([+-]?)0*([0-9]*)(?:\\.([0-9]*?)0*)?$"_s);
+    const auto* given = std::get_if<QString>(&value.storage());
+    if (given == nullptr) return {};
+    const auto match = number.match(QString(*given).remove(u',').trimmed());
+    const Written written{match.captured(1) == u"-", match.captured(2), match.captured(3)};
+    if (!match.hasMatch() || !hasMoreDigitsThanNumber(written.text().toStdString())) return {};
+    return written;
+}
+
+/// Four decimals, halves to the even digit.
+Variant fittedAmount(const Column& column, const Variant& value, const Written& written) {
+    constexpr int places = 4;
+    const QString kept = written.decimals.left(places).leftJustified(places, u'0'), rest = written.decimals.mid(places);
+    bool fits = false;
+    const qint64 parts = ((written.negative ? u"-"_s : QString()) + written.whole + kept).toLongLong(&fits);
+    if (!fits) refuse(column, value, u"超出范围（-922337203685477.5808 至 922337203685477.5807）"_s);
+    const bool up = rest > u"5" || (rest == u"5" && parts % 2 != 0);
+    const quint64 amount = (parts < 0 ? 0 - static_cast<quint64>(parts) : static_cast<quint64>(parts)) + (up ? 1 : 0);
+    QString decimals = QString::number(amount % 10000).rightJustified(places, u'0');
+    while (decimals.endsWith(u'0')) decimals.chop(1);
+    const QString text = Written{written.negative, QString::number(amount / 10000), decimals}.text();
+    return hasMoreDigitsThanNumber(text.toStdString()) ? Variant(text) : Variant(text.toDouble());
+}
+
+Variant fittedExact(const Column& column, const Variant& value) {
+    constexpr int mostDigits = 28;
+    const double number = fittedNumber(column, value);
+    const auto written = writtenInManyDigits(value);
+    const bool isAmount = column.type == FieldType::currency;
+    if (!written) return isAmount ? std::nearbyint(number * 10000) / 10000 : number;
+    if (isAmount) return fittedAmount(column, value, *written);
+    const auto digits = written->whole.size() + written->decimals.size();
+    if (digits > mostDigits) refuse(column, value, u"共 %1 位数字，最多 %2 位"_s.arg(digits).arg(mostDigits));
+    return written->text();
+}
+
 Variant integerValue(qint64 number, FieldType type) {
     if (type == FieldType::boolean) return number != 0;
+    if (const QString text = QString::number(number); isExact(type) && hasMoreDigitsThanNumber(text.toStdString()))
+        return text;
     if (type == FieldType::single) return static_cast<float>(number);
     const bool fits = number >= std::numeric_limits<qint32>::min() && number <= std::numeric_limits<qint32>::max();
     const bool whole = type != FieldType::real && type != FieldType::currency && type != FieldType::decimal;
@@ -103,10 +161,10 @@ Variant fitted(const Column& column, const Variant& value) {
         case FieldType::single:
             return fittedSingle(column, value);
         case FieldType::real:
-        case FieldType::decimal:
             return fittedNumber(column, value);
         case FieldType::currency:
-            return std::nearbyint(fittedNumber(column, value) * 10000) / 10000;
+        case FieldType::decimal:
+            return fittedExact(column, value);
         case FieldType::date:
             return fittedDate(column, value);
         case FieldType::text:
@@ -120,8 +178,12 @@ Variant fitted(const Column& column, const Variant& value) {
     return value;
 }
 
-void bindValue(SQLite::Statement& statement, int index, const Variant& value) {
-    const auto bindText = [&](const QString& text) { statement.bind(index, text.toStdString()); };
+void bindValue(SQLite::Statement& statement, int index, const Variant& value, FieldType type) {
+    const auto bindText = [&](const QString& text) {
+        const std::string bytes = text.toStdString();
+        isExact(type) ? statement.bind(index, bytes.data(), static_cast<int>(bytes.size()))
+                      : statement.bind(index, bytes);
+    };
     const auto& storage = value.storage();
     if (const auto* truth = std::get_if<bool>(&storage))
         statement.bind(index, *truth ? 1 : 0);
@@ -153,7 +215,8 @@ Variant storedValue(SQLite::Statement& statement, int index, FieldType type) {
     if (value.isFloat()) {
         return type == FieldType::single ? Variant(static_cast<float>(value.getDouble())) : Variant(value.getDouble());
     }
-    if (value.isBlob()) return QByteArray(static_cast<const char*>(value.getBlob()), value.getBytes());
+    if (value.isBlob() && !isExact(type))
+        return QByteArray(static_cast<const char*>(value.getBlob()), value.getBytes());
     if (type == FieldType::date) {
         if (const auto date = dateFromText(text())) return *date;
     }

@@ -8,9 +8,10 @@
 /// column and value when it does not fit the type or the length. Bytes pass for a long-binary column only.
 Variant fitted(const Column& column, const Variant& value);
 
-/// Binds a fitted value, in the form in which the file keeps it: dates as `2003-10-01 12:30:00`, truth values as 0 and
-/// 1, single-precision numbers as the shortest decimal that gives them back.
-void bindValue(SQLite::Statement& statement, int index, const Variant& value);
+/// Binds a fitted value of a column of this type, in the form in which the file keeps it: dates as
+/// `2003-10-01 12:30:00`, truth values as 0 and 1, single-precision numbers as the shortest decimal that gives them
+/// back, amounts and decimals of more digits than a number keeps as the bytes of their text.
+void bindValue(SQLite::Statement& statement, int index, const Variant& value, FieldType type);
 
 /// The value of a result column that is not long-binary. What another program has stored against the declared type
 /// comes as it is.

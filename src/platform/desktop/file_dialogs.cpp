@@ -1,5 +1,6 @@
 #include "platform/desktop/file_dialogs.h"
 
+#include "platform/base/files.h"
 #include "platform/desktop/message_box.h"
 
 #include <QFileDialog>
@@ -25,9 +26,14 @@ class Dialog : public QFileDialog {
   protected:
     void accept() override {
         const QStringList files = selectedFiles();
-        const bool exists = acceptMode() == AcceptSave && !files.isEmpty() && QFileInfo(files.first()).isFile();
+        const QString chosen = files.isEmpty() ? QString() : files.first();
+        if (QFileInfo::exists(chosen) && !fileExists(chosen) && !folderExists(chosen)) {
+            say(this, u"“%1”是设备或管道，不是文件，请另选一个。"_s.arg(QDir::toNativeSeparators(chosen)));
+            return;
+        }
+        const bool exists = acceptMode() == AcceptSave && fileExists(chosen);
         if (!exists || ask(this, u"文件[%1]已存在，要覆盖它吗？\n\n按“确定”覆盖；否则按“取消”。"_s.arg(
-                                     QDir::toNativeSeparators(files.first()))))
+                                     QDir::toNativeSeparators(chosen))))
             QFileDialog::accept();
     }
 };

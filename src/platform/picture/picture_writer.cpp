@@ -1,12 +1,11 @@
 #include "platform/base/error.h"
-#include "platform/base/files.h"
+#include "platform/base/unnamed_file.h"
 #include "platform/picture/picture.h"
 
 #include <QBuffer>
 #include <QDir>
 #include <QImageWriter>
 #include <QPainter>
-#include <QSaveFile>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -30,17 +29,16 @@ QByteArray encoded(const QImage& image, const char* format, int quality) {
     return bytes;
 }
 
-/// The encoders take no notice of a write that was cut short, nor does the file when it is committed: on a disk that
-/// fills up, the rest of the picture would be lost without a word. So all bytes go to the file at once and are counted.
 void save(const QImage& image, const QString& path, const char* format, int quality) {
     const QString text = u"不能保存图片“%1”：%2。"_s;
-    const QString name = QDir::toNativeSeparators(path);
-    if (image.isNull()) throw Error(text.arg(name, u"没有图片"_s));
+    if (image.isNull()) throw Error(text.arg(QDir::toNativeSeparators(path), u"没有图片"_s));
 
+    // The encoders take no notice of a write that was cut short: on a disk that fills up, the rest of the picture would
+    // be lost without a word. So all bytes go to the file at once and are counted.
     const QByteArray bytes = encoded(image, format, quality);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !commitToDisk(file))
-        throw Error(text.arg(name, writeFailure(file)));
+    UnnamedFile file(path, text);
+    file.write(bytes);
+    file.replace();
 }
 
 }  // namespace

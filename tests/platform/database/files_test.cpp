@@ -1,6 +1,9 @@
 #include "../../support/disk_faults.h"
 #include "../../support/run_all.h"
+#include "platform/database/file_check.h"
 #include "test_album.h"
+
+#include <sys/stat.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -59,6 +62,31 @@ class FilesTest : public QObject {
                                 album_->folder.path()};
         for (const QString& path : paths) {
             QVERIFY(failsSaying([&] { OpenDatabase(path); }, {path}));
+        }
+        for (const int damaged : {0, 1, 2, 3, 4}) {
+            try {
+                OpenDatabase(paths[damaged]);
+                QFAIL("opened");
+            } catch (const Error& error) {
+                QVERIFY2(error.isDamage(), qPrintable(paths[damaged]));
+            }
+        }
+    }
+
+    /// At a pipe, and at a device without an end, the program would wait for ever.
+    void refusesWhatIsNoFile() {
+        const QString pipe = album_->folder.filePath(u"pipe"_s), lost = album_->folder.filePath(u"lost"_s);
+        QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
+        for (const auto& [target, reason] : {std::pair{pipe, u"设备或管道"_s},
+                                             {u"/dev/zero"_s, u"设备或管道"_s},
+                                             {album_->folder.path(), u"文件夹"_s},
+                                             {lost, u"所指的“%1”不存在"_s.arg(lost)}}) {
+            const QString link = album_->folder.filePath(u"link.mdb"_s);
+            QFile::remove(link);
+            QVERIFY(QFile::link(target, link));
+            QVERIFY(failsSaying([&] { OpenDatabase(link); }, {link, reason}));
+            QVERIFY(failsSaying([&] { isJetDatabase(link); }, {link, reason}));
+            QVERIFY(failsSaying([&] { FileCheck check(link); }, {link, reason}));
         }
     }
 

@@ -106,6 +106,21 @@ class JetDamageTest : public QObject {
         QVERIFY(failsSaying([&] { OpenDatabase(path); }, {path, u"密码"_s}));
     }
 
+    /// Whatever ends the program or its reader then, what they have read cannot stay behind.
+    void copyHasNoNameAtAnyTime() {
+        const QString path = files_->write(u"a.mdb"_s, garbage(1, 12288, 1));
+        const QString seen = files_->folder.filePath(u"seen"_s);
+        const auto openFiles = [] {
+            return QDir(u"/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System).size();
+        };
+        setJetReader({script("printf private > \"$2\"; { ls -A \"$TMPDIR\"; cat \"$2\"; } > '" +
+                             QFile::encodeName(seen) + "'; exit 67\n")});
+        const auto before = openFiles();
+        QVERIFY(failsSaying([&] { OpenDatabase(path); }, {path, u"密码"_s}));
+        QCOMPARE(JetFiles::content(seen), QByteArray("private"));
+        QCOMPARE(openFiles(), before);
+    }
+
     void noPlaceForTheCopyIsSaid() {
         const QString path = files_->write(u"a.mdb"_s, garbage(1, 12288, 1));
         qputenv("TMPDIR", "/proc");

@@ -96,7 +96,7 @@ class JetSamplesTest : public QObject {
             QCOMPARE(contents.rows.join(u", "), rows);
             QCOMPARE(contents.nulls, nulls);
             QCOMPARE(contents.longValues.join(u' '), longValues);
-            QCOMPARE(files_->copies().size(), 1);
+            QCOMPARE(files_->copies(), QStringList());
         }
     }
 
@@ -210,14 +210,15 @@ class JetSamplesTest : public QObject {
         const QString path = files_->write(u"a.mdb"_s, JetFiles::content(JetFiles::sample(u"jet4-encoded.mdb"_s)));
         Database first = OpenDatabase(path);
         {
+            setJetReader({u"/does/not/exist"_s});
             const Database second = OpenDatabase(path);
-            QCOMPARE(files_->copies().size(), 1);
+            setJetReader();
         }
         files_->write(u"a.mdb"_s, JetFiles::content(JetFiles::sample(u"jet3-types.mdb"_s)));
         const Database changed = OpenDatabase(path);
         QCOMPARE(changed.TableDefs().size(), 4);
         QCOMPARE(first.TableDefs(), QStringList(u"Table1"_s));
-        QCOMPARE(files_->copies().size(), 2);
+        QCOMPARE(files_->copies(), QStringList());
         Recordset set = first.OpenRecordset(u"Table1"_s);
         first = {};
         QCOMPARE(set.FieldCount(), 3);  // a set keeps its database

@@ -23,7 +23,7 @@ class ValuesTest : public QObject {
         album_ = std::make_unique<TestAlbum>();
         album_->database.Execute(
             u"CREATE TABLE typed (l LONG, i SHORT, b BYTE, s SINGLE, d DOUBLE, y YESNO, "
-            "t DATETIME, c TEXT(5), m MEMO, p LONGBINARY)"_s);
+            "t DATETIME, c TEXT(5), m MEMO, p LONGBINARY, g CURRENCY, n DECIMAL)"_s);
     }
 
     void keepsWhatIsPutIn() {
@@ -47,8 +47,20 @@ class ValuesTest : public QObject {
             {u"c"_s, u""_s, u""_s, u"|text"_s},                                                   // empty text
             {u"m"_s, u"123"_s, u"123"_s, u"123|text"_s},                                          // memo of digits
             {u"m"_s, u"1e3"_s, u"1e3"_s, u"1e3|text"_s},                                          // memo like a number
-            {u"l"_s, {}, {}, u"|null"_s},                                                         // Null
-            {u"t"_s, {}, {}, u"|null"_s},                                                         // Null date
+            {u"g"_s, u"1,234.5678"_s, 1234.5678, u"1234.5678|real"_s},                            // amount
+            {u"g"_s, u"12"_s, 12.0, u"12|integer"_s},                                             // whole amount
+            {u"g"_s, u" -922,337,203,685,477.5808 "_s, u"-922337203685477.5808"_s,
+             u"-922337203685477.5808|blob"_s},                                                       // largest amount
+            {u"g"_s, u"123456789012.34565"_s, u"123456789012.3456"_s, u"123456789012.3456|blob"_s},  // half to even
+            {u"g"_s, u"123456789012.34575"_s, u"123456789012.3458"_s, u"123456789012.3458|blob"_s},  // half to even
+            {u"g"_s, u"-0.0000123456789012345"_s, 0.0, u"0|integer"_s},  // less than it holds
+            {u"n"_s, u"0.5"_s, 0.5, u"0.5|real"_s},                      // short decimal
+            {u"n"_s, u"007.9228162514264337593543950330"_s, u"7.922816251426433759354395033"_s,
+             u"7.922816251426433759354395033|blob"_s},                                           // all its digits
+            {u"n"_s, u"1234567890123456"_s, u"1234567890123456"_s, u"1234567890123456|blob"_s},  // long whole number
+            {u"n"_s, u"1e30"_s, 1e30, u"1.0e+30|real"_s},                                        // in another way
+            {u"l"_s, {}, {}, u"|null"_s},                                                        // Null
+            {u"t"_s, {}, {}, u"|null"_s},                                                        // Null date
         };
         for (const auto& [column, given, back, inTheFile] : cases) {
             album_->shell(u"DELETE FROM typed"_s);
@@ -65,20 +77,23 @@ class ValuesTest : public QObject {
 
     void refusesWhatDoesNotFit() {
         const std::tuple<QString, Variant, QString> cases[] = {
-            {u"l"_s, u"12a"_s, u"12a"_s},                    // no number
-            {u"l"_s, u""_s, u"数字"_s},                      // empty is no number
-            {u"l"_s, u"2147483648"_s, u"2147483648"_s},      // 32 bits
-            {u"l"_s, std::nan(""), u"不是数字"_s},           // not a number
-            {u"s"_s, std::nan(""), u"不是数字"_s},           // not a single number
-            {u"i"_s, 32768, u"32768"_s},                     // 16 bits
-            {u"b"_s, -1, u"-1"_s},                           // byte below
-            {u"s"_s, 1e39, u"过大"_s},                       // single too large
-            {u"y"_s, u"maybe"_s, u"maybe"_s},                // no truth
-            {u"t"_s, u"2003-02-30"_s, u"2003-02-30"_s},      // no date
-            {u"t"_s, 37895, u"37895"_s},                     // number as date
-            {u"c"_s, u"一二三四五六"_s, u"一二三四五六"_s},  // text too long
-            {u"m"_s, QByteArray("\xff\xd8"), u"文本"_s},     // bytes in a text
-            {u"p"_s, u"path"_s, u"path"_s},                  // text in a picture
+            {u"l"_s, u"12a"_s, u"12a"_s},                                   // no number
+            {u"l"_s, u""_s, u"数字"_s},                                     // empty is no number
+            {u"l"_s, u"2147483648"_s, u"2147483648"_s},                     // 32 bits
+            {u"l"_s, std::nan(""), u"不是数字"_s},                          // not a number
+            {u"s"_s, std::nan(""), u"不是数字"_s},                          // not a single number
+            {u"i"_s, 32768, u"32768"_s},                                    // 16 bits
+            {u"b"_s, -1, u"-1"_s},                                          // byte below
+            {u"s"_s, 1e39, u"过大"_s},                                      // single too large
+            {u"y"_s, u"maybe"_s, u"maybe"_s},                               // no truth
+            {u"t"_s, u"2003-02-30"_s, u"2003-02-30"_s},                     // no date
+            {u"t"_s, 37895, u"37895"_s},                                    // number as date
+            {u"c"_s, u"一二三四五六"_s, u"一二三四五六"_s},                 // text too long
+            {u"m"_s, QByteArray("\xff\xd8"), u"文本"_s},                    // bytes in a text
+            {u"p"_s, u"path"_s, u"path"_s},                                 // text in a picture
+            {u"g"_s, u"922337203685477.5808"_s, u"超出范围"_s},             // amount too large
+            {u"n"_s, u"12345678901234567890123456789"_s, u"最多 28 位"_s},  // decimal too long
+            {u"n"_s, u"12345678901234567.8.9"_s, u"不是数字"_s},            // two points
         };
         for (const auto& [column, given, named] : cases) {
             Recordset set = typed();
@@ -98,14 +113,18 @@ class ValuesTest : public QObject {
             const Field field = set.Fields(i);
             types << u"%1 %2 %3"_s.arg(field.Name()).arg(static_cast<int>(field.Type())).arg(field.Size());
         }
-        QCOMPARE(types.join(u", "), u"l 4 4, i 3 2, b 2 1, s 6 4, d 7 8, y 1 1, t 8 8, c 10 5, m 12 0, p 11 0"_s);
+        QCOMPARE(types.join(u", "),
+                 u"l 4 4, i 3 2, b 2 1, s 6 4, d 7 8, y 1 1, t 8 8, c 10 5, m 12 0, p 11 0, "
+                 "g 5 8, n 20 16"_s);
     }
 
     void foreignContentComesAsItIs() {
-        album_->shell(u"INSERT INTO typed (l, t, s) VALUES (5000000000, 'some day', 'much')"_s);
+        album_->shell(u"INSERT INTO typed (l, t, s, n) VALUES (5000000000, 'some day', 'much', 1234567890123456789)"_s);
         const Recordset set = typed();
-        for (const auto& [column, value] :
-             {std::pair{u"l"_s, Variant(5e9)}, {u"t"_s, Variant(u"some day"_s)}, {u"s"_s, Variant(u"much"_s)}})
+        for (const auto& [column, value] : {std::pair{u"l"_s, Variant(5e9)},
+                                            {u"t"_s, Variant(u"some day"_s)},
+                                            {u"n"_s, Variant(u"1234567890123456789"_s)},
+                                            {u"s"_s, Variant(u"much"_s)}})
             QCOMPARE(set.Fields(column).Value(), value);
     }
 

@@ -1,0 +1,159 @@
+#include "platform/base/unnamed_file.h"
+
+#include "platform/base/error.h"
+#include "platform/base/files.h"
+#include "platform/base/system_reason.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRandomGenerator>
+#include <cerrno>
+#include <filesystem>
+#include <utility>
+
+#ifdef Q_OS_LINUX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+std::string encoded(const QString& path) {
+    return QFile::encodeName(path).toStdString();
+}
+
+#ifdef Q_OS_LINUX
+/// Under this name the system knows a file that has none.
+std::string entryOf(const QFile& file) {
+    return "/proc/self/fd/" + std::to_string(file.handle());
+}
+
+/// -1 where such a file could not be had, or not be named afterwards.
+int openWithoutName(const QString& folder) {
+    constexpr mode_t usualRights = 0666;
+    const int file = ::open(encoded(folder).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, usualRights);
+    if (file < 0 || access("/proc/self/fd", X_OK) == 0) return file;
+    close(file);
+    return -1;
+}
+#endif
+
+/// Where what is written to `path` goes: the file itself behind a link.
+QString realPlace(const QString& path) {
+    const QFileInfo place(path);
+    if (!place.isSymLink()) return path;
+    return place.exists() ? place.canonicalFilePath() : place.symLinkTarget();
+}
+
+}  // namespace
+
+UnnamedFile::UnnamedFile(const QString& path, QString complaint) : path_(path), complaint_(std::move(complaint)) {
+    open();
+}
+
+UnnamedFile::~UnnamedFile() {
+    file_.close();
+    if (!ownName_.isEmpty()) QFile::remove(ownName_);
+}
+
+void UnnamedFile::fail(const QString& reason) const {
+    throw Error(complaint_.arg(QDir::toNativeSeparators(path_), reason));
+}
+
+void UnnamedFile::fail(int error) const {
+    fail(writeFailure(path_, systemReason(error)));
+}
+
+void UnnamedFile::open() {
+#ifdef Q_OS_LINUX
+    if (const int file = openWithoutName(QFileInfo(realPlace(path_)).path()); file >= 0) {
+        file_.open(file, QIODevice::ReadWrite | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle);
+        return;
+    }
+#endif
+    openNamed();
+}
+
+void UnnamedFile::openNamed() {
+    const QString name = freeNameBeside();
+    file_.setFileName(name);
+    if (!file_.open(QIODevice::ReadWrite | QIODevice::NewOnly | QIODevice::Unbuffered))
+        fail(writeFailure(path_, systemReason(file_.errorString())));
+    ownName_ = name;
+}
+
+QString UnnamedFile::freeNameBeside() const {
+    const QString folder = QFileInfo(realPlace(path_)).path();
+    QString name;
+    do {
+        const auto number = QRandomGenerator::global()->generate() & 0xFFFFFF;
+        name = joinedPath(folder, u"lunq-%1.part"_s.arg(number, 6, 16, QLatin1Char('0')));
+    } while (QFileInfo::exists(name) || QFileInfo(name).isSymLink());
+    return name;
+}
+
+void UnnamedFile::write(QByteArrayView bytes) {
+    if (file_.write(bytes.data(), bytes.size()) != bytes.size())
+        fail(writeFailure(path_, systemReason(file_.errorString())));
+}
+
+void UnnamedFile::setRights(QFileDevice::Permissions rights) {
+    file_.setPermissions(rights);
+}
+
+void UnnamedFile::sync() {
+    try {
+        syncToDisk(file_);
+    } catch (const Error&) {
+        fail(errno);
+    }
+}
+
+bool UnnamedFile::takeNewName() {
+#ifdef Q_OS_LINUX
+    if (ownName_.isEmpty()) {
+        const std::string name = encoded(path_);
+        if (linkat(AT_FDCWD, entryOf(file_).c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0) {
+            if (errno == EEXIST) return false;
+            fail(errno);
+        }
+        file_.close();
+        return true;
+    }
+#endif
+    file_.close();
+    if (!renameNew(ownName_, path_)) return false;
+    ownName_.clear();
+    return true;
+}
+
+void UnnamedFile::replace() {
+    const QString place = realPlace(path_);
+    if (const QFileInfo before(place); before.exists()) {
+        // A rename would pass over what keeps a file from being written.
+        if (!before.isFile() || !isWritableNow(place)) fail(EACCES);
+        setRights(before.permissions());
+    }
+    sync();
+    giveName(place);
+    syncFolderToDisk(QFileInfo(place).path());
+}
+
+/// A name cannot be taken from another file by a link: the file has one of its own for a moment.
+void UnnamedFile::giveName(const QString& name) {
+#ifdef Q_OS_LINUX
+    if (ownName_.isEmpty()) {
+        const QString own = freeNameBeside();
+        if (linkat(AT_FDCWD, entryOf(file_).c_str(), AT_FDCWD, encoded(own).c_str(), AT_SYMLINK_FOLLOW) != 0)
+            fail(errno);
+        ownName_ = own;
+    }
+#endif
+    file_.close();
+    std::error_code failed;
+    std::filesystem::rename(encoded(ownName_), encoded(name), failed);
+    if (failed) fail(failed.value());
+    ownName_.clear();
+}
