@@ -188,8 +188,20 @@ void IntakePage::cmdLrClick() {
     const QString description =
         fromFiles() ? intakeDescription(nameToTell(), replaces(), state_.selectedFileCount) : QString();
     if (!ask(controls_.form, intakeQuestion(album, replaces(), description))) return;
+    if (fromFiles()) {
+        const std::optional<BmpFiles> bmp = askAboutBmp(controls_.form, selectedPaths());
+        if (!bmp) return;
+        bmpFiles_ = *bmp;
+    }
     lrtc();
     showAlbumCount();
+}
+
+QStringList IntakePage::selectedPaths() const {
+    QStringList paths;
+    for (const int index : browser_.selectedFiles())
+        paths << joinedPath(browser_.fil1()->Path(), browser_.fil1()->List(index));
+    return paths;
 }
 
 // One intake run with everything around it.
@@ -244,8 +256,9 @@ void IntakePage::showProgress(const std::function<void(const Progress&)>& run) {
 
 /// The files that are chosen, and then, if they are wanted, those of them that were left out.
 IntakeResult IntakePage::enterSelected() {
-    IntakeOrder order{browser_.fil1()->Path(), browser_.fileNames(), browser_.selectedFiles(), replaces(),
-                      chkZd_->isChecked()};
+    IntakeOrder order{browser_.fil1()->Path(),  browser_.fileNames(),
+                      browser_.selectedFiles(), replaces(),
+                      chkZd_->isChecked(),      bmpFiles_};
     IntakeResult result;
     showProgress([&](const Progress& progress) { result = wjlr(*datLr_, order, state_, progress); });
     const LeftOut leftOut{.truncated = result.truncated};

@@ -77,6 +77,7 @@ class IntakePage : public QObject {
     void clearFiles();
     QString nameToTell() const;
     void cmdLrClick();
+    QStringList selectedPaths() const;
     void lrtc();
     /// What a run has to tell: how many pictures it entered, and what is said before that.
     struct Outcome {
@@ -114,5 +115,6 @@ class IntakePage : public QObject {
     std::array<QLabel*, 4> infoLines_{};  ///< lbl11 to lbl14.
     DataControl* datLr_ = nullptr;
     bool unnumberedTold_ = false;
-    bool filesWait_ = false;  ///< Files were ready for cmdLr when the album was lost.
+    BmpFiles bmpFiles_ = BmpFiles::keep;  ///< The answer for the run that begins.
+    bool filesWait_ = false;              ///< Files were ready for cmdLr when the album was lost.
 };

@@ -8,7 +8,6 @@
 #include "intake/picture_size.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
-#include "platform/base/odd_names.h"
 #include "platform/desktop/data_control.h"
 #include "platform/picture/picture.h"
 #include "platform/picture/picture_bytes.h"
@@ -18,8 +17,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-constexpr int jpegQuality = 80;
 
 QString findNumber(int number) {
     return u"序号 = %1"_s.arg(number);
@@ -69,7 +66,7 @@ class Run {
         table().AddNew();
         table().Fields(u"序号"_s).SetValue(numbers_->value());
         if (order_.fillFields) fill(path, picture);
-        const qint64 length = bctp(path, table(), u"j"_s, false);
+        const qint64 length = bctp(path, table(), order_.bmp, false);
         table().Update();
         numbers_->take();
         note(name, length);
@@ -85,7 +82,7 @@ class Run {
         table().Update();
         datLr_.Refresh();
         table().FindFirst(findNumber(state_.replaceNumber));
-        const qint64 length = bctp(path, table(), u"j"_s, true);
+        const qint64 length = bctp(path, table(), order_.bmp, true);
         whole.commit();
         note(name, length);
     }
@@ -154,15 +151,11 @@ IntakeResult wjlr(DataControl& datLr, const IntakeOrder& order, FormState& state
 }
 
 // Writes one file into the column 图片.
-qint64 bctp(const QString& path, Recordset& recordset, const QString& mode, bool replace) {
-    const bool toJpeg = mode == u"j"_s && path.endsWith(u"bmp"_s) && FileLen(path) > 0;
-    // Nothing can be written under the stand-in of a name.
-    const bool inMemory = toJpeg && isStandIn(path);
-    if (toJpeg && !inMemory) saveJpeg(LoadPicture(path).image(), path, jpegQuality);
+qint64 bctp(const QString& path, Recordset& recordset, BmpFiles bmp, bool replace) {
+    const QByteArray jpeg = convertBmp(path, bmp);
     if (replace) recordset.Edit();
-    Field field = recordset.Fields(u"图片"_s);
-    const qint64 length = inMemory ? storePictureBytes(field, encodeJpeg(LoadPicture(path).image(), jpegQuality))
-                                   : storePictureFile(field, path);
+    const Field picture = recordset.Fields(u"图片"_s);
+    const qint64 length = jpeg.isEmpty() ? storePictureFile(picture, path) : storePictureBytes(picture, jpeg);
     if (length > 0 && replace) recordset.Update();
     return length;
 }

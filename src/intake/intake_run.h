@@ -1,5 +1,6 @@
 #pragma once
 
+#include "intake/bmp_files.h"
 #include "intake/form_state.h"
 
 #include <QList>
@@ -16,7 +17,8 @@ struct IntakeOrder {
     QStringList names;    ///< All files of the list.
     QList<int> selected;  ///< Indices of those to enter, ascending.
     bool replace = false;
-    bool fillFields = true;       ///< 自动补足
+    bool fillFields = true;  ///< 自动补足
+    BmpFiles bmp = BmpFiles::toJpeg;
     bool takesTruncated = false;  ///< Pictures that end early are entered like others, and not left out.
 };
 
@@ -43,10 +45,10 @@ struct IntakeResult {
 IntakeResult wjlr(DataControl& datLr, const IntakeOrder& order, FormState& state,
                   const std::function<void(int)>& progress);
 
-/// Stores a file in the column 图片 of the current record. With `mode` "j" a file that ends in "bmp" is first turned
-/// into a JPEG file, in its place. `replace`: the record is edited and updated here; otherwise the caller does it.
-/// Returns the length of the file; 0 when there was nothing to store, the record then stays in `Edit`.
-qint64 bctp(const QString& path, Recordset& recordset, const QString& mode, bool replace);
+/// Stores a file in the column 图片 of the current record, one that ends in "bmp" as JPEG. `replace`: the record is
+/// edited and updated here; otherwise the caller does it. Returns the length of what is stored; 0 when there was
+/// nothing, the record then stays in `Edit`.
+qint64 bctp(const QString& path, Recordset& recordset, BmpFiles bmp, bool replace);
 
 /// What to say before the closing message: what was not taken in and why; empty when all went well.
 QString intakeReport(const IntakeResult& result);

@@ -12,6 +12,7 @@ namespace {
 
 constexpr int boxWidth = 4000, boxHeight = 3000;
 constexpr int widthOutOfBox = boxWidth + 1, heightOutOfBox = boxHeight + 1;
+constexpr int controlsRight = 9500, margin = 100;
 constexpr int widestButton = 105, highestButton = 80;
 
 double side(int hiMetric, bool ownSize, int box) {
@@ -39,6 +40,11 @@ QSize previewSize(QSize hiMetric, bool ownSize) {
 
 bool offersOwnSize(QSize hiMetric) {
     return hiMetric.width() < widthOutOfBox && hiMetric.height() < heightOutOfBox;
+}
+
+QRect previewPlace(const QRect& own, int pageWidth) {
+    const bool fitsBeside = pageWidth >= controlsRight + margin + own.width() + margin;
+    return fitsBeside ? QRect(QPoint(controlsRight + margin, own.top()), own.size()) : own;
 }
 
 QString pixelsText(QSize hiMetric, const QString& star) {

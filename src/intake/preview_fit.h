@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRect>
 #include <QSize>
 #include <QString>
 
@@ -11,6 +12,9 @@ QSize previewSize(QSize hiMetric, bool ownSize);
 
 /// Whether the own size of a picture can be asked for.
 bool offersOwnSize(QSize hiMetric);
+
+/// Where the panel opens: at its own place, or beside all controls on a page that is so much wider.
+QRect previewPlace(const QRect& own, int pageWidth);
 
 /// "640*480"
 QString pixelsText(QSize hiMetric, const QString& star);

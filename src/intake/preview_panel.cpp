@@ -47,7 +47,7 @@ const Opener& openerOf(int index) {
 }  // namespace
 
 PreviewPanel::PreviewPanel(SharedControls& controls, FormState& state)
-    : controls_(controls), state_(state), fraCk_(make<QGroupBox>(controls.sstFz->page(1), u"fraCk"_s)) {
+    : controls_(controls), state_(state), fraCk_(make<MovableGroup>(controls.sstFz->page(1), u"fraCk"_s)) {
     fraCk_->setTitle(u"图片查看"_s);
     fraCk_->hide();
     makeControls();
@@ -72,7 +72,10 @@ void PreviewPanel::makeControls() {
     cmdCg_ = make<QPushButton>(fraCk_, u"cmdCg"_s, u"关闭"_s);
     label6_ = make<QLabel>(fraCk_, u"Label6"_s, u"鼠标双击返回原尺寸"_s);
     lblZp_ = make<QLabel>(controls_.sstFz->page(editingTab), u"lblZp"_s, u"双击图片可放大尺寸显示，再双击返回原尺寸"_s);
-    for (QLabel* label : {lblC1_, lblWj_, label6_, lblZp_}) {
+    lblKt_ = make<QLabel>(fraCk_, u"lblKt"_s);
+    lblKt_->setWordWrap(true);
+    lblKt_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    for (QLabel* label : {lblC1_, lblWj_, label6_, lblZp_, lblKt_}) {
         label->setTextFormat(Qt::PlainText);
         label->setAlignment(Qt::AlignCenter);
     }
@@ -101,6 +104,10 @@ void PreviewPanel::allowOpening(int index, bool on) {
 
 bool PreviewPanel::isOpen() const {
     return fraCk_->isVisibleTo(fraCk_->parentWidget());
+}
+
+QWidget* PreviewPanel::frame() const {
+    return fraCk_;
 }
 
 bool PreviewPanel::onEditingPage() const {
@@ -146,28 +153,41 @@ void PreviewPanel::cmdCkClick(int index) {
     if (takesIn) cmdAq_->setEnabled(false);
     lblZp_->setVisible(index == recordOpener);
 
-    const QRect& frame = opener.frame;
-    controls_.sstFz->putOn(controls_.sstFz->currentIndex(), fraCk_, frame.x(), frame.y(), frame.width(),
-                           frame.height());
+    placeFrame();
     placeParts();
     fraCk_->show();
     fraCk_->raise();
     chkCkClick();
-    if (QPushButton* button = cmdCk(index)) button->setEnabled(false);
+    if (QPushButton* button = cmdCk(index)) {
+        // Disabled, it would hand the focus to whatever box comes next.
+        if (button->hasFocus()) (takesIn ? cmdAz_ : cmdCg_)->setFocus();
+        button->setEnabled(false);
+    }
+}
+
+void PreviewPanel::placeFrame() {
+    TabControl* sstFz = controls_.sstFz;
+    const QRect at = previewPlace(openerOf(state_.previewIndex).frame, widthOf(sstFz));
+    sstFz->putOn(sstFz->currentIndex(), fraCk_, at.x(), at.y(), at.width(), at.height());
+}
+
+/// The rectangle round the picture, and inside it what is told where there is none.
+void PreviewPanel::placeShape(int left, int top, int width, int height) {
+    place(shpWj_, left, top, width, height);
+    place(lblKt_, left + 90, top + 90, width - 180, height - 180);
 }
 
 void PreviewPanel::placeParts() {
     label6_->hide();
     lblC1_->setVisible(state_.previewIndex != recordOpener);
     lblWj_->setVisible(state_.previewIndex != recordOpener);
-    place(shpWj_, 90, 300, smallShapeWidth, smallShapeHeight);
+    placeShape(90, 300, smallShapeWidth, smallShapeHeight);
     if (state_.previewIndex == recordOpener) {
         placeSideColumn(4230);
         setFrameColour(QColor(255, 0, 0));
     } else {
         const int width = widthOf(fraCk_), height = heightOf(fraCk_);
-        place(shpWj_, (width - smallShapeWidth) / 2, (height - smallShapeHeight) / 2, smallShapeWidth,
-              smallShapeHeight);
+        placeShape((width - smallShapeWidth) / 2, (height - smallShapeHeight) / 2, smallShapeWidth, smallShapeHeight);
         place(chkCk_, leftOf(shpWj_) + smallShapeWidth - 860, topOf(shpWj_) + smallShapeHeight + 80, 855, 270);
         int distance = 3000;
         for (QPushButton* button : {cmdAz_, cmdAq_, cmdCg_}) {
@@ -208,38 +228,53 @@ void PreviewPanel::setFrameColour(const QColor& colour) {
 
 // Loads and fits the picture.
 void PreviewPanel::chkCkClick() {
-    const QString line = state_.previewMark == u"w"_s ? readFile() : readRecord();
+    const bool ofNewButton = state_.previewIndex == buttonOpener && buttonIsNew && buttonIsNew();
+    showPicture(state_.previewMark == u"w"_s ? readFile() : ofNewButton ? readNewButton() : readRecord());
+}
+
+/// Fits the picture that was read, or tells that there is none; `line` is the text about it, empty when there is
+/// nothing it could belong to.
+void PreviewPanel::showPicture(const QString& line) {
+    const bool isShown = !imgWj_->picture().isNull();
     const QSize size = pictureSize();
-    if (line.isEmpty()) {
-        lblWj_->clear();
-        return;
-    }
-    if (!size.isEmpty()) {
+    lblKt_->setVisible(!isShown);
+    chkCk_->setEnabled(isShown && offersOwnSize(size));
+    if (isShown) {
         const QSize shown = previewSize(size, chkCk_->isChecked());
         place(imgWj_, leftOf(imgWj_), topOf(imgWj_), shown.width(), shown.height());
     }
-    lblWj_->setText(line + u"\n规格："_s + pixelsText(size, u"*"_s));
+    const QString about = isShown ? u"规格："_s + pixelsText(size, u"*"_s) : lblKt_->text();
+    lblWj_->setText(line.isEmpty() ? QString() : line + u'\n' + about);
     lblWj_->setToolTip(line);
-    chkCk_->setEnabled(offersOwnSize(size));
+}
+
+QString PreviewPanel::readNewButton() {
+    imgWj_->setPicture({});
+    lblKt_->setText(u"还没有图片"_s);
+    return u"新按钮"_s;
 }
 
 /// Text about the current record after its picture was read; empty when there is no record.
 QString PreviewPanel::readRecord() {
     if (controls_.datBj->total() == 0) {
         imgWj_->setPicture({});
+        lblKt_->setText(u"没有记录"_s);
         return {};
     }
     Recordset& records = controls_.datBj->Recordset();
     const auto other = otherTable ? otherTable() : std::nullopt;
     const QString column = other ? other->picture : u"图片"_s;
     const QSize target = ImageBox::targetSize(imgWj_, rectFromTwips(0, 0, largestWidth, largestHeight).size());
+    bool isEmpty = true, isRead = false;
     attempt([&] {
         const Field field = records.Fields(column);
-        if (field.isNull() || field.FieldSize() == 0)
-            imgWj_->setPicture({});
-        else
-            readPictureField(records, column, *imgWj_, target);
+        isEmpty = field.isNull() || field.FieldSize() == 0;
+        isRead = !isEmpty && readPictureField(records, column, *imgWj_, target);
     });
+    // The picture of another record would be taken for this one's.
+    if (!isRead) imgWj_->setPicture({});
+    const QString whose = state_.previewIndex == buttonOpener ? u"这个按钮"_s : u"这条记录"_s;
+    lblKt_->setText(whose + (isEmpty ? u"没有图片"_s : u"的数据不是图片，不能显示"_s));
     QString line;
     attempt([&] {
         const QString key = other ? other->key : u"序号"_s;
@@ -252,6 +287,7 @@ QString PreviewPanel::readRecord() {
 /// Text about the file. The picture stays when the file is none.
 QString PreviewPanel::readFile() {
     const QSize target = ImageBox::targetSize(imgWj_, rectFromTwips(0, 0, largestWidth, largestHeight).size());
+    lblKt_->setText(u"文件不是图片，不能显示"_s);
     attempt([&] { imgWj_->setPicture(LoadPicture(state_.newPictureFile, target)); });
     return u"图片文件："_s + state_.newPictureFile;
 }
@@ -262,9 +298,9 @@ void PreviewPanel::enlargeOrReturn() {
     if (enlarge)
         controls_.sstFz->putOn(editingTab, fraCk_, 150, 480, 9200, 6180);
     else
-        controls_.sstFz->putOn(editingTab, fraCk_, 280, 3000, 4805, 3480);
+        placeFrame();
     place(imgWj_, 135, 345, enlarge ? largestWidth : 4000, enlarge ? largestHeight : 3000);
-    place(shpWj_, 90, 300, enlarge ? 7695 : smallShapeWidth, enlarge ? 5790 : smallShapeHeight);
+    placeShape(90, 300, enlarge ? 7695 : smallShapeWidth, enlarge ? 5790 : smallShapeHeight);
     placeSideColumn(enlarge ? 8230 : 4230);
     label6_->setVisible(enlarge);
     lblZp_->setVisible(!enlarge);
@@ -277,7 +313,11 @@ void PreviewPanel::cmdCgClick() {
 }
 
 void PreviewPanel::hide() {
+    const QWidget* focus = controls_.form->focusWidget();
+    const bool hadFocus = focus != nullptr && fraCk_->isAncestorOf(focus);
+    QPushButton* button = cmdCk(state_.previewIndex);
+    if (button != nullptr) button->setEnabled(true);
+    if (button != nullptr && hadFocus) button->setFocus();
     fraCk_->hide();
     lblZp_->hide();
-    if (QPushButton* button = cmdCk(state_.previewIndex)) button->setEnabled(true);
 }

@@ -10,8 +10,8 @@
 #include <optional>
 
 class ImageBox;
+class MovableGroup;
 class QCheckBox;
-class QGroupBox;
 class ShapeBox;
 
 /// The buttons cmdCk that open the panel, by their index.
@@ -33,6 +33,7 @@ class PreviewPanel : public QObject {
     void allowOpening(int index, bool on);
 
     bool isOpen() const;
+    QWidget* frame() const;
 
     void cmdCkClick(int index);
     /// Loads and fits the picture that `previewMark` names.
@@ -58,6 +59,8 @@ class PreviewPanel : public QObject {
     /// may be stored. Not set: never.
     std::function<bool()> recordBeingEdited;
     std::function<bool()> buttonBeingEdited;
+    /// Whether that button is a new one: it has no picture yet, whichever is marked in the grid.
+    std::function<bool()> buttonIsNew;
     /// Stores `newPictureFile` as the picture of the selection button.
     std::function<void()> storeButtonPicture;
     /// 序号 and 编号 of the record that the page 图册编辑 shows.
@@ -79,8 +82,12 @@ class PreviewPanel : public QObject {
     void centreLabels();
     void enlargeOrReturn();
 
+    void placeFrame();
+    void placeShape(int left, int top, int width, int height);
     QString readRecord();
+    QString readNewButton();
     QString readFile();
+    void showPicture(const QString& line);
     QString recordCaption() const;
 
     void cmdAzClick();
@@ -96,7 +103,7 @@ class PreviewPanel : public QObject {
     FormState& state_;
     std::map<int, QPushButton*> openers_;
 
-    QGroupBox* fraCk_;
+    MovableGroup* fraCk_;
     ShapeBox* shpWj_ = nullptr;
     ImageBox* imgWj_ = nullptr;
     QLabel* lblC1_ = nullptr;
@@ -107,4 +114,5 @@ class PreviewPanel : public QObject {
     QPushButton* cmdCg_ = nullptr;
     QLabel* label6_ = nullptr;
     QLabel* lblZp_ = nullptr;
+    QLabel* lblKt_ = nullptr;  ///< In place of the picture, why there is none.
 };

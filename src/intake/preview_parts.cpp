@@ -1,8 +1,61 @@
 #include "intake/preview_parts.h"
 
+#include <QChildEvent>
+#include <QHelpEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
+#include <QToolTip>
 #include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+constexpr int titleHeight = 17;  // pixels
+}  // namespace
+
+MovableGroup::MovableGroup(QWidget* parent) : QGroupBox(parent) {
+    setMouseTracking(true);
+}
+
+bool MovableGroup::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QGroupBox::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    if (help->y() < titleHeight)
+        QToolTip::showText(help->globalPos(), u"按住标题，可以把它拖开"_s, this);
+    else
+        QToolTip::hideText();
+    return true;
+}
+
+void MovableGroup::initStyleOption(QStyleOptionGroupBox* option) const {
+    QGroupBox::initStyleOption(option);
+    option->text.remove(u'\n');
+}
+
+void MovableGroup::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && event->position().y() < titleHeight) grip_ = event->position().toPoint();
+}
+
+void MovableGroup::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint at = event->position().toPoint();
+    setCursor(grip_ || at.y() < titleHeight ? Qt::SizeAllCursor : Qt::ArrowCursor);
+    if (!grip_) return;
+    const QPoint wanted = pos() + at - *grip_;
+    const QSize room = parentWidget()->size() - size();
+    move(std::clamp(wanted.x(), 0, std::max(room.width(), 0)), std::clamp(wanted.y(), 0, std::max(room.height(), 0)));
+}
+
+void MovableGroup::mouseReleaseEvent(QMouseEvent*) {
+    grip_.reset();
+}
+
+/// The title's pointer is not that of the controls inside.
+void MovableGroup::childEvent(QChildEvent* event) {
+    QGroupBox::childEvent(event);
+    auto* child = event->added() ? qobject_cast<QWidget*>(event->child()) : nullptr;
+    if (child != nullptr) child->setCursor(Qt::ArrowCursor);
+}
 
 void PathLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);

@@ -21,12 +21,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// Scratch picture that the editor may have left behind.
-void removeScratchPicture() {
-    const QString path = joinedPath(programFolder(), u"ls.jpg"_s);
-    if (fileExists(path)) attempt([&] { Kill(path); });
-}
-
 QByteArray piece(QFile& file, qint64 length) {
     const QByteArray bytes = file.read(length);
     if (bytes.size() != length) throw Error(u"读文件“%1”时出错。"_s.arg(file.fileName()));
@@ -57,7 +51,6 @@ bool goBack(DataControl& data, int row, const QString& number) {
 }  // namespace
 
 void PreviewPanel::cmdAzClick() {
-    removeScratchPicture();
     state_.newPictureFile.clear();
     cmdAz_->setEnabled(false);
     const QString path = askOpenFile(controls_.form, u"查找图片文件"_s, u"BMP文件|*.bmp|JPG文件|*.jpg"_s);
@@ -73,7 +66,8 @@ void PreviewPanel::loadFile(const QString& path) {
     state_.previewMark = u"w"_s;
     lblC1_->setText(u"查看加载图片"_s);
     chkCkClick();
-    const QString size = u"图片规格：\n"_s + pixelsText(pictureSize(), u" * "_s);
+    const bool isShown = !imgWj_->picture().isNull();
+    const QString size = u"图片规格：\n"_s + (isShown ? pixelsText(pictureSize(), u" * "_s) : lblKt_->text());
     if (onEditingPage())
         setCaption(size);
     else
@@ -137,7 +131,6 @@ void PreviewPanel::storeInRecord() {
     controls_.datBj->Refresh();
     if (goBack(*controls_.datBj, row, number)) Q_EMIT stored();
     file.close();
-    removeScratchPicture();
     cmdAq_->setEnabled(false);
     state_.newPictureFile.clear();
     hide();

@@ -12,8 +12,12 @@ namespace {
 
 const QString allPicturesButton = u"SELECT * FROM tcan  WHERE 编号 = 'v'"_s;
 
+Recordset directoryWhere(const Database& catalogue, const QString& column, const QString& text) {
+    return catalogue.OpenRecordset(u"SELECT * FROM tcbm WHERE "_s + column + u" = "_s + quoted(text));
+}
+
 Recordset directoryRow(const Database& catalogue, const QString& table) {
-    return catalogue.OpenRecordset(u"SELECT * FROM tcbm WHERE 表名 = "_s + quoted(table));
+    return directoryWhere(catalogue, u"表名"_s, table);
 }
 
 Album albumAt(const Recordset& row) {
@@ -21,13 +25,25 @@ Album albumAt(const Recordset& row) {
     return {text(u"序号"_s), text(u"表名"_s), text(u"标题"_s), text(u"备注"_s)};
 }
 
-void setAlbumsOfAllPictures(const Database& catalogue, const std::function<QString(const QString&)>& changed) {
+std::optional<Album> first(const Recordset& rows) {
+    if (rows.Eof()) return {};
+    return albumAt(rows);
+}
+
+/// False when there is no such button.
+bool setAlbumsOfAllPictures(const Database& catalogue, const std::function<QString(const QString&)>& changed) {
     Recordset button = catalogue.OpenRecordset(allPicturesButton);
-    if (button.Eof()) throw Error(u"表 tcan 中没有编号为“v”的按钮，图册无法登记。"_s);
+    if (button.Eof()) return false;
     button.Edit();
     Field tables = button.Fields(u"图册"_s);
     tables.SetValue(changed(tables.Value().textOr()));
     button.Update();
+    return true;
+}
+
+QString megabytesText(qint64 bytes) {
+    const double megabytes = static_cast<double>(bytes) / 1e6;
+    return QString::number(std::max(megabytes, 0.1), 'f', megabytes < 10 ? 1 : 0) + u" MB"_s;
 }
 
 void removeTableAndRow(const Database& catalogue, const QString& table) {
@@ -46,9 +62,11 @@ std::vector<Album> allAlbums(const Database& catalogue) {
 }
 
 std::optional<Album> findAlbum(const Database& catalogue, const QString& table) {
-    const Recordset row = directoryRow(catalogue, table);
-    if (row.Eof()) return {};
-    return albumAt(row);
+    return first(directoryRow(catalogue, table));
+}
+
+std::optional<Album> findTitle(const Database& catalogue, const QString& title) {
+    return first(directoryWhere(catalogue, u"标题"_s, title));
 }
 
 Album proposedAlbum(const Database& catalogue) {
@@ -65,11 +83,32 @@ Album proposedAlbum(const Database& catalogue) {
 QString tableNameFault(const QString& table) {
     const auto isPlain = [](QChar character) { return character.isLetterOrNumber(); };
     if (table.size() == 4 && table.startsWith(u"tc"_s) && std::all_of(table.begin(), table.end(), isPlain)) return {};
-    return u"表名[%1]不能使用！\n\n表名应为4个字符：前两个是“tc”，后两个是数字、字母或汉字，例如 tc07。"_s.arg(table);
+    return u"表名[%1]不能使用！\n\n表名应为4个字符（现在有 %2 个）：前两个是“tc”，后两个是数字、字母或汉字，例如 tc07。"_s
+        .arg(table, QString::number(table.size()));
 }
 
 bool titleFits(const QString& title) {
     return wzcd(title) <= 16;
+}
+
+QString titleFault(const QString& title) {
+    return titleTooLong + u"\n\n现在的标题相当于英文 %1 个。"_s.arg(wzcd(title));
+}
+
+QString titleInUse(const Album& owner) {
+    return u"标题“%1”已经有了（图册 %2），请换一个标题！"_s.arg(owner.title, owner.table);
+}
+
+QString albumContents(const Database& catalogue, const Album& album) {
+    QString text = u"%1（%2）"_s.arg(album.title, album.table);
+    attempt([&] {
+        const Recordset pictures = catalogue.OpenRecordset(album.table);
+        text += u"，%1 张"_s.arg(pictures.rowCount());
+        qint64 bytes = 0;
+        for (int row = 0; row < pictures.rowCount(); ++row) bytes += pictures.storedAt(row, u"图片"_s).size();
+        if (bytes > 0) text += u"，"_s + megabytesText(bytes);
+    });
+    return text;
 }
 
 void createAlbum(const Database& catalogue, const Album& album) {
@@ -84,7 +123,8 @@ void createAlbum(const Database& catalogue, const Album& album) {
     rows.Fields(u"备注"_s).SetValue(album.remark);
     rows.Update();
 
-    setAlbumsOfAllPictures(catalogue, [&](const QString& tables) { return tables + album.table; });
+    if (!setAlbumsOfAllPictures(catalogue, [&](const QString& tables) { return tables + album.table; }))
+        throw Error(u"没有编号为“v”的按钮，图册无法登记。"_s);
     transaction.commit();
 }
 

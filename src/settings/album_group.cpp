@@ -45,6 +45,7 @@ AlbumGroup::AlbumGroup(SharedControls& controls, FormState& state) : controls_(c
 void AlbumGroup::reset() {
     endEditing();
     showNone();
+    limitTyping(txt1c, mekTp::catalogue.OpenRecordset(u"tcbm"_s), u"备注"_s);
     fillAlbumLines(*cboFc, mekTp::catalogue);
 }
 
@@ -68,6 +69,7 @@ bool AlbumGroup::isEditing() const {
 }
 
 void AlbumGroup::show(const Album& album) {
+    remark_ = album.remark;
     txtXc->setText(album.number);
     txtBc->setText(album.table);
     txtTc->setText(album.title);
@@ -81,7 +83,17 @@ void AlbumGroup::showNone() {
 }
 
 void AlbumGroup::cboFcClick() {
-    attempt([&] { showRowOf(chosenTable()); });
+    const QString table = txtBc->text();
+    if (chosenTable() == table || mayLeave())
+        attempt([&] { showRowOf(chosenTable()); });
+    else
+        chooseAlbumLine(*cboFc, table);
+}
+
+bool AlbumGroup::mayLeave() {
+    if (!isEditing() || txt1c->text() == remark_) return true;
+    return mayBeLeft(controls_.form, u"图册 %1 的备注改过，还没有保存。"_s.arg(txtBc->text()),
+                     [this] { return storeEdited(); });
 }
 
 /// Shows an album's row of the directory; without one there is nothing to edit.
@@ -118,13 +130,20 @@ void AlbumGroup::startEditing() {
     state_.pageFree = false;
 }
 
-void AlbumGroup::storeEdited() {
+/// False when the remark was refused; it stays in its box.
+bool AlbumGroup::storeEdited() {
     if (isDemo(txtBc->text())) {
         say(controls_.form, onlyForShow);
-        return;
+        return false;
+    }
+    if (const QString fault = lengthFault(u"备注"_s, *txt1c); !fault.isEmpty()) {
+        say(controls_.form, fault);
+        txt1c->setFocus();
+        return false;
     }
     storeRemark(mekTp::catalogue, txtBc->text(), txt1c->text());
     leaveEditing();
+    return true;
 }
 
 void AlbumGroup::leaveEditing() {
@@ -154,7 +173,10 @@ void AlbumGroup::cancelEditing() {
 
 void AlbumGroup::deleteShown() {
     const QString table = txtBc->text();
-    if (!ask(controls_.form, u"    删除["_s + table + u"]像册数据表吗？\n\n如果“是”，按《确定》；否则按《取消》。"_s))
+    const Album album{txtXc->text(), table, txtTc->text(), txt1c->text()};
+    if (!askBeforeDeleting(controls_.form, u"    删除["_s + table +
+                                               u"]像册数据表吗？\n\n如果“是”，按《确定》；否则按《取消》。\n\n"_s +
+                                               albumContents(mekTp::catalogue, album)))
         return;
     deleteAlbum(mekTp::catalogue, table);
     removeLine(table);

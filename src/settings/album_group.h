@@ -22,6 +22,8 @@ class AlbumGroup : public QObject {
     void reset();
 
     void addLine(const QString& albumLine);
+    /// Asks before a changed remark is lost; false when it is to stay.
+    bool mayLeave();
     /// The album no longer exists.
     void removeLine(const QString& table);
 
@@ -30,7 +32,7 @@ class AlbumGroup : public QObject {
     void cmdFcClick();
     void cmdFsClick();
     void startEditing();
-    void storeEdited();
+    bool storeEdited();
     void cancelEditing();
     void deleteShown();
     void leaveEditing();
@@ -51,4 +53,5 @@ class AlbumGroup : public QObject {
     TextBox* txt1c;
     QPushButton* cmdFc;
     QPushButton* cmdFs;
+    QString remark_;  ///< As it is stored with the album that is shown.
 };

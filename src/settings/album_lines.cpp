@@ -13,6 +13,12 @@ int lineOf(const QComboBox& chooser, const QString& table) {
     return line;
 }
 
+/// Titles can be alike, and longer than the list is wide: the tool tip has the table's name and the whole title.
+void add(QComboBox& chooser, const QString& line) {
+    chooser.addItem(line);
+    chooser.setItemData(chooser.count() - 1, line, Qt::ToolTipRole);
+}
+
 void chooseNone(QComboBox& chooser) {
     chooser.setCurrentIndex(-1);
     if (chooser.isEditable()) chooser.clearEditText();
@@ -22,7 +28,7 @@ void chooseNone(QComboBox& chooser) {
 
 void fillAlbumLines(QComboBox& chooser, const Database& catalogue) {
     chooser.clear();
-    for (const Album& album : allAlbums(catalogue)) chooser.addItem(albumLine(album.table, album.title));
+    for (const Album& album : allAlbums(catalogue)) add(chooser, albumLine(album.table, album.title));
     chooseNone(chooser);
 }
 
@@ -30,7 +36,7 @@ void addAlbumLine(QComboBox& chooser, const QString& line) {
     removeAlbumLine(chooser, tableOfLine(line));
     const int index = chooser.currentIndex();
     const QString text = chooser.currentText();
-    chooser.addItem(line);
+    add(chooser, line);
     chooser.setCurrentIndex(index);  // the first line of an empty list would choose itself
     if (chooser.isEditable()) chooser.setEditText(text);
     showBeginning(chooser);

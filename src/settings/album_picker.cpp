@@ -4,8 +4,10 @@
 #include "platform/desktop/placing.h"
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
+#include "settings/album_changes.h"
 
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <algorithm>
 
 namespace {
@@ -24,14 +26,16 @@ AlbumPicker::AlbumPicker(SharedControls& controls, QWidget* frame, TextBox* box)
     connect(box, &TextBox::lostFocus, this, &AlbumPicker::close);
 }
 
-void AlbumPicker::open(const QStringList& tables) {
-    if (tables.isEmpty()) return;
+void AlbumPicker::open(const std::vector<Album>& albums) {
+    if (albums.empty()) return;
     ListBox* lstBh = controls_.lstBh;
     if (!open_) borrow();
     lstBh->clear();
-    for (const QString& table : tables) {
-        lstBh->AddItem(table);
-        lstBh->item(lstBh->count() - 1)->setSizeHint({0, pixelsFromTwips(lineHeight)});
+    for (const Album& album : albums) {
+        lstBh->AddItem(album.table);
+        QListWidgetItem* line = lstBh->item(lstBh->count() - 1);
+        line->setSizeHint({0, pixelsFromTwips(lineHeight)});
+        line->setToolTip(album.title);
     }
     lstBh->setCurrentRow(-1);
     placeOverBox(lstBh->count());
@@ -66,8 +70,11 @@ void AlbumPicker::borrow() {
 
 void AlbumPicker::placeOverBox(int lines) {
     const int room = topOf(box_) - highestTop;
-    const int height = std::min(lines * lineHeight + frameHeight, room);
-    place(controls_.lstBh, leftOf(box_), topOf(box_) - height, listWidth, height);
+    const int whole = lines * lineHeight + frameHeight;
+    const int height = std::min(whole, room);
+    // A scroll bar stands beside the names, not on them.
+    const int bar = whole > room ? twipsFromPixels(controls_.lstBh->verticalScrollBar()->sizeHint().width()) : 0;
+    place(controls_.lstBh, leftOf(box_), topOf(box_) - height, listWidth + bar, height);
 }
 
 void AlbumPicker::close() {

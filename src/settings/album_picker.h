@@ -6,8 +6,10 @@
 #include <QObject>
 #include <QPalette>
 #include <QRect>
+#include <vector>
 
 class TextBox;
+struct Album;
 
 /// The list lstBh as a list of album tables that stands over a box while it is being filled. The list belongs to
 /// another page: it is borrowed while it stands open and given back as it was. It closes at a choice, and when the
@@ -19,7 +21,7 @@ class AlbumPicker : public QObject {
     /// `frame` is the group in which `box` stands.
     AlbumPicker(SharedControls& controls, QWidget* frame, TextBox* box);
 
-    void open(const QStringList& tables);
+    void open(const std::vector<Album>& albums);
     void close();
     bool isOpen() const { return open_; }
 

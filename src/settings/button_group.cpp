@@ -1,5 +1,6 @@
 #include "settings/button_group.h"
 
+#include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
@@ -10,13 +11,14 @@
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
 #include "settings/album_changes.h"
+#include "settings/all_pictures_button.h"
 #include "settings/editing_rules.h"
 #include "settings/form_parts.h"
 #include "settings/key_walk.h"
 
 #include <QPushButton>
 #include <QRadioButton>
-#include <utility>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -33,6 +35,7 @@ ButtonGroup::ButtonGroup(SharedControls& controls, FormState& state, HintLine& h
     new KeyWalk({txtX1, txtB1, txtM1}, this);
     connectControls();
     preview.buttonBeingEdited = [this] { return buttonSet.isPending(); };
+    preview.buttonIsNew = [this] { return buttonSet.work() == ButtonRecords::Work::adding; };
     preview.storeButtonPicture = [this] {
         agreedPicture_ = state_.newPictureFile;
         anbc();
@@ -56,14 +59,14 @@ void ButtonGroup::makeControls() {
     txtB1 = makeLabelled<TextBox>(fraAs, u"txtB1"_s, u"编号："_s, {1550, 4560}, 600, 450);
     txtM1 = makeLabelled<TextBox>(fraAs, u"txtM1"_s, u"名称："_s, {2750, 4560}, 600, 1180);
     txtC1 = makeLabelled<TextBox>(fraAs, u"txtC1"_s, u"相关图册："_s, {200, 4560 + rowPitch}, 900, 3430);
+    txtX1->setToolTip(u"修改时填别的按钮的序号，可以与它交换"_s);
     boxes_ = {txtX1, txtB1, txtM1, txtC1};
 
-    constexpr int buttonsTop = 5430;
-    cmdQu = makeButton(fraAs, u"cmdQu"_s, adds, 200, buttonsTop);
-    cmdBj = makeButton(fraAs, u"cmdBj"_s, changes, 1310, buttonsTop);
-    cmdSn = makeButton(fraAs, u"cmdSn"_s, deletes, 2420, buttonsTop);
-    QPushButton* cmdCk4 = preview_.makeOpener(buttonOpener, fraAs);
-    place(cmdCk4, 3530, buttonsTop, 1000, rowHeight);
+    cmdQu = make<QPushButton>(fraAs, u"cmdQu"_s, adds);
+    cmdBj = make<QPushButton>(fraAs, u"cmdBj"_s, changes);
+    cmdSn = make<QPushButton>(fraAs, u"cmdSn"_s, deletes);
+    row_ = std::make_unique<ButtonRow>(fraAs, QList{cmdQu, cmdBj, cmdSn, preview_.makeOpener(buttonOpener, fraAs)},
+                                       preview_);
 }
 
 void ButtonGroup::connectControls() {
@@ -90,6 +93,8 @@ void ButtonGroup::reset() {
     optAp.at(1)->setChecked(true);
     controls_.datBj->setRecordSource(u"SELECT * FROM tcan ORDER BY [编号]"_s);
     controls_.datBj->Refresh();
+    limitTyping(txtB1, controls_.datBj->Recordset(), u"编号"_s);
+    limitTyping(txtM1, controls_.datBj->Recordset(), u"名称"_s);
 }
 
 void ButtonGroup::rest() {
@@ -146,6 +151,27 @@ void ButtonGroup::showCurrent() {
         preview_.setStoreEnabled(false);
         attempt([this] { preview_.chkCkClick(); });
     }
+}
+
+bool ButtonGroup::isChanged() const {
+    return buttonSet.isPending() && (texts() != begun_ || !pictureToStore().isEmpty());
+}
+
+bool ButtonGroup::mayLeave() {
+    if (!isChanged()) return true;
+    return mayBeLeft(controls_.form, u"按钮“%1”的改动还没有保存。"_s.arg(txtM1->text()), [this] { return anbc(); });
+}
+
+bool ButtonGroup::mayGoTo(int row) {
+    DataControl& datBj = *controls_.datBj;
+    if (!isChanged()) return true;
+    if (buttonSet.work() == ButtonRecords::Work::changing && row == datBj.Recordset().row()) return false;
+    const QString code = datBj.Recordset().valueAt(row, u"编号"_s).textOr();
+    if (!mayLeave()) return false;
+    if (buttonSet.isPending()) return true;
+    // What was stored may have got another place in the order, and the row as well.
+    if (datBj.findFirst(u"编号 = "_s + quoted(code))) anjl();
+    return false;
 }
 
 // Shows the row that was chosen in the grid.
@@ -206,6 +232,7 @@ void ButtonGroup::startChanging() {
 }
 
 void ButtonGroup::openForWork() {
+    begun_ = texts();
     for (TextBox* box : boxes_) box->setLocked(false);
     cmdSn->setText(cancels);
     cmdSn->setEnabled(true);
@@ -214,27 +241,56 @@ void ButtonGroup::openForWork() {
     state_.pageFree = false;
 }
 
-// Stores the boxes and, when one was given, the picture.
-void ButtonGroup::anbc() {
+// Stores the boxes and, when one was given, the picture. False when it is still to be done.
+bool ButtonGroup::anbc() {
     if (const auto empty = firstEmpty(texts())) {
         say(controls_.form, notFilled(*empty));
         boxes_.at(static_cast<std::size_t>(*empty))->setFocus();
-        return;
+        return false;
     }
-    const std::optional<int> number = freeNumber();
-    if (!number) return;
+    if (refuseLong(u"编号"_s, txtB1) || refuseLong(u"名称"_s, txtM1) || !codeIsMeant()) return false;
+    const std::optional<Number> number = numberToStore();
+    if (!number) return false;
     const QString picture = pictureToStore();
-    if (picture.isEmpty() && !buttonSet.hasPicture() && !ask(controls_.form, pictureLater)) return;
+    if (picture.isEmpty() && !buttonSet.hasPicture() && !ask(controls_.form, pictureLater)) return false;
+    const std::optional<BmpFiles> bmp = askAboutBmp(controls_.form, {picture});
+    if (!bmp) {
+        agreedPicture_.clear();
+        return false;
+    }
 
     ButtonTexts stored = texts();
-    stored.front() = QString::number(*number);
-    buttonSet.store(stored, picture);
+    stored.front() = QString::number(number->number);
+    buttonSet.store(stored, {picture, *bmp}, number->partner);
     state_.pageFree = true;
     chosen_ = stored.at(0);
     chosenCode_ = stored.at(1);
     controls_.datBj->Refresh();
     showCurrent();
     cmdBj->setEnabled(true);
+    return true;
+}
+
+/// Tells of a text that its column cannot hold; false when it can.
+bool ButtonGroup::refuseLong(const QString& caption, TextBox* box) {
+    const QString fault = lengthFault(caption, *box);
+    if (fault.isEmpty()) return false;
+    say(controls_.form, fault);
+    box->setFocus();
+    return true;
+}
+
+/// A code that takes the button for all pictures away, or that nobody can take back later, is asked about.
+bool ButtonGroup::codeIsMeant() {
+    const QString old = buttonSet.code();
+    const QString code = txtB1->text();
+    const bool leaves = isAllPictures(old) && !isAllPictures(code);
+    const bool becomesPreset = isPreset(code) && code != old;
+    if (!leaves && !becomesPreset) return true;
+    const QString question = leaves ? allPicturesLeaveQuestion(code) : presetCodeQuestion(code);
+    if (askBeforeDeleting(controls_.form, question)) return true;
+    txtB1->setFocus();
+    return false;
 }
 
 ButtonTexts ButtonGroup::texts() const {
@@ -244,13 +300,19 @@ ButtonTexts ButtonGroup::texts() const {
 }
 
 /// The number in the box, by which everything finds the button: nothing, and said why, when it is none or taken.
-std::optional<int> ButtonGroup::freeNumber() {
+std::optional<ButtonGroup::Number> ButtonGroup::numberToStore() {
     bool isNumber = false;
     const int number = txtX1->text().trimmed().toInt(&isNumber);
     const bool own = buttonSet.number() == QString::number(number);
-    const auto other = isNumber && !own ? buttonWithNumber(mekTp::catalogue, number) : std::nullopt;
-    if (isNumber && !other) return number;
-    say(controls_.form, other ? numberInUse(other->at(2), number) : u"序号应为整数，重来！"_s);
+    std::vector<ButtonTexts> others;
+    if (isNumber && !own) others = buttonsWithNumber(mekTp::catalogue, number);
+    if (isNumber && others.empty()) return Number{number, {}};
+    if (const auto partner = isNumber ? buttonSet.partnerFor(number) : std::nullopt) {
+        if (ask(controls_.form, exchangeQuestion(partner->at(2), number, buttonSet.number())))
+            return Number{number, partner};
+    } else {
+        say(controls_.form, isNumber ? numberInUse(others.front().at(2), number) : u"序号应为整数，重来！"_s);
+    }
     txtX1->setFocus();
     return {};
 }
@@ -264,16 +326,14 @@ void ButtonGroup::codeChanged() {
     const QString old = buttonSet.code();
     const auto owner = buttonWithCode(mekTp::catalogue, txtB1->text());
     if (!owner || txtB1->text().compare(old, Qt::CaseInsensitive) == 0) return;
-    say(controls_.form, codeInUse(owner->at(2), owner->at(1)));
+    say(controls_.form, codeInUse(owner->at(2), owner->at(1), txtB1->text()));
     txtB1->setText(old);
     txtB1->setFocus();
 }
 
 void ButtonGroup::offerAlbums() {
     if (!buttonSet.isPending()) return;
-    QStringList tables;
-    for (const Album& album : allAlbums(mekTp::catalogue)) tables << album.table;
-    albums_->open(tables);
+    albums_->open(allAlbums(mekTp::catalogue));
 }
 
 // Cancelling and deleting ---------------------------------------------------------------------------------------------
@@ -293,7 +353,12 @@ void ButtonGroup::cancel() {
 }
 
 void ButtonGroup::deleteChosen() {
-    if (!buttonSet.isOnButton() || !ask(controls_.form, buttonDeletionQuestion(buttonSet.code()))) return;
+    if (!buttonSet.isOnButton()) return;
+    const ButtonTexts button = buttonSet.texts();
+    const auto offers = [&](const Album& album) { return offersAlbum(button.at(3), album.table); };
+    const std::vector<Album> albums = allAlbums(mekTp::catalogue);
+    const auto count = std::count_if(albums.begin(), albums.end(), offers);
+    if (!askBeforeDeleting(controls_.form, buttonDeletionQuestion(button, static_cast<int>(count)))) return;
     if (preview_.isOpen()) preview_.hide();
     buttonSet.remove();
     showNone();

@@ -6,6 +6,7 @@
 #include "intake/shared_controls.h"
 #include "settings/album_picker.h"
 #include "settings/button_records.h"
+#include "settings/button_row.h"
 
 #include <QObject>
 #include <array>
@@ -30,6 +31,11 @@ class ButtonGroup : public QObject {
     /// Back to rest: all buttons by code, none chosen. Throws `Error` when they cannot be read.
     void reset();
 
+    /// Asks before changes of the button in hand are lost, for another row of the grid or with the window; false when
+    /// they are to stay.
+    bool mayGoTo(int row);
+    bool mayLeave();
+
     /// Takes the button at datBj's current record in hand. What was begun with another one is given up.
     void anjl();
 
@@ -44,20 +50,28 @@ class ButtonGroup : public QObject {
     void startAdding();
     void startChanging();
     void openForWork();
-    void anbc();
+    bool anbc();
+    bool codeIsMeant();
     void cancel();
     void deleteChosen();
     void listCodes();
     void codeChanged();
     void offerAlbums();
 
+    bool refuseLong(const QString& caption, TextBox* box);
+    bool isChanged() const;
     void showCurrent();
     void showNone();
     void rest();
     void findChosen();
     void clearPicture();
     ButtonTexts texts() const;
-    std::optional<int> freeNumber();
+    /// A number that may be stored, and who gets the old one for it.
+    struct Number {
+        int number;
+        std::optional<ButtonTexts> partner;
+    };
+    std::optional<Number> numberToStore();
     QString pictureToStore() const;
 
     SharedControls& controls_;
@@ -75,8 +89,10 @@ class ButtonGroup : public QObject {
     QPushButton* cmdSn;
     std::array<TextBox*, 4> boxes_{};
     std::unique_ptr<AlbumPicker> albums_;
+    std::unique_ptr<ButtonRow> row_;
 
     ButtonRecords buttonSet;
+    ButtonTexts begun_;   ///< What the boxes held when the work in hand began.
     QString chosen_;      ///< 序号 of the button in hand, or of the one before a new one was begun; empty for none.
     QString chosenCode_;  ///< Its 编号.
     QString agreedPicture_;  ///< File that was confirmed as the picture, while the texts were not complete yet.

@@ -22,11 +22,6 @@ Recordset buttonOf(const QString& number, const QString& code) {
     return buttons;
 }
 
-std::optional<ButtonTexts> first(const Recordset& buttons) {
-    if (buttons.Eof()) return {};
-    return textsOf(buttons);
-}
-
 }  // namespace
 
 void ButtonRecords::choose(const QString& number, const QString& code) {
@@ -86,13 +81,32 @@ void ButtonRecords::prepare() {
     }
 }
 
-void ButtonRecords::store(const ButtonTexts& texts, const QString& pictureFile) {
+std::optional<ButtonTexts> ButtonRecords::partnerFor(int number) const {
+    if (work_ != Work::changing) return {};
+    const auto others = buttonsWithNumber(mekTp::catalogue, number);
+    const bool areAlone = others.size() == 1 && buttonsWithNumber(mekTp::catalogue, this->number().toInt()).size() == 1;
+    if (!areAlone || isPreset(others.front().at(1))) return {};
+    return others.front();
+}
+
+void ButtonRecords::giveOldNumberTo(const ButtonTexts& partner) {
+    Recordset other = buttonOf(partner.at(0), partner.at(1));
+    other.Edit();
+    other.Fields(columns.at(0)).SetValue(number_);
+    other.Update();
+}
+
+void ButtonRecords::store(const ButtonTexts& texts, const ButtonPictureFile& picture,
+                          const std::optional<ButtonTexts>& partner) {
+    Transaction whole(mekTp::catalogue);
+    if (partner) giveOldNumberTo(*partner);
     prepare();
     for (std::size_t place = 0; place < columns.size(); ++place)
         rows_.Fields(columns.at(place)).SetValue(texts.at(place));
-    if (!pictureFile.isEmpty() && bctp(pictureFile, rows_, u"j"_s, false) == 0)
-        throw Error(u"图片文件“%1”没有内容，按钮没有保存。"_s.arg(pictureFile));
+    if (!picture.path.isEmpty() && bctp(picture.path, rows_, picture.bmp, false) == 0)
+        throw Error(u"图片文件“%1”没有内容，按钮没有保存。"_s.arg(picture.path));
     rows_.Update();
+    whole.commit();
     choose(texts.at(0), texts.at(1));
 }
 
@@ -116,9 +130,14 @@ int nextButtonNumber(const Database& catalogue) {
 }
 
 std::optional<ButtonTexts> buttonWithCode(const Database& catalogue, const QString& code) {
-    return first(buttonsWhere(catalogue, u"编号 = "_s + quoted(code)));
+    const Recordset buttons = buttonsWhere(catalogue, u"编号 = "_s + quoted(code));
+    if (buttons.Eof()) return {};
+    return textsOf(buttons);
 }
 
-std::optional<ButtonTexts> buttonWithNumber(const Database& catalogue, int number) {
-    return first(buttonsWhere(catalogue, u"序号 = %1"_s.arg(number)));
+std::vector<ButtonTexts> buttonsWithNumber(const Database& catalogue, int number) {
+    std::vector<ButtonTexts> found;
+    for (Recordset buttons = buttonsWhere(catalogue, u"序号 = %1"_s.arg(number)); !buttons.Eof(); buttons.MoveNext())
+        found.push_back(textsOf(buttons));
+    return found;
 }

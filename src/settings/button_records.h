@@ -1,9 +1,17 @@
 #pragma once
 
+#include "intake/bmp_files.h"
 #include "platform/database/database.h"
 #include "settings/button_rules.h"
 
 #include <optional>
+#include <vector>
+
+/// A picture file for a button, and what becomes of it when it is a bitmap. Without a path there is none.
+struct ButtonPictureFile {
+    QString path;
+    BmpFiles bmp = BmpFiles::keep;
+};
 
 /// The recordset on the selection buttons in which one is added, changed or deleted. It stands on the button in hand,
 /// or on none. What is begun is stored whole or not at all; after a failure it is still begun. Failures throw `Error`.
@@ -29,11 +37,17 @@ class ButtonRecords {
 
     void startAdding();
     void startChanging();
-    /// Stores the texts and, unless its path is empty, a picture file; stands on the stored button afterwards.
-    void store(const ButtonTexts& texts, const QString& pictureFile);
+    /// Stores the texts and the picture, if there is one; stands on the stored button afterwards. A partner gets the
+    /// number that the button had before.
+    void store(const ButtonTexts& texts, const ButtonPictureFile& picture,
+               const std::optional<ButtonTexts>& partner = {});
+    /// The button that bears a number, when the one in hand can exchange its own for it: both are each one button's
+    /// alone, and none of them is the system's.
+    std::optional<ButtonTexts> partnerFor(int number) const;
     void remove();
 
   private:
+    void giveOldNumberTo(const ButtonTexts& partner);
     void prepare();
     QString stored(const QString& column) const;
 
@@ -49,6 +63,7 @@ ButtonTexts textsOf(const Recordset& button);
 /// The number that is proposed for a new button: behind the last one.
 int nextButtonNumber(const Database& catalogue);
 
-/// The button that bears a code, or a number; nothing when none does.
+/// The button that bears a code; nothing when none does.
 std::optional<ButtonTexts> buttonWithCode(const Database& catalogue, const QString& code);
-std::optional<ButtonTexts> buttonWithNumber(const Database& catalogue, int number);
+/// The buttons that bear a number: more than one only in catalogues that were changed by others.
+std::vector<ButtonTexts> buttonsWithNumber(const Database& catalogue, int number);

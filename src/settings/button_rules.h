@@ -23,6 +23,14 @@ inline const QString pictureHint = QStringLiteral("操作提示：按钮图片�
 
 /// The box at `place` is empty.
 QString notFilled(int place);
-QString codeInUse(const QString& name, const QString& code);
+/// `typed` may be another letter than the code: of the same in both sizes there is only one.
+QString codeInUse(const QString& name, const QString& code, const QString& typed);
 QString numberInUse(const QString& name, int number);
-QString buttonDeletionQuestion(const QString& code);
+/// The other button would get `old`.
+QString exchangeQuestion(const QString& name, int number, const QString& old);
+/// `albums`: how many offer the button.
+QString buttonDeletionQuestion(const ButtonTexts& button, int albums);
+/// A button of one's own gets a code of the system's.
+QString presetCodeQuestion(const QString& code);
+/// The button for all pictures gets another code.
+QString allPicturesLeaveQuestion(const QString& code);

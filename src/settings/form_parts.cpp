@@ -1,5 +1,7 @@
 #include "settings/form_parts.h"
 
+#include "platform/base/error.h"
+#include "platform/desktop/message_box.h"
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
 
@@ -28,6 +30,22 @@ QPushButton* makeButton(QWidget* group, const QString& name, const QString& capt
 QString lengthFault(const QString& caption, const TextBox& box) {
     if (!box.isTooLong()) return {};
     return u"%1太长：有 %2 个字，最多 %3 个。"_s.arg(caption).arg(box.text().size()).arg(box.typingLimit());
+}
+
+void limitTyping(TextBox* box, const Recordset& records, const QString& column) {
+    attempt([&] { box->setTypingLimit(records.Fields(column).Size()); });
+}
+
+bool mayBeLeft(QWidget* form, const QString& text, const std::function<bool()>& store) {
+    switch (askAboutUnsaved(form, text)) {
+        case Unsaved::save:
+            return store();
+        case Unsaved::discard:
+            return true;
+        case Unsaved::keepEditing:
+            break;
+    }
+    return false;
 }
 
 void makeDisplayOnly(TextBox* box) {

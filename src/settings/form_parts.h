@@ -1,9 +1,11 @@
 #pragma once
 
+#include "platform/database/recordset.h"
 #include "platform/desktop/placing.h"
 
 #include <QGroupBox>
 #include <QLabel>
+#include <functional>
 
 class QPushButton;
 class TabControl;
@@ -41,6 +43,13 @@ QPushButton* makeButton(QWidget* group, const QString& name, const QString& capt
 
 /// What is said of a box whose text is longer than its typing limit, with both counts; empty when it fits.
 QString lengthFault(const QString& caption, const TextBox& box);
+
+/// Typing in a box stops where the column ends that it is stored in.
+void limitTyping(TextBox* box, const Recordset& records, const QString& column);
+
+/// Asks what becomes of changes that are not stored yet. True when they were stored, or may be lost; `store` tells
+/// whether it has stored them.
+bool mayBeLeft(QWidget* form, const QString& text, const std::function<bool()>& store);
 
 /// A box that only shows a value, in grey.
 void makeDisplayOnly(TextBox* box);

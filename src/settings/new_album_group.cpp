@@ -3,11 +3,12 @@
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
 #include "intake/settings_tab.h"
+#include "platform/base/error.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
-#include "settings/album_changes.h"
+#include "settings/all_pictures_button.h"
 #include "settings/form_parts.h"
 
 #include <QPushButton>
@@ -47,6 +48,12 @@ void NewAlbumGroup::reset() {
     txtBz->clear();
     txtBz->setLocked(true);
     cmdJl->setText(atRest);
+    attempt([&] {
+        const Recordset albums = mekTp::catalogue.OpenRecordset(u"tcbm"_s);
+        limitTyping(txtBa, albums, u"表名"_s);
+        limitTyping(txtBb, albums, u"标题"_s);
+        limitTyping(txtBz, albums, u"备注"_s);
+    });
 }
 
 bool NewAlbumGroup::hasProposal() const {
@@ -68,11 +75,11 @@ void NewAlbumGroup::cmdJlClick() {
 }
 
 void NewAlbumGroup::propose() {
-    const Album album = proposedAlbum(mekTp::catalogue);
+    proposed_ = proposedAlbum(mekTp::catalogue);
     createdTable_.clear();
-    lblXh->setText(album.number);
-    txtBa->setText(album.table);
-    txtBb->setText(album.title);
+    lblXh->setText(proposed_.number);
+    txtBa->setText(proposed_.table);
+    txtBb->setText(proposed_.title);
     txtBz->setLocked(false);
     txtBz->setFocus();
     cmdJl->setText(pending);
@@ -80,18 +87,36 @@ void NewAlbumGroup::propose() {
     state_.pageFree = false;
 }
 
-void NewAlbumGroup::create() {
-    const Album album{lblXh->text(), txtBa->text(), txtBb->text(), txtBz->text()};
-    if (!nameIsFree()) return;
-    if (const QString fault = tableNameFault(album.table); !fault.isEmpty()) {
+Album NewAlbumGroup::typed() const {
+    return {lblXh->text(), txtBa->text(), txtBb->text(), txtBz->text()};
+}
+
+bool NewAlbumGroup::mayLeave() {
+    const Album album = typed();
+    if (!hasProposal() || (album.table == proposed_.table && album.title == proposed_.title && album.remark.isEmpty()))
+        return true;
+    return mayBeLeft(controls_.form, u"新图册“%1”还没有建立。"_s.arg(album.title), [this] { return create(); });
+}
+
+std::pair<QString, TextBox*> NewAlbumGroup::faultOf(const Album& album) const {
+    if (const QString fault = tableNameFault(album.table); !fault.isEmpty()) return {fault, txtBa};
+    if (!titleFits(album.title)) return {titleFault(album.title), txtBb};
+    if (const auto owner = findTitle(mekTp::catalogue, album.title)) return {titleInUse(*owner), txtBb};
+    return {lengthFault(u"备注"_s, *txtBz), txtBz};
+}
+
+/// False when the album was not made; the proposal stands.
+bool NewAlbumGroup::create() {
+    const Album album = typed();
+    if (!nameIsFree()) return false;
+    if (const auto [fault, box] = faultOf(album); !fault.isEmpty()) {
         say(controls_.form, fault);
-        txtBa->setFocus();
-        return;
+        box->setFocus();
+        return false;
     }
-    if (!titleFits(album.title)) {
-        say(controls_.form, titleTooLong, BoxIcon::information);
-        txtBb->setFocus();
-        return;
+    if (!hasAllPicturesButton(mekTp::catalogue)) {
+        if (!ask(controls_.form, allPicturesMissing)) return false;
+        putBackAllPicturesButton(mekTp::catalogue);
     }
     createAlbum(mekTp::catalogue, album);
     createdTable_ = album.table;
@@ -101,6 +126,7 @@ void NewAlbumGroup::create() {
     Q_EMIT created(albumLine(album.table, album.title));
     controls_.datBj->Refresh();
     say(controls_.form, u"新的像册数据表建立完成！"_s);
+    return true;
 }
 
 void NewAlbumGroup::cmdSxClick() {
@@ -118,9 +144,10 @@ void NewAlbumGroup::dropProposal() {
 void NewAlbumGroup::undoCreation() {
     // The boxes can be written over, and several albums may bear the same number: only the album made here goes.
     const QString table = createdTable_;
-    if (!table.isEmpty() && findAlbum(mekTp::catalogue, table)) {
-        if (!ask(controls_.form, u"撤消（删除）刚才建立的图册数据表吗？\n\n如果是按《确定》；否则按《取消》。"_s))
-            return;
+    const auto album = table.isEmpty() ? std::nullopt : findAlbum(mekTp::catalogue, table);
+    if (album) {
+        const QString question = u"撤消（删除）刚才建立的图册数据表吗？\n\n如果是按《确定》；否则按《取消》。"_s;
+        if (!askBeforeDeleting(controls_.form, question + u"\n\n"_s + albumContents(mekTp::catalogue, *album))) return;
         undoAlbum(mekTp::catalogue, table);
         Q_EMIT undone(table);
         say(controls_.form, u"刚才建立的图册数据表已经删除！"_s);

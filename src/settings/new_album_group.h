@@ -2,8 +2,10 @@
 
 #include "intake/form_state.h"
 #include "intake/shared_controls.h"
+#include "settings/album_changes.h"
 
 #include <QObject>
+#include <utility>
 
 class QLabel;
 class QPushButton;
@@ -19,6 +21,9 @@ class NewAlbumGroup : public QObject {
     /// Back to rest with empty boxes; an album created before can no longer be taken back.
     void reset();
 
+    /// Asks before a changed proposal is lost; false when it is to stay.
+    bool mayLeave();
+
   Q_SIGNALS:
     void created(const QString& albumLine);
     void undone(const QString& table);
@@ -27,7 +32,10 @@ class NewAlbumGroup : public QObject {
     void cmdJlClick();
     void cmdSxClick();
     void propose();
-    void create();
+    bool create();
+    Album typed() const;
+    /// What is wrong with it, and the box to mend it in; no sentence when nothing is.
+    std::pair<QString, TextBox*> faultOf(const Album& album) const;
     void dropProposal();
     void undoCreation();
     bool hasProposal() const;
@@ -43,6 +51,7 @@ class NewAlbumGroup : public QObject {
     TextBox* txtBz;
     QPushButton* cmdJl;
     QPushButton* cmdSx;
+    Album proposed_;
     QString createdTable_;      ///< Table of the album in hand after a creation, else empty.
     bool nameToCheck_ = false;  ///< txtBa was left and its name has not been checked yet.
 };

@@ -32,3 +32,7 @@ void SetupPage::enter() {
     attempt([&] { album_.reset(); });
     backup_.reset();
 }
+
+bool SetupPage::mayLeave() {
+    return newAlbum_.mayLeave() && album_.mayLeave() && title_.mayLeave() && buttons_.mayLeave();
+}

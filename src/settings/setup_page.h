@@ -18,6 +18,8 @@ class SetupPage : public SettingsPage {
 
     void enter() override;
     void rowSelected() override { buttons_.anjl(); }
+    bool mayGoTo(int row) override { return buttons_.mayGoTo(row); }
+    bool mayLeave() override;
 
   private:
     HintLine& hints_;

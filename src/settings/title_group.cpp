@@ -53,6 +53,7 @@ void TitleGroup::reset() {
         const Variant value = settings.Fields(column).Value();
         return !value.isNull() && value.toBool();
     };
+    limitTyping(txtXt, settings, u"像册标题"_s);
     const QSignalBlocker silent(txtXt);
     attempt([&] { txtXt->setText(settings.Fields(u"像册标题"_s).Value().textOr()); });
     attempt([&] { chkB1.at(0)->setChecked(isOn(u"显示标签"_s)); });
@@ -64,12 +65,27 @@ void TitleGroup::cmdBtClick() {
         store();
         return;
     }
+    begun_ = values();
     txtXt->setLocked(false);
     cmdBt->setText(pending);
     state_.pageFree = false;
 }
 
-void TitleGroup::store() {
+TitleGroup::Values TitleGroup::values() const {
+    return {txtXt->text(), chkB1.at(0)->isChecked(), chkB1.at(1)->isChecked()};
+}
+
+bool TitleGroup::mayLeave() {
+    if (!isEditing() || values() == begun_) return true;
+    return mayBeLeft(controls_.form, u"主标题及显示设置改过，还没有保存。"_s, [this] { return store(); });
+}
+
+/// False when the title was refused.
+bool TitleGroup::store() {
+    if (!titleFits(txtXt->text())) {
+        titleChanged();
+        return false;
+    }
     Recordset settings = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcsz"_s);
     settings.MoveFirst();
     settings.Edit();
@@ -80,6 +96,7 @@ void TitleGroup::store() {
     txtXt->setLocked(true);
     cmdBt->setText(atRest);
     state_.pageFree = true;
+    return true;
 }
 
 void TitleGroup::titleChanged() {

@@ -20,15 +20,25 @@ class TitleGroup : public QObject {
     /// Back to rest with the stored values; what cannot be read stays as it is.
     void reset();
 
+    /// Asks before changes are lost; false when they are to stay.
+    bool mayLeave();
+
   private:
     void cmdBtClick();
-    void store();
+    bool store();
+    struct Values {
+        QString title;
+        bool labels, fullScreen;
+        bool operator==(const Values&) const = default;
+    };
+    Values values() const;
     void titleChanged();
     void optionClicked(int index);
     bool isEditing() const;
 
     SharedControls& controls_;
     FormState& state_;
+    Values begun_{};  ///< When the editing began.
     TextBox* txtXt;
     QPushButton* cmdBt;
     std::array<QCheckBox*, 2> chkB1{};

@@ -1,3 +1,4 @@
+#include "intake/preview_fit.h"
 #include "intake_window.h"
 #include "panel_bench.h"
 #include "platform/base/files.h"
@@ -115,13 +116,20 @@ class TestPreview : public QObject {
             putValue(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, u"图片"_s, nothing);
             bench.showNumber(5);
             QVERIFY(bench.image().picture().isNull());
-            QVERIFY(bench.line().startsWith(u"tc01 旅行 序号：5\n"_s));
+            QCOMPARE(bench.line(), u"tc01 旅行 序号：5\n这条记录没有图片"_s);
+            QVERIFY(bench.get<QLabel>(u"lblKt"_s).isVisible() && !bench.get<QCheckBox>(u"chkCk"_s).isEnabled());
             bench.showNumber(4);
-            QVERIFY(!bench.image().picture().isNull());
+            QVERIFY(!bench.image().picture().isNull() && !bench.get<QLabel>(u"lblKt"_s).isVisible());
         }
+        // Bytes that are no picture do not leave the picture of another record standing.
+        putValue(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, u"图片"_s, QByteArray("text"));
+        bench.showNumber(5);
+        QCOMPARE(bench.line(), u"tc01 旅行 序号：5\n这条记录的数据不是图片，不能显示"_s);
+        QVERIFY(bench.image().picture().isNull());
         bench.show(u"SELECT * FROM tc02 ORDER BY [序号]"_s);
         bench.panel->chkCkClick();
         QCOMPARE(bench.line(), QString());
+        QVERIFY(!bench.get<QCheckBox>(u"chkCk"_s).isEnabled());
     }
 
     void fileThatIsNoPicture() {
@@ -132,6 +140,16 @@ class TestPreview : public QObject {
         bench.panel->chkCkClick();
         QVERIFY(!bench.image().picture().isNull());
         QCOMPARE(bench.line(), u"图片文件："_s + bench.state.newPictureFile + u"\n规格：40*30"_s);
+    }
+
+    void fileThatIsNoPictureAfterNone() {
+        Bench bench(2);
+        putValue(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, u"图片"_s, Variant());
+        bench.showNumber(5);
+        bench.write(u"x.jpg"_s, "text");
+        bench.load(bench.path(u"x.jpg"_s));
+        QCOMPARE(bench.frame().title(), u"图片规格：\n文件不是图片，不能显示"_s);
+        QVERIFY(bench.line().endsWith(u"\n文件不是图片，不能显示"_s));
     }
 
     void largePicturesKeepToTheBox() {
@@ -158,6 +176,38 @@ class TestPreview : public QObject {
         QVERIFY(near(bench.widthInTwips(u"shpWj"_s), 4095));
     }
 
+    void isDraggedByItsTitle() {
+        Bench bench(2);
+        bench.panel->cmdCkClick(2);
+        QWidget& frame = bench.frame();
+        const QPoint told = frame.pos();
+        const auto drag = [&](const QPoint& from, const QPoint& by) {
+            QTest::mousePress(&frame, Qt::LeftButton, {}, from);
+            QTest::mouseMove(&frame, from + by);
+            QTest::mouseRelease(&frame, Qt::LeftButton, {}, from);
+            QTest::mouseMove(&frame, from + QPoint(5, 5));
+        };
+        drag({30, 8}, {70, -40});
+        QCOMPARE(frame.pos(), told + QPoint(70, -40));
+        drag({4, 100}, {50, 50});
+        QCOMPARE(frame.pos(), told + QPoint(70, -40));
+        drag({30, 8}, {4000, 4000});  // it stays on the page
+        QCOMPARE(frame.geometry().bottomRight(), frame.parentWidget()->rect().bottomRight());
+        // Another record moves it nowhere; opened anew it is back.
+        bench.showNumber(4);
+        QCOMPARE(frame.geometry().bottomRight(), frame.parentWidget()->rect().bottomRight());
+        bench.click(u"cmdCg"_s);
+        bench.panel->cmdCkClick(2);
+        QCOMPARE(frame.pos(), told);
+    }
+
+    void opensBesideTheControlsOfAWiderPage() {
+        const QRect own(180, 690, 4290, 5835);
+        QCOMPARE(previewPlace(own, 9600), own);
+        QCOMPARE(previewPlace(own, 9600 + 4290), own);
+        QCOMPARE(previewPlace(own, 9600 + 4400), QRect(9600, 690, 4290, 5835));
+    }
+
     void enlargesOnlyWhereRecordsAreEdited() {
         Bench bench(1);
         bench.panel->cmdCkClick(0);
@@ -179,9 +229,13 @@ class TestPreview : public QObject {
         QByteArray bytes = pictureBytes({60, 45}, Qt::red);
         bytes.append(QByteArray(length - bytes.size(), 'x'));
         bench.write(u"新.jpg"_s, bytes);
+        bench.write(u"ls.jpg"_s, "somebody's own");
         const QString oldDate = ofNumber(7, u"日期"_s);
         bench.load(bench.path(u"新.jpg"_s));
         QCOMPARE(bench.frame().title(), u"图片规格：\n60 * 45"_s);
+        const QImage told = bench.frame().grab().toImage();
+        bench.frame().setTitle(u"图片规格：\n"_s);
+        QVERIFY(bench.frame().grab().toImage() != told);  // the second line is seen
         QVERIFY(bench.button(u"cmdAq"_s).isEnabled());
         bench.answer = takeDate;
         bench.click(u"cmdAq"_s);
@@ -193,6 +247,8 @@ class TestPreview : public QObject {
         QCOMPARE(ofNumber(7, u"日期"_s), takeDate ? newDate : oldDate);
         QCOMPARE(bench.controls.datBj->Recordset().Fields(u"序号"_s).Value().toInteger(), 7);
         QVERIFY(!bench.panel->isOpen());
+        QFile own(bench.path(u"ls.jpg"_s));
+        QVERIFY(own.open(QIODevice::ReadOnly) && own.readAll() == "somebody's own");
     }
 
     void storesNoPictureThatIsNone() {

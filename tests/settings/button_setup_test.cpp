@@ -47,6 +47,12 @@ class ButtonPage : public SettingsWindow {
         return parts.join(u' ');
     }
 
+    /// Whether the mouse meets the control at its middle.
+    bool isOnTop(const QString& name) const {
+        const QWidget& control = get<QWidget>(name);
+        return form->childAt(control.mapTo(form.get(), control.rect().center())) == &control;
+    }
+
     bool panelIsOpen() const { return get<QGroupBox>(u"fraCk"_s).isVisible(); }
 
     /// Loads a picture in the panel.
@@ -188,6 +194,8 @@ class TestButtonSetup : public QObject {
         QTest::keyClick(&txtB1, Qt::Key_V);
         QCOMPARE(page.said(), QStringList{u"编号不能重复，重来！（已有：全部＝v）"_s});
         QCOMPARE(txtB1.text(), QString());
+        QTest::keyClick(&txtB1, 'V');
+        QCOMPARE(page.said(), QStringList{u"编号不能重复，重来！（已有：全部＝v）\n\n填写的编号是“V”，大小写不分。"_s});
         QVERIFY(txtB1.hasFocus());
         QTest::keyClick(&txtB1, Qt::Key_B);
         QCOMPARE(txtB1.text(), u"b"_s);
@@ -223,20 +231,84 @@ class TestButtonSetup : public QObject {
         }
     }
 
+    // Buttons of one's own change places; a number of the system's stays, and so does one that two buttons bear.
+    void numbersAreExchanged() {
+        ButtonPage page;
+        page.beginChange(u"a"_s);
+        page.fill({u"1"_s, u"b"_s});
+        page.answer = false;
+        page.click(u"cmdBj"_s);
+        QCOMPARE(page.said(),
+                 QStringList{u"序号不能重复，重来！（已有：全部＝1）\n\n要与它交换序号，按《确定》，它的序号就"
+                             "成为 4；否则按《取消》，另填一个序号。"_s});
+        QCOMPARE(page.state() + page.text(u"txtX1"_s), changing + u"1"_s);
+        QVERIFY(page.box(u"txtX1"_s).hasFocus());
+        QCOMPARE(columnOf(u"tcan"_s, u"序号"_s).join(u""_s), u"1234"_s);
+
+        page.answer = true;
+        page.click(u"cmdBj"_s);
+        QCOMPARE(storedTexts(u"b"_s).first() + storedTexts(u"v"_s).first(), u"14"_s);
+        QCOMPARE(storedTexts(u"v"_s).mid(1), (QStringList{u"v"_s, u"全部"_s, u"tc00tc01tc02"_s}));
+        QCOMPARE(page.chosenRow() + page.text(u"txtX1"_s), u"b1"_s);
+
+        // A failure takes both back.
+        page.said();
+        page.beginChange(u"b"_s);
+        page.fill({u"4"_s, u"b"_s, QString(21, u'长')});
+        page.click(u"cmdBj"_s);
+        QCOMPARE(storedTexts(u"b"_s).first() + storedTexts(u"v"_s).first(), u"14"_s);
+        page.click(u"cmdSn"_s);
+
+        page.said();
+        putValue(rowOf(u"v"_s), u"序号"_s, 1);
+        for (const QString& number : {u"2"_s, u"1"_s}) {
+            page.click(u"cmdQu"_s);
+            page.fill({number, u"q"_s, u"名"_s, u"tc01"_s});
+            page.click(u"cmdQu"_s);
+            QVERIFY2(page.said().first().endsWith(u'）'), qPrintable(number));  // refused
+            page.click(u"cmdSn"_s);
+        }
+    }
+
     void failedStoringCanBeRepeated() {
         ButtonPage page;
         page.click(u"cmdQu"_s);
-        page.fill({u"5"_s, u"k"_s, QString(21, u'长'), u"tc01"_s});  // the name is too long for its column
+        page.fill({u"5"_s, u"k"_s, u"名"_s});
+        page.load(u"button.jpg"_s);
+        page.click(u"cmdAq"_s);  // agreed to, but not stored without the albums
+        QFile::remove(page.picked);
+        page.box(u"txtC1"_s).setText(u"tc01"_s);
         for (int i = 0; i < 2; ++i) {
             page.click(u"cmdQu"_s);
             QCOMPARE(page.boxes.last().title, u"错误提示"_s);
             QCOMPARE(page.state(), adding);
             QCOMPARE(buttonCount(), 4);
         }
-        page.box(u"txtM1"_s).setText(u"短"_s);
-        page.click(u"cmdQu"_s);
-        QCOMPARE(storedTexts(u"k"_s).at(2), u"短"_s);
+        page.load(u"button.jpg"_s);
+        page.click(u"cmdAq"_s);
+        QCOMPARE(storedTexts(u"k"_s).at(2), u"名"_s);
         QCOMPARE(buttonCount(), 5);
+    }
+
+    void longTexts() {
+        ButtonPage page;
+        page.beginChange(u"a"_s);
+        for (const auto& [name, length, said] : {std::tuple{u"txtB1"_s, 1, u"编号太长：有 30 个字，最多 1 个。"_s},
+                                                 {u"txtM1"_s, 20, u"名称太长：有 30 个字，最多 20 个。"_s}}) {
+            auto& box = page.box(name);
+            box.clear();
+            box.setFocus();
+            QTest::keyClicks(&box, QString(length + 1, u'x'));
+            QCOMPARE(box.text(), QString(length, u'x'));
+            QApplication::clipboard()->setText(QString(30, u'y'));
+            box.selectAll();
+            QTest::keySequence(&box, QKeySequence::Paste);
+            page.click(u"cmdBj"_s);
+            QCOMPARE(page.said(), QStringList{said});
+            QVERIFY(box.hasFocus() && box.text().size() == 30);
+            QCOMPARE(page.state(), changing);
+            box.setText(u"z"_s);
+        }
     }
 
     // Changing --------------------------------------------------------------------------------------------------------
@@ -262,6 +334,26 @@ class TestButtonSetup : public QObject {
         page.click(u"cmdBj"_s);
         QCOMPARE(storedTexts(u"v"_s).at(2), u"全"_s);
         QCOMPARE(buttonCount(), 4);
+    }
+
+    void codesWithoutAWayBackAreAskedAbout() {
+        ButtonPage page;
+        mekTp::catalogue.Execute(u"DELETE FROM [tcan] WHERE 编号 = '2'"_s);
+        page.open();
+        page.answer = false;
+        for (const auto& [code, newCode, question] : {std::tuple{u"v"_s, u"w"_s, u"编号“v”的按钮列出全部图片。"_s},
+                                                      {u"a"_s, u"2"_s, u"编号 1 至 6 属于系统"_s}}) {
+            page.beginChange(code);
+            page.box(u"txtB1"_s).setText(newCode);
+            page.click(u"cmdBj"_s);
+            QCOMPARE(page.boxes.size(), 1);
+            QVERIFY(page.boxes.first().text.startsWith(question) && page.boxes.first().onEnter == 1);
+            page.said();
+            QCOMPARE(page.state() + page.text(u"txtB1"_s), changing + newCode);
+            QVERIFY(page.box(u"txtB1"_s).hasFocus());
+            QCOMPARE(columnOf(u"tcan"_s, u"编号"_s).join(u""_s), u"v1a"_s);
+            page.click(u"cmdSn"_s);
+        }
     }
 
     // Of two buttons with one number the one that was clicked is changed or deleted.
@@ -310,15 +402,44 @@ class TestButtonSetup : public QObject {
         }
     }
 
-    void anotherRowGivesUpWhatWasBegun() {
+    void anotherRowAsksAboutWhatWasTyped() {
+        const std::tuple<int, QString, QString, QString> cases[] = {
+            {0, u"v"_s, ownButton, u"改"_s},  // saved
+            {1, u"v"_s, ownButton, u"无图"_s},
+            {2, u"a"_s, changing, u"无图"_s},  // goes on
+        };
+        for (const auto& [answer, row, state, name] : cases) {
+            ButtonPage page;
+            page.beginChange(u"a"_s);
+            page.box(u"txtM1"_s).setText(u"改"_s);
+            page.answerWith(answer);
+            page.choose(u"a"_s);
+            QVERIFY(page.boxes.isEmpty());  // this is the one
+            page.choose(u"v"_s);
+            QCOMPARE(page.said().value(0), u"按钮“改”的改动还没有保存。"_s);
+            QCOMPARE(page.state() + page.chosenRow() + page.text(u"txtB1"_s), state + row + row);
+            QCOMPARE(storedTexts(u"a"_s).at(2), name);
+            if (row == u"a") QCOMPARE(page.text(u"txtM1"_s), u"改"_s);
+        }
+    }
+
+    void saveThatIsRefusedStaysWithItsRow() {
         ButtonPage page;
         page.beginChange(u"a"_s);
-        page.box(u"txtM1"_s).setText(u"改"_s);
+        page.fill({u"4"_s, u"a"_s, u""_s});
+        page.answerWith(0);
+        page.choose(u"v"_s);
+        QCOMPARE(page.boxes.size(), 2);
+        QCOMPARE(page.state() + page.chosenRow() + page.text(u"txtB1"_s), changing + u"aa"_s);
+    }
+
+    void anotherRowGivesUpWhatWasNotChanged() {
+        ButtonPage page;
+        page.beginChange(u"a"_s);
         page.choose(u"v"_s);
         QCOMPARE(page.state(), ownButton);
         QCOMPARE(page.texts(), storedTexts(u"v"_s));
-        QVERIFY(!page.isPending());
-        QCOMPARE(storedTexts(u"a"_s).at(2), u"无图"_s);
+        QVERIFY(!page.isPending() && page.boxes.isEmpty());
 
         // But not what another group of the page has begun.
         page.click(u"cmdBt"_s);
@@ -344,13 +465,26 @@ class TestButtonSetup : public QObject {
         page.choose(u"a"_s);
         page.answer = false;
         page.click(u"cmdSn"_s);
-        QCOMPARE(page.said(), QStringList{u"删除本像册按钮吗？(编号＝a)\n\n如果是按《确定》；否则按《取消》。"_s});
+        const QString question =
+            u"删除本像册按钮吗？(编号＝%1)\n\n如果是按《确定》；否则按《取消》。\n\n"
+            "要删除的按钮：编号“%1”，名称“%2”，用在 %3 本图册中。图片不会删除。"_s;
+        QCOMPARE(page.boxes.value(0).onEnter, 1);
+        QCOMPARE(page.said(), QStringList{question.arg(u"a"_s, u"无图"_s, u"3"_s)});
         QCOMPARE(buttonCount(), 4);
+
+        // Albums that are gone, or entered twice, do not count; the button for all pictures says what it is for.
+        putValue(rowOf(u"v"_s), u"图册"_s, u"tc01tc01tc77"_s);
+        putValue(rowOf(u"v"_s), u"名称"_s, u"%3"_s);
+        page.choose(u"v"_s);
+        page.click(u"cmdSn"_s);
+        const QString asked = page.said().value(0);
+        QVERIFY(asked.startsWith(question.arg(u"v"_s, u"%3"_s, u"1"_s)) && asked.contains(u"没有它，主窗口不能"_s));
+        page.choose(u"a"_s);
 
         page.answer = true;
         page.click(u"cmdSn"_s);
         QCOMPARE(columnOf(u"tcan"_s, u"编号"_s).join(u""_s), u"v12"_s);
-        QCOMPARE(linesOf(page.get<ListBox>(u"lstBh"_s)), (QStringList{u"v 全部"_s, u"1 风景"_s, u"2 人物"_s}));
+        QCOMPARE(linesOf(page.get<ListBox>(u"lstBh"_s)), (QStringList{u"v %3"_s, u"1 风景"_s, u"2 人物"_s}));
         QCOMPARE(page.grid().model()->rowCount(), 3);
         QCOMPARE(page.texts().join(u""_s), QString());
         QCOMPARE(page.state(), noButton);
@@ -395,13 +529,31 @@ class TestButtonSetup : public QObject {
         page.click(u"cmdCg"_s, u"cmdBj"_s);
         QCOMPARE(page.said(), QStringList{pictureQuestion});
         QCOMPARE(pictureLength(u"a"_s), 0);
+    }
 
-        // Bitmaps are stored as JPEG.
-        page.beginChange(u"a"_s);
-        page.load(u"button.bmp"_s);
-        page.click(u"cmdAq"_s);
-        const Recordset row = mekTp::catalogue.OpenRecordset(rowOf(u"a"_s));
-        QCOMPARE(row.Fields(u"图片"_s).GetChunk(0, 2), QByteArray("\xff\xd8"));
+    // Stored as JPEG in any case; the file itself only becomes one when its owner says so.
+    void bitmapsAsButtonPictures() {
+        const QStringList both{storeQuestion, u"“button.bmp”是 BMP 文件。\n\n存入的图片转成 JPG。"_s};
+        for (const auto& [answer, turned, isStored] :
+             {std::tuple{u"转成 JPG"_s, true, true}, {u"保留原文件"_s, false, true}, {u"取消"_s, false, false}}) {
+            ButtonPage page;
+            page.beginChange(u"a"_s);
+            page.load(u"button.bmp"_s);
+            chooseInBoxesWith([&page, answer = answer](const BoxText& box) {
+                page.boxes << box;
+                return box.answers.size() == 3 ? static_cast<int>(box.answers.indexOf(answer)) : 0;
+            });
+            page.click(u"cmdAq"_s);
+            for (int i = 0; i < both.size(); ++i) QVERIFY(page.boxes.value(i).text.startsWith(both[i]));
+            QCOMPARE(page.boxes.size(), 2);
+            QFile file(page.picked);
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            QCOMPARE(file.read(2), turned ? QByteArray("\xff\xd8") : QByteArray("BM"));
+            const Recordset row = mekTp::catalogue.OpenRecordset(rowOf(u"a"_s));
+            QCOMPARE(row.Fields(u"图片"_s).isNull(), !isStored);
+            if (isStored) QCOMPARE(row.Fields(u"图片"_s).GetChunk(0, 2), QByteArray("\xff\xd8"));
+            QCOMPARE(page.state(), isStored ? justStored : changing);
+        }
     }
 
     void picturesOfButtonsAtRestAreNotTaken() {
@@ -409,12 +561,51 @@ class TestButtonSetup : public QObject {
         page.choose(u"a"_s);
         page.load(u"button.jpg"_s);
         QVERIFY(!page.button(u"cmdAq"_s).isEnabled());
-        page.button(u"cmdBj"_s).click();  // as the keyboard can
+        page.click(u"cmdBj"_s);
         QVERIFY(page.isEnabled(u"cmdAq"_s) && !page.isEnabled(u"cmdCk(4)"_s));
-        page.button(u"cmdSn"_s).click();
+        page.click(u"cmdSn"_s);
         QVERIFY(!page.isEnabled(u"cmdAq"_s));
-        page.button(u"cmdQu"_s).click();
+        page.click(u"cmdQu"_s);
         QVERIFY(!page.panelIsOpen());
+    }
+
+    // The panel covers the place of the buttons; they are needed while it is open.
+    void buttonsStandBesideThePanel() {
+        ButtonPage page;
+        page.choose(u"a"_s);
+        const QRect row = page.button(u"cmdBj"_s).geometry();
+        page.button(u"cmdCk(4)"_s).setFocus();
+        page.click(u"cmdCk(4)"_s);
+        QVERIFY(page.panelIsOpen());
+        QCOMPARE(page.form->focusWidget()->objectName(), u"cmdAz"_s);
+        const QRect group = page.get<QGroupBox>(u"fraAs"_s).geometry();
+        QVERIFY(!group.intersects(page.get<QGroupBox>(u"Frame2"_s).geometry()));
+        for (const QString& name : {u"cmdQu"_s, u"cmdBj"_s, u"cmdSn"_s, u"cmdCk(4)"_s}) {
+            const QPushButton& button = page.button(name);
+            QVERIFY2(page.isOnTop(name), qPrintable(name));
+            QVERIFY(button.fontMetrics().horizontalAdvance(button.text()) <= button.width() - 4);
+            QVERIFY(button.parentWidget()->rect().contains(button.geometry()));
+        }
+        // Dragged aside, the panel gives their row free.
+        auto& panel = page.get<QGroupBox>(u"fraCk"_s);
+        QTest::mousePress(&panel, Qt::LeftButton, {}, QPoint(60, 8));
+        QTest::mouseMove(&panel, QPoint(400, 8));
+        QTest::mouseRelease(&panel, Qt::LeftButton, {}, QPoint(60, 8));
+        QCOMPARE(page.button(u"cmdBj"_s).geometry(), row);
+        QVERIFY(page.isOnTop(u"cmdBj"_s) && page.isOnTop(u"txtM1"_s));
+        page.click(u"cmdCg"_s, u"cmdCk(4)"_s, u"cmdCg"_s);
+        QCOMPARE(page.button(u"cmdBj"_s).geometry(), row);
+        QCOMPARE(page.form->focusWidget()->objectName(), u"cmdCk(4)"_s);
+    }
+
+    void newButtonShowsNoOthersPicture() {
+        ButtonPage page;
+        page.choose(u"v"_s);
+        page.click(u"cmdQu"_s, u"cmdCk(4)"_s);
+        QCOMPARE(page.label(u"lblWj"_s), u"新按钮\n还没有图片"_s);
+        QVERIFY(page.get<ImageBox>(u"imgWj"_s).picture().isNull());
+        page.click(u"cmdSn"_s);  // back to the one that was chosen
+        QVERIFY(page.label(u"lblWj"_s).endsWith(u"规格：100*75"_s));
     }
 
     // Albums and keys -------------------------------------------------------------------------------------------------
@@ -467,6 +658,9 @@ class TestButtonSetup : public QObject {
         page.box(u"txtC1"_s).setFocus();
         const auto& lstBh = page.get<ListBox>(u"lstBh"_s);
         QVERIFY(lstBh.isVisible() && lstBh.y() >= 16 && lstBh.verticalScrollBar()->maximum() > 0);
+        // The names have the room that they have in a list without a bar.
+        QVERIFY(lstBh.viewport()->width() >= 38 && lstBh.horizontalScrollBar()->maximum() == 0);
+        QCOMPARE(lstBh.item(3)->toolTip(), u"册"_s);
     }
 
     void keysWalkThroughTheBoxes() {

@@ -7,6 +7,13 @@ namespace {
 
 const QString presetRow = u"SELECT * FROM tcan WHERE 编号 = 'v'"_s;
 
+/// Buttons cannot be changed from now on, which is what the last step of an album's creation or deletion comes to.
+void spoilButtons() {
+    mekTp::catalogue.Execute(u"DROP TABLE [tcan]"_s);
+    mekTp::catalogue.Execute(u"CREATE TABLE tcan ([序号] LONG,[编号] TEXT(1))"_s);
+    addRow(u"tcan"_s, {{u"序号"_s, 1}, {u"编号"_s, u"v"_s}});
+}
+
 const QStringList sampleAlbums{u"tc00"_s, u"tc01"_s, u"tc02"_s};  ///< The albums of the sample.
 
 QStringList albums() {
@@ -93,7 +100,8 @@ class TestSetupPage : public QObject {
         window.answer = false;
         window.click(u"cmdSx"_s);
         QCOMPARE(window.said(),
-                 QStringList{u"撤消（删除）刚才建立的图册数据表吗？\n\n如果是按《确定》；否则按《取消》。"_s});
+                 QStringList{u"撤消（删除）刚才建立的图册数据表吗？\n\n如果是按《确定》；否则按《取消》。\n\n"
+                             "新册（tc07），0 张"_s});
         QVERIFY(hasTable(u"tc07"_s));
         QCOMPARE(window.text(u"txtBb"_s), u"新册"_s);
 
@@ -132,6 +140,7 @@ class TestSetupPage : public QObject {
             {u"tc100"_s, title, u"表名[tc100]不能使用！"_s},
             {u"tcan"_s, title, u""_s},  // a fixed table
             {u"tc09"_s, u"一二三四五六七八九"_s, u"标题的汉字数不应超过8个（英文不应超过16个）。"_s},
+            {u"tc09"_s, u"旅行"_s, u"标题“旅行”已经有了（图册 tc01），请换一个标题！"_s},
         };
         for (const auto& [table, proposedTitle, message] : cases) {
             SettingsWindow window;
@@ -146,12 +155,41 @@ class TestSetupPage : public QObject {
             QCOMPARE(valueOf(presetRow, u"图册"_s), offered);
             QCOMPARE(window.lines(u"cboBm"_s).size(), 3);
             QCOMPARE(window.caption(u"cmdJl"_s), u"确 定"_s);
+            QCOMPARE(window.text(u"txtBa"_s), table);
+            QCOMPARE(window.text(u"txtBb"_s), proposedTitle);
+        }
+    }
+
+    // Without the button for all pictures an album could be entered nowhere.
+    void creationWithoutTheButtonForAllPictures() {
+        for (const bool renamed : {false, true}) {
+            SettingsWindow window;
+            if (renamed)
+                putValue(presetRow, u"编号"_s, u"w"_s);
+            else
+                mekTp::catalogue.Execute(u"DELETE FROM [tcan] WHERE 编号 = 'v'"_s);
+            propose(window, u"tc07"_s);
+            window.answer = false;
+            window.click(u"cmdJl"_s);
+            QCOMPARE(window.boxes.size(), 1);
+            QVERIFY(window.said().first().startsWith(u"编号为“v”的按钮（全部图片）没有了"_s));
+            QVERIFY(!hasTable(u"tc07"_s) && columnOf(presetRow, u"编号"_s).isEmpty());
+            QCOMPARE(window.caption(u"cmdJl"_s) + window.text(u"txtBa"_s), u"确 定tc07"_s);
+
+            window.answer = true;
+            window.click(u"cmdJl"_s);
+            QCOMPARE(window.said().mid(1), QStringList{u"新的像册数据表建立完成！"_s});
+            QCOMPARE(valueOf(presetRow, u"图册"_s), u"tc00tc01tc02tc07"_s);
+            QCOMPARE(valueOf(presetRow, u"序号"_s), renamed ? u"5"_s : u"1"_s);
+            const Recordset button = mekTp::catalogue.OpenRecordset(presetRow);
+            QCOMPARE(LoadPicture(button.Fields(u"图片"_s).Value().toBytes(), u"v"_s).pixels(), QSize(100, 75));
+            QCOMPARE(window.grid().model()->rowCount(), renamed ? 5 : 4);
         }
     }
 
     void failedCreationLeavesNothing() {
         SettingsWindow window;
-        mekTp::catalogue.Execute(u"DELETE FROM [tcan] WHERE 编号 = 'v'"_s);
+        spoilButtons();
         propose(window, u"tc07"_s);
         window.click(u"cmdJl"_s);
         QCOMPARE(window.boxes.size(), 1);
@@ -236,8 +274,8 @@ class TestSetupPage : public QObject {
         window.choose(u"cboFc"_s, u"tc01"_s);
         window.click(u"cmdFc"_s);
         window.choose(u"cboFc"_s, u"tc00"_s);
+        QVERIFY(window.boxes.isEmpty());  // nothing was typed yet
         QVERIFY(window.isEnabled(u"cmdFc"_s) && window.isEnabled(u"cmdFs"_s));
-        window.box(u"txt1c"_s).setText(u"不行"_s);
         window.click(u"cmdFc"_s);
         QCOMPARE(window.said(), QStringList{u"该表只做演示用，不能录入或编辑！"_s});
         QCOMPARE(remarkOf(u"tc00"_s), demo);
@@ -255,6 +293,96 @@ class TestSetupPage : public QObject {
         QVERIFY(!window.isEnabled(u"cmdFc"_s) && window.box(u"txt1c"_s).isLocked());
     }
 
+    void changedRemarkIsAskedAbout() {
+        const QString old = u"旅行备注"_s, typed = u"新的备注"_s;
+        const std::tuple<int, QString, QString, QString> cases[] = {
+            {0, typed, u"tc02"_s, u"空册备注"_s},  // saved
+            {1, old, u"tc02"_s, u"空册备注"_s},
+            {2, old, u"tc01"_s, typed},  // goes on
+        };
+        for (const auto& [given, stored, shownTable, shownRemark] : cases) {
+            SettingsWindow window;
+            window.choose(u"cboFc"_s, u"tc01"_s);
+            window.click(u"cmdFc"_s);
+            auto& txt1c = window.box(u"txt1c"_s);
+            txt1c.selectAll();
+            QInputMethodEvent typing;
+            typing.setCommitString(typed);
+            QCoreApplication::sendEvent(&txt1c, &typing);
+            window.answerWith(given);
+            window.get<QComboBox>(u"cboFc"_s).setFocus();
+            QTest::keyClick(&window.get<QComboBox>(u"cboFc"_s), Qt::Key_Down);
+            QCOMPARE(window.boxes.size(), 1);
+            QCOMPARE(window.boxes.first().answers, (QStringList{u"保存"_s, u"不保存"_s, u"继续编辑"_s}));
+            QCOMPARE(remarkOf(u"tc01"_s), stored);
+            QCOMPARE(window.text(u"txtBc"_s) + window.text(u"txt1c"_s), shownTable + shownRemark);
+            QCOMPARE(window.get<QComboBox>(u"cboFc"_s).currentText().left(4), shownTable);
+        }
+    }
+
+    // What each group has begun is asked about before the window goes, and kept where the answer is to go on.
+    void leavingTheWindow() {
+        const QString title = u"新的标题"_s;
+        const std::tuple<QString, QString, QString, QString> cases[] = {
+            {u"cmdJl"_s, u"txtBb"_s, u"新图册“新的标题”还没有建立。"_s,
+             u"SELECT * FROM tcbm WHERE 标题 = '新的标题'"_s},
+            {u"cmdFc"_s, u"txt1c"_s, u"图册 tc01 的备注改过，还没有保存。"_s,
+             u"SELECT * FROM tcbm WHERE 备注 = '新的标题'"_s},
+            {u"cmdBt"_s, u"txtXt"_s, u"主标题及显示设置改过，还没有保存。"_s,
+             u"SELECT * FROM tcsz WHERE 像册标题 = '新的标题'"_s},
+            {u"cmdQu"_s, u"txtM1"_s, u"按钮“新的标题”的改动还没有保存。"_s, QString()},
+        };
+        for (const auto& [begin, box, question, stored] : cases) {
+            for (const int answer : {2, 1, 0}) {
+                SettingsWindow window;
+                mekTp::catalogue.Execute(u"DELETE FROM [tcbm] WHERE 表名 = 'tc02'"_s);
+                window.choose(u"cboFc"_s, u"tc01"_s);
+                window.click(begin);
+                window.answerWith(answer);
+                window.box(box).setText(title);
+                if (begin == u"cmdJl") window.box(u"txtBa"_s).setText(u"tc07"_s);
+                window.click(u"cmdFh"_s);
+                QCOMPARE(window.boxes.value(0).text, question);
+                // A button without its other texts cannot be saved.
+                const bool goes = answer == 1 || (answer == 0 && !stored.isEmpty());
+                QCOMPARE(window.windows.handedTo.has_value(), goes);
+                QCOMPARE(window.text(box), title);
+                if (!stored.isEmpty()) QCOMPARE(mekTp::catalogue.OpenRecordset(stored).Eof(), answer != 0);
+            }
+        }
+        SettingsWindow window;
+        window.choose(u"cboFc"_s, u"tc01"_s);
+        window.click(u"cmdJl"_s, u"cmdFc"_s, u"cmdBt"_s, u"cmdQu"_s, u"cmdFh"_s);
+        QVERIFY(window.boxes.isEmpty() && window.windows.handedTo);  // nothing was typed
+    }
+
+    // Typing stops where the column ends; a paste stays whole and is refused with both counts.
+    void lengths() {
+        const std::tuple<QString, QString, int, QString> cases[] = {
+            {u"cmdJl"_s, u"txtBa"_s, 4, u"表名应为4个字符（现在有 300 个）"_s},
+            {u"cmdJl"_s, u"txtBb"_s, 16, u"（英文不应超过16个）。\n\n现在的标题相当于英文 300 个。"_s},
+            {u"cmdJl"_s, u"txtBz"_s, 255, u"备注太长：有 300 个字，最多 255 个。"_s},
+            {u"cmdFc"_s, u"txt1c"_s, 255, u"备注太长：有 300 个字，最多 255 个。"_s},
+        };
+        for (const auto& [begin, name, length, said] : cases) {
+            SettingsWindow window;
+            window.choose(u"cboFc"_s, u"tc01"_s);
+            window.click(begin);
+            auto& box = window.box(name);
+            box.clear();
+            box.setFocus();
+            QTest::keyClicks(&box, QString(length + 2, u'x'));
+            QCOMPARE(box.text().size(), length);
+            QApplication::clipboard()->setText(QString(300, u'x'));
+            box.selectAll();
+            QTest::keySequence(&box, QKeySequence::Paste);
+            window.click(begin);
+            QVERIFY2(window.said().value(0).contains(said), qPrintable(name));
+            QCOMPARE(box.text().size(), 300);
+            QVERIFY(box.hasFocus() && !box.isLocked() && window.caption(begin) == u"确 定");
+        }
+    }
+
     void deletion() {
         for (const auto& [offered, left] : {std::pair{u"tc01tc00tc02"_s, u"tc00tc02"_s},
                                             {u"tc00tc02tc01"_s, u"tc00tc02"_s},
@@ -268,7 +396,8 @@ class TestSetupPage : public QObject {
             window.answer = false;
             window.click(u"cmdFs"_s);
             QCOMPARE(window.said(),
-                     QStringList{u"    删除[tc01]像册数据表吗？\n\n如果“是”，按《确定》；否则按《取消》。"_s});
+                     QStringList{u"    删除[tc01]像册数据表吗？\n\n如果“是”，按《确定》；否则按《取消》。\n\n"
+                                 "旅行（tc01），10 张，0.1 MB"_s});
             QVERIFY(hasTable(u"tc01"_s));
 
             window.answer = true;
@@ -285,6 +414,22 @@ class TestSetupPage : public QObject {
         }
     }
 
+    void deletionNamesWhatGoes() {
+        const std::tuple<QString, int, QString> cases[] = {{u"tc02"_s, 0, u"空册（tc02），0 张"_s},
+                                                           {u"tc01"_s, 2'500'000, u"旅行（tc01），10 张，2.5 MB"_s},
+                                                           {u"tc01"_s, 61'300'000, u"旅行（tc01），10 张，61 MB"_s}};
+        for (const auto& [table, bytes, named] : cases) {
+            SettingsWindow window;
+            if (bytes > 0) putValue(table, u"图片"_s, QByteArray(bytes, 'x'));
+            window.choose(u"cboFc"_s, table);
+            window.answer = false;
+            window.click(u"cmdFs"_s);
+            QCOMPARE(window.boxes.size(), 1);
+            QCOMPARE(window.boxes.first().text.section(u"\n\n"_s, -1), named);
+            QCOMPARE(window.boxes.first().onEnter, 1);
+        }
+    }
+
     void deletionSparesTheAlbumOfTheSameNumber() {
         SettingsWindow window;
         addAlbum(2, u"tc77"_s, u"同号"_s);  // 2 is the number of tc01
@@ -298,7 +443,7 @@ class TestSetupPage : public QObject {
 
     void failedDeletionLeavesAll() {
         SettingsWindow window;
-        mekTp::catalogue.Execute(u"DELETE FROM [tcan] WHERE 编号 = 'v'"_s);
+        spoilButtons();
         window.choose(u"cboFc"_s, u"tc01"_s);
         window.click(u"cmdFs"_s);
         QCOMPARE(window.boxes.last().title, u"错误提示"_s);
@@ -307,6 +452,25 @@ class TestSetupPage : public QObject {
         QCOMPARE(columnOf(u"tcbm"_s, u"表名"_s).size(), 3);
         QCOMPARE(window.lines(u"cboFc"_s).size(), 3);
         QCOMPARE(window.text(u"txtBc"_s), u"tc01"_s);
+    }
+
+    void deletionWithoutTheButtonForAllPictures() {
+        SettingsWindow window;
+        mekTp::catalogue.Execute(u"DELETE FROM [tcan] WHERE 编号 = 'v'"_s);
+        window.choose(u"cboFc"_s, u"tc01"_s);
+        window.click(u"cmdFs"_s);
+        QCOMPARE(window.said().last(), u"当前[tc01]像册数据表已经删除！"_s);
+        QVERIFY(!hasTable(u"tc01"_s));
+    }
+
+    // An older catalogue may hold two albums of one title.
+    void linesTellTheirTable() {
+        SettingsWindow window;
+        addAlbum(5, u"tc05"_s, u"旅行"_s);
+        window.open();
+        window.choose(u"cboFc"_s, u"tc05"_s);
+        QCOMPARE(window.text(u"txtBc"_s), u"tc05"_s);
+        QCOMPARE(window.get<QComboBox>(u"cboFc"_s).itemData(3, Qt::ToolTipRole).toString(), u"tc05 旅行"_s);
     }
 
     // Main title -----------------------------------------------------------------------------------------------------
@@ -370,10 +534,14 @@ class TestSetupPage : public QObject {
                 QCOMPARE(window.said(), QStringList{message});
                 QCOMPARE(check.isChecked(), before);
             }
+            // Passing over it says nothing.
             window.button(u"cmdBt"_s).setFocus();
-            check.setFocus(Qt::TabFocusReason);
+            while (!check.hasFocus()) QTest::keyClick(window.form->focusWidget(), Qt::Key_Tab);
+            QTest::keyClick(&check, Qt::Key_Tab);
+            QTest::keyClick(window.form->focusWidget(), Qt::Key_Backtab);
+            QVERIFY(check.hasFocus());
             QCoreApplication::processEvents();
-            QCOMPARE(window.said(), QStringList{});  // on its way elsewhere
+            QVERIFY(window.boxes.isEmpty());
             QTest::keyClick(&check, Qt::Key_Space);
             QCOMPARE(window.said(), QStringList{message});
             QCOMPARE(check.isChecked(), before);
