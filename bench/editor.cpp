@@ -83,7 +83,7 @@ void timeSteps(EditorWindow& editor, const QByteArray& picture,
     const double decoding = time([&] { LoadPicture(picture, u"photograph"_s); });
     Recordset album = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tc01 ORDER BY [序号]"_s);
     report("reading from the album", time([&] { pictureFromField(album, u"图片"_s); }), "decoding", decoding);
-    report("opening, with its step", time([&] { editor.trigger(u"mnuTy"_s); }), "decoding", decoding);
+    report("opening", time([&] { editor.trigger(u"mnuTy"_s); }), "decoding", decoding);
 }
 
 /// Opening, then every operation at the size of the photograph, and back.
@@ -121,6 +121,7 @@ int main(int argc, char** argv) {
 
     const QByteArray picture = encodeJpeg(photograph(), quality);
     EditorWindow editor;
+    editor.reply = u"不保存"_s;
     storeTwice(picture);
     tellMemory(editor);
     openFromAlbum(editor);

@@ -4,6 +4,7 @@
 #include "editor/frm_cl.h"
 #include "help/frm_bz.h"
 #include "help/frm_gy.h"
+#include "platform/base/error.h"
 #include "settings/frm_sz.h"
 #include "viewer/frm_tp.h"
 
@@ -16,6 +17,7 @@ Program::~Program() {
 
 void Program::start() {
     show(WindowKind::viewer);
+    attempt([] { emptyUndoSteps(); });
 }
 
 QWidget* Program::makeWindow(WindowKind window) {
@@ -87,6 +89,11 @@ void Program::forget(WindowKind window) {
     shown->deleteLater();
     shown.clear();
     tellMainWindow();
+}
+
+void Program::coloursChanged() {
+    auto* viewer = qobject_cast<frmTp*>(windows_[WindowKind::viewer].data());
+    if (viewer != nullptr) viewer->applyColours();
 }
 
 void Program::showHelp(const QString& topic) {

@@ -20,6 +20,7 @@ class Program : public Windows {
     void handOver(WindowKind from, WindowKind to) override;
     void show(WindowKind window) override;
     void unload(WindowKind window) override;
+    void coloursChanged() override;
     void showHelp(const QString& topic) override;
     void endProgram() override;
 

@@ -8,12 +8,19 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-constexpr int tableNameLength = 4;
 constexpr int specLength = 12;  // of the column
 }  // namespace
 
+bool isDemo(const QString& table) {
+    return table.compare(demoTable, Qt::CaseInsensitive) == 0;
+}
+
 QString albumTableName(int number) {
     return u"tc"_s + (number > 9 ? u""_s : u"0"_s) + QString::number(number);
+}
+
+QStringList albumColumns() {
+    return {u"序号"_s, u"编号"_s, u"大小"_s, u"规格"_s, u"日期"_s, u"图片"_s, u"备注"_s};
 }
 
 QString createAlbumSql(const QString& table) {

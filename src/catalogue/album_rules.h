@@ -11,8 +11,17 @@
 
 inline const QString demoTable = QStringLiteral("tc00");
 
+/// Whether an album is the one that is only for show.
+bool isDemo(const QString& table);
+
+/// All names of album tables have that many characters: other tables join them without separators.
+inline constexpr int tableNameLength = 4;
+
 /// "tc" and the album number with two digits: 7 gives `tc07`, 12 gives `tc12`.
 QString albumTableName(int number);
+
+/// Names of the columns of an album table.
+QStringList albumColumns();
 
 /// The statement that makes an album table.
 QString createAlbumSql(const QString& table);

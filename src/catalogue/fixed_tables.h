@@ -2,6 +2,9 @@
 
 #include "platform/database/database.h"
 
-/// Makes the nine fixed tables but for their rows. The program never does: it is given a catalogue. The maker of the
-/// shipped catalogue and the tests make theirs with it.
+/// Names of the tables that every catalogue has beside its albums.
+QStringList fixedTables();
+
+/// Makes the fixed tables but for their rows. The program never does: it is given a catalogue. The maker of the shipped
+/// catalogue and the tests make theirs with it.
 void createFixedTables(const Database& database);

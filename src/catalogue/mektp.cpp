@@ -6,6 +6,8 @@
 #include "platform/database/own_values.h"
 
 #include <QFileInfo>
+#include <filesystem>
+#include <system_error>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -17,6 +19,12 @@ int titleBarExtra = 0;
 
 QString cataloguePath() {
     return joinedPath(programFolder(), u"lunq.mdb"_s);
+}
+
+bool isCatalogue(const QString& path) {
+    std::error_code failed;  // neither file need exist
+    return std::filesystem::equivalent(QFileInfo(path).filesystemFilePath(),
+                                       QFileInfo(cataloguePath()).filesystemFilePath(), failed);
 }
 
 QString lockPath() {

@@ -20,6 +20,9 @@ extern int titleBarExtra;
 /// Path of `lunq.mdb`.
 QString cataloguePath();
 
+/// Whether a path, through links or not, leads to the program's catalogue.
+bool isCatalogue(const QString& path);
+
 /// Path of the file by which the program keeps the catalogue to itself: beside the real `lunq.mdb`, also where that in
 /// the program's folder is a link.
 QString lockPath();

@@ -11,13 +11,16 @@
 
 using namespace Qt::Literals::StringLiterals;
 
+Picture loadPictureField(Recordset& recordset, const QString& fieldName, const QString& name, QSize target) {
+    FieldDevice device(recordset.Fields(fieldName));
+    return LoadPicture(device, name, target);
+}
+
 std::optional<Picture> pictureFromField(Recordset& recordset, const QString& fieldName, QSize target) {
     std::optional<Picture> picture;
     attempt([&] {
-        const Field field = recordset.Fields(fieldName);
-        if (field.FieldSize() == 0) return;
-        FieldDevice device(field);
-        picture = LoadPicture(device, fieldName, target);
+        if (recordset.Fields(fieldName).FieldSize() == 0) return;
+        picture = loadPictureField(recordset, fieldName, fieldName, target);
     });
     return picture;
 }

@@ -216,6 +216,7 @@ void frmPs::cmdQdClick() {
         own.Update();
     }
     both.commit();
+    windows_.coloursChanged();
     leave();
 }
 

@@ -3,6 +3,7 @@
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
+#include "editor/chooser_places.h"
 #include "editor/editor_layout.h"
 #include "editor/editor_texts.h"
 #include "platform/base/error.h"
@@ -15,6 +16,7 @@
 #include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
+using namespace chooserPlaces;
 
 namespace {
 
@@ -22,15 +24,14 @@ constexpr int leastWindowWidth = 9600;
 constexpr int panelLeft = 30, panelWidth = 9430;
 constexpr int panelHeight = 6360;  ///< Without the tool bar; the grid ends inside it.
 constexpr int gridTop = 690, gridHeight = 5610;
-constexpr int rightColumn = 4215, rightWidth = 5070;
 
 constexpr int buttonsPerRow = 14, buttonRows = 4;
-constexpr int firstButtonTop = 465;
+constexpr int firstButtonTop = 495;
 constexpr int columnPitch = 280, rowPitch = 250;
 constexpr int buttonWidth = 270, buttonHeight = 240;
 
-constexpr int previewTop = 1500;
-constexpr int previewWidth = 5000, previewHeight = 3750;
+constexpr int nameLeft = rightColumn + 1560, nameTop = 225, nameWidth = 2350, nameHeight = 270;
+constexpr int besideName = 180;  ///< Frame and margins of its box.
 
 const auto recordHeadings = u"序号|编号|^  大  小  |^  规  格  |^    日      期    |^    备        注    "_s;
 
@@ -46,13 +47,6 @@ QLabel* makeLabel(QWidget* parent, const QString& name, const QString& text, int
     return label;
 }
 
-/// The size at which a preview of that shape stays inside its place.
-QSize previewSize(double ratio) {
-    const double fit = double(previewWidth) / previewHeight;
-    return ratio <= fit ? QSize(int(previewHeight * ratio), previewHeight)
-                        : QSize(previewWidth, int(previewWidth / ratio));
-}
-
 }  // namespace
 
 AlbumChooser::AlbumChooser(EditorState& state, Commands& commands, EditorView& view, UndoHistory& history,
@@ -63,7 +57,8 @@ AlbumChooser::AlbumChooser(EditorState& state, Commands& commands, EditorView& v
     datBj->useDatabase(mekTp::catalogue);
     datBj->setDatabaseName(mekTp::cataloguePath());
     makeChoice();
-    makePreview();
+    preview_ = new ChooserPreview(view_.picCs);
+    makeEnd();
     connectControls();
     view_.picCs->hide();
 }
@@ -83,9 +78,8 @@ void AlbumChooser::makeChoice() {
     txtB0_ = make<TextBox>(picCs, u"txtB0"_s);
     txtB0_->setLocked(true);
     txtB0_->setFocusPolicy(Qt::NoFocus);
-    txtB0_->setText(u"编号  名称"_s);
-    place(txtB0_, rightColumn + 1560, 240, 2350, 225);
     txtB0_->setStyleSheet(u"padding: 0px 2px;"_s);
+    showName(u"编号  名称"_s);
     img0_ = make<ImageBox>(picCs, u"img0"_s);
     img0_->setPicture(Picture(QImage(u":/pictures/nobuttons.png"_s)));
     img0_->setToolTip(u"这个图册没有筛选按钮"_s);
@@ -95,12 +89,8 @@ void AlbumChooser::makeChoice() {
     button(0)->show();
 }
 
-void AlbumChooser::makePreview() {
+void AlbumChooser::makeEnd() {
     Surface* picCs = view_.picCs;
-    imgCl_ = make<ImageBox>(picCs, u"imgCl"_s);
-    place(imgCl_, rightColumn, previewTop, previewWidth, previewHeight);
-    lblCl_ = makeLabel(picCs, u"lblCl"_s, u"图片处理（尚未选择图片）"_s, rightColumn, previewTop + previewHeight + 30,
-                       rightWidth);
     const int bottom = previewTop + previewHeight + 330;
     lblJ1_ = makeLabel(picCs, u"lblJ1"_s, {}, rightColumn, bottom + 15, 2700);
     cmdQd_ = make<QPushButton>(picCs, u"cmdQd"_s);
@@ -114,6 +104,9 @@ void AlbumChooser::makePreview() {
 
 void AlbumChooser::connectControls() {
     connect(cboBm, &QComboBox::activated, this, guarded(view_.picCs, [this] { cboBmClick(); }));
+    connect(msgBm, &Grid::rowActivated, this, guarded(view_.picCs, [this] {
+                if (msgBm->parent() == view_.picCs) cmdQdClick();
+            }));
     connect(datBj, &DataControl::repositioned, this, guarded(view_.picCs, [this] { showRecord(); }));
     connect(cmdQd_, &QPushButton::clicked, this, guarded(view_.picCs, [this] { cmdQdClick(); }));
     connect(cmdQx_, &QPushButton::clicked, this, guarded(view_.picCs, [this] { cmdQxClick(); }));
@@ -142,6 +135,8 @@ void AlbumChooser::takeGrid() {
 }
 
 void AlbumChooser::mnuCsClick() {
+    if (!loading_.mayReplace()) return;
+    state_.forgetChanges();
     const int toolbar = state_.toolbarHeight;
     view_.centreWindow(leastWindowWidth, leastWindowHeight);
     place(view_.picCs, panelLeft, toolbar == 0 ? 200 : toolbar + 60, panelWidth, panelHeight - toolbar);
@@ -155,22 +150,43 @@ void AlbumChooser::mnuCsClick() {
     // What is behind the chooser cannot be worked on.
     commands_.szan(false);
     commands_.setEnabled(commands_.mnuBc, u"bc"_s, false);
-    for (const QString& key : {u"lc"_s, u"cx"_s}) commands_.tlb1->setEnabled(key, false);
-    if (datBj->total() > 0) attempt([&] { datBj->moveToRow(std::max(datBj->Recordset().row(), 0)); });
-    state_.undoing = false;
+    commands_.mnuQh->setVisible(false);
+    for (const QString& key : {u"lc"_s, u"cx"_s, u"ty"_s, u"sy"_s, u"xy"_s, u"hy"_s})
+        commands_.tlb1->setEnabled(key, false);
     attempt([&] { history_.clear(); });
+    if (datBj->total() > 0) attempt([&] { datBj->moveToRow(std::max(datBj->Recordset().row(), 0)); });
+    if (cboBm->count() == 0)
+        preview_->explain(
+            u"还没有自己的图册。\n\n请先“返回”主窗口，用菜单“录入设置”打开设置窗口，在“图册设置”页的“建立新图册”里新建一本，再录入图片。"_s);
+    (msgBm->isEnabled() ? static_cast<QWidget*>(msgBm) : cboBm)->setFocus();
 }
 
 void AlbumChooser::cboBmClick() {
     const Hourglass hourglass(cboBm);
     state_.albumTable = tableOfLine(cboBm->currentText());
-    datBj->setRecordSource(recordsOf(state_.albumTable));
-    attempt([&] { datBj->Refresh(); });
-    cmdQd_->setEnabled(datBj->total() > 0);
-    if (datBj->total() > 0) attempt([&] { bhan(); });
     lblJ1_->clear();
+    list(recordsOf(state_.albumTable));
+    if (datBj->total() > 0) attempt([&] { bhan(); });
     msgBm->setEnabled(true);
     msgBm->setFormatString(recordHeadings);
+}
+
+/// Lists records; of the first one the preview shows.
+void AlbumChooser::list(const QString& source) {
+    datBj->setRecordSource(source);
+    attempt([&] { datBj->Refresh(); });
+    cmdQd_->setEnabled(datBj->total() > 0);
+    if (datBj->total() == 0) explainEmptyList();
+}
+
+void AlbumChooser::explainEmptyList() {
+    const QString album = u"图册“"_s + titleOfLine(cboBm->currentText()) + u"”"_s;
+    if (datBj->Recordset().isNothing())
+        preview_->explain(album + u"不能打开：它的表已经不在像册里，或者损坏了。"_s);
+    else if (datBj->RecordSource().contains(u" WHERE "_s))
+        preview_->explain(album + u"里没有带这个编号的图片。"_s);
+    else
+        preview_->explain(album + u"里还没有图片。\n\n请另选一本，或者先在“录入设置”里录入图片。"_s);
 }
 
 // ---------------------------------------------------------------------------------------------------- filter buttons
@@ -218,7 +234,16 @@ void AlbumChooser::bhan() {
 }
 
 void AlbumChooser::showCode(int index) {
-    if (index < int(codes_.size())) txtB0_->setText(codes_[size_t(index)].code + u"："_s + codes_[size_t(index)].name);
+    if (index < int(codes_.size())) showName(codes_[size_t(index)].code + u"："_s + codes_[size_t(index)].name);
+}
+
+/// For a long name the box takes the room on its right, and then that on its left.
+void AlbumChooser::showName(const QString& text) {
+    txtB0_->setText(text);
+    txtB0_->setCursorPosition(0);
+    const int wanted = twipsFromPixels(txtB0_->fontMetrics().horizontalAdvance(text)) + besideName;
+    const int width = std::max(nameWidth, wanted);
+    place(txtB0_, std::min(nameLeft, rightColumn + rightWidth - width), nameTop, width, nameHeight);
 }
 
 bool AlbumChooser::eventFilter(QObject* watched, QEvent* event) {
@@ -242,9 +267,7 @@ void AlbumChooser::cmdBhClick(int index) {
     });
     QString source = u"SELECT * FROM "_s + state_.albumTable;
     if (code != u"v") source += u" WHERE InStr(编号,"_s + quoted(code) + u") > 0 ORDER BY [序号]"_s;
-    datBj->setRecordSource(source);
-    attempt([&] { datBj->Refresh(); });
-    cmdQd_->setEnabled(datBj->total() > 0);
+    list(source);
     lblJ1_->setText(u"编号=["_s + code + u"]("_s + name + u") 共有"_s + QString::number(datBj->total()) + u"张"_s);
 }
 
@@ -254,23 +277,7 @@ void AlbumChooser::showRecord() {
     if (view_.picCs->isHidden() || cboBm->currentText().isEmpty() || datBj->total() == 0) return;
     Recordset& record = datBj->Recordset();
     if (record.row() < 0) return;
-    attempt([&] {
-        const QSize room(pixelsFromTwips(previewWidth), pixelsFromTwips(previewHeight));
-        readPictureField(record, u"图片"_s, *imgCl_, ImageBox::targetSize(imgCl_, room));
-    });
-    const Picture& shown = imgCl_->picture();
-    if (!shown.isNull()) {
-        const QSize size = previewSize(double(shown.Width()) / shown.Height());
-        place(imgCl_, rightColumn + (previewWidth - size.width()) / 2, previewTop + (previewHeight - size.height()) / 2,
-              size.width(), size.height());
-    }
-    attempt([&] {
-        lblCl_->setText(u"表名："_s + titleOfLine(cboBm->currentText()) + u" 序号："_s +
-                        record.Fields(u"序号"_s).Value().textOr() + u"  编号："_s +
-                        record.Fields(u"编号"_s).Value().textOr() + u" 图片规格："_s +
-                        QString::number(pixelsFromHiMetric(shown.Width())) + u" * "_s +
-                        QString::number(pixelsFromHiMetric(shown.Height())));
-    });
+    attempt([&] { preview_->show(record, titleOfLine(cboBm->currentText())); });
     cmdQd_->setEnabled(true);
 }
 
@@ -281,10 +288,9 @@ void AlbumChooser::cmdQdClick() {
         say(view_.picCs, u"这条记录没有可以显示的图片，请另选一条。"_s, BoxIcon::information);
         return;
     }
-    state_.sourceLine = albumSourceLine(state_.albumTable, record);
     loadedRow_ = record.row();
     view_.picCs->hide();
-    loading_.openFromAlbum(*picture);
+    loading_.openFromAlbum(*picture, albumSourceLine(state_.albumTable, record));
 }
 
 void AlbumChooser::cmdQxClick() {
@@ -296,10 +302,17 @@ void AlbumChooser::cmdQxClick() {
 
 // -------------------------------------------------------------------------------------------------------- stepping
 
+bool AlbumChooser::canStep(QChar direction) {
+    const Recordset& records = datBj->Recordset();
+    const int last = datBj->total() - 1;
+    if (direction == u'x') return last >= 0 && !records.Eof() && records.row() != last;
+    if (direction == u's') return last >= 0 && !records.Bof() && records.row() != 0;
+    return last >= 0;
+}
+
 // Steps through the album.
 void AlbumChooser::tpqh(QChar direction) {
-    // The steps to come are those of another picture.
-    state_.undoing = false;
+    if (canStep(direction) && !loading_.mayReplace()) return;
     commands_.mnuSy->setEnabled(true);
     commands_.mnuXy->setEnabled(true);
     Recordset& records = datBj->Recordset();

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "editor/chooser_preview.h"
 #include "editor/loading.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/grid.h"
+#include "platform/desktop/text_box.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -27,6 +29,8 @@ class AlbumChooser : public QObject {
     void load();
     /// Opens the chooser.
     void mnuCsClick();
+    /// Leaves it; the editor is empty then.
+    void cmdQxClick();
     /// Steps through the album: to the first ("t"), previous ("s"), next ("x") or last ("h") picture.
     void tpqh(QChar direction);
 
@@ -48,17 +52,20 @@ class AlbumChooser : public QObject {
     };
 
     void makeChoice();
-    void makePreview();
+    void makeEnd();
     void connectControls();
 
     void cboBmClick();
+    void list(const QString& source);
+    void explainEmptyList();
     void bhan();
     void cmdBhClick(int index);
     void showCode(int index);
+    void showName(const QString& text);
     QPushButton* button(int index);
     void showRecord();
     void cmdQdClick();
-    void cmdQxClick();
+    bool canStep(QChar direction);
 
     EditorState& state_;
     Commands& commands_;
@@ -71,8 +78,7 @@ class AlbumChooser : public QObject {
     std::vector<Code> codes_;
     TextBox* txtB0_ = nullptr;
     ImageBox* img0_ = nullptr;
-    ImageBox* imgCl_ = nullptr;
-    QLabel* lblCl_ = nullptr;
+    ChooserPreview* preview_ = nullptr;
     QLabel* lblJ1_ = nullptr;
     QPushButton *cmdQd_ = nullptr, *cmdQx_ = nullptr;
     int loadedRow_ = -1;  ///< Row of datBj whose picture is in the editor.

@@ -89,7 +89,7 @@ void ButtonPicture::makeControls() {
     cmdCk_ = make<QPushButton>(picAn, u"cmdCk"_s);
     cmdAg_ = make<QPushButton>(picAn, u"cmdAg"_s);
     cmdAg_->setIcon(QIcon(u":/icons/fh.svg"_s));
-    cmdAg_->setToolTip(u"离开按钮图片设置，回到原来的图片"_s);
+    cmdAg_->setToolTip(u"离开按钮图片设置，并撤消图片的最后一步（没有做过处理的图片就关闭）"_s);
 }
 
 // The grid lies over the upper half of the panel; what it covers steps aside.
@@ -195,6 +195,7 @@ void ButtonPicture::chooseShape(int index) {
     if (0.74 < ratio && ratio < 0.76 &&
         ask(form_, u"选择的“按钮用图片”尺寸不必裁剪可直接使用。\n\n如果直接使用，按“确定”；否则按“取消”。"_s)) {
         prompt(u"     请直接选择安装位置"_s);
+        state_.selLeft = state_.selTop = 0;
         state_.selWidth = widthOf(view_.picYu);
         state_.selHeight = heightOf(view_.picYu);
         cmdCkClick();
@@ -220,7 +221,8 @@ void ButtonPicture::showThumbnail() {
         return;
     }
     WorkSurface* picYu = view_.picYu;
-    const QRect source = pixelRect(state_.selLeft, state_.selTop, state_.selWidth, state_.selHeight);
+    const QRect source =
+        shiftedIn(pixelRect(state_.selLeft, state_.selTop, state_.selWidth, state_.selHeight), picYu->picture().size());
     const QSize target(pixelsFromTwips(thumbnailWidth), pixelsFromTwips(thumbnailHeight));
     if (source.isEmpty()) {
         fraWz_->hide();
@@ -231,8 +233,8 @@ void ButtonPicture::showThumbnail() {
     view_.hsc1->hide();
     view_.vsc1->hide();
     place(view_.picGd, thumbnailLeft, thumbnailTop, thumbnailWidth, thumbnailHeight);
+    view_.showThumbnail(thumbnail);
     place(picYu, 0, 0, thumbnailWidth, thumbnailHeight);
-    picYu->setPicture(thumbnail);
     picYu->show();
     // What is done next is done to the thumbnail.
     state_.picLeft = state_.picTop = 0;
@@ -251,12 +253,12 @@ void ButtonPicture::chooseRow() {
     Grid* msgBm = chooser_.msgBm;
     msgBm->setParent(view_.picAn);
     msgBm->bind(rows_);
-    rows_->Refresh();
     msgBm->setFormatString(u"序号|编号|名  称|图    册"_s);
     place(msgBm, gridPlace.left(), gridPlace.top(), gridPlace.width(), gridPlace.height());
     msgBm->setEnabled(true);
     msgBm->show();
     msgBm->raise();
+    rows_->Refresh();
     prompt(u"  请在表中选择要换图片的按钮"_s);
 }
 

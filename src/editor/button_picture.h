@@ -21,7 +21,7 @@ class ButtonPicture : public QObject {
     /// How a selection is constrained; free unless the dialog says otherwise.
     SelectionShape shape() const;
     bool shapeIsChosen() const { return shape() != SelectionShape::free; }
-    bool isActive() const { return state_.editState.startsWith(u'a'); }
+    bool isActive() const { return state_.editState.startsWith(u'a') && !view_.picAn->isHidden(); }
 
     /// Tells size and ratio of a selection while it is drawn, and when the mouse has let go.
     void tellSize(QSize size);

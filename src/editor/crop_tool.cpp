@@ -5,10 +5,12 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 
+#include <QApplication>
+#include <QMouseEvent>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-constexpr int scrollStep = 200;
 constexpr int readoutHeight = 270;
 }  // namespace
 
@@ -19,6 +21,10 @@ CropTool::CropTool(EditorState& state, Commands& commands, EditorView& view, Ope
     connect(picYu, &WorkSurface::pressed, this, guarded(view_.picGd, [this](int x, int y) { mouseDown(x, y); }));
     connect(picYu, &WorkSurface::moved, this, guarded(view_.picGd, [this](int x, int y) { mouseMove(x, y); }));
     connect(picYu, &WorkSurface::released, this, guarded(view_.picGd, [this](int x, int y) { mouseUp(x, y); }));
+    for (QObject* watched : std::initializer_list<QObject*>{view_.picCq, view_.picAn, view_.txtTs->parent()})
+        watched->installEventFilter(this);
+    for (const QRadioButton* option : view_.picAn->findChildren<QRadioButton*>())
+        connect(option, &QRadioButton::toggled, this, &CropTool::letThroughHint);
 }
 
 void CropTool::mnuCjClick() {
@@ -30,7 +36,7 @@ void CropTool::mnuCjClick() {
 }
 
 bool CropTool::mayShow() const {
-    if (state_.editState == u"c") return !commands_.mnuCj->isEnabled();
+    if (state_.editState == u"c") return dialog_.isOpen() && !commands_.mnuCj->isEnabled();
     return button_.isActive() && button_.shapeIsChosen();
 }
 
@@ -53,41 +59,63 @@ void CropTool::mouseDown(int x, int y) {
     moveShape({0, 0});
     view_.shpYu->setVisible(mayShow());
     view_.txtCc->setVisible(readoutShows());
+    view_.txtTs->lower();  // what is selected can be seen
     state_.mouseDown = true;
+}
+
+/// Without the button picture's dialog the selection is free, whatever was chosen in it before.
+SelectionShape CropTool::shape() const {
+    return button_.isActive() ? button_.shape() : SelectionShape::free;
+}
+
+QSize CropTool::sizeTo(QPoint pointer) const {
+    return selectionSize(shape(), {state_.selLeft, state_.selTop}, pointer, {state_.picWidth, state_.picHeight});
+}
+
+QPoint CropTool::inView(QPoint pointer) const {
+    return pointer + QPoint(leftOf(view_.picYu), topOf(view_.picYu));
 }
 
 void CropTool::mouseMove(int x, int y) {
     if (!state_.mouseDown) return;
-    const QPoint start(state_.selLeft, state_.selTop);
-    const QSize size = selectionSize(button_.shape(), start, {x, y});
+    const QPoint pointer(x, y);
+    const QSize size = sizeTo(pointer);
     moveShape(size);
-    button_.tellSize(size);
-    showReadout({x, y});
-    scrollAlong(x, y);
+    if (button_.isActive()) button_.tellSize(size);
+    scrollAlong(pointer);
+    placeReadout(pointer);
 }
 
-void CropTool::showReadout(QPoint pointer) {
+/// A picture that is too small for the readout has it beside itself.
+void CropTool::placeReadout(QPoint pointer) {
     TextBox* txtCc = view_.txtCc;
     const QPoint start(state_.selLeft, state_.selTop);
-    txtCc->setText(selectionReadout(start, {widthOf(view_.shpYu), heightOf(view_.shpYu)}));
+    EditorView::setHint(txtCc, selectionReadout(start, {widthOf(view_.shpYu), heightOf(view_.shpYu)}));
     const int width = hintWidth(txtCc->text());
-    const QPoint at = readoutPlace(pointer, width, {state_.viewWidth, state_.viewHeight});
-    place(txtCc, at.x(), at.y(), width, readoutHeight);
+    const bool fits = width <= state_.viewWidth && readoutHeight <= state_.viewHeight;
+    QWidget* on = fits ? static_cast<QWidget*>(view_.picYu) : view_.picGd->parentWidget();
+    if (txtCc->parentWidget() != on) txtCc->setParent(on);
+    const QSize room = fits ? QSize(state_.viewWidth, state_.viewHeight) : QSize(widthOf(on), heightOf(on));
+    const QPoint corner = fits ? QPoint() : QPoint(leftOf(view_.picGd), topOf(view_.picGd));
+    const QPoint at = readoutPlace(inView(pointer) + corner, width, room);
+    const QPoint origin = fits ? inView({0, 0}) : QPoint();
+    place(txtCc, at.x() - origin.x(), at.y() - origin.y(), width, readoutHeight);
     txtCc->setVisible(readoutShows() && mayShow());
+    txtCc->raise();
 }
 
-void CropTool::scrollAlong(int x, int y) {
-    if (y > state_.viewHeight && y < state_.picHeight - scrollStep)
-        view_.vsc1->setValue(view_.vsc1->value() + scrollStep);
-    if (x > state_.viewWidth && x < state_.picWidth - scrollStep)
-        view_.hsc1->setValue(view_.hsc1->value() + scrollStep);
+void CropTool::scrollAlong(QPoint pointer) {
+    const QPoint seen = inView(pointer);
+    const int down = scrollOfDrag(seen.y(), state_.viewHeight, pointer.y(), state_.picHeight);
+    const int right = scrollOfDrag(seen.x(), state_.viewWidth, pointer.x(), state_.picWidth);
+    if (down != 0) view_.vsc1->setValue(view_.vsc1->value() + down);
+    if (right != 0) view_.hsc1->setValue(view_.hsc1->value() + right);
     view_.gdcl();
 }
 
 void CropTool::mouseUp(int x, int y) {
     if (!state_.mouseDown) return;
-    const SelectionShape shape = button_.isActive() ? button_.shape() : SelectionShape::free;
-    const QSize size = selectionSize(shape, {state_.selLeft, state_.selTop}, {x, y});
+    const QSize size = sizeTo({x, y});
     state_.selWidth = size.width();
     state_.selHeight = size.height();
     if (button_.isActive()) button_.selectionMade(size);
@@ -97,4 +125,28 @@ void CropTool::mouseUp(int x, int y) {
     view_.txtCc->setVisible(readoutShows() && mayShow());
     dialog_.cmdCq[0]->setEnabled(!commands_.mnuCj->isEnabled());
     state_.mouseDown = false;
+    view_.txtTs->raise();
+    const QPoint moved = QPoint(x, y) - QPoint(state_.selLeft, state_.selTop);
+    const QPoint at = view_.picYu->mapToGlobal(QPoint(pixelsFromTwips(x), pixelsFromTwips(y)));
+    if (pixelsFromTwips(moved.manhattanLength()) < QApplication::startDragDistance() && isOnHint(at))
+        view_.txtTs->hide();
+}
+
+// ------------------------------------------------------------------------------------------- the hint over the picture
+
+/// While something can be selected, the mouse reaches the picture through the hint; a click still hides that.
+bool CropTool::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Show || event->type() == QEvent::Hide) letThroughHint();
+    if (event->type() == QEvent::MouseButtonRelease && watched == view_.txtTs->parent() &&
+        isOnHint(static_cast<QMouseEvent*>(event)->globalPosition().toPoint()))
+        view_.txtTs->hide();
+    return QObject::eventFilter(watched, event);
+}
+
+void CropTool::letThroughHint() {
+    view_.txtTs->setAttribute(Qt::WA_TransparentForMouseEvents, mayShow());
+}
+
+bool CropTool::isOnHint(QPoint global) const {
+    return view_.txtTs->isVisible() && view_.txtTs->rect().contains(view_.txtTs->mapFromGlobal(global));
 }

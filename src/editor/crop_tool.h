@@ -12,13 +12,21 @@ class CropTool : public QObject {
     /// Opens the crop dialog; the selection is made with the mouse.
     void mnuCjClick();
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void mouseDown(int x, int y);
     void mouseMove(int x, int y);
     void mouseUp(int x, int y);
     void moveShape(QSize size);
-    void showReadout(QPoint pointer);
-    void scrollAlong(int x, int y);
+    SelectionShape shape() const;
+    QSize sizeTo(QPoint pointer) const;
+    QPoint inView(QPoint pointer) const;
+    void placeReadout(QPoint pointer);
+    void scrollAlong(QPoint pointer);
+    void letThroughHint();
+    bool isOnHint(QPoint global) const;
     bool mayShow() const;
     bool readoutShows() const;
 

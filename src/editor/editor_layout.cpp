@@ -7,23 +7,38 @@ namespace {
 constexpr int barThickness = 250;
 constexpr int margin = 30;
 
-/// How the picture meets the room that the screen leaves.
+/// How the picture meets the room that there is.
 struct Fit {
     bool overWidth, overHeight;
     QSize view;
 };
 
-Fit fitted(const EditorLayoutInput& input) {
-    const int availableWidth = input.screen.width() - 150;
-    const int availableHeight = input.screen.height() - 765 - input.toolbarHeight - input.titleBarExtra;
-    const int width = input.picture.width();
-    const int height = input.picture.height();
-    const bool overWidth = width > availableWidth;
-    const bool overHeight = height > availableHeight;
+Fit fittedInto(QSize room, QSize picture, bool overWidth, bool overHeight) {
     return {overWidth,
             overHeight,
-            {overWidth ? availableWidth - (overHeight ? barThickness : 0) : width,
-             overHeight ? availableHeight - (overWidth ? barThickness : 0) : height}};
+            {overWidth ? room.width() - (overHeight ? barThickness : 0) : picture.width(),
+             overHeight ? room.height() - (overWidth ? barThickness : 0) : picture.height()}};
+}
+
+/// The window may take the screen.
+Fit fittedToScreen(const EditorLayoutInput& input) {
+    const QSize room(input.screen.width() - 150,
+                     input.screen.height() - 765 - input.toolbarHeight - input.titleBarExtra);
+    return fittedInto(room, input.picture, input.picture.width() > room.width(),
+                      input.picture.height() > room.height());
+}
+
+/// The window stays as it is. A bar takes room that may make the other one necessary.
+Fit fittedToWindow(const EditorLayoutInput& input) {
+    const QSize least(barThickness, barThickness);
+    const QSize room = QSize(input.form.width() - 2 * margin, input.form.height() - input.toolbarHeight - 2 * margin)
+                           .expandedTo(least);
+    const QSize picture = input.picture;
+    const QSize withBars = room - least;
+    const bool overWidth =
+        picture.width() > room.width() || (picture.height() > room.height() && picture.width() > withBars.width());
+    const bool overHeight = picture.height() > room.height() || (overWidth && picture.height() > withBars.height());
+    return fittedInto(room, picture, overWidth, overHeight);
 }
 
 int windowWidth(const EditorLayoutInput& input, const Fit& fit) {
@@ -41,7 +56,7 @@ int windowHeight(const EditorLayoutInput& input, const Fit& fit) {
 }  // namespace
 
 EditorLayout editorLayout(const EditorLayoutInput& input) {
-    const Fit fit = fitted(input);
+    const Fit fit = input.form.isEmpty() ? fittedToScreen(input) : fittedToWindow(input);
     const QSize view = fit.view;
     const QPoint corner(margin, input.toolbarHeight + margin);
     EditorLayout layout;

@@ -11,6 +11,7 @@ struct EditorLayoutInput {
     int toolbarHeight = 0;
     int titleBarExtra = 0;
     bool welcome = false;  ///< Nothing is open: the welcome picture shows.
+    QSize form;            ///< Room below the menu of a window that has another size than its picture would give it.
     int horizontalMaximum =
         32767;  ///< Present maximum of hsc1; the steps of vsc1 follow it even when it was not set anew.
 };

@@ -21,11 +21,18 @@ struct EditorState {
     int toolbarHeight = 0;  ///< 330, or 0 while the tool bar is hidden.
     bool mouseDown = false;
 
-    qint64 savedSize = 0;  ///< Bytes of the picture that `bcsk` stored last.
-    int stepNumber = 0;    ///< Number of the newest step.
-    bool undoing = false;  ///< No step may be recorded.
+    qint64 savedSize = 0;      ///< Bytes of the picture that `bcsk` stored last.
+    int stepNumber = 0;        ///< Number of the newest step.
+    int keptStep = 0;          ///< The step that is kept elsewhere too: loaded, saved or given up. -1 when it is gone.
+    bool isTakenBack = false;  ///< The picture is an earlier step than the last paint.
+    bool undoing = false;      ///< No step may be recorded.
     StepTrail stepTrail;
 
-    /// A picture stands in the window. (After the last undo the next load leaves `editState` at "00".)
+    /// A picture stands in the window.
     bool isOpen = false;
+
+    /// Leaving the picture now would lose work.
+    bool hasChanges() const { return isOpen && stepNumber != keptStep; }
+    /// The picture as it stands is kept elsewhere, or nobody wants it.
+    void forgetChanges() { keptStep = stepNumber; }
 };

@@ -8,6 +8,22 @@
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+
+constexpr char16_t fullWidthForms = 0xff01, lastFullWidthForm = 0xff5e;
+constexpr int fullWidthOffset = fullWidthForms - u'!';
+
+/// As a Chinese keyboard gives them, signs and digits can be as wide as a Chinese character.
+QString withPlainSigns(QString text) {
+    for (QChar& sign : text) {
+        if (sign >= fullWidthForms && sign <= lastFullWidthForm) sign = QChar(sign.unicode() - fullWidthOffset);
+        if (sign == u'。') sign = u'.';
+    }
+    return text;
+}
+
+}  // namespace
+
 QString hintFor(const QString& code) {
     static const QString choose =
         u"先选择图册，再在右边筛选，或直接按左边表格中相应记录选择。完成按“确定”，放弃选择按“取消”。"_s;
@@ -45,6 +61,15 @@ int hintWidth(const QString& text) {
 
 QString kilobytes1024Text(qint64 bytes) {
     return thousandsText(double(bytes) / 1024, 3);
+}
+
+double factorFromText(const QString& text) {
+    const QString plain = withPlainSigns(text).trimmed();
+    return numericValue(plain) / (plain.endsWith(u'%') ? 100 : 1);
+}
+
+double angleFromText(const QString& text) {
+    return numericValue(withPlainSigns(text));
 }
 
 QString fileSourceLine(const QString& path, qint64 bytes, QSize hiMetric) {

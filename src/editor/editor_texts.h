@@ -18,6 +18,11 @@ int hintWidth(const QString& text);
 /// "#,###,##0.000" of bytes / 1024.
 QString kilobytes1024Text(qint64 bytes);
 
+/// The factor that somebody typed: a number, also with full-width digits, or a percentage.
+double factorFromText(const QString& text);
+/// The angle in degrees that somebody typed, also with full-width digits.
+double angleFromText(const QString& text);
+
 /// What is told about a picture from a file. The size is in HiMetric.
 QString fileSourceLine(const QString& path, qint64 bytes, QSize hiMetric);
 /// What is told about the current record of an album; what is Null is left out.

@@ -17,8 +17,10 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int barHeight = 330;
+constexpr int viewportMargin = 30;
 constexpr int hintHeight = 270;
-constexpr int readoutFont = 11;  // pixels: digits are wider than half a cell
+constexpr int hintFrame = 2;                     // pixels, on both sides
+constexpr int hintFont = 12, leastHintFont = 8;  // pixels
 constexpr int wheelNotch = 120;
 constexpr int wheelStep = 600;
 /// As much of a dragged panel stays within reach of the mouse, in pixels.
@@ -26,7 +28,7 @@ constexpr int panelHandle = 24;
 const QColor pictureFrame(0xc0, 0x39, 0x2b);
 const QColor workbench(0xe6, 0xe0, 0xd4);
 
-void applyBar(QScrollBar* bar, const EditorLayout::Bar& layout) {
+void applyBar(QScrollBar* bar, const EditorLayout::Bar& layout, bool keepsPlace) {
     const QSignalBlocker quiet(bar);
     if (layout.placed) {
         bar->setGeometry(
@@ -35,12 +37,12 @@ void applyBar(QScrollBar* bar, const EditorLayout::Bar& layout) {
         bar->setPageStep(layout.largeStep);
         bar->setSingleStep(layout.smallStep);
     }
-    bar->setValue(0);
+    if (!keepsPlace || !layout.visible) bar->setValue(0);
     bar->setVisible(layout.visible);
 }
 
 /// The sentences are measured in half cells of 6 pixels: nothing but the frame may stand beside them.
-void dressHint(TextBox* box, int fontPixels = 12) {
+void dressHint(TextBox* box) {
     box->setLocked(true);
     box->setFocusPolicy(Qt::NoFocus);
     box->setAlignment(Qt::AlignCenter);
@@ -49,7 +51,7 @@ void dressHint(TextBox* box, int fontPixels = 12) {
     box->setContextMenuPolicy(Qt::NoContextMenu);
     box->setStyleSheet(
         u"QLineEdit { background: #fffbea; border: 1px solid #d9b65c; border-radius: 3px; padding: 0px; "
-        "color: #4a3d17; font-size: %1px; }"_s.arg(fontPixels));
+        "color: #4a3d17; }"_s);
     box->hide();
 }
 
@@ -91,7 +93,7 @@ void EditorView::makeSurfaces() {
     shpYu = make<ShapeBox>(picYu, u"shpYu"_s);
     shpYu->hide();
     txtCc = make<TextBox>(picYu, u"txtCc"_s);
-    dressHint(txtCc, readoutFont);
+    dressHint(txtCc);
     txtCc->setAttribute(Qt::WA_TransparentForMouseEvents);
 
     hsc1 = make<QScrollBar>(form_, u"hsc1"_s, Qt::Horizontal);
@@ -135,31 +137,55 @@ void EditorView::makePanels() {
 
 // ------------------------------------------------------------------------------------------------------- layout
 
+EditorLayoutInput EditorView::layoutInput() const {
+    return {.picture = {state_.picWidth, state_.picHeight},
+            .screen = screenSize(),
+            .toolbarHeight = state_.toolbarHeight,
+            .titleBarExtra = mekTp::titleBarExtra,
+            .welcome = !img1->isHidden(),
+            .form = {},
+            .horizontalMaximum = hsc1->maximum()};
+}
+
 /// The whole window for the present picture.
 void EditorView::pmsz() {
-    const EditorLayout layout = editorLayout({{state_.picWidth, state_.picHeight},
-                                              screenSize(),
-                                              state_.toolbarHeight,
-                                              mekTp::titleBarExtra,
-                                              !img1->isHidden(),
-                                              hsc1->maximum()});
-    state_.viewWidth = layout.view.width();
-    state_.viewHeight = layout.view.height();
-    applyBar(hsc1, layout.horizontal);
-    applyBar(vsc1, layout.vertical);
-
-    const QRect& port = layout.viewport;
-    place(picGd, port.x(), port.y(), port.width(), port.height());
+    const EditorLayout layout = editorLayout(layoutInput());
+    fittingWindow_ = {pixelsFromTwips(layout.window.width()), pixelsFromTwips(layout.window.height())};
+    apply(layout, false);
     place(picYu, 0, 0, layout.picture.width(), layout.picture.height());
     place(img1, 0, 0, layout.picture.width(), layout.picture.height());
     place(shpBk, 0, 0, state_.picWidth, state_.picHeight);
     shpBk->setVisible(state_.isOpen);
     shpYu->hide();
-    bar_->setVisible(state_.toolbarHeight > 0);
-    barGround_->setVisible(state_.toolbarHeight > 0);
+    showBar();
     centreWindow(layout.window.width(), layout.window.height());
+    fitToWindow();
     const QRect& ground = layout.background;
     place(shpBj, ground.x(), ground.y(), ground.width(), ground.height());
+}
+
+void EditorView::apply(const EditorLayout& layout, bool keepsPlace) {
+    state_.viewWidth = layout.view.width();
+    state_.viewHeight = layout.view.height();
+    applyBar(hsc1, layout.horizontal, keepsPlace);
+    applyBar(vsc1, layout.vertical, keepsPlace);
+    const QRect& port = layout.viewport;
+    place(picGd, port.x(), port.y(), port.width(), port.height());
+}
+
+/// In a window of another size than was chosen for the picture the viewport takes the room that there is.
+void EditorView::fitToWindow() {
+    if (!state_.isOpen || picGd->isHidden() || showsThumbnail()) return;
+    EditorLayoutInput input = layoutInput();
+    if (window_->size() != fittingWindow_) input.form = inTwips(form_->size());
+    apply(editorLayout(input), true);
+    gdcl();
+}
+
+void EditorView::showBar() {
+    bar_->setVisible(state_.toolbarHeight > 0);
+    barGround_->setVisible(state_.toolbarHeight > 0);
+    place(picGd, leftOf(picGd), state_.toolbarHeight + viewportMargin);
 }
 
 /// The picture follows the scroll bars.
@@ -189,6 +215,7 @@ void EditorView::centreWindow(int width, int height) {
 void EditorView::resized() {
     place(bar_, 0, 0, windowWidth() - 90, barHeight);
     place(barGround_, 0, 0, windowWidth(), barHeight);
+    fitToWindow();
     centreHint();
 }
 
@@ -211,9 +238,28 @@ QSize EditorView::frameSize() const {
 void EditorView::takePainted(const QImage& painted) {
     picMb->setPicture(painted);
     picMb->setGeometry(QRect(QPoint(), painted.size()));
-    picYu->setPicture(painted);
+    state_.isTakenBack = false;
+    setWorkingPicture(painted);
     picYu->show();
     pmsz();
+}
+
+void EditorView::setWorkingPicture(const QImage& picture) {
+    photograph_ = {};
+    picYu->setPicture(picture);
+}
+
+void EditorView::showThumbnail(const QImage& thumbnail) {
+    photograph_ = picYu->Image();
+    picYu->setPicture(thumbnail);
+}
+
+QImage EditorView::workingPicture() const {
+    return showsThumbnail() ? photograph_ : picYu->Image();
+}
+
+QImage EditorView::lastPaint() const {
+    return picMb->picture().isNull() ? workingPicture() : picMb->picture();
 }
 
 // --------------------------------------------------------------------------------------------------------- hints
@@ -232,9 +278,21 @@ void EditorView::notice(const QString& text) {
     txtTs->show();
 }
 
+/// Half a cell is narrow for the digits and letters of some fonts: they get smaller until the text is whole.
+void EditorView::setHint(TextBox* box, const QString& text) {
+    box->setText(text);
+    box->setCursorPosition(0);
+    const int room = pixelsFromTwips(hintWidth(text)) - hintFrame;
+    QFont font = box->font();
+    font.setPixelSize(hintFont);
+    while (font.pixelSize() > leastHintFont && QFontMetrics(font).horizontalAdvance(text) > room)
+        font.setPixelSize(font.pixelSize() - 1);
+    if (font != box->font()) box->setFont(font);
+    box->resize(pixelsFromTwips(hintWidth(text)), pixelsFromTwips(hintHeight));
+}
+
 void EditorView::placeHint() {
-    txtTs->setCursorPosition(0);
-    txtTs->resize(pixelsFromTwips(hintWidth(txtTs->text())), pixelsFromTwips(hintHeight));
+    setHint(txtTs, txtTs->text());
     centreHint();
     txtTs->raise();
     picAn->raise();  // its controls are worked with while the hint shows

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/editor_layout.h"
 #include "editor/editor_state.h"
 #include "editor/work_surface.h"
 #include "platform/desktop/image_box.h"
@@ -39,6 +40,8 @@ class EditorView : public QObject {
     void tscz(const QString& code);
     /// Shows a text in the hint box even where hints are off: why an operation was not carried out.
     void notice(const QString& text);
+    /// Puts a text into one of the two boxes that are as wide as its half cells.
+    static void setHint(TextBox* box, const QString& text);
     /// The hint box may show at all (the menu item that closes it says "关闭提示").
     void setHintsOn(bool on) { hintsOn_ = on; }
     void centreHint();
@@ -47,6 +50,8 @@ class EditorView : public QObject {
     void growShortWindow();
     void centreWindow(int width, int height);
     void resized();
+    /// The tool bar shows, or not; the viewport, and the hint with it, begins below.
+    void showBar();
 
     /// Sizes in twips.
     int windowWidth() const;
@@ -55,6 +60,15 @@ class EditorView : public QObject {
 
     /// A finished paint: the scratch picture becomes the working picture, and the window follows its size.
     void takePainted(const QImage& painted);
+    /// Another picture is at work; the scratch picture stays as it is.
+    void setWorkingPicture(const QImage& picture);
+    /// The thumbnail of a button picture stands in the place of the photograph.
+    void showThumbnail(const QImage& thumbnail);
+    bool showsThumbnail() const { return !photograph_.isNull(); }
+    /// The picture at work: what is on the screen, or the photograph behind its thumbnail.
+    QImage workingPicture() const;
+    /// The picture of the last paint: after an undo, the one that was taken back.
+    QImage lastPaint() const;
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -63,6 +77,9 @@ class EditorView : public QObject {
     void makeSurfaces();
     void makeHintBox();
     void makePanels();
+    void apply(const EditorLayout& layout, bool keepsPlace);
+    void fitToWindow();
+    EditorLayoutInput layoutInput() const;
     void placeHint();
     void dragPanel(Surface* panel, QPoint pointer);
     QSize frameSize() const;
@@ -72,6 +89,8 @@ class EditorView : public QObject {
     QWidget* window_;
     QWidget* form_;
     ShapeBox* barGround_;  ///< What the tool bar leaves free at its right end.
+    QImage photograph_;    ///< While its thumbnail shows.
+    QSize fittingWindow_;  ///< In pixels, the size that the window was given for its picture.
     bool hintsOn_ = true;
     QPoint dragFrom_;  ///< Where the mouse went down on a panel, on the screen.
 };

@@ -36,7 +36,9 @@ frmCl::frmCl(Windows& windows) : windows_(windows) {
     chooser_ = new AlbumChooser(state_, *commands_, *view_, *history_, *loading_, form_);
     button_ = new ButtonPicture(state_, *commands_, *view_, *history_, *chooser_, form_);
     crop_ = new CropTool(state_, *commands_, *view_, *dialog_, *button_);
-    saving_ = new Saving(state_, *commands_, *view_, *history_, *chooser_, form_);
+    saving_ = new Saving(state_, *commands_, *view_, *dialog_, *history_, *chooser_, form_);
+
+    loading_->mayReplace = [this] { return saving_->mayGo(); };
 
     connectCommands();
     connectWindows();
@@ -83,8 +85,25 @@ void frmCl::connectCommands() {
 void frmCl::connectWindows() {
     Commands& on = *commands_;
     on.onCommand(on.mnuBz, u"bz"_s, [this] { windows_.showHelp(u"5使用帮助"_s); });
-    on.onCommand(on.mnuFh, u"fh"_s, [this] { windows_.handOver(WindowKind::editor, WindowKind::viewer); });
-    on.onCommand(on.mnuGb, u"tc"_s, [this] { windows_.endProgram(); });
+    on.onCommand(on.mnuFh, u"fh"_s, [this] {
+        if (mayLeave()) windows_.handOver(WindowKind::editor, WindowKind::viewer);
+    });
+    on.onCommand(on.mnuGb, u"tc"_s, [this] {
+        if (mayLeave()) windows_.endProgram();
+    });
+}
+
+/// The steps go with the picture; nobody is asked a second time about changes that he has given up.
+bool frmCl::mayLeave() {
+    if (!saving_->mayGo()) return false;
+    state_.forgetChanges();
+    attempt([&] { history_->clear(); });
+    return true;
+}
+
+void frmCl::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    runHandler(this, [&] { event->setAccepted(mayLeave()); });
 }
 
 void frmCl::resizeEvent(QResizeEvent* event) {
@@ -99,16 +118,31 @@ void frmCl::keyPressEvent(QKeyEvent* event) {
 /// Keys that no control has taken. They do what the button does, where that is enabled.
 bool frmCl::runKey(const QKeyEvent& event) {
     const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    if (dialog_->isOpen() && (enter || event.key() == Qt::Key_Escape)) {
+    const bool escape = event.key() == Qt::Key_Escape;
+    if (dialog_->isOpen() && (enter || escape)) {
         dialog_->cmdCq[enter ? 0 : 1]->click();
         return true;
     }
-    static const QHash<int, QString> keys{
-        {Qt::Key_Home, u"ty"_s}, {Qt::Key_PageUp, u"sy"_s}, {Qt::Key_PageDown, u"xy"_s}, {Qt::Key_End, u"hy"_s}};
-    // Paging must not carry away a picture that somebody is at work on.
-    QString key = state_.editState == u"k1" && !dialog_->isOpen() ? keys.value(event.key()) : QString();
-    if (event.matches(QKeySequence::Undo)) key = u"cx"_s;
-    if (key.isEmpty() || !view_->picCs->isHidden()) return false;
+    if (escape && !view_->picCs->isHidden()) {
+        chooser_->cmdQxClick();
+        return true;
+    }
+    const QString key = commandOf(event);
+    if (key.isEmpty()) return false;
     commands_->tlb1->button(key)->click();
     return true;
+}
+
+/// The key of the tool button that a key of the keyboard stands for.
+QString frmCl::commandOf(const QKeyEvent& event) const {
+    static const QHash<QKeyCombination, QString> anywhere{
+        {Qt::CTRL | Qt::Key_O, u"wk"_s}, {Qt::CTRL | Qt::Key_S, u"bc"_s}, {Qt::CTRL | Qt::SHIFT | Qt::Key_S, u"lc"_s}};
+    static const QHash<QKeyCombination, QString> stepping{
+        {Qt::Key_Home, u"ty"_s}, {Qt::Key_PageUp, u"sy"_s}, {Qt::Key_PageDown, u"xy"_s}, {Qt::Key_End, u"hy"_s}};
+    const QKeyCombination pressed(event.modifiers() & ~Qt::KeypadModifier, Qt::Key(event.key()));
+    if (anywhere.contains(pressed)) return anywhere[pressed];
+    if (!view_->picCs->isHidden()) return {};
+    if (event.matches(QKeySequence::Undo)) return u"cx"_s;
+    // Paging must not carry away a picture that somebody is at work on.
+    return state_.editState == u"k1" && !dialog_->isOpen() ? stepping.value(pressed) : QString();
 }

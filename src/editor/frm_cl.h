@@ -21,12 +21,15 @@ class frmCl : public QMainWindow {
   protected:
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
   private:
     void connectCommands();
     void connectWindows();
     void load();
     bool runKey(const QKeyEvent& event);
+    QString commandOf(const QKeyEvent& event) const;
+    bool mayLeave();
 
     Windows& windows_;
     EditorState state_;

@@ -46,7 +46,7 @@ void Loading::mnuCwClick() {
     ChooserAside chooser(view_.picCs);
     const QString path = askOpenFile(window_, u"打开图片文件  （选中后按“打开”，放弃选择按“取消”）"_s,
                                      u"BMP文件|*.bmp|JPG文件|*.jpg|所有文件|*.*"_s, {}, jpegFilter);
-    if (path.isEmpty()) return;
+    if (path.isEmpty() || !mayReplace()) return;
     openFile(path);
     chooser.leaveClosed();
 }
@@ -54,41 +54,32 @@ void Loading::mnuCwClick() {
 /// A file that cannot be read leaves everything as it was.
 void Loading::openFile(const QString& path) {
     const Hourglass hourglass;
-    const QString before = state_.sourceFile;
+    const Picture picture = LoadPicture(path);
+    const qint64 size = FileLen(path);
+    takeLoaded(picture);
     state_.sourceFile = path;
-    try {
-        cwdc();
-    } catch (...) {
-        state_.sourceFile = before;
-        throw;
-    }
+    state_.sourceLine = fileSourceLine(path, size, {picture.Width(), picture.Height()});
+    state_.editState = u"w"_s;
     attempt([&] { history_.clear(); });
     xstp();
     commands_.mnuQh->setVisible(false);
-    state_.undoing = false;
 }
 
-/// Loads `sourceFile`.
-void Loading::cwdc() {
-    const Picture picture = LoadPicture(state_.sourceFile);
-    const qint64 size = FileLen(state_.sourceFile);
-    takeLoaded(picture);
-    state_.sourceLine = fileSourceLine(state_.sourceFile, size, {picture.Width(), picture.Height()});
-    if (!state_.undoing) state_.editState = u"w"_s;
-}
-
-void Loading::openFromAlbum(const Picture& picture) {
+void Loading::openFromAlbum(const Picture& picture, const QString& sourceLine) {
     takeLoaded(picture);
     view_.picCs->hide();
     state_.sourceFile.clear();
-    if (!state_.undoing) state_.editState = u"k"_s;
+    state_.sourceLine = sourceLine;
+    state_.editState = u"k"_s;
     xstp();
     commands_.mnuQh->setVisible(true);
 }
 
 void Loading::takeLoaded(const Picture& picture) {
+    state_.undoing = false;  // else the picture would get no trail of its own
+    state_.isTakenBack = false;
     view_.picMb->setPicture({});  // the picture before is not needed any more
-    view_.picYu->setPicture(picture.image());
+    view_.setWorkingPicture(picture.image());
     state_.picWidth = pictureTwips(picture.Width(), picture.pixels().width());
     state_.picHeight = pictureTwips(picture.Height(), picture.pixels().height());
 }
@@ -101,10 +92,8 @@ void Loading::xstp() {
                            static_cast<QWidget*>(view_.picAn), static_cast<QWidget*>(view_.txtCc)})
         panel->hide();
     state_.picLeft = state_.picTop = 0;
-    if (!state_.undoing) {
-        state_.editState = state_.editState.left(1) + u'1';
-        state_.opTag.clear();
-    }
+    state_.editState = state_.editState.left(1) + u'1';
+    state_.opTag.clear();
     state_.isOpen = true;
     view_.img1->hide();
     view_.pmsz();
@@ -126,10 +115,14 @@ void Loading::pmfy() {
     settings_.read();
     state_.picWidth = welcomeWidth;
     state_.picHeight = welcomeHeight - state_.toolbarHeight;
-    for (WorkSurface* surface : {view_.picYu, view_.picMb}) surface->setPicture({});
+    view_.setWorkingPicture({});
+    view_.picMb->setPicture({});
     view_.img1->show();
     view_.picYu->show();
+    view_.setCaption(editorCaption);
     commands_.szan(false);
+    commands_.mnuQh->setVisible(false);
+    commands_.setEnabled(commands_.mnuBc, u"bc"_s, false);
     for (const QString& key : {u"lc"_s, u"cx"_s}) commands_.tlb1->setEnabled(key, false);
 }
 
@@ -138,5 +131,4 @@ void Loading::empty() {
     pmfy();
     view_.pmsz();
     commands_.setEnabled(commands_.mnuCx, u"cx"_s, false);
-    view_.setCaption(editorCaption);
 }

@@ -1,6 +1,6 @@
 #include "editor/operation_dialog.h"
 
-#include "platform/base/conversion.h"
+#include "editor/editor_texts.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 
@@ -144,9 +144,13 @@ void OperationDialog::showDial(bool on) {
     if (on) turnHand();
 }
 
+double OperationDialog::value() const {
+    return mode_ == u"s" ? factorFromText(txtCq->text()) : angleFromText(txtCq->text());
+}
+
 /// The hand turns counter-clockwise from twelve, as the picture will.
 void OperationDialog::turnHand() {
-    const double angle = numericValue(txtCq->text()) * radiansPerDegree;
+    const double angle = angleFromText(txtCq->text()) * radiansPerDegree;
     const double turn = std::isfinite(angle) ? angle : 0;
     linJd_[0]->setEnds(dialX, dialY, dialX - roundHalfEven(dialRadius * std::sin(turn)),
                        dialY - roundHalfEven(dialRadius * std::cos(turn)));

@@ -23,6 +23,8 @@ class OperationDialog : public QObject {
     void close();
     bool isOpen() const { return !view_.picCq->isHidden(); }
     const QString& mode() const { return mode_; }
+    /// The number in txtCq: a factor or an angle.
+    double value() const;
 
     TextBox* txtCq;
     std::array<QPushButton*, 2> cmdCq;

@@ -3,6 +3,7 @@
 #include "platform/base/conversion.h"
 #include "platform/base/twips.h"
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::Literals::StringLiterals;
@@ -12,6 +13,7 @@ namespace {
 constexpr QSize buttonPicture(1500, 1125);
 constexpr int readoutHeight = 270;
 constexpr int leastForReadout = 20;
+constexpr int scrollStep = 200;
 constexpr int darkBelow = 129;  ///< Sum of the three channels.
 
 QString pixelsText(int twips) {
@@ -25,17 +27,30 @@ QString ratioText(QSize size) {
 
 }  // namespace
 
-QSize selectionSize(SelectionShape shape, QPoint start, QPoint pointer) {
-    const int width = pointer.x() - start.x();
+QSize selectionSize(SelectionShape shape, QPoint start, QPoint pointer, QSize picture) {
+    const int width = std::min(pointer.x(), picture.width()) - start.x();
     switch (shape) {
-        case SelectionShape::ratio:
-            return {width, roundHalfEven(width / 4.0 * 3)};
+        case SelectionShape::ratio: {
+            const int widest = (picture.height() - start.y()) * 4 / 3;
+            return {std::min(width, widest), roundHalfEven(std::min(width, widest) / 4.0 * 3)};
+        }
         case SelectionShape::fixed:
             return buttonPicture;
         case SelectionShape::free:
             break;
     }
-    return {width, pointer.y() - start.y()};
+    return {width, std::min(pointer.y(), picture.height()) - start.y()};
+}
+
+QRect shiftedIn(QRect part, QSize picture) {
+    part.moveLeft(std::clamp(part.left(), 0, std::max(0, picture.width() - part.width())));
+    part.moveTop(std::clamp(part.top(), 0, std::max(0, picture.height() - part.height())));
+    return part;
+}
+
+int scrollOfDrag(int inView, int viewLength, int inPicture, int pictureLength) {
+    if (inView > viewLength && inPicture < pictureLength - scrollStep) return scrollStep;
+    return inView < 0 && inPicture > scrollStep ? -scrollStep : 0;
 }
 
 QString selectionReadout(QPoint start, QSize size) {
@@ -45,8 +60,10 @@ QString selectionReadout(QPoint start, QSize size) {
 }
 
 QPoint readoutPlace(QPoint pointer, int readoutWidth, QSize view) {
-    const bool fits = pointer.x() <= view.width() - readoutWidth;
-    return {fits ? pointer.x() : pointer.x() - readoutWidth, std::min(pointer.y(), view.height() - readoutHeight)};
+    const int x = std::clamp(pointer.x(), 0, view.width());
+    const bool fits = x <= view.width() - readoutWidth;
+    return {std::max(0, fits ? x : x - readoutWidth),
+            std::clamp(pointer.y(), 0, std::max(0, view.height() - readoutHeight))};
 }
 
 bool readoutShows(QSize size) {

@@ -13,12 +13,19 @@ enum class SelectionShape {
     fixed   ///< 固定尺寸: 100 by 75 pixels
 };
 
-/// The size of a selection from `start` to the pointer.
-QSize selectionSize(SelectionShape shape, QPoint start, QPoint pointer);
+/// The size of a selection from `start` to the pointer. It ends with the picture, but for the fixed one: what of that
+/// is outside moves in later (see `shiftedIn`).
+QSize selectionSize(SelectionShape shape, QPoint start, QPoint pointer, QSize picture);
+/// A part moved so far that it lies inside a picture, or begins with it where it is larger.
+QRect shiftedIn(QRect part, QSize picture);
+
+/// How far one move of the mouse scrolls along a side while a selection is drawn: forwards or backwards when the
+/// pointer has left the visible part, as long as it is not near the picture's end.
+int scrollOfDrag(int inView, int viewLength, int inPicture, int pictureLength);
 
 /// The readout: "L：… T：… W：… H：… W/H：1.333".
 QString selectionReadout(QPoint start, QSize size);
-/// Where the readout stands in the visible area.
+/// Where the readout stands in the visible area; the pointer is given by its place there.
 QPoint readoutPlace(QPoint pointer, int readoutWidth, QSize view);
 /// Whether a selection is large enough for a readout.
 bool readoutShows(QSize size);

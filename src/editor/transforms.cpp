@@ -1,7 +1,6 @@
 #include "editor/transforms.h"
 
 #include "editor/rotation.h"
-#include "platform/base/conversion.h"
 #include "platform/base/error.h"
 #include "platform/base/twips.h"
 #include "platform/desktop/busy.h"
@@ -107,7 +106,7 @@ void Transforms::carryOut(const QString& mode) {
 
 void Transforms::scale() {
     const QString text = dialog_.txtCq->text();
-    const double factor = numericValue(text);
+    const double factor = dialog_.value();
     if (!(factor > 0)) throw Error(u"缩放倍数应是大于 0 的数。"_s);
     state_.opTag += u" *"_s + (text.startsWith(u'.') ? u"0"_s : QString()) + text;
     view_.tscz(u"s2"_s);
@@ -146,7 +145,7 @@ void Transforms::tpxz() {
     if (state_.picWidth == 0) return;
     const Hourglass hourglass;
     const QString text = dialog_.txtCq->text();
-    const double number = numericValue(text);
+    const double number = dialog_.value();
     const double degrees = std::isfinite(number) ? number : 0;
     const QSize twips = rotatedSize({state_.picWidth, state_.picHeight}, degrees);
     const auto size = possibleSize(twips.width(), twips.height());

@@ -3,12 +3,12 @@
 #include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
 #include "editor/picture_files.h"
-#include "platform/base/conversion.h"
 #include "platform/base/error.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 
 #include <new>
+#include <optional>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -22,6 +22,11 @@ Recordset newestRow(const QString& number) {
     Recordset rows = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tccx WHERE 编号 = "_s + quoted(number));
     if (!rows.Eof()) rows.MoveLast();
     return rows;
+}
+
+/// Two large pictures are turned into their JPEGs at once.
+std::future<QByteArray> encoded(const QImage& picture) {
+    return std::async([picture] { return encodeJpeg(picture, jpegQuality); });
 }
 
 void storeJpeg(const QByteArray& bytes, Recordset& recordset, EditorState& state) {
@@ -42,38 +47,20 @@ UndoHistory::UndoHistory(EditorState& state, Commands& commands, EditorView& vie
     : QObject(view.picCq), state_(state), commands_(commands), view_(view), dialog_(dialog) {}
 
 void UndoHistory::start() {
-    if (state_.undoing) return;
-    finishFirst();
     state_.stepNumber = 0;
     loss_.clear();
     isLossTold_ = false;
     state_.stepTrail = StepTrail(state_.editState);
-    const QString number = nextStep();
-    if (!record(number, [&] { writeRow(number); })) return;
-    first_ = std::async(std::launch::async, [this, image = view_.picYu->Image()] {
-        const QByteArray bytes = encodeJpeg(image, jpegQuality);
-        QMetaObject::invokeMethod(this, &UndoHistory::finishFirst, Qt::QueuedConnection);
-        return bytes;
-    });
+    loaded_ = nextStep();
+    state_.forgetChanges();
 }
 
-/// Stores the picture of the first step, for which the row is there already.
-void UndoHistory::finishFirst() {
-    if (!first_.valid()) return;
-    const QString number = StepTrail::stepText(1);
-    record(number, [&] {
-        const QByteArray bytes = first_.get();
-        Recordset row = newestRow(number);
-        storeJpeg(bytes, row, state_);
-    });
-}
-
-/// Stores a step, or what belongs to it. Of one that cannot be stored nothing stays, nor does an earlier picture's step
-/// of its number, which would be taken for it.
-bool UndoHistory::record(const QString& number, const std::function<void()>& storing) {
+/// Stores a step. Of one that cannot be stored nothing stays, nor does an earlier picture's step of its number, which
+/// would be taken for it.
+void UndoHistory::record(const Step& step, std::future<QByteArray> jpeg) {
     try {
-        storing();
-        return true;
+        write(step, jpeg.get());
+        return;
     } catch (const Error& failure) {
         loss_ = failure.text();
     } catch (const std::bad_alloc&) {
@@ -81,50 +68,54 @@ bool UndoHistory::record(const QString& number, const std::function<void()>& sto
     } catch (const std::exception& failure) {
         loss_ = QString::fromLocal8Bit(failure.what());
     }
-    attempt([&] { removeStep(number); });
-    return false;
+    attempt([&] { removeStep(step.number); });
 }
 
-/// Of the first step too only whoever goes on to change the picture is told: to him it matters.
+/// Once for a picture: whoever goes on to change it may count on the way back.
 void UndoHistory::tellLoss() {
     if (loss_.isEmpty() || std::exchange(isLossTold_, true)) return;
     say(view_.picYu->window(), u"这一步没有记录下来，以后不能撤消。图片可以继续处理和保存。\n\n"_s + loss_);
 }
 
-QString UndoHistory::nextStep() {
+/// The picture on the screen as a step with the next number.
+UndoHistory::Step UndoHistory::nextStep() {
     state_.stepTrail.push(++state_.stepNumber);
-    return StepTrail::stepText(state_.stepNumber);
+    if (state_.stepNumber <= state_.keptStep) state_.keptStep = -1;
+    return {.number = StepTrail::stepText(state_.stepNumber),
+            .label = view_.txtTs->text(),
+            .tag = state_.opTag,
+            .size = {widthOf(view_.picYu), heightOf(view_.picYu)},
+            .parameter = dialog_.isOpen() ? dialog_.value() : 0.0,
+            .picture = view_.picYu->Image()};
 }
 
-/// Records the picture on screen as a step. A step that cannot be written never stops the work on the picture; whoever
-/// counts on it is told, once for a picture.
+/// Records the picture on screen as a step. A step that cannot be written never stops the work on the picture.
 void UndoHistory::cxcz() {
     if (state_.undoing) return;
-    finishFirst();
-    const QString number = nextStep();
-    record(number, [&] {
-        Transaction step(mekTp::catalogue);
-        writeRow(number);
-        Recordset stored = newestRow(number);
-        bcsk(view_.picYu->Image(), stored, state_);
-        step.commit();
-    });
+    const Step step = nextStep();
+    auto jpeg = encoded(step.picture);
+    if (const auto loaded = std::exchange(loaded_, std::nullopt)) record(*loaded, encoded(loaded->picture));
+    record(step, std::move(jpeg));
     tellLoss();
 }
 
-void UndoHistory::writeRow(const QString& number) {
+void UndoHistory::write(const Step& step, const QByteArray& jpeg) {
+    Transaction whole(mekTp::catalogue);
     Recordset rows = mekTp::catalogue.OpenRecordset(u"tccx"_s);
     rows.AddNew();
     const std::pair<QString, Variant> values[] = {
-        {u"编号"_s, number},
-        {u"标签"_s, view_.txtTs->text()},
-        {u"图宽"_s, float(widthOf(view_.picYu))},
-        {u"图高"_s, float(heightOf(view_.picYu))},
-        {u"标题"_s, state_.opTag},
-        {u"参数"_s, dialog_.isOpen() ? numericValue(dialog_.txtCq->text()) : 0.0},
+        {u"编号"_s, step.number},
+        {u"标签"_s, step.label},
+        {u"图宽"_s, float(step.size.width())},
+        {u"图高"_s, float(step.size.height())},
+        {u"标题"_s, step.tag},
+        {u"参数"_s, step.parameter},
     };
     for (const auto& [column, value] : values) attempt([&] { rows.Fields(column).SetValue(value); });
     rows.Update();
+    Recordset stored = newestRow(step.number);
+    storeJpeg(jpeg, stored, state_);
+    whole.commit();
 }
 
 void UndoHistory::removeStep(const QString& number) {
@@ -132,14 +123,18 @@ void UndoHistory::removeStep(const QString& number) {
 }
 
 void UndoHistory::clear() {
-    first_ = {};
-    mekTp::catalogue.Execute(u"DELETE FROM [tccx]"_s);
+    loaded_.reset();
+    emptyUndoSteps();
+}
+
+/// A table that is empty already is not written to.
+void emptyUndoSteps() {
+    if (mekTp::catalogue.OpenRecordset(u"tccx"_s).rowCount() > 0) mekTp::catalogue.Execute(u"DELETE FROM [tccx]"_s);
 }
 
 void UndoHistory::mnuCxClick() {
     if (!view_.picCs->isHidden()) return;  // the picture is out of sight, and its steps are gone
     state_.undoing = true;
-    finishFirst();
     view_.picYu->show();  // a paint that failed has left it hidden
     if (!view_.shpYu->isHidden()) {
         view_.shpYu->hide();
@@ -162,18 +157,23 @@ void UndoHistory::pop() {
     removeStep(state_.stepTrail.newest());
     state_.stepTrail.pop();
     --state_.stepNumber;
-    if (state_.stepTrail.isEmpty())
-        Q_EMIT emptied();
-    else
+    if (!state_.stepTrail.isEmpty()) {
         restore(state_.stepTrail.newest());
+        return;
+    }
+    loaded_.reset();
+    Q_EMIT emptied();
 }
 
 void UndoHistory::restore(const QString& number) {
     Recordset step = newestRow(number);
-    if (step.Eof()) return;  // it could not be stored
-    const auto picture = pictureFromField(step, pictureColumn);
-    if (!picture) return;
-    view_.picYu->setPicture(picture->image());
+    const auto picture = step.Eof() ? std::nullopt : pictureFromField(step, pictureColumn);
+    if (!picture) {  // it could not be stored: what is on the screen is no step that is kept
+        state_.keptStep = -1;
+        return;
+    }
+    view_.setWorkingPicture(picture->image());
+    state_.isTakenBack = true;
     state_.picWidth = step.Fields(u"图宽"_s).Value().toInteger();
     state_.picHeight = step.Fields(u"图高"_s).Value().toInteger();
     view_.txtTs->setText(step.Fields(u"标签"_s).Value().textOr());

@@ -57,9 +57,13 @@ void ViewSettings::applyHints(bool shown) {
 void ViewSettings::mnuGxClick() {
     const bool shown = state_.toolbarHeight == 0;
     applyToolBar(shown);
-    if (!view_.picCs->isHidden())
+    if (!view_.picCs->isHidden()) {
+        // The window is the chooser's now, whatever picture is behind it.
         place(view_.picCs, leftOf(view_.picCs), shown ? state_.toolbarHeight : chooserTopAlone);
-    view_.pmsz();
+        view_.showBar();
+    } else {
+        view_.pmsz();
+    }
     view_.centreHint();
     store(toolBarColumn, shown);
 }

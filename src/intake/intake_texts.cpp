@@ -34,8 +34,10 @@ QString selectionHint(int count) {
 }
 
 QString intakeDescription(const QString& focusedFile, bool replace, int count) {
-    QString text = u"（从文件["_s + focusedFile + (replace ? u"]替换"_s : u"]追加"_s) + u"到本图册 "_s;
-    if (replace) text += u"序号＝"_s + focusedFile.chopped(std::min<qsizetype>(4, focusedFile.size()));
+    const QString file = focusedFile.isEmpty() ? QString() : u'[' + focusedFile + u']';
+    QString text = u"（从文件"_s + file + (replace ? u"替换"_s : u"追加"_s) + u"到本图册 "_s;
+    const QString number = focusedFile.chopped(std::min<qsizetype>(4, focusedFile.size()));
+    if (replace && !number.isEmpty()) text += u"序号＝"_s + number;
     text += u"）\n\n"_s;
     if (count >= 2) text += u"    等共%1条"_s.arg(count);
     return text;
@@ -48,10 +50,6 @@ QString intakeQuestion(const QString& album, bool replace, const QString& descri
 
 QString recordCountLine(const QString& album, int count) {
     return u"表 ["_s + album + u"] 共有记录："_s + QString::number(count) + u" 条"_s;
-}
-
-bool isDemo(const QString& table) {
-    return table.compare(demoTable, Qt::CaseInsensitive) == 0;
 }
 
 bool standsForNumber(const QString& name) {

@@ -19,8 +19,7 @@ QString intakeQuestion(const QString& album, bool replace, const QString& descri
 /// Record count of the album on the page.
 QString recordCountLine(const QString& album, int count);
 
-/// Whether an album is the one that is only for show, and what is said to who wants to change it.
-bool isDemo(const QString& table);
+/// Said to who wants to change the album that is only for show.
 inline const QString onlyForShow = QStringLiteral("该表只做演示用，不能录入或编辑！");
 
 inline const QString chooseAlbumFirst = QStringLiteral("请先选择要录入的图册，然后才能继续！");

@@ -1,5 +1,6 @@
 #include "intake/mapping_panel.h"
 
+#include "catalogue/album_tables.h"
 #include "catalogue/mektp.h"
 #include "intake/preview_parts.h"
 #include "intake/settings_tab.h"
@@ -178,7 +179,7 @@ void MappingPanel::chooseDatabase(const QString& heading) {
     reset();
     for (QPushButton* button : {cmdQx_, cmdLr_}) button->hide();
     sourceDatabase_ = OpenDatabase(state_.sourceDatabasePath);
-    const QStringList tables = offeredTables(sourceDatabase_.TableDefs());
+    const QStringList tables = offeredTables();
     hints_.czts(3);
     state_.pageFree = false;
     browser_.showFileParts(true);
@@ -188,6 +189,13 @@ void MappingPanel::chooseDatabase(const QString& heading) {
     for (const QString& table : tables) lstSb_->AddItem(table);
     lstSb_->show();
     state_.intakeStep = forTransfer() ? 13 : 3;
+}
+
+/// The program's own catalogue holds more than albums.
+QStringList MappingPanel::offeredTables() const {
+    if (forTransfer()) return changeableAlbums(sourceDatabase_);
+    if (mekTp::isCatalogue(sourceDatabase_.Name())) return albumTables(sourceDatabase_);
+    return withoutSystemTables(sourceDatabase_.TableDefs());
 }
 
 void MappingPanel::undoDatabase() {

@@ -79,6 +79,7 @@ class MappingPanel : public QObject {
     void addLine();
     TextBox* txtYb(std::size_t index) const { return lines_[index].txtYb; }
 
+    QStringList offeredTables() const;
     void lstSbClick();
     /// Told by what was chosen: keys move the line in lstSb on without choosing it.
     QString& chosenTable() const { return forTransfer() ? state_.targetTable : state_.sourceTable; }

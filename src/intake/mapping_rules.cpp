@@ -40,7 +40,7 @@ std::optional<FieldShape> fieldNamed(const TableShape& shape, const QString& nam
     return *found;
 }
 
-QStringList offeredTables(const QStringList& tables) {
+QStringList withoutSystemTables(const QStringList& tables) {
     QStringList offered;
     for (const QString& table : tables)
         if (!table.startsWith(u"MSys"_s, Qt::CaseInsensitive)) offered << table;

@@ -38,8 +38,8 @@ TableShape shapeByName(const Database& first, const Database& second, const QStr
 /// The field of that name, in either case of letters; nothing when there is none.
 std::optional<FieldShape> fieldNamed(const TableShape& shape, const QString& name);
 
-/// Names of the tables that a list offers: all but the system's own.
-QStringList offeredTables(const QStringList& tables);
+/// The tables of a foreign database but for the system's own.
+QStringList withoutSystemTables(const QStringList& tables);
 
 /// All records of a table, in the order of a column when one is named.
 QString allRecordsSql(const QString& table, const QString& orderColumn = {});

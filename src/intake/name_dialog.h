@@ -1,32 +1,49 @@
 #pragma once
 
 #include "intake/shared_controls.h"
+#include "platform/picture/picture.h"
 
 #include <QObject>
+#include <optional>
 
+class ImageBox;
 class QGroupBox;
 class TextBox;
 
-/// The small dialog fraWm on the page 图片转存 that asks for the file names of pictures, one after the other. It lends
-/// its lower edge to the progress bar.
+/// What the dialog asks about one picture.
+struct NameQuestion {
+    QString text;
+    QString defaultName;
+    std::optional<Picture> picture;  ///< None: the record has no picture that can be shown.
+};
+
+/// The small dialog fraWm on the page 图片转存 that asks for the file names of pictures, one after the other. The
+/// picture in question stands beside it, in picWm. It lends its lower edge to the progress bar.
 class NameDialog : public QObject {
     Q_OBJECT
 
   public:
     explicit NameDialog(SharedControls& controls);
 
-    void open(const QString& question, QProgressBar* prg3);
-    void askNext(const QString& question);
+    void open(QProgressBar* prg3);
+    /// Asks for the next picture. The default name is selected, so that typing replaces it.
+    void ask(const NameQuestion& question);
+    /// Lets the name that was given be changed.
+    void askAgain();
     void close();
     bool isOpen() const;
-    QString name() const;          ///< Complete, with ".jpg".
-    void setConfirmable(bool on);  ///< cmdWm(0); never enabled without a name.
+    QString name() const;  ///< Complete, with ".jpg".
+    /// The size in device pixels for which a picture should be decoded to be shown.
+    QSize pictureSize() const;
 
   Q_SIGNALS:
+    /// Nothing else is taken before `ask` or `askAgain`.
     void confirmed();
     void cancelled();
 
   private:
+    void makePicture();
+    void showPicture(const std::optional<Picture>& picture);
     void completeName();
     void confirm();
 
@@ -36,4 +53,6 @@ class NameDialog : public QObject {
     TextBox* txtWm_;
     QPushButton* cmdWm0_;
     QPushButton* cmdWm1_;
+    QLabel* picWm_;
+    ImageBox* imgWm_;
 };

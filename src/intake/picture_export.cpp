@@ -4,10 +4,12 @@
 #include "intake/transfer_rules.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
+#include "platform/base/unnamed_file.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -15,57 +17,36 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 constexpr std::size_t groupFiles = 64;
 constexpr qint64 groupBytes = 48 << 20;
-}  // namespace
-
-/// A file beside the place that a picture is to have. It goes with the object unless it was renamed.
-class ScratchFile {
-  public:
-    explicit ScratchFile(const QString& folder) : folder_(folder) {
-        // One that stands there already may be somebody's own.
-        for (int i = 0; QFileInfo::exists(nameOf(i)); ++i) file_.setFileName(nameOf(i + 1));
-        if (file_.fileName().isEmpty()) file_.setFileName(nameOf(0));
-        if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) fail();
-    }
-    ~ScratchFile() {
-        if (!file_.fileName().isEmpty()) file_.remove();
-    }
-    ScratchFile(const ScratchFile&) = delete;
-    ScratchFile& operator=(const ScratchFile&) = delete;
-
-    void write(const QByteArray& bytes) {
-        if (file_.write(bytes) != bytes.size()) fail();
-    }
-
-    void sync() { syncToDisk(file_); }
-    void close() { file_.close(); }
-
-    /// False when the name is taken.
-    bool rename(const QString& name) {
-        file_.close();
-        if (!renameNew(file_.fileName(), name)) return false;
-        file_.setFileName({});
-        return true;
-    }
-
-  private:
-    QString nameOf(int attempt) const {
-        return joinedPath(folder_, attempt == 0 ? u"ls.tmp"_s : u"ls%1.tmp"_s.arg(attempt));
-    }
-    [[noreturn]] void fail() {
-        throw Error(u"文件夹“%1”不能写入（%2）"_s.arg(QDir::toNativeSeparators(folder_), writeFailure(file_)));
-    }
-
-    QString folder_;
-    QFile file_;
-};
-
-namespace {
+const QString complaint = u"“%1”不能写入（%2）"_s;
 
 bool isTaken(const QString& name) {
     return QFileInfo::exists(name) || QFileInfo(name).isSymLink();
 }
 
-void copyBytes(const Field& picture, qint64 size, ScratchFile& file) {
+/// Whether a file holds the bytes of a field. Zeros at the end of either are none: a stored picture has some behind it.
+bool holdsPicture(QFile& file, const Field& picture) {
+    bool isEmpty = true;
+    const qint64 size = std::max(picture.FieldSize(), file.size());
+    for (qint64 offset = 0; offset < size; offset += pictureChunk) {
+        const auto length = std::min<qint64>(pictureChunk, size - offset);
+        const QByteArray stored = picture.GetChunk(offset, length).leftJustified(length, '\0');
+        if (stored != file.read(length).leftJustified(length, '\0')) return false;
+        isEmpty = isEmpty && stored.count('\0') == length;
+    }
+    return !isEmpty && file.error() == QFileDevice::NoError;
+}
+
+/// Whether the picture stands there already, under its own name and on the disk.
+bool standsThere(const QString& name, const Field& picture) {
+    const QFileInfo there(name);
+    if (!there.isFile() || there.isSymLink()) return false;
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || !holdsPicture(file, picture)) return false;
+    syncToDisk(file);
+    return true;
+}
+
+void copyBytes(const Field& picture, qint64 size, UnnamedFile& file) {
     for (qint64 offset = 0; offset < size; offset += pictureChunk) file.write(picture.GetChunk(offset, pictureChunk));
 }
 
@@ -77,11 +58,11 @@ Exported dctb(Recordset& recordset, QString& name) {
     const Field picture = recordset.Fields(u"图片"_s);
     const qint64 size = picture.FieldSize();
     if (size == 0) return Exported::noPicture;
-    if (isTaken(name)) return Exported::nameTaken;
-    ScratchFile scratch(QFileInfo(name).path());
-    copyBytes(picture, size, scratch);
-    scratch.sync();
-    return scratch.rename(name) ? Exported::written : Exported::nameTaken;
+    if (isTaken(name)) return standsThere(name, picture) ? Exported::alreadyThere : Exported::nameTaken;
+    UnnamedFile file(name, complaint);
+    copyBytes(picture, size, file);
+    file.sync();
+    return file.takeNewName() ? Exported::written : Exported::nameTaken;
 }
 
 PictureGroup::PictureGroup(const QString& folder) : folder_(folder) {}
@@ -92,32 +73,56 @@ Exported PictureGroup::write(Recordset& recordset, QString& name) {
     const Field picture = recordset.Fields(u"图片"_s);
     const qint64 size = picture.FieldSize();
     if (size == 0) return Exported::noPicture;
-    if (files_.contains(name) || isTaken(name)) return Exported::nameTaken;
-    auto scratch = std::make_unique<ScratchFile>(folder_);
-    copyBytes(picture, size, *scratch);
-    scratch->close();
-    files_.emplace(name, std::move(scratch));
+    nameEarly(name);
+    if (files_.contains(name) || isTaken(name))
+        return standsThere(name, picture) ? Exported::alreadyThere : Exported::nameTaken;
+    try {
+        auto file = std::make_unique<UnnamedFile>(name, complaint);
+        copyBytes(picture, size, *file);
+        files_.emplace(name, std::move(file));
+    } catch (const Error& failure) {
+        // What keeps one file from being written is told once for all of them.
+        throw Error(QString(failure.text()).replace(QDir::toNativeSeparators(name), QDir::toNativeSeparators(folder_)));
+    }
     bytes_ += size;
     return Exported::written;
+}
+
+/// Two pictures may be meant to have one name: the second is compared with what the first has made of it.
+void PictureGroup::nameEarly(const QString& name) {
+    const auto waiting = files_.find(name);
+    if (waiting == files_.end()) return;
+    waiting->second->sync();
+    if (!waiting->second->takeNewName()) return;
+    syncFolderToDisk(folder_);
+    files_.erase(waiting);
 }
 
 bool PictureGroup::isFull() const {
     return files_.size() >= groupFiles || bytes_ >= groupBytes;
 }
 
-std::vector<PictureGroup::Unnamed> PictureGroup::giveNames() {
+std::vector<PictureGroup::Failed> PictureGroup::giveNames() {
     const auto files = std::exchange(files_, {});
     bytes_ = 0;
     if (files.empty()) return {};
     syncFileSystemOf(folder_);
-    std::vector<Unnamed> unnamed;
+    std::vector<Failed> failed;
+    QStringList named;
     for (const auto& [name, file] : files) {
         try {
-            if (!file->rename(name)) unnamed.push_back({name, {}});
+            if (file->takeNewName())
+                named << name;
+            else
+                failed.push_back({name, {}});
         } catch (const Error& failure) {
-            unnamed.push_back({name, failure.text()});
+            failed.push_back({name, failure.text()});
         }
     }
-    syncFolderToDisk(folder_);
-    return unnamed;
+    try {
+        syncFolderToDisk(folder_);
+    } catch (const Error& failure) {
+        for (const QString& name : named) failed.push_back({name, u"文件已写成，但"_s + failure.text()});
+    }
+    return failed;
 }

@@ -1,6 +1,9 @@
 // The runs of the page 图片转存: into a folder by names, one after the other or by default, and into a table.
 
+#include "catalogue/album_rules.h"
+#include "catalogue/album_tables.h"
 #include "catalogue/mektp.h"
+#include "catalogue/picture_field.h"
 #include "intake/intake_texts.h"
 #include "intake/settings_tab.h"
 #include "intake/transfer_page.h"
@@ -18,9 +21,15 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <algorithm>
+#include <ranges>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+const QString copiedCaption = u"已复制"_s;
+}  // namespace
 
 void TransferPage::cmdFzClick() {
     if (controls_.lstSu->ListCount() == 0) return;
@@ -28,9 +37,9 @@ void TransferPage::cmdFzClick() {
         fzyd(operationText(false));
         return;
     }
-    fzzb();
     cmdYd_->setText(u"移 动"_s);
-    cmdFz_->setText(u"已复制"_s);
+    cmdFz_->setText(copiedCaption);
+    fzzb();
 }
 
 void TransferPage::cmdYdClick() {
@@ -39,21 +48,56 @@ void TransferPage::cmdYdClick() {
         say(controls_.form, onlyForShow);
         return;
     }
+    if (!isAlbumTable(mekTp::catalogue, state_.sourceTable)) {
+        say(controls_.form, u"数据表“%1”不是图册，其中的记录不能移走。"_s.arg(state_.sourceTable));
+        return;
+    }
     if (!toFolder()) {
         fzyd(operationText(true));
         return;
     }
-    fzzb();
     cmdFz_->setText(u"复 制"_s);
     cmdYd_->setText(u"已移动"_s);
+    fzzb();
 }
 
 // Opens the name dialog for the first picture.
 void TransferPage::fzzb() {
     nameEntryIndex_ = 0;
-    notNamed_ = {};
+    naming_ = {};
     setNaming(true);
-    names_.open(nameQuestion(albumNameOfLine(controls_.cboBm->currentText()), controls_.lstSu->List(0), true), prg3_);
+    names_.open(prg3_);
+    askName();
+}
+
+/// Shows the picture in hand and asks for its name.
+void TransferPage::askName() {
+    const Hourglass hourglass;
+    const QString number = controls_.lstSu->List(nameEntryIndex_);
+    NameQuestion question;
+    question.text = nameQuestion(albumNameOfLine(controls_.cboBm->currentText()), number, nameEntryIndex_ == 0);
+    question.defaultName = defaultPictureName({}, number.toInt());
+    attempt([&] {
+        Recordset record = openChosen(recordInHand(moves()));
+        question.defaultName = defaultPictureName(record.Fields(u"编号"_s).Value(), number.toInt());
+        question.picture = pictureFromField(record, u"图片"_s, names_.pictureSize());
+    });
+    names_.ask(question);
+}
+
+/// Told by the caption that the pressed button has taken.
+bool TransferPage::moves() const {
+    return cmdFz_->text() != copiedCaption;
+}
+
+ChosenRecord TransferPage::recordInHand(bool move) const {
+    const QStringList numbers = lines();
+    ChosenRecord chosen{state_.sourceTable, numbers[nameEntryIndex_], 0, move};
+    for (int i = 0; i < nameEntryIndex_; ++i) {
+        const bool gone = move && std::ranges::find(naming_.done, i) != naming_.done.end();
+        if (numbers[i] == chosen.number && !gone) ++chosen.earlier;
+    }
+    return chosen;
 }
 
 /// While names are asked for, the list of pictures stays as it is.
@@ -70,14 +114,20 @@ void TransferPage::nameCancelled() {
     names_.close();
     prg3_->hide();
     setNaming(false);
-    const bool moved = cmdYd_->text() == u"已移动"_s;
-    tellNotDone(std::exchange(notNamed_, {}), moved);
-    if (!moved || nameEntryIndex_ == 0) return;
-    for (int i = 0; i < nameEntryIndex_; ++i) delete controls_.lstSu->takeItem(0);
-    nameEntryIndex_ = 0;
+    const bool move = moves();
+    const Naming ended = std::exchange(naming_, {});
+    if (move) dropDone(ended.done);
+    tellEarlyEnd(ended, move);
+}
+
+/// What was moved leaves the list; what is left of it can still be moved.
+void TransferPage::dropDone(const std::vector<int>& done) {
+    if (done.empty()) return;
+    for (const int line : done | std::views::reverse) delete controls_.lstSu->takeItem(line);
     attempt([&] { controls_.datBj->Refresh(); });
     showTotal();
     linesChanged();
+    bsxz(false);
 }
 
 // One step of a copy or move: the picture whose name was given, or all records.
@@ -90,27 +140,53 @@ void TransferPage::fzyd(const QString& operation) {
 }
 
 void TransferPage::toNextName(bool move) {
-    const QStringList numbers = lines();
-    const QString album = albumNameOfLine(controls_.cboBm->currentText());
-    names_.setConfirmable(false);
-    if (nameEntryIndex_ < numbers.size()) {
-        const Hourglass hourglass;
-        const QString& number = numbers[nameEntryIndex_];
-        const auto earlier = static_cast<int>(numbers.first(nameEntryIndex_).count(number));
-        transferToFile(state_.sourceTable, number, earlier, {state_.currentFolder, names_.name()}, move, notNamed_);
+    const int count = controls_.lstSu->ListCount();
+    if (nameEntryIndex_ < count) {
+        const SentPicture sent = [&] {
+            const Hourglass hourglass;
+            return transferToFile(recordInHand(move), {state_.currentFolder, names_.name()});
+        }();
+        if (!passesOver(sent, move)) {
+            names_.askAgain();
+            return;
+        }
         ++nameEntryIndex_;
     }
-    if (nameEntryIndex_ < numbers.size()) {
-        prg3_->setValue(static_cast<int>(nameEntryIndex_ * 100 / numbers.size()));
-        names_.askNext(nameQuestion(album, numbers[nameEntryIndex_], false));
-        names_.setConfirmable(true);
+    if (nameEntryIndex_ < count) {
+        prg3_->setValue(nameEntryIndex_ * 100 / count);
+        askName();
         return;
     }
     names_.close();
     prg3_->hide();
     setNaming(false);
-    tellNotDone(std::exchange(notNamed_, {}), move);
-    finish(static_cast<int>(numbers.size()));
+    const Naming ended = std::exchange(naming_, {});
+    tellNotDone(ended.notDone, move);
+    finish(static_cast<int>(ended.done.size()));
+}
+
+/// Notes what became of the picture in hand. False when its name is to be asked for again: nothing is passed over that
+/// another name, or another try, can still save.
+bool TransferPage::passesOver(const SentPicture& sent, bool move) {
+    const QString number = controls_.lstSu->List(nameEntryIndex_);
+    switch (sent.outcome) {
+        case SentPicture::done:
+            naming_.done.push_back(nameEntryIndex_);
+            naming_.files << names_.name();
+            return true;
+        case SentPicture::badName:
+            say(controls_.form, sent.reason);
+            return false;
+        case SentPicture::failed:
+            if (choose(controls_.form, retryQuestion(move, number, sent.reason), {u"再试一次"_s, u"跳过这一张"_s}, 0, 0,
+                       BoxIcon::exclamation) == 0)
+                return false;
+            break;
+        case SentPicture::impossible:
+            break;
+    }
+    naming_.notDone.add(sent.reason + u"，序号"_s, number);
+    return true;
 }
 
 void TransferPage::toTable(bool move) {
@@ -121,11 +197,22 @@ void TransferPage::toTable(bool move) {
         return transferToTable(state_.sourceTable, numbers, target, move, progress);
     });
     tellNotDone(notDone, move);
-    finish(static_cast<int>(numbers.size()));
+    finish(static_cast<int>(numbers.size()) - notDone.count());
 }
 
 void TransferPage::tellNotDone(const NotDone& notDone, bool move) {
     if (!notDone.isEmpty()) say(controls_.form, notDone.text(notTransferredHeading(move)));
+}
+
+/// What was written stays, so it is named.
+void TransferPage::tellEarlyEnd(const Naming& naming, bool move) {
+    if (naming.files.isEmpty()) {
+        tellNotDone(naming.notDone, move);
+        return;
+    }
+    QString text = endedEarlyText(move, naming.files);
+    if (!naming.notDone.isEmpty()) text += naming.notDone.text(u"\n\n其中有 %1 张不能写成文件。"_s);
+    say(controls_.form, text, BoxIcon::information);
 }
 
 /// The tail of a copy or move: the list is empty again. A mapping can have been used without its panel being closed.
@@ -188,7 +275,7 @@ void TransferPage::cmdWjClick() {
     cmdQb_->setText(chooseAllCaption);
     cmdQb_->setEnabled(false);
     if (!notDone.isEmpty()) say(controls_.form, notDone.text(u"有 %1 张图片没有写成文件。"_s));
-    say(controls_.form, madeIntoFilesText(static_cast<int>(numbers.size())));
+    say(controls_.form, madeIntoFilesText(static_cast<int>(numbers.size()) - notDone.count()));
     hints_.czts(20);
     state_.pageFree = true;
     bsxz(true);

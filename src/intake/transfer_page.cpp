@@ -70,7 +70,7 @@ void TransferPage::makeLabels() {
     lbl5_ = put(make<QLabel>(page, u"lbl5"_s), 5535, 945, listWidth, 225);
     lbl6_ = put(make<ElidedLabel>(page, u"lbl6"_s), infoLeft, 4815, infoWidth, 225);
     lblLj_ = put(make<ElidedLabel>(page, u"lblLj"_s), infoLeft, 4850, infoWidth, 225);
-    lbl3_ = put(make<QLabel>(page, u"lbl3"_s), infoLeft, 5100, infoWidth, 450);
+    lbl3_ = put(make<QLabel>(page, u"lbl3"_s), infoLeft, 5100, infoWidth, 540);
 }
 
 void TransferPage::makeTargetGroup() {
@@ -121,8 +121,7 @@ void TransferPage::connectControls() {
     connect(controls_.lstSu, &ListBox::lineClicked, this, guarded(controls_.form, [this](int line) {
                 if (inFront()) lstSuClick(line);
             }));
-    connect(&names_, &NameDialog::confirmed, this,
-            guarded(controls_.form, [this] { fzyd(operationText(cmdFz_->text() != u"已复制"_s)); }));
+    connect(&names_, &NameDialog::confirmed, this, guarded(controls_.form, [this] { fzyd(operationText(moves())); }));
     connect(&names_, &NameDialog::cancelled, this, run(&TransferPage::nameCancelled));
 }
 

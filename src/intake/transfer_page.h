@@ -37,6 +37,13 @@ class TransferPage : public QObject {
     void recordChanged();
 
   private:
+    /// The giving of names, as far as it has come.
+    struct Naming {
+        std::vector<int> done;  ///< Places in lstSu of the pictures that are safe in the folder.
+        QStringList files;      ///< Their names.
+        NotDone notDone;
+    };
+
     void makeLabels();
     void makeTargetGroup();
     void makeButtons();
@@ -72,7 +79,7 @@ class TransferPage : public QObject {
     void dropTarget();
     void tableChosen(const QString& table);
     void tableDropped();
-    QString objectionToTable(const QString& table) const;
+    QString objectionToChosen(const QString& table) const;
     void indexChosen(const QString& field);
     void mappingClosed();
     void stand(QLabel* line, int top, int height) const;
@@ -86,12 +93,18 @@ class TransferPage : public QObject {
     void cmdYdClick();
     void fzzb();
     void fzyd(const QString& operation);
+    bool moves() const;
     void toNextName(bool move);
+    void askName();
+    ChosenRecord recordInHand(bool move) const;
+    bool passesOver(const SentPicture& sent, bool move);
     void toTable(bool move);
     void nameCancelled();
+    void dropDone(const std::vector<int>& done);
     void setNaming(bool on);
     void finish(int count);
     void tellNotDone(const NotDone& notDone, bool move);
+    void tellEarlyEnd(const Naming& naming, bool move);
     void cmdWjClick();
     NotDone withProgress(const std::function<NotDone(const Progress&)>& work);
 
@@ -121,5 +134,5 @@ class TransferPage : public QObject {
     QProgressBar* prg3_ = nullptr;
 
     int nameEntryIndex_ = 0;  ///< Place in lstSu of the picture whose name is asked for.
-    NotDone notNamed_;        ///< What the names given so far could not do.
+    Naming naming_;
 };

@@ -29,8 +29,8 @@ QString chosenText(int count) {
 }
 
 QString defaultPictureName(const Variant& code, int number) {
-    const QString codes = code.textOr();
-    QString name = (codes.isEmpty() ? u"0"_s : codes).trimmed() + QString::number(number) + jpgEnding;
+    const QString codes = code.textOr().trimmed();
+    QString name = (codes.isEmpty() ? u"0"_s : codes) + QString::number(number) + jpgEnding;
     return name.replace(u'/', u'_').replace(QDir::separator(), u'_').replace(QChar(u'\0'), u'_');
 }
 
@@ -39,9 +39,12 @@ QString completedPictureName(const QString& name) {
     return (name.contains(u'.') ? name.left(name.indexOf(u'.')) : name) + jpgEnding;
 }
 
-bool isUsableFileName(const QString& name) {
-    return name != jpgEnding && !name.contains(u'/') && !name.contains(QDir::separator()) &&
-           !name.contains(QChar(u'\0'));
+QString objectionToFileName(const QString& name) {
+    if (name.chopped(std::min(name.size(), jpgEnding.size())).trimmed().isEmpty()) return u"请填写文件名！"_s;
+    if (name.contains(QChar(u'\0'))) return u"文件名中有不能使用的字符，请重新填写。"_s;
+    for (const QChar sign : {QChar(u'/'), QDir::separator()})
+        if (name.contains(sign)) return u"文件名中不能有“%1”，请重新填写。"_s.arg(sign);
+    return {};
 }
 
 QString withJpgEnding(const QString& name) {
@@ -83,6 +86,16 @@ QString madeIntoFilesText(int count) {
 
 QString notTransferredHeading(bool move) {
     return move ? u"有 %1 张图片没有移动，仍在原图册中。"_s : u"有 %1 张图片没有复制。"_s;
+}
+
+QString endedEarlyText(bool move, const QStringList& files) {
+    return u"已%1 %2 张图片，文件是：%3。\n\n"_s.arg(operationText(move)).arg(files.size()).arg(someOf(files)) +
+           (move ? u"其余的没有移动，仍在原图册中。"_s : u"其余的没有复制。"_s);
+}
+
+QString retryQuestion(bool move, const QString& number, const QString& reason) {
+    return u"序号＝%1 的图片没有%2：%3。\n\n可以改用别的文件名，或者排除原因以后再试；也可以跳过这一张。"_s.arg(
+        number, operationText(move), withoutStop(reason));
 }
 
 void NotDone::add(const QString& reason, const QString& what) {

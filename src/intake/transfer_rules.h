@@ -16,15 +16,15 @@ inline const QString chooseAllCaption = QStringLiteral("本像册全部选中");
 
 QString chosenText(int count);
 
-/// Name of the file that a picture gets by default: 编号 ("0" where there is none), 序号 and ".jpg". A sign that would
-/// lead to another folder becomes "_".
+/// Name of the file that a picture gets by default: 编号 ("0" where there are none but blanks), 序号 and ".jpg". A sign
+/// that would lead to another folder becomes "_".
 QString defaultPictureName(const Variant& code, int number);
 
 /// A name as the box for it completes it: it always ends in ".jpg". An empty one stays empty.
 QString completedPictureName(const QString& name);
 
-/// Whether a complete name stands for a file in the chosen folder and nowhere else.
-bool isUsableFileName(const QString& name);
+/// Why a complete name stands for no file in the chosen folder; empty when it does.
+QString objectionToFileName(const QString& name);
 
 /// `name` with ".jpg" at its end, unless its last four characters are that.
 QString withJpgEnding(const QString& name);
@@ -45,6 +45,12 @@ QString madeIntoFilesText(int count);
 
 /// Heading of what a copy or move did not do; "%1" stands for the count.
 QString notTransferredHeading(bool move);
+
+/// Said when the giving of names ends before the last picture: which files were written.
+QString endedEarlyText(bool move, const QStringList& files);
+
+/// Asked when a picture could not be written to a file for no fault of its name.
+QString retryQuestion(bool move, const QString& number, const QString& reason);
 
 /// What a transfer did not do, by reason.
 class NotDone {

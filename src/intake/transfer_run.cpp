@@ -1,7 +1,10 @@
 #include "intake/transfer_run.h"
 
+#include "catalogue/album_rules.h"
+#include "catalogue/album_tables.h"
 #include "catalogue/mektp.h"
 #include "catalogue/next_number.h"
+#include "intake/intake_texts.h"
 #include "intake/picture_export.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
@@ -19,23 +22,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 const QString pictureColumn = u"图片"_s;
-const QString vanished = u"记录已不在图册中，序号"_s;
+const QString vanished = u"记录已不在图册中"_s;
+const QString noPicture = u"记录没有图片"_s;
 const QString nameIsTaken = u"同名文件已存在，没有改动"_s;
-
-/// The record of a 序号; of several records with the same number the one behind `earlier` others. `Eof` when there is
-/// none.
-Recordset recordOf(const QString& table, const QString& number, int earlier) {
-    Recordset records = mekTp::catalogue.OpenRecordset(allRecordsSql(table) + u" WHERE 序号 = "_s + number);
-    for (int i = 0; i < earlier && !records.Eof(); ++i) records.MoveNext();
-    return records;
-}
-
-/// The record of a number that is copied for the second time: the second of its kind, or the only one once more.
-Recordset recordToCopy(const QString& table, const QString& number, int earlier) {
-    Recordset records = recordOf(table, number, 0);
-    if (records.rowCount() > 0) records.moveToRow(std::min(earlier, records.rowCount() - 1));
-    return records;
-}
 
 QString withoutEnd(QString sentence) {
     if (sentence.endsWith(u'。')) sentence.chop(1);
@@ -47,12 +36,19 @@ QString reasonOf(const std::exception& failure) {
     return withoutEnd(error != nullptr ? error->text() : QString::fromLocal8Bit(failure.what()));
 }
 
-/// Tells why there is no file.
-bool wasWritten(Exported outcome, const QString& path, const QString& number, NotDone& notDone) {
-    if (outcome == Exported::nameTaken) notDone.add(nameIsTaken, QFileInfo(path).fileName());
-    if (outcome == Exported::noPicture) notDone.add(u"记录没有图片，序号"_s, number);
-    return outcome == Exported::written;
+}  // namespace
+
+Recordset openChosen(const ChosenRecord& chosen) {
+    Recordset records =
+        mekTp::catalogue.OpenRecordset(allRecordsSql(chosen.table) + u" WHERE 序号 = "_s + chosen.number);
+    const int last = records.rowCount() - 1;
+    if (last < 0) return records;
+    records.moveToRow(std::min(chosen.earlier, last));
+    if (chosen.move && chosen.earlier > last) records.MoveNext();
+    return records;
 }
+
+namespace {
 
 /// The pictures of many lines on their way into a folder.
 class FileTransfer {
@@ -62,14 +58,14 @@ class FileTransfer {
 
     void write(const QString& number) {
         try {
-            Recordset record = recordToCopy(table_, number, seen_[number]++);
+            Recordset record = openChosen({table_, number, seen_[number]++});
             if (record.Eof()) {
-                notDone_.add(vanished, number);
+                notDone_.add(vanished + u"，序号"_s, number);
                 return;
             }
             QString path = joinedPath(folder_, defaultPictureName(record.Fields(u"编号"_s).Value(),
                                                                   record.Fields(u"序号"_s).Value().toInteger()));
-            if (wasWritten(group_.write(record, path), path, number, notDone_)) numbers_ << number;
+            note(group_.write(record, path), path, number);
         } catch (const std::exception& failure) {
             notDone_.add(reasonOf(failure) + u"，序号"_s, number);
         }
@@ -79,16 +75,20 @@ class FileTransfer {
     void giveNames() {
         const QStringList numbers = std::exchange(numbers_, {});
         try {
-            for (const auto& [path, reason] : group_.giveNames()) {
-                const bool isTaken = reason.isEmpty();
-                notDone_.add(isTaken ? nameIsTaken : withoutEnd(reason), QFileInfo(path).fileName());
-            }
+            for (const auto& [path, reason] : group_.giveNames())
+                notDone_.add(reason.isEmpty() ? nameIsTaken : withoutEnd(reason), QFileInfo(path).fileName());
         } catch (const std::exception& failure) {
             for (const QString& number : numbers) notDone_.add(reasonOf(failure) + u"，序号"_s, number);
         }
     }
 
   private:
+    void note(Exported outcome, const QString& path, const QString& number) {
+        if (outcome == Exported::written) numbers_ << number;
+        if (outcome == Exported::nameTaken) notDone_.add(nameIsTaken, QFileInfo(path).fileName());
+        if (outcome == Exported::noPicture) notDone_.add(noPicture + u"，序号"_s, number);
+    }
+
     QString table_, folder_;
     NotDone& notDone_;
     PictureGroup group_;
@@ -147,11 +147,11 @@ class TableTransfer {
         try {
             Recordset record = recordToTake(line);
             if (record.Eof()) {
-                notDone_.add(vanished, line);
+                stays(line, vanished);
                 return 0;
             }
             if (losesPicture(record)) {
-                notDone_.add(u"图片没有对应字段，序号"_s, line);
+                stays(line, u"图片没有对应字段"_s);
                 return 0;
             }
             const qint64 bytes = write(record);
@@ -159,15 +159,19 @@ class TableTransfer {
             return bytes;
         } catch (const std::exception& failure) {
             attempt([&] { rows_.CancelUpdate(); });
-            notDone_.add(reasonOf(failure) + u"，序号"_s, line);
+            stays(line, reasonOf(failure));
             return 0;
         }
     }
 
     Recordset recordToTake(const QString& line) {
-        if (!move_) return recordToCopy(table_, line, seen_[line]++);
-        const auto inGroup = std::ranges::count(group_, line, &Copied::line);
-        return recordOf(table_, line, static_cast<int>(inGroup));
+        const auto inGroup = static_cast<int>(std::ranges::count(group_, line, &Copied::line));
+        return openChosen({table_, line, move_ ? inGroup + staying_[line] : seen_[line]++, move_});
+    }
+
+    void stays(const QString& line, const QString& reason) {
+        notDone_.add(reason + u"，序号"_s, line);
+        ++staying_[line];
     }
 
     /// A move into a table to which no picture goes would delete the only one there is.
@@ -194,8 +198,8 @@ class TableTransfer {
 
     /// The group was taken back by the target; nothing follows it.
     void giveUp(const QString& reason) {
-        for (const Copied& copied : group_) notDone_.add(reason + u"，序号"_s, copied.line);
-        for (; index_ < lines_.size(); ++index_) notDone_.add(reason + u"，序号"_s, lines_[index_]);
+        for (const Copied& copied : group_) stays(copied.line, reason);
+        for (; index_ < lines_.size(); ++index_) stays(lines_[index_], reason);
     }
 
     void deleteGroup() {
@@ -204,8 +208,8 @@ class TableTransfer {
             for (Copied& copied : group_) copied.record.Delete();
             together.commit();
         } catch (const std::exception& failure) {
-            const QString reason = u"已写入目标表，但没有从原图册删除（"_s + reasonOf(failure) + u"），序号"_s;
-            for (const Copied& copied : group_) notDone_.add(reason, copied.line);
+            const QString reason = u"已写入目标表，但没有从原图册删除（"_s + reasonOf(failure) + u'）';
+            for (const Copied& copied : group_) stays(copied.line, reason);
         }
     }
 
@@ -220,26 +224,39 @@ class TableTransfer {
     qsizetype index_ = 0;
     std::vector<Copied> group_;  ///< Written to the target in the change under way.
     QHash<QString, int> seen_;
+    QHash<QString, int> staying_;  ///< Records of a number that were to go and are still there.
 };
+
+/// The file stands; what is left to do may fail without a loss.
+SentPicture finishFile(Recordset& record, const FileTarget& target, bool move) {
+    try {
+        syncFolderToDisk(target.folder);
+        if (move) record.Delete();
+        return {};
+    } catch (const std::exception& failure) {
+        const QString missing = move ? u"记录没有从图册删除（%1）"_s : u"%1"_s;
+        return {SentPicture::failed, u"文件“%1”已写成，但"_s.arg(target.name) + missing.arg(reasonOf(failure))};
+    }
+}
 
 }  // namespace
 
-void transferToFile(const QString& table, const QString& number, int earlier, const FileTarget& target, bool move,
-                    NotDone& notDone) {
+SentPicture transferToFile(const ChosenRecord& chosen, const FileTarget& target) {
+    Recordset record;
     try {
-        if (!isUsableFileName(target.name)) throw Error(u"文件名“%1”不能使用"_s.arg(target.name));
-        Recordset record = move ? recordOf(table, number, 0) : recordToCopy(table, number, earlier);
-        if (record.Eof()) {
-            notDone.add(vanished, number);
-            return;
-        }
+        record = openChosen(chosen);
+        if (record.Eof()) return {SentPicture::impossible, vanished};
+        if (const QString objection = objectionToFileName(target.name); !objection.isEmpty())
+            return {SentPicture::badName, objection};
         QString path = joinedPath(target.folder, target.name);
-        if (!wasWritten(dctb(record, path), path, number, notDone)) return;
-        syncFolderToDisk(target.folder);
-        if (move) record.Delete();
+        const Exported outcome = dctb(record, path);
+        if (outcome == Exported::noPicture) return {SentPicture::impossible, noPicture};
+        if (outcome == Exported::nameTaken)
+            return {SentPicture::badName, u"文件夹中已有文件“%1”，请换一个文件名。"_s.arg(target.name)};
     } catch (const std::exception& failure) {
-        notDone.add(reasonOf(failure) + u"，序号"_s, number);
+        return {SentPicture::failed, reasonOf(failure)};
     }
+    return finishFile(record, target, chosen.move);
 }
 
 NotDone transferToFiles(const QString& table, const QStringList& lines, const QString& folder,
@@ -262,15 +279,28 @@ Database openTarget(const QString& path) {
     if (isJet || !target.isOurs())
         throw Error(
             u"“%1”是其它软件的数据库，只能从中录入图片，不能把图片转存进去。请选择本软件的图册数据库。"_s.arg(name));
-    if (!QFileInfo(path).isWritable()) throw Error(u"“%1”是只读文件，不能把图片转存进去。"_s.arg(name));
+    if (!isWritableNow(path)) throw Error(u"“%1”是只读文件，不能把图片转存进去。"_s.arg(name));
     // The engine keeps a file of its own beside the database while it writes.
-    if (!QFileInfo(QFileInfo(path).absolutePath()).isWritable())
+    if (!isWritableNow(QFileInfo(path).absolutePath()))
         throw Error(u"“%1”所在的文件夹不能写入，不能把图片转存进去。"_s.arg(name));
     return target;
 }
 
+QString objectionToTable(const Database& target, const QString& table) {
+    if (isDemo(table)) return onlyForShow;
+    if (!target.TableDefs().contains(table, Qt::CaseInsensitive))
+        return u"目标库中没有数据表“%1”，请重新选择！"_s.arg(table);
+    if (mekTp::isCatalogue(target.Name()) && !isAlbumTable(target, table))
+        return u"数据表“%1”不是图册，不能接受图片，请重新选择！"_s.arg(table);
+    if (!fieldNamed(shapeOf(target, table), u"序号"_s))
+        return u"数据表“%1”没有序号，不能接受图片，请重新选择！"_s.arg(table);
+    return {};
+}
+
 NotDone transferToTable(const QString& table, const QStringList& lines, const TransferTarget& target, bool move,
                         const Progress& progress) {
+    if (const QString objection = objectionToTable(target.database, target.table); !objection.isEmpty())
+        throw Error(objection);
     NotDone notDone;
     TableTransfer(table, lines, target, move, notDone).run(progress);
     return notDone;

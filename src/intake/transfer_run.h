@@ -18,13 +18,34 @@ struct FileTarget {
     QString name;
 };
 
-/// Writes the picture of one 序号 to a file; with `move` its record is deleted then. `earlier`: how often the same
-/// number was copied before; where several records share it, each gets its turn. What fails is told to `notDone`.
-void transferToFile(const QString& table, const QString& number, int earlier, const FileTarget& target, bool move,
-                    NotDone& notDone);
+/// What became of a picture that was to go to a file.
+struct SentPicture {
+    enum Outcome {
+        done,
+        badName,     ///< Another name helps.
+        impossible,  ///< No name helps: there is no record, or it has no picture.
+        failed       ///< The same step may go through later.
+    };
+    Outcome outcome = done;
+    QString reason = {};  ///< Why it is not done.
+};
 
-/// Writes the pictures of all lines to files of the folder, under their default names. The first name that cannot be
-/// written does not keep the others from it.
+/// The record that a line of the list stands for.
+struct ChosenRecord {
+    QString table;
+    QString number;
+    int earlier = 0;  ///< How many records of this number, still in the album, the lines above stand for.
+    bool move = false;
+};
+
+/// A copy takes the only record of a number as often as it is asked to. `Eof` when there is none.
+Recordset openChosen(const ChosenRecord& chosen);
+
+/// Writes the picture of a record to a file; with `move` the record is deleted then.
+SentPicture transferToFile(const ChosenRecord& chosen, const FileTarget& target);
+
+/// Writes the pictures of all lines to files of the folder, under their default names. A name that cannot be written
+/// does not keep the others from it.
 NotDone transferToFiles(const QString& table, const QStringList& lines, const QString& folder,
                         const Progress& progress);
 
@@ -39,7 +60,10 @@ struct TransferTarget {
 /// Opens a file as a target. Throws `Error` that says why when nothing can be written to it.
 Database openTarget(const QString& path);
 
-/// Appends the records of all lines to the target, numbered from its last record on. Throws `Error` when the target
-/// cannot be opened; nothing has changed then.
+/// Why a table of an open target can take no pictures; empty when it can.
+QString objectionToTable(const Database& target, const QString& table);
+
+/// Appends the records of all lines to the target, with the numbers behind its highest one. Throws `Error` when the
+/// target can take none; nothing has changed then.
 NotDone transferToTable(const QString& table, const QStringList& lines, const TransferTarget& target, bool move,
                         const Progress& progress);

@@ -29,7 +29,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 constexpr int panelLeft = 170, panelTop = 720;
-constexpr int lineHeight = 225;
+constexpr int lineHeight = 225, twoLinesHeight = 540;
 
 void showLine(QLabel* line, const QString& text) {
     line->setText(text);
@@ -90,7 +90,7 @@ void TransferPage::folderConfirmed() {
     if (!toFolder() || folder.isEmpty()) return;
     stand(lblLj_, 4850, lineHeight);
     showLine(lblLj_, u"目标文件夹路径："_s + folder);
-    stand(lbl3_, 5100, 2 * lineHeight);
+    stand(lbl3_, 5100, twoLinesHeight);
     showLine(lbl3_, u"默认文件名为：\n选定路径＋'\\'＋编号＋序号＋'.jpg' "_s);
     hints_.show(u"操作提示：可根据需要选按各按钮进行图片文件的复制或移动。"_s);
     enableRuns(true);
@@ -158,7 +158,7 @@ void TransferPage::dropTarget() {
 void TransferPage::tableChosen(const QString& table) {
     enableRuns(false);
     showLine(lbl3_, {});
-    if (const QString objection = objectionToTable(table); !objection.isEmpty()) {
+    if (const QString objection = objectionToChosen(table); !objection.isEmpty()) {
         mapping_.undoTable();
         say(controls_.form, objection);
         return;
@@ -173,15 +173,9 @@ void TransferPage::tableDropped() {
 }
 
 /// Why a table of the target can take no pictures; empty when it can.
-QString TransferPage::objectionToTable(const QString& table) const {
-    if (isDemo(table)) return onlyForShow;
+QString TransferPage::objectionToChosen(const QString& table) const {
     try {
-        const Database target = openTarget(state_.targetDatabasePath);
-        if (!target.TableDefs().contains(table, Qt::CaseInsensitive))
-            return u"目标库中没有数据表“%1”，请重新选择！"_s.arg(table);
-        if (!fieldNamed(shapeOf(target, table), u"序号"_s))
-            return u"数据表“%1”没有序号，不能接受图片，请重新选择！"_s.arg(table);
-        return {};
+        return objectionToTable(openTarget(state_.targetDatabasePath), table);
     } catch (const Error& error) {
         return error.text();
     }

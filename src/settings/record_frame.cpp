@@ -1,7 +1,7 @@
 #include "settings/record_frame.h"
 
+#include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
-#include "intake/intake_texts.h"
 #include "intake/settings_tab.h"
 #include "platform/base/conversion.h"
 #include "platform/base/error.h"

@@ -1,8 +1,8 @@
 #include "settings/renumbering_row.h"
 
+#include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
 #include "catalogue/renumbering.h"
-#include "intake/intake_texts.h"
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/desktop/busy.h"

@@ -22,6 +22,9 @@ class Windows {
     /// the program ends.
     virtual void unload(WindowKind window) = 0;
 
+    /// Another colour scheme is the active one: a main window that stands wears it at once.
+    virtual void coloursChanged() = 0;
+
     /// Shows the help window at the place where `topic` stands in the manual; without a topic just shows it.
     virtual void showHelp(const QString& topic) = 0;
 

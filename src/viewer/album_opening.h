@@ -4,6 +4,10 @@
 
 #include <QAction>
 
+/// Tool tips of albums in a menu. Of those that bear one title the first opens: each is told apart by its table. Empty
+/// for any other title.
+QStringList tipsOfEqualTitles(const QStringList& titles, const QStringList& tables);
+
 /// Menu items that follow the state of the album.
 struct AlbumMenu {
     QMenu* mnuDk;
@@ -17,7 +21,8 @@ class AlbumOpening : public QObject {
     AlbumOpening(ViewerState& state, ToolStrip& strip, StatusLine& status, ScreenPanel& screen, ButtonPanel& buttons,
                  Page& page, AlbumMenu& menu);
 
-    /// Opens the album at that place of the menu; a place behind the last one stands for the preset album.
+    /// Opens the album at that place of the menu, or the first one with its title; a place behind the last one stands
+    /// for the preset album. Throws where the album does not open: then none is open.
     void dkxc(int index);
 
     /// Opens the album of a table, or the first one where no album has it.
@@ -27,9 +32,9 @@ class AlbumOpening : public QObject {
     void close();
 
   private:
-    QString tableAt(int index) const;
+    void showNothingOpen();
     void uncheckAll();
-    void openSelection();
+    void openSelection(const QString& table, const QString& title);
 
     ViewerState& state_;
     ToolStrip& strip_;

@@ -90,7 +90,10 @@ ImageBox* ButtonPanel::button(int index) {
 
 void ButtonPanel::listenTo(ImageBox* image, int rollOverIndex) {
     connect(image, &ImageBox::mouseMoved, this, [this, rollOverIndex] { attempt([&] { bkyd(rollOverIndex); }); });
-    connect(image, &ImageBox::mousePressed, this, [this] { anax(); });
+    connect(image, &ImageBox::mousePressed, this, [this] {
+        anax();
+        Q_EMIT pressed();
+    });
     connect(image, &ImageBox::mouseReleased, this, [this] { antq(); });
 }
 
@@ -179,7 +182,6 @@ void ButtonPanel::putCursorOn(int index) {
 void ButtonPanel::choose(int index) {
     ImageBox* image = button(index);
     const Hourglass hourglass(image);
-    state_.pageShown = true;
     screen_.changeCurtain();
     putCursorOn(index);
 
@@ -190,12 +192,13 @@ void ButtonPanel::choose(int index) {
     Recordset& album = state_.albumRecordset;
     album = mekTp::catalogue.OpenRecordset(buttonSql(mekTp::currentTable, state_.selectionCode));
     visitAll(album);
+    state_.isNarrowed = false;
     filters_.tpsx();
     page_.xstp();
 
     const int pictures = album.RecordCount();
-    status_.setPanel(
-        2, u"%1(%2)[%3] 共 %4 张"_s.arg(state_.albumTitle, mekTp::currentTable, name, QString::number(pictures)));
+    status_.setAlbumLine(state_.albumTitle,
+                         u"(%1)[%2] 共 %3 张"_s.arg(mekTp::currentTable, name, QString::number(pictures)));
     status_.setPanel(3, state_.pageStatusText + placeInSelection(pictures == 0 ? 0 : 1));
     strip_.txtYh->setText(u"1"_s);
 }

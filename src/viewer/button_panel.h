@@ -7,6 +7,8 @@
 
 /// The column of selection buttons with its two page corners and the frame that follows the mouse.
 class ButtonPanel : public QObject {
+    Q_OBJECT
+
   public:
     ButtonPanel(ViewerState& state, ToolStrip& strip, StatusLine& status, ScreenPanel& screen, Page& page,
                 FilterControls& filters, QWidget* window, QWidget* form);
@@ -25,6 +27,9 @@ class ButtonPanel : public QObject {
     void hideRollOver();
 
     ShapeBox *shpAb, *shpA1;
+
+  Q_SIGNALS:
+    void pressed();  ///< The mouse, on a button or a corner.
 
   private:
     /// The corners stand behind the buttons in the numbering of the roll-over.

@@ -59,51 +59,52 @@ void CellPictures::leave() {
     loader_.want({});
 }
 
-bool CellPictures::stoodIn(const ImageBox* cell, const StoredValue& value) const {
+bool CellPictures::stoodIn(const CellBox* cell, const StoredValue& value) const {
     return std::ranges::any_of(formerContents_,
                                [&](const Content& each) { return each.cell == cell && each.value == value; });
 }
 
-/// The cell was left before its picture had come.
-std::optional<CellPictures::Open> CellPictures::carriedOver(const ImageBox* cell) const {
-    const auto found =
-        std::ranges::find_if(formerOpen_, [&](const Open& open) { return open.keepsItsPicture && open.cell == cell; });
-    return found == formerOpen_.end() ? std::nullopt : std::optional(*found);
-}
-
-void CellPictures::put(ImageBox* cell, const StoredValue& value, bool keepsItsPicture) {
+void CellPictures::put(CellBox* cell, const StoredValue& value, bool keepsItsPicture) {
     contents_.push_back({cell, value});
-    Open open{cell, {}, {}, keepsItsPicture, false};
-    if (keepsItsPicture) {
-        open.without = cell->picture();
-        if (const auto former = carriedOver(cell)) open = *former;
-    }
-    if (!value.isNull()) open.requests.insert(open.requests.begin(), {value, cell->targetSize()});
-    if (!waitsForAnother(open)) return;
-    if (!value.isNull()) {
-        open.isBlank = cell->picture().isNull() || !stoodIn(cell, value);
-        if (open.isBlank) cell->setPicture({});
-    }
-    open_.push_back(open);
+    if (!value.isNull())
+        waitFor({cell, {value, cell->targetSize()}, false, cell->picture().isNull() || !stoodIn(cell, value)});
+    else if (keepsItsPicture)
+        keepPicture(cell);
+    else
+        cell->showPicture({});
 }
 
-bool CellPictures::waitsForAnother(Open& open) {
-    while (!open.requests.empty()) {
-        const Picture* kept = loader_.kept(open.requests.front());
-        if (kept == nullptr) return true;
-        if (!kept->isNull()) {
-            open.cell->setPicture(*kept);
-            return false;
-        }
-        open.requests.erase(open.requests.begin());
-    }
-    open.cell->setPicture(open.without);
-    return false;
+/// The cell may have been left before its picture had come.
+void CellPictures::keepPicture(CellBox* cell) {
+    cell->dropSign();
+    const auto former = std::ranges::find_if(formerOpen_, [&](const Open& open) { return open.cell == cell; });
+    if (former == formerOpen_.end()) return;
+    former->isOfFormerRecord = true;
+    waitFor(*former);
+}
+
+void CellPictures::waitFor(Open open) {
+    if (showKept(open)) return;
+    if (open.isBlank) open.cell->showPicture({});
+    open_.push_back(std::move(open));
+}
+
+bool CellPictures::showKept(const Open& open) const {
+    const Picture* kept = loader_.kept(open.request);
+    if (kept != nullptr) showIn(open, *kept);
+    return kept != nullptr;
+}
+
+void CellPictures::showIn(const Open& open, const Picture& picture) {
+    if (picture.isNull() && !open.isOfFormerRecord)
+        open.cell->showSign();
+    else
+        open.cell->showPicture(picture);
 }
 
 CellPictures::Requests CellPictures::missing() const {
     Requests requests;
-    for (const Open& open : open_) requests.push_back(open.requests.front());
+    for (const Open& open : open_) requests.push_back(open.request);
     return requests;
 }
 
@@ -133,30 +134,21 @@ void CellPictures::decodeAhead() {
 }
 
 void CellPictures::take(const PictureRequest& request, const Picture& picture) {
-    bool isAnotherWanted = false;
-    std::erase_if(open_, [&](Open& open) {
-        if (!open.cell) return true;
-        if (open.requests.front() != request) return false;
-        if (!picture.isNull()) {
-            open.cell->setPicture(picture);
-            return true;
-        }
-        open.requests.erase(open.requests.begin());
-        const bool waits = waitsForAnother(open);
-        isAnotherWanted = isAnotherWanted || waits;
-        return !waits;
+    std::erase_if(open_, [&](const Open& open) {
+        if (open.cell && open.request != request) return false;
+        if (open.cell) showIn(open, picture);
+        return true;
     });
-    if (isAnotherWanted) loader_.want(missing());
 }
 
 void CellPictures::showPreview(Open& open) const {
-    const PictureRequest& request = open.requests.front();
+    const PictureRequest& request = open.request;
     Picture preview;
     attempt([&] {
         if (request.value.size() > smallPicture) preview = LoadPreview(request.value.read(0, previewReach));
     });
     preview = inShapeOf(request.target, preview);
     if (preview.isNull() || !open.cell) return;
-    open.cell->setPicture(preview);
+    open.cell->showPicture(preview);
     open.isBlank = false;
 }

@@ -1,12 +1,11 @@
 #pragma once
 
 #include "catalogue/picture_loader.h"
-#include "platform/desktop/image_box.h"
+#include "viewer/cell_box.h"
 
 #include <QPointer>
 #include <QTimer>
 #include <functional>
-#include <optional>
 #include <vector>
 
 /// Brings the pictures into the cells of a page: at once what is at hand, everything else as it is decoded. Meanwhile a
@@ -26,8 +25,9 @@ class CellPictures : public QObject {
 
     /// Begins a page: the cells of the one before are not waited for any more.
     void begin();
-    /// Where there is no picture to show, the cell is emptied, or shows on what it has.
-    void put(ImageBox* cell, const StoredValue& value, bool keepsItsPicture);
+    /// Bytes that are no picture leave a cell empty, with a sign. Where there are none it is emptied, or shows on what
+    /// it has.
+    void put(CellBox* cell, const StoredValue& value, bool keepsItsPicture);
     /// Waits a moment for what is quick, and returns with something to see in every cell that can have it soon. The
     /// rest comes in while the window works on.
     void settle();
@@ -39,26 +39,25 @@ class CellPictures : public QObject {
 
   private:
     struct Open {
-        QPointer<ImageBox> cell;
-        /// The picture; behind it those of former records, which it shows when the later ones turn out to have none.
-        std::vector<PictureRequest> requests;
-        Picture without;  ///< What it shows when none of them is a picture.
-        bool keepsItsPicture;
+        QPointer<CellBox> cell;
+        PictureRequest request;
+        bool isOfFormerRecord;  ///< The record has none: the cell keeps the picture before, which is still on its way.
         bool isBlank;
     };
 
     /// Which picture stands in a cell.
     struct Content {
-        QPointer<ImageBox> cell;
+        QPointer<CellBox> cell;
         StoredValue value;
     };
 
-    bool stoodIn(const ImageBox* cell, const StoredValue& value) const;
-    std::optional<Open> carriedOver(const ImageBox* cell) const;
+    bool stoodIn(const CellBox* cell, const StoredValue& value) const;
+    void keepPicture(CellBox* cell);
+    void waitFor(Open open);
+    bool showKept(const Open& open) const;
+    static void showIn(const Open& open, const Picture& picture);
     void decodeAhead();
     void take(const PictureRequest& request, const Picture& picture);
-    /// Goes on to the picture before, until one has to be waited for. False when there is none to wait for.
-    bool waitsForAnother(Open& open);
     void showPreview(Open& open) const;
     Requests missing() const;
 

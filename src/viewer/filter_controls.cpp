@@ -2,22 +2,28 @@
 
 #include "catalogue/mektp.h"
 #include "platform/base/error.h"
+#include "platform/base/typed_date.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/option_buttons.h"
 #include "platform/desktop/placing.h"
 #include "viewer/filters.h"
 #include "viewer/small_dialog.h"
 
-#include <algorithm>
+#include <QSignalBlocker>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
 FilterControls::FilterControls(ViewerState& state, ToolStrip& strip, StatusLine& status, Page& page, QWidget* window,
                                QWidget* form)
-    : picRq(makeSmallDialog(form, u"picRq"_s, 4050, 2400)), state_(state), strip_(strip), status_(status), page_(page) {
+    : picRq(makeSmallDialog(form, u"picRq"_s, 4050, 2400)),
+      state_(state),
+      strip_(strip),
+      status_(status),
+      page_(page),
+      window_(window) {
     buildDateDialog();
-    connectDateDialog(window);
+    connectDateDialog();
     connect(strip.txtXh, &TextBox::textChanged, this, guarded(window, [this](const QString& text) {
                 if (text == u"序号任意"_s) tpsx();
             }));
@@ -46,17 +52,17 @@ void FilterControls::buildDateDialog() {
     cmdRy = makeDialogButton(picRq, u"cmdRy"_s, u"任意日期"_s, 2730, 1770, 1140);
 }
 
-void FilterControls::connectDateDialog(QWidget* window) {
+void FilterControls::connectDateDialog() {
     for (int i = 0; i < int(optRq.size()); ++i)
-        connect(optRq[size_t(i)], &QRadioButton::clicked, this, guarded(window, [this, i] {
-                    state_.dateOperator = i;
+        connect(optRq[size_t(i)], &QRadioButton::clicked, this, guarded(window_, [this, i] {
+                    chosenOperator_ = i;
                     txtR1->setLocked(false);
                     txtR1->setFocus();
                 }));
-    connect(txtR1, &TextBox::textChanged, this, guarded(window, [this] { helpTyping(); }));
-    connect(txtR1, &TextBox::enterPressed, this, guarded(window, [this] { takeDate(); }));
-    connect(cmdRq, &QPushButton::clicked, this, guarded(window, [this] { takeDate(); }));
-    connect(cmdRy, &QPushButton::clicked, this, guarded(window, [this] { dropDate(); }));
+    connect(txtR1, &TextBox::textChanged, this, guarded(window_, [this] { helpTyping(); }));
+    connect(txtR1, &TextBox::enterPressed, this, guarded(window_, [this] { takeDate(); }));
+    connect(cmdRq, &QPushButton::clicked, this, guarded(window_, [this] { takeDate(); }));
+    connect(cmdRy, &QPushButton::clicked, this, guarded(window_, [this] { dropDate(); }));
     connect(cmdRx, &QPushButton::clicked, picRq, &QWidget::hide);
     connect(cmdS0, &QPushButton::clicked, picRq, &QWidget::hide);
 }
@@ -66,16 +72,19 @@ void FilterControls::connectDateDialog(QWidget* window) {
 void FilterControls::tpsx() {
     state_.firstPictureIndex = 0;
     const QString number = numberCondition(strip_.txtXh->text(), strip_.txtXx->text());
+    const bool isNarrowed = !state_.dateCondition.isEmpty() || !number.isEmpty();
     attempt([&] {
         state_.albumRecordset = mekTp::catalogue.OpenRecordset(
             selectionSql(mekTp::currentTable, state_.selectionCode, state_.dateCondition, number));
+        state_.isNarrowed = isNarrowed;
     });
     int pictures = 0;
     attempt([&] { pictures = visitAll(state_.albumRecordset); });
     state_.pictureCount = pictures;
     state_.pageCount = pagesFor(pictures, state_.picturesPerPage);
     state_.pageStatusText =
-        pageStatus({state_.dateCondition, state_.dateOperator, txtR1->text(), number}, pictures, state_.pageCount);
+        pageStatus({state_.dateCondition, state_.dateOperator, state_.conditionDate, number, state_.isNarrowed},
+                   pictures, state_.pageCount);
     status_.setPanel(3, state_.pageStatusText);
     strip_.txtYh->setText(u"1"_s);
     page_.prepare();
@@ -93,19 +102,34 @@ void FilterControls::openDateDialog() {
 // Only growing text is helped along, so that the backspace key can take away what the help has added.
 void FilterControls::helpTyping() {
     const QString typed = txtR1->text();
-    const bool grew = typed.size() > std::exchange(typedLength_, typed.size());
-    if (!grew) return;
-    const TypedDate helped = helpTypedDate(typed);
+    const int grown = int(typed.size() - std::exchange(typedLength_, typed.size()));
+    if (grown <= 0) return;
+    const TypedDate helped = helpTypedDate({typed, txtR1->cursorPosition()}, grown);
+    const QSignalBlocker silence(txtR1);
     if (helped.text != typed) txtR1->setText(helped.text);
-    if (helped.caret >= 0) txtR1->setCursorPosition(std::min(helped.caret, int(helped.text.size())));
+    txtR1->setCursorPosition(helped.caret);
+    typedLength_ = helped.text.size();
 }
 
 void FilterControls::takeDate() {
-    if (txtR1->text().isEmpty()) return;
-    state_.dateCondition = dateConditionFor(state_.dateOperator, txtR1->text());
+    const QString typed = txtR1->text();
+    if (typed.isEmpty()) return;
+    const auto date = dateForCondition(typed);
+    if (!date) {
+        refuseDate(typed);
+        return;
+    }
+    state_.dateOperator = chosenOperator_;
+    state_.conditionDate = *date;
+    state_.dateCondition = dateConditionFor(chosenOperator_, *date);
     picRq->hide();
     tpsx();
     page_.xstp();
+}
+
+void FilterControls::refuseDate(const QString& typed) {
+    say(window_, u"“%1”不是日期，请重新输入。\n\n可以这样写：%2。"_s.arg(typed, typedDateForms));
+    txtR1->setFocus();
 }
 
 void FilterControls::dropDate() {

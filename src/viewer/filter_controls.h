@@ -22,8 +22,9 @@ class FilterControls : public QObject {
 
   private:
     void buildDateDialog();
-    void connectDateDialog(QWidget* window);
+    void connectDateDialog();
     void helpTyping();
+    void refuseDate(const QString& typed);
     void takeDate();
     void dropDate();
 
@@ -31,8 +32,10 @@ class FilterControls : public QObject {
     ToolStrip& strip_;
     StatusLine& status_;
     Page& page_;
+    QWidget* window_;
     std::array<QRadioButton*, 3> optRq{};
     TextBox* txtR1 = nullptr;
     QPushButton *cmdRq = nullptr, *cmdRx = nullptr, *cmdRy = nullptr, *cmdS0 = nullptr;
+    int chosenOperator_ = 0;  ///< In the dialog: it counts when the date is taken.
     qsizetype typedLength_ = 0;
 };

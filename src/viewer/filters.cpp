@@ -1,11 +1,19 @@
 #include "viewer/filters.h"
 
 #include "platform/base/conversion.h"
+#include "platform/base/typed_date.h"
 #include "platform/database/database.h"
+
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+// In a date that the help has begun: behind the year's dash, behind the month, behind the month's dash.
+constexpr int atMonth = 5;
+constexpr int behindMonth = 7;
+constexpr int atDay = 8;
+
 const QString byNumber = u" ORDER BY [序号]"_s;
 
 QString carriesCode(const QString& code) {
@@ -32,6 +40,31 @@ QString operatorSign(int dateOperator) {
         default:
             return u" = #"_s;
     }
+}
+
+bool isNumber(QStringView text) {
+    return !text.isEmpty() && std::ranges::all_of(text, isDigit);
+}
+
+/// The help completes 03 to 2003 and 98 to 1998; between 10 and 20 it waits for more.
+int helpedYear(int year) {
+    return year <= 20 ? 2000 + year : 1900 + year;
+}
+
+TypedDate beginningWith(const QString& year) {
+    return {year + u"--"_s, atMonth};
+}
+
+/// A separator in front of the caret: one beside another is swallowed, one behind a year of two digits ends it.
+TypedDate afterSeparator(const TypedDate& typed) {
+    const auto& [text, caret] = typed;
+    const int at = caret - 1;
+    const bool behindOne = at > 0 && isDateSeparator(text[at - 1]);
+    const bool beforeOne = caret < text.size() && isDateSeparator(text[caret]);
+    if (behindOne || beforeOne) return {text.left(at) + text.mid(caret), behindOne ? at : caret};
+    if (text.size() == 3 && caret == 3 && isNumber(text.left(2)))
+        return beginningWith(QString::number(helpedYear(text.left(2).toInt())));
+    return typed;
 }
 }  // namespace
 
@@ -64,9 +97,9 @@ QString buttonSql(const QString& table, const QString& code) {
 
 QString pageStatus(const FilterTexts& filter, int pictures, int pages) {
     QString what;
-    if (!filter.dateCondition.isEmpty()) what = u"日期"_s + operatorWord(filter.dateOperator) + filter.typedDate;
+    if (!filter.dateCondition.isEmpty()) what = u"日期"_s + operatorWord(filter.dateOperator) + filter.date;
     if (!filter.numberCondition.isEmpty()) what += u" 序号"_s + filter.numberCondition.mid(3);
-    if (what.isEmpty()) what = u"全部"_s;
+    if (what.isEmpty()) what = filter.isLeftOver ? u"全部（待重新选择）"_s : u"全部"_s;
     return what + u" 共%1张 共%2页"_s.arg(pictures).arg(pages);
 }
 
@@ -74,15 +107,22 @@ QString placeInSelection(int place) {
     return u" 第 %1 张"_s.arg(place);
 }
 
-TypedDate helpTypedDate(const QString& text) {
-    constexpr int betweenDashes = 5;
-    constexpr int behindMonth = 8;
-    const double value = numericValue(text);
-    const auto length = text.size();
-    if (length == 2 && value < 10) return {u"20"_s + text + u"--"_s, betweenDashes};
-    if (length == 2 && value > 20) return {u"19"_s + text + u"--"_s, betweenDashes};
-    if (length == 4) return {text + u"--"_s, betweenDashes};
-    const bool dayIsNext = length == 8 && text.indexOf(u'-') == 4;
-    const bool monthOfOneDigit = length > 5 && numericValue(text.mid(5, 1)) > 1;
-    return {text, dayIsNext || monthOfOneDigit ? behindMonth : -1};
+std::optional<QString> dateForCondition(const QString& typed) {
+    const auto date = dateFromTyping(typed);
+    if (!date) return std::nullopt;
+    const bool isDayForTheEngine = dateFromText(typed) == date->date().startOfDay();
+    return isDayForTheEngine ? typed.trimmed() : dateText(*date, u"yyyy-mm-dd");
+}
+
+TypedDate helpTypedDate(const TypedDate& typed, int grown) {
+    const QString text = inPlainWidth(typed.text);
+    const int caret = typed.caret;
+    if (grown == 1 && caret > 0 && isDateSeparator(text[caret - 1])) return afterSeparator({text, caret});
+    if (text.size() == 2 && isNumber(text) && (text.toInt() < 10 || text.toInt() > 20))
+        return beginningWith(QString::number(helpedYear(text.toInt())));
+    if (text.size() == 4 && isNumber(text)) return beginningWith(text);
+    const bool hasYear = text.indexOf(u'-') == atMonth - 1;
+    const bool monthIsWhole = hasYear && text.size() == atDay && caret == behindMonth;
+    const bool monthHasOneDigit = hasYear && caret == atMonth + 1 && numericValue(text.mid(atMonth, 1)) > 1;
+    return {text, monthIsWhole || monthHasOneDigit ? std::min(atDay, int(text.size())) : caret};
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 /// Texts of the picture filters: conditions, statements, and the line that tells what is shown.
 
@@ -25,8 +26,9 @@ QString buttonSql(const QString& table, const QString& code);
 struct FilterTexts {
     QString dateCondition;
     int dateOperator;
-    QString typedDate;
+    QString date;
     QString numberCondition;
+    bool isLeftOver;  ///< The selection is that of conditions which have been taken back.
 };
 
 /// `日期晚于2003-10-01 序号> 5 共3张 共1页`, or `全部 共…` without conditions.
@@ -35,10 +37,16 @@ QString pageStatus(const FilterTexts& filter, int pictures, int pages);
 /// " 第 n 张", which ends the page line.
 QString placeInSelection(int place);
 
-/// Help with typing a date: the text as it goes on after what was typed, and where the caret goes (-1: it stays).
+/// What a date is called in a condition: as it was typed where the engine reads it so, otherwise `2003-10-01`. A time
+/// of day is left out. Nothing when the text is no date.
+std::optional<QString> dateForCondition(const QString& typed);
+
+/// A date that is being typed, and the place of the caret in it.
 struct TypedDate {
     QString text;
     int caret;
     bool operator==(const TypedDate& other) const = default;
 };
-TypedDate helpTypedDate(const QString& text);
+/// Help with typing a date: how it goes on after it has grown in front of the caret by `grown` characters. Dashes come
+/// by themselves, and a separator that is typed where one stands already is swallowed.
+TypedDate helpTypedDate(const TypedDate& typed, int grown);

@@ -108,6 +108,8 @@ void frmTp::connectControls() {
     connect(page_.get(), &Page::cellClicked, lstLs, &QWidget::hide);
     connect(page_->pic1, &Surface::mousePressed, lstLs, &QWidget::hide);
     connect(screen_->img0, &ImageBox::mousePressed, lstLs, &QWidget::hide);
+    connect(buttons_.get(), &ButtonPanel::pressed, lstLs, &QWidget::hide);
+    connect(screen_->img0, &ImageBox::clicked, this, guarded(this, [this] { clickScreen(); }));
     connect(page_->pic1, &Surface::mouseMoved, this, [this] { buttons_->hideRollOver(); });
     connect(screen_->img0, &ImageBox::mouseMoved, this, [this] { buttons_->hideRollOver(); });
 }
@@ -157,10 +159,8 @@ void frmTp::resizeForm() {
     screen_->layOut(layout.page);
 
     attempt([&] { buttons_->anxs(); });
-    const bool showsPage = screen_->pic0->isHidden();
     if (mekTp::currentTable != demoTable && state_.picturesPerPage > 1) screen_->cover();
-    const bool follows = mekTp::currentTable != demoTable || (showsPage && !state_.albumRecordset.isNothing());
-    if (state_.pageShown && follows)
+    if (state_.pageShown)
         page_->xstp();
     else
         page_->prepare();
@@ -174,6 +174,14 @@ void frmTp::tick() {
     status_->setPanel(4, text);
     const TitleColours colours = titleColours(now.time());
     if (!state_.smallScreen) strip_->setTitleColours(colours.text, colours.ground);
+}
+
+/// The picture on the screen panel: one in view gives way to the page, and so does a cover or curtain.
+void frmTp::clickScreen() {
+    if (screen_->isViewing() || state_.pageShown)
+        view_->close();
+    else if (!state_.albumRecordset.isNothing())
+        paging_->redraw();
 }
 
 // ------------------------------------------------------------------------------------------------- tool bar and list

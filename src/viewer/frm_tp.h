@@ -23,6 +23,9 @@ class frmTp : public QMainWindow {
     /// Whether the help window and the colour window stand beside this one: their menu items offer to close them then.
     void windowsBeside(bool help, bool colours);
 
+    /// Wears the active colour scheme.
+    void applyColours();
+
   protected:
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -37,11 +40,11 @@ class frmTp : public QMainWindow {
     void load();
     /// The table of the last album. Without a collection title the window keeps its caption.
     QString readSettings();
-    void applyColours();
     void fillAlbumMenu();
     void fillScreenPictures();
 
     void resizeForm();
+    void clickScreen();
     void storeFlag(int index);
     void fillScreen(bool on);
     void tick();

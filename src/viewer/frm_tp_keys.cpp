@@ -99,11 +99,15 @@ bool frmTp::openListByKey(const QKeyEvent& event) {
     return true;
 }
 
-/// Opens the picture that has the focus, or the first one of the page, alone.
+/// Opens the picture that has the focus, or the first one of the page, alone. A cover gives way to the page.
 void frmTp::enter() {
     if (auto* button = qobject_cast<QAbstractButton*>(focusWidget()))
         button->click();
-    else if (!screen_->isCovering() && !isInDialog(focusWidget()))
+    else if (isInDialog(focusWidget()) || screen_->isViewing())
+        return;
+    else if (screen_->isCovering())
+        clickScreen();
+    else
         view_->open(std::max(0, page_->focusedCell()));
 }
 

@@ -124,6 +124,7 @@ void frmTp::applyColours() {
     const auto colour = [&](const QString& column) { return colourFromText(scheme.Fields(column).Value().toText()); };
     attempt([&] {
         const QColor ground = colour(u"窗体"_s);
+        setStyleSheet(isDark(ground) ? darkBars() : QString());  // first: it sets former palettes back
         for (QWidget* part : std::initializer_list<QWidget*>{this, form_, page_->pic1, screen_->pic0})
             setGround(part, ground);
         // The program's style sheet keeps the window's palette from these.
@@ -131,9 +132,8 @@ void frmTp::applyColours() {
         QPalette words = QApplication::palette(strip_->txtD1);
         if (isDark(ground)) words.setColor(QPalette::Text, lightInk);
         strip_->txtD1->setPalette(words);
-        setStyleSheet(isDark(ground) ? darkBars() : QString());
-        if (isDark(ground))
-            strip_->tlb1->setIconSource([](const QString& key) { return toolIcon(key, IconGround::dark); });
+        const auto icons = isDark(ground) ? IconGround::dark : IconGround::light;
+        strip_->tlb1->setIconSource([icons](const QString& key) { return toolIcon(key, icons); });
     });
     attempt([&] { buttons_->shpAb->setBorderColor(colour(u"外框"_s)); });
     attempt([&] { buttons_->shpAb->setFillColor(colour(u"填充"_s)); });
@@ -141,18 +141,27 @@ void frmTp::applyColours() {
 }
 
 void frmTp::fillAlbumMenu() {
-    QStringList titles{menu_.mnuCd[0]->text()};
+    QStringList titles, tables;
     attempt([&] {
         Recordset albums = mekTp::catalogue.OpenRecordset(u"tcbm"_s);
-        if (!albums.Eof()) titles.clear();
-        for (; !albums.Eof(); albums.MoveNext()) titles << albums.Fields(u"标题"_s).Value().textOr();
+        for (; !albums.Eof(); albums.MoveNext()) {
+            tables << albums.Fields(u"表名"_s).Value().textOr();
+            titles << albums.Fields(u"标题"_s).Value().textOr();
+        }
     });
+    QStringList tips = tipsOfEqualTitles(titles, tables);
+    if (titles.isEmpty()) {
+        titles << menu_.mnuCd[0]->text();
+        tips << QString();
+    }
+    menu_.mnuDk->setToolTipsVisible(true);
     QAction* const end = menu_.mnuDk->actions().constFirst();
     for (int i = 0; i < titles.size(); ++i) {
         if (i == menu_.mnuCd.size()) menu_.mnuCd << new QAction(this);
         QAction* item = menu_.mnuCd[i];
         item->setObjectName(element(u"mnuCd"_s, i));
         item->setText(titles[i].replace(u"&"_s, u"&&"_s));
+        item->setToolTip(tips[i]);
         item->setCheckable(true);
         menu_.mnuDk->insertAction(end, item);
         connect(item, &QAction::triggered, this, guarded(this, [this, i] {

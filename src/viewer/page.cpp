@@ -44,7 +44,7 @@ Page::Page(ViewerState& state, ToolStrip& strip, StatusLine& status, ScreenPanel
 }
 
 Page::Cell Page::makeCell() {
-    const Cell cell{new ShapeBox(pic1), new ImageBox(pic1), new CaptionBox(pic1)};
+    const Cell cell{new ShapeBox(pic1), new CellBox(pic1), new Caption(pic1)};
     cell.shpXs->setBorderColor(frameColour);
     cell.shpXs->setBorderWidth(2);
     cell.txtBq->document()->setDocumentMargin(0);
@@ -66,7 +66,7 @@ void Page::addCell() {
     connect(cell.imgXs, &ImageBox::clicked, this, &Page::cellClicked);
     connect(cell.imgXs, &ImageBox::doubleClicked, this, [this, index] { Q_EMIT cellDoubleClicked(index); });
     connect(cell.imgXs, &ImageBox::mouseReleased, this, guarded(window_, [this, index] { showCaption(index); }));
-    connect(cell.txtBq, &CaptionBox::clicked, cell.txtBq, &QWidget::hide);
+    connect(cell.txtBq, &Caption::clicked, cell.txtBq, &QWidget::hide);
     if (index > 0) QWidget::setTabOrder(cells_.back().imgXs, cell.imgXs);
     cells_.push_back(cell);
 }
@@ -101,7 +101,7 @@ void Page::focusCell(int cell) {
 
 void Page::toggleCaption(int cell) {
     if (picture(cell) == nullptr) return;
-    CaptionBox* caption = cells_[size_t(cell)].txtBq;
+    Caption* caption = cells_[size_t(cell)].txtBq;
     if (caption->isVisible())
         caption->hide();
     else
@@ -150,6 +150,7 @@ void Page::xstp() {
 
     strip_.showProgress(false, !state_.smallScreen);
     screen_.uncover();
+    state_.pageShown = !state_.albumRecordset.isNothing();
     focusCell(std::min(focused, cells - 1));
     // The place that the line tells is that of the page's last cell.
     attempt([&] {
@@ -187,11 +188,12 @@ void Page::drawCell(int index, QSize& pixels) {
     // The first cell is never made anew: a record without a picture leaves there what it shows.
     pictures_.put(cell.imgXs, picture, index == 0 && hasRecord);
     cell.imgXs->setToolTip(cell.imgXs->tag());
-    cell.imgXs->setAccessibleName(cell.imgXs->tag());
     cell.imgXs->setFocusPolicy(cell.imgXs->tag().isEmpty() ? Qt::NoFocus : Qt::TabFocus);
     cell.shpXs->show();
     cell.imgXs->show();
     drawCaption(index);
+    // Last: a control takes its tool tip for its name, and with a caption that is a hint.
+    cell.imgXs->setAccessibleName(cell.imgXs->tag());
 }
 
 /// The page that a draw would show, and those to which the paging keys lead from there.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "viewer/caption.h"
 #include "viewer/cell_pictures.h"
 #include "viewer/page_layout.h"
 #include "viewer/screen_panel.h"
@@ -54,8 +55,8 @@ class Page : public QObject {
   private:
     struct Cell {
         ShapeBox* shpXs;
-        ImageBox* imgXs;
-        CaptionBox* txtBq;
+        CellBox* imgXs;
+        Caption* txtBq;
     };
 
     Cell makeCell();

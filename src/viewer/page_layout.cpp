@@ -34,12 +34,13 @@ QSize fittedSize(QSize pixels, int maxWidth, int maxHeight, bool originalSize) {
     const int width = pixels.width() * twipsPerPixel;
     const int height = pixels.height() * twipsPerPixel;
     const float ratio = float(width) / float(height);
+    // Of the thinnest pictures a line is seen.
     if (double(ratio) >= wideRatio) {
         const int fitted = originalSize ? std::min(width, maxWidth) : maxWidth;
-        return {fitted, roundHalfEven(double(float(fitted) / ratio))};
+        return {fitted, std::max(twipsPerPixel, roundHalfEven(double(float(fitted) / ratio)))};
     }
     const int fitted = originalSize ? std::min(height, maxHeight) : maxHeight;
-    return {roundHalfEven(double(float(fitted) * ratio)), fitted};
+    return {std::max(twipsPerPixel, roundHalfEven(double(float(fitted) * ratio))), fitted};
 }
 
 Box pictureBox(const CellGrid& grid, int cell, QSize fitted) {
@@ -66,6 +67,10 @@ int pagesFor(int pictures, int picturesPerPage) {
 int columnsFromText(const QString& text) {
     const double columns = numericValue(text);
     return columns < 1 ? 0 : int(std::min<double>(columns, mostColumns));
+}
+
+QString pageText(double page) {
+    return plainText(std::ceil(page) + 0.0);
 }
 
 int firstIndexOfPage(double page, int picturesPerPage) {

@@ -11,7 +11,8 @@ Paging::Paging(ViewerState& state, ToolStrip& strip, StatusLine& status, Page& p
     strip.txtYh->setText(u"0"_s);
     connect(strip.txtYh, &TextBox::textEdited, this, guarded(window, [this] { takePageNumber(); }));
     connect(strip.txtYh, &TextBox::enterPressed, this, guarded(window, [this] {
-                takePageNumber();
+                const bool isTyped = strip_.txtYh->isModified();
+                if (isTyped || numericValue(strip_.txtYh->text()) <= 0) takePageNumber();
                 page_.xstp();
             }));
     // The press of the mouse that brings the focus would take the selection away again.
@@ -44,7 +45,7 @@ void Paging::previousPage() {
         strip_.tlb1->setEnabled(u"sy"_s, false);
         return;
     }
-    drawAt(state_.firstPictureIndex - state_.picturesPerPage, plainText(numericValue(strip_.txtYh->text()) - 1));
+    drawAt(state_.firstPictureIndex - state_.picturesPerPage, pageText(numericValue(strip_.txtYh->text()) - 1));
 }
 
 void Paging::nextPage() {
@@ -54,7 +55,7 @@ void Paging::nextPage() {
         strip_.tlb1->setEnabled(u"xy"_s, false);
         return;
     }
-    drawAt(state_.firstPictureIndex + state_.picturesPerPage, plainText(numericValue(strip_.txtYh->text()) + 1));
+    drawAt(state_.firstPictureIndex + state_.picturesPerPage, pageText(numericValue(strip_.txtYh->text()) + 1));
 }
 
 // The last view is full: it may overlap the page before it.
@@ -66,12 +67,12 @@ void Paging::lastPage() {
 
 void Paging::redraw() {
     page_.xstp();
-    strip_.txtYh->setText(plainText(double(state_.firstPictureIndex) / state_.picturesPerPage + 1));
+    strip_.txtYh->setText(pageText(double(state_.firstPictureIndex) / state_.picturesPerPage + 1));
 }
 
 void Paging::redrawFromMenu() {
     const double page = numericValue(strip_.txtYh->text());
-    strip_.txtYh->setText(plainText(page - double(state_.firstPictureIndex) / state_.picturesPerPage));
+    strip_.txtYh->setText(pageText(page - double(state_.firstPictureIndex) / state_.picturesPerPage));
     page_.xstp();
 }
 

@@ -11,14 +11,17 @@
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+constexpr QSize placeWithoutPicture(640, 480);
+}
+
 PictureView::PictureView(ViewerState& state, ToolStrip& strip, ScreenPanel& screen, Page& page, QWidget* window)
     : state_(state), strip_(strip), screen_(screen), page_(page), window_(window) {
     connect(&page, &Page::cellDoubleClicked, this, guarded(window, [this](int cell) { open(cell); }));
-    connect(screen.img0, &ImageBox::clicked, this, guarded(window, [this] { close(); }));
     connect(screen.img0, &ImageBox::mousePressed, this, [this] {
         if (screen_.isViewing()) screen_.txtB0->show();
     });
-    connect(screen.txtB0, &CaptionBox::clicked, screen.txtB0, &QWidget::hide);
+    connect(screen.txtB0, &Caption::clicked, screen.txtB0, &QWidget::hide);
 }
 
 void PictureView::open(int cell) {
@@ -28,14 +31,30 @@ void PictureView::open(int cell) {
     const QString tag = thumbnail->tag();
     Recordset record =
         mekTp::catalogue.OpenRecordset(u"SELECT * FROM "_s + page_.table() + u" WHERE 序号 = "_s + numberInTag(tag));
-    const auto told = sizeFromSpec(record.Fields(u"规格"_s).Value().textOr());
-    if (!told || told->isEmpty()) throw Error(u"序号 %1 的图片没有可用的规格。"_s.arg(numberInTag(tag)));
+    const QString name = u"序号 %1"_s.arg(numberInTag(tag));
+    const bool hasPicture = !record.Fields(u"图片"_s).isNull();
+    auto told = sizeFromSpec(record.Fields(u"规格"_s).Value().textOr());
+    if (!told || told->isEmpty()) {
+        if (hasPicture) throw Error(name + u" 的图片没有可用的规格。"_s);
+        told = placeWithoutPicture;
+    }
 
     const QSize fitted =
         fittedSize(*told, widthOf(window_) - 2130, heightOf(window_) - 1600, strip_.tlb1->image(u"yd"_s) == u"cm");
     screen_.pic0->show();
     screen_.beginView(fitted, tag);
-    readPictureField(record, u"图片"_s, *screen_.img0);
+    if (hasPicture)
+        showPicture(record, name);
+    else
+        screen_.sayInView(name + u" 没有图片。"_s);
+}
+
+void PictureView::showPicture(Recordset& record, const QString& name) {
+    try {
+        screen_.img0->setPicture(loadPictureField(record, u"图片"_s, name, screen_.img0->targetSize()));
+    } catch (const Error& failure) {
+        screen_.sayInView(failure.text());
+    }
 }
 
 void PictureView::close() {
@@ -51,6 +70,6 @@ void PictureView::switchSize() {
         attempt([&] { open(state_.selectedCell); });
         return;
     }
-    state_.firstPictureIndex -= 1;
+    state_.firstPictureIndex = std::max(-1, state_.firstPictureIndex - 1);
     page_.xstp();
 }

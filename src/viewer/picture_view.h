@@ -17,6 +17,8 @@ class PictureView : public QObject {
     void switchSize();
 
   private:
+    void showPicture(Recordset& record, const QString& name);
+
     ViewerState& state_;
     ToolStrip& strip_;
     ScreenPanel& screen_;

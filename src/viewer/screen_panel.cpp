@@ -5,7 +5,9 @@
 #include "platform/base/error.h"
 #include "platform/desktop/placing.h"
 
+#include <QLabel>
 #include <QRandomGenerator>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -29,7 +31,13 @@ ScreenPanel::ScreenPanel(ToolBar* bar, QWidget* form) : bar_(bar) {
     img0 = make<ImageBox>(pic0, u"img0"_s);
     imgSh = make<ImageBox>(pic0, u"imgSh"_s);
     imgSh->setGeometry(0, 0, 0, 0);
-    txtB0 = make<CaptionBox>(pic0, u"txtB0"_s);
+    lblWz = make<QLabel>(pic0, u"lblWz"_s);
+    lblWz->setAlignment(Qt::AlignCenter);
+    lblWz->setWordWrap(true);
+    lblWz->setTextFormat(Qt::PlainText);
+    lblWz->setAttribute(Qt::WA_TransparentForMouseEvents);
+    lblWz->hide();
+    txtB0 = make<Caption>(pic0, u"txtB0"_s);
     txtB0->hide();
     scroll_ = std::make_unique<WheelScroll>(pic0);
     // Other processors have nothing to do while the window is made.
@@ -78,11 +86,28 @@ void ScreenPanel::uncover() {
 void ScreenPanel::beginView(QSize size, const QString& data) {
     placePicture(size);
     for (const QString& key : pagingKeys()) bar_->setEnabled(key, false);
-    place(txtB0, 0, heightOf(img0) - stripHeight, size.width(), stripHeight);
+    lblWz->hide();
     txtB0->setText(data);
+    placeStrip();
     txtB0->show();
     txtB0->raise();
     bar_->setEnabled(u"yd"_s, true);
+}
+
+// At the foot of the picture. What one line does not hold grows upwards, and past the foot of a picture that is low.
+void ScreenPanel::placeStrip() {
+    const int lines = txtB0->lineCountFor(img0->width());
+    const int height = lines == 1 ? stripHeight : std::max(stripHeight, twipsFromPixels(txtB0->heightOfLines(lines)));
+    const int top = std::max(0, heightOf(img0) - height);
+    const int room = std::max(heightOf(img0), heightOf(pic0)) - top;
+    place(txtB0, 0, top, widthOf(img0), std::min(height, room));
+}
+
+void ScreenPanel::sayInView(const QString& words) {
+    img0->setPicture({});
+    lblWz->setText(words);
+    lblWz->setGeometry(img0->geometry() & pic0->rect());
+    lblWz->show();
 }
 
 void ScreenPanel::endView() {
@@ -90,7 +115,18 @@ void ScreenPanel::endView() {
     for (const QString& key : pagingKeys()) bar_->setEnabled(key, true);
     bar_->setEnabled(u"yd"_s, true);
     txtB0->hide();
+    lblWz->hide();
     placePicture({widthOf(pic0), heightOf(pic0)});  // the panel is a curtain again
+}
+
+void ScreenPanel::drawCurtain() {
+    const bool hangs = isCovering() && !isViewing();
+    if (isViewing()) endView();
+    if (!hangs) {
+        img0->setPicture({});  // it may have been viewed
+        attempt([&] { changeCurtain(); });
+    }
+    cover();
 }
 
 void ScreenPanel::changeCurtain() {

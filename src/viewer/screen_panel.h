@@ -2,8 +2,8 @@
 
 #include "platform/desktop/image_box.h"
 #include "platform/desktop/surface.h"
-#include "platform/desktop/text_box.h"
 #include "platform/desktop/tool_bar.h"
+#include "viewer/caption.h"
 #include "viewer/page_layout.h"
 #include "viewer/wheel_scroll.h"
 
@@ -24,19 +24,25 @@ class ScreenPanel {
     bool isViewing() const { return !bar_->isEnabled(QStringLiteral("ty")); }
     /// Lays a picture of that size and its data strip out and takes the paging buttons away.
     void beginView(QSize size, const QString& data);
+    /// Words in place of the picture in view.
+    void sayInView(const QString& words);
     void endView();
 
     /// Loads a picture of `pmtp`, chosen by chance, for the next curtain.
     void changeCurtain();
+    /// Ends the viewing of a picture and hides the page behind a fresh curtain. One that hangs already stays.
+    void drawCurtain();
 
     void scrollBy(int pixels) { scroll_->scrollBy(pixels); }
 
     Surface* pic0;
     ImageBox *img0, *imgSh;
-    CaptionBox* txtB0;
+    Caption* txtB0;
+    QLabel* lblWz;  ///< The words.
 
   private:
     void placePicture(QSize size);
+    void placeStrip();
     void fitStartPicture();
     void showStartPicture(const Picture& picture);
     ToolBar* bar_;

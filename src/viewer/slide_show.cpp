@@ -6,6 +6,9 @@
 #include "viewer/settings_row.h"
 #include "viewer/small_dialog.h"
 
+#include <QStyle>
+#include <QToolTip>
+
 using namespace Qt::Literals::StringLiterals;
 
 SlideShow::SlideShow(ViewerState& state, ToolStrip& strip, Page& page, QWidget* window, QWidget* form)
@@ -30,6 +33,8 @@ void SlideShow::buildDialog() {
     sliSj->setValue(500);
     sliSj->setTickPosition(QSlider::TicksBelow);
     sliSj->setTickInterval(500);
+    sliSj->setAccessibleName(u"幻灯延迟时间（毫秒）"_s);
+    connect(sliSj, &QSlider::valueChanged, this, [this](int value) { tellInterval(value); });
     place(sliSj, 240, 600, 4020, 450);
     chkYc = make<QCheckBox>(picYc, u"chkYc"_s);
     chkYc->setText(u"循环显示"_s);
@@ -39,6 +44,15 @@ void SlideShow::buildDialog() {
     connect(cmdQ1, &QPushButton::clicked, this, guarded(window_, [this] { store(); }));
     connect(cmdX1, &QPushButton::clicked, picYc, &QWidget::hide);
     connect(cmdX0, &QPushButton::clicked, picYc, &QWidget::hide);
+}
+
+/// Over the handle, while it is moved.
+void SlideShow::tellInterval(int milliseconds) {
+    const QString text = u"%1 毫秒"_s.arg(milliseconds);
+    sliSj->setToolTip(text);
+    if (!sliSj->isVisible()) return;
+    const int x = QStyle::sliderPositionFromValue(sliSj->minimum(), sliSj->maximum(), milliseconds, sliSj->width());
+    QToolTip::showText(sliSj->mapToGlobal(QPoint(x, sliSj->height() / 2)), text, sliSj);
 }
 
 void SlideShow::toggle() {
@@ -81,7 +95,7 @@ void SlideShow::stop() {
 void SlideShow::step() {
     if (!isRunning()) tmr2->stop();
     if (!isAtEnd()) {
-        state_.firstPictureIndex += 1;
+        if (state_.pageShown) state_.firstPictureIndex += 1;
         page_.xstp();
         return;
     }

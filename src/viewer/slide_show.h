@@ -22,6 +22,7 @@ class SlideShow : public QObject {
 
   private:
     void buildDialog();
+    void tellInterval(int milliseconds);
     void start();
     void step();
     bool isRunning() const { return strip_.tlb1->image(QStringLiteral("hd")) != u"hd"; }

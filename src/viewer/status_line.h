@@ -4,17 +4,56 @@
 #include <QStatusBar>
 #include <array>
 
-/// The status bar with its four panels, counted from 1: main title, album line, page line, clock.
+/// A line cut to a width in pixels: its first `soft` characters make way for the rest, which is cut last and at its
+/// beginning.
+QString cutLine(const QString& text, qsizetype soft, int width, const QFontMetrics& metrics);
+
+/// Widths of the first three panels, in twips or what they ask for.
+struct PanelWidths {
+    int title, album, message;
+    bool operator==(const PanelWidths& other) const = default;
+};
+
+/// Title and album line take what they ask for as far as it goes, also from the room that `messageWidth` leaves beside
+/// the message.
+PanelWidths sharedWidths(const PanelWidths& asked, int messageWidth);
+
+/// A panel of the status bar. Its text is always whole; what is seen of it is cut to the room there is.
+class PanelLabel : public QLabel {
+    Q_OBJECT
+
+  public:
+    explicit PanelLabel(QWidget* parent) : QLabel(parent) {}
+
+    void setLine(const QString& text, qsizetype soft);
+    int widthOfWholeLine() const;  ///< Pixels, with its margins.
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    QString shown() const;
+    void tellWhatIsCut();
+    qsizetype soft_ = 0;
+};
+
+/// The status bar with its four panels, counted from 1: main title, album line, page line, clock. Where there is not
+/// enough room titles and conditions are cut, the counts never.
 class StatusLine {
   public:
     explicit StatusLine(QStatusBar* sta1);
 
     void setPanel(int panel, const QString& text);
+    /// The second panel: title of the album, and what is told of it.
+    void setAlbumLine(const QString& title, const QString& rest);
     QString panel(int panel) const;
     void setMessageWidth(int twips);  ///< Width of panel 3.
 
   private:
+    void setLine(int panel, const QString& text, qsizetype soft);
     void shareRoom();
-    QLabel* label(int panel) const { return panels_.at(size_t(panel - 1)); }
-    std::array<QLabel*, 4> panels_{};
+    PanelLabel* label(int panel) const { return panels_.at(size_t(panel - 1)); }
+    std::array<PanelLabel*, 4> panels_{};
+    int messageWidth_ = 0;
 };

@@ -119,6 +119,8 @@ void ToolStrip::addTitle() {
     txtWd->setFocusPolicy(Qt::NoFocus);
     txtWd->setAttribute(Qt::WA_TransparentForMouseEvents);
     txtWd->setAlignment(Qt::AlignCenter);
+    // A title that is longer than the box shows its beginning.
+    QObject::connect(txtWd, &QLineEdit::textChanged, txtWd, [box = txtWd] { box->setCursorPosition(0); });
     prg1 = make<QProgressBar>(picBq, u"prg1"_s);
     prg1->setTextVisible(false);
     prg1->hide();

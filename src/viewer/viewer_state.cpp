@@ -5,7 +5,9 @@
 void ViewerState::forgetSelection() {
     albumRecordset = {};
     selectionCode = allPicturesCode;
+    isNarrowed = false;
     pageStatusText.clear();
+    pageShown = false;
     firstPictureIndex = 0;
     pictureCount = 0;
     pageCount = 0;

@@ -21,14 +21,16 @@ struct ViewerState {
 
     QString selectionCode = QStringLiteral("v");  ///< Code of the active button; "v" means all pictures.
     QString dateCondition;                        ///< SQL condition, empty when none.
-    int dateOperator = 0;                         ///< 0 earlier, 1 later, 2 on that day.
+    int dateOperator = 0;                         ///< Of the condition: 0 earlier, 1 later, 2 on that day.
+    QString conditionDate;                        ///< The day of the condition, as the page line tells it.
+    bool isNarrowed = false;                      ///< The selection was chosen by a date or number condition.
     QString pageStatusText;                       ///< First half of the page line.
 
     int picturesPerPage = 1;
     int pictureCount = 0;
     int pageCount = 0;
     int firstPictureIndex = 0;  ///< Records before the first cell; may be negative after a step back.
-    bool pageShown = false;     ///< A selection button has been clicked: a resize draws the page again.
+    bool pageShown = false;     ///< A page of the open album has been drawn: a resize draws it again.
     int selectedCell = 0;       ///< The cell that was opened last.
 
     int buttonPage = 1;  ///< Number of the button in the top slot, from 1.

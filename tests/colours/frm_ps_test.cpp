@@ -47,8 +47,10 @@ class TestColourWindow : public QObject {
     QColor ground(const QString& label) const { return get<QLabel>(label).palette().color(QPalette::Window); }
     void choose(const QString& line) const {
         auto& list = get<QComboBox>(u"cboFa"_s);
-        list.setCurrentIndex(list.findText(line));
-        Q_EMIT list.activated(list.currentIndex());
+        QTest::keyClick(&list, Qt::Key_Home);
+        while (list.currentText() != line && list.currentIndex() < list.count() - 1)
+            QTest::keyClick(&list, Qt::Key_Down);
+        QCOMPARE(list.currentText(), line);
     }
     void focus(int box) const { QTest::mouseClick(&get<TextBox>(u"txtYs(%1)"_s.arg(box)), Qt::LeftButton); }
     void click(const QString& name) const { QTest::mouseClick(&get<QPushButton>(name), Qt::LeftButton); }
@@ -118,6 +120,7 @@ class TestColourWindow : public QObject {
         QCOMPARE(stored(u"5"_s, u"外框"_s), u"&H00FFFF00&"_s);
         QCOMPARE(stored(u"5"_s, u"窗体"_s), u"&H000&"_s);
         QCOMPARE(windows_->unloaded, QList{WindowKind::colours});
+        QCOMPARE(windows_->colourChanges, 1);
     }
 
     void mixingByKeyboard() {
@@ -192,6 +195,7 @@ class TestColourWindow : public QObject {
         click(u"cmdQx"_s);
         QCOMPARE(active(), u"0"_s);
         QCOMPARE(windows_->unloaded.size(), 1);
+        QCOMPARE(windows_->colourChanges, 0);
         get<QPushButton>(u"cmdQx"_s).setFocus();
         QTest::keyClick(window_->focusWidget(), Qt::Key_Return);
         QCOMPARE(active(), u"0"_s);  // the button with the focus, not the first one

@@ -15,13 +15,14 @@
 #include <QtWidgets/QtWidgets>
 
 /// The editor on a small catalogue, with its controls by name. Message boxes are collected instead of shown and
-/// answered with `answer`; file dialogs give `file`.
+/// answered with `reply` where they have that answer, otherwise with `answer`; file dialogs give `file`.
 class EditorWindow {
   public:
     EditorWindow() {
-        answerBoxesWith([this](const BoxText& box) {
+        chooseInBoxesWith([this](const BoxText& box) {
             boxes << box;
-            return answer;
+            const auto given = static_cast<int>(box.answers.indexOf(reply));
+            return given >= 0 ? given : answer ? 0 : box.onEscape;
         });
         answerFileDialogsWith([this](const FileQuestion& question) {
             questions << question;
@@ -100,6 +101,12 @@ class EditorWindow {
         press(QStringLiteral("wk"));
     }
 
+    /// The mouse on the window itself: it meets what is on top there.
+    void mouse(const std::function<void(QWindow*, Qt::MouseButton, Qt::KeyboardModifiers, QPoint, int)>& action,
+               QPoint global) const {
+        action(window->windowHandle(), Qt::LeftButton, {}, window->mapFromGlobal(global), -1);
+    }
+
     static bool setting(const QString& column) { return fieldOf(QStringLiteral("tcsz"), column).toBool(); }
     static QStringList steps() {
         QStringList numbers;
@@ -113,6 +120,7 @@ class EditorWindow {
     QList<BoxText> boxes;
     QList<FileQuestion> questions;
     bool answer = true;
+    QString reply;
     QString file;
     std::unique_ptr<frmCl> window;
 };

@@ -143,6 +143,52 @@ class TestEditorFrame : public QObject {
         QVERIFY(editor.picYu().y() < 0);
     }
 
+    void aSmallerWindowKeepsItsScrollBars() {
+        const OpenEditor editor({500, 400});
+        auto* hsc1 = editor.find<QScrollBar>(u"hsc1"_s);
+        auto* vsc1 = editor.find<QScrollBar>(u"vsc1"_s);
+        const QSize fitting = editor.window->size();
+        QVERIFY(!hsc1->isVisible() && !vsc1->isVisible());
+        editor.window->resize(400, 300);
+        const auto* form = editor.window->centralWidget();
+        const auto* picGd = editor.find(u"picGd"_s);
+        for (QScrollBar* bar : {hsc1, vsc1}) {
+            QVERIFY(bar->isVisible());
+            QVERIFY(form->rect().contains(bar->geometry()));
+            QVERIFY(!picGd->geometry().intersects(bar->geometry()));
+            bar->setValue(bar->maximum());
+        }
+        QVERIFY((editor.picYu().geometry().bottomRight() - QPoint(picGd->width(), picGd->height())).manhattanLength() <=
+                3);
+        const QPoint scrolled = editor.picYu().pos();
+        editor.window->resize(401, 301);
+        QVERIFY((editor.picYu().pos() - scrolled).manhattanLength() <= 4);
+        editor.window->resize(fitting);
+        QVERIFY(!hsc1->isVisible() && !vsc1->isVisible());
+        QCOMPARE(picGd->size(), QSize(500, 400));
+        QCOMPARE(editor.picYu().pos(), QPoint(0, 0));
+    }
+
+    void theChooserKeepsItsWindow() {
+        const OpenEditor editor({2400, 1800});
+        editor.press(u"sk"_s);
+        const QSize size = editor.window->size();
+        for (const bool shown : {false, true}) {
+            editor.trigger(u"mnuGx"_s);
+            QCOMPARE(editor.window->size(), size);
+            QVERIFY(!editor.shows(u"hsc1"_s) && !editor.shows(u"picGd"_s));
+            QCOMPARE(editor.shows(u"tlb1"_s), shown);
+            QCOMPARE(topOf(editor.find(u"picCs"_s)), shown ? 330 : 195);  // 200 in whole pixels
+            // The hint goes up with it, and leaves the album list free.
+            const auto onScreen = [&editor](const QString& name, QPoint at) {
+                return editor.find(name)->mapToGlobal(at);
+            };
+            QVERIFY(onScreen(u"txtTs"_s, {0, 9}).y() < onScreen(u"cboBm"_s, {0, 0}).y());
+        }
+        editor.click(u"cmdQx"_s);
+        QVERIFY(editor.shows(u"img1"_s) && !editor.shows(u"vsc1"_s));
+    }
+
     void shortWindowGrows() {
         EditorWindow editor;
         editor.window->resize(640, 300);

@@ -112,7 +112,7 @@ class TestOperations : public QObject {
             work(editor);
             QCOMPARE(editor.picYu().Image(), before);
             QVERIFY(editor.shows(u"picYu"_s) && editor.shows(u"picCq"_s) && editor.shows(u"txtTs"_s));
-            QCOMPARE(editor.steps(), QStringList{u"01"_s});
+            QCOMPARE(editor.steps(), QStringList());
             QVERIFY(editor.boxes.isEmpty());
             editor.press(u"fs"_s);
             QCOMPARE(editor.picYu().Image(), before.mirrored(true, false));
@@ -163,9 +163,18 @@ class TestOperations : public QObject {
 
     void stepsAreJpegFiles() {
         OpenEditor editor;
-        const auto first = [] { return mekTp::catalogue.OpenRecordset(u"SELECT * FROM tccx WHERE 编号 = '01'"_s); };
-        QTRY_VERIFY(first().Fields(u"图片"_s).FieldSize() > 0);
+        const QImage loaded = editor.picYu().Image();
+        QCOMPARE(editor.steps(), QStringList());  // looking leaves nothing in the catalogue
         editor.scale(u"2"_s);
+        QCOMPARE(editor.steps(), (QStringList{u"01"_s, u"02"_s}));
+        const auto first = [](const QString& column) {
+            return fieldOf(u"SELECT * FROM tccx WHERE 编号 = '01'"_s, column);
+        };
+        QVERIFY(first(u"图片"_s).toBytes().startsWith(encodeJpeg(loaded, 80)));
+        QCOMPARE(first(u"标签"_s).toText(), u"操作提示：先打开要处理的图片，再进行其它操作。"_s);
+        QVERIFY(first(u"标题"_s).textOr().isEmpty());
+        for (const auto& [column, number] : {std::pair(u"图宽"_s, 1200.0), {u"图高"_s, 900.0}, {u"参数"_s, 0.0}})
+            QCOMPARE(first(column).toDouble(), number);
         const auto stored = [](const QString& column) {
             return fieldOf(u"SELECT * FROM tccx WHERE 编号 = '02'"_s, column);
         };
@@ -208,19 +217,56 @@ class TestOperations : public QObject {
         QVERIFY(editor.steps().isEmpty());
     }
 
-    // The first open after an undo records nothing, the second does; the menu item stays off, the button works.
-    void openingAfterTheLastUndo() {
+    // The menu item stays off, the button works.
+    void openingAfterAnUndoStartsATrail() {
+        for (const bool isLast : {true, false}) {
+            OpenEditor editor;
+            if (!isLast) editor.scale(u"2"_s);
+            editor.undo();
+            editor.open({120, 90});
+            QVERIFY(!editor.shows(u"picCq"_s));
+            editor.press(u"fs"_s);
+            QCOMPARE(editor.steps(), (QStringList{u"01"_s, u"02"_s}));
+            editor.undo();
+            QCOMPARE(editor.size(), QSize(120, 90));
+            QCOMPARE(editor.caption(), fileSourceLine(editor.file, QFileInfo(editor.file).size(), {3175, 2381}));
+            QCOMPARE(editor.menu(u"mnuCx"_s)->isEnabled(), !isLast);
+            editor.undo();
+            QVERIFY(editor.shows(u"img1"_s));
+        }
+    }
+
+    // What the person was about to try again is still there.
+    void aCancelledOpeningChangesNothing() {
         OpenEditor editor;
+        editor.scale(u"2"_s);
         editor.undo();
-        editor.open();
-        QVERIFY(editor.steps().isEmpty());
-        QCOMPARE(editor.size(), QSize(80, 60));
-        editor.undo();
-        QCOMPARE(editor.size(), QSize(80, 60));
-        editor.open();
-        editor.open();
-        QCOMPARE(editor.steps(), QStringList{u"01"_s});
-        QVERIFY(!editor.menu(u"mnuCx"_s)->isEnabled() && editor.key(u"cx"_s)->isEnabled());
+        const QStringList steps = editor.steps();
+        editor.file.clear();
+        editor.press(u"wk"_s);
+        QVERIFY(editor.shows(u"picCq"_s) && editor.boxes.isEmpty());
+        QCOMPARE(editor.steps(), steps);
+        editor.box(u"txtCq"_s).clear();
+        editor.enter(u"3"_s);
+        QCOMPARE(editor.size(), QSize(240, 180));
+        QCOMPARE(editor.steps(), (QStringList{u"01"_s, u"02"_s}));
+    }
+
+    void numbersAsAChineseKeyboardGivesThem() {
+        OpenEditor editor;
+        const auto enter = [&editor](const QString& key, const QString& text) {
+            editor.press(key);
+            QInputMethodEvent typed;
+            typed.setCommitString(text);
+            QApplication::sendEvent(&editor.box(u"txtCq"_s), &typed);
+            QTest::keyClick(&editor.box(u"txtCq"_s), Qt::Key_Return);
+        };
+        enter(u"sf"_s, u"１５０％"_s);
+        QCOMPARE(editor.size(), QSize(120, 90));
+        QVERIFY(editor.caption().endsWith(u" [ *１５０％]"_s));
+        enter(u"xz"_s, u"－９０"_s);
+        QVERIFY(std::abs(editor.picYu().width() - 90) <= 1);
+        QCOMPARE(at(editor, 8, 8), QColor(Qt::blue));
     }
 
     void anotherTryRotatesAgain() {
@@ -288,8 +334,9 @@ class TestOperations : public QObject {
         for (const QString& name : {u""_s, u"文字.jpg"_s, u"没有.jpg"_s, u"夹"_s}) {
             editor.boxes.clear();
             editor.file = name.isEmpty() ? QString() : editor.catalogue.file(name);
+            editor.reply = u"不保存"_s;
             editor.press(u"wk"_s);
-            QCOMPARE(editor.boxes.size(), name.isEmpty() ? 0 : 1);
+            QCOMPARE(editor.boxes.size(), name.isEmpty() ? 0 : 2);
             QVERIFY(name.isEmpty() || (editor.lastBox().startsWith(u"错误提示|") && editor.lastBox().contains(name)));
             QCOMPARE(editor.caption(), caption);
             QCOMPARE(editor.picYu().Image(), picture);

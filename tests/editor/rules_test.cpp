@@ -20,9 +20,13 @@ constexpr QSize screen(15360, 11520);
 constexpr int toolBar = 330;
 
 EditorLayoutInput input(QSize picture, int toolbarHeight = 0, int titleBarExtra = 0, int horizontalMaximum = 32767) {
-    EditorLayoutInput in{picture, screen, toolbarHeight, titleBarExtra};
-    in.horizontalMaximum = horizontalMaximum;
-    return in;
+    return {.picture = picture,
+            .screen = screen,
+            .toolbarHeight = toolbarHeight,
+            .titleBarExtra = titleBarExtra,
+            .welcome = false,
+            .form = {},
+            .horizontalMaximum = horizontalMaximum};
 }
 
 /// A bar is told by its maximum, its large and its small step; one that does not show by nothing.
@@ -77,6 +81,32 @@ class TestEditorRules : public QObject {
         }
     }
 
+    // A window that somebody has made smaller, or that a screen keeps at its size.
+    void pictureInAWindowOfAnotherSize() {
+        const struct {
+            QSize picture, form, view;
+            bool horizontal, vertical;
+        } cases[] = {
+            {{6000, 4500}, {9600, 6750}, {6000, 4500}, false, false},
+            {{6000, 4500}, {6060, 4890}, {6000, 4500}, false, false},
+            {{6000, 4500}, {6059, 6750}, {5999, 4500}, true, false},
+            {{6000, 4500}, {6060, 4889}, {5750, 4249}, true, true},  // each bar takes room from the other side
+            {{6000, 4500}, {9600, 4889}, {6000, 4499}, false, true},
+            {{30000, 20000}, {15360, 11070}, {15050, 10430}, true, true},
+            {{6000, 4500}, {100, 100}, {0, 0}, true, true},
+        };
+        for (const auto& [picture, form, view, horizontal, vertical] : cases) {
+            EditorLayoutInput in = input(picture, toolBar);
+            in.form = form;
+            const EditorLayout layout = editorLayout(in);
+            QCOMPARE(layout.view, view);
+            QCOMPARE(layout.horizontal.visible, horizontal);
+            QCOMPARE(layout.vertical.visible, vertical);
+            if (horizontal) QCOMPARE(layout.horizontal.maximum, picture.width() - view.width());
+            if (vertical) QCOMPARE(layout.vertical.place.topLeft(), QPoint(30 + view.width(), toolBar + 30));
+        }
+    }
+
     void welcomePicture() {
         const std::tuple<int, int, QRect, QSize> rows[] = {
             {0, 11520, {30, 30, 9450, 6470}, {9600, 7200}},
@@ -97,13 +127,40 @@ class TestEditorRules : public QObject {
 
     void selectionFollowsThePointer() {
         const std::tuple<SelectionShape, QPoint, QSize> rows[] = {
-            {free, {1500, 900}, {1200, 300}}, {free, {0, 0}, {-300, -600}},
-            {free, {300, 600}, {0, 0}},       {ratio, {1500, 9000}, {1200, 900}},  // takes no notice of the height
-            {ratio, {315, 0}, {15, 11}},                                           // 11.25
-            {ratio, {330, 0}, {30, 22}},                                           // 22.5 goes to the even
-            {ratio, {0, 900}, {-300, -225}},  {fixed, {-9, 7}, {1500, 1125}},
+            {free, {1500, 900}, {1200, 300}},
+            {free, {0, 0}, {-300, -600}},
+            {free, {300, 600}, {0, 0}},
+            {ratio, {1500, 9000}, {1200, 900}},  // takes no notice of the height
+            {ratio, {315, 0}, {15, 11}},         // 11.25
+            {ratio, {330, 0}, {30, 22}},         // 22.5 goes to the even
+            {ratio, {0, 900}, {-300, -225}},
+            {fixed, {-9, 7}, {1500, 1125}},
+            // Beyond the picture's edges.
+            {free, {9000, 9000}, {5700, 3900}},
+            {free, {9000, 900}, {5700, 300}},
+            {ratio, {9000, 700}, {5200, 3900}},
+            {fixed, {9000, 9000}, {1500, 1125}},
         };
-        for (const auto& [shape, pointer, size] : rows) QCOMPARE(selectionSize(shape, {300, 600}, pointer), size);
+        for (const auto& [shape, pointer, size] : rows)
+            QCOMPARE(selectionSize(shape, {300, 600}, pointer, {6000, 4500}), size);
+        QCOMPARE(selectionSize(ratio, {3000, 600}, {9000, 700}, {6000, 4500}), QSize(3000, 2250));
+    }
+
+    void partsMoveIntoThePicture() {
+        const std::pair<QRect, QRect> rows[] = {{{10, 20, 100, 75}, {10, 20, 100, 75}},
+                                                {{250, 180, 100, 75}, {200, 125, 100, 75}},
+                                                {{200, 125, 100, 75}, {200, 125, 100, 75}},
+                                                {{-5, 199, 100, 75}, {0, 125, 100, 75}},
+                                                {{10, 20, 400, 75}, {0, 20, 400, 75}}};
+        for (const auto& [part, inside] : rows) QCOMPARE(shiftedIn(part, {300, 200}), inside);
+    }
+
+    void draggingScrollsBeyondTheEdgesAlone() {
+        const struct {
+            int inView, inPicture, step;
+        } rows[] = {{3000, 3000, 0}, {3000, 8000, 0},  {3015, 3015, 200}, {3015, 9785, 200}, {3015, 9800, 0},
+                    {0, 500, 0},     {-15, 485, -200}, {-15, 201, -200},  {-15, 200, 0},     {-15, -15, 0}};
+        for (const auto& [inView, inPicture, step] : rows) QCOMPARE(scrollOfDrag(inView, 3000, inPicture, 10000), step);
     }
 
     void selectionReadouts() {
@@ -114,11 +171,11 @@ class TestEditorRules : public QObject {
                                                    {{150, 0}, u"W：10 H：0 W/H："_s}};
         for (const auto& [size, text] : texts) QCOMPARE(selectionReadout({150, 300}, size), u"L：10 T：20 "_s + text);
 
-        const std::pair<QPoint, QPoint> places[] = {{{100, 200}, {100, 200}},
-                                                    {{4000, 4229}, {4000, 4229}},
-                                                    {{4001, 4230}, {2001, 4230}},
-                                                    {{5900, 9000}, {3900, 4230}}};
+        const std::pair<QPoint, QPoint> places[] = {{{100, 200}, {100, 200}},     {{4000, 4229}, {4000, 4229}},
+                                                    {{4001, 4230}, {2001, 4230}}, {{5900, 9000}, {3900, 4230}},
+                                                    {{9000, -100}, {4000, 0}},    {{-300, 100}, {0, 100}}};
         for (const auto& [wanted, place] : places) QCOMPARE(readoutPlace(wanted, 2000, {6000, 4500}), place);
+        QCOMPARE(readoutPlace({800, 50}, 2000, {1500, 200}), QPoint(0, 0));
 
         QVERIFY(readoutShows({21, 21}));
         for (const QSize small : {QSize(20, 300), QSize(300, 20), QSize(-300, -300)}) QVERIFY(!readoutShows(small));
@@ -151,6 +208,16 @@ class TestEditorRules : public QObject {
             QCOMPARE(hintFor(code), QString());
         QCOMPARE(hintWidth({}), 60);
         QCOMPARE(hintWidth(u"a图1"_s), 4 * 90 + 60);
+    }
+
+    void typedNumbers() {
+        const std::pair<QString, double> factors[] = {{u".5"_s, 0.5},     {u"50%"_s, 0.5},  {u"１５０％"_s, 1.5},
+                                                      {u"２．５"_s, 2.5}, {u"1。5"_s, 1.5}, {u" 200 % "_s, 2},
+                                                      {u"abc"_s, 0},      {u"－２"_s, -2}};
+        for (const auto& [text, factor] : factors) QCOMPARE(factorFromText(text), factor);
+        const std::pair<QString, double> angles[] = {
+            {u"90"_s, 90}, {u"－４５"_s, -45}, {u"３．５"_s, 3.5}, {u"９０度"_s, 90}, {u""_s, 0}};
+        for (const auto& [text, angle] : angles) QCOMPARE(angleFromText(text), angle);
     }
 
     void sourceLineOfAFile() {

@@ -37,6 +37,7 @@ class HelpWindow : public Windows {
     void unload(WindowKind window) override {
         asked << (window == WindowKind::help ? QStringLiteral("unload") : QStringLiteral("wrong"));
     }
+    void coloursChanged() override {}
     void showHelp(const QString&) override {}
     void endProgram() override { asked << QStringLiteral("end"); }
 

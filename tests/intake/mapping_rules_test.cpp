@@ -47,7 +47,7 @@ class TestMappingRules : public QObject {
     }
 
     void tablesOnOffer() {
-        QCOMPARE(offeredTables({u"MSysObjects"_s, u"msysX"_s, u"MSy"_s, u"tc01"_s}),
+        QCOMPARE(withoutSystemTables({u"MSysObjects"_s, u"msysX"_s, u"MSy"_s, u"tc01"_s}),
                  (QStringList{u"MSy"_s, u"tc01"_s}));
     }
 

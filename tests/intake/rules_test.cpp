@@ -45,7 +45,9 @@ class TestIntakeRules : public QObject {
                                 {u"a.jpg"_s, false, 3, u"（从文件[a.jpg]追加到本图册 ）\n\n    等共3条"_s},
                                 {u"12.jpg"_s, true, 1, u"（从文件[12.jpg]替换到本图册 序号＝12）\n\n"_s},
                                 {u"12.jpeg"_s, true, 1, u"（从文件[12.jpeg]替换到本图册 序号＝12.）\n\n"_s},
-                                {QString(), true, 2, u"（从文件[]替换到本图册 序号＝）\n\n    等共2条"_s}};
+                                // A whole folder: no file has the focus.
+                                {QString(), false, 84, u"（从文件追加到本图册 ）\n\n    等共84条"_s},
+                                {QString(), true, 2, u"（从文件替换到本图册 ）\n\n    等共2条"_s}};
         for (const auto& [file, replace, count, text] : cases) QCOMPARE(intakeDescription(file, replace, count), text);
     }
 

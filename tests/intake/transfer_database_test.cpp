@@ -5,6 +5,7 @@
 #include "transfer_window.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <sys/stat.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -101,12 +102,12 @@ class TestTransferDatabase : public QObject {
         window.addSourceAlbum(u"tc01"_s, 1, 0);
         window.clickRow(0);
         window.mapTable();
-        for (const QString& table : {u"tc01"_s, u"tc02"_s, u"tc00"_s}) {
+        for (const QString& table : {u"tc01"_s, u"tc02"_s}) {
             window.clickLine(u"lstSb"_s, table);
             window.expect({.disabled = u"cmdFz cmdYd"_s});
             window.click(u"cmdYd"_s);
         }
-        QCOMPARE(window.said(), QStringList{u"该表只做演示用，不能录入或编辑！"_s});
+        QCOMPARE(window.said(), QStringList());
         QCOMPARE(numbersOf(u"tc01"_s).size(), 10);
         QCOMPARE(window.arrived(), QStringList());
         window.mapTable();
@@ -139,7 +140,7 @@ class TestTransferDatabase : public QObject {
         window.click(u"cmdYd"_s);
         QCOMPARE(
             window.said().mid(1),
-            (QStringList{u"有 2 张图片没有移动，仍在原图册中。\n\n图片没有对应字段，序号：1、2"_s, closing.arg(3)}));
+            (QStringList{u"有 2 张图片没有移动，仍在原图册中。\n\n图片没有对应字段，序号：1、2"_s, closing.arg(1)}));
         QCOMPARE(numbersOf(u"tc01"_s).first(3), (QStringList{u"1"_s, u"2"_s, u"4"_s}));
         QCOMPARE(window.arrived(), QStringList{u"1"_s});
         // A copy leaves the picture where it is.
@@ -174,6 +175,49 @@ class TestTransferDatabase : public QObject {
         QCOMPARE(window.boxes.front().title, u"操作提示"_s);
         QVERIFY(window.boxes.front().text.contains(u"源库.mdb"_s));
         window.expect({.hidden = u"cmdLr"_s, .disabled = u"cmdFz"_s, .texts = {{u"lblLj"_s, QString()}}});
+    }
+
+    /// The program would wait at a pipe for ever.
+    void aTargetThatHasBecomeNoFile() {
+        TargetWindow window;
+        window.source = {};
+        window.clickRow(0);
+        window.chooseTable(u"tc02"_s);
+        const QString target = window.path(u"源库.mdb"_s);
+        QVERIFY(QFile::remove(target));
+        QCOMPARE(mkfifo(QFile::encodeName(target).constData(), 0600), 0);
+        window.click(u"cmdYd"_s);
+        const QStringList said = window.said();
+        QCOMPARE(said.size(), 2);
+        QVERIFY2(said[1].contains(target) && said[1].contains(u"管道"_s), qPrintable(said[1]));
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 10);
+        QCOMPARE(window.chosen(), QStringList{u"1"_s});
+    }
+
+    void aTargetThatCannotBeWritten() {
+        TargetWindow window;
+        window.source = {};
+        window.clickRow(0);
+        window.chooseTable(u"tc02"_s);
+        QFile target(window.path(u"源库.mdb"_s)), folder(window.pictures.path());
+        const auto mine = target.permissions(), mineToo = folder.permissions();
+        const auto tried = [&] {
+            const PlainUser user;
+            window.click(u"cmdYd"_s);
+            return window.said().value(1);
+        };
+        // The plain user keeps the group.
+        QVERIFY(folder.setPermissions(mineToo | QFileDevice::ExeGroup | QFileDevice::ReadGroup) &&
+                target.setPermissions(QFileDevice::ReadUser | QFileDevice::ReadGroup));
+        QVERIFY2(tried().contains(u"只读"_s), "file");
+        QVERIFY(target.setPermissions(mine | QFileDevice::ReadGroup | QFileDevice::WriteGroup));
+        QVERIFY2(tried().contains(u"所在的文件夹不能写入"_s), "folder");
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 10);
+        QCOMPARE(window.chosen(), QStringList{u"1"_s});
+        QVERIFY(folder.setPermissions(mineToo));
+        window.click(u"cmdYd"_s);
+        QCOMPARE(window.said().last(), closing.arg(1));
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 9);
     }
 
     void movesIntoAnotherAlbumOfTheCatalogue() {
@@ -235,12 +279,30 @@ class TestTransferDatabase : public QObject {
             QCOMPARE(said.first().contains(u"不能把图片转存进去"_s), file != u"text.mdb"_s);
             window.expect({.hidden = u"lstSb"_s});
         }
-        window.addSourceAlbum(u"tc00"_s, 1, 0);
         window.chooseTarget();
-        for (const QString& table : {u"tc00"_s, u"tc02"_s}) window.clickLine(u"lstSb"_s, table);
-        QCOMPARE(window.said(),
-                 (QStringList{u"该表只做演示用，不能录入或编辑！"_s, u"目标库中没有数据表“tc02”，请重新选择！"_s}));
+        window.clickLine(u"lstSb"_s, u"tc02"_s);
+        QCOMPARE(window.said(), QStringList{u"目标库中没有数据表“tc02”，请重新选择！"_s});
         window.expect({.hidden = u"cmdLr"_s, .texts = {{u"lblLj"_s, QString()}}});
+    }
+
+    /// The tables that the program lives by are neither offered nor written, by whatever path the catalogue is chosen.
+    void onlyAlbumsOfTheCatalogueTakePictures() {
+        TargetWindow window;
+        mekTp::catalogue.Execute(createAlbumSql(u"海边照片"_s));
+        window.clickRow(0);
+        window.chooseTarget();
+        QCOMPARE(window.linesOf(u"lstSb"_s), (QStringList{u"tc01"_s, u"tc02"_s, u"海边照片"_s}));
+        const QString link = window.path(u"link.mdb"_s);
+        QVERIFY(QFile::link(mekTp::cataloguePath(), link));
+        const QStringList before = columnOf(u"tcbm"_s, u"序号"_s);
+        for (const QString& table : {u"tcbm"_s, u"tcan"_s, u"pmtp"_s, u"tc00"_s})
+            for (const QString& path : {mekTp::cataloguePath(), link}) {
+                const TransferTarget target{openTarget(path), table, {{u"序号"_s, u"序号"_s}}};
+                QVERIFY_THROWS_EXCEPTION(Error, transferToTable(u"tc01"_s, {u"1"_s}, target, true, [](int) {}));
+            }
+        QCOMPARE(columnOf(u"tcbm"_s, u"序号"_s), before);
+        QCOMPARE(objectionToTable(window.source, u"TC00"_s), u"该表只做演示用，不能录入或编辑！"_s);
+        QCOMPARE(objectionToTable(mekTp::catalogue, u"海边照片"_s), QString());
     }
 
     void recordsThatDoNotFitStay() {
@@ -257,7 +319,7 @@ class TestTransferDatabase : public QObject {
         QCOMPARE(said.size(), 3);
         QVERIFY(said[1].startsWith(u"有 4 张图片没有移动，仍在原图册中。"_s));
         QVERIFY(said[1].contains(u"1、3、5"_s) && said[1].contains(u"记录已不在图册中，序号：6"_s));
-        QCOMPARE(said[2], closing.arg(10));
+        QCOMPARE(said[2], closing.arg(6));
         QCOMPARE(numbersOf(u"tc01"_s), (QStringList{u"1"_s, u"3"_s, u"5"_s}));
         QCOMPARE(numbersOf(u"tc02"_s, window.source).last(), u"6"_s);
     }
@@ -275,6 +337,17 @@ class TestTransferDatabase : public QObject {
         QVERIFY(window.transfer(u"tc01"_s, {u"2"_s}, true).isEmpty());
         QCOMPARE(stored(u"tc02"_s, 2, window.source), large);
         QCOMPARE(numbersOf(u"tc01"_s).size(), 9);
+    }
+
+    void numbersFollowTheHighestOfTheTarget() {
+        TargetWindow window;
+        for (const int number : {20, 3}) window.addSourceRow(u"tc02"_s, number);
+        window.addRow(u"tc02"_s, {{u"备注"_s, u"没有序号"_s}});
+        window.chooseRows({0, 1});
+        window.chooseTable(u"tc02"_s);
+        window.click(u"cmdFz"_s);
+        QCOMPARE(window.said().last(), closing.arg(2));
+        QCOMPARE(window.arrived(), (QStringList{u"20"_s, u"3"_s, QString(), u"21"_s, u"22"_s}));
     }
 
     void groupsAreMovedWhole() {
@@ -298,6 +371,16 @@ class TestTransferDatabase : public QObject {
         QCOMPARE(valuesOf(window.source, u"tc02"_s, 1).last(), u"图片1"_s);
         QCOMPARE(valuesOf(window.source, u"tc02"_s, 2).last(), u"图片2"_s);
         QCOMPARE(numbersOf(u"tc01"_s).size(), 8);
+        // The first one does not fit, and does not stand in the way of the second.
+        putValue(u"SELECT * FROM tc01 WHERE 序号 = 6"_s, u"序号"_s, 5);
+        putValue(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, u"编号"_s, u"不合适"_s);
+        window.source.Execute(u"CREATE TABLE tc03 ([序号] LONG,[编号] TEXT(2),[图片] LONGBINARY,[备注] TEXT(50))"_s);
+        FieldMapping mapping;
+        for (const QString& field : {u"序号"_s, u"编号"_s, u"图片"_s, u"备注"_s}) mapping.push_back({field, field});
+        QCOMPARE(
+            transferToTable(u"tc01"_s, {u"5"_s, u"5"_s}, {window.source, u"tc03"_s, mapping}, true, [](int) {}).count(),
+            1);
+        QCOMPARE(columnOf(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, u"备注"_s), QStringList{u"图片5"_s});
         // One record chosen twice is moved once.
         QCOMPARE(window.transfer(u"tc01"_s, {u"3"_s, u"3"_s}, true).count(), 1);
         QVERIFY(window.transfer(u"tc01"_s, {u"4"_s, u"4"_s}, false).isEmpty());

@@ -1,11 +1,14 @@
 #include "intake/transfer_rules.h"
 
 #include "../support/disk_faults.h"
+#include "../support/failure_of.h"
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
 #include "intake/picture_export.h"
 #include "platform/base/error.h"
+
+#include <sys/stat.h>
 
 #include <QtTest/QtTest>
 
@@ -40,7 +43,7 @@ class TestTransferRules : public QObject {
     void defaultNames() {
         QCOMPARE(defaultPictureName(Variant(), 7), u"07.jpg"_s);
         QCOMPARE(defaultPictureName(QString(), 7), u"07.jpg"_s);
-        QCOMPARE(defaultPictureName(u" "_s, 7), u"7.jpg"_s);
+        for (const QString& blanks : {u" "_s, u"  \u3000"_s}) QCOMPARE(defaultPictureName(blanks, 7), u"07.jpg"_s);
         QCOMPARE(defaultPictureName(u" ab "_s, 12), u"ab12.jpg"_s);
         QCOMPARE(defaultPictureName(u"/a"_s, 3), u"_a3.jpg"_s);
     }
@@ -56,9 +59,12 @@ class TestTransferRules : public QObject {
         for (const auto& [typed, completed] : cases) QCOMPARE(completedPictureName(typed), completed);
     }
 
-    void namesThatLeadElsewhere() {
-        QVERIFY(isUsableFileName(u"图 1.jpg"_s));
-        for (const QString& name : {u".jpg"_s, u"a/b.jpg"_s, u"/b.jpg"_s}) QVERIFY(!isUsableFileName(name));
+    void namesThatStandForNoFile() {
+        for (const QString& name : {u"图 1.jpg"_s, u"a\\b.jpg"_s}) QCOMPARE(objectionToFileName(name), QString());
+        for (const QString& name : {u".jpg"_s, u" \u3000.jpg"_s, QString()})
+            QCOMPARE(objectionToFileName(name), u"请填写文件名！"_s);
+        for (const QString& name : {u"a/b.jpg"_s, u"/b.jpg"_s}) QVERIFY(objectionToFileName(name).contains(u"“/”"_s));
+        QVERIFY(!objectionToFileName(u"a\0b.jpg"_s).isEmpty());
     }
 
     void reasonsAreTold() {
@@ -112,20 +118,58 @@ class TestTransferRules : public QObject {
         }
     }
 
+    /// What is stored has zeros behind the bytes of the file that it came from.
+    void theSamePictureIsThereAlready() {
+        const SampleCatalogue catalogue;
+        const QByteArray picture = QByteArray(20000, 'x') + "end", zeros(7, '\0');
+        struct Case {
+            QByteArray stored, there;
+            Exported outcome;
+        };
+        const Case cases[]{{picture + zeros, picture, Exported::alreadyThere},
+                           {picture, picture + zeros, Exported::alreadyThere},
+                           {picture, picture, Exported::alreadyThere},
+                           {picture + zeros, picture + "!", Exported::nameTaken},
+                           {picture, picture.chopped(1), Exported::nameTaken},
+                           {picture, zeros + picture, Exported::nameTaken},
+                           {zeros, {}, Exported::nameTaken}};
+        QString path = catalogue.file(u"a.jpg"_s);
+        for (const auto& [storedBytes, there, outcome] : cases) {
+            Recordset record = recordWith(storedBytes);
+            QFile::remove(path);
+            writeBytes(path, there);
+            QCOMPARE(dctb(record, path), outcome);
+            PictureGroup group(catalogue.folder());
+            QCOMPARE(group.write(record, path), outcome);
+            QVERIFY(group.giveNames().empty());
+            QCOMPARE(bytesOf(path), there);
+        }
+    }
+
+    /// A move would delete the record for a link, and wait for ever at a pipe.
+    void whatIsNoFileIsNotThePicture() {
+        const SampleCatalogue catalogue;
+        Recordset record = recordWith("picture");
+        QString link = catalogue.file(u"link.jpg"_s), pipe = catalogue.file(u"pipe.jpg"_s);
+        writeBytes(catalogue.file(u"real"_s), "picture");
+        QVERIFY(QFile::link(catalogue.file(u"real"_s), link));
+        QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        for (QString* const path : {&link, &pipe}) QCOMPARE(dctb(record, *path), Exported::nameTaken);
+    }
+
     void aGroupHasItsNamesAtOnce() {
         const SampleCatalogue catalogue;
-        const auto files = [&] { return QDir(catalogue.folder()).entryList({u"*.jpg"_s, u"*.tmp"_s}); };
-        Recordset record = recordWith("picture");
+        const auto files = [&] { return QDir(catalogue.folder()).entryList({u"*.jpg"_s, u"ls*"_s}); };
         QString a = catalogue.file(u"a"_s), b = catalogue.file(u"b"_s);
         {
             PictureGroup group(catalogue.folder());
+            Recordset record = recordWith("picture");
             QCOMPARE(group.write(record, a), Exported::written);
             QCOMPARE(group.write(record, b), Exported::written);
-            QCOMPARE(group.write(record, a), Exported::nameTaken);
-            QCOMPARE(files(), (QStringList{u"ls.tmp"_s, u"ls1.tmp"_s}));
+            QCOMPARE(files(), QStringList());
             writeBytes(b, "mine");
-            const auto unnamed = group.giveNames();
-            QVERIFY(unnamed.size() == 1 && unnamed[0].name == b && unnamed[0].reason.isEmpty());
+            const auto failed = group.giveNames();
+            QVERIFY(failed.size() == 1 && failed[0].name == b && failed[0].reason.isEmpty());
             QCOMPARE(files(), (QStringList{u"a.jpg"_s, u"b.jpg"_s}));
             QCOMPARE(bytesOf(a) + bytesOf(b), QByteArray("picturemine"));
             QVERIFY(group.giveNames().empty());
@@ -133,9 +177,24 @@ class TestTransferRules : public QObject {
                 QString name = catalogue.file(QString::number(i));
                 QCOMPARE(group.write(record, name), Exported::written);
             }
-            QCOMPARE(files().size(), 66);
+            QCOMPARE(files().size(), 2);
         }
-        QCOMPARE(files().size(), 2);  // given up, it leaves nothing
+        QCOMPARE(QDir(catalogue.folder()).entryList({u"*.jpg"_s, u"*.part"_s}).size(),
+                 2);  // given up, it leaves nothing
+    }
+
+    void twoOfAGroupWithOneName() {
+        const SampleCatalogue catalogue;
+        QString name = catalogue.file(u"a.jpg"_s);
+        PictureGroup group(catalogue.folder());
+        for (const auto& [bytes, outcome] : {std::pair{"picture", Exported::written},
+                                             {"picture", Exported::alreadyThere},
+                                             {"another", Exported::nameTaken}}) {
+            Recordset record = recordWith(bytes);
+            QCOMPARE(group.write(record, name), outcome);
+        }
+        QVERIFY(group.giveNames().empty());
+        QCOMPARE(bytesOf(name), QByteArray("picture"));
     }
 
     void aBadNameCostsOnlyItsOwnFile() {
@@ -144,9 +203,9 @@ class TestTransferRules : public QObject {
         PictureGroup group(catalogue.folder());
         QString a = catalogue.file(u"a"_s), bad = catalogue.file(QString(300, u'b')), c = catalogue.file(u"c"_s);
         for (QString* const name : {&a, &bad, &c}) QCOMPARE(group.write(record, *name), Exported::written);
-        const auto unnamed = group.giveNames();
-        QVERIFY(unnamed.size() == 1 && unnamed[0].name == bad && unnamed[0].reason.contains(u"名称太长"_s));
-        QCOMPARE(QDir(catalogue.folder()).entryList({u"*.jpg"_s, u"*.tmp"_s}), (QStringList{u"a.jpg"_s, u"c.jpg"_s}));
+        const auto failed = group.giveNames();
+        QVERIFY(failed.size() == 1 && failed[0].name == bad && failed[0].reason.contains(u"名称太长"_s));
+        QCOMPARE(QDir(catalogue.folder()).entryList({u"*.jpg"_s, u"*.part"_s}), (QStringList{u"a.jpg"_s, u"c.jpg"_s}));
         QCOMPARE(bytesOf(c), QByteArray("picture"));
     }
 
@@ -162,7 +221,23 @@ class TestTransferRules : public QObject {
         }
         QString endless = catalogue.file(QString(300, u'a'));
         QVERIFY_THROWS_EXCEPTION(Error, dctb(record, endless));
-        QCOMPARE(QDir(catalogue.folder()).entryList({u"ls*"_s, u"a*"_s}), QStringList());
+        QCOMPARE(QDir(catalogue.folder()).entryList({u"*.part"_s, u"ls*"_s, u"a*"_s}), QStringList());
+    }
+
+    /// One reason for all files of a folder: a message has room for few.
+    void aFullDiskIsOneReason() {
+        const SampleCatalogue catalogue;
+        Recordset record = recordWith(QByteArray(100000, 'x'));
+        PictureGroup group(catalogue.folder());
+        QSet<QString> reasons;
+        const FullDisk full(50000);
+        for (const QString& name : {u"a.jpg"_s, u"b.jpg"_s})
+            reasons << failureOf([&] {
+                QString path = catalogue.file(name);
+                group.write(record, path);
+            });
+        QCOMPARE(reasons.size(), 1);
+        QVERIFY(reasons.begin()->contains(u'“' + catalogue.folder() + u'”'));
     }
 };
 

@@ -40,13 +40,25 @@ class TransferWindow : public DatabaseWindow {
         click(QStringLiteral("cmdQx"));
         click(QStringLiteral("cmdLr"));
     }
+    /// Types over what is selected, as a person or an input method does.
+    void typeName(const QString& name) const {
+        TextBox& txtWm = box(QStringLiteral("txtWm"));
+        QTRY_VERIFY(txtWm.hasFocus());
+        QInputMethodEvent typed;
+        typed.setCommitString(name);
+        QCoreApplication::sendEvent(&txtWm, &typed);
+    }
     void giveName(const QString& name) const {
-        box(QStringLiteral("txtWm")).setText(name);
+        typeName(name);
         click(QStringLiteral("cmdWm(0)"));
     }
+    void pressKey(Qt::Key key) const { QTest::keyClick(&box(QStringLiteral("txtWm")), key); }
 
     QStringList exported() const { return QDir(pictures.path()).entryList({QStringLiteral("*.jpg")}, QDir::Files); }
-    QStringList strayFiles() const { return QDir(pictures.path()).entryList({QStringLiteral("*.tmp")}, QDir::Files); }
+    /// Files that no one has asked for.
+    QStringList strayFiles() const {
+        return QDir(pictures.path()).entryList({QStringLiteral("*.tmp"), QStringLiteral("*.part")}, QDir::Files);
+    }
     bool pageFree() {
         answer = false;
         Q_EMIT tabs().mouseMovedAt(1500, 100);

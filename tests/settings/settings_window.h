@@ -23,6 +23,7 @@ class RecordingWindows : public Windows {
     void handOver(WindowKind, WindowKind to) override { handedTo = to; }
     void show(WindowKind) override {}
     void unload(WindowKind) override {}
+    void coloursChanged() override {}
     void showHelp(const QString& topic) override { topics << topic; }
     void endProgram() override { ended = true; }
 

@@ -92,6 +92,14 @@ class TestEditorTour : public QObject {
         QVERIFY(cell->height() > cell->width());
     }
 
+    // A session that was killed could not do it itself.
+    void theStartEmptiesTheSteps() {
+        const ProgramTour tour;
+        for (const QString& step : {u"01"_s, u"02"_s}) addRow(u"tccx"_s, {{u"编号"_s, step}});
+        tour.start();
+        QCOMPARE(mekTp::catalogue.OpenRecordset(u"tccx"_s).rowCount(), 0);
+    }
+
     void buttonPicturesBothWays() {
         ProgramTour tour;
         openPhotograph(tour);

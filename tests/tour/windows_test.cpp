@@ -65,6 +65,17 @@ class TestWindows : public QObject {
         QVERIFY(window(u"frmSz"_s) && !window(u"frmBz"_s) && !window(u"frmTp"_s));
     }
 
+    void theMainWindowWearsNewColoursAtOnce() {
+        const auto ground = [] { return window(u"frmTp"_s)->palette().color(QPalette::Window); };
+        const QColor before = ground();
+        tour_->trigger(u"frmTp"_s, u"mnuCs"_s);
+        QTest::keyClick(ProgramTour::find<QComboBox>(u"frmPs"_s, u"cboFa"_s), Qt::Key_End);
+        QCOMPARE(ground(), before);
+        click(u"frmPs"_s, u"cmdQd"_s);
+        QVERIFY(ground() != before);
+        QVERIFY(window(u"frmTp"_s) && !window(u"frmPs"_s));
+    }
+
     void aMinimisedWindowComesBack() {
         tour_->trigger(u"frmTp"_s, u"mnuGy"_s);
         QWidget* about = window(u"frmGy"_s);

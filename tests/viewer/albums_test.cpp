@@ -85,17 +85,57 @@ class TestAlbums : public QObject {
         QVERIFY(viewer.boxes.isEmpty());
     }
 
-    void albumsAreFoundByTheirPlace() {
+    void ofEqualTitlesTheFirstOpens() {
         const ViewerWindow viewer([] {
-            addAlbum(u"tc09"_s, u"旅行"_s, 3);  // bears the title and the number of albums before it
+            addAlbum(u"tc09"_s, u"旅行"_s, 3);  // bears the title of an album before it
             ViewerWindow::setSetting(u"当前像册"_s, u"09"_s);
         });
-        QCOMPARE(mekTp::currentTable, u"tc09"_s);
-        QVERIFY(viewer.menu(u"mnuCd(3)"_s)->isChecked());
-        viewer.openAlbum(1);
-        QCOMPARE(mekTp::currentTable, u"tc01"_s);
+        const auto verifyFirst = [&] {
+            QCOMPARE(mekTp::currentTable, u"tc01"_s);
+            QVERIFY(viewer.menu(u"mnuCd(1)"_s)->isChecked() && !viewer.menu(u"mnuCd(3)"_s)->isChecked());
+        };
+        verifyFirst();
+        viewer.openAlbum(2);
         viewer.openAlbum(3);
-        QCOMPARE(mekTp::currentTable, u"tc09"_s);
+        verifyFirst();
+        QCOMPARE(viewer.panel(2), u"旅行(tc01) 共 10 张"_s);
+        QVERIFY(viewer.find<QMenu>(u"mnuDk"_s)->toolTipsVisible());
+        QCOMPARE(viewer.menu(u"mnuCd(1)"_s)->toolTip(), u"tc01"_s);
+        QVERIFY(viewer.menu(u"mnuCd(3)"_s)->toolTip().startsWith(u"tc09"_s));
+    }
+
+    // The page of the album before is out of sight, in the full view as well.
+    void openingDrawsTheCurtain() {
+        for (const bool isViewing : {false, true}) {
+            const OpenPage viewer(2);
+            if (isViewing) viewer.openPicture(3);
+            viewer.openAlbum(0);
+            QVERIFY(viewer.shows(u"pic0"_s) && !viewer.shows(u"txtB0"_s));
+            QCOMPARE(viewer.image(u"img0"_s)->size(), viewer.find(u"pic0"_s)->size());
+            QCOMPARE(viewer.image(u"img0"_s)->picture().pixels(), QSize(64, 48));  // one of the curtains
+            for (const QString& key : {u"ty"_s, u"sy"_s, u"xy"_s, u"hy"_s}) QVERIFY(viewer.key(key)->isEnabled());
+            viewer.click(u"img0"_s);
+            QVERIFY(!viewer.shows(u"pic0"_s));
+            QCOMPARE(viewer.pictureIn(2), 3);
+            QVERIFY(viewer.isEmptyCell(3));
+        }
+    }
+
+    void aClickOnTheCoverDrawsThePage() {
+        const ViewerWindow viewer;
+        viewer.openAlbum(1);
+        viewer.click(u"img0"_s);
+        QVERIFY(!viewer.shows(u"pic0"_s));
+        QCOMPARE(viewer.pictureIn(0), 1);
+        QCOMPARE(viewer.text(u"txtYh"_s), u"1"_s);
+        QCOMPARE(viewer.panel(3), u"全部 第 1 张"_s);
+        viewer.press(u"dk"_s);  // no album any more
+        viewer.click(u"img0"_s);
+        QVERIFY(viewer.shows(u"pic0"_s));
+        viewer.openAlbum(1);
+        QTest::keyClick(viewer.window->centralWidget(), Qt::Key_Return);
+        QVERIFY(!viewer.shows(u"pic0"_s));
+        QVERIFY(viewer.boxes.isEmpty());
     }
 
     void moreAlbumsThanAMenuUsedToHold() {
@@ -104,6 +144,13 @@ class TestAlbums : public QObject {
         });
         viewer.openAlbum(29);
         QCOMPARE(viewer.panel(2), u"第29册(tc29) 共 0 张"_s);
+    }
+
+    void emptiedMenuOpensThePresetAlbum() {
+        const ViewerWindow viewer([] { mekTp::catalogue.Execute(u"DELETE FROM [tcbm]"_s); });
+        QCOMPARE(viewer.panel(2), u"演示(tc00) 共 3 张"_s);
+        QCOMPARE(viewer.menu(u"mnuCd(0)"_s)->text(), u"演示"_s);
+        QVERIFY(viewer.menu(u"mnuCd(0)"_s)->isChecked() && viewer.boxes.isEmpty());
     }
 
     void emptyAlbumStaysInert() {
@@ -126,6 +173,7 @@ class TestAlbums : public QObject {
         viewer.openAlbum(2);
         QCOMPARE(viewer.boxes.size(), 1);
         QVERIFY(viewer.boxes[0].startsWith(u"错误提示|"_s) && viewer.boxes[0].contains(u"tc02"_s));
+        verifyClosed(viewer);
         viewer.press(u"ty"_s);
         for (int cell = 0; cell < 4; ++cell) QVERIFY(viewer.isEmptyCell(cell));
         viewer.press(u"xy"_s);
@@ -218,21 +266,25 @@ class TestAlbums : public QObject {
         const auto* upper = viewer.find<LineBox>(u"linS"_s);
         const auto* lower = viewer.find<LineBox>(u"linX"_s);
         auto* second = viewer.image(u"imgAn(1)"_s);
-        Q_EMIT second->mouseMoved();
-        QVERIFY(upper->isVisible());
+        const auto moveTo = [](QWidget* control) {
+            QTest::mouseMove(control, QPoint(3, 3));
+            QTest::mouseMove(control);
+        };
+        moveTo(second);
+        QTRY_VERIFY(upper->isVisible());
         QCOMPARE(upper->y1(), topOf(second) - 30);
         QCOMPARE(lower->y1(), topOf(second) + 1245);
-        Q_EMIT second->mousePressed();
+        QTest::mousePress(second, Qt::LeftButton);
         QCOMPARE(upper->color(), QColor(0x80, 0x80, 0x80));
-        Q_EMIT second->mouseReleased();
+        QTest::mouseRelease(second, Qt::LeftButton);
         QCOMPARE(upper->color(), QColor(Qt::white));
 
         // The sixth button answers as the upper corner does, which has nothing before it.
-        Q_EMIT viewer.image(u"imgAn(5)"_s)->mouseMoved();
-        QCOMPARE(upper->y1(), topOf(viewer.image(u"imgSy"_s)) - 30);
+        moveTo(viewer.image(u"imgAn(5)"_s));
+        QTRY_COMPARE(upper->y1(), topOf(viewer.image(u"imgSy"_s)) - 30);
         QVERIFY(!upper->isVisible());
-        Q_EMIT viewer.image(u"imgXy"_s)->mouseMoved();
-        QCOMPARE(lower->y1(), topOf(viewer.image(u"imgXy"_s)) + 255);
+        moveTo(viewer.image(u"imgXy"_s));
+        QTRY_COMPARE(lower->y1(), topOf(viewer.image(u"imgXy"_s)) + 255);
         QTest::mouseMove(viewer.window->centralWidget(), QPoint(4, 200));
         QTRY_VERIFY(!upper->isVisible());
     }

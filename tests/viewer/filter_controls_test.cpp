@@ -9,12 +9,12 @@ struct FilteredPage : OpenPage {
     void chooseNumbers(const QString& choice, const QString& number) const {
         click(u"txtXh"_s);
         chooseLine(choice);
-        QTest::keyClicks(box(u"txtXx"_s), number);
+        type(u"txtXx"_s, number);
     }
-    void chooseDate(int operatorIndex, const QString& digits) const {
+    void chooseDate(int operatorIndex, const QString& keys) const {
         press(u"rq"_s);
         click(element(u"optRq"_s, operatorIndex));
-        QTest::keyClicks(box(u"txtR1"_s), digits);
+        type(u"txtR1"_s, keys);
     }
 };
 
@@ -49,9 +49,17 @@ class TestFilterControls : public QObject {
         QCOMPARE(viewer.panel(3), u" 序号< 4 共3张 共1页"_s);
         viewer.chooseNumbers(u"序号任意"_s, {});
         QVERIFY(!viewer.shows(u"txtXx"_s));
-        QCOMPARE(viewer.panel(3), u"全部 共3张 共1页"_s);
+        QCOMPARE(viewer.panel(3), u"全部（待重新选择） 共3张 共1页"_s);
+        viewer.press(u"ty"_s);
+        QCOMPARE(viewer.panel(3), u"全部（待重新选择） 共3张 共1页 第 4 张"_s);
         viewer.chooseButton(0);
         QCOMPARE(viewer.panel(3), u"全部 共10张 共3页 第 1 张"_s);
+
+        // With a code the pictures are chosen anew at once.
+        viewer.chooseButton(1);
+        viewer.chooseNumbers(u"序号<"_s, u"4"_s);
+        viewer.chooseNumbers(u"序号任意"_s, {});
+        QCOMPARE(viewer.panel(3), u"全部 共5张 共2页"_s);
     }
 
     void byDate() {
@@ -78,7 +86,18 @@ class TestFilterControls : public QObject {
         for (const auto& [keys, text] : {std::pair(u"031001"_s, u"2003-10-01"_s),
                                          {u"851231"_s, u"1985-12-31"_s},
                                          {u"20150704"_s, u"2015-07-04"_s},
-                                         {u"0351"_s, u"2003-5-1"_s}}) {
+                                         {u"0351"_s, u"2003-5-1"_s},
+                                         {u"0351231"_s, u"2003-5-1231"_s},
+                                         // Separators where the help has put some already.
+                                         {u"2003-10-01"_s, u"2003-10-01"_s},
+                                         {u"2003-5-12"_s, u"2003-5-12"_s},
+                                         {u"2003/1/5"_s, u"2003-1-5"_s},
+                                         {u"03.10.01"_s, u"2003-10-01"_s},
+                                         {u"12-5-6"_s, u"2012-5-6"_s},
+                                         {u"12年5月6"_s, u"2012-5-6"_s},
+                                         {u"2003年10月1"_s, u"2003-10-1"_s},
+                                         {u"２００３－１０－０１"_s, u"2003-10-01"_s},
+                                         {u"２００３。５。１"_s, u"2003-5-1"_s}}) {
             const FilteredPage viewer;
             viewer.chooseDate(2, keys);
             QCOMPARE(viewer.text(u"txtR1"_s), text);
@@ -89,10 +108,44 @@ class TestFilterControls : public QObject {
         const FilteredPage viewer;
         viewer.chooseDate(2, u"03"_s);
         auto* date = viewer.box(u"txtR1"_s);
-        date->setCursorPosition(6);
+        QTest::keyClick(date, Qt::Key_End);
         QTest::keyClick(date, Qt::Key_Backspace);
         QTest::keyClick(date, Qt::Key_Backspace);
         QCOMPARE(date->text(), u"2003"_s);
+        viewer.type(u"txtR1"_s, u"-10-01"_s);
+        QCOMPARE(date->text(), u"2003-10-01"_s);
+    }
+
+    void pastedDates() {
+        for (const auto& [text, line] : {std::pair(u"2003-10-04"_s, u"日期等于2003-10-04"_s),
+                                         {u"2003/10/4"_s, u"日期等于2003/10/4"_s},
+                                         {u"2003年10月04日 12:00:00"_s, u"日期等于2003-10-04"_s},
+                                         {u"20031004"_s, u"日期等于2003-10-04"_s},
+                                         {u"03-10-04"_s, u"日期等于2003-10-04"_s},
+                                         {u"２００３．１０．４"_s, u"日期等于2003-10-04"_s}}) {
+            const FilteredPage viewer;
+            viewer.chooseDate(2, {});
+            viewer.paste(u"txtR1"_s, text);
+            viewer.click(u"cmdRq"_s);
+            QCOMPARE(viewer.panel(3), line + u" 共1张 共1页 第 4 张"_s);
+            QCOMPARE(viewer.pictureIn(0), 9);
+        }
+    }
+
+    void whatIsNoDateIsRefused() {
+        for (const QString& keys : {u"x"_s, u"2003"_s, u"20030229"_s}) {
+            const FilteredPage viewer;
+            viewer.chooseDate(2, keys);
+            const QString typed = viewer.text(u"txtR1"_s);
+            viewer.enter(u"txtR1"_s);
+            QCOMPARE(viewer.boxes.size(), 1);
+            QVERIFY(viewer.boxes[0].contains(u'“' + typed + u'”') && viewer.boxes[0].contains(u"20031001"_s));
+            QVERIFY(viewer.shows(u"picRq"_s) && viewer.box(u"txtR1"_s)->hasFocus());
+            QCOMPARE(viewer.text(u"txtR1"_s), typed);
+            viewer.click(u"cmdRx"_s);
+            viewer.chooseColumns(3);
+            QCOMPARE(viewer.panel(3), u"全部 共10张 共2页"_s);
+        }
     }
 
     void droppingTheDate() {
@@ -103,13 +156,10 @@ class TestFilterControls : public QObject {
         viewer.press(u"rq"_s);
         viewer.click(u"cmdRy"_s);
         QVERIFY(!viewer.shows(u"picRq"_s));
-        QCOMPARE(viewer.panel(3), u"全部 共2张 共1页"_s);  // the selection stays until a button is clicked
+        // The selection stays until a button is clicked.
+        QCOMPARE(viewer.panel(3), u"全部（待重新选择） 共2张 共1页"_s);
         viewer.chooseButton(0);
         QCOMPARE(viewer.panel(2), u"旅行(tc01)[全部] 共 10 张"_s);
-
-        viewer.chooseDate(2, u"x"_s);  // no date keeps the selection
-        viewer.click(u"cmdRq"_s);
-        QCOMPARE(viewer.panel(3), u"日期等于x 共10张 共3页 第 4 张"_s);
         QVERIFY(viewer.boxes.isEmpty());
     }
 
@@ -127,6 +177,28 @@ class TestFilterControls : public QObject {
         QTest::keyClick(viewer.window->centralWidget(), Qt::Key_Escape);
         QVERIFY(!viewer.shows(u"picRq"_s));
         QCOMPARE(viewer.panel(3), u"全部 共10张 共3页 第 1 张"_s);
+    }
+
+    // What the dialog shows is no condition before it is confirmed.
+    void cancelLeavesNoTraceInTheLine() {
+        const FilteredPage viewer;
+        viewer.chooseDate(1, u"031001"_s);
+        viewer.click(u"cmdRq"_s);
+        for (const QString& leave : {u"cmdRx"_s, u"cmdS0"_s, QString()}) {
+            viewer.chooseDate(0, u"030927"_s);
+            if (leave.isEmpty())
+                QTest::keyClick(viewer.window->focusWidget(), Qt::Key_Escape);
+            else
+                viewer.click(leave);
+            viewer.chooseColumns(3);
+            QCOMPARE(viewer.panel(3), u"日期晚于2003-10-01 共4张 共1页"_s);
+            viewer.chooseColumns(2);
+        }
+        viewer.press(u"rq"_s);
+        for (int i = 0; i < 3; ++i) QVERIFY(!viewer.find<QRadioButton>(element(u"optRq"_s, i))->isChecked());
+        QVERIFY(viewer.box(u"txtR1"_s)->isLocked());
+        viewer.chooseColumns(3);
+        QCOMPARE(viewer.panel(3), u"日期晚于2003-10-01 共4张 共1页"_s);
     }
 
     void dialogIsDragged() {
@@ -165,6 +237,10 @@ class TestFilterControls : public QObject {
         viewer.click(u"txtXh"_s);
         QVERIFY(list->isVisible());
         viewer.click(u"imgXs(0)"_s);
+        QVERIFY(!list->isVisible());
+        viewer.click(u"txtXh"_s);
+        QVERIFY(list->isVisible());
+        viewer.chooseButton(0);
         QVERIFY(!list->isVisible());
         viewer.click(u"txtXh"_s);
         QTest::mouseMove(viewer.window->centralWidget(), QPoint(4, 300));

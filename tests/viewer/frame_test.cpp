@@ -72,7 +72,7 @@ class TestFrame : public QObject {
         QCOMPARE(viewer.window->geometry(), screen);
         auto* fullScreen = viewer.find<QCheckBox>(u"chkBq(1)"_s);
         QVERIFY(fullScreen->isChecked());
-        fullScreen->setChecked(false);
+        viewer.click(u"chkBq(1)"_s);
         QCOMPARE(ViewerWindow::setting(u"全屏显示"_s), Variant(false));
         QVERIFY(!viewer.window->isFullScreen());
         const QSize free = viewer.window->screen()->availableSize();
@@ -81,9 +81,59 @@ class TestFrame : public QObject {
         QCOMPARE(viewer.window->geometry(), QRect(screen.topLeft() + QPoint((screen.width() - windowed.width()) / 2,
                                                                             (screen.height() - windowed.height()) / 2),
                                                   windowed));
-        fullScreen->setChecked(true);
+        viewer.click(u"chkBq(1)"_s);
         QCOMPARE(ViewerWindow::setting(u"全屏显示"_s), Variant(true));
         QCOMPARE(viewer.window->geometry(), screen);
+    }
+
+    void longTitlesShowTheirBeginning() {
+        const QString title = u"一二三四五六七八九十一二三四五六七八九十一二三四五六七八九十"_s;
+        const ViewerWindow viewer([&] { ViewerWindow::setSetting(u"像册标题"_s, title.left(20)); });
+        viewer.window->resize(800, 600);
+        const auto shown = [&] { return viewer.find(u"txtWd"_s)->grab().toImage(); };
+        viewer.box(u"txtWd"_s)->setText(u' ' + title);
+        QCOMPARE(viewer.box(u"txtWd"_s)->cursorPosition(), 0);
+        const QImage beginning = shown();
+        viewer.box(u"txtWd"_s)->setText(u' ' + title.left(20) + u"甲乙丙丁戊己庚辛壬癸"_s);
+        QCOMPARE(shown(), beginning);
+    }
+
+    // The line of a long album takes the room that the page line leaves, and its title makes way for the count.
+    void albumLineKeepsItsCount() {
+        const ViewerWindow viewer([] {
+            changeRow(u"SELECT * FROM tcbm WHERE 表名 = 'tc01'"_s, {{u"标题"_s, QString(16, u'长')}});
+        });
+        viewer.window->setMinimumSize(0, 0);
+        viewer.openAlbum(1);
+        const auto* line = viewer.find<QLabel>(u"sta1:2"_s);
+        const auto* page = viewer.find<QLabel>(u"sta1:3"_s);
+        QCOMPARE(line->text(), QString(16, u'长') + u"(tc01) 共 10 张"_s);
+        const auto isWhole = [](const QLabel* label) {
+            return label->fontMetrics().horizontalAdvance(label->text()) <= label->contentsRect().width();
+        };
+        QVERIFY(isWhole(line));
+        QCOMPARE(line->toolTip(), QString());
+        viewer.window->resize(800, 560);
+        viewer.chooseButton(1);
+        QVERIFY(isWhole(page));
+        while (isWhole(line)) viewer.window->resize(viewer.window->width() - 10, 560);
+        QCOMPARE(line->toolTip(), line->text());
+    }
+
+    void coloursAreChangedInTheStandingWindow() {
+        const ViewerWindow viewer([] {
+            changeRow(u"SELECT * FROM tcys WHERE 序号 = '4'"_s, {{u"窗体"_s, u"&H00302010&"_s}});
+        });
+        const auto ground = [&] { return viewer.find(u"pic1"_s)->palette().color(QPalette::Window); };
+        const auto icon = [&] { return viewer.key(u"bj"_s)->icon().pixmap(24).toImage(); };
+        const QImage light = icon();
+        ViewerWindow::setSetting(u"颜色"_s, u"4"_s);
+        viewer.window->applyColours();
+        QCOMPARE(ground(), QColor(0x10, 0x20, 0x30));
+        ViewerWindow::setSetting(u"颜色"_s, u"3"_s);
+        viewer.window->applyColours();
+        QCOMPARE(ground(), QColor(0xff, 0xf0, 0xc3));
+        QCOMPARE(icon(), light);
     }
 
     void resizeFollowsTheRules() {

@@ -1,3 +1,5 @@
+#include "platform/desktop/access.h"
+#include "viewer/cell_box.h"
 #include "viewer_window.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -41,7 +43,17 @@ class TestPaging : public QObject {
         QCOMPARE(viewer.pictureIn(3), 10);
         QCOMPARE(viewer.text(u"txtYh"_s), u"3"_s);
         viewer.press(u"xs"_s);
-        QCOMPARE(viewer.text(u"txtYh"_s), u"2.5"_s);
+        QCOMPARE(viewer.text(u"txtYh"_s), u"3"_s);
+        // Only a number that a person has typed leads anywhere else.
+        viewer.click(u"txtYh"_s);
+        viewer.enter(u"txtYh"_s);
+        QCOMPARE(viewer.pictureIn(0), 7);
+        QCOMPARE(viewer.text(u"txtYh"_s), u"3"_s);
+        QTest::keyClick(viewer.box(u"txtYh"_s), Qt::Key_A, Qt::ControlModifier);
+        viewer.type(u"txtYh"_s, u"3"_s);
+        viewer.enter(u"txtYh"_s);
+        QCOMPARE(viewer.pictureIn(0), 9);
+        viewer.press(u"hy"_s);
         viewer.press(u"ty"_s);
         QCOMPARE(viewer.pictureIn(0), 1);
         viewer.menu(u"mnuXs"_s)->trigger();
@@ -123,10 +135,66 @@ class TestPaging : public QObject {
         QCOMPARE(viewer.find(u"shpXs(0)"_s)->geometry().topLeft(), QPoint(3, 3));
     }
 
+    // However a page was drawn, a window of another size draws it again.
+    void aDrawnPageFollowsTheWindow() {
+        for (const QString& key : {u"ty"_s, u"xs"_s, u"hy"_s, u"Enter"_s}) {
+            const ViewerWindow viewer;
+            viewer.openAlbum(1);
+            viewer.chooseColumns(2);
+            if (key == u"Enter")
+                viewer.enter(u"txtLs"_s);
+            else
+                viewer.press(key);
+            const int first = viewer.pictureIn(0);
+            const int before = viewer.find(u"imgXs(0)"_s)->width();
+            viewer.window->resize(1100, 800);
+            QVERIFY(viewer.find(u"imgXs(0)"_s)->width() > before);
+            QVERIFY(!viewer.shows(u"pic0"_s));
+            QCOMPARE(viewer.pictureIn(0), first);
+        }
+        const ViewerWindow fresh;
+        fresh.openAlbum(1);
+        fresh.window->resize(1100, 800);
+        QVERIFY(fresh.shows(u"pic0"_s));
+    }
+
+    void longCaptionsAreCutAndToldByTheirToolTip() {
+        const OpenPage viewer(2);
+        const QString note = QString(50, u'长');
+        changeRow(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, {{u"备注"_s, note}});
+        viewer.click(u"chkBq(0)"_s);
+        viewer.press(u"ty"_s);
+        auto* cut = viewer.find<CaptionBox>(u"txtBq(1)"_s);
+        QVERIFY(cut->text().endsWith(note));
+        QCOMPARE(cut->toolTip(), cut->text());
+        QCOMPARE(cut->height(), pixelsFromTwips(450));
+        QCOMPARE(viewer.find<CaptionBox>(u"txtBq(0)"_s)->toolTip(), QString());
+
+        // The beginning is what is seen, whatever stands behind it.
+        const auto beginning = [&] { return cut->grab().toImage().copy(0, 0, cut->width(), cut->height() / 2 - 2); };
+        const QImage shown = beginning();
+        changeRow(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, {{u"备注"_s, QString(30, u'长')}});
+        viewer.press(u"ty"_s);
+        QCOMPARE(beginning(), shown);
+    }
+
+    void thumbnailsAreCalledByTheirData() {
+        Access access;
+        qApp->installEventFilter(&access);
+        const OpenPage viewer(2);
+        for (int i = 0; i < 3; ++i) {
+            for (int cell = 0; cell < 4; ++cell) {
+                const ImageBox* picture = viewer.image(element(u"imgXs"_s, cell));
+                QCOMPARE(picture->accessibleName(), picture->tag());
+            }
+            viewer.click(u"chkBq(0)"_s);
+            viewer.press(i == 0 ? u"xs"_s : u"ty"_s);
+        }
+    }
+
     void captions() {
         const OpenPage viewer(2);
-        auto* captions = viewer.find<QCheckBox>(u"chkBq(0)"_s);
-        captions->setChecked(true);
+        viewer.click(u"chkBq(0)"_s);
         QCOMPARE(ViewerWindow::setting(u"显示标签"_s), Variant(true));
         QVERIFY(!viewer.shows(u"txtBq(0)"_s));  // they follow at the next draw
         viewer.press(u"xs"_s);
@@ -144,13 +212,30 @@ class TestPaging : public QObject {
         QVERIFY(viewer.image(u"imgXs(1)"_s)->toolTip().startsWith(u"序号：2 "_s));
     }
 
-    void damagedRecordsLeaveEmptyCells() {
+    // Bytes that are no picture never show another record's; only a record without any keeps what stands there.
+    void damagedRecordsLeaveEmptyCellsWithASign() {
         const OpenPage viewer(2);
-        changeRow(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, {{u"规格"_s, u""_s}, {u"图片"_s, QByteArray("no picture")}});
-        viewer.press(u"ty"_s);
-        QVERIFY(viewer.image(u"imgXs(1)"_s)->picture().isNull());
+        for (const int number : {5, 6})
+            changeRow(u"SELECT * FROM tc01 WHERE 序号 = %1"_s.arg(number),
+                      {{u"规格"_s, u""_s}, {u"图片"_s, QByteArray("no picture")}});
+        changeRow(u"SELECT * FROM tc01 WHERE 序号 = 7"_s, {{u"图片"_s, {}}});
+        viewer.press(u"xy"_s);
+        for (const int cell : {0, 1}) {
+            const auto* box = viewer.find<CellBox>(element(u"imgXs"_s, cell));
+            QVERIFY(box->picture().isNull() && box->hasSign());
+            QCOMPARE(viewer.pictureIn(cell), 5 + cell);
+            QVERIFY(!box->accessibleDescription().isEmpty());
+        }
         QCOMPARE(viewer.find(u"imgXs(1)"_s)->size(), viewer.find(u"imgXs(0)"_s)->size());
-        QCOMPARE(viewer.pictureIn(1), 2);
+        auto* without = viewer.find<CellBox>(u"imgXs(2)"_s);
+        QVERIFY(without->picture().isNull() && !without->hasSign());
+        const QImage empty = without->grab().toImage();
+        QVERIFY(viewer.find(u"imgXs(1)"_s)->grab(QRect(QPoint(), empty.size())).toImage() != empty);
+        viewer.press(u"sy"_s);
+        for (const int cell : {0, 1}) {
+            const auto* box = viewer.find<CellBox>(element(u"imgXs"_s, cell));
+            QVERIFY(!box->picture().isNull() && !box->hasSign());
+        }
         QVERIFY(viewer.boxes.isEmpty());
     }
 
@@ -158,13 +243,27 @@ class TestPaging : public QObject {
     void recordWithoutPictureKeepsTheOneBefore() {
         const OpenPage viewer(1);
         changeRow(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, {{u"图片"_s, {}}});
-        const auto* cell = viewer.image(u"imgXs(0)"_s);
+        changeRow(u"SELECT * FROM tc01 WHERE 序号 = 3"_s, {{u"图片"_s, QByteArray("no picture")}});
+        const auto* cell = viewer.find<CellBox>(u"imgXs(0)"_s);
         const QColor before = cell->picture().image().pixelColor(5, 5);
         viewer.press(u"xy"_s);
         QCOMPARE(viewer.pictureIn(0), 2);
         QCOMPARE(cell->picture().image().pixelColor(5, 5), before);
         viewer.press(u"xy"_s);
-        QVERIFY(cell->picture().image().pixelColor(5, 5) != before);
+        QVERIFY(cell->picture().isNull() && cell->hasSign());
+        viewer.press(u"sy"_s);
+        QVERIFY(cell->picture().isNull() && !cell->hasSign());
+        viewer.press(u"ty"_s);
+        QCOMPARE(cell->picture().image().pixelColor(5, 5), before);
+    }
+
+    void theThinnestPicturesAreSeen() {
+        const OpenPage viewer(6);
+        changeRow(u"tc01"_s, {{u"规格"_s, u"3000 * 1"_s}, {u"图片"_s, pictureBytes({3000, 1}, Qt::red)}});
+        viewer.press(u"ty"_s);
+        const ImageBox* cell = viewer.image(u"imgXs(0)"_s);
+        QCOMPARE(cell->height(), 1);
+        QTRY_VERIFY(!cell->picture().isNull());
     }
 
     // On a wide window a page is higher than its place: the wheel reaches the rest.

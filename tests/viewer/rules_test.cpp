@@ -1,4 +1,5 @@
 #include "../support/run_all.h"
+#include "viewer/album_opening.h"
 #include "viewer/clock.h"
 #include "viewer/drop_list.h"
 #include "viewer/filters.h"
@@ -43,6 +44,8 @@ class TestViewerRules : public QObject {
             {{100, 100}, false, {7400, 7400}},   //
             {{100, 100}, true, {1500, 1500}},    //
             {{32767, 100}, false, {9870, 30}},   // longest side
+            {{3000, 1}, false, {9870, 15}},      // a pixel of the thinnest ones is left
+            {{1, 3000}, true, {15, 7400}},       //
         };
         for (const auto& [pixels, original, fitted] : rows) QCOMPARE(fittedSize(pixels, 9870, 7400, original), fitted);
     }
@@ -63,6 +66,8 @@ class TestViewerRules : public QObject {
         const std::pair<QString, int> typed[] = {{u"1列"_s, 1}, {u"6列"_s, 6}, {u"7列"_s, 6}, {u""_s, 0},
                                                  {u"列"_s, 0},  {u"0列"_s, 0}, {u"-2"_s, 0}};
         for (const auto& [text, columns] : typed) QCOMPARE(columnsFromText(text), columns);
+        for (const auto& [page, text] : {std::pair(2.5, u"3"_s), {3.0, u"3"_s}, {10 / 9.0, u"2"_s}, {-0.5, u"0"_s}})
+            QCOMPARE(pageText(page), text);
         QCOMPARE(firstIndexOfPage(3, 4), 8);
         QCOMPARE(firstIndexOfPage(2.5, 4), 6);
         QCOMPARE(firstIndexOfPage(1e15, 36), 1'000'000'000);
@@ -154,30 +159,82 @@ class TestViewerRules : public QObject {
     void pageLine() {
         const QString day = u"2003-10-01"_s;
         const QString date = dateConditionFor(1, day);
-        QCOMPARE(pageStatus({date, 1, day, u"序号 > 5"_s}, 3, 1), u"日期晚于2003-10-01 序号> 5 共3张 共1页"_s);
-        QCOMPARE(pageStatus({date, 0, day, {}}, 0, 0), u"日期早于2003-10-01 共0张 共0页"_s);
-        QCOMPARE(pageStatus({{}, 0, day, u"序号 = 7"_s}, 1, 1), u" 序号= 7 共1张 共1页"_s);
-        QCOMPARE(pageStatus({{}, 0, {}, {}}, 10, 3), u"全部 共10张 共3页"_s);
+        QCOMPARE(pageStatus({date, 1, day, u"序号 > 5"_s, true}, 3, 1), u"日期晚于2003-10-01 序号> 5 共3张 共1页"_s);
+        QCOMPARE(pageStatus({date, 0, day, {}, true}, 0, 0), u"日期早于2003-10-01 共0张 共0页"_s);
+        QCOMPARE(pageStatus({{}, 0, day, u"序号 = 7"_s, true}, 1, 1), u" 序号= 7 共1张 共1页"_s);
+        QCOMPARE(pageStatus({{}, 0, {}, {}, false}, 10, 3), u"全部 共10张 共3页"_s);
+        QCOMPARE(pageStatus({{}, 0, {}, {}, true}, 3, 1), u"全部（待重新选择） 共3张 共1页"_s);
     }
 
     void typedDates() {
-        const std::tuple<QString, QString, int> rows[] = {
-            {u"03"_s, u"2003--"_s, 5},
-            {u"85"_s, u"1985--"_s, 5},
-            {u"10"_s, u"10"_s, -1},  // may be the beginning of a year
-            {u"20"_s, u"20"_s, -1},  // may be, too
-            {u"21"_s, u"1921--"_s, 5},
-            {u"2015"_s, u"2015--"_s, 5},
-            {u"2003-1-"_s, u"2003-1-"_s, -1},
-            {u"2003-5-"_s, u"2003-5-"_s, 8},
-            {u"2003-10-"_s, u"2003-10-"_s, 8},
-            {u"2003-10-01"_s, u"2003-10-01"_s, -1},
+        const std::tuple<TypedDate, int, TypedDate> rows[] = {
+            {{u"03"_s, 2}, 1, {u"2003--"_s, 5}},
+            {{u"85"_s, 2}, 1, {u"1985--"_s, 5}},
+            {{u"10"_s, 2}, 1, {u"10"_s, 2}},  // may be the beginning of a year
+            {{u"20"_s, 2}, 1, {u"20"_s, 2}},  // may be, too
+            {{u"21"_s, 2}, 1, {u"1921--"_s, 5}},
+            {{u"10-"_s, 3}, 1, {u"2010--"_s, 5}},  // is none
+            {{u"2015"_s, 4}, 1, {u"2015--"_s, 5}},
+            {{u"x3"_s, 2}, 1, {u"x3"_s, 2}},
+            {{u"10-5"_s, 4}, 4, {u"10-5"_s, 4}},
+            {{u"2003---"_s, 6}, 1, {u"2003--"_s, 5}},
+            {{u"2003-1-"_s, 6}, 1, {u"2003-1-"_s, 6}},
+            {{u"2003-1--"_s, 7}, 1, {u"2003-1-"_s, 7}},
+            {{u"2003-5-"_s, 6}, 1, {u"2003-5-"_s, 7}},
+            {{u"2003-5--"_s, 8}, 1, {u"2003-5-"_s, 7}},
+            {{u"2003-5-12"_s, 9}, 1, {u"2003-5-12"_s, 9}},  // what was typed last stays in front of the caret
+            {{u"2003-10-"_s, 7}, 1, {u"2003-10-"_s, 8}},
+            {{u"2003-10--"_s, 9}, 1, {u"2003-10-"_s, 8}},
+            {{u"2003-10-01"_s, 10}, 1, {u"2003-10-01"_s, 10}},
+            {{u"2003年10月1日"_s, 10}, 10, {u"2003年10月1日"_s, 10}},
         };
-        for (const auto& [typed, text, caret] : rows) {
-            const TypedDate helped = helpTypedDate(typed);
-            QCOMPARE(helped.text, text);
-            QCOMPARE(helped.caret, caret);
+        for (const auto& [typed, grown, expected] : rows) {
+            const TypedDate helped = helpTypedDate(typed, grown);
+            QCOMPARE(helped.text, expected.text);
+            QVERIFY2(helped.caret == expected.caret, qPrintable(typed.text + u' ' + QString::number(helped.caret)));
         }
+    }
+
+    void datesOfConditions() {
+        for (const auto& [typed, date] : {std::pair(u"2003-5-1"_s, u"2003-5-1"_s),
+                                          {u" 2003年5月1日 "_s, u"2003年5月1日"_s},
+                                          {u"030501"_s, u"2003-05-01"_s},
+                                          {u"2003.5.1"_s, u"2003-05-01"_s},
+                                          {u"2003-05-01 12:30"_s, u"2003-05-01"_s}})
+            QCOMPARE(dateForCondition(typed), date);
+        QVERIFY(!dateForCondition(u"2003-13-01"_s));
+    }
+
+    void linesAreCutBeforeTheirCounts() {
+        const QFontMetrics metrics{QFont()};
+        const QString title = u"很长很长很长很长的标题"_s, rest = u"(tc01)[风景] 共 182 张"_s;
+        const int whole = metrics.horizontalAdvance(title + rest);
+        QCOMPARE(cutLine(title + rest, title.size(), whole, metrics), title + rest);
+        for (int width = whole - 1; width > metrics.horizontalAdvance(u"… 共 182 张"_s); width -= 7) {
+            const QString cut = cutLine(title + rest, title.size(), width, metrics);
+            QVERIFY2(cut.contains(u'…') && cut.endsWith(u" 共 182 张"), qPrintable(cut));
+            QVERIFY(metrics.horizontalAdvance(cut) <= width);
+        }
+    }
+
+    void panelsShareTheirRoom() {
+        // Enough for all, a long album line, a long title too, no room to spare.
+        const std::tuple<PanelWidths, int, PanelWidths> rows[] = {
+            {{1200, 2000, 3000}, 7450, {1200, 2600, 7450}}, {{1200, 4000, 3000}, 7450, {1200, 4000, 6050}},
+            {{2100, 9000, 3000}, 7450, {1800, 6450, 3000}}, {{2100, 3000, 3000}, 7450, {2100, 3000, 6150}},
+            {{2100, 9000, 8000}, 7450, {1800, 2000, 7450}},
+        };
+        for (const auto& [asked, message, shared] : rows) {
+            const PanelWidths widths = sharedWidths(asked, message);
+            QVERIFY2(widths == shared,
+                     qPrintable(u"%1 %2 %3"_s.arg(widths.title).arg(widths.album).arg(widths.message)));
+        }
+    }
+
+    void equalTitlesAreToldApart() {
+        const QStringList tips = tipsOfEqualTitles({u"演示"_s, u"Trip"_s, u"旅行"_s, u"trip"_s},
+                                                   {u"tc00"_s, u"tc01"_s, u"tc02"_s, u"tc09"_s});
+        QCOMPARE(tips, (QStringList{{}, u"tc01"_s, {}, u"tc09（标题与 tc01 相同，打开的是 tc01）"_s}));
     }
 
     void numbersInTags() {

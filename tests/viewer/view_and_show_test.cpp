@@ -76,10 +76,6 @@ class TestViewAndShow : public QObject {
         QCOMPARE(four.image(u"img0"_s)->picture().pixels(), QSize(100, 50));
         four.press(u"yd"_s);
         QCOMPARE(four.image(u"img0"_s)->size(), QSize(100, 50));
-        const OpenPage other(2);
-        other.openAlbum(0);  // the page still shows the album that it was drawn from
-        other.openPicture(3);
-        QCOMPARE(other.image(u"img0"_s)->picture().pixels(), QSize(100, 50));
         const OpenPage single(1);
         for (const int columns : {1, 2}) {
             single.chooseColumns(columns);
@@ -89,6 +85,49 @@ class TestViewAndShow : public QObject {
         const OpenPage sixteen(4);
         sixteen.openPicture(12);  // past the end of the album
         QVERIFY(!sixteen.shows(u"pic0"_s) && sixteen.boxes.isEmpty());
+    }
+
+    // What is viewed alone is never the picture that stood there before.
+    void viewOfNoPictureSaysSo() {
+        const OpenPage viewer(2);
+        const auto* words = viewer.find<QLabel>(u"lblWz"_s);
+        changeRow(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, {{u"图片"_s, QByteArray("no picture")}});
+        changeRow(u"SELECT * FROM tc01 WHERE 序号 = 3"_s, {{u"图片"_s, {}}, {u"规格"_s, u""_s}});
+        viewer.press(u"ty"_s);
+        for (const auto& [cell, said] :
+             {std::pair(1, u"不能打开图片“序号 2”：不是 BMP 或 JPEG 图片。"_s), {2, u"序号 3 没有图片。"_s}}) {
+            viewer.openPicture(0);
+            QVERIFY(!viewer.image(u"img0"_s)->picture().isNull() && !words->isVisible());
+            viewer.click(u"img0"_s);
+            viewer.openPicture(cell);
+            QVERIFY(viewer.image(u"img0"_s)->picture().isNull() && words->isVisible());
+            QCOMPARE(words->text(), said);
+            viewer.window->resize(viewer.window->width() + 40, 700);
+            QVERIFY(words->isVisible());
+            viewer.click(u"img0"_s);
+            QVERIFY(!words->isVisible() && !viewer.shows(u"pic0"_s));
+        }
+        QVERIFY(viewer.boxes.isEmpty());
+    }
+
+    void theStripGrowsUpwards() {
+        const OpenPage viewer(2);
+        changeRow(u"SELECT * FROM tc01 WHERE 序号 = 3"_s, {{u"备注"_s, QString(50, u'长')}});
+        viewer.press(u"ty"_s);
+        const auto* strip = viewer.find<CaptionBox>(u"txtB0"_s);
+        const ImageBox* picture = viewer.image(u"img0"_s);
+        viewer.openPicture(0);
+        const int oneLine = pixelsFromTwips(270);
+        QCOMPARE(strip->height(), oneLine);
+        QCOMPARE(strip->geometry().bottom(), picture->geometry().bottom());
+        viewer.click(u"img0"_s);
+        viewer.openPicture(2);  // 30 x 40: half as wide
+        QVERIFY(strip->height() > oneLine && strip->width() == picture->width());
+        QCOMPARE(strip->geometry().bottom(), picture->geometry().bottom());
+        QCOMPARE(strip->toolTip(), QString());
+        viewer.press(u"yd"_s);  // no room above in a picture of this size
+        QCOMPARE(strip->y(), 0);
+        QVERIFY(strip->geometry().bottom() <= viewer.find(u"pic0"_s)->height());
     }
 
     void viewOfALostRecordTells() {
@@ -117,9 +156,12 @@ class TestViewAndShow : public QObject {
         viewer.press(u"yd"_s);
         QCOMPARE(viewer.pictureIn(0), 1);
         QCOMPARE(viewer.image(u"imgXs(0)"_s)->size(), QSize(40, 30));
-        viewer.press(u"yd"_s);
+        for (int i = 0; i < 3; ++i) viewer.press(u"yd"_s);
         QCOMPARE(viewer.pictureIn(0), 1);  // before the first there is none
         QCOMPARE(viewer.panel(3), u"全部 共10张 共10页 第 0 张"_s);
+        viewer.press(u"xy"_s);
+        viewer.press(u"xy"_s);
+        QCOMPARE(viewer.pictureIn(0), 2);
     }
 
     void originalSizeNeedsAPage() {
@@ -144,6 +186,20 @@ class TestViewAndShow : public QObject {
         QCOMPARE(viewer.text(u"txtYh"_s), u"0"_s);
         tick(viewer);
         QCOMPARE(viewer.pictureIn(0), 1);
+    }
+
+    void showFromTheCoverBeginsWithTheFirstPicture() {
+        for (const bool isRunning : {false, true}) {
+            ViewerWindow viewer([] { ViewerWindow::setSetting(u"幻灯延时"_s, 5000); });
+            if (isRunning) viewer.press(u"hd"_s);
+            viewer.openAlbum(1);
+            if (!isRunning) viewer.press(u"hd"_s);
+            for (const int picture : {1, 2, 3}) {
+                tick(viewer);
+                QCOMPARE(viewer.pictureIn(0), picture);
+            }
+            viewer.press(u"hd"_s);
+        }
     }
 
     void showStartsOver() {
@@ -193,19 +249,23 @@ class TestViewAndShow : public QObject {
         QCOMPARE(slider->value(), 1234);
         QCOMPARE(viewer.find<QLabel>(u"lblCc"_s)->text(), u"幻灯延迟时间：1234 毫秒"_s);
         for (const QString& cancel : {u"cmdX1"_s, u"cmdX0"_s}) {
-            slider->setValue(4000);
+            QTest::keyClick(slider, Qt::Key_End);
             viewer.click(cancel);
             QVERIFY(!viewer.shows(u"picYc"_s));
             QCOMPARE(ViewerWindow::setting(u"幻灯延时"_s), Variant(1234));
             viewer.press(u"sj"_s);
             QCOMPARE(slider->value(), 1234);
         }
-        slider->setValue(4000);
-        repeat->setChecked(true);
+        for (const auto& [key, tip] : {std::pair(Qt::Key_Right, u"1235 毫秒"_s), {Qt::Key_End, u"5000 毫秒"_s}}) {
+            QTest::keyClick(slider, key);
+            QCOMPARE(slider->toolTip(), tip);
+            QCOMPARE(QToolTip::text(), tip);
+        }
+        QTest::keyClick(repeat, Qt::Key_Space);
         QCOMPARE(viewer.find<QLabel>(u"lblCc"_s)->text(), u"幻灯延迟时间：1234 毫秒"_s);
         viewer.click(u"cmdQ1"_s);
         QVERIFY(!viewer.shows(u"picYc"_s));
-        QCOMPARE(ViewerWindow::setting(u"幻灯延时"_s), Variant(4000));
+        QCOMPARE(ViewerWindow::setting(u"幻灯延时"_s), Variant(5000));
         QCOMPARE(ViewerWindow::setting(u"幻灯循环"_s), Variant(true));
     }
 };

@@ -57,7 +57,26 @@ class ViewerWindow {
     void click(const QString& name) const { QTest::mouseClick(find(name), Qt::LeftButton); }
     void openAlbum(int index) const { menu(QStringLiteral("mnuCd(%1)").arg(index))->trigger(); }
     void chooseButton(int index) const { click(QStringLiteral("imgAn(%1)").arg(index)); }
-    void chooseColumns(int columns) const { box(QStringLiteral("txtLs"))->setText(QString::number(columns) + u'列'); }
+    void chooseColumns(int columns) const {
+        click(QStringLiteral("txtLs"));
+        chooseLine(QString::number(columns) + u'列');
+    }
+    /// Types as people do, Chinese characters through an input method.
+    void type(const QString& name, const QString& text) const {
+        for (const QChar c : text) {
+            if (c.unicode() < 0x80) {
+                QTest::keyClick(find(name), c.toLatin1());
+                continue;
+            }
+            QInputMethodEvent commit;
+            commit.setCommitString(c);
+            QApplication::sendEvent(find(name), &commit);
+        }
+    }
+    void paste(const QString& name, const QString& text) const {
+        QGuiApplication::clipboard()->setText(text);
+        QTest::keyClick(find(name), Qt::Key_V, Qt::ControlModifier);
+    }
     void enter(const QString& name) const { QTest::keyClick(find(name), Qt::Key_Return); }
     void chooseLine(const QString& line) const {
         auto* list = find<ListBox>(QStringLiteral("lstLs"));

@@ -23,6 +23,7 @@ class NoOtherWindows : public Windows {
     void handOver(WindowKind, WindowKind) override {}
     void show(WindowKind) override {}
     void unload(WindowKind) override {}
+    void coloursChanged() override {}
     void showHelp(const QString&) override {}
     void endProgram() override {}
 };

@@ -4,6 +4,7 @@
 #include "catalogue/colour_text.h"
 #include "fuzzing.h"
 #include "platform/base/conversion.h"
+#include "platform/base/typed_date.h"
 #include "platform/database/database.h"
 #include "platform/database/sql_tokens.h"
 #include "viewer/filters.h"
@@ -23,8 +24,21 @@ void typedNumber(const QString& text) {
     if (number) expect(numberFromText(plainText(*number)).has_value(), "the text of a number is a number");
 }
 
+QString digitsOf(const QString& text) {
+    QString digits;
+    std::ranges::copy_if(inPlainWidth(text), std::back_inserter(digits), isDigit);
+    return digits;
+}
+
 void typedDate(const QString& text) {
-    expect(helpTypedDate(text).text.contains(text), "help takes nothing away");
+    const int end = int(text.size());
+    for (const int grown : {1, end}) {
+        const TypedDate helped = helpTypedDate({text, end}, grown);
+        expect(digitsOf(helped.text).endsWith(digitsOf(text)), "help takes no digit away");
+        expect(helped.caret >= 0 && helped.caret <= helped.text.size(), "the caret stays in the text");
+    }
+    if (const auto condition = dateForCondition(text))
+        expect(dateFromText(*condition).has_value(), "the date of a condition is one for the engine");
 
     const auto date = dateFromText(text);
     if (!date) return;

@@ -2,7 +2,6 @@
 
 #include <QDateTime>
 #include <QString>
-#include <QString>
 
 class QFileDevice;
 

@@ -11,7 +11,6 @@ namespace {
 constexpr char16_t firstWide = u'！', lastWide = u'～';
 constexpr char16_t firstPlain = u'!';
 constexpr char16_t chineseStop = u'。';
-constexpr int lastYearOfThisCentury = 20;
 
 const QRegularExpression& dateForm() {
     static const QRegularExpression form(
@@ -27,7 +26,9 @@ bool isDateSeparator(QChar c) {
 }
 
 int yearOfTwoDigits(int year) {
-    return year + (year <= lastYearOfThisCentury ? 2000 : 1900);
+    const int present = QDate::currentDate().year();
+    const int century = present - present % 100;
+    return century + year <= present ? century + year : century - 100 + year;
 }
 
 QString inPlainWidth(QString text) {

@@ -12,7 +12,8 @@ inline const QString typedDateForms = QStringLiteral("20031001、2003-10-01、03
 /// `-`, `/`, `.`, 年, 月 or 日, each also in its full-width form.
 bool isDateSeparator(QChar c);
 
-/// Years of two digits: 0 to 20 are 2000 to 2020, the others 1921 to 1999.
+/// Years of two digits: up to the present one they belong to its century, the others to the one before. A photograph is
+/// not of the future.
 int yearOfTwoDigits(int year);
 
 /// The text with plain digits and marks in place of those of full width, character by character.

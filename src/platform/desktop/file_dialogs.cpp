@@ -38,12 +38,15 @@ class Dialog : public QFileDialog {
     }
 };
 
-/// "JPG文件|*.jpg;*.jpeg" as "JPG文件 (*.jpg *.jpeg)", one entry a pair.
+/// "JPG文件|*.jpg;*.jpeg" as "JPG文件 (*.jpg *.jpeg)", one entry a pair. A name that ends in its pattern has it
+/// already.
 QStringList nameFilters(const QString& filter) {
     const QStringList parts = filter.split(u'|');
     QStringList result;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
-        result.append(u"%1 (%2)"_s.arg(parts[i], QString(parts[i + 1]).replace(u';', u' ')));
+        result.append(parts[i].endsWith(u'(' + parts[i + 1] + u')')
+                          ? parts[i]
+                          : u"%1 (%2)"_s.arg(parts[i], QString(parts[i + 1]).replace(u';', u' ')));
     return result;
 }
 

@@ -180,6 +180,14 @@ void Grid::mouseReleaseEvent(QMouseEvent* event) {
     QTableView::mouseReleaseEvent(event);
 }
 
+/// A double click can take the grid away: then the button's release never comes, and the toolkit would go on scrolling.
+void Grid::hideEvent(QHideEvent* event) {
+    mouseDown_ = false;
+    setState(NoState);
+    stopAutoScroll();
+    QTableView::hideEvent(event);
+}
+
 void Grid::focusInEvent(QFocusEvent* event) {
     // The toolkit makes the first row the current one as soon as the grid has the focus; nobody has chosen it.
     const bool hadNone = !currentIndex().isValid();

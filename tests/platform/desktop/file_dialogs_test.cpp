@@ -49,6 +49,18 @@ class TestFileDialogs : public QObject {
         QVERIFY(askOpenFile(nullptr, u"打开"_s, u"JPG文件|*.jpg"_s).isEmpty());
     }
 
+    void aPatternIsWrittenOnce() {
+        onOpen<QFileDialog>([](QFileDialog& dialog) {
+            QCOMPARE(dialog.nameFilters(), (QStringList{u"BMP文件(*.bmp)"_s, u"JPG文件 (*.jpg *.jpeg)"_s}));
+            dialog.reject();
+        });
+        askSaveFile(nullptr, u"保存"_s, u"BMP文件(*.bmp)|*.bmp|JPG文件|*.jpg;*.jpeg"_s);
+        const QTemporaryDir folder;
+        onOpen<QFileDialog>([](QFileDialog& dialog) { typeName(dialog, u"海"_s); });
+        QCOMPARE(askSaveFile(nullptr, u"保存"_s, u"BMP文件(*.bmp)|*.bmp"_s, folder.path()),
+                 folder.filePath(u"海.bmp"_s));
+    }
+
     void savingAddsTheSuffixOfTheChosenFilter() {
         for (const auto& [filter, typed, saved] : {std::tuple{QString(), u"海"_s, u"海.bmp"_s},
                                                    {u"JPG文件 (*.jpg)"_s, u"海"_s, u"海.jpg"_s},

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/database/database.h"
+
+/// Which tables of a catalogue hold pictures. Their columns tell, not their names: an album may have been named by
+/// hand.
+
+/// Whether a table is an album: it has the columns of one and a name of four characters, and is none of the fixed
+/// tables. False also for a table that does not exist or cannot be read.
+bool isAlbumTable(const Database& catalogue, const QString& table);
+
+/// All albums of a catalogue, in the order of their creation.
+QStringList albumTables(const Database& catalogue);
+
+/// The albums that pictures may be added to: all but the one that is only for show.
+QStringList changeableAlbums(const Database& catalogue);

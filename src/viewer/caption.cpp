@@ -1,0 +1,86 @@
+#include "viewer/caption.h"
+
+#include <QPainter>
+#include <QTextLayout>
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+// So much of a line's height is blank above and below its characters: lines may lie closer than they ask for.
+constexpr double blankShare = 0.25;
+}  // namespace
+
+Caption::Caption(QWidget* parent) : CaptionBox(parent) {
+    connect(this, &QPlainTextEdit::textChanged, this, [this] {
+        tellWhatIsCut();
+        viewport()->update();
+    });
+}
+
+QStringList Caption::linesFor(int width) const {
+    QTextLayout layout(text(), font());
+    QTextOption wrapping;
+    wrapping.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(wrapping);
+    layout.beginLayout();
+    QStringList lines;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(std::max(1, width - 2 * margin()));
+        lines << layout.text().mid(line.textStart(), line.textLength());
+    }
+    layout.endLayout();
+    return lines;
+}
+
+int Caption::lineCountFor(int width) const {
+    return int(linesFor(width).size());
+}
+
+int Caption::heightOfLines(int count) const {
+    return count * lineHeight() + 2 * margin();
+}
+
+int Caption::linesThatFit() const {
+    return std::max(1, int(double(height() - 2 * margin()) / lineHeight() + blankShare));
+}
+
+void Caption::tellWhatIsCut() {
+    const bool isCut = linesFor(width()).size() > linesThatFit();
+    setToolTip(isCut ? plainToolTip(text()) : QString());
+}
+
+void Caption::resizeEvent(QResizeEvent* event) {
+    CaptionBox::resizeEvent(event);
+    tellWhatIsCut();
+}
+
+void Caption::changeEvent(QEvent* event) {
+    CaptionBox::changeEvent(event);
+    if (event->type() == QEvent::FontChange) tellWhatIsCut();
+}
+
+// Not the way of the text control, which scrolls to a line that it takes for the current one.
+void Caption::paintEvent(QPaintEvent*) {
+    QStringList lines = linesFor(width());
+    const int room = linesThatFit();
+    if (lines.size() > room) {
+        const QString rest = lines.mid(room - 1).join(QString());
+        lines = lines.first(room - 1);
+        lines << fontMetrics().elidedText(rest, Qt::ElideRight, width() - 2 * margin());
+    }
+    QPainter painter(viewport());
+    painter.setFont(font());  // the viewport's own may be another one
+    painter.setPen(palette().color(QPalette::Text));
+    const int block = int(lines.size()) * lineHeight();
+    int top = std::min(margin(), (height() - block) / 2);
+    for (const QString& line : std::as_const(lines)) {
+        painter.drawText(QRect(margin(), top, width() - 2 * margin(), lineHeight()),
+                         Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, line);
+        top += lineHeight();
+    }
+}
+
+QString plainToolTip(const QString& text) {
+    return Qt::mightBeRichText(text) ? u"<span>%1</span>"_s.arg(text.toHtmlEscaped()) : text;
+}

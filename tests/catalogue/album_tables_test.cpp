@@ -1,0 +1,62 @@
+#include "catalogue/album_tables.h"
+
+#include "../support/run_all.h"
+#include "../support/sample_catalogue.h"
+#include "catalogue/album_rules.h"
+#include "catalogue/fixed_tables.h"
+#include "catalogue/mektp.h"
+
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class TestAlbumTables : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void columnsTellAlbums() {
+        const SampleCatalogue sample;
+        const Database& catalogue = mekTp::catalogue;
+        for (const QString& album : {u"tc99"_s, u"海边照片"_s, u"AbCd"_s}) catalogue.Execute(createAlbumSql(album));
+        // The names of other lengths cannot be joined without separators; one may be a table of deleted records.
+        for (const QString& other : {u"abc"_s, u"deleted"_s}) catalogue.Execute(createAlbumSql(other));
+        catalogue.Execute(u"CREATE TABLE tc77 ([序号] LONG,[编号] TEXT(10),[图片] LONGBINARY)"_s);
+        catalogue.Execute(
+            u"CREATE TABLE tc78 ([自加] LONG,[序号] LONG,[编号] TEXT(10),[大小] SINGLE,[规格] TEXT(12),[日期] DATETIME,"
+            "[图片] LONGBINARY,[备注] TEXT(50))"_s);
+        const QStringList albums{u"tc00"_s, u"tc01"_s, u"tc02"_s, u"tc99"_s, u"海边照片"_s, u"AbCd"_s, u"tc78"_s};
+        QCOMPARE(albumTables(catalogue), albums);
+        QCOMPARE(changeableAlbums(catalogue), albums.mid(1));
+        QVERIFY(isAlbumTable(catalogue, u"TC01"_s));
+        for (const QString& none : {u"tc77"_s, u"tc03"_s, u"a]b'"_s, QString()})
+            QVERIFY2(!isAlbumTable(catalogue, none), qPrintable(none));
+    }
+
+    void fixedTablesAreNoAlbums() {
+        const SampleCatalogue sample;
+        const Database strange = createDatabase(sample.file(u"strange.mdb"_s));
+        for (const QString& table : fixedTables()) {
+            QVERIFY(mekTp::catalogue.TableDefs().contains(table));
+            strange.Execute(createAlbumSql(table));
+            QVERIFY2(!isAlbumTable(strange, table), qPrintable(table));
+        }
+    }
+
+    void theCatalogueByAnyPath() {
+        const SampleCatalogue sample;
+        QVERIFY(QFile::link(sample.file(u"lunq.mdb"_s), sample.file(u"link.mdb"_s)));
+        QVERIFY(QFile::copy(sample.file(u"lunq.mdb"_s), sample.file(u"copy.mdb"_s)));
+        for (const QString& name : {u"lunq.mdb"_s, u"./lunq.mdb"_s, u"link.mdb"_s})
+            QVERIFY2(mekTp::isCatalogue(sample.file(name)), qPrintable(name));
+        for (const QString& name : {u"copy.mdb"_s, u"none.mdb"_s})
+            QVERIFY2(!mekTp::isCatalogue(sample.file(name)), qPrintable(name));
+    }
+};
+
+const Registered<TestAlbumTables> registered;
+
+}  // namespace
+
+#include "album_tables_test.moc"
