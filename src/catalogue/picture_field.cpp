@@ -1,6 +1,7 @@
 #include "catalogue/picture_field.h"
 
 #include "platform/base/error.h"
+#include "platform/base/odd_names.h"
 #include "platform/base/system_reason.h"
 #include "platform/database/field_device.h"
 
@@ -37,8 +38,8 @@ qint64 storedLength(qint64 length) {
 /// The bytes of a file, and zeros behind them.
 class FileWithTail : public ValueSource {
   public:
-    explicit FileWithTail(const QString& path) : file_(path) {
-        if (!file_.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+    explicit FileWithTail(const QString& path) {
+        if (!openForReading(file_, path, QIODevice::Unbuffered))
             throw Error(u"文件“%1”不能读取：%2。"_s.arg(path, systemReason(file_.errorString())));
         length_ = left_ = file_.size();
     }

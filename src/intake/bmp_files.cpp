@@ -2,6 +2,8 @@
 
 #include "intake/intake_texts.h"
 #include "platform/base/error.h"
+#include "platform/base/files.h"
+#include "platform/base/odd_names.h"
 #include "platform/desktop/message_box.h"
 #include "platform/picture/picture.h"
 
@@ -21,8 +23,8 @@ bool endsInBmp(const QString& path) {
 
 /// A file that an earlier run has turned: once more would cost it quality for nothing.
 bool isJpegAlready(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) && file.read(2) == QByteArray("\xff\xd8");
+    QFile file;
+    return openForReading(file, path) && file.read(2) == QByteArray("\xff\xd8");
 }
 
 QString question(const QStringList& names) {
@@ -58,7 +60,7 @@ std::optional<BmpFiles> askAboutBmp(QWidget* parent, const QStringList& paths) {
 }
 
 QByteArray convertBmp(const QString& path, BmpFiles bmp) {
-    if (!endsInBmp(path) || QFileInfo(path).size() == 0 || isJpegAlready(path)) return {};
+    if (!endsInBmp(path) || FileLen(path) == 0 || isJpegAlready(path)) return {};
     const QImage picture = LoadPicture(path).image();
     if (bmp == BmpFiles::toJpeg && canBecomeJpeg(path) && attempt([&] { saveJpeg(picture, path, jpegQuality); }))
         return {};

@@ -3,6 +3,7 @@
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
+#include "platform/base/odd_names.h"
 #include "platform/desktop/file_lists.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
@@ -154,6 +155,8 @@ void BrowserPanel::mlcl() {
     showFileParts(now == BrowseMode::pictureFiles);
     fil1_->setVisible(!folders);
     lbl7_->setVisible(!onIntakePage());
+    // The panel goes from page to page; the count is of the pictures of the one alone.
+    if (now != BrowseMode::pictureFiles) hideCountLine();
     txtMl_->setVisible(isPictureMode());
     setEcho({});
     placeForMode();
@@ -278,12 +281,26 @@ void BrowserPanel::fil1PathChange() {
 }
 
 void BrowserPanel::fil1Click() {
+    const QString odd = dropOddDatabases();
     const QList<int> chosen = selectedFiles();
     // The one file that is chosen need not be the one in focus.
     state_.pickedFilePath =
         joinedPath(state_.currentFolder, chosen.size() == 1 ? fil1_->List(chosen.front()) : fil1_->FileName());
     state_.selectedFileCount = static_cast<int>(chosen.size());
     if (txtMl_->isEnabled()) Q_EMIT fileClicked();
+    if (!odd.isEmpty()) throw Error(u"文件“%1”的名称不是系统的编码，不能作为数据库打开。请先给它改名。"_s.arg(odd));
+}
+
+/// A picture is read by its stand-in, a database is opened by its name alone. Returns the last that was dropped.
+QString BrowserPanel::dropOddDatabases() {
+    QString dropped;
+    if (isPictureMode() || !txtMl_->isEnabled()) return dropped;
+    for (const int index : selectedFiles()) {
+        if (!isStandIn(joinedPath(fil1_->Path(), fil1_->List(index)))) continue;
+        dropped = fil1_->List(index);
+        deselectQuietly(index);
+    }
+    return dropped;
 }
 
 void BrowserPanel::txtMlChange() {

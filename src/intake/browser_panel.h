@@ -98,6 +98,7 @@ class BrowserPanel : public QObject {
     void dir1Click();
     void fil1PathChange();
     void fil1Click();
+    QString dropOddDatabases();
     void txtMlChange();
     void cmdMjClick();
     void cmdMsClick();

@@ -1,16 +1,19 @@
 #include "intake/database_copy.h"
 
 #include "catalogue/album_rules.h"
+#include "catalogue/mektp.h"
+#include "catalogue/next_number.h"
 #include "catalogue/picture_field.h"
 #include "intake/intake_texts.h"
 #include "intake/picture_size.h"
 #include "platform/base/error.h"
+#include "platform/database/field_device.h"
 #include "platform/desktop/data_control.h"
+#include "platform/picture/picture_bytes.h"
 
 #include <QDate>
 #include <QHash>
 #include <algorithm>
-#include <limits>
 #include <optional>
 
 using namespace Qt::Literals::StringLiterals;
@@ -23,7 +26,11 @@ const QStringList aboutPicture{pictureColumn, u"规格"_s, u"大小"_s, u"日期
 class Copy {
   public:
     Copy(DataControl& datLr, const CopyOrder& order, FormState& state, CopyResult& result)
-        : datLr_(datLr), order_(order), state_(state), result_(result) {}
+        : datLr_(datLr),
+          order_(order),
+          state_(state),
+          result_(result),
+          pictureSource_(sourceOf(order.mapping, pictureColumn)) {}
 
     void open() {
         datLr_.setDatabaseName(state_.targetDatabasePath);
@@ -33,19 +40,20 @@ class Copy {
         const auto index = fieldNamed(shapeOf(source_, state_.sourceTable), order_.indexField);
         if (!index) throw Error(u"源表“%1”中没有字段“%2”。"_s.arg(state_.sourceTable, order_.indexField));
         index_ = *index;
-        if (!order_.replace) state_.replaceNumber = nextNumber(table());
+        if (!order_.replace) numbers_.emplace(mekTp::catalogue, state_.targetTable);
     }
 
-    /// `earlier`: how many records with this key were copied before it.
-    void copy(const QString& key, int earlier) {
+    void copy(const SourceRecord& source) {
+        const QString& key = source.key;
         const QString criteria = keyCriteria(index_, key);
         Recordset record = source_.OpenRecordset(allRecordsSql(state_.sourceTable) + u" WHERE "_s + criteria);
         if (order_.replace && !findInTarget(criteria)) {
             result_.notFound << key;
             return;
         }
-        for (int i = 0; i < earlier && !record.Eof(); ++i) record.MoveNext();
+        for (int i = 0; i < source.earlier && !record.Eof(); ++i) record.MoveNext();
         if (record.Eof()) throw Error(u"源表“%1”中没有这条记录。"_s.arg(state_.sourceTable));
+        if (!order_.takesDoubtful && isLeftOut(source, record)) return;
         try {
             write(record, key);
         } catch (...) {
@@ -57,6 +65,16 @@ class Copy {
 
   private:
     Recordset& table() { return datLr_.Recordset(); }
+
+    bool isLeftOut(const SourceRecord& source, const Recordset& record) {
+        if (pictureLength(record) == 0) return false;
+        FieldDevice value(record.Fields(pictureSource_));
+        const PictureBytes kind = pictureBytes(value, pictureSource_);
+        if (kind == PictureBytes::whole) return false;
+        result_.leftOut << source;
+        (kind == PictureBytes::truncated ? result_.truncated : result_.noPictures) << source.key;
+        return true;
+    }
 
     bool findInTarget(const QString& criteria) {
         if (datLr_.total() == 0) return false;
@@ -70,20 +88,14 @@ class Copy {
         else
             table().AddNew();
         specOfSource_.reset();
-        keepsPicture_ = order_.replace && !bringsPicture(record);
-        const bool hadPicture = keepsPicture_ && pictureLength(table()) > 0;
+        keepsPicture_ = order_.replace && pictureLength(record) == 0;
+        const bool hadPicture = keepsPicture_ && table().Fields(pictureColumn).FieldSize() > 0;
         for (const FieldPair& pair : order_.mapping)
             if (!give(record, pair) && order_.fillFields) complete(record, pair.target);
-        if (!order_.replace) table().Fields(u"序号"_s).SetValue(state_.replaceNumber);
+        if (!order_.replace) table().Fields(u"序号"_s).SetValue(state_.replaceNumber = numbers_->value());
         table().Update();
-        if (!order_.replace) ++state_.replaceNumber;
+        if (!order_.replace) numbers_->take();
         if (hadPicture && order_.fillFields) result_.kept << key;
-    }
-
-    bool bringsPicture(const Recordset& record) const {
-        return std::ranges::any_of(order_.mapping, [&](const FieldPair& pair) {
-            return pair.target == pictureColumn && !pair.source.isEmpty() && record.Fields(pair.source).FieldSize() > 0;
-        });
     }
 
     /// Whether the source has a value for the column. A picture without a byte is none.
@@ -112,20 +124,16 @@ class Copy {
             set(kilobytesText(pictureLength(record)));
     }
 
-    static bool hasPicture(const Recordset& record) {
-        for (int i = 0; i < record.FieldCount(); ++i)
-            if (record.Fields(i).Name() == pictureColumn) return record.Fields(i).Type() == FieldType::longBinary;
-        return false;
-    }
-
-    static qint64 pictureLength(const Recordset& record) {
-        return hasPicture(record) ? record.Fields(pictureColumn).FieldSize() : 0;
+    /// Of the picture that a record of the source brings; 0 for none.
+    qint64 pictureLength(const Recordset& record) const {
+        return pictureSource_.isEmpty() ? 0 : record.Fields(pictureSource_).FieldSize();
     }
 
     /// Empty when the record has no picture that can be read: what it has is copied all the same.
     const QString& specOfSource(Recordset& record) {
         if (!specOfSource_) {
-            const auto picture = hasPicture(record) ? pictureFromField(record, pictureColumn, sizeOnly) : std::nullopt;
+            const auto picture =
+                pictureLength(record) > 0 ? pictureFromField(record, pictureSource_, sizeOnly) : std::nullopt;
             specOfSource_ = picture ? specOfPicture(*picture, u"*"_s) : QString();
         }
         return *specOfSource_;
@@ -135,7 +143,9 @@ class Copy {
     const CopyOrder& order_;
     FormState& state_;
     CopyResult& result_;
+    const QString pictureSource_;  ///< The column that 图片 is taken from; empty when there is none.
     Database source_;
+    std::optional<NextNumber> numbers_;  ///< For records that are appended.
     FieldShape index_;
     std::optional<QString> specOfSource_;
     bool keepsPicture_ = false;  ///< The source has none for the record in hand, which is replaced.
@@ -151,16 +161,15 @@ QString keysText(const QStringList& keys, const QString& indexField) {
 CopyResult sklr(DataControl& datLr, const CopyOrder& order, FormState& state,
                 const std::function<void(int)>& progress) {
     CopyResult result;
-    result.left = order.keys;
+    result.left = keysOf(order.records);
     try {
         Copy run(datLr, order, state, result);
         run.open();
-        QHash<QString, int> seen;
-        for (qsizetype i = 0; i < order.keys.size(); ++i) {
+        for (qsizetype i = 0; i < order.records.size(); ++i) {
             result.failedKey = result.left.takeFirst();
-            run.copy(result.failedKey, seen[result.failedKey]++);
+            run.copy(order.records[i]);
             result.failedKey.clear();
-            progress(static_cast<int>((i + 1) * 100 / order.keys.size()));
+            progress(static_cast<int>((i + 1) * 100 / order.records.size()));
         }
         result.count = static_cast<int>(result.copied.size());
         attempt([&] { datLr.Refresh(); });
@@ -170,6 +179,32 @@ CopyResult sklr(DataControl& datLr, const CopyOrder& order, FormState& state,
         result.failure = QString::fromLocal8Bit(error.what());
     }
     return result;
+}
+
+QList<SourceRecord> recordsOfKeys(const QStringList& keys) {
+    QList<SourceRecord> records;
+    QHash<QString, int> seen;
+    for (const QString& key : keys) records.push_back({key, seen[key]++});
+    return records;
+}
+
+QStringList keysOf(const QList<SourceRecord>& records) {
+    QStringList keys;
+    for (const SourceRecord& record : records) keys << record.key;
+    return keys;
+}
+
+void CopyResult::add(const CopyResult& second) {
+    count += static_cast<int>(second.copied.size());
+    copied += second.copied;
+    notFound += second.notFound;
+    kept += second.kept;
+    failedKey = second.failedKey;
+    failure = second.failure;
+    left = second.left;
+    leftOut.clear();
+    noPictures.clear();
+    truncated.clear();
 }
 
 QString notReplacedText(const CopyResult& result, const QString& indexField) {
@@ -187,18 +222,11 @@ QString copyReport(const CopyResult& result, const QString& indexField) {
                   : u"录入到记录“%1”时停止，该记录没有录入："_s.arg(keysText({result.failedKey}, indexField))) +
                  result.failure;
     if (!result.left.isEmpty()) lines << u"以下记录也没有录入："_s + keysText(result.left, indexField);
+    if (!result.noPictures.isEmpty())
+        lines << u"图片不是 BMP 或 JPEG，没有录入："_s + keysText(result.noPictures, indexField);
+    if (!result.truncated.isEmpty()) lines << u"图片不完整，没有录入："_s + keysText(result.truncated, indexField);
     if (!result.copied.isEmpty()) lines << u"记录已录入图册："_s + keysText(result.copied, indexField);
     if (!result.notFound.isEmpty())
         lines << u"目标表中没有对应的记录，没有替换："_s + keysText(result.notFound, indexField);
     return lines.join(u"\n\n"_s);
-}
-
-int nextNumber(Recordset& rows) {
-    if (rows.rowCount() == 0) return 1;
-    rows.MoveLast();
-    const Variant last = rows.Fields(u"序号"_s).Value();
-    if (last.isNull()) return 1;
-    const qint32 number = last.toInteger();
-    if (number == std::numeric_limits<qint32>::max()) throw Error(u"图册的序号已用完，请先重排序号。"_s);
-    return number + 1;
 }

@@ -17,6 +17,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -48,6 +49,7 @@ DatabaseIntake::DatabaseIntake(SharedControls& shared, FormState& state, HintLin
     });
     connect(&mapping_, &MappingPanel::mapped, this, onPage(&DatabaseIntake::showSource));
     connect(shared_.lstSu, &ListBox::lineClicked, this, onPage(&DatabaseIntake::lstSuClick));
+    preview_.otherTable = [this] { return choosesRows_ && inFront() ? sourceColumns() : std::nullopt; };
 }
 
 bool DatabaseIntake::inFront() const {
@@ -113,12 +115,22 @@ void DatabaseIntake::showSource() {
     shared_.lstSu->show();
     shared_.lstSu->raise();
     placeGrid(true);
+    // The headings of the source's columns are their own names.
+    albumHeadings_ = shared_.msgBm->FormatString();
+    shared_.msgBm->setFormatString({});
     controls_.lblJl->setText(u"已选择的源表中要复制的记录的“"_s + mapping_.indexFieldName() + u"”"_s);
     const TableShape shape = shapeOf(mapping_.sourceDatabase(), state_.sourceTable);
     shared_.datBj->setDatabaseName(state_.sourceDatabasePath);
     shared_.datBj->setRecordSource(
         allRecordsSql(state_.sourceTable, fieldNamed(shape, u"序号"_s) ? u"序号"_s : mapping_.indexFieldName()));
     shared_.datBj->Refresh();
+}
+
+/// The picture is that which would be taken. Where none is mapped, an album's own picture is shown all the same.
+std::optional<PreviewPanel::OtherTable> DatabaseIntake::sourceColumns() const {
+    QString picture = sourceOf(mapping_.fieldMapping(), u"图片"_s);
+    if (picture.isEmpty()) picture = u"图片"_s;
+    return PreviewPanel::OtherTable{state_.sourceTable, mapping_.indexFieldName(), picture};
 }
 
 void DatabaseIntake::placeGrid(bool source) {
@@ -132,7 +144,7 @@ void DatabaseIntake::placeGrid(bool source) {
 }
 
 void DatabaseIntake::showTarget() {
-    choosesRows_ = false;
+    if (std::exchange(choosesRows_, false)) shared_.msgBm->setFormatString(albumHeadings_);
     shared_.lstSu->clear();
     shared_.lstSu->hide();
     placeGrid(false);
@@ -255,5 +267,6 @@ void DatabaseIntake::endRun() {
 CopyOrder DatabaseIntake::order(bool replace) const {
     QStringList keys;
     for (int i = 0; i < shared_.lstSu->ListCount(); ++i) keys << shared_.lstSu->List(i);
-    return {mapping_.indexFieldName(), mapping_.fieldMapping(), keys, replace, controls_.chkZd->isChecked()};
+    return {mapping_.indexFieldName(), mapping_.fieldMapping(), recordsOfKeys(keys), replace,
+            controls_.chkZd->isChecked()};
 }

@@ -57,6 +57,7 @@ class DatabaseIntake : public QObject {
     void sayOnlyOne();
     void tableChosen(const QString& table);
     void showSource();
+    std::optional<PreviewPanel::OtherTable> sourceColumns() const;
     void placeGrid(bool source);
     void lstSuClick();
     bool isChosen(const QString& key) const;
@@ -72,4 +73,5 @@ class DatabaseIntake : public QObject {
     PreviewPanel& preview_;
     Controls controls_;
     bool choosesRows_ = false;  ///< The grid shows the source table.
+    QString albumHeadings_;     ///< Of the grid, while it does.
 };

@@ -4,6 +4,7 @@
 #include "catalogue/mektp.h"
 #include "intake/intake_page.h"
 #include "intake/intake_texts.h"
+#include "intake/left_out.h"
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
@@ -175,10 +176,17 @@ bool IntakePage::targetIsFit() const {
     return false;
 }
 
+/// The file in focus, when it is one of the chosen.
+QString IntakePage::nameToTell() const {
+    const FileList* fil1 = browser_.fil1();
+    const QList<int> chosen = browser_.selectedFiles();
+    return chosen.isEmpty() || chosen.contains(fil1->currentRow()) ? fil1->FileName() : fil1->List(chosen.front());
+}
+
 void IntakePage::cmdLrClick() {
     const QString album = controls_.cboBm->currentText();
     const QString description =
-        fromFiles() ? intakeDescription(browser_.fil1()->FileName(), replaces(), state_.selectedFileCount) : QString();
+        fromFiles() ? intakeDescription(nameToTell(), replaces(), state_.selectedFileCount) : QString();
     if (!ask(controls_.form, intakeQuestion(album, replaces(), description))) return;
     if (fromFiles()) {
         const std::optional<BmpFiles> bmp = askAboutBmp(controls_.form, selectedPaths());
@@ -199,11 +207,12 @@ QStringList IntakePage::selectedPaths() const {
 // One intake run with everything around it.
 void IntakePage::lrtc() {
     for (QPushButton* button : {cmdQx_, cmdLr_, cmdQ1_}) button->setEnabled(false);
-    const Outcome outcome = runIntake();
+    const Outcome outcome = fromFiles() ? enterFiles() : copyRecords();
     DataControl* datBj = controls_.datBj;
     datBj->setDatabaseName(mekTp::cataloguePath());
     datBj->setRecordSource(allRecordsSql(state_.albumTable, u"序号"_s));
     attempt([&] { datBj->Refresh(); });
+    readFilesAnew();
     for (const QString& message : outcome.messages) say(controls_.form, message, BoxIcon::information);
     say(controls_.form, u"图片录入完成！  共录入：%1张"_s.arg(outcome.count));
     if (!fromFiles()) database_->endRun();
@@ -218,8 +227,17 @@ void IntakePage::lrtc() {
     state_.pageFree = true;
 }
 
+/// The run may have changed files, and others may have come meanwhile. None is chosen any more.
+void IntakePage::readFilesAnew() {
+    browser_.readFiles();
+    browser_.setEcho({});
+    state_.pickedFilePath.clear();
+    preview_.allowOpening(1, false);
+    showFileCount();
+}
+
 /// The progress bar stands in the empty part of the strip of captions for as long as the run lasts.
-IntakePage::Outcome IntakePage::runIntake() {
+void IntakePage::showProgress(const std::function<void(const Progress&)>& run) {
     const Hourglass hourglass;
     QProgressBar* prg2 = controls_.prg2;
     prg2->setParent(controls_.sstFz);
@@ -229,20 +247,32 @@ IntakePage::Outcome IntakePage::runIntake() {
     prg2->show();
     prg2->raise();
     prg2->repaint();
-    const auto progress = [prg2](int percent) {
+    run([prg2](int percent) {
         prg2->setValue(percent);
         prg2->repaint();
-    };
-    const Outcome outcome = fromFiles() ? enterFiles(progress) : copyRecords(progress);
+    });
     prg2->hide();
-    return outcome;
 }
 
-IntakePage::Outcome IntakePage::enterFiles(const std::function<void(int)>& progress) {
-    const IntakeOrder order{browser_.fil1()->Path(),  browser_.fileNames(),
-                            browser_.selectedFiles(), replaces(),
-                            chkZd_->isChecked(),      bmpFiles_};
-    const IntakeResult result = wjlr(*datLr_, order, state_, progress);
+/// The files that are chosen, and then, if they are wanted, those of them that were left out.
+IntakeResult IntakePage::enterSelected() {
+    IntakeOrder order{browser_.fil1()->Path(),  browser_.fileNames(),
+                      browser_.selectedFiles(), replaces(),
+                      chkZd_->isChecked(),      bmpFiles_};
+    IntakeResult result;
+    showProgress([&](const Progress& progress) { result = wjlr(*datLr_, order, state_, progress); });
+    const LeftOut leftOut{.truncated = result.truncated};
+    if (leftOut.isEmpty() || !result.failure.isEmpty() || !takesLeftOut(controls_.form, leftOut, replaces()))
+        return result;
+    order.selected.clear();
+    for (const QString& name : result.truncated) order.selected << static_cast<int>(order.names.indexOf(name));
+    order.takesTruncated = true;
+    showProgress([&](const Progress& progress) { result.add(wjlr(*datLr_, order, state_, progress)); });
+    return result;
+}
+
+IntakePage::Outcome IntakePage::enterFiles() {
+    const IntakeResult result = enterSelected();
     Outcome outcome{result.count, {}};
     if (result.cameToEnd && !result.notFound.isEmpty())
         outcome.messages << u"本目标表无下列对应序号：\n\n"_s + nearlyAllOf(result.notFound) +
@@ -251,11 +281,25 @@ IntakePage::Outcome IntakePage::enterFiles(const std::function<void(int)>& progr
     return outcome;
 }
 
-IntakePage::Outcome IntakePage::copyRecords(const std::function<void(int)>& progress) {
-    const CopyOrder order = database_->order(replaces());
-    const CopyResult result = sklr(*datLr_, order, state_, progress);
+/// The records that are chosen, and then, if they are wanted, those of them that were left out.
+CopyResult IntakePage::copyChosen() {
+    CopyOrder order = database_->order(replaces());
+    CopyResult result;
+    showProgress([&](const Progress& progress) { result = sklr(*datLr_, order, state_, progress); });
+    const LeftOut leftOut{order.indexField, result.truncated, result.noPictures};
+    if (leftOut.isEmpty() || !result.failure.isEmpty() || !takesLeftOut(controls_.form, leftOut, replaces()))
+        return result;
+    order.records = result.leftOut;
+    order.takesDoubtful = true;
+    showProgress([&](const Progress& progress) { result.add(sklr(*datLr_, order, state_, progress)); });
+    return result;
+}
+
+IntakePage::Outcome IntakePage::copyRecords() {
+    const CopyResult result = copyChosen();
+    const QString& indexField = mapping_.indexFieldName();
     Outcome outcome{result.count, {}};
-    for (const QString& message : {notReplacedText(result, order.indexField), copyReport(result, order.indexField)})
+    for (const QString& message : {notReplacedText(result, indexField), copyReport(result, indexField)})
         if (!message.isEmpty()) outcome.messages << message;
     return outcome;
 }

@@ -301,7 +301,7 @@ void IntakePage::chooseFilesAnew() {
     browser_.setEcho({});
     cmdLr_->setEnabled(false);
     preview_.cmdCk(1)->setEnabled(false);
-    cmdQx_->setEnabled(fromFiles() && fil1->ListCount() > 0);
+    cmdQx_->setEnabled(fromFiles() && filesMayBePicked() && fil1->ListCount() > 0);
     if (fromFiles() && replaces()) {
         const QStringList names = browser_.fileNames();
         if (!std::all_of(names.begin(), names.end(), standsForNumber)) cmdQx_->setEnabled(false);

@@ -75,6 +75,7 @@ class IntakePage : public QObject {
     void undoWay();
     void undoFiles();
     void clearFiles();
+    QString nameToTell() const;
     void cmdLrClick();
     QStringList selectedPaths() const;
     void lrtc();
@@ -83,9 +84,13 @@ class IntakePage : public QObject {
         int count;
         QStringList messages;
     };
-    Outcome runIntake();
-    Outcome enterFiles(const std::function<void(int)>& progress);
-    Outcome copyRecords(const std::function<void(int)>& progress);
+    using Progress = std::function<void(int percent)>;
+    void showProgress(const std::function<void(const Progress&)>& run);
+    Outcome enterFiles();
+    Outcome copyRecords();
+    IntakeResult enterSelected();
+    CopyResult copyChosen();
+    void readFilesAnew();
     void showAlbumCount();
 
     SharedControls& controls_;

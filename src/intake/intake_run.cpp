@@ -2,14 +2,17 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
+#include "catalogue/next_number.h"
 #include "catalogue/picture_field.h"
-#include "intake/database_copy.h"
 #include "intake/intake_texts.h"
 #include "intake/picture_size.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
 #include "platform/desktop/data_control.h"
 #include "platform/picture/picture.h"
+#include "platform/picture/picture_bytes.h"
+
+#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -28,15 +31,26 @@ class Run {
         datLr_.setDatabaseName(state_.targetDatabasePath);
         datLr_.setRecordSource(state_.targetTable);
         datLr_.Refresh();
+        if (!order_.replace) numbers_.emplace(mekTp::catalogue, state_.targetTable);
     }
 
     void enter(const QString& name) {
         const QString path = joinedPath(order_.folder, name);
+        if (order_.replace && !findRecordOf(name)) {
+            result_.notFound << name;
+            look(path);
+            return;
+        }
+        const Picture picture = look(path);
+        if (!order_.takesTruncated && !picture.isNull() && pictureBytesOfFile(path) == PictureBytes::truncated) {
+            result_.truncated << name;
+            return;
+        }
         try {
             if (order_.replace)
-                replaceOne(name, path);
+                replaceOne(name, path, picture);
             else
-                appendOne(name, path);
+                appendOne(name, path, picture);
         } catch (...) {
             attempt([&] { table().CancelUpdate(); });
             throw;
@@ -48,28 +62,21 @@ class Run {
   private:
     Recordset& table() { return datLr_.Recordset(); }
 
-    void appendOne(const QString& name, const QString& path) {
-        const int next = nextNumber(table());
+    void appendOne(const QString& name, const QString& path, const Picture& picture) {
         table().AddNew();
-        table().Fields(u"序号"_s).SetValue(next);
-        const Picture picture = look(path);
+        table().Fields(u"序号"_s).SetValue(numbers_->value());
         if (order_.fillFields) fill(path, picture);
         const qint64 length = bctp(path, table(), order_.bmp, false);
         table().Update();
+        numbers_->take();
         note(name, length);
         datLr_.Refresh();
     }
 
-    void replaceOne(const QString& name, const QString& path) {
-        if (!findRecordOf(name)) {
-            result_.notFound << name;
-            look(path);
-            return;
-        }
+    void replaceOne(const QString& name, const QString& path, const Picture& picture) {
         // The fields and the picture stand or fall together.
         Transaction whole(mekTp::catalogue);
         table().Edit();
-        const Picture picture = look(path);
         // The fields go on telling about the old picture when there is no new one.
         if (order_.fillFields && !picture.isNull()) fill(path, picture);
         table().Update();
@@ -109,6 +116,7 @@ class Run {
     const IntakeOrder& order_;
     FormState& state_;
     IntakeResult& result_;
+    std::optional<NextNumber> numbers_;  ///< For records that are appended.
     int count_ = 0;
 };
 
@@ -152,6 +160,18 @@ qint64 bctp(const QString& path, Recordset& recordset, BmpFiles bmp, bool replac
     return length;
 }
 
+void IntakeResult::add(const IntakeResult& second) {
+    count += static_cast<int>(second.entered.size() + second.empty.size());
+    entered += second.entered;
+    notFound += second.notFound;
+    empty += second.empty;
+    failedFile = second.failedFile;
+    failure = second.failure;
+    left = second.left;
+    cameToEnd = second.failure.isEmpty();
+    truncated.clear();
+}
+
 QString intakeReport(const IntakeResult& result) {
     QStringList lines;
     if (!result.failure.isEmpty()) {
@@ -159,6 +179,7 @@ QString intakeReport(const IntakeResult& result) {
                                               : u"录入到文件“%1”时停止，该文件没有录入："_s.arg(result.failedFile)) +
                      result.failure;
         if (!result.left.isEmpty()) lines << u"以下文件也没有录入："_s + someOf(result.left);
+        if (!result.truncated.isEmpty()) lines << u"文件不完整，没有录入："_s + someOf(result.truncated);
     }
     if (!result.cameToEnd) {
         if (!result.entered.isEmpty()) lines << u"文件已录入图册："_s + someOf(result.entered);

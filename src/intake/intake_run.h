@@ -19,23 +19,29 @@ struct IntakeOrder {
     bool replace = false;
     bool fillFields = true;  ///< 自动补足
     BmpFiles bmp = BmpFiles::toJpeg;
+    bool takesTruncated = false;  ///< Pictures that end early are entered like others, and not left out.
 };
 
 /// What became of it.
 struct IntakeResult {
-    int count = 0;              ///< Files entered, 0 unless the run came to its end.
-    QStringList entered = {};   ///< Their pictures are in the album.
-    QStringList notFound = {};  ///< No record has their number; nothing was done with them.
-    QStringList empty = {};     ///< Files without a byte: no picture was stored.
-    QString failedFile = {};    ///< The file at which the run ended early.
-    QString failure = {};       ///< Why; empty when the run was not ended by a failure.
-    QStringList left = {};      ///< Files that it did not reach.
+    int count = 0;               ///< Files entered, 0 unless the run came to its end.
+    QStringList entered = {};    ///< Their pictures are in the album.
+    QStringList notFound = {};   ///< No record has their number; nothing was done with them.
+    QStringList empty = {};      ///< Files without a byte: no picture was stored.
+    QStringList truncated = {};  ///< Pictures that end early; they were left out.
+    QString failedFile = {};     ///< The file at which the run ended early.
+    QString failure = {};        ///< Why; empty when the run was not ended by a failure.
+    QStringList left = {};       ///< Files that it did not reach.
     bool cameToEnd = false;
+
+    /// Adds what became of the files that were left out before. They are counted as far as the second run came.
+    void add(const IntakeResult& second);
 };
 
 /// Enters the files of `order` one by one into the table of `datLr` (`state.targetTable` of
-/// `state.targetDatabasePath`); each is durable when its step is done. The first failure ends the run. `progress` hears
-/// the percentage of the list after each file.
+/// `state.targetDatabasePath`); each is durable when its step is done. The first failure ends the run. A picture that
+/// ends early is no failure: it is left out, and no number is spent on it. `progress` hears the percentage of the list
+/// after each file.
 IntakeResult wjlr(DataControl& datLr, const IntakeOrder& order, FormState& state,
                   const std::function<void(int)>& progress);
 

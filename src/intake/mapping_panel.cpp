@@ -390,6 +390,7 @@ void MappingPanel::finishMapping() {
         say(controls_.form, u"如果由数据库以“替换”方式录入图片，必须设置“序号”的对应字段。"_s);
         return;
     }
+    if (!forTransfer() && replaces && replaces()) requireKeyColumn(target_, state_.targetTable, txtYb(0)->text());
     hideFieldList();
     readMapping();
     if (mappedFieldCount_ == 0 &&

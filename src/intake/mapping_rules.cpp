@@ -83,6 +83,17 @@ int firstTypeMismatch(const TableShape& opened, const TableShape& other) {
     return -1;
 }
 
+void requireKeyColumn(const TableShape& target, const QString& table, const QString& key) {
+    if (fieldNamed(target, key)) return;
+    throw Error(
+        u"目标表中没有栏目“%1”，不能按它替换记录。请用目标表“%2”也有的栏目（如序号）对应“序号”。"_s.arg(key, table));
+}
+
+QString sourceOf(const FieldMapping& mapping, const QString& target) {
+    const auto found = std::ranges::find(mapping, target, &FieldPair::target);
+    return found != mapping.end() ? found->source : QString();
+}
+
 int mappedFields(const FieldMapping& mapping) {
     return static_cast<int>(
         std::count_if(mapping.begin(), mapping.end(), [](const FieldPair& pair) { return !pair.source.isEmpty(); }));

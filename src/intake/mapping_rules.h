@@ -58,5 +58,11 @@ QString lengthQuestion(const FieldShape& source, const FieldShape& target);
 /// Place of the first field that has another type in the two tables; -1 when all types agree as far as both reach.
 int firstTypeMismatch(const TableShape& opened, const TableShape& other);
 
+/// Throws `Error` when the target table has no field by which a record could be found that is to be replaced.
+void requireKeyColumn(const TableShape& target, const QString& table, const QString& key);
+
+/// The source field of a target field; empty for an unmapped one.
+QString sourceOf(const FieldMapping& mapping, const QString& target);
+
 /// Number of target fields that get values.
 int mappedFields(const FieldMapping& mapping);

@@ -262,19 +262,25 @@ QString PreviewPanel::readRecord() {
         return {};
     }
     Recordset& records = controls_.datBj->Recordset();
+    const auto other = otherTable ? otherTable() : std::nullopt;
+    const QString column = other ? other->picture : u"图片"_s;
     const QSize target = ImageBox::targetSize(imgWj_, rectFromTwips(0, 0, largestWidth, largestHeight).size());
-    bool isEmpty = false, isRead = false;
+    bool isEmpty = true, isRead = false;
     attempt([&] {
-        const Field field = records.Fields(u"图片"_s);
+        const Field field = records.Fields(column);
         isEmpty = field.isNull() || field.FieldSize() == 0;
-        isRead = !isEmpty && readPictureField(records, u"图片"_s, *imgWj_, target);
+        isRead = !isEmpty && readPictureField(records, column, *imgWj_, target);
     });
     // The picture of another record would be taken for this one's.
     if (!isRead) imgWj_->setPicture({});
     const QString whose = state_.previewIndex == buttonOpener ? u"这个按钮"_s : u"这条记录"_s;
     lblKt_->setText(whose + (isEmpty ? u"没有图片"_s : u"的数据不是图片，不能显示"_s));
     QString line;
-    attempt([&] { line = controls_.cboBm->currentText() + u" 序号："_s + records.Fields(u"序号"_s).Value().textOr(); });
+    attempt([&] {
+        const QString key = other ? other->key : u"序号"_s;
+        line = (other ? u"源表："_s + other->name : controls_.cboBm->currentText()) + u' ' + key + u"："_s +
+               records.Fields(key).Value().textOr();
+    });
     return line;
 }
 

@@ -7,6 +7,7 @@
 #include <QSize>
 #include <functional>
 #include <map>
+#include <optional>
 
 class ImageBox;
 class MovableGroup;
@@ -43,6 +44,14 @@ class PreviewPanel : public QObject {
     void setStoreEnabled(bool on);  ///< cmdAq
     /// Another record is the current one of the page 图册编辑: the open panel shows its picture, not a loaded one.
     void followRecord();
+
+    /// The table in the grid and its columns, when it is none of the catalogue's albums. Not set: it always is one.
+    struct OtherTable {
+        QString name;
+        QString key;
+        QString picture;
+    };
+    std::function<std::optional<OtherTable>()> otherTable;
 
     // What the pages that take a picture in are asked ----------------------------------------------------------------
 

@@ -32,12 +32,12 @@ class TestIntake : public QObject {
         QCOMPARE(said.mid(1), QStringList{entered(3)});
         window.expect({.disabled = u"cmdQ1"_s, .texts = {{u"lblJl"_s, u"表 [tc02 空册] 共有记录：3 条"_s}}});
 
-        // Numbers go on from the last record.
-        putValue(u"SELECT * FROM tc02 WHERE 序号 = 3"_s, u"序号"_s, 40);
+        // Numbers go on from the highest one, wherever it stands.
+        putValue(u"SELECT * FROM tc02 WHERE 序号 = 2"_s, u"序号"_s, 40);
         window.option(u"optYl(0)"_s);
         window.option(u"optCz(1)"_s);
         window.enterAll();
-        QCOMPARE(numbersOf(u"tc02"_s).mid(2), (QStringList{u"40"_s, u"41"_s, u"42"_s, u"43"_s}));
+        QCOMPARE(numbersOf(u"tc02"_s), (QStringList{u"1"_s, u"40"_s, u"3"_s, u"41"_s, u"42"_s, u"43"_s}));
     }
 
     void storedValueIsLongerThanTheFile() {
@@ -216,6 +216,53 @@ class TestIntake : public QObject {
         QVERIFY(holds(window, u"tc02"_s, 1, u"a.jpg"_s));
     }
 
+    void allAreChosenOnlyForAWayOfAdding() {
+        IntakeWindow window;
+        window.enterFolder(u"下"_s);
+        window.add(u"下/a.jpg"_s);
+        window.add(u"下/b.jpg"_s);
+        window.get<DirList>(u"dir1"_s).setPath(window.pictures.path());
+        window.choose(u"cboBm"_s, u"tc02"_s);
+        window.option(u"optYl(0)"_s);
+        window.enterFolderByHand(u"下"_s);
+        window.expect({.disabled = u"cmdQx fil1"_s, .texts = {{u"lblGy"_s, u"该文件夹（目录）共有图片2张"_s}}});
+        window.option(u"optCz(1)"_s);
+        window.expect({.enabled = u"cmdQx fil1"_s});
+        window.click(u"cmdQ1"_s);
+        window.expect({.disabled = u"cmdQx fil1"_s});
+    }
+
+    void theQuestionNamesAFileThatIsChosen() {
+        IntakeWindow window;
+        window.addAll({u"1.jpg"_s, u"2.jpg"_s, u"3.jpg"_s});
+        window.answer = false;
+        window.prepare(u"tc01"_s, 0);
+        window.click(u"cmdQx"_s);
+        window.click(u"cmdLr"_s);
+        QVERIFY(window.said().last().endsWith(u"（从文件[1.jpg]替换到本图册 序号＝1）\n\n    等共3条"_s));
+        // The focus is on a file that was given up again.
+        window.clickFile(u"1.jpg"_s);
+        window.clickFile(u"2.jpg"_s, Qt::ControlModifier);
+        window.clickFile(u"1.jpg"_s, Qt::ControlModifier);
+        window.click(u"cmdLr"_s);
+        QVERIFY(window.said().last().endsWith(u"（从文件[2.jpg]替换到本图册 序号＝2）\n\n"_s));
+    }
+
+    void theCountOfPicturesStaysOnItsPage() {
+        IntakeWindow window;
+        window.addAll({u"a.jpg"_s, u"b.jpg"_s});
+        window.prepare(u"tc01"_s, 1);
+        window.expect({.shown = u"lblGy"_s});
+        window.tabs().setCurrentIndex(3);
+        window.clickRow(0);
+        for (const QString& target : {u"optMb(0)"_s, u"optMb(1)"_s}) {
+            window.option(target);
+            window.expect({.shown = u"picMl"_s, .hidden = u"lblGy"_s});
+        }
+        window.tabs().setCurrentIndex(1);
+        window.expect({.shown = u"lblGy"_s});
+    }
+
     void albumMustBeChosen() {
         IntakeWindow window;
         window.expect({.disabled = u"fraLy cmdCk(0)"_s, .texts = {{u"lblJl"_s, u"请先在上边选择接受图片的图册"_s}}});
@@ -281,7 +328,7 @@ class TestIntake : public QObject {
     }
 
     void newFilesAreFound() {
-        for (const QString& way : {u"source"_s, u"page"_s, u"click"_s}) {
+        for (const QString& way : {u"source"_s, u"page"_s, u"run"_s, u"click"_s}) {
             IntakeWindow window;
             window.add(u"1.jpg"_s);
             window.prepare(u"tc02"_s, 1);
@@ -291,6 +338,10 @@ class TestIntake : public QObject {
             } else if (way == u"page"_s) {
                 window.tabs().setCurrentIndex(0);
                 window.tabs().setCurrentIndex(1);
+            } else if (way == u"run"_s) {
+                window.clickFile(u"1.jpg"_s);
+                window.click(u"cmdLr"_s);
+                window.expect({.disabled = u"cmdLr"_s, .texts = {{u"txtMl"_s, QString()}}});
             } else {
                 window.clickFile(u"1.jpg"_s);
                 const auto& dir1 = window.get<DirList>(u"dir1"_s);

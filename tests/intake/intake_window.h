@@ -57,6 +57,12 @@ class IntakeWindow : public SettingsWindow {
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write(bytes);
     }
+    /// A picture whose name is no text to the system, by the bytes of the name.
+    void addOdd(const QByteArray& name, const char* format = "JPG") const {
+        add(QStringLiteral("new.pic"), {60, 45}, format);
+        const QByteArray folder = QFile::encodeName(pictures.path()) + '/';
+        QVERIFY(rename((folder + "new.pic").constData(), (folder + name).constData()) == 0);
+    }
     QString path(const QString& name) const { return pictures.filePath(name); }
     QByteArray bytesOf(const QString& name) const {
         QFile file(path(name));
@@ -84,6 +90,16 @@ class IntakeWindow : public SettingsWindow {
     void enterFolder(const QString& name) const {
         QDir(pictures.path()).mkdir(name);
         get<DirList>(QStringLiteral("dir1")).setPath(path(name));
+    }
+    /// By a double click on its line.
+    void enterFolderByHand(const QString& name) const {
+        auto& folders = get<DirList>(QStringLiteral("dir1"));
+        QListWidgetItem* line = folders.findItems(name, Qt::MatchExactly).value(0);
+        QVERIFY2(line != nullptr, qPrintable(name));
+        folders.scrollToItem(line);
+        const QPoint at = folders.visualItemRect(line).center();
+        QTest::mouseClick(folders.viewport(), Qt::LeftButton, {}, at);
+        QTest::mouseDClick(folders.viewport(), Qt::LeftButton, {}, at);
     }
     FileList& files() const { return get<FileList>(QStringLiteral("fil1")); }
     QString echo() const { return get<CaptionBox>(QStringLiteral("txtMl")).text(); }

@@ -73,16 +73,8 @@ class TestMappingRules : public QObject {
         QVERIFY_THROWS_EXCEPTION(Error, shapeByName(mekTp::catalogue, other, u"none"_s));
     }
 
-    void numbersOfAppendedRecords() {
-        const SampleCatalogue catalogue;
-        Recordset empty = mekTp::catalogue.OpenRecordset(u"tc02"_s);
-        QCOMPARE(nextNumber(empty), 1);
-        Recordset album = mekTp::catalogue.OpenRecordset(u"tc01"_s);
-        QCOMPARE(nextNumber(album), 11);
-        album.Edit();
-        album.Fields(u"序号"_s).SetValue(std::numeric_limits<qint32>::max());
-        album.Update();
-        QVERIFY_THROWS_EXCEPTION(Error, nextNumber(album));
+    void keysThatComeAgain() {
+        QCOMPARE(recordsOfKeys({u"1"_s, u"2"_s, u"1"_s}), (QList<SourceRecord>{{u"1"_s, 0}, {u"2"_s, 0}, {u"1"_s, 1}}));
     }
 
     void reports() {
@@ -101,6 +93,12 @@ class TestMappingRules : public QObject {
             copyReport(broken, u"no"_s).split(u"\n\n"_s),
             (QStringList{u"录入到记录“no＝3”时停止，该记录没有录入：磁盘已满。"_s, u"以下记录也没有录入：no＝4、5"_s,
                          u"记录已录入图册：no＝1"_s, u"目标表中没有对应的记录，没有替换：no＝8、9"_s}));
+
+        // Nothing is asked about what was left out before a failure: it is told.
+        broken.noPictures = {u"6"_s};
+        broken.truncated = {u"7"_s};
+        const QString report = copyReport(broken, u"no"_s);
+        QVERIFY(report.contains(u"图片不是 BMP 或 JPEG，没有录入：no＝6\n\n图片不完整，没有录入：no＝7"_s));
     }
 };
 

@@ -2,6 +2,7 @@
 #include "intake/hint_line.h"
 #include "intake/intake_run.h"
 #include "intake/intake_texts.h"
+#include "intake/left_out.h"
 #include "intake/preview_fit.h"
 #include "platform/base/error.h"
 #include "platform/picture/picture.h"
@@ -102,8 +103,21 @@ class TestIntakeRules : public QObject {
             {{.notFound = {u"9.jpg"_s}}, u"目标表无对应序号，没有替换：9.jpg"_s},
             {{.entered = {u"a"_s}, .failedFile = u"b"_s, .failure = u"坏"_s, .left = {u"c"_s, u"d"_s}},
              u"录入到文件“b”时停止，该文件没有录入：坏\n\n以下文件也没有录入：c、d\n\n文件已录入图册：a"_s},
+            {{.truncated = {u"t"_s}, .failedFile = u"b"_s, .failure = u"坏"_s},
+             u"录入到文件“b”时停止，该文件没有录入：坏\n\n文件不完整，没有录入：t"_s},
+            {{.count = 1, .truncated = {u"t"_s}, .cameToEnd = true}, {}},  // it was asked about
             {{.count = 1, .empty = {u"a"_s}, .cameToEnd = true}, u"文件没有内容，没有存入图片：a"_s}};
         for (const auto& [result, text] : cases) QCOMPARE(intakeReport(result), text);
+    }
+
+    void leftOut() {
+        const std::pair<LeftOut, QString> cases[] = {
+            {{.truncated = {u"a.jpg"_s, u"b.jpg"_s}}, u"其中 2 个文件不完整：a.jpg、b.jpg"_s},
+            {{.field = u"no"_s, .truncated = {u"7"_s}, .noPictures = {u"3"_s, u"4"_s, u"5"_s}},
+             u"其中 3 条的图片不是 BMP 或 JPEG：no＝3、4、5\n其中 1 条的图片不完整：no＝7"_s}};
+        for (const auto& [what, text] : cases) QCOMPARE(leftOutQuestion(what, false).section(u"\n\n"_s, 0, 0), text);
+        QVERIFY(leftOutQuestion(cases[0].first, false).contains(u"接着排在后面"_s));
+        QVERIFY(!leftOutQuestion(cases[0].first, true).contains(u"接着排在后面"_s));
     }
 
     void fit() {

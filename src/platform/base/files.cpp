@@ -1,10 +1,12 @@
 #include "platform/base/files.h"
 
 #include "platform/base/error.h"
+#include "platform/base/odd_names.h"
 #include "platform/base/system_reason.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QStorageInfo>
 #include <cerrno>
@@ -83,11 +85,15 @@ QString joinedPath(const QString& folder, const QString& name) {
 }
 
 qint64 FileLen(const QString& path) {
+    if (QFile odd; isStandIn(path) && openForReading(odd, path)) return odd.size();
     return existingFile(path).size();
 }
 
 QDateTime FileDateTime(const QString& path) {
-    const QDateTime changed = existingFile(path).lastModified();
+    QFile odd;
+    const bool isOdd = isStandIn(path) && openForReading(odd, path);
+    const QDateTime changed =
+        isOdd ? odd.fileTime(QFileDevice::FileModificationTime) : existingFile(path).lastModified();
     const QTime time = changed.time();
     return {changed.date(), QTime(time.hour(), time.minute(), time.second())};
 }
@@ -106,14 +112,6 @@ bool isWritableNow(const QString& path) {
 #else
     return QFileInfo(path).isWritable();
 #endif
-}
-
-QStringList filesIn(const QString& folder, const QStringList& patterns) {
-    QStringList names;
-    for (const QFileInfo& entry : QDir(folder).entryInfoList(patterns, QDir::Files))
-        // A link counts as a file there, whatever it leads to.
-        if (!entry.isSymLink() || entry.isFile()) names << entry.fileName();
-    return names;
 }
 
 void Kill(const QString& path) {

@@ -2,7 +2,6 @@
 
 #include <QDateTime>
 #include <QString>
-#include <QStringList>
 
 class QFileDevice;
 
@@ -23,8 +22,6 @@ QDateTime FileDateTime(const QString& path);  ///< Time of the last change, loca
 bool fileExists(const QString& path);
 bool folderExists(const QString& path);   ///< Does not throw.
 bool isWritableNow(const QString& path);  ///< With the rights that count at this moment. Does not throw.
-/// Names of the files in a folder that meet one of the patterns; all of them without patterns. Does not throw.
-QStringList filesIn(const QString& folder, const QStringList& patterns = {});
 void Kill(const QString& path);
 void MkDir(const QString& path);  ///< On the disk when it returns.
 void RmDir(const QString& path);  ///< Only an empty folder.

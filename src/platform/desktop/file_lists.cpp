@@ -1,7 +1,7 @@
 #include "platform/desktop/file_lists.h"
 
 #include "platform/base/error.h"
-#include "platform/base/files.h"
+#include "platform/base/odd_names.h"
 #include "platform/desktop/message_box.h"
 
 #include <QCollator>
@@ -179,6 +179,10 @@ void DirList::fill(const QString& path, const QStringList& folders) {
     }
     ownLine_ = count() - 1;
     for (const QString& name : folders) add(closed, name, cleanPath(QDir(path).filePath(name)));
+    for (const QString& name : oddFoldersIn(path)) {
+        add(closed, name, u"这个文件夹的名称不是系统的编码，不能打开。请先给它改名。"_s);
+        item(count() - 1)->setFlags(Qt::NoItemFlags);
+    }
     setCurrentRow(ownLine_);
     showWay();
 }
@@ -228,9 +232,16 @@ void FileList::setPattern(const QString& pattern) {
 void FileList::refill() {
     const QSignalBlocker silence(this);
     clear();
-    QStringList names = filesIn(path_, pattern_.split(u';', Qt::SkipEmptyParts));
+    QStringList names, odd;
+    for (const FolderEntry& entry : filesIn(path_, pattern_.split(u';', Qt::SkipEmptyParts))) {
+        names << entry.name;
+        if (entry.isStandIn) odd << entry.name;
+    }
     sortNaturally(names);
     addItems(names);
+    for (const QString& name : std::as_const(odd))
+        for (QListWidgetItem* line : findItems(name, Qt::MatchExactly))
+            line->setToolTip(u"文件名不是系统的编码，这里显示的是代用的名称。"_s);
 }
 
 QString FileList::FileName() const {

@@ -2,6 +2,8 @@
 #include "platform/desktop/file_lists.h"
 #include "platform/desktop/list_box.h"
 
+#include <sys/stat.h>
+
 #include <set>
 
 using namespace Qt::Literals::StringLiterals;
@@ -144,6 +146,33 @@ class TestLists : public QObject {
         QCOMPARE(list.item(list.count() - 1)->data(Qt::UserRole).toString(), folder.filePath(u"f10"_s));
         QCOMPARE(list.item(list.count() - 1)->toolTip(), folder.filePath(u"f10"_s));
         QCOMPARE(list.currentItem()->data(Qt::UserRole).toString(), folder.path());
+    }
+
+    void namesThatAreNoTextAreShownByStandIns() {
+        const QTemporaryDir folder;
+        const QByteArray odd = QFile::encodeName(folder.path()) + "/\xD5\xD5\xC6\xAC";  // 照片 in GB 18030
+        writeFile(folder.filePath(u"a.jpg"_s));
+        writeFile(folder.filePath(u"b.jpg"_s));
+        QVERIFY(rename(QFile::encodeName(folder.filePath(u"b.jpg"_s)).constData(), (odd + ".jpg").constData()) == 0);
+        QVERIFY(mkdir(odd.constData(), 0700) == 0);
+        FileList files;
+        files.setPattern(u"*.jpg"_s);
+        files.setPath(folder.path());
+        QCOMPARE(texts(files), (QStringList{u"照片.jpg"_s, u"a.jpg"_s}));
+        QVERIFY(files.item(0)->toolTip().contains(u"代用"_s) && files.item(1)->toolTip().isEmpty());
+
+        // A folder of such a name stands there, but leads nowhere.
+        DirList folders;
+        folders.resize(300, 400);
+        folders.setPath(folder.path());
+        QVERIFY(isShown(folders));
+        const int last = folders.count() - 1;
+        QCOMPARE(folders.item(last)->text(), u"照片"_s);
+        QVERIFY(folders.item(last)->toolTip().contains(u"改名"_s));
+        doubleClick(folders, last);
+        QTest::keyClick(&folders, Qt::Key_End);
+        QTest::keyClick(&folders, Qt::Key_Return);
+        QCOMPARE(folders.Path(), folder.path());
     }
 
     void dirListIsEnteredByDoubleClickAndEnter() {
