@@ -177,16 +177,15 @@ void Page::drawCell(int index, QSize& pixels) {
     placeAt(cell.shpXs, frameBox(grid(), index, size));
 
     cell.imgXs->setTag({});
-    bool hasRecord = false;
-    attempt([&] { hasRecord = !album.Eof(); });
     StoredValue picture;
+    bool isRead = false;
     attempt([&] {
-        if (!hasRecord) return;
-        attempt([&] { picture = album.storedAt(album.row(), u"图片"_s); });
+        if (album.Eof()) return;
+        isRead = attempt([&] { picture = album.storedAt(album.row(), u"图片"_s); });
         cell.imgXs->setTag(tagOfRecord(album));
     });
     // The first cell is never made anew: a record without a picture leaves there what it shows.
-    pictures_.put(cell.imgXs, picture, index == 0 && hasRecord);
+    pictures_.put(cell.imgXs, picture, index == 0 && isRead);
     cell.imgXs->setToolTip(cell.imgXs->tag());
     cell.imgXs->setFocusPolicy(cell.imgXs->tag().isEmpty() ? Qt::NoFocus : Qt::TabFocus);
     cell.shpXs->show();

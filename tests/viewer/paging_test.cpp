@@ -257,6 +257,15 @@ class TestPaging : public QObject {
         QCOMPARE(cell->picture().image().pixelColor(5, 5), before);
     }
 
+    // A record that is there no longer says nothing about what its cell may keep.
+    void recordThatIsGoneKeepsNoPicture() {
+        const OpenPage viewer(1);
+        mekTp::catalogue.Execute(u"DELETE FROM tc01 WHERE 序号 = 2"_s);
+        viewer.press(u"xy"_s);
+        QVERIFY(viewer.isEmptyCell(0));
+        QVERIFY(viewer.boxes.isEmpty());
+    }
+
     void theThinnestPicturesAreSeen() {
         const OpenPage viewer(6);
         changeRow(u"tc01"_s, {{u"规格"_s, u"3000 * 1"_s}, {u"图片"_s, pictureBytes({3000, 1}, Qt::red)}});
