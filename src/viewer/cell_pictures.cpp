@@ -26,7 +26,7 @@ constexpr qint64 mostRoom = 256 << 20;
 // Cameras fit the preview of a wide photograph between bars. One that is off by more is of another picture.
 constexpr double mostOff = 1.35;
 
-/// The middle of a preview, in the shape of the place where it stands; null where it is of another shape.
+/// The middle of a preview, cut to the shape of its cell; null where the preview has another shape.
 Picture inShapeOf(QSize place, const Picture& preview) {
     const QSize size = preview.image().size();
     const QSize part = place.scaled(size, Qt::KeepAspectRatio);

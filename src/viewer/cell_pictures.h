@@ -9,7 +9,7 @@
 #include <vector>
 
 /// Brings the pictures into the cells of a page: at once what is at hand, everything else as it is decoded. Meanwhile a
-/// cell shows the same picture as it stood there in another size, or the small one that its camera has put into the
+/// cell shows the same picture in the size that it had there, or the small one that its camera has put into the
 /// file. While the window rests, the pages that are likely to come next are decoded ahead.
 class CellPictures : public QObject {
     Q_OBJECT
@@ -17,7 +17,7 @@ class CellPictures : public QObject {
   public:
     using Requests = std::vector<PictureRequest>;
 
-    /// `upcoming` tells what may be shown next, the most likely first. Asked only when the window rests.
+    /// `upcoming` says what may be shown next, the most likely first. It is asked only when the window rests.
     explicit CellPictures(std::function<Requests()> upcoming);
 
     /// Room for the pictures of some pages, of which each takes so many device pixels.
@@ -45,7 +45,7 @@ class CellPictures : public QObject {
         bool isBlank;
     };
 
-    /// Which picture stands in a cell.
+    /// Which picture a cell shows.
     struct Content {
         QPointer<CellBox> cell;
         StoredValue value;

@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -20,7 +21,7 @@ bool opensList(const QKeyEvent& event) {
     return event.key() == Qt::Key_F4 || (event.key() == Qt::Key_Down && event.modifiers().testFlag(Qt::AltModifier));
 }
 
-/// The first control to set something with: the closing button stands above them.
+/// The first control that sets something: the closing button comes before it.
 QWidget* firstStop(QWidget* dialog) {
     for (QWidget* next = dialog->nextInFocusChain(); next != dialog; next = next->nextInFocusChain())
         if (dialog->isAncestorOf(next) && qobject_cast<QPushButton*>(next) == nullptr && next->isEnabled() &&
@@ -53,19 +54,23 @@ void frmTp::scrollBy(int pixels) {
 void frmTp::escape() {
     if (!lstLs->isHidden())
         lstLs->hide();
-    else if (!filters_->picRq->isHidden())
-        filters_->picRq->hide();
-    else if (!show_->picYc->isHidden())
-        show_->picYc->hide();
+    else if (SmallDialog* open = openDialog())
+        open->hide();
     else if (screen_->isViewing())
-        view_->close();
+        screen_->endView();
+}
+
+SmallDialog* frmTp::openDialog() const {
+    for (SmallDialog* dialog : dialogs())
+        if (!dialog->isHidden()) return dialog;
+    return nullptr;
 }
 
 bool frmTp::pageByKey(int key) {
     static const QHash<int, QString> keys{
         {Qt::Key_Home, u"ty"_s}, {Qt::Key_PageUp, u"sy"_s}, {Qt::Key_PageDown, u"xy"_s}, {Qt::Key_End, u"hy"_s}};
     if (!keys.contains(key)) return false;
-    if (strip_->tlb1->isEnabled(keys[key])) runHandler(this, [&] { toolClicked(keys[key]); });
+    if (strip_->offers(keys[key])) runHandler(this, [&] { toolClicked(keys[key]); });
     return true;
 }
 
@@ -87,14 +92,7 @@ bool frmTp::workByKey(int key) {
 
 /// In a box with a list: as combo boxes do.
 bool frmTp::openListByKey(const QKeyEvent& event) {
-    const QWidget* box = focusWidget();
-    if (!opensList(event) || box == nullptr) return false;
-    if (box == strip_->txtLs)
-        listColumns();
-    else if (box == strip_->txtXh || box == strip_->txtXx)
-        listNumberConditions();
-    else
-        return false;
+    if (!opensList(event) || !strip_->listFor(focusWidget())) return false;
     lstLs->takeKeys();
     return true;
 }
@@ -114,8 +112,8 @@ void frmTp::enter() {
 /// Stops the slide show and goes on with it. Where there is none, texts over pictures come and go.
 void frmTp::space() {
     if (screen_->isViewing())
-        screen_->txtB0->setVisible(screen_->txtB0->isHidden());
-    else if (strip_->tlb1->isEnabled(u"hd"_s))
+        screen_->toggleStrip();
+    else if (strip_->offers(u"hd"_s))
         toolClicked(u"hd"_s);
     else
         page_->toggleCaption(page_->focusedCell());
@@ -128,12 +126,12 @@ void frmTp::moveFocus(int step) {
 }
 
 void frmTp::chooseColumns(int columns) {
-    strip_->txtLs->setText(QString::number(columns) + u"列"_s);
-    if (state_.pageShown) page_->xstp();
+    strip_->chooseColumns(QString::number(columns) + u"列"_s);
+    if (page_->isShown()) page_->xstp();
 }
 
 bool frmTp::isInDialog(const QWidget* control) const {
-    return filters_->picRq->isAncestorOf(control) || show_->picYc->isAncestorOf(control);
+    return std::ranges::any_of(dialogs(), [&](const SmallDialog* each) { return each->isAncestorOf(control); });
 }
 
 void frmTp::moveFocusWith(QWidget* dialog, QEvent::Type event) {
