@@ -22,11 +22,16 @@ PictureView::PictureView(ToolStrip& strip, ScreenPanel& screen, Page& page, QWid
 
 void PictureView::open(int cell) {
     selectedCell_ = cell;
-    const QString number = page_.numberIn(cell);
-    if (page_.cellCount() == 1 || number.isEmpty()) return;
-    Recordset record =
-        mekTp::catalogue.OpenRecordset(u"SELECT * FROM "_s + page_.table() + u" WHERE 序号 = "_s + number);
-    const QString name = u"序号 "_s + number;
+    if (page_.cellCount() == 1 || page_.numberIn(cell).isEmpty()) return;
+    table_ = page_.table();
+    number_ = page_.numberIn(cell);
+    data_ = page_.dataIn(cell);
+    show();
+}
+
+void PictureView::show() {
+    Recordset record = mekTp::catalogue.OpenRecordset(u"SELECT * FROM "_s + table_ + u" WHERE 序号 = "_s + number_);
+    const QString name = u"序号 "_s + number_;
     const bool hasPicture = !record.Fields(u"图片"_s).isNull();
     auto pixels = sizeFromSpec(record.Fields(u"规格"_s).Value().textOr());
     if (!pixels || pixels->isEmpty()) {
@@ -35,14 +40,14 @@ void PictureView::open(int cell) {
     }
 
     const QSize fitted = fittedSize(*pixels, widthOf(window_) - 2130, heightOf(window_) - 1600, page_.isOriginalSize());
-    screen_.beginView(fitted, page_.dataIn(cell));
+    screen_.beginView(fitted, data_);
     if (hasPicture)
-        showPicture(record, name);
+        load(record, name);
     else
         screen_.sayInView(name + u" 没有图片。"_s);
 }
 
-void PictureView::showPicture(Recordset& record, const QString& name) {
+void PictureView::load(Recordset& record, const QString& name) {
     try {
         screen_.showInView(loadPictureField(record, u"图片"_s, name, screen_.targetSize()));
     } catch (const Error& failure) {
@@ -55,7 +60,7 @@ void PictureView::switchSize() {
     page_.setOriginalSize(!page_.isOriginalSize());
     strip_.showOriginalSize(page_.isOriginalSize());
     if (page_.cellCount() > 1) {
-        attempt([&] { refit(); });
+        attempt([&] { open(selectedCell_); });
         return;
     }
     page_.setFirstIndex(std::max(-1, page_.firstIndex() - 1));

@@ -149,6 +149,19 @@ class TestViewAndShow : public QObject {
         QVERIFY(viewer.key(u"xy"_s)->isEnabled());
     }
 
+    void viewKeepsItsPictureWhenThePageBehindItChanges() {
+        const OpenPage viewer(2);
+        viewer.press(u"xy"_s);
+        viewer.openPicture(1);
+        const auto* strip = viewer.find<CaptionBox>(u"txtB0"_s);
+        const QString data = strip->text();
+        viewer.chooseColumns(3);
+        viewer.window->resize(1100, 800);
+        QVERIFY(viewer.pictureIn(1) == 2 && data.startsWith(u"序号：6 "));
+        QVERIFY(strip->isVisible());
+        QCOMPARE(strip->text(), data);
+    }
+
     void originalSizeStepsBackOnAOnePicturePage() {
         const OpenPage viewer(1);
         viewer.press(u"xy"_s);
