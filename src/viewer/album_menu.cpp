@@ -48,16 +48,6 @@ void AlbumMenu::fill(QStringList titles, const QStringList& tables) {
 }
 
 void AlbumMenu::showOpen(int index) {
-    uncheckAll();
-    if (index < count()) mnuCd[index]->setChecked(true);
-    mnuTg->setEnabled(true);
-}
-
-void AlbumMenu::showNoneOpen() {
-    uncheckAll();
-    mnuTg->setEnabled(false);
-}
-
-void AlbumMenu::uncheckAll() {
-    for (QAction* item : mnuCd) item->setChecked(false);
+    for (int i = 0; i < count(); ++i) mnuCd[i]->setChecked(i == index);
+    mnuTg->setEnabled(index >= 0);
 }

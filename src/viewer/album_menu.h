@@ -20,16 +20,14 @@ class AlbumMenu : public QObject {
     int count() const { return int(mnuCd.size()); }
     QString title(int index) const { return mnuCd[index]->text().replace(QStringLiteral("&&"), QStringLiteral("&")); }
 
-    /// Checks the open album. An index behind the last one checks none.
+    /// Checks the open album. -1: none is open; behind the last one: one that the menu does not have.
     void showOpen(int index);
-    void showNoneOpen();
 
   Q_SIGNALS:
     void chosen(int index);
     void closeChosen();
 
   private:
-    void uncheckAll();
     QMenu* mnuDk;           ///< The menu.
     QList<QAction*> mnuCd;  ///< An album each.
     QAction* mnuTg;         ///< Closes the album.

@@ -5,6 +5,7 @@
 #include "platform/database/database.h"
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -25,15 +26,8 @@ struct RelationTexts {
 };
 
 const RelationTexts& textsOf(DateRelation relation) {
-    static const RelationTexts before{u"早于"_s, u"<"_s}, after{u"晚于"_s, u">"_s}, on{u"等于"_s, u"="_s};
-    switch (relation) {
-        case DateRelation::before:
-            return before;
-        case DateRelation::after:
-            return after;
-        default:
-            return on;
-    }
+    static const std::array<RelationTexts, 3> texts{{{u"早于"_s, u"<"_s}, {u"晚于"_s, u">"_s}, {u"等于"_s, u"="_s}}};
+    return texts.at(size_t(relation));
 }
 
 QString daySql(const DayCondition& condition) {

@@ -81,10 +81,10 @@ void frmTp::buildMenus() {
     addMenuAction(u"mnuSz"_s, u"录入设置(&S)"_s, [this] { goTo(WindowKind::settings); });
     mnuXs = addMenuAction(u"mnuXs"_s, u"显示图片(&X)"_s, [this] { paging_->redrawFromMenu(); });
     mnuXs->setEnabled(false);
-    mnuCs = addMenuAction(u"mnuCs"_s, u"窗口配色(&C)"_s, [this] { toggleColours(); });
+    mnuCs = addMenuAction(u"mnuCs"_s, u"窗口配色(&C)"_s, [this] { toggle(WindowKind::colours, coloursAreOpen_); });
     addMenuAction(u"mnuCl"_s, u"图片处理(&L)"_s, [this] { goTo(WindowKind::editor); });
     addMenuAction(u"mnuGy"_s, u"关 于(&G)"_s, [this] { windows_.show(WindowKind::about); });
-    mnuBz = addMenuAction(u"mnuBz"_s, u"帮 助(&B)"_s, [this] { toggleHelp(); });
+    mnuBz = addMenuAction(u"mnuBz"_s, u"帮 助(&B)"_s, [this] { toggle(WindowKind::help, helpIsOpen_); });
     addMenuAction(u"mnuTc"_s, u"退 出(&T)"_s, [this] { close(); });
 }
 
@@ -197,7 +197,7 @@ void frmTp::toolClicked(const QString& key) {
         {u"hd"_s, [this] { show_->toggle(); }},
         {u"sj"_s, [this] { picYc->open(); }},
         {u"yd"_s, [this] { view_->switchSize(); }},
-        {u"bz"_s, [this] { toggleHelp(); }},
+        {u"bz"_s, [this] { toggle(WindowKind::help, helpIsOpen_); }},
         {u"gb"_s, [this] { close(); }},
     };
     actions.value(key, [] {})();
@@ -222,18 +222,11 @@ void frmTp::goTo(WindowKind window) {
     windows_.handOver(WindowKind::viewer, window);
 }
 
-void frmTp::toggleColours() {
-    if (coloursAreOpen_)
-        windows_.unload(WindowKind::colours);
+void frmTp::toggle(WindowKind window, bool isOpen) {
+    if (isOpen)
+        windows_.unload(window);
     else
-        windows_.show(WindowKind::colours);
-}
-
-void frmTp::toggleHelp() {
-    if (helpIsOpen_)
-        windows_.unload(WindowKind::help);
-    else
-        windows_.show(WindowKind::help);
+        windows_.show(window);
 }
 
 void frmTp::windowsBeside(bool help, bool colours) {

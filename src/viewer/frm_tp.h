@@ -65,8 +65,7 @@ class frmTp : public QMainWindow {
     void toolClicked(const QString& key);
     void listColumns(const QWidget* box);
     void listNumberConditions(const QWidget* box);
-    void toggleColours();
-    void toggleHelp();
+    void toggle(WindowKind window, bool isOpen);
     void goTo(WindowKind window);
     /// A small dialog takes the focus as it comes. When it goes, the form gets it: in a box of the tool bar keys would
     /// write.
@@ -78,7 +77,6 @@ class frmTp : public QMainWindow {
     void escape();
     bool pageByKey(int key);
     bool workByKey(int key);
-    bool openListByKey(const QKeyEvent& event);
     void enter();
     void space();
     void moveFocus(int step);

@@ -46,11 +46,11 @@ void frmTp::openTable(const QString& table) {
 void frmTp::showNothingOpen() {
     selection_.close();
     page_->leave();
-    menu_->showNoneOpen();
+    menu_->showOpen(-1);
     mnuXs->setEnabled(false);
     albumIsOpen_ = false;
     strip_->showAlbumKey(false, u"打开像册"_s);
-    status_->showNoAlbum();
+    status_->showAlbum(u"未打开图册"_s, {});
     status_->showPage({});
 }
 

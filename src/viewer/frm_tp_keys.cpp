@@ -17,6 +17,7 @@ namespace {
 constexpr int scrollStep = 60;
 constexpr int mostColumns = 6;
 
+/// As combo boxes do.
 bool opensList(const QKeyEvent& event) {
     return event.key() == Qt::Key_F4 || (event.key() == Qt::Key_Down && event.modifiers().testFlag(Qt::AltModifier));
 }
@@ -35,8 +36,8 @@ QWidget* firstStop(QWidget* dialog) {
 void frmTp::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
         escape();
-    else if (openListByKey(*event))
-        return;
+    else if (opensList(*event) && strip_->listFor(focusWidget()))
+        lstLs->takeKeys();
     else if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
         scrollBy(event->key() == Qt::Key_Up ? -scrollStep : scrollStep);
     else if (qobject_cast<QLineEdit*>(focusWidget()) != nullptr ||
@@ -87,13 +88,6 @@ bool frmTp::workByKey(int key) {
         runHandler(this, [&] { chooseColumns(key - Qt::Key_0); });
     else
         return false;
-    return true;
-}
-
-/// In a box with a list: as combo boxes do.
-bool frmTp::openListByKey(const QKeyEvent& event) {
-    if (!opensList(event) || !strip_->listFor(focusWidget())) return false;
-    lstLs->takeKeys();
     return true;
 }
 

@@ -112,10 +112,6 @@ void ScreenPanel::offerPaging(bool on) {
     for (const QString& key : {u"ty"_s, u"sy"_s, u"xy"_s, u"hy"_s}) strip_.offer(key, on);
 }
 
-void ScreenPanel::showInView(const Picture& picture) {
-    img0->setPicture(picture);
-}
-
 void ScreenPanel::sayInView(const QString& words) {
     img0->setPicture({});
     lblWz->setText(words);

@@ -29,7 +29,7 @@ class ScreenPanel : public QObject {
     /// Shows a picture's place of that size, in twips, with its data on a strip, and takes the paging keys away.
     void beginView(QSize size, const QString& data);
     QSize targetSize() const { return img0->targetSize(); }  ///< For which the picture in view is decoded.
-    void showInView(const Picture& picture);
+    void showInView(const Picture& picture) { img0->setPicture(picture); }
     /// Words in place of the picture in view.
     void sayInView(const QString& words);
     void toggleStrip() { txtB0->setVisible(txtB0->isHidden()); }

@@ -27,9 +27,7 @@ void SlideShow::toggle() {
 }
 
 bool SlideShow::isAtEnd() const {
-    bool atEnd = true;
-    attempt([&] { atEnd = selection_.records().Eof(); });
-    return atEnd;
+    return !selection_.isOpen() || selection_.records().Eof();
 }
 
 void SlideShow::start() {

@@ -111,10 +111,6 @@ void StatusLine::showAlbum(const QString& title, const QString& rest) {
     setLine(album_, title + rest, title.size());
 }
 
-void StatusLine::showNoAlbum() {
-    showAlbum(u"未打开图册"_s, {});
-}
-
 void StatusLine::showPage(const QString& text) {
     const qsizetype counts = text.indexOf(u" 共");
     setLine(page_, text, counts < 0 ? text.size() : counts);

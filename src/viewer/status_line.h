@@ -46,7 +46,6 @@ class StatusLine {
     void showCollection(const QString& title);
     /// The open album: its title, and what is said of it.
     void showAlbum(const QString& title, const QString& rest);
-    void showNoAlbum();
     /// The page line, or a word on paging.
     void showPage(const QString& text);
     /// Whether the text is another one than before.

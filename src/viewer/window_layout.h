@@ -11,7 +11,7 @@ struct LineEnds {
 };
 
 struct WindowLayout {
-    int pageAreaWidth, pageAreaHeight, buttonStripHeight;
+    int buttonStripHeight;
     Box page;                           ///< `pic1`, and `pic0` that covers it.
     LineEnds top, left, bottom, right;  ///< `lin1` to `lin4` around the page.
     Box outerFrame, innerFrame;         ///< `shpAb` and `shpA1` around the button column.
