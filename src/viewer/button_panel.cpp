@@ -140,7 +140,7 @@ void ButtonPanel::rewind() {
     imgSy->show();
 }
 
-// The upper corner is a dead one on the first page of buttons.
+// On the first page of buttons the upper corner does nothing.
 void ButtonPanel::loadCorner() {
     imgSy->setToolTip(isFirstPage() ? QString() : u" 上一页"_s);
     if (isFirstPage() && imgSy->hasFocus()) form_->setFocus();
@@ -177,7 +177,7 @@ void ButtonPanel::choose(int index) {
     Q_EMIT chosen(index, name);
 }
 
-// The buttons from number 5 on answer as corners do.
+// Buttons from number 5 on behave like the corners.
 void ButtonPanel::bkyd(int index) {
     const bool isButton = index < upperCorner;
     ImageBox* target = isButton ? buttons_[size_t(index)].imgAn : index == upperCorner ? imgSy : imgXy;

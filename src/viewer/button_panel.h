@@ -44,7 +44,7 @@ class ButtonPanel : public QObject {
         QString name;
     };
 
-    /// The corners stand behind the buttons in the numbering of the roll-over.
+    /// Numbers of the corners for the roll-over, which counts them after five buttons.
     static constexpr int upperCorner = 5;
     static constexpr int lowerCorner = 6;
 

@@ -60,7 +60,7 @@ void Caption::changeEvent(QEvent* event) {
     if (event->type() == QEvent::FontChange) updateToolTip();
 }
 
-// Not the way of the text control, which scrolls to a line that it takes for the current one.
+// The text control would scroll to the line of its cursor, so the text is painted here.
 void Caption::paintEvent(QPaintEvent*) {
     QStringList lines = linesFor(width());
     const int room = linesThatFit();

@@ -25,8 +25,8 @@ class CellPictures : public QObject {
 
     /// Begins a page: the cells of the one before are not waited for any more.
     void begin();
-    /// Bytes that are no picture leave a cell empty, with a sign. Where there are none it is emptied, or shows on what
-    /// it has.
+    /// Bytes that are no picture leave a cell empty, with a sign. Without any bytes it is emptied too, or goes on
+    /// showing what it has.
     void put(CellBox* cell, const StoredValue& value, bool keepsItsPicture);
     /// Waits a moment for what is quick, and returns with something to see in every cell that can have it soon. The
     /// rest comes in while the window works on.
@@ -34,7 +34,7 @@ class CellPictures : public QObject {
 
     /// What may be shown next has changed.
     void rest();
-    /// Nothing of the page is looked at any more.
+    /// The page is left: none of its pictures is waited for.
     void leave();
 
   private:

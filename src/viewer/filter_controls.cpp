@@ -31,7 +31,7 @@ void FilterControls::tpsx() {
 
 void FilterControls::chooseButton(const QString& name) {
     const Recordset row = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcan WHERE 名称 = "_s + quoted(name));
-    // Opened by itself first: the whole album without a condition is nothing that the conditions can select.
+    // First the code alone: without any condition there is nothing that `tpsx` could select by.
     selection_.chooseCode(row.Fields(u"编号"_s).Value().textOr());
     tpsx();
     page_.xstp();

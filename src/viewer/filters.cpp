@@ -10,7 +10,7 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-// In a date that the help has begun: behind the year's dash, behind the month, behind the month's dash.
+// Places in a date that the help has begun: behind the year's dash, behind the month, behind the month's dash.
 constexpr int atMonth = 5;
 constexpr int behindMonth = 7;
 constexpr int atDay = 8;

@@ -168,7 +168,7 @@ void frmTp::tick() {
     strip_->setTitleColours(colours.text, colours.ground);
 }
 
-/// The picture on the screen panel: one in view gives way to the page, and so does a cover or curtain.
+/// A click on the screen panel ends the view of a picture, or brings the page from behind a cover or curtain.
 void frmTp::clickScreen() {
     if (screen_->isViewing() || page_->isShown())
         screen_->endView();

@@ -21,7 +21,7 @@ constexpr int usualText = 12;
 constexpr int smallText = 11;
 const QColor frameColour(0xb9, 0xb1, 0xa3);
 
-// A control that a handler may still be using goes when that handler has returned, but is out of the window at once.
+// The control leaves the window at once, and is deleted when a handler that may be using it has returned.
 void drop(QWidget* control) {
     control->hide();
     control->setParent(nullptr);
@@ -102,7 +102,7 @@ void Page::setCellCount(int count) {
         cell.txtBq->hide();
     }
     while (int(cells_.size()) < count) addCell();
-    // Captions stand over all pictures: in two columns they reach over the edge of their own cell.
+    // Captions are above all pictures: in two columns they reach over the edge of their own cell.
     for (const Cell& cell : cells_) cell.txtBq->raise();
 }
 
@@ -173,8 +173,8 @@ void Page::drawCells() {
 
 /// The size in twips of a picture on the page. Without a size to read it takes that of the picture before it.
 QSize Page::fitted(const QString& sizeText, QSize& pixels) const {
-    const auto told = sizeFromSpec(sizeText);
-    if (told && !told->isEmpty()) pixels = *told;
+    const auto size = sizeFromSpec(sizeText);
+    if (size && !size->isEmpty()) pixels = *size;
     return fittedSize(pixels, grid().cellWidth, grid().cellHeight, picturesPerPage_ == 1 && originalSize_);
 }
 
@@ -197,14 +197,14 @@ void Page::drawCell(int index, QSize& pixels) {
         cell.imgXs->setTag(tagOfRecord(album));
         cell.number = album.Fields(u"序号"_s).Value().textOr();
     });
-    // The first cell is never made anew: a record without a picture leaves there what it shows.
+    // The first cell is never made anew: for a record without a picture it goes on showing what it has.
     pictures_.put(cell.imgXs, picture, index == 0 && isRead);
     cell.imgXs->setToolTip(cell.imgXs->tag());
     cell.imgXs->setFocusPolicy(cell.imgXs->tag().isEmpty() ? Qt::NoFocus : Qt::TabFocus);
     cell.shpXs->show();
     cell.imgXs->show();
     drawCaption(index);
-    // Last: a control takes its tool tip for its name, and with a caption that is a hint.
+    // Last: a new tool tip becomes the name of a control too, and with captions it is only a hint.
     cell.imgXs->setAccessibleName(cell.imgXs->tag());
 }
 

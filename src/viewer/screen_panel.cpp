@@ -43,7 +43,7 @@ ScreenPanel::ScreenPanel(ToolStrip& strip, QWidget* form) : strip_(strip) {
     });
     connect(txtB0, &Caption::clicked, txtB0, &QWidget::hide);
     scroll_ = std::make_unique<WheelScroll>(pic0);
-    // Other processors have nothing to do while the window is made.
+    // Decoded by another processor while this one makes the window.
     attempt(
         [&] { firstPicture_ = std::async(std::launch::async, [] { return LoadPicture(startPicture, usualSize); }); });
 }
@@ -54,7 +54,7 @@ void ScreenPanel::layOut(const Box& page) {
     fitStartPicture();
 }
 
-// Decoded for the panel's size, which a start would otherwise wait for several times as long.
+// Decoded for the panel's size: for its own the start would take several times as long.
 void ScreenPanel::fitStartPicture() {
     if (firstPicture_.valid() && img0->picture().isNull()) attempt([&] { showStartPicture(firstPicture_.get()); });
     const Picture& shown = img0->picture();
@@ -99,7 +99,7 @@ void ScreenPanel::beginView(QSize size, const QString& data) {
     strip_.offer(u"yd"_s, true);
 }
 
-// At the foot of the picture. What one line does not hold grows upwards, and past the foot of a picture that is low.
+// At the foot of the picture. A text of several lines grows upwards, and beyond the foot of a low picture.
 void ScreenPanel::placeStrip() {
     const int lines = txtB0->lineCountFor(img0->width());
     const int height = lines == 1 ? stripHeight : std::max(stripHeight, twipsFromPixels(txtB0->heightOfLines(lines)));

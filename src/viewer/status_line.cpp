@@ -43,7 +43,7 @@ void PanelLabel::setLine(const QString& text, qsizetype soft) {
     updateToolTip();
 }
 
-// A label of a fixed width asks for no less than that.
+// The size hint of a label with a fixed width is that width.
 int PanelLabel::widthOfWholeLine() const {
     return fontMetrics().horizontalAdvance(text()) + width() - contentsRect().width();
 }

@@ -70,7 +70,7 @@ void ToolStrip::addButtons() {
 }
 
 void ToolStrip::addPageBox() {
-    // A label with a hole: the page number is typed into the blank between its words, which is widened to hold it.
+    // The page number is typed into the blank between the words of this label, which is widened to hold it.
     txtD1 = make<TextBox>(tlb1, u"txtD1"_s);
     QFont wide = txtD1->font();
     wide.setLetterSpacing(QFont::AbsoluteSpacing, letterGap);

@@ -54,7 +54,7 @@ class TestViewerRules : public QObject {
         const QSize fitted(6015, 4010);
         QCOMPARE(pictureBox(grid, 3, fitted), (Box{6155, 4651, 6015, 4010}));
         QCOMPARE(frameBox(grid, 3, fitted), (Box{6135, 4621, 6075, 4070}));
-        // The right column's caption stands 20 twips further right than its picture does.
+        // The right column's caption is 20 twips further right than its picture.
         QCOMPARE(captionBox(grid, 3), (Box{6185, 8882, 6005, 270}));
         QCOMPARE(captionBox({2, 5999, 4499}, 0), (Box{70, 4119, 5989, 450}));
     }

@@ -67,7 +67,7 @@ class TestViewAndShow : public QObject {
         QVERIFY(!viewer.shows(u"pic0"_s));
     }
 
-    // What counts is the page as it stands, not the columns chosen for the next one.
+    // What counts is the page as it was drawn, not the columns chosen for the next one.
     void viewBelongsToTheDrawnPage() {
         const OpenPage four(2);
         four.chooseColumns(1);
@@ -87,7 +87,7 @@ class TestViewAndShow : public QObject {
         QVERIFY(!sixteen.shows(u"pic0"_s) && sixteen.boxes.isEmpty());
     }
 
-    // What is viewed alone is never the picture that stood there before.
+    // What is viewed alone is never the picture of the view before.
     void viewOfNoPictureSaysSo() {
         const OpenPage viewer(2);
         const auto* words = viewer.find<QLabel>(u"lblWz"_s);
