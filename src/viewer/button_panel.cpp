@@ -7,7 +7,8 @@
 #include "platform/desktop/busy.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
-#include "viewer/filters.h"
+
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -17,7 +18,7 @@ constexpr int buttonLeft = 158;
 constexpr int cornerSide = 255;
 constexpr int upperCornerLeft = 195;
 constexpr int lowerCornerLeft = 1500;
-constexpr int frameReach = 20;  // how far the roll-over frame stands off its button
+constexpr int frameReach = 20;  // of the roll-over frame and the cursor beyond their button
 const QColor lit(Qt::white);
 const QColor shaded(0x80, 0x80, 0x80);
 const QColor cursorColour(0x1f, 0x6f, 0x8b);
@@ -29,41 +30,16 @@ QCursor handCursor() {
 }
 }  // namespace
 
-ButtonPanel::ButtonPanel(ViewerState& state, ToolStrip& strip, StatusLine& status, ScreenPanel& screen, Page& page,
-                         FilterControls& filters, QWidget* window, QWidget* form)
-    : state_(state),
-      status_(status),
-      strip_(strip),
-      screen_(screen),
-      page_(page),
-      filters_(filters),
-      window_(window),
-      form_(form),
-      hand_(handCursor()) {
+ButtonPanel::ButtonPanel(QWidget* window, QWidget* form) : window_(window), form_(form), hand_(handCursor()) {
     shpAb = make<ShapeBox>(form, u"shpAb"_s);
     shpA1 = make<ShapeBox>(form, u"shpA1"_s);
-    for (int i = 0; i < firstButtons; ++i) button(i);
+    for (int i = 0; i < firstButtons; ++i) addButton(i);
     shpAn = make<ShapeBox>(form, u"shpAn"_s);
     shpAn->setBorderColor(cursorColour);
     shpAn->setBorderWidth(2);
     shpAn->setCornerRadius(3);
     shpAn->hide();
-
-    imgSy = make<ImageBox>(form, u"imgSy"_s);
-    imgSy->beButton();
-    imgSy->setFocusPolicy(Qt::NoFocus);
-    imgXy = make<ImageBox>(form, u"imgXy"_s);
-    imgXy->setToolTip(u"下一页"_s);
-    imgXy->beButton();
-    attempt([&] { imgXy->setPicture(LoadPicture(u":/pictures/xy.jpg"_s)); });
-    place(imgSy, upperCornerLeft, 660, cornerSide, cornerSide);
-    place(imgXy, lowerCornerLeft, 660, cornerSide, cornerSide);
-    imgXy->hide();
-    listenTo(imgSy, upperCorner);
-    listenTo(imgXy, lowerCorner);
-    connect(imgSy, &ImageBox::clicked, this, guarded(window, [this] { pageUp(); }));
-    connect(imgXy, &ImageBox::clicked, this, guarded(window, [this] { pageDown(); }));
-
+    addCorners();
     linX = make<LineBox>(form, u"linX"_s);
     linS = make<LineBox>(form, u"linS"_s);
     linY = make<LineBox>(form, u"linY"_s);
@@ -72,20 +48,38 @@ ButtonPanel::ButtonPanel(ViewerState& state, ToolStrip& strip, StatusLine& statu
     hideRollOver();
 }
 
-ImageBox* ButtonPanel::button(int index) {
-    while (int(imgAn.size()) <= index) {
-        const int next = int(imgAn.size());
-        auto* image = make<ImageBox>(form_, element(u"imgAn"_s, next));
-        place(image, buttonLeft, 0, buttonWidth, buttonHeight);
-        image->hide();
-        if (next >= firstButtons) image->stackUnder(shpAn);
-        image->beButton();
-        if (next > 0) QWidget::setTabOrder(imgAn.back(), image);
-        listenTo(image, next);
-        connect(image, &ImageBox::clicked, this, guarded(window_, [this, next] { choose(next); }));
-        imgAn.push_back(image);
-    }
-    return imgAn[size_t(index)];
+void ButtonPanel::addCorners() {
+    imgSy = make<ImageBox>(form_, u"imgSy"_s);
+    imgSy->beButton();
+    imgSy->setFocusPolicy(Qt::NoFocus);
+    imgXy = make<ImageBox>(form_, u"imgXy"_s);
+    imgXy->setToolTip(u"下一页"_s);
+    imgXy->beButton();
+    attempt([&] { imgXy->setPicture(LoadPicture(u":/pictures/xy.jpg"_s)); });
+    place(imgSy, upperCornerLeft, 660, cornerSide, cornerSide);
+    place(imgXy, lowerCornerLeft, 660, cornerSide, cornerSide);
+    imgXy->hide();
+    listenTo(imgSy, upperCorner);
+    listenTo(imgXy, lowerCorner);
+    connect(imgSy, &ImageBox::clicked, this, guarded(window_, [this] { pageUp(); }));
+    connect(imgXy, &ImageBox::clicked, this, guarded(window_, [this] { pageDown(); }));
+}
+
+ButtonPanel::Button& ButtonPanel::button(int index) {
+    while (int(buttons_.size()) <= index) addButton(int(buttons_.size()));
+    return buttons_[size_t(index)];
+}
+
+void ButtonPanel::addButton(int index) {
+    auto* image = make<ImageBox>(form_, element(u"imgAn"_s, index));
+    place(image, buttonLeft, 0, buttonWidth, buttonHeight);
+    image->hide();
+    if (index >= firstButtons) image->stackUnder(shpAn);
+    image->beButton();
+    if (index > 0) QWidget::setTabOrder(buttons_.back().imgAn, image);
+    listenTo(image, index);
+    connect(image, &ImageBox::clicked, this, [this, index] { choose(index); });
+    buttons_.push_back({image, {}});
 }
 
 void ButtonPanel::listenTo(ImageBox* image, int rollOverIndex) {
@@ -99,27 +93,26 @@ void ButtonPanel::listenTo(ImageBox* image, int rollOverIndex) {
 
 void ButtonPanel::layOut(const WindowLayout& layout) {
     place(shpAb, layout.outerFrame.left, layout.outerFrame.top, layout.outerFrame.width, layout.outerFrame.height);
+    stripHeight_ = layout.buttonStripHeight;
     place(shpA1, layout.innerFrame.left, layout.innerFrame.top, layout.innerFrame.width, layout.innerFrame.height);
 }
 
-/// Shows the open album's buttons in the column.
 void ButtonPanel::anxs() {
     Recordset buttons =
         mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcan WHERE Instr(图册, "_s + quoted(mekTp::currentTable) +
                                        u") > 0 And not IsNull(图片) ORDER BY [序号]"_s);
-    const int buttonTotal = visitAll(buttons);
-    if (buttonTotal == 0) return;
+    if (buttons.rowCount() == 0) return;
     const int top = topOf(shpAb);
     place(imgSy, upperCornerLeft, top + 150);
     // A control that is hidden passes its focus on, to a box that the keys would then write into.
     auto* focus = qobject_cast<ImageBox*>(form_->focusWidget());
     if (focus != nullptr && focus->parentWidget() == form_) form_->setFocus();
-    for (ImageBox* image : imgAn) image->hide();
+    for (const Button& each : buttons_) each.imgAn->hide();
     hideRollOver();
 
-    if (state_.buttonPage > buttonTotal) rewind();
-    for (int i = 1; i < state_.buttonPage; ++i) buttons.MoveNext();
-    column_ = buttonColumn(state_.buttonStripHeight);
+    if (first_ > buttons.rowCount()) rewind();
+    buttons.moveToRow(first_ - 1);
+    column_ = buttonColumn(stripHeight_);
     fillSlots(buttons);
     if (focus != nullptr && focus->parentWidget() == form_ && focus->isVisible()) focus->setFocus(Qt::TabFocusReason);
     shpAn->hide();
@@ -129,10 +122,11 @@ void ButtonPanel::anxs() {
 void ButtonPanel::fillSlots(Recordset& buttons) {
     const int top = topOf(shpAb);
     for (int i = 0; i < column_.slots; ++i) {
-        ImageBox* image = button(i);
+        auto& [image, name] = button(i);
+        name = buttons.Fields(u"名称"_s).Value().textOr();
         place(image, buttonLeft, top + column_.topOf(i), buttonWidth, buttonHeight);
         readPictureField(buttons, u"图片"_s, *image);
-        image->setToolTip(buttons.Fields(u"名称"_s).Value().textOr());
+        image->setToolTip(name);
         image->show();
         buttons.MoveNext();
         imgXy->setVisible(!buttons.Eof());
@@ -141,31 +135,30 @@ void ButtonPanel::fillSlots(Recordset& buttons) {
 }
 
 void ButtonPanel::rewind() {
-    state_.buttonPage = 1;
+    first_ = 1;
     loadCorner();
     imgSy->show();
 }
 
-// The upper corner is a dead one on the first page of buttons.
+// On the first page of buttons the upper corner does nothing.
 void ButtonPanel::loadCorner() {
-    const bool nothingBefore = state_.buttonPage == 1;
-    imgSy->setToolTip(nothingBefore ? QString() : u" 上一页"_s);
-    if (nothingBefore && imgSy->hasFocus()) form_->setFocus();
-    imgSy->setFocusPolicy(nothingBefore ? Qt::NoFocus : Qt::TabFocus);
+    imgSy->setToolTip(isFirstPage() ? QString() : u" 上一页"_s);
+    if (isFirstPage() && imgSy->hasFocus()) form_->setFocus();
+    imgSy->setFocusPolicy(isFirstPage() ? Qt::NoFocus : Qt::TabFocus);
     Recordset pictures = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tctb WHERE 文件名 = "_s +
-                                                        quoted(nothingBefore ? u"ks"_s : u"sy"_s));
+                                                        quoted(isFirstPage() ? u"ks"_s : u"sy"_s));
     attempt([&] { readPictureField(pictures, u"图片"_s, *imgSy); });
 }
 
 void ButtonPanel::pageDown() {
-    state_.buttonPage += column_.slots;
+    first_ += column_.slots;
     anxs();
     loadCorner();
 }
 
 void ButtonPanel::pageUp() {
     if (column_.slots > 0) {
-        state_.buttonPage = std::max(1, state_.buttonPage - column_.slots);
+        first_ = std::max(1, first_ - column_.slots);
         anxs();
         loadCorner();
     }
@@ -173,41 +166,22 @@ void ButtonPanel::pageUp() {
 }
 
 void ButtonPanel::putCursorOn(int index) {
-    const ImageBox* image = button(index);
+    const ImageBox* image = button(index).imgAn;
     place(shpAn, leftOf(image) - frameReach, topOf(image) - 10, buttonWidth + 2 * frameReach, buttonHeight + 20);
     shpAn->show();
 }
 
-/// A click on a selection button: its pictures become the selection and the page.
 void ButtonPanel::choose(int index) {
-    ImageBox* image = button(index);
+    const auto [image, name] = button(index);  // more buttons may come meanwhile
     const Hourglass hourglass(image);
-    screen_.changeCurtain();
-    putCursorOn(index);
-
-    const QString name = image->toolTip();
-    const Recordset row = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcan WHERE 名称 = "_s + quoted(name));
-    state_.selectionCode = row.Fields(u"编号"_s).Value().textOr();
-    // Opened by itself first: the whole album without a condition is nothing that the filters can select.
-    Recordset& album = state_.albumRecordset;
-    album = mekTp::catalogue.OpenRecordset(buttonSql(mekTp::currentTable, state_.selectionCode));
-    visitAll(album);
-    state_.isNarrowed = false;
-    filters_.tpsx();
-    page_.xstp();
-
-    const int pictures = album.RecordCount();
-    status_.setAlbumLine(state_.albumTitle,
-                         u"(%1)[%2] 共 %3 张"_s.arg(mekTp::currentTable, name, QString::number(pictures)));
-    status_.setPanel(3, state_.pageStatusText + placeInSelection(pictures == 0 ? 0 : 1));
-    strip_.txtYh->setText(u"1"_s);
+    Q_EMIT chosen(index, name);
 }
 
-/// Roll-over: the frame and the hand follow the mouse. The buttons from number 5 on answer as corners do.
+// Buttons from number 5 on behave like the corners.
 void ButtonPanel::bkyd(int index) {
     const bool isButton = index < upperCorner;
-    ImageBox* target = isButton ? imgAn[size_t(index)] : index == upperCorner ? imgSy : imgXy;
-    const bool nothingBefore = index == upperCorner && imgSy->toolTip().isEmpty();
+    ImageBox* target = isButton ? buttons_[size_t(index)].imgAn : index == upperCorner ? imgSy : imgXy;
+    const bool nothingBefore = index == upperCorner && isFirstPage();
     if (nothingBefore)
         target->unsetCursor();
     else
@@ -237,13 +211,11 @@ void ButtonPanel::hideRollOver() {
     for (LineBox* line : rollOver()) line->hide();
 }
 
-/// Pressed: the frame looks sunken.
 void ButtonPanel::anax() {
     for (LineBox* line : {linS, linZ}) line->setColor(shaded);
     for (LineBox* line : {linX, linY}) line->setColor(lit);
 }
 
-/// At rest: the frame looks raised.
 void ButtonPanel::antq() {
     for (LineBox* line : {linS, linZ}) line->setColor(lit);
     for (LineBox* line : {linX, linY}) line->setColor(shaded);

@@ -7,13 +7,13 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-// So much of a line's height is blank above and below its characters: lines may lie closer than they ask for.
+// A quarter of a line's height is blank: lines may be that much closer than the font asks for.
 constexpr double blankShare = 0.25;
 }  // namespace
 
 Caption::Caption(QWidget* parent) : CaptionBox(parent) {
     connect(this, &QPlainTextEdit::textChanged, this, [this] {
-        tellWhatIsCut();
+        updateToolTip();
         viewport()->update();
     });
 }
@@ -45,22 +45,22 @@ int Caption::linesThatFit() const {
     return std::max(1, int(double(height() - 2 * margin()) / lineHeight() + blankShare));
 }
 
-void Caption::tellWhatIsCut() {
+void Caption::updateToolTip() {
     const bool isCut = linesFor(width()).size() > linesThatFit();
     setToolTip(isCut ? plainToolTip(text()) : QString());
 }
 
 void Caption::resizeEvent(QResizeEvent* event) {
     CaptionBox::resizeEvent(event);
-    tellWhatIsCut();
+    updateToolTip();
 }
 
 void Caption::changeEvent(QEvent* event) {
     CaptionBox::changeEvent(event);
-    if (event->type() == QEvent::FontChange) tellWhatIsCut();
+    if (event->type() == QEvent::FontChange) updateToolTip();
 }
 
-// Not the way of the text control, which scrolls to a line that it takes for the current one.
+// The text control would scroll to the line of its cursor, so the text is painted here.
 void Caption::paintEvent(QPaintEvent*) {
     QStringList lines = linesFor(width());
     const int room = linesThatFit();

@@ -2,8 +2,8 @@
 
 #include "platform/desktop/text_box.h"
 
-/// A caption over a picture. Its text is shown from the first character on, in as many lines as there is room for; what
-/// does not fit ends in "…", and the tool tip tells it whole.
+/// A caption over a picture. Its text is shown from the first character on, in as many lines as there is room for. What
+/// does not fit ends in "…", and the tool tip shows it whole.
 class Caption : public CaptionBox {
   public:
     explicit Caption(QWidget* parent = nullptr);
@@ -22,7 +22,7 @@ class Caption : public CaptionBox {
     int lineHeight() const { return fontMetrics().height(); }
     int linesThatFit() const;
     QStringList linesFor(int width) const;
-    void tellWhatIsCut();
+    void updateToolTip();
 };
 
 /// A tool tip that shows a text of the catalogue as it is, whatever it looks like.

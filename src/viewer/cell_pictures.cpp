@@ -9,11 +9,11 @@
 namespace {
 
 constexpr int restMs = 100;
-// So long a page waits for whole pictures before it makes do with previews...
+// How long a page waits for whole pictures before it shows previews...
 constexpr int quickMs = 25;
-// ...and so long for those that have no preview, before it shows empty cells.
+// ...and how long, where there is no preview, before it shows empty cells.
 constexpr int patienceMs = 200;
-// A smaller picture is decoded as soon as its preview would be.
+// A smaller picture is decoded as quickly as its preview.
 constexpr qint64 smallPicture = 200'000;
 
 // The page on the screen, those in front of it and behind it; and two that were left, on screens of the usual size.
@@ -23,10 +23,10 @@ constexpr int bytesPerPixel = 4;
 constexpr qint64 usualRoom = 48 << 20;
 constexpr qint64 mostRoom = 256 << 20;
 
-// Cameras fit the preview of a wide photograph between bars. One that is off by more is of another picture.
+// Cameras put bars around the preview of a wide photograph. With more of them it is of another picture.
 constexpr double mostOff = 1.35;
 
-/// The middle of a preview, in the shape of the place where it stands; null where it is of another shape.
+/// The middle of a preview, cut to the shape of its cell; null where the preview has another shape.
 Picture inShapeOf(QSize place, const Picture& preview) {
     const QSize size = preview.image().size();
     const QSize part = place.scaled(size, Qt::KeepAspectRatio);
@@ -74,7 +74,7 @@ void CellPictures::put(CellBox* cell, const StoredValue& value, bool keepsItsPic
         cell->showPicture({});
 }
 
-/// The cell may have been left before its picture had come.
+/// The page before may have been left before the picture of this cell had come.
 void CellPictures::keepPicture(CellBox* cell) {
     cell->dropSign();
     const auto former = std::ranges::find_if(formerOpen_, [&](const Open& open) { return open.cell == cell; });

@@ -9,7 +9,7 @@
 #include <vector>
 
 /// Brings the pictures into the cells of a page: at once what is at hand, everything else as it is decoded. Meanwhile a
-/// cell shows the same picture as it stood there in another size, or the small one that its camera has put into the
+/// cell shows the same picture in the size that it had there, or the small one that its camera has put into the
 /// file. While the window rests, the pages that are likely to come next are decoded ahead.
 class CellPictures : public QObject {
     Q_OBJECT
@@ -17,7 +17,7 @@ class CellPictures : public QObject {
   public:
     using Requests = std::vector<PictureRequest>;
 
-    /// `upcoming` tells what may be shown next, the most likely first. Asked only when the window rests.
+    /// `upcoming` says what may be shown next, the most likely first. It is asked only when the window rests.
     explicit CellPictures(std::function<Requests()> upcoming);
 
     /// Room for the pictures of some pages, of which each takes so many device pixels.
@@ -25,8 +25,8 @@ class CellPictures : public QObject {
 
     /// Begins a page: the cells of the one before are not waited for any more.
     void begin();
-    /// Bytes that are no picture leave a cell empty, with a sign. Where there are none it is emptied, or shows on what
-    /// it has.
+    /// Bytes that are no picture leave a cell empty, with a sign. Without any bytes it is emptied too, or goes on
+    /// showing what it has.
     void put(CellBox* cell, const StoredValue& value, bool keepsItsPicture);
     /// Waits a moment for what is quick, and returns with something to see in every cell that can have it soon. The
     /// rest comes in while the window works on.
@@ -34,7 +34,7 @@ class CellPictures : public QObject {
 
     /// What may be shown next has changed.
     void rest();
-    /// Nothing of the page is looked at any more.
+    /// The page is left: none of its pictures is waited for.
     void leave();
 
   private:
@@ -45,7 +45,7 @@ class CellPictures : public QObject {
         bool isBlank;
     };
 
-    /// Which picture stands in a cell.
+    /// Which picture a cell shows.
     struct Content {
         QPointer<CellBox> cell;
         StoredValue value;

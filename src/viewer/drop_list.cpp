@@ -1,27 +1,34 @@
 #include "viewer/drop_list.h"
 
+#include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 
 #include <algorithm>
+#include <utility>
+
+namespace {
+constexpr int listTop = 380;  // below the tool bar
+}
 
 DropList::DropList(QWidget* form) : ListBox(form) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTextElideMode(Qt::ElideNone);
     setSelectionMode(QAbstractItemView::SingleSelection);
     hide();
+    connect(this, &ListBox::lineClicked, this, [this](int index) { runHandler(window(), [&] { choose(index); }); });
 }
 
-DropList::Role DropList::roleAt(int left) {
-    if (left > 4200) return Role::columns;
-    if (left > 3000) return Role::numbers;
-    return left < 2900 ? Role::albums : Role::none;
+void DropList::choose(int index) {
+    hide();
+    chosen_(index);
 }
 
-DropList::Role DropList::role() const {
-    return roleAt(leftOf(this));
+void DropList::openUnder(const QWidget* box, const QStringList& lines, Chosen chosen) {
+    open(lines, leftOf(box) + 70, widthOf(box), 1000, std::move(chosen));
 }
 
-void DropList::open(const QStringList& lines, int left, int top, int width, int height) {
+void DropList::open(const QStringList& lines, int left, int width, int height, Chosen chosen) {
+    chosen_ = std::move(chosen);
     clear();
     addItems(lines);
     const int rowWidth = sizeHintForColumn(0);
@@ -29,8 +36,8 @@ void DropList::open(const QStringList& lines, int left, int top, int width, int 
     for (int i = 0; isNarrow && i < count(); ++i) item(i)->setTextAlignment(Qt::AlignCenter);
     const int rim = 2 * frameWidth() + 2;
     const int needed = twipsFromPixels(int(lines.size()) * std::max(1, sizeHintForRow(0)) + rim);
-    const int room = heightOf(parentWidget()) - top;
-    place(this, left, top, width, std::max(height, std::min(needed, room)));
+    const int room = heightOf(parentWidget()) - listTop;
+    place(this, left, listTop, width, std::max(height, std::min(needed, room)));
     show();
     raise();
 }

@@ -1,41 +1,27 @@
 #pragma once
 
+#include "viewer/date_dialog.h"
 #include "viewer/page.h"
 
-#include <QPushButton>
-#include <QRadioButton>
-#include <array>
-
-/// The conditions that choose pictures: number boxes of the tool bar, date dialog `picRq`, code of the active button.
+/// Selects the pictures of the page: by the buttons of the album, by the number boxes of the tool bar and by the date
+/// dialog.
 class FilterControls : public QObject {
   public:
-    FilterControls(ViewerState& state, ToolStrip& strip, StatusLine& status, Page& page, QWidget* window,
+    FilterControls(Selection& selection, ToolStrip& strip, StatusLine& status, Page& page, QWidget* window,
                    QWidget* form);
 
-    /// Replaces the selection by what the conditions choose, counts it and tells it in the page line. Draws nothing.
+    /// Selects anew by all conditions, counts, and shows the counts in the page line; the page begins at its first
+    /// picture. Draws nothing.
     void tpsx();
+    /// Selects and draws the pictures with the code of the button of that name. Throws when there is none.
+    void chooseButton(const QString& name);
 
-    /// Key `rq`.
-    void openDateDialog();
-
-    Surface* picRq;
+    DateDialog& dateDialog() { return *picRq; }
 
   private:
-    void buildDateDialog();
-    void connectDateDialog();
-    void helpTyping();
-    void refuseDate(const QString& typed);
-    void takeDate();
-    void dropDate();
-
-    ViewerState& state_;
+    Selection& selection_;
     ToolStrip& strip_;
     StatusLine& status_;
     Page& page_;
-    QWidget* window_;
-    std::array<QRadioButton*, 3> optRq{};
-    TextBox* txtR1 = nullptr;
-    QPushButton *cmdRq = nullptr, *cmdRx = nullptr, *cmdRy = nullptr, *cmdS0 = nullptr;
-    int chosenOperator_ = 0;  ///< In the dialog: it counts when the date is taken.
-    qsizetype typedLength_ = 0;
+    DateDialog* picRq;  ///< Date dialog.
 };

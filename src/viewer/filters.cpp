@@ -5,11 +5,12 @@
 #include "platform/database/database.h"
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-// In a date that the help has begun: behind the year's dash, behind the month, behind the month's dash.
+// Places in a date that the help has begun: behind the year's dash, behind the month, behind the month's dash.
 constexpr int atMonth = 5;
 constexpr int behindMonth = 7;
 constexpr int atDay = 8;
@@ -20,26 +21,17 @@ QString carriesCode(const QString& code) {
     return u"InStr(编号,"_s + quoted(code) + u") > 0"_s;
 }
 
-QString operatorWord(int dateOperator) {
-    switch (dateOperator) {
-        case 0:
-            return u"早于"_s;
-        case 1:
-            return u"晚于"_s;
-        default:
-            return u"等于"_s;
-    }
+struct RelationTexts {
+    QString word, sign;
+};
+
+const RelationTexts& textsOf(DateRelation relation) {
+    static const std::array<RelationTexts, 3> texts{{{u"早于"_s, u"<"_s}, {u"晚于"_s, u">"_s}, {u"等于"_s, u"="_s}}};
+    return texts.at(size_t(relation));
 }
 
-QString operatorSign(int dateOperator) {
-    switch (dateOperator) {
-        case 0:
-            return u" < #"_s;
-        case 1:
-            return u" > #"_s;
-        default:
-            return u" = #"_s;
-    }
+QString daySql(const DayCondition& condition) {
+    return u" DateValue(日期) %1 #%2#"_s.arg(textsOf(condition.relation).sign, condition.day.toString(Qt::ISODate));
 }
 
 bool isNumber(QStringView text) {
@@ -55,7 +47,7 @@ TypedDate beginningWith(const QString& year) {
     return {year + u"--"_s, atMonth};
 }
 
-/// A separator in front of the caret: one beside another is swallowed, one behind a year of two digits ends it.
+/// A separator in front of the caret: next to another one it is swallowed, behind two digits it ends the year.
 TypedDate afterSeparator(const TypedDate& typed) {
     const auto& [text, caret] = typed;
     const int at = caret - 1;
@@ -73,20 +65,13 @@ QString numberCondition(const QString& choice, const QString& number) {
     return u"序号 "_s + choice.at(2) + u' ' + number;
 }
 
-QString dateConditionFor(int dateOperator, const QString& typedDate) {
-    return u" DateValue(日期)"_s + operatorSign(dateOperator) + typedDate + u'#';
-}
-
-QString selectionSql(const QString& table, const QString& code, const QString& dateCondition,
-                     const QString& numberCondition) {
-    const QString from = u"SELECT * FROM "_s + table;
-    const QString andNumber = numberCondition.isEmpty() ? QString() : u" And "_s + numberCondition;
-    if (code != allPicturesCode) {
-        const QString andDate = dateCondition.isEmpty() ? QString() : u" And "_s + dateCondition;
-        return from + u" WHERE "_s + carriesCode(code) + andDate + andNumber + byNumber;
-    }
-    if (dateCondition.isEmpty()) return from + u" WHERE "_s + numberCondition + byNumber;
-    return from + u" WHERE "_s + dateCondition + andNumber + byNumber;
+std::optional<QString> selectionSql(const QString& table, const Conditions& conditions) {
+    QStringList wanted;
+    if (conditions.code != allPicturesCode) wanted << carriesCode(conditions.code);
+    if (conditions.day) wanted << daySql(*conditions.day);
+    if (!conditions.number.isEmpty()) wanted << conditions.number;
+    if (wanted.isEmpty()) return std::nullopt;
+    return u"SELECT * FROM "_s + table + u" WHERE "_s + wanted.join(u" And "_s) + byNumber;
 }
 
 QString buttonSql(const QString& table, const QString& code) {
@@ -95,11 +80,11 @@ QString buttonSql(const QString& table, const QString& code) {
     return from + u" WHERE  "_s + carriesCode(code) + byNumber;
 }
 
-QString pageStatus(const FilterTexts& filter, int pictures, int pages) {
+QString pageStatus(const Conditions& conditions, bool isLeftOver, int pictures, int pages) {
     QString what;
-    if (!filter.dateCondition.isEmpty()) what = u"日期"_s + operatorWord(filter.dateOperator) + filter.date;
-    if (!filter.numberCondition.isEmpty()) what += u" 序号"_s + filter.numberCondition.mid(3);
-    if (what.isEmpty()) what = filter.isLeftOver ? u"全部（待重新选择）"_s : u"全部"_s;
+    if (conditions.day) what = u"日期"_s + textsOf(conditions.day->relation).word + conditions.day->words;
+    if (!conditions.number.isEmpty()) what += u" 序号"_s + conditions.number.mid(3);
+    if (what.isEmpty()) what = isLeftOver ? u"全部（待重新选择）"_s : u"全部"_s;
     return what + u" 共%1张 共%2页"_s.arg(pictures).arg(pages);
 }
 
@@ -107,11 +92,12 @@ QString placeInSelection(int place) {
     return u" 第 %1 张"_s.arg(place);
 }
 
-std::optional<QString> dateForCondition(const QString& typed) {
+std::optional<DayCondition> dayCondition(DateRelation relation, const QString& typed) {
     const auto date = dateFromTyping(typed);
     if (!date) return std::nullopt;
-    const bool isDayForTheEngine = dateFromText(typed) == date->date().startOfDay();
-    return isDayForTheEngine ? typed.trimmed() : dateText(*date, u"yyyy-mm-dd");
+    const QDate day = date->date();
+    const bool isDayForTheEngine = dateFromText(typed) == day.startOfDay();
+    return DayCondition{relation, day, isDayForTheEngine ? typed.trimmed() : day.toString(Qt::ISODate)};
 }
 
 TypedDate helpTypedDate(const TypedDate& typed, int grown) {

@@ -1,45 +1,49 @@
 #pragma once
 
+#include <QDate>
 #include <QString>
 #include <optional>
 
-/// Texts of the picture filters: conditions, statements, and the line that tells what is shown.
+/// Which pictures of an album are shown: the conditions, the statements made of them, and the line that names them.
 
-/// Code of the button that stands for all pictures of an album.
+/// Code of the button for all pictures of an album.
 inline const QString allPicturesCode = QStringLiteral("v");
+
+enum class DateRelation { before, after, on };
+
+/// A condition on the day of a picture.
+struct DayCondition {
+    DateRelation relation;
+    QDate day;
+    QString words;  ///< The day as the page line shows it.
+};
+
+/// The condition out of a day as people type it. Its words are what was typed where the engine reads that as the same
+/// day, otherwise `2003-10-01`. A time of day is left out. Nothing when the text is no date.
+std::optional<DayCondition> dayCondition(DateRelation relation, const QString& typed);
 
 /// `序号 > 5` out of "序号>" and "5"; empty where the choice is not three characters long ("序号任意").
 QString numberCondition(const QString& choice, const QString& number);
 
-/// ` DateValue(日期) > #2003-10-01#`; `dateOperator` 0 is earlier, 1 later, otherwise that day.
-QString dateConditionFor(int dateOperator, const QString& typedDate);
+/// What chooses pictures.
+struct Conditions {
+    QString code = allPicturesCode;   ///< Of the active button.
+    std::optional<DayCondition> day;  ///< Nothing: any day.
+    QString number;                   ///< See `numberCondition`; empty: any number.
+};
 
-/// The statement of the page: code, date and number conditions joined. For all pictures without any condition the text
-/// is no valid statement, so that the selection in force stays.
-QString selectionSql(const QString& table, const QString& code, const QString& dateCondition,
-                     const QString& numberCondition);
+/// The statement of the page. Nothing for all pictures without any condition: then the selection in force stays.
+std::optional<QString> selectionSql(const QString& table, const Conditions& conditions);
 
 /// The statement of a button alone.
 QString buttonSql(const QString& table, const QString& code);
 
-/// What `pageStatus` tells.
-struct FilterTexts {
-    QString dateCondition;
-    int dateOperator;
-    QString date;
-    QString numberCondition;
-    bool isLeftOver;  ///< The selection is that of conditions which have been taken back.
-};
-
-/// `日期晚于2003-10-01 序号> 5 共3张 共1页`, or `全部 共…` without conditions.
-QString pageStatus(const FilterTexts& filter, int pictures, int pages);
+/// `日期晚于2003-10-01 序号> 5 共3张 共1页`, or `全部 共…` without conditions. `isLeftOver`: the selection is that of
+/// conditions which have been taken back.
+QString pageStatus(const Conditions& conditions, bool isLeftOver, int pictures, int pages);
 
 /// " 第 n 张", which ends the page line.
 QString placeInSelection(int place);
-
-/// What a date is called in a condition: as it was typed where the engine reads it so, otherwise `2003-10-01`. A time
-/// of day is left out. Nothing when the text is no date.
-std::optional<QString> dateForCondition(const QString& typed);
 
 /// A date that is being typed, and the place of the caret in it.
 struct TypedDate {
@@ -48,5 +52,5 @@ struct TypedDate {
     bool operator==(const TypedDate& other) const = default;
 };
 /// Help with typing a date: how it goes on after it has grown in front of the caret by `grown` characters. Dashes come
-/// by themselves, and a separator that is typed where one stands already is swallowed.
+/// by themselves, and a separator typed next to another one is swallowed.
 TypedDate helpTypedDate(const TypedDate& typed, int grown);

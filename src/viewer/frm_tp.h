@@ -1,10 +1,12 @@
 #pragma once
 
 #include "shell/windows.h"
-#include "viewer/album_opening.h"
+#include "viewer/album_menu.h"
+#include "viewer/button_panel.h"
 #include "viewer/drop_list.h"
 #include "viewer/paging.h"
 #include "viewer/picture_view.h"
+#include "viewer/show_dialog.h"
 #include "viewer/slide_show.h"
 
 #include <QMainWindow>
@@ -20,7 +22,7 @@ class frmTp : public QMainWindow {
     explicit frmTp(Windows& windows);
     ~frmTp() override;
 
-    /// Whether the help window and the colour window stand beside this one: their menu items offer to close them then.
+    /// Whether the help window and the colour window are open: then their menu items offer to close them.
     void windowsBeside(bool help, bool colours);
 
     /// Wears the active colour scheme.
@@ -43,45 +45,61 @@ class frmTp : public QMainWindow {
     void fillAlbumMenu();
     void fillScreenPictures();
 
+    /// Opens the album at that place of the menu, or the first one with its title; a place behind the last one means
+    /// the preset album. Draws no page. Throws where the album does not open: then none is open.
+    void dkxc(int index);
+    /// Opens the album of a table, or the first one where no album has it.
+    void openTable(const QString& table);
+    void openSelection(const QString& table, const QString& title);
+    /// Closes the album. Throws where the catalogue does not take the change, once the window shows the closed state.
+    void closeAlbum();
+    void showNothingOpen();
+    void listAlbums();
+
     void resizeForm();
     void clickScreen();
-    void storeFlag(int index);
+    void chooseButton(int index, const QString& name);
+    void storeFlag(const QString& column, bool on);
     void fillScreen(bool on);
     void tick();
     void toolClicked(const QString& key);
-    void listAlbums();
-    void listClicked(int index);
-    void toggleColours();
-    void offerColours(bool on);
-    void toggleHelp();
-    bool isHelpOffered() const;
-    void offerHelp(bool on);
+    void listColumns(const QWidget* box);
+    void listNumberConditions(const QWidget* box);
+    void toggle(WindowKind window, bool isOpen);
     void goTo(WindowKind window);
-    /// A small dialog takes the focus as it comes. When it goes, no box of the tool bar gets it, where keys would
+    /// A small dialog takes the focus as it comes. When it goes, the form gets it: in a box of the tool bar keys would
     /// write.
     void moveFocusWith(QWidget* dialog, QEvent::Type event);
     bool isInDialog(const QWidget* control) const;
+    SmallDialog* openDialog() const;  ///< Nothing while none is open.
+    std::array<SmallDialog*, 2> dialogs() const { return {&filters_->dateDialog(), picYc}; }
     void scrollBy(int pixels);
     void escape();
     bool pageByKey(int key);
     bool workByKey(int key);
-    bool openListByKey(const QKeyEvent& event);
     void enter();
     void space();
     void moveFocus(int step);
     void chooseColumns(int columns);
-    void listColumns();
-    void listNumberConditions();
 
     Windows& windows_;
-    ViewerState state_;
-    QWidget* form_;
-    QAction *mnuCs = nullptr, *mnuBz = nullptr;
-    AlbumMenu menu_{};
-    std::array<LineBox*, 4> frame_{};
-    DropList* lstLs;
-    QTimer* tmr1;
+    Selection selection_;
+    QSize windowed_;            ///< Size without full screen, in twips.
+    bool smallScreen_ = false;  ///< Less than 800 pixels wide.
+    bool albumIsOpen_ = false;
+    bool helpIsOpen_ = false;
+    bool coloursAreOpen_ = false;
 
+    QWidget* form_;
+    QAction* mnuXs = nullptr;          ///< Draws the page.
+    QAction* mnuCs = nullptr;          ///< Opens and closes the colour window.
+    QAction* mnuBz = nullptr;          ///< Opens and closes the help window.
+    std::array<LineBox*, 4> frame_{};  ///< Around the page: top, left, bottom, right.
+    DropList* lstLs;                   ///< Albums, number conditions or columns to choose from.
+    ShowDialog* picYc;                 ///< Settings of the slide show.
+    QTimer* tmr1;                      ///< Clock.
+
+    std::unique_ptr<AlbumMenu> menu_;
     std::unique_ptr<ToolStrip> strip_;
     std::unique_ptr<StatusLine> status_;
     std::unique_ptr<ScreenPanel> screen_;
@@ -89,7 +107,6 @@ class frmTp : public QMainWindow {
     std::unique_ptr<FilterControls> filters_;
     std::unique_ptr<Paging> paging_;
     std::unique_ptr<ButtonPanel> buttons_;
-    std::unique_ptr<AlbumOpening> albums_;
     std::unique_ptr<PictureView> view_;
     std::unique_ptr<SlideShow> show_;
 };

@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -16,11 +17,12 @@ namespace {
 constexpr int scrollStep = 60;
 constexpr int mostColumns = 6;
 
+/// As combo boxes do.
 bool opensList(const QKeyEvent& event) {
     return event.key() == Qt::Key_F4 || (event.key() == Qt::Key_Down && event.modifiers().testFlag(Qt::AltModifier));
 }
 
-/// The first control to set something with: the closing button stands above them.
+/// The first control that sets something: the closing button comes before it.
 QWidget* firstStop(QWidget* dialog) {
     for (QWidget* next = dialog->nextInFocusChain(); next != dialog; next = next->nextInFocusChain())
         if (dialog->isAncestorOf(next) && qobject_cast<QPushButton*>(next) == nullptr && next->isEnabled() &&
@@ -34,8 +36,8 @@ QWidget* firstStop(QWidget* dialog) {
 void frmTp::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
         escape();
-    else if (openListByKey(*event))
-        return;
+    else if (opensList(*event) && strip_->listFor(focusWidget()))
+        lstLs->takeKeys();
     else if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
         scrollBy(event->key() == Qt::Key_Up ? -scrollStep : scrollStep);
     else if (qobject_cast<QLineEdit*>(focusWidget()) != nullptr ||
@@ -53,19 +55,23 @@ void frmTp::scrollBy(int pixels) {
 void frmTp::escape() {
     if (!lstLs->isHidden())
         lstLs->hide();
-    else if (!filters_->picRq->isHidden())
-        filters_->picRq->hide();
-    else if (!show_->picYc->isHidden())
-        show_->picYc->hide();
+    else if (SmallDialog* open = openDialog())
+        open->hide();
     else if (screen_->isViewing())
-        view_->close();
+        screen_->endView();
+}
+
+SmallDialog* frmTp::openDialog() const {
+    for (SmallDialog* dialog : dialogs())
+        if (!dialog->isHidden()) return dialog;
+    return nullptr;
 }
 
 bool frmTp::pageByKey(int key) {
     static const QHash<int, QString> keys{
         {Qt::Key_Home, u"ty"_s}, {Qt::Key_PageUp, u"sy"_s}, {Qt::Key_PageDown, u"xy"_s}, {Qt::Key_End, u"hy"_s}};
     if (!keys.contains(key)) return false;
-    if (strip_->tlb1->isEnabled(keys[key])) runHandler(this, [&] { toolClicked(keys[key]); });
+    if (strip_->offers(keys[key])) runHandler(this, [&] { toolClicked(keys[key]); });
     return true;
 }
 
@@ -85,20 +91,6 @@ bool frmTp::workByKey(int key) {
     return true;
 }
 
-/// In a box with a list: as combo boxes do.
-bool frmTp::openListByKey(const QKeyEvent& event) {
-    const QWidget* box = focusWidget();
-    if (!opensList(event) || box == nullptr) return false;
-    if (box == strip_->txtLs)
-        listColumns();
-    else if (box == strip_->txtXh || box == strip_->txtXx)
-        listNumberConditions();
-    else
-        return false;
-    lstLs->takeKeys();
-    return true;
-}
-
 /// Opens the picture that has the focus, or the first one of the page, alone. A cover gives way to the page.
 void frmTp::enter() {
     if (auto* button = qobject_cast<QAbstractButton*>(focusWidget()))
@@ -114,8 +106,8 @@ void frmTp::enter() {
 /// Stops the slide show and goes on with it. Where there is none, texts over pictures come and go.
 void frmTp::space() {
     if (screen_->isViewing())
-        screen_->txtB0->setVisible(screen_->txtB0->isHidden());
-    else if (strip_->tlb1->isEnabled(u"hd"_s))
+        screen_->toggleStrip();
+    else if (strip_->offers(u"hd"_s))
         toolClicked(u"hd"_s);
     else
         page_->toggleCaption(page_->focusedCell());
@@ -128,12 +120,12 @@ void frmTp::moveFocus(int step) {
 }
 
 void frmTp::chooseColumns(int columns) {
-    strip_->txtLs->setText(QString::number(columns) + u"列"_s);
-    if (state_.pageShown) page_->xstp();
+    strip_->chooseColumns(QString::number(columns) + u"列"_s);
+    if (page_->isShown()) page_->xstp();
 }
 
 bool frmTp::isInDialog(const QWidget* control) const {
-    return filters_->picRq->isAncestorOf(control) || show_->picYc->isAncestorOf(control);
+    return std::ranges::any_of(dialogs(), [&](const SmallDialog* each) { return each->isAncestorOf(control); });
 }
 
 void frmTp::moveFocusWith(QWidget* dialog, QEvent::Type event) {

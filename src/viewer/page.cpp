@@ -6,13 +6,13 @@
 #include "platform/desktop/busy.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
-#include "viewer/filters.h"
+#include "viewer/ground.h"
 #include "viewer/tags.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-// The shape of a cell before any picture has told another one.
+// The shape of a cell before any picture has given another one.
 constexpr QSize cellShape(4, 3);
 constexpr int mostColumnsWithCaptions = 2;
 constexpr int oneLine = 300;
@@ -21,7 +21,7 @@ constexpr int usualText = 12;
 constexpr int smallText = 11;
 const QColor frameColour(0xb9, 0xb1, 0xa3);
 
-// A control that a handler may still be using goes when that handler has returned, but is out of the window at once.
+// The control leaves the window at once, and is deleted when a handler that may be using it has returned.
 void drop(QWidget* control) {
     control->hide();
     control->setParent(nullptr);
@@ -33,18 +33,36 @@ void placeAt(QWidget* control, const Box& box) {
 }
 }  // namespace
 
-Page::Page(ViewerState& state, ToolStrip& strip, StatusLine& status, ScreenPanel& screen, QWidget* window,
+Page::Page(Selection& selection, ToolStrip& strip, StatusLine& status, ScreenPanel& screen, QWidget* window,
            QWidget* form)
-    : state_(state), strip_(strip), status_(status), screen_(screen), window_(window), pictures_([this] {
+    : selection_(selection), strip_(strip), status_(status), screen_(screen), window_(window), pictures_([this] {
           return upcoming();
       }) {
     pic1 = make<Surface>(form, u"pic1"_s);
+    pic1->lower();  // under the screen panel
+    connect(pic1, &Surface::mousePressed, this, &Page::mousePressed);
+    connect(pic1, &Surface::mouseMoved, this, &Page::mouseMoved);
     scroll_ = std::make_unique<WheelScroll>(pic1);
     setCellCount(1);
 }
 
+void Page::layOut(const Box& area) {
+    placeAt(pic1, area);
+    areaWidth_ = area.width;
+}
+
+void Page::setGround(const QColor& ground) {
+    ::setGround(pic1, ground);
+}
+
+void Page::leave() {
+    pictures_.leave();
+    isShown_ = false;
+    firstIndex_ = 0;
+}
+
 Page::Cell Page::makeCell() {
-    const Cell cell{new ShapeBox(pic1), new CellBox(pic1), new Caption(pic1)};
+    const Cell cell{new ShapeBox(pic1), new CellBox(pic1), new Caption(pic1), {}};
     cell.shpXs->setBorderColor(frameColour);
     cell.shpXs->setBorderWidth(2);
     cell.txtBq->document()->setDocumentMargin(0);
@@ -84,7 +102,7 @@ void Page::setCellCount(int count) {
         cell.txtBq->hide();
     }
     while (int(cells_.size()) < count) addCell();
-    // Captions stand over all pictures: in two columns they reach over the edge of their own cell.
+    // Captions are above all pictures: in two columns they reach over the edge of their own cell.
     for (const Cell& cell : cells_) cell.txtBq->raise();
 }
 
@@ -95,12 +113,11 @@ int Page::focusedCell() const {
 }
 
 void Page::focusCell(int cell) {
-    const ImageBox* image = picture(cell);
-    if (image != nullptr && !image->tag().isEmpty()) cells_[size_t(cell)].imgXs->setFocus(Qt::TabFocusReason);
+    if (!dataIn(cell).isEmpty()) cells_[size_t(cell)].imgXs->setFocus(Qt::TabFocusReason);
 }
 
 void Page::toggleCaption(int cell) {
-    if (picture(cell) == nullptr) return;
+    if (!has(cell)) return;
     Caption* caption = cells_[size_t(cell)].txtBq;
     if (caption->isVisible())
         caption->hide();
@@ -108,26 +125,21 @@ void Page::toggleCaption(int cell) {
         showCaption(cell);
 }
 
-const ImageBox* Page::picture(int cell) const {
-    return cell >= 0 && cell < int(cells_.size()) ? cells_[size_t(cell)].imgXs : nullptr;
-}
-
 void Page::goToFirstPicture() {
-    Recordset& album = state_.albumRecordset;
+    Recordset& album = selection_.records();
     attempt([&] {
         const int rows = album.rowCount();
         if (rows == 0) return;
-        album.moveToRow(std::clamp(state_.firstPictureIndex, 0, rows - 1));
-        if (state_.firstPictureIndex >= rows) album.MoveNext();
+        album.moveToRow(std::clamp(firstIndex_, 0, rows - 1));
+        if (firstIndex_ >= rows) album.MoveNext();
     });
 }
 
-/// Draws the page of thumbnails anew.
 void Page::xstp() {
     const Hourglass hourglass(window_, Qt::BusyCursor);
-    const int cells = state_.picturesPerPage;
-    strip_.showProgress(cells > 1, false);
-    if (screen_.isCovering()) screen_.img0->repaint();
+    const int cells = picturesPerPage_;
+    strip_.beginProgress(cells > 1);
+    screen_.repaintCurtain();
 
     const int focused = focusedCell();
     // A control that is hidden passes its focus on, to a box that the keys would then write into.
@@ -136,40 +148,39 @@ void Page::xstp() {
     scroll_->reset();
     goToFirstPicture();
     table_ = mekTp::currentTable;
+    drawCells();
+
+    strip_.endProgress();
+    screen_.uncover();
+    isShown_ = selection_.isOpen();
+    focusCell(std::min(focused, cells - 1));
+    // The line names the place of the last cell.
+    if (isShown_)
+        status_.showPage(selection_.line() + placeInSelection(selection_.count() == 0 ? 0 : firstIndex_ + cells));
+}
+
+void Page::drawCells() {
     keepRoom();
     pictures_.begin();
     QSize pixels = cellShape;
-    for (int i = 0; i < cells; ++i) {
+    for (int i = 0; i < picturesPerPage_; ++i) {
         drawCell(i, pixels);
-        attempt([&] { state_.albumRecordset.MoveNext(); });
-        if (cells == 1) continue;
-        strip_.prg1->setValue(i * 100 / (cells - 1));
-        strip_.prg1->repaint();
+        attempt([&] { selection_.records().MoveNext(); });
+        if (picturesPerPage_ > 1) strip_.showProgress(i * 100 / (picturesPerPage_ - 1));
     }
     pictures_.settle();
-
-    strip_.showProgress(false, !state_.smallScreen);
-    screen_.uncover();
-    state_.pageShown = !state_.albumRecordset.isNothing();
-    focusCell(std::min(focused, cells - 1));
-    // The place that the line tells is that of the page's last cell.
-    attempt([&] {
-        const bool empty = state_.albumRecordset.RecordCount() == 0;
-        status_.setPanel(3, state_.pageStatusText + placeInSelection(empty ? 0 : state_.firstPictureIndex + cells));
-    });
 }
 
 /// The size in twips of a picture on the page. Without a size to read it takes that of the picture before it.
 QSize Page::fitted(const QString& sizeText, QSize& pixels) const {
-    const auto told = sizeFromSpec(sizeText);
-    if (told && !told->isEmpty()) pixels = *told;
-    const bool originalSize = state_.picturesPerPage == 1 && strip_.tlb1->image(u"yd"_s) == u"cm";
-    return fittedSize(pixels, grid().cellWidth, grid().cellHeight, originalSize);
+    const auto size = sizeFromSpec(sizeText);
+    if (size && !size->isEmpty()) pixels = *size;
+    return fittedSize(pixels, grid().cellWidth, grid().cellHeight, picturesPerPage_ == 1 && originalSize_);
 }
 
 void Page::drawCell(int index, QSize& pixels) {
-    const Cell& cell = cells_[size_t(index)];
-    Recordset& album = state_.albumRecordset;
+    Cell& cell = cells_[size_t(index)];
+    Recordset& album = selection_.records();
     QString sizeText;
     attempt([&] { sizeText = album.Fields(u"规格"_s).Value().textOr(); });
     const QSize size = fitted(sizeText, pixels);
@@ -177,35 +188,36 @@ void Page::drawCell(int index, QSize& pixels) {
     placeAt(cell.shpXs, frameBox(grid(), index, size));
 
     cell.imgXs->setTag({});
-    bool hasRecord = false;
-    attempt([&] { hasRecord = !album.Eof(); });
+    cell.number.clear();
     StoredValue picture;
+    bool isRead = false;
     attempt([&] {
-        if (!hasRecord) return;
-        attempt([&] { picture = album.storedAt(album.row(), u"图片"_s); });
+        if (album.Eof()) return;
+        isRead = attempt([&] { picture = album.storedAt(album.row(), u"图片"_s); });
         cell.imgXs->setTag(tagOfRecord(album));
+        cell.number = album.Fields(u"序号"_s).Value().textOr();
     });
-    // The first cell is never made anew: a record without a picture leaves there what it shows.
-    pictures_.put(cell.imgXs, picture, index == 0 && hasRecord);
+    // The first cell is never made anew: for a record without a picture it goes on showing what it has.
+    pictures_.put(cell.imgXs, picture, index == 0 && isRead);
     cell.imgXs->setToolTip(cell.imgXs->tag());
     cell.imgXs->setFocusPolicy(cell.imgXs->tag().isEmpty() ? Qt::NoFocus : Qt::TabFocus);
     cell.shpXs->show();
     cell.imgXs->show();
     drawCaption(index);
-    // Last: a control takes its tool tip for its name, and with a caption that is a hint.
+    // Last: a new tool tip becomes the name of a control too, and with captions it is only a hint.
     cell.imgXs->setAccessibleName(cell.imgXs->tag());
 }
 
 /// The page that a draw would show, and those to which the paging keys lead from there.
 CellPictures::Requests Page::upcoming() {
     keepRoom();
-    while (int(cells_.size() + spare_.size()) < state_.picturesPerPage) spare_.push_back(makeCell());
+    while (int(cells_.size() + spare_.size()) < picturesPerPage_) spare_.push_back(makeCell());
     CellPictures::Requests requests;
-    const int first = std::max(0, state_.firstPictureIndex);
-    const int next = first + state_.picturesPerPage;
-    for (const int index : {first, next, first - state_.picturesPerPage}) addPage(index, requests);
+    const int first = std::max(0, firstIndex_);
+    const int next = first + picturesPerPage_;
+    for (const int index : {first, next, first - picturesPerPage_}) addPage(index, requests);
     // A slide show begins anew there.
-    if (next >= state_.albumRecordset.rowCount()) addPage(0, requests);
+    if (next >= selection_.records().rowCount()) addPage(0, requests);
     return requests;
 }
 
@@ -218,7 +230,7 @@ void Page::keepRoom() {
 }
 
 void Page::addPage(int firstIndex, CellPictures::Requests& requests) const {
-    const int last = std::min(state_.albumRecordset.rowCount(), firstIndex + state_.picturesPerPage);
+    const int last = std::min(selection_.records().rowCount(), firstIndex + picturesPerPage_);
     QSize pixels = cellShape;
     for (int row = std::max(0, firstIndex); row < last; ++row)
         attempt([&] {
@@ -227,7 +239,7 @@ void Page::addPage(int firstIndex, CellPictures::Requests& requests) const {
 }
 
 std::optional<PictureRequest> Page::requestOf(int row, int cell, QSize& pixels) const {
-    const Recordset& album = state_.albumRecordset;
+    const Recordset& album = selection_.records();
     const Box box = pictureBox(grid(), cell, fitted(album.valueAt(row, u"规格"_s).textOr(), pixels));
     const StoredValue picture = album.storedAt(row, u"图片"_s);
     if (picture.isNull()) return {};
@@ -243,14 +255,16 @@ void Page::drawCaption(int index) {
     font.setPixelSize(box.height > oneLine ? smallText : usualText);  // two lines, or one
     cell.txtBq->setFont(font);
     cell.txtBq->setText(cell.imgXs->tag());
-    const bool wanted =
-        strip_.chkBq[0]->isChecked() && columnsFromText(strip_.txtLs->text()) <= mostColumnsWithCaptions;
-    cell.txtBq->setVisible(wanted);
-    if (wanted) cell.imgXs->setToolTip(u"鼠标单击可重新显示标签"_s);
+    cell.txtBq->setVisible(wantsCaptions());
+    if (wantsCaptions()) cell.imgXs->setToolTip(u"鼠标单击可重新显示标签"_s);
+}
+
+bool Page::wantsCaptions() const {
+    return strip_.wantsCaptions() && grid().columns <= mostColumnsWithCaptions;
 }
 
 void Page::showCaption(int index) {
-    if (!strip_.chkBq[0]->isChecked() || index >= int(cells_.size())) return;
+    if (!strip_.wantsCaptions() || !has(index)) return;
     const Cell& cell = cells_[size_t(index)];
     cell.txtBq->setText(cell.imgXs->tag());
     cell.txtBq->show();

@@ -4,9 +4,9 @@
 #include "viewer/cell_pictures.h"
 #include "viewer/page_layout.h"
 #include "viewer/screen_panel.h"
+#include "viewer/selection.h"
 #include "viewer/status_line.h"
 #include "viewer/tool_strip.h"
-#include "viewer/viewer_state.h"
 #include "viewer/wheel_scroll.h"
 
 #include <deque>
@@ -20,23 +20,38 @@ class Page : public QObject {
     Q_OBJECT
 
   public:
-    Page(ViewerState& state, ToolStrip& strip, StatusLine& status, ScreenPanel& screen, QWidget* window, QWidget* form);
+    Page(Selection& selection, ToolStrip& strip, StatusLine& status, ScreenPanel& screen, QWidget* window,
+         QWidget* form);
 
-    /// Draws the page that begins at `firstPictureIndex`. What fails leaves its cell empty.
+    void layOut(const Box& area);
+    void setGround(const QColor& ground);
+
+    /// Draws the page. What fails leaves its cell empty.
     void xstp();
-
-    /// Another selection, number of columns or place has been chosen: what a draw would show gets ready in the
-    /// background.
+    /// Something else will be drawn next: it is decoded in the background.
     void prepare() { pictures_.rest(); }
-    /// The album is closed: nothing of it is decoded any more.
-    void leave() { pictures_.leave(); }
+    /// The album is left: the page is that of no album, and nothing of it is decoded any more.
+    void leave();
+    /// A page of the open album has been drawn.
+    bool isShown() const { return isShown_; }
 
-    /// Table that the page was drawn from; another album may have been opened since.
+    /// What the next draw shows.
+    void setColumns(int columns) { picturesPerPage_ = columns * columns; }
+    int picturesPerPage() const { return picturesPerPage_; }
+    /// Records before the first cell. May be negative after a step back, and beyond the end.
+    void setFirstIndex(int index) { firstIndex_ = index; }
+    int firstIndex() const { return firstIndex_; }
+    /// A picture alone on its page is not enlarged.
+    void setOriginalSize(bool on) { originalSize_ = on; }
+    bool isOriginalSize() const { return originalSize_; }
+
+    // The page as it was drawn; another album or number of columns may have been chosen since.
     const QString& table() const { return table_; }
-    /// Nothing when there is no such cell.
-    const ImageBox* picture(int cell) const;
-    /// Cells of the page as it was drawn; another number may have been chosen since.
     int cellCount() const { return int(cells_.size()); }
+    /// 序号 of the picture in a cell; empty where there is none.
+    QString numberIn(int cell) const { return has(cell) ? cells_[size_t(cell)].number : QString(); }
+    /// What is said of the picture in a cell; empty where there is none.
+    QString dataIn(int cell) const { return has(cell) ? cells_[size_t(cell)].imgXs->tag() : QString(); }
 
     /// The cell that has the keyboard's focus, -1 for none. Empty cells take no focus.
     int focusedCell() const;
@@ -46,25 +61,29 @@ class Page : public QObject {
 
     void scrollBy(int pixels) { scroll_->scrollBy(pixels); }
 
-    Surface* pic1;
-
   Q_SIGNALS:
     void cellClicked();
     void cellDoubleClicked(int cell);
+    void mousePressed();  ///< Between the cells.
+    void mouseMoved();    ///< Between the cells.
 
   private:
     struct Cell {
-        ShapeBox* shpXs;
-        CellBox* imgXs;
-        Caption* txtBq;
+        ShapeBox* shpXs;  ///< Frame.
+        CellBox* imgXs;   ///< Picture.
+        Caption* txtBq;   ///< Caption over the picture.
+        QString number;   ///< 序号 of the picture.
     };
 
     Cell makeCell();
     void addCell();
     void setCellCount(int count);
-    CellGrid grid() const { return cellGrid(state_.pageAreaWidth, state_.picturesPerPage); }
+    bool has(int cell) const { return cell >= 0 && cell < cellCount(); }
+    CellGrid grid() const { return cellGrid(areaWidth_, picturesPerPage_); }
+    bool wantsCaptions() const;
     QSize fitted(const QString& sizeText, QSize& pixels) const;
     void goToFirstPicture();
+    void drawCells();
     void drawCell(int index, QSize& pixels);
     CellPictures::Requests upcoming();
     void keepRoom();
@@ -73,12 +92,18 @@ class Page : public QObject {
     void drawCaption(int index);
     void showCaption(int index);
 
-    ViewerState& state_;
+    Selection& selection_;
     ToolStrip& strip_;
     StatusLine& status_;
     ScreenPanel& screen_;
     QWidget* window_;
+    Surface* pic1;  ///< Ground of the page.
     std::unique_ptr<WheelScroll> scroll_;
+    int areaWidth_ = 0;  ///< Twips.
+    int picturesPerPage_ = 1;
+    int firstIndex_ = 0;
+    bool originalSize_ = false;
+    bool isShown_ = false;
     std::vector<Cell> cells_;
     std::deque<Cell> spare_;  ///< Made while the window rests; without names, for nobody to find.
     QString table_;

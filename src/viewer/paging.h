@@ -1,12 +1,11 @@
 #pragma once
 
 #include "viewer/filter_controls.h"
-#include "viewer/page.h"
 
 /// Paging by the tool bar, by page number and by the number of columns.
 class Paging : public QObject {
   public:
-    Paging(ViewerState& state, ToolStrip& strip, StatusLine& status, Page& page, FilterControls& filters,
+    Paging(Selection& selection, ToolStrip& strip, StatusLine& status, Page& page, FilterControls& filters,
            QWidget* window);
 
     void firstPage();
@@ -19,12 +18,11 @@ class Paging : public QObject {
   private:
     void drawAt(int firstIndex, const QString& pageText);
     void takePageNumber();
-    void changeColumns();
+    void changeColumns(int columns);
 
-    ViewerState& state_;
+    Selection& selection_;
     ToolStrip& strip_;
     StatusLine& status_;
     Page& page_;
     FilterControls& filters_;
-    bool justEntered_ = false;
 };

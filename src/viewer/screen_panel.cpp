@@ -4,8 +4,9 @@
 #include "catalogue/picture_field.h"
 #include "platform/base/error.h"
 #include "platform/desktop/placing.h"
+#include "viewer/ground.h"
+#include "viewer/settings_row.h"
 
-#include <QLabel>
 #include <QRandomGenerator>
 #include <algorithm>
 
@@ -18,14 +19,9 @@ constexpr QSize usualSize(800, 600);  // of the panel, in pixels
 // The pictures of `pmtp` that serve as curtains are numbers 7 to 12.
 constexpr int curtains = 6;
 constexpr int curtainsBefore = 7;
-
-const QStringList& pagingKeys() {
-    static const QStringList keys{u"ty"_s, u"sy"_s, u"xy"_s, u"hy"_s};
-    return keys;
-}
 }  // namespace
 
-ScreenPanel::ScreenPanel(ToolBar* bar, QWidget* form) : bar_(bar) {
+ScreenPanel::ScreenPanel(ToolStrip& strip, QWidget* form) : strip_(strip) {
     pic0 = make<Surface>(form, u"pic0"_s);
     pic0->setAutoFillBackground(true);
     img0 = make<ImageBox>(pic0, u"img0"_s);
@@ -39,8 +35,15 @@ ScreenPanel::ScreenPanel(ToolBar* bar, QWidget* form) : bar_(bar) {
     lblWz->hide();
     txtB0 = make<Caption>(pic0, u"txtB0"_s);
     txtB0->hide();
+    connect(img0, &ImageBox::clicked, this, &ScreenPanel::clicked);
+    connect(img0, &ImageBox::mouseMoved, this, &ScreenPanel::mouseMoved);
+    connect(img0, &ImageBox::mousePressed, this, [this] {
+        if (isViewing_) txtB0->show();
+        Q_EMIT mousePressed();
+    });
+    connect(txtB0, &Caption::clicked, txtB0, &QWidget::hide);
     scroll_ = std::make_unique<WheelScroll>(pic0);
-    // Other processors have nothing to do while the window is made.
+    // Decoded by another processor while this one makes the window.
     attempt(
         [&] { firstPicture_ = std::async(std::launch::async, [] { return LoadPicture(startPicture, usualSize); }); });
 }
@@ -51,7 +54,7 @@ void ScreenPanel::layOut(const Box& page) {
     fitStartPicture();
 }
 
-// Decoded for the panel's size, which a start would otherwise wait for several times as long.
+// Decoded for the panel's size: for its own the start would take several times as long.
 void ScreenPanel::fitStartPicture() {
     if (firstPicture_.valid() && img0->picture().isNull()) attempt([&] { showStartPicture(firstPicture_.get()); });
     const Picture& shown = img0->picture();
@@ -84,23 +87,29 @@ void ScreenPanel::uncover() {
 }
 
 void ScreenPanel::beginView(QSize size, const QString& data) {
+    pic0->show();
     placePicture(size);
-    for (const QString& key : pagingKeys()) bar_->setEnabled(key, false);
+    isViewing_ = true;
+    offerPaging(false);
     lblWz->hide();
     txtB0->setText(data);
     placeStrip();
     txtB0->show();
     txtB0->raise();
-    bar_->setEnabled(u"yd"_s, true);
+    strip_.offer(u"yd"_s, true);
 }
 
-// At the foot of the picture. What one line does not hold grows upwards, and past the foot of a picture that is low.
+// At the foot of the picture. A text of several lines grows upwards, and beyond the foot of a low picture.
 void ScreenPanel::placeStrip() {
     const int lines = txtB0->lineCountFor(img0->width());
     const int height = lines == 1 ? stripHeight : std::max(stripHeight, twipsFromPixels(txtB0->heightOfLines(lines)));
     const int top = std::max(0, heightOf(img0) - height);
     const int room = std::max(heightOf(img0), heightOf(pic0)) - top;
     place(txtB0, 0, top, widthOf(img0), std::min(height, room));
+}
+
+void ScreenPanel::offerPaging(bool on) {
+    for (const QString& key : {u"ty"_s, u"sy"_s, u"xy"_s, u"hy"_s}) strip_.offer(key, on);
 }
 
 void ScreenPanel::sayInView(const QString& words) {
@@ -112,8 +121,9 @@ void ScreenPanel::sayInView(const QString& words) {
 
 void ScreenPanel::endView() {
     pic0->hide();
-    for (const QString& key : pagingKeys()) bar_->setEnabled(key, true);
-    bar_->setEnabled(u"yd"_s, true);
+    isViewing_ = false;
+    offerPaging(true);
+    strip_.offer(u"yd"_s, true);
     txtB0->hide();
     lblWz->hide();
     placePicture({widthOf(pic0), heightOf(pic0)});  // the panel is a curtain again
@@ -127,6 +137,19 @@ void ScreenPanel::drawCurtain() {
         attempt([&] { changeCurtain(); });
     }
     cover();
+}
+
+void ScreenPanel::repaintCurtain() {
+    if (isCovering()) img0->repaint();
+}
+
+void ScreenPanel::setGround(const QColor& ground) {
+    ::setGround(pic0, ground);
+}
+
+void ScreenPanel::loadCover() {
+    Recordset settings = settingsRow();
+    readPictureField(settings, u"封面"_s, *img0);
 }
 
 void ScreenPanel::changeCurtain() {

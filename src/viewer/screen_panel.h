@@ -2,50 +2,69 @@
 
 #include "platform/desktop/image_box.h"
 #include "platform/desktop/surface.h"
-#include "platform/desktop/tool_bar.h"
 #include "viewer/caption.h"
 #include "viewer/page_layout.h"
+#include "viewer/tool_strip.h"
 #include "viewer/wheel_scroll.h"
 
+#include <QLabel>
 #include <future>
 #include <memory>
 
-/// The screen panel that lies over the page: cover of a closed album, curtain while a page is drawn, and ground of a
-/// picture that is viewed alone. A picture is being viewed exactly while the paging buttons are disabled with it.
-class ScreenPanel {
+/// The screen panel over the page: cover of a closed album, curtain while a page is drawn, and ground of a picture that
+/// is viewed alone. While one is viewed the paging keys of the tool bar are off.
+class ScreenPanel : public QObject {
+    Q_OBJECT
+
   public:
-    ScreenPanel(ToolBar* bar, QWidget* form);
+    ScreenPanel(ToolStrip& strip, QWidget* form);
 
     void layOut(const Box& page);
+    void setGround(const QColor& ground);
     void cover();    ///< Lays itself over the page.
     void uncover();  ///< Shows the page, and ends the viewing of a picture.
     bool isCovering() const { return !pic0->isHidden(); }
 
-    bool isViewing() const { return !bar_->isEnabled(QStringLiteral("ty")); }
-    /// Lays a picture of that size and its data strip out and takes the paging buttons away.
+    bool isViewing() const { return isViewing_; }
+    /// Shows a picture's place of that size, in twips, with its data on a strip, and takes the paging keys away.
     void beginView(QSize size, const QString& data);
+    QSize targetSize() const { return img0->targetSize(); }  ///< For which the picture in view is decoded.
+    void showInView(const Picture& picture) { img0->setPicture(picture); }
     /// Words in place of the picture in view.
     void sayInView(const QString& words);
+    void toggleStrip() { txtB0->setVisible(txtB0->isHidden()); }
     void endView();
 
+    /// Loads the cover of the collection. Throws where the catalogue has none to read.
+    void loadCover();
     /// Loads a picture of `pmtp`, chosen by chance, for the next curtain.
     void changeCurtain();
     /// Ends the viewing of a picture and hides the page behind a fresh curtain. One that hangs already stays.
     void drawCurtain();
+    /// A curtain is seen at once, before the page behind it is drawn.
+    void repaintCurtain();
 
     void scrollBy(int pixels) { scroll_->scrollBy(pixels); }
 
-    Surface* pic0;
-    ImageBox *img0, *imgSh;
-    Caption* txtB0;
-    QLabel* lblWz;  ///< The words.
+  Q_SIGNALS:
+    void clicked();
+    void mousePressed();
+    void mouseMoved();
 
   private:
     void placePicture(QSize size);
     void placeStrip();
     void fitStartPicture();
     void showStartPicture(const Picture& picture);
-    ToolBar* bar_;
+    void offerPaging(bool on);
+
+    ToolStrip& strip_;
+    Surface* pic0;    ///< The panel.
+    ImageBox* img0;   ///< Cover, curtain or picture in view.
+    ImageBox* imgSh;  ///< Empty; comes and goes with the curtain.
+    Caption* txtB0;   ///< Data of the picture in view.
+    QLabel* lblWz;    ///< Words in place of the picture in view.
+    bool isViewing_ = false;
     std::future<Picture> firstPicture_;  ///< The picture with which the window comes up, while it is being decoded.
     qint64 startPicture_ = 0;            ///< Its cache key when it is shown.
     std::unique_ptr<WheelScroll> scroll_;

@@ -12,7 +12,7 @@ Recordset settingsRow() {
 
 void storeSetting(const QString& column, const Variant& value) {
     Recordset settings = settingsRow();
-    if (settings.Fields(column).Value() == value) return;  // nothing to wait for the disk for
+    if (settings.Fields(column).Value() == value) return;  // spares a wait for the disk
     settings.Edit();
     settings.Fields(column).SetValue(value);
     settings.Update();

@@ -5,11 +5,18 @@
 #include <QLabel>
 #include <QPushButton>
 
-/// The parts of a small dialog that lies on the form and can be dragged about. All lengths are twips.
+/// A small dialog on the form of the main window, which can be dragged about. It is hidden until it is opened. All
+/// lengths are twips.
+class SmallDialog : public Surface {
+    Q_OBJECT
 
-Surface* makeSmallDialog(QWidget* form, const QString& name, int width, int height);
-QLabel* makeDialogLabel(Surface* dialog, const QString& name, const QString& text, int left, int top, int width);
-QPushButton* makeDialogButton(Surface* dialog, const QString& name, const QString& caption, int left, int top,
-                              int width);
-/// The small button in the upper right corner that closes the dialog.
-QPushButton* makeCloseButton(Surface* dialog, const QString& name);
+  public:
+    SmallDialog(QWidget* form, const QString& name, int width, int height);
+
+  protected:
+    void openAt(int left, int top);
+    QLabel* addLabel(const QString& name, const QString& text, int left, int top, int width);
+    QPushButton* addButton(const QString& name, const QString& caption, int left, int top, int width);
+    /// The small button in the upper right corner that closes the dialog.
+    void addCloseButton(const QString& name);
+};

@@ -40,10 +40,10 @@ PanelWidths sharedWidths(const PanelWidths& asked, int messageWidth) {
 void PanelLabel::setLine(const QString& text, qsizetype soft) {
     soft_ = soft;
     setText(text);
-    tellWhatIsCut();
+    updateToolTip();
 }
 
-// A label of a fixed width asks for no less than that.
+// The size hint of a label with a fixed width is that width.
 int PanelLabel::widthOfWholeLine() const {
     return fontMetrics().horizontalAdvance(text()) + width() - contentsRect().width();
 }
@@ -52,13 +52,13 @@ QString PanelLabel::shown() const {
     return cutLine(text(), soft_, contentsRect().width(), fontMetrics());
 }
 
-void PanelLabel::tellWhatIsCut() {
+void PanelLabel::updateToolTip() {
     setToolTip(shown() == text() ? QString() : plainToolTip(text()));
 }
 
 void PanelLabel::resizeEvent(QResizeEvent* event) {
     QLabel::resizeEvent(event);
-    tellWhatIsCut();
+    updateToolTip();
 }
 
 void PanelLabel::paintEvent(QPaintEvent*) {
@@ -73,42 +73,53 @@ void PanelLabel::paintEvent(QPaintEvent*) {
 StatusLine::StatusLine(QStatusBar* sta1) {
     sta1->setSizeGripEnabled(false);
     sta1->setFixedHeight(pixelsFromTwips(barHeight));
-    for (size_t i = 0; i < panels_.size(); ++i) {
-        panels_[i] = make<PanelLabel>(sta1, u"sta1:%1"_s.arg(i + 1));
-        panels_[i]->setTextFormat(Qt::PlainText);
-        panels_[i]->setStyleSheet(i == 0 ? u"padding-left: 6px;"_s
+    const auto panel = [sta1](int number) {
+        auto* label = make<PanelLabel>(sta1, u"sta1:%1"_s.arg(number));
+        label->setTextFormat(Qt::PlainText);
+        label->setStyleSheet(number == 1 ? u"padding-left: 6px;"_s
                                          : u"border-left: 1px solid #d8d0c2; padding-left: 6px;"_s);
-        sta1->addWidget(panels_[i]);
-    }
-    label(4)->setFixedWidth(pixelsFromTwips(clockWidth));
+        sta1->addWidget(label);
+        return label;
+    };
+    collection_ = panel(1);
+    album_ = panel(2);
+    page_ = panel(3);
+    clock_ = panel(4);
+    clock_->setFixedWidth(pixelsFromTwips(clockWidth));
     shareRoom();
 }
 
 void StatusLine::shareRoom() {
-    const auto asked = [this](int panel) { return twipsFromPixels(label(panel)->widthOfWholeLine()); };
-    const PanelWidths widths = sharedWidths({asked(1), asked(2), asked(3)}, messageWidth_);
-    label(1)->setFixedWidth(pixelsFromTwips(widths.title));
-    label(2)->setFixedWidth(pixelsFromTwips(widths.album));
-    label(3)->setFixedWidth(pixelsFromTwips(widths.message));
+    const auto asked = [](const PanelLabel* panel) { return twipsFromPixels(panel->widthOfWholeLine()); };
+    const PanelWidths widths = sharedWidths({asked(collection_), asked(album_), asked(page_)}, messageWidth_);
+    collection_->setFixedWidth(pixelsFromTwips(widths.title));
+    album_->setFixedWidth(pixelsFromTwips(widths.album));
+    page_->setFixedWidth(pixelsFromTwips(widths.message));
 }
 
-void StatusLine::setLine(int panel, const QString& text, qsizetype soft) {
-    if (label(panel)->text() == text) return;
-    label(panel)->setLine(text, soft);
-    if (label(panel) != label(4)) shareRoom();
+void StatusLine::setLine(PanelLabel* panel, const QString& text, qsizetype soft) {
+    if (panel->text() == text) return;
+    panel->setLine(text, soft);
+    shareRoom();
 }
 
-void StatusLine::setPanel(int panel, const QString& text) {
+void StatusLine::showCollection(const QString& title) {
+    setLine(collection_, title, title.size());
+}
+
+void StatusLine::showAlbum(const QString& title, const QString& rest) {
+    setLine(album_, title + rest, title.size());
+}
+
+void StatusLine::showPage(const QString& text) {
     const qsizetype counts = text.indexOf(u" 共");
-    setLine(panel, text, counts < 0 ? text.size() : counts);
+    setLine(page_, text, counts < 0 ? text.size() : counts);
 }
 
-void StatusLine::setAlbumLine(const QString& title, const QString& rest) {
-    setLine(2, title + rest, title.size());
-}
-
-QString StatusLine::panel(int panel) const {
-    return label(panel)->text();
+bool StatusLine::showClock(const QString& text) {
+    if (clock_->text() == text) return false;
+    clock_->setLine(text, text.size());
+    return true;
 }
 
 void StatusLine::setMessageWidth(int twips) {

@@ -2,7 +2,6 @@
 
 #include <QLabel>
 #include <QStatusBar>
-#include <array>
 
 /// A line cut to a width in pixels: its first `soft` characters make way for the rest, which is cut last and at its
 /// beginning.
@@ -14,8 +13,8 @@ struct PanelWidths {
     bool operator==(const PanelWidths& other) const = default;
 };
 
-/// Title and album line take what they ask for as far as it goes, also from the room that `messageWidth` leaves beside
-/// the message.
+/// Title and album line get what they ask for as far as it goes, also from the part of `messageWidth` that the message
+/// leaves free.
 PanelWidths sharedWidths(const PanelWidths& asked, int messageWidth);
 
 /// A panel of the status bar. Its text is always whole; what is seen of it is cut to the room there is.
@@ -34,7 +33,7 @@ class PanelLabel : public QLabel {
 
   private:
     QString shown() const;
-    void tellWhatIsCut();
+    void updateToolTip();
     qsizetype soft_ = 0;
 };
 
@@ -44,16 +43,19 @@ class StatusLine {
   public:
     explicit StatusLine(QStatusBar* sta1);
 
-    void setPanel(int panel, const QString& text);
-    /// The second panel: title of the album, and what is told of it.
-    void setAlbumLine(const QString& title, const QString& rest);
-    QString panel(int panel) const;
+    void showCollection(const QString& title);
+    /// The open album: its title, and what is said of it.
+    void showAlbum(const QString& title, const QString& rest);
+    /// The page line, or a word on paging.
+    void showPage(const QString& text);
+    /// Whether the text is another one than before.
+    bool showClock(const QString& text);
     void setMessageWidth(int twips);  ///< Width of panel 3.
 
   private:
-    void setLine(int panel, const QString& text, qsizetype soft);
+    void setLine(PanelLabel* panel, const QString& text, qsizetype soft);
     void shareRoom();
-    PanelLabel* label(int panel) const { return panels_.at(size_t(panel - 1)); }
-    std::array<PanelLabel*, 4> panels_{};
+
+    PanelLabel *collection_, *album_, *page_, *clock_;
     int messageWidth_ = 0;
 };

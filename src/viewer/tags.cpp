@@ -16,7 +16,3 @@ QString tagOfRecord(const Recordset& album) {
     return u"序号："_s + textOf(album, u"序号"_s) + u' ' + textOf(album, u"大小"_s) + u"KB "_s +
            textOf(album, u"规格"_s) + u' ' + when + u' ' + textOf(album, u"备注"_s);
 }
-
-QString numberInTag(const QString& tag) {
-    return tag.mid(3, tag.indexOf(u' ') - 3);
-}

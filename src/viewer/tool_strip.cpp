@@ -1,10 +1,14 @@
 #include "viewer/tool_strip.h"
 
+#include "platform/base/conversion.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/tool_icon.h"
+#include "viewer/filters.h"
+#include "viewer/ground.h"
 #include "viewer/window_layout.h"
 
 #include <QFontMetrics>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -18,6 +22,7 @@ constexpr int boxHeight = 270;
 constexpr int labelLeft = 2760;
 constexpr int numberLeft = 3810;
 const QColor separatorColour(0xd8, 0xd0, 0xc2);
+const QString anyNumber = u"序号任意"_s;
 
 struct ButtonPlace {
     QString key, toolTip;
@@ -47,11 +52,14 @@ ToolStrip::ToolStrip(QWidget* form) {
     clb1 = make<QFrame>(form, u"clb1"_s);
     tlb1 = make<ToolBar>(clb1, u"tlb1"_s, [](const QString& key) { return toolIcon(key); });
     addButtons();
-    addBoxes();
+    addPageBox();
+    addConditionBoxes();
+    addFlags();
     addTitle();
 }
 
 void ToolStrip::addButtons() {
+    connect(tlb1, &ToolBar::buttonClicked, this, &ToolStrip::keyClicked);
     for (const ButtonPlace& place : buttonPlaces())
         tlb1->add(place.key, place.toolTip, place.left, buttonTop, buttonSide, buttonSide);
     for (int i = 0; i < 4; ++i) {
@@ -61,8 +69,8 @@ void ToolStrip::addButtons() {
     }
 }
 
-void ToolStrip::addBoxes() {
-    // A label with a hole: the page number is typed into the blank between its words, which is widened to hold it.
+void ToolStrip::addPageBox() {
+    // The page number is typed into the blank between the words of this label, which is widened to hold it.
     txtD1 = make<TextBox>(tlb1, u"txtD1"_s);
     QFont wide = txtD1->font();
     wide.setLetterSpacing(QFont::AbsoluteSpacing, letterGap);
@@ -84,29 +92,56 @@ void ToolStrip::addBoxes() {
     const int blank = metrics.horizontalAdvance(u"     "_s);
     place(txtYh, labelLeft + twipsFromPixels(blankLeft + 1), boxTop, twipsFromPixels(blank - 1), boxHeight);
 
-    txtXh = make<TextBox>(tlb1, u"txtXh"_s);
-    txtXh->setAccessibleName(u"序号条件"_s);
-    txtXh->setText(u"序号任意"_s);
-    txtXh->setStyleSheet(u"padding: 0px;"_s);
-    txtXx = make<TextBox>(tlb1, u"txtXx"_s);
-    txtXx->setAccessibleName(u"序号"_s);
+    connect(txtYh, &TextBox::textEdited, this, &ToolStrip::pageTyped);
+    connect(txtYh, &TextBox::enterPressed, this, [this] { Q_EMIT pageEntered(txtYh->isModified()); });
+    // The press of the mouse that brings the focus would take the selection away again.
+    connect(txtYh, &TextBox::gotFocus, this, [this] {
+        txtYh->selectAll();
+        pageBoxWasEntered_ = true;
+    });
+    connect(txtYh, &TextBox::clicked, this, [this] {
+        if (std::exchange(pageBoxWasEntered_, false)) txtYh->selectAll();
+    });
+}
+
+void ToolStrip::addConditionBoxes() {
+    const auto box = [this](const QString& name, const QString& accessibleName, const QString& text) {
+        auto* made = make<TextBox>(tlb1, name);
+        made->setAccessibleName(accessibleName);
+        made->setText(text);
+        made->setStyleSheet(u"padding: 0px;"_s);
+        made->setAlignment(Qt::AlignCenter);
+        return made;
+    };
+    txtXh = box(u"txtXh"_s, u"序号条件"_s, anyNumber);
+    txtXx = box(u"txtXx"_s, u"序号"_s, {});
     txtXx->setStyleSheet(u"border: none; padding: 0px; background: #eef5f7;"_s);
-    txtXx->setAlignment(Qt::AlignCenter);
     place(txtXx, 4350, 60, 375, 180);
     showNumberBox(false);
+    for (const TextBox* numbers : {txtXh, txtXx})
+        connect(numbers, &TextBox::clicked, this, [this] { Q_EMIT numberListWanted(txtXh); });
+    connect(txtXh, &TextBox::textChanged, this, [this](const QString& text) {
+        if (text == anyNumber) Q_EMIT numbersChanged();
+    });
+    connect(txtXx, &TextBox::textChanged, this, &ToolStrip::numbersChanged);
+    connect(txtXx, &TextBox::lostFocus, this, &ToolStrip::numbersChanged);
+    connect(txtXx, &TextBox::enterPressed, this, &ToolStrip::numbersEntered);
 
-    txtLs = make<TextBox>(tlb1, u"txtLs"_s);
-    txtLs->setAccessibleName(u"列数"_s);
-    txtLs->setText(u"1列"_s);
-    txtLs->setAlignment(Qt::AlignCenter);
-    txtLs->setStyleSheet(u"padding: 0px;"_s);
+    txtLs = box(u"txtLs"_s, u"列数"_s, u"1列"_s);
+    connect(txtLs, &TextBox::textChanged, this, &ToolStrip::columnsChanged);
+    connect(txtLs, &TextBox::enterPressed, this, &ToolStrip::columnsEntered);
+    connect(txtLs, &TextBox::clicked, this, [this] { Q_EMIT columnListWanted(txtLs); });
+}
 
+void ToolStrip::addFlags() {
     const std::array<QString, 2> captions{u"标签"_s, u"全屏"_s};
     for (size_t i = 0; i < chkBq.size(); ++i) {
         chkBq[i] = make<QCheckBox>(tlb1, element(u"chkBq"_s, int(i)));
         chkBq[i]->setText(captions[i]);
         chkBq[i]->setFocusPolicy(Qt::TabFocus);
     }
+    connect(chkBq[0], &QCheckBox::toggled, this, &ToolStrip::captionsSwitched);
+    connect(chkBq[1], &QCheckBox::toggled, this, &ToolStrip::fullScreenSwitched);
 }
 
 void ToolStrip::addTitle() {
@@ -146,6 +181,7 @@ void ToolStrip::layOut(int formWidth, bool smallScreen) {
     const std::array<int, 4> lines{955, 2675, strip.draw - 90, strip.columns + 570};
     for (size_t i = 0; i < separators_.size(); ++i) separators_[i]->setEnds(lines[i], 75, lines[i], 315);
 
+    smallScreen_ = smallScreen;
     picBq->setVisible(!smallScreen);
     place(picBq, strip.titleLeft, buttonTop, strip.titleWidth, buttonSide);
     shpBq->setGeometry(picBq->rect());
@@ -165,8 +201,71 @@ void ToolStrip::setTitleColours(const QColor& text, const QColor& ground) {
         u"border: none; border-radius: 3px; color: %1; background-color: %2;"_s.arg(text.name(), ground.name()));
 }
 
-void ToolStrip::showProgress(bool on, bool titleShown) {
-    txtWd->setVisible(titleShown);
-    prg1->setVisible(on);
+void ToolStrip::beginProgress(bool barIsShown) {
+    txtWd->hide();
+    prg1->setVisible(barIsShown);
     prg1->setValue(0);
+}
+
+void ToolStrip::showProgress(int percent) {
+    prg1->setValue(percent);
+    prg1->repaint();
+}
+
+void ToolStrip::endProgress() {
+    txtWd->setVisible(!smallScreen_);
+    prg1->hide();
+}
+
+void ToolStrip::setGround(const QColor& ground) {
+    // The program's style sheet keeps the window's palette from these.
+    for (QCheckBox* box : chkBq) ::setGround(box, ground);
+    setInkFor(txtD1, ground);
+    const auto icons = isDark(ground) ? IconGround::dark : IconGround::light;
+    tlb1->setIconSource([icons](const QString& key) { return toolIcon(key, icons); });
+}
+
+void ToolStrip::showAlbumKey(bool isOpen, const QString& toolTip) {
+    tlb1->setImage(u"dk"_s, isOpen ? u"hs"_s : u"dk"_s);
+    tlb1->setToolTip(u"dk"_s, toolTip);
+}
+
+void ToolStrip::showSlideShow(bool isRunning) {
+    tlb1->setImage(u"hd"_s, isRunning ? u"hb"_s : u"hd"_s);
+    tlb1->setToolTip(u"hd"_s, isRunning ? u"关闭幻灯"_s : u"幻灯"_s);
+}
+
+void ToolStrip::showOriginalSize(bool on) {
+    tlb1->setImage(u"yd"_s, on ? u"cm"_s : u"yd"_s);
+    tlb1->setToolTip(u"yd"_s, on ? u"充满窗口"_s : u"原始大小"_s);
+}
+
+void ToolStrip::showHelp(bool isOpen) {
+    tlb1->setImage(u"bz"_s, isOpen ? u"bg"_s : u"bz"_s);
+    tlb1->setToolTip(u"bz"_s, isOpen ? u"帮助关闭"_s : u"帮助"_s);
+}
+
+double ToolStrip::page() const {
+    return numericValue(txtYh->text());
+}
+
+QString ToolStrip::numberCondition() const {
+    return ::numberCondition(txtXh->text(), txtXx->text());
+}
+
+void ToolStrip::chooseNumbers(const QString& line) {
+    const bool any = line == anyNumber;
+    showNumberBox(!any);
+    txtXh->setText(line);
+    if (!any) txtXx->setFocus();
+}
+
+bool ToolStrip::listFor(const QWidget* box) {
+    if (box == txtLs)
+        Q_EMIT columnListWanted(txtLs);
+    else if (box == txtXh || box == txtXx)
+        Q_EMIT numberListWanted(txtXh);
+    else
+        return false;
+    return true;
 }

@@ -10,32 +10,85 @@
 #include <array>
 #include <vector>
 
-/// The tool bar of the main window with everything that stands on it, and the places of it all. Children of the form;
-/// what they do lies with the chapters of the window.
-class ToolStrip {
+/// The tool bar of the main window with everything on it. The controls are its own: the chapters of the window say what
+/// it shows, and hear from it what the user wants.
+class ToolStrip : public QObject {
+    Q_OBJECT
+
   public:
     explicit ToolStrip(QWidget* form);
 
     void layOut(int formWidth, bool smallScreen);
-    /// The box of the number condition shows beside the choice, or the choice alone.
-    void showNumberBox(bool on);
-    /// The title box shows the collection's title; its colours change with the clock.
-    void setTitleColours(const QColor& text, const QColor& ground);
-    /// While a page is drawn the progress bar stands in place of the title.
-    void showProgress(bool on, bool titleShown);
+    void setGround(const QColor& ground);
 
-    QFrame* clb1;
-    ToolBar* tlb1;
-    TextBox *txtD1, *txtYh, *txtXh, *txtXx, *txtLs;
-    std::array<QCheckBox*, 2> chkBq;
-    Surface* picBq;
-    QProgressBar* prg1;
-    TextBox* txtWd;
-    ShapeBox* shpBq;
+    // Keys
+    void offer(const QString& key, bool on) { tlb1->setEnabled(key, on); }
+    bool offers(const QString& key) const { return tlb1->isEnabled(key); }
+    void showAlbumKey(bool isOpen, const QString& toolTip);
+    void showSlideShow(bool isRunning);
+    void showOriginalSize(bool on);
+    void showHelp(bool isOpen);
+
+    // Boxes
+    double page() const;  ///< As the page box says, 0 for no number.
+    void showPage(const QString& text) { txtYh->setText(text); }
+    void selectPage() { txtYh->selectAll(); }
+    void chooseColumns(const QString& text) { txtLs->setText(text); }
+    void focusColumns() { txtLs->setFocus(); }
+    /// The condition that the number boxes say, empty for any number.
+    QString numberCondition() const;
+    /// One of the lines "序号任意", "序号="…: the box of the number appears with all but the first.
+    void chooseNumbers(const QString& line);
+    /// Asks for the list of the box, as a click in it does. False for a control that has no list.
+    bool listFor(const QWidget* box);
+
+    // Flags
+    bool wantsCaptions() const { return chkBq[0]->isChecked(); }
+    void setCaptions(bool on) { chkBq[0]->setChecked(on); }
+    void setFullScreen(bool on) { chkBq[1]->setChecked(on); }
+
+    // Title box
+    void showTitle(const QString& title) { txtWd->setText(title); }
+    void setTitleColours(const QColor& text, const QColor& ground);
+    /// While a page is drawn a progress bar, for more than one picture, takes the place of the title.
+    void beginProgress(bool barIsShown);
+    void showProgress(int percent);
+    void endProgress();
+
+  Q_SIGNALS:
+    void keyClicked(const QString& key);
+    void pageTyped();
+    void pageEntered(bool isTyped);  ///< With Enter. `isTyped`: the text is what the user typed.
+    void columnsChanged(const QString& text);
+    void columnsEntered();
+    void columnListWanted(const QWidget* box);
+    void numbersChanged();
+    void numbersEntered();
+    void numberListWanted(const QWidget* box);
+    void captionsSwitched(bool on);
+    void fullScreenSwitched(bool on);
 
   private:
     void addButtons();
-    void addBoxes();
+    void addPageBox();
+    void addConditionBoxes();
+    void addFlags();
     void addTitle();
+    void showNumberBox(bool on);
+
+    QFrame* clb1;                       ///< Cool bar that holds the tool bar.
+    ToolBar* tlb1;                      ///< Tool bar.
+    TextBox* txtD1;                     ///< Label "第     页：" under the page box.
+    TextBox* txtYh;                     ///< Page number.
+    TextBox* txtXh;                     ///< Choice of the number condition.
+    TextBox* txtXx;                     ///< Number of the condition.
+    TextBox* txtLs;                     ///< Number of columns.
+    std::array<QCheckBox*, 2> chkBq{};  ///< Captions, full screen.
+    Surface* picBq;                     ///< Ground of title and progress bar.
+    QProgressBar* prg1;                 ///< Progress of a page that is drawn.
+    TextBox* txtWd;                     ///< Title of the collection.
+    ShapeBox* shpBq;                    ///< Frame of the title.
     std::vector<LineBox*> separators_;
+    bool pageBoxWasEntered_ = false;  ///< Its focus came with a press of the mouse whose click is still to come.
+    bool smallScreen_ = false;        ///< No room for the title.
 };

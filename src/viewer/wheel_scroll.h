@@ -4,8 +4,8 @@
 
 class QWidget;
 
-/// Lets a surface whose controls reach below its edge be moved up and down with the mouse wheel. Where the controls
-/// stand without it is where they stand at first.
+/// Lets a surface whose controls reach below its edge be moved up and down with the mouse wheel. At first the
+/// controls are where they were placed.
 class WheelScroll : public QObject {
   public:
     explicit WheelScroll(QWidget* surface);

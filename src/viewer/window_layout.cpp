@@ -16,10 +16,8 @@ constexpr int rightGroup = 5280;
 
 WindowLayout windowLayout(int width, int height, int raise) {
     WindowLayout layout{};
-    layout.pageAreaWidth = width - 2160;
-    layout.pageAreaHeight = height - 1590;
-    layout.buttonStripHeight = layout.pageAreaHeight - 795;
-    layout.page = {pageLeft, 510 - raise, layout.pageAreaWidth, layout.pageAreaHeight};
+    layout.page = {pageLeft, 510 - raise, width - 2160, height - 1590};
+    layout.buttonStripHeight = layout.page.height - 795;
 
     const int bottom = height - 1070 - raise;
     layout.top = {frameLeft, 480 - raise, width - 190, 480 - raise};
@@ -27,9 +25,9 @@ WindowLayout windowLayout(int width, int height, int raise) {
     layout.bottom = {frameLeft, bottom, width - 200, bottom};
     layout.right = {width - 190, 510 - raise, width - 190, bottom};
 
-    layout.outerFrame = {columnLeft, 510 - raise, columnWidth, layout.pageAreaHeight};
+    layout.outerFrame = {columnLeft, 510 - raise, columnWidth, layout.page.height};
     layout.innerFrame = {columnLeft + innerMargin, 570 - raise, columnWidth - 2 * innerMargin,
-                         layout.pageAreaHeight - 115};
+                         layout.page.height - 115};
     layout.barWidth = width - 100;
     layout.stripWidth = width - 200;
     layout.messagePanelWidth = width - 6950;
@@ -40,7 +38,7 @@ StripLayout stripLayout(int width) {
     StripLayout strip{};
     strip.titleLeft = width / 2 - 800;
     strip.titleWidth = std::max(0, std::min(3600, width / 2 - 4630));
-    // On the narrowest windows the edge cuts the right group off, rather than that it covers the left one.
+    // In the narrowest windows the edge cuts the right group off, so that it does not cover the left one.
     const int right = std::max(width, endOfLeftGroup + rightGroup);
     strip.draw = right - rightGroup;
     strip.columns = right - 4700;

@@ -2,7 +2,7 @@
 
 #include "viewer/page_layout.h"
 
-/// Where the fixed parts of the main window stand at a given size of the window. All lengths are twips; heights count
+/// Places of the fixed parts of the main window at a given size of the window. All lengths are twips; heights count
 /// from below the menu bar.
 
 struct LineEnds {
@@ -11,15 +11,15 @@ struct LineEnds {
 };
 
 struct WindowLayout {
-    int pageAreaWidth, pageAreaHeight, buttonStripHeight;
-    Box page;                           ///< `pic1`, and `pic0` that lies over it.
+    int buttonStripHeight;
+    Box page;                           ///< `pic1`, and `pic0` that covers it.
     LineEnds top, left, bottom, right;  ///< `lin1` to `lin4` around the page.
     Box outerFrame, innerFrame;         ///< `shpAb` and `shpA1` around the button column.
     int barWidth, stripWidth;           ///< `clb1` and `tlb1`.
     int messagePanelWidth;              ///< Third panel of the status bar.
 };
 
-/// `raise` is how much higher everything stands than usual (half of the extra height of the title bar).
+/// `raise` is how much higher everything is than usual (half of the extra height of the title bar).
 WindowLayout windowLayout(int width, int height, int raise);
 
 /// Places on the tool bar that follow the width of the window.

@@ -91,8 +91,8 @@ class TestCellPictures : public QObject {
         }
     }
 
-    // Where large bytes turn out to be no picture, that of no other record stands: not the one before, and not one that
-    // was still on its way.
+    // Where large bytes turn out to be no picture, that of no other record is shown: not the one before, and not one
+    // that was still on its way.
     void aLargeBrokenPictureLeavesItsCellEmpty() {
         ViewerWindow viewer([] {
             setPictures(pictureBytes(large, Qt::green), 1, 4);

@@ -170,7 +170,7 @@ class TestPaging : public QObject {
         QCOMPARE(cut->height(), pixelsFromTwips(450));
         QCOMPARE(viewer.find<CaptionBox>(u"txtBq(0)"_s)->toolTip(), QString());
 
-        // The beginning is what is seen, whatever stands behind it.
+        // The beginning is what is seen, whatever follows it.
         const auto beginning = [&] { return cut->grab().toImage().copy(0, 0, cut->width(), cut->height() / 2 - 2); };
         const QImage shown = beginning();
         changeRow(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, {{u"备注"_s, QString(30, u'长')}});
@@ -212,7 +212,7 @@ class TestPaging : public QObject {
         QVERIFY(viewer.image(u"imgXs(1)"_s)->toolTip().startsWith(u"序号：2 "_s));
     }
 
-    // Bytes that are no picture never show another record's; only a record without any keeps what stands there.
+    // Bytes that are no picture never show another record's; only a record without any keeps what its cell shows.
     void damagedRecordsLeaveEmptyCellsWithASign() {
         const OpenPage viewer(2);
         for (const int number : {5, 6})
@@ -255,6 +255,15 @@ class TestPaging : public QObject {
         QVERIFY(cell->picture().isNull() && !cell->hasSign());
         viewer.press(u"ty"_s);
         QCOMPARE(cell->picture().image().pixelColor(5, 5), before);
+    }
+
+    // A record that is there no longer says nothing about what its cell may keep.
+    void recordThatIsGoneKeepsNoPicture() {
+        const OpenPage viewer(1);
+        mekTp::catalogue.Execute(u"DELETE FROM tc01 WHERE 序号 = 2"_s);
+        viewer.press(u"xy"_s);
+        QVERIFY(viewer.isEmptyCell(0));
+        QVERIFY(viewer.boxes.isEmpty());
     }
 
     void theThinnestPicturesAreSeen() {

@@ -67,7 +67,7 @@ class TestViewAndShow : public QObject {
         QVERIFY(!viewer.shows(u"pic0"_s));
     }
 
-    // What counts is the page as it stands, not the columns chosen for the next one.
+    // What counts is the page as it was drawn, not the columns chosen for the next one.
     void viewBelongsToTheDrawnPage() {
         const OpenPage four(2);
         four.chooseColumns(1);
@@ -87,7 +87,7 @@ class TestViewAndShow : public QObject {
         QVERIFY(!sixteen.shows(u"pic0"_s) && sixteen.boxes.isEmpty());
     }
 
-    // What is viewed alone is never the picture that stood there before.
+    // What is viewed alone is never the picture of the view before.
     void viewOfNoPictureSaysSo() {
         const OpenPage viewer(2);
         const auto* words = viewer.find<QLabel>(u"lblWz"_s);
@@ -147,6 +147,19 @@ class TestViewAndShow : public QObject {
         viewer.press(u"xs"_s);
         QVERIFY(!viewer.shows(u"pic0"_s) && !viewer.shows(u"txtB0"_s));
         QVERIFY(viewer.key(u"xy"_s)->isEnabled());
+    }
+
+    void viewKeepsItsPictureWhenThePageBehindItChanges() {
+        const OpenPage viewer(2);
+        viewer.press(u"xy"_s);
+        viewer.openPicture(1);
+        const auto* strip = viewer.find<CaptionBox>(u"txtB0"_s);
+        const QString data = strip->text();
+        viewer.chooseColumns(3);
+        viewer.window->resize(1100, 800);
+        QVERIFY(viewer.pictureIn(1) == 2 && data.startsWith(u"序号：6 "));
+        QVERIFY(strip->isVisible());
+        QCOMPARE(strip->text(), data);
     }
 
     void originalSizeStepsBackOnAOnePicturePage() {

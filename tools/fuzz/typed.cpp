@@ -37,8 +37,12 @@ void typedDate(const QString& text) {
         expect(digitsOf(helped.text).endsWith(digitsOf(text)), "help takes no digit away");
         expect(helped.caret >= 0 && helped.caret <= helped.text.size(), "the caret stays in the text");
     }
-    if (const auto condition = dateForCondition(text))
-        expect(dateFromText(*condition).has_value(), "the date of a condition is one for the engine");
+    if (const auto condition = dayCondition(DateRelation::after, text)) {
+        expect(dateFromText(condition->words).has_value(), "the page line shows a date");
+        const QString sql = *selectionSql(u"tc01"_s, {allPicturesCode, condition, {}});
+        const QString start = dateText(condition->day.startOfDay(), u"yyyy-mm-dd hh:mm:ss");
+        expect(engineSql(tokensOf(sql)).contains(u'\'' + start + u'\''), "a typed day is a day in the statement");
+    }
 
     const auto date = dateFromText(text);
     if (!date) return;
@@ -46,12 +50,10 @@ void typedDate(const QString& text) {
     const QString written = dateText(*date, u"yyyy-mm-dd hh:mm:ss");
     expect(written.size() == 19 && dateText(*dateFromText(written), u"yyyy-mm-dd hh:mm:ss") == written,
            "a date is read as it is written");
-    const QString sql = selectionSql(u"tc01"_s, allPicturesCode, dateConditionFor(1, text), {});
-    expect(engineSql(tokensOf(sql)).contains(u'\'' + written + u'\''), "a typed date is a date in the statement");
 }
 
 Tokens selectionOf(const QString& code) {
-    return tokensOf(selectionSql(u"tc01"_s, code, {}, numberCondition(u"序号>"_s, u"5"_s)));
+    return tokensOf(*selectionSql(u"tc01"_s, {code, {}, numberCondition(u"序号>"_s, u"5"_s)}));
 }
 
 void typedCode(const QString& code) {

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+
+class QWidget;
+
+/// The colour of the window's ground, and texts that are readable on it.
+
+bool isDark(const QColor& ground);
+
+/// Gives a part of the window its ground and, on a dark one, light texts.
+void setGround(QWidget* part, const QColor& ground);
+
+/// Like `setGround`, but the part keeps its own ground: only its text follows.
+void setInkFor(QWidget* part, const QColor& ground);
+
+/// Style sheet of the window for that ground.
+QString barStyle(const QColor& ground);
