@@ -19,9 +19,7 @@ QString storedBackupPath() {
         const Recordset settings = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcsz"_s);
         path = settings.Fields(u"备份路径"_s).Value().textOr();
     });
-    QFile script(backupScriptPath());
-    if (!told && script.open(QIODevice::ReadOnly)) path = backupOfScript(QString::fromUtf8(script.readAll()));
-    return path;
+    return told ? path : targetOfScript(textOfScript(backupScriptPath()));
 }
 
 /// The journal lies beside the file itself, not beside a link to it.

@@ -1,12 +1,10 @@
 #include "catalogue/mektp.h"
 #include "catalogue/open_check.h"
 #include "damage_notice.h"
-#include "first_catalogue.h"
-#include "platform/base/files.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/message_box.h"
 #include "program.h"
-#include "single_copy.h"
+#include "start_up.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -39,20 +37,13 @@ int main(int argc, char** argv) {
         QApplication::installTranslator(&chinese);
     applyLook(application);
 
-    SingleCopy copy(mekTp::cataloguePath(), mekTp::lockPath());
-    const auto isSecond = [&copy] {
-        if (copy.isOnly()) return false;
-        say(nullptr, u"本软件已在运行，不能重复打开！按任意键继续。"_s);
-        return true;
-    };
-    if (isSecond()) return 0;
-    runHandler(nullptr, [] { placeFirstCatalogue(); });
-    if (isSecond()) return 0;
+    StartUp startUp;
+    if (!startUp.isReady()) return 0;
 
     int status = 0;
     {
         Program program;  // its windows go before the catalogue that they read
-        program.start();
+        startUp.start(program);
         std::optional<OpenCheck> check;
         if (isCatalogueCheckable()) check.emplace(mekTp::cataloguePath(), tellDamage);
         status = QApplication::exec();

@@ -11,6 +11,15 @@
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+
+QString& chosenCatalogue() {
+    static QString path;
+    return path;
+}
+
+}  // namespace
+
 namespace mekTp {
 
 Database catalogue;
@@ -18,7 +27,11 @@ QString currentTable = demoTable;
 int titleBarExtra = 0;
 
 QString cataloguePath() {
-    return joinedPath(programFolder(), u"lunq.mdb"_s);
+    return chosenCatalogue().isEmpty() ? joinedPath(programFolder(), u"lunq.mdb"_s) : chosenCatalogue();
+}
+
+void setCataloguePath(const QString& path) {
+    chosenCatalogue() = path;
 }
 
 bool isCatalogue(const QString& path) {

@@ -7,7 +7,7 @@
 /// What all windows share: the open catalogue and the album in hand.
 namespace mekTp {
 
-/// The one open database, `lunq.mdb` beside the program. Closed until `openCatalogue` has found the file.
+/// The one open database. Closed until `openCatalogue` has found the file.
 extern Database catalogue;
 
 /// Table of the open album, `tc00` when none is open.
@@ -17,8 +17,10 @@ extern QString currentTable;
 /// desktop in use today; it stays a variable because the layout rules are written with it.
 extern int titleBarExtra;
 
-/// Path of `lunq.mdb`.
+/// Path of the catalogue: `lunq.mdb` in the program's folder, unless another file was chosen for this time.
 QString cataloguePath();
+/// Chooses another file, until the program ends. An empty path goes back to the program's own.
+void setCataloguePath(const QString& path);
 
 /// Whether a path, through links or not, leads to the program's catalogue.
 bool isCatalogue(const QString& path);
@@ -27,7 +29,7 @@ bool isCatalogue(const QString& path);
 /// the program's folder is a link.
 QString lockPath();
 
-/// Opens the catalogue in the program's folder, and raises an older one to the present version where it can be written;
+/// Opens the catalogue, and raises an older one to the present version where it can be written;
 /// throws `Error` when it cannot open it. The program keeps the file to itself by then (see `SingleCopy`).
 void openCatalogue();
 

@@ -59,6 +59,7 @@ void PreviewPanel::cmdAzClick() {
     else
         loadFile(path);
     cmdAz_->setEnabled(true);
+    (cmdAq_->isEnabled() ? cmdAq_ : cmdAz_)->setFocus();
 }
 
 void PreviewPanel::loadFile(const QString& path) {

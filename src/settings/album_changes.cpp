@@ -43,7 +43,8 @@ bool setAlbumsOfAllPictures(const Database& catalogue, const std::function<QStri
 
 QString megabytesText(qint64 bytes) {
     const double megabytes = static_cast<double>(bytes) / 1e6;
-    return QString::number(std::max(megabytes, 0.1), 'f', megabytes < 10 ? 1 : 0) + u" MB"_s;
+    if (megabytes < 0.1) return u"不到 0.1 MB"_s;
+    return QString::number(megabytes, 'f', megabytes < 10 ? 1 : 0) + u" MB"_s;
 }
 
 void removeTableAndRow(const Database& catalogue, const QString& table) {

@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -17,18 +18,19 @@ constexpr QFileDevice::Permissions scriptRights =
     QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner | QFileDevice::ReadGroup |
     QFileDevice::ExeGroup | QFileDevice::ReadOther | QFileDevice::ExeOther;
 
-void makeFolders(const QString& path) {
-    for (const QString& folder : folderPrefixes(path)) {
-        if (!folderExists(folder)) MkDir(folder);
-    }
-}
-
 /// Where the file system knows no such rights, the script still runs as an argument of the shell.
 void writeScript(const QString& path, const QString& text) {
+    if (textOfScript(path) == text) return;
     UnnamedFile file(path);
     file.write(text.toUtf8());
     file.replace();
     QFile::setPermissions(path, scriptRights);
+}
+
+/// What is known of the last copy holds for as long as the copy goes to the same place.
+QString resultOfCopyTo(const QString& backup) {
+    const QString script = textOfScript(backupScriptPath());
+    return targetOfScript(script) == backup ? resultInScript(script) : QString();
 }
 
 }  // namespace
@@ -49,8 +51,19 @@ QString restoreScriptPath(const QString& backup) {
     return (folders.isEmpty() ? QString() : folders.last()) + u"hf.sh"_s;
 }
 
+QString textOfScript(const QString& path) {
+    QFile file(path);
+    return fileExists(path) && file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+void makeBackupFolders(const QString& backup) {
+    for (const QString& folder : folderPrefixes(backup)) {
+        if (!folderExists(folder)) MkDir(folder);
+    }
+}
+
 void writeBackupScripts(const BackupPlaces& places) {
-    makeFolders(places.backup);
-    writeScript(restoreScriptPath(places.backup), restoreScript(places));
-    writeScript(backupScriptPath(), backupScript(places));
+    const QString restoring = restoreScriptPath(places.backup);
+    if (folderExists(QFileInfo(restoring).path())) writeScript(restoring, restoreScript(places));
+    writeScript(backupScriptPath(), backupScript(places, resultOfCopyTo(places.backup)));
 }

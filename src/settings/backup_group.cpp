@@ -1,15 +1,16 @@
 #include "settings/backup_group.h"
 
 #include "catalogue/mektp.h"
+#include "intake/preview_parts.h"
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
-#include "platform/base/processes.h"
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
 #include "settings/backup_files.h"
+#include "settings/backup_run.h"
 #include "settings/form_parts.h"
 
 #include <QPushButton>
@@ -23,6 +24,10 @@ const QString starts = u"开始备份"_s;
 const QString cancels = u"撤 消"_s;
 const QString pathColumn = u"备份路径"_s;
 
+// Three rows where other groups of the page have two: how the last copy has ended stands below the path.
+constexpr QRect groupPlace{5070, 5430, 4350, 1230};
+constexpr int pathTop = 240, resultTop = 570, resultHeight = 225, buttonTop = 810;
+
 void storePath(const QString& path) {
     Recordset settings = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcsz"_s);
     settings.MoveFirst();
@@ -31,24 +36,33 @@ void storePath(const QString& path) {
     settings.Update();
 }
 
+QString storedPath() {
+    const Recordset settings = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcsz"_s);
+    return settings.Fields(pathColumn).Value().textOr();
+}
+
 /// Path and scripts go together: scripts that cannot be written leave the stored path as it was.
 void storeWithScripts(const QString& path) {
     Transaction transaction(mekTp::catalogue);
     storePath(path);
-    if (!path.isEmpty())
+    if (!path.isEmpty()) {
+        makeBackupFolders(path);
         writeBackupScripts(placesOfBackup(path));
-    else if (fileExists(backupScriptPath()))
+    } else if (fileExists(backupScriptPath())) {
         Kill(backupScriptPath());
+    }
     transaction.commit();
 }
 }  // namespace
 
 BackupGroup::BackupGroup(SharedControls& controls) : controls_(controls) {
-    auto* Frame3 = makeGroup(controls.sstFz, setupTab, u"Frame3"_s, u"图册备份设置"_s, {5070, 5520, 4350, 1140});
-    txtBf = makeLabelled<TextBox>(Frame3, u"txtBf"_s, u"备份路径："_s, {150, rowTop(0)}, 900, 3150);
-    cmdBb = makeButton(Frame3, u"cmdBb"_s, atRest, 1050, rowTop(1));
-    cmdBk = makeButton(Frame3, u"cmdBk"_s, starts, 2125, rowTop(1));
-    cmdBl = makeButton(Frame3, u"cmdBl"_s, u"浏 览"_s, 3200, rowTop(1));
+    auto* Frame3 = makeGroup(controls.sstFz, setupTab, u"Frame3"_s, u"图册备份设置"_s, groupPlace);
+    txtBf = makeLabelled<TextBox>(Frame3, u"txtBf"_s, u"备份路径："_s, {150, pathTop}, 900, 3150);
+    lblBf = make<ElidedLabel>(Frame3, u"lblBf"_s);
+    place(lblBf, 150, resultTop, 4050, resultHeight);
+    cmdBb = makeButton(Frame3, u"cmdBb"_s, atRest, 1050, buttonTop);
+    cmdBk = makeButton(Frame3, u"cmdBk"_s, starts, 2125, buttonTop);
+    cmdBl = makeButton(Frame3, u"cmdBl"_s, u"浏 览"_s, 3200, buttonTop);
     txtBf->setLocked(true);
     cmdBl->setEnabled(false);
 
@@ -61,11 +75,21 @@ BackupGroup::BackupGroup(SharedControls& controls) : controls_(controls) {
 }
 
 void BackupGroup::reset() {
-    attempt([&] {
-        const Recordset settings = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcsz"_s);
-        txtBf->setText(settings.Fields(pathColumn).Value().textOr());
-    });
+    attempt([&] { txtBf->setText(storedPath()); });
     cmdBk->setEnabled(canStart());
+    showResult();
+}
+
+/// Of the copy that is under way, or of the last one to the stored path.
+void BackupGroup::showResult() {
+    BackupRun* const run = BackupRun::current();
+    if (run != nullptr) connect(run, &BackupRun::ended, this, &BackupGroup::showResult, Qt::UniqueConnection);
+    const QString script = textOfScript(backupScriptPath());
+    QString path;
+    attempt([&] { path = storedPath(); });
+    const bool isItsScript = !path.isEmpty() && targetOfScript(script) == path;
+    lblBf->setText(run != nullptr ? u"正在备份…"_s : isItsScript ? resultInScript(script) : QString());
+    lblBf->setToolTip(lblBf->text());
 }
 
 bool BackupGroup::isEditing() const {
@@ -104,9 +128,11 @@ void BackupGroup::store() {
         txtBf->setFocus();
         return;
     }
+    if (!path.isEmpty() && !mayReplaceRestoreScript(path)) return;
     storeWithScripts(path);
     leaveEditing();
     cmdBl->setEnabled(false);
+    showResult();
 }
 
 void BackupGroup::leaveEditing() {
@@ -128,11 +154,32 @@ void BackupGroup::cmdBkClick() {
         startBackup();
 }
 
+/// A backup that another copy of the program makes is not taken over without a word: its way back leads elsewhere.
+bool BackupGroup::mayReplaceRestoreScript(const QString& path) {
+    const QString other = foreignFolder(textOfScript(restoreScriptPath(path)), mekTp::cataloguePath());
+    if (other.isEmpty()) return true;
+    const int answer =
+        choose(controls_.form,
+               u"“%1”是“%2”中的图册数据库的备份。\n\n按“覆盖”，以后它是现在这个图册数据库的备份；按“另选路径”，另选一个"
+               "备份路径；否则按“取消”。"_s.arg(path, other),
+               {u"覆盖"_s, u"另选路径"_s, u"取消"_s}, 2, 2);
+    if (answer == 1) {
+        if (!isEditing()) startEditing();
+        txtBf->setFocus();
+        txtBf->selectAll();
+    }
+    return answer == 0;
+}
+
 void BackupGroup::startBackup() {
     if (!ask(controls_.form, u"如确实要备份数据库，请按“确定”按钮；否则按“取消”。"_s, BoxIcon::question,
              u"备份数据库？"_s))
         return;
-    const QString script = backupScriptPath();
-    if (!fileExists(script)) throw Error(u"备份脚本“%1”不存在，请重新编辑并保存备份路径。"_s.arg(script));
-    Shell(u"/bin/sh"_s, {script});
+    const QString path = storedPath(), fault = backupPathFault(path, mekTp::cataloguePath());
+    if (!fault.isEmpty()) throw Error(fault);
+    if (!mayReplaceRestoreScript(path)) return;
+    if (BackupRun::current() != nullptr) throw Error(u"上一次备份还在进行，请等它完成。"_s);
+    writeBackupScripts(placesOfBackup(path));
+    BackupRun::start();
+    showResult();
 }

@@ -4,6 +4,7 @@
 
 #include <QObject>
 
+class ElidedLabel;
 class QPushButton;
 class TextBox;
 
@@ -27,11 +28,14 @@ class BackupGroup : public QObject {
     void leaveEditing();
     void startBackup();
     void pathLeft();
+    void showResult();
+    bool mayReplaceRestoreScript(const QString& path);
     bool isEditing() const;
     bool canStart() const;
 
     SharedControls& controls_;
     TextBox* txtBf;
+    ElidedLabel* lblBf;  ///< How the last copy has ended.
     QPushButton* cmdBb;
     QPushButton* cmdBk;
     QPushButton* cmdBl;

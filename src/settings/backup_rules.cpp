@@ -9,22 +9,42 @@ namespace {
 
 const QString catalogueName = u"lunq.mdb"_s;
 
+const QString resultMark = u"# 上次备份："_s;
+const QString resultOfGoodCopy = u"，完好"_s;
+
 // lunq-backup copies without disturbing a program that writes. Where it is missing, the sqlite3 shell does it, which
-// reads no quotes in the name of its copy: so it works within the folder.
+// reads no quotes in the name of its copy: so it works within the folder. How a copy has ended stands in the script's
+// own last line: the script is there when the backup's disk is not, and is the one file that has to lie beside the
+// program anyway. It is replaced for that, not written over: the shell goes on reading the old one.
 const QString backupText =
     uR"sh(#!/bin/sh
 # 备份图册数据库。先在旁边写成完整的一份，再换下旧备份，中途失败时旧备份不变。软件运行时也可使用。
+# 结果记在本文件的最后一行。
 copier=%1
 from=%2
 to=%3
+script=$(readlink -f "$0")
+
+leave() {
+    [ -f "$script" ] || return 0
+    {
+        LC_ALL=C sed '/^# 上次备份：/d' "$script" &&
+            printf '# 上次备份：%s，%s\n' "$(date '+%Y-%m-%d %H:%M')" "$(printf %s "$1" | tr '\n' ' ')"
+    } 2>/dev/null >"$script.$$" && chmod 755 "$script.$$" && mv -f "$script.$$" "$script" || rm -f "$script.$$"
+}
 
 fail() {
+    leave "$1"
     printf '%s\n' "$1" >&2
     exit 1
 }
 
+leave 没有做完
+[ -d "${to%/*}/" ] || fail "备份文件夹“${to%/*}/”不存在，没有备份。放备份的磁盘可能没有接上。"
 if [ -x "$copier" ]; then
-    exec "$copier" "$from" "$to"
+    said=$("$copier" "$from" "$to" 2>&1) || fail "${said:-程序“$copier”意外中止，没有备份。}"
+    leave 完好
+    exit 0
 fi
 command -v sqlite3 >/dev/null || fail "找不到程序“$copier”，没有备份。"
 [ -f "$from" ] || fail "图册数据库“$from”不存在，没有备份。"
@@ -36,14 +56,17 @@ sqlite3 "$from" '.timeout 60000' ".backup $new" || fail "图册数据库不能�
 [ "$(sqlite3 "$new" 'PRAGMA quick_check(1)' 2>/dev/null)" = ok ] ||
     fail "图册数据库“$from”有损坏的地方，没有备份，以前的备份不变。"
 { sync "$new" 2>/dev/null || sync; } && mv -f "$new" "$to" || fail "图册数据库不能备份到“$to”。"
+leave 完好
 )sh"_s;
 
 // The lock file is the one by which the program notices a second copy of itself: number and name of the process, and
 // the computer. The script takes it too, so that the program cannot be started on a catalogue that is just being
 // replaced. A journal that is not empty belongs to the catalogue that goes: beside the new one it would damage it.
+// The backup that lies beside the script is meant, wherever both were moved to; but never the catalogue itself.
 const QString restoreText =
     uR"sh(#!/bin/sh
 # 用备份恢复图册数据库。请先关闭软件再运行。先在旁边写成完整的一份，再换下现有的，中途失败时现有的不变。
+# 软件的文件夹移走或改名以后，请这样指定它：sh hf.sh 软件的文件夹
 from=%1
 to=%2
 lock=%3
@@ -52,6 +75,20 @@ fail() {
     printf '%s\n' "$1" >&2
     exit 1
 }
+
+if [ $# -gt 0 ]; then
+    folder=$(cd -- "$1" 2>/dev/null && pwd) || fail "文件夹“$1”不存在，或不能打开，没有恢复。"
+    to=${folder%/}/${to##*/}
+    lock=$to
+    [ ! -L "$to" ] || lock=$(readlink -f "$to")
+    lock=${lock%/*}/lunq.lock
+fi
+beside=$(cd "$(dirname -- "$0")" 2>/dev/null && pwd)/${from##*/}
+if [ -f "$beside" ] && [ ! "$beside" -ef "$to" ]; then
+    from=$beside
+fi
+[ -d "${to%/*}/" ] ||
+    fail "软件的文件夹“${to%/*}/”不存在，没有恢复。它移走或改名以后，请这样指定它：sh hf.sh 软件的文件夹"
 
 program_of() {
     name=$(readlink "/proc/$1/exe") || return 1
@@ -159,7 +196,7 @@ QString shellQuoted(const QString& text) {
     return u'\'' + QString(text).replace(u"'"_s, u"'\\''"_s) + u'\'';
 }
 
-QString backupOfScript(const QString& script) {
+QString targetOfScript(const QString& script) {
     const QString assignment = u"\nto='"_s, quote = u"'"_s;
     const qsizetype start = script.indexOf(assignment) + assignment.size();
     const qsizetype end = script.indexOf(u"'\n"_s, start);
@@ -167,8 +204,26 @@ QString backupOfScript(const QString& script) {
     return script.sliced(start, end - start).replace(u"'\\''"_s, quote);
 }
 
-QString backupScript(const BackupPlaces& places) {
-    return backupText.arg(shellQuoted(places.copier), shellQuoted(places.catalogue), shellQuoted(places.backup));
+QString resultInScript(const QString& script) {
+    const qsizetype line = script.lastIndexOf(u'\n' + resultMark);
+    return line < 0 ? QString() : script.sliced(line + 3).section(u'\n', 0, 0);
+}
+
+bool tellsOfGoodCopy(const QString& result) {
+    return result.endsWith(resultOfGoodCopy);
+}
+
+QString foreignFolder(const QString& restoreScript, const QString& catalogue) {
+    const QString target = targetOfScript(restoreScript);
+    const QFileInfo folder(QFileInfo(target).path()), own(QFileInfo(catalogue).path());
+    const bool isOther = !target.isEmpty() && folder.isDir() && folder.canonicalFilePath() != own.canonicalFilePath();
+    return isOther ? folder.filePath() : QString();
+}
+
+QString backupScript(const BackupPlaces& places, const QString& result) {
+    const QString script =
+        backupText.arg(shellQuoted(places.copier), shellQuoted(places.catalogue), shellQuoted(places.backup));
+    return result.isEmpty() ? script : script + u"# "_s + result + u'\n';
 }
 
 QString restoreScript(const BackupPlaces& places) {

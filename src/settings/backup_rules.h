@@ -24,9 +24,17 @@ QString backupPathFault(const QString& path, const QString& catalogue);
 QString shellQuoted(const QString& text);
 
 /// The script that copies the catalogue to the backup path, and the one that brings it back while the program is
-/// closed. Each makes its copy beside the target and renames it: a failure leaves the target as it was.
-QString backupScript(const BackupPlaces& places);
+/// closed. Each makes its copy beside the target and renames it: a failure leaves the target as it was. The first
+/// leaves in its own last line how the copy has ended; `result` is such a line of an earlier copy.
+QString backupScript(const BackupPlaces& places, const QString& result = {});
 QString restoreScript(const BackupPlaces& places);
 
-/// The path of the copy that a script from `backupScript` makes; empty for another text.
-QString backupOfScript(const QString& script);
+/// The file that such a script puts its copy in the place of; empty for another text.
+QString targetOfScript(const QString& script);
+
+/// How the last copy has ended, as "上次备份：2026-03-04 05:06，完好"; empty when the script does not tell.
+QString resultInScript(const QString& script);
+bool tellsOfGoodCopy(const QString& result);
+
+/// The folder that a script brings its backup back to, when that is another one than the catalogue's and still exists.
+QString foreignFolder(const QString& restoreScript, const QString& catalogue);

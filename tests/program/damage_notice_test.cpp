@@ -23,6 +23,7 @@ class TestDamageNotice : public QObject {
         QVERIFY(bare.contains(mekTp::cataloguePath()) && bare.contains(u"备份路径没有设置"_s));
 
         changeRow(u"tcsz"_s, {{u"备份路径"_s, backup}});
+        makeBackupFolders(backup);
         writeBackupScripts(placesOfBackup(backup));
         const QString missing = damageText(rescueOfCatalogue());
         QVERIFY(missing.contains(u"备份路径是“%1”，但那里现在没有备份"_s.arg(backup)) && missing.contains(script));

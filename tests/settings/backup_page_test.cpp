@@ -1,5 +1,8 @@
 #include "../support/run_all.h"
+#include "settings/backup_files.h"
 #include "settings_window.h"
+
+#include <QLockFile>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -23,6 +26,10 @@ void savePath(const SettingsWindow& window, const QString& path) {
 
 QString storedPath() {
     return valueOf(u"tcsz"_s, u"备份路径"_s);
+}
+
+QString resultOf(const SettingsWindow& window) {
+    return window.get<QLabel>(u"lblBf"_s).text();
 }
 
 QString contentOf(const QString& path) {
@@ -132,6 +139,24 @@ class TestBackupPage : public QObject {
         QCOMPARE(window.text(u"txtBf"_s), window.picked);
     }
 
+    /// A folder that is gone with its disk is no place to begin: the dialog opens in the home folder.
+    void browsingFromAVanishedFolder() {
+        SettingsWindow window;
+        answerFileDialogsWith({});
+        window.click(u"cmdBb"_s);
+        window.box(u"txtBf"_s).setText(u"/no/such/disk/lunq.mdb"_s);
+        QString begun;
+        QTimer::singleShot(200, this, [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (dialog == nullptr) return;
+            begun = dialog->directory().absolutePath();
+            dialog->reject();
+        });
+        window.click(u"cmdBl"_s);
+        QCOMPARE(begun, QDir::homePath());
+        QCOMPARE(window.text(u"txtBf"_s), u"/no/such/disk/lunq.mdb"_s);
+    }
+
     void startingAsksFirst() {
         SettingsWindow window;
         const QString backup = window.catalogue.file(u"bak/lunq.mdb"_s);
@@ -143,16 +168,114 @@ class TestBackupPage : public QObject {
         QCOMPARE(box.text, u"如确实要备份数据库，请按“确定”按钮；否则按“取消”。"_s);
         QVERIFY(box.icon == BoxIcon::question && box.hasCancel());
 
-        window.answer = true;
         QVERIFY(!QFile::exists(backup));
-        window.click(u"cmdBk"_s);
-        QTRY_VERIFY(QFile::exists(backup));
-        QCOMPARE(OpenDatabase(backup).OpenRecordset(u"tcan"_s).rowCount(), 4);
+        QVERIFY(resultOf(window).isEmpty());
 
-        QVERIFY(QFile::remove(window.catalogue.file(u"bf.sh"_s)));
+        window.answer = true;
         window.said();
         window.click(u"cmdBk"_s);
-        QVERIFY(window.boxes.last().text.contains(u"不存在，请重新编辑并保存备份路径"_s));
+        QCOMPARE(resultOf(window), u"正在备份…"_s);
+        QTRY_COMPARE(resultOf(window).right(3), u"，完好"_s);
+        QVERIFY(resultOf(window).startsWith(u"上次备份："_s + QDate::currentDate().toString(u"yyyy-MM-dd")));
+        QCOMPARE(OpenDatabase(backup).OpenRecordset(u"tcan"_s).rowCount(), 4);
+        QCOMPARE(window.said().size(), 1);
+
+        // The result stays with the path, and goes with it.
+        const QString told = resultOf(window);
+        window.open();
+        QCOMPARE(resultOf(window), told);
+        savePath(window, backup);
+        QCOMPARE(resultOf(window), told);
+        savePath(window, window.catalogue.file(u"other"_s));
+        QCOMPARE(resultOf(window), QString());
+    }
+
+    void failureIsToldWithItsReason() {
+        SettingsWindow window;
+        const QString folder = window.catalogue.file(u"bak"_s);
+        savePath(window, folder);
+        const auto fails = [&](const QString& reason) {
+            window.said();
+            window.boxes.clear();
+            window.click(u"cmdBk"_s);
+            QTRY_COMPARE(window.boxes.size(), 2);
+            QVERIFY2(window.boxes.last().text.contains(reason), qPrintable(window.boxes.last().text));
+            QCOMPARE(window.boxes.last().title, u"错误提示"_s);
+            QVERIFY2(resultOf(window).startsWith(u"上次备份："_s) && resultOf(window).contains(reason),
+                     qPrintable(resultOf(window)));
+        };
+        QLockFile other(folder + u"/lunq.mdb.lock"_s);
+        QVERIFY(other.tryLock());
+        fails(u"另一次备份正在进行"_s);
+        other.unlock();
+        // The disk is not there: nothing is made in its place.
+        QVERIFY(QDir(folder).removeRecursively());
+        fails(u"备份文件夹“%1/”不存在"_s.arg(folder));
+        QVERIFY(!QFile::exists(folder));
+        QVERIFY(QDir().mkpath(folder));
+        window.boxes.clear();
+        window.click(u"cmdBk"_s);
+        QTRY_COMPARE(resultOf(window).right(3), u"，完好"_s);
+        QCOMPARE(window.boxes.size(), 1);
+    }
+
+    /// As after the program's folder was copied or renamed: the scripts name places of before.
+    void scriptsFollowTheProgram() {
+        SettingsWindow window;
+        const QString backup = window.catalogue.file(u"bak/lunq.mdb"_s);
+        savePath(window, backup);
+        QVERIFY(QDir(window.catalogue.folder()).mkdir(u"old"_s));
+        for (const QString& script : {window.catalogue.file(u"bf.sh"_s), window.catalogue.file(u"bak/hf.sh"_s)}) {
+            const QString now = contentOf(script), gone = window.catalogue.file(u"gone"_s);
+            QFile file(script);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(QString(now).replace(window.catalogue.file(u"lunq.mdb"_s), gone + u"/lunq.mdb"_s).toUtf8());
+            file.close();
+            QVERIFY(contentOf(script) != now);
+            window.boxes.clear();
+            window.click(u"cmdBk"_s);
+            QTRY_COMPARE(resultOf(window).right(3), u"，完好"_s);
+            QCOMPARE(window.boxes.size(), 1);
+            QVERIFY(contentOf(script).startsWith(now));
+        }
+        QVERIFY(QFile::remove(window.catalogue.file(u"bf.sh"_s)));
+        QVERIFY(QFile::remove(backup));
+        window.click(u"cmdBk"_s);
+        QTRY_VERIFY(QFile::exists(backup));
+        QTRY_COMPARE(resultOf(window).right(3), u"，完好"_s);
+    }
+
+    void backupOfAnotherProgramIsAskedAbout() {
+        SettingsWindow window;
+        const QString hf = window.catalogue.file(u"bak/hf.sh"_s), other = window.catalogue.file(u"another"_s);
+        savePath(window, window.catalogue.file(u"bak"_s));
+        QVERIFY(QDir().mkpath(other));
+        BackupPlaces places = placesOfBackup(window.catalogue.file(u"bak/lunq.mdb"_s));
+        places.catalogue = other + u"/lunq.mdb"_s;
+        QFile file(hf);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(restoreScript(places).toUtf8()) > 0);
+        file.close();
+        const QString theirs = contentOf(hf);
+        int answer = 2, asked = 0;
+        chooseInBoxesWith([&](const BoxText& box) {
+            if (box.answers != QStringList{u"覆盖"_s, u"另选路径"_s, u"取消"_s}) return 0;
+            ++asked;
+            if (!box.text.contains(other) || box.onEnter != 2 || box.onEscape != 2) qFatal("another box");
+            return answer;
+        });
+        for (answer = 2; answer > 0; --answer) {
+            window.click(u"cmdBk"_s);
+            QCOMPARE(contentOf(hf), theirs);
+            QCOMPARE(resultOf(window), QString());
+        }
+        QCOMPARE(asked, 2);
+        QCOMPARE(stateOf(window), u"保 存, 撤 消, 浏 览, open"_s);
+        window.click(u"cmdBb"_s);  // the same path again: saving replaces the script, too
+        QCOMPARE(asked, 3);
+        QVERIFY(contentOf(hf) != theirs && stateOf(window).startsWith(u"编 辑"_s));
+        window.click(u"cmdBk"_s);
+        QTRY_COMPARE(resultOf(window).right(3), u"，完好"_s);
+        QCOMPARE(asked, 3);
     }
 };
 

@@ -25,9 +25,9 @@ Outcome outcomeOf(QProcess& process) {
             QString::fromUtf8(process.readAllStandardError() + process.readAllStandardOutput())};
 }
 
-Outcome run(const QString& script) {
+Outcome run(const QString& script, const QStringList& arguments = {}) {
     QProcess process;
-    process.start(u"/bin/sh"_s, {script});
+    process.start(u"/bin/sh"_s, QStringList{script} + arguments);
     return outcomeOf(process);
 }
 
@@ -71,6 +71,7 @@ int picturesIn(const QString& path) {
 class Backup {
   public:
     explicit Backup(const QString& name = u"bak"_s) : places(placesOfBackup(sample.file(name + u"/lunq.mdb"_s))) {
+        makeBackupFolders(places.backup);
         writeBackupScripts(places);
     }
 
@@ -360,6 +361,81 @@ class TestBackupRun : public QObject {
         QFile lock(backup.places.lock);
         QVERIFY(lock.open(QIODevice::ReadOnly) && lock.readAll().contains("test_settings"));
         QCOMPARE(picturesIn(backup.places.catalogue), 1);
+    }
+
+    /// Whatever has become of the folders since the script was written.
+    void restoreAfterFoldersWereMoved() {
+        Backup backup;
+        QVERIFY(backup.makeAndGoOn());
+        QDir folder(backup.sample.folder());
+        QVERIFY(folder.rename(u"bak"_s, u"搬家"_s) && folder.mkdir(u"程序"_s));
+        const QString script = folder.filePath(u"搬家/hf.sh"_s), program = folder.filePath(u"程序"_s);
+        QVERIFY(succeeds(run(script)));
+        QCOMPARE(picturesIn(backup.places.catalogue), 0);
+
+        // Another folder for the program, named as people name it; its lock counts.
+        QVERIFY(QFile::copy(backup.places.catalogue, program + u"/lunq.mdb"_s));
+        for (const QString& named : {program, program + u'/', QDir::current().relativeFilePath(program)}) {
+            QVERIFY(QFile::remove(program + u"/lunq.mdb"_s));
+            QVERIFY(succeeds(run(script, {named})));
+            QCOMPARE(faultOf(program + u"/lunq.mdb"_s), QString());
+        }
+        QLockFile lock(program + u"/lunq.lock"_s);
+        QVERIFY(lock.tryLock());
+        QVERIFY(refuses(run(script, {program}), u"软件正在运行"_s));
+        lock.unlock();
+        QVERIFY(refuses(run(script, {program + u"-"_s}), u"“%1-”不存在"_s.arg(program)));
+
+        // A script that was copied beside the catalogue does not take that for its backup.
+        const QString stray = folder.filePath(u"hf.sh"_s);
+        QVERIFY(QFile::copy(script, stray));
+        QVERIFY(refuses(run(stray), u"不存在，或不是图册数据库"_s));
+        QCOMPARE(faultOf(backup.places.catalogue), QString());
+    }
+
+    void missingProgramFolderIsNamed() {
+        Backup backup;
+        QVERIFY(backup.makeAndGoOn());
+        BackupPlaces places = backup.places;
+        places.catalogue = backup.sample.file(u"gone/lunq.mdb"_s);
+        places.lock = backup.sample.file(u"gone/lunq.lock"_s);
+        writeBackupScripts(places);
+        QVERIFY(refuses(backup.hf(), u"软件的文件夹“%1/”不存在，没有恢复"_s.arg(backup.sample.file(u"gone"_s))));
+        QVERIFY(succeeds(run(restoreScriptPath(places.backup), {backup.sample.folder()})));
+        QCOMPARE(picturesIn(backup.places.catalogue), 0);
+    }
+
+    /// However the copy ends, the script itself tells of it, and stays the script that it was.
+    void resultStandsInTheScript() {
+        for (const bool ownCopier : {true, false}) {
+            Backup backup;
+            if (!ownCopier) backup.places.copier += u"-missing"_s;
+            writeBackupScripts(backup.places);
+            const QString before = textOfScript(backupScriptPath());
+            QCOMPARE(resultInScript(before), QString());
+            const auto result = [] { return resultInScript(textOfScript(backupScriptPath())); };
+            for (int i = 0; i < 2; ++i) {
+                QVERIFY(succeeds(backup.bf()));
+                QVERIFY(tellsOfGoodCopy(result()));
+            }
+            QCOMPARE(textOfScript(backupScriptPath()), backupScript(backup.places, result()));
+            QVERIFY(QFileInfo(backupScriptPath()).isExecutable());
+            QVERIFY(QDir(QFileInfo(backup.places.backup).path()).removeRecursively());
+            QVERIFY(refuses(backup.bf(), u"不存在，没有备份"_s));
+            QVERIFY(!tellsOfGoodCopy(result()) && result().contains(u"不存在，没有备份"_s));
+            QCOMPARE(QDir(backup.sample.folder()).entryList({u"bf*"_s}), QStringList(u"bf.sh"_s));
+        }
+    }
+
+    void killedCopyIsNoGoodOne() {
+        Backup backup;
+        const QString copier = backup.sample.file(u"copier"_s);
+        writeFile(copier, "#!/bin/sh\nkill -KILL $PPID\n");
+        QFile::setPermissions(copier, QFile::ReadOwner | QFile::ExeOwner);
+        backup.places.copier = copier;
+        writeBackupScripts(backup.places);
+        run(backupScriptPath());
+        QVERIFY(resultInScript(textOfScript(backupScriptPath())).endsWith(u"没有做完"_s));
     }
 
     void failedRestoreKeepsTheCatalogue() {

@@ -397,7 +397,7 @@ class TestSetupPage : public QObject {
             window.click(u"cmdFs"_s);
             QCOMPARE(window.said(),
                      QStringList{u"    删除[tc01]像册数据表吗？\n\n如果“是”，按《确定》；否则按《取消》。\n\n"
-                                 "旅行（tc01），10 张，0.1 MB"_s});
+                                 "旅行（tc01），10 张，不到 0.1 MB"_s});
             QVERIFY(hasTable(u"tc01"_s));
 
             window.answer = true;

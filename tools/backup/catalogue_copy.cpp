@@ -127,6 +127,8 @@ void copyCatalogue(const QString& from, const QString& to) {
     if (!source.isFile()) throw Error(u"图册数据库“%1”不存在，没有备份。"_s.arg(from));
     if (target.exists() && target.canonicalFilePath() == source.canonicalFilePath())
         throw Error(u"备份文件“%1”就是图册数据库本身，没有备份。"_s.arg(to));
+    if (!QFileInfo(target.absolutePath()).isDir())
+        throw Error(u"备份文件夹“%1”不存在，没有备份。"_s.arg(target.absolutePath()));
     if (target.isDir()) throw Error(u"备份文件“%1”是一个文件夹，没有备份。"_s.arg(to));
 
     QLockFile lock(to + u".lock"_s);

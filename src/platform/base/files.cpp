@@ -121,7 +121,10 @@ void Kill(const QString& path) {
 
 void MkDir(const QString& path) {
     if (QFileInfo::exists(path)) throw Error(u"文件夹“%1”不能建立：同名的文件或文件夹已存在。"_s.arg(path));
-    if (!QDir().mkdir(path)) throw Error(u"文件夹“%1”不能建立。"_s.arg(path));
+    if (!QDir().mkdir(path)) {
+        const QString reason = systemReason(errno);
+        throw Error(u"文件夹“%1”不能建立：%2。"_s.arg(path, writeFailure(QDir::cleanPath(path), reason)));
+    }
     // What is moved into it goes with it when its own name is lost. Not every parent can be opened.
     attempt([&] { syncFolderToDisk(QFileInfo(QDir::cleanPath(path)).absolutePath()); });
 }

@@ -2,6 +2,7 @@
 
 #include "platform/base/error.h"
 
+#include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
 
@@ -26,12 +27,20 @@ QString findProgram(const QStringList& names) {
     return {};
 }
 
-void Shell(const QString& program, const QStringList& arguments) {
-    if (!QProcess::startDetached(program, arguments)) throw Error(u"程序“%1”不能启动。"_s.arg(program));
+qint64 Shell(const QString& program, const QStringList& arguments) {
+    qint64 process = 0;
+    if (!QProcess::startDetached(program, arguments, {}, &process)) throw Error(u"程序“%1”不能启动。"_s.arg(program));
+    return process;
 }
 
 bool isRunning(qint64 process) {
 #ifdef Q_OS_UNIX
+    // One that has ended keeps its number until somebody has asked how: `1234 (name) Z …`.
+    QFile state(u"/proc/%1/stat"_s.arg(process));
+    if (state.open(QIODevice::ReadOnly)) {
+        const QByteArray told = state.readAll();
+        return told.mid(told.lastIndexOf(')') + 2, 1) != "Z";
+    }
     return process > 0 && (kill(static_cast<pid_t>(process), 0) == 0 || errno != ESRCH);
 #else
     Q_UNUSED(process);

@@ -8,10 +8,11 @@
 /// Path of the first of these programs that is installed, empty when none is.
 QString findProgram(const QStringList& names);
 
-/// Starts a program without waiting for it. Throws `Error` that names it when it does not start.
-void Shell(const QString& program, const QStringList& arguments = {});
+/// Starts a program without waiting for it; the result is the number of its process. Throws `Error` that names it when
+/// it does not start.
+qint64 Shell(const QString& program, const QStringList& arguments = {});
 
-/// Whether this computer has a process of that number, whoever it belongs to.
+/// Whether this computer has a process of that number that has not ended, whoever it belongs to.
 bool isRunning(qint64 process);
 
 /// The thread that calls it leaves processor and disk to all others from now on.

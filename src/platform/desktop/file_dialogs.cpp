@@ -86,7 +86,8 @@ QString pick(QWidget* parent, const FileQuestion& question) {
         if (proposal.isDir()) {
             dialog->setDirectory(proposal.absoluteFilePath());
         } else {
-            if (proposal.isAbsolute()) dialog->setDirectory(proposal.absolutePath());
+            const QDir folder = proposal.absoluteDir();  // gone, with its disk, it is no place to begin
+            if (proposal.isAbsolute()) dialog->setDirectory(folder.exists() ? folder : QDir::home());
             dialog->selectFile(proposal.fileName());
         }
     }
