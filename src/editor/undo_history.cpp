@@ -123,7 +123,7 @@ void UndoHistory::writeRow(const QString& number) {
         {u"标题"_s, state_.opTag},
         {u"参数"_s, dialog_.isOpen() ? numericValue(dialog_.txtCq->text()) : 0.0},
     };
-    for (const auto& [column, value] : values) attempt([&] { rows.Fields(column).SetValue(value); });
+    for (const auto& entry : values) attempt([&] { rows.Fields(entry.first).SetValue(entry.second); });
     rows.Update();
 }
 
