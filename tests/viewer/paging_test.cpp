@@ -97,14 +97,14 @@ class TestPaging : public QObject {
         viewer.chooseLine(u"3列"_s);
         QCOMPARE(viewer.text(u"txtLs"_s), u"3列"_s);
         QVERIFY(viewer.box(u"txtLs"_s)->hasFocus());
-        QVERIFY(viewer.find(u"imgXs(1)"_s) == nullptr);
+        QVERIFY(!viewer.has(u"imgXs(1)"_s));
         QVERIFY(!viewer.key(u"hd"_s)->isEnabled() && !viewer.key(u"yd"_s)->isEnabled());
         viewer.enter(u"txtLs"_s);
         QCOMPARE(viewer.pictureIn(8), 9);
         viewer.chooseColumns(1);
         QVERIFY(viewer.key(u"hd"_s)->isEnabled());
         viewer.enter(u"txtLs"_s);
-        QVERIFY(viewer.find(u"imgXs(1)"_s) == nullptr);
+        QVERIFY(!viewer.has(u"imgXs(1)"_s));
     }
 
     void cellsStandWhereTheyShould() {
