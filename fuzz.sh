@@ -5,7 +5,8 @@
 #
 # What a run has learned stays in build/fuzz/corpus and is where the next one goes on; inputs that ended a run, or took
 # longer than 2 seconds, are kept in build/fuzz/findings. One of them alone: build/fuzz/bin/fuzz_TARGET FILE
-# Databases of another format, which the target "foreign" begins with, are taken from $LUNQ_JET_SAMPLES if they are there.
+# The target "foreign" begins with databases of another format: some made here, and those in the folder
+# LUNQ_JET_SAMPLES if the environment names one.
 set -euo pipefail
 cd -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")"
 . tools/setup.sh
@@ -24,7 +25,7 @@ folder=$PWD/build/fuzz
 export QT_QPA_PLATFORM=offscreen
 export ASAN_OPTIONS=allocator_may_return_null=1:quarantine_size_mb=16:malloc_context_size=5:handle_abort=1
 export ASAN_SYMBOLIZER_PATH=/usr/bin/llvm-symbolizer-14
-"$folder/bin/make_fuzz_seeds" "$folder/seeds" "${LUNQ_JET_SAMPLES:-../shared/mdb-samples}"
+"$folder/bin/make_fuzz_seeds" "$folder/seeds" "${LUNQ_JET_SAMPLES:-}"
 
 # sum_of TEXT FILE...: the sum of the figures that the runs tell behind a text.
 sum_of() {

@@ -3,6 +3,7 @@
 #include "platform/database/database.h"
 
 #include "filling.h"
+#include "jet_maker/jet_maker.h"
 #include "table.h"
 #include "timing.h"
 
@@ -50,7 +51,16 @@ void renumber(const Database& database) {
     transaction.commit();
 }
 
-/// Its long-binary values reach 931 KB. What reads it stands beside this program.
+/// Its long values are of all sizes up to 931 KB.
+void makeForeignDatabase(const QString& path) {
+    jet::Table table{u"T"_s, {{u"Nr"_s, jet::Type::longInteger}, {u"Bild"_s, jet::Type::ole}}, {}};
+    for (const int size : {1, 64, 65, 4076, 4077, 10'533, 22'554, 341'284, 560'000, 931'184})
+        table.rows << jet::Row{size, QByteArray(size, 'p')};
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(jet::database({table})) < 0) qFatal("No place for a database.");
+}
+
+/// What reads it stands beside this program.
 void readForeignDatabase(const QString& path) {
     const Database database = OpenDatabase(path);
     for (const QString& table : database.TableDefs()) {
@@ -93,6 +103,7 @@ int main(int argc, char** argv) {
     timed("drop an album of " + these, [&] { database.Execute(u"DROP TABLE tc02"_s); });
     timed("a change after it", [&] { database.Execute(u"DELETE FROM tc01 WHERE 序号 = 7"_s); });
 
-    const QString foreign = QStringLiteral(LUNQ_JET_SAMPLES "/jet4-ole-large-unicode.mdb");
-    if (QFile::exists(foreign)) timed("read a Jet database of 1.9 MB", [&] { readForeignDatabase(foreign); });
+    const QString foreign = folder.filePath(u"foreign.mdb"_s);
+    makeForeignDatabase(foreign);
+    timed("read a Jet database of 1.9 MB", [&] { readForeignDatabase(foreign); });
 }

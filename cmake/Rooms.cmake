@@ -34,15 +34,25 @@ function(lunq_room name)
   endif()
 endfunction()
 
-# lunq_test(ROOM): every .cpp of tests/ROOM becomes the test program test_ROOM, which links that room.
+# lunq_test(ROOM LIBRARIES ... [ENVIRONMENT NAME=VALUE...]): every .cpp of tests/ROOM becomes the test program test_ROOM,
+# which links these libraries. Each of its classes is a test of its own: a crash takes no other class with it.
 function(lunq_test room)
-  cmake_parse_arguments(TEST "" "" "LIBRARIES" ${ARGN})
+  cmake_parse_arguments(TEST "" "" "LIBRARIES;ENVIRONMENT" ${ARGN})
   string(REPLACE "/" "_" program "test_${room}")
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/tests/${room}/*.cpp")
   add_executable(${program} ${sources})
   target_link_libraries(${program} PRIVATE lunq_test_support ${TEST_LIBRARIES})
   target_precompile_headers(${program} REUSE_FROM lunq_test_support)
-  add_test(NAME ${room} COMMAND ${program})
-  set_tests_properties(${room} PROPERTIES TIMEOUT 300
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;UBSAN_OPTIONS=print_stacktrace=1")
+  list(PREPEND TEST_ENVIRONMENT "QT_QPA_PLATFORM=offscreen" "UBSAN_OPTIONS=print_stacktrace=1")
+  set(list "${CMAKE_CURRENT_BINARY_DIR}/${program}_classes.cmake")
+  add_custom_command(TARGET ${program} POST_BUILD
+    COMMAND "${CMAKE_COMMAND}" "-DPROGRAM=$<TARGET_FILE:${program}>" "-DROOM=${room}" "-DOUTPUT=${list}"
+            "-DENVIRONMENT=${TEST_ENVIRONMENT}"
+            -P "${CMAKE_SOURCE_DIR}/cmake/TestClasses.cmake"
+    BYPRODUCTS "${list}" COMMENT "Listing the classes of ${program}" VERBATIM)
+  # A program that is not built is a test that fails, not one that is missing.
+  set(include "${CMAKE_CURRENT_BINARY_DIR}/${program}_tests.cmake")
+  file(WRITE "${include}"
+    "if(EXISTS [==[${list}]==])\n  include([==[${list}]==])\nelse()\n  add_test(${room} ${program}_is_not_built)\nendif()\n")
+  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${include}")
 endfunction()

@@ -111,7 +111,7 @@ void UndoHistory::write(const Step& step, const QByteArray& jpeg) {
         {u"标题"_s, step.tag},
         {u"参数"_s, step.parameter},
     };
-    for (const auto& [column, value] : values) attempt([&] { rows.Fields(column).SetValue(value); });
+    for (const auto& entry : values) attempt([&] { rows.Fields(entry.first).SetValue(entry.second); });
     rows.Update();
     Recordset stored = newestRow(step.number);
     storeJpeg(jpeg, stored, state_);

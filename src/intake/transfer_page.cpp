@@ -23,7 +23,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <algorithm>
-#include <type_traits>
+#include <functional>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -129,11 +129,7 @@ void TransferPage::connectControls() {
 void TransferPage::connectPanels() {
     const auto here = [this](auto slot) {
         return guarded(controls_.form, [this, slot](const auto&... arguments) {
-            if (!inFront()) return;
-            if constexpr (std::is_invocable_v<decltype(slot), TransferPage*, decltype(arguments)...>)
-                std::invoke(slot, this, arguments...);
-            else
-                std::invoke(slot, this);
+            if (inFront()) callWithOrWithout(std::bind_front(slot, this), arguments...);
         });
     };
     browser_.picMl()->installEventFilter(this);

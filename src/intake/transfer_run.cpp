@@ -13,7 +13,7 @@
 #include <QFileInfo>
 #include <QHash>
 #include <algorithm>
-#include <ranges>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -106,8 +106,8 @@ class TableTransfer {
           target_(target),
           move_(move),
           notDone_(notDone),
-          takesPictures_(std::ranges::any_of(
-              target.mapping | std::views::drop(1),
+          takesPictures_(std::any_of(
+              std::ranges::next(target.mapping.begin(), 1, target.mapping.end()), target.mapping.end(),
               [](const FieldPair& pair) { return pair.target == pictureColumn && !pair.source.isEmpty(); })),
           rows_(target.database.OpenRecordset(allRecordsSql(target.table))),
           next_(target.database, target.table) {}

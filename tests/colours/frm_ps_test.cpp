@@ -1,5 +1,6 @@
 #include "colours/frm_ps.h"
 
+#include "../support/found.h"
 #include "../support/recording_windows.h"
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
@@ -40,9 +41,7 @@ class TestColourWindow : public QObject {
 
     template <typename Control>
     Control& get(const QString& name) const {
-        auto* control = window_->findChild<Control*>(name);
-        if (control == nullptr) qFatal("no control %s", qPrintable(name));
-        return *control;
+        return *found<Control>(window_.get(), name);
     }
     QColor ground(const QString& label) const { return get<QLabel>(label).palette().color(QPalette::Window); }
     void choose(const QString& line) const {

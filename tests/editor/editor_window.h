@@ -1,5 +1,6 @@
 #pragma once
 
+#include "../support/found.h"
 #include "../support/recording_windows.h"
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
@@ -40,7 +41,7 @@ class EditorWindow {
 
     template <typename Control = QWidget>
     Control* find(const QString& name) const {
-        return window->findChild<Control*>(name);
+        return found<Control>(window.get(), name);
     }
     QAction* menu(const QString& name) const { return find<QAction>(name); }
     QToolButton* key(const QString& key) const { return find<QToolButton>(QStringLiteral("tlb1:") + key); }

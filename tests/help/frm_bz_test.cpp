@@ -124,14 +124,17 @@ class TestHelpWindow : public QObject {
 
     void partsFollowTheWindow() {
         HelpWindow help;
-        for (const QSize size : {QSize(640, 480), QSize(1000, 700)}) {
-            help.form->resize(size);
-            const int width = size.width() * 15;
-            const int height = size.height() * 15;
-            QCOMPARE(help.text().geometry(), rectFromTwips(3370, 90, width - 3600, height - 615));
-            QCOMPARE(help.find(u"shpMl"_s)->height(), rectFromTwips(0, 90, 1, height - 650).height());
-            QVERIFY(std::abs(heightOf(help.find(u"picGd"_s)) - (height - 1400)) <= 15);
-            QVERIFY(std::abs(topOf(help.find(u"fraAn"_s)) - (height - 1080)) <= 8);
+        struct Case {
+            QSize window, text;
+            int frame, contents, buttons;
+        };
+        for (const Case& each : {Case{{640, 480}, {6000, 6585}, 6550, 5800, 6120},
+                                 Case{{1000, 700}, {11400, 9885}, 9850, 9100, 9420}}) {
+            help.form->resize(each.window);
+            QCOMPARE(help.text().geometry(), rectFromTwips(3370, 90, each.text.width(), each.text.height()));
+            QCOMPARE(help.find(u"shpMl"_s)->height(), rectFromTwips(0, 90, 1, each.frame).height());
+            QVERIFY(std::abs(heightOf(help.find(u"picGd"_s)) - each.contents) <= 15);
+            QVERIFY(std::abs(topOf(help.find(u"fraAn"_s)) - each.buttons) <= 8);
         }
     }
 

@@ -1,5 +1,6 @@
 #include "help/frm_gy.h"
 
+#include "../support/found.h"
 #include "../support/run_all.h"
 #include "platform/desktop/message_box.h"
 
@@ -32,7 +33,7 @@ class TestAboutBox : public QObject {
             box.setTools(tools);
             box.show();
             said.clear();
-            QTest::mouseClick(box.findChild<QPushButton*>(u"cmdXt"_s), Qt::LeftButton);
+            QTest::mouseClick(found<QPushButton>(&box, u"cmdXt"_s), Qt::LeftButton);
             QCOMPARE(said, boxes);
         }
         answerBoxesWith({});
@@ -41,8 +42,8 @@ class TestAboutBox : public QObject {
     void tellsVersionAndLicences() {
         QCoreApplication::setApplicationVersion(u"7.8.9"_s);
         const frmGy box;
-        QVERIFY(box.findChild<QLabel*>(u"lblBb"_s)->text().contains(u"7.8.9"));
-        const QString licences = box.findChild<QLabel*>(u"lblXk"_s)->text();
+        QVERIFY(found<QLabel>(&box, u"lblBb"_s)->text().contains(u"7.8.9"));
+        const QString licences = found<QLabel>(&box, u"lblXk"_s)->text();
         for (const QString& library : {u"Qt"_s, u"SQLite"_s, u"SQLiteCpp"_s, u"libjpeg"_s, u"libmdb"_s})
             QVERIFY2(licences.contains(library), qUtf8Printable(library));
     }
@@ -54,7 +55,7 @@ class TestAboutBox : public QObject {
         answerBoxesWith([&](const BoxText&) { return ++said > 0; });
         box.show();
         QApplication::setActiveWindow(&box);
-        auto* tools = box.findChild<QPushButton*>(u"cmdXt"_s);
+        auto* tools = found<QPushButton>(&box, u"cmdXt"_s);
         tools->setFocus();
         QTest::keyClick(tools, Qt::Key_Return);
         answerBoxesWith({});
@@ -63,7 +64,7 @@ class TestAboutBox : public QObject {
         QTest::keyClick(tools, Qt::Key_Escape);
         QVERIFY(!box.isVisible());
         box.show();
-        auto* ok = box.findChild<QPushButton*>(u"cmdQd"_s);
+        auto* ok = found<QPushButton>(&box, u"cmdQd"_s);
         ok->setFocus();
         QTest::keyClick(ok, Qt::Key_Return);
         QVERIFY(!box.isVisible());

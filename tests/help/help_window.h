@@ -1,5 +1,6 @@
 #pragma once
 
+#include "../support/found.h"
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
@@ -43,9 +44,7 @@ class HelpWindow : public Windows {
 
     template <typename Control = QWidget>
     Control* find(const QString& name) const {
-        auto* control = form->findChild<Control*>(name);
-        if (control == nullptr) qFatal("no control %s", qPrintable(name));
-        return control;
+        return found<Control>(form.get(), name);
     }
     bool has(const QString& name) const {
         const auto* control = form->findChild<QWidget*>(name);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "../support/found.h"
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "intake/form_state.h"
@@ -31,7 +32,7 @@ class PanelBench {
 
     template <typename Control>
     Control& get(const QString& name) {
-        return *form.findChild<Control*>(name);
+        return *found<Control>(&form, name);
     }
     QPushButton& button(const QString& name) { return get<QPushButton>(name); }
     void click(const QString& name) { QTest::mouseClick(&button(name), Qt::LeftButton); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "../support/found.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
@@ -100,9 +101,7 @@ class SettingsWindow {
 
     template <typename Control>
     Control& get(const QString& name) const {
-        auto* control = form->findChild<Control*>(name);
-        if (control == nullptr) qFatal("no control %s", qPrintable(name));
-        return *control;
+        return *found<Control>(form.get(), name);
     }
 
     QPushButton& button(const QString& name) const { return get<QPushButton>(name); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "../support/found.h"
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
@@ -41,10 +42,7 @@ class ProgramTour {
 
     template <typename Control>
     static Control* find(const QString& windowName, const QString& name) {
-        QWidget* in = window(windowName);
-        auto* control = in != nullptr ? in->findChild<Control*>(name) : nullptr;
-        if (control == nullptr) qFatal("no control %s", qPrintable(windowName + u'.' + name));
-        return control;
+        return found<Control>(window(windowName), name);
     }
 
     static void click(const QString& windowName, const QString& name) {

@@ -47,7 +47,7 @@ class TestWindows : public QObject {
         tour_->leave(u"frmTp"_s, u"tlb1:bj"_s, u"frmSz"_s);
         click(u"frmSz"_s, u"cmdBz"_s);
         QTRY_VERIFY(window(u"frmBz"_s));
-        const auto* text = window(u"frmBz"_s)->findChild<RichTextBox*>(u"rtfBz"_s);
+        const auto* text = found<RichTextBox>(window(u"frmBz"_s), u"rtfBz"_s);
         QVERIFY(text->textCursor().block().text().contains(u"3 软件的使用"));
 
         tour_->leave(u"frmSz"_s, u"cmdFh"_s, u"frmTp"_s);

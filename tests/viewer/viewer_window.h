@@ -1,5 +1,6 @@
 #pragma once
 
+#include "../support/found.h"
 #include "../support/recording_windows.h"
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
@@ -34,8 +35,9 @@ class ViewerWindow {
 
     template <typename Control = QWidget>
     Control* find(const QString& name) const {
-        return window->findChild<Control*>(name);
+        return found<Control>(window.get(), name);
     }
+    bool has(const QString& name) const { return window->findChild<QWidget*>(name) != nullptr; }
     ImageBox* image(const QString& name) const { return find<ImageBox>(name); }
     TextBox* box(const QString& name) const { return find<TextBox>(name); }
     QToolButton* key(const QString& key) const { return find<QToolButton>(QStringLiteral("tlb1:") + key); }

@@ -14,7 +14,9 @@ QPainterPath mapleLeaf(double size) {
     const std::array<int, 7> order{4, 5, 6, 0, 1, 2, 3};
     for (std::size_t i = 0; i < order.size(); ++i) {
         const auto [angle, reach] = lobes[static_cast<std::size_t>(order[i])];
-        const auto at = [&](double r, double a) { points.push_back(polar({}, size * r * reach, angle + a)); };
+        const auto at = [&, angle = angle, reach = reach](double r, double a) {
+            points.push_back(polar({}, size * r * reach, angle + a));
+        };
         at(0.56, -15);
         at(0.66, -17);
         at(0.70, -9);

@@ -1,14 +1,16 @@
 // Writes what the fuzz targets begin with: make_fuzz_seeds FOLDER [FOLDER-OF-JET-DATABASES]
 
+#include "jet_maker/jet_maker.h"
 #include "platform/picture/picture_samples.h"
 #include "support/sample_catalogue.h"
-#include "tiny_jet.h"
 
 #include <sqlite3.h>
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QUuid>
 #include <cstdio>
 
 using namespace Qt::Literals::StringLiterals;
@@ -140,9 +142,38 @@ void catalogues(Seeds seeds) {
     oddCatalogues(seeds);
 }
 
-/// One made by hand, and what real ones there are.
+/// Every type of column, and a row of values beside one of nothing.
+QByteArray tinyJetDatabase(const jet::Form& form) {
+    using jet::Type;
+    jet::Table table{u"T"_s,
+                     {{u"序号"_s, Type::longInteger},
+                      {u"日期"_s, Type::date},
+                      {u"价"_s, Type::currency},
+                      {u"大小"_s, Type::real},
+                      {u"小"_s, Type::byte},
+                      {u"短"_s, Type::integer},
+                      {u"单"_s, Type::single},
+                      {u"真"_s, Type::truth},
+                      {u"名"_s, Type::text, 20},
+                      {u"字节"_s, Type::binary, 8},
+                      {u"号"_s, Type::guid},
+                      {u"图片"_s, Type::ole},
+                      {u"备注"_s, Type::memo}},
+                     {{7, QDateTime(QDate(2003, 10, 2), QTime(12, 0)), u"1.2345"_s, 1.5, 2, 3, 0.5F, true, u"字a"_s,
+                       QByteArray("ab"), QUuid(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11), jet::wrapped(bmpBytes(24)), u"记"_s},
+                      jet::Row(13)}};
+    if (form.version == jet::Version::jet4) {
+        table.columns << jet::Column{u"准"_s, Type::decimal, 0, 2};
+        table.rows[0] << u"-12.34"_s;
+        table.rows[1] << QVariant();
+    }
+    return jet::database({table}, form);
+}
+
+/// Some made by hand, and what real ones there are.
 void foreignDatabases(Seeds seeds, const QString& samples) {
-    seeds.add(tinyJetDatabase(bmpBytes(24)));
+    seeds.add(tinyJetDatabase({}));
+    seeds.add(tinyJetDatabase({.version = jet::Version::jet3}));
     if (samples.isEmpty()) return;
     constexpr qint64 quickToRead = 500'000;
     for (const QFileInfo& sample : QDir(samples).entryInfoList({u"*.mdb"_s}, QDir::Files)) {

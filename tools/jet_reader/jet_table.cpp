@@ -52,8 +52,19 @@ JetTable::JetTable(JetFile& file, unsigned long definitionPage) : file_(file) {
     mdb_rewind_table(table_.get());
 }
 
+/// Looks whether all pages of a definition are there: where one is missing, the library reads another one again.
+void JetTable::checkPages(unsigned long page) {
+    constexpr int mostPages = 256;
+    constexpr size_t placeOfNext = 4;
+    for (int pages = 0; page != 0; ++pages) {
+        if (!file_.hasPage(page)) throw JetFailure{JetOutcome::incomplete};
+        if (pages == mostPages || !mdb_read_pg(file_.handle(), page)) throw JetFailure{JetOutcome::damaged};
+        page = numberAt<uint32_t>(Bytes(file_.handle()->pg_buf, placeOfNext + sizeof(uint32_t)), placeOfNext);
+    }
+}
+
 void JetTable::readDefinition(unsigned long page) {
-    if (!file_.hasPage(page)) throw JetFailure{JetOutcome::incomplete};
+    checkPages(page);
     table_.reset(mdb_read_table(&entry_));
     constexpr size_t smallestMap = 5;  // the library looks at so many bytes of it unasked
     const bool plausible = table_ && table_->num_cols <= mostColumns && table_->num_real_idxs <= mostIndexes &&

@@ -29,6 +29,7 @@ class JetTable {
     struct Free {
         void operator()(MdbTableDef* table) const { mdb_free_tabledef(table); }
     };
+    void checkPages(unsigned long page);
     void readDefinition(unsigned long page);
     void readColumns();
 

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <type_traits>
 
 class QWidget;
 
@@ -57,15 +58,19 @@ void chooseInBoxesWith(std::function<int(const BoxText&)> answer);
 /// Runs a handler. When it ends in a failure, a box titled "错误提示" says what failed, and the program goes on.
 void runHandler(QWidget* parent, const std::function<void()>& handler);
 
+/// Calls a handler with the arguments of a signal, or without any if it takes none.
+template <typename Handler, typename... Arguments>
+void callWithOrWithout(const Handler& handler, const Arguments&... arguments) {
+    if constexpr (std::is_invocable_v<const Handler&, const Arguments&...>)
+        handler(arguments...);
+    else
+        handler();
+}
+
 /// Wraps a callable for `connect`: `connect(button, &QPushButton::clicked, this, guarded(this, [this] { … }))`.
 template <typename Handler>
 auto guarded(QWidget* parent, Handler handler) {
-    return [parent, handler](auto... arguments) {
-        runHandler(parent, [&] {
-            if constexpr (std::is_invocable_v<Handler, decltype(arguments)...>)
-                handler(arguments...);
-            else
-                handler();
-        });
+    return [parent, handler](auto... arguments) -> void {
+        runHandler(parent, [&] { callWithOrWithout(handler, arguments...); });
     };
 }

@@ -86,7 +86,7 @@ class DialectTest : public QObject {
             {u"SELECT * FROM tc01 WHERE 序号 > > 1"_s, u"有错"_s},
         };
         for (const auto& [source, named] : cases) {
-            QVERIFY(failsSaying([&] { album_.open(source); }, {named}));
+            QVERIFY(failsSaying([&, source = source] { album_.open(source); }, {named}));
             QCOMPARE(album_.open(u"tc01"_s).rowCount(), 5);
         }
     }

@@ -1,6 +1,8 @@
 #include "../../support/run_all.h"
 #include "jet_files.h"
+#include "jet_tables.h"
 
+#include <map>
 #include <random>
 
 using namespace Qt::Literals::StringLiterals;
@@ -27,6 +29,16 @@ QByteArray garbage(char version, qsizetype size, quint32 seed) {
     bytes[19] = '\0';
     bytes[20] = version;
     return bytes;
+}
+
+/// By name, which begins with the version.
+std::map<QString, QByteArray> wholeFiles() {
+    const jet::Form jet3{.version = jet::Version::jet3};
+    return {{u"jet3 types"_s, jet::database({allTypes(jet3.version), manyRows()}, jet3)},
+            {u"jet3 long values"_s, jet::database({longValues(), manyColumns()}, jet3)},
+            {u"jet4 types"_s, jet::database({allTypes(jet::Version::jet4), manyRows()})},
+            {u"jet4 long values"_s, jet::database({longValues(), manyColumns()})},
+            {u"jet4 encoded"_s, jet::database({longValues(), manyRows()}, {.key = 4711})}};
 }
 
 class JetDamageTest : public QObject {
@@ -129,21 +141,18 @@ class JetDamageTest : public QObject {
 
     /// A value of 80 MB in a file that is large enough for it.
     void tooMuchForTheReaderIsSaid() {
-        if (!JetFiles::hasSamples()) return;
-        const QByteArray whole = JetFiles::content(JetFiles::sample(u"jet3-ole-large.mdb"_s));
-        const QByteArray length("\xf9\x57\x09\x00", 4);
-        QCOMPARE(whole.count(length), 1);
-        const QString path =
-            files_->write(u"long.mdb"_s, QByteArray(whole).replace(length, QByteArray("\x00\xb4\xc4\x04", 4)));
+        QByteArray whole = jet::database({longValues()}, {.version = jet::Version::jet3});
+        const QByteArray length("\x30\x75\x00\x00", 4);
+        whole.replace(whole.lastIndexOf(length), length.size(), QByteArray("\x00\xb4\xc4\x04", 4));
+        const QString path = files_->write(u"long.mdb"_s, whole);
         QVERIFY(QFile::resize(path, 50000 * 2048));
         QVERIFY(failsSaying([&] { OpenDatabase(path); }, {path, u"限制"_s}));
     }
 
     void missingPartsAreNoticed() {
-        if (!JetFiles::hasSamples()) return;
-        for (const QString& name : {u"jet3-ole-large.mdb"_s, u"jet4-alltypes.mdb"_s, u"jet4-ole-large-unicode.mdb"_s}) {
-            const QByteArray whole = JetFiles::content(JetFiles::sample(name));
-            const QList<qsizetype> lengths{150, 4096, 12289, 65536, whole.size() / 2 + 1, whole.size() - 1};
+        for (const auto& [name, whole] : wholeFiles()) {
+            const QList<qsizetype> lengths{
+                150, 4096, 12289, whole.size() / 2 + 1, whole.size() - 4096, whole.size() - 1};
             for (const qsizetype length : lengths) {
                 const QString path = files_->write(u"short.mdb"_s, whole.left(length));
                 const QString failure = failureOfReading(path);
@@ -159,10 +168,8 @@ class JetDamageTest : public QObject {
         QTest::addColumn<QString>("name");
         QTest::addColumn<int>("kind");
         QTest::addColumn<int>("seed");
-        for (const char* name : {"jet3-types", "jet3-ole-memo", "jet4-ole-memo", "jet4-alltypes", "jet4-encoded"}) {
-            for (int i = 0; i < 10; ++i) {
-                QTest::addRow("%s %d", name, i) << QString::fromLatin1(name) + u".mdb"_s << i % 5 << 1000 + i;
-            }
+        for (const auto& [name, whole] : wholeFiles()) {
+            for (int i = 0; i < 10; ++i) QTest::addRow("%s %d", qPrintable(name), i) << name << i % 5 << 1000 + i;
         }
     }
 
@@ -170,8 +177,7 @@ class JetDamageTest : public QObject {
         QFETCH(QString, name);
         QFETCH(int, kind);
         QFETCH(int, seed);
-        if (!JetFiles::hasSamples()) return;
-        QByteArray bytes = JetFiles::content(JetFiles::sample(name));
+        QByteArray bytes = wholeFiles()[name];
         Random random(static_cast<quint32>(seed));
         const qsizetype page = name.startsWith(u"jet3") ? 2048 : 4096;
         const qsizetype pages = bytes.size() / page;

@@ -50,6 +50,13 @@ Contents contentsOf(const Database& database) {
     return contents;
 }
 
+/// Where databases lie that the genuine engine has written: such files are not ours to hand on.
+const QString samples = qEnvironmentVariable("LUNQ_JET_SAMPLES");
+
+QString sample(const QString& name) {
+    return samples + u'/' + name;
+}
+
 class JetSamplesTest : public QObject {
     Q_OBJECT
 
@@ -60,15 +67,19 @@ class JetSamplesTest : public QObject {
     }
 
   private Q_SLOTS:
-    void init() { files_ = std::make_unique<JetFiles>(); }
+    void init() {
+        if (samples.isEmpty()) QSKIP("LUNQ_JET_SAMPLES names no folder of genuine databases.");
+        QVERIFY2(QFileInfo(samples).isDir(), qPrintable(samples));
+        files_ = std::make_unique<JetFiles>();
+    }
     void cleanup() {
+        if (!files_) return;
         const QStringList left = files_->copies();
         files_.reset();
         QCOMPARE(left, QStringList());
     }
 
     void everythingIsRead() {
-        if (!JetFiles::hasSamples()) return;
         const std::tuple<QString, QString, int, QString> cases[] = {
             {u"jet3-types"_s, u"Table1 2, Table2 0, Table3 0, Table4 0"_s, 0, QString()},
             {u"jet3-ole-memo"_s, u"MSP_PROJECTS 1"_s, 14, u"22970:e5b3682c51"_s},
@@ -87,7 +98,7 @@ class JetSamplesTest : public QObject {
         };
         for (const auto& [file, rows, nulls, longValues] : cases) {
             // Under a name that tells nothing, in a place that shells would stumble over.
-            const QString source = JetFiles::sample(file + u".mdb"_s);
+            const QString source = sample(file + u".mdb"_s);
             const QString copy = files_->write(u"照片 'x' $1.dat"_s, JetFiles::content(source));
             const Database database = OpenDatabase(copy);
             QVERIFY(database.isForeign());
@@ -101,7 +112,6 @@ class JetSamplesTest : public QObject {
     }
 
     void columnsKeepTypesAndSizes() {
-        if (!JetFiles::hasSamples()) return;
         const std::tuple<QString, QString, QString> cases[] = {
             {u"jet3-types"_s, u"Table1"_s, u"10:50 10:100 2:1 3:2 4:4 7:8 8:8 5:8 1:1"_s},
             {u"jet4-ole-memo"_s, u"Table1"_s, u"4:4 10:255 4:4 5:8 8:8 1:1 12:0 12:0 12:0 11:0 12:0"_s},
@@ -110,14 +120,13 @@ class JetSamplesTest : public QObject {
              "10:20 12:0 9:10 9:510 11:0 11:0 15:16"_s},
         };
         for (const auto& [file, table, layout] : cases) {
-            const Database database = OpenDatabase(JetFiles::sample(file + u".mdb"_s));
+            const Database database = OpenDatabase(sample(file + u".mdb"_s));
             QCOMPARE(layoutOf(database.OpenRecordset(table)), layout);
             QCOMPARE(layoutOf(database.OpenRecordset(u"SELECT * FROM "_s + table)), layout);
         }
     }
 
     void valuesAreExact() {
-        if (!JetFiles::hasSamples()) return;
         const QString unicode = u"jet4-ole-large-unicode"_s, all = u"jet4-alltypes"_s, old = u"jet3-types"_s;
         const QString number = u"[Bilder Übersicht] WHERE Nr = "_s;
         const std::tuple<QString, QString, QString, QString> cases[] = {
@@ -137,15 +146,14 @@ class JetSamplesTest : public QObject {
             {old, u"Table1 WHERE D = 222"_s, u"F"_s, u"444.555"_s},
         };
         for (const auto& [file, source, column, text] : cases) {
-            const Database database = OpenDatabase(JetFiles::sample(file + u".mdb"_s));
+            const Database database = OpenDatabase(sample(file + u".mdb"_s));
             const Recordset set = database.OpenRecordset(u"SELECT * FROM "_s + source);
             QCOMPARE(set.Fields(column).Value().toText(), text);
         }
     }
 
     void longTextsAndPicturesComeWhole() {
-        if (!JetFiles::hasSamples()) return;
-        const Database database = OpenDatabase(JetFiles::sample(pictures));
+        const Database database = OpenDatabase(sample(pictures));
         const QString text = pictureSet(database, 9).Fields(u"Bemerkung"_s).Value().toText();
         QCOMPARE(text.size(), 40000);
         QCOMPARE(text.toUtf8().size(), 57144);
@@ -159,69 +167,8 @@ class JetSamplesTest : public QObject {
     }
 
     void passwordIsRespected() {
-        if (!JetFiles::hasSamples()) return;
-        const QString path = JetFiles::sample(u"jet4-password.mdb"_s);
+        const QString path = sample(u"jet4-password.mdb"_s);
         QVERIFY(failsSaying([&] { OpenDatabase(path); }, {path, u"密码"_s}));
-
-        // In a Jet 3 file the place of the password is empty, under a mask that is the same in every file.
-        QByteArray bytes = JetFiles::content(JetFiles::sample(u"jet3-types.mdb"_s));
-        bytes[0x42] = static_cast<char>(bytes[0x42] ^ 'a');
-        const QString jet3 = files_->write(u"jet3.mdb"_s, bytes);
-        QVERIFY(failureOf([&] { OpenDatabase(jet3); }).contains(u"密码"));
-    }
-
-    void namesOfColumns() {
-        if (!JetFiles::hasSamples()) return;
-        QByteArray bytes = JetFiles::content(JetFiles::sample(u"jet3-types.mdb"_s));
-        bytes.replace("\7column2", "\7\x90\x40\xd0\xf2\xba\xc5x");  // GBK, and no text in the file's own code page
-        bytes.replace("\7column3", "\7COLUMN1");
-        bytes.replace("\7column4", "\7\xe9t\xe9_a_b");
-        const Database database = OpenDatabase(files_->write(u"names.mdb"_s, bytes));
-        const Recordset set = database.OpenRecordset(u"Table2"_s);
-        QStringList names;
-        for (int i = 0; i < 5; ++i) names << set.Fields(i).Name();
-        QCOMPARE(names, (QStringList{u"column1"_s, u"怈序号x"_s, u"COLUMN1_2"_s, u"été_a_b"_s, u"column5"_s}));
-    }
-
-    void nothingCanBeWritten() {
-        if (!JetFiles::hasSamples()) return;
-        const QByteArray before = JetFiles::content(JetFiles::sample(pictures));
-        const QString path = files_->write(u"foreign.mdb"_s, before);
-        const Database database = OpenDatabase(path);
-        Recordset set = database.OpenRecordset(pictureTable);
-        for (const auto& step : std::vector<std::function<void()>>{
-                 [&] { set.Edit(); },
-                 [&] { set.AddNew(); },
-                 [&] { set.Delete(); },
-                 [&] { database.Execute(u"DELETE FROM leer"_s); },
-                 [&] { database.Execute(u"DROP TABLE leer"_s); },
-                 [&] { database.Execute(u"CREATE TABLE tc01 ([序号] LONG)"_s); },
-                 [&] { const Transaction transaction(database); },
-             }) {
-            QVERIFY(failsSaying(step, {u"只能读取"_s, path}));
-        }
-        QCOMPARE(set.EditMode(), Recordset::Mode::none);
-        QCOMPARE(set.rowCount(), 12);
-        QCOMPARE(JetFiles::content(path), before);
-    }
-
-    void oneCopyServesAllUntilTheFileChanges() {
-        if (!JetFiles::hasSamples()) return;
-        const QString path = files_->write(u"a.mdb"_s, JetFiles::content(JetFiles::sample(u"jet4-encoded.mdb"_s)));
-        Database first = OpenDatabase(path);
-        {
-            setJetReader({u"/does/not/exist"_s});
-            const Database second = OpenDatabase(path);
-            setJetReader();
-        }
-        files_->write(u"a.mdb"_s, JetFiles::content(JetFiles::sample(u"jet3-types.mdb"_s)));
-        const Database changed = OpenDatabase(path);
-        QCOMPARE(changed.TableDefs().size(), 4);
-        QCOMPARE(first.TableDefs(), QStringList(u"Table1"_s));
-        QCOMPARE(files_->copies(), QStringList());
-        Recordset set = first.OpenRecordset(u"Table1"_s);
-        first = {};
-        QCOMPARE(set.FieldCount(), 3);  // a set keeps its database
     }
 };
 

@@ -57,7 +57,7 @@ class TestDataControl : public QObject {
 
     void buttonsMoveThroughTheRecords() {
         QSignalSpy repositioned(data_.get(), &DataControl::repositioned);
-        const auto press = [&](const QString& name) { data_->findChild<QToolButton*>(name)->click(); };
+        const auto press = [&](const QString& name) { found<QToolButton>(data_.get(), name)->click(); };
         const QList<std::pair<QString, int>> steps{{u"previous"_s, 0}, {u"next"_s, 1}, {u"next"_s, 2},
                                                    {u"previous"_s, 1}, {u"last"_s, 4}, {u"next"_s, 4},
                                                    {u"last"_s, 4},     {u"first"_s, 0}};
@@ -86,7 +86,7 @@ class TestDataControl : public QObject {
             data_->moveToRow(deleted);
             data_->Recordset().Delete();
             QSignalSpy repositioned(data_.get(), &DataControl::repositioned);
-            data_->findChild<QToolButton*>(button)->click();
+            found<QToolButton>(data_.get(), button)->click();
             QCOMPARE(data_->Recordset().Fields(u"序号"_s).Value().toInteger(), number);
             QCOMPARE(repositioned.size(), 1);
         }
@@ -102,7 +102,7 @@ class TestDataControl : public QObject {
         data_->setRecordSource(u"SELECT * FROM tc01 WHERE [序号] > 50"_s);
         data_->Refresh();
         QCOMPARE(data_->total(), 0);
-        data_->findChild<QToolButton*>(u"next"_s)->click();
+        found<QToolButton>(data_.get(), u"next"_s)->click();
         QCOMPARE(repositioned.size(), 1);
     }
 

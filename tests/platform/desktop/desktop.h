@@ -1,5 +1,6 @@
 #pragma once
 
+#include "../../support/found.h"
 #include "../../support/run_all.h"
 #include "platform/base/error.h"
 #include "platform/desktop/message_box.h"

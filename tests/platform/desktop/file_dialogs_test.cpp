@@ -9,7 +9,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 QStringList shownNames(const QFileDialog& dialog) {
-    const auto* list = dialog.findChild<QListView*>(u"listView"_s);
+    const auto* list = found<QListView>(&dialog, u"listView"_s);
     QStringList names;
     for (int i = 0; i < list->model()->rowCount(list->rootIndex()); ++i)
         names.append(list->model()->index(i, 0, list->rootIndex()).data().toString());
@@ -19,7 +19,7 @@ QStringList shownNames(const QFileDialog& dialog) {
 
 /// The widget's own accept is protected; the name box stands for the user's Enter.
 void typeName(QFileDialog& dialog, const QString& name) {
-    auto* box = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
+    auto* box = found<QLineEdit>(&dialog, u"fileNameEdit"_s);
     box->setText(name);
     QTest::keyClick(box, Qt::Key_Return);
 }
@@ -114,7 +114,7 @@ class TestFileDialogs : public QObject {
     void proposalIsTypedIn() {
         const QTemporaryDir folder;
         onOpen<QFileDialog>([&](QFileDialog& dialog) {
-            QCOMPARE(dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->text(), u"像.jpg"_s);
+            QCOMPARE(found<QLineEdit>(&dialog, u"fileNameEdit"_s)->text(), u"像.jpg"_s);
             dialog.reject();
         });
         askSaveFile(nullptr, u"保存"_s, u"JPG文件|*.jpg"_s, folder.filePath(u"像.jpg"_s));

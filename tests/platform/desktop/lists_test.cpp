@@ -242,18 +242,18 @@ class TestLists : public QObject {
         QCOMPARE(drives.Drive(), home);
     }
 
-    void largeFolderIsListedAtOnce() {
+    /// As one thing: what follows a selection must not be done for each of the files.
+    void largeFolderIsSelectedAtOnce() {
         const QTemporaryDir folder;
         for (int i = 0; i < 2000; ++i) writeFile(folder.filePath(u"%1.jpg"_s.arg(i)));
         FileList list;
         list.setPattern(u"*.jpg"_s);
-        QElapsedTimer timer;
-        timer.start();
         list.setPath(folder.path());
+        const QSignalSpy changed(&list, &QListWidget::itemSelectionChanged);
         list.selectAllEntries(true);
         QCOMPARE(list.ListCount(), 2000);
         QCOMPARE(list.List(1999), u"1999.jpg"_s);
-        QVERIFY2(timer.elapsed() < 1000, "2,000 files took a second");
+        QVERIFY2(changed.size() <= 1, qPrintable(QString::number(changed.size())));
     }
 };
 

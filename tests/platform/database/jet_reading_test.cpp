@@ -1,0 +1,187 @@
+#include "../../support/run_all.h"
+#include "jet_files.h"
+#include "jet_tables.h"
+
+#include <QBuffer>
+#include <QImage>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const jet::Form jet3{.version = jet::Version::jet3};
+const jet::Form jet4{};
+const jet::Form encoded{.key = 4711};
+
+/// What a column holds, row by row; "NULL" for nothing.
+QStringList textsOf(const Database& database, const QString& source, int column) {
+    QStringList texts;
+    for (Recordset set = database.OpenRecordset(source); !set.Eof(); set.MoveNext()) {
+        const Field field = set.Fields(column);
+        texts << (field.isNull() ? u"NULL"_s : field.Value().toText());
+    }
+    return texts;
+}
+
+QByteArray encodedImage(const char* format) {
+    QImage image(40, 30, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    image.save(&buffer, format);
+    return bytes;
+}
+
+/// Databases that the test makes itself, in both versions.
+class JetReadingTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<JetFiles> files_;
+
+    /// Under a name that tells nothing, in a place that shells would stumble over.
+    Database made(const QList<jet::Table>& tables, const jet::Form& form) const {
+        return OpenDatabase(files_->write(u"照片 'x' $1.dat"_s, jet::database(tables, form)));
+    }
+
+    static void forms() {
+        QTest::addColumn<jet::Form>("form");
+        QTest::addRow("jet 3") << jet3;
+        QTest::addRow("jet 4") << jet4;
+        QTest::addRow("jet 4, encoded") << encoded;
+    }
+
+  private Q_SLOTS:
+    void init() { files_ = std::make_unique<JetFiles>(); }
+    void cleanup() {
+        const QStringList left = files_->copies();
+        files_.reset();
+        QCOMPARE(left, QStringList());
+    }
+
+    void everyTypeIsRead_data() { forms(); }
+    void everyTypeIsRead() {
+        QFETCH(jet::Form, form);
+        const Database database = made({allTypes(form.version)}, form);
+        QVERIFY(database.isForeign());
+        const std::vector<TypeCase> cases = typeCases(form.version);
+        const Recordset set = database.OpenRecordset(u"全部 类型"_s);
+        QCOMPARE(set.FieldCount(), static_cast<int>(cases.size()));
+        for (int i = 0; i < set.FieldCount(); ++i) {
+            const TypeCase& expected = cases[static_cast<size_t>(i)];
+            const Field field = set.Fields(i);
+            QCOMPARE(field.Name(), expected.column.name);
+            QCOMPARE(u"%1:%2"_s.arg(static_cast<int>(field.Type())).arg(field.Size()), expected.layout);
+            const QString nothing = field.Type() == FieldType::boolean ? u"False"_s : u"NULL"_s;
+            QCOMPARE(textsOf(database, u"[全部 类型]"_s, i), (QStringList{expected.text, nothing}));
+        }
+    }
+
+    /// About where a value leaves its row, leaves one page for a second, and goes on over many.
+    void longValuesComeWhole_data() { forms(); }
+    void longValuesComeWhole() {
+        QFETCH(jet::Form, form);
+        const qsizetype room = jet::roomInPage(form.version);
+        const QList<qsizetype> sizes{0,    1,        jet::roomInRow,     jet::roomInRow + 1,
+                                     room, room + 1, 2 * (room - 4) + 1, 300000};
+        jet::Table table = longValues(sizes);
+        table.columns << jet::Column{u"包"_s, jet::Type::ole};
+        for (jet::Row& row : table.rows) row << jet::wrapped(encodedImage("BMP"));
+        const Database database = made({table}, form);
+        Recordset set = database.OpenRecordset(u"长"_s);
+        for (const jet::Row& row : table.rows) {
+            QCOMPARE(set.Fields(0).Value().toText(), row[0].toString());
+            QCOMPARE(set.Fields(1).Value().toBytes(), row[1].toByteArray());
+            QCOMPARE(set.Fields(1).GetChunk(2, 100), row[1].toByteArray().mid(2, 100));
+            QCOMPARE(set.Fields(2).Value().toText(), row[2].toString());
+            QCOMPARE(set.Fields(3).Value().toBytes(), encodedImage("BMP"));
+            set.MoveNext();
+        }
+        QVERIFY(set.Eof());
+    }
+
+    void manyTablesRowsAndColumns_data() { forms(); }
+    void manyTablesRowsAndColumns() {
+        QFETCH(jet::Form, form);
+        jet::Table empty = manyRows();
+        empty.name = u"空"_s;
+        empty.rows.clear();
+        const Database database = made({manyRows(), empty, manyColumns()}, form);
+        QCOMPARE(database.TableDefs(), (QStringList{u"行"_s, u"空"_s, u"列"_s}));
+        const QStringList numbers = textsOf(database, u"行"_s, 0);
+        QCOMPARE(numbers.size(), 700);
+        for (int i = 0; i < 700; ++i) QCOMPARE(numbers[i], QString::number(i + 1));
+        QCOMPARE(textsOf(database, u"行"_s, 1).last(), u"row 700"_s);
+        QCOMPARE(textsOf(database, u"空"_s, 0), QStringList());
+        const Recordset wide = database.OpenRecordset(u"列"_s);
+        QCOMPARE(wide.FieldCount(), 100);
+        for (int i = 0; i < 100; ++i) {
+            QCOMPARE(wide.Fields(i).Name(), u"column%1"_s.arg(i + 1));
+            QCOMPARE(wide.Fields(i).Value().toText(), u"value %1"_s.arg(i + 1));
+        }
+    }
+
+    void passwordIsRespected() {
+        for (jet::Form form : {jet3, jet4, encoded}) {
+            form.password = u"p"_s;
+            const QString path = files_->write(u"locked.mdb"_s, jet::database({manyRows()}, form));
+            QVERIFY(failsSaying([&] { OpenDatabase(path); }, {path, u"密码"_s}));
+        }
+    }
+
+    /// Of a file that names another code page than its texts are in.
+    void namesOfColumns() {
+        jet::Table table = manyColumns();
+        table.name = u"columns"_s;
+        QByteArray bytes = jet::database({table}, {.version = jet::Version::jet3, .codePage = 1252});
+        bytes.replace("\7column2", "\7\x90\x40\xd0\xf2\xba\xc5x");  // GBK, and no text in the file's own code page
+        bytes.replace("\7column3", "\7COLUMN1");
+        bytes.replace("\7column4", "\7\xe9t\xe9_a_b");
+        const Database database = OpenDatabase(files_->write(u"names.mdb"_s, bytes));
+        const Recordset set = database.OpenRecordset(table.name);
+        QStringList names;
+        for (int i = 0; i < 5; ++i) names << set.Fields(i).Name();
+        QCOMPARE(names, (QStringList{u"column1"_s, u"怈序号x"_s, u"COLUMN1_2"_s, u"été_a_b"_s, u"column5"_s}));
+    }
+
+    void nothingCanBeWritten() {
+        const Database database = made({manyRows()}, jet4);
+        const QByteArray before = JetFiles::content(database.Name());
+        Recordset set = database.OpenRecordset(u"行"_s);
+        for (const auto& step : std::vector<std::function<void()>>{
+                 [&] { set.Edit(); },
+                 [&] { set.AddNew(); },
+                 [&] { set.Delete(); },
+                 [&] { database.Execute(u"DELETE FROM 行"_s); },
+                 [&] { database.Execute(u"DROP TABLE 行"_s); },
+                 [&] { database.Execute(u"CREATE TABLE tc01 ([序号] LONG)"_s); },
+                 [&] { const Transaction transaction(database); },
+             }) {
+            QVERIFY(failsSaying(step, {u"只能读取"_s, database.Name()}));
+        }
+        QCOMPARE(set.EditMode(), Recordset::Mode::none);
+        QCOMPARE(set.rowCount(), 700);
+        QCOMPARE(JetFiles::content(database.Name()), before);
+    }
+
+    void oneCopyServesAllUntilTheFileChanges() {
+        const QString path = files_->write(u"a.mdb"_s, jet::database({manyColumns()}));
+        Database first = OpenDatabase(path);
+        setJetReader({u"/does/not/exist"_s});  // a second reading would fail
+        QCOMPARE(OpenDatabase(path).TableDefs(), QStringList(u"列"_s));
+        setJetReader();
+        files_->write(u"a.mdb"_s, jet::database({manyColumns(), manyRows()}));
+        QCOMPARE(OpenDatabase(path).TableDefs().size(), 2);
+        QCOMPARE(first.TableDefs(), QStringList(u"列"_s));
+        const Recordset set = first.OpenRecordset(u"列"_s);
+        first = {};
+        QCOMPARE(set.FieldCount(), 100);  // a set keeps its database
+    }
+};
+
+Registered<JetReadingTest> registered;
+
+}  // namespace
+
+Q_DECLARE_METATYPE(jet::Form)
+
+#include "jet_reading_test.moc"
