@@ -63,11 +63,14 @@ void PathLabel::paintEvent(QPaintEvent*) {
     painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextWrapAnywhere, text());
 }
 
+QString ElidedLabel::shownText() const {
+    return fontMetrics().elidedText(text(), mode_, width());
+}
+
 void ElidedLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
-    const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
-    painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextSingleLine, shown);
+    painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextSingleLine, shownText());
 }
 
 void NarrowCheckBox::paintEvent(QPaintEvent*) {
