@@ -363,7 +363,6 @@ class TestBackupRun : public QObject {
         QCOMPARE(picturesIn(backup.places.catalogue), 1);
     }
 
-    /// Whatever has become of the folders since the script was written.
     void restoreAfterFoldersWereMoved() {
         Backup backup;
         QVERIFY(backup.makeAndGoOn());
@@ -383,37 +382,32 @@ class TestBackupRun : public QObject {
         QLockFile lock(program + u"/lunq.lock"_s);
         QVERIFY(lock.tryLock());
         QVERIFY(refuses(run(script, {program}), u"软件正在运行"_s));
-        lock.unlock();
         QVERIFY(refuses(run(script, {program + u"-"_s}), u"“%1-”不存在"_s.arg(program)));
 
         // A script that was copied beside the catalogue does not take that for its backup.
-        const QString stray = folder.filePath(u"hf.sh"_s);
-        QVERIFY(QFile::copy(script, stray));
-        QVERIFY(refuses(run(stray), u"不存在，或不是图册数据库"_s));
+        QVERIFY(QFile::copy(script, folder.filePath(u"hf.sh"_s)));
+        QVERIFY(refuses(run(folder.filePath(u"hf.sh"_s)), u"不存在，或不是图册数据库"_s));
         QCOMPARE(faultOf(backup.places.catalogue), QString());
     }
 
     void missingProgramFolderIsNamed() {
         Backup backup;
         QVERIFY(backup.makeAndGoOn());
-        BackupPlaces places = backup.places;
-        places.catalogue = backup.sample.file(u"gone/lunq.mdb"_s);
-        places.lock = backup.sample.file(u"gone/lunq.lock"_s);
-        writeBackupScripts(places);
+        const QString catalogue = std::exchange(backup.places.catalogue, backup.sample.file(u"gone/lunq.mdb"_s));
+        backup.places.lock = backup.sample.file(u"gone/lunq.lock"_s);
+        writeBackupScripts(backup.places);
         QVERIFY(refuses(backup.hf(), u"软件的文件夹“%1/”不存在，没有恢复"_s.arg(backup.sample.file(u"gone"_s))));
-        QVERIFY(succeeds(run(restoreScriptPath(places.backup), {backup.sample.folder()})));
-        QCOMPARE(picturesIn(backup.places.catalogue), 0);
+        QVERIFY(succeeds(run(restoreScriptPath(backup.places.backup), {backup.sample.folder()})));
+        QCOMPARE(picturesIn(catalogue), 0);
     }
 
-    /// However the copy ends, the script itself tells of it, and stays the script that it was.
     void resultStandsInTheScript() {
         for (const bool ownCopier : {true, false}) {
             Backup backup;
             if (!ownCopier) backup.places.copier += u"-missing"_s;
             writeBackupScripts(backup.places);
-            const QString before = textOfScript(backupScriptPath());
-            QCOMPARE(resultInScript(before), QString());
             const auto result = [] { return resultInScript(textOfScript(backupScriptPath())); };
+            QCOMPARE(result(), QString());
             for (int i = 0; i < 2; ++i) {
                 QVERIFY(succeeds(backup.bf()));
                 QVERIFY(tellsOfGoodCopy(result()));
@@ -429,10 +423,9 @@ class TestBackupRun : public QObject {
 
     void killedCopyIsNoGoodOne() {
         Backup backup;
-        const QString copier = backup.sample.file(u"copier"_s);
-        writeFile(copier, "#!/bin/sh\nkill -KILL $PPID\n");
-        QFile::setPermissions(copier, QFile::ReadOwner | QFile::ExeOwner);
-        backup.places.copier = copier;
+        backup.places.copier = backup.sample.file(u"copier"_s);
+        writeFile(backup.places.copier, "#!/bin/sh\nkill -KILL $PPID\n");
+        QFile::setPermissions(backup.places.copier, QFile::ReadOwner | QFile::ExeOwner);
         writeBackupScripts(backup.places);
         run(backupScriptPath());
         QVERIFY(resultInScript(textOfScript(backupScriptPath())).endsWith(u"没有做完"_s));

@@ -123,8 +123,8 @@ bool UnnamedFile::takeNewName() {
         return true;
     }
 #endif
+    if (!renameNew(ownName_, path_)) return false;  // and can still replace what bears the name
     file_.close();
-    if (!renameNew(ownName_, path_)) return false;
     ownName_.clear();
     return true;
 }
