@@ -41,7 +41,7 @@ QString withoutAlbum(const QString& tables, const QString& table);
 std::optional<QSize> sizeFromSpec(const QString& sizeText);
 QString specOfPicture(const Picture& picture, const QString& star = QStringLiteral(" * "));
 
-/// By which sizes of pictures have always been told in pixels.
+/// Hundredths of a millimetre to the pixel, as all sizes in albums are computed.
 inline constexpr double hiMetricPerPixel = 26.455;
 
 /// Whole pixels of a HiMetric length: Int(length / 26.455).

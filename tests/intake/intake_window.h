@@ -127,7 +127,7 @@ class IntakeWindow : public SettingsWindow {
     QString caption(const QString& name) const { return button(name).text(); }
     QString hint() const { return label(QStringLiteral("lblTs")).mid(5); }
 
-    /// Fails at the first control that is not as told.
+    /// Fails at the first control that is in another state.
     void expect(const Look& look) const {
         const auto each = [this](const QString& names, const std::function<bool(const QWidget&)>& isAsTold) {
             for (const QString& name : names.split(u' ', Qt::SkipEmptyParts))
