@@ -10,8 +10,8 @@ namespace {
 constexpr QSize large(6000, 4500);
 
 /// A large photograph in one colour, whose preview has another one.
-QByteArray cameraFile(const QColor& colour, const QColor& preview) {
-    return withPreview(pictureBytes(large, colour), pictureBytes({160, 120}, preview));
+QByteArray cameraFile(const QColor& colour, const QColor& preview, QSize pixels = large) {
+    return withPreview(pictureBytes(pixels, colour), pictureBytes({160, 120}, preview));
 }
 
 bool looks(const ImageBox* box, const QColor& colour) {
@@ -132,7 +132,7 @@ class TestCellPictures : public QObject {
 
     void aSlideShowWithoutAPauseShowsSharpPictures() {
         ViewerWindow viewer([] {
-            setPictures(cameraFile(Qt::blue, Qt::red), 1, 10);
+            setPictures(cameraFile(Qt::blue, Qt::red, {1600, 1200}), 1, 10);
             ViewerWindow::setSetting(u"幻灯延时"_s, 1);
         });
         viewer.openAlbum(1);
