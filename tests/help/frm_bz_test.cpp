@@ -128,8 +128,8 @@ class TestHelpWindow : public QObject {
             QSize window, text;
             int frame, contents, buttons;
         };
-        for (const Case& each : {Case{{640, 480}, {6000, 6585}, 6550, 5800, 6120},
-                                 Case{{1000, 700}, {11400, 9885}, 9850, 9100, 9420}}) {
+        for (const Case& each :
+             {Case{{640, 480}, {6000, 6585}, 6550, 5800, 6120}, Case{{1000, 700}, {11400, 9885}, 9850, 9100, 9420}}) {
             help.form->resize(each.window);
             QCOMPARE(help.text().geometry(), rectFromTwips(3370, 90, each.text.width(), each.text.height()));
             QCOMPARE(help.find(u"shpMl"_s)->height(), rectFromTwips(0, 90, 1, each.frame).height());
