@@ -62,12 +62,13 @@ class FailingDisk {
         const int code = disk.real_.xOpen(&disk.real_, name, file, flags, opened);
         if (file->pMethods == nullptr) return code;
         disk.realMethods_ = file->pMethods;
-        sqlite3_io_methods& methods = disk.methods_[file->pMethods];
-        methods = *file->pMethods;
-        methods.xRead = read;
-        methods.xWrite = write;
-        methods.xSync = sync;
-        file->pMethods = &methods;
+        const auto [methods, isNew] = disk.methods_.try_emplace(file->pMethods, *file->pMethods);
+        if (isNew) {
+            methods->second.xRead = read;
+            methods->second.xWrite = write;
+            methods->second.xSync = sync;
+        }
+        file->pMethods = &methods->second;
         return code;
     }
     static int read(sqlite3_file* file, void* bytes, int length, sqlite3_int64 at) {
@@ -77,20 +78,21 @@ class FailingDisk {
             std::this_thread::sleep_for(std::chrono::milliseconds(disk.pauseOfOthersMs));
         }
         if (at + length > disk.readingFrom && isMet(disk.reading)) return disk.reading.code;
-        return disk.realMethods_->xRead(file, bytes, length, at);
+        return disk.realMethods_.load()->xRead(file, bytes, length, at);
     }
     static int write(sqlite3_file* file, const void* bytes, int length, sqlite3_int64 at) {
         FailingDisk& disk = *current();
-        return isMet(disk.writing) ? disk.writing.code : disk.realMethods_->xWrite(file, bytes, length, at);
+        return isMet(disk.writing) ? disk.writing.code : disk.realMethods_.load()->xWrite(file, bytes, length, at);
     }
     static int sync(sqlite3_file* file, int flags) {
         FailingDisk& disk = *current();
-        return isMet(disk.syncing) ? disk.syncing.code : disk.realMethods_->xSync(file, flags);
+        return isMet(disk.syncing) ? disk.syncing.code : disk.realMethods_.load()->xSync(file, flags);
     }
 
     const std::thread::id maker_ = std::this_thread::get_id();
     sqlite3_vfs real_;
     sqlite3_vfs failing_;
-    const sqlite3_io_methods* realMethods_ = nullptr;  ///< All kinds of files read, write and sync by the same ones.
+    /// All kinds of files read, write and sync by the same ones.
+    std::atomic<const sqlite3_io_methods*> realMethods_ = nullptr;
     std::map<const sqlite3_io_methods*, sqlite3_io_methods> methods_;  ///< By the real ones: only databases are locked.
 };
