@@ -10,9 +10,9 @@ target_compile_definitions(lunq_flags INTERFACE
   QT_NO_FOREACH QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_STRICT_ITERATORS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 target_include_directories(lunq_flags INTERFACE "${CMAKE_SOURCE_DIR}/src")
 if(LUNQ_SANITIZE)
-  target_compile_options(lunq_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
+  target_compile_options(lunq_flags INTERFACE -fsanitize=${LUNQ_SANITIZE} -fno-sanitize-recover=undefined
                                               -fno-omit-frame-pointer)
-  target_link_options(lunq_flags INTERFACE -fsanitize=address,undefined)
+  target_link_options(lunq_flags INTERFACE -fsanitize=${LUNQ_SANITIZE})
 endif()
 if(LUNQ_FUZZ)
   target_compile_options(lunq_flags INTERFACE -fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow

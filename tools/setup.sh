@@ -15,8 +15,8 @@ required_packages=(
 optional_packages=(qt6-translations-l10n qt6-wayland)
 # What the tests check the desktop's files with.
 test_packages=(desktop-file-utils appstream)
-# What only the formatting check needs. Every version lays code out a little differently, hence the number.
-format_packages=(clang-format-14 git)
+# What the checks of .ci/run need besides: layout, findings and warnings differ from version to version, hence the number.
+check_packages=(clang-format-14 clang-tidy-14 clang-14 libclang-rt-14-dev llvm-14 shellcheck git)
 # What the fuzz targets are built with: they need the fuzzer and the sanitizers that come with this compiler.
 fuzz_packages=(clang-14 libclang-rt-14-dev llvm-14)
 

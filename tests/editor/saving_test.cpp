@@ -107,6 +107,30 @@ class TestSaving : public QObject {
         QCOMPARE(fieldOf(source, u"规格"_s).toText(), u"80 * 60"_s);
     }
 
+    /// Wherever the disk fails on the way: what the record tells of its picture is true.
+    void recordAndPictureAreStoredTogether() {
+        const QString source = u"SELECT * FROM tc01 WHERE 序号 = 1"_s;
+        bool isStored = false;
+        for (int waits = 0; !isStored; ++waits) {
+            FailingDisk disk;
+            EditorWindow editor;
+            editor.press(u"sk"_s);
+            auto* albums = editor.find<QComboBox>(u"cboBm"_s);
+            albums->setCurrentIndex(albums->findText(u"tc01"_s, Qt::MatchStartsWith));
+            Q_EMIT albums->activated(albums->currentIndex());
+            editor.clickRow(0);
+            editor.click(u"cmdQd"_s);
+            editor.scale(u"2"_s);
+            disk.syncing = {.code = SQLITE_IOERR_FSYNC, .reason = EIO, .before = waits};
+            editor.press(u"bc"_s);
+            disk.syncing = {};
+            isStored = editor.lastBox().startsWith(u"保存图片|图片已保存完毕！"_s);
+            const QSize pixels = QImage::fromData(fieldOf(source, u"图片"_s).toBytes()).size();
+            QCOMPARE(fieldOf(source, u"规格"_s).toText(), u"%1 * %2"_s.arg(pixels.width()).arg(pixels.height()));
+            QVERIFY(waits >= 2 || !isStored);  // the journal and the file are waited for
+        }
+    }
+
     void aFirstStepThatIsLost() {
         FailingDisk disk;
         OpenEditor editor;

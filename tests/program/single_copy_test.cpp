@@ -3,6 +3,7 @@
 #include "../support/run_all.h"
 #include "platform/base/file_lock.h"
 
+#include <dlfcn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -10,8 +11,24 @@
 #include <QSysInfo>
 #include <QTemporaryDir>
 #include <QtTest/QtTest>
+#include <functional>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Done once, when somebody locks a file as `QLockFile` does.
+std::function<void()> beforeNextLock;
+
+}  // namespace
+
+/// In the place of the system's own.
+extern "C" int flock(int file, int operation) noexcept {
+    static const auto real = reinterpret_cast<int (*)(int, int)>(dlsym(RTLD_NEXT, "flock"));
+    if (const auto step = std::exchange(beforeNextLock, {})) step();
+    return real(file, operation);
+}
 
 namespace {
 
@@ -75,6 +92,18 @@ class TestSingleCopy : public QObject {
             FileLock second;
             QCOMPARE(second.take(file(u"lunq.mdb"_s)), FileLock::Outcome::heldByAnother);
         }
+    }
+
+    /// Between the lock on the catalogue and the one beside it.
+    void catalogueThatIsReplacedMeanwhileIsLocked() {
+        bool isReplaced = false;
+        beforeNextLock = [&] {
+            write(file(u"new"_s), "a backup in its place");
+            isReplaced = ::rename(qPrintable(file(u"new"_s)), qPrintable(file(u"lunq.mdb"_s))) == 0;
+        };
+        SingleCopy copy(file(u"lunq.mdb"_s), file(u"lunq.lock"_s));
+        QVERIFY(copy.isOnly() && isReplaced);
+        QCOMPARE(FileLock().take(file(u"lunq.mdb"_s)), FileLock::Outcome::heldByAnother);
     }
 
     void replacedCatalogueIsStillTaken() {

@@ -3,8 +3,11 @@
 #include <sqlite3.h>
 
 #include <QtGlobal>
+#include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <map>
+#include <thread>
 
 /// Lets the engine meet a disk that fails, as long as the object lives, in files that it opens meanwhile. To be told
 /// before each use what fails; at first nothing does.
@@ -15,6 +18,7 @@ class FailingDisk {
         int code = SQLITE_OK;
         int reason = 0;
         int calls = -1;  ///< How many fail, the later ones go through again; all when negative.
+        int before = 0;  ///< How many go through until then.
     };
 
     FailingDisk() : real_(*sqlite3_vfs_find(nullptr)), failing_(real_) {
@@ -30,6 +34,11 @@ class FailingDisk {
     Fault reading, writing, syncing;
     sqlite3_int64 readingFrom = 0;  ///< What lies before can be read.
 
+    /// How long other threads than the one that made this object wait for each piece that they read, and how many
+    /// pieces they have read.
+    std::atomic<int> pauseOfOthersMs = 0;
+    std::atomic<int> readByOthers = 0;
+
   private:
     static FailingDisk*& current() {
         static FailingDisk* disk = nullptr;
@@ -38,6 +47,10 @@ class FailingDisk {
 
     static bool isMet(Fault& fault) {
         if (fault.code == SQLITE_OK || fault.calls == 0) return false;
+        if (fault.before > 0) {
+            --fault.before;
+            return false;
+        }
         if (fault.calls > 0) --fault.calls;
         errno = fault.reason;
         return true;
@@ -49,30 +62,37 @@ class FailingDisk {
         const int code = disk.real_.xOpen(&disk.real_, name, file, flags, opened);
         if (file->pMethods == nullptr) return code;
         disk.realMethods_ = file->pMethods;
-        sqlite3_io_methods& methods = disk.methods_[file->pMethods];
-        methods = *file->pMethods;
-        methods.xRead = read;
-        methods.xWrite = write;
-        methods.xSync = sync;
-        file->pMethods = &methods;
+        const auto [methods, isNew] = disk.methods_.try_emplace(file->pMethods, *file->pMethods);
+        if (isNew) {
+            methods->second.xRead = read;
+            methods->second.xWrite = write;
+            methods->second.xSync = sync;
+        }
+        file->pMethods = &methods->second;
         return code;
     }
     static int read(sqlite3_file* file, void* bytes, int length, sqlite3_int64 at) {
         FailingDisk& disk = *current();
+        if (std::this_thread::get_id() != disk.maker_) {
+            ++disk.readByOthers;
+            std::this_thread::sleep_for(std::chrono::milliseconds(disk.pauseOfOthersMs));
+        }
         if (at + length > disk.readingFrom && isMet(disk.reading)) return disk.reading.code;
-        return disk.realMethods_->xRead(file, bytes, length, at);
+        return disk.realMethods_.load()->xRead(file, bytes, length, at);
     }
     static int write(sqlite3_file* file, const void* bytes, int length, sqlite3_int64 at) {
         FailingDisk& disk = *current();
-        return isMet(disk.writing) ? disk.writing.code : disk.realMethods_->xWrite(file, bytes, length, at);
+        return isMet(disk.writing) ? disk.writing.code : disk.realMethods_.load()->xWrite(file, bytes, length, at);
     }
     static int sync(sqlite3_file* file, int flags) {
         FailingDisk& disk = *current();
-        return isMet(disk.syncing) ? disk.syncing.code : disk.realMethods_->xSync(file, flags);
+        return isMet(disk.syncing) ? disk.syncing.code : disk.realMethods_.load()->xSync(file, flags);
     }
 
+    const std::thread::id maker_ = std::this_thread::get_id();
     sqlite3_vfs real_;
     sqlite3_vfs failing_;
-    const sqlite3_io_methods* realMethods_ = nullptr;  ///< All kinds of files read, write and sync by the same ones.
+    /// All kinds of files read, write and sync by the same ones.
+    std::atomic<const sqlite3_io_methods*> realMethods_ = nullptr;
     std::map<const sqlite3_io_methods*, sqlite3_io_methods> methods_;  ///< By the real ones: only databases are locked.
 };

@@ -2,6 +2,8 @@
 #include "viewer/cell_box.h"
 #include "viewer_window.h"
 
+#include <random>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -9,9 +11,15 @@ namespace {
 /// Decoding a photograph of this size takes far longer than a page waits for it.
 constexpr QSize large(6000, 4500);
 
-/// A large photograph in one colour, whose preview has another one.
-QByteArray cameraFile(const QColor& colour, const QColor& preview, QSize pixels = large) {
-    return withPreview(pictureBytes(pixels, colour), pictureBytes({160, 120}, preview));
+/// A blue photograph whose decoding takes far longer than a page waits: its colours lie in scans of their own.
+QByteArray slowFile(const QByteArray& preview) {
+    static const QByteArray photograph = [] {
+        QImage grainy({3600, 2700}, QImage::Format_RGB32);
+        for (int y = 0; y < grainy.height(); ++y)
+            for (int x = 0; x < grainy.width(); ++x) grainy.setPixel(x, y, qRgb(0, 0, 240 + x * 7 % 16));
+        return jpegBytes(grainy, {JpegOptions::Kind::coloursApart});
+    }();
+    return withPreview(photograph, preview);
 }
 
 bool looks(const ImageBox* box, const QColor& colour) {
@@ -34,12 +42,7 @@ class TestCellPictures : public QObject {
 
   private Q_SLOTS:
     void photographsShowTheirPreviewUntilTheyAreSharp() {
-        // Colours in scans of their own take the decoder far longer than a page waits.
-        QImage grainy({3600, 2700}, QImage::Format_RGB32);
-        for (int y = 0; y < grainy.height(); ++y)
-            for (int x = 0; x < grainy.width(); ++x) grainy.setPixel(x, y, qRgb(0, 0, 240 + x * 7 % 16));
-        const QByteArray bytes =
-            withPreview(jpegBytes(grainy, {JpegOptions::Kind::coloursApart}), pictureBytes({160, 120}, Qt::red));
+        const QByteArray bytes = slowFile(pictureBytes({160, 120}, Qt::red));
         ViewerWindow viewer([&] { setPictures(bytes, 1, 9); });
         viewer.openAlbum(1);
         viewer.chooseColumns(3);
@@ -52,6 +55,21 @@ class TestCellPictures : public QObject {
         }
         QVERIFY(previews > 0);
         for (int i = 0; i < 9; ++i) QTRY_VERIFY(looks(viewer.image(element(u"imgXs"_s, i)), Qt::blue));
+    }
+
+    /// A preview that has not the shape of its photograph is of another one: an older state, a cut, a turned one.
+    void previewsOfAnotherShapeAreNotShown() {
+        for (const QSize shape : {QSize(120, 160), QSize(160, 60)}) {
+            const QByteArray bytes = slowFile(pictureBytes(shape, Qt::red));
+            ViewerWindow viewer([&] { setPictures(bytes, 1, 9); });
+            viewer.openAlbum(1);
+            viewer.chooseColumns(3);
+            viewer.chooseButton(0);
+            for (int i = 0; i < 9; ++i) {
+                const ImageBox* box = viewer.image(element(u"imgXs"_s, i));
+                QVERIFY(box->picture().isNull() || looks(box, Qt::blue));
+            }
+        }
     }
 
     void whatIsDecodedAheadIsNeverOlderThanTheRecord() {
@@ -131,8 +149,15 @@ class TestCellPictures : public QObject {
     }
 
     void aSlideShowWithoutAPauseShowsSharpPictures() {
-        ViewerWindow viewer([] {
-            setPictures(cameraFile(Qt::blue, Qt::red, {1600, 1200}), 1, 10);
+        // Many bytes, and quickly decoded also where the machine has other work.
+        QImage grainy({800, 600}, QImage::Format_RGB32);
+        std::mt19937 random(1);
+        for (int y = 0; y < grainy.height(); ++y)
+            for (int x = 0; x < grainy.width(); ++x) grainy.setPixel(x, y, qRgb(0, 0, 240 + int(random() % 16)));
+        const QByteArray bytes = withPreview(jpegBytes(grainy, {.quality = 100}), pictureBytes({160, 120}, Qt::red));
+        QVERIFY(bytes.size() > 200'000);  // of smaller ones no preview is shown
+        ViewerWindow viewer([&] {
+            setPictures(bytes, 1, 10);
             ViewerWindow::setSetting(u"幻灯延时"_s, 1);
         });
         viewer.openAlbum(1);

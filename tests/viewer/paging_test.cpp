@@ -67,6 +67,25 @@ class TestPaging : public QObject {
         QCOMPARE(large.text(u"txtYh"_s), u"1"_s);
     }
 
+    void noEmptyPageFollowsAFullOne() {
+        for (const int pictures : {4, 8, 9}) {
+            const ViewerWindow viewer(
+                [&] { mekTp::catalogue.Execute(u"DELETE FROM tc01 WHERE 序号 > %1"_s.arg(pictures)); });
+            viewer.openAlbum(1);
+            viewer.chooseColumns(2);
+            viewer.chooseButton(0);
+            const int pages = (pictures + 3) / 4;
+            QVERIFY2(viewer.panel(3).contains(u"共%1页"_s.arg(pages)), qPrintable(viewer.panel(3)));
+            for (int page = 1; page < pages; ++page) viewer.press(u"xy"_s);
+            const int first = viewer.pictureIn(0);
+            QCOMPARE(first, 4 * pages - 3);
+            viewer.press(u"xy"_s);
+            QCOMPARE(viewer.pictureIn(0), first);
+            QCOMPARE(viewer.panel(3), u"翻页已到文件尾！"_s);
+            QCOMPARE(viewer.text(u"txtYh"_s), QString::number(pages));
+        }
+    }
+
     void typedPageNumber() {
         const OpenPage viewer(2);
         auto* number = viewer.box(u"txtYh"_s);

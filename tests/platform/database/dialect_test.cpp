@@ -59,6 +59,24 @@ class DialectTest : public QObject {
         }
     }
 
+    void dayOfADate() {
+        const std::pair<QString, QString> cases[] = {
+            {u"2003-10-01 23:59:59"_s, u"2003-10-01 00:00:00"_s},
+            {u"2003-10-01 00:00:00"_s, u"2003-10-01 00:00:00"_s},
+            {u"2003/10/1 8:05"_s, u"2003-10-01 00:00:00"_s},
+            {u"2003-10-01 24:00:00"_s, {}},
+            {u"2003-10-01 23:60:00"_s, {}},
+            {u"2003-10-01 23:59:60"_s, {}},
+            {u"2003-02-29 00:00:00"_s, {}},
+            {u"2003-10-00 00:00:00"_s, {}},
+            {u"2003-10-01 2:"_s, {}},
+        };
+        for (const auto& [date, day] : cases) {
+            const Recordset set = album_.open(u"SELECT DateValue('%1') AS d FROM tc01"_s.arg(date));
+            QCOMPARE(set.Fields(u"d"_s).Value().textOr(), day);
+        }
+    }
+
     void refuses() {
         const std::tuple<QString, QString> cases[] = {
             {u"SELECT * FROM tc01 WHERE  ORDER BY [序号]"_s, u"WHERE"_s},

@@ -1,4 +1,5 @@
 #include "../../support/disk_faults.h"
+#include "../../support/failing_disk.h"
 #include "../../support/run_all.h"
 #include "platform/database/file_check.h"
 #include "test_album.h"
@@ -220,6 +221,26 @@ class FilesTest : public QObject {
         QCOMPARE(set.Fields(u"图片"_s).Value().toBytes(), QByteArray(100000, 'p'));
         QCOMPARE(album_->shell(u"PRAGMA integrity_check"_s), u"ok"_s);
         QCOMPARE(album_->keptPictures(), u"3"_s);
+        setRemark(set, u"后"_s);
+        QCOMPARE(album_->remark(1), u"后"_s);
+    }
+
+    /// What is told to be stored is on the disk: where that cannot be waited for, it is not stored.
+    void changesWaitForTheDisk() {
+        album_->database = {};
+        FailingDisk disk;
+        const auto closed = qScopeGuard([this] { album_->database = {}; });  // before the disk goes
+        album_->database = OpenDatabase(album_->path());
+        Recordset set = album_->open(u"tc01"_s);
+        setRemark(set, u"前"_s);
+        constexpr int leastWaits = 2;  // for the journal, and for the file
+        for (int waits = 0; waits < leastWaits; ++waits) {
+            disk.syncing = {.code = SQLITE_IOERR_FSYNC, .reason = EIO, .calls = 1, .before = waits};
+            QVERIFY(failsSaying([&] { setRemark(set, u"后"_s); }, {album_->path()}));
+            QCOMPARE(disk.syncing.calls, 0);
+            QCOMPARE(album_->remark(1), u"前"_s);
+        }
+        disk.syncing = {};
         setRemark(set, u"后"_s);
         QCOMPARE(album_->remark(1), u"后"_s);
     }

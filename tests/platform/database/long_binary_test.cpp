@@ -131,6 +131,24 @@ class LongBinaryTest : public QObject {
         QCOMPARE(album_->shell(change), QString());
     }
 
+    /// However it was read, and however little of it: what has been read is in nobody's way.
+    void readValueKeepsNobodyFromWriting() {
+        album_->add(1, u""_s, u"2003-10-01"_s, someBytes(50000));
+        const Recordset set = album_->open(u"tc01"_s);
+        const StoredValue value = set.storedAt(0, picture);
+        const std::function<void()> readings[] = {
+            [&] { QCOMPARE(value.size(), 50000); },
+            [&] { QCOMPARE(value.read(0, 100), someBytes(50000).left(100)); },
+            [&] { QCOMPARE(value.read(20000, 100).size(), 100); },
+            [&] { QCOMPARE(set.Fields(picture).FieldSize(), 50000); },
+            [&] { QCOMPARE(set.Fields(picture).Value().toBytes(), someBytes(50000)); },
+        };
+        for (const auto& reading : readings) {
+            reading();
+            QCOMPARE(album_->shell(u"UPDATE tc01 SET 备注 = 'x'"_s), QString());
+        }
+    }
+
     void comesFromASourceWhenItIsStored() {
         album_->add(1, u""_s, u"2003-10-01"_s, "old");
         Recordset set = album_->open(u"tc01"_s);

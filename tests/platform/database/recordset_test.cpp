@@ -202,6 +202,8 @@ class RecordsetTest : public QObject {
             }};
         for (const auto& removal : removals) {
             init();
+            album_->database = {};  // what the connection knows of identities is what the set tells it
+            album_->database = OpenDatabase(album_->path());
             Recordset earlier = open(u"tc01"_s);
             earlier.MoveLast();
             removal(*album_);
