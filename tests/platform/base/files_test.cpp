@@ -8,6 +8,8 @@
 #include "platform/base/system_reason.h"
 #include "platform/base/twips.h"
 
+#include <sys/stat.h>
+
 #include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -83,6 +85,26 @@ class FilesTest : public QObject {
                     renameNew(folder_.filePath(u"另"_s), folder_.filePath(u"无/另"_s));
                 }).contains(u"不存在"_s));
         QCOMPARE(content(u"另"_s), QByteArray("new"));
+    }
+
+    /// Lists of files leave out what the program would wait at for ever.
+    void listsHoldFilesAlone() {
+        const QTemporaryDir folder;
+        const auto path = [&](const QString& name) { return folder.filePath(name); };
+        QFile file(path(u"图.mdb"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly) && QDir(folder.path()).mkdir(u"夹.mdb"_s));
+        QCOMPARE(mkfifo(qPrintable(path(u"管.mdb"_s)), 0600), 0);
+        QVERIFY(QFile::link(file.fileName(), path(u"链.MDB"_s)));
+        for (const auto& [name, target] : {std::pair{u"a.mdb"_s, path(u"管.mdb"_s)},
+                                           {u"b.mdb"_s, u"/dev/zero"_s},
+                                           {u"c.mdb"_s, path(u"夹.mdb"_s)},
+                                           {u"d.mdb"_s, path(u"无"_s)}})
+            QVERIFY(QFile::link(target, path(name)));
+        QStringList names = filesIn(folder.path(), {u"*.mdb"_s});
+        names.sort();
+        QCOMPARE(names, (QStringList{u"图.mdb"_s, u"链.MDB"_s}));
+        QCOMPARE(filesIn(folder.path(), {u"*.jpg"_s}), QStringList());
+        QVERIFY(fileExists(path(u"链.MDB"_s)) && !fileExists(path(u"a.mdb"_s)) && !fileExists(path(u"b.mdb"_s)));
     }
 
     void reasonsAreTold() {
