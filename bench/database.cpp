@@ -1,6 +1,6 @@
 // Times the operations of the catalogue that grow with the collection. Run by hand: bench_database [pictures]
 
-#include "platform/database/database.h"
+#include "platform/database/records/database.h"
 
 #include "filling.h"
 #include "jet_maker/jet_maker.h"

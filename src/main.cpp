@@ -1,10 +1,10 @@
 #include "catalogue/mektp.h"
 #include "catalogue/open_check.h"
-#include "damage_notice.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/message_box.h"
-#include "program.h"
-#include "start_up.h"
+#include "start/damage_notice.h"
+#include "start/program.h"
+#include "start/start_up.h"
 
 #include <QApplication>
 #include <QIcon>

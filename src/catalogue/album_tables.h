@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database/database.h"
+#include "platform/database/records/database.h"
 
 /// Which tables of a catalogue hold pictures. Their columns tell, not their names: an album may have been named by
 /// hand.

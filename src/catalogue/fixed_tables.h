@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database/database.h"
+#include "platform/database/records/database.h"
 
 /// Names of the tables that every catalogue has beside its albums.
 QStringList fixedTables();

@@ -3,7 +3,7 @@
 #include "catalogue/album_rules.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
-#include "platform/database/own_values.h"
+#include "platform/database/records/own_values.h"
 
 #include <QFileInfo>
 #include <filesystem>

@@ -9,7 +9,7 @@ using namespace Qt::Literals::StringLiterals;
 
 NextNumber::NextNumber(const Database& database, const QString& table) {
     const Recordset rows = database.OpenRecordset(u"SELECT MAX([序号]) AS 最大 FROM ["_s + table + u']');
-    const Variant highest = rows.Fields(0).Value();
+    const FieldValue highest = rows.Fields(0).Value();
     if (!highest.isNull()) number_ = std::max<qint64>(highest.toInteger(), 0) + 1;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database/database.h"
+#include "platform/database/records/database.h"
 
 /// The numbers (序号) for records that join an album table, one after the other: from the highest one there + 1, or
 /// from 1 where there is none above 0. The order of the rows does not count, nor do records without a number: no number

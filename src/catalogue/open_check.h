@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database/file_check.h"
+#include "platform/database/file/file_check.h"
 
 #include <QString>
 #include <chrono>

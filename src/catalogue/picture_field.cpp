@@ -3,7 +3,7 @@
 #include "platform/base/error.h"
 #include "platform/base/odd_names.h"
 #include "platform/base/system_reason.h"
-#include "platform/database/field_device.h"
+#include "platform/database/records/field_device.h"
 
 #include <QFile>
 #include <algorithm>
@@ -73,12 +73,12 @@ qint64 storePictureFile(Field field, const QString& path) {
     }
     QByteArray value(file->size(), Qt::Uninitialized);
     file->read(value.data(), value.size());
-    field.SetValue(Variant(value));
+    field.SetValue(FieldValue(value));
     return length;
 }
 
 qint64 storePictureBytes(Field field, const QByteArray& bytes) {
     if (bytes.isEmpty()) return 0;
-    field.SetValue(Variant(bytes + QByteArray(storedLength(bytes.size()) - bytes.size(), '\0')));
+    field.SetValue(FieldValue(bytes + QByteArray(storedLength(bytes.size()) - bytes.size(), '\0')));
     return bytes.size();
 }

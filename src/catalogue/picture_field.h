@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database/recordset.h"
+#include "platform/database/records/recordset.h"
 #include "platform/picture/picture.h"
 
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalogue/decoding_threads.h"
-#include "platform/database/stored_value.h"
+#include "platform/database/records/stored_value.h"
 
 #include <QCache>
 #include <QHash>

@@ -2,7 +2,7 @@
 
 #include "catalogue/mektp.h"
 #include "platform/base/error.h"
-#include "platform/database/own_values.h"
+#include "platform/database/records/own_values.h"
 
 using namespace Qt::Literals::StringLiterals;
 

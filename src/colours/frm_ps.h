@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/database/recordset.h"
+#include "platform/database/records/recordset.h"
 #include "platform/desktop/image_box.h"
 #include "platform/desktop/shapes.h"
 #include "platform/desktop/text_box.h"
-#include "shell/windows.h"
+#include "windows/windows.h"
 
 #include <QComboBox>
 #include <QLabel>

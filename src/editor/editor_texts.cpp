@@ -81,7 +81,7 @@ QString fileSourceLine(const QString& path, qint64 bytes, QSize hiMetric) {
 QString albumSourceLine(const QString& table, Recordset& record) {
     QString line = u"[从图册读出] 图册名："_s + table;
     for (const QString& column : {u"序号"_s, u"编号"_s, u"大小"_s, u"规格"_s}) {
-        const Variant value = record.Fields(column).Value();
+        const FieldValue value = record.Fields(column).Value();
         if (!value.isNull()) line += u' ' + column + u"："_s + value.toText();
     }
     return line;

@@ -5,7 +5,7 @@
 #include "editor/crop_tool.h"
 #include "editor/saving.h"
 #include "editor/transforms.h"
-#include "shell/windows.h"
+#include "windows/windows.h"
 
 #include <QMainWindow>
 

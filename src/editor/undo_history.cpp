@@ -103,7 +103,7 @@ void UndoHistory::write(const Step& step, const QByteArray& jpeg) {
     Transaction whole(mekTp::catalogue);
     Recordset rows = mekTp::catalogue.OpenRecordset(u"tccx"_s);
     rows.AddNew();
-    const std::pair<QString, Variant> values[] = {
+    const std::pair<QString, FieldValue> values[] = {
         {u"编号"_s, step.number},
         {u"标签"_s, step.label},
         {u"图宽"_s, float(step.size.width())},

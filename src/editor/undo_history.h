@@ -1,7 +1,7 @@
 #pragma once
 
 #include "editor/operation_dialog.h"
-#include "platform/database/recordset.h"
+#include "platform/database/records/recordset.h"
 
 #include <future>
 #include <optional>

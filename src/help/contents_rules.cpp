@@ -1,6 +1,6 @@
 #include "help/contents_rules.h"
 
-#include "platform/database/database.h"
+#include "platform/database/records/database.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "help/rich_text_box.h"
-#include "shell/windows.h"
+#include "windows/windows.h"
 
 #include <QWidget>
 

@@ -7,7 +7,7 @@
 #include "intake/intake_texts.h"
 #include "intake/picture_size.h"
 #include "platform/base/error.h"
-#include "platform/database/field_device.h"
+#include "platform/database/records/field_device.h"
 #include "platform/desktop/data_control.h"
 #include "platform/picture/picture_bytes.h"
 
@@ -111,7 +111,7 @@ class Copy {
     /// tells about it, stay when no other comes.
     void complete(Recordset& record, const QString& column) {
         if (keepsPicture_ && aboutPicture.contains(column)) return;
-        const auto set = [&](const Variant& value) { table().Fields(column).SetValue(value); };
+        const auto set = [&](const FieldValue& value) { table().Fields(column).SetValue(value); };
         if (column == u"编号"_s || column == u"备注"_s)
             set(u" "_s);
         else if (column == pictureColumn)

@@ -165,7 +165,7 @@ void DatabaseIntake::showTarget() {
 void DatabaseIntake::rowClicked() {
     if (!choosesRows_) return;
     const QString& field = mapping_.indexFieldName();
-    const Variant key = shared_.datBj->Recordset().Fields(field).Value();
+    const FieldValue key = shared_.datBj->Recordset().Fields(field).Value();
     if (key.isNull()) {
         say(shared_.form, u"这条记录的“%1”为空，不能选择。"_s.arg(field));
         return;
@@ -209,7 +209,7 @@ int DatabaseIntake::listAll() {
     int unnamed = 0;
     for (Recordset rows = mapping_.sourceDatabase().OpenRecordset(allRecordsSql(state_.sourceTable, field));
          !rows.Eof(); rows.MoveNext()) {
-        const Variant key = rows.Fields(field).Value();
+        const FieldValue key = rows.Fields(field).Value();
         if (key.isNull())
             ++unnamed;
         else

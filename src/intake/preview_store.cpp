@@ -114,7 +114,7 @@ void PreviewPanel::storeInRecord() {
     // The question comes before the record is touched: nothing is half done while the box waits.
     const QDateTime date = FileDateTime(path);
     const bool takeDate =
-        ask(controls_.form, u"  所选图片日期是："_s + Variant(date).toText() + u"\n原有图片的日期是："_s +
+        ask(controls_.form, u"  所选图片日期是："_s + FieldValue(date).toText() + u"\n原有图片的日期是："_s +
                                 records.Fields(u"日期"_s).Value().textOr() +
                                 u"\n\n如果要更改，请按《确定》；否则按《取消》。"_s);
     records.Edit();

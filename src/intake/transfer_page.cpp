@@ -235,7 +235,7 @@ void TransferPage::filtered(const QString& code, int total) {
 
 void TransferPage::rowClicked() {
     if (names_.isOpen()) return;
-    const Variant number = controls_.datBj->Recordset().Fields(u"序号"_s).Value();
+    const FieldValue number = controls_.datBj->Recordset().Fields(u"序号"_s).Value();
     if (number.isNull()) {
         say(controls_.form, u"这条记录没有序号，不能选择。"_s);
         return;
@@ -299,7 +299,7 @@ void TransferPage::cmdXbClick() {
 void TransferPage::addNumbers(const QString& source) {
     QStringList numbers;
     for (Recordset records = mekTp::catalogue.OpenRecordset(source); !records.Eof(); records.MoveNext()) {
-        const Variant number = records.Fields(u"序号"_s).Value();
+        const FieldValue number = records.Fields(u"序号"_s).Value();
         if (!number.isNull()) numbers << number.toText();
     }
     controls_.lstSu->addItems(numbers);

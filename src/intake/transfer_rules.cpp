@@ -28,7 +28,7 @@ QString chosenText(int count) {
     return u"已选中%1条"_s.arg(count);
 }
 
-QString defaultPictureName(const Variant& code, int number) {
+QString defaultPictureName(const FieldValue& code, int number) {
     const QString codes = code.textOr().trimmed();
     QString name = (codes.isEmpty() ? u"0"_s : codes) + QString::number(number) + jpgEnding;
     return name.replace(u'/', u'_').replace(QDir::separator(), u'_').replace(QChar(u'\0'), u'_');

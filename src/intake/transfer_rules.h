@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database/variant.h"
+#include "platform/database/records/field_value.h"
 
 #include <QString>
 #include <QStringList>
@@ -18,7 +18,7 @@ QString chosenText(int count);
 
 /// Name of the file that a picture gets by default: 编号 ("0" where there are none but blanks), 序号 and ".jpg". A sign
 /// that would lead to another folder becomes "_".
-QString defaultPictureName(const Variant& code, int number);
+QString defaultPictureName(const FieldValue& code, int number);
 
 /// A name as the box for it completes it: it always ends in ".jpg". An empty one stays empty.
 QString completedPictureName(const QString& name);

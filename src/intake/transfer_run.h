@@ -2,7 +2,7 @@
 
 #include "intake/mapping_rules.h"
 #include "intake/transfer_rules.h"
-#include "platform/database/database.h"
+#include "platform/database/records/database.h"
 
 #include <QStringList>
 #include <functional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database/database.h"
+#include "platform/database/records/database.h"
 
 #include <QString>
 

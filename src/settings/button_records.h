@@ -1,7 +1,7 @@
 #pragma once
 
 #include "intake/bmp_files.h"
-#include "platform/database/database.h"
+#include "platform/database/records/database.h"
 #include "settings/button_rules.h"
 
 #include <optional>

@@ -2,7 +2,7 @@
 
 #include "catalogue/album_rules.h"
 #include "platform/base/conversion.h"
-#include "platform/database/database.h"
+#include "platform/database/records/database.h"
 
 #include <cmath>
 #include <limits>

@@ -13,7 +13,7 @@
 #include "settings/page_layout.h"
 #include "settings/settings_page.h"
 #include "settings/setup_page.h"
-#include "shell/windows.h"
+#include "windows/windows.h"
 
 #include <QWidget>
 #include <array>

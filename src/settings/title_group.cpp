@@ -50,7 +50,7 @@ void TitleGroup::reset() {
     Recordset settings;
     attempt([&] { settings = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcsz"_s); });
     const auto isOn = [&](const QString& column) {
-        const Variant value = settings.Fields(column).Value();
+        const FieldValue value = settings.Fields(column).Value();
         return !value.isNull() && value.toBool();
     };
     limitTyping(txtXt, settings, u"像册标题"_s);

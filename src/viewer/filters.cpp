@@ -2,7 +2,7 @@
 
 #include "platform/base/conversion.h"
 #include "platform/base/typed_date.h"
-#include "platform/database/database.h"
+#include "platform/database/records/database.h"
 
 #include <algorithm>
 #include <array>

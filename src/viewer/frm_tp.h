@@ -1,6 +1,5 @@
 #pragma once
 
-#include "shell/windows.h"
 #include "viewer/album_menu.h"
 #include "viewer/button_panel.h"
 #include "viewer/drop_list.h"
@@ -8,6 +7,7 @@
 #include "viewer/picture_view.h"
 #include "viewer/show_dialog.h"
 #include "viewer/slide_show.h"
+#include "windows/windows.h"
 
 #include <QMainWindow>
 #include <QTimer>

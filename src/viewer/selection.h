@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database/recordset.h"
+#include "platform/database/records/recordset.h"
 #include "viewer/filters.h"
 
 /// Title under which the preset album `tc00` is shown, also while no album is open.

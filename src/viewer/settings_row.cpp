@@ -10,7 +10,7 @@ Recordset settingsRow() {
     return settings;
 }
 
-void storeSetting(const QString& column, const Variant& value) {
+void storeSetting(const QString& column, const FieldValue& value) {
     Recordset settings = settingsRow();
     if (settings.Fields(column).Value() == value) return;  // spares a wait for the disk
     settings.Edit();

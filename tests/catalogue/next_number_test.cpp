@@ -24,7 +24,7 @@ class TestNextNumber : public QObject {
         for (const auto& [numbers, next] : cases) {
             const SampleCatalogue catalogue;
             for (const int number : numbers)
-                addRow(u"tc02"_s, {{u"序号"_s, number == nothing ? Variant() : Variant(number)}});
+                addRow(u"tc02"_s, {{u"序号"_s, number == nothing ? FieldValue() : FieldValue(number)}});
             NextNumber free(mekTp::catalogue, u"tc02"_s);
             QCOMPARE(free.value(), next);
             free.take();

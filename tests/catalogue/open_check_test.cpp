@@ -5,7 +5,7 @@
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
 #include "platform/base/files.h"
-#include "platform/database/file_check.h"
+#include "platform/database/file/file_check.h"
 
 #include <QtTest/QtTest>
 #include <atomic>

@@ -4,7 +4,7 @@
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
 #include "platform/base/error.h"
-#include "platform/database/own_values.h"
+#include "platform/database/records/own_values.h"
 
 #include <QtTest/QtTest>
 

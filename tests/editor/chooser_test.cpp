@@ -417,7 +417,7 @@ class TestChooser : public QObject {
 
     void savingTwiceStaysWithTheRecord() {
         // A number of its own, that of another record too, none.
-        for (const Variant& number : {Variant(3), Variant(1), Variant()}) {
+        for (const FieldValue& number : {FieldValue(3), FieldValue(1), FieldValue()}) {
             const Chooser editor;
             changeRow(record(3), {{u"序号"_s, number}});
             editor.chooseAlbum(u"tc01 旅行"_s);

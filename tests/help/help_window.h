@@ -6,7 +6,7 @@
 #include "catalogue/mektp.h"
 #include "help/frm_bz.h"
 #include "platform/base/files.h"
-#include "shell/windows.h"
+#include "windows/windows.h"
 
 #include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>

@@ -10,8 +10,8 @@ const QString otherTypeSql =
     u"CREATE TABLE 别表 ([a] LONG,[b] TEXT(10),[c] LONG,[d] TEXT(12),[e] DATETIME,[f] LONGBINARY,[g] TEXT(50))"_s;
 
 /// The picture of a record of tc01 and what tells of it.
-QList<Variant> pictureValues(int number) {
-    QList<Variant> values{stored(u"tc01"_s, number)};
+QList<FieldValue> pictureValues(int number) {
+    QList<FieldValue> values{stored(u"tc01"_s, number)};
     for (const QString& column : {u"规格"_s, u"大小"_s, u"日期"_s}) values << ofNumber(number, column);
     return values;
 }
@@ -211,7 +211,7 @@ class TestDatabaseIntake : public QObject {
         QVERIFY2(!window.shown(u"lstDy"_s), "the mapping is finished");
         QCOMPARE(window.copyAll().last(), entered(1));
         // 规格 and 大小 are not mapped: they are known from the picture, whatever its column is called.
-        const QString kilobytes = Variant(float(DatabaseWindow::pictureOf(3).size()) / 1000).toText();
+        const QString kilobytes = FieldValue(float(DatabaseWindow::pictureOf(3).size()) / 1000).toText();
         const QList<std::pair<QString, QString>> values{
             {u"序号"_s, u"1"_s},           {u"编号"_s, u"12"_s},
             {u"备注"_s, u"it's a lake"_s}, {u"日期"_s, u"2001-02-03 04:05:06"_s},
@@ -270,9 +270,9 @@ class TestDatabaseIntake : public QObject {
         QCOMPARE(values(u"编号"_s), fill ? QStringList(3, u" "_s) : QStringList(3));
         QCOMPARE(values(u"备注"_s), fill ? (QStringList{u" "_s, u"无图"_s, u" "_s}) : (QStringList{{}, u"无图"_s, {}}));
         QCOMPARE(values(u"规格"_s), fill ? (QStringList{u"60*45"_s, {}, {}}) : QStringList(3));
-        const QString kilobytes = Variant(float(DatabaseWindow::pictureOf(1).size()) / 1000).toText();
+        const QString kilobytes = FieldValue(float(DatabaseWindow::pictureOf(1).size()) / 1000).toText();
         QCOMPARE(values(u"大小"_s), fill ? (QStringList{kilobytes, {}, u"0.01"_s}) : QStringList(3));
-        QCOMPARE(values(u"日期"_s).front(), fill ? Variant(QDate::currentDate().startOfDay()).toText() : QString());
+        QCOMPARE(values(u"日期"_s).front(), fill ? FieldValue(QDate::currentDate().startOfDay()).toText() : QString());
         QCOMPARE(stored(u"tc02"_s, 3), QByteArray("no picture"));
     }
 

@@ -29,7 +29,7 @@ class DatabaseWindow : public IntakeWindow {
                        {QStringLiteral("图片"), pictureOf(number)},
                        {QStringLiteral("备注"), QStringLiteral("源%1").arg(number)}});
     }
-    void addRow(const QString& table, const std::vector<std::pair<QString, Variant>>& values) const {
+    void addRow(const QString& table, const std::vector<std::pair<QString, FieldValue>>& values) const {
         Recordset rows = source.OpenRecordset(table);
         rows.AddNew();
         for (const auto& [column, value] : values) rows.Fields(column).SetValue(value);

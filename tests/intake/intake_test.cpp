@@ -25,7 +25,7 @@ class TestIntake : public QObject {
         QCOMPARE(columnOf(u"tc02"_s, u"规格"_s), QStringList(3, u"60 * 45"_s));
         QCOMPARE(valueOf(u"tc02"_s, u"编号"_s), u" "_s);
         QVERIFY(!valueOf(u"tc02"_s, u"大小"_s).isEmpty());
-        QCOMPARE(valueOf(u"tc02"_s, u"日期"_s), Variant(FileDateTime(window.path(u"2.jpg"_s))).toText());
+        QCOMPARE(valueOf(u"tc02"_s, u"日期"_s), FieldValue(FileDateTime(window.path(u"2.jpg"_s))).toText());
         QVERIFY(holds(window, u"tc02"_s, 1, u"2.jpg"_s) && holds(window, u"tc02"_s, 3, u"it's #3 图.jpg"_s));
         const QStringList said = window.said();
         QVERIFY(said.first().startsWith(u"将所选的图片追加本图册(tc02 空册)吗？"_s));

@@ -17,7 +17,7 @@ inline QStringList numbersOf(const QString& table, const Database& database = me
 inline QByteArray stored(const QString& table, int number, const Database& database = mekTp::catalogue) {
     const QString source = QStringLiteral("SELECT * FROM %1 WHERE 序号 = %2").arg(table).arg(number);
     const Recordset row = database.OpenRecordset(source);
-    const Variant picture = row.Eof() ? Variant() : row.Fields(QStringLiteral("图片")).Value();
+    const FieldValue picture = row.Eof() ? FieldValue() : row.Fields(QStringLiteral("图片")).Value();
     return picture.isNull() ? QByteArray() : picture.toBytes();
 }
 

@@ -112,7 +112,7 @@ class TestPreview : public QObject {
         QTest::mouseClick(&bench.get<QCheckBox>(u"chkCk"_s), Qt::LeftButton);
         QCOMPARE(bench.image().size(), QSize(100, 50));
 
-        for (const Variant& nothing : {Variant(), Variant(QByteArray(""))}) {
+        for (const FieldValue& nothing : {FieldValue(), FieldValue(QByteArray(""))}) {
             putValue(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, u"图片"_s, nothing);
             bench.showNumber(5);
             QVERIFY(bench.image().picture().isNull());
@@ -144,7 +144,7 @@ class TestPreview : public QObject {
 
     void fileThatIsNoPictureAfterNone() {
         Bench bench(2);
-        putValue(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, u"图片"_s, Variant());
+        putValue(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, u"图片"_s, FieldValue());
         bench.showNumber(5);
         bench.write(u"x.jpg"_s, "text");
         bench.load(bench.path(u"x.jpg"_s));
@@ -239,7 +239,7 @@ class TestPreview : public QObject {
         QVERIFY(bench.button(u"cmdAq"_s).isEnabled() && bench.form.focusWidget() == &bench.button(u"cmdAq"_s));
         bench.answer = takeDate;
         bench.click(u"cmdAq"_s);
-        const QString newDate = Variant(FileDateTime(bench.picked)).toText();
+        const QString newDate = FieldValue(FileDateTime(bench.picked)).toText();
         QCOMPARE(bench.said, QStringList{u"  所选图片日期是："_s + newDate + u"\n原有图片的日期是："_s + oldDate +
                                          u"\n\n如果要更改，请按《确定》；否则按《取消》。"_s});
         QCOMPARE(stored(u"tc01"_s, 7), bytes);

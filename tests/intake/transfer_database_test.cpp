@@ -129,7 +129,7 @@ class TestTransferDatabase : public QObject {
 
     void aMoveThatWouldLoseThePictureIsNotMade() {
         TargetWindow window;
-        putValue(u"SELECT * FROM tc01 WHERE 序号 = 3"_s, u"图片"_s, Variant());
+        putValue(u"SELECT * FROM tc01 WHERE 序号 = 3"_s, u"图片"_s, FieldValue());
         window.chooseRows({0, 1, 2});
         window.chooseTarget();
         window.clickLine(u"lstSb"_s, u"tc02"_s);

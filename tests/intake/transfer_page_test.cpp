@@ -145,7 +145,7 @@ class TestTransferPage : public QObject {
 
     void thePictureInQuestionIsShown() {
         TransferWindow window;
-        putValue(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, u"图片"_s, Variant());
+        putValue(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, u"图片"_s, FieldValue());
         putValue(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, u"编号"_s, u" "_s);
         window.chooseRows({2, 3, 4});
         window.chooseFolder();
@@ -218,7 +218,7 @@ class TestTransferPage : public QObject {
     void movesOnlyWhatIsWritten() {
         TransferWindow window;
         window.addBytes(u"same.jpg"_s, stored(u"tc01"_s, 2));
-        putValue(u"SELECT * FROM tc01 WHERE 序号 = 4"_s, u"图片"_s, Variant());
+        putValue(u"SELECT * FROM tc01 WHERE 序号 = 4"_s, u"图片"_s, FieldValue());
         window.chooseRows({0, 1, 2, 3});
         mekTp::catalogue.Execute(u"DELETE FROM [tc01] WHERE 序号 = 3"_s);
         window.chooseFolder();
@@ -236,7 +236,7 @@ class TestTransferPage : public QObject {
 
     void cancelledNamesKeepTheRest() {
         TransferWindow window;
-        putValue(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, u"图片"_s, Variant());
+        putValue(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, u"图片"_s, FieldValue());
         window.chooseRows({0, 1, 2, 3});
         window.chooseFolder();
         window.click(u"cmdYd"_s);
@@ -275,7 +275,7 @@ class TestTransferPage : public QObject {
 
     void defaultNames() {
         TransferWindow window;
-        putValue(u"SELECT * FROM tc01 WHERE 序号 = 7"_s, u"编号"_s, Variant());
+        putValue(u"SELECT * FROM tc01 WHERE 序号 = 7"_s, u"编号"_s, FieldValue());
         window.addBytes(u"123.jpg"_s, "mine");
         window.addBytes(u"24.jpg"_s, stored(u"tc01"_s, 4));
         window.chooseRows({2, 6, 5, 8, 3});

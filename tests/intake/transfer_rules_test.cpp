@@ -31,7 +31,7 @@ void writeBytes(const QString& path, const QByteArray& bytes) {
 Recordset recordWith(const QByteArray& bytes) {
     Recordset record = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 = 1"_s);
     record.Edit();
-    record.Fields(u"图片"_s).SetValue(bytes.isNull() ? Variant() : Variant(bytes));
+    record.Fields(u"图片"_s).SetValue(bytes.isNull() ? FieldValue() : FieldValue(bytes));
     record.Update();
     return record;
 }
@@ -41,7 +41,7 @@ class TestTransferRules : public QObject {
 
   private Q_SLOTS:
     void defaultNames() {
-        QCOMPARE(defaultPictureName(Variant(), 7), u"07.jpg"_s);
+        QCOMPARE(defaultPictureName(FieldValue(), 7), u"07.jpg"_s);
         QCOMPARE(defaultPictureName(QString(), 7), u"07.jpg"_s);
         for (const QString& blanks : {u" "_s, u"  \u3000"_s}) QCOMPARE(defaultPictureName(blanks, 7), u"07.jpg"_s);
         QCOMPARE(defaultPictureName(u" ab "_s, 12), u"ab12.jpg"_s);

@@ -51,7 +51,7 @@ class TestEditingRecord : public QObject {
     void fieldsFollowTheRecord() {
         EditingWindow window;
         putValue(firstButOne, u"备注"_s, u" "_s);
-        putValue(firstButOne, u"日期"_s, Variant());
+        putValue(firstButOne, u"日期"_s, FieldValue());
         window.clickRow(2);
         QCOMPARE(fields(window), u"3|12|2003-09-28 12:00:00|图片3"_s);
         QCOMPARE(window.label(u"lblGg"_s), u"30 * 40"_s);
@@ -257,14 +257,14 @@ class TestEditingRecord : public QObject {
 
     // Whatever number a record has come by, only a changed one is looked at.
     void untouchedNumberIsNeverRefused() {
-        for (const Variant& number : {Variant(2), Variant(0), Variant(-3), Variant()}) {
+        for (const FieldValue& number : {FieldValue(2), FieldValue(0), FieldValue(-3), FieldValue()}) {
             EditingWindow window;
             putValue(u"SELECT * FROM tc01 WHERE 备注 = '图片1'"_s, u"序号"_s, number);
             window.choose(u"cboBm"_s, u"tc01"_s);
             int row = 0;
             while (window.grid().cellText(row, 5) != u"图片1"_s) ++row;
             window.clickRow(row);
-            window.get<QCheckBox>(u"chkLi"_s).setChecked(number == Variant(2));
+            window.get<QCheckBox>(u"chkLi"_s).setChecked(number == FieldValue(2));
             beginWith(window, u"甲"_s);
             window.box(u"txtXh"_s).setFocus();
             window.box(u"txtB2"_s).setFocus();
@@ -405,7 +405,7 @@ class TestEditingRecord : public QObject {
 
     // What was typed stays with its record, also when another one bears its number, or it has none.
     void newPicture() {
-        for (const Variant& number : {Variant(4), Variant(3), Variant()}) {
+        for (const FieldValue& number : {FieldValue(4), FieldValue(3), FieldValue()}) {
             EditingWindow window;
             putValue(u"SELECT * FROM tc01 WHERE 备注 = '图片4'"_s, u"序号"_s, number);
             if (number.isNull()) putValue(u"SELECT * FROM tc01 WHERE 备注 = '图片3'"_s, u"序号"_s, number);

@@ -13,7 +13,7 @@
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
 #include "settings/frm_sz.h"
-#include "shell/windows.h"
+#include "windows/windows.h"
 
 #include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>
@@ -34,7 +34,7 @@ class RecordingWindows : public Windows {
 };
 
 /// Changes one column of the first row of a SELECT.
-inline void putValue(const QString& source, const QString& column, const Variant& value) {
+inline void putValue(const QString& source, const QString& column, const FieldValue& value) {
     Recordset row = mekTp::catalogue.OpenRecordset(source);
     row.Edit();
     row.Fields(column).SetValue(value);

@@ -233,7 +233,7 @@ class TestSetupPage : public QObject {
     void chosenAlbum() {
         SettingsWindow window;
         putValue(rowOf(u"tc01"_s), u"备注"_s, u"一路"_s);
-        putValue(rowOf(u"tc02"_s), u"备注"_s, Variant());
+        putValue(rowOf(u"tc02"_s), u"备注"_s, FieldValue());
         putValue(rowOf(u"tc00"_s), u"备注"_s, u"样张"_s);
         for (const auto& [album, shown, own] : {std::tuple{u"tc01"_s, u"2|tc01|旅行|一路"_s, true},
                                                 {u"tc02"_s, u"3|tc02|空册|"_s, true},

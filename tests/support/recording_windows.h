@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/windows.h"
+#include "windows/windows.h"
 
 #include <QList>
 

@@ -139,7 +139,7 @@ void changeRow(const QString& source, const RowValues& values) {
     records.Update();
 }
 
-Variant fieldOf(const QString& source, const QString& column) {
+FieldValue fieldOf(const QString& source, const QString& column) {
     return mekTp::catalogue.OpenRecordset(source).Fields(column).Value();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database/database.h"
+#include "platform/database/records/database.h"
 
 #include <QColor>
 #include <QImage>
@@ -25,7 +25,7 @@ class SampleCatalogue {
     QTemporaryDir folder_;
 };
 
-using RowValues = std::vector<std::pair<QString, Variant>>;
+using RowValues = std::vector<std::pair<QString, FieldValue>>;
 
 /// Adds a row to a table of the open catalogue.
 void addRow(const QString& table, const RowValues& values);
@@ -34,7 +34,7 @@ void addRow(const QString& table, const RowValues& values);
 void changeRow(const QString& source, const RowValues& values);
 
 /// A column of the first row that a source gives.
-Variant fieldOf(const QString& source, const QString& column);
+FieldValue fieldOf(const QString& source, const QString& column);
 
 /// Bytes of a JPEG or BMP picture in one colour.
 QByteArray pictureBytes(QSize pixels, const QColor& colour, const char* format = "JPG");

@@ -1,7 +1,7 @@
 #include "../support/run_all.h"
 #include "catalogue/album_rules.h"
 #include "catalogue/picture_field.h"
-#include "platform/database/database.h"
+#include "platform/database/records/database.h"
 
 #include <QCryptographicHash>
 #include <QRegularExpression>

@@ -2,7 +2,7 @@
 
 #include "../support/run_all.h"
 #include "jet_reader/ole_picture.h"
-#include "platform/database/stored_forms.h"
+#include "platform/database/file/storage_format.h"
 
 #include <QBuffer>
 #include <QImage>

@@ -7,7 +7,7 @@
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/list_box.h"
 #include "platform/desktop/message_box.h"
-#include "program.h"
+#include "start/program.h"
 
 #include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>

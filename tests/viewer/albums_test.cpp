@@ -52,7 +52,7 @@ class TestAlbums : public QObject {
         QCOMPARE(viewer.panel(3), u"全部"_s);
         QCOMPARE(viewer.keyImage(u"dk"_s), u"hs"_s);
         QCOMPARE(viewer.key(u"dk"_s)->toolTip(), u"关闭像册"_s);
-        QCOMPARE(ViewerWindow::setting(u"当前像册"_s), Variant(u"01"_s));
+        QCOMPARE(ViewerWindow::setting(u"当前像册"_s), FieldValue(u"01"_s));
         QVERIFY(viewer.menu(u"mnuCd(1)"_s)->isChecked());
         QVERIFY(!viewer.menu(u"mnuCd(0)"_s)->isChecked());
         QVERIFY(viewer.shows(u"pic0"_s) && viewer.shows(u"shpAn"_s));

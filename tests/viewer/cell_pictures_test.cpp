@@ -136,7 +136,7 @@ class TestCellPictures : public QObject {
         ViewerWindow viewer([] {
             setPictures(pictureBytes(large, Qt::green), 1, 4);
             for (const int number : {5, 6})
-                changeRow(u"SELECT * FROM tc01 WHERE 序号 = %1"_s.arg(number), {{u"图片"_s, Variant()}});
+                changeRow(u"SELECT * FROM tc01 WHERE 序号 = %1"_s.arg(number), {{u"图片"_s, FieldValue()}});
         });
         viewer.openAlbum(1);
         viewer.chooseColumns(2);

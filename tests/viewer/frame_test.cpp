@@ -32,10 +32,10 @@ class TestFrame : public QObject {
 
     void lastAlbumComesBack() {
         // An album, never any, closed at exit, dropped since.
-        for (const auto& [stored, table] : {std::pair(Variant(u"01"_s), u"tc01"_s),
-                                            {Variant(), u"tc00"_s},
-                                            {Variant(u""_s), u"tc00"_s},
-                                            {Variant(u"77"_s), u"tc00"_s}}) {
+        for (const auto& [stored, table] : {std::pair(FieldValue(u"01"_s), u"tc01"_s),
+                                            {FieldValue(), u"tc00"_s},
+                                            {FieldValue(u""_s), u"tc00"_s},
+                                            {FieldValue(u"77"_s), u"tc00"_s}}) {
             const ViewerWindow viewer([&last = stored] { ViewerWindow::setSetting(u"当前像册"_s, last); });
             QCOMPARE(mekTp::currentTable, table);
         }
@@ -62,7 +62,7 @@ class TestFrame : public QObject {
         });
         QCOMPARE(mekTp::catalogue.OpenRecordset(u"pmtp"_s).rowCount(), 3);
         const QString last = u"SELECT * FROM pmtp ORDER BY [序号] DESC"_s;
-        QCOMPARE(fieldOf(last, u"序号"_s), Variant(3));
+        QCOMPARE(fieldOf(last, u"序号"_s), FieldValue(3));
         QVERIFY(!fieldOf(last, u"图片"_s).toBytes().isEmpty());
     }
 
@@ -73,7 +73,7 @@ class TestFrame : public QObject {
         auto* fullScreen = viewer.find<QCheckBox>(u"chkBq(1)"_s);
         QVERIFY(fullScreen->isChecked());
         viewer.click(u"chkBq(1)"_s);
-        QCOMPARE(ViewerWindow::setting(u"全屏显示"_s), Variant(false));
+        QCOMPARE(ViewerWindow::setting(u"全屏显示"_s), FieldValue(false));
         QVERIFY(!viewer.window->isFullScreen());
         const QSize free = viewer.window->screen()->availableSize();
         const int width = std::min(920, free.width());
@@ -82,7 +82,7 @@ class TestFrame : public QObject {
                                                                             (screen.height() - windowed.height()) / 2),
                                                   windowed));
         viewer.click(u"chkBq(1)"_s);
-        QCOMPARE(ViewerWindow::setting(u"全屏显示"_s), Variant(true));
+        QCOMPARE(ViewerWindow::setting(u"全屏显示"_s), FieldValue(true));
         QCOMPARE(viewer.window->geometry(), screen);
     }
 

@@ -1,4 +1,4 @@
-#include "platform/desktop/access.h"
+#include "platform/desktop/accessibility.h"
 #include "viewer/cell_box.h"
 #include "viewer_window.h"
 
@@ -193,7 +193,7 @@ class TestPaging : public QObject {
     }
 
     void thumbnailsAreCalledByTheirData() {
-        Access access;
+        Accessibility access;
         qApp->installEventFilter(&access);
         const OpenPage viewer(2);
         for (int i = 0; i < 3; ++i) {
@@ -209,7 +209,7 @@ class TestPaging : public QObject {
     void captions() {
         const OpenPage viewer(2);
         viewer.click(u"chkBq(0)"_s);
-        QCOMPARE(ViewerWindow::setting(u"显示标签"_s), Variant(true));
+        QCOMPARE(ViewerWindow::setting(u"显示标签"_s), FieldValue(true));
         QVERIFY(!viewer.shows(u"txtBq(0)"_s));  // they follow at the next draw
         viewer.press(u"xs"_s);
         const auto* caption = viewer.find<CaptionBox>(u"txtBq(1)"_s);

@@ -264,7 +264,7 @@ class TestViewAndShow : public QObject {
             QTest::keyClick(slider, Qt::Key_End);
             viewer.click(cancel);
             QVERIFY(!viewer.shows(u"picYc"_s));
-            QCOMPARE(ViewerWindow::setting(u"幻灯延时"_s), Variant(1234));
+            QCOMPARE(ViewerWindow::setting(u"幻灯延时"_s), FieldValue(1234));
             viewer.press(u"sj"_s);
             QCOMPARE(slider->value(), 1234);
         }
@@ -277,8 +277,8 @@ class TestViewAndShow : public QObject {
         QCOMPARE(viewer.find<QLabel>(u"lblCc"_s)->text(), u"幻灯延迟时间：1234 毫秒"_s);
         viewer.click(u"cmdQ1"_s);
         QVERIFY(!viewer.shows(u"picYc"_s));
-        QCOMPARE(ViewerWindow::setting(u"幻灯延时"_s), Variant(5000));
-        QCOMPARE(ViewerWindow::setting(u"幻灯循环"_s), Variant(true));
+        QCOMPARE(ViewerWindow::setting(u"幻灯延时"_s), FieldValue(5000));
+        QCOMPARE(ViewerWindow::setting(u"幻灯循环"_s), FieldValue(true));
     }
 };
 

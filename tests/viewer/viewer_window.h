@@ -85,8 +85,8 @@ class ViewerWindow {
         const auto* item = list->findItems(line, Qt::MatchExactly).constFirst();
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
     }
-    static Variant setting(const QString& column) { return fieldOf(QStringLiteral("tcsz"), column); }
-    static void setSetting(const QString& column, const Variant& value) {
+    static FieldValue setting(const QString& column) { return fieldOf(QStringLiteral("tcsz"), column); }
+    static void setSetting(const QString& column, const FieldValue& value) {
         changeRow(QStringLiteral("tcsz"), {{column, value}});
     }
 

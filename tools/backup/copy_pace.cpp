@@ -3,7 +3,7 @@
 #include <algorithm>
 
 namespace {
-/// The program that writes gives up after busyTimeoutMs (platform/database/connection.cpp).
+/// The program that writes gives up after busyTimeoutMs (platform/database/file/connection.cpp).
 constexpr qint64 longestMs = 1000;
 /// A disk can become slow from one moment to the next, in the middle of a step. Few pages are soon written even then;
 /// more of them are ventured only where a catalogue changes too often to be copied otherwise.

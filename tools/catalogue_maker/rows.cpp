@@ -15,7 +15,7 @@ void addRow(const Database& database, const QString& table, const Row& row) {
         if (const auto* picture = std::get_if<PictureFile>(&cell))
             storePictureFile(field, picture->path);
         else
-            field.SetValue(std::get<Variant>(cell));
+            field.SetValue(std::get<FieldValue>(cell));
     }
     records.Update();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database/database.h"
+#include "platform/database/records/database.h"
 
 #include <QImage>
 #include <QTemporaryDir>
@@ -15,7 +15,7 @@ struct PictureFile {
     qint64 bytes = 0;
 };
 
-using ColumnValue = std::variant<Variant, PictureFile>;
+using ColumnValue = std::variant<FieldValue, PictureFile>;
 using Row = std::vector<std::pair<QString, ColumnValue>>;
 
 /// Adds one row; columns that are not named stay Null.

@@ -4,7 +4,7 @@
 #include "catalogue/picture_field.h"
 #include "catalogue/renumbering.h"
 #include "fuzzing.h"
-#include "platform/database/file_check.h"
+#include "platform/database/file/file_check.h"
 
 #include <sqlite3.h>
 
@@ -41,7 +41,7 @@ void readTable(const Database& catalogue, const QString& name) {
 
 void changeTable(const Database& catalogue, const QString& name) {
     Recordset rows = catalogue.OpenRecordset(name);
-    const auto change = [&](const QString& column, const Variant& value) {
+    const auto change = [&](const QString& column, const FieldValue& value) {
         goesThrough([&] {
             rows.Edit();
             rows.Fields(column).SetValue(value);

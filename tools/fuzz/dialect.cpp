@@ -3,7 +3,7 @@
 
 #include "fuzzing.h"
 #include "platform/base/conversion.h"
-#include "platform/database/database.h"
+#include "platform/database/records/database.h"
 
 #include <sqlite3.h>
 
@@ -74,7 +74,7 @@ void openAndFind(const QString& source, const QString& criteria) {
 
 /// The engine reads many dates by a quicker way than everybody else.
 void compareDates(const QString& text) {
-    const Variant day = album.OpenRecordset(u"SELECT DateValue(%1)"_s.arg(quoted(text))).Fields(0).Value();
+    const FieldValue day = album.OpenRecordset(u"SELECT DateValue(%1)"_s.arg(quoted(text))).Fields(0).Value();
     const auto date = dateFromText(text);
     expect(day.isNull() ? !date : date && day.toText() == dateText(*date, u"yyyy-mm-dd 00:00:00"),
            "a date is one date");

@@ -4,7 +4,7 @@
 
 #include "fuzzing.h"
 #include "jet_reader/copy_database.h"
-#include "platform/database/database.h"
+#include "platform/database/records/database.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -5,8 +5,8 @@
 #include "fuzzing.h"
 #include "platform/base/conversion.h"
 #include "platform/base/typed_date.h"
-#include "platform/database/database.h"
-#include "platform/database/sql_tokens.h"
+#include "platform/database/dialect/sql_tokens.h"
+#include "platform/database/records/database.h"
 #include "viewer/filters.h"
 
 #include <algorithm>

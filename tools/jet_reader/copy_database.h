@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database/jet_outcome.h"
+#include "platform/database/foreign/jet_outcome.h"
 
 #include <string>
 

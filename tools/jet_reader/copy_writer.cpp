@@ -1,8 +1,8 @@
 #include "copy_writer.h"
 
 #include "limits.h"
-#include "platform/database/literal_paths.h"
-#include "platform/database/stored_forms.h"
+#include "platform/database/file/literal_paths.h"
+#include "platform/database/file/storage_format.h"
 
 #include <sqlite3.h>
 #include <strings.h>

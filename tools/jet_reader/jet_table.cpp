@@ -3,7 +3,7 @@
 #include "jet_failure.h"
 #include "jet_values.h"
 #include "ole_picture.h"
-#include "platform/database/stored_forms.h"
+#include "platform/database/file/storage_format.h"
 
 #include <algorithm>
 

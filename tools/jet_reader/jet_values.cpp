@@ -1,6 +1,6 @@
 #include "jet_values.h"
 
-#include "platform/database/stored_forms.h"
+#include "platform/database/file/storage_format.h"
 
 #include <iconv.h>
 

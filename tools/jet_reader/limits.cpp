@@ -1,6 +1,6 @@
 #include "limits.h"
 
-#include "platform/database/jet_outcome.h"
+#include "platform/database/foreign/jet_outcome.h"
 
 #include <sys/prctl.h>
 #include <sys/resource.h>

@@ -7,7 +7,7 @@
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
 #include "platform/desktop/tool_bar.h"
-#include "program.h"
+#include "start/program.h"
 
 #include <QAction>
 #include <QApplication>

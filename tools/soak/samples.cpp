@@ -4,7 +4,7 @@
 #include "catalogue/fixed_tables.h"
 #include "catalogue/picture_field.h"
 #include "platform/base/error.h"
-#include "platform/database/database.h"
+#include "platform/database/records/database.h"
 
 #include <QBuffer>
 #include <QDir>

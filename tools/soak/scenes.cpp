@@ -2,7 +2,7 @@
 
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/message_box.h"
-#include "program.h"
+#include "start/program.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -10,7 +10,7 @@
 using namespace Qt::Literals::StringLiterals;
 
 QString pictureOf(const Recordset& record) {
-    const Variant bytes = record.Fields(u"图片"_s).Value();
+    const FieldValue bytes = record.Fields(u"图片"_s).Value();
     return bytes.isNull() ? QString() : fingerprintOf(bytes.toBytes());
 }
 

@@ -1,12 +1,12 @@
 #include "soak/worked_program.h"
 
 #include "catalogue/mektp.h"
-#include "first_catalogue.h"
 #include "platform/base/files.h"
 #include "platform/desktop/look.h"
-#include "program.h"
-#include "single_copy.h"
 #include "soak/scenes.h"
+#include "start/first_catalogue.h"
+#include "start/program.h"
+#include "start/single_copy.h"
 
 #include <QApplication>
 #include <QTimer>

@@ -26,7 +26,7 @@ bool isNumber(FieldType type) {
            type == FieldType::single || type == FieldType::real;
 }
 
-QString cellTextOf(const Variant& value) {
+QString cellTextOf(const FieldValue& value) {
     // Another program may have put bytes into a column of texts.
     if (std::holds_alternative<QByteArray>(value.storage())) return u"二进制数据"_s;
     return value.textOr();
@@ -92,9 +92,9 @@ bool GridModel::isNumeric(int column) const {
     return !columns_.empty() && isNumber(columns_[static_cast<size_t>(column)].type);
 }
 
-const std::vector<Variant>& GridModel::values(int row) const {
+const std::vector<FieldValue>& GridModel::values(int row) const {
     if (const auto* kept = rows_.object(row)) return *kept;
-    auto fresh = std::make_unique<std::vector<Variant>>();
+    auto fresh = std::make_unique<std::vector<FieldValue>>();
     attempt([&] {
         if (data_ != nullptr && !data_->Recordset().isNothing()) *fresh = data_->Recordset().valuesAt(row);
     });
@@ -123,7 +123,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= total_ || index.column() >= columnCount()) return {};
     if (role == Qt::TextAlignmentRole) return QVariant::fromValue(alignment(index.column()));
     if (role != Qt::DisplayRole) return {};
-    const std::vector<Variant>& row = values(index.row());
+    const std::vector<FieldValue>& row = values(index.row());
     const auto field = static_cast<size_t>(columns_[static_cast<size_t>(index.column())].field);
     return field < row.size() ? cellTextOf(row[field]) : QString();
 }

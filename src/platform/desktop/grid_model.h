@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database/variant.h"
+#include "platform/database/records/field_value.h"
 #include "platform/desktop/data_control.h"
 
 #include <QAbstractTableModel>
@@ -48,7 +48,7 @@ class GridModel : public QAbstractTableModel {
     };
     static constexpr int keptRows = 512;
 
-    const std::vector<Variant>& values(int row) const;
+    const std::vector<FieldValue>& values(int row) const;
     const GridHeading* heading(int column) const;
     Qt::Alignment alignment(int column) const;
 
@@ -56,5 +56,5 @@ class GridModel : public QAbstractTableModel {
     std::vector<GridHeading> headings_;
     std::vector<Column> columns_;
     int total_ = 0;
-    mutable QCache<int, std::vector<Variant>> rows_;
+    mutable QCache<int, std::vector<FieldValue>> rows_;
 };

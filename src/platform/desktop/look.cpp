@@ -1,6 +1,6 @@
 #include "platform/desktop/look.h"
 
-#include "platform/desktop/access.h"
+#include "platform/desktop/accessibility.h"
 #include "platform/desktop/habits.h"
 #include "platform/desktop/look_style.h"
 
@@ -165,6 +165,6 @@ void applyLook(QApplication& application) {
     QApplication::setFont(programFont());
     QApplication::setPalette(programColours());
     application.setStyleSheet(details());
-    application.installEventFilter(new Access(&application));
+    application.installEventFilter(new Accessibility(&application));
     application.installEventFilter(new Habits(&application));
 }

@@ -4,6 +4,7 @@
 #include "../../support/failure_of.h"
 #include "../../support/run_all.h"
 #include "platform/base/error.h"
+#include "platform/base/odd_names.h"
 #include "platform/base/processes.h"
 #include "platform/base/system_reason.h"
 #include "platform/base/twips.h"
@@ -100,10 +101,11 @@ class FilesTest : public QObject {
                                            {u"c.mdb"_s, path(u"夹.mdb"_s)},
                                            {u"d.mdb"_s, path(u"无"_s)}})
             QVERIFY(QFile::link(target, path(name)));
-        QStringList names = filesIn(folder.path(), {u"*.mdb"_s});
+        QStringList names;
+        for (const FolderEntry& entry : filesIn(folder.path(), {u"*.mdb"_s})) names.append(entry.name);
         names.sort();
         QCOMPARE(names, (QStringList{u"图.mdb"_s, u"链.MDB"_s}));
-        QCOMPARE(filesIn(folder.path(), {u"*.jpg"_s}), QStringList());
+        QVERIFY(filesIn(folder.path(), {u"*.jpg"_s}).isEmpty());
         QVERIFY(fileExists(path(u"链.MDB"_s)) && !fileExists(path(u"a.mdb"_s)) && !fileExists(path(u"b.mdb"_s)));
     }
 

@@ -1,7 +1,7 @@
 #include "../../support/disk_faults.h"
 #include "../../support/failing_disk.h"
 #include "../../support/run_all.h"
-#include "platform/database/file_check.h"
+#include "platform/database/file/file_check.h"
 #include "test_album.h"
 
 #include <sys/stat.h>

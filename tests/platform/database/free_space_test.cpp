@@ -1,8 +1,8 @@
-#include "platform/database/free_space.h"
+#include "platform/database/file/free_space.h"
 
 #include "../../support/failing_disk.h"
 #include "../../support/run_all.h"
-#include "platform/database/connection.h"
+#include "platform/database/file/connection.h"
 #include "test_album.h"
 
 using namespace Qt::Literals::StringLiterals;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database/foreign_copy.h"
+#include "platform/database/foreign/foreign_copy.h"
 #include "test_album.h"
 
 /// A place for Jet databases of a test, and a folder of its own for temporary files, in which nothing may be left.

@@ -1,5 +1,5 @@
 #include "../../support/run_all.h"
-#include "platform/database/field_device.h"
+#include "platform/database/records/field_device.h"
 #include "test_album.h"
 
 using namespace Qt::Literals::StringLiterals;

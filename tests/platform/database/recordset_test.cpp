@@ -225,7 +225,7 @@ class RecordsetTest : public QObject {
         set.Fields(u"name"_s).SetValue(u"next"_s);
         set.Update();
         set.MoveFirst();
-        QCOMPARE(set.Fields(u"id"_s).Value(), Variant(70));
+        QCOMPARE(set.Fields(u"id"_s).Value(), FieldValue(70));
         QCOMPARE(album_->shell(u"SELECT group_concat(id) FROM own"_s), u"70,71"_s);
     }
 
@@ -239,7 +239,7 @@ class RecordsetTest : public QObject {
 
     void otherQueriesCanBeRead() {
         Recordset count = open(u"SELECT count(*) AS n, max(日期) AS d FROM tc01 WHERE 序号 < 3"_s);
-        QCOMPARE(count.Fields(u"N"_s).Value(), Variant(2));
+        QCOMPARE(count.Fields(u"N"_s).Value(), FieldValue(2));
         QVERIFY(fails([&] { count.Edit(); }) && fails([&] { count.AddNew(); }) && fails([&] { count.Delete(); }));
         Recordset limited = open(u"SELECT * FROM tc01 ORDER BY 序号 LIMIT 2"_s);
         QCOMPARE(numbersOf(limited), (QList<int>{1, 2}));

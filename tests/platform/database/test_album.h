@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/base/error.h"
-#include "platform/database/database.h"
+#include "platform/database/records/database.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -74,7 +74,7 @@ inline bool failsSaying(const std::function<void()>& step, const QStringList& wo
 }
 
 /// Changes one column of the record a set stands on.
-inline void change(Recordset& set, const QString& column, const Variant& value) {
+inline void change(Recordset& set, const QString& column, const FieldValue& value) {
     set.Edit();
     set.Fields(column).SetValue(value);
     set.Update();
@@ -84,7 +84,7 @@ inline void change(Recordset& set, const QString& column, const Variant& value) 
 inline QList<int> numbersOf(const Recordset& set) {
     QList<int> numbers;
     for (int row = 0; row < set.rowCount(); ++row) {
-        const Variant number = set.valuesAt(row).at(0);
+        const FieldValue number = set.valuesAt(row).at(0);
         numbers << (number.isNull() ? -1 : number.toInteger());
     }
     return numbers;

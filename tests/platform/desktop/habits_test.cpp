@@ -1,7 +1,7 @@
 #include "platform/desktop/habits.h"
 
 #include "desktop.h"
-#include "platform/desktop/access.h"
+#include "platform/desktop/accessibility.h"
 #include "platform/desktop/option_buttons.h"
 
 #include <QtTest/qtestspontaneevent.h>
@@ -18,7 +18,7 @@ struct Form : QWidget {
         resize(300, 300);
     }
     Habits habits;
-    Access access;
+    Accessibility access;
 };
 
 void turnWheel(QWidget* over, int delta = -120) {

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "platform/database/file/value_source.h"
+
+#include <QByteArray>
+#include <memory>
+
+struct sqlite3_blob;
+class Connection;
+
+/// The bytes of a value that is to be stored: they lie in memory, or come from a source.
+class PendingBytes {
+  public:
+    PendingBytes() = default;
+    explicit PendingBytes(QByteArray whole) : memory_(std::move(whole)) {}
+    explicit PendingBytes(std::unique_ptr<ValueSource> source) : source_(std::move(source)) {}
+
+    qint64 size() const { return source_ ? source_->size() : memory_.size(); }
+    void append(const QByteArray& bytes) { memory_ += bytes; }
+    const QByteArray& inMemory() const { return memory_; }
+    /// Nullptr when the bytes lie in memory. Can be read once.
+    ValueSource* source() const { return source_.get(); }
+
+  private:
+    QByteArray memory_;
+    std::unique_ptr<ValueSource> source_;
+};
+
+/// The side table in which the long-binary values of a file lie, each under a key of its own; the rows of the other
+/// tables hold these keys. A value never changes: a new one takes its place, under a key that was never used before.
+/// Reads and writes by pieces.
+class LongBinaries {
+  public:
+    explicit LongBinaries(Connection& connection);
+    ~LongBinaries();
+
+    static QString createTableSql();
+
+    qint64 size(qint64 key);
+    /// Fewer bytes at the end of the value, none behind it.
+    QByteArray read(qint64 key, qint64 offset, qint64 count);
+    /// Returns the key of the new value. Called within a change.
+    qint64 store(const PendingBytes& value);
+
+    /// A value that is being read by pieces stays open until its last one. Whoever changes the file, or leaves the
+    /// record, closes it: it would keep other programs from writing.
+    void release();
+
+  private:
+    struct Close {
+        void operator()(sqlite3_blob* blob) const;
+    };
+    using Blob = std::unique_ptr<sqlite3_blob, Close>;
+
+    void fill(qint64 key, ValueSource& source);
+    Blob openBlob(qint64 key, bool writable);
+    sqlite3_blob* opened(qint64 key);
+    void check(int code);
+
+    Connection& connection_;
+    Blob open_;
+    qint64 openKey_ = 0;
+    qint64 measuredKey_ = 0;  ///< The value whose size is known, 0 for none.
+    qint64 measuredSize_ = 0;
+};

@@ -1,0 +1,139 @@
+#include "platform/database/foreign/foreign_copy.h"
+
+#include "platform/base/error.h"
+#include "platform/base/files.h"
+#include "platform/base/system_reason.h"
+#include "platform/database/foreign/jet_outcome.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr qint64 largestFile = qint64{2} << 30;
+
+JetReader& chosenReader() {
+    static JetReader reader;
+    return reader;
+}
+
+QString readerProgram() {
+    if (!chosenReader().program.isEmpty()) return chosenReader().program;
+#ifdef Q_OS_WIN
+    return QCoreApplication::applicationDirPath() + u"/lunq-jet.exe"_s;
+#else
+    return QCoreApplication::applicationDirPath() + u"/lunq-jet"_s;
+#endif
+}
+
+QString reason(JetOutcome outcome) {
+    switch (outcome) {
+        case JetOutcome::password:
+            return u"它有数据库密码，不能读取。请先用建立它的软件取消密码"_s;
+        case JetOutcome::unknownVersion:
+            return u"它的版本未知，只能读取 Jet 3 和 Jet 4 数据库（97 至 2003 版的 .mdb 文件）"_s;
+        case JetOutcome::incomplete:
+            return u"它不完整，后面的部分缺失。请重新复制一份"_s;
+        case JetOutcome::damaged:
+            return u"它已损坏，不能读取"_s;
+        case JetOutcome::limitExceeded:
+            return u"读取它超出了时间、内存或大小的限制，它可能已损坏"_s;
+        case JetOutcome::diskFull:
+            return u"读取它要用的临时文件夹“%1”空间不足或不能写入"_s.arg(QDir::toNativeSeparators(QDir::tempPath()));
+        case JetOutcome::unreadable:
+            return u"它不能打开"_s;
+        default:
+            return u"读取它的程序“lunq-jet”与本软件的版本不符，请重新安装本软件"_s;
+    }
+}
+
+Error failure(const QString& path, const QString& why) {
+    return Error(u"数据库文件“%1”不能使用：%2。"_s.arg(path, why));
+}
+
+/// An empty file without a name, in which nobody else can look: what is copied into it may be private.
+int newUnnamedFile(const QString& path) {
+    QByteArray name = QFile::encodeName(QDir::tempPath() + u"/lunq-jet-XXXXXX"_s);
+    const int file = mkostemp(name.data(), O_CLOEXEC);
+    if (file < 0) throw failure(path, reason(JetOutcome::diskFull));
+    unlink(name.constData());
+    return file;
+}
+
+/// Waits for the program to end, as long as it goes on telling of its progress.
+bool endsInTime(QProcess& reader, int patienceMs) {
+    while (reader.state() != QProcess::NotRunning) {
+        if (!reader.waitForReadyRead(patienceMs) && reader.state() != QProcess::NotRunning) return false;
+        reader.readAllStandardOutput();
+    }
+    return true;
+}
+
+}  // namespace
+
+void setJetReader(const JetReader& reader) {
+    chosenReader() = reader;
+}
+
+bool ForeignCopy::isJetFile(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw Error(u"数据库文件“%1”不能打开：%2。"_s.arg(path, systemReason(file.errorString())));
+    const QByteArray start = file.read(19);
+    return start == QByteArray("\0\1\0\0Standard Jet DB", 19) || start == QByteArray("\0\1\0\0Standard ACE DB", 19);
+}
+
+ForeignCopy::ForeignCopy(const QString& path) : path_(path) {
+    const QFileInfo original(path);
+    size_ = original.size();
+    changed_ = original.lastModified();
+    if (size_ > largestFile) throw failure(path, u"它超过 2 GB，不能读取"_s);
+    if (!QFileInfo(readerProgram()).isExecutable()) {
+        throw failure(path, u"读取它要用的程序“%1”不见了，请重新安装本软件"_s.arg(readerProgram()));
+    }
+    file_ = newUnnamedFile(path);
+    try {
+        read();
+    } catch (...) {
+        close(file_);
+        throw;
+    }
+}
+
+ForeignCopy::~ForeignCopy() {
+    close(file_);
+}
+
+QString ForeignCopy::file() const {
+    return u"/proc/self/fd/%1"_s.arg(file_);
+}
+
+bool ForeignCopy::isCurrent() const {
+    const QFileInfo original(path_);
+    return original.size() == size_ && original.lastModified() == changed_;
+}
+
+void ForeignCopy::read() {
+    QProcess reader;
+    reader.setStandardInputFile(QProcess::nullDevice());
+    reader.setStandardErrorFile(QProcess::nullDevice());
+    reader.setChildProcessModifier([this] { fcntl(file_, F_SETFD, 0); });  // goes on being open there
+    reader.start(readerProgram(), {QFileInfo(path_).absoluteFilePath(), file()});
+    if (!reader.waitForStarted()) throw failure(path_, u"读取它要用的程序“%1”不能启动"_s.arg(readerProgram()));
+    if (!endsInTime(reader, chosenReader().patienceMs)) {
+        reader.kill();
+        reader.waitForFinished();
+        throw failure(path_, reason(JetOutcome::limitExceeded));
+    }
+    if (reader.exitStatus() == QProcess::CrashExit) throw failure(path_, u"读取它的程序意外终止，它可能已损坏"_s);
+    const auto outcome = static_cast<JetOutcome>(reader.exitCode());
+    if (outcome != JetOutcome::done) throw failure(path_, reason(outcome));
+}

@@ -1,1 +1,0 @@
-#include "shell/windows.h"

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "windows/windows.h"
+
+#include <QPointer>
+#include <QWidget>
+#include <map>
+
+/// Makes the windows and hands over between them.
+class Program : public Windows {
+  public:
+    Program() = default;
+    ~Program() override;
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    /// Shows the main window.
+    void start();
+
+    void handOver(WindowKind from, WindowKind to) override;
+    void show(WindowKind window) override;
+    void unload(WindowKind window) override;
+    void coloursChanged() override;
+    void showHelp(const QString& topic) override;
+    void endProgram() override;
+
+  private:
+    QWidget* makeWindow(WindowKind window);
+    bool isShown(WindowKind window) const;
+    void bring(WindowKind window);
+    void forget(WindowKind window);
+    /// The main window shows in its menu which windows stand beside it.
+    void tellMainWindow();
+
+    std::map<WindowKind, QPointer<QWidget>> windows_;
+};

@@ -1,0 +1,93 @@
+#include "start/start_up.h"
+
+#include "catalogue/mektp.h"
+#include "platform/base/error.h"
+#include "platform/base/files.h"
+#include "platform/desktop/file_dialogs.h"
+#include "platform/desktop/message_box.h"
+#include "start/damage_notice.h"
+#include "start/first_catalogue.h"
+#include "start/program.h"
+
+#include <QFileInfo>
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+bool isMissing(const QString& path) {
+    return !QFileInfo::exists(path) && !QFileInfo(path).isSymLink();
+}
+
+/// A database of another program holds neither albums nor settings; one of ours that has lost them is damaged at most.
+void requireCatalogue(const Database& database) {
+    const QStringList tables = database.TableDefs();
+    const bool isCatalogue = database.isOurs() || tables.contains(u"tcbm"_s, Qt::CaseInsensitive) ||
+                             tables.contains(u"tcsz"_s, Qt::CaseInsensitive);
+    if (!isCatalogue)
+        throw Error(u"数据库文件“%1”不能使用：它是其他软件的数据库，其中没有图册。"_s.arg(database.Name()));
+}
+
+}  // namespace
+
+bool StartUp::isReady() {
+    useCatalogue(mekTp::cataloguePath());
+    if (!isOnlyCopy()) return false;
+    runHandler(nullptr, [] { placeFirstCatalogue(); });
+    if (!isOnlyCopy()) return false;
+    for (auto found = fault(); found; found = fault())
+        if (!chooseAnother(*found)) return false;
+    return true;
+}
+
+void StartUp::start(Program& program) const {
+    const Database opened = mekTp::catalogue;
+    program.start();
+}
+
+bool StartUp::isOnlyCopy() {
+    if (copy_->isOnly()) return true;
+    say(nullptr, u"本软件已在运行，不能重复打开！按任意键继续。"_s);
+    return false;
+}
+
+/// What the person is told of a catalogue that cannot be opened.
+std::optional<QString> StartUp::fault() const {
+    if (isMissing(mekTp::cataloguePath())) return {};
+    try {
+        mekTp::openCatalogue();
+        requireCatalogue(mekTp::catalogue);
+        return {};
+    } catch (const Error& failure) {
+        mekTp::catalogue = {};
+        if (failure.isDamage()) return damageText(rescueOfCatalogue());
+        return failure.text() +
+               u"\n\n原有的内容没有改动。可以另选一个像册文件，只在这一次使用；也可以退出，处理好以后再打开本软件。"_s;
+    }
+}
+
+/// False when the program is to end instead.
+bool StartUp::chooseAnother(const QString& fault) {
+    while (choose(nullptr, fault, {u"选择其他像册…"_s, u"退出"_s}, 0, 1, BoxIcon::exclamation, u"错误提示"_s) == 0) {
+        const QString chosen = askOpenFile(nullptr, u"选择像册文件"_s, u"MDB文件|*.mdb"_s, programFolder());
+        if (!chosen.isEmpty() && take(chosen)) return true;
+    }
+    return false;
+}
+
+/// Goes on with another catalogue, unless another copy of the program works on it.
+bool StartUp::take(const QString& catalogue) {
+    const QString before = mekTp::cataloguePath();
+    useCatalogue(catalogue);
+    if (copy_->isOnly()) return true;
+    say(nullptr, u"像册文件“%1”已由本软件打开，不能重复打开。请另选一个。"_s.arg(catalogue));
+    useCatalogue(before);
+    copy_->isOnly();
+    return false;
+}
+
+void StartUp::useCatalogue(const QString& path) {
+    mekTp::setCataloguePath(path);
+    copy_ = std::make_unique<SingleCopy>(mekTp::cataloguePath(), mekTp::lockPath());
+}

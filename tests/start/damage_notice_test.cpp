@@ -1,0 +1,71 @@
+#include "start/damage_notice.h"
+
+#include "../support/run_all.h"
+#include "../support/sample_catalogue.h"
+#include "catalogue/mektp.h"
+#include "settings/backup_files.h"
+
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class TestDamageNotice : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void wayBackIsNamed() {
+        SampleCatalogue sample;
+        const QString backup = sample.file(u"备份 it's/lunq.mdb"_s), script = restoreScriptPath(backup);
+        QVERIFY(rescueOfCatalogue().backup.isEmpty());
+        const QString bare = damageText(rescueOfCatalogue());
+        QVERIFY(bare.contains(mekTp::cataloguePath()) && bare.contains(u"备份路径没有设置"_s));
+
+        changeRow(u"tcsz"_s, {{u"备份路径"_s, backup}});
+        makeBackupFolders(backup);
+        writeBackupScripts(placesOfBackup(backup));
+        const QString missing = damageText(rescueOfCatalogue());
+        QVERIFY(missing.contains(u"备份路径是“%1”，但那里现在没有备份"_s.arg(backup)) && missing.contains(script));
+
+        QFile copy(backup);
+        QVERIFY(copy.open(QIODevice::WriteOnly) &&
+                copy.setFileTime(QDateTime(QDate(2026, 3, 4), QTime(5, 6)), QFileDevice::FileModificationTime));
+        // The settings are in the damaged file: the script beside the program knows the place too.
+        for (const bool readable : {true, false}) {
+            if (!readable) mekTp::catalogue = {};
+            const QString whole = damageText(rescueOfCatalogue());
+            QVERIFY2(whole.contains(u"备份在“%1”，是 2026-03-04 05:06 的"_s.arg(backup)), qPrintable(whole));
+            QVERIFY(whole.contains(u"运行“%1”，用备份恢复"_s.arg(script)));
+        }
+        const QString journal = mekTp::cataloguePath() + u"-journal"_s;
+        QVERIFY(!damageText(rescueOfCatalogue()).contains(journal));
+        QVERIFY(QFile::remove(script));
+        QVERIFY(damageText(rescueOfCatalogue()).contains(u"那一份复制到“"_s + mekTp::cataloguePath()));
+        QVERIFY(!damageText(rescueOfCatalogue()).contains(journal));
+        QFile left(journal);
+        QVERIFY(left.open(QIODevice::WriteOnly) && left.write("the way back") > 0 && left.flush());
+        QVERIFY(damageText(rescueOfCatalogue()).contains(u"旁边的“%1”与损坏的文件一起移走"_s.arg(journal)));
+    }
+
+    void onlyOurOwnKindIsLookedThrough() {
+        SampleCatalogue sample;
+        QVERIFY(isCatalogueCheckable());
+        mekTp::catalogue = {};
+        QVERIFY(isCatalogueCheckable());
+        for (const auto& [content, isChecked] :
+             {std::pair{QByteArray("\0\1\0\0", 4) + "Standard Jet DB and a password", false},
+              {QByteArray("xxx"), true}}) {
+            QFile file(mekTp::cataloguePath());
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+            file.close();
+            QCOMPARE(isCatalogueCheckable(), isChecked);
+        }
+    }
+};
+
+const Registered<TestDamageNotice> registered;
+
+}  // namespace
+
+#include "damage_notice_test.moc"
