@@ -75,10 +75,6 @@ QString specOfPicture(const Picture& picture, const QString& star) {
     return text.size() <= specLength ? text : width + u'*' + height;
 }
 
-int pixelsFromHiMetric(int length) {
-    return static_cast<int>(std::floor(length / hiMetricPerPixel));
-}
-
 QString kilobytesText(qint64 bytes) {
     return thousandsText(static_cast<double>(bytes) / 1000.0, 3);
 }

@@ -55,7 +55,7 @@ int digitValue(QChar c) {
     return lower >= u'a' && lower <= u'f' ? lower.unicode() - u'a' + 10 : 99;
 }
 
-/// What stands behind the `&` of `&H1F&` or `&O17`; nothing when no digit follows.
+/// The number behind the `&` of `&H1F&` or `&O17`; nothing when no digit follows.
 std::optional<double> takeRadixNumber(Reader& reader) {
     const int radix = reader.takeAnyCase(u'H') ? 16 : reader.takeAnyCase(u'O') ? 8 : 0;
     if (radix == 0 || digitValue(reader.peek()) >= radix) return std::nullopt;

@@ -35,11 +35,11 @@ qint64 Shell(const QString& program, const QStringList& arguments) {
 
 bool isRunning(qint64 process) {
 #ifdef Q_OS_UNIX
-    // One that has ended keeps its number until somebody has asked how: `1234 (name) Z …`.
+    // A process that has ended keeps its number until its parent has asked for the result: `1234 (name) Z …`.
     QFile state(u"/proc/%1/stat"_s.arg(process));
     if (state.open(QIODevice::ReadOnly)) {
-        const QByteArray told = state.readAll();
-        return told.mid(told.lastIndexOf(')') + 2, 1) != "Z";
+        const QByteArray line = state.readAll();
+        return line.mid(line.lastIndexOf(')') + 2, 1) != "Z";
     }
     return process > 0 && (kill(static_cast<pid_t>(process), 0) == 0 || errno != ESRCH);
 #else

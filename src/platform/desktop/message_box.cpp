@@ -96,7 +96,7 @@ Unsaved askAboutUnsaved(QWidget* parent, const QString& text) {
 
 namespace {
 
-/// What is shown beside a modal box or dialog could be neither read in peace nor closed.
+/// While a modal box or dialog is open, a second box could neither be read in peace nor closed.
 void showWhenNothingWaits(const BoxText& text) {
     if (QApplication::activeModalWidget() != nullptr) {
         QTimer::singleShot(modalPatienceMs, qApp, [text] { showWhenNothingWaits(text); });

@@ -9,6 +9,8 @@
 #include <array>
 #include <string_view>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 std::string_view textOf(sqlite3_value* value) {
@@ -70,7 +72,7 @@ void lCase(sqlite3_context* context, int, sqlite3_value** arguments) {
     giveText(context, QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toLower());
 }
 
-constexpr std::string_view storedForm = "0000-00-00 00:00:00";  // zeros stand for digits
+constexpr std::string_view storedForm = "0000-00-00 00:00:00";  // each zero is any digit
 constexpr size_t dayLength = 10;
 
 bool isInStoredForm(std::string_view text) {
@@ -84,7 +86,7 @@ int numberIn(std::string_view digits) {
     return number;
 }
 
-/// Albums ask for the day of each of their records: those in the form in which dates are stored are read as they are.
+/// A filter asks for the day of every record of an album, so a date in the stored form takes a short way.
 bool isStoredDate(std::string_view text) {
     return isInStoredForm(text) && numberIn(text.substr(11, 2)) < 24 && numberIn(text.substr(14, 2)) < 60 &&
            numberIn(text.substr(17, 2)) < 60 &&
@@ -103,7 +105,7 @@ void dateValue(sqlite3_context* context, int, sqlite3_value** arguments) {
         return;
     }
     const auto date = dateFromText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
-    if (date) giveText(context, dateText(*date, u"yyyy-mm-dd 00:00:00"));
+    if (date) giveText(context, dateText(*date, datePattern) + u" 00:00:00"_s);
 }
 
 }  // namespace

@@ -82,7 +82,8 @@ void EditableRows::update(int row, const PendingValues& values) {
 
 void EditableRows::add(const PendingValues& values) {
     Change change(connection_);
-    // The identity stands in front: where a column is one itself, in another program's table, the later one counts.
+    // The identity comes first: in another program's table a column may be the identity itself, and the last one
+    // counts.
     QStringList names{u"_rowid_"_s};
     QStringList places{QString::number(connection_.newRowId(table_))};
     for (const auto& [column, value] : values) {

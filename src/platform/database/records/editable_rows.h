@@ -2,7 +2,7 @@
 
 #include "platform/database/records/result_rows.h"
 
-/// Rows of one table, known by their identities and read when asked for. They can be changed.
+/// Rows of one table, known by their identities. A row is read when it is asked for, and can be changed.
 class EditableRows : public ResultRows {
   public:
     EditableRows(Connection& connection, const SelectQuery& query);

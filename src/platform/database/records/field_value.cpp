@@ -35,7 +35,7 @@ QString FieldValue::toText() const {
                    [](double value) { return plainText(value); }, [](const QString& value) { return value; },
                    [](const QDateTime& value) {
                        const bool midnight = value.time() == QTime(0, 0);
-                       return dateText(value, midnight ? u"yyyy-mm-dd" : u"yyyy-mm-dd hh:mm:ss");
+                       return dateText(value, midnight ? datePattern : dateTimePattern);
                    },
                    [](const QByteArray&) -> QString { refuse(u"二进制数据"_s, u"文本"); }},
         storage_);
@@ -55,7 +55,7 @@ double FieldValue::toDouble() const {
                        if (!number) refuse(value, u"数字");
                        return *number;
                    },
-                   [](const QDateTime& value) -> double { refuse(dateText(value, u"yyyy-mm-dd hh:mm:ss"), u"数字"); },
+                   [](const QDateTime& value) -> double { refuse(dateText(value, dateTimePattern), u"数字"); },
                    [](const QByteArray&) -> double { refuse(u"二进制数据"_s, u"数字"); }},
         storage_);
 }

@@ -15,8 +15,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr QStringView storedDatePattern = u"yyyy-mm-dd hh:mm:ss";
-
 QString shown(const FieldValue& value) {
     if (std::holds_alternative<QByteArray>(value.storage())) return u"二进制数据"_s;
     const QString text = value.toText();
@@ -50,7 +48,7 @@ float fittedSingle(const Column& column, const FieldValue& value) {
 QDateTime fittedDate(const Column& column, const FieldValue& value) {
     QDateTime date;
     const bool read = attempt([&] { date = value.toDate(); });
-    // Dates are kept and compared as texts, which has four digits for the year.
+    // Dates are stored and compared as texts with four digits for the year.
     if (!read || !date.isValid() || date.date().year() < 1 || date.date().year() > 9999) {
         refuse(column, value, u"它不是日期"_s);
     }
@@ -196,7 +194,7 @@ void bindValue(SQLite::Statement& statement, int index, const FieldValue& value,
     else if (const auto* text = std::get_if<QString>(&storage))
         bindText(*text);
     else if (const auto* date = std::get_if<QDateTime>(&storage))
-        bindText(dateText(*date, storedDatePattern));
+        bindText(dateText(*date, dateTimePattern));
     else if (const auto* bytes = std::get_if<QByteArray>(&storage))
         statement.bind(index, bytes->constData(), static_cast<int>(bytes->size()));
     else
