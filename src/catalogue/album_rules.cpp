@@ -62,7 +62,7 @@ std::optional<QSize> sizeFromSpec(const QString& sizeText) {
     if (star < 0) return std::nullopt;
     const QStringView text = sizeText;
     const auto side = [](QStringView part) {
-        return static_cast<int>(std::clamp(numericValue(part), 0.0, double(longestPictureSide)));
+        return int(std::clamp(numericValue(part), 0.0, double(longestPictureSide)));
     };
     return QSize(side(text.left(star)), side(text.mid(star + 1)));
 }
@@ -76,7 +76,7 @@ QString specOfPicture(const Picture& picture, const QString& star) {
 }
 
 QString kilobytesText(qint64 bytes) {
-    return thousandsText(static_cast<double>(bytes) / 1000.0, 3);
+    return thousandsText(double(bytes) / 1000.0, 3);
 }
 
 int wzcd(const QString& text) {

@@ -167,7 +167,7 @@ QString plainText(double number) {
 }
 
 QString plainText(float number) {
-    return QString::number(static_cast<double>(number), 'g', 7);
+    return QString::number(double(number), 'g', 7);
 }
 
 QString dateText(const QDateTime& date, QStringView pattern) {
@@ -179,7 +179,7 @@ QString dateText(const QDateTime& date, QStringView pattern) {
         const QChar letter = pattern[i].toLower();
         qsizetype end = i;
         while (end < pattern.size() && pattern[end].toLower() == letter) ++end;
-        const int width = static_cast<int>(end - i);
+        const int width = int(end - i);
         if (letter == u'y')
             text += padded(day.year(), width);
         else if (letter == u'm')

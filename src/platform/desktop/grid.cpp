@@ -110,7 +110,7 @@ void Grid::follow() {
 int Grid::wantedWidth(int column) const {
     const QFontMetrics metrics = fontMetrics();
     QString heading = model_->spacedHeading(column);
-    const auto blanks = static_cast<int>(heading.count(u' '));
+    const auto blanks = int(heading.count(u' '));
     // A blank counts as half a Chinese character; in a proportional font it would be much narrower.
     const int headingWidth =
         metrics.horizontalAdvance(heading.remove(u' ')) + blanks * metrics.horizontalAdvance(u'中') / 2;

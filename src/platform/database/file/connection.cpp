@@ -176,7 +176,7 @@ bool Connection::isOurs() {
 }
 
 int Connection::version() {
-    return static_cast<int>(number(u"PRAGMA user_version"_s));
+    return int(number(u"PRAGMA user_version"_s));
 }
 
 void Connection::requireKnownVersion() {

@@ -14,7 +14,7 @@ inline const char* literalPaths() {
         sqlite3_vfs usual = *sqlite3_vfs_find("unix");
         usual.zName = "literal paths";
         usual.xFullPathname = [](sqlite3_vfs*, const char* path, int room, char* full) {
-            if (std::strlen(path) >= static_cast<size_t>(room)) return SQLITE_CANTOPEN;
+            if (std::strlen(path) >= size_t(room)) return SQLITE_CANTOPEN;
             std::strcpy(full, path);
             return SQLITE_OK;
         };

@@ -26,7 +26,7 @@ inline bool hasMoreDigitsThanNumber(std::string_view decimal) {
 inline double shortestDecimal(float number) {
     std::array<char, 32> digits{};
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-    auto decimal = static_cast<double>(number);
+    auto decimal = double(number);
     std::from_chars(digits.data(), end, decimal);
     return decimal;
 }

@@ -134,6 +134,6 @@ void ForeignCopy::read() {
         throw failure(path_, reason(JetOutcome::limitExceeded));
     }
     if (reader.exitStatus() == QProcess::CrashExit) throw failure(path_, u"读取它的程序意外终止，它可能已损坏"_s);
-    const auto outcome = static_cast<JetOutcome>(reader.exitCode());
+    const auto outcome = JetOutcome(reader.exitCode());
     if (outcome != JetOutcome::done) throw failure(path_, reason(outcome));
 }

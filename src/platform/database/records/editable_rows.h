@@ -8,7 +8,7 @@ class EditableRows : public ResultRows {
     EditableRows(Connection& connection, const SelectQuery& query);
 
     bool isUpdatable() const override { return true; }
-    int count() const override { return static_cast<int>(rowids_.size()); }
+    int count() const override { return int(rowids_.size()); }
     Row read(int row) override;
     int firstMatch(const Tokens& criteria) override;
     void update(int row, const PendingValues& values) override;

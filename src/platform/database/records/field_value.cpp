@@ -48,8 +48,8 @@ QString FieldValue::textOr(const QString& fallback) const {
 double FieldValue::toDouble() const {
     return std::visit(
         Overloaded{[](std::monostate) -> double { refuseNull(); }, [](bool value) -> double { return value ? 1 : 0; },
-                   [](qint32 value) -> double { return value; },
-                   [](float value) -> double { return static_cast<double>(value); }, [](double value) { return value; },
+                   [](qint32 value) -> double { return value; }, [](float value) -> double { return double(value); },
+                   [](double value) { return value; },
                    [](const QString& value) {
                        const auto number = numberFromText(value);
                        if (!number) refuse(value, u"数字");
@@ -65,7 +65,7 @@ qint32 FieldValue::toInteger() const {
     if (!(number >= std::numeric_limits<qint32>::min() && number <= std::numeric_limits<qint32>::max())) {
         refuse(plainText(number), u"32 位整数：超出范围");
     }
-    return static_cast<qint32>(number);
+    return qint32(number);
 }
 
 bool FieldValue::toBool() const {

@@ -17,7 +17,7 @@ class RecordsetState {
     };
 
     const std::vector<Column>& columns() const { return rows->columns(); }
-    const Column& column(int index) const { return columns()[static_cast<size_t>(index)]; }
+    const Column& column(int index) const { return columns()[size_t(index)]; }
 
     void goTo(int row);
     void leaveRecord(Place where, int row);
