@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Looks through all sources with clang-tidy and with the warnings of clang, by the committed .clang-tidy: whatever has
-# changed since it was last found clean, or includes such a header. Needs the build of test.sh. Fails when it finds
-# anything.
+# Checks the sources with clang-tidy, by the committed .clang-tidy, and with the warnings of clang. A source is skipped if
+# it was found clean before, and neither it nor a header that it includes has changed since. Needs the build of test.sh.
+# Fails when it finds anything.
 set -euo pipefail
 cd -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")/.."
 . tools/setup.sh
