@@ -14,7 +14,7 @@ Picture loadPictureField(Recordset& recordset, const QString& fieldName, const Q
 std::optional<Picture> pictureFromField(Recordset& recordset, const QString& fieldName, QSize target = {});
 
 /// Puts the picture of a column on an image control, decoded for the control's own size or for `target`. The control
-/// keeps what it shows when there is no picture to read; tells whether there was one.
+/// keeps what it shows when there is no picture to read. Returns whether there was one.
 template <typename Image>
 bool readPictureField(Recordset& recordset, const QString& fieldName, Image& image, QSize target = {}) {
     const auto picture = pictureFromField(recordset, fieldName, target.isEmpty() ? image.targetSize() : target);
@@ -25,10 +25,10 @@ bool readPictureField(Recordset& recordset, const QString& fieldName, Image& ima
 /// Chunk size of all picture writing.
 inline constexpr int pictureChunk = 16384;
 
-/// Stores a file's bytes in a long-binary column of the record under `Edit` or `AddNew`. The value is longer than the
-/// file by the number of its whole chunks and one. The tail is zeros, which decoders never see: catalogues of all ages
-/// hold their pictures so. A file of more than 16 MB is read while the record is stored, and has to stay until then.
-/// Returns the file's length; 0 (nothing stored) for an empty file. Throws `Error` when the file cannot be read.
+/// Stores a file's bytes in a long-binary column of the record under `Edit` or `AddNew`. Behind them come zeros, one
+/// and one more for each whole chunk: all catalogues hold their pictures like that, and decoders never see the zeros. A
+/// file of more than 16 MB is read while the record is stored, and has to stay until then. Returns the file's length; 0
+/// for an empty file, of which nothing is stored. Throws `Error` when the file cannot be read.
 qint64 storePictureFile(Field field, const QString& path);
 /// The same with bytes in memory.
 qint64 storePictureBytes(Field field, const QByteArray& bytes);

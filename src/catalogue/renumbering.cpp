@@ -13,7 +13,7 @@ void renumberAlbum(const Database& catalogue, const QString& table, const QStrin
         records.Fields(u"序号"_s).SetValue(i);
         records.Update();
         records.MoveNext();
-        const int percent = static_cast<int>(qint64(i) * 100 / count);
+        const int percent = int(qint64(i) * 100 / count);
         if (progress && percent > told) progress(told = percent);
     }
     transaction.commit();

@@ -94,7 +94,7 @@ Picture decodedBmp(QIODevice& device, const ColourBits& bits, const QString& nam
     const QSize pixels(stored.width(), qAbs(stored.height()));  // Negative when the rows run downwards.
     checkSides(pixels, name);
     checkSubstance(pixels, device.size(), name);
-    const qint64 bytes = imageBytes(pixels) * 5 / 4;  // One of few colours is held beside what becomes of it.
+    const qint64 bytes = imageBytes(pixels) * 5 / 4;  // A picture of few colours and its decoded copy are held at once.
     checkMemory(bytes, pixels, name);
     const MemoryShare share(bytes);
 

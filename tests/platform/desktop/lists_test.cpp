@@ -65,7 +65,7 @@ class TestLists : public QObject {
             const auto lefts = [&] {
                 std::set<int> all;
                 for (int i = 0; i < list.count(); ++i) all.insert(list.visualItemRect(list.item(i)).left());
-                return static_cast<int>(all.size());
+                return int(all.size());
             };
             const auto isColumnWide = [&] {
                 const int width = list.visualItemRect(list.item(0)).width();
@@ -127,7 +127,7 @@ class TestLists : public QObject {
             QCOMPARE(selection.size(), 1);
             QCOMPARE(selected(), lines);
         }
-        // A list that is filled anew has nothing to tell.
+        // Filling a list anew sends no signal.
         list.setPattern(u"*.jpg;*.bmp"_s);
         QCOMPARE(selection.size(), 1);
         QCOMPARE(selected(), QList<int>{});
@@ -168,7 +168,7 @@ class TestLists : public QObject {
         QCOMPARE(texts(files), (QStringList{u"照片.jpg"_s, u"a.jpg"_s}));
         QVERIFY(files.item(0)->toolTip().contains(u"代用"_s) && files.item(1)->toolTip().isEmpty());
 
-        // A folder of such a name stands there, but leads nowhere.
+        // There is a folder of such a name, but it cannot be opened.
         DirList folders;
         folders.resize(300, 400);
         folders.setPath(folder.path());

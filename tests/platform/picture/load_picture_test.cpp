@@ -177,7 +177,7 @@ class TestLoadPicture : public QObject {
             {progressive, u"不完整"_s},
             {withMoreScans(progressive, 400), u"不完整"_s},
             {withSides(bmpBytes(8, false, true), {16000, 16000}), u"不完整"_s},
-            // Room for the picture is not room for what has to lie beside it.
+            // There is room for the picture, but not for the copies that decoding needs.
             {progressive + bytesForTheSides, u"内存不足"_s},
             {ofHugeSides({Kind::coloursApart}) + bytesForTheSides, u"内存不足"_s},
             {ofHugeSides({Kind::baseline, 6}) + bytesForTheSides, u"内存不足"_s},
