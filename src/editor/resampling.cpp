@@ -2,12 +2,11 @@
 
 #include "editor/row_blocks.h"
 
+#include <QtEndian>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <vector>
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
 
 namespace {
 
@@ -21,8 +20,7 @@ constexpr int wholeWeight = 1 << weightBits;
 constexpr int rowShift = weightBits - 7;
 constexpr int columnShift = weightBits + 7;
 
-/// Which source pixels of one direction make a target pixel: those from `first` on, one for each weight. The count of
-/// weights is even, because the sums are taken in pairs; the last one may be 0, for a pixel behind the end.
+/// Which source pixels of one direction make a target pixel: those from `first` on, one for each weight.
 struct Taps {
     int first;
     int count;
@@ -39,7 +37,6 @@ class Direction {
                 average(source, target, i);
             else
                 interpolate(source, target, i);
-            if ((weights_.size() - starts_.back()) % 2 != 0) weights_.push_back(0);
         }
         starts_.push_back(weights_.size());
     }
@@ -71,7 +68,7 @@ class Direction {
         const int second = int(std::lround((middle - first) * wholeWeight));
         first_.push_back(first);
         weights_.push_back(qint16(wholeWeight - second));
-        weights_.push_back(qint16(second));
+        if (second > 0) weights_.push_back(qint16(second));
     }
 
     std::vector<int> first_;
@@ -79,100 +76,27 @@ class Direction {
     std::vector<qint16> weights_;
 };
 
-/// Mixes the source rows of one target row into `mixed`, one value of 15 bits for each channel.
-void mixRows(const ConstPixelRows& source, QSize size, const Taps& taps, qint16* mixed) {
-    const auto row = [&](int tap) {
-        return reinterpret_cast<const uchar*>(source[std::min(taps.first + tap, size.height() - 1)]);
-    };
-    const int values = size.width() * channels;
-    int i = 0;
-#ifdef __SSE2__
-    const __m128i zero = _mm_setzero_si128();
-    for (; i + 16 <= values; i += 16) {
-        __m128i sums[4];
-        std::fill_n(sums, 4, _mm_set1_epi32(1 << (rowShift - 1)));
-        for (int tap = 0; tap < taps.count; tap += 2) {
-            const __m128i weights = _mm_set1_epi32(taps.weights[tap] | taps.weights[tap + 1] << 16);
-            const __m128i upper = _mm_loadu_si128(reinterpret_cast<const __m128i*>(row(tap) + i));
-            const __m128i lower = _mm_loadu_si128(reinterpret_cast<const __m128i*>(row(tap + 1) + i));
-            const __m128i left = _mm_unpacklo_epi8(upper, lower);
-            const __m128i right = _mm_unpackhi_epi8(upper, lower);
-            const auto add = [&](__m128i& sum, __m128i pairs) {
-                sum = _mm_add_epi32(sum, _mm_madd_epi16(pairs, weights));
-            };
-            add(sums[0], _mm_unpacklo_epi8(left, zero));
-            add(sums[1], _mm_unpackhi_epi8(left, zero));
-            add(sums[2], _mm_unpacklo_epi8(right, zero));
-            add(sums[3], _mm_unpackhi_epi8(right, zero));
-        }
-        const auto store = [&](int at, __m128i low, __m128i high) {
-            _mm_storeu_si128(reinterpret_cast<__m128i*>(mixed + at),
-                             _mm_packs_epi32(_mm_srai_epi32(low, rowShift), _mm_srai_epi32(high, rowShift)));
-        };
-        store(i, sums[0], sums[1]);
-        store(i + 8, sums[2], sums[3]);
+/// Mixes the source rows of one target row into `mixed`, one value of 15 bits for each channel. Factors of 16 bits: of
+/// these the compiler takes eight at a time.
+void mixRows(const ConstPixelRows& source, const Taps& taps, std::vector<int>& sums, std::vector<qint16>& mixed) {
+    std::fill(sums.begin(), sums.end(), 1 << (rowShift - 1));
+    for (int tap = 0; tap < taps.count; ++tap) {
+        const auto* row = reinterpret_cast<const uchar*>(source[taps.first + tap]);
+        const qint16 weight = taps.weights[tap];
+        for (size_t i = 0; i < sums.size(); ++i) sums[i] += qint16(row[i]) * weight;
     }
-#endif
-    for (; i < values; ++i) {
-        int sum = 1 << (rowShift - 1);
-        for (int tap = 0; tap < taps.count; ++tap) sum += row(tap)[i] * taps.weights[tap];
-        mixed[i] = qint16(sum >> rowShift);
-    }
+    for (size_t i = 0; i < sums.size(); ++i) mixed[i] = qint16(sums[i] >> rowShift);
 }
 
 /// Mixes neighbours of a row of `mixRows` to one target pixel.
 QRgb mixedColumns(const qint16* mixed, const Taps& taps) {
     const qint16* from = mixed + taps.first * channels;
-    constexpr int half = 1 << (columnShift - 1);
-#ifdef __SSE2__
-    __m128i sum = _mm_set1_epi32(half);
-    for (int tap = 0; tap < taps.count; tap += 2, from += 2 * channels) {
-        const __m128i weights = _mm_set1_epi32(taps.weights[tap] | taps.weights[tap + 1] << 16);
-        const __m128i two = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
-        sum = _mm_add_epi32(sum, _mm_madd_epi16(_mm_unpacklo_epi16(two, _mm_srli_si128(two, 8)), weights));
-    }
-    const __m128i words = _mm_packs_epi32(_mm_srai_epi32(sum, columnShift), sum);
-    return QRgb(_mm_cvtsi128_si32(_mm_packus_epi16(words, words)));
-#else
-    QRgb pixel;
-    auto* bytes = reinterpret_cast<uchar*>(&pixel);
-    for (int channel = 0; channel < channels; ++channel) {
-        int sum = half;
-        for (int tap = 0; tap < taps.count; ++tap) sum += from[tap * channels + channel] * taps.weights[tap];
-        bytes[channel] = uchar(sum >> columnShift);
-    }
-    return pixel;
-#endif
-}
-
-QRgb meanOfFour(QRgb a, QRgb b, QRgb c, QRgb d) {
-    constexpr QRgb everySecond = 0x00FF00FF;
-    constexpr QRgb half = 0x00020002;
-    const auto sum = [&](int shift) {
-        const auto channelPair = [&](QRgb pixel) { return (pixel >> shift) & everySecond; };
-        return channelPair(a) + channelPair(b) + channelPair(c) + channelPair(d) + half;
-    };
-    return (sum(0) >> 2 & everySecond) | (sum(8) >> 2 & everySecond) << 8;
-}
-
-/// The commonest factor has a shorter way to the same pixels.
-void halveRow(const QRgb* upper, const QRgb* lower, int width, QRgb* row) {
-    int i = 0;
-#ifdef __SSE2__
-    const __m128i zero = _mm_setzero_si128();
-    const __m128i half = _mm_set1_epi16(2);
-    const auto twoPixels = [&](int at) {
-        const __m128i above = _mm_loadu_si128(reinterpret_cast<const __m128i*>(upper + at));
-        const __m128i below = _mm_loadu_si128(reinterpret_cast<const __m128i*>(lower + at));
-        const __m128i left = _mm_add_epi16(_mm_unpacklo_epi8(above, zero), _mm_unpacklo_epi8(below, zero));
-        const __m128i right = _mm_add_epi16(_mm_unpackhi_epi8(above, zero), _mm_unpackhi_epi8(below, zero));
-        const __m128i sums = _mm_add_epi16(_mm_unpacklo_epi64(left, right), _mm_unpackhi_epi64(left, right));
-        return _mm_srli_epi16(_mm_add_epi16(sums, half), 2);
-    };
-    for (; i + 4 <= width; i += 4)
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(row + i), _mm_packus_epi16(twoPixels(2 * i), twoPixels(2 * i + 4)));
-#endif
-    for (; i < width; ++i) row[i] = meanOfFour(upper[2 * i], upper[2 * i + 1], lower[2 * i], lower[2 * i + 1]);
+    std::array<int, channels> sums;
+    sums.fill(1 << (columnShift - 1));
+    for (int tap = 0; tap < taps.count; ++tap, from += channels)
+        for (size_t channel = 0; channel < sums.size(); ++channel) sums[channel] += from[channel] * taps.weights[tap];
+    for (int& sum : sums) sum >>= columnShift;
+    return qFromLittleEndian(QRgb(sums[0] | sums[1] << 8 | sums[2] << 16 | sums[3] << 24));
 }
 
 }  // namespace
@@ -181,20 +105,14 @@ QImage resampled(const QImage& picture, QSize target) {
     QImage result = blankPicture(target);
     const PixelRows resultRows(result);
     const ConstPixelRows source(picture);
-    if (picture.size() == target * 2) {
-        forRowBlocks(target, [&](int first, int end) {
-            for (int j = first; j < end; ++j) halveRow(source[2 * j], source[2 * j + 1], target.width(), resultRows[j]);
-        });
-        return result;
-    }
     const Direction columns(picture.width(), target.width());
     const Direction rows(picture.height(), target.height());
 
     forRowBlocks(target, [&](int first, int end) {
-        // One pixel more than the row has: a weight of 0 may stand behind its end.
-        std::vector<qint16> mixed(size_t(picture.width() + 1) * channels);
+        std::vector<int> sums(size_t(picture.width()) * channels);
+        std::vector<qint16> mixed(sums.size());
         for (int j = first; j < end; ++j) {
-            mixRows(source, picture.size(), rows[j], mixed.data());
+            mixRows(source, rows[j], sums, mixed);
             QRgb* row = resultRows[j];
             for (int i = 0; i < target.width(); ++i) row[i] = mixedColumns(mixed.data(), columns[i]);
         }

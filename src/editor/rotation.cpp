@@ -6,9 +6,6 @@
 #include <cmath>
 #include <functional>
 #include <vector>
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
 
 namespace {
 
@@ -69,31 +66,12 @@ Span inside(const Coordinate& coordinate, Span strip, double last) {
 }
 
 int nearest(float coordinate) {
-    return int(std::nearbyint(coordinate));
+    return int(std::lrint(coordinate));
 }
 
 /// Fills the columns of a span, all of which come from inside the source.
 void copyNearest(const ConstPixelRows& source, const Coordinate& u, const Coordinate& v, Span span, QRgb* target) {
-    int i = span.begin;
-#ifdef __SSE2__
-    const auto four = [](const Coordinate& coordinate, int column) {
-        const __m128d row = _mm_set1_pd(coordinate.rowTerm);
-        const __m128d half = _mm_set1_pd(coordinate.half);
-        const auto two = [&](int first) {
-            const __m128d term = _mm_loadu_pd(coordinate.columnTerms + first);
-            return _mm_cvtpd_ps(_mm_add_pd(_mm_add_pd(term, row), half));
-        };
-        return _mm_cvtps_epi32(_mm_movelh_ps(two(column), two(column + 2)));
-    };
-    for (; i + 4 <= span.end; i += 4) {
-        alignas(16) int x[4];
-        alignas(16) int y[4];
-        _mm_store_si128(reinterpret_cast<__m128i*>(x), four(u, i));
-        _mm_store_si128(reinterpret_cast<__m128i*>(y), four(v, i));
-        for (int k = 0; k < 4; ++k) target[i + k] = source[y[k]][x[k]];
-    }
-#endif
-    for (; i < span.end; ++i) target[i] = source[nearest(float(v.at(i)))][nearest(float(u.at(i)))];
+    for (int i = span.begin; i < span.end; ++i) target[i] = source[nearest(float(v.at(i)))][nearest(float(u.at(i)))];
 }
 
 /// One rotation of a picture. The target is filled tile by tile: small enough that the lines of the source that a tile

@@ -2,7 +2,7 @@
 
 #include "platform/database/file/storage_format.h"
 
-#include <iconv.h>
+#include <glib.h>
 
 #include <algorithm>
 #include <array>
@@ -10,28 +10,15 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <memory>
 
 namespace {
 
 constexpr char32_t replacement = 0xFFFD;
 
 void appendUtf8(std::string& text, char32_t code) {
-    const auto add = [&](char32_t byte) { text += char(byte); };
-    if (code < 0x80) {
-        add(code);
-    } else if (code < 0x800) {
-        add(0xC0 | code >> 6);
-        add(0x80 | (code & 0x3F));
-    } else if (code < 0x10000) {
-        add(0xE0 | code >> 12);
-        add(0x80 | (code >> 6 & 0x3F));
-        add(0x80 | (code & 0x3F));
-    } else {
-        add(0xF0 | code >> 18);
-        add(0x80 | (code >> 12 & 0x3F));
-        add(0x80 | (code >> 6 & 0x3F));
-        add(0x80 | (code & 0x3F));
-    }
+    std::array<char, 6> bytes{};
+    text.append(bytes.data(), size_t(g_unichar_to_utf8(code, bytes.data())));
 }
 
 std::u16string unitsOf(Bytes bytes) {
@@ -76,21 +63,13 @@ std::string utf8(const std::u16string& units) {
 
 /// Nothing when the bytes are no text in that encoding.
 std::optional<std::string> converted(Bytes bytes, const std::string& encoding) {
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): this is how the library reports a failure
-    static const auto failed = reinterpret_cast<iconv_t>(-1);
-    const iconv_t converter = iconv_open("UTF-8", encoding.c_str());
-    if (converter == failed) return {};
-    std::string in(bytes.begin(), bytes.end());
-    std::string out(in.size() * 4, '\0');
-    char* from = in.data();
-    char* to = out.data();
-    size_t left = in.size();
-    size_t room = out.size();
-    const size_t result = iconv(converter, &from, &left, &to, &room);
-    iconv_close(converter);
-    if (result != 0 || left != 0) return {};
-    out.resize(out.size() - room);
-    return out;
+    gsize length = 0;
+    const std::unique_ptr<gchar, decltype(&g_free)> text(
+        g_convert(reinterpret_cast<const gchar*>(bytes.data()), gssize(bytes.size()), "UTF-8", encoding.c_str(),
+                  nullptr, &length, nullptr),
+        g_free);
+    if (!text) return {};
+    return std::string(text.get(), length);
 }
 
 /// The number that these digits are, so many of them behind the point.
