@@ -21,7 +21,7 @@ sources_with_headers() {
     ninja -C "$build" -t deps | sed -E "s|^    (\.\./\.\./\|$PWD/)|    |" | awk '
         function tell() { if (source != "") print source headers; source = headers = "" }
         /^[^ ]/ { tell() }
-        /^    (src|tests|tools|bench)\/.*\.cpp$/ { if (source == "") source = $1; next }
+        /^    (src|tests|tools|bench)\/.*\.cpp$/ && !/_autogen/ { if (source == "") source = $1; next }
         /^    (src|tests|tools|bench)\// && !/_autogen|CMakeFiles/ { headers = headers " " $1 }
         END { tell() }' | sort -u -t ' ' -k 1,1
 }

@@ -11,6 +11,7 @@ struct BmpHeader {
 
     quint32 length;      ///< Of the part behind the first 14 bytes; it differs by version.
     QSize pixels;        ///< The height is negative where the rows run downwards.
+    int depth;           ///< Bits of a pixel.
     qint64 pixelOffset;  ///< Where the pixels begin.
     qint64 pixelBytes;   ///< How many bytes of pixels there are, those that fill up the last row left out.
 };

@@ -138,11 +138,18 @@ class TestLists : public QObject {
         QDir dir(folder.path());
         for (const auto& name : {u"f10"_s, u"f2"_s, u".hidden"_s}) dir.mkdir(name);
         writeFile(folder.filePath(u"file"_s));
+        // Links are followed; those to no folder are left out.
+        QCOMPARE(mkfifo(qPrintable(folder.filePath(u"pipe"_s)), 0600), 0);
+        for (const auto& [name, target] : {std::pair{u"f1"_s, folder.filePath(u"f2"_s)},
+                                           {u"f3"_s, folder.filePath(u"pipe"_s)},
+                                           {u"f4"_s, u"/dev/zero"_s},
+                                           {u"f5"_s, folder.filePath(u"file"_s)}})
+            QVERIFY(QFile::link(target, folder.filePath(name)));
         DirList list;
         list.setPath(folder.path());
         const QStringList lines = texts(list);
         QCOMPARE(lines.first(), QDir::rootPath());
-        QCOMPARE(lines.mid(lines.size() - 3), (QStringList{dir.dirName(), u"f2"_s, u"f10"_s}));
+        QCOMPARE(lines.mid(lines.size() - 4), (QStringList{dir.dirName(), u"f1"_s, u"f2"_s, u"f10"_s}));
         QCOMPARE(list.item(list.count() - 1)->data(Qt::UserRole).toString(), folder.filePath(u"f10"_s));
         QCOMPARE(list.item(list.count() - 1)->toolTip(), folder.filePath(u"f10"_s));
         QCOMPARE(list.currentItem()->data(Qt::UserRole).toString(), folder.path());
