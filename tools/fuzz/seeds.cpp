@@ -43,7 +43,7 @@ class Seeds {
 void pictures(Seeds seeds) {
     using Kind = JpegOptions::Kind;
     const QImage image = quadrants({48, 40});
-    for (const Kind kind : {Kind::baseline, Kind::progressive, Kind::coloursApart, Kind::grayscale, Kind::inks,
+    for (const Kind kind : {Kind::baseline, Kind::progressive, Kind::coloursApart, Kind::greyscale, Kind::inks,
                             Kind::lights, Kind::arithmetic}) {
         seeds.add(jpegBytes(image, {kind}));
         seeds.add(jpegBytes(image, {kind, 6, kind == Kind::progressive}));

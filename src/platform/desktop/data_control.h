@@ -16,7 +16,6 @@ class DataControl : public QFrame {
 
     void setCaption(const QString& caption);
 
-    const QString& DatabaseName() const { return databaseName_; }
     void setDatabaseName(const QString& path) { databaseName_ = path; }
     const QString& RecordSource() const { return recordSource_; }
     void setRecordSource(const QString& source) { recordSource_ = source; }

@@ -10,7 +10,6 @@ class ListBox : public QListWidget {
     explicit ListBox(QWidget* parent = nullptr);
 
     int ListCount() const { return count(); }
-    int ListIndex() const { return currentRow(); }
     QString List(int index) const { return item(index)->text(); }
     void AddItem(const QString& text) { addItem(text); }
     /// Lays the lines out in that many columns of equal width; 1 is a plain list.

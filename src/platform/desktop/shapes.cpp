@@ -16,13 +16,13 @@ ShapeBox::ShapeBox(QWidget* parent) : QWidget(parent) {
     letMouseThrough(this);
 }
 
-void ShapeBox::setBorderColor(const QColor& color) {
-    borderColor_ = color;
+void ShapeBox::setBorderColor(const QColor& colour) {
+    borderColor_ = colour;
     update();
 }
 
-void ShapeBox::setFillColor(const QColor& color) {
-    fillColor_ = color;
+void ShapeBox::setFillColor(const QColor& colour) {
+    fillColor_ = colour;
     update();
 }
 
@@ -75,8 +75,8 @@ void LineBox::setEnds(int x1, int y1, int x2, int y2) {
     update();
 }
 
-void LineBox::setColor(const QColor& color) {
-    color_ = color;
+void LineBox::setColor(const QColor& colour) {
+    color_ = colour;
     update();
 }
 

@@ -13,9 +13,9 @@ class ShapeBox : public QWidget {
     explicit ShapeBox(QWidget* parent = nullptr);
 
     QColor borderColor() const { return borderColor_; }
-    void setBorderColor(const QColor& color);
+    void setBorderColor(const QColor& colour);
     QColor fillColor() const { return fillColor_; }  ///< Invalid: not filled.
-    void setFillColor(const QColor& color);
+    void setFillColor(const QColor& colour);
     void setBorderWidth(int pixels);
     void setCornerRadius(int pixels);
 
@@ -40,7 +40,7 @@ class LineBox : public QWidget {
 
     void setEnds(int x1, int y1, int x2, int y2);  ///< Twips, in the parent's coordinates.
     QColor color() const { return color_; }
-    void setColor(const QColor& color);
+    void setColor(const QColor& colour);
 
     int x1() const { return x1_; }
     int y1() const { return y1_; }

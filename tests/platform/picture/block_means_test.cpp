@@ -83,7 +83,7 @@ std::vector<JpegOptions> usualOptions(bool ownCodes) {
     for (const unsigned restartInterval : {0U, 1U, 7U})
         for (const int quality : {20, 85, 100}) {
             JpegOptions options{
-                .kind = Kind::grayscale, .restartInterval = restartInterval, .quality = quality, .ownCodes = ownCodes};
+                .kind = Kind::greyscale, .restartInterval = restartInterval, .quality = quality, .ownCodes = ownCodes};
             all.push_back(options);
             for (const QSize sampling : {QSize(1, 1), QSize(2, 1), QSize(1, 2), QSize(2, 2)})
                 for (const Kind kind : {Kind::baseline, Kind::progressive}) {
@@ -144,7 +144,7 @@ class TestBlockMeans : public QObject {
         const JpegOptions kinds[] = {{.sampling = {1, 1}, .ownCodes = true},
                                      {.sampling = {2, 1}, .restartInterval = 2},
                                      {.kind = Kind::progressive, .sampling = {2, 2}},
-                                     {Kind::grayscale, 6}};
+                                     {Kind::greyscale, 6}};
         QRandomGenerator chance(3);
         for (const JpegOptions& options : kinds) {
             const QByteArray whole = jpegBytes(painted({44, 30}, true), options);

@@ -83,13 +83,13 @@ class TestLoadPicture : public QObject {
 
     void kindsOfJpeg() {
         for (const Kind kind :
-             {Kind::baseline, Kind::progressive, Kind::coloursApart, Kind::grayscale, Kind::inks, Kind::invertedInks}) {
+             {Kind::baseline, Kind::progressive, Kind::coloursApart, Kind::greyscale, Kind::inks, Kind::invertedInks}) {
             const QByteArray bytes = jpegBytes(quadrants({160, 128}), {kind});
             for (const QSize target : {QSize(), QSize(40, 30), QSize(20, 16), QSize(5, 5)}) {
                 const Picture picture = LoadPicture(bytes, u"图"_s, target);
                 QCOMPARE(picture.pixels(), QSize(160, 128));
                 QCOMPARE(picture.image().format(), QImage::Format_RGB32);
-                QCOMPARE(quadrantsOf(picture.image()), QByteArray(kind == Kind::grayscale ? "???D" : "ABCD"));
+                QCOMPARE(quadrantsOf(picture.image()), QByteArray(kind == Kind::greyscale ? "???D" : "ABCD"));
             }
         }
     }
@@ -173,7 +173,7 @@ class TestLoadPicture : public QObject {
         const QByteArray bytesForTheSides(4 << 20, '\0');
         const std::pair<QByteArray, QString> cases[] = {
             {ofHugeSides({}), u"不完整"_s},
-            {ofHugeSides({Kind::grayscale, 6}), u"不完整"_s},
+            {ofHugeSides({Kind::greyscale, 6}), u"不完整"_s},
             {progressive, u"不完整"_s},
             {withMoreScans(progressive, 400), u"不完整"_s},
             {withSides(bmpBytes(8, false, true), {16000, 16000}), u"不完整"_s},

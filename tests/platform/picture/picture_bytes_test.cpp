@@ -32,7 +32,7 @@ class TestPictureBytes : public QObject {
         const QByteArray small = jpegBytes(quadrants({16, 16}));
         QList<QByteArray> pictures{withPreview(jpegBytes(image), small, 6), withMoreScans(jpegBytes(image), 3)};
         for (const Kind kind :
-             {Kind::baseline, Kind::progressive, Kind::coloursApart, Kind::grayscale, Kind::arithmetic})
+             {Kind::baseline, Kind::progressive, Kind::coloursApart, Kind::greyscale, Kind::arithmetic})
             for (const unsigned restartInterval : {0U, 2U}) {
                 JpegOptions options;
                 options.kind = kind;

@@ -68,11 +68,11 @@ constexpr std::array<jpeg_scan_info, 6> scansApart{{
 }};
 
 int channelsOf(Kind kind) {
-    return kind == Kind::grayscale ? 1 : kind == Kind::inks || kind == Kind::invertedInks ? 4 : 3;
+    return kind == Kind::greyscale ? 1 : kind == Kind::inks || kind == Kind::invertedInks ? 4 : 3;
 }
 
 void appendPixel(std::vector<JSAMPLE>& row, QRgb colour, Kind kind) {
-    if (kind == Kind::grayscale) {
+    if (kind == Kind::greyscale) {
         row.push_back(JSAMPLE(qGray(colour)));
         return;
     }

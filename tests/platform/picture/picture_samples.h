@@ -8,7 +8,7 @@
 /// Pictures as bytes; those with faulty bytes are made by hand.
 
 struct JpegOptions {
-    enum class Kind { baseline, progressive, coloursApart, grayscale, inks, invertedInks, lights, arithmetic };
+    enum class Kind { baseline, progressive, coloursApart, greyscale, inks, invertedInks, lights, arithmetic };
     Kind kind = Kind::baseline;
     int orientation = 0;     ///< 0 writes no EXIF segment.
     bool bigEndian = false;  ///< Byte order of the EXIF segment.
