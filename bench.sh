@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds the album for speed, runs all benchmarks and prints their figures as one table, each
-# beside its limit or its peer of the same run. It fails when a figure falls short.
+# Installs missing packages, builds the album with optimisation, runs all benchmarks and prints their figures as one table.
+# It fails when a figure misses its limit.
 # Usage: ./bench.sh [topic...]   the benchmarks of these names alone: album, start, page …
 set -euo pipefail
 cd -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")"

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds the fuzz targets with sanitizers, runs one after the other, and prints a table of what
-# they have done. It fails when one has found something.
+# Installs missing packages, builds the fuzz targets with sanitizers, runs them one after the other, and prints a table of
+# their runs. It fails when one has found something.
 # Usage: ./fuzz.sh [minutes] [target...]   10 minutes each; the targets: picture, dialect, typed, catalogue, foreign
 #
-# What a run has learned stays in build/fuzz/corpus and is where the next one goes on; inputs that ended a run, or took
-# longer than 2 seconds, are kept in build/fuzz/findings. One of them alone: build/fuzz/bin/fuzz_TARGET FILE
+# A run keeps its inputs in build/fuzz/corpus, and the next run goes on from there. Inputs that ended a run, or took longer
+# than 2 seconds, are kept in build/fuzz/findings. To run one of them alone: build/fuzz/bin/fuzz_TARGET FILE
 # The target "foreign" begins with databases of another format: some made here, and those in the folder
 # LUNQ_JET_SAMPLES if the environment names one.
 set -euo pipefail
@@ -27,18 +27,18 @@ export ASAN_OPTIONS=allocator_may_return_null=1:quarantine_size_mb=16:malloc_con
 export ASAN_SYMBOLIZER_PATH=/usr/bin/llvm-symbolizer-14
 "$folder/bin/make_fuzz_seeds" "$folder/seeds" "${LUNQ_JET_SAMPLES:-}"
 
-# sum_of TEXT FILE...: the sum of the figures that the runs tell behind a text.
+# sum_of TEXT FILE...: the sum of the figures that the runs have printed behind a text.
 sum_of() {
     awk -v text="$1" 'index($0, text) { sum += $2 } END { print sum + 0 }' "${@:2}"
 }
 
-# Whether a run ended within the library that reads databases of another format. The process of the real reader is there to
-# contain that.
+# Whether a run ended within the library that reads databases of another format. The program runs that library in a process
+# of its own, so such a crash harms nobody.
 ended_in_library() {
     awk '/^ *#[0-9]+ 0x/ && /libmdb|\/src\/|\/tools\// { found = /libmdb/; exit } END { exit !found }' "$1"
 }
 
-# forget_quick INPUT...: drops the inputs that are slow only while the machine has other work.
+# forget_quick INPUT...: drops the inputs that were slow only because the machine had other work.
 forget_quick() {
     local input
     for input in "$@"; do

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds the program for the soak, and puts it to the test:
+# Installs missing packages, builds the program for the soak, and runs the soak:
 #   ./soak.sh                          kills it 500 times at work, and 500 times on a disk that loses unsynced writes
 #   ./soak.sh kill [--kills N] [--minutes N] [--seed N] [--unsynced] [--only SCENES]
-#   ./soak.sh session [--minutes N]    works it for long and watches what it takes
+#   ./soak.sh session [--minutes N]    uses it for a long time and watches its memory and files
 set -euo pipefail
 cd -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")"
 . tools/setup.sh
@@ -14,7 +14,7 @@ build_preset release fresh_catalogue lunq-soak
 
 # In memory, if there is room: it is the processes that are to die, not the disk.
 folder=$(mktemp -d "${TMPDIR:-/tmp}/lunq-soak.XXXXXX")
-trap 'rmdir "$folder/program" "$folder" 2>/dev/null || say_step "What was found lies in $folder"' EXIT
+trap 'rmdir "$folder/program" "$folder" 2>/dev/null || say_step "The findings are in $folder"' EXIT
 soak() {
     nice -n 19 build/release/bin/lunq-soak --folder "$folder/program" "$@"
 }

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds the album and its tests, and runs all tests without a display.
+# Installs missing packages, builds the album and its tests, and runs all tests without a display.
 set -euo pipefail
 cd -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")"
 . tools/setup.sh

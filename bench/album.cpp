@@ -1,5 +1,5 @@
-// Times an album of 100,000 pictures in the main window: opening it, its last page, and its filters, each beside the
-// same question to the bare engine. Run by hand: bench_album [pictures]
+// Times an album of 100,000 pictures in the main window: opening it, its last page, and its filters. The peer is the
+// same query to the bare engine. Run by hand: bench_album [pictures]
 
 #include "../tests/viewer/viewer_window.h"
 #include "filling.h"
@@ -17,9 +17,9 @@ constexpr auto topic = "album";
 constexpr int rounds = 7;
 constexpr int columns = 6;
 constexpr int cells = columns * columns;
-// As many pages push all others out of the memory of pictures.
+// So many pages push all others out of the cache of pictures.
 constexpr int pagesBetween = 10;
-// Fewer would end before the day that is asked for.
+// Fewer records would end before the day of the filter.
 constexpr int fewestPictures = 60000;
 const QString day = u"2003-12-01"_s;
 constexpr int firstBehindDay = 335 * 24 * 6;
@@ -57,7 +57,7 @@ class Album {
             },
             before, isDone);
     }
-    /// The same for a page that no picture of is at hand any more, begun while another one is shown.
+    /// The same for a page without any picture in the cache, begun while another page is shown.
     double timePage(int firstPicture, const std::function<void()>& click, const std::function<void()>& before = {}) {
         return time(
             click,

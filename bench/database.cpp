@@ -60,7 +60,7 @@ void makeForeignDatabase(const QString& path) {
     if (!file.open(QIODevice::WriteOnly) || file.write(jet::database({table})) < 0) qFatal("No place for a database.");
 }
 
-/// What reads it stands beside this program.
+/// The helper that reads it is beside this program.
 void readForeignDatabase(const QString& path) {
     const Database database = OpenDatabase(path);
     for (const QString& table : database.TableDefs()) {

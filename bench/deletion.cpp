@@ -1,5 +1,5 @@
-// Times the deletion of 1,000 pictures of 3 MB by the pages of the settings window, until the file is small again,
-// beside the same of 1,000 files. Run by hand: bench_deletion [pictures]
+// Times the deletion of 1,000 pictures of 3 MB by the pages of the settings window, until the file is small again. The
+// peer is the deletion of 1,000 files. Run by hand: bench_deletion [pictures]
 
 #include "../tests/settings/editing_window.h"
 #include "filling.h"
@@ -17,7 +17,7 @@ constexpr int mostMilliseconds = 3000;
 constexpr int patience = 60000;
 constexpr qint64 pictureLength = 3000000;
 
-/// A small picture behind which as many bytes lie as a photograph has.
+/// A small picture, filled up with zeros to the length of a photograph.
 QByteArray picture() {
     QByteArray bytes = pictureBytes({400, 300}, Qt::darkGreen);
     return bytes.append(QByteArray(pictureLength - bytes.size(), 'x'));

@@ -1,5 +1,5 @@
-// Times the picture editor on a photograph of 12 megapixels, beside what comes nearest to each operation, and tells the
-// memory that a session takes. Run by hand: bench_editor [rounds]
+// Times the picture editor on a photograph of 12 megapixels, with the nearest operation of the toolkit as peer, and
+// measures the memory of a session. Run by hand: bench_editor [rounds]
 
 #include "../tests/editor/editor_window.h"
 #include "catalogue/picture_field.h"

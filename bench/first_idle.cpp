@@ -1,5 +1,5 @@
-// Linked to a program, tells on its standard output how many milliseconds after its start nothing is left to be done
-// for the first time once a window has been painted, and ends it.
+// Linked to a program, prints on its standard output how many milliseconds after its start it has nothing to do for the
+// first time after painting a window, and ends it.
 
 #include <QApplication>
 #include <QElapsedTimer>

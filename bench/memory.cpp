@@ -1,4 +1,4 @@
-// Tells the memory of the program while it pages through an album. Run by hand: bench_memory [pages]
+// Measures the memory of the program while it pages through an album. Run by hand: bench_memory [pages]
 
 #include "memory.h"
 

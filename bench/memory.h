@@ -2,7 +2,7 @@
 
 #include <QFile>
 
-/// A number of kilobytes that the system tells about this process ("VmRSS:", "VmHWM:"), in megabytes.
+/// A size of this process, such as "VmRSS:" or "VmHWM:", in megabytes. The system gives it in kilobytes.
 inline double memory(const QByteArray& key) {
     QFile status(QStringLiteral("/proc/self/status"));
     if (!status.open(QIODevice::ReadOnly)) return 0;
@@ -11,7 +11,7 @@ inline double memory(const QByteArray& key) {
     return 0;
 }
 
-/// What "VmHWM:" tells begins anew.
+/// Resets the maximum "VmHWM:" to the present size.
 inline void forgetPeak() {
     QFile peak(QStringLiteral("/proc/self/clear_refs"));
     if (peak.open(QIODevice::WriteOnly)) peak.write("5");

@@ -113,8 +113,7 @@ class Viewer {
     frmTp window_{windows_};
 };
 
-/// A page by a window that has never seen it, to where something is seen in all cells, and to where nothing becomes
-/// sharper any more.
+/// Times a page in a window that has never shown it: until every cell shows something, and until every cell is sharp.
 std::pair<double, double> timeNewPage(int rounds, int page) {
     std::vector<double> seen, sharp;
     for (int i = 0; i < rounds; ++i) {

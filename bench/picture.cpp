@@ -31,7 +31,7 @@ QByteArray coded(const QImage& image, bool progressive) {
 
 void report(const std::string& kind, const QByteArray& picture, int rounds) {
     const auto decode = [&](QSize target) { LoadPicture(picture, u"photograph"_s, target); };
-    // Turn by turn, so that both meet the same of whatever else the machine does.
+    // In turn, so that other work of the machine slows both alike.
     std::vector<double> own, library;
     for (int i = 0; i < rounds; ++i) {
         own.push_back(milliseconds([&] { onAllProcessors(picturesPerPage, [&](int) { decode(thumbnail); }); }));

@@ -1,6 +1,6 @@
-// Times the start of the album, from the start of its process until its event loop is idle for the first time, beside a
-// bare window: the shipped catalogue with 20 more albums, 100,000 pictures in total. A bare window with a word tells
-// how much of it is finding the fonts. Run by hand: bench_start [rounds]
+// Times the start of the album, from the start of its process until its event loop is idle for the first time. It opens
+// the shipped catalogue with 20 more albums, 100,000 pictures in total. The peer is a bare window; a second one with a
+// word shows how much of the time goes into finding fonts. Run by hand: bench_start [rounds]
 
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
@@ -50,7 +50,7 @@ void makeCatalogue(const QString& folder) {
 }
 
 struct Start {
-    double clock;    ///< From outside: until the program tells that it is idle.
+    double clock;    ///< Measured outside the program, until it says that it is idle.
     double process;  ///< From within, the loading of its libraries not counted.
 };
 
@@ -79,7 +79,7 @@ int main(int argc, char** argv) {
     const QString bare = QCoreApplication::applicationDirPath() + u"/start_bare"_s;
 
     std::vector<double> clock, process, bareClock, bareProcess, wordClock;
-    for (int i = 0; i < rounds; ++i) {  // they take turns, so that all meet the same moods of the machine
+    for (int i = 0; i < rounds; ++i) {  // in turn, so that other work of the machine slows all of them alike
         const Start one = start(album), other = start(bare);
         clock.push_back(one.clock);
         process.push_back(one.process);

@@ -1,5 +1,5 @@
-// The smallest program with a window, which the start of the album stands beside. A text as argument is shown in its
-// menu, in the font of the album.
+// The smallest program with a window, the peer for the start of the album. It shows its argument in its menu, in the
+// font of the album.
 
 #include <QApplication>
 #include <QMainWindow>

@@ -6,12 +6,12 @@
 #include <optional>
 #include <string>
 
-/// One line of the table that `./bench.sh` prints. What has neither limit is told for information only.
+/// One line of the table that `./bench.sh` prints. Without a limit it is for information only.
 struct Figure {
     std::string what;
     double measured = 0;
     const char* unit = "ms";
-    std::string peer = {};                 ///< What it stands beside, measured in the same run.
+    std::string peer = {};                 ///< Comparable work, measured in the same run.
     double peerMeasured = 0;               ///< In the same unit.
     std::optional<double> atMost = {};     ///< In the same unit.
     std::optional<double> timesPeer = {};  ///< At most so many times the peer.

@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-/// Stands for the time of what did not do its work, and makes every limit fall short.
+/// The time of work that failed: it exceeds every limit.
 constexpr double failed = 1e9;
 
 /// How long a piece of work takes, in milliseconds.
@@ -22,8 +22,8 @@ inline double median(std::vector<double> values) {
     return *middle;
 }
 
-/// Median time of that many runs of a piece of work, in milliseconds. What has to be done before each is not timed, nor
-/// is the look at what has been done.
+/// Median time of that many runs of a piece of work, in milliseconds. Preparing a run and checking its result are not
+/// timed.
 inline double medianMilliseconds(int rounds, const std::function<void()>& work,
                                  const std::function<void()>& before = {}, const std::function<bool()>& isDone = {}) {
     std::vector<double> times;

@@ -72,7 +72,7 @@ void compare(int count, const QString& parent) {
     RunWatch unwatched;
     requireDone(transferToFiles(mekTp::catalogue, u"tc01"_s, numbers, files.path(), unwatched));
 
-    // The ways take turns, so that all meet the same moods of the machine.
+    // In turn, so that other work of the machine slows all of them alike.
     std::vector<double> plain, folder, table;
     for (int i = 0; i < rounds; ++i) {
         {

@@ -1,5 +1,5 @@
-# A room is a folder below src/ that is one library. It includes by paths from src/, and links only the rooms named in
-# DEPENDS: a use of any other room does not link.
+# A room is a folder below src/ that is one library. Sources include by paths from src/. A room links the rooms in DEPENDS,
+# and those that these link; a call of a function in any other room does not link.
 
 add_library(lunq_flags INTERFACE)
 target_compile_options(lunq_flags INTERFACE
@@ -50,7 +50,7 @@ function(lunq_test room)
             "-DENVIRONMENT=${TEST_ENVIRONMENT}"
             -P "${CMAKE_SOURCE_DIR}/cmake/TestClasses.cmake"
     BYPRODUCTS "${list}" COMMENT "Listing the classes of ${program}" VERBATIM)
-  # A program that is not built is a test that fails, not one that is missing.
+  # If a program was not built, its test fails; it does not vanish.
   set(include "${CMAKE_CURRENT_BINARY_DIR}/${program}_tests.cmake")
   file(WRITE "${include}"
     "if(EXISTS [==[${list}]==])\n  include([==[${list}]==])\nelse()\n  add_test(${room} ${program}_is_not_built)\nendif()\n")

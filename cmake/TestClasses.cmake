@@ -5,7 +5,7 @@ execute_process(COMMAND "${PROGRAM}" --classes OUTPUT_VARIABLE classes COMMAND_E
 string(REGEX MATCHALL "[^\n]+" classes "${classes}")
 set(tests "")
 foreach(class IN LISTS classes)
-  # A class that has looked at nothing, for want of something on this machine, is shown as skipped.
+  # A class is shown as skipped when all its tests were, because this machine lacks something.
   string(APPEND tests
     "add_test([==[${ROOM}.${class}]==] [==[${PROGRAM}]==] --class ${class})\n"
     "set_tests_properties([==[${ROOM}.${class}]==] PROPERTIES TIMEOUT 300 ENVIRONMENT [==[${ENVIRONMENT}]==]\n"

@@ -1,8 +1,8 @@
 #!/bin/sh
 # shellcheck disable=SC1111
-# Starts the album of this user. The program works with the folder it lies in, which has to be writable: the album file,
-# backups' scripts and scratch files are there. So every user has a folder of his own with a copy of the program, as if he
-# had unpacked the portable archive. It can be copied to another disk or computer as a whole, and runs there.
+# Starts the album of this user. The program keeps the album, the backup's scripts and scratch files in its own folder, which
+# has to be writable. So every user has a folder with a copy of the program, just like an unpacked portable archive. The
+# whole folder can be copied to another disk or computer, and runs there.
 set -eu
 shipped=$(dirname -- "$(readlink -f -- "$0")")/../lib/lunq
 album=$HOME/览忆集苑
@@ -16,7 +16,7 @@ tell() {
     fi
 }
 
-# Each file gets its name when it is whole. A copy of the program that is running keeps what it has opened.
+# Each file gets its name when it is whole. A running copy of the program keeps the files that it has open.
 bring() {
     if cmp -s -- "$shipped/$1" "$album/$1"; then return 0; fi
     if cp -- "$shipped/$1" "$album/$1.part" && mv -f -- "$album/$1.part" "$album/$1"; then return 0; fi
@@ -24,7 +24,7 @@ bring() {
     return 1
 }
 
-# The program itself takes its first catalogue from there, and never when it has one. Some disks know no links.
+# The program takes its first catalogue from there if it has none. Some disks know no links.
 offer_fresh() {
     if [ -e "$album/lunq.mdb" ]; then return 0; fi
     ln -sfn -- "$(readlink -f -- "$shipped/fresh")" "$album/fresh" || cp -R -- "$shipped/fresh" "$album/"
@@ -39,7 +39,7 @@ for file in lunq-jet lunq-backup s1.ico lunq; do
     bring "$file" || complete=no
 done
 offer_fresh || complete=no
-# Who has a program and an album gets to his pictures, also where the new version found no room.
+# If there was no room for the new version, an older copy still opens the album.
 if [ ! -x "$album/lunq" ]; then
     tell "文件夹“${album}”不能写入，览忆集苑无法启动。"
     exit 1

@@ -1,8 +1,9 @@
 # shellcheck shell=bash disable=SC2034
-# Set-up shared by run.sh, test.sh and .ci/run, which source it from the project's folder. It asks nothing and changes
-# nothing on a machine that has everything.
+# Shared by all scripts of the project, which source it from the project's folder: lists of packages, and functions that
+# install them and build. Sourcing it sets a UTF-8 locale if there is none, and enters the checkout under a plain name if
+# its path has marks that the build tools cannot take.
 
-# What the build and the program cannot do without. "a|b" is one package under two names: the first that exists is taken.
+# The build and the program need these. "a|b" is one package under two names: the first that exists is taken.
 required_packages=(
     g++ cmake ninja-build ccache
     qt6-base-dev "qt6-svg-dev|libqt6svg6-dev"
@@ -11,13 +12,13 @@ required_packages=(
     fonts-noto-cjk
     xvfb xauth
 )
-# What makes the program nicer: Chinese texts in the toolkit's own dialogs, and windows where there is no X server.
+# These make the program nicer: Chinese texts in the toolkit's own dialogs, and windows on systems without an X server.
 optional_packages=(qt6-translations-l10n qt6-wayland)
-# What the tests check the desktop's files with.
+# The tests check the desktop's files with these.
 test_packages=(desktop-file-utils appstream)
-# What the checks of .ci/run need besides: layout, findings and warnings differ from version to version, hence the number.
+# The checks of .ci/run need these too. Layout, findings and warnings differ between versions, so the version is fixed.
 check_packages=(clang-format-14 clang-tidy-14 clang-14 libclang-rt-14-dev llvm-14 shellcheck git)
-# What the fuzz targets are built with: they need the fuzzer and the sanitizers that come with this compiler.
+# The fuzz targets are built with these: the fuzzer and its sanitizers come with this compiler.
 fuzz_packages=(clang-14 libclang-rt-14-dev llvm-14)
 
 say_step() {
@@ -64,7 +65,8 @@ as_root() {
     fi
 }
 
-# install_packages REQUIRED... : installs what is missing of these, and tries the optional packages along with them.
+# install_packages REQUIRED...: installs the missing ones, and then tries the optional packages too. Does nothing when all
+# required packages are there.
 install_packages() {
     local package name missing=() names=()
     for package in "$@"; do
@@ -109,8 +111,8 @@ case "$(locale charmap 2>/dev/null)" in
     *) export LC_ALL=C.UTF-8 ;;
 esac
 
-# The build tools stumble over quotes and the like in the path of a checkout. There they get the same folder under a plain
-# name, which is the same each time, because a build folder remembers its path.
+# The build tools cannot take quotes and the like in the path of a checkout. Then they get a link to the folder with a
+# plain name. It is the same each time, because a build folder remembers its path.
 case "$PWD" in
     *[\'\"\\\$\`\;\&\|\<\>\(\)\{\}\*\?\[\]\!\#\~%^]*)
         plain_name="/var/tmp/lunq-$(id -u)-$(printf '%s' "$PWD" | cksum | cut -d ' ' -f 1)"

@@ -62,7 +62,7 @@ std::optional<QSize> sizeFromSpec(const QString& sizeText) {
     if (star < 0) return std::nullopt;
     const QStringView text = sizeText;
     const auto side = [](QStringView part) {
-        return static_cast<int>(std::clamp(numericValue(part), 0.0, double(longestPictureSide)));
+        return int(std::clamp(numericValue(part), 0.0, double(longestPictureSide)));
     };
     return QSize(side(text.left(star)), side(text.mid(star + 1)));
 }
@@ -75,12 +75,8 @@ QString specOfPicture(const Picture& picture, const QString& star) {
     return text.size() <= specLength ? text : width + u'*' + height;
 }
 
-int pixelsFromHiMetric(int length) {
-    return static_cast<int>(std::floor(length / hiMetricPerPixel));
-}
-
 QString kilobytesText(qint64 bytes) {
-    return thousandsText(static_cast<double>(bytes) / 1000.0, 3);
+    return thousandsText(double(bytes) / 1000.0, 3);
 }
 
 int wzcd(const QString& text) {

@@ -14,7 +14,7 @@ inline const QString demoTable = QStringLiteral("tc00");
 /// Whether an album is the one that is only for show.
 bool isDemo(const QString& table);
 
-/// All names of album tables have that many characters: other tables join them without separators.
+/// Every name of an album table has that many characters: other tables store them one after the other.
 inline constexpr int tableNameLength = 4;
 
 /// "tc" and the album number with two digits: 7 gives `tc07`, 12 gives `tc12`.
@@ -36,16 +36,10 @@ QStringList tablesOfButton(const QString& tables);
 bool offersAlbum(const QString& tables, const QString& table);
 QString withoutAlbum(const QString& tables, const QString& table);
 
-/// `规格`: "640 * 480". Width and height are what stands before and behind the first star, 0 where there is no number;
-/// nothing when the text has no star.
+/// The size in pixels out of `规格`, such as "640 * 480". Width and height are the numbers before and behind the first
+/// star, 0 if there is no number; nothing when the text has no star.
 std::optional<QSize> sizeFromSpec(const QString& sizeText);
 QString specOfPicture(const Picture& picture, const QString& star = QStringLiteral(" * "));
-
-/// Hundredths of a millimetre to the pixel, as all sizes in albums are computed.
-inline constexpr double hiMetricPerPixel = 26.455;
-
-/// Whole pixels of a HiMetric length: Int(length / 26.455).
-int pixelsFromHiMetric(int length);
 
 /// `大小`: kilobytes of 1000 bytes with thousands commas and three decimals.
 QString kilobytesText(qint64 bytes);
@@ -53,5 +47,5 @@ QString kilobytesText(qint64 bytes);
 /// Display width in half-character cells: a Chinese (double-byte) character counts 2, any other 1.
 int wzcd(const QString& text);
 
-/// Whether what stands before the first "." of a file name is a number (the whole name where there is no ".").
+/// Whether the part of a file name before the first "." is a number (the whole name if there is no ".").
 bool zhjy(const QString& name);

@@ -2,8 +2,8 @@
 
 #include "platform/database/records/database.h"
 
-/// Which tables of a catalogue hold pictures. Their columns tell, not their names: an album may have been named by
-/// hand.
+/// Which tables of a catalogue hold pictures. Their columns decide, not their names: a person may have named an album
+/// table.
 
 /// Whether a table is an album: it has the columns of one and a name of four characters, and is none of the fixed
 /// tables. False also for a table that does not exist or cannot be read.

@@ -22,7 +22,7 @@ DecodingThreads::DecodingThreads(std::function<void()> notify) : notify_(std::mo
     for (int i = 0; i < count(); ++i) threads_.emplace_back([this](const std::stop_token& stop) { work(stop); });
 }
 
-// All are told before the first is waited for, so that none begins another picture meanwhile.
+// All threads are asked to stop before the first is waited for, so that none begins another picture meanwhile.
 DecodingThreads::~DecodingThreads() {
     for (std::jthread& thread : threads_) thread.request_stop();
 }

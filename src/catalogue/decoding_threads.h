@@ -12,8 +12,8 @@
 #include <thread>
 #include <vector>
 
-/// Threads that decode pictures, as many as the computer can run at a time. Jobs are begun in the order in which they
-/// were given. Whoever destroys the object waits for the pictures that are being decoded, not for those that wait.
+/// Threads that decode pictures, as many as the computer can run at a time. Jobs begin in the order in which they were
+/// given. The destructor waits for the pictures that are being decoded, and drops all others.
 class DecodingThreads {
   public:
     /// The bytes of a picture, and the size in device pixels at which it will be shown.
@@ -51,5 +51,5 @@ class DecodingThreads {
     std::condition_variable resultReady_;
     std::deque<Job> jobs_;
     std::vector<Result> results_;
-    std::vector<std::jthread> threads_;  ///< Last: they end before what they use goes.
+    std::vector<std::jthread> threads_;  ///< Last: they end before the members that they use.
 };

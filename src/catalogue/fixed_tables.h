@@ -2,7 +2,7 @@
 
 #include "platform/database/records/database.h"
 
-/// Names of the tables that every catalogue has beside its albums.
+/// Names of the tables that every catalogue has besides its albums.
 QStringList fixedTables();
 
 /// Makes the fixed tables but for their rows. The program never does: it is given a catalogue. The maker of the shipped

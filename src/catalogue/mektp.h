@@ -13,8 +13,9 @@ extern Database catalogue;
 /// Table of the open album, `tc00` when none is open.
 extern QString currentTable;
 
-/// Twips by which the desktop's title bar is higher than usual; half of it is taken off vertical positions. 0 on every
-/// desktop in use today; it stays a variable because the layout rules are written with it.
+/// Twips by which the desktop's title bars are higher than the designs assume. The heights in the layout rules include
+/// the title bar: the rules take this off the room for controls, and half of it off vertical positions. It is 0 on
+/// every desktop in use today. The windows share one value, so that their rules cannot differ.
 extern int titleBarExtra;
 
 /// Path of the catalogue: `lunq.mdb` in the program's folder, unless another file was chosen for this time.
@@ -22,8 +23,8 @@ QString cataloguePath();
 /// Chooses another file, until the program ends. An empty path goes back to the program's own.
 void setCataloguePath(const QString& path);
 
-/// Path of the file by which the program keeps the catalogue to itself: beside the real `lunq.mdb`, also where that in
-/// the program's folder is a link.
+/// Path of the lock file by which the program keeps the catalogue to itself. It is beside the real `lunq.mdb`, even
+/// when the one in the program's folder is a link.
 QString lockPath();
 
 /// Opens the catalogue, and raises an older one to the present version where it can be written;

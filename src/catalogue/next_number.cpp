@@ -15,5 +15,5 @@ NextNumber::NextNumber(const Database& database, const QString& table) {
 
 int NextNumber::value() const {
     if (number_ > std::numeric_limits<qint32>::max()) throw Error(u"图册的序号已用完，请先重排序号。"_s);
-    return static_cast<int>(number_);
+    return int(number_);
 }

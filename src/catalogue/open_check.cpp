@@ -14,7 +14,7 @@ OpenCheck::OpenCheck(const QString& file, Finished finished, Pace pace)
     thread_ = std::jthread([this](const std::stop_token& stop) { work(stop); });
 }
 
-/// A check that has not quite begun misses a single call to end.
+/// A check that is just about to begin would miss a single call.
 OpenCheck::~OpenCheck() {
     thread_.request_stop();
     std::unique_lock lock(mutex_);
@@ -32,7 +32,7 @@ void OpenCheck::work(const std::stop_token& stop) {
     woken_.notify_all();
 }
 
-/// Tells whether there is nothing left to do.
+/// True when nothing is left to do.
 bool OpenCheck::check(const std::stop_token& stop) {
     FileCheck check(file_);
     const FileCheck::Outcome outcome = check.run();

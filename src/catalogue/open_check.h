@@ -9,8 +9,8 @@
 #include <mutex>
 #include <thread>
 
-/// Looks through the catalogue's file once, in a thread of its own that leaves processor and disk to all others, and
-/// gives way to everything that the program writes. Ends at once with the object.
+/// Checks the catalogue's file once, in a thread of its own. It works only when processor and disk have nothing else to
+/// do, and gives way to everything that the program writes. It ends at once with the object.
 class OpenCheck {
   public:
     struct Pace {
@@ -37,5 +37,5 @@ class OpenCheck {
     std::mutex mutex_;
     std::condition_variable_any woken_;
     bool ended_ = false;
-    std::jthread thread_;  ///< Last: it ends before what it uses goes.
+    std::jthread thread_;  ///< Last: it ends before the members that it uses.
 };

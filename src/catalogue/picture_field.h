@@ -14,7 +14,7 @@ Picture loadPictureField(Recordset& recordset, const QString& fieldName, const Q
 std::optional<Picture> pictureFromField(Recordset& recordset, const QString& fieldName, QSize target = {});
 
 /// Puts the picture of a column on an image control, decoded for the control's own size or for `target`. The control
-/// keeps what it shows when there is no picture to read; tells whether there was one.
+/// keeps what it shows when there is no picture to read. Returns whether there was one.
 template <typename Image>
 bool readPictureField(Recordset& recordset, const QString& fieldName, Image& image, QSize target = {}) {
     const auto picture = pictureFromField(recordset, fieldName, target.isEmpty() ? image.targetSize() : target);
@@ -28,8 +28,8 @@ inline constexpr QSize sizeOnly{1, 1};
 /// Chunk size of all picture writing.
 inline constexpr int pictureChunk = 16384;
 
-/// Length of the value that holds a picture of `length` bytes: it is longer by the number of its whole chunks and one.
-/// The tail is zeros, which decoders never see: catalogues of all ages hold their pictures so.
+/// Length of the value that holds a picture of `length` bytes: behind them come zeros, one and one more for each whole
+/// chunk. All catalogues hold their pictures like that, and decoders never see the zeros.
 qint64 storedLength(qint64 length);
 
 /// Stores the bytes of a picture in a long-binary column of the record under `Edit` or `AddNew`. Returns their number;

@@ -7,10 +7,10 @@
 
 namespace {
 
-// The bytes of this many pictures lie ready, so that no thread waits while the window is being painted.
+// The bytes of this many pictures are read ahead, so that no thread waits while the window is being painted.
 constexpr int inReserve = 2;
 constexpr qint64 mostBytesInWork = 32 << 20;
-// What an entry costs beside its pixels.
+// What an entry costs besides its pixels.
 constexpr qint64 entryBytes = 512;
 constexpr qint64 usualRoom = 32 << 20;
 

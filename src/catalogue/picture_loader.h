@@ -16,9 +16,9 @@ struct PictureRequest {
 };
 size_t qHash(const PictureRequest& request, size_t seed = 0) noexcept;
 
-/// Decodes stored pictures in the background and keeps what it has decoded, as far as its room goes: what was used
-/// longest ago makes way. A changed record holds another value, so nothing that is kept ever grows old. The database is
-/// read in the thread that the object belongs to, a picture at a time, when a decoding thread is free for it.
+/// Decodes stored pictures in the background and keeps as many as it has room for; the one that was not used for the
+/// longest time goes first. A changed record holds another value, so a kept picture is never out of date. The database
+/// is read in the object's own thread, a picture at a time, when a decoding thread is free.
 class PictureLoader : public QObject {
     Q_OBJECT
 

@@ -2,9 +2,9 @@
 
 #include <QString>
 
-/// What the program remembers beyond the album's tables: choices of check boxes, sizes of windows and the like, each
-/// under a name such as `intake.formats`. It stands in the open catalogue and goes with it. What was never stored, or
-/// cannot be read, is as if the person had chosen nothing; what cannot be stored is forgotten with the window.
+/// What the program remembers besides the tables of the catalogue: choices of check boxes, sizes of windows and the
+/// like, each under a name such as `intake.formats`. The open catalogue holds them. A value that was never stored, or
+/// cannot be read, counts as not chosen. A value that cannot be stored is forgotten when the window closes.
 namespace remembered {
 
 QString text(const QString& name, const QString& otherwise = {});

@@ -24,7 +24,7 @@ constexpr int column = 6390, columnWidth = 3090;
 constexpr int ownScheme = 5;  ///< The scheme that the user mixes; those below it are fixed.
 constexpr int windowPart = 3;
 
-/// What the boxes txtYs stand for, by their index.
+/// The parts of the window whose colours the boxes txtYs hold, by index.
 const std::array<QString, 4> partColumns{u"填充"_s, u"内框"_s, u"外框"_s, u"窗体"_s};
 
 QString schemeSql(const QString& number) {
@@ -92,7 +92,7 @@ void frmPs::makeBoxes() {
         connect(box, &TextBox::gotFocus, this, guarded(this, [this, i] {
                     if (!passesBox_) txtYsGotFocus(i);
                 }));
-        // The box keeps the focus while its colour is chosen: these ask once more.
+        // The box keeps the focus while its colour is chosen: a click or Enter asks again.
         for (const auto again : {&TextBox::clicked, &TextBox::enterPressed})
             connect(box, again, this, guarded(this, [this, i] { txtYsGotFocus(i); }));
         txtYs[size_t(i)] = box;
@@ -153,8 +153,8 @@ QString frmPs::schemeNumber() const {
 }
 
 void frmPs::cboFaClick() {
-    schemeRow = mekTp::catalogue.OpenRecordset(schemeSql(schemeNumber()));
-    if (schemeRow.rowCount() == 0)
+    schemeRow_ = mekTp::catalogue.OpenRecordset(schemeSql(schemeNumber()));
+    if (schemeRow_.rowCount() == 0)
         say(this, u"颜色设置数据没找到，请查明原因！"_s, BoxIcon::information);
     else
         showScheme();
@@ -163,11 +163,11 @@ void frmPs::cboFaClick() {
 
 void frmPs::showScheme() {
     lblBt->setText(u"窗口颜色配置方案显示("_s + cboFa->currentText().mid(2) + u')');
-    for (size_t i = 0; i < txtYs.size(); ++i) txtYs[i]->setText(schemeRow.Fields(partColumns[i]).Value().textOr());
-    if (schemeRow.Fields(u"主窗口"_s).isNull())
+    for (size_t i = 0; i < txtYs.size(); ++i) txtYs[i]->setText(schemeRow_.Fields(partColumns[i]).Value().textOr());
+    if (schemeRow_.Fields(u"主窗口"_s).isNull())
         imgXs->setPicture({});
     else
-        readPictureField(schemeRow, u"主窗口"_s, *imgXs);
+        readPictureField(schemeRow_, u"主窗口"_s, *imgXs);
     paintParts();
 }
 

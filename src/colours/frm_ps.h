@@ -12,8 +12,8 @@
 
 class QPushButton;
 
-/// The dialog for the colours of the main window: shows every scheme, lets the user mix his own one, and makes one of
-/// them the active one. Nothing is stored before 确定; then `tcsz.颜色`, and the row of the user's own scheme.
+/// The dialog for the colours of the main window. It shows the schemes, lets the user mix one of his own, and makes one
+/// the active scheme. Nothing is stored before 确定; then `tcsz.颜色`, and the row of the user's own scheme.
 class frmPs : public QWidget {
     Q_OBJECT
 
@@ -45,18 +45,18 @@ class frmPs : public QWidget {
     void setPartColour(int index, const QColor& colour);
 
     Windows& windows_;
-    Recordset schemeRow;
+    Recordset schemeRow_;  ///< The chosen scheme in `tcys`.
 
-    QLabel* lblFa;
-    QLabel* lblBt;
-    ImageBox* imgXs;
-    QLabel* lblTs;
-    QComboBox* cboFa;
-    std::array<TextBox*, 4> txtYs{};
-    std::array<QLabel*, 3> lblB0{};
-    QLabel* lblB2 = nullptr;
-    ShapeBox* shpCt = nullptr;
-    QPushButton* cmdQd = nullptr;
-    bool choosing_ = false;   ///< A colour dialog is open.
-    bool passesBox_ = false;  ///< The focus came to a box by the mouse, whose click is still to come, or with Tab.
+    QLabel* lblFa;                    ///< Names the active scheme.
+    QLabel* lblBt;                    ///< Title of the picture.
+    ImageBox* imgXs;                  ///< Picture of the main window in the chosen scheme.
+    QLabel* lblTs;                    ///< Hint on the picture of the default scheme.
+    QComboBox* cboFa;                 ///< List of the schemes.
+    std::array<TextBox*, 4> txtYs{};  ///< Colours of the four parts, for the user's own scheme.
+    std::array<QLabel*, 3> lblB0{};   ///< Miniature of the main window: fill, inner frame, outer frame.
+    QLabel* lblB2 = nullptr;          ///< Miniature: the fill again, inside the inner frame.
+    ShapeBox* shpCt = nullptr;        ///< Miniature: the ground of the window.
+    QPushButton* cmdQd = nullptr;     ///< Stores the choice.
+    bool choosing_ = false;           ///< A colour dialog is open.
+    bool passesBox_ = false;  ///< The focus came to a box with Tab, or with a press whose click is still to come.
 };

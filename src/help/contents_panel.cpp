@@ -24,7 +24,7 @@ const QColor headAtRest(255, 0, 0);
 const QColor headUnderMouse(55, 200, 90);
 const QColor entryAtRest(0, 0, 255);
 const QColor entryUnderMouse(255, 150, 90);
-// Chapters that give up their look when the mouse comes over the head of the list.
+// So many chapters lose the look under the mouse when the mouse comes to the head of the list.
 constexpr size_t chaptersNearHead = 9;
 
 /// The list passes the wheel on to its scroll bar.
@@ -129,7 +129,7 @@ void ContentsPanel::layOut(int windowHeight) {
 
 void ContentsPanel::layOutList() {
     const int height = listHeight_;
-    const int overhang = contentsOverhang(height, picHeight);
+    const int overhang = contentsOverhang(height, sectionsHeight_);
     const int width = listWidth + (overhang > 0 ? scrollBarWidth : 0);
     place(picGd, listLeft, listTop, width, height);
     place(vsc1, listLeft + listWidth, listTop, scrollBarWidth, height);
@@ -137,7 +137,7 @@ void ContentsPanel::layOutList() {
     vsc1->raise();
     vsc1->setRange(0, overhang);
     vsc1->setPageStep(height);
-    place(picBz, 0, -vsc1->value(), width - 180, std::max(height, picHeight + chaptersHeight));
+    place(picBz, 0, -vsc1->value(), width - 180, std::max(height, sectionsHeight_ + chaptersHeight));
 }
 
 void ContentsPanel::openChapter(int index) {
@@ -165,7 +165,7 @@ void ContentsPanel::closeSections() {
     }
     lblX0.resize(1);
     for (size_t i = 0; i < lblXz.size(); ++i) place(lblXz[i], chapterLeft, chapterTop(int(i)));
-    picHeight = 0;
+    sectionsHeight_ = 0;
 }
 
 void ContentsPanel::showSections(int chapter, const QStringList& captions) {
@@ -177,9 +177,9 @@ void ContentsPanel::showSections(int chapter, const QStringList& captions) {
         QWidget::setTabOrder(row == 1 ? lblXz[size_t(chapter)] : lblX0.back(), section);
         lblX0.push_back(section);
     }
-    picHeight = int(captions.size()) * entryPitch;
+    sectionsHeight_ = int(captions.size()) * entryPitch;
     for (size_t i = size_t(chapter) + 1; i < lblXz.size(); ++i)
-        place(lblXz[i], chapterLeft, chapterTop(int(i)) + picHeight);
+        place(lblXz[i], chapterLeft, chapterTop(int(i)) + sectionsHeight_);
     txtFd->raise();
 }
 
@@ -219,7 +219,7 @@ void ContentsPanel::hoverHead() {
     lblMl->setLook(headUnderMouse, true);
 }
 
-/// A piece of the next entry lies between a section and the box that shows it in full.
+/// On its way from a section to the box with the full caption, the pointer passes a piece of the next entry.
 bool ContentsPanel::isOnFullCaption() const {
     const QRect box = txtFd->geometry().adjusted(0, -pixelsFromTwips(fullCaptionGap), 0, 0);
     return txtFd->isVisible() && box.contains(picBz->mapFromGlobal(QCursor::pos()));
@@ -236,7 +236,7 @@ void ContentsPanel::showFullCaption(const EntryLabel* section) {
     txtFd->raise();
 }
 
-/// The keyboard may go where the list is scrolled out of sight.
+/// Scrolls to the entry that the keyboard has reached.
 void ContentsPanel::bringIntoView(const EntryLabel* entry) {
     const int top = topOf(entry);
     const int bottom = top + heightOf(entry);

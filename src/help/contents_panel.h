@@ -44,13 +44,15 @@ class ContentsPanel : public QObject {
     bool isOnFullCaption() const;
     void bringIntoView(const EntryLabel* entry);
 
-    QWidget* form_;
-    ShapeBox* shpMl;
-    EntryLabel* lblMl;
-    Surface *picGd, *picBz;
-    QScrollBar* vsc1;
-    CaptionBox* txtFd;
-    std::vector<EntryLabel*> lblXz, lblX0;
-    int picHeight = 0;    ///< What the open sections add to the list.
-    int listHeight_ = 0;  ///< Of its part that shows.
+    QWidget* form_;                  ///< The window; parent of all of these.
+    ShapeBox* shpMl;                 ///< Frame of the list.
+    EntryLabel* lblMl;               ///< Head of the list, which leads to the top of the manual.
+    Surface* picGd;                  ///< The part of the list that shows.
+    Surface* picBz;                  ///< The whole list, which moves up and down in it.
+    QScrollBar* vsc1;                ///< Scroll bar of the list.
+    CaptionBox* txtFd;               ///< A long caption of a section in full.
+    std::vector<EntryLabel*> lblXz;  ///< Chapters.
+    std::vector<EntryLabel*> lblX0;  ///< Sections of the open chapter.
+    int sectionsHeight_ = 0;         ///< Height that the open sections add to the list.
+    int listHeight_ = 0;             ///< Height of the part that shows.
 };

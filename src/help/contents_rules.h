@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-/// What the contents of the manual hold, and how captions lead to one another. Lengths are twips.
+/// The contents of the manual: its chapters, and the sections that belong to each. Lengths are twips.
 
 /// Captions of the top level, which are headings of the manual.
 const QStringList& chapterCaptions();
@@ -12,16 +12,16 @@ const QStringList& chapterCaptions();
 inline constexpr int introduction = 0;
 
 inline constexpr int entryPitch = 240;
-/// What the top level takes up.
+/// Height of the top level.
 inline constexpr int chaptersHeight = 4140;
 
 /// Rest position of chapter `index` in the list.
 int chapterTop(int index);
 
-/// Key of the second level: what stands before the first blank of the caption's first three characters.
+/// Key of the second level: the part of the caption's first three characters before the first blank.
 QString sectionKey(const QString& caption);
 
-/// The statement that brings the second level of a key.
+/// The statement for the second level of a key.
 QString sectionsSql(const QString& key);
 
 /// How far the list can be scrolled, 0 when all of it shows.

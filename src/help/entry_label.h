@@ -3,7 +3,7 @@
 #include <QLabel>
 
 /// A line of the contents that leads to a heading when it is clicked, by the mouse or by the keyboard. A caption too
-/// long for its place is cut off at the end and marked by an ellipsis; `text()` stays whole.
+/// long for its place ends in an ellipsis; `text()` is always whole.
 class EntryLabel : public QLabel {
     Q_OBJECT
 

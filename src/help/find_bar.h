@@ -5,8 +5,8 @@
 
 #include <QLabel>
 
-/// The line below the manual in which the reader looks for words of his own. From the last hit on, and at the end of
-/// the text from its beginning again.
+/// The line below the manual in which the reader types words to look for. A search goes on behind the last hit, and
+/// from the end of the text back to its beginning.
 class FindBar : public QWidget {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ class FindBar : public QWidget {
   private:
     void findNext();
 
-    RichTextBox* text_;
-    TextBox* txtCz;
-    QLabel* lblCz;
+    RichTextBox* text_;  ///< The manual.
+    TextBox* txtCz;      ///< Words to look for.
+    QLabel* lblCz;       ///< Says when nothing is found.
 };

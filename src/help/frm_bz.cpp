@@ -19,7 +19,7 @@ constexpr int windowHeight = 7200;
 constexpr double readingTextSize = 10.5;  // points: the reader may zoom
 constexpr int listIndent = 24;            // pixels
 
-// Stand near the end of the manual.
+// Texts near the end of the manual.
 const QString endMarker = u"邮编："_s;
 const QString endMarkerOfFullCaptions = u"邮编"_s;
 const QString endRule = u"－－－－－－"_s;
@@ -45,11 +45,11 @@ void frmBz::connectEvents() {
     connect(contents_, &ContentsPanel::fullCaptionChosen, this,
             [this](const QString& caption) { jump(endMarkerOfFullCaptions, caption); });
     connect(contents_, &ContentsPanel::topChosen, this, [this] { jump(endRule, title); });
-    connect(fraAn->imgFh, &ImageBox::clicked, this, guarded(this, [this] {
+    connect(fraAn, &RaisedButtons::backClicked, this, guarded(this, [this] {
                 windows_.show(WindowKind::viewer);
                 windows_.unload(WindowKind::help);
             }));
-    connect(fraAn->imgGb, &ImageBox::clicked, this, guarded(this, [this] { windows_.endProgram(); }));
+    connect(fraAn, &RaisedButtons::endClicked, this, guarded(this, [this] { windows_.endProgram(); }));
 }
 
 void frmBz::load() {

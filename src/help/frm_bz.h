@@ -9,15 +9,15 @@ class ContentsPanel;
 class FindBar;
 class RaisedButtons;
 
-/// The help window: the manual, and its contents that lead to every heading. There is no index of positions: the
-/// caption of an entry is looked for in the text. Reads `tcsz` and `tcbz`, writes nothing; opens the catalogue afresh.
+/// The help window: the manual, and its contents that lead to every heading. There is no index of positions: the window
+/// looks for the caption of an entry in the text. Reads `tcsz` and `tcbz`, writes nothing.
 class frmBz : public QWidget {
     Q_OBJECT
 
   public:
     explicit frmBz(Windows& windows, QWidget* parent = nullptr);
 
-    /// Brings the place where `topic` first stands to the top of the view.
+    /// Brings the first place of `topic` in the text to the top of the view.
     void showTopic(const QString& topic);
 
   protected:
@@ -29,12 +29,13 @@ class frmBz : public QWidget {
   private:
     void connectEvents();
     void load();
-    /// From the end of the text back to the first hit of `text`.
+    /// Shows the first hit of `text`. Jumps to `marker` first, near the end of the manual: so the hit comes to the top
+    /// of the view.
     void jump(const QString& marker, const QString& text);
 
     Windows& windows_;
-    RichTextBox* rtfBz;
-    ContentsPanel* contents_;
-    RaisedButtons* fraAn;
-    FindBar* search_;
+    RichTextBox* rtfBz;        ///< The manual.
+    ContentsPanel* contents_;  ///< The contents at its left.
+    RaisedButtons* fraAn;      ///< The two picture buttons.
+    FindBar* search_;          ///< The line for words to look for.
 };

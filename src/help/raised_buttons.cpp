@@ -1,6 +1,7 @@
 #include "help/raised_buttons.h"
 
 #include "platform/desktop/placing.h"
+#include "platform/desktop/theme.h"
 
 #include <QIcon>
 #include <QKeyEvent>
@@ -10,7 +11,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 constexpr int side = 330;
 constexpr int top = 60;
-const QColor shaded(128, 128, 128);
 const QColor lit(Qt::white);
 }  // namespace
 
@@ -20,6 +20,8 @@ RaisedButtons::RaisedButtons(QWidget* parent) : Surface(parent) {
     setAutoFillBackground(true);
     imgFh = addButton(u"imgFh"_s, u"fh"_s, u"返回主窗口"_s, 885, 0);
     imgGb = addButton(u"imgGb"_s, u"tc"_s, u"退出软件"_s, 1845, 4);
+    connect(imgFh, &ImageBox::clicked, this, &RaisedButtons::backClicked);
+    connect(imgGb, &ImageBox::clicked, this, &RaisedButtons::endClicked);
     connect(this, &Surface::mouseMoved, this, &RaisedButtons::hideFrames);
 }
 
@@ -45,7 +47,7 @@ ImageBox* RaisedButtons::addButton(const QString& name, const QString& icon, con
     frame[3]->setEnds(behind, top - 45, behind, top + side + 30);
 
     const auto raise = [frame](bool raised) {
-        for (size_t i = 0; i < 4; ++i) frame[i]->setColor(raised == (i < 2) ? lit : shaded);
+        for (size_t i = 0; i < 4; ++i) frame[i]->setColor(raised == (i < 2) ? lit : theme::shadow);
     };
     raise(true);
     connect(image, &ImageBox::mouseMoved, this, [this, firstLine] { showFrame(firstLine); });

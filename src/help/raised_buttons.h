@@ -14,10 +14,11 @@ class RaisedButtons : public Surface {
   public:
     explicit RaisedButtons(QWidget* parent = nullptr);
 
-    ImageBox* imgFh;  ///< Back to the main window.
-    ImageBox* imgGb;  ///< Ends the program.
-
     void hideFrames();
+
+  Q_SIGNALS:
+    void backClicked();
+    void endClicked();
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -26,5 +27,8 @@ class RaisedButtons : public Surface {
   private:
     void showFrame(int firstLine);
     ImageBox* addButton(const QString& name, const QString& icon, const QString& tip, int left, int firstLine);
-    std::array<LineBox*, 8> linFh_{};
+
+    ImageBox* imgFh;                   ///< Back to the main window.
+    ImageBox* imgGb;                   ///< Ends the program.
+    std::array<LineBox*, 8> linFh_{};  ///< Their frames: top, left, bottom and right of each.
 };

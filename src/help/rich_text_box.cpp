@@ -20,7 +20,7 @@ int RichTextBox::Find(const QString& text, int start) {
     if (hit.isNull()) return -1;
     setTextCursor(hit);
     const QAbstractTextDocumentLayout* layout = document()->documentLayout();
-    layout->documentSize();  // lays out what lies below, on which the range of the scroll bar depends
+    layout->documentSize();  // lays out the rest of the text: the range of the scroll bar depends on it
     const double top = layout->blockBoundingRect(hit.block()).top() - document()->documentMargin();
     verticalScrollBar()->setValue(int(top));
     return hit.selectionStart();

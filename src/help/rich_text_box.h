@@ -9,9 +9,9 @@ class RichTextBox : public QTextBrowser {
   public:
     explicit RichTextBox(QWidget* parent = nullptr);
 
-    /// Looks for `text` from the character at `start` on, whatever the case of its letters; a hit does not span two
-    /// paragraphs. The hit is selected and its paragraph comes to the top of the view. Position of the hit, or -1,
-    /// which leaves selection and view alone.
+    /// Looks for `text` from the character at `start` on, ignoring case; a hit does not span two paragraphs. Selects
+    /// the hit, brings its paragraph to the top of the view and returns its position. -1 when there is none: then
+    /// selection and view stay as they are.
     int Find(const QString& text, int start);
 
     int SelStart() const;

@@ -118,7 +118,7 @@ QString notDoneText(const RunReport& report, const QString& heading) {
     if (!report.has(Fate::failed)) return {};
     QStringList lines, others;
     for (const NotDone& group : notDone(report)) {
-        if (static_cast<std::size_t>(lines.size()) < reasonsInMessage)
+        if (std::size_t(lines.size()) < reasonsInMessage)
             lines << withoutStop(group.reason) + u"："_s + someOf(group.names);
         else
             others << group.names;

@@ -15,14 +15,14 @@ namespace {
 
 QString storedBackupPath() {
     QString path;
-    const bool told = attempt([&] {
+    const bool isRead = attempt([&] {
         const Recordset settings = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcsz"_s);
         path = settings.Fields(u"备份路径"_s).Value().textOr();
     });
-    return told ? path : targetOfScript(textOfScript(backupScriptPath()));
+    return isRead ? path : targetOfScript(textOfScript(backupScriptPath()));
 }
 
-/// The journal lies beside the file itself, not beside a link to it.
+/// The journal is next to the file itself, not next to a link to it.
 QString journalLeft() {
     const QString journal = QFileInfo(mekTp::cataloguePath()).canonicalFilePath() + u"-journal"_s;
     return fileExists(journal) && FileLen(journal) > 0 ? journal : QString();

@@ -7,7 +7,7 @@
 struct Rescue {
     QString catalogue;  ///< The damaged file.
     QString backup;     ///< Where its copy should be; empty when no place was chosen.
-    QDateTime copied;   ///< Of the copy that lies there; invalid when there is none.
+    QDateTime copied;   ///< Of the copy there; invalid when there is none.
     QString script;     ///< Brings the copy back; empty when it is missing.
     QString journal;    ///< Left beside the damaged file by a change that did not end; empty when there is none.
 };

@@ -29,7 +29,7 @@ class Program : public Windows {
     bool isShown(WindowKind window) const;
     void bring(WindowKind window);
     void forget(WindowKind window);
-    /// The main window shows in its menu which windows stand beside it.
+    /// Lets the main window show in its menu which other windows are open.
     void tellMainWindow();
 
     std::map<WindowKind, QPointer<QWidget>> windows_;

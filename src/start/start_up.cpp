@@ -52,7 +52,7 @@ bool StartUp::isOnlyCopy() {
     return false;
 }
 
-/// What the person is told of a catalogue that cannot be opened.
+/// The message for a catalogue that cannot be opened.
 std::optional<QString> StartUp::fault() const {
     if (isMissing(mekTp::cataloguePath())) return {};
     try {

@@ -13,7 +13,7 @@ class Program;
 /// obstacle. The object has to outlive the open catalogue (see `SingleCopy`).
 class StartUp {
   public:
-    /// False when the program is to end; why has been told.
+    /// False when the program is to end; a message box has said why.
     bool isReady();
 
     /// Shows the first window. The catalogue that was opened to look at it is not read once more for that.

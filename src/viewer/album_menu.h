@@ -4,8 +4,8 @@
 #include <QMenuBar>
 #include <QStringList>
 
-/// Tool tips of albums in a menu. Of albums with one title the first opens, so their tips name the tables. Empty for
-/// any other title.
+/// Tool tips of albums in a menu: names of the tables for titles that occur more than once, since a choice of them
+/// always opens the first. Empty for any other title.
 QStringList tipsOfEqualTitles(const QStringList& titles, const QStringList& tables);
 
 /// The menu `mnuDk`: the albums, of which the open one is checked, and the item that closes it.
@@ -15,12 +15,12 @@ class AlbumMenu : public QObject {
   public:
     explicit AlbumMenu(QMenuBar* bar);
 
-    /// Puts the albums in. Without any the menu keeps the preset one.
+    /// Fills the menu with the albums. Without any it keeps the preset one.
     void fill(QStringList titles, const QStringList& tables);
     int count() const { return int(mnuCd.size()); }
     QString title(int index) const { return mnuCd[index]->text().replace(QStringLiteral("&&"), QStringLiteral("&")); }
 
-    /// Checks the open album. -1: none is open; behind the last one: one that the menu does not have.
+    /// Checks the open album. -1: none is open; a number behind the last: the open album is not in the menu.
     void showOpen(int index);
 
   Q_SIGNALS:
@@ -29,6 +29,6 @@ class AlbumMenu : public QObject {
 
   private:
     QMenu* mnuDk;           ///< The menu.
-    QList<QAction*> mnuCd;  ///< An album each.
-    QAction* mnuTg;         ///< Closes the album.
+    QList<QAction*> mnuCd;  ///< The albums.
+    QAction* mnuTg;         ///< Closes the open album.
 };

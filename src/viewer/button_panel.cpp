@@ -7,6 +7,7 @@
 #include "platform/desktop/busy.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
+#include "platform/desktop/theme.h"
 
 #include <algorithm>
 
@@ -20,8 +21,6 @@ constexpr int upperCornerLeft = 195;
 constexpr int lowerCornerLeft = 1500;
 constexpr int frameReach = 20;  // of the roll-over frame and the cursor beyond their button
 const QColor lit(Qt::white);
-const QColor shaded(0x80, 0x80, 0x80);
-const QColor cursorColour(0x1f, 0x6f, 0x8b);
 
 QCursor handCursor() {
     const QPixmap hand(joinedPath(programFolder(), u"s1.ico"_s));
@@ -30,12 +29,12 @@ QCursor handCursor() {
 }
 }  // namespace
 
-ButtonPanel::ButtonPanel(QWidget* window, QWidget* form) : window_(window), form_(form), hand_(handCursor()) {
+ButtonPanel::ButtonPanel(QWidget* form) : form_(form), hand_(handCursor()) {
     shpAb = make<ShapeBox>(form, u"shpAb"_s);
     shpA1 = make<ShapeBox>(form, u"shpA1"_s);
     for (int i = 0; i < firstButtons; ++i) addButton(i);
     shpAn = make<ShapeBox>(form, u"shpAn"_s);
-    shpAn->setBorderColor(cursorColour);
+    shpAn->setBorderColor(theme::accent);
     shpAn->setBorderWidth(2);
     shpAn->setCornerRadius(3);
     shpAn->hide();
@@ -61,8 +60,8 @@ void ButtonPanel::addCorners() {
     imgXy->hide();
     listenTo(imgSy, upperCorner);
     listenTo(imgXy, lowerCorner);
-    connect(imgSy, &ImageBox::clicked, this, guarded(window_, [this] { pageUp(); }));
-    connect(imgXy, &ImageBox::clicked, this, guarded(window_, [this] { pageDown(); }));
+    connect(imgSy, &ImageBox::clicked, this, guarded(form_->window(), [this] { pageUp(); }));
+    connect(imgXy, &ImageBox::clicked, this, guarded(form_->window(), [this] { pageDown(); }));
 }
 
 ButtonPanel::Button& ButtonPanel::button(int index) {
@@ -104,7 +103,7 @@ void ButtonPanel::anxs() {
     if (buttons.rowCount() == 0) return;
     const int top = topOf(shpAb);
     place(imgSy, upperCornerLeft, top + 150);
-    // A control that is hidden passes its focus on, to a box that the keys would then write into.
+    // A hidden control passes its focus on, perhaps to a box that keys would then write into.
     auto* focus = qobject_cast<ImageBox*>(form_->focusWidget());
     if (focus != nullptr && focus->parentWidget() == form_) form_->setFocus();
     for (const Button& each : buttons_) each.imgAn->hide();
@@ -212,11 +211,11 @@ void ButtonPanel::hideRollOver() {
 }
 
 void ButtonPanel::anax() {
-    for (LineBox* line : {linS, linZ}) line->setColor(shaded);
+    for (LineBox* line : {linS, linZ}) line->setColor(theme::shadow);
     for (LineBox* line : {linX, linY}) line->setColor(lit);
 }
 
 void ButtonPanel::antq() {
     for (LineBox* line : {linS, linZ}) line->setColor(lit);
-    for (LineBox* line : {linX, linY}) line->setColor(shaded);
+    for (LineBox* line : {linX, linY}) line->setColor(theme::shadow);
 }

@@ -10,12 +10,12 @@
 #include <vector>
 
 /// The column of selection buttons with its two page corners and the frame that follows the mouse. Only shows the
-/// buttons; what a click selects is the matter of whoever listens.
+/// buttons and says which one was clicked.
 class ButtonPanel : public QObject {
     Q_OBJECT
 
   public:
-    ButtonPanel(QWidget* window, QWidget* form);
+    explicit ButtonPanel(QWidget* form);
 
     void layOut(const WindowLayout& layout);
     void setOuterFrame(const QColor& colour) { shpAb->setBorderColor(colour); }
@@ -26,10 +26,10 @@ class ButtonPanel : public QObject {
     /// where the catalogue cannot be read.
     void anxs();
 
-    /// The column begins at its first button again; `anxs` fills it.
+    /// Goes back to the first button of the column; `anxs` fills it.
     void rewind();
 
-    /// The cursor marks the active button.
+    /// Marks the active button.
     void putCursorOn(int index);
     void hideCursor() { shpAn->hide(); }
     void hideRollOver();
@@ -66,8 +66,7 @@ class ButtonPanel : public QObject {
     void antq();
     std::array<LineBox*, 4> rollOver() const { return {linS, linX, linZ, linY}; }
 
-    QWidget* window_;
-    QWidget* form_;
+    QWidget* form_;   ///< Below the menu bar; parent of all of these.
     ShapeBox* shpAb;  ///< Outer frame of the column.
     ShapeBox* shpA1;  ///< Inner frame of the column.
     ShapeBox* shpAn;  ///< Cursor around the active button.

@@ -2,8 +2,8 @@
 
 #include "platform/desktop/text_box.h"
 
-/// A caption over a picture. Its text is shown from the first character on, in as many lines as there is room for. What
-/// does not fit ends in "…", and the tool tip shows it whole.
+/// A caption over a picture. It shows as many lines of its text as there is room for. A text that does not fit ends in
+/// "…", and the tool tip shows all of it.
 class Caption : public CaptionBox {
   public:
     explicit Caption(QWidget* parent = nullptr);

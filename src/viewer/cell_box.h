@@ -2,7 +2,7 @@
 
 #include "platform/desktop/image_box.h"
 
-/// The place of a picture on the page. Where the bytes of a record are no picture it is empty, with a sign in it.
+/// The place of a picture on the page. If the bytes of a record are no picture, it shows a sign instead.
 class CellBox : public ImageBox {
     Q_OBJECT
 
@@ -11,7 +11,7 @@ class CellBox : public ImageBox {
 
     void showPicture(const Picture& picture);
     void showSign();
-    /// Goes on showing its picture; a sign belongs to the record before.
+    /// Removes the sign, which belongs to the record before; a picture stays.
     void dropSign();
     bool hasSign() const { return hasSign_; }
 

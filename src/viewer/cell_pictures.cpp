@@ -16,7 +16,7 @@ constexpr int patienceMs = 200;
 // A smaller picture is decoded as quickly as its preview.
 constexpr qint64 smallPicture = 200'000;
 
-// The page on the screen, those in front of it and behind it; and two that were left, on screens of the usual size.
+// The page on the screen, the pages before and after it, and on screens of the usual size two that were left.
 constexpr int pagesNeeded = 3;
 constexpr int pagesKept = 5;
 constexpr int bytesPerPixel = 4;
@@ -110,7 +110,7 @@ CellPictures::Requests CellPictures::missing() const {
 
 void CellPictures::settle() {
     const QDeadlineTimer patience(patienceMs);
-    // A preview says little where it fills the whole page.
+    // A preview that fills the whole page looks poor.
     const QDeadlineTimer quick = contents_.size() > 1 ? QDeadlineTimer(quickMs) : patience;
     loader_.want(missing());
     loader_.workUntil([this] { return open_.empty(); }, quick);

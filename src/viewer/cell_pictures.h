@@ -8,9 +8,9 @@
 #include <functional>
 #include <vector>
 
-/// Brings the pictures into the cells of a page: at once what is at hand, everything else as it is decoded. Meanwhile a
-/// cell shows the same picture in the size that it had there, or the small one that its camera has put into the
-/// file. While the window rests, the pages that are likely to come next are decoded ahead.
+/// Brings the pictures into the cells of a page: decoded ones at once, all others as they are decoded. Meanwhile a cell
+/// shows the same picture in its former size, or the small one that the camera has put into the file. While the window
+/// rests, the pages that are likely to come next are decoded ahead.
 class CellPictures : public QObject {
     Q_OBJECT
 
@@ -23,23 +23,23 @@ class CellPictures : public QObject {
     /// Room for the pictures of some pages, of which each takes so many device pixels.
     void setPageArea(qint64 devicePixels);
 
-    /// Begins a page: the cells of the one before are not waited for any more.
+    /// Begins a page, and stops waiting for the cells of the page before.
     void begin();
-    /// Bytes that are no picture leave a cell empty, with a sign. Without any bytes it is emptied too, or goes on
-    /// showing what it has.
+    /// Bytes that are no picture give the cell a sign. Without bytes it is emptied, or keeps its picture.
     void put(CellBox* cell, const StoredValue& value, bool keepsItsPicture);
-    /// Waits a moment for what is quick, and returns with something to see in every cell that can have it soon. The
-    /// rest comes in while the window works on.
+    /// Waits a moment for quick pictures and previews, so that few cells are empty when it returns. The others come
+    /// while the window goes on working.
     void settle();
 
-    /// What may be shown next has changed.
+    /// Call it when another page will be shown next: decodes that one ahead, once the window rests.
     void rest();
-    /// The page is left: none of its pictures is waited for.
+    /// Leaves the page: stops waiting for its pictures.
     void leave();
 
   private:
+    /// A cell that waits for its picture.
     struct Open {
-        QPointer<CellBox> cell;
+        QPointer<CellBox> cell;  ///< Null when the page has fewer cells by now.
         PictureRequest request;
         bool isOfFormerRecord;  ///< The record has none: the cell keeps the picture before, which is still on its way.
         bool isBlank;
@@ -47,7 +47,7 @@ class CellPictures : public QObject {
 
     /// Which picture a cell shows.
     struct Content {
-        QPointer<CellBox> cell;
+        QPointer<CellBox> cell;  ///< Null when the page has fewer cells by now.
         StoredValue value;
     };
 

@@ -8,8 +8,7 @@ using namespace Qt::Literals::StringLiterals;
 
 QString clockText(const QDateTime& now) {
     static const QString days = u"日一二三四五六"_s;
-    return dateText(now, u"yyyy年mm月dd日") + u' ' + dateText(now, u"hh:mm:ss") + u" 周"_s +
-           days.at(now.date().dayOfWeek() % 7);
+    return dateText(now, shownDatePattern) + u" 周"_s + days.at(now.date().dayOfWeek() % 7);
 }
 
 TitleColours titleColours(QTime now) {

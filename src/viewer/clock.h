@@ -4,7 +4,7 @@
 #include <QDateTime>
 #include <QString>
 
-/// The clock of the status bar and the play of colours of the title box.
+/// The clock of the status bar, and the colours of the title box, which change with the seconds.
 
 /// `2003年10月01日 12:30:00 周三`
 QString clockText(const QDateTime& now);

@@ -51,7 +51,7 @@ void DateDialog::open() {
     openAt(1900, 500);
 }
 
-// Only growing text is helped along, so that the backspace key can take away what the help has added.
+// Only a growing text gets help, so that the backspace key can delete what the help has added.
 void DateDialog::helpTyping() {
     const QString typed = txtR1->text();
     const int grown = int(typed.size() - std::exchange(typedLength_, typed.size()));

@@ -7,7 +7,7 @@
 #include <QRadioButton>
 #include <array>
 
-/// The dialog `picRq` for the condition on the day. What it shows is no condition before 确 定.
+/// The dialog `picRq` for the condition on the day. Its condition counts only after 确 定.
 class DateDialog : public SmallDialog {
     Q_OBJECT
 

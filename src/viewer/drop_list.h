@@ -5,7 +5,7 @@
 #include <QPointer>
 #include <functional>
 
-/// The one drop-down list of the main window. Whoever opens it says what becomes of the chosen line; it hides first.
+/// The one drop-down list of the main window. `open` takes the action for the chosen line; the list hides first.
 class DropList : public ListBox {
     Q_OBJECT
 
@@ -14,12 +14,12 @@ class DropList : public ListBox {
 
     explicit DropList(QWidget* form);
 
-    /// Shows the lines at a place in twips. The list is higher than `height` where its lines need it, as far as the
-    /// form reaches.
+    /// Shows the lines at a place in twips. The list is higher than `height` if its lines need that, down to the end of
+    /// the form.
     void open(const QStringList& lines, int left, int width, int height, Chosen chosen);
     /// Under a box of the tool bar.
     void openUnder(const QWidget* box, const QStringList& lines, Chosen chosen);
-    /// The open list is used by keyboard: it has the focus until it is hidden, which gives it back.
+    /// Gives the open list the focus, for use by keyboard. The focus returns when the list hides.
     void takeKeys();
 
   protected:
@@ -28,5 +28,5 @@ class DropList : public ListBox {
   private:
     void choose(int index);
     Chosen chosen_;
-    QPointer<QWidget> opener_;
+    QPointer<QWidget> opener_;  ///< Gets the focus back.
 };

@@ -5,20 +5,11 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-FilterControls::FilterControls(Selection& selection, ToolStrip& strip, StatusLine& status, Page& page, QWidget* window,
-                               QWidget* form)
-    : selection_(selection), strip_(strip), status_(status), page_(page), picRq(new DateDialog(form)) {
-    connect(&strip, &ToolStrip::numbersChanged, this, guarded(window, [this] { tpsx(); }));
-    connect(&strip, &ToolStrip::numbersEntered, this, guarded(window, [this] { page_.xstp(); }));
-    connect(picRq, &DateDialog::dayChosen, this, guarded(window, [this](const DayCondition& day) {
-                selection_.setDay(day);
-                tpsx();
-                page_.xstp();
-            }));
-    connect(picRq, &DateDialog::dayDropped, this, guarded(window, [this] {
-                selection_.setDay({});
-                tpsx();
-            }));
+FilterControls::FilterControls(Page& page, ToolStrip& strip, StatusLine& status)
+    : page_(page), selection_(page.selection()), strip_(strip), status_(status) {
+    connect(&page, &Page::columnsChanged, this, guarded(page.window(), [this] { tpsx(); }));
+    connect(&strip, &ToolStrip::numbersChanged, this, guarded(page.window(), [this] { tpsx(); }));
+    connect(&strip, &ToolStrip::numbersEntered, this, guarded(page.window(), [this] { page_.xstp(); }));
 }
 
 void FilterControls::tpsx() {
@@ -27,6 +18,11 @@ void FilterControls::tpsx() {
     status_.showPage(selection_.line());
     strip_.showPage(u"1"_s);
     page_.prepare();
+}
+
+void FilterControls::chooseDay(const std::optional<DayCondition>& day) {
+    selection_.setDay(day);
+    tpsx();
 }
 
 void FilterControls::chooseButton(const QString& name) {

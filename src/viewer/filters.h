@@ -4,7 +4,7 @@
 #include <QString>
 #include <optional>
 
-/// Which pictures of an album are shown: the conditions, the statements made of them, and the line that names them.
+/// Which pictures of an album are shown: the conditions, their statements, and the line that names them.
 
 /// Code of the button for all pictures of an album.
 inline const QString allPicturesCode = QStringLiteral("v");
@@ -18,28 +18,28 @@ struct DayCondition {
     QString words;  ///< The day as the page line shows it.
 };
 
-/// The condition out of a day as people type it. Its words are what was typed where the engine reads that as the same
-/// day, otherwise `2003-10-01`. A time of day is left out. Nothing when the text is no date.
+/// The condition for a day as people type it. Its words are the typed text if the engine reads that as the same day,
+/// otherwise `2003-10-01`. A time of day is left out. Nothing when the text is no date.
 std::optional<DayCondition> dayCondition(DateRelation relation, const QString& typed);
 
-/// `序号 > 5` out of "序号>" and "5"; empty where the choice is not three characters long ("序号任意").
+/// `序号 > 5` for "序号>" and "5"; empty if the choice is not three characters long ("序号任意").
 QString numberCondition(const QString& choice, const QString& number);
 
-/// What chooses pictures.
+/// The conditions by which pictures are chosen.
 struct Conditions {
     QString code = allPicturesCode;   ///< Of the active button.
     std::optional<DayCondition> day;  ///< Nothing: any day.
     QString number;                   ///< See `numberCondition`; empty: any number.
 };
 
-/// The statement of the page. Nothing for all pictures without any condition: then the selection in force stays.
+/// The statement of the page. Nothing for all pictures without any condition: then the present selection stays.
 std::optional<QString> selectionSql(const QString& table, const Conditions& conditions);
 
 /// The statement of a button alone.
 QString buttonSql(const QString& table, const QString& code);
 
-/// `日期晚于2003-10-01 序号> 5 共3张 共1页`, or `全部 共…` without conditions. `isLeftOver`: the selection is that of
-/// conditions which have been taken back.
+/// `日期晚于2003-10-01 序号> 5 共3张 共1页`, or `全部 共…` without conditions. `isLeftOver`: the conditions were taken
+/// back, but the pictures are still those that they chose.
 QString pageStatus(const Conditions& conditions, bool isLeftOver, int pictures, int pages);
 
 /// " 第 n 张", which ends the page line.
@@ -51,6 +51,6 @@ struct TypedDate {
     int caret;
     bool operator==(const TypedDate& other) const = default;
 };
-/// Help with typing a date: how it goes on after it has grown in front of the caret by `grown` characters. Dashes come
-/// by themselves, and a separator typed next to another one is swallowed.
+/// Helps with typing a date: the text after `grown` characters were typed in front of the caret. Dashes are added, and
+/// a separator next to another one is dropped.
 TypedDate helpTypedDate(const TypedDate& typed, int grown);

@@ -5,6 +5,7 @@
 #include "platform/base/error.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
+#include "platform/desktop/theme.h"
 #include "viewer/clock.h"
 #include "viewer/window_layout.h"
 
@@ -14,7 +15,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 constexpr int menuHeight = 30;
-const QColor pageFrameShade(0xa9, 0xa1, 0x92);
 }  // namespace
 
 frmTp::frmTp(Windows& windows) : windows_(windows) {
@@ -28,22 +28,23 @@ frmTp::frmTp(Windows& windows) : windows_(windows) {
     setCentralWidget(form_);
     setContextMenuPolicy(Qt::NoContextMenu);
 
-    // Made from the bottom up: what is made later covers what was made before.
+    // From the bottom up: a later control covers an earlier one.
     strip_ = std::make_unique<ToolStrip>(form_);
     status_ = std::make_unique<StatusLine>(statusBar());
     statusBar()->setObjectName(u"sta1"_s);
     screen_ = std::make_unique<ScreenPanel>(*strip_, form_);
-    page_ = std::make_unique<Page>(selection_, *strip_, *status_, *screen_, this, form_);
-    filters_ = std::make_unique<FilterControls>(selection_, *strip_, *status_, *page_, this, form_);
-    paging_ = std::make_unique<Paging>(selection_, *strip_, *status_, *page_, *filters_, this);
-    buttons_ = std::make_unique<ButtonPanel>(this, form_);
+    page_ = std::make_unique<Page>(selection_, form_);
+    picRq = new DateDialog(form_);
+    filters_ = std::make_unique<FilterControls>(*page_, *strip_, *status_);
+    paging_ = std::make_unique<Paging>(*page_, *strip_, *status_);
+    buttons_ = std::make_unique<ButtonPanel>(form_);
     for (size_t i = 0; i < frame_.size(); ++i) {
         frame_[i] = make<LineBox>(form_, u"lin%1"_s.arg(i + 1));
-        frame_[i]->setColor(i < 2 ? pageFrameShade : QColor(Qt::white));
+        frame_[i]->setColor(i < 2 ? theme::firmEdge : QColor(Qt::white));
     }
     buildMenus();
-    view_ = std::make_unique<PictureView>(*strip_, *screen_, *page_, this);
-    show_ = std::make_unique<SlideShow>(selection_, *strip_, *page_, this);
+    view_ = std::make_unique<PictureView>(*page_, *strip_, *screen_);
+    show_ = std::make_unique<SlideShow>(*page_, *strip_);
     picYc = new ShowDialog(form_);
     lstLs = make<DropList>(form_, u"lstLs"_s);
     lstLs->setAccessibleName(u"可选的各项"_s);
@@ -58,7 +59,7 @@ frmTp::frmTp(Windows& windows) : windows_(windows) {
     form_->setFocus();
 }
 
-// The chapters go before the controls that they listen to.
+// The parts are destroyed before the controls that they listen to.
 frmTp::~frmTp() = default;
 
 QAction* frmTp::addMenuAction(const QString& name, const QString& caption, const std::function<void()>& click) {
@@ -92,6 +93,7 @@ void frmTp::connectControls() {
     connect(tmr1, &QTimer::timeout, this, guarded(this, [this] { tick(); }));
     const ToolStrip* strip = strip_.get();
     connect(strip, &ToolStrip::keyClicked, this, guarded(this, [this](const QString& key) { toolClicked(key); }));
+    connect(strip, &ToolStrip::captionsSwitched, page_.get(), &Page::setCaptions);
     connect(strip, &ToolStrip::captionsSwitched, this,
             guarded(this, [this](bool on) { storeFlag(u"显示标签"_s, on); }));
     connect(strip, &ToolStrip::fullScreenSwitched, this, guarded(this, [this](bool on) {
@@ -100,12 +102,21 @@ void frmTp::connectControls() {
             }));
     connect(strip, &ToolStrip::columnListWanted, this, &frmTp::listColumns);
     connect(strip, &ToolStrip::numberListWanted, this, &frmTp::listNumberConditions);
+    connect(page_.get(), &Page::drawing, strip, &ToolStrip::beginProgress);
+    connect(page_.get(), &Page::drawing, screen_.get(), &ScreenPanel::repaintCurtain);
+    connect(page_.get(), &Page::progressed, strip, &ToolStrip::showProgress);
+    connect(page_.get(), &Page::drawn, this, &frmTp::finishDrawing);
     connect(page_.get(), &Page::cellClicked, lstLs, &QWidget::hide);
     connect(page_.get(), &Page::mousePressed, lstLs, &QWidget::hide);
     connect(page_.get(), &Page::mouseMoved, buttons_.get(), &ButtonPanel::hideRollOver);
     connect(screen_.get(), &ScreenPanel::mousePressed, lstLs, &QWidget::hide);
     connect(screen_.get(), &ScreenPanel::mouseMoved, buttons_.get(), &ButtonPanel::hideRollOver);
     connect(screen_.get(), &ScreenPanel::clicked, this, guarded(this, [this] { clickScreen(); }));
+    connect(picRq, &DateDialog::dayChosen, this, guarded(this, [this](const DayCondition& day) {
+                filters_->chooseDay(day);
+                page_->xstp();
+            }));
+    connect(picRq, &DateDialog::dayDropped, this, guarded(this, [this] { filters_->chooseDay({}); }));
     connect(buttons_.get(), &ButtonPanel::pressed, lstLs, &QWidget::hide);
     connect(buttons_.get(), &ButtonPanel::chosen, this,
             guarded(this, [this](int index, const QString& name) { chooseButton(index, name); }));
@@ -161,6 +172,14 @@ void frmTp::resizeForm() {
     if (wasViewing) attempt([&] { view_->refit(); });
 }
 
+void frmTp::finishDrawing() {
+    strip_->endProgress();
+    screen_->uncover();
+    if (!page_->isShown()) return;
+    const int lastPlace = selection_.count() == 0 ? 0 : page_->firstIndex() + page_->cellCount();
+    status_->showPage(selection_.line() + placeInSelection(lastPlace));
+}
+
 void frmTp::tick() {
     const QDateTime now = QDateTime::currentDateTime();
     if (!status_->showClock(clockText(now)) || smallScreen_) return;
@@ -192,7 +211,7 @@ void frmTp::toolClicked(const QString& key) {
         {u"sy"_s, [this] { paging_->previousPage(); }},
         {u"xy"_s, [this] { paging_->nextPage(); }},
         {u"hy"_s, [this] { paging_->lastPage(); }},
-        {u"rq"_s, [this] { filters_->dateDialog().open(); }},
+        {u"rq"_s, [this] { picRq->open(); }},
         {u"xs"_s, [this] { paging_->redraw(); }},
         {u"hd"_s, [this] { show_->toggle(); }},
         {u"sj"_s, [this] { picYc->open(); }},

@@ -2,7 +2,9 @@
 
 #include "viewer/album_menu.h"
 #include "viewer/button_panel.h"
+#include "viewer/date_dialog.h"
 #include "viewer/drop_list.h"
+#include "viewer/filter_controls.h"
 #include "viewer/paging.h"
 #include "viewer/picture_view.h"
 #include "viewer/show_dialog.h"
@@ -13,8 +15,8 @@
 #include <QTimer>
 #include <memory>
 
-/// The main window: album pages, filters, selection buttons, full view and slide show. It is loaded afresh each time it
-/// comes back. Opens the catalogue; writes only settings (`tcsz`), and fills `pmtp` once when that is empty.
+/// The main window: album pages, filters, selection buttons, full view and slide show. It is made anew each time it
+/// comes back. Opens the catalogue; writes only settings (`tcsz`), and fills `pmtp` when that is empty.
 class frmTp : public QMainWindow {
     Q_OBJECT
 
@@ -22,7 +24,7 @@ class frmTp : public QMainWindow {
     explicit frmTp(Windows& windows);
     ~frmTp() override;
 
-    /// Whether the help window and the colour window are open: then their menu items offer to close them.
+    /// Notes whether the help window and the colour window are open: then their menu items offer to close them.
     void windowsBeside(bool help, bool colours);
 
     /// Wears the active colour scheme.
@@ -57,6 +59,7 @@ class frmTp : public QMainWindow {
     void listAlbums();
 
     void resizeForm();
+    void finishDrawing();
     void clickScreen();
     void chooseButton(int index, const QString& name);
     void storeFlag(const QString& column, bool on);
@@ -72,7 +75,7 @@ class frmTp : public QMainWindow {
     void moveFocusWith(QWidget* dialog, QEvent::Type event);
     bool isInDialog(const QWidget* control) const;
     SmallDialog* openDialog() const;  ///< Nothing while none is open.
-    std::array<SmallDialog*, 2> dialogs() const { return {&filters_->dateDialog(), picYc}; }
+    std::array<SmallDialog*, 2> dialogs() const { return {picRq, picYc}; }
     void scrollBy(int pixels);
     void escape();
     bool pageByKey(int key);
@@ -90,12 +93,13 @@ class frmTp : public QMainWindow {
     bool helpIsOpen_ = false;
     bool coloursAreOpen_ = false;
 
-    QWidget* form_;
+    QWidget* form_;                    ///< Everything below the menu bar.
     QAction* mnuXs = nullptr;          ///< Draws the page.
     QAction* mnuCs = nullptr;          ///< Opens and closes the colour window.
     QAction* mnuBz = nullptr;          ///< Opens and closes the help window.
     std::array<LineBox*, 4> frame_{};  ///< Around the page: top, left, bottom, right.
     DropList* lstLs;                   ///< Albums, number conditions or columns to choose from.
+    DateDialog* picRq;                 ///< Condition on the day.
     ShowDialog* picYc;                 ///< Settings of the slide show.
     QTimer* tmr1;                      ///< Clock.
 

@@ -12,7 +12,7 @@ void frmTp::dkxc(int index) {
     const bool isListed = index < menu_->count();
     const QString title = index == 0 || !isListed ? presetTitle : menu_->title(index);
     screen_->drawCurtain();
-    showNothingOpen();  // an album that does not open leaves nothing of the one before
+    showNothingOpen();  // if the album does not open, nothing of the one before may stay
     Recordset albums = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcbm"_s);
     albums.FindFirst(isListed ? u"标题 = "_s + quoted(title) : u"表名 = "_s + quoted(demoTable));
     const bool isFound = !albums.NoMatch();
@@ -22,7 +22,7 @@ void frmTp::dkxc(int index) {
     openSelection(isFound ? albums.Fields(u"表名"_s).Value().toText() : demoTable, title);
     buttons_->anxs();
     buttons_->putCursorOn(0);
-    // Of two albums with one title the first opens, whichever was chosen.
+    // Of two albums with the same title the first opens, whichever was chosen.
     menu_->showOpen(isFound ? albums.row() : index);
     mnuXs->setEnabled(true);
     albumIsOpen_ = true;

@@ -9,8 +9,8 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-// The keys of the main window. They reach it only where the control with the focus has no use for them: what is typed
-// into a box stays there.
+// The keys of the main window. It gets only keys that the control with the focus does not use: a box keeps what is
+// typed into it.
 
 namespace {
 

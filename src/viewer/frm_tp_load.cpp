@@ -13,8 +13,8 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-// Loading of the main window and the settings that it writes back. What fails while loading is passed over: without a
-// catalogue the window comes up without content.
+// Loading of the main window and the settings that it stores. Failures of loading are ignored: without a catalogue the
+// window comes up without content.
 
 namespace {
 constexpr int designWidth = 13800;  // 4 by 3, and with its title bar above a task bar on 1366 x 768 pixels

@@ -12,7 +12,7 @@ bool isDark(const QColor& ground);
 /// Gives a part of the window its ground and, on a dark one, light texts.
 void setGround(QWidget* part, const QColor& ground);
 
-/// Like `setGround`, but the part keeps its own ground: only its text follows.
+/// Like `setGround`, but only for the text: the part keeps its own ground.
 void setInkFor(QWidget* part, const QColor& ground);
 
 /// Style sheet of the window for that ground.

@@ -14,14 +14,13 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 // The shape of a cell before any picture has given another one.
 constexpr QSize cellShape(4, 3);
-constexpr int mostColumnsWithCaptions = 2;
 constexpr int oneLine = 300;
 // Text heights of captions in pixels.
 constexpr int usualText = 12;
 constexpr int smallText = 11;
 const QColor frameColour(0xb9, 0xb1, 0xa3);
 
-// The control leaves the window at once, and is deleted when a handler that may be using it has returned.
+// Takes a control out of the window at once. It is deleted later: a handler may still be using it.
 void drop(QWidget* control) {
     control->hide();
     control->setParent(nullptr);
@@ -33,11 +32,7 @@ void placeAt(QWidget* control, const Box& box) {
 }
 }  // namespace
 
-Page::Page(Selection& selection, ToolStrip& strip, StatusLine& status, ScreenPanel& screen, QWidget* window,
-           QWidget* form)
-    : selection_(selection), strip_(strip), status_(status), screen_(screen), window_(window), pictures_([this] {
-          return upcoming();
-      }) {
+Page::Page(Selection& selection, QWidget* form) : selection_(selection), pictures_([this] { return upcoming(); }) {
     pic1 = make<Surface>(form, u"pic1"_s);
     pic1->lower();  // under the screen panel
     connect(pic1, &Surface::mousePressed, this, &Page::mousePressed);
@@ -49,6 +44,11 @@ Page::Page(Selection& selection, ToolStrip& strip, StatusLine& status, ScreenPan
 void Page::layOut(const Box& area) {
     placeAt(pic1, area);
     areaWidth_ = area.width;
+}
+
+void Page::setColumns(int columns) {
+    picturesPerPage_ = columns * columns;
+    Q_EMIT columnsChanged();
 }
 
 void Page::setGround(const QColor& ground) {
@@ -83,7 +83,7 @@ void Page::addCell() {
     cell.txtBq->setObjectName(element(u"txtBq"_s, index));
     connect(cell.imgXs, &ImageBox::clicked, this, &Page::cellClicked);
     connect(cell.imgXs, &ImageBox::doubleClicked, this, [this, index] { Q_EMIT cellDoubleClicked(index); });
-    connect(cell.imgXs, &ImageBox::mouseReleased, this, guarded(window_, [this, index] { showCaption(index); }));
+    connect(cell.imgXs, &ImageBox::mouseReleased, this, guarded(window(), [this, index] { showCaption(index); }));
     connect(cell.txtBq, &Caption::clicked, cell.txtBq, &QWidget::hide);
     if (index > 0) QWidget::setTabOrder(cells_.back().imgXs, cell.imgXs);
     cells_.push_back(cell);
@@ -136,13 +136,12 @@ void Page::goToFirstPicture() {
 }
 
 void Page::xstp() {
-    const Hourglass hourglass(window_, Qt::BusyCursor);
+    const Hourglass hourglass(window(), Qt::BusyCursor);
     const int cells = picturesPerPage_;
-    strip_.beginProgress(cells > 1);
-    screen_.repaintCurtain();
+    Q_EMIT drawing(cells > 1);
 
     const int focused = focusedCell();
-    // A control that is hidden passes its focus on, to a box that the keys would then write into.
+    // A hidden control passes its focus on, perhaps to a box that keys would then write into.
     if (focused >= 0) pic1->parentWidget()->setFocus();
     setCellCount(cells);
     scroll_->reset();
@@ -150,13 +149,9 @@ void Page::xstp() {
     table_ = mekTp::currentTable;
     drawCells();
 
-    strip_.endProgress();
-    screen_.uncover();
     isShown_ = selection_.isOpen();
+    Q_EMIT drawn();
     focusCell(std::min(focused, cells - 1));
-    // The line names the place of the last cell.
-    if (isShown_)
-        status_.showPage(selection_.line() + placeInSelection(selection_.count() == 0 ? 0 : firstIndex_ + cells));
 }
 
 void Page::drawCells() {
@@ -166,7 +161,7 @@ void Page::drawCells() {
     for (int i = 0; i < picturesPerPage_; ++i) {
         drawCell(i, pixels);
         attempt([&] { selection_.records().MoveNext(); });
-        if (picturesPerPage_ > 1) strip_.showProgress(i * 100 / (picturesPerPage_ - 1));
+        if (picturesPerPage_ > 1) Q_EMIT progressed(i * 100 / (picturesPerPage_ - 1));
     }
     pictures_.settle();
 }
@@ -221,7 +216,7 @@ CellPictures::Requests Page::upcoming() {
     return requests;
 }
 
-/// For the whole page, of which a low window shows the upper rows alone.
+/// Room for the whole page, of which a low window shows the upper rows alone.
 void Page::keepRoom() {
     const int columns = grid().columns;
     const QRect whole = rectFromTwips(0, 0, columns * grid().cellWidth, columns * grid().cellHeight);
@@ -255,16 +250,12 @@ void Page::drawCaption(int index) {
     font.setPixelSize(box.height > oneLine ? smallText : usualText);  // two lines, or one
     cell.txtBq->setFont(font);
     cell.txtBq->setText(cell.imgXs->tag());
-    cell.txtBq->setVisible(wantsCaptions());
-    if (wantsCaptions()) cell.imgXs->setToolTip(u"鼠标单击可重新显示标签"_s);
-}
-
-bool Page::wantsCaptions() const {
-    return strip_.wantsCaptions() && grid().columns <= mostColumnsWithCaptions;
+    cell.txtBq->setVisible(hasCaptions());
+    if (hasCaptions()) cell.imgXs->setToolTip(u"鼠标单击可重新显示标签"_s);
 }
 
 void Page::showCaption(int index) {
-    if (!strip_.wantsCaptions() || !has(index)) return;
+    if (!captions_ || !has(index)) return;
     const Cell& cell = cells_[size_t(index)];
     cell.txtBq->setText(cell.imgXs->tag());
     cell.txtBq->show();

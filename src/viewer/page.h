@@ -1,12 +1,11 @@
 #pragma once
 
+#include "platform/desktop/shapes.h"
+#include "platform/desktop/surface.h"
 #include "viewer/caption.h"
 #include "viewer/cell_pictures.h"
 #include "viewer/page_layout.h"
-#include "viewer/screen_panel.h"
 #include "viewer/selection.h"
-#include "viewer/status_line.h"
-#include "viewer/tool_strip.h"
 #include "viewer/wheel_scroll.h"
 
 #include <deque>
@@ -14,29 +13,30 @@
 #include <optional>
 #include <vector>
 
-/// The page of thumbnails on `pic1`. It is drawn from nothing each time, with pictures that are decoded ahead while the
-/// window rests; the catalogue is only read.
+/// The page of thumbnails on `pic1`: pictures of the selection, from one index on. Each draw makes it anew, with
+/// pictures that were decoded ahead while the window rested. Only reads the catalogue.
 class Page : public QObject {
     Q_OBJECT
 
   public:
-    Page(Selection& selection, ToolStrip& strip, StatusLine& status, ScreenPanel& screen, QWidget* window,
-         QWidget* form);
+    Page(Selection& selection, QWidget* form);
 
+    Selection& selection() const { return selection_; }
+    QWidget* window() const { return pic1->window(); }
     void layOut(const Box& area);
     void setGround(const QColor& ground);
 
-    /// Draws the page. What fails leaves its cell empty.
+    /// Draws the page. A picture that cannot be read leaves its cell empty.
     void xstp();
-    /// Something else will be drawn next: it is decoded in the background.
+    /// Decodes in the background what the next draw will show.
     void prepare() { pictures_.rest(); }
-    /// The album is left: the page is that of no album, and nothing of it is decoded any more.
+    /// Leaves the album: nothing of it is decoded any more.
     void leave();
-    /// A page of the open album has been drawn.
+    /// Whether a page of the open album has been drawn.
     bool isShown() const { return isShown_; }
 
     /// What the next draw shows.
-    void setColumns(int columns) { picturesPerPage_ = columns * columns; }
+    void setColumns(int columns);
     int picturesPerPage() const { return picturesPerPage_; }
     /// Records before the first cell. May be negative after a step back, and beyond the end.
     void setFirstIndex(int index) { firstIndex_ = index; }
@@ -44,13 +44,15 @@ class Page : public QObject {
     /// A picture alone on its page is not enlarged.
     void setOriginalSize(bool on) { originalSize_ = on; }
     bool isOriginalSize() const { return originalSize_; }
+    /// Captions over the pictures, where the columns are wide enough for them.
+    void setCaptions(bool on) { captions_ = on; }
 
     // The page as it was drawn; another album or number of columns may have been chosen since.
     const QString& table() const { return table_; }
     int cellCount() const { return int(cells_.size()); }
     /// 序号 of the picture in a cell; empty where there is none.
     QString numberIn(int cell) const { return has(cell) ? cells_[size_t(cell)].number : QString(); }
-    /// What is said of the picture in a cell; empty where there is none.
+    /// Data line of the picture in a cell (see `tagOfRecord`); empty where there is none.
     QString dataIn(int cell) const { return has(cell) ? cells_[size_t(cell)].imgXs->tag() : QString(); }
 
     /// The cell that has the keyboard's focus, -1 for none. Empty cells take no focus.
@@ -62,6 +64,10 @@ class Page : public QObject {
     void scrollBy(int pixels) { scroll_->scrollBy(pixels); }
 
   Q_SIGNALS:
+    void drawing(bool isSeveral);  ///< A draw begins, of one picture or of several.
+    void progressed(int percent);  ///< Of several pictures.
+    void drawn();
+    void columnsChanged();
     void cellClicked();
     void cellDoubleClicked(int cell);
     void mousePressed();  ///< Between the cells.
@@ -75,12 +81,14 @@ class Page : public QObject {
         QString number;   ///< 序号 of the picture.
     };
 
+    static constexpr int mostColumnsWithCaptions = 2;
+
     Cell makeCell();
     void addCell();
     void setCellCount(int count);
     bool has(int cell) const { return cell >= 0 && cell < cellCount(); }
     CellGrid grid() const { return cellGrid(areaWidth_, picturesPerPage_); }
-    bool wantsCaptions() const;
+    bool hasCaptions() const { return captions_ && grid().columns <= mostColumnsWithCaptions; }
     QSize fitted(const QString& sizeText, QSize& pixels) const;
     void goToFirstPicture();
     void drawCells();
@@ -93,19 +101,16 @@ class Page : public QObject {
     void showCaption(int index);
 
     Selection& selection_;
-    ToolStrip& strip_;
-    StatusLine& status_;
-    ScreenPanel& screen_;
-    QWidget* window_;
     Surface* pic1;  ///< Ground of the page.
     std::unique_ptr<WheelScroll> scroll_;
     int areaWidth_ = 0;  ///< Twips.
     int picturesPerPage_ = 1;
     int firstIndex_ = 0;
     bool originalSize_ = false;
+    bool captions_ = false;
     bool isShown_ = false;
     std::vector<Cell> cells_;
-    std::deque<Cell> spare_;  ///< Made while the window rests; without names, for nobody to find.
+    std::deque<Cell> spare_;  ///< Made while the window rests; hidden and without names until they are used.
     QString table_;
     CellPictures pictures_;
 };

@@ -30,7 +30,7 @@ int pagesFor(int pictures, int picturesPerPage);
 /// "3列" means 9 pictures: 1 to 6 columns; 0 where the text begins with no such number.
 int columnsFromText(const QString& text);
 
-/// The number of a page; of a view that begins within a page, that of the next one.
+/// The number of a page as text. A view that begins within a page has the number of the next one.
 QString pageText(double page);
 
 /// Index of the first picture of a page as typed ("2", or "2.5" between two pages); limited to what an index can hold.

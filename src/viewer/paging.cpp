@@ -4,9 +4,8 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-Paging::Paging(Selection& selection, ToolStrip& strip, StatusLine& status, Page& page, FilterControls& filters,
-               QWidget* window)
-    : selection_(selection), strip_(strip), status_(status), page_(page), filters_(filters) {
+Paging::Paging(Page& page, ToolStrip& strip, StatusLine& status) : page_(page), strip_(strip), status_(status) {
+    QWidget* window = page.window();
     connect(&strip, &ToolStrip::pageTyped, this, guarded(window, [this] { takePageNumber(); }));
     connect(&strip, &ToolStrip::pageEntered, this, guarded(window, [this](bool isTyped) {
         if (isTyped || strip_.page() <= 0) takePageNumber();
@@ -40,7 +39,7 @@ void Paging::previousPage() {
 
 void Paging::nextPage() {
     strip_.offer(u"sy"_s, true);
-    if (page_.firstIndex() + page_.picturesPerPage() >= selection_.count()) {
+    if (page_.firstIndex() + page_.picturesPerPage() >= page_.selection().count()) {
         status_.showPage(u"翻页已到文件尾！"_s);
         strip_.offer(u"xy"_s, false);
         return;
@@ -50,7 +49,7 @@ void Paging::nextPage() {
 
 // The last view is full: it may overlap the page before it.
 void Paging::lastPage() {
-    const int pictures = selection_.count();
+    const int pictures = page_.selection().count();
     drawAt(pictures - page_.picturesPerPage(), QString::number(pagesFor(pictures, page_.picturesPerPage())));
     strip_.offer(u"sy"_s, true);
     strip_.offer(u"xy"_s, true);
@@ -81,6 +80,5 @@ void Paging::takePageNumber() {
 void Paging::changeColumns(int columns) {
     if (columns == 0) return;
     page_.setColumns(columns);
-    filters_.tpsx();
     for (const QString& key : {u"yd"_s, u"hd"_s}) strip_.offer(key, columns == 1);
 }

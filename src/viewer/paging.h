@@ -1,12 +1,13 @@
 #pragma once
 
-#include "viewer/filter_controls.h"
+#include "viewer/page.h"
+#include "viewer/status_line.h"
+#include "viewer/tool_strip.h"
 
 /// Paging by the tool bar, by page number and by the number of columns.
 class Paging : public QObject {
   public:
-    Paging(Selection& selection, ToolStrip& strip, StatusLine& status, Page& page, FilterControls& filters,
-           QWidget* window);
+    Paging(Page& page, ToolStrip& strip, StatusLine& status);
 
     void firstPage();
     void previousPage();
@@ -20,9 +21,7 @@ class Paging : public QObject {
     void takePageNumber();
     void changeColumns(int columns);
 
-    Selection& selection_;
+    Page& page_;
     ToolStrip& strip_;
     StatusLine& status_;
-    Page& page_;
-    FilterControls& filters_;
 };

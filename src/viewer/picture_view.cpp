@@ -15,9 +15,9 @@ namespace {
 constexpr QSize placeWithoutPicture(640, 480);
 }
 
-PictureView::PictureView(ToolStrip& strip, ScreenPanel& screen, Page& page, QWidget* window)
-    : strip_(strip), screen_(screen), page_(page), window_(window) {
-    connect(&page, &Page::cellDoubleClicked, this, guarded(window, [this](int cell) { open(cell); }));
+PictureView::PictureView(Page& page, ToolStrip& strip, ScreenPanel& screen)
+    : page_(page), strip_(strip), screen_(screen) {
+    connect(&page, &Page::cellDoubleClicked, this, guarded(page.window(), [this](int cell) { open(cell); }));
 }
 
 void PictureView::open(int cell) {
@@ -39,7 +39,8 @@ void PictureView::show() {
         pixels = placeWithoutPicture;
     }
 
-    const QSize fitted = fittedSize(*pixels, widthOf(window_) - 2130, heightOf(window_) - 1600, page_.isOriginalSize());
+    const QWidget* window = page_.window();
+    const QSize fitted = fittedSize(*pixels, widthOf(window) - 2130, heightOf(window) - 1600, page_.isOriginalSize());
     screen_.beginView(fitted, data_);
     if (hasPicture)
         load(record, name);

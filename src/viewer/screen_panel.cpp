@@ -43,7 +43,7 @@ ScreenPanel::ScreenPanel(ToolStrip& strip, QWidget* form) : strip_(strip) {
     });
     connect(txtB0, &Caption::clicked, txtB0, &QWidget::hide);
     scroll_ = std::make_unique<WheelScroll>(pic0);
-    // Decoded by another processor while this one makes the window.
+    // Another thread decodes it while this one makes the window.
     attempt(
         [&] { firstPicture_ = std::async(std::launch::async, [] { return LoadPicture(startPicture, usualSize); }); });
 }
@@ -54,7 +54,7 @@ void ScreenPanel::layOut(const Box& page) {
     fitStartPicture();
 }
 
-// Decoded for the panel's size: for its own the start would take several times as long.
+// Decoded at the size of the panel: at full size the start would take several times as long.
 void ScreenPanel::fitStartPicture() {
     if (firstPicture_.valid() && img0->picture().isNull()) attempt([&] { showStartPicture(firstPicture_.get()); });
     const Picture& shown = img0->picture();

@@ -26,9 +26,10 @@ class ScreenPanel : public QObject {
     bool isCovering() const { return !pic0->isHidden(); }
 
     bool isViewing() const { return isViewing_; }
-    /// Shows a picture's place of that size, in twips, with its data on a strip, and takes the paging keys away.
+    /// Shows an empty place of that size, in twips, with the picture's data on a strip, and switches the paging keys
+    /// off.
     void beginView(QSize size, const QString& data);
-    QSize targetSize() const { return img0->targetSize(); }  ///< For which the picture in view is decoded.
+    QSize targetSize() const { return img0->targetSize(); }  ///< Of the picture in view, in device pixels.
     void showInView(const Picture& picture) { img0->setPicture(picture); }
     /// Words in place of the picture in view.
     void sayInView(const QString& words);
@@ -39,9 +40,9 @@ class ScreenPanel : public QObject {
     void loadCover();
     /// Loads a picture of `pmtp`, chosen by chance, for the next curtain.
     void changeCurtain();
-    /// Ends the viewing of a picture and hides the page behind a fresh curtain. One that hangs already stays.
+    /// Ends the viewing of a picture and hides the page behind a new curtain. A curtain that is shown already stays.
     void drawCurtain();
-    /// A curtain is seen at once, before the page behind it is drawn.
+    /// Paints the curtain now, before the page behind it is drawn.
     void repaintCurtain();
 
     void scrollBy(int pixels) { scroll_->scrollBy(pixels); }

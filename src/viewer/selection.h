@@ -21,8 +21,8 @@ class Selection {
     void chooseCode(const QString& code);
     /// Takes effect with the next `select`.
     void setDay(const std::optional<DayCondition>& day) { conditions_.day = day; }
-    /// Selects by code, day and this condition on the number. Where the engine refuses the statement the selection in
-    /// force stays.
+    /// Selects by code, day and this condition on the number. If the engine refuses the statement, the present
+    /// selection stays.
     void select(const QString& number, int picturesPerPage);
 
     Recordset& records() { return records_; }
@@ -37,7 +37,7 @@ class Selection {
     Recordset records_;  ///< Nothing while no album is open.
     QString title_;
     Conditions conditions_;
-    bool isNarrowed_ = false;  ///< The pictures were chosen by a day or a number.
+    bool isNarrowed_ = false;  ///< A day or a number has chosen the pictures.
     int count_ = 0;
     QString line_;
 };

@@ -21,6 +21,6 @@ class ShowDialog : public SmallDialog {
     void store();
 
     QLabel* lblCc;     ///< The stored interval.
-    QSlider* sliSj;    ///< Milliseconds between two pictures.
+    QSlider* sliSj;    ///< Interval between two pictures, in milliseconds.
     QCheckBox* chkYc;  ///< Whether the show begins anew after the last picture.
 };

@@ -8,13 +8,12 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-SlideShow::SlideShow(Selection& selection, ToolStrip& strip, Page& page, QWidget* window)
-    : selection_(selection), strip_(strip), page_(page) {
-    tmr2 = new QTimer(window);
+SlideShow::SlideShow(Page& page, ToolStrip& strip) : page_(page), selection_(page.selection()), strip_(strip) {
+    tmr2 = new QTimer(page.window());
     tmr2->setObjectName(u"tmr2"_s);
-    connect(tmr2, &QTimer::timeout, this, guarded(window, [this] { step(); }));
-    // One picture to a page is what the show steps through.
-    connect(&strip, &ToolStrip::columnsChanged, this, [this] {
+    connect(tmr2, &QTimer::timeout, this, guarded(page.window(), [this] { step(); }));
+    // The show needs one picture to a page.
+    connect(&page, &Page::columnsChanged, this, [this] {
         if (page_.picturesPerPage() != 1 && isRunning_) stop();
     });
 }

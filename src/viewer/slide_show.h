@@ -1,13 +1,14 @@
 #pragma once
 
 #include "viewer/page.h"
+#include "viewer/tool_strip.h"
 
 #include <QTimer>
 
 /// The slide show: it steps through the selection, one picture to a page.
 class SlideShow : public QObject {
   public:
-    SlideShow(Selection& selection, ToolStrip& strip, Page& page, QWidget* window);
+    SlideShow(Page& page, ToolStrip& strip);
 
     /// Key `hd`: starts or stops.
     void toggle();
@@ -19,9 +20,9 @@ class SlideShow : public QObject {
     bool isAtEnd() const;
     void showRunning(bool on);
 
+    Page& page_;
     Selection& selection_;
     ToolStrip& strip_;
-    Page& page_;
     QTimer* tmr2;  ///< Between two pictures.
     bool isRunning_ = false;
     bool loops_ = false;

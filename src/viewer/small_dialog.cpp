@@ -1,6 +1,7 @@
 #include "viewer/small_dialog.h"
 
 #include "platform/desktop/placing.h"
+#include "platform/desktop/theme.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -8,7 +9,8 @@ SmallDialog::SmallDialog(QWidget* form, const QString& name, int width, int heig
     setObjectName(name);
     setDraggable(true);
     setAutoFillBackground(true);
-    setStyleSheet(u"Surface#%1 { background: #fdfcf9; border: 1px solid #a9a192; border-radius: 6px; }"_s.arg(name));
+    setStyleSheet(theme::filledIn(
+        u"Surface#%1 { background: @panel; border: 1px solid @firmEdge; border-radius: 6px; }"_s.arg(name)));
     place(this, 0, 0, width, height);
     hide();
 }

@@ -5,8 +5,8 @@
 #include <QLabel>
 #include <QPushButton>
 
-/// A small dialog on the form of the main window, which can be dragged about. It is hidden until it is opened. All
-/// lengths are twips.
+/// A small dialog inside the main window, which can be dragged with the mouse. Hidden until it is opened. All lengths
+/// are twips.
 class SmallDialog : public Surface {
     Q_OBJECT
 

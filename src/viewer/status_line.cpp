@@ -1,6 +1,7 @@
 #include "viewer/status_line.h"
 
 #include "platform/desktop/placing.h"
+#include "platform/desktop/theme.h"
 #include "viewer/caption.h"
 
 #include <QPainter>
@@ -76,8 +77,8 @@ StatusLine::StatusLine(QStatusBar* sta1) {
     const auto panel = [sta1](int number) {
         auto* label = make<PanelLabel>(sta1, u"sta1:%1"_s.arg(number));
         label->setTextFormat(Qt::PlainText);
-        label->setStyleSheet(number == 1 ? u"padding-left: 6px;"_s
-                                         : u"border-left: 1px solid #d8d0c2; padding-left: 6px;"_s);
+        label->setStyleSheet(theme::filledIn(number == 1 ? u"padding-left: 6px;"_s
+                                                         : u"border-left: 1px solid @line; padding-left: 6px;"_s));
         sta1->addWidget(label);
         return label;
     };

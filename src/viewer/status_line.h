@@ -3,21 +3,21 @@
 #include <QLabel>
 #include <QStatusBar>
 
-/// A line cut to a width in pixels: its first `soft` characters make way for the rest, which is cut last and at its
-/// beginning.
+/// A line cut to a width in pixels. Its first `soft` characters are cut first, at their end; the rest is cut only if it
+/// does not fit alone, at its beginning.
 QString cutLine(const QString& text, qsizetype soft, int width, const QFontMetrics& metrics);
 
-/// Widths of the first three panels, in twips or what they ask for.
+/// Widths of the first three panels, in twips.
 struct PanelWidths {
     int title, album, message;
     bool operator==(const PanelWidths& other) const = default;
 };
 
-/// Title and album line get what they ask for as far as it goes, also from the part of `messageWidth` that the message
-/// leaves free.
+/// Shares the room. Title and album line get the width that they ask for if there is enough, also from the part of
+/// `messageWidth` that the message does not need.
 PanelWidths sharedWidths(const PanelWidths& asked, int messageWidth);
 
-/// A panel of the status bar. Its text is always whole; what is seen of it is cut to the room there is.
+/// A panel of the status bar. `text()` is always the whole line; the painted line is cut to the panel's width.
 class PanelLabel : public QLabel {
     Q_OBJECT
 
@@ -37,18 +37,18 @@ class PanelLabel : public QLabel {
     qsizetype soft_ = 0;
 };
 
-/// The status bar with its four panels, counted from 1: main title, album line, page line, clock. Where there is not
-/// enough room titles and conditions are cut, the counts never.
+/// The status bar with its four panels, counted from 1: main title, album line, page line, clock. If there is not
+/// enough room, titles and conditions are cut, but never the counts.
 class StatusLine {
   public:
     explicit StatusLine(QStatusBar* sta1);
 
     void showCollection(const QString& title);
-    /// The open album: its title, and what is said of it.
+    /// The open album: its title, then table and counts.
     void showAlbum(const QString& title, const QString& rest);
-    /// The page line, or a word on paging.
+    /// The page line, or a message of the paging.
     void showPage(const QString& text);
-    /// Whether the text is another one than before.
+    /// Returns whether the text has changed.
     bool showClock(const QString& text);
     void setMessageWidth(int twips);  ///< Width of panel 3.
 
@@ -56,6 +56,9 @@ class StatusLine {
     void setLine(PanelLabel* panel, const QString& text, qsizetype soft);
     void shareRoom();
 
-    PanelLabel *collection_, *album_, *page_, *clock_;
+    PanelLabel* collection_;  ///< Main title.
+    PanelLabel* album_;       ///< Album line.
+    PanelLabel* page_;        ///< Page line.
+    PanelLabel* clock_;       ///< Date and time.
     int messageWidth_ = 0;
 };

@@ -2,6 +2,7 @@
 
 #include "platform/base/conversion.h"
 #include "platform/desktop/placing.h"
+#include "platform/desktop/theme.h"
 #include "platform/desktop/tool_icon.h"
 #include "viewer/filters.h"
 #include "viewer/ground.h"
@@ -21,7 +22,6 @@ constexpr int boxTop = 30;
 constexpr int boxHeight = 270;
 constexpr int labelLeft = 2760;
 constexpr int numberLeft = 3810;
-const QColor separatorColour(0xd8, 0xd0, 0xc2);
 const QString anyNumber = u"序号任意"_s;
 
 struct ButtonPlace {
@@ -64,7 +64,7 @@ void ToolStrip::addButtons() {
         tlb1->add(place.key, place.toolTip, place.left, buttonTop, buttonSide, buttonSide);
     for (int i = 0; i < 4; ++i) {
         auto* line = new LineBox(tlb1);
-        line->setColor(separatorColour);
+        line->setColor(theme::line);
         separators_.push_back(line);
     }
 }
@@ -115,7 +115,7 @@ void ToolStrip::addConditionBoxes() {
     };
     txtXh = box(u"txtXh"_s, u"序号条件"_s, anyNumber);
     txtXx = box(u"txtXx"_s, u"序号"_s, {});
-    txtXx->setStyleSheet(u"border: none; padding: 0px; background: #eef5f7;"_s);
+    txtXx->setStyleSheet(theme::filledIn(u"border: none; padding: 0px; background: @accentTint;"_s));
     place(txtXx, 4350, 60, 375, 180);
     showNumberBox(false);
     for (const TextBox* numbers : {txtXh, txtXx})
@@ -147,7 +147,7 @@ void ToolStrip::addFlags() {
 void ToolStrip::addTitle() {
     picBq = make<Surface>(tlb1, u"picBq"_s);
     shpBq = make<ShapeBox>(picBq, u"shpBq"_s);
-    shpBq->setBorderColor(separatorColour);
+    shpBq->setBorderColor(theme::line);
     shpBq->setCornerRadius(4);
     txtWd = make<TextBox>(picBq, u"txtWd"_s);
     txtWd->setLocked(true);

@@ -10,8 +10,8 @@
 #include <array>
 #include <vector>
 
-/// The tool bar of the main window with everything on it. The controls are its own: the chapters of the window say what
-/// it shows, and hear from it what the user wants.
+/// The tool bar of the main window with everything on it. The other parts of the window set what it shows, and learn
+/// from its signals what the user wants.
 class ToolStrip : public QObject {
     Q_OBJECT
 
@@ -30,20 +30,19 @@ class ToolStrip : public QObject {
     void showHelp(bool isOpen);
 
     // Boxes
-    double page() const;  ///< As the page box says, 0 for no number.
+    double page() const;  ///< Number in the page box, 0 for none.
     void showPage(const QString& text) { txtYh->setText(text); }
     void selectPage() { txtYh->selectAll(); }
     void chooseColumns(const QString& text) { txtLs->setText(text); }
     void focusColumns() { txtLs->setFocus(); }
-    /// The condition that the number boxes say, empty for any number.
+    /// The condition in the number boxes, empty for any number.
     QString numberCondition() const;
-    /// One of the lines "序号任意", "序号="…: the box of the number appears with all but the first.
+    /// Takes one of the lines "序号任意", "序号="…; the box of the number shows with all but the first.
     void chooseNumbers(const QString& line);
     /// Asks for the list of the box, as a click in it does. False for a control that has no list.
     bool listFor(const QWidget* box);
 
     // Flags
-    bool wantsCaptions() const { return chkBq[0]->isChecked(); }
     void setCaptions(bool on) { chkBq[0]->setChecked(on); }
     void setFullScreen(bool on) { chkBq[1]->setChecked(on); }
 
@@ -88,7 +87,7 @@ class ToolStrip : public QObject {
     QProgressBar* prg1;                 ///< Progress of a page that is drawn.
     TextBox* txtWd;                     ///< Title of the collection.
     ShapeBox* shpBq;                    ///< Frame of the title.
-    std::vector<LineBox*> separators_;
-    bool pageBoxWasEntered_ = false;  ///< Its focus came with a press of the mouse whose click is still to come.
-    bool smallScreen_ = false;        ///< No room for the title.
+    std::vector<LineBox*> separators_;  ///< Between the groups of keys.
+    bool pageBoxWasEntered_ = false;    ///< A press of the mouse gave it the focus, and the click is still to come.
+    bool smallScreen_ = false;          ///< No room for the title.
 };

@@ -4,8 +4,8 @@
 
 class QWidget;
 
-/// Lets a surface whose controls reach below its edge be moved up and down with the mouse wheel. At first the
-/// controls are where they were placed.
+/// Scrolls the controls of a surface with the mouse wheel when some of them are below its edge. At first they are where
+/// they were placed.
 class WheelScroll : public QObject {
   public:
     explicit WheelScroll(QWidget* surface);
@@ -17,6 +17,6 @@ class WheelScroll : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    QWidget* surface_;
+    QWidget* surface_;  ///< Its children are moved.
     int offset_ = 0;
 };

@@ -38,7 +38,7 @@ StripLayout stripLayout(int width) {
     StripLayout strip{};
     strip.titleLeft = width / 2 - 800;
     strip.titleWidth = std::max(0, std::min(3600, width / 2 - 4630));
-    // In the narrowest windows the edge cuts the right group off, so that it does not cover the left one.
+    // In the narrowest windows the right group is cut off at the edge, so that it does not cover the left one.
     const int right = std::max(width, endOfLeftGroup + rightGroup);
     strip.draw = right - rightGroup;
     strip.columns = right - 4700;

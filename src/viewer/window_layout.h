@@ -19,7 +19,7 @@ struct WindowLayout {
     int messagePanelWidth;              ///< Third panel of the status bar.
 };
 
-/// `raise` is how much higher everything is than usual (half of the extra height of the title bar).
+/// `raise` is taken off vertical positions: half of `mekTp::titleBarExtra`.
 WindowLayout windowLayout(int width, int height, int raise);
 
 /// Places on the tool bar that follow the width of the window.

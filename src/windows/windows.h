@@ -5,27 +5,28 @@
 /// The windows of the program, named by what they are for.
 enum class WindowKind { viewer, settings, editor, colours, help, about };
 
-/// How a window asks for another one without knowing it. The program has one object of this kind; every window is given
-/// a reference that outlives it.
+/// How a window asks for another one without including it. The program has one object of this kind; every window gets a
+/// reference that outlives it.
 class Windows {
   public:
     virtual ~Windows() = default;
 
-    /// Shows `to` and unloads `from` once the calling handler has returned: the large windows take turns.
+    /// Shows `to`, and unloads `from` once the calling handler has returned: only one large window is open at a time.
     virtual void handOver(WindowKind from, WindowKind to) = 0;
 
-    /// Brings a window to the front, as new or as it stands. In the place of the main window comes the other large one
-    /// that is at work.
+    /// Brings a window to the front, and makes it if it is not there. While another large window is open, asking for
+    /// the main window brings that one to the front.
     virtual void show(WindowKind window) = 0;
 
-    /// Hides a window at once and lets it go once the calling handler has returned. With the last window that is shown
-    /// the program ends.
+    /// Hides a window at once, and deletes it once the calling handler has returned. The program ends with its last
+    /// visible window.
     virtual void unload(WindowKind window) = 0;
 
-    /// Another colour scheme is the active one: a main window that stands wears it at once.
+    /// Call it when another colour scheme has become the active one: an open main window takes it over at once.
     virtual void coloursChanged() = 0;
 
-    /// Shows the help window at the place where `topic` stands in the manual; without a topic just shows it.
+    /// Shows the help window with the place of `topic` in the manual at the top. Without a topic it just shows the
+    /// window.
     virtual void showHelp(const QString& topic) = 0;
 
     /// Ends the program once the calling handler has returned.

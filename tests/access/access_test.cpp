@@ -173,7 +173,7 @@ class TestAccess : public QObject {
         QStringList deaf;
         for (auto* button : shown->findChildren<QAbstractButton*>()) {
             if (!button->isVisible() || !button->isEnabled() || !(button->focusPolicy() & Qt::TabFocus)) continue;
-            button->disconnect();  // what it does is told elsewhere
+            button->disconnect();  // other tests check what it does
             QSignalSpy clicked(button, &QAbstractButton::clicked);
             button->setFocus(Qt::TabFocusReason);
             QTest::keyClick(button, Qt::Key_Return);

@@ -16,7 +16,7 @@ class TestNextNumber : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    /// `nothing` stands for a record without a number.
+    /// `nothing` is a record without a number.
     void oneAboveTheHighest() {
         constexpr int nothing = -1000;
         const std::pair<QList<int>, int> cases[] = {{{}, 1},           {{1, 2, 3}, 4}, {{7, 40, 3}, 41}, {{nothing}, 1},

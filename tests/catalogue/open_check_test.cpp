@@ -89,13 +89,13 @@ class TestOpenCheck : public QObject {
             FileCheck check(path());
             disk.readingFrom = from;
             disk.reading = noAnswer;
-            QString told;
+            QString text;
             try {
                 check.run();
             } catch (const Error& failure) {
-                told = failure.text();
+                text = failure.text();
             }
-            QVERIFY2(told.contains(u"没有响应"_s), qPrintable(QString::number(from) + told));
+            QVERIFY2(text.contains(u"没有响应"_s), qPrintable(QString::number(from) + text));
             disk.reading = {};
             QCOMPARE(check.run(), Outcome::whole);
         }

@@ -16,7 +16,7 @@ namespace {
 
 const QString pictureColumn = u"图片"_s;
 
-/// Stands for an image control.
+/// Takes the place of an image control.
 struct Target {
     QSize targetSize() const { return {8, 6}; }
     void setPicture(const Picture& picture) { shown = picture; }
@@ -34,7 +34,7 @@ QString writeFile(const QString& path, const QByteArray& bytes) {
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() ? path : QString();
 }
 
-/// Stores a file in a new record, which the set then stands on.
+/// Stores a file in a new record, which becomes the current one.
 qint64 storeInNewRecord(Recordset& album, const QString& path) {
     album.AddNew();
     const qint64 length = PictureInHand(path).storeIn(album.Fields(pictureColumn));

@@ -20,9 +20,9 @@ std::vector<PictureRequest> requestsOf(const QString& table) {
     return requests;
 }
 
-/// Everything that a loader has told, in the order in which it came.
-struct Told {
-    explicit Told(PictureLoader& loader) {
+/// All pictures that a loader has loaded, in their order.
+struct Loaded {
+    explicit Loaded(PictureLoader& loader) {
         QObject::connect(&loader, &PictureLoader::loaded,
                          [this](const PictureRequest& request, const Picture& picture) {
                              requests.push_back(request);
@@ -42,10 +42,10 @@ class TestPictureLoader : public QObject {
 
     void everythingWantedComesAtTheSizeOfItsPlace() {
         PictureLoader loader;
-        const Told told(loader);
+        const Loaded loaded(loader);
         const auto requests = requestsOf(u"tc01"_s);
         loader.want(requests);
-        QTRY_COMPARE(told.pictures.size(), requests.size());
+        QTRY_COMPARE(loaded.pictures.size(), requests.size());
         for (const PictureRequest& request : requests) {
             QVERIFY(loader.kept(request));
             QCOMPARE(loader.kept(request)->image().size(), place);
@@ -53,28 +53,28 @@ class TestPictureLoader : public QObject {
         QCOMPARE(loader.kept(requests[2])->pixels(), QSize(30, 40));
         loader.want(requests);  // all at hand: nothing is decoded again
         QTest::qWait(0);
-        QCOMPARE(told.pictures.size(), requests.size());
+        QCOMPARE(loaded.pictures.size(), requests.size());
     }
 
-    void bytesThatAreNoPictureAreToldOnceAndKnown() {
+    void bytesThatAreNoPictureAreReportedOnceAndKnown() {
         changeRow(u"tc01"_s, {{u"图片"_s, QByteArray("no picture")}});
         PictureLoader loader;
-        const Told told(loader);
+        const Loaded loaded(loader);
         const auto requests = requestsOf(u"tc01"_s);
         loader.want({requests[0]});
-        QTRY_COMPARE(told.pictures.size(), size_t(1));
-        QVERIFY(told.pictures[0].isNull());
+        QTRY_COMPARE(loaded.pictures.size(), size_t(1));
+        QVERIFY(loaded.pictures[0].isNull());
         QVERIFY(loader.kept(requests[0]) && loader.kept(requests[0])->isNull());
     }
 
     void aValueThatCannotBeReadIsToldAndAskedForAgain() {
         PictureLoader loader;
-        const Told told(loader);
+        const Loaded loaded(loader);
         const auto requests = requestsOf(u"tc01"_s);
         mekTp::catalogue.Execute(u"DELETE FROM tc01 WHERE 序号 = 1"_s);
         loader.want({requests[0], requests[1]});
-        QTRY_COMPARE(told.pictures.size(), size_t(2));
-        QVERIFY(told.pictures[0].isNull());
+        QTRY_COMPARE(loaded.pictures.size(), size_t(2));
+        QVERIFY(loaded.pictures[0].isNull());
         QVERIFY(!loader.kept(requests[0]));
         QVERIFY(loader.kept(requests[1]));
     }
@@ -92,15 +92,15 @@ class TestPictureLoader : public QObject {
 
     void whatIsKeptStaysWithinItsRoom() {
         PictureLoader loader;
-        const Told told(loader);
+        const Loaded loaded(loader);
         constexpr qint64 onePicture = 20 * 15 * 4 + 1000;
         loader.setRoom(3 * onePicture);
         const auto requests = requestsOf(u"tc01"_s);
         loader.want(requests);
-        QTRY_COMPARE(told.pictures.size(), requests.size());
+        QTRY_COMPARE(loaded.pictures.size(), requests.size());
         const auto kept = std::ranges::count_if(requests, [&](const auto& each) { return loader.kept(each); });
         QVERIFY2(kept >= 2 && kept <= 3, qPrintable(QString::number(kept)));
-        QVERIFY(loader.kept(told.requests.back()));
+        QVERIFY(loader.kept(loaded.requests.back()));
     }
 
     void workThatIsNotWantedAnyMoreIsDropped() {
@@ -111,14 +111,14 @@ class TestPictureLoader : public QObject {
         std::vector<PictureRequest> many;
         for (int i = 0; i < 10 * (DecodingThreads::count() + 2); ++i) many.push_back({album[0].value, {20 + i, 15}});
         PictureLoader loader;
-        const Told told(loader);
+        const Loaded loaded(loader);
         loader.want(many);
         loader.want({urgent});
         loader.workUntil([&] { return loader.kept(urgent) != nullptr; }, QDeadlineTimer(60'000));
         QVERIFY(loader.kept(urgent));
         // What was being decoded at that moment comes to its end, the rest does not begin.
         QTRY_VERIFY(loader.isIdle());
-        QVERIFY(told.requests.size() < many.size() / 2);
+        QVERIFY(loaded.requests.size() < many.size() / 2);
     }
 
     void itMayGoWhileItIsAtWork() {

@@ -54,7 +54,7 @@ class TestHelpWindow : public QObject {
         }
     }
 
-    /// A topic stands in a line of its own just above the heading of the chapter that its reader wants.
+    /// A topic has a line of its own just above the heading of the chapter that its reader wants.
     void topicsOfOtherWindows() {
         HelpWindow help;
         for (const auto& [topic, heading] :
@@ -73,7 +73,7 @@ class TestHelpWindow : public QObject {
         QCOMPARE(help.text().verticalScrollBar()->value(), 0);
         QCOMPARE(help.text().SelStart(), 0);
 
-        // The markers stand behind everything that is looked for.
+        // The markers come after all texts that are looked for.
         QTextDocument* manual = help.text().document();
         const int last = manual->find(u"附注：四"_s).position();
         for (const QString& marker : {u"邮编"_s, u"－－－－－－"_s}) QVERIFY(manual->find(marker).position() > last);

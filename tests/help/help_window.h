@@ -60,13 +60,13 @@ class HelpWindow : public Windows {
 
     /// What the window has asked of the others since the last time.
     QStringList takeAsked() { return std::exchange(asked, {}); }
-    /// Whether a heading that was jumped to stands at the upper edge of the view, its air above it included.
+    /// Whether a heading, with the space above it, is at the upper edge of the view after a jump.
     bool isAtTop() const { return belowTop() >= 0 && belowTop() <= 30; }
 
     std::unique_ptr<frmBz> form;
 
   private:
-    /// How far below the upper edge of the view that paragraph stands, in pixels.
+    /// Distance of that paragraph from the upper edge of the view, in pixels.
     int belowTop() const { return text().cursorRect().top(); }
 
     QStringList asked;

@@ -17,7 +17,7 @@ QString source(const QString& name) {
     return setting("LUNQ_PACKAGING") + u'/' + name;
 }
 
-/// Runs a program to its end; what it prints is told when it fails.
+/// Runs a program to its end; when it fails, the test prints its output.
 int run(const QString& program, const QStringList& arguments, QString* output,
         const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) {
     QProcess process;
@@ -87,7 +87,7 @@ class TestPackaging : public QObject {
     }
 };
 
-/// The launcher of the installed program, with a program that only tells where it runs.
+/// The launcher of the installed program, with a program that only prints its folder.
 class TestLauncher : public QObject {
     Q_OBJECT
 

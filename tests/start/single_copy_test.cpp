@@ -133,7 +133,7 @@ class TestSingleCopy : public QObject {
         }
     }
 
-    /// As on a disc that was written while the program ran: a folder of the lock file's name stands for it.
+    /// As on a disc that was written while the program ran: a folder has the name of the lock file.
     void lockThatCannotBeRemovedIsNoObstacle() {
         QVERIFY(QDir(folder_->path()).mkpath(u"lunq.lock/full"_s));
         SingleCopy copy(file(u"lunq.mdb"_s), file(u"lunq.lock"_s));

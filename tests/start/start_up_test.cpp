@@ -164,7 +164,7 @@ class TestStartUp : public QObject {
         QCOMPARE(contentOf(catalogue()) + contentOf(file(u"also.mdb"_s)), QByteArray("spoiltspoilt too"));
     }
 
-    /// The locks go with the choice: on the chosen catalogue, wherever it lies, and no longer on the first.
+    /// The locks follow the choice: they are on the chosen catalogue, in whatever folder, and no longer on the first.
     void chosenCatalogueIsKeptToOneCopy() {
         QVERIFY(QDir(sample_->folder()).mkdir(u"elsewhere"_s));
         const QString other = file(u"elsewhere/album.mdb"_s), lock = file(u"elsewhere/lunq.lock"_s);

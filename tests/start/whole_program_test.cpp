@@ -30,7 +30,7 @@ class TestWholeProgram : public QObject {
 
     void start(QProcess& program) const { program.start(file(u"lunq"_s), {}); }
 
-    /// The next line that the hand tells.
+    /// The next line that the hand prints.
     static QString lineOf(QProcess& program) {
         while (!program.canReadLine() && program.waitForReadyRead()) {
         }

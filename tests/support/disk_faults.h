@@ -13,7 +13,7 @@ class FullDisk {
         std::signal(SIGXFSZ, SIG_IGN);
         getrlimit(RLIMIT_FSIZE, &before_);
         rlimit limit = before_;
-        limit.rlim_cur = static_cast<rlim_t>(size);
+        limit.rlim_cur = rlim_t(size);
         setrlimit(RLIMIT_FSIZE, &limit);
     }
     ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }

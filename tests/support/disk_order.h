@@ -3,7 +3,7 @@
 #include <QStringList>
 
 /// Watches, as long as it lives, in which order the program asks the system to wait for the disk and to give names.
-/// A test program that uses it is linked with `disk_order.cpp`, which stands in the place of these calls.
+/// A test program that uses it is linked with `disk_order.cpp`, which replaces these calls.
 class DiskOrder {
   public:
     DiskOrder();

@@ -9,16 +9,16 @@
 #include <map>
 #include <thread>
 
-/// Lets the engine meet a disk that fails, as long as the object lives, in files that it opens meanwhile. To be told
-/// before each use what fails; at first nothing does.
+/// A failing disk for all files that the engine opens while the object lives. Set the faults before each use; at first
+/// there are none.
 class FailingDisk {
   public:
-    /// What the engine is told, with the system's reason for it.
+    /// The engine's code for a failed call, and the system's reason.
     struct Fault {
         int code = SQLITE_OK;
         int reason = 0;
-        int calls = -1;  ///< How many fail, the later ones go through again; all when negative.
-        int before = 0;  ///< How many go through until then.
+        int calls = -1;  ///< So many calls fail, later ones succeed; negative: all fail.
+        int before = 0;  ///< So many calls succeed before that.
     };
 
     FailingDisk() : real_(*sqlite3_vfs_find(nullptr)), failing_(real_) {
@@ -32,7 +32,7 @@ class FailingDisk {
     FailingDisk& operator=(const FailingDisk&) = delete;
 
     Fault reading, writing, syncing;
-    sqlite3_int64 readingFrom = 0;  ///< What lies before can be read.
+    sqlite3_int64 readingFrom = 0;  ///< Bytes before this one can be read.
 
     /// How long other threads than the one that made this object wait for each piece that they read, and how many
     /// pieces they have read.

@@ -37,7 +37,7 @@ bool run(const TestClass& test, std::vector<char*>& arguments) {
     const std::unique_ptr<QObject> object(test.make());
     // What a test function lets out has been reported as its failure; the other classes still have their turn.
     try {
-        return QTest::qExec(object.get(), static_cast<int>(arguments.size()), arguments.data()) == 0;
+        return QTest::qExec(object.get(), int(arguments.size()), arguments.data()) == 0;
     } catch (const std::exception& failure) {
         qWarning("%s", failure.what());
         return false;

@@ -1,5 +1,5 @@
-// Linked to the program, a hand that works in it: it opens the second album, changes a setting, tells on the standard
-// output what it has read, and closes the window when its input ends. Boxes are told and confirmed.
+// Linked to the program, it works it as a person would: it opens the second album, changes a setting, prints on the
+// standard output what it has read, and closes the window when its input ends. It prints and confirms message boxes.
 
 #include "soak/hand.h"
 

@@ -45,7 +45,7 @@ class TestBackupCopy : public QObject {
         for (int done = 0; done < 100'000; done += pace.pages()) pace.stepTook(0, done);
         const double waited = pace.pages() / crawlingPagesPerMs;
         QVERIFY2(waited < 2000, qPrintable(QString::number(waited)));
-        pace.stepTook(static_cast<qint64>(waited), 200'000);
+        pace.stepTook(qint64(waited), 200'000);
         QVERIFY(pace.pages() / crawlingPagesPerMs <= 200);
     }
 };

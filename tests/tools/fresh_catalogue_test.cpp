@@ -142,7 +142,7 @@ class TestFreshCatalogue : public QObject {
         QCOMPARE(column(u"tcys"_s, u"方案名"_s).first(), u"默认"_s);
     }
 
-    /// The help window jumps to the first place where a caption stands: that place has to be its heading.
+    /// The help window jumps to the first place of a caption in the text: that place has to be its heading.
     void helpLeadsToEveryHeading() {
         QTextDocument manual;
         manual.setHtml(rows(u"tcsz"_s).Fields(u"帮助"_s).Value().toText());
@@ -168,7 +168,7 @@ class TestFreshCatalogue : public QObject {
         QVERIFY(manual.find(u"邮编："_s).position() > manual.find(u"附注："_s).position());
     }
 
-    /// Runs the commands of the description of the file format as they stand there.
+    /// Runs the commands in the description of the file format without any change.
     void picturesComeOutWithoutTheProgram() {
         QFile description(qEnvironmentVariable("LUNQ_FILE_FORMAT"));
         QVERIFY(description.open(QIODevice::ReadOnly));

@@ -14,7 +14,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 Bytes bytesOf(const QByteArray& bytes) {
-    return {reinterpret_cast<const unsigned char*>(bytes.constData()), static_cast<size_t>(bytes.size())};
+    return {reinterpret_cast<const unsigned char*>(bytes.constData()), size_t(bytes.size())};
 }
 
 QByteArray wordsOf(std::initializer_list<quint32> words) {
@@ -125,9 +125,9 @@ class JetValuesTest : public QObject {
         const QByteArray bitmap = encodedImage("BMP");
         const QByteArray jpeg = encodedImage("JPG");
         const QByteArray tail(100, '\x7f');
-        const auto length = static_cast<char>((jpeg.size() + 2) >> 8);
+        const auto length = char((jpeg.size() + 2) >> 8);
         QByteArray camera = jpeg;
-        camera.insert(2, QByteArray("\xff\xe1") + length + static_cast<char>(jpeg.size() + 2) + jpeg);
+        camera.insert(2, QByteArray("\xff\xe1") + length + char(jpeg.size() + 2) + jpeg);
         const std::tuple<QByteArray, QByteArray> cases[] = {
             {wrapper + bitmap + tail, bitmap},             // BMP
             {wrapper + jpeg + tail, jpeg},                 // JPEG
@@ -143,7 +143,7 @@ class JetValuesTest : public QObject {
         };
         for (const auto& [value, picture] : cases) {
             const Bytes found = pictureWithoutWrapper(bytesOf(value));
-            const QByteArray taken(reinterpret_cast<const char*>(found.data()), static_cast<qsizetype>(found.size()));
+            const QByteArray taken(reinterpret_cast<const char*>(found.data()), qsizetype(found.size()));
             QVERIFY(taken == picture);
         }
     }

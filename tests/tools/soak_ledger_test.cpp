@@ -28,7 +28,7 @@ class TestSoakLedger : public QObject {
   private Q_SLOTS:
     void whatIsFoundIsComparedWithWhatWasTold() {
         struct Case {
-            QString told, found, fault;
+            QString reports, found, fault;
         };
         const Case cases[] = {
             {{}, u"tc05: a b"_s, {}},
@@ -66,13 +66,13 @@ class TestSoakLedger : public QObject {
             {u"remove tc05; removed tc05"_s, u"tc05: a b"_s, u"tc05 has come back"_s},
             {u"ready; scene append; end append"_s, u"tc05: a b"_s, {}},
         };
-        for (const auto& [told, found, fault] : cases) {
+        for (const auto& [reports, found, fault] : cases) {
             Ledger ledger;
             ledger.adopt(foundIn(u"tc05: a b"_s));
-            for (const QString& line : told.split(u"; "_s, Qt::SkipEmptyParts)) ledger.hear(line);
+            for (const QString& line : reports.split(u"; "_s, Qt::SkipEmptyParts)) ledger.hear(line);
             const QStringList faults = ledger.faults(foundIn(found));
             QVERIFY2(faults.join(u'|') == fault,
-                     qPrintable(QStringList({told, found, faults.join(u'|')}).join(u" / "_s)));
+                     qPrintable(QStringList({reports, found, faults.join(u'|')}).join(u" / "_s)));
         }
     }
 

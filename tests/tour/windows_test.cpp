@@ -6,7 +6,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// How windows come and stand beside each other, and how the last one goes.
+/// How windows open, which of them can be open together, and how the last one closes.
 class TestWindows : public QObject {
     Q_OBJECT
 
@@ -90,7 +90,7 @@ class TestWindows : public QObject {
         for (const char* way : {"cmdQd", "cmdQx", "Escape", "frame"}) QTest::newRow(way) << QString::fromLatin1(way);
     }
 
-    /// The main window was closed while the colours stood beside it.
+    /// The main window was closed while the colour window was open.
     void theLastWindowEndsTheProgram() {
         QFETCH(QString, way);
         constexpr int stillRunning = 7;

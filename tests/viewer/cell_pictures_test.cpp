@@ -11,7 +11,7 @@ namespace {
 /// Decoding a photograph of this size takes far longer than a page waits for it.
 constexpr QSize large(6000, 4500);
 
-/// A blue photograph whose decoding takes far longer than a page waits: its colours lie in scans of their own.
+/// A blue photograph whose decoding takes far longer than a page waits: its colours have scans of their own.
 QByteArray slowFile(const QByteArray& preview) {
     static const QByteArray photograph = [] {
         QImage grainy({3600, 2700}, QImage::Format_RGB32);
@@ -76,7 +76,7 @@ class TestCellPictures : public QObject {
         OpenPage viewer(2);
         QTest::qWait(0);
         const ImageBox* first = viewer.image(u"imgXs(0)"_s);
-        // The next page lies ready when its first record gets another picture.
+        // The next page is decoded already when its first record gets another picture.
         QTRY_VERIFY(viewer.pictureIn(0) == 1 && !first->picture().isNull());
         viewer.press(u"xy"_s);
         viewer.press(u"sy"_s);

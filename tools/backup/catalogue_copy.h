@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// Copies a catalogue that may be open elsewhere, and be written to meanwhile: the copy is the catalogue as it was at
-/// one moment. The program that writes waits a second at the most. The copy is made beside `to` and takes its name when
-/// it is whole and on the disk; whatever bore the name stays until then. Throws `Error` when it cannot be made.
+/// Copies a catalogue that another program may have open and may be writing to. The copy is the catalogue of one
+/// moment; the other program waits a second at most. The copy gets its name when it is whole and on the disk; a file
+/// with that name stays until then. Throws `Error` when it cannot be made.
 void copyCatalogue(const QString& from, const QString& to);

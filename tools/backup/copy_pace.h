@@ -2,10 +2,10 @@
 
 #include <QtGlobal>
 
-/// How many pages a step of a copy takes, so that it holds the source for about as long as is fair to a writer.
+/// How many pages to copy in one step: a step locks the source, and a writer should not have to wait long.
 class CopyPace {
   public:
-    int pages() const { return static_cast<int>(pages_); }
+    int pages() const { return int(pages_); }
 
     /// A step took `ms`, the wait for the disk included, and `done` pages of the source are copied by now: not more
     /// than before when the source has changed and the copy begun anew.

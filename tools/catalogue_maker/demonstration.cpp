@@ -1,6 +1,7 @@
 #include "catalogue/album_rules.h"
 #include "catalogue_maker/chapters.h"
 #include "drawing/scenes.h"
+#include "platform/base/conversion.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -78,7 +79,7 @@ void fillDemonstrationAlbum(const Database& database, Workshop& workshop) {
                 {u"编号"_s, shown.codes},
                 {u"大小"_s, kilobytesText(picture.bytes)},
                 {u"规格"_s, picture.sizeText},
-                {u"日期"_s, QDateTime::fromString(shown.taken, u"yyyy-MM-dd hh:mm:ss"_s)},
+                {u"日期"_s, dateFromText(shown.taken).value()},
                 {u"图片"_s, picture},
                 {u"备注"_s, shown.caption}});
     }

@@ -17,7 +17,7 @@ QByteArray partOfManual(const QString& name) {
 }  // namespace
 
 void fillHelpContents(const Database& database) {
-    // The first three characters are the chapter; number, a blank and title stand as a heading in the manual.
+    // The first three characters are the chapter; number, a blank and title are a heading in the manual.
     const std::vector<std::pair<QString, QString>> entries{
         {u"1"_s, u"需要什么样的计算机"_s},
         {u"1.1.1"_s, u"一条命令装好并启动"_s},
@@ -71,7 +71,7 @@ void fillHelpContents(const Database& database) {
 
 QString manualText() {
     QString text = QString::fromUtf8(partOfManual(u"manual.html"_s));
-    // The manual is one text of the catalogue: its pictures stand in it, too.
+    // The manual is one text in the catalogue, its pictures included.
     static const QRegularExpression source(u"src=\"(pictures/[a-z0-9]+\\.jpg)\""_s);
     for (auto found = source.match(text); found.hasMatch(); found = source.match(text)) {
         const QByteArray picture = partOfManual(found.captured(1)).toBase64();

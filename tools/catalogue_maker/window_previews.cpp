@@ -17,7 +17,7 @@ namespace {
 
 constexpr QSize windowSize(960, 720);
 
-/// A program of which only the main window stands.
+/// A program with nothing but the main window.
 class NoOtherWindows : public Windows {
   public:
     void handOver(WindowKind, WindowKind) override {}

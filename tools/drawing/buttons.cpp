@@ -135,7 +135,7 @@ void night(QPainter& p) {
         p.setBrush(QColor(255, 206, 110));
         for (int row = 0; row < 6; ++row)
             for (int column = 0; column < 2; ++column)
-                if (static_cast<int>(x + row * 3 + column * 5) % 3 != 0 && top + 4 + row * 6 < 73)
+                if (int(x + row * 3 + column * 5) % 3 != 0 && top + 4 + row * 6 < 73)
                     p.drawRect(QRectF(x + 2.5 + column * (width - 7), top + 4 + row * 6, 2.4, 3));
     }
 }

@@ -12,15 +12,15 @@ double Dice::unit() {
 }
 
 double Noise::corner(int x, int y) const {
-    quint32 h = seed_ + static_cast<quint32>(x) * 374761393U + static_cast<quint32>(y) * 668265263U;
+    quint32 h = seed_ + quint32(x) * 374761393U + quint32(y) * 668265263U;
     h = (h ^ (h >> 13)) * 1274126177U;
     h ^= h >> 16;
     return h / 4294967296.0;
 }
 
 double Noise::at(double x, double y) const {
-    const int left = static_cast<int>(std::floor(x));
-    const int top = static_cast<int>(std::floor(y));
+    const int left = int(std::floor(x));
+    const int top = int(std::floor(y));
     const double across = eased(x - left);
     const double down = eased(y - top);
     const double above = std::lerp(corner(left, top), corner(left + 1, top), across);
@@ -48,14 +48,14 @@ double eased(double t) {
 }
 
 QColor mixed(const QColor& from, const QColor& to, double share) {
-    const auto t = static_cast<float>(std::clamp(share, 0.0, 1.0));
+    const auto t = float(std::clamp(share, 0.0, 1.0));
     return QColor::fromRgbF(std::lerp(from.redF(), to.redF(), t), std::lerp(from.greenF(), to.greenF(), t),
                             std::lerp(from.blueF(), to.blueF(), t), std::lerp(from.alphaF(), to.alphaF(), t));
 }
 
 QColor faded(const QColor& colour, double opacity) {
     QColor result = colour;
-    result.setAlphaF(static_cast<float>(std::clamp(opacity, 0.0, 1.0)));
+    result.setAlphaF(float(std::clamp(opacity, 0.0, 1.0)));
     return result;
 }
 
@@ -124,17 +124,15 @@ void reflect(QImage& image, int horizon, const QColor& water, double depth, doub
     const Noise noise(seed);
     const int rows = image.height() - horizon;
     for (int row = 0; row < rows; ++row) {
-        const double near = static_cast<double>(row) / rows;
+        const double near = double(row) / rows;
         const int source =
-            std::clamp(horizon - 1 - row + static_cast<int>(ripple * 3 * near * (noise.at(row * 0.35, 3.3) - 0.5)), 0,
-                       horizon - 1);
+            std::clamp(horizon - 1 - row + int(ripple * 3 * near * (noise.at(row * 0.35, 3.3) - 0.5)), 0, horizon - 1);
         const auto* from = reinterpret_cast<const QRgb*>(above.constScanLine(source));
         auto* to = reinterpret_cast<QRgb*>(image.scanLine(horizon + row));
         const double fineness = 0.9 / (1 + near * 9);
         for (int x = 0; x < image.width(); ++x) {
             const double wave = noise.at(x * 0.03 * fineness, row * fineness * 1.6) - 0.5;
-            const int shifted =
-                std::clamp(x + static_cast<int>(wave * ripple * (0.4 + near * 2)), 0, image.width() - 1);
+            const int shifted = std::clamp(x + int(wave * ripple * (0.4 + near * 2)), 0, image.width() - 1);
             const double dark = depth * (0.55 + 0.45 * near) + wave * 0.22;
             to[x] = mixed(QColor(from[shifted]), water, dark).rgb();
         }
@@ -145,9 +143,9 @@ namespace {
 
 /// One pass of a running mean along lines of pixels `step` apart.
 void meanAlong(std::vector<QRgb>& line, int radius) {
-    const int count = static_cast<int>(line.size());
+    const int count = int(line.size());
     const std::vector<QRgb> source = line;
-    const auto at = [&](int i) { return source[static_cast<std::size_t>(std::clamp(i, 0, count - 1))]; };
+    const auto at = [&](int i) { return source[std::size_t(std::clamp(i, 0, count - 1))]; };
     int a = 0;
     int r = 0;
     int g = 0;
@@ -161,7 +159,7 @@ void meanAlong(std::vector<QRgb>& line, int radius) {
     for (int i = -radius; i <= radius; ++i) add(at(i), 1);
     const int width = 2 * radius + 1;
     for (int i = 0; i < count; ++i) {
-        line[static_cast<std::size_t>(i)] = qRgba(r / width, g / width, b / width, a / width);
+        line[std::size_t(i)] = qRgba(r / width, g / width, b / width, a / width);
         add(at(i + radius + 1), 1);
         add(at(i - radius), -1);
     }
@@ -171,20 +169,20 @@ void meanAlong(std::vector<QRgb>& line, int radius) {
 
 void blur(QImage& image, int radius) {
     for (int pass = 0; pass < 2; ++pass) {
-        std::vector<QRgb> line(static_cast<std::size_t>(image.width()));
+        std::vector<QRgb> line(std::size_t(image.width()));
         for (int y = 0; y < image.height(); ++y) {
             auto* pixels = reinterpret_cast<QRgb*>(image.scanLine(y));
             std::copy_n(pixels, line.size(), line.begin());
             meanAlong(line, radius);
             std::copy(line.begin(), line.end(), pixels);
         }
-        line.resize(static_cast<std::size_t>(image.height()));
+        line.resize(std::size_t(image.height()));
         for (int x = 0; x < image.width(); ++x) {
             for (int y = 0; y < image.height(); ++y)
-                line[static_cast<std::size_t>(y)] = reinterpret_cast<const QRgb*>(image.constScanLine(y))[x];
+                line[std::size_t(y)] = reinterpret_cast<const QRgb*>(image.constScanLine(y))[x];
             meanAlong(line, radius);
             for (int y = 0; y < image.height(); ++y)
-                reinterpret_cast<QRgb*>(image.scanLine(y))[x] = line[static_cast<std::size_t>(y)];
+                reinterpret_cast<QRgb*>(image.scanLine(y))[x] = line[std::size_t(y)];
         }
     }
 }
@@ -194,7 +192,7 @@ void grain(QImage& image, double strength, quint32 seed) {
     for (int y = 0; y < image.height(); ++y) {
         auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
         for (int x = 0; x < image.width(); ++x) {
-            const int shift = static_cast<int>(std::lround(dice.bell() * strength));
+            const int shift = int(std::lround(dice.bell() * strength));
             const auto moved = [shift](int value) { return std::clamp(value + shift, 0, 255); };
             line[x] = qRgb(moved(qRed(line[x])), moved(qGreen(line[x])), moved(qBlue(line[x])));
         }

@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-/// What all drawings share. Lengths are pixels of the picture. Everything is seeded, so that a drawing is the same
-/// each time.
+/// Tools that all drawings share. Lengths are pixels of the picture. Random numbers are seeded, so that a drawing is
+/// the same each time.
 
 /// Random numbers of its own: the library's distributions differ between platforms.
 class Dice {
@@ -17,7 +17,7 @@ class Dice {
     explicit Dice(quint32 seed) : state_(seed * 2654435761U + 12345U) {}
     double unit();  ///< 0 up to, not including, 1
     double between(double low, double high) { return low + (high - low) * unit(); }
-    int below(int count) { return static_cast<int>(unit() * count); }
+    int below(int count) { return int(unit() * count); }
     double bell() { return (unit() + unit() + unit() + unit()) / 2.0 - 1.0; }  ///< -1 to 1, mostly near 0
 
   private:
@@ -66,7 +66,7 @@ QPainterPath ridgePath(QSizeF size, const Ridge& ridge);
 /// The line's height at a place across.
 double ridgeLine(QSizeF size, const Ridge& ridge, double x);
 
-/// Mirrors what stands above `horizon` into the water below it, broken by ripples that widen toward the viewer.
+/// Mirrors the picture above `horizon` in the water below it, broken by ripples that widen toward the viewer.
 void reflect(QImage& image, int horizon, const QColor& water, double depth, double ripple, quint32 seed);
 
 void blur(QImage& image, int radius);

@@ -13,7 +13,7 @@ const QColor paleGold(244, 222, 170);
 QFont titleFont(double pixels, bool bold) {
     QFont font(QStringList{QStringLiteral("Noto Serif CJK SC"), QStringLiteral("Source Han Serif SC"),
                            QStringLiteral("SimSun"), QStringLiteral("serif")});
-    font.setPixelSize(static_cast<int>(pixels));
+    font.setPixelSize(int(pixels));
     font.setWeight(bold ? QFont::Bold : QFont::Normal);
     return font;
 }

@@ -15,7 +15,7 @@ void koi(QPainter& painter, QPointF nose, double angle, double length, double be
     QPointF at = nose;
     double heading = angle + 180;
     for (int i = 0; i <= parts; ++i) {
-        const double t = static_cast<double>(i) / parts;
+        const double t = double(i) / parts;
         const double half =
             length * 0.115 * std::pow(std::sin(std::min(1.0, t * 1.12 + 0.10) * 3.0), 0.8) * (1 - t * 0.45) +
             length * 0.006;
@@ -55,8 +55,7 @@ void koi(QPainter& painter, QPointF nose, double angle, double length, double be
     painter.save();
     painter.setClipPath(shape);
     for (int i = 0; i < 5; ++i) {
-        const QPointF centre =
-            back[static_cast<std::size_t>(2 + i * 4)] + QPointF(dice.bell(), dice.bell()) * length * 0.05;
+        const QPointF centre = back[std::size_t(2 + i * 4)] + QPointF(dice.bell(), dice.bell()) * length * 0.05;
         painter.setBrush(faded(patch, 0.92));
         for (int blob = 0; blob < 4; ++blob)
             painter.drawEllipse(centre + QPointF(dice.bell(), dice.bell()) * length * 0.05,
@@ -65,11 +64,10 @@ void koi(QPainter& painter, QPointF nose, double angle, double length, double be
     painter.setPen(QPen(faded(body.darker(150), 0.35), 0.7));
     for (int i = 5; i < 22; ++i)
         for (double across : {0.25, 0.5, 0.75}) {
-            const QPointF scale =
-                left[static_cast<std::size_t>(i)] * across + right[static_cast<std::size_t>(i)] * (1 - across);
+            const QPointF scale = left[std::size_t(i)] * across + right[std::size_t(i)] * (1 - across);
             painter.drawArc(
                 QRectF(scale.x() - length * 0.018, scale.y() - length * 0.018, length * 0.036, length * 0.036),
-                static_cast<int>(-angle * 16) - 1440, 2880);
+                int(-angle * 16) - 1440, 2880);
         }
     painter.restore();
     painter.setPen(Qt::NoPen);
@@ -187,8 +185,8 @@ QImage cranes(QSize size) {
     painter.drawEllipse(sun, h * 0.235, h * 0.235);
     for (int i = 0; i < 4; ++i) {
         painter.setBrush(mixed(QColor(214, 176, 160), QColor(62, 70, 92), i / 3.0));
-        painter.drawPath(ridgePath(
-            s, {h * (0.72 + i * 0.075), h * (0.12 - i * 0.012), 3.4 - i * 0.4, 701 + static_cast<quint32>(i) * 3}));
+        painter.drawPath(
+            ridgePath(s, {h * (0.72 + i * 0.075), h * (0.12 - i * 0.012), 3.4 - i * 0.4, 701 + quint32(i) * 3}));
         wash(painter, QRectF(0, h * (0.72 + i * 0.075), w, h * 0.09),
              {{0, QColor(255, 226, 196, 0)}, {1, QColor(255, 226, 196, 90)}});
     }

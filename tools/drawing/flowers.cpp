@@ -111,7 +111,7 @@ QImage lotus(QSize size) {
         lotusLeaf(painter, {w * dice.unit(), h * (0.04 + 0.28 * dice.unit())}, w * dice.between(0.06, 0.12), 0.42,
                   mixed(QColor(30, 92, 78), QColor(66, 130, 92), dice.unit()), dice);
     painter.end();
-    blur(image, 5);  // what lies behind is out of focus
+    blur(image, 5);  // the background is out of focus
     painter.begin(&image);
     makeSmooth(painter);
     lotusLeaf(painter, {w * 0.20, h * 0.62}, w * 0.26, 0.50, QColor(52, 126, 82), dice);

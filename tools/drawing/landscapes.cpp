@@ -9,9 +9,9 @@ namespace {
 void ranges(QPainter& painter, QSizeF size, int count, double top, double bottom, const QColor& far, const QColor& near,
             const QColor& mist, quint32 seed) {
     for (int i = 0; i < count; ++i) {
-        const double depth = count > 1 ? static_cast<double>(i) / (count - 1) : 1;
+        const double depth = count > 1 ? double(i) / (count - 1) : 1;
         const Ridge ridge{std::lerp(top, bottom, depth), size.height() * std::lerp(0.10, 0.17, depth),
-                          std::lerp(5.0, 2.6, depth), seed + static_cast<quint32>(i) * 7};
+                          std::lerp(5.0, 2.6, depth), seed + quint32(i) * 7};
         const QColor colour = mixed(far, near, depth);
         QLinearGradient fill(0, ridge.base - ridge.height, 0, ridge.base + size.height() * 0.22);
         fill.setColorAt(0, colour);
@@ -27,7 +27,7 @@ void fir(QPainter& painter, QPointF foot, double height, const QColor& colour, D
     const int tiers = 9;
     for (int side : {-1, 1}) {
         for (int i = 0; i <= tiers; ++i) {
-            const double up = side < 0 ? static_cast<double>(i) / tiers : 1 - static_cast<double>(i) / tiers;
+            const double up = side < 0 ? double(i) / tiers : 1 - double(i) / tiers;
             const double reach = height * 0.21 * (1 - up) * dice.between(0.75, 1.15);
             const double y = foot.y() - height * (0.08 + 0.92 * up);
             if (side < 0) {
@@ -95,7 +95,7 @@ QImage desertDunes(QSize size) {
         fill.setColorAt(1, mixed(lit, shadow, 0.6));
         painter.setBrush(fill);
         painter.drawPath(body);
-        // The far side of the crest lies in the shade; its edge snakes down toward the viewer.
+        // The far side of the crest is in the shade; its edge snakes down toward the viewer.
         QPainterPath shade(QPointF(w * crest, y - peak));
         shade.cubicTo(w * (crest + 0.02), y - peak * 0.3, w * (crest - 0.16), y + peak * 0.5, w * (crest - 0.04),
                       y + h * 0.4);
@@ -157,7 +157,7 @@ QImage autumnLake(QSize size) {
             const double x = dice.between(-20, s.width() + 20);
             const double radius = s.height() * dice.between(0.016, 0.034) * (0.7 + row * 0.12);
             const double y = shore - s.height() * (0.115 - row * 0.024) + dice.bell() * s.height() * 0.02;
-            const QColor crown = crowns[static_cast<std::size_t>(dice.below(6))];
+            const QColor crown = crowns[std::size_t(dice.below(6))];
             for (int leaf = 0; leaf < 16; ++leaf) {
                 const QPointF place(x + dice.bell() * radius, std::min(y + dice.bell() * radius, shore - 3.0));
                 const double light = 0.5 - (place.y() - y) / radius * 0.35;
@@ -208,8 +208,7 @@ QImage snowPeak(QSize size) {
     makeSmooth(painter);
     Dice dice(21);
     for (int row = 0; row < 3; ++row) {
-        const Ridge ground{s.height() * (0.60 + row * 0.028), s.height() * 0.05, 3.0 + row,
-                           91 + static_cast<quint32>(row)};
+        const Ridge ground{s.height() * (0.60 + row * 0.028), s.height() * 0.05, 3.0 + row, 91 + quint32(row)};
         const QColor wood = mixed(QColor(92, 122, 138), QColor(18, 42, 52), row / 2.0);
         painter.setBrush(wood);
         painter.drawPath(ridgePath(s, ground));

@@ -13,7 +13,7 @@ QPainterPath mapleLeaf(double size) {
     std::vector<QPointF> points;
     const std::array<int, 7> order{4, 5, 6, 0, 1, 2, 3};
     for (std::size_t i = 0; i < order.size(); ++i) {
-        const auto [angle, reach] = lobes[static_cast<std::size_t>(order[i])];
+        const auto [angle, reach] = lobes[std::size_t(order[i])];
         const auto at = [&, angle = angle, reach = reach](double r, double a) {
             points.push_back(polar({}, size * r * reach, angle + a));
         };
@@ -25,7 +25,7 @@ QPainterPath mapleLeaf(double size) {
         at(0.66, 17);
         at(0.56, 15);
         if (i + 1 < order.size()) {
-            const double next = lobes[static_cast<std::size_t>(order[i + 1])].first;
+            const double next = lobes[std::size_t(order[i + 1])].first;
             double middle = (angle + next) / 2;
             if (std::abs(angle - next) > 180) middle += 180;
             points.push_back(polar({}, size * 0.24, middle));
@@ -79,7 +79,7 @@ QImage mapleLeaves(QSize size) {
                                    QColor(242, 150, 46)};
     const auto leaf = [&](double low, double high) {
         paintMaple(painter, {w * dice.between(-0.05, 1.05), h * dice.between(-0.05, 1.05)}, w * dice.between(low, high),
-                   dice.unit() * 360, dice.between(0.55, 1), reds[static_cast<std::size_t>(dice.below(5))]);
+                   dice.unit() * 360, dice.between(0.55, 1), reds[std::size_t(dice.below(5))]);
     };
     for (int i = 0; i < 26; ++i) leaf(0.05, 0.10);
     painter.end();
@@ -173,9 +173,9 @@ QImage dahlia(QSize size) {
     const QPointF heart(w * 0.5, h * 0.5);
     const int rings = 13;
     for (int ring = rings; ring >= 1; --ring) {
-        const double reach = h * 0.46 * std::pow(static_cast<double>(ring) / rings, 0.86);
+        const double reach = h * 0.46 * std::pow(double(ring) / rings, 0.86);
         const int petals = 8 + ring * 2;
-        const double share = static_cast<double>(ring) / rings;
+        const double share = double(ring) / rings;
         const QColor tip = mixed(QColor(255, 214, 120), QColor(244, 128, 140), eased(share * 1.4));
         const QColor root = mixed(QColor(222, 96, 60), QColor(150, 30, 84), share);
         for (int i = 0; i < petals; ++i) {

@@ -53,9 +53,8 @@ QImage cityNight(QSize size) {
             for (double py = tower.top() + pane * 2; py < shore - pane * 2; py += pane * 2.4)
                 for (double px = x + pane; px < x + wide - pane * 1.5; px += pane * 2)
                     if (dice.unit() < 0.20 + near * 0.20) {
-                        painter.setBrush(
-                            faded(lampColours()[static_cast<std::size_t>(dice.unit() < 0.8 ? dice.below(3) : 3)],
-                                  dice.between(0.25, 0.95)));
+                        painter.setBrush(faded(lampColours()[std::size_t(dice.unit() < 0.8 ? dice.below(3) : 3)],
+                                               dice.between(0.25, 0.95)));
                         painter.drawRect(QRectF(px, py, pane, pane * 1.3));
                     }
             x += wide * dice.between(0.9, 1.3);
@@ -83,7 +82,7 @@ QImage cityNight(QSize size) {
         star(painter, {w * i / 45.0, deck - h * 0.006}, 1.2, QColor(255, 240, 200));
     }
     painter.end();
-    reflect(image, static_cast<int>(shore), QColor(10, 12, 36), 0.34, 20, 31);
+    reflect(image, int(shore), QColor(10, 12, 36), 0.34, 20, 31);
     vignette(image, 0.3);
     grain(image, 4, 31);
     return image;
@@ -173,9 +172,9 @@ QImage fireworks(QSize size) {
     painter.drawPath(ridgePath(QSizeF(size), {h * 0.74, h * 0.09, 4, 601}));
     for (int i = 0; i < 120; ++i)
         star(painter, {w * dice.unit(), h * (0.725 + 0.02 * dice.unit())}, dice.between(0.5, 1.3),
-             lampColours()[static_cast<std::size_t>(dice.below(3))]);
+             lampColours()[std::size_t(dice.below(3))]);
     painter.end();
-    reflect(image, static_cast<int>(h * 0.75), QColor(8, 8, 26), 0.35, 30, 33);
+    reflect(image, int(h * 0.75), QColor(8, 8, 26), 0.35, 30, 33);
     grain(image, 3, 33);
     return image;
 }
@@ -192,7 +191,7 @@ QImage rainyWindow(QSize size) {
     for (int i = 0; i < 105; ++i) {
         const double y = 0.48 + dice.bell() * 0.52;
         bokeh(painter, {w * dice.unit(), h * y}, w * dice.between(0.016, 0.066),
-              lampColours()[static_cast<std::size_t>(dice.below(6))], dice.between(0.14, 0.55));
+              lampColours()[std::size_t(dice.below(6))], dice.between(0.14, 0.55));
     }
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     painter.end();

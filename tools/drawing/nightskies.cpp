@@ -93,7 +93,7 @@ QImage moonOverSea(QSize size) {
     }
     painter.restore();
     painter.end();
-    reflect(image, static_cast<int>(h * horizon), QColor(10, 28, 54), 0.5, 18, 18);
+    reflect(image, int(h * horizon), QColor(10, 28, 54), 0.5, 18, 18);
 
     QPainter top(&image);
     makeSmooth(top);
@@ -153,7 +153,7 @@ QImage starTrails(QSize size) {
             QPen(faded(tint, dice.between(0.15, 0.85)), dice.between(0.6, 1.9), Qt::SolidLine, Qt::RoundCap));
         const int from = dice.below(5760);
         painter.drawArc(QRectF(pole.x() - radius, pole.y() - radius, radius * 2, radius * 2), from,
-                        static_cast<int>(dice.between(380, 620)));
+                        int(dice.between(380, 620)));
     }
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(10, 14, 26));

@@ -20,7 +20,7 @@ QImage ceilingRosette(QSize size) {
     for (int level = 0; level < 7; ++level) {
         painter.save();
         painter.rotate(level * 45);
-        const QColor ground = grounds[static_cast<std::size_t>(level) % grounds.size()];
+        const QColor ground = grounds[std::size_t(level) % grounds.size()];
         painter.setPen(QPen(gold, h * 0.008));
         painter.setBrush(ground);
         painter.drawRect(QRectF(-side / 2, -side / 2, side, side));
@@ -88,7 +88,7 @@ QImage flowingLines(QSize size) {
                      {1, QColor(255, 190, 110)}};
     const int lines = 150;
     for (int i = 0; i < lines; ++i) {
-        const double share = static_cast<double>(i) / lines;
+        const double share = double(i) / lines;
         QPainterPath line;
         for (int step = 0; step <= 80; ++step) {
             const double t = step / 80.0;

@@ -19,7 +19,7 @@ QImage seedSpiral(QSize size) {
                      {1, QColor(40, 84, 112)}};
     const int seeds = 1300;
     for (int i = seeds; i > 0; --i) {
-        const double share = static_cast<double>(i) / seeds;
+        const double share = double(i) / seeds;
         const double angle = i * 137.50776;
         const QPointF place = polar(heart, h * 0.62 * std::sqrt(share), angle);
         const double radius = h * (0.003 + 0.0115 * std::sqrt(share));
@@ -115,10 +115,10 @@ QImage seaWaves(QSize size) {
     makeSmooth(painter);
     const double radius = w / 12.0;
     const Stops blues{{0, QColor(206, 226, 226)}, {0.4, QColor(86, 146, 176)}, {1, QColor(16, 56, 104)}};
-    const int rows = static_cast<int>(h / (radius * 0.5)) + 3;
+    const int rows = int(h / (radius * 0.5)) + 3;
     for (int row = 0; row < rows; ++row) {
         const double y = row * radius * 0.5;
-        const double share = static_cast<double>(row) / rows;
+        const double share = double(row) / rows;
         for (int column = -1; column < 14; ++column) {
             const QPointF centre(column * radius * 2 * 0.5 * 2 + (row % 2) * radius, y);
             const double crest = 0.5 + 0.5 * std::sin(column * 0.9 + row * 0.55);

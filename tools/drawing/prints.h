@@ -2,7 +2,7 @@
 
 #include "drawing/canvas.h"
 
-/// What the program's own pictures are put together from: cloth, and photographs that lie on it.
+/// Parts of the program's own pictures: cloth, and photographs on it.
 
 /// Covers the picture with woven cloth.
 void woven(QImage& image, const QColor& dark, const QColor& light, quint32 seed);

@@ -93,12 +93,12 @@ QImage rainbow(QSize size) {
     QImage image = canvas(size);
     const Noise noise(63);
     const Noise field(24);
-    const double aspect = static_cast<double>(size.width()) / size.height();
+    const double aspect = double(size.width()) / size.height();
     const std::vector<QColor> arc{QColor(214, 60, 60),  QColor(238, 140, 60), QColor(246, 222, 96),
                                   QColor(96, 186, 108), QColor(70, 150, 216), QColor(92, 92, 190),
                                   QColor(140, 82, 176)};
     Stops bands;
-    for (std::size_t i = 0; i < arc.size(); ++i) bands.emplace_back(1 - static_cast<double>(i) / 6, arc[i]);
+    for (std::size_t i = 0; i < arc.size(); ++i) bands.emplace_back(1 - double(i) / 6, arc[i]);
     std::reverse(bands.begin(), bands.end());
     shade(image, [&](double x, double y) {
         const double hill = 0.72 + 0.05 * std::sin(x * 2.6 + 2.2) + 0.012 * std::sin(x * 9);
@@ -147,16 +147,13 @@ QImage aurora(QSize size) {
             const double ray = 0.25 + 0.75 * std::pow(wind.fractal(t * 46 + bend * 30, curtain * 5.7, 3), 1.6);
             const double reach = s.height() * (0.20 + 0.22 * wind.fractal(t * 9, curtain * 2.1 + 40, 3));
             const double strength = (0.95 - curtain * 0.22) * ray * (0.4 + 0.6 * wind.at(t * 3.1, 80 + curtain));
-            for (int y = std::max(0, static_cast<int>(foot - reach));
-                 y < std::min<int>(size.height(), static_cast<int>(foot) + 14); ++y) {
+            for (int y = std::max(0, int(foot - reach)); y < std::min<int>(size.height(), int(foot) + 14); ++y) {
                 const double up = (foot - y) / reach;
                 const double fade = up < 0 ? eased(1 + up * reach / 14) : std::pow(1 - up, 1.3);
                 const QColor hue = colourAt(
                     {{0, QColor(90, 255, 170)}, {0.4, QColor(50, 210, 170)}, {0.75, QColor(120, 80, 210)}}, up);
                 QRgb& pixel = reinterpret_cast<QRgb*>(light.scanLine(y))[x];
-                const auto lit = [&](int was, int by) {
-                    return std::min(255, was + static_cast<int>(by * fade * strength));
-                };
+                const auto lit = [&](int was, int by) { return std::min(255, was + int(by * fade * strength)); };
                 pixel =
                     qRgb(lit(qRed(pixel), hue.red()), lit(qGreen(pixel), hue.green()), lit(qBlue(pixel), hue.blue()));
             }
@@ -174,11 +171,11 @@ QImage aurora(QSize size) {
     top.setPen(Qt::NoPen);
     for (int i = 0; i < 3; ++i) {
         top.setBrush(mixed(QColor(24, 66, 82), QColor(4, 14, 24), i / 2.0));
-        top.drawPath(ridgePath(s, {s.height() * (0.62 + i * 0.035), s.height() * (0.12 - i * 0.03), 3.0 + i,
-                                   210 + static_cast<quint32>(i)}));
+        top.drawPath(
+            ridgePath(s, {s.height() * (0.62 + i * 0.035), s.height() * (0.12 - i * 0.03), 3.0 + i, 210 + quint32(i)}));
     }
     top.end();
-    reflect(image, static_cast<int>(s.height() * 0.70), QColor(4, 16, 30), 0.34, 16, 15);
+    reflect(image, int(s.height() * 0.70), QColor(4, 16, 30), 0.34, 16, 15);
     grain(image, 3, 15);
     return image;
 }

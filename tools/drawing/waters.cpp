@@ -35,7 +35,7 @@ QImage sunsetSea(QSize size) {
         return isle;
     }());
     painter.end();
-    reflect(image, static_cast<int>(h * horizon), QColor(40, 30, 74), 0.38, 34, 6);
+    reflect(image, int(h * horizon), QColor(40, 30, 74), 0.38, 34, 6);
 
     QPainter top(&image);
     makeSmooth(top);
@@ -84,7 +84,7 @@ QImage inkRiver(QSize size) {
         const Ridge ridge{s.height() * base, s.height() * height, stretch, seed, 6};
         for (int x = 0; x < size.width(); ++x) {
             const double crest = ridgeLine(s, ridge, x);
-            for (int y = std::max(0, static_cast<int>(crest)); y < size.height(); ++y) {
+            for (int y = std::max(0, int(crest)); y < size.height(); ++y) {
                 const double depth = (y - crest) / (s.height() * bleed);
                 if (depth > 1) break;
                 const double edge = eased((y - crest) / 2.5);

@@ -180,10 +180,10 @@ QImage wildGeese(QSize size) {
     painter.drawEllipse(QPointF(w * 0.28, h * 0.56), h * 0.055, h * 0.055);
     for (int i = 0; i < 2; ++i) {
         painter.setBrush(mixed(QColor(196, 142, 128), QColor(118, 88, 104), i));
-        painter.drawPath(ridgePath(s, {h * (0.60 + i * 0.03), h * 0.07, 4, 801 + static_cast<quint32>(i)}));
+        painter.drawPath(ridgePath(s, {h * (0.60 + i * 0.03), h * 0.07, 4, 801 + quint32(i)}));
     }
     painter.end();
-    reflect(image, static_cast<int>(h * 0.64), QColor(60, 60, 88), 0.25, 14, 39);
+    reflect(image, int(h * 0.64), QColor(60, 60, 88), 0.25, 14, 39);
     painter.begin(&image);
     makeSmooth(painter);
     Dice dice(71);

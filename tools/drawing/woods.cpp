@@ -69,7 +69,7 @@ QImage forestDeer(QSize size) {
         const QColor bark = mixed(QColor(186, 196, 150), QColor(26, 34, 30), eased(near));
         const double ground = h * (0.66 + near * 0.22);
         painter.setBrush(mixed(QColor(190, 196, 130), QColor(34, 46, 34), eased(near)));
-        painter.drawPath(ridgePath(QSizeF(size), {ground, h * 0.03, 3.0 + layer, 900 + static_cast<quint32>(layer)}));
+        painter.drawPath(ridgePath(QSizeF(size), {ground, h * 0.03, 3.0 + layer, 900 + quint32(layer)}));
         const int trunks = 17 - layer * 3;
         for (int i = 0; i < trunks; ++i) {
             double x = w * (i + dice.between(0.15, 0.85)) / trunks;

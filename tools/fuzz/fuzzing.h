@@ -14,15 +14,15 @@
 /// Ends the run, and keeps the input, when something does not hold that always has to.
 void expect(bool holds, const char* what);
 
-/// Runs a step that may fail in the one way in which the platform rooms fail. Tells whether it went through.
+/// Runs a step that may throw the one exception of the platform rooms. Returns whether it succeeded.
 bool goesThrough(const std::function<void()>& step);
 
 /// A file in a folder of this process, in memory where the system has such a place. It holds `bytes` and has no
 /// journals of an earlier run beside it.
 QString scratchFile(const QString& name, const QByteArray& bytes);
 
-/// Lets no statement of the database engine run for longer than a fuzz run can wait: an endless query is the fault of
-/// who has written it.
+/// Ends statements of the database engine that run for too long: a person can write an endless query, and that is no
+/// fault of the program.
 void boundStatements();
 
 /// Mutations for files made of pages: within some bytes of one page (most often near its beginning, where pages say
@@ -30,5 +30,5 @@ void boundStatements();
 size_t mutatePages(uint8_t* data, size_t size, size_t largest, unsigned seed, size_t pageSize);
 
 inline QByteArray bytesOf(const uint8_t* data, size_t size) {
-    return {reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)};
+    return {reinterpret_cast<const char*>(data), qsizetype(size)};
 }

@@ -91,8 +91,7 @@ void readPreview(const QByteArray& bytes) {
 
 extern "C" {
 
-/// Stands in for the system's function (the linker wraps it): a computer of little memory, whose limits keep the runs
-/// short.
+/// Replaces the system's function (the linker wraps it): on a computer of little memory the limits keep the runs short.
 long __real_sysconf(int name);
 long __wrap_sysconf(int name) {
     constexpr long pagesOfSmallComputer = 1 << 15;

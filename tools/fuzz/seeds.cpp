@@ -119,7 +119,7 @@ void oddCatalogues(Seeds& seeds) {
         seeds.add((usual + change).toUtf8());
 }
 
-/// The pages small, so that many of them make a small file, and the settings that tell how the file is kept.
+/// Small pages, so that a small file has many of them, and the settings of the catalogue's files.
 void addCatalogue(Seeds& seeds, const QByteArray& settings) {
     const QString path = seeds.next();
     QFile::remove(path);

@@ -40,15 +40,15 @@ void typedDate(const QString& text) {
     if (const auto condition = dayCondition(DateRelation::after, text)) {
         expect(dateFromText(condition->words).has_value(), "the page line shows a date");
         const QString sql = *selectionSql(u"tc01"_s, {allPicturesCode, condition, {}});
-        const QString start = dateText(condition->day.startOfDay(), u"yyyy-mm-dd hh:mm:ss");
+        const QString start = dateText(condition->day.startOfDay(), dateTimePattern);
         expect(engineSql(tokensOf(sql)).contains(u'\'' + start + u'\''), "a typed day is a day in the statement");
     }
 
     const auto date = dateFromText(text);
     if (!date) return;
     expect(date->date().isValid() && date->date().year() >= 0, "a date is in the calendar");
-    const QString written = dateText(*date, u"yyyy-mm-dd hh:mm:ss");
-    expect(written.size() == 19 && dateText(*dateFromText(written), u"yyyy-mm-dd hh:mm:ss") == written,
+    const QString written = dateText(*date, dateTimePattern);
+    expect(written.size() == 19 && dateText(*dateFromText(written), dateTimePattern) == written,
            "a date is read as it is written");
 }
 

@@ -13,15 +13,15 @@ void encode(QByteArray& bytes, qsizetype from, qsizetype count, quint32 key) {
     std::iota(state.begin(), state.end(), quint8{0});
     quint8 j = 0;
     for (size_t i = 0; i < state.size(); ++i) {
-        j = static_cast<quint8>(j + state[i] + static_cast<quint8>(keyBytes[static_cast<qsizetype>(i % 4)]));
+        j = quint8(j + state[i] + quint8(keyBytes[qsizetype(i % 4)]));
         std::swap(state[i], state[j]);
     }
     j = 0;
     quint8 i = 0;
     for (qsizetype at = from; at < from + count; ++at) {
-        j = static_cast<quint8>(j + state[++i]);
+        j = quint8(j + state[++i]);
         std::swap(state[i], state[j]);
-        bytes[at] = static_cast<char>(bytes[at] ^ state[static_cast<quint8>(state[i] + state[j])]);
+        bytes[at] = char(bytes[at] ^ state[quint8(state[i] + state[j])]);
     }
 }
 
@@ -36,13 +36,13 @@ QByteArray narrow(const QString& words, int codePage) {
     QByteArray bytes(from.size(), '\0');
     char* in = from.data();
     char* out = bytes.data();
-    auto left = static_cast<size_t>(from.size());
-    auto room = static_cast<size_t>(bytes.size());
+    auto left = size_t(from.size());
+    auto room = size_t(bytes.size());
     const iconv_t converter = iconv_open(("CP" + QByteArray::number(codePage)).constData(), "UTF-8");
     iconv(converter, &in, &left, &out, &room);
     iconv_close(converter);
     if (left != 0) qFatal("\"%s\" is no text of code page %d.", from.constData(), codePage);
-    bytes.chop(static_cast<qsizetype>(room));
+    bytes.chop(qsizetype(room));
     return bytes;
 }
 
@@ -52,10 +52,10 @@ ScaledNumber scaled(const QString& number, int scale) {
     ScaledNumber result{number.startsWith(u'-'), {}};
     for (const QChar digit : number + QString(scale - digitsBehind, u'0')) {
         if (!digit.isDigit()) continue;
-        auto carry = static_cast<quint64>(digit.digitValue());
+        auto carry = quint64(digit.digitValue());
         for (size_t word = result.words.size(); word-- > 0;) {
             carry += quint64{result.words[word]} * 10;
-            result.words[word] = static_cast<quint32>(carry);
+            result.words[word] = quint32(carry);
             carry >>= 32;
         }
     }

@@ -11,7 +11,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace jet {
 namespace {
 
-/// Where the parts of pages stand in the two versions.
+/// Places of the parts of pages in the two versions.
 struct Places {
     qsizetype pageSize, rowCount;
     // in the definition of a table
@@ -60,7 +60,7 @@ bool isVariable(Type type) {
 
 double daysOf(const QDateTime& time) {
     const QDate dayNought(1899, 12, 30);
-    const auto days = static_cast<double>(dayNought.daysTo(time.date()));
+    const auto days = double(dayNought.daysTo(time.date()));
     const double part = time.time().msecsSinceStartOfDay() / 86'400'000.0;
     return days < 0 ? days - part : days + part;  // the time counts forward on both sides
 }
@@ -81,9 +81,9 @@ QByteArray decimalBytes(const QString& number, int scale) {
 QByteArray fixedBytes(const Column& column, const QVariant& value) {
     switch (column.type) {
         case Type::byte:
-            return bytesOf(static_cast<quint8>(value.toUInt()));
+            return bytesOf(quint8(value.toUInt()));
         case Type::integer:
-            return bytesOf(static_cast<qint16>(value.toInt()));
+            return bytesOf(qint16(value.toInt()));
         case Type::longInteger:
             return bytesOf(value.toInt());
         case Type::single:
@@ -141,13 +141,13 @@ class Maker {
 
 quint32 Maker::add(const QByteArray& page) {
     pages_ << page;
-    return static_cast<quint32>(pages_.size() - 1);
+    return quint32(pages_.size() - 1);
 }
 
 QByteArray Maker::nameBytes(const QString& name) const {
-    if (!isJet3()) return bytesOf(static_cast<quint16>(2 * name.size())) + wide(name);
+    if (!isJet3()) return bytesOf(quint16(2 * name.size())) + wide(name);
     const QByteArray bytes = narrow(name, form_.codePage);
-    return bytesOf(static_cast<quint8>(bytes.size())) + bytes;
+    return bytesOf(quint8(bytes.size())) + bytes;
 }
 
 QByteArray Maker::textBytes(const QVariant& value, bool mayShorten) const {
@@ -169,16 +169,16 @@ QByteArray Maker::longValue(const QByteArray& bytes) {
     constexpr quint32 inTheRow = 0x80000000;
     constexpr quint32 inOnePiece = 0x40000000;
     const auto entry = [&](quint32 kind, quint32 page) {
-        return bytesOf(static_cast<quint32>(bytes.size()) | kind) + bytesOf(page << 8) + bytesOf(quint32{0});
+        return bytesOf(quint32(bytes.size()) | kind) + bytesOf(page << 8) + bytesOf(quint32{0});
     };
     if (bytes.size() <= roomInRow) return entry(inTheRow, 0) + bytes;
     const qsizetype room = roomInPage(form_.version);
     if (bytes.size() <= room) return entry(inOnePiece, add(rowPage(0, {bytes})));
-    const auto first = static_cast<quint32>(pages_.size());
+    const auto first = quint32(pages_.size());
     const qsizetype roomBehindLink = room - qsizetype{sizeof first};
     for (qsizetype at = 0; at < bytes.size(); at += roomBehindLink) {
         const bool isLast = at + roomBehindLink >= bytes.size();
-        const quint32 next = isLast ? 0 : static_cast<quint32>(pages_.size() + 1) << 8;
+        const quint32 next = isLast ? 0 : quint32(pages_.size() + 1) << 8;
         add(rowPage(0, {bytesOf(next) + bytes.mid(at, roomBehindLink)}));
     }
     return entry(0, first);
@@ -186,11 +186,11 @@ QByteArray Maker::longValue(const QByteArray& bytes) {
 
 QByteArray Maker::row(const QList<Column>& columns, const Row& values) {
     const auto count = columns.size();
-    QByteArray bytes = isJet3() ? bytesOf(static_cast<quint8>(count)) : bytesOf(static_cast<quint16>(count));
+    QByteArray bytes = isJet3() ? bytesOf(quint8(count)) : bytesOf(quint16(count));
     QByteArray mask((count + 7) / 8, '\0');
     for (qsizetype i = 0; i < count; ++i) {
         const bool isMarked = columns[i].type == Type::truth ? values[i].toBool() : !values[i].isNull();
-        if (isMarked) mask[i / 8] = static_cast<char>(mask[i / 8] | 1 << i % 8);
+        if (isMarked) mask[i / 8] = char(mask[i / 8] | 1 << i % 8);
         const qsizetype size = fixedSize(columns[i].type);
         if (size > 0) bytes += values[i].isNull() ? QByteArray(size, '\0') : fixedBytes(columns[i], values[i]);
     }
@@ -202,8 +202,8 @@ QByteArray Maker::row(const QList<Column>& columns, const Row& values) {
     }
     places << bytes.size();
     if (isJet3()) return bytes + narrowEnding(bytes.size(), places, mask.size()) + mask;
-    for (qsizetype i = places.size(); i-- > 0;) bytes += bytesOf(static_cast<quint16>(places[i]));
-    return bytes + bytesOf(static_cast<quint16>(places.size() - 1)) + mask;
+    for (qsizetype i = places.size(); i-- > 0;) bytes += bytesOf(quint16(places[i]));
+    return bytes + bytesOf(quint16(places.size() - 1)) + mask;
 }
 
 /// The places of a row's parts, of which Jet 3 writes one byte each. Where one goes beyond the next 256 bytes, a jump
@@ -213,12 +213,12 @@ QByteArray Maker::narrowEnding(qsizetype begun, const QList<qsizetype>& places, 
     qsizetype jumps = (length - 1) / 256;
     while ((length + jumps - 1) / 256 > jumps) ++jumps;
     QByteArray ending;
-    for (qsizetype i = places.size(); i-- > 0;) ending += static_cast<char>(places[i] % 256);
+    for (qsizetype i = places.size(); i-- > 0;) ending += char(places[i] % 256);
     for (qsizetype jump = jumps; jump-- > 0;) {
         const auto beyond = std::ranges::find_if(places, [&](qsizetype place) { return place / 256 > jump; });
-        ending += static_cast<char>(beyond == places.end() ? 255 : beyond - places.begin());
+        ending += char(beyond == places.end() ? 255 : beyond - places.begin());
     }
-    return ending + static_cast<char>(places.size() - 1);
+    return ending + char(places.size() - 1);
 }
 
 /// A page of rows, which grow from its end towards their places at its beginning.
@@ -226,19 +226,19 @@ QByteArray Maker::rowPage(quint32 owner, const QList<QByteArray>& rows, const QL
     QByteArray page = emptyPage();
     page[0] = page[1] = 1;
     put(page, 4, owner);
-    put(page, places_.rowCount, static_cast<quint16>(rows.size()));
+    put(page, places_.rowCount, quint16(rows.size()));
     qsizetype start = places_.pageSize;
     for (qsizetype i = 0; i < rows.size(); ++i) {
         start -= rows[i].size();
         const qsizetype entry = places_.rowCount + 2 + 2 * i;
         if (start < entry + 2) qFatal("The rows are too long for a page.");
         page.replace(start, rows[i].size(), rows[i]);
-        put(page, entry, static_cast<quint16>(start | (deleted.value(i) ? deletedMark : 0)));
+        put(page, entry, quint16(start | (deleted.value(i) ? deletedMark : 0)));
     }
     return page;
 }
 
-/// Returns the pages on which the rows stand.
+/// Returns the pages that hold the rows.
 QList<quint32> Maker::addRows(quint32 owner, const Table& table) {
     QList<quint32> pages;
     QList<QByteArray> rows;
@@ -272,18 +272,18 @@ QByteArray Maker::columnEntry(const Column& column, quint16 number, quint16 fixe
                       : isFixed                  ? fixedSize(column.type)
                                                  : column.size * bytesOfCharacter;
     QByteArray entry(places_.entrySize, '\0');
-    entry[0] = static_cast<char>(column.type);
+    entry[0] = char(column.type);
     put(entry, places_.number, number);
     put(entry, places_.variablePlace, isFixed ? quint16{0} : variable);
     put(entry, places_.rowNumber, number);
-    if (column.type == Type::decimal) put(entry, 11, static_cast<quint16>(28 | column.scale << 8));
+    if (column.type == Type::decimal) put(entry, 11, quint16(28 | column.scale << 8));
     entry[places_.flags] = isFixed ? 3 : 2;
     put(entry, places_.fixedPlace, isFixed ? fixedPlace : quint16{0});
-    put(entry, places_.size, static_cast<quint16>(size));
+    put(entry, places_.size, quint16(size));
     return entry;
 }
 
-/// The definition of a table whose pages stand in one of the usage maps; not yet cut into pages.
+/// The definition of a table whose pages are in one of the usage maps; not yet cut into pages.
 QByteArray Maker::definition(const Table& table, quint8 map) const {
     QByteArray bytes(places_.columns, '\0');
     QByteArray entries;
@@ -292,13 +292,13 @@ QByteArray Maker::definition(const Table& table, quint8 map) const {
     for (const Column& column : table.columns) {
         entries += columnEntry(column, number++, fixedPlace, variable);
         names += nameBytes(column.name);
-        fixedPlace = static_cast<quint16>(fixedPlace + fixedSize(column.type));
+        fixedPlace = quint16(fixedPlace + fixedSize(column.type));
         if (isVariable(column.type)) ++variable;
     }
     bytes[0] = 2;
     bytes[1] = 1;
-    put(bytes, 8, static_cast<quint32>(bytes.size() + entries.size() + names.size()));
-    put(bytes, places_.tableRows, static_cast<quint32>(table.rows.size()));
+    put(bytes, 8, quint32(bytes.size() + entries.size() + names.size()));
+    put(bytes, places_.tableRows, quint32(table.rows.size()));
     bytes[places_.tableKind] = 'N';
     put(bytes, places_.tableKind + 1, number);
     put(bytes, places_.tableKind + 3, variable);
@@ -333,7 +333,7 @@ void Maker::writeHeader() {
     QByteArray& page = pages_[0];
     page.replace(0, 20, QByteArray("\0\1\0\0Standard Jet DB\0", 20));
     page[0x14] = isJet3() ? 0 : 1;
-    put(page, 0x3C, static_cast<quint16>(form_.codePage));
+    put(page, 0x3C, quint16(form_.codePage));
     put(page, 0x3E, form_.key);
     constexpr double made = 37896.5;
     constexpr qsizetype password = 0x42;
@@ -342,8 +342,8 @@ void Maker::writeHeader() {
     } else {
         put(page, 0x72, made);
         const QByteArray letters = wide(form_.password).leftJustified(40, '\0');
-        const QByteArray mask = bytesOf(static_cast<qint32>(made)).repeated(10);
-        for (qsizetype i = 0; i < mask.size(); ++i) page[password + i] = static_cast<char>(letters[i] ^ mask[i]);
+        const QByteArray mask = bytesOf(qint32(made)).repeated(10);
+        for (qsizetype i = 0; i < mask.size(); ++i) page[password + i] = char(letters[i] ^ mask[i]);
     }
     encode(page, 0x18, places_.hiddenHeader, 0x6B39DAC7);
 }
@@ -353,8 +353,8 @@ void Maker::writeMaps() {
     for (const QList<quint32>& pages : rowPages_) {
         QByteArray map(5 + pages_.size() / 8 + 1, '\0');
         for (const quint32 page : pages) {
-            char& eight = map[static_cast<qsizetype>(5 + page / 8)];
-            eight = static_cast<char>(eight | 1 << page % 8);
+            char& eight = map[qsizetype(5 + page / 8)];
+            eight = char(eight | 1 << page % 8);
         }
         maps << map;
     }
@@ -373,7 +373,7 @@ QByteArray Maker::make(const QList<Table>& tables) {
     for (const Table& table : tables) objects.rows << Row{add(emptyPage()), tableKind, 0, table.name};
     addTable(objects, objectsPage, 0);
     for (qsizetype i = 0; i < tables.size(); ++i) {
-        addTable(tables[i], static_cast<quint32>(objectsPage + 1 + i), static_cast<quint8>(i + 1));
+        addTable(tables[i], quint32(objectsPage + 1 + i), quint8(i + 1));
     }
     writeMaps();
     writeHeader();

@@ -41,7 +41,7 @@ struct Table {
     QString name;
     QList<Column> columns;
     QList<Row> rows;
-    QList<Row> deletedRows = {};  ///< They lie between the others, and are marked.
+    QList<Row> deletedRows = {};  ///< Between the others, and marked as deleted.
 };
 
 struct Form {

@@ -39,7 +39,7 @@ std::string freeName(const std::string& name) {
     return taken ? '_' + name : name;
 }
 
-/// Columns are told apart by more than the case of their letters; a damaged name can be another one's again.
+/// Two names of columns must differ in more than case; in a damaged file they may not.
 std::vector<std::string> uniqueNames(const std::vector<JetColumn>& columns) {
     std::vector<std::string> names;
     const auto isTaken = [&](const std::string& name) {
@@ -97,7 +97,7 @@ bool isExact(int type) {
 
 void bindBytes(SQLite::Statement& statement, int place, const std::vector<unsigned char>& bytes) {
     const void* start = bytes.empty() ? static_cast<const void*>("") : bytes.data();
-    statement.bindNoCopy(place, start, static_cast<int>(bytes.size()));
+    statement.bindNoCopy(place, start, int(bytes.size()));
 }
 
 }  // namespace
@@ -127,13 +127,13 @@ void CopyWriter::copyRow(const JetTable& table, SQLite::Statement& insertRow) {
     std::vector<JetValue> values;
     for (size_t i = 0; i < table.columns().size(); ++i) values.push_back(table.value(i));
     for (size_t i = 0; i < values.size(); ++i) {
-        const int place = static_cast<int>(i) + 1;
+        const int place = int(i) + 1;
         if (const auto* whole = std::get_if<int64_t>(&values[i]))
             insertRow.bind(place, *whole);
         else if (const auto* real = std::get_if<double>(&values[i]))
             insertRow.bind(place, *real);
         else if (const auto* text = std::get_if<std::string>(&values[i]))
-            isExact(table.columns()[i].type) ? insertRow.bindNoCopy(place, text->data(), static_cast<int>(text->size()))
+            isExact(table.columns()[i].type) ? insertRow.bindNoCopy(place, text->data(), int(text->size()))
                                              : insertRow.bindNoCopy(place, *text);
         else if (const auto* bytes = std::get_if<std::vector<unsigned char>>(&values[i]))
             table.columns()[i].type == MDB_OLE ? insertRow.bind(place, store(*bytes))

@@ -6,12 +6,12 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 /// Writes tables into an SQLite file as the album's own files hold them: columns declared with their types and lengths,
-/// long-binary values in a side table. What the engine cannot do is thrown as its own exception.
+/// long-binary values in a side table. Failures of the engine are thrown as its own exception.
 class CopyWriter {
   public:
     explicit CopyWriter(const std::string& path);
 
-    /// Copies the rows that are still to come, and tells of the progress.
+    /// Copies the remaining rows, and sends signs of progress.
     void copy(const std::string& name, JetTable& table);
     void finish();
 

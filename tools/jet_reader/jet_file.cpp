@@ -16,13 +16,12 @@ namespace {
 constexpr size_t largestValue = size_t{64} << 20;
 constexpr size_t headerSize = 0x98;
 
-/// The version that the header tells. The library is asked only for files whose beginning it knows.
+/// The version in the header. The library is asked only for files whose beginning it knows.
 int versionOf(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     if (!file) throw JetFailure{JetOutcome::unreadable};
     std::string header(headerSize, '\0');
-    if (!file.read(header.data(), static_cast<std::streamsize>(header.size())))
-        throw JetFailure{JetOutcome::incomplete};
+    if (!file.read(header.data(), std::streamsize(header.size()))) throw JetFailure{JetOutcome::incomplete};
     if (header.compare(4, 15, "Standard Jet DB") != 0) throw JetFailure{JetOutcome::unknownVersion};
     return static_cast<unsigned char>(header[0x14]);
 }
@@ -30,7 +29,7 @@ int versionOf(const std::string& path) {
 uint64_t sizeOf(const std::string& path) {
     struct stat status {};
     if (stat(path.c_str(), &status) != 0) throw JetFailure{JetOutcome::unreadable};
-    return static_cast<uint64_t>(status.st_size);
+    return uint64_t(status.st_size);
 }
 
 }  // namespace
@@ -48,7 +47,7 @@ JetFile::JetFile(const std::string& path) {
     // the library would lose them.
     setenv("MDB_JET3_CHARSET", "ISO-8859-1", 1);
     handle_.reset(mdb_open(path.c_str(), MDB_NOFLAGS));
-    if (!handle_ || static_cast<uint64_t>(handle_->fmt->pg_size) != pageSize) throw JetFailure{JetOutcome::damaged};
+    if (!handle_ || uint64_t(handle_->fmt->pg_size) != pageSize) throw JetFailure{JetOutcome::damaged};
     if (hasPassword()) throw JetFailure{JetOutcome::password};
 }
 
@@ -64,7 +63,7 @@ bool JetFile::hasPassword() const {
 
     const auto created = numberAt<double>(header, 0x72);
     if (!(std::abs(created) < 1e9)) throw JetFailure{JetOutcome::damaged};
-    const auto mask = static_cast<int32_t>(created);
+    const auto mask = int32_t(created);
     for (size_t at = 0; at < 40; at += sizeof mask) {
         if (numberAt<int32_t>(header, place + at) != mask) return true;
     }
@@ -90,7 +89,7 @@ std::vector<unsigned char> JetFile::longValue(Bytes inRow) const {
         const Bytes value = bytes.first(std::min(length, bytes.size()));
         return {value.begin(), value.end()};
     }
-    if (length > pages_ * static_cast<size_t>(handle_->fmt->pg_size)) throw JetFailure{JetOutcome::damaged};
+    if (length > pages_ * size_t(handle_->fmt->pg_size)) throw JetFailure{JetOutcome::damaged};
     if (length > largestValue) throw JetFailure{JetOutcome::limitExceeded};
 
     std::vector<unsigned char> value;
@@ -101,9 +100,9 @@ std::vector<unsigned char> JetFile::longValue(Bytes inRow) const {
         void* page = nullptr;
         int start = 0;
         size_t size = 0;
-        const auto pageSize = static_cast<size_t>(handle_->fmt->pg_size);
-        const int found = mdb_find_pg_row(handle_.get(), static_cast<int>(place), &page, &start, &size);
-        if (found != 0 || start < 0 || static_cast<size_t>(start) + size > pageSize) {
+        const auto pageSize = size_t(handle_->fmt->pg_size);
+        const int found = mdb_find_pg_row(handle_.get(), int(place), &page, &start, &size);
+        if (found != 0 || start < 0 || size_t(start) + size > pageSize) {
             throw JetFailure{JetOutcome::damaged};
         }
         Bytes piece(static_cast<const unsigned char*>(page) + start, size);

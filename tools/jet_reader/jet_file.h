@@ -6,14 +6,14 @@
 #include <string>
 #include <vector>
 
-// The library's header needs the first of them to stand outside its own C block.
+// The library's header includes the first of them inside its own C block: it has to be included before.
 #include <glib.h>
 #include <mdbtools.h>
 
 /// A Jet database that is open for reading. Everything throws `JetFailure` when the file does not make sense.
 ///
-/// Of the library only what has stood up to damaged files is used: single pages, table definitions and the cutting of
-/// rows. Its own catalogue, its values bound to columns and its long values run away on them.
+/// Only those parts of the library are used that can cope with damaged files: single pages, table definitions and the
+/// cutting of rows. Its catalogue, its values bound to columns and its long values cannot.
 class JetFile {
   public:
     explicit JetFile(const std::string& path);
@@ -25,8 +25,7 @@ class JetFile {
     std::string name(const std::string& read) const;
     bool isJet4() const;
 
-    /// The whole of a memo or long-binary value, from what its row holds of it: the bytes themselves, or where they
-    /// lie.
+    /// The whole of a memo or long-binary value. The row holds its bytes, or their place.
     std::vector<unsigned char> longValue(Bytes inRow) const;
 
   private:

@@ -26,7 +26,7 @@ size_t placeOf(const JetTable& table, const std::string& name) {
     const auto& columns = table.columns();
     const auto found = std::ranges::find(columns, name, &JetColumn::name);
     if (found == columns.end()) throw JetFailure{JetOutcome::damaged};
-    return static_cast<size_t>(found - columns.begin());
+    return size_t(found - columns.begin());
 }
 
 JetValue jetValue(const ExactValue& number) {
@@ -89,7 +89,7 @@ bool JetTable::next() {
     }
     int start = 0;
     size_t size = 0;
-    const int row = static_cast<int>(table_->cur_row) - 1;
+    const int row = int(table_->cur_row) - 1;
     if (mdb_find_row(file_.handle(), row, &start, &size) != 0 ||
         mdb_crack_row(table_.get(), start & rowPlaceMask, size, fields_.data()) < 0) {
         throw JetFailure{JetOutcome::damaged};
@@ -104,9 +104,9 @@ JetValue JetTable::value(size_t column) const {
     if (form.type == MDB_BOOL) return int64_t{field.is_null ? 0 : 1};  // the mark of Null is its value
     if (field.is_null) return {};
 
-    const auto pageSize = static_cast<size_t>(file_.handle()->fmt->pg_size);
-    const auto start = static_cast<size_t>(field.start);
-    const auto size = static_cast<size_t>(field.siz);
+    const auto pageSize = size_t(file_.handle()->fmt->pg_size);
+    const auto start = size_t(field.start);
+    const auto size = size_t(field.siz);
     if (field.start < 0 || field.siz < 0 || start + size > pageSize) throw JetFailure{JetOutcome::damaged};
     const Bytes bytes(file_.handle()->pg_buf + start, size);
     switch (form.type) {

@@ -16,7 +16,7 @@ namespace {
 constexpr char32_t replacement = 0xFFFD;
 
 void appendUtf8(std::string& text, char32_t code) {
-    const auto add = [&](char32_t byte) { text += static_cast<char>(byte); };
+    const auto add = [&](char32_t byte) { text += char(byte); };
     if (code < 0x80) {
         add(code);
     } else if (code < 0x800) {
@@ -48,7 +48,7 @@ std::u16string decompressed(Bytes bytes) {
             oneByte = !oneByte;
             ++at;
         } else if (oneByte) {
-            units += static_cast<char16_t>(bytes[at++]);
+            units += char16_t(bytes[at++]);
         } else if (at + 1 < bytes.size()) {
             units += numberAt<char16_t>(bytes, at);
             at += 2;
@@ -142,26 +142,26 @@ std::optional<std::string> dateText(double days) {
     constexpr int64_t secondsOfDay = 86400;
     if (!(days >= firstDay && days < dayAfterLast)) return {};
     const double wholeDays = std::trunc(days);
-    auto day = static_cast<int64_t>(wholeDays);
-    auto seconds = static_cast<int64_t>(std::llround(std::abs(days - wholeDays) * secondsOfDay));
+    auto day = int64_t(wholeDays);
+    auto seconds = int64_t(std::llround(std::abs(days - wholeDays) * secondsOfDay));
     if (seconds == secondsOfDay) {
         seconds = 0;
         ++day;
     }
     const std::chrono::year_month_day date = std::chrono::sys_days(std::chrono::days(day - daysTo1970));
-    const auto year = static_cast<int>(date.year());
+    const auto year = int(date.year());
     if (year > 9999) return {};
-    const auto second = static_cast<int>(seconds);
+    const auto second = int(seconds);
     std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d:%02d:%02d", year, static_cast<unsigned>(date.month()),
-                  static_cast<unsigned>(date.day()), second / 3600, second / 60 % 60, second % 60);
+    std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d:%02d:%02d", year, unsigned(date.month()),
+                  unsigned(date.day()), second / 3600, second / 60 % 60, second % 60);
     return text.data();
 }
 
 ExactValue currencyValue(Bytes bytes) {
     constexpr size_t decimals = 4;
     const auto parts = numberAt<int64_t>(bytes, 0);
-    const uint64_t amount = parts < 0 ? 0 - static_cast<uint64_t>(parts) : static_cast<uint64_t>(parts);
+    const uint64_t amount = parts < 0 ? 0 - uint64_t(parts) : uint64_t(parts);
     return exactValue(parts < 0, std::to_string(amount), decimals);
 }
 
@@ -176,13 +176,13 @@ ExactValue decimalValue(Bytes bytes, int scale) {
         uint64_t rest = 0;
         for (uint32_t& word : words) {
             rest = rest << 32 | word;
-            word = static_cast<uint32_t>(rest / billion);
+            word = uint32_t(rest / billion);
             rest %= billion;
         }
         const std::string part = std::to_string(rest);
         digits.insert(0, std::string(nine - part.size(), '0') + part);
     }
-    return exactValue(bytes[0] != 0, digits, static_cast<size_t>(scale));
+    return exactValue(bytes[0] != 0, digits, size_t(scale));
 }
 
 std::string guidText(Bytes bytes) {

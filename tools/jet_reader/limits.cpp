@@ -17,7 +17,7 @@ void limit(__rlimit_resource resource, rlim_t most, rlim_t margin = 0) {
 }
 
 void endAtLimit(int) {
-    _exit(static_cast<int>(JetOutcome::limitExceeded));
+    _exit(int(JetOutcome::limitExceeded));
 }
 
 }  // namespace
@@ -37,9 +37,9 @@ void limitThisProcess(uint64_t largestOutput) {
 
 void tellProgress() {
     using Clock = std::chrono::steady_clock;
-    static Clock::time_point told = Clock::now();
+    static Clock::time_point last = Clock::now();
     const auto now = Clock::now();
-    if (now - told < std::chrono::seconds(1)) return;
-    told = now;
-    if (write(STDOUT_FILENO, ".", 1) != 1) _exit(static_cast<int>(JetOutcome::wrongCall));
+    if (now - last < std::chrono::seconds(1)) return;
+    last = now;
+    if (write(STDOUT_FILENO, ".", 1) != 1) _exit(int(JetOutcome::wrongCall));
 }

@@ -6,5 +6,5 @@
 /// size of what it writes. It ends with the process that has started it.
 void limitThisProcess(uint64_t largestOutput);
 
-/// Tells the waiting program, about once a second, that the work goes on.
+/// Sends the waiting program a byte, about once a second, as a sign that the work goes on.
 void tellProgress();

@@ -1,4 +1,4 @@
-// Reads a Jet database into an empty SQLite file: lunq-jet DATABASE FILE. How it went tells the exit code, JetOutcome.
+// Reads a Jet database into an empty SQLite file: lunq-jet DATABASE FILE. The exit code is a JetOutcome.
 
 #include "copy_database.h"
 #include "limits.h"
@@ -19,8 +19,8 @@ uint64_t largestCopyOf(const std::string& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) return static_cast<int>(JetOutcome::wrongCall);
+    if (argc != 3) return int(JetOutcome::wrongCall);
     clearenv();  // the library would take character sets and folders from it
     limitThisProcess(largestCopyOf(argv[1]));
-    return static_cast<int>(copyDatabase(argv[1], argv[2]));
+    return int(copyDatabase(argv[1], argv[2]));
 }

@@ -3,10 +3,9 @@
 #include <QByteArray>
 #include <QString>
 
-/// By which the soak knows pictures again: the worked program and whoever looks at the catalogue afterwards compute the
-/// same.
+/// Fingerprints by which the soak recognises pictures: the worked program and the later inspection compute the same.
 
-/// Of the bytes of a picture, as short as can be told in a line.
+/// Fingerprint of the bytes of a picture, short enough for a line of the report.
 QString fingerprintOf(const QByteArray& bytes);
 
 /// The bytes as which a catalogue stores those of a file.

@@ -5,8 +5,8 @@
 #include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>
 
-/// A person at the program: finds the controls of a window by name and works them with clicks. Throws `Error` where a
-/// window or a control is not to be had.
+/// Works the program as a person would: finds the controls of a window by name and clicks them. Throws `Error` when a
+/// window or a control is missing.
 class Hand {
   public:
     explicit Hand(QString windowName) : windowName_(std::move(windowName)) {}

@@ -97,12 +97,12 @@ class Catalogue {
         return !dangling;
     }
 
-    void compareSize(const QByteArray& bytes, const QString& told, const QString& row) {
+    void compareSize(const QByteArray& bytes, const QString& stored, const QString& row) {
         QBuffer buffer;
         buffer.setData(bytes);
         const QSize size = QImageReader(&buffer).size();
-        if (told != u"%1 * %2"_s.arg(size.width()).arg(size.height()))
-            faults_ << u"%1 tells %2 of a picture of %3 x %4"_s.arg(row, told).arg(size.width()).arg(size.height());
+        if (stored != u"%1 * %2"_s.arg(size.width()).arg(size.height()))
+            faults_ << u"%1 says %2 of a picture of %3 x %4"_s.arg(row, stored).arg(size.width()).arg(size.height());
     }
 
     void countValues() {

@@ -49,7 +49,7 @@ class Life {
     /// Listens until a line comes, `until` is reached on the clock or the program ends. False when it has ended.
     bool listen(const QString& line, qint64 until) {
         while (!heard_.contains(line) && clock_.elapsed() < until) {
-            const bool more = process_.waitForReadyRead(static_cast<int>(qMax<qint64>(1, until - clock_.elapsed())));
+            const bool more = process_.waitForReadyRead(int(qMax<qint64>(1, until - clock_.elapsed())));
             take();
             if (!more && process_.state() == QProcess::NotRunning) return false;
         }
@@ -58,7 +58,7 @@ class Life {
     /// With `soon` it is left to the process to find the worst moment, if there is one.
     void kill(bool soon) {
         constexpr int soonMs = 300;
-        if (soon) ::kill(static_cast<pid_t>(process_.processId()), SIGUSR1);
+        if (soon) ::kill(pid_t(process_.processId()), SIGUSR1);
         if (!soon || !process_.waitForFinished(soonMs)) process_.kill();
         process_.waitForFinished();
         take();
@@ -140,7 +140,7 @@ class Killer {
         ledger_.adopt(look());
     }
 
-    /// An undisturbed life tells how long each scene takes.
+    /// A life without a kill shows how long each scene takes.
     bool measure() {
         beginAnew();
         QStringList scenes = scenes_;
@@ -157,8 +157,8 @@ class Killer {
     }
 
     void killOnce(int kill) {
-        const QString scene = scenes_[random_.bounded(static_cast<int>(scenes_.size()))];
-        const quint64 seed = order_.seed * 100'000ULL + static_cast<quint64>(kill) + 1;
+        const QString scene = scenes_[random_.bounded(int(scenes_.size()))];
+        const quint64 seed = order_.seed * 100'000ULL + quint64(kill) + 1;
         QStringList scenes = Scenes::names();
         std::shuffle(scenes.begin(), scenes.end(), random_);
         if (scene != startScene) scenes.prepend(scene);
@@ -169,14 +169,14 @@ class Killer {
             life.listen(u"scene "_s + scene, patienceMs);
             from = life.beginOf(scene);
         }
-        const auto span = static_cast<int>(lengths_[scene] + lengths_[scene] / 10 + 2);
+        const auto span = int(lengths_[scene] + lengths_[scene] / 10 + 2);
         life.listen(u"-"_s, from + random_.bounded(span));
         life.kill(order_.unsynced && life.heardOf(u"ready"_s));
         ++tally.kills;
         if (!life.atWork().isEmpty()) ++tally.within;
         if (QFileInfo(file(u"lunq.mdb-journal"_s)).size() > 0) ++tally.rolledBack;
         QStringList faults = life.faults();
-        // Now and then the program itself has to take back what was under way, and is killed while it may be at it.
+        // Now and then the program itself has to take back an unfinished change, and may be killed while it does.
         constexpr int oneIn = 4;
         if (random_.bounded(oneIn) == 0) faults << killInTheRepair();
         faults << inspect();
@@ -186,7 +186,7 @@ class Killer {
 
     QStringList killInTheRepair() {
         Life life(order_, order_.seed, {restScene}, ledger_, places_);
-        life.listen(u"-"_s, random_.bounded(static_cast<int>(2 * lengths_[startScene])));
+        life.listen(u"-"_s, random_.bounded(int(2 * lengths_[startScene])));
         life.kill(false);
         ++repairs_;
         return life.faults();
@@ -261,7 +261,7 @@ class Killer {
     QStringList scenes_;
     QString template_;
     Ledger ledger_;
-    QSet<QString> places_;  ///< Folders and tables of other catalogues that were told about.
+    QSet<QString> places_;  ///< Folders and tables of other catalogues that a report has named.
     QMap<QString, qint64> lengths_;
     QMap<QString, Tally> tallies_;
     QSet<QString> strangers_;

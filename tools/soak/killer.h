@@ -14,6 +14,6 @@ struct KillOrder {
     QStringList scenes;  ///< All when empty.
 };
 
-/// Starts the program, kills it and looks at what it has left, time and again. Tells on the standard output what came
-/// of it; returns 0 when nothing was wrong.
+/// Starts the program, kills it and checks the files that it leaves, again and again. Prints the result on the standard
+/// output; returns 0 when nothing was wrong.
 int killAgainAndAgain(const KillOrder& order);

@@ -85,7 +85,7 @@ QStringList Ledger::strangersIn(const QString& place, const Found& found) const 
     return strangers;
 }
 
-/// On its way from one place to another a picture is never nowhere.
+/// A picture that moves from one place to another has to be in one of them at any time.
 QString Ledger::faultOf(const Turn& turn, const Found& found) const {
     if (found.value(turn.fromPlace).pictures.contains(turn.fromPicture)) return {};
     const bool arrived = turn.toPicture == unknown ? !strangersIn(turn.toPlace, found).isEmpty()

@@ -5,33 +5,34 @@
 #include <QSet>
 #include <QStringList>
 
-/// A table, or a folder, with what lies in it.
+/// The content of a table or a folder.
 struct PlaceFound {
     QStringList pictures;  ///< Fingerprints, row by row.
     QString numbers;       ///< Fingerprint of the column 序号, row by row.
 };
 
-/// What was found after a kill, by place.
+/// The content of all places after a kill.
 using Found = QMap<QString, PlaceFound>;
 
-/// What the worked program has told about its doings, and what therefore has to be found. Told are lines of words:
+/// Keeps the reports of the worked program, and compares them with the files that a kill leaves. A report is a line of
+/// words, with P and Q for places, h and k for fingerprints of pictures, a and b for fingerprints of numbers:
 ///
-///     add P h        a picture is going to P        added P h       it was reported stored
-///     drop P h       it is going to be deleted      dropped P h     that was reported done
-///     turn P h Q k   h in P is becoming k in Q      turned P h Q k  that was reported done
-///     renumber P a b numbers a are becoming b       renumbered P b  that was reported done
-///     create P, created P, remove P, removed P      the place itself, with all that is in it
+///     add P h        h is being stored in P          added P h       it is stored
+///     drop P h       h is being deleted from P       dropped P h     it is deleted
+///     turn P h Q k   h in P is becoming k in Q       turned P h Q k  it has become k
+///     renumber P a b the numbers a are becoming b    renumbered P b  they are b
+///     create P, created P, remove P, removed P       the same for the place itself, with its content
 ///
-/// A fingerprint "?" stands for a picture that is not known before it is there; "met P h" tells what came of it.
+/// The fingerprint "?" is a picture that is not known before it is stored; "met P h" names it afterwards.
 class Ledger {
   public:
     static inline const QString unknown = QStringLiteral("?");
 
-    /// A line of another kind is none of the ledger's business.
+    /// Takes a report. Other lines are ignored.
     void hear(const QString& line);
-    /// A sentence for everything that is not as it has to be.
+    /// A sentence for each difference between reports and files.
     QStringList faults(const Found& found) const;
-    /// From now on what was found is what there is.
+    /// Takes the found content as the new state.
     void adopt(const Found& found);
 
   private:
@@ -39,7 +40,7 @@ class Ledger {
     struct Place {
         Certainty certainty = Certainty::sure;
         QMap<QString, Certainty> pictures;
-        int strangers = 0;       ///< Pictures not known before that may be found.
+        int strangers = 0;       ///< So many unknown pictures may be found.
         QStringList numberings;  ///< One of these is found, unless there is none.
     };
     struct Turn {

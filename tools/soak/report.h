@@ -2,8 +2,8 @@
 
 #include <QStringList>
 
-/// The way by which a worked program tells what it is about to do and what it has done: a line each, written at once,
-/// so that nothing that was told is lost with the program.
+/// Reports of a worked program on what it is going to do and what it has done. Each is a line that is written at once,
+/// so that a kill loses none of them.
 class Report {
   public:
     /// With `verb` only lines that begin with it.

@@ -74,7 +74,7 @@ QByteArray Samples::marked(const QByteArray& jpeg) {
     constexpr int firstMarker = 2;
     const QByteArray text = QByteArray::number(++serial_).rightJustified(20, '0');
     QByteArray comment("\xFF\xFE\x00", 3);
-    comment += static_cast<char>(text.size() + 2);
+    comment += char(text.size() + 2);
     return QByteArray(jpeg).insert(firstMarker, comment + text);
 }
 

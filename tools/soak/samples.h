@@ -6,7 +6,7 @@
 /// Pictures of which no two are the same, and the catalogue that the soak begins with.
 class Samples {
   public:
-    /// `serial` numbers the pictures: whoever shares a catalogue with others begins where they cannot come to.
+    /// `serial` numbers the pictures. Several users of one catalogue begin far apart.
     explicit Samples(quint64 serial);
 
     QByteArray small();

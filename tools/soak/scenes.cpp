@@ -7,12 +7,7 @@
 using namespace Qt::Literals::StringLiterals;
 
 Scenes::Scenes(Program& program, const QString& folder, const Report& report, quint64 seed)
-    : program_(program),
-      folder_(folder),
-      report_(report),
-      seed_(seed),
-      samples_(seed << 20),
-      random_(static_cast<quint32>(seed)) {
+    : program_(program), folder_(folder), report_(report), seed_(seed), samples_(seed << 20), random_(quint32(seed)) {
     answerBoxesWith([this](const BoxText& box) {
         said_ << box.text;
         if (box.title == u"错误提示") report_({u"fault"_s, QString(box.text).replace(u'\n', u' ')});
@@ -88,6 +83,6 @@ QString Scenes::newFolder() {
 
 QList<int> Scenes::chosenRows(int count, int of) {
     QSet<int> rows;
-    while (rows.size() < qMin(count, of)) rows << static_cast<int>(random_.bounded(of));
+    while (rows.size() < qMin(count, of)) rows << int(random_.bounded(of));
     return rows.values();
 }

@@ -36,7 +36,7 @@ void Scenes::openAlbumPicture(const QString& album) {
     editor_.click(u"tlb1:sk"_s);
     editor_.chooseInCombo(u"cboBm"_s, album);
     const int total = editor_.get<DataControl>(u"datBj"_s).total();
-    editor_.clickRow(static_cast<int>(random_.bounded(total)));
+    editor_.clickRow(int(random_.bounded(total)));
     editor_.click(u"cmdQd"_s);
 }
 
@@ -84,14 +84,14 @@ void Scenes::makeButtonPicture() {
     editor_.click({u"tlb1:wk"_s, u"tlb1:at"_s});
     editor_.option(u"optAn(0)"_s);
     editor_.option(u"optAn(2)"_s);
-    editor_.clickRow(1 + static_cast<int>(random_.bounded(5)));
+    editor_.clickRow(1 + int(random_.bounded(5)));
     const QString before = pictureOf(editor_.get<DataControl>(u"datAn"_s).Recordset());
     report_({u"turn"_s, u"tcan"_s, before, u"tcan"_s, Ledger::unknown});
     work([&] { editor_.click(u"cmdCk"_s); });
     report_({u"turned"_s, u"tcan"_s, before, u"tcan"_s, pictureOf(editor_.get<DataControl>(u"datAn"_s).Recordset())});
 }
 
-/// Albums, pages, and the windows that stand beside the main window.
+/// Albums, pages, and the windows that can be open beside the main window.
 void Scenes::browse() {
     for (const QString& table : {longAlbum, otherAlbum}) {
         for (QAction* album : viewer_.get<QMenu>(u"mnuDk"_s).actions())

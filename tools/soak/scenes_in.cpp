@@ -30,23 +30,23 @@ void Scenes::chooseFiles(const QString& album, const QString& way, const QString
     settings_.click(u"cmdQx"_s);
 }
 
-/// `pictures` in the order of the files; the program tells by its progress how many of them are stored.
+/// `pictures` in the order of the files; the progress bar shows how many of them are stored.
 void Scenes::enterFiles(const QStringList& pictures) {
     auto& progress = settings_.get<QProgressBar>(u"prg2"_s);
-    qsizetype told = 0;
-    const auto tell = [&](qsizetype upTo) {
-        for (; told < upTo; ++told)
-            if (pictures[told] != Ledger::unknown) report_({u"added"_s, workAlbum, pictures[told]});
+    qsizetype reported = 0;
+    const auto reportUpTo = [&](qsizetype count) {
+        for (; reported < count; ++reported)
+            if (pictures[reported] != Ledger::unknown) report_({u"added"_s, workAlbum, pictures[reported]});
     };
     const auto connection = QObject::connect(&progress, &QProgressBar::valueChanged, &progress, [&](int percent) {
         qsizetype done = 0;
         while (done < pictures.size() && done * 100 / (pictures.size() - 1) <= percent) ++done;
-        if (percent > 0) tell(done);
+        if (percent > 0) reportUpTo(done);
     });
     for (const QString& picture : pictures) report_({u"add"_s, workAlbum, picture});
     work([&] { settings_.click(u"cmdLr"_s); });
     QObject::disconnect(connection);
-    tell(pictures.size());
+    reportUpTo(pictures.size());
 }
 
 void Scenes::appendFiles() {
@@ -145,7 +145,7 @@ void Scenes::editRecords() {
     settings_.chooseInCombo(u"cboBm"_s, workAlbum);
     const int total = settings_.get<DataControl>(u"datBj"_s).total();
     if (total == 0) return;
-    settings_.clickRow(static_cast<int>(random_.bounded(total)));
+    settings_.clickRow(int(random_.bounded(total)));
     settings_.click(u"cmdQd"_s);
     settings_.type(u"txtBh"_s, u"1v"_s);
     settings_.type(u"txtB2"_s, u"备注%1"_s.arg(random_.generate()));
@@ -158,7 +158,7 @@ void Scenes::deletePictures() {
         settings_.chooseInCombo(u"cboBm"_s, album);
         auto& records = settings_.get<DataControl>(u"datBj"_s);
         for (int i = 0; i < 4 && records.total() > 12; ++i) {
-            settings_.clickRow(static_cast<int>(random_.bounded(records.total())));
+            settings_.clickRow(int(random_.bounded(records.total())));
             const QString picture = pictureOf(records.Recordset());
             report_({u"drop"_s, album, picture});
             work([&] { settings_.click(u"cmdSc"_s); });

@@ -37,8 +37,7 @@ Sample sample() {
     const QByteArray figures = memory.open(QIODevice::ReadOnly) ? memory.readAll() : QByteArray();
     const double pages = figures.split(' ').value(1).toDouble();
     const struct mallinfo2 heap = mallinfo2();
-    return {pages * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1 << 20),
-            static_cast<double>(heap.uordblks + heap.hblkhd) / (1 << 20),
+    return {pages * double(sysconf(_SC_PAGESIZE)) / (1 << 20), double(heap.uordblks + heap.hblkhd) / (1 << 20),
             QDir(u"/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size(),
             QDir::temp().entryList({u"lunq*.*"_s, u"qt_temp*"_s}, QDir::Files).size(),
             QApplication::allWidgets().size()};
@@ -83,8 +82,8 @@ class Session {
         if (round_ > 1 && round_ < order_.rounds && sinceLine_.isValid() && !sinceLine_.hasExpired(oneLineMs)) return;
         sinceLine_.start();
         if (round_ == 1) std::puts("minute  round      MB  in use  files  temporary  widgets");
-        std::printf("%6.1f %6d %7.1f %7.1f %6d %10d %8d\n", static_cast<double>(clock_.elapsed()) / 60'000, round_,
-                    now.megabytes, now.allocated, int(now.files), int(now.temporary), int(now.widgets));
+        std::printf("%6.1f %6d %7.1f %7.1f %6d %10d %8d\n", double(clock_.elapsed()) / 60'000, round_, now.megabytes,
+                    now.allocated, int(now.files), int(now.temporary), int(now.widgets));
         std::fflush(stdout);
     }
 

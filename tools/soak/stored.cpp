@@ -28,7 +28,7 @@ Numbering numberingBy(const QString& album, const QString& column) {
         const QString key = rows.Fields(column).Value().textOr();
         keys << (column == u"序号" ? key.rightJustified(10, u'0') : key);
     }
-    std::vector<qsizetype> order(static_cast<size_t>(keys.size()));
+    std::vector<qsizetype> order(size_t(keys.size()));
     std::iota(order.begin(), order.end(), 0);
     std::ranges::stable_sort(order, {}, [&](qsizetype row) { return keys[row]; });
     QStringList after = before;

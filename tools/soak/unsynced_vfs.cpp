@@ -28,7 +28,7 @@ struct HeldFile {
     std::map<sqlite3_int64, std::vector<char>> sectors;
     sqlite3_int64 size = 0;
     int users = 0;
-    bool isDeleted = false;  ///< For everybody in this process; on the disk it still stands.
+    bool isDeleted = false;  ///< In the eyes of this process; the disk still has the file.
 };
 
 struct File;
@@ -70,7 +70,7 @@ std::vector<char>& sectorAt(File& file, sqlite3_int64 number) {
         place->second.assign(sectorSize, '\0');
         const sqlite3_int64 at = number * sectorSize;
         const sqlite3_int64 there = std::clamp<sqlite3_int64>(diskSize(file) - at, 0, sectorSize);
-        if (there > 0) file.disk->pMethods->xRead(file.disk, place->second.data(), static_cast<int>(there), at);
+        if (there > 0) file.disk->pMethods->xRead(file.disk, place->second.data(), int(there), at);
     }
     return place->second;
 }
@@ -79,7 +79,7 @@ int passOn(File& file, sqlite3_int64 number, const std::vector<char>& bytes) {
     const sqlite3_int64 at = number * sectorSize;
     const sqlite3_int64 count = std::clamp<sqlite3_int64>(file.held->size - at, 0, sectorSize);
     if (count == 0) return SQLITE_OK;
-    return file.disk->pMethods->xWrite(file.disk, bytes.data(), static_cast<int>(count), at);
+    return file.disk->pMethods->xWrite(file.disk, bytes.data(), int(count), at);
 }
 
 /// The disk writes in the order that suits it.
@@ -126,12 +126,12 @@ int closeFile(sqlite3_file* base) {
 
 int readFile(sqlite3_file* base, void* to, int count, sqlite3_int64 offset) {
     File& file = fileOf(base);
-    std::memset(to, 0, static_cast<size_t>(count));
+    std::memset(to, 0, size_t(count));
     const sqlite3_int64 there = std::clamp<sqlite3_int64>(file.held->size - offset, 0, count);
     if (there > 0) {
         const sqlite3_int64 onDisk = std::clamp<sqlite3_int64>(diskSize(file) - offset, 0, there);
         if (onDisk > 0) {
-            const int code = file.disk->pMethods->xRead(file.disk, to, static_cast<int>(onDisk), offset);
+            const int code = file.disk->pMethods->xRead(file.disk, to, int(onDisk), offset);
             if (code != SQLITE_OK) return code;
         }
         const sqlite3_int64 end = offset + there;
@@ -140,7 +140,7 @@ int readFile(sqlite3_file* base, void* to, int count, sqlite3_int64 offset) {
             const sqlite3_int64 begin = std::max(offset, at->first * sectorSize);
             const sqlite3_int64 stop = std::min(end, (at->first + 1) * sectorSize);
             std::memcpy(static_cast<char*>(to) + (begin - offset), at->second.data() + (begin - at->first * sectorSize),
-                        static_cast<size_t>(stop - begin));
+                        size_t(stop - begin));
         }
     }
     return there == count ? SQLITE_OK : SQLITE_IOERR_SHORT_READ;
@@ -152,7 +152,7 @@ int writeFile(sqlite3_file* base, const void* from, int count, sqlite3_int64 off
         const sqlite3_int64 number = at / sectorSize, within = at % sectorSize;
         const sqlite3_int64 part = std::min(sectorSize - within, offset + count - at);
         std::memcpy(sectorAt(file, number).data() + within, static_cast<const char*>(from) + (at - offset),
-                    static_cast<size_t>(part));
+                    size_t(part));
         at += part;
     }
     file.held->size = std::max(file.held->size, offset + count);
@@ -169,7 +169,7 @@ int truncateFile(sqlite3_file* base, sqlite3_int64 size) {
         std::vector<char>& last = sectorAt(file, size / sectorSize);
         std::fill(last.begin() + size % sectorSize, last.end(), '\0');
     }
-    // What lies beyond on the disk must not be seen again when the file grows.
+    // When the file grows again, old bytes on the disk beyond its end must not come back.
     for (sqlite3_int64 at = size; at < diskSize(file); at += sectorSize)
         held.sectors[at / sectorSize].resize(sectorSize);
     held.size = size;
@@ -280,7 +280,7 @@ int deleteFile(sqlite3_vfs*, const char* name, int syncFolder) {
     int exists = 0;
     access(nullptr, name, SQLITE_ACCESS_EXISTS, &exists);
     if (exists == 0) {
-        // It may still stand there without a byte.
+        // The disk may still have it, empty.
         all.files.erase(name);
         return all.disk->xDelete(all.disk, name, 0);
     }
@@ -295,12 +295,12 @@ int deleteFile(sqlite3_vfs*, const char* name, int syncFolder) {
 void loseUnsyncedWrites(uint32_t seed) {
     Layer& all = layer();
     all.random.seed(seed);
-    chance = static_cast<int>(all.random() % longestWait);
+    chance = int(all.random() % longestWait);
     std::signal(SIGUSR1, powerWillGo);
     all.disk = sqlite3_vfs_find(nullptr);
     all.vfs = *all.disk;
     all.vfs.iVersion = std::min(all.disk->iVersion, 2);
-    all.vfs.szOsFile = static_cast<int>(sizeof(File)) + all.disk->szOsFile;
+    all.vfs.szOsFile = int(sizeof(File)) + all.disk->szOsFile;
     all.vfs.pNext = nullptr;
     all.vfs.zName = "unsynced";
     all.vfs.xOpen = openFile;

@@ -51,7 +51,7 @@ class FileIntake : public RunInTurn {
 
     int percentWith(qsizetype place) const override {
         const qsizetype last = order_.names.size() - 1;
-        return last > 0 ? static_cast<int>(order_.selected[place] * 100 / last) : 100;
+        return last > 0 ? int(order_.selected[place] * 100 / last) : 100;
     }
 
   private:

@@ -31,7 +31,7 @@ class FileTransfer {
         while (goesOn && progress.done < numbers_.size()) {
             progress.bytes += send(progress.done++);
             if (group_.isFull()) giveNames();
-            progress.percent = static_cast<int>(progress.done * 100 / numbers_.size());
+            progress.percent = int(progress.done * 100 / numbers_.size());
             goesOn = watch.progress(progress);
         }
         giveNames();

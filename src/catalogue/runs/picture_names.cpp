@@ -28,7 +28,7 @@ bool standsForNumber(const QString& name) {
 int numberOfFile(const QString& name) {
     const double number = std::nearbyint(numericValue(beforeFirstDot(name)));
     if (!(std::abs(number) <= std::numeric_limits<int>::max())) throw Error(u"文件名“%1”超出序号的范围。"_s.arg(name));
-    return static_cast<int>(number);
+    return int(number);
 }
 
 QString defaultPictureName(const FieldValue& code, int number) {

@@ -12,7 +12,7 @@ bool numberAnew(Recordset& records, RunWatch& watch) {
         records.Fields(u"序号"_s).SetValue(i);
         records.Update();
         records.MoveNext();
-        if (!watch.progress({static_cast<int>(qint64(i) * 100 / count), i, count})) return false;
+        if (!watch.progress({int(qint64(i) * 100 / count), i, count})) return false;
     }
     return true;
 }

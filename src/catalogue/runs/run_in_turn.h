@@ -23,7 +23,7 @@ class RunInTurn {
     virtual void open() = 0;  ///< Opens what is read and written.
     virtual Taken take(qsizetype place) = 0;
     /// How much of the run is done with this place.
-    virtual int percentWith(qsizetype place) const { return static_cast<int>((place + 1) * 100 / names_.size()); }
+    virtual int percentWith(qsizetype place) const { return int((place + 1) * 100 / names_.size()); }
 
     const QStringList& names() const { return names_; }
 

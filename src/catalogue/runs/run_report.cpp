@@ -11,7 +11,7 @@ bool isOneOf(Fate fate, std::initializer_list<Fate> fates) {
 }
 
 int takenOf(const RunReport& report) {
-    return static_cast<int>(report.placesOf({Fate::taken, Fate::withoutPicture}).size());
+    return int(report.placesOf({Fate::taken, Fate::withoutPicture}).size());
 }
 
 }  // namespace

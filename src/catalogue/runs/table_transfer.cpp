@@ -67,7 +67,7 @@ class TableTransfer {
         while (goesOn_ && progress_.done < numbers_.size() && progress_.bytes - bytesBefore < groupBytes &&
                group_.size() < groupRecords) {
             progress_.bytes += append(progress_.done++);
-            progress_.percent = static_cast<int>(progress_.done * 100 / numbers_.size());
+            progress_.percent = int(progress_.done * 100 / numbers_.size());
             goesOn_ = watch.progress(progress_);
         }
         together.commit();
@@ -96,7 +96,7 @@ class TableTransfer {
     }
 
     Recordset recordToTake(const QString& number) {
-        const auto inGroup = static_cast<int>(std::ranges::count(group_, number, &Copied::number));
+        const auto inGroup = int(std::ranges::count(group_, number, &Copied::number));
         return openChosen(album_, {table_, number, move_ ? inGroup + staying_[number] : seen_[number]++, move_});
     }
 

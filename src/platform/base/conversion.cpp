@@ -55,7 +55,7 @@ int digitValue(QChar c) {
     return lower >= u'a' && lower <= u'f' ? lower.unicode() - u'a' + 10 : 99;
 }
 
-/// What stands behind the `&` of `&H1F&` or `&O17`; nothing when no digit follows.
+/// The number behind the `&` of `&H1F&` or `&O17`; nothing when no digit follows.
 std::optional<double> takeRadixNumber(Reader& reader) {
     const int radix = reader.takeAnyCase(u'H') ? 16 : reader.takeAnyCase(u'O') ? 8 : 0;
     if (radix == 0 || digitValue(reader.peek()) >= radix) return std::nullopt;
@@ -167,7 +167,7 @@ QString plainText(double number) {
 }
 
 QString plainText(float number) {
-    return QString::number(static_cast<double>(number), 'g', 7);
+    return QString::number(double(number), 'g', 7);
 }
 
 QString dateText(const QDateTime& date, QStringView pattern) {
@@ -179,7 +179,7 @@ QString dateText(const QDateTime& date, QStringView pattern) {
         const QChar letter = pattern[i].toLower();
         qsizetype end = i;
         while (end < pattern.size() && pattern[end].toLower() == letter) ++end;
-        const int width = static_cast<int>(end - i);
+        const int width = int(end - i);
         if (letter == u'y')
             text += padded(day.year(), width);
         else if (letter == u'm')

@@ -32,8 +32,14 @@ QString thousandsText(double number, int decimals);
 QString plainText(double number);
 QString plainText(float number);
 
-/// A date with the patterns of the forms: yyyy, mm (month, or minute behind hh), dd, hh (24 hours), ss, other
-/// characters as they stand.
+/// A date and its time as the catalogue stores them, and a date alone.
+inline constexpr QStringView dateTimePattern = u"yyyy-mm-dd hh:mm:ss";
+inline constexpr QStringView datePattern = u"yyyy-mm-dd";
+/// A date and its time as the windows show them.
+inline constexpr QStringView shownDatePattern = u"yyyy年mm月dd日 hh:mm:ss";
+
+/// Writes a date in a pattern: yyyy, mm (month, or minute behind hh), dd, hh (24 hours), ss. All other characters are
+/// copied.
 QString dateText(const QDateTime& date, QStringView pattern);
 
 /// A date as people type it: 2003-10-01, 2003-10-1, 2003/10/1 or 2003年10月1日, with an optional time of day

@@ -27,8 +27,8 @@ class Error : public std::exception {
     Kind kind_;
 };
 
-/// Runs one statement and passes over its failure; tells whether it went through. Stands around single statements of
-/// a handler that goes on with the next one, never around a whole handler.
+/// Runs one statement and ignores its failure. Returns whether it succeeded. Use it around a single statement of a
+/// handler that continues with the next one, never around a whole handler.
 template <typename Step>
 bool attempt(Step&& step) {
     try {

@@ -15,8 +15,8 @@
 
 namespace {
 
-/// Behind the 512 bytes by which the engine locks. They lie at the beginning of a page of 16 KB that it never uses, so
-/// that nobody is kept from reading content where locks do that. A file need not be so long.
+/// Behind the 512 bytes by which the engine locks. They are at the beginning of a page of 16 KB that it never uses:
+/// where a lock keeps others from reading, no content is behind it. A file need not be so long.
 constexpr off_t lockedByte = 0x40000400;
 
 int openFor(int access, const QString& path) {

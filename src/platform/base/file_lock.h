@@ -2,9 +2,9 @@
 
 #include <QString>
 
-/// A lock on a file itself: it is seen under every name, link or mount that leads to the file and by every user, and
-/// ends with the process, however that ends. It stands apart from the locks of the database engine, but when it goes,
-/// the locks that the engine has on the file in this process go with it: it has to outlive every connection.
+/// A lock on a file itself: every user sees it, under every name, link or mount that leads to the file. It ends with
+/// the process, however that ends. It is no lock of the database engine. But when it goes, the engine's locks on the
+/// file in this process go too, so it has to outlive every connection.
 class FileLock {
   public:
     enum class Outcome {
@@ -18,8 +18,8 @@ class FileLock {
     FileLock(const FileLock&) = delete;
     FileLock& operator=(const FileLock&) = delete;
 
-    /// Locks the file that stands at `path` now. Whoever can only read it shares it with other readers, not with a
-    /// writer. Taken again, it stays as it is, or moves on to a file that has taken the place of the first.
+    /// Locks the file that is at `path` now. A file that can only be read is shared with other readers, not with a
+    /// writer. A second call changes nothing, unless another file is at `path` by then: it locks that one instead.
     Outcome take(const QString& path);
 
   private:

@@ -48,7 +48,7 @@ void syncFolder(const QString& path, Sync sync) {
     const int reason = errno;
     close(folder);
     errno = reason;
-    // Some file systems keep their folders on the disk by themselves and refuse to be asked.
+    // Some file systems write their folders at once and refuse this call.
     if (code != 0 && reason != EINVAL && reason != ENOTSUP) failToSync(path);
 }
 #endif

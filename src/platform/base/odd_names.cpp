@@ -81,7 +81,7 @@ QString spelt(const QByteArray& name) {
     return text;
 }
 
-/// The bytes that a stand-in stands for.
+/// The bytes of the name that a stand-in replaces.
 QByteArray bytesOf(const QString& standIn) {
     static const QRegularExpression mark(u"‹([0-9A-F]{2})›"_s);
     if (!standIn.contains(mark)) {
@@ -103,7 +103,7 @@ QByteArray joined(const QString& folder, const QByteArray& name) {
     return QFile::encodeName(folder) + '/' + name;
 }
 
-/// Whether there is such a thing, told by its kind (`S_IFREG` …), links followed.
+/// Whether the path, links followed, leads to something of this kind (`S_IFREG` …).
 bool isOfKind(const QByteArray& path, mode_t kind) {
     struct stat facts {};
     return stat(path.constData(), &facts) == 0 && (facts.st_mode & S_IFMT) == kind;

@@ -8,10 +8,9 @@
 class QDateTime;
 class QFile;
 
-/// Files and folders whose names are no text to the system, as old disks and archives bring them. No QString holds such
-/// a name: a stand-in takes its place, which is what the bytes mean in GB 18030, or else has them one by one in
-/// hexadecimal between "‹" and "›". The readers of this program take a path that ends in a stand-in for the file.
-/// On systems that keep names as text there are none.
+/// Files and folders whose names are not valid text, as old disks and archives bring them. A QString cannot hold such a
+/// name. The program shows a stand-in: the bytes read as GB 18030, or each byte in hexadecimal between "‹" and "›". Its
+/// readers accept a path that ends in a stand-in. Systems that keep names as text have no such files.
 
 struct FolderEntry {
     QString name;

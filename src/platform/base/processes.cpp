@@ -35,13 +35,13 @@ qint64 Shell(const QString& program, const QStringList& arguments) {
 
 bool isRunning(qint64 process) {
 #ifdef Q_OS_UNIX
-    // One that has ended keeps its number until somebody has asked how: `1234 (name) Z …`.
+    // A process that has ended keeps its number until its parent has asked for the result: `1234 (name) Z …`.
     QFile state(u"/proc/%1/stat"_s.arg(process));
     if (state.open(QIODevice::ReadOnly)) {
-        const QByteArray told = state.readAll();
-        return told.mid(told.lastIndexOf(')') + 2, 1) != "Z";
+        const QByteArray line = state.readAll();
+        return line.mid(line.lastIndexOf(')') + 2, 1) != "Z";
     }
-    return process > 0 && (kill(static_cast<pid_t>(process), 0) == 0 || errno != ESRCH);
+    return process > 0 && (kill(pid_t(process), 0) == 0 || errno != ESRCH);
 #else
     Q_UNUSED(process);
     return true;
@@ -52,7 +52,7 @@ void workInTheBackground() {
 #ifdef Q_OS_LINUX
     constexpr int nicest = 19;
     constexpr int oneThread = 1, lastOfTheUsualClass = (2 << 13) | 7;
-    const auto thread = static_cast<id_t>(syscall(SYS_gettid));
+    const auto thread = id_t(syscall(SYS_gettid));
     setpriority(PRIO_PROCESS, thread, nicest);
     syscall(SYS_ioprio_set, oneThread, thread, lastOfTheUsualClass);
 #endif

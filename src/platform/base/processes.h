@@ -15,5 +15,5 @@ qint64 Shell(const QString& program, const QStringList& arguments = {});
 /// Whether this computer has a process of that number that has not ended, whoever it belongs to.
 bool isRunning(qint64 process);
 
-/// The thread that calls it leaves processor and disk to all others from now on.
+/// From now on the calling thread runs only when processor and disk have nothing else to do.
 void workInTheBackground();

@@ -3,11 +3,11 @@
 #include <cmath>
 
 int roundHalfEven(double value) {
-    return static_cast<int>(std::nearbyint(value));  // the default rounding mode is to nearest, ties to even
+    return int(std::nearbyint(value));  // the default rounding mode is to nearest, ties to even
 }
 
 int pixelsFromTwips(int twips) {
-    return roundHalfEven(static_cast<double>(twips) / twipsPerPixel);
+    return roundHalfEven(double(twips) / twipsPerPixel);
 }
 
 int twipsFromPixels(int pixels) {

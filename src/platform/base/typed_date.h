@@ -20,6 +20,6 @@ int yearOfTwoDigits(int year);
 QString inPlainWidth(QString text);
 
 /// Year, month and day with separators between them, or eight or six digits in a row; a year has four digits or two.
-/// An optional time of day `hh:mm` or `hh:mm:ss` stands behind a blank or 日. Nothing when it names no day of the
+/// An optional time of day `hh:mm` or `hh:mm:ss` may follow behind a blank or 日. Nothing when it names no day of the
 /// calendar.
 std::optional<QDateTime> dateFromTyping(const QString& text);

@@ -123,7 +123,7 @@ bool UnnamedFile::takeNewName() {
         return true;
     }
 #endif
-    if (!renameNew(ownName_, path_)) return false;  // and can still replace what bears the name
+    if (!renameNew(ownName_, path_)) return false;  // `replace` may still be called
     file_.close();
     ownName_.clear();
     return true;

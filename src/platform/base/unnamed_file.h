@@ -2,13 +2,13 @@
 
 #include <QFile>
 
-/// A file that is written without a name and gets it when it is whole: nothing of it is left where the program ends
-/// before, however that comes. On a file system that knows no files without a name it has one of its own until then,
-/// `lunq-XXXXXX.part`, which goes with the object. What stands at the place meanwhile is not touched.
+/// A file that is written without a name and gets one when it is whole. If the program ends before that, for whatever
+/// reason, nothing of it is left. On a file system without unnamed files it has the name `lunq-XXXXXX.part` until then,
+/// and the object removes it. A file that has the final name meanwhile is not touched.
 class UnnamedFile {
   public:
-    /// Begins the file that is to stand at `path`. All failures are thrown as an `Error` with the text `complaint`,
-    /// in which %1 stands for the path and %2 for the reason.
+    /// Begins the file for `path`. All failures are thrown as an `Error` with the text `complaint`, in which %1 is the
+    /// path and %2 the reason.
     explicit UnnamedFile(const QString& path, QString complaint = QStringLiteral("文件“%1”不能写入：%2。"));
     ~UnnamedFile();
     UnnamedFile(const UnnamedFile&) = delete;
@@ -19,12 +19,12 @@ class UnnamedFile {
     void setRights(QFileDevice::Permissions rights);
     void sync();  ///< The bytes are on the disk then.
 
-    /// Gives the file its name; false when that is taken, by whatever it is. Synchronises nothing: many files together
-    /// are quicker on the disk (`syncFileSystemOf`, `syncFolderToDisk`) than each by itself.
+    /// Gives the file its name; false when anything has that name already. Waits for no disk: many files together are
+    /// quicker (`syncFileSystemOf`, `syncFolderToDisk`) than each by itself.
     bool takeNewName();
 
-    /// Puts the file in the place of one that bears its name, with the rights of that one. Behind a link it is the file
-    /// itself that is replaced. The bytes are on the disk before, the name is afterwards.
+    /// Replaces the file that has the name, and takes over its rights. If the name is a link, the file behind it is
+    /// replaced. The bytes reach the disk first, the name afterwards.
     void replace();
 
   private:
@@ -38,5 +38,5 @@ class UnnamedFile {
     QString path_;
     QString complaint_;
     QFile file_;
-    QString ownName_;  ///< Until it gets the one that it is to have; empty when it has none.
+    QString ownName_;  ///< Name until it gets the final one; empty for an unnamed file.
 };

@@ -29,7 +29,7 @@ QList<QWidget*> childrenOf(const QWidget* part) {
     return found;
 }
 
-/// Whether the middle of one control lies within the height of the other.
+/// Whether the middle of one control is within the height of the other.
 bool isSameRow(const QRect& a, const QRect& b) {
     const QRect& lower = a.height() < b.height() ? a : b;
     const QRect& higher = a.height() < b.height() ? b : a;
@@ -57,7 +57,7 @@ QList<QList<Stop>> cutAtGaps(QList<Stop> stops, bool intoRows) {
     return parts;
 }
 
-/// Row by row; columns that stand beside each other without common gaps one after the other.
+/// Row by row. Columns side by side whose rows do not match come one after the other.
 QList<QWidget*> inReadingOrder(const QList<Stop>& stops, bool intoRows = true, bool wasCut = true) {
     QList<QWidget*> order;
     const QList<QList<Stop>> parts = cutAtGaps(stops, intoRows);
@@ -98,7 +98,7 @@ bool needsLabel(const QWidget* control) {
            qobject_cast<const QAbstractSpinBox*>(control) != nullptr;
 }
 
-/// How far a label is from the control it stands before or above; far beyond all bounds where it does neither.
+/// How far a label is to the left of a control or above it; a very large number if it is neither.
 int distance(const QRect& label, const QRect& control) {
     const int before = control.left() - label.right();
     if (isSameRow(label, control) && before > -farthestLabel && label.left() < control.left()) return std::abs(before);
@@ -127,7 +127,7 @@ QString labelOf(const QWidget* control) {
     return name.isEmpty() && group != nullptr ? withoutMarks(group->title()) : name;
 }
 
-/// The toolkit leaves one option of each group on the way of Tab: the one that was chosen or had the focus last.
+/// The toolkit lets Tab reach one option of each group: the one that was chosen or had the focus last.
 void keepOptionsOnTheWay(const QWidget* part) {
     for (QRadioButton* option : part->findChildren<QRadioButton*>())
         if (option->focusPolicy() & Qt::ClickFocus) option->setFocusPolicy(Qt::StrongFocus);

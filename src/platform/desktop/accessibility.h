@@ -4,10 +4,9 @@
 #include <QSet>
 #include <QWidget>
 
-/// What people who use no mouse, or do not see the screen, need of every window: a control without words of its own is
-/// called by its tool tip, one with a label beside or above it by that label, and the key Tab leads through a window in
-/// the order in which the eye reads it, past every option. Listens to all windows of the application it is installed
-/// on.
+/// Helps people who use no mouse, or do not see the screen, in every window. A control without words of its own gets
+/// its accessible name from its tool tip, or from a label beside or above it. The key Tab leads through a window in the
+/// order of reading, past every option. Listens to all windows of the application it is installed on.
 class Accessibility : public QObject {
     Q_OBJECT
 
@@ -17,7 +16,7 @@ class Accessibility : public QObject {
     /// Lets Tab lead through the controls of a part, row by row, through each panel before the next one.
     static void followTheEye(QWidget* part);
 
-    /// Calls a control that nobody has given a name by the label next to it.
+    /// Gives controls without an accessible name the text of the label next to them.
     static void nameByLabels(QWidget* part);
 
   protected:
@@ -25,5 +24,5 @@ class Accessibility : public QObject {
 
   private:
     void arrangeSoon(QWidget* window);
-    QSet<QWidget*> waiting_;  ///< Windows that are arranged when the present handler has returned.
+    QSet<QWidget*> waiting_;  ///< Windows to be arranged when the present handler has returned.
 };

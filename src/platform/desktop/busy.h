@@ -4,7 +4,7 @@
 #include <QPointer>
 #include <QWidget>
 
-/// The pointer is an hourglass while the object lives: over one control (there also an arrow with an hourglass), or
+/// The pointer is an hourglass while the object lives: over one control (`shape` may be an arrow with an hourglass), or
 /// over the whole program.
 class Hourglass {
   public:
@@ -21,5 +21,5 @@ class Hourglass {
 
   private:
     bool everywhere_ = false;
-    QPointer<QWidget> control_;
+    QPointer<QWidget> control_;  ///< Null: over the whole program.
 };

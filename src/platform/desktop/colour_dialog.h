@@ -6,9 +6,9 @@
 
 class QWidget;
 
-/// Asks for a colour with a QColorDialog called `name`, in its non-native form, that starts from `present`; nothing
-/// when cancelled. `parent` may be gone then.
+/// Asks for a colour with a QColorDialog of the object name `name`, in its non-native form, that starts from `present`;
+/// nothing when cancelled. The `parent` may be gone when this returns.
 std::optional<QColor> askColour(QWidget* parent, const QString& name, const QColor& present);
 
-/// Puts `answer` in place of all colour dialogs until called again with an empty function.
+/// Lets `answer` take the place of all colour dialogs, for tests. An empty function brings them back.
 void answerColourDialogsWith(std::function<std::optional<QColor>(const QColor& present)> answer);

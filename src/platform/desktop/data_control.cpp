@@ -13,7 +13,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// A triangle that points to one side, with a bar at its tip for the first and the last record.
+/// A triangle that points to one side; a bar at its tip means the first or the last record.
 QIcon arrow(bool right, bool bar, const QColor& colour) {
     QIcon icon;
     for (const int size : {12, 24, 36}) {

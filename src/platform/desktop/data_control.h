@@ -6,8 +6,8 @@
 #include <QLabel>
 #include <functional>
 
-/// A data control: a recordset on a file, told by path and source text, with buttons that move through it. Grids and
-/// fields follow it through its signals.
+/// A data control: a recordset on a file (path and source text are its properties), with buttons that move through it.
+/// Grids and fields follow it through its signals.
 class DataControl : public QFrame {
     Q_OBJECT
 
@@ -21,10 +21,10 @@ class DataControl : public QFrame {
     const QString& RecordSource() const { return recordSource_; }
     void setRecordSource(const QString& source) { recordSource_ = source; }
 
-    /// A handle that is open already is used instead of opening its file again.
+    /// Uses a database that is open already, instead of opening the file again.
     void useDatabase(const Database& database);
 
-    /// Opens the source anew and stands on its first record. On failure the control has no records, and it throws.
+    /// Opens the source anew and goes to its first record. On failure the control has no records, and it throws.
     void Refresh();
 
     /// May be Nothing before the first successful `Refresh`.
@@ -32,14 +32,14 @@ class DataControl : public QFrame {
     /// Number of records, 0 when there is no recordset.
     int total() const;
 
-    /// Moves and tells everybody.
+    /// Moves and sends `repositioned`.
     void moveToRow(int row);
-    /// Moves for the person, unless `mayGoTo` keeps him where he is. False when it did, or there is no such record.
+    /// Moves because the person wants it, unless `mayGoTo` refuses. False when it did, or there is no such record.
     bool goTo(int row);
-    /// Asked before the person goes to a record, by the grid or the buttons; also to the one that is current, which
-    /// reads it anew. Not set: always.
+    /// Asked before the person goes to a record, by the grid or the buttons; also before going to the current record,
+    /// which reads it anew. Not set: always.
     std::function<bool(int row)> mayGoTo;
-    /// Finds as `Recordset::FindFirst` does and tells everybody; true when found.
+    /// Finds as `Recordset::FindFirst` does and sends `repositioned`; true when found.
     bool findFirst(const QString& criteria);
 
   Q_SIGNALS:
@@ -53,8 +53,8 @@ class DataControl : public QFrame {
     void leaveGap(bool forwards);
     QString databaseName_;
     QString recordSource_;
-    Database given_;
-    Database opened_;
+    Database given_;   ///< By `useDatabase`; closed where the control opens its file itself.
+    Database opened_;  ///< The database of the present records.
     ::Recordset recordset_;
-    QLabel* caption_;
+    QLabel* caption_;  ///< Text between the buttons.
 };

@@ -86,7 +86,7 @@ QString pick(QWidget* parent, const FileQuestion& question) {
         if (proposal.isDir()) {
             dialog->setDirectory(proposal.absoluteFilePath());
         } else {
-            const QDir folder = proposal.absoluteDir();  // gone, with its disk, it is no place to begin
+            const QDir folder = proposal.absoluteDir();  // the folder may be gone with its disk
             if (proposal.isAbsolute()) dialog->setDirectory(folder.exists() ? folder : QDir::home());
             dialog->selectFile(proposal.fileName());
         }

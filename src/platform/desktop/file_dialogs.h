@@ -19,9 +19,10 @@ struct FileQuestion {
 /// Path of the file that the user picked, empty when the dialog was cancelled. The patterns ignore case.
 QString askOpenFile(QWidget* parent, const QString& title, const QString& filter, const QString& proposal = {},
                     int filterIndex = 1);
-/// Path of a file that exists or does not: where something is to be kept later. Nothing is asked about it.
+/// Path of a file, new or old, for later use. An existing file is not asked about.
 QString askFilePath(QWidget* parent, const QString& title, const QString& filter, const QString& proposal = {});
 /// Asks before an existing file is overwritten.
 QString askSaveFile(QWidget* parent, const QString& title, const QString& filter, const QString& proposal = {});
 
+/// Lets `answer` take the place of all file dialogs, for tests. An empty function brings them back.
 void answerFileDialogsWith(std::function<QString(const FileQuestion&)> answer);

@@ -130,6 +130,8 @@ QStringList foldersIn(const QString& path) {
     const QDir folder(path);
     if (!folder.exists() || !folder.isReadable()) throw Error(u"不能打开文件夹[%1]。"_s.arg(path));
     QStringList names = folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    // The toolkit takes a link to a pipe or a device for a folder, too.
+    names.removeIf([&](const QString& name) { return !QFileInfo(folder.filePath(name)).isDir(); });
     sortNaturally(names);
     return names;
 }

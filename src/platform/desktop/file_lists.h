@@ -11,10 +11,10 @@ class DriveList : public QComboBox {
   public:
     explicit DriveList(QWidget* parent = nullptr);
 
-    /// Where one arrives in the chosen place: the folder that the program set last, or the place itself after the user
-    /// has chosen it. So a folder list that follows `changed` stays where it is when it leaves one place for another.
+    /// The folder to show: the one of the last `setDrive`, or the place itself after the user has chosen one. So a
+    /// folder list that follows `changed` keeps its folder when that is in another place.
     QString Drive() const { return folder_; }
-    /// Chooses the place that a path lies in.
+    /// Chooses the place that contains a path.
     void setDrive(const QString& path);
 
   Q_SIGNALS:

@@ -19,7 +19,7 @@ namespace {
 constexpr int lineHeight = 20;
 constexpr int headingPadding = 12;
 constexpr int cellPadding = 16;
-/// So many records tell how wide the contents of a column are; a column grows no wider for them than that.
+/// So many records are measured for the width of a column, and it grows no wider for them than this.
 constexpr int sampledRows = 20;
 constexpr int widestByContent = 132;
 }  // namespace
@@ -110,7 +110,7 @@ void Grid::follow() {
 int Grid::wantedWidth(int column) const {
     const QFontMetrics metrics = fontMetrics();
     QString heading = model_->spacedHeading(column);
-    const auto blanks = static_cast<int>(heading.count(u' '));
+    const auto blanks = int(heading.count(u' '));
     // A blank counts as half a Chinese character; in a proportional font it would be much narrower.
     const int headingWidth =
         metrics.horizontalAdvance(heading.remove(u' ')) + blanks * metrics.horizontalAdvance(u'中') / 2;
@@ -196,7 +196,7 @@ void Grid::focusInEvent(QFocusEvent* event) {
     if (hadNone) selectionModel()->clearCurrentIndex();
 }
 
-/// Whoever moves the highlight otherwise, such as a screen reader, moves the record as well.
+/// Other ways to move the highlight, such as a screen reader, move the record too.
 void Grid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
     if (!held_ && !mouseDown_ && current.isValid() && !isOnCurrentRecord(current)) select();

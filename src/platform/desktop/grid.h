@@ -8,8 +8,8 @@ class GridModel;
 /// A grid bound to a data control: one line a record of the current `RecordSource`, without the long-binary columns.
 /// Rows are fetched as they come into view, so an album of 100,000 records opens at once.
 ///
-/// The highlighted row is the data control's current record. A row that the person highlights, by mouse or keys,
-/// becomes that record before anybody is told; when the data control does not go there, the highlight returns.
+/// The highlighted row is the data control's current record. When the person highlights a row, by mouse or keys, the
+/// data control goes there first, and then the signals are sent. If it does not go there, the highlight returns.
 class Grid : public QTableView {
     Q_OBJECT
 
@@ -30,7 +30,7 @@ class Grid : public QTableView {
     QString cellText(int row, int column) const;
 
   Q_SIGNALS:
-    /// The person has made a row the current record, or meant the current one anew by a click or Enter.
+    /// The person has made a row the current record, or has chosen the current one again by a click or Enter.
     void rowSelected(int row);
     /// A row was clicked, or Enter pressed on it: for those who do more with a click than select. Comes after
     /// `rowSelected`.
@@ -57,10 +57,10 @@ class Grid : public QTableView {
     void applyWidths();
     int wantedWidth(int column) const;
     int contentWidth(int column) const;
-    DataControl* data_ = nullptr;
-    GridModel* model_;
+    DataControl* data_ = nullptr;  ///< Whose records are shown.
+    GridModel* model_;             ///< Reads them for the view.
     QString format_;
     bool held_ = false;       ///< The highlight moves without the record: it follows it, or has not arrived yet.
-    bool mouseDown_ = false;  ///< As long as a mouse button is, the highlight may be drawn over the rows.
+    bool mouseDown_ = false;  ///< A mouse button is down: the highlight may be drawn over the rows.
     int rowBefore_ = -1;      ///< The highlighted row when the mouse went down beside all rows, otherwise -1.
 };

@@ -85,11 +85,11 @@ int GridModel::rowCount(const QModelIndex& parent) const {
 
 int GridModel::columnCount(const QModelIndex& parent) const {
     if (parent.isValid()) return 0;
-    return static_cast<int>(columns_.empty() ? headings_.size() : columns_.size());
+    return int(columns_.empty() ? headings_.size() : columns_.size());
 }
 
 bool GridModel::isNumeric(int column) const {
-    return !columns_.empty() && isNumber(columns_[static_cast<size_t>(column)].type);
+    return !columns_.empty() && isNumber(columns_[size_t(column)].type);
 }
 
 const std::vector<FieldValue>& GridModel::values(int row) const {
@@ -104,13 +104,13 @@ const std::vector<FieldValue>& GridModel::values(int row) const {
 }
 
 const GridHeading* GridModel::heading(int column) const {
-    const auto place = static_cast<size_t>(column);
+    const auto place = size_t(column);
     return place < headings_.size() ? &headings_[place] : nullptr;
 }
 
 QString GridModel::spacedHeading(int column) const {
     const GridHeading* found = heading(column);
-    return found != nullptr ? found->spaced : columns_[static_cast<size_t>(column)].name;
+    return found != nullptr ? found->spaced : columns_[size_t(column)].name;
 }
 
 Qt::Alignment GridModel::alignment(int column) const {
@@ -124,7 +124,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::TextAlignmentRole) return QVariant::fromValue(alignment(index.column()));
     if (role != Qt::DisplayRole) return {};
     const std::vector<FieldValue>& row = values(index.row());
-    const auto field = static_cast<size_t>(columns_[static_cast<size_t>(index.column())].field);
+    const auto field = size_t(columns_[size_t(index.column())].field);
     return field < row.size() ? cellTextOf(row[field]) : QString();
 }
 
@@ -133,5 +133,5 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     if (role == Qt::TextAlignmentRole) return QVariant::fromValue(alignment(section));
     if (role != Qt::DisplayRole) return {};
     const GridHeading* found = heading(section);
-    return found != nullptr ? found->caption : columns_[static_cast<size_t>(section)].name;
+    return found != nullptr ? found->caption : columns_[size_t(section)].name;
 }

@@ -28,7 +28,7 @@ class GridModel : public QAbstractTableModel {
     void setHeadings(std::vector<GridHeading> headings);
 
     void reload();    ///< Takes columns and number of records from the data control.
-    void clear();     ///< Without records the headings stand alone.
+    void clear();     ///< Only the headings remain.
     void dropRows();  ///< Records are read anew; follows a changed number of records.
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -52,7 +52,7 @@ class GridModel : public QAbstractTableModel {
     const GridHeading* heading(int column) const;
     Qt::Alignment alignment(int column) const;
 
-    QPointer<DataControl> data_;
+    QPointer<DataControl> data_;  ///< Whose records are shown.
     std::vector<GridHeading> headings_;
     std::vector<Column> columns_;
     int total_ = 0;

@@ -12,7 +12,7 @@ bool isEnter(const QKeyEvent& event) {
     return isKey && (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
 }
 
-/// Nothing when the object is no button, or stands in a dialog.
+/// Null when the object is no button, or is in a dialog.
 QAbstractButton* buttonOfWindow(QObject* watched) {
     auto* button = qobject_cast<QAbstractButton*>(watched);
     return button != nullptr && qobject_cast<QDialog*>(button->window()) == nullptr ? button : nullptr;
@@ -22,7 +22,7 @@ QAbstractButton* buttonOfWindow(QObject* watched) {
 
 bool Habits::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Wheel && qobject_cast<QComboBox*>(watched) != nullptr) {
-        // Open, its list is a window of its own and scrolls. What lies below the box may scroll as well.
+        // The open list is a window of its own and scrolls. The surface under the box may scroll too.
         event->ignore();
         return true;
     }

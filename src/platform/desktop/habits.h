@@ -2,9 +2,9 @@
 
 #include <QObject>
 
-/// What keys and wheel do alike in all windows: Enter presses the button that has the focus, and the wheel never
-/// changes a combo box. Dialogs of the toolkit keep their own keys, among them the default button. Listens to all
-/// windows of the application it is installed on.
+/// Keys and wheel that work alike in all windows: Enter presses the button that has the focus, and the wheel never
+/// changes a combo box. Dialogs of the toolkit keep their own keys, such as Enter for the default button. Listens to
+/// all windows of the application it is installed on.
 class Habits : public QObject {
     Q_OBJECT
 

@@ -13,8 +13,7 @@ ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
     setUniformItemSizes(true);
     setMovement(QListView::Static);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
-    // Not the frame: what it does not handle goes up to the form, which would take a move there for one beside the
-    // list.
+    // Not the frame: its events go up to the form, which would think that the mouse is beside the list.
     viewport()->setMouseTracking(true);
     connect(this, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* line) {
         afterDoubleClick_ = true;
@@ -63,7 +62,7 @@ void ListBox::resizeEvent(QResizeEvent* event) {
 }
 
 void ListBox::focusInEvent(QFocusEvent* event) {
-    // The toolkit makes the first line the current one as soon as the list has the focus; nobody has chosen it.
+    // The toolkit makes the first line the current one as soon as the list has the focus, though nobody has chosen it.
     const bool hadNone = currentRow() < 0;
     const QSignalBlocker silence(this);
     QListWidget::focusInEvent(event);

@@ -2,7 +2,7 @@
 
 #include <QListWidget>
 
-/// A list box: lines of text, told by index. The mouse events are those that the forms listen to.
+/// A list box: lines of text, known by index from 0. It sends the mouse events that the forms listen to.
 class ListBox : public QListWidget {
     Q_OBJECT
 
@@ -13,7 +13,7 @@ class ListBox : public QListWidget {
     int ListIndex() const { return currentRow(); }
     QString List(int index) const { return item(index)->text(); }
     void AddItem(const QString& text) { addItem(text); }
-    /// The lines stand in that many columns of equal width; 1 is a plain list.
+    /// Lays the lines out in that many columns of equal width; 1 is a plain list.
     void setColumns(int columns);
     int columns() const { return columns_; }
 

@@ -1,5 +1,7 @@
 #include "platform/desktop/look_style.h"
 
+#include "platform/desktop/theme.h"
+
 #include <QPainter>
 #include <QPainterPath>
 #include <functional>
@@ -8,7 +10,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const QColor accent(0x1f, 0x6f, 0x8b);
 const QColor amber(0xd9, 0x8a, 0x1c);
 const QColor brick(0xb8, 0x3a, 0x2f);
 const QColor folder(0xe3, 0xb9, 0x66);
@@ -56,10 +57,10 @@ void openFolder(QPainter& painter) {
 }
 
 void drive(QPainter& painter) {
-    painter.setPen(QPen(QColor(0x6f, 0x69, 0x5e), 1.6));
-    painter.setBrush(QColor(0xe4, 0xde, 0xd3));
+    painter.setPen(QPen(theme::shade, 1.6));
+    painter.setBrush(theme::groove);
     painter.drawRoundedRect(QRectF(3, 9, 26, 14), 3, 3);
-    painter.setPen(QPen(accent, 3, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(theme::accent, 3, Qt::SolidLine, Qt::RoundCap));
     painter.drawPoint(QPointF(24, 18));
 }
 
@@ -82,9 +83,9 @@ QIcon drawn(const Sign& sign) {
 QIcon ownSign(QStyle::StandardPixmap sign) {
     switch (sign) {
         case QStyle::SP_MessageBoxQuestion:
-            return drawn(letterOnDisc(accent, u"?"_s));
+            return drawn(letterOnDisc(theme::accent, u"?"_s));
         case QStyle::SP_MessageBoxInformation:
-            return drawn(letterOnDisc(accent, u"i"_s));
+            return drawn(letterOnDisc(theme::accent, u"i"_s));
         case QStyle::SP_MessageBoxCritical:
             return drawn(letterOnDisc(brick, u"×"_s));
         case QStyle::SP_MessageBoxWarning:

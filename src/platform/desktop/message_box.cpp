@@ -66,7 +66,7 @@ int show(QWidget* parent, const BoxText& text) {
     box->exec();
     if (!box) return text.onEscape;
     const QAbstractButton* clicked = box->clickedButton();
-    const auto given = clicked == nullptr ? text.onEscape : static_cast<int>(text.answers.indexOf(clicked->text()));
+    const auto given = clicked == nullptr ? text.onEscape : int(text.answers.indexOf(clicked->text()));
     delete box;
     return given;
 }
@@ -91,12 +91,12 @@ int choose(QWidget* parent, const QString& text, const QStringList& answers, int
 }
 
 Unsaved askAboutUnsaved(QWidget* parent, const QString& text) {
-    return static_cast<Unsaved>(choose(parent, text, {u"保存"_s, u"不保存"_s, u"继续编辑"_s}, 2, 2));
+    return Unsaved(choose(parent, text, {u"保存"_s, u"不保存"_s, u"继续编辑"_s}, 2, 2));
 }
 
 namespace {
 
-/// What is shown beside a modal box or dialog could be neither read in peace nor closed.
+/// While a modal box or dialog is open, a second box could neither be read in peace nor closed.
 void showWhenNothingWaits(const BoxText& text) {
     if (QApplication::activeModalWidget() != nullptr) {
         QTimer::singleShot(modalPatienceMs, qApp, [text] { showWhenNothingWaits(text); });

@@ -45,12 +45,12 @@ enum class Unsaved { save, discard, keepEditing };
 /// Asks what becomes of changes that are not saved: "保存", "不保存" or "继续编辑". Enter and Escape keep editing.
 Unsaved askAboutUnsaved(QWidget* parent, const QString& text);
 
-/// Says something beside everything else: the program goes on, and no caller waits for the button. The box comes when
-/// no other one and no dialog is open, stays above all windows and goes with the program.
+/// Says something without waiting for the button: the program goes on. The box appears when no other box or dialog is
+/// open, stays above all windows and closes with the program.
 void tell(const QString& text, BoxIcon icon = BoxIcon::exclamation, const QString& title = usualBoxTitle);
 
-/// Puts `answer` in place of all message boxes until called again with an empty function. Its result is what `ask`
-/// returns; for `choose` true is the first answer and false the one that Escape gives.
+/// Lets `answer` take the place of all message boxes, for tests. An empty function brings them back. Its result is what
+/// `ask` returns; for `choose` true is the first answer and false the one that Escape gives.
 void answerBoxesWith(std::function<bool(const BoxText&)> answer);
 /// The same, with the place of the answer in `BoxText::answers`.
 void chooseInBoxesWith(std::function<int(const BoxText&)> answer);

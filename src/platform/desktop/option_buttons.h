@@ -3,8 +3,8 @@
 #include <QRadioButton>
 #include <span>
 
-/// Makes option buttons a group of their own, at most one of them chosen, whatever other options stand around them.
-/// Left to itself the toolkit takes all options below one parent for one group, those in frames on it too.
+/// Makes option buttons a group of their own, of which at most one is chosen. Without this the toolkit takes all
+/// options below one parent for one group, those in its frames too.
 void groupOptions(std::span<QRadioButton* const> options);
 
 /// Makes an option of such a group the unchosen one again, so that none of the group is chosen.

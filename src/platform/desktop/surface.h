@@ -3,8 +3,8 @@
 #include <QFrame>
 #include <QPoint>
 
-/// A picture surface: a plain panel that other controls stand on. As a small dialog inside a window it can be moved by
-/// dragging it with the mouse.
+/// A picture surface: a plain panel for other controls. As a small dialog inside a window it can be dragged with the
+/// mouse.
 class Surface : public QFrame {
     Q_OBJECT
 

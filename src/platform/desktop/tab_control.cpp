@@ -38,7 +38,7 @@ bool isHiddenOnPurpose(const QWidget* control) {
 
 TabControl::TabControl(QWidget* parent) : QTabWidget(parent) {
     setTabBar(new Strip(this));
-    // Whatever the style, strip and pages share the left edge and nothing stands between them.
+    // In every style, strip and pages have the same left edge, and nothing between them.
     setStyleSheet(
         u"QTabWidget::pane { border: 0px; margin: 0px; padding: 0px; top: 0px; }"
         "QTabWidget::tab-bar { left: 0px; }"_s);
@@ -71,7 +71,7 @@ bool TabControl::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseMove) {
         const auto* part = static_cast<QWidget*>(watched);
         const QPoint at = part->mapTo(this, static_cast<QMouseEvent*>(event)->position().toPoint());
-        // What a part passes on to its parent was told already.
+        // An event that a part passes on to its parent was reported already.
         if (part != this || childAt(at) == nullptr)
             Q_EMIT mouseMovedAt(twipsFromPixels(at.x()), twipsFromPixels(at.y()));
     }

@@ -2,8 +2,8 @@
 
 #include <QTabWidget>
 
-/// A tab control whose pages carry controls placed in twips, told from the upper left corner of the tab control itself
-/// (so they begin below the strip of captions). A shared control is put on the page in front by `putOn`.
+/// A tab control. Controls on its pages are placed in twips from the upper left corner of the tab control itself, the
+/// strip of captions included. `putOn` also brings a shared control to the page in front.
 class TabControl : public QTabWidget {
     Q_OBJECT
 

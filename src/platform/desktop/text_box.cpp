@@ -5,7 +5,7 @@
 #include <limits>
 
 namespace {
-/// What lies below a caption shimmers through.
+/// The picture below a caption shimmers through.
 constexpr int captionOpacity = 215;
 
 /// Whether the focus goes elsewhere for a while only: to another window, a menu or a list that has popped up.

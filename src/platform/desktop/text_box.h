@@ -13,8 +13,8 @@ class TextBox : public QLineEdit {
     void setLocked(bool on);  ///< Locked: shows its text in a muted way and takes no typing; can still have the focus.
     bool isLocked() const { return isReadOnly(); }
 
-    /// Typing stops at so many characters; 0 takes it away. What is pasted stays whole, so that nobody loses the end of
-    /// a text without a word: whoever stores it looks at `isTooLong`.
+    /// Typing stops at so many characters; 0: no limit. A pasted text stays whole, so that nobody loses its end without
+    /// a word: check `isTooLong` before you store it.
     void setTypingLimit(int characters) { typingLimit_ = characters; }
     int typingLimit() const { return typingLimit_; }
     bool isTooLong() const { return typingLimit_ > 0 && text().size() > typingLimit_; }

@@ -6,9 +6,9 @@
 #include <QToolButton>
 #include <functional>
 
-/// A tool bar whose buttons are known by key. Each button shows the icon of its image key, which is its key until a
-/// state changes it: the image is what the program reads back as the state. Buttons are QToolButtons named by
-/// the bar's own object name, a colon and the key: the bar gets its name first. The owner places them.
+/// A tool bar whose buttons are known by key. Each button shows the icon of its image key, at first the same as its
+/// key. The program changes the image with a state, and reads it back as the state. Buttons are QToolButtons named by
+/// the bar's object name, a colon and the key, so the bar needs its name first. The owner places them.
 class ToolBar : public QFrame {
     Q_OBJECT
 

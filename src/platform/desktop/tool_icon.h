@@ -2,7 +2,7 @@
 
 #include <QIcon>
 
-/// The ground that an icon stands on.
+/// The ground behind an icon.
 enum class IconGround { light, dark };
 
 /// The icon of a tool-bar image key, `:/icons/<key>.svg`; an empty icon where there is none. On a dark ground the dark

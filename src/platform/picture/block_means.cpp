@@ -100,7 +100,7 @@ bool MeansReader::prepare() {
     Tables<DetailTable> details(codec_.ac_huff_tbl_ptrs);
     for (int i = 0; i < codec_.num_components; ++i) {
         const jpeg_component_info& component = codec_.comp_info[i];
-        // Only the brightness may be finer than the rest; where it stands alone, its blocks follow each other singly.
+        // Only the brightness may be finer than the colours; without colours its blocks follow each other singly.
         Colour colour{.across = isGrey ? 1 : component.h_samp_factor, .down = isGrey ? 1 : component.v_samp_factor};
         const int most = i == 0 ? 2 : 1;
         if (codec_.cur_comp_info[i] != &component || colour.across > most || colour.down > most) return false;

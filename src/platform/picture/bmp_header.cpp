@@ -28,18 +28,19 @@ std::optional<BmpHeader> bmpHeader(QByteArrayView beginning) {
     if (beginning.size() < endOfOldest || !beginning.startsWith("BM")) return {};
     BmpHeader header{.length = numberAt<quint32>(beginning, 14),
                      .pixels = {},
+                     .depth = 0,
                      .pixelOffset = numberAt<quint32>(beginning, 10),
                      .pixelBytes = 0};
     const bool isOldest = header.length == oldest;
     if (!isOldest && beginning.size() < BmpHeader::needed) return {};
     header.pixels = isOldest ? QSize(numberAt<quint16>(beginning, 18), numberAt<qint16>(beginning, 20))
                              : QSize(numberAt<qint32>(beginning, 18), numberAt<qint32>(beginning, 22));
-    const int depth = numberAt<quint16>(beginning, isOldest ? 24 : 28);
+    header.depth = numberAt<quint16>(beginning, isOldest ? 24 : 28);
     const bool isKnown =
-        std::ranges::count(knownLengths, header.length) > 0 && std::ranges::count(knownDepths, depth) > 0;
+        std::ranges::count(knownLengths, header.length) > 0 && std::ranges::count(knownDepths, header.depth) > 0;
     if (!isKnown || header.pixels.width() <= 0 || header.pixels.height() == 0) return {};
 
     const bool isRunLength = !isOldest && std::ranges::count(runLengths, numberAt<quint32>(beginning, 30)) > 0;
-    header.pixelBytes = isRunLength ? numberAt<quint32>(beginning, 34) : pixelBytes(header.pixels, depth);
+    header.pixelBytes = isRunLength ? numberAt<quint32>(beginning, 34) : pixelBytes(header.pixels, header.depth);
     return header;
 }

@@ -7,6 +7,8 @@
 #include <QImageReader>
 #include <QtEndian>
 #include <algorithm>
+#include <array>
+#include <bit>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -52,7 +54,38 @@ class LongerHeader : public QIODevice {
     QByteArray head_;
 };
 
-Picture decodedBmp(QIODevice& device, const QString& name) {
+/// Bits of red, green and blue in a pixel of the file.
+using ColourBits = std::array<int, 3>;
+constexpr ColourBits wholeBytes{8, 8, 8};
+
+ColourBits colourBits(QIODevice& device, const BmpHeader& header) {
+    constexpr qsizetype compressionAt = 30, masksAt = 54, masksEnd = 66;
+    constexpr quint32 firstWithMasks = 3;
+    const QByteArray beginning = device.peek(masksEnd);
+    if ((header.depth != 16 && header.depth != 32) || beginning.size() < masksEnd) return wholeBytes;
+    const auto numberAt = [&](qsizetype at) { return qFromLittleEndian<quint32>(beginning.data() + at); };
+    if (numberAt(compressionAt) < firstWithMasks) return header.depth == 16 ? ColourBits{5, 5, 5} : wholeBytes;
+    ColourBits bits{};
+    for (size_t i = 0; i < bits.size(); ++i) bits[i] = std::max(1, std::popcount(numberAt(masksAt + 4 * qsizetype(i))));
+    return bits;
+}
+
+/// The toolkit leaves the lower bits of a shade 0 where the file has fewer than eight: white would be grey. They become
+/// a copy of the upper ones.
+void fillLowerBits(QImage& image, const ColourBits& bits) {
+    const auto filled = [](int shade, int known) {
+        for (; known < 8; known *= 2) shade |= shade >> known;
+        return shade;
+    };
+    for (int y = 0; y < image.height(); ++y) {
+        auto* const row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        std::transform(row, row + image.width(), row, [&](QRgb pixel) {
+            return qRgb(filled(qRed(pixel), bits[0]), filled(qGreen(pixel), bits[1]), filled(qBlue(pixel), bits[2]));
+        });
+    }
+}
+
+Picture decodedBmp(QIODevice& device, const ColourBits& bits, const QString& name) {
     // Ours depends on the computer. Set once: several threads read pictures.
     static const bool isUnlimited = (QImageReader::setAllocationLimit(0), true);
     Q_UNUSED(isUnlimited);
@@ -61,7 +94,7 @@ Picture decodedBmp(QIODevice& device, const QString& name) {
     const QSize pixels(stored.width(), qAbs(stored.height()));  // Negative when the rows run downwards.
     checkSides(pixels, name);
     checkSubstance(pixels, device.size(), name);
-    const qint64 bytes = imageBytes(pixels) * 5 / 4;  // One of few colours is held beside what becomes of it.
+    const qint64 bytes = imageBytes(pixels) * 5 / 4;  // A picture of few colours and its decoded copy are held at once.
     checkMemory(bytes, pixels, name);
     const MemoryShare share(bytes);
 
@@ -69,6 +102,7 @@ Picture decodedBmp(QIODevice& device, const QString& name) {
     if (!reader.read(&image)) refusePicture(name, u"图片已损坏"_s);
     image.convertTo(QImage::Format_RGB32);
     if (image.isNull()) refusePicture(name, u"内存不足"_s);
+    if (std::ranges::any_of(bits, [](int count) { return count < 8; })) fillLowerBits(image, bits);
     return Picture(image);
 }
 
@@ -80,7 +114,8 @@ Picture readBmp(QIODevice& device, const QString& name) {
     if (!header && beginning.size() < BmpHeader::needed) refusePicture(name, u"图片数据不完整"_s);
     if (!header) refusePicture(name, u"图片已损坏，或是不支持的 BMP 格式"_s);
     if (header->pixelOffset >= device.bytesAvailable()) refusePicture(name, u"图片数据不完整"_s);
-    if (!isUnknownToToolkit(header->length)) return decodedBmp(device, name);
+    const ColourBits bits = colourBits(device, *header);
+    if (!isUnknownToToolkit(header->length)) return decodedBmp(device, bits, name);
     LongerHeader known(device, header->length);
-    return decodedBmp(known, name);
+    return decodedBmp(known, bits, name);
 }

@@ -4,12 +4,11 @@
 #include <QImage>
 #include <QSize>
 
-/// How a stored picture has to be turned to stand upright: the EXIF values 1 (as it is) to 8.
+/// How a stored picture has to be turned to be upright: the EXIF values 1 (as it is) to 8.
 using Orientation = int;
 inline constexpr Orientation uprightOrientation = 1;
 
-/// The orientation that an APP1 segment (without its marker and length) tells; upright when it is none of EXIF or
-/// damaged.
+/// The orientation in an APP1 segment (without its marker and length); upright when the segment is damaged or not EXIF.
 Orientation orientationFromApp1(QByteArrayView segment);
 
 /// The JPEG bytes of the small picture that such a segment carries; none when it carries none, or damaged ones.

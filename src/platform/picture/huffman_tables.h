@@ -67,7 +67,7 @@ class MeanTable {
     HuffmanCodes codes_;
 };
 
-/// Passes over what follows the mean of a block, several codes and their values at a time.
+/// Skips what follows the mean of a block, several codes and their values at a time.
 class DetailTable {
   public:
     bool assign(const JHUFF_TBL& table);
@@ -101,7 +101,7 @@ class DetailTable {
   private:
     static constexpr int mostValueBits = 10;
     static constexpr int toEnd = 128;     ///< Places of the code that ends a block.
-    static constexpr int unknown = 0xFF;  ///< Places, where no whole code lies in the bits.
+    static constexpr int unknown = 0xFF;  ///< Places, when the bits hold no whole code.
 
     struct Step {
         quint8 bits = 0;  ///< With those of the values; 26 at most.

@@ -178,7 +178,7 @@ qint64 JpegReader::bytesToHold(Orientation orientation) {
     return bytes;
 }
 
-/// At an eighth an ordinary picture is read without the library. What is not ordinary it gets from the start.
+/// At an eighth an ordinary picture is read without the library. Any other one the library reads from the start.
 bool JpegReader::readMeans(QImage& image) {
     if (codec_.scale_num != 1 || !source_.canGoBack()) return false;
     const qint64 start = source_.position();

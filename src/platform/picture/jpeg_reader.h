@@ -2,6 +2,6 @@
 
 #include "platform/picture/picture.h"
 
-/// Decodes a JPEG picture from an open device, piece by piece. A picture whose
-/// data ends early shows what is there. Throws `Error` with `name` when nothing can be shown.
+/// Decodes a JPEG picture from an open device, piece by piece. A picture whose data ends early shows what is there.
+/// Throws `Error` with `name` when nothing can be shown.
 Picture readJpeg(QIODevice& device, const QString& name, QSize target);

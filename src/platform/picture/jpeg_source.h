@@ -26,7 +26,7 @@ class JpegSource {
     qint64 size() const { return device_.size(); }
     /// The next bytes of the file, to be read past the library; empty at its end. Valid until the next call.
     QByteArrayView take();
-    /// What has been read up to now, and the way back to there.
+    /// The place up to which the data has been read, and the way back to there.
     bool canGoBack() const { return !device_.isSequential(); }
     qint64 position() const { return device_.pos() - qint64(manager_.base.bytes_in_buffer); }
     void goBackTo(qint64 position);

@@ -22,10 +22,13 @@ int Picture::Height() const {
 
 int hiMetricFromPixels(int pixels) {
     constexpr double unitsPerPixel = 2540.0 / 96.0;
-    constexpr double readersDivisor = 26.455;
-    const int lowest = int(std::ceil(pixels * readersDivisor));
-    const int highest = int(std::ceil((pixels + 1) * readersDivisor)) - 1;
+    const int lowest = int(std::ceil(pixels * hiMetricPerPixel));
+    const int highest = int(std::ceil((pixels + 1) * hiMetricPerPixel)) - 1;
     return qBound(lowest, int(std::lround(pixels * unitsPerPixel)), highest);
+}
+
+int pixelsFromHiMetric(int length) {
+    return int(std::floor(length / hiMetricPerPixel));
 }
 
 Picture LoadPicture(QIODevice& device, const QString& name, QSize target) {

@@ -6,8 +6,8 @@
 #include <QSize>
 #include <QString>
 
-/// A decoded picture. Its size is that of the whole picture in pixels, as it stands upright, even when the image in
-/// memory was decoded smaller for a small target.
+/// A decoded picture. Its size is that of the whole upright picture in pixels, even when the image in memory was
+/// decoded smaller for a small target.
 class Picture {
   public:
     Picture() = default;
@@ -30,9 +30,16 @@ class Picture {
 /// The longest side of a picture in pixels; larger ones are refused.
 inline constexpr int longestPictureSide = 32767;
 
-/// HiMetric units of a length in pixels: pixels * 2540 / 96, rounded to the nearest unit from which `Int(units
-/// / 26.455)` gives the pixels again. Plain rounding would make 74 of 75 pixels, and 8001 of 8000.
+/// HiMetric units of one pixel, as all sizes in albums are computed. An inch has 2540 units and 96 pixels, which makes
+/// 26.458; the divisor is a little smaller, so that cutting off the fraction seldom loses a pixel.
+inline constexpr double hiMetricPerPixel = 26.455;
+
+/// HiMetric units of a length in pixels: pixels * 2540 / 96, rounded to the nearest unit from which
+/// `pixelsFromHiMetric` gives the pixels again. Plain rounding would make 74 of 75 pixels, and 8001 of 8000.
 int hiMetricFromPixels(int pixels);
+
+/// Whole pixels of a HiMetric length: Int(length / 26.455).
+int pixelsFromHiMetric(int length);
 
 /// Decodes a BMP or JPEG file, upright by its EXIF orientation. With a `target` in device pixels, a larger picture is
 /// decoded at a reduced scale that still covers the target box (keeping its shape), which is much quicker.
@@ -43,12 +50,12 @@ Picture LoadPicture(const QString& path, QSize target = {});
 Picture LoadPicture(QIODevice& device, const QString& name, QSize target = {});
 Picture LoadPicture(const QByteArray& bytes, const QString& name, QSize target = {});
 
-/// The picture at exactly the size of a target that is smaller than it in both directions, so that showing it there
-/// costs nothing any more; any other picture as it is.
+/// The picture scaled to exactly the target, when that is smaller in both directions: painting it then costs no
+/// scaling. Any other picture as it is.
 Picture shrunkTo(const Picture& picture, QSize target);
 
-/// Writes a JPEG file. The file is written beside its place first and renamed over it, so a failure leaves what was
-/// there. Transparent parts become white. Throws `Error` that names the file.
+/// Writes a JPEG file. A new file is written first and then takes the name, so a failure leaves the old one as it was.
+/// Transparent parts become white. Throws `Error` that names the file.
 void saveJpeg(const QImage& image, const QString& path, int quality);
 
 /// The bytes of such a file. Throws `Error` when there is no picture, or one too large for the format.

@@ -64,7 +64,7 @@ class Bytes {
 
 constexpr int endOfImage = 0xD9, startOfScan = 0xDA;
 
-/// Within a scan FF stands before 0 as itself, and before the marks between which a damaged part can be left out.
+/// Within a scan FF 00 means the byte FF. FF also begins the restart marks, at which a decoder can go on after damage.
 bool belongsToScan(int marker) {
     return marker == 0 || (marker >= 0xD0 && marker <= 0xD7);
 }
@@ -80,7 +80,7 @@ int nextMarker(Bytes& bytes) {
     return marker;
 }
 
-/// Segment after segment up to the end of the image: thumbnails, which have an end of their own, lie within segments.
+/// Segment after segment up to the end of the image. Thumbnails, which have an end mark too, are inside segments.
 PictureBytes jpegBytes(Bytes bytes) {
     bool isScanSeen = false;
     bytes.skip(2);

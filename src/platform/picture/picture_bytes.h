@@ -4,16 +4,16 @@
 #include <QIODevice>
 #include <QString>
 
-/// What bytes that should be a picture are worth, told from headers, segments and where they end.
+/// Whether bytes are a whole picture, judged by headers, segments and their end.
 enum class PictureBytes {
     whole,
     truncated,    ///< The beginning of a BMP or JPEG whose end is missing.
     notAPicture,  ///< Neither BMP nor JPEG.
 };
 
-/// Looks at the bytes from where the device stands, once from front to back, and decodes nothing: much quicker than
-/// loading. What lies behind the picture counts for nothing, be it zeros or a second picture. Throws `Error` that calls
-/// the picture `name` when the device fails.
+/// Reads the device once, from its present place to the end of the picture, and decodes nothing: much quicker than
+/// loading. Bytes behind the picture do not matter, be they zeros or a second picture. Throws `Error` that calls the
+/// picture `name` when the device fails.
 PictureBytes pictureBytes(QIODevice& device, const QString& name);
 PictureBytes pictureBytes(const QByteArray& bytes);
 

@@ -21,8 +21,8 @@ constexpr int longestSide = 1024;
 template <typename IsWanted>
 QByteArrayView segmentOf(QByteArrayView file, const IsWanted& isWanted) {
     for (qsizetype at = markerLength; at + markerLength + lengthLength <= file.size();) {
-        const auto marker = static_cast<uchar>(file[at + 1]);
-        if (static_cast<uchar>(file[at]) != 0xFF || marker == startOfScan) return {};
+        const auto marker = uchar(file[at + 1]);
+        if (uchar(file[at]) != 0xFF || marker == startOfScan) return {};
         const qsizetype length = qFromBigEndian<quint16>(file.data() + at + markerLength);
         const qsizetype begin = at + markerLength + lengthLength;
         const qsizetype end = at + markerLength + length;

@@ -2,7 +2,7 @@
 
 #include "platform/picture/picture.h"
 
-/// Within so many bytes from the beginning of a JPEG file lies the small picture of itself that a camera puts into it.
+/// The small picture of itself that a camera puts into a JPEG file is within so many bytes of the beginning.
 inline constexpr qint64 previewReach = 72 * 1024;
 
 /// That small picture, upright, from the first `previewReach` bytes of a file (or all of them); a null one where there

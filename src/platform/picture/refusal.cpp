@@ -46,7 +46,7 @@ void checkMemory(qint64 bytes, QSize pixels, const QString& name) {
 
 qint64 pictureMemoryLimit() {
 #ifdef Q_OS_UNIX
-    // The system grants more memory than it has and ends the program that uses it, so asking is no test.
+    // The system promises more memory than it has and ends the program that uses it. So trying to get it is no test.
     static const qint64 half = qint64(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE) / 2;
     return qBound(gigabyte / 2, half, 4 * gigabyte);
 #else

@@ -9,15 +9,14 @@
 /// Refuses a picture with a side of 0 or above `longestPictureSide`.
 void checkSides(QSize pixels, const QString& name);
 
-/// Refuses a large picture of which there are fewer bytes than one of a single colour needs: decoding what a few bytes
-/// claim to be would take as long as decoding what they claim.
+/// Refuses a large picture with fewer bytes than even one of a single colour needs: decoding it would take as long as a
+/// real picture of the size that its header claims.
 void checkSubstance(QSize pixels, qint64 bytes, const QString& name);
 
 /// Bytes of an image in memory.
 qint64 imageBytes(QSize pixels);
 
-/// Refuses a picture when all that is held at once to decode it would take more memory than this computer can
-/// reasonably give.
+/// Refuses a picture when decoding it takes more bytes of memory than this computer can reasonably give.
 void checkMemory(qint64 bytes, QSize pixels, const QString& name);
 
 /// Bytes that decoding one picture may take.

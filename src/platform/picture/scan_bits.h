@@ -5,7 +5,7 @@
 
 class JpegSource;
 
-/// Where the reading of coded bits stands: the next bits, the first of them on top, and the bytes behind them.
+/// A place in coded bits: the next bits, the first of them on top, and the bytes behind them.
 struct BitCursor {
     quint64 word = 0;
     int count = 0;  ///< Bits of `word` that are taken in.
@@ -54,7 +54,7 @@ class ScanBits {
     JpegSource& source_;
     const uchar* file_ = nullptr;  ///< What the source gave, as far as it is not taken yet.
     const uchar* fileEnd_ = nullptr;
-    bool markBefore_ = false;  ///< The last byte was 0xFF: the next one tells what it means.
+    bool markBefore_ = false;  ///< The last byte was 0xFF: the next one decides what it means.
     bool ended_ = false;
     uchar marker_ = 0;  ///< At which the bits end; 0 at the end of the file.
     std::array<uchar, 8192 + longestBlock> bytes_;

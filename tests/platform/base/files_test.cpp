@@ -118,7 +118,7 @@ class FilesTest : public QObject {
         QCOMPARE(systemReason(file.errorString()), u"文件或文件夹不存在"_s);
     }
 
-    /// What is written shortly before the end may still wait in memory: only the flush tells that it has no room.
+    /// The last bytes may still be in memory: only the flush finds out that the disk has no room for them.
     void bytesThatFindNoRoom() {
         QFile file(folder_.filePath(u"满.jpg"_s));
         const FullDisk full(1000);

@@ -92,7 +92,7 @@ class FilesTest : public QObject {
     }
 
     void spoiltPictureLeavesTheOthersReadable() {
-        const auto letter = [](int i) { return static_cast<char>('x' + i); };
+        const auto letter = [](int i) { return char('x' + i); };
         for (int i = 0; i < 3; ++i) album_->add(10 + i, u"b"_s, u"2003-10-02"_s, QByteArray(100000, letter(i)));
         // Such a page is the number of the next one and then nothing but the value.
         constexpr qsizetype pageSize = 16384;
@@ -133,7 +133,7 @@ class FilesTest : public QObject {
         QTest::newRow("somebody else's") << u"PRAGMA application_id = 1;"_s;
     }
 
-    /// However much space lies free in it.
+    /// However much free space it has.
     void readingLeavesAFileAsItIs() {
         QFETCH(QString, setting);
         album_->add(4, u"b"_s, u"2003-10-02"_s, QByteArray(20000000, 'q'));
@@ -225,7 +225,7 @@ class FilesTest : public QObject {
         QCOMPARE(album_->remark(1), u"后"_s);
     }
 
-    /// What is told to be stored is on the disk: where that cannot be waited for, it is not stored.
+    /// A change that succeeds is on the disk: when the disk does not confirm it, the change fails.
     void changesWaitForTheDisk() {
         album_->database = {};
         FailingDisk disk;
@@ -274,7 +274,7 @@ class FilesTest : public QObject {
         set.Delete();
         set.MoveLast();
         change(set, u"图片"_s, QByteArray(25000000, 'n'));
-        // What lies on the disk in the midst of a change is what a killed program leaves.
+        // The files in the middle of a change are those that a killed program leaves.
         const QString copy = album_->folder.filePath(u"copy.mdb"_s);
         QVERIFY(QFile::copy(album_->path(), copy));
         QVERIFY(QFile::copy(album_->path() + u"-journal"_s, copy + u"-journal"_s));

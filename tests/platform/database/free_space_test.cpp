@@ -59,7 +59,7 @@ class FreeSpaceTest : public QObject {
         QCOMPARE(album_->shell(u"PRAGMA integrity_check"_s), u"ok"_s);
     }
 
-    /// Small pages make many of them. More lie behind the free ones than are moved at once.
+    /// Small pages, so that there are many. More used pages are behind the free ones than are moved in one go.
     void muchIsMovedInSteps() {
         album_->database = {};
         album_->shell(u"PRAGMA page_size = 512; VACUUM"_s);

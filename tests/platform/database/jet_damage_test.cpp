@@ -13,18 +13,18 @@ using Random = std::mt19937;
 
 /// Between 0 and `end`, the same on every machine.
 qsizetype below(Random& random, qsizetype end) {
-    return static_cast<qsizetype>(random() % static_cast<quint32>(end));
+    return qsizetype(random() % quint32(end));
 }
 
 void spoil(QByteArray& bytes, Random& random, qsizetype from, qsizetype length, int count) {
-    for (int i = 0; i < count; ++i) bytes[from + below(random, length)] = static_cast<char>(random());
+    for (int i = 0; i < count; ++i) bytes[from + below(random, length)] = char(random());
 }
 
 /// The header of a version, and behind it noise.
 QByteArray garbage(char version, qsizetype size, quint32 seed) {
     Random random(seed);
     QByteArray bytes(size, '\0');
-    spoil(bytes, random, 0, size, static_cast<int>(size));
+    spoil(bytes, random, 0, size, int(size));
     bytes.replace(0, 19, QByteArray("\0\1\0\0Standard Jet DB", 19));
     bytes[19] = '\0';
     bytes[20] = version;
@@ -193,7 +193,7 @@ class JetDamageTest : public QObject {
                 spoil(bytes, random, chosen, 48, 6);
                 break;
             case 3:  // a whole page
-                spoil(bytes, random, chosen, page, static_cast<int>(page));
+                spoil(bytes, random, chosen, page, int(page));
                 break;
             default:  // one page in the place of another
                 bytes.replace(chosen, page, bytes.mid(page * below(random, pages), page));

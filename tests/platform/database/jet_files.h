@@ -25,7 +25,7 @@ class JetFiles {
         return file.fileName();
     }
 
-    /// The copies that stand at the moment.
+    /// The copies that exist at the moment.
     QStringList copies() const { return QDir(scratch.path()).entryList(QDir::Files | QDir::Hidden); }
 
     QTemporaryDir folder;

@@ -38,7 +38,7 @@ class JetReadingTest : public QObject {
 
     std::unique_ptr<JetFiles> files_;
 
-    /// Under a name that tells nothing, in a place that shells would stumble over.
+    /// With an ending that says nothing, in a folder whose name shells would misread.
     Database made(const QList<jet::Table>& tables, const jet::Form& form) const {
         return OpenDatabase(files_->write(u"照片 'x' $1.dat"_s, jet::database(tables, form)));
     }
@@ -65,12 +65,12 @@ class JetReadingTest : public QObject {
         QVERIFY(database.isForeign());
         const std::vector<TypeCase> cases = typeCases(form.version);
         const Recordset set = database.OpenRecordset(u"全部 类型"_s);
-        QCOMPARE(set.FieldCount(), static_cast<int>(cases.size()));
+        QCOMPARE(set.FieldCount(), int(cases.size()));
         for (int i = 0; i < set.FieldCount(); ++i) {
-            const TypeCase& expected = cases[static_cast<size_t>(i)];
+            const TypeCase& expected = cases[size_t(i)];
             const Field field = set.Fields(i);
             QCOMPARE(field.Name(), expected.column.name);
-            QCOMPARE(u"%1:%2"_s.arg(static_cast<int>(field.Type())).arg(field.Size()), expected.layout);
+            QCOMPARE(u"%1:%2"_s.arg(int(field.Type())).arg(field.Size()), expected.layout);
             const QString nothing = field.Type() == FieldType::boolean ? u"False"_s : u"NULL"_s;
             QCOMPARE(textsOf(database, u"[全部 类型]"_s, i), (QStringList{expected.text, nothing}));
         }

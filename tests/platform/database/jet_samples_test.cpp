@@ -21,7 +21,7 @@ QString printOf(const QByteArray& bytes) {
 QString layoutOf(const Recordset& set) {
     QStringList layout;
     for (int i = 0; i < set.FieldCount(); ++i) {
-        layout << u"%1:%2"_s.arg(static_cast<int>(set.Fields(i).Type())).arg(set.Fields(i).Size());
+        layout << u"%1:%2"_s.arg(int(set.Fields(i).Type())).arg(set.Fields(i).Size());
     }
     return layout.join(u' ');
 }
@@ -50,7 +50,7 @@ Contents contentsOf(const Database& database) {
     return contents;
 }
 
-/// Where databases lie that the genuine engine has written: such files are not ours to hand on.
+/// Folder of databases that the genuine engine has written: we may not distribute such files.
 const QString samples = qEnvironmentVariable("LUNQ_JET_SAMPLES");
 
 QString sample(const QString& name) {
@@ -97,7 +97,7 @@ class JetSamplesTest : public QObject {
              "10533:30fff9af62 22554:fb5a045a99 16374:f50c7e6c52 341284:08963e52b8 931184:36d778fa45"_s},
         };
         for (const auto& [file, rows, nulls, longValues] : cases) {
-            // Under a name that tells nothing, in a place that shells would stumble over.
+            // With an ending that says nothing, in a folder whose name shells would misread.
             const QString source = sample(file + u".mdb"_s);
             const QString copy = files_->write(u"照片 'x' $1.dat"_s, JetFiles::content(source));
             const Database database = OpenDatabase(copy);

@@ -65,7 +65,7 @@ inline jet::Table allTypes(jet::Version version) {
 inline QByteArray noise(qsizetype size) {
     QByteArray bytes(size, '\0');
     quint32 state = 1;
-    for (char& byte : bytes) byte = static_cast<char>((state = state * 1664525 + 1013904223) >> 24);
+    for (char& byte : bytes) byte = char((state = state * 1664525 + 1013904223) >> 24);
     return bytes;
 }
 

@@ -10,7 +10,7 @@ const QString picture = u"图片"_s;
 
 QByteArray someBytes(qsizetype count, int seed = 1) {
     QByteArray bytes(count, Qt::Uninitialized);
-    for (qsizetype i = 0; i < count; ++i) bytes[i] = static_cast<char>((i * 31 + i / 251 + seed) & 0xff);
+    for (qsizetype i = 0; i < count; ++i) bytes[i] = char((i * 31 + i / 251 + seed) & 0xff);
     return bytes;
 }
 
@@ -126,7 +126,7 @@ class LongBinaryTest : public QObject {
             QVERIFY(device.atEnd() && device.seek(0) && device.read(100).size() == 100);
         }
         QCOMPARE(album_->shell(change), QString());
-        // Nor does a value that has been read in chunks stand in the way of other programs.
+        // Nor does a value that was read in chunks keep other programs from writing.
         readInChunks(set.Fields(picture));
         QCOMPARE(album_->shell(change), QString());
     }

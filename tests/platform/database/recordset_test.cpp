@@ -202,7 +202,7 @@ class RecordsetTest : public QObject {
             }};
         for (const auto& removal : removals) {
             init();
-            album_->database = {};  // what the connection knows of identities is what the set tells it
+            album_->database = {};  // the connection knows only those identities that the set has noted
             album_->database = OpenDatabase(album_->path());
             Recordset earlier = open(u"tc01"_s);
             earlier.MoveLast();

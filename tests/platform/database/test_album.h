@@ -64,7 +64,7 @@ inline QString failureOf(const std::function<void()>& step) {
     return {};
 }
 
-/// Whether a step fails and says all these; tells what it has said otherwise.
+/// Whether a step fails with an error that contains all these texts; prints the error otherwise.
 inline bool failsSaying(const std::function<void()>& step, const QStringList& words) {
     const QString failure = failureOf(step);
     const bool said = !failure.isEmpty() && std::all_of(words.begin(), words.end(),
@@ -73,7 +73,7 @@ inline bool failsSaying(const std::function<void()>& step, const QStringList& wo
     return said;
 }
 
-/// Changes one column of the record a set stands on.
+/// Changes one column of the current record of a set.
 inline void change(Recordset& set, const QString& column, const FieldValue& value) {
     set.Edit();
     set.Fields(column).SetValue(value);

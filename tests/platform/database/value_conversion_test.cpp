@@ -111,7 +111,7 @@ class ValuesTest : public QObject {
         QStringList types;
         for (int i = 0; i < set.FieldCount(); ++i) {
             const Field field = set.Fields(i);
-            types << u"%1 %2 %3"_s.arg(field.Name()).arg(static_cast<int>(field.Type())).arg(field.Size());
+            types << u"%1 %2 %3"_s.arg(field.Name()).arg(int(field.Type())).arg(field.Size());
         }
         QCOMPARE(types.join(u", "),
                  u"l 4 4, i 3 2, b 2 1, s 6 4, d 7 8, y 1 1, t 8 8, c 10 5, m 12 0, p 11 0, "

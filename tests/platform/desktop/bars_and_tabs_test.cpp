@@ -82,11 +82,11 @@ class TestBarsAndTabs : public QObject {
         tabs->setGeometry(10, 10, 600, 440);
         tabs->addPage(u"图册设置"_s);
         QVERIFY(isShown(form));
-        QList<QPoint> told;
-        connect(tabs, &TabControl::mouseMovedAt, this, [&](int x, int y) { told.append({x, y}); });
+        QList<QPoint> moves;
+        connect(tabs, &TabControl::mouseMovedAt, this, [&](int x, int y) { moves.append({x, y}); });
         for (const QPoint at : {QPoint(40, 20), QPoint(400, 12), QPoint(110, 210)})
             QTest::mouseMove(form.windowHandle(), at);
-        QTRY_COMPARE(told, (QList<QPoint>{{450, 150}, {5850, 30}, {1500, 3000}}));
+        QTRY_COMPARE(moves, (QList<QPoint>{{450, 150}, {5850, 30}, {1500, 3000}}));
     }
 };
 

@@ -186,18 +186,18 @@ class TestDataControl : public QObject {
         QCOMPARE(clicked.size(), 0);
     }
 
-    // Told in this order, each with the row: s is selected, c clicked, a activated.
+    // The expected signals in their order, each with the row: s is selected, c clicked, a activated.
     void theHighlightedRowIsTheCurrentRecord() {
         grid_->resize(500, 200);
         QVERIFY(isShown(*grid_));
         grid_->setFocus();
-        QString told;
+        QString arrived;
         connect(grid_.get(), &Grid::rowSelected, this, [&](int row) {
             QCOMPARE(data_->Recordset().row(), row);
-            told += u's' + QString::number(row);
+            arrived += u's' + QString::number(row);
         });
-        connect(grid_.get(), &Grid::rowClicked, this, [&](int row) { told += u'c' + QString::number(row); });
-        connect(grid_.get(), &Grid::rowActivated, this, [&](int row) { told += u'a' + QString::number(row); });
+        connect(grid_.get(), &Grid::rowClicked, this, [&](int row) { arrived += u'c' + QString::number(row); });
+        connect(grid_.get(), &Grid::rowActivated, this, [&](int row) { arrived += u'a' + QString::number(row); });
         const auto place = [&](int row) { return grid_->visualRect(grid_->model()->index(row, 1)).center(); };
         const auto key = [&](Qt::Key pressed, Qt::KeyboardModifiers with = {}) {
             return [this, pressed, with] { QTest::keyClick(grid_.get(), pressed, with); };
@@ -246,16 +246,16 @@ class TestDataControl : public QObject {
             {u"screen reader"_s, [&] { grid_->setCurrentIndex(grid_->model()->index(1, 0)); }, 1, u"s1"_s},
         };
         for (const auto& [name, step, row, signals_] : steps) {
-            told.clear();
+            arrived.clear();
             step();
-            QVERIFY2(told == signals_, qPrintable(name + u": "_s + told));
+            QVERIFY2(arrived == signals_, qPrintable(name + u": "_s + arrived));
             QCOMPARE(data_->Recordset().row(), row);
             const QModelIndexList marked = grid_->selectionModel()->selectedRows();
             QVERIFY2(marked.size() == 1 && marked.first().row() == row, qPrintable(name));
         }
     }
 
-    // Who is kept at a record sees it marked, and nobody is told of another.
+    // When `mayGoTo` refuses, the record stays marked and no signal is sent.
     void recordThatIsNotLeft() {
         grid_->resize(500, 200);
         QVERIFY(isShown(*grid_));

@@ -17,7 +17,7 @@ QStringList shownNames(const QFileDialog& dialog) {
     return names;
 }
 
-/// The widget's own accept is protected; the name box stands for the user's Enter.
+/// The widget's own accept is protected; Enter in the name box does the same.
 void typeName(QFileDialog& dialog, const QString& name) {
     auto* box = found<QLineEdit>(&dialog, u"fileNameEdit"_s);
     box->setText(name);

@@ -24,7 +24,7 @@ struct Form : QWidget {
 void turnWheel(QWidget* over, int delta = -120) {
     const QPointF at(5, 5);
     QWheelEvent turn(at, over->mapToGlobal(at), {}, {0, delta}, {}, {}, Qt::NoScrollPhase, false);
-    // Only events from outside are handed on to what a control stands on.
+    // Only events from outside are passed on to the parent of a control.
     QSpontaneKeyEvent::setSpontaneous(&turn);
     qApp->notify(over, &turn);
 }
@@ -107,7 +107,7 @@ class TestHabits : public QObject {
             all.push_back(new QRadioButton(QString::number(i), i < 4 ? static_cast<QWidget*>(&form) : frame));
             all.back()->setGeometry(i % 2 * 60, i / 2 * 30, 50, 20);
         }
-        for (int i = 0; i < 6; i += 2) groupOptions(std::span(all).subspan(static_cast<size_t>(i), 2));
+        for (int i = 0; i < 6; i += 2) groupOptions(std::span(all).subspan(size_t(i), 2));
         QVERIFY(isShown(form));
         const auto chosen = [&] {
             QString text;
@@ -115,9 +115,7 @@ class TestHabits : public QObject {
                 if (option->isChecked()) text += option->text();
             return text;
         };
-        const auto click = [&](int i) {
-            QTest::mouseClick(all.at(static_cast<size_t>(i)), Qt::LeftButton, {}, {8, 10});
-        };
+        const auto click = [&](int i) { QTest::mouseClick(all.at(size_t(i)), Qt::LeftButton, {}, {8, 10}); };
         for (const auto& [clicked, now] :
              {std::pair{0, u"0"_s}, {3, u"03"_s}, {4, u"034"_s}, {1, u"134"_s}, {1, u"134"_s}}) {
             click(clicked);
@@ -132,7 +130,7 @@ class TestHabits : public QObject {
         all[2]->setFocus();
         for (const int next : {3, 2}) {
             QTest::keyClick(form.focusWidget(), next == 3 ? Qt::Key_Right : Qt::Key_Left);
-            QCOMPARE(form.focusWidget(), all.at(static_cast<size_t>(next)));
+            QCOMPARE(form.focusWidget(), all.at(size_t(next)));
         }
         QCOMPARE(chosen(), u"24"_s);
 

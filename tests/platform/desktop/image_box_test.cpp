@@ -81,24 +81,24 @@ class TestImageBox : public QObject {
         connect(&box, &ImageBox::clicked, this, [&] { log += u"clicked"_s; });
         connect(&box, &ImageBox::doubleClicked, this, [&] { log += u"double"_s; });
         connect(&box, &ImageBox::mouseMoved, this, [&] { log += u"moved"_s; });
-        const auto told = [&] {
+        const auto events = [&] {
             QStringList all = std::exchange(log, {});
             if (all.size() > 1) all.removeAll(u"moved"_s);
             return all.join(u' ');
         };
         const QPoint inside(5, 5);
         QTest::mouseClick(&box, Qt::LeftButton, {}, inside);
-        QCOMPARE(told(), u"pressed released clicked"_s);
+        QCOMPARE(events(), u"pressed released clicked"_s);
         QTest::mouseClick(&box, Qt::RightButton, {}, inside);
-        QCOMPARE(told(), u"pressed released"_s);
+        QCOMPARE(events(), u"pressed released"_s);
         QTest::mousePress(&box, Qt::LeftButton, {}, inside);
         QTest::mouseRelease(&box, Qt::LeftButton, {}, {50, 50});
-        QCOMPARE(told(), u"pressed released"_s);
+        QCOMPARE(events(), u"pressed released"_s);
         QMouseEvent move(QEvent::MouseMove, QPointF(7, 7), box.mapToGlobal(QPointF(7, 7)), Qt::NoButton, {}, {});
         QApplication::sendEvent(&box, &move);
-        QCOMPARE(told(), u"moved"_s);
+        QCOMPARE(events(), u"moved"_s);
         QTest::mouseDClick(box.windowHandle(), Qt::LeftButton, {}, inside);
-        QCOMPARE(told(), u"pressed released clicked double released"_s);
+        QCOMPARE(events(), u"pressed released clicked double released"_s);
     }
 };
 

@@ -65,7 +65,7 @@ class TestLists : public QObject {
             const auto lefts = [&] {
                 std::set<int> all;
                 for (int i = 0; i < list.count(); ++i) all.insert(list.visualItemRect(list.item(i)).left());
-                return static_cast<int>(all.size());
+                return int(all.size());
             };
             const auto isColumnWide = [&] {
                 const int width = list.visualItemRect(list.item(0)).width();
@@ -127,7 +127,7 @@ class TestLists : public QObject {
             QCOMPARE(selection.size(), 1);
             QCOMPARE(selected(), lines);
         }
-        // A list that is filled anew has nothing to tell.
+        // Filling a list anew sends no signal.
         list.setPattern(u"*.jpg;*.bmp"_s);
         QCOMPARE(selection.size(), 1);
         QCOMPARE(selected(), QList<int>{});
@@ -138,11 +138,18 @@ class TestLists : public QObject {
         QDir dir(folder.path());
         for (const auto& name : {u"f10"_s, u"f2"_s, u".hidden"_s}) dir.mkdir(name);
         writeFile(folder.filePath(u"file"_s));
+        // Links are followed; those to no folder are left out.
+        QCOMPARE(mkfifo(qPrintable(folder.filePath(u"pipe"_s)), 0600), 0);
+        for (const auto& [name, target] : {std::pair{u"f1"_s, folder.filePath(u"f2"_s)},
+                                           {u"f3"_s, folder.filePath(u"pipe"_s)},
+                                           {u"f4"_s, u"/dev/zero"_s},
+                                           {u"f5"_s, folder.filePath(u"file"_s)}})
+            QVERIFY(QFile::link(target, folder.filePath(name)));
         DirList list;
         list.setPath(folder.path());
         const QStringList lines = texts(list);
         QCOMPARE(lines.first(), QDir::rootPath());
-        QCOMPARE(lines.mid(lines.size() - 3), (QStringList{dir.dirName(), u"f2"_s, u"f10"_s}));
+        QCOMPARE(lines.mid(lines.size() - 4), (QStringList{dir.dirName(), u"f1"_s, u"f2"_s, u"f10"_s}));
         QCOMPARE(list.item(list.count() - 1)->data(Qt::UserRole).toString(), folder.filePath(u"f10"_s));
         QCOMPARE(list.item(list.count() - 1)->toolTip(), folder.filePath(u"f10"_s));
         QCOMPARE(list.currentItem()->data(Qt::UserRole).toString(), folder.path());
@@ -161,7 +168,7 @@ class TestLists : public QObject {
         QCOMPARE(texts(files), (QStringList{u"照片.jpg"_s, u"a.jpg"_s}));
         QVERIFY(files.item(0)->toolTip().contains(u"代用"_s) && files.item(1)->toolTip().isEmpty());
 
-        // A folder of such a name stands there, but leads nowhere.
+        // There is a folder of such a name, but it cannot be opened.
         DirList folders;
         folders.resize(300, 400);
         folders.setPath(folder.path());

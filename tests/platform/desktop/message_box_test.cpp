@@ -91,13 +91,13 @@ class TestMessageBox : public QObject {
         QTRY_VERIFY(box() != nullptr);
         QVERIFY(!box()->isModal());
         QCOMPARE(box()->text(), u"已经损坏。"_s);
-        const QPointer<QMessageBox> told = box();
-        QTest::keyClick(told, Qt::Key_Return);
-        QTRY_VERIFY(!told);
+        const QPointer<QMessageBox> statement = box();
+        QTest::keyClick(statement, Qt::Key_Return);
+        QTRY_VERIFY(!statement);
     }
 
     void whatIsToldWaitsForOpenBoxes() {
-        const auto told = [] {
+        const auto statement = [] {
             for (QWidget* window : QApplication::topLevelWidgets())
                 if (auto* box = qobject_cast<QMessageBox*>(window); box != nullptr && box->text() == u"已经损坏。"_s)
                     return box;
@@ -105,12 +105,12 @@ class TestMessageBox : public QObject {
         };
         onOpen<QMessageBox>([&](QMessageBox& box) {
             tell(u"已经损坏。"_s);
-            QVERIFY(told() == nullptr);
+            QVERIFY(statement() == nullptr);
             QTest::keyClick(&box, Qt::Key_Return);
         });
         say(nullptr, u"好。"_s);
-        QTRY_VERIFY(told() != nullptr && told()->isVisible());
-        const QPointer<QMessageBox> box = told();
+        QTRY_VERIFY(statement() != nullptr && statement()->isVisible());
+        const QPointer<QMessageBox> box = statement();
         QTest::keyClick(box, Qt::Key_Return);
         QTRY_VERIFY(!box);
     }

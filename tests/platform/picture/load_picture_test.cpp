@@ -99,9 +99,12 @@ class TestLoadPicture : public QObject {
                                         bmpBytes(24, true), bmpBytes(8, false, true), bmpBytes(24) + '\0'}) {
             const Picture picture = LoadPicture(bytes, u"图"_s);
             QCOMPARE(picture.pixels(), QSize(4, 2));
-            QCOMPARE(picture.image().pixel(0, 0) & 0xFFF8FFFF, 0xFFF80000);  // 16 bits have five for each colour.
-            QCOMPARE(picture.image().pixel(3, 1) & 0xFFFFFFF8, 0xFF0000F8);
+            QCOMPARE(picture.image().pixel(0, 0), 0xFFFF0000);
+            QCOMPARE(picture.image().pixel(3, 1), 0xFF0000FF);
         }
+        // Five bits for each colour; those that are not there are filled up.
+        const QByteArray grey = bmpBytes(16).replace(QByteArrayView("\0\x7C", 2), QByteArrayView("\x10\x42", 2));
+        QCOMPARE(LoadPicture(grey, u"图"_s).image().pixel(0, 0), 0xFF848484);
     }
 
     void bitmapsWithHeadersOfSomeEditors() {
@@ -110,9 +113,8 @@ class TestLoadPicture : public QObject {
                 const QImage image = LoadPicture(bmpWithHeader(length, depth), u"图"_s).image();
                 QCOMPARE(image.size(), QSize(2, 2));
                 for (const int x : {0, 1}) {
-                    // 16 bits have four for each colour here.
-                    QCOMPARE(image.pixel(x, 0) & 0xFFF0FFFF, 0xFFF00000);
-                    QCOMPARE(image.pixel(x, 1) & 0xFFFFFFF0, 0xFF0000F0);
+                    QCOMPARE(image.pixel(x, 0), 0xFFFF0000);  // 16 bits have four for each colour here.
+                    QCOMPARE(image.pixel(x, 1), 0xFF0000FF);
                 }
             }
         QVERIFY(!refusalOf(bmpWithHeader(56, 32).first(60)).isEmpty());
@@ -175,7 +177,7 @@ class TestLoadPicture : public QObject {
             {progressive, u"不完整"_s},
             {withMoreScans(progressive, 400), u"不完整"_s},
             {withSides(bmpBytes(8, false, true), {16000, 16000}), u"不完整"_s},
-            // Room for the picture is not room for what has to lie beside it.
+            // There is room for the picture, but not for the copies that decoding needs.
             {progressive + bytesForTheSides, u"内存不足"_s},
             {ofHugeSides({Kind::coloursApart}) + bytesForTheSides, u"内存不足"_s},
             {ofHugeSides({Kind::baseline, 6}) + bytesForTheSides, u"内存不足"_s},

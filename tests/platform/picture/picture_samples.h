@@ -5,7 +5,7 @@
 #include <QByteArray>
 #include <QImage>
 
-/// Pictures as bytes, made by hand where the fault lies in the bytes.
+/// Pictures as bytes; those with faulty bytes are made by hand.
 
 struct JpegOptions {
     enum class Kind { baseline, progressive, coloursApart, grayscale, inks, invertedInks, lights, arithmetic };
@@ -28,7 +28,7 @@ QByteArray withMoreScans(const QByteArray& jpeg, int more);
 
 /// Four quadrants: A red, B green on top; C blue, D white below.
 QImage quadrants(QSize pixels);
-/// What stands in the quadrants of an image, read row by row: "ABCD" for the one above.
+/// The contents of the quadrants of an image, row by row: "ABCD" for the one above.
 QByteArray quadrantsOf(const QImage& image);
 
 /// A BMP of 4 x 2 pixels, the upper row red, the lower blue.

@@ -88,7 +88,7 @@ class TestSavePicture : public QObject {
         QCOMPARE(QDir(folder_.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), entries);
     }
 
-    /// Also where only the last bytes find no room, which neither encoders nor files tell by themselves.
+    /// Also when only the last bytes find no room, which neither encoders nor files report by themselves.
     void fullOrReadOnlyDiskLeavesTheOldPicture() {
         const PlainUser user;
         const QTemporaryDir folder;

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The types that a column can be declared with. The numbers are the engine's own type codes, which messages show.
+/// The types that a column can be declared with. Messages show their numbers.
 enum class FieldType {
     boolean = 1,
     byte = 2,
@@ -10,7 +10,7 @@ enum class FieldType {
     single = 6,
     real = 7,
     date = 8,
-    binary = 9,  ///< A few bytes that lie in the row itself.
+    binary = 9,  ///< A few bytes in the row itself.
     text = 10,
     longBinary = 11,
     memo = 12,

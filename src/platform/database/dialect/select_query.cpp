@@ -67,8 +67,7 @@ class SelectReader {
             if (at(u")")) --depth;
         }
         if (at_ == start) throw Error(u"语句有错：“%1”之后没有内容。"_s.arg(clause));
-        return {tokens_.begin() + static_cast<std::ptrdiff_t>(start),
-                tokens_.begin() + static_cast<std::ptrdiff_t>(at_)};
+        return {tokens_.begin() + std::ptrdiff_t(start), tokens_.begin() + std::ptrdiff_t(at_)};
     }
 
     static bool hasFurtherClause(const Tokens& clause) {

@@ -13,10 +13,11 @@ struct SelectQuery {
     Tokens where;
     Tokens order;
 
-    /// The statement that lists the row identities in order; rows that the order does not tell apart keep theirs.
+    /// The statement that lists the row identities in order; rows that are equal in it follow each other as they were
+    /// made.
     QString rowidSql() const;
 };
 
-/// Nothing when the statement is of another kind (several tables, expressions, groups). Throws `Error` when WHERE or
-/// ORDER BY stand there with nothing behind them.
+/// Nothing when the statement is of another kind (several tables, expressions, groups). Throws `Error` when nothing
+/// follows WHERE or ORDER BY.
 std::optional<SelectQuery> selectQuery(const Tokens& tokens);

@@ -9,11 +9,13 @@
 #include <array>
 #include <string_view>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 std::string_view textOf(sqlite3_value* value) {
     const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-    return text ? std::string_view(text, static_cast<size_t>(sqlite3_value_bytes(value))) : std::string_view();
+    return text ? std::string_view(text, size_t(sqlite3_value_bytes(value))) : std::string_view();
 }
 
 bool isNull(sqlite3_value* value) {
@@ -22,11 +24,11 @@ bool isNull(sqlite3_value* value) {
 
 void giveText(sqlite3_context* context, const QString& text) {
     const QByteArray utf8 = text.toUtf8();
-    sqlite3_result_text(context, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
+    sqlite3_result_text(context, utf8.constData(), int(utf8.size()), SQLITE_TRANSIENT);
 }
 
 char lowered(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c;
 }
 
 bool sameLetter(char a, char b) {
@@ -45,7 +47,7 @@ void inStr(sqlite3_context* context, int, sqlite3_value** arguments) {
     const auto found = std::search(text.begin(), text.end(), part.begin(), part.end(), sameLetter);
     const bool none = text.empty() || (found == text.end() && !part.empty());
     const auto before = std::count_if(text.begin(), found, startsCharacter);
-    sqlite3_result_int(context, none ? 0 : static_cast<int>(before) + 1);
+    sqlite3_result_int(context, none ? 0 : int(before) + 1);
 }
 
 void left(sqlite3_context* context, int, sqlite3_value** arguments) {
@@ -57,7 +59,7 @@ void left(sqlite3_context* context, int, sqlite3_value** arguments) {
         if (startsCharacter(text[end])) --wanted;
         ++end;
     }
-    sqlite3_result_text(context, text.data(), static_cast<int>(end), SQLITE_TRANSIENT);
+    sqlite3_result_text(context, text.data(), int(end), SQLITE_TRANSIENT);
 }
 
 void isNullFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
@@ -67,10 +69,10 @@ void isNullFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
 void lCase(sqlite3_context* context, int, sqlite3_value** arguments) {
     if (isNull(arguments[0])) return;
     const std::string_view text = textOf(arguments[0]);
-    giveText(context, QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toLower());
+    giveText(context, QString::fromUtf8(text.data(), qsizetype(text.size())).toLower());
 }
 
-constexpr std::string_view storedForm = "0000-00-00 00:00:00";  // zeros stand for digits
+constexpr std::string_view storedForm = "0000-00-00 00:00:00";  // each zero is any digit
 constexpr size_t dayLength = 10;
 
 bool isInStoredForm(std::string_view text) {
@@ -84,7 +86,7 @@ int numberIn(std::string_view digits) {
     return number;
 }
 
-/// Albums ask for the day of each of their records: those in the form in which dates are stored are read as they are.
+/// A filter asks for the day of every record of an album, so a date in the stored form takes a short way.
 bool isStoredDate(std::string_view text) {
     return isInStoredForm(text) && numberIn(text.substr(11, 2)) < 24 && numberIn(text.substr(14, 2)) < 60 &&
            numberIn(text.substr(17, 2)) < 60 &&
@@ -102,8 +104,8 @@ void dateValue(sqlite3_context* context, int, sqlite3_value** arguments) {
         sqlite3_result_text(context, day.data(), int(day.size()), SQLITE_TRANSIENT);
         return;
     }
-    const auto date = dateFromText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
-    if (date) giveText(context, dateText(*date, u"yyyy-mm-dd 00:00:00"));
+    const auto date = dateFromText(QString::fromUtf8(text.data(), qsizetype(text.size())));
+    if (date) giveText(context, dateText(*date, datePattern) + u" 00:00:00"_s);
 }
 
 }  // namespace

@@ -50,7 +50,7 @@ class Tokenizer {
         return symbol();
     }
 
-    /// What stands up to the closing mark; a doubled mark belongs to it (and stays doubled).
+    /// The text up to the closing mark; a doubled mark belongs to it (and stays doubled).
     QString delimited(QChar mark) {
         const qsizetype start = ++at_;
         while (true) {
@@ -66,7 +66,7 @@ class Tokenizer {
     static Token dateLiteral(const QString& text) {
         const auto date = dateFromText(text);
         if (!date) throw Error(u"“#%1#”不是日期。"_s.arg(text));
-        return {Token::Kind::text, u'\'' + dateText(*date, u"yyyy-mm-dd hh:mm:ss") + u'\''};
+        return {Token::Kind::text, u'\'' + dateText(*date, dateTimePattern) + u'\''};
     }
 
     Token number() {

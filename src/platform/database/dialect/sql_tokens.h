@@ -4,7 +4,7 @@
 #include <span>
 #include <vector>
 
-/// The words of a statement in the dialect of the texts, and their turning into the engine's own language.
+/// The words of a statement in the program's dialect, and their translation into the engine's language.
 
 struct Token {
     enum class Kind { word, name, text, number, symbol };

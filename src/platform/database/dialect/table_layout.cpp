@@ -155,7 +155,7 @@ Column declaredColumn(const QString& name, const QString& declaration) {
 int columnIndex(const std::vector<Column>& columns, const QString& name) {
     const auto found = std::ranges::find_if(
         columns, [&](const Column& column) { return column.name.compare(name, Qt::CaseInsensitive) == 0; });
-    return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
+    return found == columns.end() ? -1 : int(found - columns.begin());
 }
 
 TableCreation tableCreation(const Tokens& tokens) {

@@ -13,18 +13,18 @@ struct Column {
     int size = 0;
 };
 
-/// Whether a table belongs to the engine, holds the long-binary values, or is one of those that the program keeps for
-/// itself (`lunq_…`): for everybody else it does not exist.
+/// Whether a table is reserved: it belongs to the engine, holds the long-binary values, or is one of the program's own
+/// (`lunq_…`). No list shows it, and it cannot be opened by its name.
 bool isReservedTable(const QString& table);
 
-/// A column from its name and declared type such as `TEXT(10)`; types that the dialect does not know are taken for what
-/// the engine would store in them.
+/// A column from its name and declared type such as `TEXT(10)`. A type that the dialect does not know becomes the one
+/// that the engine would store.
 Column declaredColumn(const QString& name, const QString& declaration);
 
 /// Place of a column by its name, in either case; -1 when there is none.
 int columnIndex(const std::vector<Column>& columns, const QString& name);
 
-/// What a CREATE TABLE of the dialect becomes.
+/// A CREATE TABLE of the dialect, translated.
 struct TableCreation {
     QString table;
     QString sql;

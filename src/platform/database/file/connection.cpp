@@ -29,15 +29,14 @@ constexpr int firstVersion = 1;
 constexpr int newestVersion = 2;  // see OwnValues
 const QString truncatingJournal = u"PRAGMA journal_mode = TRUNCATE"_s;
 
-/// Space is given back when this many pages (16 KB each) lie free: at once when no more than so many, or than such a
-/// part of the free ones, have to be moved for it, and never more than 128 MB; otherwise in steps of so many.
-constexpr int freePagesKept = 256;
-constexpr qint64 pagesMovedAtOnce = 4096;
-constexpr int partMovedAtOnce = 8;
-constexpr qint64 mostMovedAtOnce = 8192;
-constexpr int pagesPerStep = 512;
-constexpr int giveBackMs = 100;
-constexpr int pauseMs = 1000;
+// To shorten the file, the engine moves used pages (16 KB each) into the place of free ones.
+constexpr int freePagesKept = 256;         ///< So few free pages stay in the file.
+constexpr qint64 pagesMovedAtOnce = 4096;  ///< So many pages may be moved in one go,
+constexpr int partMovedAtOnce = 8;         ///< or one for so many free pages if that is more,
+constexpr qint64 mostMovedAtOnce = 8192;   ///< but no more than 128 MB. Where more have to be moved,
+constexpr int pagesPerStep = 512;          ///< the file is shortened in steps of so many free pages,
+constexpr int giveBackMs = 100;            ///< for so long at a time,
+constexpr int pauseMs = 1000;              ///< and with such pauses.
 const QString stepwise = u"PRAGMA auto_vacuum = INCREMENTAL"_s;
 
 std::vector<std::weak_ptr<Connection>>& openConnections() {
@@ -65,14 +64,14 @@ bool hasDatabaseHeader(const QString& path) {
     return file.read(16) == QByteArray("SQLite format 3\0", 16);
 }
 
-/// The journal lies beside the file itself, not beside a link to it.
+/// The journal is next to the file itself, not next to a link to it.
 int openFlags(const QString& path) {
     const QFileInfo file(QFileInfo(path).canonicalFilePath());
     const bool writable = file.isWritable() && QFileInfo(file.absolutePath()).isWritable();
     return writable ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
 }
 
-/// Whom this program waits for may be its own check of the file.
+/// The other user of the file may be this program's own check of it.
 int waitForOthers(void*, int tried) {
     FileCheck::interruptAll();
     sqlite3_sleep(busyStepMs);
@@ -93,7 +92,7 @@ bool isInTransaction(const Connection& connection) {
     return sqlite3_get_autocommit(connection.handle()) == 0;
 }
 
-/// What comes after a failure that has cost the whole transaction must not be stored alone.
+/// When a failure has cost the whole transaction, its later statements must not be stored alone.
 void requireTransaction(const Connection& connection) {
     if (isInTransaction(connection)) return;
     throw Error(u"数据库文件“%1”：读写失败，这一组更改已全部撤消。"_s.arg(connection.path()));
@@ -157,7 +156,7 @@ Connection::Connection(const QString& path, std::unique_ptr<ForeignCopy> foreign
     setUpDialect(handle());
 }
 
-/// Somebody else's file, and one that has only been read, keeps its free space.
+/// A file of another program, and one that was only read, keeps its free space.
 Connection::~Connection() {
     attempt([this] {
         if (changeCount() > 0 && isOurs()) giveBackSpace();
@@ -177,7 +176,7 @@ bool Connection::isOurs() {
 }
 
 int Connection::version() {
-    return static_cast<int>(number(u"PRAGMA user_version"_s));
+    return int(number(u"PRAGMA user_version"_s));
 }
 
 void Connection::requireKnownVersion() {
@@ -185,15 +184,15 @@ void Connection::requireKnownVersion() {
     throw Error(u"数据库文件“%1”由更新的版本建立，请用新版软件打开。"_s.arg(path_));
 }
 
-/// What even without a change of its content would write into a file waits for the first change of it. The journal's
-/// mode can stay with the file: another program's file keeps its own.
+/// Settings that would write into the file wait for the first change of its content. The journal's mode can be kept in
+/// the file: another program's file keeps its own.
 void Connection::takeForWriting() {
     if (isTakenForWriting_) return;
     sqlite3_db_config(handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
     isTakenForWriting_ = attempt([this] {
         if (!isOurs()) return;
         run(truncatingJournal);
-        if (isShortenedByEveryChange(handle())) run(stepwise);  // something ended the program while it made it shorter
+        if (isShortenedByEveryChange(handle())) run(stepwise);  // the program was killed while it shortened the file
     });
 }
 

@@ -10,23 +10,23 @@
 #include <QHash>
 #include <QTimer>
 
-/// One open file: the engine's handle, its settings, and the wording of its failures. Everybody who opens the same file
-/// shares one connection, so that all see each other's changes at once and none waits for another's lock.
+/// One open file: the engine's handle, its settings, and the wording of its failures. All users of a file share one
+/// connection. So they see each other's changes at once, and nobody waits for another one's lock.
 class Connection {
   public:
     static std::shared_ptr<Connection> open(const QString& path);
-    /// Of a file that is open it is not the bytes that are asked: a file of its own on them, closed again, would cost
-    /// the engine all its locks.
+    /// An open file is not read for that: opening and closing it here would take away all locks that the engine has on
+    /// it.
     static bool isJetFile(const QString& path);
     static std::shared_ptr<Connection> create(const QString& path);
     ~Connection();
 
     const QString& path() const { return path_; }
-    /// The file that the engine reads: another one than `path` for a foreign database.
+    /// The file that the engine reads: for a foreign database a copy, not `path`.
     QString engineFile() const { return foreign_ ? foreign_->file() : path_; }
     bool isForeign() const { return foreign_ != nullptr; }
     bool isOurs();  ///< Made by this program.
-    int version();  ///< Of the file's layout; tells something only of a file of ours.
+    int version();  ///< Of the file's layout; has a meaning only in a file of ours.
     /// Throws for a foreign database.
     void requireOurs() const;
     /// Whether the file at `path` has been replaced, or a foreign one changed, since it was opened.
@@ -34,36 +34,35 @@ class Connection {
     sqlite3* handle() const { return database_.getHandle(); }
     LongBinaries& longBinaries() { return longBinaries_; }
 
-    /// Where a column is missing, the failure names the `table` too that the statement is about.
+    /// `table` is the table of the statement: the failure names it when a column is missing.
     SQLite::Statement prepare(const QString& sql, const QString& table = {});
     void run(const QString& sql, const QString& table = {});
     bool step(SQLite::Statement& statement);
     qint64 lastRowId() const { return database_.getLastInsertRowid(); }
 
-    /// The columns of a table; empty when there is no such table, or when it is one that the engine and the pictures
-    /// keep to themselves.
+    /// The columns of a table; none for a missing table and for a reserved one (see `isReservedTable`).
     std::vector<Column> columnsOf(const QString& table);
 
     /// Grows whenever something in the file changes through this connection.
     qint64 changeCount() const;
     void noteChange() { ++otherChanges_; }
 
-    /// Row identities of a table that somebody has read: no new row gets one of them, even when theirs is gone. So a
-    /// set opened earlier never takes another record for its own.
+    /// Notes the highest row identity that was read of a table. No new row gets an identity up to that one, even when
+    /// its row is gone. So a recordset never takes a newer record for one of its own.
     void noteRowIds(const QString& table, qint64 highest);
     qint64 newRowId(const QString& table);
 
-    /// Gives the space of deleted values back to the disk: all of it where hardly anything lies behind it in the file,
-    /// otherwise as far as a tenth of a second goes, and on in the pauses of the program. Within a change, at its end.
+    /// Gives the space of deleted values back to the disk: at once when few pages have to be moved for it, otherwise
+    /// for a tenth of a second now and further in the program's pauses. Within a change it happens at the end.
     void giveBackSpace();
-    /// The same when nothing has been deleted for a second: deleting many single records stays quick.
+    /// The same, a second after the last deletion: deleting many single records stays quick.
     void giveBackSpaceLater();
 
     /// The failure of the last call, as an `Error` that names the file.
     Error error(int code, const QString& table = {}) const;
     Error missingTable(const QString& table) const;
 
-    /// Runs calls of the engine's wrapper; what they throw comes out as `Error`.
+    /// Runs calls of the engine's wrapper and turns their exceptions into `Error`.
     template <typename Calls>
     auto checked(Calls&& calls) {
         try {
@@ -86,7 +85,7 @@ class Connection {
     qint64 number(const QString& sql);
 
     QString path_;
-    std::unique_ptr<ForeignCopy> foreign_;  ///< Closed before it goes.
+    std::unique_ptr<ForeignCopy> foreign_;  ///< Before `database_`, which reads it: it has to outlive that.
     SQLite::Database database_;
     LongBinaries longBinaries_;
     qint64 otherChanges_ = 0;
@@ -94,13 +93,12 @@ class Connection {
     bool isTakenForWriting_ = false;
     QHash<QString, qint64> highestRowIds_;  ///< By table, in lower case.
     bool isSpaceToGiveBack_ = false;
-    bool isShortenedBySteps_ = false;  ///< All at once has failed.
+    bool isShortenedBySteps_ = false;  ///< Shortening in one go has failed.
     QTimer pause_;
 };
 
-/// A change of the file that stands or falls as a whole: what is not committed when the object goes is taken back. May
-/// stand within another one. Where the engine has taken the outermost one back itself (a full disk, a failing one), all
-/// that would follow in it throws.
+/// A change of the file as a whole: without `commit` the destructor takes all of it back. Changes can be nested. When
+/// the engine itself has taken the outermost one back (a full or failing disk), every later step in it throws.
 class Change {
   public:
     explicit Change(Connection& connection);

@@ -18,7 +18,7 @@ QString missingColumn(const QString& message) {
     return message.startsWith(start) ? message.sliced(start.size()).section(u'.', -1) : QString();
 }
 
-/// The text of a failed statement: the engine tells these apart only by their wording.
+/// The text of a failed statement: only the wording says which failure it is.
 QString statementFailure(const QString& message, const QString& table) {
     const QString column = missingColumn(message);
     if (!column.isEmpty() && !table.isEmpty()) return u"表“%1”中没有列“%2”"_s.arg(table, column);
@@ -49,7 +49,7 @@ QString statementFailure(const QString& message, const QString& table) {
     return u"语句不能执行（%1）"_s.arg(message);
 }
 
-/// What has become of the file or the disk: what the engine calls a failure of reading or writing is often plainer.
+/// What has happened to the file or the disk: it often explains what the engine only calls a failed read or write.
 QString diskReason(int systemError) {
     switch (systemError) {
         case 0:

@@ -63,11 +63,11 @@ FileCheck::Outcome FileCheck::run() {
     const Outcome outcome = look();
     // A file that is gone, with the disk or the network that it was on, is not damaged.
     if (outcome == Outcome::damaged) requireDatabaseFile(path_);
-    // What was broken off has not seen all pages, and may take the others for lost.
+    // An interrupted check has not seen all pages, and may report the others as lost.
     return interrupted_ ? Outcome::interrupted : outcome;
 }
 
-/// The engine tells of a page that it could not read as of damage: that counts only when it is found again, and when
+/// The engine reports a page that it could not read as damage. That counts only when a second check finds it too, and
 /// the file can be read.
 FileCheck::Outcome FileCheck::look() {
     try {
@@ -96,8 +96,8 @@ bool FileCheck::isSound() {
     return check.getColumn(0).getString() == "ok";
 }
 
-/// The engine takes a file without content for a new database. It is read through the engine: a file of its own,
-/// closed again, would cost the program all the locks that it has on this one.
+/// The engine takes a file without content for a new database. The header is read through the engine: opening and
+/// closing the file here would take away all locks that the program has on it.
 bool FileCheck::hasHeader() {
     static constexpr std::array<char, 16> header{"SQLite format 3"};
     std::array<char, 16> begin{};

@@ -23,11 +23,12 @@ class FileCheck {
     FileCheck(const FileCheck&) = delete;
     FileCheck& operator=(const FileCheck&) = delete;
 
-    /// Reads the whole file. Throws `Error` when it cannot be read, as when a share does not answer: whether it is
-    /// damaged is not known then.
+    /// Reads the whole file. Throws `Error` when it cannot be read, for instance because a share does not answer: then
+    /// nobody knows whether it is damaged.
     Outcome run();
 
-    /// Ends a run that another thread is in. One that is only about to begin may miss it: to be repeated until it ends.
+    /// Ends the run of another thread. A run that is only about to begin may miss the call: repeat it until the run
+    /// ends.
     void interrupt();
     /// The same for all checks of the program.
     static void interruptAll();

@@ -17,13 +17,13 @@ constexpr int freeCountAt = 36;
 constexpr int largestRootAt = 52;  // 0 where the engine keeps no map of the pages
 constexpr int isIncrementalAt = 64;
 
-// Map pages tell the kind and the owner of the pages behind them. The first of them is page 2.
+// Map pages name the kind and the owner of the pages behind them. The first of them is page 2.
 constexpr int mapEntryLength = 5;
 constexpr qint64 firstMap = 2;
 constexpr uchar freePage = 2;
 
-/// A part of the file, read through the engine: a file of its own, closed again, would cost the program all the locks
-/// that it has on this one.
+/// A part of the file, read through the engine: opening and closing the file here would take away all locks that the
+/// program has on it.
 std::vector<uchar> part(sqlite3* connection, qint64 at, int length) {
     sqlite3_file* file = nullptr;
     sqlite3_file_control(connection, "main", SQLITE_FCNTL_FILE_POINTER, &file);
@@ -47,8 +47,8 @@ bool isShortenedByEveryChange(sqlite3* connection) {
 FreeSpace freeSpace(sqlite3* connection) {
     const std::vector<uchar> header = part(connection, 0, headerLength);
     if (header.empty() || number(header, largestRootAt) == 0 || number(header, isIncrementalAt) == 0) return {};
-    const int told = qFromBigEndian<quint16>(&header[pageSizeAt]);
-    const int pageSize = told == 1 ? 65536 : told;
+    const int stored = qFromBigEndian<quint16>(&header[pageSizeAt]);
+    const int pageSize = stored == 1 ? 65536 : stored;
     const qint64 pages = number(header, pageCountAt);
     FreeSpace space{number(header, freeCountAt), 0};
     const qint64 end = std::max(pages - space.pages, firstMap);

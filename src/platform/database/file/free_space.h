@@ -4,10 +4,10 @@
 
 struct sqlite3;
 
-/// The pages of an open file that nothing lies in, and what stands in the way of ending the file so much earlier.
+/// The unused pages of an open file, and the work of making the file shorter by them.
 struct FreeSpace {
     qint64 pages = 0;
-    qint64 pagesToMove = 0;  ///< In use behind the place where the file could end.
+    qint64 pagesToMove = 0;  ///< Used pages behind the place where the shorter file ends.
 };
 
 /// Whether the engine gives all free pages back at the end of every change.

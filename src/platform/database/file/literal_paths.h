@@ -6,15 +6,15 @@
 #include <cstring>
 #include <string_view>
 
-/// Name of a file system of the engine in which a path is taken as it stands. Usually the engine looks first where
-/// links lead and then opens no link any more: `/proc/self/fd/7`, by which a file without a name can be opened, is a
-/// link to a name that does not exist.
+/// Name of a file system of the engine that opens a path as it is. Usually the engine first follows the links in a path
+/// and then refuses to open a link. But `/proc/self/fd/7`, by which a file without a name can be opened, is a link to a
+/// name that does not exist.
 inline const char* literalPaths() {
     static sqlite3_vfs literal = [] {
         sqlite3_vfs usual = *sqlite3_vfs_find("unix");
         usual.zName = "literal paths";
         usual.xFullPathname = [](sqlite3_vfs*, const char* path, int room, char* full) {
-            if (std::strlen(path) >= static_cast<size_t>(room)) return SQLITE_CANTOPEN;
+            if (std::strlen(path) >= size_t(room)) return SQLITE_CANTOPEN;
             std::strcpy(full, path);
             return SQLITE_OK;
         };

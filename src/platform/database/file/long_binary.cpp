@@ -45,7 +45,7 @@ QByteArray LongBinaries::read(qint64 key, qint64 offset, qint64 count) {
     const qint64 whole = size(key);
     QByteArray bytes(std::clamp<qint64>(whole - offset, 0, count), Qt::Uninitialized);
     if (!bytes.isEmpty()) {
-        check(sqlite3_blob_read(opened(key), bytes.data(), static_cast<int>(bytes.size()), static_cast<int>(offset)));
+        check(sqlite3_blob_read(opened(key), bytes.data(), int(bytes.size()), int(offset)));
     }
     if (offset + count >= whole) open_.reset();
     return bytes;
@@ -58,9 +58,9 @@ qint64 LongBinaries::store(const PendingBytes& value) {
                                                       : u"INSERT INTO long_binary (bytes) VALUES (zeroblob(?))"_s);
     connection_.checked([&] {
         if (value.source() == nullptr)
-            insert.bindNoCopy(1, whole.isEmpty() ? "" : whole.constData(), static_cast<int>(whole.size()));
+            insert.bindNoCopy(1, whole.isEmpty() ? "" : whole.constData(), int(whole.size()));
         else
-            insert.bind(1, static_cast<int64_t>(value.size()));
+            insert.bind(1, int64_t(value.size()));
         insert.exec();
     });
     const qint64 key = connection_.lastRowId();
@@ -74,7 +74,7 @@ void LongBinaries::fill(qint64 key, ValueSource& source) {
     for (qint64 offset = 0; offset < source.size(); offset += pieceSize) {
         const qint64 count = std::min(pieceSize, source.size() - offset);
         source.read(piece.data(), count);
-        check(sqlite3_blob_write(blob.get(), piece.constData(), static_cast<int>(count), static_cast<int>(offset)));
+        check(sqlite3_blob_write(blob.get(), piece.constData(), int(count), int(offset)));
     }
 }
 

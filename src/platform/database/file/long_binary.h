@@ -8,7 +8,7 @@
 struct sqlite3_blob;
 class Connection;
 
-/// The bytes of a value that is to be stored: they lie in memory, or come from a source.
+/// The bytes of a value that is to be stored: they are in memory, or come from a source.
 class PendingBytes {
   public:
     PendingBytes() = default;
@@ -18,7 +18,7 @@ class PendingBytes {
     qint64 size() const { return source_ ? source_->size() : memory_.size(); }
     void append(const QByteArray& bytes) { memory_ += bytes; }
     const QByteArray& inMemory() const { return memory_; }
-    /// Nullptr when the bytes lie in memory. Can be read once.
+    /// Nullptr when the bytes are in memory. Can be read once.
     ValueSource* source() const { return source_.get(); }
 
   private:
@@ -26,9 +26,8 @@ class PendingBytes {
     std::unique_ptr<ValueSource> source_;
 };
 
-/// The side table in which the long-binary values of a file lie, each under a key of its own; the rows of the other
-/// tables hold these keys. A value never changes: a new one takes its place, under a key that was never used before.
-/// Reads and writes by pieces.
+/// The side table of a file's long-binary values. Each value has a key; the rows of the other tables hold these keys. A
+/// value never changes: a new value gets a key that was never used before. Reads and writes piece by piece.
 class LongBinaries {
   public:
     explicit LongBinaries(Connection& connection);
@@ -42,8 +41,8 @@ class LongBinaries {
     /// Returns the key of the new value. Called within a change.
     qint64 store(const PendingBytes& value);
 
-    /// A value that is being read by pieces stays open until its last one. Whoever changes the file, or leaves the
-    /// record, closes it: it would keep other programs from writing.
+    /// Closes the value that is being read. It stays open between two pieces, and keeps other programs from writing: so
+    /// call this before a change of the file and when a record is left.
     void release();
 
   private:

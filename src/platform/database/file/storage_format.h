@@ -4,15 +4,15 @@
 #include <charconv>
 #include <string_view>
 
-// How a file holds what its engine knows nothing about. The reader of Jet databases, which does without Qt, writes the
-// same.
+// The parts of the file format that the engine has no types for. No Qt here: the reader of Jet databases writes them
+// too.
 
-/// The table in which long-binary values lie; the cells of the other tables hold its keys.
+/// The table of the long-binary values; the cells of the other tables hold its keys.
 inline constexpr auto createLongBinarySql =
     "CREATE TABLE IF NOT EXISTS long_binary (id INTEGER PRIMARY KEY AUTOINCREMENT, bytes BLOB NOT NULL)";
 
-/// Digits that a number of the engine gives back. An amount or a decimal that has more of them is kept as the bytes of
-/// its text instead: as a text the engine would turn it into such a number all the same.
+/// Digits that a number of the engine keeps. An amount or a decimal with more digits is stored as the bytes of its
+/// text: a text itself the engine would turn into a number.
 inline constexpr int digitsOfNumber = 15;
 
 /// For digits with or without a point, without an exponent.
@@ -26,7 +26,7 @@ inline bool hasMoreDigitsThanNumber(std::string_view decimal) {
 inline double shortestDecimal(float number) {
     std::array<char, 32> digits{};
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-    auto decimal = static_cast<double>(number);
+    auto decimal = double(number);
     std::from_chars(digits.data(), end, decimal);
     return decimal;
 }

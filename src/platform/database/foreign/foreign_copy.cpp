@@ -59,7 +59,7 @@ Error failure(const QString& path, const QString& why) {
     return Error(u"数据库文件“%1”不能使用：%2。"_s.arg(path, why));
 }
 
-/// An empty file without a name, in which nobody else can look: what is copied into it may be private.
+/// An empty file without a name, which nobody else can read: its content may be private.
 int newUnnamedFile(const QString& path) {
     QByteArray name = QFile::encodeName(QDir::tempPath() + u"/lunq-jet-XXXXXX"_s);
     const int file = mkostemp(name.data(), O_CLOEXEC);
@@ -68,7 +68,7 @@ int newUnnamedFile(const QString& path) {
     return file;
 }
 
-/// Waits for the program to end, as long as it goes on telling of its progress.
+/// Waits for the helper to end, as long as it goes on sending signs of progress.
 bool endsInTime(QProcess& reader, int patienceMs) {
     while (reader.state() != QProcess::NotRunning) {
         if (!reader.waitForReadyRead(patienceMs) && reader.state() != QProcess::NotRunning) return false;
@@ -134,6 +134,6 @@ void ForeignCopy::read() {
         throw failure(path_, reason(JetOutcome::limitExceeded));
     }
     if (reader.exitStatus() == QProcess::CrashExit) throw failure(path_, u"读取它的程序意外终止，它可能已损坏"_s);
-    const auto outcome = static_cast<JetOutcome>(reader.exitCode());
+    const auto outcome = JetOutcome(reader.exitCode());
     if (outcome != JetOutcome::done) throw failure(path_, reason(outcome));
 }

@@ -3,9 +3,9 @@
 #include <QDateTime>
 #include <QString>
 
-/// What a Jet database holds, as a temporary SQLite file that goes with this object. The file has no name at any time:
-/// what may be private cannot stay behind, even where this program is killed. A program of its own, `lunq-jet` beside
-/// the executable, reads the database: a malformed file can end that program, never this one.
+/// The content of a Jet database in a temporary SQLite file, which goes with this object. The file never has a name:
+/// its content may be private, and nothing of it is left even when this program is killed. A helper program, `lunq-jet`
+/// beside the executable, reads the database: a malformed file can end the helper, never this program.
 class ForeignCopy {
   public:
     /// Whether a file begins as Jet databases do. Throws `Error` when it cannot be read.
@@ -17,7 +17,7 @@ class ForeignCopy {
     ForeignCopy(const ForeignCopy&) = delete;
     ForeignCopy& operator=(const ForeignCopy&) = delete;
 
-    /// By which the engine opens the copy, with paths taken as they stand (see `literalPaths`).
+    /// Path by which the engine opens the copy, in the file system `literalPaths`.
     QString file() const;
     /// Whether the database is still as it was when it was read.
     bool isCurrent() const;
@@ -37,6 +37,6 @@ struct JetReader {
     int patienceMs = 60000;
 };
 
-/// Lets another program stand for the one beside the executable: tests let it die, be silent or be missing. Without an
+/// Takes another helper than the one beside the executable: tests let it die, be silent or be missing. Without an
 /// argument it goes back.
 void setJetReader(const JetReader& reader = {});

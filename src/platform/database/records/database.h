@@ -32,7 +32,7 @@ class Database {
     /// Runs one statement: CREATE TABLE, DROP TABLE or DELETE FROM. Refuses all others.
     void Execute(const QString& sql) const;
 
-    /// Names of the tables, in the order of their creation; what the engine keeps for itself is left out.
+    /// Names of the tables, in the order of their creation, without the reserved ones (see `isReservedTable`).
     QStringList TableDefs() const;
 
   private:
@@ -44,19 +44,20 @@ class Database {
     std::shared_ptr<Connection> connection_;
 };
 
-/// Opens an existing file, told by its content, not by its name: an SQLite file for reading and writing (for reading
-/// alone where it cannot be written), a Jet 3 or Jet 4 database for reading (see `isForeign`), with the types and sizes
-/// that its columns have there. The latter takes as long as reading the whole file takes. Throws `Error` that names the
-/// file when it is missing, no database, damaged, incomplete, of an unknown version, or kept by a password.
+/// Opens an existing file; its content decides, not its name. An SQLite file is opened for reading and writing, or for
+/// reading alone if it cannot be written. A Jet 3 or Jet 4 database is opened for reading (see `isForeign`), with the
+/// types and sizes of its columns; that takes as long as reading the whole file. Throws `Error` that names the file
+/// when it is missing, no database, damaged, incomplete, of an unknown version, or protected by a password.
 Database OpenDatabase(const QString& path);
 
-/// Whether `OpenDatabase` would read a file as a Jet database: much quicker. Throws `Error` when it cannot be read.
+/// Whether `OpenDatabase` would read a file as a Jet database; reads only its first bytes. Throws `Error` when it
+/// cannot be read.
 bool isJetDatabase(const QString& path);
 
-/// Makes a new, empty file; throws when one stands there.
+/// Makes a new, empty file; throws when the path exists already.
 Database createDatabase(const QString& path);
 
-/// Several changes that stand or fall together: what is not committed when the object goes is taken back.
+/// Several changes as one: without `commit` the destructor takes all of them back.
 class Transaction {
   public:
     explicit Transaction(const Database& database);

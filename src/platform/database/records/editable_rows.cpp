@@ -15,7 +15,7 @@ std::vector<Column> selectedColumns(const std::vector<Column>& all, const Select
     for (const QString& name : query.columns) {
         const int index = columnIndex(all, name);
         if (index < 0) throw Error(u"表“%1”中没有列“%2”。"_s.arg(query.table, name));
-        columns.push_back(all[static_cast<size_t>(index)]);
+        columns.push_back(all[size_t(index)]);
     }
     return columns;
 }
@@ -48,7 +48,7 @@ Row EditableRows::read(int row) {
     }
     connection_.checked([&] {
         readRow_->reset();
-        readRow_->bind(1, static_cast<int64_t>(rowids_[static_cast<size_t>(row)]));
+        readRow_->bind(1, int64_t(rowids_[size_t(row)]));
     });
     if (!connection_.step(*readRow_)) failDeleted();
     Row cells = storedRow(*readRow_, columns_);
@@ -63,14 +63,14 @@ int EditableRows::firstMatch(const Tokens& criteria) {
     const std::vector<qint64> matches = rowidsOf(query.rowidSql());  // in the order of the identities
     const auto meets = [&](qint64 rowid) { return std::ranges::binary_search(matches, rowid); };
     const auto found = std::ranges::find_if(rowids_, meets);
-    return found == rowids_.end() ? -1 : static_cast<int>(found - rowids_.begin());
+    return found == rowids_.end() ? -1 : int(found - rowids_.begin());
 }
 
 void EditableRows::update(int row, const PendingValues& values) {
     if (values.empty()) return;
     QStringList assignments;
     for (const auto& [column, value] : values) {
-        assignments << quotedName(columns_[static_cast<size_t>(column)].name) + u" = ?"_s;
+        assignments << quotedName(columns_[size_t(column)].name) + u" = ?"_s;
     }
     Change change(connection_);
     const int changed = runWith(
@@ -82,11 +82,12 @@ void EditableRows::update(int row, const PendingValues& values) {
 
 void EditableRows::add(const PendingValues& values) {
     Change change(connection_);
-    // The identity stands in front: where a column is one itself, in another program's table, the later one counts.
+    // The identity comes first: in another program's table a column may be the identity itself, and the last one
+    // counts.
     QStringList names{u"_rowid_"_s};
     QStringList places{QString::number(connection_.newRowId(table_))};
     for (const auto& [column, value] : values) {
-        names << quotedName(columns_[static_cast<size_t>(column)].name);
+        names << quotedName(columns_[size_t(column)].name);
         places << u"?"_s;
     }
     runWith(u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(quotedName(table_), names.join(u", "), places.join(u", ")),
@@ -103,12 +104,12 @@ int EditableRows::runWith(const QString& sql, const PendingValues& values) {
         ++place;
         if (!pending.bytes) {
             connection_.checked([&, &at = at, &stored = pending.value] {
-                bindValue(statement, place, stored, columns_[static_cast<size_t>(at)].type);
+                bindValue(statement, place, stored, columns_[size_t(at)].type);
             });
             continue;
         }
         const qint64 key = connection_.longBinaries().store(*pending.bytes);
-        connection_.checked([&] { statement.bind(place, static_cast<int64_t>(key)); });
+        connection_.checked([&] { statement.bind(place, int64_t(key)); });
     }
     return connection_.checked([&] { return statement.exec(); });
 }
@@ -123,7 +124,7 @@ void EditableRows::remove(int row) {
 }
 
 QString EditableRows::identityOf(int row) const {
-    return QString::number(rowids_[static_cast<size_t>(row)]);
+    return QString::number(rowids_[size_t(row)]);
 }
 
 void EditableRows::failDeleted() const {

@@ -2,13 +2,13 @@
 
 #include "platform/database/records/result_rows.h"
 
-/// Rows of one table, known by their identities and read when asked for. They can be changed.
+/// Rows of one table, known by their identities. A row is read when it is asked for, and can be changed.
 class EditableRows : public ResultRows {
   public:
     EditableRows(Connection& connection, const SelectQuery& query);
 
     bool isUpdatable() const override { return true; }
-    int count() const override { return static_cast<int>(rowids_.size()); }
+    int count() const override { return int(rowids_.size()); }
     Row read(int row) override;
     int firstMatch(const Tokens& criteria) override;
     void update(int row, const PendingValues& values) override;

@@ -17,7 +17,7 @@ void requireInMemory(const PendingBytes& bytes) {
 /// Key of the long-binary value that the file holds for the current record, 0 for Null and in a record not yet stored.
 qint64 storedKey(RecordsetState& state, int column) {
     if (state.mode == Recordset::Mode::add) return 0;
-    return state.currentRow()[static_cast<size_t>(column)].longBinaryKey;
+    return state.currentRow()[size_t(column)].longBinaryKey;
 }
 
 }  // namespace
@@ -38,7 +38,7 @@ FieldValue Field::Value() const {
     if (Type() == FieldType::longBinary) return isNull() ? FieldValue() : FieldValue(GetChunk(0, FieldSize()));
     if (const PendingValue* pending = state_->pendingValue(column_)) return pending->value;
     if (state_->mode == Recordset::Mode::add) return {};
-    return state_->currentRow()[static_cast<size_t>(column_)].value;
+    return state_->currentRow()[size_t(column_)].value;
 }
 
 void Field::SetValue(const FieldValue& value) {

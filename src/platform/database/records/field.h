@@ -18,7 +18,7 @@ class Field {
     /// long-binary column.
     int Size() const;
 
-    /// Reads the value. A long-binary value is read whole: copying one field to another is what this is for there.
+    /// Reads the value. A long-binary value is read whole, to be copied to another field.
     FieldValue Value() const;
     /// Under `Edit` or `AddNew`. Texts are converted to the declared type; a value that does not fit the type or the
     /// length is refused with an `Error` that names column and value.
@@ -33,8 +33,8 @@ class Field {
     /// Under `Edit` or `AddNew`: the first call starts the value anew, later ones add to its end. The pieces gather in
     /// memory until `Update`.
     void AppendChunk(const QByteArray& bytes);
-    /// Under `Edit` or `AddNew`: `Update` stores what the source gives, piece by piece. Nothing can be read of the
-    /// value before that.
+    /// Under `Edit` or `AddNew`: `Update` stores the bytes of the source, piece by piece. The new value cannot be read
+    /// before that.
     void TakeFrom(std::unique_ptr<ValueSource> source);
 
   private:

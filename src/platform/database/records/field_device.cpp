@@ -16,7 +16,7 @@ FieldDevice::~FieldDevice() {
 qint64 FieldDevice::readData(char* data, qint64 maxSize) {
     QByteArray bytes;
     if (!attempt([&] { bytes = field_.GetChunk(pos(), maxSize); })) return -1;
-    std::memcpy(data, bytes.constData(), static_cast<size_t>(bytes.size()));
+    std::memcpy(data, bytes.constData(), size_t(bytes.size()));
     return bytes.size();
 }
 

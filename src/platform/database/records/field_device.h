@@ -4,9 +4,8 @@
 
 #include <QIODevice>
 
-/// A long-binary value as a random-access device, so that a decoder can read it piece by piece instead of holding it
-/// whole. Reading only; valid while the recordset stays on its record. When it goes, nothing keeps other programs from
-/// writing any more.
+/// A long-binary value as a random-access device, for decoders that read it piece by piece. Reading only; valid while
+/// the recordset stays on its record. An open value keeps other programs from writing; the destructor closes it.
 class FieldDevice : public QIODevice {
     Q_OBJECT
 

@@ -35,7 +35,7 @@ QString FieldValue::toText() const {
                    [](double value) { return plainText(value); }, [](const QString& value) { return value; },
                    [](const QDateTime& value) {
                        const bool midnight = value.time() == QTime(0, 0);
-                       return dateText(value, midnight ? u"yyyy-mm-dd" : u"yyyy-mm-dd hh:mm:ss");
+                       return dateText(value, midnight ? datePattern : dateTimePattern);
                    },
                    [](const QByteArray&) -> QString { refuse(u"二进制数据"_s, u"文本"); }},
         storage_);
@@ -48,14 +48,14 @@ QString FieldValue::textOr(const QString& fallback) const {
 double FieldValue::toDouble() const {
     return std::visit(
         Overloaded{[](std::monostate) -> double { refuseNull(); }, [](bool value) -> double { return value ? 1 : 0; },
-                   [](qint32 value) -> double { return value; },
-                   [](float value) -> double { return static_cast<double>(value); }, [](double value) { return value; },
+                   [](qint32 value) -> double { return value; }, [](float value) -> double { return double(value); },
+                   [](double value) { return value; },
                    [](const QString& value) {
                        const auto number = numberFromText(value);
                        if (!number) refuse(value, u"数字");
                        return *number;
                    },
-                   [](const QDateTime& value) -> double { refuse(dateText(value, u"yyyy-mm-dd hh:mm:ss"), u"数字"); },
+                   [](const QDateTime& value) -> double { refuse(dateText(value, dateTimePattern), u"数字"); },
                    [](const QByteArray&) -> double { refuse(u"二进制数据"_s, u"数字"); }},
         storage_);
 }
@@ -65,7 +65,7 @@ qint32 FieldValue::toInteger() const {
     if (!(number >= std::numeric_limits<qint32>::min() && number <= std::numeric_limits<qint32>::max())) {
         refuse(plainText(number), u"32 位整数：超出范围");
     }
-    return static_cast<qint32>(number);
+    return qint32(number);
 }
 
 bool FieldValue::toBool() const {

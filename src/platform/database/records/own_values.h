@@ -4,16 +4,16 @@
 
 #include <optional>
 
-/// Names and values that the program keeps for itself inside a file of its own, in a table that no list of tables
-/// shows. They came with version 2 of the file: a file of version 1 has none.
+/// Names and values that the program keeps for itself inside its catalogue, in a reserved table. Version 2 of the file
+/// has them: a file of version 1 has none.
 class OwnValues {
   public:
     /// Throws `Error` when the database is closed.
     explicit OwnValues(const Database& database);
 
-    /// Raises a file of version 1 to version 2, in one change; nothing for a file that has it. Only a program that
-    /// keeps the file to itself may do so: programs of version 1 refuse it from then on. Throws `Error` when the file
-    /// is not ours or cannot be written.
+    /// Raises a file of version 1 to version 2, in one change; does nothing to a file of version 2. Older programs
+    /// refuse the file from then on, so the caller has to have it for itself. Throws `Error` when the file is not ours
+    /// or cannot be written.
     void prepare();
 
     /// Nothing where the file has no such value.

@@ -9,8 +9,8 @@ class ReadOnlyRows : public ResultRows {
     ReadOnlyRows(Connection& connection, Tokens query);
 
     bool isUpdatable() const override { return false; }
-    int count() const override { return static_cast<int>(rows_.size()); }
-    Row read(int row) override { return rows_[static_cast<size_t>(row)]; }
+    int count() const override { return int(rows_.size()); }
+    Row read(int row) override { return rows_[size_t(row)]; }
     int firstMatch(const Tokens& criteria) override;
 
   private:

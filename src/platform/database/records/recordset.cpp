@@ -104,7 +104,7 @@ Field Recordset::Fields(int index) const {
 }
 
 int Recordset::FieldCount() const {
-    return static_cast<int>(required(state_).columns().size());
+    return int(required(state_).columns().size());
 }
 
 void Recordset::AddNew() {
@@ -170,7 +170,7 @@ std::vector<FieldValue> Recordset::valuesAt(int row) const {
 Cell Recordset::cellAt(int row, const QString& column) const {
     RecordsetState& state = required(state_);
     requireRow(state, row);
-    const auto index = static_cast<size_t>(requiredColumn(state, column));
+    const auto index = size_t(requiredColumn(state, column));
     return state.valuesOf(row)[index];
 }
 

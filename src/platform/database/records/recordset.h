@@ -9,13 +9,14 @@
 struct Cell;
 class RecordsetState;
 
-/// The records of a table or of a SELECT. An object made by default is "Nothing": every operation on it throws.
+/// The records of a table or of a SELECT. An object made by default is "Nothing": only `isNothing` can be asked of it.
 ///
-/// On one table the records can be changed. The set remembers which rows belong to it, in their order; the values of a
-/// record are read when they are asked for, a long-binary one only on demand. A new record that `Update` stores joins
-/// the end of the set. Changes are durable when `Update` or `Delete` returns (unless a `Transaction` is open).
+/// The records of one table can be changed. The set keeps the identities of its rows, in their order, and reads the
+/// values of a record when they are asked for, a long-binary one by `Field` alone. A new record that `Update` stores
+/// joins the end of the set. Changes are durable when `Update` or `Delete` returns (unless a `Transaction` is open).
+/// The records of any other SELECT are read once and cannot be changed.
 ///
-/// Every operation throws `Error` when there is no current record, or when the database refuses it.
+/// Operations throw `Error` when they need a current record and there is none, or when the database refuses them.
 class Recordset {
   public:
     enum class Mode { none = 0, edit = 1, add = 2 };

@@ -17,7 +17,7 @@ class RecordsetState {
     };
 
     const std::vector<Column>& columns() const { return rows->columns(); }
-    const Column& column(int index) const { return columns()[static_cast<size_t>(index)]; }
+    const Column& column(int index) const { return columns()[size_t(index)]; }
 
     void goTo(int row);
     void leaveRecord(Place where, int row);
@@ -32,7 +32,7 @@ class RecordsetState {
     const Row& currentRow();
     /// The same of any record. The values that were read last are kept.
     const Row& valuesOf(int row);
-    /// What `Edit` or `AddNew` has set for a column; nullptr when it has set nothing.
+    /// What `SetValue` and the like have set for a column since `Edit` or `AddNew`; nullptr when nothing.
     PendingValue* pendingValue(int index);
 
     std::shared_ptr<Connection> connection;

@@ -16,7 +16,7 @@ struct Cell {
 
 using Row = std::vector<Cell>;
 
-/// What `Edit` or `AddNew` has set, by column. Bytes of a long-binary value lie in the spool; neither is Null.
+/// The new value of a column under `Edit` or `AddNew`. A long-binary value has `bytes`; Null has neither.
 struct PendingValue {
     FieldValue value;
     std::unique_ptr<PendingBytes> bytes;

@@ -6,16 +6,15 @@
 
 class Connection;
 
-/// The bytes of a long-binary field, apart from the record that they belong to. They never change: whatever replaces
-/// them is another value. So what has been made of them may be kept under this as its key. Reading throws `Error`; it
-/// belongs to the thread that has opened the database.
+/// The bytes of a long-binary field, apart from their record. They never change, so this can be the key of a cache.
+/// Reading may throw `Error`, and is only allowed in the thread that has opened the database.
 class StoredValue {
   public:
     StoredValue() = default;  ///< Null.
 
     bool isNull() const { return key_ == 0; }
     qint64 size() const;
-    /// Fewer bytes at the end of the value, none behind it. Keeps no other program from writing afterwards.
+    /// Fewer bytes at the end of the value, none behind it. Closes the value, so that other programs can write.
     QByteArray read(qint64 offset, qint64 count) const;
 
     bool operator==(const StoredValue& other) const = default;

@@ -15,8 +15,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr QStringView storedDatePattern = u"yyyy-mm-dd hh:mm:ss";
-
 QString shown(const FieldValue& value) {
     if (std::holds_alternative<QByteArray>(value.storage())) return u"二进制数据"_s;
     const QString text = value.toText();
@@ -38,19 +36,19 @@ qint32 fittedInteger(const Column& column, const FieldValue& value, qint32 lowes
     if (number < lowest || number > highest) {
         refuse(column, value, u"超出范围（%1 至 %2）"_s.arg(lowest).arg(highest));
     }
-    return static_cast<qint32>(number);
+    return qint32(number);
 }
 
 float fittedSingle(const Column& column, const FieldValue& value) {
     const double number = fittedNumber(column, value);
-    if (std::abs(number) > static_cast<double>(std::numeric_limits<float>::max())) refuse(column, value, u"数字过大"_s);
-    return static_cast<float>(number);
+    if (std::abs(number) > double(std::numeric_limits<float>::max())) refuse(column, value, u"数字过大"_s);
+    return float(number);
 }
 
 QDateTime fittedDate(const Column& column, const FieldValue& value) {
     QDateTime date;
     const bool read = attempt([&] { date = value.toDate(); });
-    // Dates are kept and compared as texts, which has four digits for the year.
+    // Dates are stored and compared as texts with four digits for the year.
     if (!read || !date.isValid() || date.date().year() < 1 || date.date().year() > 9999) {
         refuse(column, value, u"它不是日期"_s);
     }
@@ -110,7 +108,7 @@ FieldValue fittedAmount(const Column& column, const FieldValue& value, const Wri
     const qint64 parts = ((written.negative ? u"-"_s : QString()) + written.whole + kept).toLongLong(&fits);
     if (!fits) refuse(column, value, u"超出范围（-922337203685477.5808 至 922337203685477.5807）"_s);
     const bool up = rest > u"5" || (rest == u"5" && parts % 2 != 0);
-    const quint64 amount = (parts < 0 ? 0 - static_cast<quint64>(parts) : static_cast<quint64>(parts)) + (up ? 1 : 0);
+    const quint64 amount = (parts < 0 ? 0 - quint64(parts) : quint64(parts)) + (up ? 1 : 0);
     QString decimals = QString::number(amount % 10000).rightJustified(places, u'0');
     while (decimals.endsWith(u'0')) decimals.chop(1);
     const QString text = Written{written.negative, QString::number(amount / 10000), decimals}.text();
@@ -133,11 +131,11 @@ FieldValue integerValue(qint64 number, FieldType type) {
     if (type == FieldType::boolean) return number != 0;
     if (const QString text = QString::number(number); isExact(type) && hasMoreDigitsThanNumber(text.toStdString()))
         return text;
-    if (type == FieldType::single) return static_cast<float>(number);
+    if (type == FieldType::single) return float(number);
     const bool fits = number >= std::numeric_limits<qint32>::min() && number <= std::numeric_limits<qint32>::max();
     const bool whole = type != FieldType::real && type != FieldType::currency && type != FieldType::decimal;
-    if (!whole || !fits) return static_cast<double>(number);
-    return static_cast<qint32>(number);
+    if (!whole || !fits) return double(number);
+    return qint32(number);
 }
 
 }  // namespace
@@ -181,8 +179,7 @@ FieldValue fitted(const Column& column, const FieldValue& value) {
 void bindValue(SQLite::Statement& statement, int index, const FieldValue& value, FieldType type) {
     const auto bindText = [&](const QString& text) {
         const std::string bytes = text.toStdString();
-        isExact(type) ? statement.bind(index, bytes.data(), static_cast<int>(bytes.size()))
-                      : statement.bind(index, bytes);
+        isExact(type) ? statement.bind(index, bytes.data(), int(bytes.size())) : statement.bind(index, bytes);
     };
     const auto& storage = value.storage();
     if (const auto* truth = std::get_if<bool>(&storage))
@@ -196,9 +193,9 @@ void bindValue(SQLite::Statement& statement, int index, const FieldValue& value,
     else if (const auto* text = std::get_if<QString>(&storage))
         bindText(*text);
     else if (const auto* date = std::get_if<QDateTime>(&storage))
-        bindText(dateText(*date, storedDatePattern));
+        bindText(dateText(*date, dateTimePattern));
     else if (const auto* bytes = std::get_if<QByteArray>(&storage))
-        statement.bind(index, bytes->constData(), static_cast<int>(bytes->size()));
+        statement.bind(index, bytes->constData(), int(bytes->size()));
     else
         statement.bind(index);
 }
@@ -213,8 +210,7 @@ FieldValue storedValue(SQLite::Statement& statement, int index, FieldType type) 
     }
     if (value.isInteger()) return integerValue(value.getInt64(), type);
     if (value.isFloat()) {
-        return type == FieldType::single ? FieldValue(static_cast<float>(value.getDouble()))
-                                         : FieldValue(value.getDouble());
+        return type == FieldType::single ? FieldValue(float(value.getDouble())) : FieldValue(value.getDouble());
     }
     if (value.isBlob() && !isExact(type))
         return QByteArray(static_cast<const char*>(value.getBlob()), value.getBytes());
@@ -227,7 +223,7 @@ FieldValue storedValue(SQLite::Statement& statement, int index, FieldType type) 
 Row storedRow(SQLite::Statement& statement, const std::vector<Column>& columns) {
     Row cells(columns.size());
     for (size_t i = 0; i < columns.size(); ++i) {
-        const int place = static_cast<int>(i);
+        const int place = int(i);
         if (columns[i].type == FieldType::longBinary)
             cells[i].longBinaryKey = statement.getColumn(place).getInt64();
         else
