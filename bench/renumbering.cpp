@@ -1,7 +1,7 @@
 // Times the renumbering of an album of large pictures against one of the same records without pictures. The pictures
 // are zeros: what they hold makes no difference. Run by hand: bench_renumbering [records] [kilobytes of each picture]
 
-#include "catalogue/renumbering.h"
+#include "catalogue/runs/renumbering.h"
 
 #include "catalogue/album_rules.h"
 #include "filling.h"
@@ -19,9 +19,10 @@ namespace {
 /// Every round turns the order round, so that all numbers change.
 double renumbered(const Database& database, const QString& table) {
     bool byDate = false;
+    RunWatch unwatched;
     return medianMilliseconds(5, [&] {
         byDate = !byDate;
-        renumberAlbum(database, table, byDate ? u"日期"_s : u"备注"_s);
+        renumberAlbum(database, table, byDate ? u"日期"_s : u"备注"_s, unwatched);
     });
 }
 

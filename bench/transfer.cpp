@@ -4,8 +4,9 @@
 #include "../tests/support/sample_catalogue.h"
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
+#include "catalogue/runs/file_transfer.h"
+#include "catalogue/runs/table_transfer.h"
 #include "filling.h"
-#include "intake/transfer_run.h"
 #include "platform/base/error.h"
 #include "table.h"
 #include "timing.h"
@@ -38,8 +39,9 @@ QStringList makeAlbum(int count) {
     return numbers;
 }
 
-void requireDone(const NotDone& notDone) {
-    if (!notDone.isEmpty()) throw Error(notDone.text(u"%1"_s));
+void requireDone(const RunReport& report) {
+    for (const RunItem& item : report.items)
+        if (item.fate != Fate::taken) throw Error(item.reason);
 }
 
 void requireRun(const QString& program, const QStringList& arguments) {
@@ -67,7 +69,8 @@ void compare(int count, const QString& parent) {
     const SampleCatalogue catalogue;
     const QStringList numbers = makeAlbum(count);
     const Round files(parent);
-    requireDone(transferToFiles(u"tc01"_s, numbers, files.path(), [](int) {}));
+    RunWatch unwatched;
+    requireDone(transferToFiles(mekTp::catalogue, u"tc01"_s, numbers, files.path(), unwatched));
 
     // In turn, so that other work of the machine slows all of them alike.
     std::vector<double> plain, folder, table;
@@ -81,16 +84,16 @@ void compare(int count, const QString& parent) {
         }
         {
             const Round round(parent);
-            folder.push_back(
-                milliseconds([&] { requireDone(transferToFiles(u"tc01"_s, numbers, round.path(), [](int) {})); }));
+            folder.push_back(milliseconds(
+                [&] { requireDone(transferToFiles(mekTp::catalogue, u"tc01"_s, numbers, round.path(), unwatched)); }));
         }
         {
             const Round round(parent);
             Database other = createDatabase(round.path() + u"/other.mdb"_s);
             other.Execute(createAlbumSql(u"tc01"_s));
             const TransferTarget target{other, u"tc01"_s, wholeMapping()};
-            table.push_back(
-                milliseconds([&] { requireDone(transferToTable(u"tc01"_s, numbers, target, false, [](int) {})); }));
+            table.push_back(milliseconds(
+                [&] { requireDone(transferToTable(mekTp::catalogue, u"tc01"_s, numbers, target, false, unwatched)); }));
         }
     }
     const std::string these = std::to_string(count) + " pictures of 4 MB";

@@ -2,29 +2,29 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/fixed_tables.h"
+#include "catalogue/table_shape.h"
 #include "platform/base/error.h"
 
+#include <QFileInfo>
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-QStringList columnsOf(const Database& catalogue, const QString& table) {
-    QStringList columns;
-    attempt([&] {
-        const Recordset rows = catalogue.OpenRecordset(u"SELECT * FROM ["_s + table + u"] WHERE 1 = 0"_s);
-        for (int i = 0; i < rows.FieldCount(); ++i) columns << rows.Fields(i).Name();
-    });
-    return columns;
+bool hasColumn(const TableShape& shape, const QString& name) {
+    return std::ranges::find(shape, name, &FieldShape::name) != shape.end();
 }
 
 }  // namespace
 
 bool isAlbumTable(const Database& catalogue, const QString& table) {
     if (table.size() != tableNameLength || fixedTables().contains(table, Qt::CaseInsensitive)) return false;
-    const QStringList columns = columnsOf(catalogue, table);
-    return std::ranges::all_of(albumColumns(), [&](const QString& column) { return columns.contains(column); });
+    TableShape shape;
+    attempt([&] { shape = shapeOf(catalogue, table); });
+    return std::ranges::all_of(albumColumns(), [&](const QString& column) { return hasColumn(shape, column); });
 }
 
 QStringList albumTables(const Database& catalogue) {
@@ -37,4 +37,10 @@ QStringList changeableAlbums(const Database& catalogue) {
     QStringList albums = albumTables(catalogue);
     albums.removeIf(isDemo);
     return albums;
+}
+
+bool isSameFile(const QString& one, const QString& other) {
+    std::error_code failed;  // neither file need exist
+    return std::filesystem::equivalent(QFileInfo(one).filesystemFilePath(), QFileInfo(other).filesystemFilePath(),
+                                       failed);
 }

@@ -14,3 +14,9 @@ QStringList albumTables(const Database& catalogue);
 
 /// The albums that pictures may be added to: all but the one that is only for show.
 QStringList changeableAlbums(const Database& catalogue);
+
+/// Said to who wants to change that one.
+inline const QString onlyForShow = QStringLiteral("该表只做演示用，不能录入或编辑！");
+
+/// Whether two paths, through links or not, lead to one file.
+bool isSameFile(const QString& one, const QString& other);

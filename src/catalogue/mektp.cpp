@@ -6,8 +6,6 @@
 #include "platform/database/records/own_values.h"
 
 #include <QFileInfo>
-#include <filesystem>
-#include <system_error>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -32,12 +30,6 @@ QString cataloguePath() {
 
 void setCataloguePath(const QString& path) {
     chosenCatalogue() = path;
-}
-
-bool isCatalogue(const QString& path) {
-    std::error_code failed;  // neither file need exist
-    return std::filesystem::equivalent(QFileInfo(path).filesystemFilePath(),
-                                       QFileInfo(cataloguePath()).filesystemFilePath(), failed);
 }
 
 QString lockPath() {

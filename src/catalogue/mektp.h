@@ -23,9 +23,6 @@ QString cataloguePath();
 /// Chooses another file, until the program ends. An empty path goes back to the program's own.
 void setCataloguePath(const QString& path);
 
-/// Whether a path, through links or not, leads to the program's catalogue.
-bool isCatalogue(const QString& path);
-
 /// Path of the lock file by which the program keeps the catalogue to itself. It is beside the real `lunq.mdb`, even
 /// when the one in the program's folder is a link.
 QString lockPath();

@@ -22,13 +22,16 @@ bool readPictureField(Recordset& recordset, const QString& fieldName, Image& ima
     return picture.has_value();
 }
 
+/// Target for a picture of which only the size is wanted: it may be decoded as small as the decoder can.
+inline constexpr QSize sizeOnly{1, 1};
+
 /// Chunk size of all picture writing.
 inline constexpr int pictureChunk = 16384;
 
-/// Stores a file's bytes in a long-binary column of the record under `Edit` or `AddNew`. Behind them come zeros, one
-/// and one more for each whole chunk: all catalogues hold their pictures like that, and decoders never see the zeros. A
-/// file of more than 16 MB is read while the record is stored, and has to stay until then. Returns the file's length; 0
-/// for an empty file, of which nothing is stored. Throws `Error` when the file cannot be read.
-qint64 storePictureFile(Field field, const QString& path);
-/// The same with bytes in memory.
+/// Length of the value that holds a picture of `length` bytes: behind them come zeros, one and one more for each whole
+/// chunk. All catalogues hold their pictures like that, and decoders never see the zeros.
+qint64 storedLength(qint64 length);
+
+/// Stores the bytes of a picture in a long-binary column of the record under `Edit` or `AddNew`. Returns their number;
+/// 0, and nothing is stored, where there are none.
 qint64 storePictureBytes(Field field, const QByteArray& bytes);

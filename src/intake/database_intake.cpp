@@ -267,6 +267,7 @@ void DatabaseIntake::endRun() {
 CopyOrder DatabaseIntake::order(bool replace) const {
     QStringList keys;
     for (int i = 0; i < shared_.lstSu->ListCount(); ++i) keys << shared_.lstSu->List(i);
-    return {mapping_.indexFieldName(), mapping_.fieldMapping(), recordsOfKeys(keys), replace,
+    return {state_.sourceDatabasePath,   state_.sourceTable,  mapping_.indexFieldName(),
+            mapping_.fieldMapping(),     recordsOfKeys(keys), replace,
             controls_.chkZd->isChecked()};
 }

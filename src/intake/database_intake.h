@@ -1,8 +1,8 @@
 #pragma once
 
+#include "catalogue/runs/record_copy.h"
 #include "intake/browser_panel.h"
 #include "intake/code_buttons.h"
-#include "intake/database_copy.h"
 #include "intake/form_state.h"
 #include "intake/hint_line.h"
 #include "intake/mapping_panel.h"

@@ -20,9 +20,6 @@ struct FormState {
     QString targetDatabasePath;
     QString targetTable;
 
-    int replaceNumber = 0;         ///< 序号 from the file name in replace mode.
-    qint64 lastPictureLength = 0;  ///< Bytes of the picture file stored last.
-
     QString previewMark;     ///< "s": the preview shows the current record; "w": a file.
     int previewIndex = 0;    ///< Which cmdCk opened the preview.
     QString newPictureFile;  ///< File that the preview shows or will store; empty when none.

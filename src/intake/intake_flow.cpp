@@ -1,10 +1,16 @@
 // The part of the page 图片录入 from the choice of files on: selection, run, steps back.
 
 #include "catalogue/album_rules.h"
+#include "catalogue/album_tables.h"
 #include "catalogue/mektp.h"
+#include "catalogue/runs/file_intake.h"
+#include "catalogue/runs/picture_names.h"
+#include "catalogue/table_shape.h"
 #include "intake/intake_page.h"
 #include "intake/intake_texts.h"
-#include "intake/left_out.h"
+#include "intake/progress_bar_watch.h"
+#include "intake/run_boxes.h"
+#include "intake/run_texts.h"
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
@@ -208,12 +214,10 @@ QStringList IntakePage::selectedPaths() const {
 void IntakePage::lrtc() {
     for (QPushButton* button : {cmdQx_, cmdLr_, cmdQ1_}) button->setEnabled(false);
     const Outcome outcome = fromFiles() ? enterFiles() : copyRecords();
-    DataControl* datBj = controls_.datBj;
-    datBj->setDatabaseName(mekTp::cataloguePath());
-    datBj->setRecordSource(allRecordsSql(state_.albumTable, u"序号"_s));
-    attempt([&] { datBj->Refresh(); });
+    refreshTarget();
     readFilesAnew();
-    for (const QString& message : outcome.messages) say(controls_.form, message, BoxIcon::information);
+    for (const QString& message : outcome.messages)
+        if (!message.isEmpty()) say(controls_.form, message, BoxIcon::information);
     say(controls_.form, u"图片录入完成！  共录入：%1张"_s.arg(outcome.count));
     if (!fromFiles()) database_->endRun();
     controls_.sstFz->putOn(intakeTab, controls_.msgBm, 5435, 1320, 3745, 3555);
@@ -227,6 +231,17 @@ void IntakePage::lrtc() {
     state_.pageFree = true;
 }
 
+/// The album, as the run has left it.
+void IntakePage::refreshTarget() {
+    const std::pair<DataControl*, QString> views[] = {{datLr_, state_.targetTable},
+                                                      {controls_.datBj, allRecordsSql(state_.albumTable, u"序号"_s)}};
+    for (const auto& [data, source] : views) {
+        data->setDatabaseName(mekTp::cataloguePath());
+        data->setRecordSource(source);
+        attempt([data = data] { data->Refresh(); });
+    }
+}
+
 /// The run may have changed files, and others may have come meanwhile. None is chosen any more.
 void IntakePage::readFilesAnew() {
     browser_.readFiles();
@@ -236,70 +251,49 @@ void IntakePage::readFilesAnew() {
     showFileCount();
 }
 
-/// The progress bar stands in the empty part of the strip of captions for as long as the run lasts.
-void IntakePage::showProgress(const std::function<void(const Progress&)>& run) {
-    const Hourglass hourglass;
-    QProgressBar* prg2 = controls_.prg2;
-    prg2->setParent(controls_.sstFz);
-    place(prg2, 5000, 50, 2000, 285);
-    prg2->setRange(0, 100);
-    prg2->setValue(0);
-    prg2->show();
-    prg2->raise();
-    prg2->repaint();
-    run([prg2](int percent) {
-        prg2->setValue(percent);
-        prg2->repaint();
-    });
-    prg2->hide();
+/// Runs while the progress bar stands in the empty part of the strip of captions.
+RunReport IntakePage::shown(const std::function<RunReport(RunWatch&)>& run) {
+    controls_.prg2->setParent(controls_.sstFz);
+    place(controls_.prg2, 5000, 50, 2000, 285);
+    ProgressBarWatch watch(controls_.prg2);
+    return run(watch);
 }
 
 /// The files that are chosen, and then, if they are wanted, those of them that were left out.
-IntakeResult IntakePage::enterSelected() {
+RunReport IntakePage::enterSelected() {
     IntakeOrder order{browser_.fil1()->Path(),  browser_.fileNames(),
                       browser_.selectedFiles(), replaces(),
                       chkZd_->isChecked(),      bmpFiles_};
-    IntakeResult result;
-    showProgress([&](const Progress& progress) { result = wjlr(*datLr_, order, state_, progress); });
-    const LeftOut leftOut{.truncated = result.truncated};
-    if (leftOut.isEmpty() || !result.failure.isEmpty() || !takesLeftOut(controls_.form, leftOut, replaces()))
-        return result;
-    order.selected.clear();
-    for (const QString& name : result.truncated) order.selected << static_cast<int>(order.names.indexOf(name));
+    const auto enter = [&](RunWatch& watch) { return wjlr(mekTp::catalogue, state_.targetTable, order, watch); };
+    RunReport report = shown(enter);
+    if (!takesLeftOut(controls_.form, report, {}, replaces())) return report;
+    const QList<int> chosen = std::exchange(order.selected, {});
+    for (const qsizetype place : report.leftOut()) order.selected << chosen[place];
     order.takesTruncated = true;
-    showProgress([&](const Progress& progress) { result.add(wjlr(*datLr_, order, state_, progress)); });
-    return result;
+    report.add(shown(enter));
+    return report;
 }
 
 IntakePage::Outcome IntakePage::enterFiles() {
-    const IntakeResult result = enterSelected();
-    Outcome outcome{result.count, {}};
-    if (result.cameToEnd && !result.notFound.isEmpty())
-        outcome.messages << u"本目标表无下列对应序号：\n\n"_s + nearlyAllOf(result.notFound) +
-                                u"\n\n这些文件没有替换！"_s;
-    if (const QString report = intakeReport(result); !report.isEmpty()) outcome.messages << report;
-    return outcome;
+    const RunReport report = enterSelected();
+    return {report.count, {filesNotReplacedText(report), intakeReport(report)}};
 }
 
 /// The records that are chosen, and then, if they are wanted, those of them that were left out.
-CopyResult IntakePage::copyChosen() {
+RunReport IntakePage::copyChosen() {
     CopyOrder order = database_->order(replaces());
-    CopyResult result;
-    showProgress([&](const Progress& progress) { result = sklr(*datLr_, order, state_, progress); });
-    const LeftOut leftOut{order.indexField, result.truncated, result.noPictures};
-    if (leftOut.isEmpty() || !result.failure.isEmpty() || !takesLeftOut(controls_.form, leftOut, replaces()))
-        return result;
-    order.records = result.leftOut;
+    const auto copy = [&](RunWatch& watch) { return sklr(mekTp::catalogue, state_.targetTable, order, watch); };
+    RunReport report = shown(copy);
+    if (!takesLeftOut(controls_.form, report, order.indexField, replaces())) return report;
+    const QList<SourceRecord> chosen = std::exchange(order.records, {});
+    for (const qsizetype place : report.leftOut()) order.records << chosen[place];
     order.takesDoubtful = true;
-    showProgress([&](const Progress& progress) { result.add(sklr(*datLr_, order, state_, progress)); });
-    return result;
+    report.add(shown(copy));
+    return report;
 }
 
 IntakePage::Outcome IntakePage::copyRecords() {
-    const CopyResult result = copyChosen();
+    const RunReport report = copyChosen();
     const QString& indexField = mapping_.indexFieldName();
-    Outcome outcome{result.count, {}};
-    for (const QString& message : {notReplacedText(result, indexField), copyReport(result, indexField)})
-        if (!message.isEmpty()) outcome.messages << message;
-    return outcome;
+    return {report.count, {notReplacedText(report, indexField), copyReport(report, indexField)}};
 }

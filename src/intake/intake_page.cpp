@@ -1,7 +1,9 @@
 #include "intake/intake_page.h"
 
 #include "catalogue/album_rules.h"
+#include "catalogue/album_tables.h"
 #include "catalogue/mektp.h"
+#include "catalogue/runs/picture_names.h"
 #include "intake/intake_texts.h"
 #include "intake/preview_parts.h"
 #include "intake/settings_tab.h"

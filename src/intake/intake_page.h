@@ -1,11 +1,13 @@
 #pragma once
 
+#include "catalogue/runs/picture_storing.h"
+#include "catalogue/runs/run_report.h"
+#include "catalogue/runs/run_watch.h"
 #include "intake/browser_panel.h"
 #include "intake/code_buttons.h"
 #include "intake/database_intake.h"
 #include "intake/form_state.h"
 #include "intake/hint_line.h"
-#include "intake/intake_run.h"
 #include "intake/mapping_panel.h"
 #include "intake/preview_panel.h"
 #include "intake/shared_controls.h"
@@ -82,14 +84,14 @@ class IntakePage : public QObject {
     /// What a run has to tell: how many pictures it entered, and what is said before that.
     struct Outcome {
         int count;
-        QStringList messages;
+        QStringList messages;  ///< Empty ones are not said.
     };
-    using Progress = std::function<void(int percent)>;
-    void showProgress(const std::function<void(const Progress&)>& run);
+    RunReport shown(const std::function<RunReport(RunWatch&)>& run);
     Outcome enterFiles();
     Outcome copyRecords();
-    IntakeResult enterSelected();
-    CopyResult copyChosen();
+    RunReport enterSelected();
+    RunReport copyChosen();
+    void refreshTarget();
     void readFilesAnew();
     void showAlbumCount();
 

@@ -1,12 +1,8 @@
 #include "intake/intake_texts.h"
 
 #include "catalogue/album_rules.h"
-#include "platform/base/conversion.h"
-#include "platform/base/error.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -15,10 +11,6 @@ constexpr int echoWidth = 67;
 constexpr int echoHead = 33;
 constexpr int echoTail = 30;
 constexpr qsizetype namesInBox = 60;
-
-QStringView beforeFirstDot(const QString& name) {
-    return QStringView(name).left(name.contains(u'.') ? name.indexOf(u'.') : name.size());
-}
 }  // namespace
 
 QString selectionEcho(const QStringList& names) {
@@ -50,16 +42,6 @@ QString intakeQuestion(const QString& album, bool replace, const QString& descri
 
 QString recordCountLine(const QString& album, int count) {
     return u"表 ["_s + album + u"] 共有记录："_s + QString::number(count) + u" 条"_s;
-}
-
-bool standsForNumber(const QString& name) {
-    return zhjy(name) && numberFromText(beforeFirstDot(name)) == numericValue(beforeFirstDot(name));
-}
-
-int numberOfFile(const QString& name) {
-    const double number = std::nearbyint(numericValue(beforeFirstDot(name)));
-    if (!(std::abs(number) <= std::numeric_limits<int>::max())) throw Error(u"文件名“%1”超出序号的范围。"_s.arg(name));
-    return static_cast<int>(number);
 }
 
 QString someOf(const QStringList& names, qsizetype most, const QString& separator) {

@@ -194,7 +194,7 @@ void MappingPanel::chooseDatabase(const QString& heading) {
 /// The program's own catalogue holds more than albums.
 QStringList MappingPanel::offeredTables() const {
     if (forTransfer()) return changeableAlbums(sourceDatabase_);
-    if (mekTp::isCatalogue(sourceDatabase_.Name())) return albumTables(sourceDatabase_);
+    if (isSameFile(sourceDatabase_.Name(), mekTp::cataloguePath())) return albumTables(sourceDatabase_);
     return withoutSystemTables(sourceDatabase_.TableDefs());
 }
 

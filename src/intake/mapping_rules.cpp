@@ -18,26 +18,8 @@ QString typeNumber(const FieldShape& field) {
 
 }  // namespace
 
-TableShape shapeOf(const Database& database, const QString& table) {
-    const Recordset rows = database.OpenRecordset(u"SELECT * FROM ["_s + table + u"] WHERE 1 = 0"_s);
-    TableShape shape;
-    for (int i = 0; i < rows.FieldCount(); ++i) {
-        const Field field = rows.Fields(i);
-        shape.push_back({field.Name(), field.Type(), field.Size()});
-    }
-    return shape;
-}
-
 TableShape shapeByName(const Database& first, const Database& second, const QString& table) {
     return shapeOf(hasTable(first, table) ? first : second, table);
-}
-
-std::optional<FieldShape> fieldNamed(const TableShape& shape, const QString& name) {
-    const auto found = std::find_if(shape.begin(), shape.end(), [&](const FieldShape& field) {
-        return field.name.compare(name, Qt::CaseInsensitive) == 0;
-    });
-    if (found == shape.end()) return std::nullopt;
-    return *found;
 }
 
 QStringList withoutSystemTables(const QStringList& tables) {
@@ -45,18 +27,6 @@ QStringList withoutSystemTables(const QStringList& tables) {
     for (const QString& table : tables)
         if (!table.startsWith(u"MSys"_s, Qt::CaseInsensitive)) offered << table;
     return offered;
-}
-
-QString allRecordsSql(const QString& table, const QString& orderColumn) {
-    const QString all = u"SELECT * FROM ["_s + table + u']';
-    return orderColumn.isEmpty() ? all : all + u" ORDER BY ["_s + orderColumn + u']';
-}
-
-QString keyCriteria(const FieldShape& indexField, const QString& key) {
-    if (indexField.type == FieldType::text || indexField.type == FieldType::integer)
-        throw Error(
-            u"字段“%1”是文本或短整数，不能按它查找记录。请用长整数的字段（如序号）对应“序号”。"_s.arg(indexField.name));
-    return u'[' + indexField.name + u"] = "_s + key;
 }
 
 QString mappingCaption(const QString& targetField) {
@@ -87,11 +57,6 @@ void requireKeyColumn(const TableShape& target, const QString& table, const QStr
     if (fieldNamed(target, key)) return;
     throw Error(
         u"目标表中没有栏目“%1”，不能按它替换记录。请用目标表“%2”也有的栏目（如序号）对应“序号”。"_s.arg(key, table));
-}
-
-QString sourceOf(const FieldMapping& mapping, const QString& target) {
-    const auto found = std::ranges::find(mapping, target, &FieldPair::target);
-    return found != mapping.end() ? found->source : QString();
 }
 
 int mappedFields(const FieldMapping& mapping) {

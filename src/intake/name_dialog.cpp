@@ -1,8 +1,8 @@
 #include "intake/name_dialog.h"
 
+#include "catalogue/runs/picture_names.h"
 #include "intake/preview_parts.h"
 #include "intake/settings_tab.h"
-#include "intake/transfer_rules.h"
 #include "platform/desktop/image_box.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"

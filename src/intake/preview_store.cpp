@@ -2,7 +2,6 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/picture_field.h"
-#include "intake/picture_size.h"
 #include "intake/preview_fit.h"
 #include "intake/preview_panel.h"
 #include "platform/base/error.h"

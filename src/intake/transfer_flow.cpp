@@ -4,9 +4,13 @@
 #include "catalogue/album_tables.h"
 #include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
-#include "intake/intake_texts.h"
+#include "catalogue/runs/picture_names.h"
+#include "catalogue/runs/table_transfer.h"
+#include "intake/progress_bar_watch.h"
+#include "intake/run_texts.h"
 #include "intake/settings_tab.h"
 #include "intake/transfer_page.h"
+#include "intake/transfer_rules.h"
 #include "platform/base/error.h"
 #include "platform/desktop/busy.h"
 #include "platform/desktop/data_control.h"
@@ -22,7 +26,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -64,7 +67,7 @@ void TransferPage::cmdYdClick() {
 // Opens the name dialog for the first picture.
 void TransferPage::fzzb() {
     nameEntryIndex_ = 0;
-    naming_ = {};
+    named_ = {};
     setNaming(true);
     names_.open(prg3_);
     askName();
@@ -78,7 +81,7 @@ void TransferPage::askName() {
     question.text = nameQuestion(albumNameOfLine(controls_.cboBm->currentText()), number, nameEntryIndex_ == 0);
     question.defaultName = defaultPictureName({}, number.toInt());
     attempt([&] {
-        Recordset record = openChosen(recordInHand(moves()));
+        Recordset record = openChosen(mekTp::catalogue, recordInHand(moves()));
         question.defaultName = defaultPictureName(record.Fields(u"编号"_s).Value(), number.toInt());
         question.picture = pictureFromField(record, u"图片"_s, names_.pictureSize());
     });
@@ -93,9 +96,9 @@ bool TransferPage::moves() const {
 ChosenRecord TransferPage::recordInHand(bool move) const {
     const QStringList numbers = lines();
     ChosenRecord chosen{state_.sourceTable, numbers[nameEntryIndex_], 0, move};
-    for (int i = 0; i < nameEntryIndex_; ++i) {
-        const bool gone = move && std::ranges::find(naming_.done, i) != naming_.done.end();
-        if (numbers[i] == chosen.number && !gone) ++chosen.earlier;
+    for (const RunItem& item : named_.items) {
+        const bool isGone = move && item.fate == Fate::taken;
+        if (item.name == chosen.number && !isGone) ++chosen.earlier;
     }
     return chosen;
 }
@@ -115,15 +118,17 @@ void TransferPage::nameCancelled() {
     prg3_->hide();
     setNaming(false);
     const bool move = moves();
-    const Naming ended = std::exchange(naming_, {});
-    if (move) dropDone(ended.done);
+    const RunReport ended = std::exchange(named_, {});
+    if (move) dropDone(ended);
     tellEarlyEnd(ended, move);
 }
 
 /// What was moved leaves the list; what is left of it can still be moved.
-void TransferPage::dropDone(const std::vector<int>& done) {
-    if (done.empty()) return;
-    for (const int line : done | std::views::reverse) delete controls_.lstSu->takeItem(line);
+void TransferPage::dropDone(const RunReport& moved) {
+    const QList<qsizetype> gone = moved.placesOf({Fate::taken});
+    if (gone.isEmpty()) return;
+    std::for_each(gone.rbegin(), gone.rend(),
+                  [this](qsizetype line) { delete controls_.lstSu->takeItem(static_cast<int>(line)); });
     attempt([&] { controls_.datBj->Refresh(); });
     showTotal();
     linesChanged();
@@ -144,7 +149,7 @@ void TransferPage::toNextName(bool move) {
     if (nameEntryIndex_ < count) {
         const SentPicture sent = [&] {
             const Hourglass hourglass;
-            return transferToFile(recordInHand(move), {state_.currentFolder, names_.name()});
+            return transferToFile(mekTp::catalogue, recordInHand(move), {state_.currentFolder, names_.name()});
         }();
         if (!passesOver(sent, move)) {
             names_.askAgain();
@@ -160,9 +165,9 @@ void TransferPage::toNextName(bool move) {
     names_.close();
     prg3_->hide();
     setNaming(false);
-    const Naming ended = std::exchange(naming_, {});
-    tellNotDone(ended.notDone, move);
-    finish(static_cast<int>(ended.done.size()));
+    const RunReport ended = std::exchange(named_, {});
+    tellNotDone(ended, move);
+    finish(static_cast<int>(ended.namesOf({Fate::taken}).size()));
 }
 
 /// Notes what became of the picture in hand. False when its name is to be asked for again: nothing is passed over that
@@ -171,8 +176,7 @@ bool TransferPage::passesOver(const SentPicture& sent, bool move) {
     const QString number = controls_.lstSu->List(nameEntryIndex_);
     switch (sent.outcome) {
         case SentPicture::done:
-            naming_.done.push_back(nameEntryIndex_);
-            naming_.files << names_.name();
+            named_.items.push_back({nameEntryIndex_, number, Fate::taken, {}, names_.name()});
             return true;
         case SentPicture::badName:
             say(controls_.form, sent.reason);
@@ -185,33 +189,33 @@ bool TransferPage::passesOver(const SentPicture& sent, bool move) {
         case SentPicture::impossible:
             break;
     }
-    naming_.notDone.add(sent.reason + u"，序号"_s, number);
+    named_.items.push_back({nameEntryIndex_, number, Fate::failed, sent.reason});
     return true;
 }
 
 void TransferPage::toTable(bool move) {
     if (!ask(controls_.form, startQuestion(move))) return;
     const QStringList numbers = lines();
-    const NotDone notDone = withProgress([&](const Progress& progress) {
+    const RunReport report = shown([&](RunWatch& watch) {
         const TransferTarget target{openTarget(state_.targetDatabasePath), state_.targetTable, mapping_.fieldMapping()};
-        return transferToTable(state_.sourceTable, numbers, target, move, progress);
+        return transferToTable(mekTp::catalogue, state_.sourceTable, numbers, target, move, watch);
     });
-    tellNotDone(notDone, move);
-    finish(static_cast<int>(numbers.size()) - notDone.count());
+    tellNotDone(report, move);
+    finish(report.count);
 }
 
-void TransferPage::tellNotDone(const NotDone& notDone, bool move) {
-    if (!notDone.isEmpty()) say(controls_.form, notDone.text(notTransferredHeading(move)));
+void TransferPage::tellNotDone(const RunReport& report, bool move) {
+    if (report.has(Fate::failed)) say(controls_.form, notDoneText(report, notTransferredHeading(move)));
 }
 
 /// What was written stays, so it is named.
-void TransferPage::tellEarlyEnd(const Naming& naming, bool move) {
-    if (naming.files.isEmpty()) {
-        tellNotDone(naming.notDone, move);
+void TransferPage::tellEarlyEnd(const RunReport& named, bool move) {
+    const QStringList files = named.filesOf(Fate::taken);
+    if (files.isEmpty()) {
+        tellNotDone(named, move);
         return;
     }
-    QString text = endedEarlyText(move, naming.files);
-    if (!naming.notDone.isEmpty()) text += naming.notDone.text(u"\n\n其中有 %1 张不能写成文件。"_s);
+    const QString text = endedEarlyText(move, files) + notDoneText(named, u"\n\n其中有 %1 张不能写成文件。"_s);
     say(controls_.form, text, BoxIcon::information);
 }
 
@@ -236,25 +240,11 @@ void TransferPage::finish(int count) {
     say(controls_.form, copiedText(album, count), BoxIcon::information);
 }
 
-/// Runs a piece of work while the progress bar stands on the page.
-NotDone TransferPage::withProgress(const std::function<NotDone(const Progress&)>& work) {
-    struct Shown {
-        explicit Shown(QProgressBar* bar) : bar_(bar) {}
-        ~Shown() { bar_->hide(); }
-        QProgressBar* bar_;
-    };
-    const Hourglass hourglass;
+/// Runs while the progress bar stands on the page.
+RunReport TransferPage::shown(const std::function<RunReport(RunWatch&)>& run) {
     controls_.sstFz->putOn(transferTab, prg3_, 6345, 5640, 1950, 255);
-    prg3_->setValue(0);
-    prg3_->show();
-    prg3_->raise();
-    prg3_->repaint();
-    const Shown shown(prg3_);
-    return work([this](int percent) {
-        if (prg3_->value() == percent) return;
-        prg3_->setValue(percent);
-        prg3_->repaint();
-    });
+    ProgressBarWatch watch(prg3_);
+    return run(watch);
 }
 
 void TransferPage::cmdWjClick() {
@@ -268,14 +258,14 @@ void TransferPage::cmdWjClick() {
         return;
     }
     if (!ask(controls_.form, toFilesQuestion())) return;
-    const NotDone notDone = withProgress([&](const Progress& progress) {
-        return transferToFiles(state_.sourceTable, numbers, state_.currentFolder, progress);
+    const RunReport report = shown([&](RunWatch& watch) {
+        return transferToFiles(mekTp::catalogue, state_.sourceTable, numbers, state_.currentFolder, watch);
     });
     browser_.txtMl()->setEnabled(false);
     cmdQb_->setText(chooseAllCaption);
     cmdQb_->setEnabled(false);
-    if (!notDone.isEmpty()) say(controls_.form, notDone.text(u"有 %1 张图片没有写成文件。"_s));
-    say(controls_.form, madeIntoFilesText(static_cast<int>(numbers.size()) - notDone.count()));
+    if (report.has(Fate::failed)) say(controls_.form, notDoneText(report, u"有 %1 张图片没有写成文件。"_s));
+    say(controls_.form, madeIntoFilesText(report.count));
     hints_.czts(20);
     state_.pageFree = true;
     bsxz(true);

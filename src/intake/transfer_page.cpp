@@ -2,8 +2,10 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
+#include "catalogue/table_shape.h"
 #include "intake/preview_parts.h"
 #include "intake/settings_tab.h"
+#include "intake/transfer_rules.h"
 #include "platform/base/error.h"
 #include "platform/desktop/busy.h"
 #include "platform/desktop/data_control.h"

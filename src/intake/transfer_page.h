@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/runs/file_transfer.h"
 #include "intake/browser_panel.h"
 #include "intake/code_buttons.h"
 #include "intake/form_state.h"
@@ -8,7 +9,6 @@
 #include "intake/name_dialog.h"
 #include "intake/preview_panel.h"
 #include "intake/shared_controls.h"
-#include "intake/transfer_run.h"
 
 #include <QObject>
 #include <array>
@@ -37,13 +37,6 @@ class TransferPage : public QObject {
     void recordChanged();
 
   private:
-    /// The giving of names, as far as it has come.
-    struct Naming {
-        std::vector<int> done;  ///< Places in lstSu of the pictures that are safe in the folder.
-        QStringList files;      ///< Their names.
-        NotDone notDone;
-    };
-
     void makeLabels();
     void makeTargetGroup();
     void makeButtons();
@@ -100,13 +93,13 @@ class TransferPage : public QObject {
     bool passesOver(const SentPicture& sent, bool move);
     void toTable(bool move);
     void nameCancelled();
-    void dropDone(const std::vector<int>& done);
+    void dropDone(const RunReport& moved);
     void setNaming(bool on);
     void finish(int count);
-    void tellNotDone(const NotDone& notDone, bool move);
-    void tellEarlyEnd(const Naming& naming, bool move);
+    void tellNotDone(const RunReport& report, bool move);
+    void tellEarlyEnd(const RunReport& named, bool move);
     void cmdWjClick();
-    NotDone withProgress(const std::function<NotDone(const Progress&)>& work);
+    RunReport shown(const std::function<RunReport(RunWatch&)>& run);
 
     SharedControls& controls_;
     FormState& state_;
@@ -134,5 +127,5 @@ class TransferPage : public QObject {
     QProgressBar* prg3_ = nullptr;
 
     int nameEntryIndex_ = 0;  ///< Place in lstSu of the picture whose name is asked for.
-    Naming naming_;
+    RunReport named_;         ///< The giving of names, as far as it has come.
 };

@@ -1,24 +1,10 @@
 #include "intake/transfer_rules.h"
 
 #include "catalogue/album_rules.h"
+#include "catalogue/runs/run_report.h"
 #include "intake/intake_texts.h"
 
-#include <QDir>
-#include <algorithm>
-
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
-
-const QString jpgEnding = u".jpg"_s;
-constexpr std::size_t reasonsInMessage = 6;
-
-QString withoutStop(QString text) {
-    if (text.endsWith(u'。')) text.chop(1);
-    return text;
-}
-
-}  // namespace
 
 QString operationText(bool move) {
     return move ? u"移动"_s : u"复制"_s;
@@ -26,29 +12,6 @@ QString operationText(bool move) {
 
 QString chosenText(int count) {
     return u"已选中%1条"_s.arg(count);
-}
-
-QString defaultPictureName(const FieldValue& code, int number) {
-    const QString codes = code.textOr().trimmed();
-    QString name = (codes.isEmpty() ? u"0"_s : codes) + QString::number(number) + jpgEnding;
-    return name.replace(u'/', u'_').replace(QDir::separator(), u'_').replace(QChar(u'\0'), u'_');
-}
-
-QString completedPictureName(const QString& name) {
-    if (name.isEmpty() || name.right(jpgEnding.size()) == jpgEnding) return name;
-    return (name.contains(u'.') ? name.left(name.indexOf(u'.')) : name) + jpgEnding;
-}
-
-QString objectionToFileName(const QString& name) {
-    if (name.chopped(std::min(name.size(), jpgEnding.size())).trimmed().isEmpty()) return u"请填写文件名！"_s;
-    if (name.contains(QChar(u'\0'))) return u"文件名中有不能使用的字符，请重新填写。"_s;
-    for (const QChar sign : {QChar(u'/'), QDir::separator()})
-        if (name.contains(sign)) return u"文件名中不能有“%1”，请重新填写。"_s.arg(sign);
-    return {};
-}
-
-QString withJpgEnding(const QString& name) {
-    return name.endsWith(jpgEnding) ? name : name + jpgEnding;
 }
 
 QString albumNameOfLine(const QString& line) {
@@ -96,31 +59,4 @@ QString endedEarlyText(bool move, const QStringList& files) {
 QString retryQuestion(bool move, const QString& number, const QString& reason) {
     return u"序号＝%1 的图片没有%2：%3。\n\n可以改用别的文件名，或者排除原因以后再试；也可以跳过这一张。"_s.arg(
         number, operationText(move), withoutStop(reason));
-}
-
-void NotDone::add(const QString& reason, const QString& what) {
-    const auto found = std::ranges::find(groups_, reason, &Group::reason);
-    if (found != groups_.end())
-        found->items << what;
-    else
-        groups_.push_back({reason, {what}});
-}
-
-int NotDone::count() const {
-    int all = 0;
-    for (const Group& group : groups_) all += static_cast<int>(group.items.size());
-    return all;
-}
-
-QString NotDone::text(const QString& heading) const {
-    QStringList lines;
-    QStringList others;
-    for (const Group& group : groups_) {
-        if (static_cast<std::size_t>(lines.size()) < reasonsInMessage)
-            lines << withoutStop(group.reason) + u"："_s + someOf(group.items);
-        else
-            others << group.items;
-    }
-    if (!others.isEmpty()) lines << u"其他原因："_s + someOf(others);
-    return heading.arg(count()) + u"\n\n"_s + lines.join(u'\n');
 }

@@ -1,12 +1,9 @@
 #pragma once
 
-#include "platform/database/records/field_value.h"
-
 #include <QString>
 #include <QStringList>
-#include <vector>
 
-/// Names and texts of the page 图片转存.
+/// Texts of the page 图片转存.
 
 /// The way in which pictures leave an album: "复制" or "移动".
 QString operationText(bool move);
@@ -15,19 +12,6 @@ QString operationText(bool move);
 inline const QString chooseAllCaption = QStringLiteral("本像册全部选中");
 
 QString chosenText(int count);
-
-/// Name of the file that a picture gets by default: 编号 ("0" where there are none but blanks), 序号 and ".jpg". A sign
-/// that would lead to another folder becomes "_".
-QString defaultPictureName(const FieldValue& code, int number);
-
-/// A name as the box for it completes it: it always ends in ".jpg". An empty one stays empty.
-QString completedPictureName(const QString& name);
-
-/// Why a complete name stands for no file in the chosen folder; empty when it does.
-QString objectionToFileName(const QString& name);
-
-/// `name` with ".jpg" at its end, unless its last four characters are that.
-QString withJpgEnding(const QString& name);
 
 /// The album's title as the messages name it.
 QString albumNameOfLine(const QString& line);
@@ -51,20 +35,3 @@ QString endedEarlyText(bool move, const QStringList& files);
 
 /// Asked when a picture could not be written to a file for no fault of its name.
 QString retryQuestion(bool move, const QString& number, const QString& reason);
-
-/// What a transfer did not do, by reason.
-class NotDone {
-  public:
-    void add(const QString& reason, const QString& what);
-    bool isEmpty() const { return groups_.empty(); }
-    int count() const;
-    /// `heading` has "%1" for the count; then follows a line for each reason.
-    QString text(const QString& heading) const;
-
-  private:
-    struct Group {
-        QString reason;
-        QStringList items;
-    };
-    std::vector<Group> groups_;
-};

@@ -2,6 +2,7 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
+#include "catalogue/runs/table_transfer.h"
 #include "intake/intake_texts.h"
 #include "intake/settings_tab.h"
 #include "intake/transfer_page.h"
@@ -175,7 +176,7 @@ void TransferPage::tableDropped() {
 /// Why a table of the target can take no pictures; empty when it can.
 QString TransferPage::objectionToChosen(const QString& table) const {
     try {
-        return objectionToTable(openTarget(state_.targetDatabasePath), table);
+        return objectionToTable(mekTp::catalogue, openTarget(state_.targetDatabasePath), table);
     } catch (const Error& error) {
         return error.text();
     }

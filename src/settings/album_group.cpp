@@ -1,8 +1,8 @@
 #include "settings/album_group.h"
 
 #include "catalogue/album_rules.h"
+#include "catalogue/album_tables.h"
 #include "catalogue/mektp.h"
-#include "intake/intake_texts.h"
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
 #include "platform/desktop/data_control.h"

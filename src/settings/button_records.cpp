@@ -1,7 +1,6 @@
 #include "settings/button_records.h"
 
 #include "catalogue/mektp.h"
-#include "intake/intake_run.h"
 #include "platform/base/error.h"
 
 #include <array>
@@ -96,6 +95,11 @@ void ButtonRecords::giveOldNumberTo(const ButtonTexts& partner) {
     other.Update();
 }
 
+void ButtonRecords::storePicture(const ButtonPictureFile& picture) {
+    PictureInHand file(picture.path);
+    if (bctp(file, rows_, picture.bmp) == 0) throw Error(u"图片文件“%1”没有内容，按钮没有保存。"_s.arg(picture.path));
+}
+
 void ButtonRecords::store(const ButtonTexts& texts, const ButtonPictureFile& picture,
                           const std::optional<ButtonTexts>& partner) {
     Transaction whole(mekTp::catalogue);
@@ -103,8 +107,7 @@ void ButtonRecords::store(const ButtonTexts& texts, const ButtonPictureFile& pic
     prepare();
     for (std::size_t place = 0; place < columns.size(); ++place)
         rows_.Fields(columns.at(place)).SetValue(texts.at(place));
-    if (!picture.path.isEmpty() && bctp(picture.path, rows_, picture.bmp, false) == 0)
-        throw Error(u"图片文件“%1”没有内容，按钮没有保存。"_s.arg(picture.path));
+    if (!picture.path.isEmpty()) storePicture(picture);
     rows_.Update();
     whole.commit();
     choose(texts.at(0), texts.at(1));

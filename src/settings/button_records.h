@@ -1,6 +1,6 @@
 #pragma once
 
-#include "intake/bmp_files.h"
+#include "catalogue/runs/picture_storing.h"
 #include "platform/database/records/database.h"
 #include "settings/button_rules.h"
 
@@ -49,6 +49,7 @@ class ButtonRecords {
   private:
     void giveOldNumberTo(const ButtonTexts& partner);
     void prepare();
+    void storePicture(const ButtonPictureFile& picture);
     QString stored(const QString& column) const;
 
     Recordset rows_;

@@ -2,10 +2,10 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
-#include "catalogue/renumbering.h"
+#include "catalogue/runs/renumbering.h"
+#include "intake/progress_bar_watch.h"
 #include "intake/settings_tab.h"
 #include "platform/base/error.h"
-#include "platform/desktop/busy.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/option_buttons.h"
@@ -14,7 +14,6 @@
 #include "settings/form_parts.h"
 
 #include <QComboBox>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScopeGuard>
@@ -108,10 +107,9 @@ void RenumberingRow::cmdJhClick() {
         cmdS1->setEnabled(true);
         cmdJh->setEnabled(true);
     });
-    try {
-        renumber();
-    } catch (const Error& error) {
-        say(controls_.form, u"序号没有重排，图册[%1]的序号全都没有改变。\n\n"_s.arg(state_.albumTable) + error.text());
+    if (const RunReport report = renumber(); !report.cameToEnd) {
+        say(controls_.form,
+            u"序号没有重排，图册[%1]的序号全都没有改变。\n\n"_s.arg(state_.albumTable) + report.failure);
         return;
     }
     controls_.datBj->setRecordSource(sortedRecords(state_.albumTable, sortColumn(0)));
@@ -120,18 +118,8 @@ void RenumberingRow::cmdJhClick() {
     say(controls_.form, u"重新设置序号已经完成！"_s);
 }
 
-void RenumberingRow::renumber() {
-    const Hourglass hourglass;
-    QProgressBar* prg2 = controls_.prg2;
-    controls_.sstFz->putOn(editingTab, prg2, 720, 1065, 4035, 225);
-    prg2->setRange(0, 100);
-    prg2->setValue(0);
-    prg2->show();
-    prg2->raise();
-    const auto done = qScopeGuard([prg2] { prg2->hide(); });
-    prg2->repaint();
-    renumberAlbum(mekTp::catalogue, state_.albumTable, sortColumn(order_), [prg2](int percent) {
-        prg2->setValue(percent);
-        prg2->repaint();
-    });
+RunReport RenumberingRow::renumber() {
+    controls_.sstFz->putOn(editingTab, controls_.prg2, 720, 1065, 4035, 225);
+    ProgressBarWatch watch(controls_.prg2);
+    return renumberAlbum(mekTp::catalogue, state_.albumTable, sortColumn(order_), watch);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/runs/run_report.h"
 #include "intake/form_state.h"
 #include "intake/shared_controls.h"
 
@@ -32,7 +33,7 @@ class RenumberingRow : public QObject {
   private:
     void optP1Click(int index);
     void cmdJhClick();
-    void renumber();
+    RunReport renumber();
     void mark(int option);
     QString question() const;
     bool isChangeable() const;

@@ -4,6 +4,7 @@
 #include "../support/sample_catalogue.h"
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
+#include "catalogue/picture_in_hand.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
 
@@ -36,7 +37,7 @@ QString writeFile(const QString& path, const QByteArray& bytes) {
 /// Stores a file in a new record, which becomes the current one.
 qint64 storeInNewRecord(Recordset& album, const QString& path) {
     album.AddNew();
-    const qint64 length = storePictureFile(album.Fields(pictureColumn), path);
+    const qint64 length = PictureInHand(path).storeIn(album.Fields(pictureColumn));
     album.Update();
     album.MoveLast();
     return length;
@@ -89,13 +90,39 @@ class TestPictureField : public QObject {
         QVERIFY2(other.exitCode() == 0, "a decoder that has not come to the end of the value keeps nothing locked");
     }
 
+    /// Whether the bytes are held or read piece by piece: all is asked first, and then the same file is stored.
+    void aFileInHandAnswersAndIsStored() {
+        const std::tuple<QByteArray, QSize, bool> cases[] = {{"JPG", {1200, 900}, true}, {"BMP", {3000, 2000}, false}};
+        for (const auto& [format, pixels, isJpeg] : cases) {
+            const QByteArray bytes = pictureBytes(pixels, Qt::darkGreen, format.constData());
+            const QString path = writeFile(sample_.file(QString::fromLatin1(format)), bytes);
+            PictureInHand file(path);
+            QCOMPARE(file.length(), qint64(bytes.size()));
+            QCOMPARE(file.changed(), FileDateTime(path));
+            QCOMPARE(file.isJpeg(), isJpeg);
+            QCOMPARE(file.load(sizeOnly).pixels(), pixels);
+            QCOMPARE(file.wholeness(), PictureBytes::whole);
+            QCOMPARE(file.load().image().size(), pixels);
+            Recordset album = mekTp::catalogue.OpenRecordset(u"tc02"_s);
+            album.AddNew();
+            file.storeIn(album.Fields(pictureColumn));
+            album.Update();
+            album.MoveLast();
+            QVERIFY(album.Fields(pictureColumn).Value().toBytes().startsWith(bytes));
+
+            writeFile(path, bytes.chopped(bytes.size() / 3));
+            QCOMPARE(PictureInHand(path).wholeness(), PictureBytes::truncated);
+        }
+        QVERIFY_THROWS_EXCEPTION(Error, PictureInHand(sample_.folder()));
+    }
+
     void filesWithoutAPicture() {
         Recordset album = mekTp::catalogue.OpenRecordset(u"tc01"_s);
         const QByteArray before = album.Fields(pictureColumn).Value().toBytes();
         album.Edit();
-        QCOMPARE(storePictureFile(album.Fields(pictureColumn), writeFile(sample_.file(u"空"_s), {})), qint64(0));
+        QCOMPARE(PictureInHand(writeFile(sample_.file(u"空"_s), {})).storeIn(album.Fields(pictureColumn)), qint64(0));
         try {
-            storePictureFile(album.Fields(pictureColumn), sample_.file(u"没有.jpg"_s));
+            PictureInHand missing(sample_.file(u"没有.jpg"_s));
             QFAIL("a missing file was stored");
         } catch (const Error& error) {
             QVERIFY2(error.text().contains(u"没有.jpg"_s), qPrintable(error.text()));

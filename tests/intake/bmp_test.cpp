@@ -1,5 +1,5 @@
 #include "../support/run_all.h"
-#include "intake/bmp_files.h"
+#include "intake/run_boxes.h"
 #include "intake_window.h"
 
 #include <unistd.h>
@@ -125,22 +125,12 @@ class TestBmpFiles : public QObject {
         QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadUser | QFile::ReadGroup | QFile::ReadOther);
         // Others may go into the folder, but not write there.
         QFile::setPermissions(window.pictures.path(), QFile::Permissions(0x7755));
+        PictureInHand bitmap(path);
         const OrdinaryPerson person;
         QVERIFY(askAboutBmp(nullptr, {path}).has_value());
         QVERIFY(window.boxes.isEmpty());
-        QVERIFY(convertBmp(path, BmpFiles::toJpeg).startsWith(jpegMark));
+        QVERIFY(jpegOfBmp(bitmap, BmpFiles::toJpeg).startsWith(jpegMark));
         QVERIFY(window.bytesOf(u"1.bmp"_s).startsWith(bitmapMark));
-    }
-
-    // Nothing tells beforehand that no scratch file fits beside the longest name that a file can have.
-    void filesThatTurnOutNotToBeWritable() {
-        BmpWindow window(u"转成 JPG"_s);
-        const QString name = u"3."_s + QString(249, u'x') + u".bmp"_s;
-        window.add(name, {60, 45}, "BMP");
-        window.add(u"4.jpg"_s, {60, 45});
-        window.enterInto(u"tc01"_s, 0);
-        QCOMPARE(window.boxes.isEmpty() ? entered(2) : window.boxes.last().text, entered(2));
-        QVERIFY(stored(u"tc01"_s, 3).startsWith(jpegMark));
     }
 };
 

@@ -308,22 +308,6 @@ class TestDatabaseIntake : public QObject {
         QCOMPARE(numbersOf(u"tc07"_s), QStringList());
     }
 
-    void aValueThatDoesNotFitEndsTheRun() {
-        DatabaseWindow window;
-        window.source.Execute(
-            u"CREATE TABLE 长表 ([a] LONG,[b] TEXT(99),[c] SINGLE,[d] TEXT(12),[e] DATETIME,[f] LONGBINARY,[g] TEXT(50))"_s);
-        for (int i = 1; i <= 3; ++i)
-            window.addRow(u"长表"_s, {{u"a"_s, i}, {u"b"_s, QString(i == 2 ? 11 : 3, u'x')}, {u"g"_s, u"好"_s}});
-        window.mapAll(u"tc02"_s, 1, u"长表"_s);
-        window.said();
-        const QStringList said = window.copyAll();
-        QCOMPARE(said.size(), 2);
-        QVERIFY(said[0].startsWith(u"录入到记录“a＝2”时停止，该记录没有录入："_s));
-        QVERIFY(said[0].contains(u"以下记录也没有录入：a＝3"_s) && said[0].contains(u"记录已录入图册：a＝1"_s));
-        QCOMPARE(said[1], entered(0));
-        QCOMPARE(columnOf(u"tc02"_s, u"备注"_s), QStringList{u"好"_s});
-    }
-
     void emptySourceTable() {
         DatabaseWindow window;
         window.addSourceAlbum(u"tc01"_s, 1, 0);

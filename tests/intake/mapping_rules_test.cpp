@@ -3,7 +3,6 @@
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
-#include "intake/database_copy.h"
 #include "platform/base/error.h"
 
 #include <QtTest/QtTest>
@@ -71,34 +70,6 @@ class TestMappingRules : public QObject {
         QCOMPARE(fieldNamed(words, u"B"_s)->name, u"b"_s);
         QVERIFY(!fieldNamed(words, u"c"_s));
         QVERIFY_THROWS_EXCEPTION(Error, shapeByName(mekTp::catalogue, other, u"none"_s));
-    }
-
-    void keysThatComeAgain() {
-        QCOMPARE(recordsOfKeys({u"1"_s, u"2"_s, u"1"_s}), (QList<SourceRecord>{{u"1"_s, 0}, {u"2"_s, 0}, {u"1"_s, 1}}));
-    }
-
-    void reports() {
-        CopyResult whole;
-        whole.copied = {u"1"_s};
-        whole.notFound = {u"8"_s, u"9"_s};
-        QCOMPARE(copyReport(whole, u"no"_s), QString());
-        QVERIFY(notReplacedText(whole, u"no"_s).endsWith(u"[no = 8,9]"_s));
-
-        CopyResult broken = whole;
-        broken.failure = u"磁盘已满。"_s;
-        broken.failedKey = u"3"_s;
-        broken.left = {u"4"_s, u"5"_s};
-        QCOMPARE(notReplacedText(broken, u"no"_s), QString());
-        QCOMPARE(
-            copyReport(broken, u"no"_s).split(u"\n\n"_s),
-            (QStringList{u"录入到记录“no＝3”时停止，该记录没有录入：磁盘已满。"_s, u"以下记录也没有录入：no＝4、5"_s,
-                         u"记录已录入图册：no＝1"_s, u"目标表中没有对应的记录，没有替换：no＝8、9"_s}));
-
-        // Nothing is asked about what was left out before a failure: it is told.
-        broken.noPictures = {u"6"_s};
-        broken.truncated = {u"7"_s};
-        const QString report = copyReport(broken, u"no"_s);
-        QVERIFY(report.contains(u"图片不是 BMP 或 JPEG，没有录入：no＝6\n\n图片不完整，没有录入：no＝7"_s));
     }
 };
 

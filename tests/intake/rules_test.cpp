@@ -1,10 +1,7 @@
 #include "../support/run_all.h"
 #include "intake/hint_line.h"
-#include "intake/intake_run.h"
 #include "intake/intake_texts.h"
-#include "intake/left_out.h"
 #include "intake/preview_fit.h"
-#include "platform/base/error.h"
 #include "platform/picture/picture.h"
 
 #include <QtTest/QtTest>
@@ -51,21 +48,6 @@ class TestIntakeRules : public QObject {
         for (const auto& [file, replace, count, text] : cases) QCOMPARE(intakeDescription(file, replace, count), text);
     }
 
-    void replaceNumber() {
-        const QList<std::pair<QString, int>> cases{{u"12.jpg"_s, 12},  {u"1.5.jpg"_s, 1},   {u"007.bmp"_s, 7},
-                                                   {u" 3 .jpg"_s, 3},  {u"&H10.jpg"_s, 16}, {u"12a.jpg"_s, 12},
-                                                   {u"photo.jpg"_s, 0}};
-        for (const auto& [name, number] : cases) QCOMPARE(numberOfFile(name), number);
-        QVERIFY_THROWS_EXCEPTION(Error, numberOfFile(u"99999999999.jpg"_s));
-    }
-
-    void namesThatStandForNumbers() {
-        for (const QString& name : {u"12.jpg"_s, u"1.5.jpg"_s, u" 3 .jpg"_s, u"007.bmp"_s})
-            QVERIFY2(standsForNumber(name), qPrintable(name));
-        for (const QString& name : {u"1,234.jpg"_s, u"12a.jpg"_s, u"photo.jpg"_s, u"1 2.jpg"_s, u".jpg"_s})
-            QVERIFY2(!standsForNumber(name), qPrintable(name));
-    }
-
     void hints() {
         const QList<std::pair<int, QString>> texts{
             {0, QString()},
@@ -93,31 +75,6 @@ class TestIntakeRules : public QObject {
         QCOMPARE(someOf(keys), keys.first(12).join(u'、') + u" 等共500个"_s);
         QCOMPARE(nearlyAllOf(keys.first(3)), u"1,2,3"_s);
         QVERIFY(nearlyAllOf(keys).endsWith(u"60 等共500个"_s));
-    }
-
-    void report() {
-        const QList<std::pair<IntakeResult, QString>> cases{
-            {{.count = 1, .entered = {u"a"_s}, .cameToEnd = true}, {}},
-            {{.notFound = {u"9.jpg"_s}, .cameToEnd = true}, {}},  // told by a message of its own
-            {{.entered = {u"a.jpg"_s}}, u"文件已录入图册：a.jpg"_s},
-            {{.notFound = {u"9.jpg"_s}}, u"目标表无对应序号，没有替换：9.jpg"_s},
-            {{.entered = {u"a"_s}, .failedFile = u"b"_s, .failure = u"坏"_s, .left = {u"c"_s, u"d"_s}},
-             u"录入到文件“b”时停止，该文件没有录入：坏\n\n以下文件也没有录入：c、d\n\n文件已录入图册：a"_s},
-            {{.truncated = {u"t"_s}, .failedFile = u"b"_s, .failure = u"坏"_s},
-             u"录入到文件“b”时停止，该文件没有录入：坏\n\n文件不完整，没有录入：t"_s},
-            {{.count = 1, .truncated = {u"t"_s}, .cameToEnd = true}, {}},  // it was asked about
-            {{.count = 1, .empty = {u"a"_s}, .cameToEnd = true}, u"文件没有内容，没有存入图片：a"_s}};
-        for (const auto& [result, text] : cases) QCOMPARE(intakeReport(result), text);
-    }
-
-    void leftOut() {
-        const std::pair<LeftOut, QString> cases[] = {
-            {{.truncated = {u"a.jpg"_s, u"b.jpg"_s}}, u"其中 2 个文件不完整：a.jpg、b.jpg"_s},
-            {{.field = u"no"_s, .truncated = {u"7"_s}, .noPictures = {u"3"_s, u"4"_s, u"5"_s}},
-             u"其中 3 条的图片不是 BMP 或 JPEG：no＝3、4、5\n其中 1 条的图片不完整：no＝7"_s}};
-        for (const auto& [what, text] : cases) QCOMPARE(leftOutQuestion(what, false).section(u"\n\n"_s, 0, 0), text);
-        QVERIFY(leftOutQuestion(cases[0].first, false).contains(u"接着排在后面"_s));
-        QVERIFY(!leftOutQuestion(cases[0].first, true).contains(u"接着排在后面"_s));
     }
 
     void fit() {

@@ -1,7 +1,5 @@
 #include "../support/disk_faults.h"
 #include "../support/run_all.h"
-#include "intake/transfer_run.h"
-#include "platform/base/error.h"
 #include "transfer_window.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -38,34 +36,12 @@ class TargetWindow : public TransferWindow {
         click(u"cmdQx"_s);
     }
     QStringList arrived() const { return numbersOf(u"tc02"_s, source); }
-    /// A run without the page.
-    NotDone transfer(const QString& table, const QStringList& numbers, bool move,
-                     const QStringList& fields = albumFields) {
-        FieldMapping mapping;
-        for (const QString& field : fields) mapping.push_back({field, field});
-        return transferToTable(table, numbers, {source, u"tc02"_s, mapping}, move,
-                               [this](int percent) { done = percent; });
-    }
-
-    int done = 0;
 };
 
 class TestTransferDatabase : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    /// The engine's locks on a file are lost when the process closes a file of its own on it.
-    void catalogueAsTargetKeepsItsLocks() {
-        const SampleCatalogue sample;
-        const Transaction writing(mekTp::catalogue);
-        changeRow(u"tcsz"_s, {{u"像册标题"_s, u"new"_s}});
-        openTarget(mekTp::cataloguePath());
-        QProcess other;
-        other.start(u"sqlite3"_s, {mekTp::cataloguePath(), u"BEGIN IMMEDIATE"_s});
-        QVERIFY(other.waitForFinished());
-        QVERIFY(other.exitCode() != 0);
-    }
-
     void copiesThroughTheWizard() {
         TargetWindow window(20, 1);
         window.chooseRows({2, 0});
@@ -143,9 +119,6 @@ class TestTransferDatabase : public QObject {
             (QStringList{u"有 2 张图片没有移动，仍在原图册中。\n\n图片没有对应字段，序号：1、2"_s, closing.arg(1)}));
         QCOMPARE(numbersOf(u"tc01"_s).first(3), (QStringList{u"1"_s, u"2"_s, u"4"_s}));
         QCOMPARE(window.arrived(), QStringList{u"1"_s});
-        // A copy leaves the picture where it is.
-        QVERIFY(window.transfer(u"tc01"_s, {u"1"_s}, false, {u"序号"_s, u"备注"_s}).isEmpty());
-        QCOMPARE(window.transfer(u"tc01"_s, {u"1"_s}, true, {}).count(), 1);
     }
 
     void anotherFolderIsOneStepBack() {
@@ -285,24 +258,13 @@ class TestTransferDatabase : public QObject {
         window.expect({.hidden = u"cmdLr"_s, .texts = {{u"lblLj"_s, QString()}}});
     }
 
-    /// The tables that the program lives by are neither offered nor written, by whatever path the catalogue is chosen.
-    void onlyAlbumsOfTheCatalogueTakePictures() {
+    /// The tables that the program lives by are not offered.
+    void onlyAlbumsOfTheCatalogueAreOffered() {
         TargetWindow window;
         mekTp::catalogue.Execute(createAlbumSql(u"海边照片"_s));
         window.clickRow(0);
         window.chooseTarget();
         QCOMPARE(window.linesOf(u"lstSb"_s), (QStringList{u"tc01"_s, u"tc02"_s, u"海边照片"_s}));
-        const QString link = window.path(u"link.mdb"_s);
-        QVERIFY(QFile::link(mekTp::cataloguePath(), link));
-        const QStringList before = columnOf(u"tcbm"_s, u"序号"_s);
-        for (const QString& table : {u"tcbm"_s, u"tcan"_s, u"pmtp"_s, u"tc00"_s})
-            for (const QString& path : {mekTp::cataloguePath(), link}) {
-                const TransferTarget target{openTarget(path), table, {{u"序号"_s, u"序号"_s}}};
-                QVERIFY_THROWS_EXCEPTION(Error, transferToTable(u"tc01"_s, {u"1"_s}, target, true, [](int) {}));
-            }
-        QCOMPARE(columnOf(u"tcbm"_s, u"序号"_s), before);
-        QCOMPARE(objectionToTable(window.source, u"TC00"_s), u"该表只做演示用，不能录入或编辑！"_s);
-        QCOMPARE(objectionToTable(mekTp::catalogue, u"海边照片"_s), QString());
     }
 
     void recordsThatDoNotFitStay() {
@@ -324,21 +286,6 @@ class TestTransferDatabase : public QObject {
         QCOMPARE(numbersOf(u"tc02"_s, window.source).last(), u"6"_s);
     }
 
-    void fullDiskDeletesNothing() {
-        TargetWindow window(1, 1);
-        const QByteArray large(3 << 20, 'x');
-        putValue(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, u"图片"_s, large);
-        {
-            const FullDisk full(1 << 20);
-            QCOMPARE(window.transfer(u"tc01"_s, {u"1"_s, u"2"_s, u"3"_s}, true).count(), 3);
-        }
-        QCOMPARE(numbersOf(u"tc01"_s).size(), 10);
-        QCOMPARE(window.arrived(), QStringList{u"1"_s});
-        QVERIFY(window.transfer(u"tc01"_s, {u"2"_s}, true).isEmpty());
-        QCOMPARE(stored(u"tc02"_s, 2, window.source), large);
-        QCOMPARE(numbersOf(u"tc01"_s).size(), 9);
-    }
-
     void numbersFollowTheHighestOfTheTarget() {
         TargetWindow window;
         for (const int number : {20, 3}) window.addSourceRow(u"tc02"_s, number);
@@ -348,43 +295,6 @@ class TestTransferDatabase : public QObject {
         window.click(u"cmdFz"_s);
         QCOMPARE(window.said().last(), closing.arg(2));
         QCOMPARE(window.arrived(), (QStringList{u"20"_s, u"3"_s, QString(), u"21"_s, u"22"_s}));
-    }
-
-    void groupsAreMovedWhole() {
-        TargetWindow window;
-        QStringList numbers;
-        for (int i = 1; i <= 150; ++i) {
-            addRow(u"tc02"_s, {{u"序号"_s, i}, {u"图片"_s, QByteArray::number(i)}});
-            numbers << QString::number(i);
-        }
-        QVERIFY(window.transfer(u"tc02"_s, numbers, true).isEmpty());
-        QCOMPARE(window.done, 100);
-        QCOMPARE(numbersOf(u"tc02"_s), QStringList());
-        QCOMPARE(window.arrived(), numbers);
-        QCOMPARE(stored(u"tc02"_s, 150, window.source), QByteArray("150"));
-    }
-
-    void numbersThatTwoRecordsShareAreBothMoved() {
-        TargetWindow window;
-        putValue(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, u"序号"_s, 1);
-        QVERIFY(window.transfer(u"tc01"_s, {u"1"_s, u"1"_s}, true).isEmpty());
-        QCOMPARE(valuesOf(window.source, u"tc02"_s, 1).last(), u"图片1"_s);
-        QCOMPARE(valuesOf(window.source, u"tc02"_s, 2).last(), u"图片2"_s);
-        QCOMPARE(numbersOf(u"tc01"_s).size(), 8);
-        // The first one does not fit, and does not stand in the way of the second.
-        putValue(u"SELECT * FROM tc01 WHERE 序号 = 6"_s, u"序号"_s, 5);
-        putValue(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, u"编号"_s, u"不合适"_s);
-        window.source.Execute(u"CREATE TABLE tc03 ([序号] LONG,[编号] TEXT(2),[图片] LONGBINARY,[备注] TEXT(50))"_s);
-        FieldMapping mapping;
-        for (const QString& field : {u"序号"_s, u"编号"_s, u"图片"_s, u"备注"_s}) mapping.push_back({field, field});
-        QCOMPARE(
-            transferToTable(u"tc01"_s, {u"5"_s, u"5"_s}, {window.source, u"tc03"_s, mapping}, true, [](int) {}).count(),
-            1);
-        QCOMPARE(columnOf(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, u"备注"_s), QStringList{u"图片5"_s});
-        // One record chosen twice is moved once.
-        QCOMPARE(window.transfer(u"tc01"_s, {u"3"_s, u"3"_s}, true).count(), 1);
-        QVERIFY(window.transfer(u"tc01"_s, {u"4"_s, u"4"_s}, false).isEmpty());
-        QCOMPARE(window.arrived().size(), 5);
     }
 };
 

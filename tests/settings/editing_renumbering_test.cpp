@@ -1,7 +1,5 @@
 #include "../support/run_all.h"
-#include "catalogue/renumbering.h"
 #include "editing_window.h"
-#include "platform/base/error.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -132,16 +130,6 @@ class TestEditingRenumbering : public QObject {
         window.click(u"cmdJh"_s);
         QCOMPARE(window.said().last(), u"重新设置序号已经完成！"_s);
         QCOMPARE(columnOf(u"SELECT * FROM tc01 ORDER BY [序号]"_s, u"序号"_s).last(), u"10"_s);
-    }
-
-    void progressGrowsToTheEnd() {
-        const SampleCatalogue catalogue;
-        QList<int> told;
-        renumberAlbum(mekTp::catalogue, u"tc01"_s, u"日期"_s, [&](int percent) { told << percent; });
-        QCOMPARE(told.size(), 10);
-        QVERIFY(std::is_sorted(told.begin(), told.end()));
-        QCOMPARE(told.last(), 100);
-        QVERIFY_THROWS_EXCEPTION(Error, renumberAlbum(mekTp::catalogue, u"tc99"_s, u"日期"_s));
     }
 
     void picturesStayWithTheirRecords() {

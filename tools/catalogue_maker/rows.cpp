@@ -1,7 +1,7 @@
 #include "catalogue_maker/rows.h"
 
 #include "catalogue/album_rules.h"
-#include "catalogue/picture_field.h"
+#include "catalogue/picture_in_hand.h"
 
 #include <QFileInfo>
 
@@ -13,7 +13,7 @@ void addRow(const Database& database, const QString& table, const Row& row) {
     for (const auto& [column, cell] : row) {
         Field field = records.Fields(column);
         if (const auto* picture = std::get_if<PictureFile>(&cell))
-            storePictureFile(field, picture->path);
+            PictureInHand(picture->path).storeIn(field);
         else
             field.SetValue(std::get<FieldValue>(cell));
     }

@@ -1,5 +1,5 @@
 #include "catalogue/mektp.h"
-#include "catalogue/picture_field.h"
+#include "catalogue/picture_in_hand.h"
 #include "catalogue_maker/chapters.h"
 #include "platform/base/files.h"
 #include "platform/desktop/image_box.h"
@@ -60,7 +60,7 @@ void fillWindowPreviews(const Database& database, const QString& path, Workshop&
     for (Recordset schemes = database.OpenRecordset(u"tcys"_s); !schemes.Eof(); schemes.MoveNext()) {
         setColours(schemes.Fields(u"序号"_s).Value().toText());
         schemes.Edit();
-        storePictureFile(schemes.Fields(u"主窗口"_s), workshop.jpeg(mainWindow(), 90).path);
+        PictureInHand(workshop.jpeg(mainWindow(), 90).path).storeIn(schemes.Fields(u"主窗口"_s));
         schemes.Update();
     }
     mekTp::catalogue = {};

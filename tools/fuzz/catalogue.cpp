@@ -2,7 +2,7 @@
 // that make the file: a sound one, in which tables and values may be of any kind.
 
 #include "catalogue/picture_field.h"
-#include "catalogue/renumbering.h"
+#include "catalogue/runs/renumbering.h"
 #include "fuzzing.h"
 #include "platform/database/file/file_check.h"
 
@@ -56,7 +56,8 @@ void changeTable(const Database& catalogue, const QString& name) {
         rows.MoveLast();
         rows.Delete();
     });
-    goesThrough([&] { renumberAlbum(catalogue, name, u"日期"_s); });
+    RunWatch unwatched;
+    renumberAlbum(catalogue, name, u"日期"_s, unwatched);
 }
 
 void useCatalogue(const QString& path) {

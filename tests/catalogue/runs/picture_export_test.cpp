@@ -1,11 +1,10 @@
-#include "intake/transfer_rules.h"
+#include "catalogue/runs/picture_export.h"
 
-#include "../support/disk_faults.h"
-#include "../support/failure_of.h"
-#include "../support/run_all.h"
-#include "../support/sample_catalogue.h"
+#include "../../support/disk_faults.h"
+#include "../../support/failure_of.h"
+#include "../../support/run_all.h"
+#include "../../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
-#include "intake/picture_export.h"
 #include "platform/base/error.h"
 
 #include <sys/stat.h>
@@ -36,49 +35,10 @@ Recordset recordWith(const QByteArray& bytes) {
     return record;
 }
 
-class TestTransferRules : public QObject {
+class TestPictureExport : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void defaultNames() {
-        QCOMPARE(defaultPictureName(FieldValue(), 7), u"07.jpg"_s);
-        QCOMPARE(defaultPictureName(QString(), 7), u"07.jpg"_s);
-        for (const QString& blanks : {u" "_s, u"  \u3000"_s}) QCOMPARE(defaultPictureName(blanks, 7), u"07.jpg"_s);
-        QCOMPARE(defaultPictureName(u" ab "_s, 12), u"ab12.jpg"_s);
-        QCOMPARE(defaultPictureName(u"/a"_s, 3), u"_a3.jpg"_s);
-    }
-
-    void completedNames() {
-        const QList<std::pair<QString, QString>> cases{{u"photo"_s, u"photo.jpg"_s},
-                                                       {u"photo.jpg"_s, u"photo.jpg"_s},
-                                                       {u"photo.bmp"_s, u"photo.jpg"_s},
-                                                       {u"photo.JPG"_s, u"photo.jpg"_s},
-                                                       {u"a.b.jpg"_s, u"a.b.jpg"_s},
-                                                       {u"a.b.bmp"_s, u"a.jpg"_s},
-                                                       {QString(), QString()}};
-        for (const auto& [typed, completed] : cases) QCOMPARE(completedPictureName(typed), completed);
-    }
-
-    void namesThatStandForNoFile() {
-        for (const QString& name : {u"图 1.jpg"_s, u"a\\b.jpg"_s}) QCOMPARE(objectionToFileName(name), QString());
-        for (const QString& name : {u".jpg"_s, u" \u3000.jpg"_s, QString()})
-            QCOMPARE(objectionToFileName(name), u"请填写文件名！"_s);
-        for (const QString& name : {u"a/b.jpg"_s, u"/b.jpg"_s}) QVERIFY(objectionToFileName(name).contains(u"“/”"_s));
-        QVERIFY(!objectionToFileName(u"a\0b.jpg"_s).isEmpty());
-    }
-
-    void reasonsAreTold() {
-        NotDone notDone;
-        QVERIFY(notDone.isEmpty());
-        notDone.add(u"没有图片，序号"_s, u"3"_s);
-        notDone.add(u"同名文件已存在。"_s, u"07.jpg"_s);
-        notDone.add(u"没有图片，序号"_s, u"5"_s);
-        QCOMPARE(notDone.text(u"有 %1 张。"_s), u"有 3 张。\n\n没有图片，序号：3、5\n同名文件已存在：07.jpg"_s);
-        for (int i = 0; i < 20; ++i) notDone.add(u"原因%1"_s.arg(i), QString::number(i));
-        QCOMPARE(notDone.text({}).count(u'\n'), 8);
-        QVERIFY(notDone.text({}).contains(u"其他原因：4、5"_s));
-    }
-
     void exportedBytes() {
         const SampleCatalogue catalogue;
         for (const int size : {1, 16384, 16385, 40003}) {
@@ -241,8 +201,8 @@ class TestTransferRules : public QObject {
     }
 };
 
-const Registered<TestTransferRules> registered;
+const Registered<TestPictureExport> registered;
 
 }  // namespace
 
-#include "transfer_rules_test.moc"
+#include "picture_export_test.moc"

@@ -1,7 +1,7 @@
-#include "intake/picture_export.h"
+#include "catalogue/runs/picture_export.h"
 
 #include "catalogue/picture_field.h"
-#include "intake/transfer_rules.h"
+#include "catalogue/runs/picture_names.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
 #include "platform/base/unnamed_file.h"

@@ -1,0 +1,97 @@
+#include "catalogue/picture_in_hand.h"
+
+#include "catalogue/picture_field.h"
+#include "platform/base/error.h"
+#include "platform/base/files.h"
+#include "platform/base/odd_names.h"
+#include "platform/base/system_reason.h"
+#include "platform/picture/refusal.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr qint64 mostInMemory = 16 << 20;
+
+std::unique_ptr<QFile> opened(const QString& path) {
+    // Opening a pipe would wait for ever.
+    if (!isStandIn(path) && !fileExists(path)) throw Error(u"文件“%1”不存在。"_s.arg(path));
+    auto file = std::make_unique<QFile>();
+    if (!openForReading(*file, path, QIODevice::Unbuffered))
+        refusePicture(QDir::toNativeSeparators(path), u"文件不能读取"_s);
+    return file;
+}
+
+void readAll(QFile& file, char* to, qint64 count) {
+    if (file.read(to, count) != count)
+        throw Error(u"文件“%1”没有读完：%2。"_s.arg(file.fileName(), systemReason(file.errorString())));
+}
+
+/// The bytes of a file, and zeros behind them.
+class FileWithTail : public ValueSource {
+  public:
+    FileWithTail(std::unique_ptr<QFile> file, qint64 length) : file_(std::move(file)), length_(length), left_(length) {
+        file_->seek(0);
+    }
+
+    qint64 size() const override { return storedLength(length_); }
+
+    void read(char* to, qint64 count) override {
+        const qint64 wanted = std::min(count, left_);
+        readAll(*file_, to, wanted);
+        left_ -= wanted;
+        std::fill(to + wanted, to + count, '\0');
+    }
+
+  private:
+    std::unique_ptr<QFile> file_;
+    qint64 length_;
+    qint64 left_;
+};
+
+}  // namespace
+
+/// What `use` makes of the bytes, from the first one on.
+template <typename Use>
+auto PictureInHand::read(const Use& use) {
+    if (file_) {
+        file_->seek(0);
+        return use(*file_);
+    }
+    QBuffer buffer;
+    buffer.setData(QByteArray::fromRawData(value_.constData(), length_));
+    buffer.open(QIODevice::ReadOnly);
+    return use(static_cast<QIODevice&>(buffer));
+}
+
+PictureInHand::PictureInHand(const QString& path) : path_(path), file_(opened(path)), length_(file_->size()) {
+    changed_ = QDateTime::fromSecsSinceEpoch(file_->fileTime(QFileDevice::FileModificationTime).toSecsSinceEpoch());
+    if (storedLength(length_) <= mostInMemory) {
+        value_.resize(storedLength(length_));
+        std::fill(value_.begin() + length_, value_.end(), '\0');
+        readAll(*file_, value_.data(), length_);
+        file_.reset();
+    }
+    isJpeg_ = read([](QIODevice& bytes) { return bytes.peek(2) == "\xff\xd8"; });
+}
+
+Picture PictureInHand::load(QSize target) {
+    return read([&](QIODevice& bytes) { return LoadPicture(bytes, QDir::toNativeSeparators(path_), target); });
+}
+
+PictureBytes PictureInHand::wholeness() {
+    return read([&](QIODevice& bytes) { return pictureBytes(bytes, QDir::toNativeSeparators(path_)); });
+}
+
+qint64 PictureInHand::storeIn(Field field) {
+    if (length_ == 0) return 0;
+    if (file_)
+        field.TakeFrom(std::make_unique<FileWithTail>(std::move(file_), length_));
+    else
+        field.SetValue(FieldValue(value_));
+    return length_;
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "catalogue/runs/picture_storing.h"
+#include "catalogue/runs/run_report.h"
+#include "catalogue/runs/run_watch.h"
+#include "platform/database/records/database.h"
+
+/// The intake of picture files into an album table.
+
+/// What is to be entered, and how.
+struct IntakeOrder {
+    QString folder;
+    QStringList names;         ///< All files of the list.
+    QList<int> selected = {};  ///< Indices of those to enter, ascending.
+    bool replace = false;
+    bool fillFields = true;  ///< 自动补足
+    BmpFiles bmp = BmpFiles::toJpeg;
+    bool takesTruncated = false;  ///< Pictures that end early are entered like others, and not left out.
+};
+
+/// Enters the files of `order` one by one into an album table; each is durable when its step is done. The first failure
+/// ends the run. A picture that ends early is no failure: it is left out, and no number is spent on it. An empty file
+/// brings a record without a picture, or changes nothing in the one that it was to replace. The percentage is the part
+/// of the whole list that the last file closes. The report's places are those in `selected`.
+RunReport wjlr(const Database& album, const QString& table, const IntakeOrder& order, RunWatch& watch);

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "catalogue/runs/field_mapping.h"
+#include "catalogue/runs/run_report.h"
+#include "catalogue/runs/run_watch.h"
+
+/// The copying of chosen records of another database into an album table.
+
+/// A record of the source: that with the key behind `earlier` others with the same one.
+struct SourceRecord {
+    QString key;
+    int earlier = 0;
+    bool operator==(const SourceRecord&) const = default;
+};
+
+/// The records with these keys. A key that comes again stands for the next record that has it.
+QList<SourceRecord> recordsOfKeys(const QStringList& keys);
+
+/// What is to be copied, and how.
+struct CopyOrder {
+    QString sourcePath;  ///< The database file.
+    QString sourceTable;
+    QString indexField;           ///< Source field that tells the records apart.
+    FieldMapping mapping = {};    ///< By target field.
+    QList<SourceRecord> records;  ///< Told by the index field.
+    bool replace = false;
+    bool fillFields = true;      ///< 自动补足
+    bool takesDoubtful = false;  ///< Values that are no whole picture are copied like others, and not left out.
+};
+
+/// Copies the records of `order` one by one into an album table; each is durable, and whole, when its step is done. The
+/// first failure ends the run. A value that is no whole picture is no failure: its record is left out, and no number is
+/// spent on it. A record that is replaced keeps its picture where the source has none to give. The report names the
+/// records by their keys; its places are those in `records`.
+RunReport sklr(const Database& album, const QString& table, const CopyOrder& order, RunWatch& watch);

@@ -1,0 +1,278 @@
+#include "catalogue/runs/file_intake.h"
+
+#include "../../support/disk_faults.h"
+#include "../../support/run_all.h"
+#include "../../support/sample_catalogue.h"
+#include "../../support/stored_records.h"
+#include "platform/base/files.h"
+#include "platform/picture/picture.h"
+#include "watching.h"
+
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QString ofNumber(int number, const QString& column) {
+    return fieldOf(u"SELECT * FROM tc01 WHERE 序号 = %1"_s.arg(number), column).textOr();
+}
+
+QByteArray noise(qsizetype count) {
+    QByteArray bytes(count, 0);
+    QRandomGenerator(1).fillRange(reinterpret_cast<quint32*>(bytes.data()), count / 4);
+    return bytes;
+}
+
+/// A catalogue, and a folder of files to take in.
+class Source {
+  public:
+    void add(const QString& name, const QByteArray& bytes) {
+        QFile file(path(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        names_ << name;
+    }
+    void add(const QString& name) { add(name, pictureBytes({60, 45}, Qt::darkGreen)); }
+    void addTruncated(const QString& name) {
+        const QByteArray whole = pictureBytes({400, 300}, Qt::darkGreen);
+        add(name, whole.first(whole.size() * 2 / 3));
+    }
+
+    QString path(const QString& name) const { return folder_.filePath(name); }
+    QByteArray bytesOf(const QString& name) const {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    bool isStored(const QString& table, int number, const QString& name) const {
+        return stored(table, number).startsWith(bytesOf(name));
+    }
+
+    /// All files, in the order in which they were added.
+    IntakeOrder order(bool replace = false) const {
+        IntakeOrder order{.folder = folder_.path(), .names = names_, .replace = replace};
+        for (int i = 0; i < names_.size(); ++i) order.selected << i;
+        return order;
+    }
+    RunReport enter(const QString& table, const IntakeOrder& order) {
+        return wjlr(mekTp::catalogue, table, order, watch);
+    }
+    RunReport enter(const QString& table, bool replace = false) { return enter(table, order(replace)); }
+
+    Watching watch;
+
+  private:
+    SampleCatalogue catalogue_;
+    QTemporaryDir folder_;
+    QStringList names_;
+};
+
+class TestFileIntake : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void theListIsTheMeasureOfTheProgress() {
+        Source source;
+        for (int i = 1; i <= 5; ++i) source.add(QString::number(i));
+        IntakeOrder order = source.order();
+        order.selected = {1, 2, 4};
+        const RunReport report = source.enter(u"tc02"_s, order);
+        QVERIFY(report.cameToEnd && report.count == 3);
+        QCOMPARE(report.placesOf({Fate::taken}), (QList<qsizetype>{0, 1, 2}));
+        QCOMPARE(source.watch.percents, (QList<int>{25, 50, 100}));
+        QCOMPARE(source.watch.last.done, qsizetype(3));
+        QCOMPARE(source.watch.last.all, qsizetype(3));
+        QCOMPARE(source.watch.last.bytes, qint64(3 * source.bytesOf(u"1"_s).size()));
+    }
+
+    void aWatchEndsTheRunAfterThePictureInHand() {
+        Source source;
+        for (const QString& name : {u"a"_s, u"b"_s, u"c"_s, u"d"_s}) source.add(name);
+        Watching watch(2);
+        const RunReport report = wjlr(mekTp::catalogue, u"tc02"_s, source.order(), watch);
+        QVERIFY(!report.cameToEnd && report.failure.isEmpty());
+        QCOMPARE(report.count, 2);
+        QCOMPARE(report.namesOf({Fate::left}), (QStringList{u"c"_s, u"d"_s}));
+        QCOMPARE(numbersOf(u"tc02"_s), (QStringList{u"1"_s, u"2"_s}));
+    }
+
+    void aListOfOneFileCountsNothing() {
+        Source source;
+        source.add(u"a"_s);
+        const RunReport report = source.enter(u"tc02"_s);
+        QVERIFY(!report.cameToEnd && report.failure.isEmpty());
+        QCOMPARE(report.count, 0);
+        QCOMPARE(report.namesOf({Fate::taken}), QStringList{u"a"_s});
+        QVERIFY(source.isStored(u"tc02"_s, 1, u"a"_s));
+    }
+
+    void storedValueIsLongerThanTheFile() {
+        Source source;
+        const QByteArray picture = pictureBytes({40, 30}, Qt::darkGreen);
+        for (const qsizetype length : {qsizetype(16384), qsizetype(40000), picture.size()})
+            source.add(QString::number(length), picture + QByteArray(length - picture.size(), 'x'));
+        source.enter(u"tc02"_s);
+        QCOMPARE(stored(u"tc02"_s, 1).size(), 16384 + 2);
+        QCOMPARE(stored(u"tc02"_s, 2).size(), 40003);
+        QCOMPARE(stored(u"tc02"_s, 3).size(), picture.size() + 1);
+        QVERIFY(stored(u"tc02"_s, 2).endsWith(QByteArray(3, '\0')));
+    }
+
+    void withoutFillingIn() {
+        Source source;
+        for (const QString& name : {u"5.jpg"_s, u"6.jpg"_s}) source.add(name);
+        IntakeOrder order = source.order();
+        order.fillFields = false;
+        source.enter(u"tc02"_s, order);
+        for (const QString& column : {u"编号"_s, u"大小"_s, u"规格"_s, u"日期"_s})
+            QVERIFY(fieldOf(u"tc02"_s, column).isNull());
+        QVERIFY(source.isStored(u"tc02"_s, 1, u"5.jpg"_s));
+
+        const QString size = ofNumber(5, u"规格"_s), date = ofNumber(5, u"日期"_s);
+        order.replace = true;
+        source.enter(u"tc01"_s, order);
+        QCOMPARE(ofNumber(5, u"规格"_s), size);
+        QCOMPARE(ofNumber(5, u"日期"_s), date);
+        QVERIFY(source.isStored(u"tc01"_s, 5, u"5.jpg"_s));
+    }
+
+    void replacesByNumber() {
+        Source source;
+        changeRow(u"SELECT * FROM tc01 WHERE 序号 = 3"_s, {{u"备注"_s, u"湖边"_s}});
+        for (const QString& name : {u"3.jpg"_s, u"1,234.jpg"_s, u"1.5.jpg"_s, u"123.jpg"_s}) source.add(name);
+        const RunReport report = source.enter(u"tc01"_s, true);
+        QVERIFY(report.cameToEnd && report.count == 2);
+        QCOMPARE(report.namesOf({Fate::notFound}), (QStringList{u"1,234.jpg"_s, u"123.jpg"_s}));
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 10);
+        QCOMPARE(ofNumber(3, u"备注"_s), u"湖边"_s);
+        QCOMPARE(ofNumber(3, u"编号"_s), u" "_s);
+        QCOMPARE(ofNumber(3, u"日期"_s), FieldValue(FileDateTime(source.path(u"3.jpg"_s))).toText());
+        for (const auto& [number, size] : {std::pair{1, u"60 * 45"_s}, {2, u"40 * 30"_s}, {3, u"60 * 45"_s}})
+            QCOMPARE(ofNumber(number, u"规格"_s), size);
+        QVERIFY(source.isStored(u"tc01"_s, 3, u"3.jpg"_s));
+    }
+
+    void failedReplacementLeavesTheRecord() {
+        Source source;
+        source.add(u"3.jpg"_s, pictureBytes({60, 45}, Qt::darkGreen) + noise(300'000));
+        source.add(u"4.jpg"_s);
+        const QByteArray old = stored(u"tc01"_s, 3);
+        const QString size = ofNumber(3, u"规格"_s), date = ofNumber(3, u"日期"_s);
+        {
+            const FullDisk full(QFileInfo(mekTp::cataloguePath()).size() + 100'000);
+            const RunReport report = source.enter(u"tc01"_s, true);
+            QCOMPARE(report.count, 0);
+            QCOMPARE(report.namesOf({Fate::failed}), QStringList{u"3.jpg"_s});
+            QVERIFY(!report.has(Fate::taken));
+        }
+        QCOMPARE(stored(u"tc01"_s, 3), old);
+        QCOMPARE(ofNumber(3, u"规格"_s), size);
+        QCOMPARE(ofNumber(3, u"日期"_s), date);
+    }
+
+    /// What is reported stored is there byte for byte, of the others nothing; they are taken in when there is room.
+    void fullDiskStopsBetweenTwoPictures() {
+        Source source;
+        for (const QString& name : {u"1.jpg"_s, u"2.jpg"_s, u"3.jpg"_s})
+            source.add(name, pictureBytes({60, 45}, Qt::darkGreen) + noise(200'000));
+        {
+            const FullDisk full(QFileInfo(mekTp::cataloguePath()).size() + 300'000);
+            const RunReport report = source.enter(u"tc02"_s);
+            QCOMPARE(report.count, 0);
+            QCOMPARE(report.namesOf({Fate::taken}), QStringList{u"1.jpg"_s});
+            QCOMPARE(report.namesOf({Fate::failed}), QStringList{u"2.jpg"_s});
+            QCOMPARE(report.namesOf({Fate::left}), QStringList{u"3.jpg"_s});
+            QVERIFY2(report.failure.contains(mekTp::cataloguePath()), qPrintable(report.failure));
+        }
+        QCOMPARE(numbersOf(u"tc02"_s), QStringList{u"1"_s});
+        QVERIFY(source.isStored(u"tc02"_s, 1, u"1.jpg"_s));
+        QCOMPARE(source.enter(u"tc02"_s).count, 3);
+        QVERIFY(source.isStored(u"tc02"_s, 4, u"3.jpg"_s));
+    }
+
+    void ways_data() {
+        QTest::addColumn<bool>("replace");
+        QTest::newRow("replace") << true;
+        QTest::newRow("append") << false;
+    }
+
+    void emptyFile_data() { ways_data(); }
+    void emptyFile() {
+        QFETCH(bool, replace);
+        Source source;
+        source.add(u"3.jpg"_s, {});
+        source.add(u"4.jpg"_s);
+        const QByteArray old = stored(u"tc01"_s, 3);
+        const QString size = ofNumber(3, u"规格"_s);
+        const RunReport report = source.enter(u"tc01"_s, replace);
+        QCOMPARE(report.count, 2);
+        QCOMPARE(report.namesOf({Fate::withoutPicture}), QStringList{u"3.jpg"_s});
+        QCOMPARE(stored(u"tc01"_s, 3), old);
+        QCOMPARE(ofNumber(3, u"规格"_s), size);
+        QVERIFY(replace || stored(u"tc01"_s, 11).isEmpty());
+        QVERIFY(source.isStored(u"tc01"_s, replace ? 4 : 12, u"4.jpg"_s));
+    }
+
+    void damagedFile_data() { ways_data(); }
+    void damagedFile() {
+        QFETCH(bool, replace);
+        Source source;
+        source.add(u"1.jpg"_s);
+        source.add(u"2.jpg"_s, "no picture");
+        source.add(u"3.jpg"_s);
+        const QByteArray old = stored(u"tc01"_s, 2);
+        const RunReport report = source.enter(u"tc01"_s, replace);
+        QCOMPARE(report.count, 0);
+        QVERIFY2(report.failure.contains(source.path(u"2.jpg"_s)), qPrintable(report.failure));
+        QCOMPARE(report.namesOf({Fate::failed}), QStringList{u"2.jpg"_s});
+        QCOMPARE(report.namesOf({Fate::left}), QStringList{u"3.jpg"_s});
+        QCOMPARE(numbersOf(u"tc01"_s).size(), replace ? 10 : 11);
+        QVERIFY(source.isStored(u"tc01"_s, replace ? 1 : 11, u"1.jpg"_s));
+        QCOMPARE(stored(u"tc01"_s, 2), old);
+        QCOMPARE(ofNumber(2, u"规格"_s), u"40 * 30"_s);
+    }
+
+    /// They wait for an answer, and then come behind all others; no number is spent on them before.
+    void truncatedPicturesStayOut() {
+        Source source;
+        for (const QString& name : {u"a"_s, u"b"_s, u"c"_s, u"d"_s})
+            name == u"b" || name == u"d" ? source.addTruncated(name) : source.add(name);
+        IntakeOrder order = source.order();
+        RunReport report = source.enter(u"tc02"_s, order);
+        QVERIFY(report.cameToEnd && report.count == 2);
+        QCOMPARE(report.leftOut(), (QList<qsizetype>{1, 3}));
+        QCOMPARE(numbersOf(u"tc02"_s), (QStringList{u"1"_s, u"2"_s}));
+        order.selected = {1, 3};
+        order.takesTruncated = true;
+        report.add(source.enter(u"tc02"_s, order));
+        QVERIFY(report.cameToEnd && report.leftOut().isEmpty());
+        QCOMPARE(report.count, 4);
+        QCOMPARE(report.placesOf({Fate::taken}), (QList<qsizetype>{0, 2, 1, 3}));
+        QVERIFY(source.isStored(u"tc02"_s, 2, u"c"_s) && source.isStored(u"tc02"_s, 4, u"d"_s));
+    }
+
+    // Nothing tells beforehand that no scratch file fits beside the longest name that a file can have.
+    void bitmapsThatTurnOutNotToBeWritable() {
+        Source source;
+        const QString name = u"3."_s + QString(249, u'x') + u".bmp"_s;
+        source.add(name, pictureBytes({60, 45}, Qt::darkGreen, "BMP"));
+        source.add(u"4.jpg"_s);
+        QCOMPARE(source.enter(u"tc01"_s, true).count, 2);
+        QVERIFY(stored(u"tc01"_s, 3).startsWith("\xff\xd8"));
+    }
+
+    void withoutATableNothingIsTaken() {
+        Source source;
+        source.add(u"a"_s);
+        source.add(u"b"_s);
+        const RunReport report = source.enter(u"tc99"_s);
+        QVERIFY(report.failure.contains(u"tc99"_s) && !report.has(Fate::failed));
+        QCOMPARE(report.namesOf({Fate::left}), (QStringList{u"a"_s, u"b"_s}));
+    }
+};
+
+const Registered<TestFileIntake> registered;
+
+}  // namespace
+
+#include "file_intake_test.moc"

@@ -1,0 +1,50 @@
+#include "catalogue/runs/file_transfer.h"
+
+#include "../../support/run_all.h"
+#include "../../support/sample_catalogue.h"
+#include "catalogue/mektp.h"
+#include "watching.h"
+
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class TestFileTransfer : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    /// One folder takes what it can; each of the others has its reason.
+    void whatBecomesOfEach() {
+        const SampleCatalogue sample;
+        const QTemporaryDir folder;
+        changeRow(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, {{u"图片"_s, FieldValue()}});
+        writePicture(folder.filePath(u"123.jpg"_s), {9, 9}, Qt::red);
+        Watching watch;
+        const RunReport report =
+            transferToFiles(mekTp::catalogue, u"tc01"_s, {u"1"_s, u"2"_s, u"3"_s, u"77"_s}, folder.path(), watch);
+        QVERIFY(report.cameToEnd && report.count == 1);
+        QCOMPARE(report.filesOf(Fate::taken), QStringList{u"121.jpg"_s});
+        QCOMPARE(report.namesOf({Fate::failed}), (QStringList{u"2"_s, u"3"_s, u"77"_s}));
+        QCOMPARE(report.filesOf(Fate::failed), (QStringList{QString(), u"123.jpg"_s, QString()}));
+        QCOMPARE(watch.percents, (QList<int>{25, 50, 75, 100}));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), (QStringList{u"121.jpg"_s, u"123.jpg"_s}));
+    }
+
+    void aWatchEndsTheRunAfterThePictureInHand() {
+        const SampleCatalogue sample;
+        const QTemporaryDir folder;
+        Watching watch(1);
+        const RunReport report = transferToFiles(mekTp::catalogue, u"tc01"_s, {u"4"_s, u"5"_s}, folder.path(), watch);
+        QVERIFY(!report.cameToEnd && report.count == 1);
+        QCOMPARE(report.namesOf({Fate::left}), QStringList{u"5"_s});
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{u"24.jpg"_s});
+    }
+};
+
+const Registered<TestFileTransfer> registered;
+
+}  // namespace
+
+#include "file_transfer_test.moc"

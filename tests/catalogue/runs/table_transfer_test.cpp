@@ -1,0 +1,167 @@
+#include "catalogue/runs/table_transfer.h"
+
+#include "../../support/disk_faults.h"
+#include "../../support/failure_of.h"
+#include "../../support/run_all.h"
+#include "../../support/sample_catalogue.h"
+#include "../../support/stored_records.h"
+#include "catalogue/album_rules.h"
+#include "watching.h"
+
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// A catalogue, and another one with an album tc02 for its records.
+class Target {
+  public:
+    explicit Target(int first = 1, int count = 0) : database(createDatabase(sample.file(u"目标.mdb"_s))) {
+        database.Execute(createAlbumSql(u"tc02"_s));
+        Recordset rows = database.OpenRecordset(u"tc02"_s);
+        for (int i = 0; i < count; ++i) {
+            rows.AddNew();
+            rows.Fields(u"序号"_s).SetValue(first + i);
+            rows.Update();
+        }
+    }
+
+    RunReport take(const QString& from, const QStringList& numbers, bool move,
+                   const QStringList& fields = albumColumns(), const QString& into = u"tc02"_s) {
+        FieldMapping mapping;
+        for (const QString& field : fields) mapping.push_back({field, field});
+        return transferToTable(mekTp::catalogue, from, numbers, {database, into, mapping}, move, watch);
+    }
+    QStringList arrived() const { return numbersOf(u"tc02"_s, database); }
+    QString remarkOf(int number) const {
+        const QString source = u"SELECT * FROM tc02 WHERE 序号 = %1"_s.arg(number);
+        return database.OpenRecordset(source).Fields(u"备注"_s).Value().textOr();
+    }
+
+    SampleCatalogue sample;
+    Database database;
+    Watching watch;
+};
+
+qsizetype refused(const RunReport& report) {
+    return report.namesOf({Fate::failed}).size();
+}
+
+class TestTableTransfer : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    /// The engine's locks on a file are lost when the process closes a file of its own on it.
+    void catalogueAsTargetKeepsItsLocks() {
+        const SampleCatalogue sample;
+        const Transaction writing(mekTp::catalogue);
+        changeRow(u"tcsz"_s, {{u"像册标题"_s, u"new"_s}});
+        openTarget(mekTp::cataloguePath());
+        QProcess other;
+        other.start(u"sqlite3"_s, {mekTp::cataloguePath(), u"BEGIN IMMEDIATE"_s});
+        QVERIFY(other.waitForFinished());
+        QVERIFY(other.exitCode() != 0);
+    }
+
+    /// The tables that the program lives by are not written, by whatever path the catalogue is chosen.
+    void onlyAlbumsOfTheCatalogueTakePictures() {
+        Target target;
+        mekTp::catalogue.Execute(createAlbumSql(u"海边照片"_s));
+        const QString link = target.sample.file(u"link.mdb"_s);
+        QVERIFY(QFile::link(mekTp::cataloguePath(), link));
+        const QStringList before = numbersOf(u"tcbm"_s);
+        for (const QString& table : {u"tcbm"_s, u"tcan"_s, u"pmtp"_s, u"tc00"_s})
+            for (const QString& path : {mekTp::cataloguePath(), link}) {
+                target.database = openTarget(path);
+                QVERIFY(!failureOf([&] { target.take(u"tc01"_s, {u"1"_s}, true, {u"序号"_s}, table); }).isEmpty());
+            }
+        QCOMPARE(numbersOf(u"tcbm"_s), before);
+        QCOMPARE(objectionToTable(mekTp::catalogue, target.database, u"TC00"_s), u"该表只做演示用，不能录入或编辑！"_s);
+        QCOMPARE(objectionToTable(mekTp::catalogue, mekTp::catalogue, u"海边照片"_s), QString());
+    }
+
+    void aMoveThatWouldLoseThePictureIsNotMade() {
+        Target target;
+        const QStringList mapped{u"序号"_s, u"备注"_s};
+        QCOMPARE(refused(target.take(u"tc01"_s, {u"1"_s}, true, mapped)), 1);
+        // A copy leaves the picture where it is.
+        QCOMPARE(target.take(u"tc01"_s, {u"1"_s}, false, mapped).count, 1);
+        QCOMPARE(refused(target.take(u"tc01"_s, {u"1"_s}, true, {})), 1);
+    }
+
+    void fullDiskDeletesNothing() {
+        Target target(1, 1);
+        const QByteArray large(3 << 20, 'x');
+        changeRow(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, {{u"图片"_s, large}});
+        {
+            const FullDisk full(1 << 20);
+            QCOMPARE(refused(target.take(u"tc01"_s, {u"1"_s, u"2"_s, u"3"_s}, true)), 3);
+        }
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 10);
+        QCOMPARE(target.arrived(), QStringList{u"1"_s});
+        QCOMPARE(target.take(u"tc01"_s, {u"2"_s}, true).count, 1);
+        QCOMPARE(stored(u"tc02"_s, 2, target.database), large);
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 9);
+    }
+
+    void groupsAreMovedWhole() {
+        Target target;
+        QStringList numbers;
+        for (int i = 1; i <= 150; ++i) {
+            addRow(u"tc02"_s, {{u"序号"_s, i}, {u"图片"_s, QByteArray::number(i)}});
+            numbers << QString::number(i);
+        }
+        const RunReport report = target.take(u"tc02"_s, numbers, true);
+        QVERIFY(report.cameToEnd && report.count == 150);
+        QCOMPARE(target.watch.last.percent, 100);
+        QCOMPARE(target.watch.last.done, qsizetype(150));
+        QCOMPARE(target.watch.last.bytes, qint64(9 + 2 * 90 + 3 * 51));
+        QCOMPARE(numbersOf(u"tc02"_s), QStringList());
+        QCOMPARE(target.arrived(), numbers);
+        QCOMPARE(stored(u"tc02"_s, 150, target.database), QByteArray("150"));
+    }
+
+    /// What is in the target has left the album, and nothing else has.
+    void aWatchEndsAMoveBetweenTwoRecords() {
+        Target target;
+        Watching watch(2);
+        const TransferTarget place{target.database, u"tc02"_s, {{u"序号"_s, u"序号"_s}, {u"图片"_s, u"图片"_s}}};
+        const QStringList numbers{u"4"_s, u"1"_s, u"3"_s, u"2"_s};
+        const RunReport report = transferToTable(mekTp::catalogue, u"tc01"_s, numbers, place, true, watch);
+        QVERIFY(!report.cameToEnd && report.count == 2);
+        QCOMPARE(report.namesOf({Fate::left}), (QStringList{u"3"_s, u"2"_s}));
+        QCOMPARE(target.arrived(), (QStringList{u"1"_s, u"2"_s}));
+        QCOMPARE(numbersOf(u"tc01"_s).first(2), (QStringList{u"2"_s, u"3"_s}));
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 8);
+    }
+
+    void numbersThatTwoRecordsShareAreBothMoved() {
+        Target target;
+        const auto change = [](int number, const QString& column, const FieldValue& value) {
+            changeRow(u"SELECT * FROM tc01 WHERE 序号 = %1"_s.arg(number), {{column, value}});
+        };
+        change(2, u"序号"_s, 1);
+        QCOMPARE(target.take(u"tc01"_s, {u"1"_s, u"1"_s}, true).count, 2);
+        QCOMPARE(target.remarkOf(1), u"图片1"_s);
+        QCOMPARE(target.remarkOf(2), u"图片2"_s);
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 8);
+        // The first one does not fit, and does not stand in the way of the second.
+        change(6, u"序号"_s, 5);
+        change(5, u"编号"_s, u"不合适"_s);
+        target.database.Execute(u"CREATE TABLE tc03 ([序号] LONG,[编号] TEXT(2),[图片] LONGBINARY,[备注] TEXT(50))"_s);
+        const QStringList fields{u"序号"_s, u"编号"_s, u"图片"_s, u"备注"_s};
+        QCOMPARE(refused(target.take(u"tc01"_s, {u"5"_s, u"5"_s}, true, fields, u"tc03"_s)), 1);
+        QCOMPARE(fieldOf(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, u"备注"_s).toText(), u"图片5"_s);
+        // One record chosen twice is moved once.
+        QCOMPARE(refused(target.take(u"tc01"_s, {u"3"_s, u"3"_s}, true)), 1);
+        QCOMPARE(target.take(u"tc01"_s, {u"4"_s, u"4"_s}, false).count, 2);
+        QCOMPARE(target.arrived().size(), 5);
+    }
+};
+
+const Registered<TestTableTransfer> registered;
+
+}  // namespace
+
+#include "table_transfer_test.moc"
