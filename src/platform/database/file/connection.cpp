@@ -15,7 +15,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -39,8 +38,9 @@ constexpr int giveBackMs = 100;            ///< for so long at a time,
 constexpr int pauseMs = 1000;              ///< and with such pauses.
 const QString stepwise = u"PRAGMA auto_vacuum = INCREMENTAL"_s;
 
+/// Of this thread: the engine's handle and what belongs to it are never used by two at a time.
 std::vector<std::weak_ptr<Connection>>& openConnections() {
-    static std::vector<std::weak_ptr<Connection>> connections;
+    thread_local std::vector<std::weak_ptr<Connection>> connections;
     return connections;
 }
 
@@ -103,25 +103,25 @@ void requireTransaction(const Connection& connection) {
 std::shared_ptr<Connection> Connection::open(const QString& path) {
     requireDatabaseFile(path);
     if (auto shared = openConnection(path)) return shared;
-    if (ForeignCopy::isJetFile(path)) {
-        const std::shared_ptr<Connection> connection(new Connection(path, std::make_unique<ForeignCopy>(path)));
-        connection->configure();
-        openConnections().push_back(connection);
-        return connection;
-    }
-    if (!hasDatabaseHeader(path)) throw Error(u"文件“%1”不是数据库，或已损坏。"_s.arg(path), Error::Kind::damage);
-
-    const std::shared_ptr<Connection> connection(new Connection(path, openFlags(path)));
+    const std::shared_ptr<Connection> connection(new Connection(path, openFlags(path), fileAt(path)));
     connection->configure();
     connection->requireKnownVersion();
     openConnections().push_back(connection);
     return connection;
 }
 
+/// Looks into a file only when nothing in this process has it open.
+std::shared_ptr<SharedFile> Connection::fileAt(const QString& path) {
+    if (auto file = SharedFile::find(path)) return file;
+    if (ForeignCopy::isJetFile(path)) return SharedFile::add(path, std::make_unique<ForeignCopy>(path));
+    if (!hasDatabaseHeader(path)) throw Error(u"文件“%1”不是数据库，或已损坏。"_s.arg(path), Error::Kind::damage);
+    return nullptr;
+}
+
 bool Connection::isJetFile(const QString& path) {
     requireDatabaseFile(path);
-    const auto shared = openConnection(path);
-    return shared ? shared->isForeign() : ForeignCopy::isJetFile(path);
+    const auto shared = SharedFile::find(path);
+    return shared ? shared->foreign() != nullptr : ForeignCopy::isJetFile(path);
 }
 
 std::shared_ptr<Connection> Connection::create(const QString& path) {
@@ -140,20 +140,17 @@ std::shared_ptr<Connection> Connection::create(const QString& path) {
     return connection;
 }
 
-Connection::Connection(const QString& path, int flags)
-    : path_(path), database_(openDatabase(path, flags)), longBinaries_(*this) {
+Connection::Connection(const QString& path, int flags, std::shared_ptr<SharedFile> file)
+    : path_(path),
+      file_(std::move(file)),
+      database_(file_ && file_->foreign() ? openDatabase(file_->foreign()->file(), SQLITE_OPEN_READONLY, literalPaths())
+                                          : openDatabase(path, flags)),
+      longBinaries_(*this) {
+    if (!file_) file_ = SharedFile::add(path);
     setUpDialect(handle());
     pause_.setSingleShot(true);
     pause_.setInterval(pauseMs);
     pause_.callOnTimeout([this] { attempt([this] { giveBackSpace(); }); });
-}
-
-Connection::Connection(const QString& path, std::unique_ptr<ForeignCopy> foreign)
-    : path_(path),
-      foreign_(std::move(foreign)),
-      database_(openDatabase(engineFile(), SQLITE_OPEN_READONLY, literalPaths())),
-      longBinaries_(*this) {
-    setUpDialect(handle());
 }
 
 /// A file of another program, and one that was only read, keeps its free space.
@@ -202,7 +199,7 @@ void Connection::requireOurs() const {
 }
 
 bool Connection::isOutdated() const {
-    if (foreign_) return !foreign_->isCurrent();
+    if (isForeign()) return !file_->foreign()->isCurrent();
     int moved = 0;
     sqlite3_file_control(handle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
     return moved != 0;
@@ -254,19 +251,15 @@ std::vector<Column> Connection::columnsOf(const QString& table) {
 }
 
 qint64 Connection::changeCount() const {
-    return sqlite3_total_changes64(handle()) + otherChanges_;
+    return sqlite3_total_changes64(handle()) + otherChanges_ + file_->changes();
 }
 
 void Connection::noteRowIds(const QString& table, qint64 highest) {
-    qint64& noted = highestRowIds_[table.toLower()];
-    noted = std::max(noted, highest);
+    file_->noteRowIds(table, highest);
 }
 
 qint64 Connection::newRowId(const QString& table) {
-    noteRowIds(table, number(u"SELECT max(_rowid_) FROM "_s + quotedName(table)));
-    qint64& noted = highestRowIds_[table.toLower()];
-    if (noted == std::numeric_limits<qint64>::max()) throw Error(u"表“%1”已满。"_s.arg(table));
-    return ++noted;
+    return file_->newRowId(table, number(u"SELECT max(_rowid_) FROM "_s + quotedName(table)));
 }
 
 void Connection::giveBackSpaceLater() {
@@ -340,5 +333,6 @@ void Change::commit() {
     connection_.run(outermost_ ? u"COMMIT"_s : u"RELEASE change"_s);
     --connection_.openChanges_;
     open_ = false;
+    if (outermost_) connection_.file_->noteChange();
     if (connection_.isSpaceToGiveBack_ && outermost_) attempt([this] { connection_.giveBackSpace(); });
 }

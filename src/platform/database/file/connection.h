@@ -3,17 +3,18 @@
 #include "platform/base/error.h"
 #include "platform/database/dialect/table_layout.h"
 #include "platform/database/file/long_binary.h"
-#include "platform/database/foreign/foreign_copy.h"
+#include "platform/database/file/shared_file.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
-#include <QHash>
 #include <QTimer>
 
-/// One open file: the engine's handle, its settings, and the wording of its failures. All users of a file share one
-/// connection. So they see each other's changes at once, and nobody waits for another one's lock.
+/// One open file: the engine's handle, its settings, and the wording of its failures. All users of a file in one thread
+/// share one connection. So they see each other's changes at once, and nobody waits for another one's lock. Another
+/// thread gets a connection of its own; one of two that write at the same time waits for the other, up to two seconds.
 class Connection {
   public:
+    /// The connection of this thread.
     static std::shared_ptr<Connection> open(const QString& path);
     /// An open file is not read for that: opening and closing it here would take away all locks that the engine has on
     /// it.
@@ -23,8 +24,8 @@ class Connection {
 
     const QString& path() const { return path_; }
     /// The file that the engine reads: for a foreign database a copy, not `path`.
-    QString engineFile() const { return foreign_ ? foreign_->file() : path_; }
-    bool isForeign() const { return foreign_ != nullptr; }
+    QString engineFile() const { return isForeign() ? file_->foreign()->file() : path_; }
+    bool isForeign() const { return file_->foreign() != nullptr; }
     bool isOurs();  ///< Made by this program.
     int version();  ///< Of the file's layout; has a meaning only in a file of ours.
     /// Throws for a foreign database.
@@ -43,7 +44,7 @@ class Connection {
     /// The columns of a table; none for a missing table and for a reserved one (see `isReservedTable`).
     std::vector<Column> columnsOf(const QString& table);
 
-    /// Grows whenever something in the file changes through this connection.
+    /// Grows whenever something in the file changes through a connection of this process.
     qint64 changeCount() const;
     void noteChange() { ++otherChanges_; }
 
@@ -74,8 +75,9 @@ class Connection {
 
   private:
     friend class Change;
-    Connection(const QString& path, int flags);
-    explicit Connection(const QString& path, std::unique_ptr<ForeignCopy> foreign);
+    /// `file` is null where nothing has the file open; that of a foreign database never is.
+    Connection(const QString& path, int flags, std::shared_ptr<SharedFile> file = nullptr);
+    static std::shared_ptr<SharedFile> fileAt(const QString& path);
     void configure();
     void requireKnownVersion();
     void takeForWriting();
@@ -85,13 +87,12 @@ class Connection {
     qint64 number(const QString& sql);
 
     QString path_;
-    std::unique_ptr<ForeignCopy> foreign_;  ///< Before `database_`, which reads it: it has to outlive that.
+    std::shared_ptr<SharedFile> file_;  ///< Above the handle: what was read of a foreign database goes after it.
     SQLite::Database database_;
     LongBinaries longBinaries_;
     qint64 otherChanges_ = 0;
     int openChanges_ = 0;
     bool isTakenForWriting_ = false;
-    QHash<QString, qint64> highestRowIds_;  ///< By table, in lower case.
     bool isSpaceToGiveBack_ = false;
     bool isShortenedBySteps_ = false;  ///< Shortening in one go has failed.
     QTimer pause_;

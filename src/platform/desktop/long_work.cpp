@@ -1,0 +1,153 @@
+#include "platform/desktop/long_work.h"
+
+#include "platform/desktop/message_box.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <condition_variable>
+#include <mutex>
+#include <utility>
+
+/// Shared with the calls that wait in the window's queue of events: they may outlive the object.
+struct LongWork::Steps {
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool abandoned = false;  ///< The window's thread waits for the work, and does nothing for it any more.
+    std::function<void()> toShow;
+
+    bool isAbandoned() {
+        const std::lock_guard lock(mutex);
+        return abandoned;
+    }
+};
+
+namespace {
+
+bool isInput(QEvent::Type type) {
+    switch (type) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::ShortcutOverride:
+        case QEvent::Shortcut:
+        case QEvent::InputMethod:
+        case QEvent::ContextMenu:
+        case QEvent::DragEnter:
+        case QEvent::Drop:
+        case QEvent::TouchBegin:
+        case QEvent::TabletPress:
+            return true;
+        default:
+            return false;
+    }
+}
+
+/// The widget that an object belongs to, itself perhaps: actions and shortcuts are children of widgets.
+const QWidget* widgetOf(const QObject* part) {
+    while (part != nullptr && !part->isWidgetType()) part = part->parent();
+    return static_cast<const QWidget*>(part);
+}
+
+bool isEscape(const QEvent* event) {
+    return event->type() == QEvent::KeyPress && static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Escape;
+}
+
+}  // namespace
+
+LongWork::LongWork(QWidget* window, QPushButton* stopButton)
+    : window_(window), stopButton_(stopButton), steps_(std::make_shared<Steps>()) {
+    connect(stopButton, &QPushButton::clicked, this, &LongWork::stop);
+}
+
+LongWork::~LongWork() {
+    stop();
+    {
+        const std::lock_guard lock(steps_->mutex);
+        steps_->abandoned = true;
+    }
+    steps_->changed.notify_all();
+    if (thread_.joinable()) thread_.join();
+}
+
+void LongWork::start(std::function<void()> work, std::function<void()> after) {
+    stopping_ = false;
+    qApp->installEventFilter(this);
+    Q_EMIT begun();
+    thread_ = std::thread([this, work = std::move(work), after = std::move(after)] {
+        std::exception_ptr failure;
+        try {
+            work();
+        } catch (...) {
+            failure = std::current_exception();
+        }
+        QMetaObject::invokeMethod(
+            this, [this, failure, after] { end(failure, after); }, Qt::QueuedConnection);
+    });
+}
+
+void LongWork::end(const std::exception_ptr& failure, const std::function<void()>& after) {
+    thread_.join();
+    qApp->removeEventFilter(this);
+    Q_EMIT ended();
+    runHandler(window_, [&] {
+        if (failure) std::rethrow_exception(failure);
+        after();
+    });
+}
+
+bool LongWork::inWindow(const std::function<void()>& step) {
+    const std::shared_ptr<Steps> steps = steps_;
+    bool isDone = false;
+    QMetaObject::invokeMethod(
+        this,
+        [&isDone, &step, steps] {
+            if (steps->isAbandoned()) return;
+            step();
+            {
+                const std::lock_guard lock(steps->mutex);
+                isDone = true;
+            }
+            steps->changed.notify_all();
+        },
+        Qt::QueuedConnection);
+    std::unique_lock lock(steps->mutex);
+    steps->changed.wait(lock, [&] { return isDone || steps->abandoned; });
+    return isDone;
+}
+
+void LongWork::show(std::function<void()> step) {
+    const std::shared_ptr<Steps> steps = steps_;
+    {
+        const std::lock_guard lock(steps->mutex);
+        const bool waits = std::exchange(steps->toShow, std::move(step)) != nullptr;
+        if (waits) return;
+    }
+    QMetaObject::invokeMethod(
+        this,
+        [steps] {
+            std::function<void()> last;
+            {
+                const std::lock_guard lock(steps->mutex);
+                last = std::exchange(steps->toShow, nullptr);
+            }
+            if (last) last();
+        },
+        Qt::QueuedConnection);
+}
+
+bool LongWork::isLocked(const QObject* part) const {
+    const QWidget* widget = widgetOf(part);
+    return widget != nullptr && widget->window() == window_->window() && widget != stopButton_;
+}
+
+bool LongWork::eventFilter(QObject* watched, QEvent* event) {
+    if (!isInput(event->type()) || !isLocked(watched)) return QObject::eventFilter(watched, event);
+    if (isEscape(event)) stop();
+    event->accept();
+    return true;
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QObject>
+#include <atomic>
+#include <exception>
+#include <functional>
+#include <memory>
+#include <thread>
+
+class QPushButton;
+class QWidget;
+
+/// Work of a handler that takes longer than a moment. It is done in a thread of its own while its window goes on
+/// painting; everything in the window is locked but the stop button, whose work Esc does too. The handler returns when
+/// the work has begun: what comes after the work is another one, so that no handler ever runs inside another.
+class LongWork : public QObject {
+    Q_OBJECT
+
+  public:
+    /// Both outlive this object.
+    LongWork(QWidget* window, QPushButton* stopButton);
+    /// Asks the work to end, and waits for it. `after` is not called then.
+    ~LongWork() override;
+
+    /// `work` runs in the thread. When it has ended the window is free again, and `after` is called in the window's
+    /// thread as a handler. What `work` throws is shown as the failure of a handler, and `after` is not called.
+    /// Nothing else may be at work.
+    void start(std::function<void()> work, std::function<void()> after);
+    bool isAtWork() const { return thread_.joinable(); }
+
+    /// The person, or the end of the window, wants the work to end. It sees that by `isToStop`, in any thread.
+    void stop() { stopping_ = true; }
+    bool isToStop() const { return stopping_; }
+
+    /// Called by `work`: `step` is done in the window's thread before the call returns. False, and it is not done, when
+    /// the destructor waits for the work.
+    bool inWindow(const std::function<void()>& step);
+    /// The same, but the work goes on at once. Of several that wait only the last one is done.
+    void show(std::function<void()> step);
+
+  Q_SIGNALS:
+    void begun();
+    void ended();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    struct Steps;
+
+    bool isLocked(const QObject* part) const;
+    void end(const std::exception_ptr& failure, const std::function<void()>& after);
+
+    QWidget* window_;
+    QPushButton* stopButton_;
+    std::shared_ptr<Steps> steps_;  ///< What the work wants of the window's thread.
+    std::atomic<bool> stopping_ = false;
+    std::thread thread_;
+};

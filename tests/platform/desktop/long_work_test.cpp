@@ -1,0 +1,125 @@
+#include "platform/desktop/long_work.h"
+
+#include "desktop.h"
+#include "platform/base/error.h"
+
+#include <semaphore>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// A window with a button that takes a long time, and one that stops it.
+struct Form : QWidget {
+    Form() : begin(new QPushButton(u"开 始"_s, this)), stop(new QPushButton(u"停 止"_s, this)) {
+        stop->move(0, 60);
+        resize(200, 200);
+        work.emplace(this, stop);
+        connect(begin, &QPushButton::clicked, this, [this] { ++clicks; });
+    }
+    QPushButton* begin;
+    QPushButton* stop;
+    int clicks = 0;
+    std::optional<LongWork> work;
+};
+
+class TestLongWork : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void theWindowIsAliveAndLocked() {
+        Form form;
+        QVERIFY(isShown(form));
+        std::binary_semaphore go(0);
+        bool isOver = false;
+        form.work->start([&] { go.acquire(); }, [&] { isOver = true; });
+        QVERIFY(form.work->isAtWork() && !isOver);
+        QTest::mouseClick(form.begin, Qt::LeftButton);
+        QTest::keyClick(form.begin, Qt::Key_Space);
+        QTest::keyClick(&form, Qt::Key_Return);
+        QCOMPARE(form.clicks, 0);
+        bool isAlive = false;
+        QTimer::singleShot(0, [&] { isAlive = true; });
+        QTRY_VERIFY(isAlive);
+        QVERIFY(!form.work->isToStop());
+        go.release();
+        QTRY_VERIFY(isOver);
+        QVERIFY(!form.work->isAtWork());
+        QTest::mouseClick(form.begin, Qt::LeftButton);
+        QCOMPARE(form.clicks, 1);
+    }
+
+    void buttonAndEscapeStopTheWork() {
+        Form form;
+        QVERIFY(isShown(form));
+        const std::function<void()> hands[] = {[&] { QTest::mouseClick(form.stop, Qt::LeftButton); },
+                                               [&] { QTest::keyClick(form.begin, Qt::Key_Escape); }};
+        for (const auto& hand : hands) {
+            bool isOver = false;
+            form.work->start(
+                [&] {
+                    while (!form.work->isToStop()) std::this_thread::yield();
+                },
+                [&] { isOver = true; });
+            QVERIFY(!form.work->isToStop());
+            hand();
+            QTRY_VERIFY(isOver);
+        }
+    }
+
+    void aFailureIsShownAndEndsTheWork() {
+        Form form;
+        QVERIFY(isShown(form));
+        QStringList boxes;
+        answerBoxesWith([&](const BoxText& box) {
+            boxes.append(box.title + u'|' + box.text);
+            return true;
+        });
+        bool isOver = false;
+        form.work->start([] { throw Error(u"磁盘已满"_s); }, [&] { isOver = true; });
+        QTRY_VERIFY(!boxes.isEmpty());
+        answerBoxesWith({});
+        QCOMPARE(boxes, QStringList{u"错误提示|磁盘已满"_s});
+        QVERIFY(!isOver && !form.work->isAtWork());
+    }
+
+    /// A question of the work is answered in the window's thread; the work waits for it.
+    void theWorkAsks() {
+        Form form;
+        QVERIFY(isShown(form));
+        bool isOver = false;
+        const Qt::HANDLE window = QThread::currentThreadId();
+        QList<bool> wasInWindow;
+        int shown = 0;
+        form.work->start(
+            [&] {
+                for (int i = 0; i < 3; ++i) {
+                    form.work->show([&, i] { shown = i; });
+                    form.work->inWindow([&] { wasInWindow.append(QThread::currentThreadId() == window); });
+                }
+            },
+            [&] { isOver = true; });
+        QTRY_VERIFY(isOver);
+        QCOMPARE(wasInWindow, QList<bool>(3, true));
+        QCOMPARE(shown, 2);
+    }
+
+    /// A window that goes waits for its work, and the work does not wait for the window.
+    void theEndOfTheWindowEndsTheWork() {
+        bool wasAsked = false;
+        bool isOver = false;
+        {
+            Form form;
+            LongWork* work = &*form.work;
+            work->start([&, work] { wasAsked = work->inWindow([] {}); }, [&] { isOver = true; });
+        }
+        QCoreApplication::sendPostedEvents();
+        QVERIFY(!wasAsked && !isOver);
+    }
+};
+
+const Registered<TestLongWork> registered;
+
+}  // namespace
+
+#include "long_work_test.moc"
