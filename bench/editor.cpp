@@ -3,8 +3,8 @@
 
 #include "../tests/editor/editor_window.h"
 #include "catalogue/picture_field.h"
-#include "editor/painting.h"
-#include "editor/rotation.h"
+#include "editor/pixels/painting.h"
+#include "editor/pixels/rotation.h"
 #include "memory.h"
 #include "platform/desktop/look.h"
 #include "scene.h"

@@ -1,7 +1,7 @@
 #include "editor/button_picture.h"
 
 #include "catalogue/mektp.h"
-#include "editor/painting.h"
+#include "editor/pixels/painting.h"
 #include "editor/picture_files.h"
 #include "platform/base/error.h"
 #include "platform/desktop/message_box.h"

@@ -1,6 +1,6 @@
 #include "editor/transforms.h"
 
-#include "editor/rotation.h"
+#include "editor/pixels/rotation.h"
 #include "platform/base/error.h"
 #include "platform/base/twips.h"
 #include "platform/desktop/busy.h"

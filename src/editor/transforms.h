@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editor/painting.h"
+#include "editor/pixels/painting.h"
 #include "editor/undo_history.h"
 
 /// Scale, crop, rotation and the two flips: each draws a new picture from the working one and puts it in its place.

@@ -1,4 +1,4 @@
-#include "editor/row_blocks.h"
+#include "editor/pixels/row_blocks.h"
 
 #include "platform/base/error.h"
 #include "platform/picture/picture.h"

@@ -1,7 +1,7 @@
-#include "editor/painting.h"
+#include "editor/pixels/painting.h"
 
-#include "editor/resampling.h"
-#include "editor/row_blocks.h"
+#include "editor/pixels/resampling.h"
+#include "editor/pixels/row_blocks.h"
 #include "platform/base/error.h"
 
 #include <algorithm>

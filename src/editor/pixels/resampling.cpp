@@ -1,6 +1,6 @@
-#include "editor/resampling.h"
+#include "editor/pixels/resampling.h"
 
-#include "editor/row_blocks.h"
+#include "editor/pixels/row_blocks.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
-#include "editor/rotation.h"
+#include "editor/pixels/rotation.h"
 
-#include "editor/row_blocks.h"
+#include "editor/pixels/row_blocks.h"
 
 #include <algorithm>
 #include <cmath>
