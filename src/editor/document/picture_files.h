@@ -3,15 +3,13 @@
 #include <QImage>
 #include <QString>
 
-class QWidget;
+/// Picture files that the editor writes. Everything written over stands or falls whole; failures throw `Error`.
 
 /// Of every JPEG that the editor makes.
 inline constexpr int jpegQuality = 80;
 
-/// Picture files that the editor writes. Everything written over stands or falls whole; failures throw `Error`.
-
-/// Asks for the file that a picture is to be kept in; empty when the dialog was cancelled.
-QString askPictureFile(QWidget* parent, const QString& title);
+/// The kinds of file that a person can choose from.
+inline const QString savedKinds = QStringLiteral("BMP文件(*.bmp)|*.bmp|JPG文件(*.jpg)|*.jpg");
 
 /// Writes a picture file: a JPEG of quality 80 when the name ends in "jpg", exactly so, otherwise a bitmap.
 void writePictureFile(const QImage& image, const QString& path);

@@ -1,15 +1,10 @@
-#include "editor/picture_files.h"
+#include "editor/document/picture_files.h"
 
-#include "platform/desktop/file_dialogs.h"
 #include "platform/picture/picture.h"
 
 #include <QFileInfo>
 
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
-const auto pictureFilter = u"BMP文件(*.bmp)|*.bmp|JPG文件(*.jpg)|*.jpg"_s;
-}  // namespace
 
 void writePictureFile(const QImage& image, const QString& path) {
     if (path.endsWith(u"jpg"))
@@ -23,8 +18,4 @@ QString savingName(const QString& chosen) {
     if (chosen.endsWith(u'.')) return chosen + u"bmp"_s;
     const QString suffix = QFileInfo(chosen).suffix();
     return (suffix.isEmpty() ? chosen + u'.' : chosen.chopped(suffix.size())) + u"bmp"_s;
-}
-
-QString askPictureFile(QWidget* parent, const QString& title) {
-    return askSaveFile(parent, title, pictureFilter);
 }

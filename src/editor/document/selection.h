@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QColor>
-#include <QPoint>
+#include <QRect>
 #include <QSize>
 #include <QString>
 

@@ -1,4 +1,4 @@
-#include "editor/selection.h"
+#include "editor/document/selection.h"
 
 #include "platform/base/conversion.h"
 #include "platform/base/twips.h"
