@@ -3,8 +3,8 @@
 
 #include "../tests/editor/editor_window.h"
 #include "catalogue/picture_field.h"
-#include "editor/painting.h"
-#include "editor/rotation.h"
+#include "editor/pixels/painting.h"
+#include "editor/pixels/rotation.h"
 #include "memory.h"
 #include "platform/desktop/look.h"
 #include "scene.h"
@@ -75,10 +75,10 @@ void openFromAlbum(const EditorWindow& editor) {
 void timeSteps(EditorWindow& editor, const QByteArray& picture,
                const std::function<double(const std::function<void()>&)>& time) {
     const QImage image = editor.picYu().picture();
-    auto& history = *editor.find<UndoHistory>({});
-    report("recording an undo step", time([&] { history.cxcz(); }), "encoding, quality 80",
+    auto& document = *editor.find<Document>({});
+    report("recording an undo step", time([&] { document.record({}, 0); }), "encoding, quality 80",
            time([&] { encodeJpeg(image, quality); }));
-    history.clear();
+    document.clearSteps();
 
     const double decoding = time([&] { LoadPicture(picture, u"photograph"_s); });
     Recordset album = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tc01 ORDER BY [序号]"_s);

@@ -1,85 +1,75 @@
 #pragma once
 
+#include "editor/chapter.h"
+#include "editor/chooser_buttons.h"
 #include "editor/chooser_preview.h"
-#include "editor/loading.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/grid.h"
-#include "platform/desktop/text_box.h"
 
 #include <QComboBox>
-#include <QLabel>
-#include <QPushButton>
-#include <vector>
 
 /// The chooser picCs: an album, its selection buttons as filters, its records in a grid with a preview. With a picture
 /// from an album the editor steps through the records that were listed last. Reads albums and buttons; writes nothing
 /// but the end of the undo steps.
-class AlbumChooser : public QObject {
+class AlbumChooser : public Chapter {
     Q_OBJECT
 
   public:
-    AlbumChooser(EditorState& state, Commands& commands, EditorView& view, UndoHistory& history, Loading& loading,
-                 QWidget* form);
-
-    Grid* msgBm;
-    DataControl* datBj;
-    QComboBox* cboBm;
+    /// The grid `msgBm` stands in the chooser while that is open. `mayGo` is asked before the picture that is open
+    /// makes way.
+    AlbumChooser(const Workplace& at, Grid* msgBm, std::function<bool()> mayGo);
 
     /// Fills the album list and lists the main window's album.
     void load();
-    /// Opens the chooser.
-    void mnuCsClick();
-    /// Leaves it; the editor is empty then.
+    bool isOpen() const { return !picCs_->isHidden(); }
+    void hide() { picCs_->hide(); }
+    void showAgain() { picCs_->show(); }
+    /// Leaves the chooser; the editor is empty then.
     void cmdQxClick();
-    /// Steps through the album: to the first ("t"), previous ("s"), next ("x") or last ("h") picture.
-    void tpqh(QChar direction);
+    /// The tool bar has come or gone: the chooser begins below it.
+    void followToolBar();
 
-    /// Puts the grid back into the chooser.
-    void takeGrid();
     /// Goes to the record whose picture is in the editor, wherever stepping has led. Throws `Error` when it is not in
     /// the list any more.
-    void returnToLoaded();
+    Recordset& recordOfPicture();
     /// Lists the records anew after the picture in the editor was stored, and stands on its record again.
     void listAnew();
 
-  protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
+  Q_SIGNALS:
+    void opens();
 
   private:
-    struct Code {
-        QString code;
-        QString name;
-    };
+    enum class Step { first, previous, next, last };
 
     void makeChoice();
     void makeEnd();
     void connectControls();
+    void connectCommands();
 
+    void mnuCsClick();
+    void takeGrid();
+    void showPresent();
     void cboBmClick();
+    void filter(const QString& code, const QString& name);
     void list(const QString& source);
     void explainEmptyList();
-    void bhan();
-    void cmdBhClick(int index);
-    void showCode(int index);
-    void showName(const QString& text);
-    QPushButton* button(int index);
     void showRecord();
     void cmdQdClick();
-    bool canStep(QChar direction);
+    void tpqh(Step step);
+    bool canStep(Step step);
+    bool moveBy(Step step);
 
-    EditorState& state_;
-    Commands& commands_;
-    EditorView& view_;
-    UndoHistory& history_;
-    Loading& loading_;
+    std::function<bool()> mayGo_;
 
-    QLabel* lbl1_ = nullptr;
-    std::vector<QPushButton*> cmdBh_;
-    std::vector<Code> codes_;
-    TextBox* txtB0_ = nullptr;
-    ImageBox* img0_ = nullptr;
-    ChooserPreview* preview_ = nullptr;
-    QLabel* lblJ1_ = nullptr;
-    QPushButton *cmdQd_ = nullptr, *cmdQx_ = nullptr;
-    int loadedRow_ = -1;  ///< Row of datBj whose picture is in the editor.
+    Surface* picCs_;      ///< The chooser.
+    DataControl* datBj_;  ///< The records that are listed.
+    Grid* msgBm_;         ///< Their grid.
+    QComboBox* cboBm_;    ///< The albums.
+    ChooserButtons* buttons_;
+    ChooserPreview* preview_;
+    QLabel* lblJ1_ = nullptr;       ///< What a filter has found.
+    QPushButton* cmdQd_ = nullptr;  ///< Takes the record's picture.
+    QPushButton* cmdQx_ = nullptr;  ///< Leaves.
+    QString albumTable_;            ///< Of the album that was chosen.
+    int loadedRow_ = -1;            ///< Row of `datBj_` whose picture is in the editor.
 };

@@ -1,9 +1,10 @@
 #include "editor/button_picture.h"
 
 #include "catalogue/mektp.h"
-#include "editor/painting.h"
-#include "editor/picture_files.h"
-#include "platform/base/error.h"
+#include "catalogue/picture_field.h"
+#include "editor/document/picture_files.h"
+#include "editor/pixels/painting.h"
+#include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/option_buttons.h"
 #include "platform/desktop/placing.h"
@@ -13,10 +14,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int panelWidth = 3030;
-constexpr int thumbnailLeft = 580, thumbnailTop = 630;
-constexpr int thumbnailWidth = 1500, thumbnailHeight = 1125;
+constexpr QSize thumbnailPixels(100, 75);
 constexpr int showTop = 810, storeTop = 1810;
-constexpr int lineHeight = 240;
+constexpr int lineHeight = 240, promptWidth = 2820;
 const QRect gridPlace(360, 120, 2500, 1700);
 
 QLabel* makeLabel(QWidget* panel, int index) {
@@ -32,69 +32,76 @@ QRadioButton* makeOption(QWidget* frame, int index, const QString& caption, int 
     return option;
 }
 
-QRect pixelRect(int left, int top, int width, int height) {
-    return {pixelsFromTwips(left), pixelsFromTwips(top), pixelsFromTwips(width), pixelsFromTwips(height)};
-}
-
 }  // namespace
 
-ButtonPicture::ButtonPicture(EditorState& state, Commands& commands, EditorView& view, UndoHistory& history,
-                             AlbumChooser& chooser, QWidget* form)
-    : QObject(form),
-      state_(state),
-      commands_(commands),
-      view_(view),
-      history_(history),
-      chooser_(chooser),
-      form_(form) {
-    rows_ = make<DataControl>(form, u"datAn"_s);
+ButtonPicture::ButtonPicture(const Workplace& at, Grid* msgBm) : Chapter(at), msgBm_(msgBm) {
+    picAn_ = new FloatingPanel(u"picAn"_s, view_.viewport(), form_);
+    rows_ = make<DataControl>(form_, u"datAn"_s);
     rows_->hide();
     rows_->useDatabase(mekTp::catalogue);
     rows_->setDatabaseName(mekTp::cataloguePath());
     rows_->setRecordSource(u"SELECT * FROM tcan ORDER BY [序号]"_s);
     makeControls();
-    for (int i = 0; i < int(optAn_.size()); ++i)
-        connect(optAn_[size_t(i)], &QRadioButton::clicked, this, guarded(form_, [this, i] { optAnClick(i); }));
-    connect(cmdCk_, &QPushButton::clicked, this, guarded(form_, [this] { cmdCkClick(); }));
-    connect(cmdAg_, &QPushButton::clicked, this, guarded(form_, [this] { cmdAgClick(); }));
-    connect(chooser_.msgBm, &Grid::rowSelected, this, guarded(form_, [this] {
-                if (chooser_.msgBm->parent() == view_.picAn) rowSelected();
-            }));
-    view_.picAn->hide();
+    connectControls();
+    commands_.onCommand(u"at"_s, [this] { mnuAtClick(); });
 }
 
 void ButtonPicture::makeControls() {
-    Surface* picAn = view_.picAn;
-    lblAn_ = make<QLabel>(picAn, u"lblAn"_s);
+    lblAn_ = make<QLabel>(picAn_, u"lblAn"_s);
     lblAn_->setText(u"按钮图片设置"_s);
     QFont bold = lblAn_->font();
     bold.setBold(true);
     lblAn_->setFont(bold);
     place(lblAn_, 150, 45, 1800, 255);
+    makeOptions();
+    for (int i = 0; i < int(lblAs_.size()); ++i) lblAs_[size_t(i)] = makeLabel(picAn_, i);
+    place(lblAs_[1], 150, 1290 + lineHeight, 2730, lineHeight);
+    cmdCk_ = make<QPushButton>(picAn_, u"cmdCk"_s);
+    cmdAg_ = make<QPushButton>(picAn_, u"cmdAg"_s);
+    cmdAg_->setIcon(QIcon(u":/icons/fh.svg"_s));
+    cmdAg_->setToolTip(u"离开按钮图片设置，并撤消图片的最后一步（没有做过处理的图片就关闭）"_s);
+}
 
-    fraCj_ = make<QGroupBox>(picAn, u"fraCj"_s);
+void ButtonPicture::makeOptions() {
+    fraCj_ = make<QGroupBox>(picAn_, u"fraCj"_s);
     fraCj_->setTitle(u"裁剪方式"_s);
     place(fraCj_, 105, 345, 1560, 855);
     optAn_[0] = makeOption(fraCj_, 0, u"固定比例"_s, 150, 240);
     optAn_[1] = makeOption(fraCj_, 1, u"固定尺寸"_s, 150, 525);
-    fraWz_ = make<QGroupBox>(picAn, u"fraWz"_s);
+    fraWz_ = make<QGroupBox>(picAn_, u"fraWz"_s);
     fraWz_->setTitle(u"保存位置"_s);
     optAn_[2] = makeOption(fraWz_, 2, u"存入图册"_s, 120, 240);
     optAn_[3] = makeOption(fraWz_, 3, u"存为文件"_s, 1440, 240);
     groupOptions(std::span(optAn_).first(2));
     groupOptions(std::span(optAn_).last(2));
+}
 
-    for (int i = 0; i < int(lblAs_.size()); ++i) lblAs_[size_t(i)] = makeLabel(picAn, i);
-    place(lblAs_[1], 150, 1290 + lineHeight, 2730, lineHeight);
-    cmdCk_ = make<QPushButton>(picAn, u"cmdCk"_s);
-    cmdAg_ = make<QPushButton>(picAn, u"cmdAg"_s);
-    cmdAg_->setIcon(QIcon(u":/icons/fh.svg"_s));
-    cmdAg_->setToolTip(u"离开按钮图片设置，并撤消图片的最后一步（没有做过处理的图片就关闭）"_s);
+void ButtonPicture::connectControls() {
+    for (int i = 0; i < int(optAn_.size()); ++i) {
+        connect(optAn_[size_t(i)], &QRadioButton::clicked, this, guarded(form_, [this, i] { optAnClick(i); }));
+        connect(optAn_[size_t(i)], &QRadioButton::toggled, this, &ButtonPicture::changed);
+    }
+    connect(picAn_, &FloatingPanel::toggled, this, &ButtonPicture::changed);
+    connect(cmdCk_, &QPushButton::clicked, this, guarded(form_, [this] { cmdCkClick(); }));
+    connect(cmdAg_, &QPushButton::clicked, this, guarded(form_, [this] { cmdAgClick(); }));
+    connect(msgBm_, &Grid::rowSelected, this, guarded(form_, [this] {
+                if (msgBm_->parent() == picAn_) rowSelected();
+            }));
+    connect(&view_.band(), &RubberBand::drawn, this, &ButtonPicture::tellSize);
+    connect(&view_.band(), &RubberBand::finished, this, &ButtonPicture::partDrawn);
+    // Its controls are worked with while a hint shows.
+    connect(&view_.hint(), &HintBox::raised, picAn_, &QWidget::raise);
+}
+
+// -------------------------------------------------------------------------------------------------------- the dialog
+
+bool ButtonPicture::listsRows() const {
+    return msgBm_->parent() == picAn_ && msgBm_->isVisibleTo(picAn_);
 }
 
 // The grid lies over the upper half of the panel; what it covers steps aside.
 void ButtonPicture::arrange() {
-    const bool lists = chooser_.msgBm->parent() == view_.picAn && chooser_.msgBm->isVisibleTo(view_.picAn);
+    const bool lists = listsRows();
     for (QWidget* covered : std::initializer_list<QWidget*>{lblAn_, fraCj_, lblAs_[0]}) covered->setVisible(!lists);
     // With the mouse released the first text tells both.
     const bool twoLines = lblAs_[0]->text().contains(u'\n');
@@ -102,28 +109,40 @@ void ButtonPicture::arrange() {
     place(lblAs_[0], 150, 1290, 2730, twoLines ? 2 * lineHeight : lineHeight);
     place(cmdCk_, lists ? 360 : 1800, lists ? storeTop : showTop, 1095, 360);
     place(cmdAg_, 1800, lists ? storeTop : showTop - 420, 1095, 360);
-    const bool keeps = fraWz_->isVisibleTo(view_.picAn);
     const int frameTop = lists ? 2235 : 1830;
-    place(fraWz_, 105, frameTop, 2820, 585);
-    const int promptTop = keeps ? frameTop + 645 : 1830;
-    place(lblAs_[2], 105, promptTop, 2820, lineHeight);
-    const Surface* picAn = view_.picAn;
-    place(view_.picAn, leftOf(picAn), topOf(picAn), panelWidth, promptTop + lineHeight + 120);
+    place(fraWz_, 105, frameTop, promptWidth, 585);
+    const int promptTop = fraWz_->isVisibleTo(picAn_) ? frameTop + 645 : 1830;
+    place(lblAs_[2], 105, promptTop, promptWidth, lineHeight);
+    place(picAn_, leftOf(picAn_), topOf(picAn_), panelWidth, promptTop + lineHeight + 120);
 }
 
+/// Says what to do next. A text that is too long for its line is whole in the tool tip.
 void ButtonPicture::prompt(const QString& text) {
-    lblAs_[2]->setText(text);
+    QLabel* label = lblAs_[2];
+    const QString shown =
+        label->fontMetrics().elidedText(text, Qt::ElideRight, pixelsFromTwips(promptWidth), Qt::TextSingleLine);
+    label->setText(shown);
+    label->setToolTip(shown == text ? QString() : text.toHtmlEscaped());
     arrange();
 }
 
 void ButtonPicture::mnuAtClick() {
     view_.growShortWindow();
-    if (!state_.isOpen) {
+    if (!document_.isOpen()) {
         say(form_, u"请先选择要做按钮的图片！"_s);
         return;
     }
-    state_.editState = u"a1"_s;
-    view_.tscz(u"a1"_s);
+    document_.setState(EditState::buttonShape);
+    view_.hint().tscz(document_.code());
+    clear();
+    place(picAn_, widthOf(form_->window()) - 3120, 370);
+    prompt(u"      请先选择裁剪方式"_s);
+    picAn_->show();
+    picAn_->raise();
+    commands_.szan(false);
+}
+
+void ButtonPicture::clear() {
     lblAs_[0]->clear();
     lblAs_[1]->clear();
     fraWz_->hide();
@@ -131,37 +150,8 @@ void ButtonPicture::mnuAtClick() {
     cmdCk_->setEnabled(false);
     for (QRadioButton* option : optAn_) clearOption(option);
     ratioChosen_ = false;
-    chooser_.msgBm->setParent(view_.picAn);
-    chooser_.msgBm->hide();
-    place(view_.picAn, view_.windowWidth() - 3120, 370);
-    prompt(u"      请先选择裁剪方式"_s);
-    view_.picAn->show();
-    view_.picAn->raise();
-    commands_.szan(false);
-}
-
-// ---------------------------------------------------------------------------------------------------- the selection
-
-SelectionShape ButtonPicture::shape() const {
-    if (optAn_[0]->isChecked()) return SelectionShape::ratio;
-    return optAn_[1]->isChecked() ? SelectionShape::fixed : SelectionShape::free;
-}
-
-void ButtonPicture::tellSize(QSize size) {
-    if (!shapeIsChosen()) return;
-    lblAs_[0]->setText(selectedSizeText(shape(), size));
-    lblAs_[1]->setText(zoomRatioText(shape(), size));
-    arrange();
-}
-
-void ButtonPicture::selectionMade(QSize size) {
-    if (shapeIsChosen()) lblAs_[0]->setText(selectedSizeText(shape(), size) + u'\n' + zoomRatioText(shape(), size));
-    if (lblAs_[0]->text().startsWith(u'选')) {
-        cmdCk_->setEnabled(true);
-        state_.editState = u"a2"_s;
-        view_.tscz(u"a2"_s);
-        prompt(u"  按“显示”查看裁剪后图片"_s);
-    }
+    msgBm_->setParent(picAn_);
+    msgBm_->hide();
 }
 
 bool ButtonPicture::askFor(int option) {
@@ -179,8 +169,36 @@ void ButtonPicture::optAnClick(int index) {
     else
         saveToFile();
     commands_.szan(true);
-    commands_.mnuAt->setEnabled(true);
-    commands_.mnuCl->setEnabled(true);
+}
+
+void ButtonPicture::cmdAgClick() {
+    picAn_->hide();
+    document_.setState(EditState::buttonKeep);
+    Q_EMIT left();
+    if (document_.isOpen()) commands_.szan(true);
+    view_.band().hide();
+}
+
+// ---------------------------------------------------------------------------------------------------------- the part
+
+/// The picture is worked on for the dialog.
+bool ButtonPicture::isActive() const {
+    switch (document_.state()) {
+        case EditState::buttonShape:
+        case EditState::buttonPart:
+        case EditState::buttonKeep:
+        case EditState::buttonRow:
+            return isOpen();
+        default:
+            return false;
+    }
+}
+
+std::optional<SelectionShape> ButtonPicture::wantedShape() const {
+    if (!isActive()) return {};
+    if (optAn_[0]->isChecked()) return SelectionShape::ratio;
+    if (optAn_[1]->isChecked()) return SelectionShape::fixed;
+    return {};
 }
 
 void ButtonPicture::chooseShape(int index) {
@@ -190,74 +208,82 @@ void ButtonPicture::chooseShape(int index) {
         return;
     }
     ratioChosen_ = index == 0;
-    state_.editState = u"a2"_s;
-    const double ratio = double(heightOf(view_.picYu)) / widthOf(view_.picYu);
-    if (0.74 < ratio && ratio < 0.76 &&
-        ask(form_, u"选择的“按钮用图片”尺寸不必裁剪可直接使用。\n\n如果直接使用，按“确定”；否则按“取消”。"_s)) {
-        prompt(u"     请直接选择安装位置"_s);
-        state_.selLeft = state_.selTop = 0;
-        state_.selWidth = widthOf(view_.picYu);
-        state_.selHeight = heightOf(view_.picYu);
-        cmdCkClick();
+    document_.setState(EditState::buttonPart);
+    if (!takesWhole()) {
+        prompt(u" 请在图片上进行裁剪操作"_s);
         return;
     }
-    prompt(u" 请在图片上进行裁剪操作"_s);
+    prompt(u"     请直接选择安装位置"_s);
+    document_.select({QPoint(), document_.size()});
+    cmdCkClick();
+}
+
+/// A picture of the thumbnail's shape needs no part to be drawn, if the person agrees.
+bool ButtonPicture::takesWhole() {
+    const QSize pixels = document_.shown().size();
+    const double ratio = double(pixels.height()) / pixels.width();
+    return 0.74 < ratio && ratio < 0.76 &&
+           ask(form_, u"选择的“按钮用图片”尺寸不必裁剪可直接使用。\n\n如果直接使用，按“确定”；否则按“取消”。"_s);
+}
+
+/// While the part is drawn.
+void ButtonPicture::tellSize(QSize size) {
+    const auto shape = wantedShape();
+    if (!shape) return;
+    lblAs_[0]->setText(selectedSizeText(*shape, size));
+    lblAs_[1]->setText(zoomRatioText(*shape, size));
+    arrange();
+}
+
+void ButtonPicture::partDrawn(QSize size) {
+    if (!isActive()) return;
+    if (const auto shape = wantedShape())
+        lblAs_[0]->setText(selectedSizeText(*shape, size) + u'\n' + zoomRatioText(*shape, size));
+    if (lblAs_[0]->text().isEmpty()) return;
+    cmdCk_->setEnabled(true);
+    document_.setState(EditState::buttonPart);
+    view_.hint().tscz(document_.code());
+    prompt(u"  按“显示”查看裁剪后图片"_s);
 }
 
 // ----------------------------------------------------------------------------------------- thumbnail and its places
 
 void ButtonPicture::cmdCkClick() {
     if (cmdCk_->text() == u"显示")
-        showThumbnail();
+        makeThumbnail();
     else
         storeInRow();
 }
 
-// The thumbnail is not kept on the scratch surface: saving in place goes on meaning the photograph.
-void ButtonPicture::showThumbnail() {
+// The thumbnail is no operation: saving in place goes on meaning the photograph.
+void ButtonPicture::makeThumbnail() {
+    const QImage& picture = document_.shown();
     fraWz_->show();
-    if (widthOf(view_.picYu) <= thumbnailWidth && heightOf(view_.picYu) <= thumbnailHeight) {
+    if (picture.width() <= thumbnailPixels.width() && picture.height() <= thumbnailPixels.height()) {
         prompt(u"     请直接选择安装位置"_s);
         return;
     }
-    WorkSurface* picYu = view_.picYu;
-    const QRect source =
-        shiftedIn(pixelRect(state_.selLeft, state_.selTop, state_.selWidth, state_.selHeight), picYu->picture().size());
-    const QSize target(pixelsFromTwips(thumbnailWidth), pixelsFromTwips(thumbnailHeight));
+    const QRect source = shiftedIn(inPixels(document_.selection()), picture.size());
     if (source.isEmpty()) {
         fraWz_->hide();
         prompt(u" 请在图片上进行裁剪操作"_s);
         return;
     }
-    const QImage thumbnail = painted(picYu->picture(), source, target, Mirror::none, picYu->background());
-    view_.hsc1->hide();
-    view_.vsc1->hide();
-    place(view_.picGd, thumbnailLeft, thumbnailTop, thumbnailWidth, thumbnailHeight);
-    view_.showThumbnail(thumbnail);
-    place(picYu, 0, 0, thumbnailWidth, thumbnailHeight);
-    picYu->show();
-    // What is done next is done to the thumbnail.
-    state_.picLeft = state_.picTop = 0;
-    state_.picWidth = thumbnailWidth;
-    state_.picHeight = thumbnailHeight;
-    view_.shpYu->hide();
-    view_.txtCc->hide();
-    place(view_.shpBk, 10, 10, 1480, 1105);
-    state_.editState = u"a3"_s;
-    view_.tscz(u"a3"_s);
+    document_.showThumbnail(painted(picture, source, thumbnailPixels, Mirror::none, pictureBackground));
+    document_.setState(EditState::buttonKeep);
+    view_.hint().tscz(document_.code());
     prompt(u"    请在上边选择保存位置"_s);
 }
 
 void ButtonPicture::chooseRow() {
-    state_.editState = u"a4"_s;
-    Grid* msgBm = chooser_.msgBm;
-    msgBm->setParent(view_.picAn);
-    msgBm->bind(rows_);
-    msgBm->setFormatString(u"序号|编号|名  称|图    册"_s);
-    place(msgBm, gridPlace.left(), gridPlace.top(), gridPlace.width(), gridPlace.height());
-    msgBm->setEnabled(true);
-    msgBm->show();
-    msgBm->raise();
+    document_.setState(EditState::buttonRow);
+    msgBm_->setParent(picAn_);
+    msgBm_->bind(rows_);
+    msgBm_->setFormatString(u"序号|编号|名  称|图    册"_s);
+    place(msgBm_, gridPlace.left(), gridPlace.top(), gridPlace.width(), gridPlace.height());
+    msgBm_->setEnabled(true);
+    msgBm_->show();
+    msgBm_->raise();
     rows_->Refresh();
     prompt(u"  请在表中选择要换图片的按钮"_s);
 }
@@ -272,28 +298,22 @@ void ButtonPicture::rowSelected() {
 
 void ButtonPicture::storeInRow() {
     if (!askFor(2)) return;
+    const QByteArray jpeg = encodeJpeg(document_.shown(), jpegQuality);
     Recordset& row = rows_->Recordset();
-    bcsk(view_.picYu->Image(), row, state_);
+    row.Edit();
+    storePictureBytes(row.Fields(u"图片"_s), jpeg);
+    row.Update();
     say(form_, u"按钮图片已保存完毕！(序号＝"_s + row.Fields(u"序号"_s).Value().textOr() + u")"_s, BoxIcon::exclamation,
         u"保存按钮图片"_s);
 }
 
 void ButtonPicture::saveToFile() {
-    const QString name = askPictureFile(form_, u"保存按钮图片文件"_s);
+    const QString name = askSaveFile(form_, u"保存按钮图片文件"_s, savedKinds);
     if (name.isEmpty()) {
         clearOption(optAn_[3]);
         return;
     }
-    writePictureFile(view_.picYu->Image(), name);
-    view_.picAn->hide();
+    writePictureFile(document_.shown(), name);
+    picAn_->hide();
     say(form_, u"选择的“按钮用图片”已"_s + optAn_[3]->text() + u"["_s + name + u"]。"_s);
-}
-
-void ButtonPicture::cmdAgClick() {
-    view_.picAn->hide();
-    state_.editState = u"a3"_s;
-    history_.mnuCxClick();
-    if (state_.isOpen) commands_.szan(true);
-    view_.shpYu->hide();
-    view_.txtCc->hide();
 }

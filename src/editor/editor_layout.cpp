@@ -43,7 +43,7 @@ Fit fittedToWindow(const EditorLayoutInput& input) {
 
 int windowWidth(const EditorLayoutInput& input, const Fit& fit) {
     if (fit.overWidth) return input.screen.width();
-    if (input.picture.width() <= 9450) return 9600;
+    if (input.picture.width() <= 9450) return leastWindowWidth;
     return fit.view.width() + 150 + (fit.overHeight ? barThickness : 0);
 }
 

@@ -35,6 +35,7 @@ struct EditorLayout {
 
 EditorLayout editorLayout(const EditorLayoutInput& input);
 
-/// The height below which a window is short, and that of its background panel once it has grown.
+/// The least window for a picture. A lower one is short; its background panel has another height once it has grown.
+inline constexpr int leastWindowWidth = 9600;
 inline constexpr int leastWindowHeight = 7200;
 inline constexpr int grownBackgroundHeight = 6525;

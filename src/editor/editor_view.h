@@ -1,96 +1,89 @@
 #pragma once
 
+#include "editor/document/document.h"
 #include "editor/editor_layout.h"
-#include "editor/editor_state.h"
+#include "editor/hint_box.h"
+#include "editor/rubber_band.h"
 #include "editor/work_surface.h"
 #include "platform/desktop/image_box.h"
 #include "platform/desktop/shapes.h"
 #include "platform/desktop/surface.h"
-#include "platform/desktop/text_box.h"
 #include "platform/desktop/tool_bar.h"
 
 #include <QScrollBar>
 
-/// The editor's surfaces and where they stand: viewport, working picture, scratch picture, scroll bars, hint box, and
-/// the empty panels of the three floating dialogs, which the chapters fill.
+/// The picture in its viewport, with scroll bars, hint box and rubber band, and the places of everything in the window.
+/// It follows the document. Lengths are twips.
 class EditorView : public QObject {
     Q_OBJECT
 
   public:
-    /// `window` is the top-level window, `form` what lies below its menu bar.
-    EditorView(EditorState& state, ToolBar* bar, QWidget* window, QWidget* form);
+    /// `form` is what lies below the window's menu bar.
+    EditorView(Document& document, ToolBar* tlb1, QWidget* form);
 
-    Surface* picGd;      ///< Viewport.
-    WorkSurface* picYu;  ///< The working picture.
-    WorkSurface* picMb;  ///< Result of the last paint; saving in place takes it from here. Hidden.
-    ImageBox* img1;      ///< Welcome picture: shows while nothing is open.
-    ShapeBox* shpBk;
-    ShapeBox* shpYu;  ///< Selection.
-    TextBox* txtCc;   ///< Readout of the selection.
-    ShapeBox* shpBj;
-    TextBox* txtTs;  ///< Hint box.
-    QScrollBar *hsc1, *vsc1;
-    Surface *picCq, *picAn, *picCs;  ///< Operation dialog, button picture dialog, album chooser.
+    HintBox& hint() { return *hint_; }
+    RubberBand& band() { return *band_; }
+    /// What panels are dragged over.
+    const QWidget* viewport() const { return picGd_; }
+    /// Size of the visible picture area.
+    QSize viewSize() const { return viewSize_; }
+    /// Scrolls the picture, as far as there is more of it.
+    void scrollBy(int right, int down);
 
     /// Lays the window out for the present size of the picture.
     void pmsz();
-    /// Moves the picture to the scroll bars' positions.
-    void gdcl();
-    /// Shows the hint for a code. A code without hint leaves the text and lays the box out anew.
-    void tscz(const QString& code);
-    /// Shows a text in the hint box even where hints are off: why an operation was not carried out.
-    void notice(const QString& text);
-    /// Puts a text into one of the two boxes that are as wide as its half cells.
-    static void setHint(TextBox* box, const QString& text);
-    /// The hint box may show at all (the menu item that closes it says "关闭提示").
-    void setHintsOn(bool on) { hintsOn_ = on; }
-    void centreHint();
-    void setCaption(const QString& caption) { window_->setWindowTitle(caption); }
-
-    void growShortWindow();
-    void centreWindow(int width, int height);
-    void resized();
-    /// The tool bar shows, or not; the viewport, and the hint with it, begins below.
+    /// The window without a picture.
+    void showWelcome();
+    /// A picture that could not be painted is hidden until the person leaves the dialog.
+    void hidePicture() { picYu_->hide(); }
+    void showPicture() { picYu_->show(); }
+    /// The album chooser takes the viewport's place.
+    void makeWayForChooser();
+    /// The tool bar shows, or not; `showBar` or `pmsz` carries it out.
+    void setToolBarShown(bool on);
+    int toolbarHeight() const { return toolbarHeight_; }
+    /// The viewport, and the hint with it, begins below the tool bar.
     void showBar();
 
-    /// Sizes in twips.
-    int windowWidth() const;
-    int windowHeight() const;
-    QSize screenSize() const;
-
-    /// A finished paint: the scratch picture becomes the working picture, and the window follows its size.
-    void takePainted(const QImage& painted);
-    /// Another picture is at work; the scratch picture stays as it is.
-    void setWorkingPicture(const QImage& picture);
-    /// The thumbnail of a button picture stands in the place of the photograph.
-    void showThumbnail(const QImage& thumbnail);
-    bool showsThumbnail() const { return !photograph_.isNull(); }
-    /// The picture at work: what is on the screen, or the photograph behind its thumbnail.
-    QImage workingPicture() const;
-    /// The picture of the last paint: after an undo, the one that was taken back.
-    QImage lastPaint() const;
+    void growShortWindow();
+    void resized();
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void makeGround();
     void makeSurfaces();
-    void makeHintBox();
-    void makePanels();
+    void makeScrollBars();
+    void followDocument();
+    void layOutThumbnail();
+    void forgetLastPaint();
     void apply(const EditorLayout& layout, bool keepsPlace);
     void fitToWindow();
+    void gdcl();
     EditorLayoutInput layoutInput() const;
-    void placeHint();
-    void dragPanel(Surface* panel, QPoint pointer);
+    void centreWindow(QSize size);
+    void scrollByWheel(const QWheelEvent& wheel);
+    QSize screenSize() const;
     QSize frameSize() const;
 
-    EditorState& state_;
-    ToolBar* bar_;
-    QWidget* window_;
+    Document& document_;
+    ToolBar* tlb1_;
     QWidget* form_;
+    ShapeBox* shpBj_;      ///< Background of the work area.
     ShapeBox* barGround_;  ///< What the tool bar leaves free at its right end.
-    QImage photograph_;    ///< While its thumbnail shows.
+    Surface* picGd_;       ///< Viewport.
+    WorkSurface* picYu_;   ///< The picture, as large as it is.
+    WorkSurface* picMb_;   ///< Result of the last paint, hidden.
+    ImageBox* img1_;       ///< Welcome picture: shows while nothing is open.
+    ShapeBox* shpBk_;      ///< Frame of the picture.
+    QScrollBar* hsc1_;     ///< Moves the picture sideways.
+    QScrollBar* vsc1_;     ///< Moves it up and down.
+    HintBox* hint_;
+    RubberBand* band_;
+
+    QSize viewSize_;
+    QSize welcomeSize_;  ///< What the window is laid out for while nothing is open.
+    int toolbarHeight_ = 0;
     QSize fittingWindow_;  ///< In pixels, the size that the window was given for its picture.
-    bool hintsOn_ = true;
-    QPoint dragFrom_;  ///< Where the mouse went down on a panel, on the screen.
 };

@@ -1,10 +1,8 @@
 #include "editor/frm_cl.h"
 
-#include "editor/editor_layout.h"
-#include "editor/editor_texts.h"
-#include "platform/base/error.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
+#include "platform/desktop/tool_icon.h"
 
 #include <QKeyEvent>
 
@@ -12,12 +10,26 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 constexpr int menuHeight = 30;
-constexpr int firstWindowWidth = 9600;
+const auto usualCaption = u"览忆集苑（图片处理）"_s;
 }  // namespace
 
-frmCl::frmCl(Windows& windows) : windows_(windows) {
+frmCl::frmCl(Windows& windows) : windows_(windows), document_(this) {
+    makeForm();
+    makeChapters();
+    connectDocument();
+    connectChapters();
+    connectWindows();
+    load();
+}
+
+// The chapters stand on the form and go with it, before the document that they share.
+frmCl::~frmCl() {
+    delete takeCentralWidget();
+}
+
+void frmCl::makeForm() {
     setObjectName(u"frmCl"_s);
-    setWindowTitle(editorCaption);
+    setWindowTitle(usualCaption);
     setContextMenuPolicy(Qt::NoContextMenu);
     menuBar()->setNativeMenuBar(false);
     menuBar()->setFixedHeight(menuHeight);
@@ -25,79 +37,89 @@ frmCl::frmCl(Windows& windows) : windows_(windows) {
     form_->setAutoFillBackground(true);
     form_->setFocusPolicy(Qt::ClickFocus);
     setCentralWidget(form_);
-
-    commands_ = new Commands(state_, menuBar(), form_);
-    view_ = new EditorView(state_, commands_->tlb1, this, form_);
-    settings_ = new ViewSettings(state_, *commands_, *view_);
-    dialog_ = new OperationDialog(state_, *commands_, *view_);
-    history_ = new UndoHistory(state_, *commands_, *view_, *dialog_);
-    loading_ = new Loading(state_, *commands_, *view_, *settings_, *history_, this);
-    transforms_ = new Transforms(state_, *commands_, *view_, *dialog_, *history_);
-    chooser_ = new AlbumChooser(state_, *commands_, *view_, *history_, *loading_, form_);
-    button_ = new ButtonPicture(state_, *commands_, *view_, *history_, *chooser_, form_);
-    crop_ = new CropTool(state_, *commands_, *view_, *dialog_, *button_);
-    saving_ = new Saving(state_, *commands_, *view_, *dialog_, *history_, *chooser_, form_);
-
-    loading_->mayReplace = [this] { return saving_->mayGo(); };
-
-    connectCommands();
-    connectWindows();
-    load();
 }
 
-// The chapters stand on the form and go with it, before the state that they share.
-frmCl::~frmCl() {
-    delete takeCentralWidget();
+void frmCl::makeChapters() {
+    auto* tlb1 = make<ToolBar>(form_, u"tlb1"_s, [](const QString& key) { return toolIcon(key); });
+    commands_ = new Commands(document_, menuBar(), tlb1, form_);
+    view_ = new EditorView(document_, tlb1, form_);
+    const Workplace at{document_, *commands_, *view_, form_};
+    settings_ = new ViewSettings(at);
+    dialog_ = new OperationDialog(view_->viewport(), form_);
+    auto* runner = new OperationRunner(at, *dialog_);
+    const auto mayGo = [this] { return saving_->mayGo(); };
+    auto* msgBm = make<Grid>(form_, u"msgBm"_s);
+    chooser_ = new AlbumChooser(at, msgBm, mayGo);
+    button_ = new ButtonPicture(at, msgBm);
+    saving_ = new Saving(at, *dialog_, *chooser_, *button_);
+    new Opening(at, *chooser_, mayGo);
+    new TakingBack(at, *dialog_, *runner, *chooser_, *button_);
 }
 
-void frmCl::load() {
-    resize(pixelsFromTwips(firstWindowWidth), pixelsFromTwips(leastWindowHeight));
-    loading_->pmfy();
-    view_->pmsz();
-    chooser_->load();
-    view_->txtTs->setText(u"操作提示：先打开要处理的图片，再进行其它操作。"_s);
-    form_->setFocus();
+void frmCl::connectDocument() {
+    connect(&document_, &Document::opened, this, &frmCl::showOpened);
+    connect(&document_, &Document::closed, this, &frmCl::showNothingOpen);
+    connect(&document_, &Document::captionChanged, this,
+            [this](const QString& caption) { setWindowTitle(caption.isEmpty() ? usualCaption : caption); });
+    connect(&document_, &Document::stepLost, this, [this](const QString& reason) {
+        say(this, u"这一步没有记录下来，以后不能撤消。图片可以继续处理和保存。\n\n"_s + reason);
+    });
 }
 
-void frmCl::connectCommands() {
-    Commands& on = *commands_;
-    on.onCommand(on.mnuCw, u"wk"_s, [this] { loading_->mnuCwClick(); });
-    on.onCommand(on.mnuCs, u"sk"_s, [this] { chooser_->mnuCsClick(); });
-    on.onCommand(on.mnuTy, u"ty"_s, [this] { chooser_->tpqh(u't'); });
-    on.onCommand(on.mnuSy, u"sy"_s, [this] { chooser_->tpqh(u's'); });
-    on.onCommand(on.mnuXy, u"xy"_s, [this] { chooser_->tpqh(u'x'); });
-    on.onCommand(on.mnuHy, u"hy"_s, [this] { chooser_->tpqh(u'h'); });
-    on.onCommand(on.mnuSf, u"sf"_s, [this] { transforms_->mnuSfClick(); });
-    on.onCommand(on.mnuCj, u"cj"_s, [this] { crop_->mnuCjClick(); });
-    on.onCommand(on.mnuXz, u"xz"_s, [this] { transforms_->mnuXzClick(); });
-    on.onCommand(on.mnuFs, u"fs"_s, [this] { transforms_->mnuFsClick(); });
-    on.onCommand(on.mnuFc, u"fc"_s, [this] { transforms_->mnuFcClick(); });
-    on.onCommand(on.mnuAt, u"at"_s, [this] { button_->mnuAtClick(); });
-    on.onCommand(on.mnuBc, u"bc"_s, [this] { saving_->mnuBcClick(); });
-    on.onCommand(on.mnuLc, u"lc"_s, [this] { saving_->mnuLcClick(); });
-    on.onCommand(on.mnuCx, u"cx"_s, [this] { history_->mnuCxClick(); });
-    on.onCommand(on.mnuTg, u"ts"_s, [this] { settings_->mnuTgClick(); });
-    on.onCommand(on.mnuGx, u"gj"_s, [this] { settings_->mnuGxClick(); });
-    connect(&on, &Commands::menuOpens, view_, &EditorView::growShortWindow);
-    connect(dialog_, &OperationDialog::cancelled, history_, &UndoHistory::mnuCxClick);
+void frmCl::connectChapters() {
+    RubberBand& band = view_->band();
+    band.setWanted([this]() -> std::optional<SelectionShape> {
+        // After another operation the dialog's own is not the one at work.
+        if (dialog_->waitsForPart() && document_.operation() == dialog_->operation()) return SelectionShape::free;
+        return button_->wantedShape();
+    });
+    connect(dialog_, &OperationDialog::toggled, &band, &RubberBand::follow);
+    connect(button_, &ButtonPicture::changed, &band, &RubberBand::follow);
+    connect(&band, &RubberBand::finished, dialog_, &OperationDialog::partDrawn);
+    connect(chooser_, &AlbumChooser::opens, dialog_, &OperationDialog::hide);
+    connect(chooser_, &AlbumChooser::opens, button_, &ButtonPicture::hide);
+    connect(settings_, &ViewSettings::toolBarChanged, this,
+            [this] { chooser_->isOpen() ? chooser_->followToolBar() : view_->pmsz(); });
+    connect(commands_, &Commands::menuOpens, view_, &EditorView::growShortWindow);
 }
 
 void frmCl::connectWindows() {
-    Commands& on = *commands_;
-    on.onCommand(on.mnuBz, u"bz"_s, [this] { windows_.showHelp(u"5使用帮助"_s); });
-    on.onCommand(on.mnuFh, u"fh"_s, [this] {
+    commands_->onCommand(u"bz"_s, [this] { windows_.showHelp(u"5使用帮助"_s); });
+    commands_->onCommand(u"fh"_s, [this] {
         if (mayLeave()) windows_.handOver(WindowKind::editor, WindowKind::viewer);
     });
-    on.onCommand(on.mnuGb, u"tc"_s, [this] {
+    commands_->onCommand(u"tc"_s, [this] {
         if (mayLeave()) windows_.endProgram();
     });
+}
+
+void frmCl::load() {
+    resize(pixelsFromTwips(leastWindowWidth), pixelsFromTwips(leastWindowHeight));
+    showNothingOpen();
+    chooser_->load();
+    view_->hint().setText(u"操作提示：先打开要处理的图片，再进行其它操作。"_s);
+    form_->setFocus();
+}
+
+void frmCl::showOpened() {
+    dialog_->hide();
+    button_->hide();
+    view_->hint().tscz(u"w1"_s);
+    commands_->showOpened();
+}
+
+void frmCl::showNothingOpen() {
+    view_->hint().hide();
+    settings_->read();
+    commands_->showNothingOpen();
+    view_->showWelcome();
 }
 
 /// The steps go with the picture; nobody is asked a second time about changes that he has given up.
 bool frmCl::mayLeave() {
     if (!saving_->mayGo()) return false;
-    state_.forgetChanges();
-    attempt([&] { history_->clear(); });
+    document_.keep();
+    attempt([&] { document_.clearSteps(); });
     return true;
 }
 
@@ -120,16 +142,16 @@ bool frmCl::runKey(const QKeyEvent& event) {
     const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
     const bool escape = event.key() == Qt::Key_Escape;
     if (dialog_->isOpen() && (enter || escape)) {
-        dialog_->cmdCq[enter ? 0 : 1]->click();
+        dialog_->press(enter);
         return true;
     }
-    if (escape && !view_->picCs->isHidden()) {
+    if (escape && chooser_->isOpen()) {
         chooser_->cmdQxClick();
         return true;
     }
     const QString key = commandOf(event);
     if (key.isEmpty()) return false;
-    commands_->tlb1->button(key)->click();
+    commands_->press(key);
     return true;
 }
 
@@ -141,8 +163,8 @@ QString frmCl::commandOf(const QKeyEvent& event) const {
         {Qt::Key_Home, u"ty"_s}, {Qt::Key_PageUp, u"sy"_s}, {Qt::Key_PageDown, u"xy"_s}, {Qt::Key_End, u"hy"_s}};
     const QKeyCombination pressed(event.modifiers() & ~Qt::KeypadModifier, Qt::Key(event.key()));
     if (anywhere.contains(pressed)) return anywhere[pressed];
-    if (!view_->picCs->isHidden()) return {};
+    if (chooser_->isOpen()) return {};
     if (event.matches(QKeySequence::Undo)) return u"cx"_s;
     // Paging must not carry away a picture that somebody is at work on.
-    return state_.editState == u"k1" && !dialog_->isOpen() ? stepping.value(pressed) : QString();
+    return document_.state() == EditState::fromAlbum && !dialog_->isOpen() ? stepping.value(pressed) : QString();
 }

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "editor/album_chooser.h"
 #include "editor/button_picture.h"
-#include "editor/crop_tool.h"
+#include "editor/opening.h"
 #include "editor/saving.h"
-#include "editor/transforms.h"
+#include "editor/taking_back.h"
+#include "editor/view_settings.h"
 #include "windows/windows.h"
 
 #include <QMainWindow>
@@ -24,25 +24,26 @@ class frmCl : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    void connectCommands();
+    void makeForm();
+    void makeChapters();
+    void connectDocument();
+    void connectChapters();
     void connectWindows();
     void load();
+    void showOpened();
+    void showNothingOpen();
     bool runKey(const QKeyEvent& event);
     QString commandOf(const QKeyEvent& event) const;
     bool mayLeave();
 
     Windows& windows_;
-    EditorState state_;
-    QWidget* form_;
-    Commands* commands_;
-    EditorView* view_;
-    ViewSettings* settings_;
-    OperationDialog* dialog_;
-    UndoHistory* history_;
-    Loading* loading_;
-    Transforms* transforms_;
-    AlbumChooser* chooser_;
-    ButtonPicture* button_;
-    CropTool* crop_;
-    Saving* saving_;
+    Document document_;
+    QWidget* form_ = nullptr;  ///< All that lies below the menu bar.
+    Commands* commands_ = nullptr;
+    EditorView* view_ = nullptr;
+    ViewSettings* settings_ = nullptr;
+    OperationDialog* dialog_ = nullptr;
+    AlbumChooser* chooser_ = nullptr;
+    ButtonPicture* button_ = nullptr;
+    Saving* saving_ = nullptr;
 };

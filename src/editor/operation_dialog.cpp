@@ -1,10 +1,9 @@
 #include "editor/operation_dialog.h"
 
-#include "editor/editor_texts.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 
-#include <cmath>
+#include <QScopeGuard>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -12,147 +11,127 @@ namespace {
 
 constexpr int dialogWidth = 3600;
 constexpr int dialogHeight = 1440;
-constexpr int cropDialogHeight = 930;
+constexpr int partDialogHeight = 930;
 constexpr int dialogTop = 1300;
 constexpr int rowTop = 450;
 constexpr int rowHeight = 330;
 constexpr int buttonWidth = 750;
-constexpr int cropButtonLeft = 1440;
+constexpr int partButtonLeft = 1440;
 constexpr int buttonLeft = 1920;
 constexpr int buttonLeftAfterwards = 1890;
 constexpr int cancelLeft = 2730;
-constexpr int cropCancelLeft = 2250;
+constexpr int partCancelLeft = 2250;
 constexpr int margin = 180;
 constexpr int entryLeft = 840;  // beside the dial
 constexpr int entryRight = 1770;
 
-constexpr int dialX = 360;
-constexpr int dialY = 810;
-constexpr int dialRadius = 300;
-constexpr double radiansPerDegree = 3.1415926 / 180;
-const QColor dialColour(0xcf, 0xc8, 0xba);
-const QColor handColour(0xc0, 0x39, 0x2b);
-
 }  // namespace
 
-OperationDialog::OperationDialog(EditorState& state, Commands& commands, EditorView& view)
-    : QObject(view.picCq), state_(state), commands_(commands), view_(view) {
+OperationDialog::OperationDialog(const QWidget* viewport, QWidget* form) : QObject(form), form_(form) {
+    picCq_ = new FloatingPanel(u"picCq"_s, viewport, form);
     makeControls();
-    connect(txtCq, &QLineEdit::textChanged, this, [this] { txtCqChange(); });
-    connect(txtCq, &TextBox::gotFocus, txtCq, &QLineEdit::selectAll);
-    connect(txtCq, &TextBox::enterPressed, cmdCq[0], &QPushButton::click);
-    connect(cmdCq[0], &QPushButton::clicked, this, guarded(view_.picCq, [this] { Q_EMIT confirmed(); }));
-    connect(cmdCq[1], &QPushButton::clicked, this, guarded(view_.picCq, [this] { Q_EMIT cancelled(); }));
+    connectControls();
 }
 
 void OperationDialog::makeControls() {
-    Surface* picCq = view_.picCq;
-    place(picCq, 0, 0, dialogWidth, dialogHeight);
+    place(picCq_, 0, 0, dialogWidth, dialogHeight);
 
     // The dialog is dragged by whatever does not answer to the mouse itself.
-    lblCq_ = make<QLabel>(picCq, u"lblCq"_s);
+    lblCq_ = make<QLabel>(picCq_, u"lblCq"_s);
     place(lblCq_, margin, 105, dialogWidth - 2 * margin, 270);
-    lbl2_ = make<QLabel>(picCq, u"lbl2"_s, u"输入完成后按“确定”按钮或者回车"_s);
+    lbl2_ = make<QLabel>(picCq_, u"lbl2"_s, u"输入完成后按“确定”按钮或者回车"_s);
     lbl2_->setStyleSheet(u"color: #8d877d;"_s);
     place(lbl2_, margin, 1125, dialogWidth - 2 * margin, 240);
     for (QLabel* label : {lblCq_, lbl2_}) label->setAttribute(Qt::WA_TransparentForMouseEvents);
 
-    txtCq = make<TextBox>(picCq, u"txtCq"_s);
-    txtCq->setAccessibleName(u"数值"_s);
+    txtCq_ = make<TextBox>(picCq_, u"txtCq"_s);
+    txtCq_->setAccessibleName(u"数值"_s);
     const std::array<QString, 2> captions{u"确定"_s, u"取消"_s};
-    for (size_t i = 0; i < cmdCq.size(); ++i) {
-        cmdCq[i] = make<QPushButton>(picCq, element(u"cmdCq"_s, int(i)), captions[i]);
-        place(cmdCq[i], i == 0 ? buttonLeft : cancelLeft, rowTop, buttonWidth, rowHeight);
+    for (size_t i = 0; i < cmdCq_.size(); ++i) {
+        cmdCq_[i] = make<QPushButton>(picCq_, element(u"cmdCq"_s, int(i)), captions[i]);
+        place(cmdCq_[i], i == 0 ? buttonLeft : cancelLeft, rowTop, buttonWidth, rowHeight);
     }
-    cmdCq[0]->setEnabled(false);
+    cmdCq_[0]->setEnabled(false);
 
-    prg1 = make<QProgressBar>(picCq, u"prg1"_s);
-    prg1->setRange(0, 100);
-    prg1->setTextVisible(false);
-    place(prg1, entryLeft, 885, dialogWidth - margin - entryLeft, 165);
-    prg1->hide();
-
-    for (size_t i = 0; i < linJd_.size(); ++i) {
-        linJd_[i] = make<LineBox>(picCq, element(u"linJd"_s, int(i)));
-        linJd_[i]->setColor(i == 0 ? handColour : dialColour);
-    }
-    linJd_[1]->setEnds(dialX - dialRadius, dialY, dialX + dialRadius, dialY);
-    linJd_[2]->setEnds(dialX, dialY - dialRadius, dialX, dialY + dialRadius);
-    linJd_[3]->setEnds(dialX - 75, dialY - dialRadius, dialX + 75, dialY - dialRadius);
-    linJd_[0]->raise();
-    showDial(false);
+    prg1_ = make<QProgressBar>(picCq_, u"prg1"_s);
+    prg1_->setRange(0, 100);
+    prg1_->setTextVisible(false);
+    place(prg1_, entryLeft, 885, dialogWidth - margin - entryLeft, 165);
+    prg1_->hide();
+    dial_ = std::make_unique<RotationDial>(picCq_);
 }
 
-/// Opens the dialog of an operation.
-void OperationDialog::czdh(const QString& mode) {
-    mode_ = mode;
-    const bool crop = mode == u"c";
-    lblCq_->setText(crop ? u"选择裁剪范围完成后按确定"_s : mode == u"s" ? u"请输入缩放倍数"_s : u"请输入旋转角度"_s);
-    if (crop)
-        place(view_.picCq, view_.windowWidth() - 3720, view_.windowHeight() - 2000);
+void OperationDialog::connectControls() {
+    connect(picCq_, &FloatingPanel::toggled, this, &OperationDialog::toggled);
+    connect(txtCq_, &QLineEdit::textChanged, this, [this](const QString& text) {
+        if (!text.isEmpty() && operation_ != nullptr) cmdCq_[0]->setEnabled(true);
+        turnDial();
+    });
+    connect(txtCq_, &TextBox::gotFocus, txtCq_, &QLineEdit::selectAll);
+    connect(txtCq_, &TextBox::enterPressed, cmdCq_[0], &QPushButton::click);
+    connect(cmdCq_[0], &QPushButton::clicked, this, guarded(picCq_, [this] { Q_EMIT confirmed(); }));
+    connect(cmdCq_[1], &QPushButton::clicked, this, guarded(picCq_, [this] { Q_EMIT cancelled(); }));
+}
+
+void OperationDialog::czdh(const Operation& operation) {
+    operation_ = &operation;
+    lblCq_->setText(operation.question);
+    const QWidget* window = form_->window();
+    if (operation.asksForPart())  // out of the way of the picture
+        place(picCq_, widthOf(window) - 3720, heightOf(window) - 2000);
     else
-        place(view_.picCq, (view_.windowWidth() - dialogWidth) / 2, dialogTop);
-    txtCq->clear();
-    cmdCq[0]->setEnabled(false);
+        place(picCq_, (widthOf(window) - dialogWidth) / 2, dialogTop);
+    txtCq_->clear();
+    showAgain();
+    if (operation.asksForEntry()) focusEntry();
+}
+
+void OperationDialog::showAgain() {
+    cmdCq_[0]->setEnabled(false);
     showParts();
-    view_.picCq->show();
-    view_.picCq->raise();
-    if (!crop) txtCq->setFocus();
+    picCq_->show();
+    picCq_->raise();
 }
 
 void OperationDialog::showParts() {
-    const bool crop = mode_ == u"c";
-    lbl2_->setVisible(!crop);
-    txtCq->setVisible(!crop);
-    place(cmdCq[0], crop ? cropButtonLeft : buttonLeft, rowTop);
-    place(cmdCq[1], crop ? cropCancelLeft : cancelLeft, rowTop);
-    const bool dial = mode_ == u"x";
-    const int left = dial ? entryLeft : margin;
-    place(txtCq, left, rowTop, entryRight - left, rowHeight);
-    view_.picCq->resize(view_.picCq->width(), pixelsFromTwips(crop ? cropDialogHeight : dialogHeight));
-    showDial(dial);
+    const bool part = operation_->asksForPart();
+    lbl2_->setVisible(!part);
+    txtCq_->setVisible(!part);
+    place(cmdCq_[0], part ? partButtonLeft : buttonLeft, rowTop);
+    place(cmdCq_[1], part ? partCancelLeft : cancelLeft, rowTop);
+    const bool hasDial = operation_->asks == Operation::Asks::angle;
+    const int left = hasDial ? entryLeft : margin;
+    place(txtCq_, left, rowTop, entryRight - left, rowHeight);
+    picCq_->resize(picCq_->width(), pixelsFromTwips(part ? partDialogHeight : dialogHeight));
+    dial_->setVisible(hasDial);
+    turnDial();
 }
 
-void OperationDialog::reopen() {
-    if (mode_.isEmpty()) return;
-    cmdCq[0]->setEnabled(false);
-    showParts();
-    if (mode_ == u"c") {
-        // Only in its own state a selection can be drawn.
-        state_.editState = mode_;
-        commands_.setEnabled(commands_.mnuCj, u"cj"_s, false);
-    }
-    view_.picCq->show();
-    view_.picCq->raise();
+void OperationDialog::turnDial() {
+    if (operation_ != nullptr) dial_->turnTo(operation_->value(txtCq_->text()));
 }
 
 void OperationDialog::close() {
-    view_.picCq->hide();
-    txtCq->show();
-    cmdCq[0]->setEnabled(false);
-    place(cmdCq[0], buttonLeftAfterwards, rowTop);
-    showDial(false);
+    picCq_->hide();
+    txtCq_->show();
+    cmdCq_[0]->setEnabled(false);
+    place(cmdCq_[0], buttonLeftAfterwards, rowTop);
+    dial_->setVisible(false);
 }
 
-void OperationDialog::txtCqChange() {
-    if (!txtCq->text().isEmpty()) cmdCq[0]->setEnabled(true);
-    if (mode_ == u"x") turnHand();
+void OperationDialog::partDrawn() {
+    cmdCq_[0]->setEnabled(operation_ != nullptr && operation_->asksForPart());
 }
 
-void OperationDialog::showDial(bool on) {
-    for (LineBox* line : linJd_) line->setVisible(on);
-    if (on) turnHand();
+QString OperationDialog::entry() {
+    if (operation_->asksForPart()) txtCq_->setText(u"1"_s);
+    return txtCq_->text();
 }
 
-double OperationDialog::value() const {
-    return mode_ == u"s" ? factorFromText(txtCq->text()) : angleFromText(txtCq->text());
-}
-
-/// The hand turns counter-clockwise from twelve, as the picture will.
-void OperationDialog::turnHand() {
-    const double angle = angleFromText(txtCq->text()) * radiansPerDegree;
-    const double turn = std::isfinite(angle) ? angle : 0;
-    linJd_[0]->setEnds(dialX, dialY, dialX - roundHalfEven(dialRadius * std::sin(turn)),
-                       dialY - roundHalfEven(dialRadius * std::cos(turn)));
-    linJd_[0]->show();
+void OperationDialog::showProgress(const std::function<void(const Progress&)>& work) {
+    prg1_->setValue(0);
+    prg1_->show();
+    const auto hidden = qScopeGuard([this] { prg1_->hide(); });
+    work([this](int percent) { prg1_->setValue(percent); });
+    prg1_->setValue(100);
 }

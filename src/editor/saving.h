@@ -1,36 +1,32 @@
 #pragma once
 
 #include "editor/album_chooser.h"
+#include "editor/button_picture.h"
+#include "editor/operation_dialog.h"
 
 #include <optional>
 
 /// How a picture leaves the editor: over its source, or into another file.
-class Saving : public QObject {
+class Saving : public Chapter {
     Q_OBJECT
 
   public:
-    Saving(EditorState& state, Commands& commands, EditorView& view, OperationDialog& dialog, UndoHistory& history,
-           AlbumChooser& chooser, QWidget* form);
-
-    void mnuBcClick();
-    void mnuLcClick();
+    Saving(const Workplace& at, OperationDialog& dialog, AlbumChooser& chooser, const ButtonPicture& button);
 
     /// Whether the open picture may go: asks about changes that are not saved, and saves them if that is the answer.
     bool mayGo();
 
   private:
+    void mnuBcClick();
+    void mnuLcClick();
     std::optional<QImage> askWhatToSave();
+    std::optional<QString> askWhereTo();
     /// Writes a picture over the source; the result tells where it is now.
     QString store(const QImage& picture);
     QString storeInAlbum(const QImage& picture);
     void finish();
-    bool isFromAlbum() const { return state_.sourceLine.mid(2, 2) == u"图册"; }
 
-    EditorState& state_;
-    Commands& commands_;
-    EditorView& view_;
     OperationDialog& dialog_;
-    UndoHistory& history_;
     AlbumChooser& chooser_;
-    QWidget* form_;
+    const ButtonPicture& button_;
 };

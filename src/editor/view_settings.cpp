@@ -2,14 +2,11 @@
 
 #include "catalogue/mektp.h"
 #include "platform/base/error.h"
-#include "platform/desktop/placing.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int shownToolBarHeight = 330;
-constexpr int chooserTopAlone = 200;
 const QString toolBarColumn = u"处理工具条"_s;
 const QString hintColumn = u"处理提示"_s;
 
@@ -34,8 +31,10 @@ bool stored(const QString& column) {
 
 }  // namespace
 
-ViewSettings::ViewSettings(EditorState& state, Commands& commands, EditorView& view)
-    : QObject(&view), state_(state), commands_(commands), view_(view) {}
+ViewSettings::ViewSettings(const Workplace& at) : Chapter(at) {
+    commands_.onCommand(u"gj"_s, [this] { mnuGxClick(); });
+    commands_.onCommand(u"ts"_s, [this] { mnuTgClick(); });
+}
 
 void ViewSettings::read() {
     applyToolBar(stored(toolBarColumn));
@@ -43,34 +42,29 @@ void ViewSettings::read() {
 }
 
 void ViewSettings::applyToolBar(bool shown) {
-    state_.toolbarHeight = shown ? shownToolBarHeight : 0;
-    commands_.showToggle(commands_.mnuGx, u"gj"_s, shown ? u"隐藏工具条"_s : u"显示工具条"_s,
-                         shown ? u"gg"_s : u"gj"_s);
+    view_.setToolBarShown(shown);
+    commands_.showToggle(u"gj"_s, shown ? u"隐藏工具条"_s : u"显示工具条"_s, shown ? u"gg"_s : u"gj"_s);
 }
 
 void ViewSettings::applyHints(bool shown) {
     hintsOn_ = shown;
-    view_.setHintsOn(shown);
-    commands_.showToggle(commands_.mnuTg, u"ts"_s, shown ? u"关闭提示"_s : u"打开提示"_s, shown ? u"tg"_s : u"ts"_s);
+    view_.hint().setOn(shown);
+    commands_.showToggle(u"ts"_s, shown ? u"关闭提示"_s : u"打开提示"_s, shown ? u"tg"_s : u"ts"_s);
 }
 
+/// Shows or hides the tool bar.
 void ViewSettings::mnuGxClick() {
-    const bool shown = state_.toolbarHeight == 0;
+    const bool shown = view_.toolbarHeight() == 0;
     applyToolBar(shown);
-    if (!view_.picCs->isHidden()) {
-        // The window is the chooser's now, whatever picture is behind it.
-        place(view_.picCs, leftOf(view_.picCs), shown ? state_.toolbarHeight : chooserTopAlone);
-        view_.showBar();
-    } else {
-        view_.pmsz();
-    }
-    view_.centreHint();
+    Q_EMIT toolBarChanged();
+    view_.hint().lay();
     store(toolBarColumn, shown);
 }
 
+/// Lets the hint box show, or not.
 void ViewSettings::mnuTgClick() {
     applyHints(!hintsOn_);
     const bool shown = hintsOn_;
-    if (state_.isOpen) view_.tscz(state_.editState);
+    if (document_.isOpen()) view_.hint().tscz(document_.code());
     store(hintColumn, shown);
 }

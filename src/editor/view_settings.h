@@ -1,28 +1,25 @@
 #pragma once
 
-#include "editor/commands.h"
-#include "editor/editor_view.h"
+#include "editor/chapter.h"
 
 /// The two settings of how the editor looks: tool bar and hint box. They stand in `tcsz` and outlive the session.
-class ViewSettings : public QObject {
+class ViewSettings : public Chapter {
     Q_OBJECT
 
   public:
-    ViewSettings(EditorState& state, Commands& commands, EditorView& view);
+    explicit ViewSettings(const Workplace& at);
 
-    /// Brings menu items, buttons and the state in line with `tcsz`.
+    /// Brings menu items, buttons and the view in line with `tcsz`.
     void read();
-    /// Shows or hides the tool bar.
-    void mnuGxClick();
-    /// Lets the hint box show, or not.
-    void mnuTgClick();
+
+  Q_SIGNALS:
+    void toolBarChanged();
 
   private:
+    void mnuGxClick();
+    void mnuTgClick();
     void applyToolBar(bool shown);
     void applyHints(bool shown);
 
-    EditorState& state_;
-    Commands& commands_;
-    EditorView& view_;
     bool hintsOn_ = true;
 };

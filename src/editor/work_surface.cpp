@@ -1,5 +1,6 @@
 #include "editor/work_surface.h"
 
+#include "editor/operations/operation.h"
 #include "platform/base/twips.h"
 
 #include <QMouseEvent>
@@ -24,27 +25,14 @@ void WorkSurface::setPicture(const QImage& picture) {
     update();
 }
 
-QImage WorkSurface::Image() const {
-    if (picture_.size() == size()) return picture_;
-    QImage shown(size(), QImage::Format_RGB32);
-    if (shown.isNull()) return shown;
-    shown.fill(background());
-    if (!picture_.isNull()) QPainter(&shown).drawImage(0, 0, picture_);
-    return shown;
-}
-
 QRgb WorkSurface::Point(int x, int y) const {
-    return picture_.valid(x, y) ? picture_.pixel(x, y) : background();
-}
-
-QRgb WorkSurface::background() const {
-    return qRgb(255, 255, 255);
+    return picture_.valid(x, y) ? picture_.pixel(x, y) : pictureBackground;
 }
 
 void WorkSurface::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const QRect covered = event->rect() & picture_.rect();
-    if (covered != event->rect()) painter.fillRect(event->rect(), QColor(background()));
+    if (covered != event->rect()) painter.fillRect(event->rect(), QColor(pictureBackground));
     if (!covered.isEmpty()) painter.drawImage(covered.topLeft(), picture_, covered);
 }
 

@@ -15,14 +15,8 @@ class WorkSurface : public QWidget {
     void setPicture(const QImage& picture);
     const QImage& picture() const { return picture_; }
 
-    /// What the surface shows as a picture of the surface's size. The stored picture itself where it fills the surface.
-    QImage Image() const;
     /// Colour of a pixel of the surface; white outside.
     QRgb Point(int x, int y) const;
-
-    QRgb background() const;
-    /// Size in picture pixels.
-    QSize pixels() const { return size(); }
 
   Q_SIGNALS:
     void pressed(int x, int y);   ///< Left button, twips.

@@ -1,6 +1,7 @@
 #include "start/program.h"
 
 #include "colours/frm_ps.h"
+#include "editor/document/undo_steps.h"
 #include "editor/frm_cl.h"
 #include "help/frm_bz.h"
 #include "help/frm_gy.h"

@@ -5,7 +5,7 @@
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
-#include "editor/editor_texts.h"
+#include "editor/document/hints.h"
 #include "editor/frm_cl.h"
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/grid.h"

@@ -47,7 +47,7 @@ class TestEditorFrame : public QObject {
 
     void aPictureBringsUpItsCommands() {
         OpenEditor editor;
-        QCOMPARE(editor.caption(), fileSourceLine(editor.file, QFileInfo(editor.file).size(), {2117, 1588}));
+        QCOMPARE(editor.caption(), sourceLine(PictureFile{editor.file, QFileInfo(editor.file).size(), {2117, 1588}}));
         for (const QString& name : pictureMenus) QVERIFY2(editor.menu(name)->isVisible(), qPrintable(name));
         QVERIFY(!editor.menu(u"mnuQh"_s)->isVisible());
         for (const QString& key : processing + QStringList{u"lc"_s, u"cx"_s})
@@ -160,13 +160,21 @@ class TestEditorFrame : public QObject {
         }
         QVERIFY((editor.picYu().geometry().bottomRight() - QPoint(picGd->width(), picGd->height())).manhattanLength() <=
                 3);
+        const auto* hint = editor.find(u"txtTs"_s);
+        QVERIFY(hint->isVisible() && form->rect().contains(hint->geometry()));
+        QVERIFY(hint->fontMetrics().horizontalAdvance(editor.hint()) <= hint->width());
         const QPoint scrolled = editor.picYu().pos();
         editor.window->resize(401, 301);
         QVERIFY((editor.picYu().pos() - scrolled).manhattanLength() <= 4);
+        editor.window->resize(250, 301);
+        QVERIFY(form->rect().contains(hint->geometry()));
+        QCOMPARE(hint->toolTip(), editor.hint());
         editor.window->resize(fitting);
         QVERIFY(!hsc1->isVisible() && !vsc1->isVisible());
         QCOMPARE(picGd->size(), QSize(500, 400));
         QCOMPARE(editor.picYu().pos(), QPoint(0, 0));
+        QCOMPARE(widthOf(hint), hintWidth(editor.hint()));
+        QVERIFY(hint->toolTip().isEmpty());
     }
 
     void theChooserKeepsItsWindow() {

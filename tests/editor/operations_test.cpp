@@ -27,7 +27,7 @@ class TestOperations : public QObject {
             editor.enter(factor);
             QCOMPARE(editor.size(), size);
             QCOMPARE(editor.picYu().picture().size(), size);
-            QCOMPARE(editor.picMb().Image(), editor.picYu().Image());
+            QCOMPARE(editor.picMb().picture(), editor.picYu().picture());
             QCOMPARE(editor.caption(), source + u" [ "_s + logged + u']');
             QCOMPARE(editor.hint(), hintFor(u"s2"_s));
             QVERIFY(!editor.shows(u"picCq"_s));
@@ -41,17 +41,17 @@ class TestOperations : public QObject {
     void flipping() {
         OpenEditor editor;
         const QString source = editor.caption();
-        const QImage before = editor.picYu().Image();
+        const QImage before = editor.picYu().picture();
         editor.press(u"fs"_s);
-        QCOMPARE(editor.picYu().Image(), before.mirrored(true, false));
+        QCOMPARE(editor.picYu().picture(), before.mirrored(true, false));
         QCOMPARE(editor.caption(), source + u"[ 水平翻转]"_s);
         QCOMPARE(editor.hint(), hintFor(u"p1"_s));
         QVERIFY(!editor.menu(u"mnuBc"_s)->isEnabled());
         editor.press(u"fc"_s);
-        QCOMPARE(editor.picYu().Image(), before.mirrored(true, true));
+        QCOMPARE(editor.picYu().picture(), before.mirrored(true, true));
         editor.press(u"fs"_s);
         editor.press(u"fc"_s);
-        QCOMPARE(editor.picYu().Image(), before);
+        QCOMPARE(editor.picYu().picture(), before);
         QCOMPARE(editor.caption(), source + u"[ 水平翻转 垂直翻转 水平翻转 垂直翻转]"_s);
         QCOMPARE(editor.steps().size(), 5);
     }
@@ -93,29 +93,29 @@ class TestOperations : public QObject {
         QCOMPARE(at(editor, 30, 24), QColor(Qt::yellow));
         QVERIFY(editor.caption().endsWith(u" [ 裁剪]"_s));
         QVERIFY(!editor.shows(u"shpYu"_s) && !editor.shows(u"txtCc"_s));
-        const QImage cropped = editor.picYu().Image();
+        const QImage cropped = editor.picYu().picture();
         editor.press(u"fs"_s);
         QCOMPARE(at(editor, 5, 5), QColor(Qt::white));
         QCOMPARE(at(editor, 10, 0), QColor(cropped.pixel(39, 6)));
         editor.scale(u"1"_s);
-        const QImage before = editor.picYu().Image();
+        const QImage before = editor.picYu().picture();
         editor.press(u"fc"_s);
-        QCOMPARE(editor.picYu().Image(), before.mirrored(false, true));
+        QCOMPARE(editor.picYu().picture(), before.mirrored(false, true));
     }
 
     void nothingIsPaintedFromNothing() {
         const auto verify = [](const QString& key, const std::function<void(const EditorWindow&)>& work) {
             const OpenEditor editor;
-            const QImage before = editor.picYu().Image();
+            const QImage before = editor.picYu().picture();
             const QString source = editor.caption();
             editor.press(key);
             work(editor);
-            QCOMPARE(editor.picYu().Image(), before);
+            QCOMPARE(editor.picYu().picture(), before);
             QVERIFY(editor.shows(u"picYu"_s) && editor.shows(u"picCq"_s) && editor.shows(u"txtTs"_s));
             QCOMPARE(editor.steps(), QStringList());
             QVERIFY(editor.boxes.isEmpty());
             editor.press(u"fs"_s);
-            QCOMPARE(editor.picYu().Image(), before.mirrored(true, false));
+            QCOMPARE(editor.picYu().picture(), before.mirrored(true, false));
             QCOMPARE(editor.caption(), source + u"[ 水平翻转]"_s);
         };
         for (const QString& factor : {u"0"_s, u"-2"_s, u"abc"_s, u"0.001"_s})
@@ -163,7 +163,7 @@ class TestOperations : public QObject {
 
     void stepsAreJpegFiles() {
         OpenEditor editor;
-        const QImage loaded = editor.picYu().Image();
+        const QImage loaded = editor.picYu().picture();
         QCOMPARE(editor.steps(), QStringList());  // looking leaves nothing in the catalogue
         editor.scale(u"2"_s);
         QCOMPARE(editor.steps(), (QStringList{u"01"_s, u"02"_s}));
@@ -183,7 +183,7 @@ class TestOperations : public QObject {
         for (const auto& [column, number] : {std::pair(u"图宽"_s, 2400.0), {u"图高"_s, 1800.0}, {u"参数"_s, 2.0}})
             QCOMPARE(stored(column).toDouble(), number);
         const QByteArray bytes = stored(u"图片"_s).toBytes();
-        const QByteArray jpeg = encodeJpeg(editor.picYu().Image(), 80);
+        const QByteArray jpeg = encodeJpeg(editor.picYu().picture(), 80);
         QVERIFY(bytes.startsWith(jpeg));
         QCOMPARE(bytes.size(), jpeg.size() + jpeg.size() / pictureChunk + 1);
     }
@@ -229,7 +229,8 @@ class TestOperations : public QObject {
             QCOMPARE(editor.steps(), (QStringList{u"01"_s, u"02"_s}));
             editor.undo();
             QCOMPARE(editor.size(), QSize(120, 90));
-            QCOMPARE(editor.caption(), fileSourceLine(editor.file, QFileInfo(editor.file).size(), {3175, 2381}));
+            QCOMPARE(editor.caption(),
+                     sourceLine(PictureFile{editor.file, QFileInfo(editor.file).size(), {3175, 2381}}));
             QCOMPARE(editor.menu(u"mnuCx"_s)->isEnabled(), !isLast);
             editor.undo();
             QVERIFY(editor.shows(u"img1"_s));
@@ -330,7 +331,7 @@ class TestOperations : public QObject {
         text.close();
         QVERIFY(QDir(editor.catalogue.folder()).mkdir(u"夹"_s));
         const QString caption = editor.caption();
-        const QImage picture = editor.picYu().Image();
+        const QImage picture = editor.picYu().picture();
         for (const QString& name : {u""_s, u"文字.jpg"_s, u"没有.jpg"_s, u"夹"_s}) {
             editor.boxes.clear();
             editor.file = name.isEmpty() ? QString() : editor.catalogue.file(name);
@@ -339,7 +340,7 @@ class TestOperations : public QObject {
             QCOMPARE(editor.boxes.size(), name.isEmpty() ? 0 : 2);
             QVERIFY(name.isEmpty() || (editor.lastBox().startsWith(u"错误提示|") && editor.lastBox().contains(name)));
             QCOMPARE(editor.caption(), caption);
-            QCOMPARE(editor.picYu().Image(), picture);
+            QCOMPARE(editor.picYu().picture(), picture);
         }
         editor.undo();
         QCOMPARE(editor.size(), QSize(80, 60));

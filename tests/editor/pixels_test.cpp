@@ -1,6 +1,6 @@
 #include "../support/run_all.h"
-#include "editor/painting.h"
-#include "editor/rotation.h"
+#include "editor/pixels/painting.h"
+#include "editor/pixels/rotation.h"
 #include "platform/base/error.h"
 #include "platform/base/twips.h"
 

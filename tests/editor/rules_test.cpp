@@ -1,11 +1,13 @@
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
+#include "editor/document/document.h"
+#include "editor/document/hints.h"
+#include "editor/document/picture_files.h"
+#include "editor/document/selection.h"
 #include "editor/editor_layout.h"
-#include "editor/editor_texts.h"
-#include "editor/picture_files.h"
-#include "editor/selection.h"
-#include "editor/step_trail.h"
+#include "editor/operations/operation.h"
+#include "editor/operations/typed_numbers.h"
 #include "platform/picture/picture.h"
 
 #include <QtTest/QtTest>
@@ -217,7 +219,7 @@ class TestEditorRules : public QObject {
         for (const auto& [text, factor] : factors) QCOMPARE(factorFromText(text), factor);
         const std::pair<QString, double> angles[] = {
             {u"90"_s, 90}, {u"－４５"_s, -45}, {u"３．５"_s, 3.5}, {u"９０度"_s, 90}, {u""_s, 0}};
-        for (const auto& [text, angle] : angles) QCOMPARE(angleFromText(text), angle);
+        for (const auto& [text, angle] : angles) QCOMPARE(numberFromText(text), angle);
     }
 
     void sourceLineOfAFile() {
@@ -229,7 +231,8 @@ class TestEditorRules : public QObject {
         };
         for (const auto& [bytes, pixels, tail] : rows) {
             const QSize hiMetric(hiMetricFromPixels(pixels.width()), hiMetricFromPixels(pixels.height()));
-            QCOMPARE(fileSourceLine(u"/相片/a b.jpg"_s, bytes, hiMetric), u"[从文件读出] /相片/a b.jpg  "_s + tail);
+            QCOMPARE(sourceLine(PictureFile{u"/相片/a b.jpg"_s, bytes, hiMetric}),
+                     u"[从文件读出] /相片/a b.jpg  "_s + tail);
         }
     }
 
@@ -237,8 +240,7 @@ class TestEditorRules : public QObject {
         const SampleCatalogue sample;
         const QString first = u"SELECT * FROM tc01 WHERE 序号 = 1"_s;
         const auto line = [&first] {
-            Recordset record = mekTp::catalogue.OpenRecordset(first);
-            return albumSourceLine(u"tc01"_s, record);
+            return sourceLine(albumRecord(u"tc01"_s, mekTp::catalogue.OpenRecordset(first)));
         };
         changeRow(first, {{u"大小"_s, u"1.234"_s}});
         QCOMPARE(line(), u"[从图册读出] 图册名：tc01 序号：1 编号：12 大小：1.234 规格：40 * 30"_s);
@@ -266,19 +268,55 @@ class TestEditorRules : public QObject {
             QCOMPARE(savingName(chosen), name);
     }
 
-    // Two digits a step would read 100 back as "00" and never find a row again.
-    void trailGoesOnPastAHundredSteps() {
-        StepTrail trail(u"k1"_s);
-        QVERIFY(trail.isFromAlbum() && !StepTrail(u"w1"_s).isFromAlbum() && !StepTrail().isFromAlbum());
-        for (int step = 1; step <= 1200; ++step) trail.push(step);
-        for (int step = 1200; step >= 1; --step) {
-            const QString text = trail.newest();
-            QCOMPARE(text, u"%1"_s.arg(step, 2, 10, QChar(u'0')));
-            QCOMPARE(trail.pop(), text);
+    // Commands, hints and states are found by them.
+    void operationsAreToldApart() {
+        QSet<QString> keys, items, codes;
+        for (const Operation* operation : operations()) {
+            QVERIFY(operation->plan && !operation->caption.isEmpty() && !operation->doneHint.text.isEmpty());
+            QCOMPARE(operation->question.isEmpty(), operation->asksNothing());
+            keys << operation->key;
+            items << operation->item;
+            codes << operation->doneCode << operation->doneHint.code;
+            QCOMPARE(hintFor(operation->doneHint.code), operation->doneHint.text);
+            QCOMPARE(hintFor(operation->askingHint.code), operation->askingHint.text);
         }
-        QVERIFY(trail.isEmpty());
-        QCOMPARE(trail.newest() + trail.pop(), QString());
-        QCOMPARE(trail.baseCode(), u"k1"_s);
+        const auto count = operations().size();
+        QVERIFY(size_t(keys.size()) == count && size_t(items.size()) == count && size_t(codes.size()) == 2 * count);
+    }
+
+    void aDocumentTellsWhatItIs() {
+        const SampleCatalogue sample;
+        QImage image(80, 60, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        image.setPixelColor(0, 0, Qt::blue);
+        Document document;
+        QStringList heard;
+        connect(&document, &Document::opened, this, [&] { heard << u"opened"_s; });
+        connect(&document, &Document::pictureChanged, this, [&] { heard << document.code(); });
+        connect(&document, &Document::closed, this, [&] { heard << u"closed"_s; });
+        document.open(PictureFile{u"/a.bmp"_s, 1, {2117, 1588}}, Picture(image), u"hint"_s);
+        QVERIFY(document.isOpen() && !document.isUnsaved() && !document.isFromAlbum());
+        QCOMPARE(document.size(), QSize(1200, 900));
+        const Operation& flip = *operations().back();
+        document.carryOut(flip);
+        document.record(u"flipped"_s, 0);
+        QVERIFY(document.isUnsaved() && document.shown() == image.mirrored());
+        QCOMPARE(document.caption(), sourceLine(document.source()) + u"[ 垂直翻转]"_s);
+        QCOMPARE(document.takeBack(), u"hint"_s);
+        QVERIFY(!document.isUnsaved() && document.isTakenBack() && document.lastPaint() == image.mirrored());
+        QVERIFY_THROWS_EXCEPTION(TooLarge, document.carryOut(*operations().front(), u"1000"_s));
+        QVERIFY(!document.isTakenBack() && document.shown().size() == image.size());
+        document.takeBack();
+        QVERIFY(!document.isOpen() && !document.isUnsaved() && document.caption().isEmpty());
+        QCOMPARE(heard, (QStringList{u"w1"_s, u"opened"_s, u"z"_s, u"z"_s, u"closed"_s}));
+        for (const auto& [state, code] : {std::pair(EditState::nothing, u"00"_s), {EditState::fromAlbum, u"k1"_s}})
+            QCOMPARE(codeOf(state), code);
+    }
+
+    // Two digits a step would read 100 back as "00" and never find a row again.
+    void numbersOfStepsGoOnPastAHundred() {
+        for (const auto& [step, text] : {std::pair(1, u"01"_s), {99, u"99"_s}, {100, u"100"_s}, {1200, u"1200"_s}})
+            QCOMPARE(stepText(step), text);
     }
 };
 

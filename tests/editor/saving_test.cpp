@@ -1,6 +1,6 @@
 #include "../support/disk_faults.h"
 #include "../support/failing_disk.h"
-#include "editor_window.h"
+#include "chooser_window.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -73,13 +73,8 @@ class TestSaving : public QObject {
     }
 
     void aFullDiskKeepsRecordPictureAndSteps() {
-        EditorWindow editor;
-        editor.press(u"sk"_s);
-        auto* albums = editor.find<QComboBox>(u"cboBm"_s);
-        albums->setCurrentIndex(albums->findText(u"tc01"_s, Qt::MatchStartsWith));
-        Q_EMIT albums->activated(albums->currentIndex());
-        editor.clickRow(0);
-        editor.click(u"cmdQd"_s);
+        Chooser editor;
+        editor.openRow(0);
         editor.scale(u"2"_s);
         const QString source = u"SELECT * FROM tc01 WHERE 序号 = 1"_s;
         const QByteArray before = fieldOf(source, u"图片"_s).toBytes();
@@ -113,13 +108,8 @@ class TestSaving : public QObject {
         bool isStored = false;
         for (int waits = 0; !isStored; ++waits) {
             FailingDisk disk;
-            EditorWindow editor;
-            editor.press(u"sk"_s);
-            auto* albums = editor.find<QComboBox>(u"cboBm"_s);
-            albums->setCurrentIndex(albums->findText(u"tc01"_s, Qt::MatchStartsWith));
-            Q_EMIT albums->activated(albums->currentIndex());
-            editor.clickRow(0);
-            editor.click(u"cmdQd"_s);
+            Chooser editor;
+            editor.openRow(0);
             editor.scale(u"2"_s);
             disk.syncing = {.code = SQLITE_IOERR_FSYNC, .reason = EIO, .before = waits};
             editor.press(u"bc"_s);
@@ -165,7 +155,7 @@ class TestSaving : public QObject {
         QCOMPARE(QImage(name).pixelColor(5, 5), QColor(Qt::green));
         QCOMPARE(editor.steps(), (QStringList{u"01"_s, u"02"_s}));
         editor.undo();
-        QCOMPARE(editor.picYu().Image().pixelColor(70, 5).green() > 100, true);
+        QCOMPARE(editor.picYu().picture().pixelColor(70, 5).green() > 100, true);
     }
 
     void anExistingFileBehindTheChangedName() {

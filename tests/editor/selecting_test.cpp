@@ -304,6 +304,20 @@ class TestSelecting : public QObject {
         QCOMPARE(editor.picYu().picture().size(), QSize(200, 150));
     }
 
+    void aLongNameIsWholeInTheToolTip() {
+        const Selecting editor({400, 300});
+        const QString name = u"我"_s.repeated(20);
+        changeRow(u"SELECT * FROM tcan WHERE 序号 = 2"_s, {{u"名称"_s, name}});
+        editor.startButton(0);
+        editor.option(2);
+        editor.clickRow(1);
+        const auto* label = editor.find<QLabel>(u"lblAs(2)"_s);
+        QVERIFY(label->fontMetrics().horizontalAdvance(label->text()) <= label->width());
+        QVERIFY(label->text().endsWith(u"…") && label->toolTip().contains(name));
+        editor.clickRow(3);
+        QVERIFY(label->toolTip().isEmpty());
+    }
+
     // The table was the chooser's before, and has another height and another place of its own now.
     void theRowThatIsMarkedShows() {
         Selecting editor;

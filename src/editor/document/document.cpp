@@ -1,0 +1,151 @@
+#include "editor/document/document.h"
+
+#include "editor/pixels/row_blocks.h"
+#include "platform/base/twips.h"
+
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int gone = -1;
+
+QSize sizeOf(const Picture& picture) {
+    return {pictureTwips(picture.Width(), picture.pixels().width()),
+            pictureTwips(picture.Height(), picture.pixels().height())};
+}
+
+QSize inTwips(QSize pixels) {
+    return {twipsFromPixels(pixels.width()), twipsFromPixels(pixels.height())};
+}
+
+}  // namespace
+
+int pictureTwips(int hiMetric, int pixels) {
+    const int twips = roundHalfEven(hiMetric / 1.7638);
+    return pixelsFromTwips(twips) == pixels ? twips : twipsFromPixels(pixels);
+}
+
+void Document::open(const PictureSource& source, const Picture& picture, const QString& hint) {
+    dropLastPaint();
+    shown_ = inEditorFormat(picture.image());
+    photograph_ = {};
+    source_ = source;
+    size_ = sizeOf(picture);
+    origin_ = {};
+    selection_ = {};
+    tag_.clear();
+    isTakenBack_ = isTakingBack_ = false;
+    settle();
+    Q_EMIT pictureChanged();
+    stepCount_ = 0;
+    steps_.start(nextStep(hint, 0));
+    keep();
+    setCaption({});
+    Q_EMIT opened();
+}
+
+void Document::close() {
+    dropLastPaint();
+    photograph_ = shown_ = {};
+    source_ = NoSource();
+    stepCount_ = keptStep_ = 0;
+    setState(EditState::nothing);
+    setCaption({});
+    Q_EMIT closed();
+}
+
+/// Before another large picture comes.
+void Document::dropLastPaint() {
+    lastPaint_ = {};
+    Q_EMIT lastPaintDropped();
+}
+
+void Document::setCaption(const QString& words) {
+    caption_ = sourceLine(source_) + words;
+    Q_EMIT captionChanged(caption_);
+}
+
+void Document::setState(EditState state) {
+    state_ = state;
+    operation_ = nullptr;
+}
+
+void Document::settle() {
+    setState(isFromAlbum() ? EditState::fromAlbum : EditState::fromFile);
+}
+
+/// On the way back only an operation that has the window for itself becomes the one that is tried again.
+void Document::ask(const Operation& operation) {
+    if (isTakingBack_ && !operation.isExclusive) return;
+    state_ = EditState::asking;
+    operation_ = &operation;
+}
+
+void Document::carryOut(const Operation& operation, const QString& entry, const Progress& progress) {
+    isTakingBack_ = false;
+    Operation::Outcome outcome;
+    try {
+        outcome = operation.plan({shown_, size_, origin_, selection_, entry});
+    } catch (const TooLarge&) {
+        origin_ = {};
+        dropLastPaint();
+        throw;
+    }
+    dropLastPaint();
+    lastPaint_ = outcome.paint(progress);
+    shown_ = lastPaint_;
+    photograph_ = {};
+    size_ = outcome.size;
+    origin_ = outcome.origin;
+    tag_ += outcome.tag;
+    isTakenBack_ = false;
+    state_ = EditState::done;
+    operation_ = &operation;
+    Q_EMIT pictureChanged();
+    setCaption((operation.asksNothing() ? u"["_s : u" ["_s) + tag_ + u']');
+}
+
+void Document::showThumbnail(const QImage& thumbnail) {
+    photograph_ = std::exchange(shown_, thumbnail);
+    size_ = inTwips(thumbnail.size());
+    origin_ = {};
+    Q_EMIT thumbnailShown();
+}
+
+// ------------------------------------------------------------------------------------------------------------ steps
+
+UndoSteps::Step Document::nextStep(const QString& hint, double parameter) {
+    ++stepCount_;
+    if (stepCount_ <= keptStep_) keptStep_ = gone;
+    return {stepCount_, hint, tag_, inTwips(shown_.size()), parameter, shown_};
+}
+
+void Document::record(const QString& hint, double parameter) {
+    steps_.record(nextStep(hint, parameter));
+    const QString loss = steps_.takeLoss();
+    if (!loss.isEmpty()) Q_EMIT stepLost(loss);
+}
+
+std::optional<QString> Document::takeBack() {
+    if (stepCount_ == 0) return {};
+    steps_.remove(stepCount_);
+    if (--stepCount_ == 0) {
+        close();
+        return {};
+    }
+    const auto step = steps_.read(stepCount_);
+    if (!step) {  // it could not be stored: what is on the screen is no step that is kept
+        keptStep_ = gone;
+        return {};
+    }
+    photograph_ = {};
+    shown_ = inEditorFormat(step->picture);
+    size_ = step->size;
+    tag_ = step->tag;
+    isTakenBack_ = true;
+    Q_EMIT pictureChanged();
+    setCaption(tag_.isEmpty() ? QString() : u"["_s + tag_ + u']');
+    return step->label;
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+#include <functional>
+#include <optional>
+
+/// The steps of a session in the table `tccx`: every one a whole picture as JPEG, so taking back computes nothing. The
+/// step of the load is written with the first operation: who only looks at pictures leaves nothing behind.
+class UndoSteps {
+  public:
+    struct Step {
+        int number = 0;  ///< From 1, the load.
+        QString label;   ///< The hint that was on the screen.
+        QString tag;     ///< Words of the operations up to it.
+        QSize size;      ///< Twips.
+        double parameter = 0;
+        QImage picture;
+    };
+
+    /// Another picture is loaded.
+    void start(Step loaded);
+    /// Stores a step. One that cannot be stored leaves nothing, and stops nobody: `takeLoss` says why.
+    void record(const Step& step);
+    /// A stored step; nothing when it is none or holds no picture.
+    std::optional<Step> read(int number) const;
+    /// Throws `Error` when the catalogue refuses it.
+    void remove(int number);
+    /// Removes all steps from the catalogue; throws as `remove` does.
+    void clear();
+
+    /// Why a step of this picture could not be stored; empty when all were, or when it was taken already.
+    QString takeLoss();
+
+  private:
+    void store(const Step& step, const std::function<QByteArray()>& jpeg);
+
+    std::optional<Step> loaded_;  ///< The step of the load, until it is written.
+    QString loss_;
+    bool isLossTaken_ = false;
+};
+
+/// A step's number as the column 编号 has it: two digits, more from step 100 on.
+QString stepText(int number);
+
+/// Removes what a session that was ended by force has left in `tccx`.
+void emptyUndoSteps();

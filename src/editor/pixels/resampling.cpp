@@ -1,0 +1,121 @@
+#include "editor/pixels/resampling.h"
+
+#include "editor/pixels/row_blocks.h"
+
+#include <QtEndian>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <vector>
+
+namespace {
+
+constexpr int channels = 4;
+
+/// The weights of all source pixels of one target pixel add up to this, in each direction.
+constexpr int weightBits = 14;
+constexpr int wholeWeight = 1 << weightBits;
+
+/// Between the two directions a channel has 15 bits: as many as fit a signed 16-bit number.
+constexpr int rowShift = weightBits - 7;
+constexpr int columnShift = weightBits + 7;
+
+/// Which source pixels of one direction make a target pixel: those from `first` on, one for each weight.
+struct Taps {
+    int first;
+    int count;
+    const qint16* weights;
+};
+
+/// The taps of all target pixels of one direction.
+class Direction {
+  public:
+    Direction(int source, int target) {
+        for (int i = 0; i < target; ++i) {
+            starts_.push_back(weights_.size());
+            if (target < source)
+                average(source, target, i);
+            else
+                interpolate(source, target, i);
+        }
+        starts_.push_back(weights_.size());
+    }
+
+    Taps operator[](int i) const {
+        const size_t start = starts_[size_t(i)];
+        return {first_[size_t(i)], int(starts_[size_t(i) + 1] - start), weights_.data() + start};
+    }
+
+  private:
+    // Rounded at the borders between the pixels, not one by one, so that the weights add up exactly.
+    void average(int source, int target, int i) {
+        const double begin = double(i) * source / target;
+        const double end = double(i + 1) * source / target;
+        const int first = int(begin);
+        first_.push_back(first);
+        int before = 0;
+        for (int x = first; before < wholeWeight; ++x) {
+            const double part = (std::min(double(x) + 1, end) - begin) / (end - begin);
+            const int upToHere = x + 1 < source ? int(std::lround(part * wholeWeight)) : wholeWeight;
+            weights_.push_back(qint16(upToHere - before));
+            before = upToHere;
+        }
+    }
+
+    void interpolate(int source, int target, int i) {
+        const double middle = std::clamp((i + 0.5) * source / target - 0.5, 0.0, source - 1.0);
+        const int first = int(middle);
+        const int second = int(std::lround((middle - first) * wholeWeight));
+        first_.push_back(first);
+        weights_.push_back(qint16(wholeWeight - second));
+        if (second > 0) weights_.push_back(qint16(second));
+    }
+
+    std::vector<int> first_;
+    std::vector<size_t> starts_;
+    std::vector<qint16> weights_;
+};
+
+/// Mixes the source rows of one target row into `mixed`, one value of 15 bits for each channel. Factors of 16 bits: of
+/// these the compiler takes eight at a time.
+void mixRows(const ConstPixelRows& source, const Taps& taps, std::vector<int>& sums, std::vector<qint16>& mixed) {
+    std::fill(sums.begin(), sums.end(), 1 << (rowShift - 1));
+    for (int tap = 0; tap < taps.count; ++tap) {
+        const auto* row = reinterpret_cast<const uchar*>(source[taps.first + tap]);
+        const qint16 weight = taps.weights[tap];
+        for (size_t i = 0; i < sums.size(); ++i) sums[i] += qint16(row[i]) * weight;
+    }
+    for (size_t i = 0; i < sums.size(); ++i) mixed[i] = qint16(sums[i] >> rowShift);
+}
+
+/// Mixes neighbours of a row of `mixRows` to one target pixel.
+QRgb mixedColumns(const qint16* mixed, const Taps& taps) {
+    const qint16* from = mixed + taps.first * channels;
+    std::array<int, channels> sums;
+    sums.fill(1 << (columnShift - 1));
+    for (int tap = 0; tap < taps.count; ++tap, from += channels)
+        for (size_t channel = 0; channel < sums.size(); ++channel) sums[channel] += from[channel] * taps.weights[tap];
+    for (int& sum : sums) sum >>= columnShift;
+    return qFromLittleEndian(QRgb(sums[0] | sums[1] << 8 | sums[2] << 16 | sums[3] << 24));
+}
+
+}  // namespace
+
+QImage resampled(const QImage& picture, QSize target) {
+    QImage result = blankPicture(target);
+    const PixelRows resultRows(result);
+    const ConstPixelRows source(picture);
+    const Direction columns(picture.width(), target.width());
+    const Direction rows(picture.height(), target.height());
+
+    forRowBlocks(target, [&](int first, int end) {
+        std::vector<int> sums(size_t(picture.width()) * channels);
+        std::vector<qint16> mixed(sums.size());
+        for (int j = first; j < end; ++j) {
+            mixRows(source, rows[j], sums, mixed);
+            QRgb* row = resultRows[j];
+            for (int i = 0; i < target.width(); ++i) row[i] = mixedColumns(mixed.data(), columns[i]);
+        }
+    });
+    return result;
+}
