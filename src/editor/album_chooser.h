@@ -15,7 +15,7 @@ class AlbumChooser : public Chapter {
     Q_OBJECT
 
   public:
-    /// The grid `msgBm` stands in the chooser while that is open. `mayGo` is asked before the picture that is open
+    /// The grid `msgBm` is the chooser's while that is open. `mayGo` is asked before the picture that is open
     /// makes way.
     AlbumChooser(const Workplace& at, Grid* msgBm, std::function<bool()> mayGo);
 
@@ -32,7 +32,7 @@ class AlbumChooser : public Chapter {
     /// Goes to the record whose picture is in the editor, wherever stepping has led. Throws `Error` when it is not in
     /// the list any more.
     Recordset& recordOfPicture();
-    /// Lists the records anew after the picture in the editor was stored, and stands on its record again.
+    /// Lists the records anew after the picture in the editor was stored, and goes to its record again.
     void listAnew();
 
   Q_SIGNALS:

@@ -18,7 +18,7 @@ class ButtonPicture : public Chapter {
     Q_OBJECT
 
   public:
-    /// The grid `msgBm` stands in the dialog while that lists the selection buttons.
+    /// The grid `msgBm` is the dialog's while that lists the selection buttons.
     ButtonPicture(const Workplace& at, Grid* msgBm);
 
     bool isOpen() const { return !picAn_->isHidden(); }

@@ -75,7 +75,7 @@ void ChooserButtons::read(const QString& album) {
         codes_.push_back({rows.Fields(u"编号"_s).Value().textOr(), rows.Fields(u"名称"_s).Value().textOr()});
 }
 
-/// More buttons than the rows hold stand closer together.
+/// More buttons than the rows hold are placed closer together.
 void ChooserButtons::showButtons() {
     const int count = int(codes_.size());
     const int columns = std::max(buttonsPerRow, (count + buttonRows - 1) / buttonRows);

@@ -4,7 +4,7 @@
 
 #include <QLabel>
 
-/// Where the parts of the album chooser stand, in twips.
+/// The places of the album chooser's parts, in twips.
 namespace chooserPlaces {
 
 inline constexpr int rightColumn = 4215, rightWidth = 5070;

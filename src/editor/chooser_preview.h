@@ -21,7 +21,7 @@ class ChooserPreview : public QObject {
     /// The line about a record: without the room for all of it, parts of its texts are left out, its figures never.
     void tell(const QString& title, const QString& number, const QString& code, const QString& size);
 
-    ImageBox* imgCl_;
-    QLabel* lblCl_;
-    QLabel* lblSm_;
+    ImageBox* imgCl_;  ///< The picture.
+    QLabel* lblCl_;    ///< The line about the record.
+    QLabel* lblSm_;    ///< Why there is no picture.
 };

@@ -20,7 +20,7 @@ struct Command {
     QString key, item, caption, toolTip;
 };
 
-/// Buttons that stand together. Their items are in a menu of their own, or with no name for one in the menu bar.
+/// Buttons side by side. Their items are in a menu of their own; without a name for that, in the menu bar.
 struct Group {
     QString menu, caption;
     std::vector<Command> commands;

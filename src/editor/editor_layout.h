@@ -3,7 +3,7 @@
 #include <QRect>
 #include <QSize>
 
-/// Where everything stands in the editor for a picture of a given size. All lengths are twips.
+/// The places of everything in the editor for a picture of a given size. All lengths are twips.
 
 struct EditorLayoutInput {
     QSize picture;
@@ -25,7 +25,7 @@ struct EditorLayout {
 
     struct Bar {
         bool visible = false;
-        bool placed = false;  ///< `place` and `maximum` are told; otherwise the bar stays where it was.
+        bool placed = false;  ///< `place` and `maximum` are set; otherwise the bar stays where it was.
         QRect place;
         int maximum = 0;
         int largeStep = 0, smallStep = 0;

@@ -118,7 +118,7 @@ void EditorView::showWelcome() {
     pmsz();
 }
 
-/// The thumbnail stands alone, in a place of its own.
+/// The thumbnail is alone, in a place of its own.
 void EditorView::layOutThumbnail() {
     const QSize size = document_.size();
     hsc1_->hide();

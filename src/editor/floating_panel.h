@@ -2,7 +2,7 @@
 
 #include "platform/desktop/surface.h"
 
-/// The look of the panels that stand over the picture.
+/// The look of the panels over the picture.
 void dressAsPanel(Surface* surface);
 
 /// A small dialog over the picture, which the mouse drags by whatever does not answer to it.
@@ -10,7 +10,7 @@ class FloatingPanel : public Surface {
     Q_OBJECT
 
   public:
-    /// A dragged panel goes with its corner to where the pointer stands in the viewport.
+    /// A dragged panel goes with its corner to where the pointer is in the viewport.
     FloatingPanel(const QString& name, const QWidget* viewport, QWidget* form);
 
   Q_SIGNALS:

@@ -22,7 +22,7 @@ frmCl::frmCl(Windows& windows) : windows_(windows), document_(this) {
     load();
 }
 
-// The chapters stand on the form and go with it, before the document that they share.
+// The chapters belong to the form and go with it, before the document that they share.
 frmCl::~frmCl() {
     delete takeCentralWidget();
 }
@@ -155,7 +155,7 @@ bool frmCl::runKey(const QKeyEvent& event) {
     return true;
 }
 
-/// The key of the tool button that a key of the keyboard stands for.
+/// The key of the tool button that a key of the keyboard presses.
 QString frmCl::commandOf(const QKeyEvent& event) const {
     static const QHash<QKeyCombination, QString> anywhere{
         {Qt::CTRL | Qt::Key_O, u"wk"_s}, {Qt::CTRL | Qt::Key_S, u"bc"_s}, {Qt::CTRL | Qt::SHIFT | Qt::Key_S, u"lc"_s}};

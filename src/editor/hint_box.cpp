@@ -14,7 +14,7 @@ constexpr int hintFrame = 2;                     // pixels, on both sides
 constexpr int hintFont = 12, leastHintFont = 8;  // pixels
 }  // namespace
 
-/// Nothing but the frame may stand beside the half cells of 6 pixels.
+/// The half cells of 6 pixels leave no room for anything but the frame.
 void dressHint(TextBox* box) {
     box->setLocked(true);
     box->setFocusPolicy(Qt::NoFocus);

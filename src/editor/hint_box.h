@@ -7,7 +7,7 @@ class HintBox : public QObject {
     Q_OBJECT
 
   public:
-    /// `viewport` is where the box stands.
+    /// The box lies over the upper edge of `viewport`.
     HintBox(QWidget* form, const QWidget* viewport);
 
     QString text() const { return txtTs_->text(); }
@@ -51,5 +51,5 @@ class HintBox : public QObject {
 void dressHint(TextBox* box);
 
 /// Puts a text into such a box, and gives it the width of its half cells, at most so many twips. What does not fit is
-/// written smaller, and told by a tool tip where that is not enough.
+/// written smaller, and is whole in the tool tip where that is not enough.
 void setHint(TextBox* box, const QString& text, int mostWidth);

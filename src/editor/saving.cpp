@@ -54,7 +54,7 @@ QString Saving::store(const QImage& picture) {
     return u"文件名："_s + file->path;
 }
 
-/// The picture and what the record tells of it are stored together.
+/// The picture is stored together with its size and length: they cannot disagree.
 QString Saving::storeInAlbum(const QImage& picture) {
     Recordset& record = chooser_.recordOfPicture();
     const QByteArray jpeg = encodeJpeg(picture, jpegQuality);

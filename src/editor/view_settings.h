@@ -2,7 +2,7 @@
 
 #include "editor/chapter.h"
 
-/// The two settings of how the editor looks: tool bar and hint box. They stand in `tcsz` and outlive the session.
+/// The two settings of how the editor looks: tool bar and hint box. They are kept in `tcsz` and outlive the session.
 class ViewSettings : public Chapter {
     Q_OBJECT
 

@@ -25,7 +25,7 @@ int scrollOfDrag(int inView, int viewLength, int inPicture, int pictureLength);
 
 /// The readout: "L：… T：… W：… H：… W/H：1.333".
 QString selectionReadout(QPoint start, QSize size);
-/// Where the readout stands in the visible area; the pointer is given by its place there.
+/// The place of the readout in the visible area; the pointer is given by its place there.
 QPoint readoutPlace(QPoint pointer, int readoutWidth, QSize view);
 /// Whether a selection is large enough for a readout.
 bool readoutShows(QSize size);

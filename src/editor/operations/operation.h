@@ -39,7 +39,7 @@ struct Operation {
     struct Outcome {
         QSize size;
         QPoint origin;  ///< Where a flip reads its source afterwards.
-        QString tag;    ///< The words that tell of it.
+        QString tag;    ///< The words that name it in the caption.
         std::function<QImage(const Progress&)> paint;
     };
 

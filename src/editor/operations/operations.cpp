@@ -1,6 +1,6 @@
 #include "editor/operations/operation.h"
 
-// Each stands in a file of its own.
+// Each has a file of its own.
 const Operation& scaling();
 const Operation& cropping();
 const Operation& rotating();
