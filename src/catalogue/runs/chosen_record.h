@@ -2,7 +2,7 @@
 
 #include "platform/database/records/database.h"
 
-/// The record that a line of the list stands for.
+/// The record that a line of the list means.
 struct ChosenRecord {
     QString table;
     QString number;

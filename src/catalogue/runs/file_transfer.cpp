@@ -116,7 +116,7 @@ class FileTransfer {
     RunReport report_;
 };
 
-/// The file stands; what is left to do may fail without a loss.
+/// The file has its name; what is left to do may fail without a loss.
 SentPicture finishFile(Recordset& record, const FileTarget& target, bool move) {
     try {
         syncFolderToDisk(target.folder);

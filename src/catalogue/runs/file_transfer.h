@@ -4,7 +4,7 @@
 #include "catalogue/runs/run_report.h"
 #include "catalogue/runs/run_watch.h"
 
-/// The taking of chosen records out of an album into files of a folder. A record is told by its 序号. None is deleted
+/// The taking of chosen records out of an album into files of a folder. A record is named by its 序号. None is deleted
 /// before its picture is safe in its file, on the disk.
 
 /// Where a single picture is to go.

@@ -36,7 +36,7 @@ bool holdsPicture(QFile& file, const Field& picture) {
     return !isEmpty && file.error() == QFileDevice::NoError;
 }
 
-/// Whether the picture stands there already, under its own name and on the disk.
+/// Whether the picture is there already, under its own name and on the disk.
 bool standsThere(const QString& name, const Field& picture) {
     const QFileInfo there(name);
     if (!there.isFile() || there.isSymLink()) return false;
@@ -81,7 +81,7 @@ Exported PictureGroup::write(Recordset& recordset, QString& name) {
         copyBytes(picture, size, *file);
         files_.emplace(name, std::move(file));
     } catch (const Error& failure) {
-        // What keeps one file from being written is told once for all of them.
+        // What keeps one file from being written is said once for all of them.
         throw Error(QString(failure.text()).replace(QDir::toNativeSeparators(name), QDir::toNativeSeparators(folder_)));
     }
     bytes_ += size;

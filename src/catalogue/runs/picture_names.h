@@ -4,9 +4,9 @@
 
 #include <QString>
 
-/// Names of picture files: the 序号 that a name stands for, and the names under which pictures leave an album.
+/// Names of picture files: the 序号 that a name means, and the names under which pictures leave an album.
 
-/// Whether the name of a file stands for a 序号: it begins with a number that reads the same with and without its
+/// Whether the name of a file means a 序号: it begins with a number that reads the same with and without its
 /// commas, so that "1,234.jpg" is taken neither for 1 nor for 1234.
 bool standsForNumber(const QString& name);
 
@@ -21,7 +21,7 @@ QString defaultPictureName(const FieldValue& code, int number);
 /// A name as the box for it completes it: it always ends in ".jpg". An empty one stays empty.
 QString completedPictureName(const QString& name);
 
-/// Why a complete name stands for no file in the chosen folder; empty when it does.
+/// Why a complete name can be no file in the chosen folder; empty when it does.
 QString objectionToFileName(const QString& name);
 
 /// `name` with ".jpg" at its end, unless its last four characters are that.

@@ -13,7 +13,7 @@ struct SourceRecord {
     bool operator==(const SourceRecord&) const = default;
 };
 
-/// The records with these keys. A key that comes again stands for the next record that has it.
+/// The records with these keys. A key that comes again means the next record that has it.
 QList<SourceRecord> recordsOfKeys(const QStringList& keys);
 
 /// What is to be copied, and how.

@@ -4,7 +4,7 @@
 #include "catalogue/runs/run_report.h"
 #include "catalogue/runs/run_watch.h"
 
-/// The taking of chosen records out of an album into a table of a catalogue. A record is told by its 序号.
+/// The taking of chosen records out of an album into a table of a catalogue. A record is named by its 序号.
 
 /// Where records are to go. The pairs serve the other way round than at the intake: `target` names the column that is
 /// read and `source` the one that is written. The first pair, that of 序号, is left out.

@@ -126,7 +126,7 @@ void answerBoxesWith(std::function<bool(const BoxText&)> function) {
         answer() = {};
         return;
     }
-    answer() = [function](const BoxText& box) { return function(box) ? 0 : box.onEscape; };
+    answer() = [function = std::move(function)](const BoxText& box) { return function(box) ? 0 : box.onEscape; };
 }
 
 void chooseInBoxesWith(std::function<int(const BoxText&)> function) {
