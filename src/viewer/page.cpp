@@ -41,9 +41,10 @@ Page::Page(Selection& selection, QWidget* form) : selection_(selection), picture
     setCellCount(1);
 }
 
-void Page::layOut(const Box& area) {
+void Page::layOut(const Box& area, bool isLowWindow) {
     placeAt(pic1, area);
-    areaWidth_ = area.width;
+    area_ = {area.width, area.height};
+    isLowWindow_ = isLowWindow;
 }
 
 void Page::setColumns(int columns) {
@@ -170,7 +171,7 @@ void Page::drawCells() {
 QSize Page::fitted(const QString& sizeText, QSize& pixels) const {
     const auto size = sizeFromSpec(sizeText);
     if (size && !size->isEmpty()) pixels = *size;
-    return fittedSize(pixels, grid().cellWidth, grid().cellHeight, picturesPerPage_ == 1 && originalSize_);
+    return fittedSize(pixels, grid().room(), picturesPerPage_ == 1 && originalSize_);
 }
 
 void Page::drawCell(int index, QSize& pixels) {
@@ -216,7 +217,6 @@ CellPictures::Requests Page::upcoming() {
     return requests;
 }
 
-/// Room for the whole page, of which a low window shows the upper rows alone.
 void Page::keepRoom() {
     const int columns = grid().columns;
     const QRect whole = rectFromTwips(0, 0, columns * grid().cellWidth, columns * grid().cellHeight);

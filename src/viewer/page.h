@@ -23,7 +23,7 @@ class Page : public QObject {
 
     Selection& selection() const { return selection_; }
     QWidget* window() const { return pic1->window(); }
-    void layOut(const Box& area);
+    void layOut(const Box& area, bool isLowWindow);
     void setGround(const QColor& ground);
 
     /// Draws the page. A picture that cannot be read leaves its cell empty.
@@ -87,7 +87,7 @@ class Page : public QObject {
     void addCell();
     void setCellCount(int count);
     bool has(int cell) const { return cell >= 0 && cell < cellCount(); }
-    CellGrid grid() const { return cellGrid(areaWidth_, picturesPerPage_); }
+    CellGrid grid() const { return cellGrid(area_, isLowWindow_, picturesPerPage_); }
     bool hasCaptions() const { return captions_ && grid().columns <= mostColumnsWithCaptions; }
     QSize fitted(const QString& sizeText, QSize& pixels) const;
     void goToFirstPicture();
@@ -103,7 +103,8 @@ class Page : public QObject {
     Selection& selection_;
     Surface* pic1;  ///< Ground of the page.
     std::unique_ptr<WheelScroll> scroll_;
-    int areaWidth_ = 0;  ///< Twips.
+    QSize area_{0, 0};  ///< Twips.
+    bool isLowWindow_ = false;
     int picturesPerPage_ = 1;
     int firstIndex_ = 0;
     bool originalSize_ = false;
