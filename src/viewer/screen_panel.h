@@ -54,9 +54,12 @@ class ScreenPanel : public QObject {
 
   private:
     void placePicture(QSize size);
+    void hang(const Picture& picture);
+    void fillPanel();
+    QSize panelTarget() const { return ImageBox::targetSize(pic0, pic0->size()); }  ///< In device pixels.
     void placeStrip();
     void fitStartPicture();
-    void showStartPicture(const Picture& picture);
+    void hangStartPicture(const Picture& picture);
     void offerPaging(bool on);
 
     ToolStrip& strip_;
@@ -66,7 +69,8 @@ class ScreenPanel : public QObject {
     Caption* txtB0;   ///< Data of the picture in view.
     QLabel* lblWz;    ///< Words in place of the picture in view.
     bool isViewing_ = false;
+    Picture hanging_;  ///< Cover or curtain, whole. Where the panel has another shape, `img0` shows its middle.
     std::future<Picture> firstPicture_;  ///< The picture with which the window comes up, while it is being decoded.
-    qint64 startPicture_ = 0;            ///< Its cache key when it is shown.
+    qint64 startPicture_ = 0;            ///< Its cache key when it is hanging.
     std::unique_ptr<WheelScroll> scroll_;
 };
