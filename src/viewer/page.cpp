@@ -37,7 +37,6 @@ Page::Page(Selection& selection, QWidget* form) : selection_(selection), picture
     pic1->lower();  // under the screen panel
     connect(pic1, &Surface::mousePressed, this, &Page::mousePressed);
     connect(pic1, &Surface::mouseMoved, this, &Page::mouseMoved);
-    scroll_ = std::make_unique<WheelScroll>(pic1);
     setCellCount(1);
 }
 
@@ -145,7 +144,6 @@ void Page::xstp() {
     // A hidden control passes its focus on, perhaps to a box that keys would then write into.
     if (focused >= 0) pic1->parentWidget()->setFocus();
     setCellCount(cells);
-    scroll_->reset();
     goToFirstPicture();
     table_ = mekTp::currentTable;
     drawCells();

@@ -6,10 +6,8 @@
 #include "viewer/cell_pictures.h"
 #include "viewer/page_layout.h"
 #include "viewer/selection.h"
-#include "viewer/wheel_scroll.h"
 
 #include <deque>
-#include <memory>
 #include <optional>
 #include <vector>
 
@@ -61,8 +59,6 @@ class Page : public QObject {
     /// Lets the caption over a cell's picture come and go, as clicks on both do.
     void toggleCaption(int cell);
 
-    void scrollBy(int pixels) { scroll_->scrollBy(pixels); }
-
   Q_SIGNALS:
     void drawing(bool isSeveral);  ///< A draw begins, of one picture or of several.
     void progressed(int percent);  ///< Of several pictures.
@@ -101,8 +97,7 @@ class Page : public QObject {
     void showCaption(int index);
 
     Selection& selection_;
-    Surface* pic1;  ///< Ground of the page.
-    std::unique_ptr<WheelScroll> scroll_;
+    Surface* pic1;      ///< Ground of the page.
     QSize area_{0, 0};  ///< Twips.
     bool isLowWindow_ = false;
     int picturesPerPage_ = 1;

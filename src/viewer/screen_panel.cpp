@@ -43,7 +43,6 @@ ScreenPanel::ScreenPanel(ToolStrip& strip, QWidget* form) : strip_(strip) {
         Q_EMIT mousePressed();
     });
     connect(txtB0, &Caption::clicked, txtB0, &QWidget::hide);
-    scroll_ = std::make_unique<WheelScroll>(pic0);
     // Another thread decodes it while this one makes the window.
     attempt(
         [&] { firstPicture_ = std::async(std::launch::async, [] { return LoadPicture(startPicture, usualSize); }); });
@@ -82,7 +81,6 @@ void ScreenPanel::hangStartPicture(const Picture& picture) {
 
 void ScreenPanel::placePicture(QSize size) {
     place(img0, 0, 0, size.width(), size.height());
-    scroll_->reset();
 }
 
 void ScreenPanel::cover() {

@@ -5,11 +5,9 @@
 #include "viewer/caption.h"
 #include "viewer/page_layout.h"
 #include "viewer/tool_strip.h"
-#include "viewer/wheel_scroll.h"
 
 #include <QLabel>
 #include <future>
-#include <memory>
 
 /// The screen panel over the page: cover of a closed album, curtain while a page is drawn, and ground of a picture that
 /// is viewed alone. While one is viewed the paging keys of the tool bar are off.
@@ -45,8 +43,6 @@ class ScreenPanel : public QObject {
     /// Paints the curtain now, before the page behind it is drawn.
     void repaintCurtain();
 
-    void scrollBy(int pixels) { scroll_->scrollBy(pixels); }
-
   Q_SIGNALS:
     void clicked();
     void mousePressed();
@@ -72,5 +68,4 @@ class ScreenPanel : public QObject {
     Picture hanging_;  ///< Cover or curtain, whole. Where the panel has another shape, `img0` shows its middle.
     std::future<Picture> firstPicture_;  ///< The picture with which the window comes up, while it is being decoded.
     qint64 startPicture_ = 0;            ///< Its cache key when it is hanging.
-    std::unique_ptr<WheelScroll> scroll_;
 };
