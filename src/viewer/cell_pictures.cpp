@@ -2,6 +2,7 @@
 
 #include "platform/base/error.h"
 #include "platform/picture/preview.h"
+#include "viewer/middle.h"
 
 #include <algorithm>
 #include <utility>
@@ -28,11 +29,10 @@ constexpr double mostOff = 1.35;
 
 /// The middle of a preview, cut to the shape of its cell; null where the preview has another shape.
 Picture inShapeOf(QSize place, const Picture& preview) {
-    const QSize size = preview.image().size();
-    const QSize part = place.scaled(size, Qt::KeepAspectRatio);
-    if (part.isEmpty() || size.width() > part.width() * mostOff || size.height() > part.height() * mostOff) return {};
-    return {preview.image().copy(QRect({(size.width() - part.width()) / 2, (size.height() - part.height()) / 2}, part)),
-            preview.pixels()};
+    const Picture middle = middleFor(place, preview);
+    const QSize size = preview.image().size(), part = middle.image().size();
+    if (size.width() > part.width() * mostOff || size.height() > part.height() * mostOff) return {};
+    return middle;
 }
 
 }  // namespace

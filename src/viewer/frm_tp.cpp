@@ -159,7 +159,7 @@ void frmTp::resizeForm() {
     status_->setMessageWidth(layout.messagePanelWidth);
     strip_->layOut(width, smallScreen_);
     buttons_->layOut(layout);
-    page_->layOut(layout.page);
+    page_->layOut(layout.page, isLowWindow(width, height));
     const bool wasViewing = screen_->isViewing();
     screen_->layOut(layout.page);
 

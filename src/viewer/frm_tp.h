@@ -76,7 +76,6 @@ class frmTp : public QMainWindow {
     bool isInDialog(const QWidget* control) const;
     SmallDialog* openDialog() const;  ///< Nothing while none is open.
     std::array<SmallDialog*, 2> dialogs() const { return {picRq, picYc}; }
-    void scrollBy(int pixels);
     void escape();
     bool pageByKey(int key);
     bool workByKey(int key);

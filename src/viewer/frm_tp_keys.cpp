@@ -14,7 +14,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int scrollStep = 60;
 constexpr int mostColumns = 6;
 
 /// As combo boxes do.
@@ -38,18 +37,9 @@ void frmTp::keyPressEvent(QKeyEvent* event) {
         escape();
     else if (opensList(*event) && strip_->listFor(focusWidget()))
         lstLs->takeKeys();
-    else if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
-        scrollBy(event->key() == Qt::Key_Up ? -scrollStep : scrollStep);
     else if (qobject_cast<QLineEdit*>(focusWidget()) != nullptr ||
              !(pageByKey(event->key()) || (!event->isAutoRepeat() && workByKey(event->key()))))
         QMainWindow::keyPressEvent(event);
-}
-
-void frmTp::scrollBy(int pixels) {
-    if (screen_->isCovering())
-        screen_->scrollBy(pixels);
-    else
-        page_->scrollBy(pixels);
 }
 
 void frmTp::escape() {

@@ -37,13 +37,13 @@ Page::Page(Selection& selection, QWidget* form) : selection_(selection), picture
     pic1->lower();  // under the screen panel
     connect(pic1, &Surface::mousePressed, this, &Page::mousePressed);
     connect(pic1, &Surface::mouseMoved, this, &Page::mouseMoved);
-    scroll_ = std::make_unique<WheelScroll>(pic1);
     setCellCount(1);
 }
 
-void Page::layOut(const Box& area) {
+void Page::layOut(const Box& area, bool isLowWindow) {
     placeAt(pic1, area);
-    areaWidth_ = area.width;
+    area_ = {area.width, area.height};
+    isLowWindow_ = isLowWindow;
 }
 
 void Page::setColumns(int columns) {
@@ -144,7 +144,6 @@ void Page::xstp() {
     // A hidden control passes its focus on, perhaps to a box that keys would then write into.
     if (focused >= 0) pic1->parentWidget()->setFocus();
     setCellCount(cells);
-    scroll_->reset();
     goToFirstPicture();
     table_ = mekTp::currentTable;
     drawCells();
@@ -170,7 +169,7 @@ void Page::drawCells() {
 QSize Page::fitted(const QString& sizeText, QSize& pixels) const {
     const auto size = sizeFromSpec(sizeText);
     if (size && !size->isEmpty()) pixels = *size;
-    return fittedSize(pixels, grid().cellWidth, grid().cellHeight, picturesPerPage_ == 1 && originalSize_);
+    return fittedSize(pixels, grid().room(), picturesPerPage_ == 1 && originalSize_);
 }
 
 void Page::drawCell(int index, QSize& pixels) {
@@ -216,7 +215,6 @@ CellPictures::Requests Page::upcoming() {
     return requests;
 }
 
-/// Room for the whole page, of which a low window shows the upper rows alone.
 void Page::keepRoom() {
     const int columns = grid().columns;
     const QRect whole = rectFromTwips(0, 0, columns * grid().cellWidth, columns * grid().cellHeight);

@@ -6,10 +6,8 @@
 #include "viewer/cell_pictures.h"
 #include "viewer/page_layout.h"
 #include "viewer/selection.h"
-#include "viewer/wheel_scroll.h"
 
 #include <deque>
-#include <memory>
 #include <optional>
 #include <vector>
 
@@ -23,7 +21,7 @@ class Page : public QObject {
 
     Selection& selection() const { return selection_; }
     QWidget* window() const { return pic1->window(); }
-    void layOut(const Box& area);
+    void layOut(const Box& area, bool isLowWindow);
     void setGround(const QColor& ground);
 
     /// Draws the page. A picture that cannot be read leaves its cell empty.
@@ -61,8 +59,6 @@ class Page : public QObject {
     /// Lets the caption over a cell's picture come and go, as clicks on both do.
     void toggleCaption(int cell);
 
-    void scrollBy(int pixels) { scroll_->scrollBy(pixels); }
-
   Q_SIGNALS:
     void drawing(bool isSeveral);  ///< A draw begins, of one picture or of several.
     void progressed(int percent);  ///< Of several pictures.
@@ -87,7 +83,7 @@ class Page : public QObject {
     void addCell();
     void setCellCount(int count);
     bool has(int cell) const { return cell >= 0 && cell < cellCount(); }
-    CellGrid grid() const { return cellGrid(areaWidth_, picturesPerPage_); }
+    CellGrid grid() const { return cellGrid(area_, isLowWindow_, picturesPerPage_); }
     bool hasCaptions() const { return captions_ && grid().columns <= mostColumnsWithCaptions; }
     QSize fitted(const QString& sizeText, QSize& pixels) const;
     void goToFirstPicture();
@@ -101,9 +97,9 @@ class Page : public QObject {
     void showCaption(int index);
 
     Selection& selection_;
-    Surface* pic1;  ///< Ground of the page.
-    std::unique_ptr<WheelScroll> scroll_;
-    int areaWidth_ = 0;  ///< Twips.
+    Surface* pic1;      ///< Ground of the page.
+    QSize area_{0, 0};  ///< Twips.
+    bool isLowWindow_ = false;
     int picturesPerPage_ = 1;
     int firstIndex_ = 0;
     bool originalSize_ = false;

@@ -10,9 +10,12 @@ namespace {
 constexpr int gapAcross = 80;
 constexpr int gapDown = 60;
 constexpr int captionGapAcross = 100;
+constexpr int marginsDown = 110;  // above and below the rows, with their frames
+constexpr int pageMarginsAcross = 2160;
+constexpr int viewMarginsAcross = 2130;
+constexpr int viewMarginsDown = 1600;
 constexpr int smallCell = 6000;
 constexpr int mostColumns = 6;
-constexpr double wideRatio = 1.33;
 constexpr double farthestIndex = 1e9;
 
 int columnOf(const CellGrid& grid, int cell) {
@@ -22,35 +25,65 @@ int columnOf(const CellGrid& grid, int cell) {
 int rowTop(const CellGrid& grid, int cell) {
     return cell / grid.columns * (grid.cellHeight + gapDown);
 }
+
+/// Distance of a picture from the upper left of its cell.
+QPoint offsetIn(const CellGrid& grid, QSize fitted) {
+    if (!grid.isLow) return {};
+    return {(grid.cellWidth - fitted.width()) / 2, (grid.cellHeight - fitted.height()) / 2};
+}
 }  // namespace
 
-CellGrid cellGrid(int pageAreaWidth, int picturesPerPage) {
-    const int columns = std::max(1, roundHalfEven(std::sqrt(picturesPerPage)));
-    const int width = roundHalfEven(double(pageAreaWidth - 130 - gapAcross * (columns - 1)) / columns);
-    return {columns, width, roundHalfEven(width * 0.75)};
+bool isLowWindow(int width, int height) {
+    return height * 4 < width * 3;
 }
 
-QSize fittedSize(QSize pixels, int maxWidth, int maxHeight, bool originalSize) {
+Room CellGrid::room() const {
+    if (!isLow) return {cellWidth, cellHeight};
+    return {cellWidth, cellHeight, double(cellWidth) / cellHeight};
+}
+
+CellGrid cellGrid(QSize pageArea, bool isLow, int picturesPerPage) {
+    const int columns = std::max(1, roundHalfEven(std::sqrt(picturesPerPage)));
+    const int width = roundHalfEven(double(pageArea.width() - 130 - gapAcross * (columns - 1)) / columns);
+    const int height = roundHalfEven(width * 0.75);
+    if (!isLow) return {columns, width, height};
+    const int share = (pageArea.height() - marginsDown - gapDown * (columns - 1)) / columns;
+    return {columns, width, std::max(twipsPerPixel, std::min(height, share)), true};
+}
+
+Room viewRoom(int windowWidth, int windowHeight) {
+    const int height = std::max(twipsPerPixel, windowHeight - viewMarginsDown);
+    const int width = windowWidth - viewMarginsAcross;
+    if (!isLowWindow(windowWidth, windowHeight))
+        // In a high window a square picture of the full height would be too wide.
+        return {width, height, std::min(Room{}.wideRatio, double(width) / height)};
+    // The page is a little narrower than the room in other windows.
+    const int pageWidth = windowWidth - pageMarginsAcross;
+    return {pageWidth, height, double(pageWidth) / height};
+}
+
+QSize fittedSize(QSize pixels, const Room& room, bool originalSize) {
     const int width = pixels.width() * twipsPerPixel;
     const int height = pixels.height() * twipsPerPixel;
     const float ratio = float(width) / float(height);
     // Of the thinnest pictures a line is seen.
-    if (double(ratio) >= wideRatio) {
-        const int fitted = originalSize ? std::min(width, maxWidth) : maxWidth;
+    if (double(ratio) >= room.wideRatio) {
+        const int fitted = originalSize ? std::min(width, room.width) : room.width;
         return {fitted, std::max(twipsPerPixel, roundHalfEven(double(float(fitted) / ratio)))};
     }
-    const int fitted = originalSize ? std::min(height, maxHeight) : maxHeight;
+    const int fitted = originalSize ? std::min(height, room.height) : room.height;
     return {std::max(twipsPerPixel, roundHalfEven(double(float(fitted) * ratio))), fitted};
 }
 
 Box pictureBox(const CellGrid& grid, int cell, QSize fitted) {
-    return {60 + columnOf(grid, cell) * (grid.cellWidth + gapAcross), 80 + rowTop(grid, cell), fitted.width(),
-            fitted.height()};
+    const QPoint offset = offsetIn(grid, fitted);
+    return {60 + columnOf(grid, cell) * (grid.cellWidth + gapAcross) + offset.x(), 80 + rowTop(grid, cell) + offset.y(),
+            fitted.width(), fitted.height()};
 }
 
 Box frameBox(const CellGrid& grid, int cell, QSize fitted) {
-    return {40 + columnOf(grid, cell) * (grid.cellWidth + gapAcross), 50 + rowTop(grid, cell), fitted.width() + 60,
-            fitted.height() + 60};
+    const Box picture = pictureBox(grid, cell, fitted);
+    return {picture.left - 20, picture.top - 30, picture.width + 60, picture.height + 60};
 }
 
 Box captionBox(const CellGrid& grid, int cell) {

@@ -10,15 +10,30 @@ struct Box {
     bool operator==(const Box& other) const = default;
 };
 
-/// The square grid of a page. Cells are 4 by 3 whatever the height of the window.
+/// Whether a window is lower than 4 by 3: then its height bounds pictures, too.
+bool isLowWindow(int width, int height);
+
+/// Room for a picture. Wide pictures, from that ratio of width and height on, fill its width, others its height.
+struct Room {
+    int width, height;
+    double wideRatio = 1.33;
+};
+
+/// Size in twips of a picture of that many pixels. With `originalSize` a smaller picture is not enlarged.
+QSize fittedSize(QSize pixels, const Room& room, bool originalSize);
+
+/// Room of a picture that is viewed alone in a window of that size.
+Room viewRoom(int windowWidth, int windowHeight);
+
+/// The square grid of a page. Cells are 4 by 3. In a low window they are lower where the page would not fit, and
+/// pictures are in the middle of their cells instead of at the upper left.
 struct CellGrid {
     int columns, cellWidth, cellHeight;
-};
-CellGrid cellGrid(int pageAreaWidth, int picturesPerPage);
+    bool isLow = false;
 
-/// Size in twips of a picture of that many pixels in a box: wide pictures (1.33 and above) fill its width, others its
-/// height. With `originalSize` a smaller picture is not enlarged.
-QSize fittedSize(QSize pixels, int maxWidth, int maxHeight, bool originalSize);
+    Room room() const;
+};
+CellGrid cellGrid(QSize pageArea, bool isLow, int picturesPerPage);
 
 Box pictureBox(const CellGrid& grid, int cell, QSize fitted);
 Box frameBox(const CellGrid& grid, int cell, QSize fitted);

@@ -40,7 +40,7 @@ void PictureView::show() {
     }
 
     const QWidget* window = page_.window();
-    const QSize fitted = fittedSize(*pixels, widthOf(window) - 2130, heightOf(window) - 1600, page_.isOriginalSize());
+    const QSize fitted = fittedSize(*pixels, viewRoom(widthOf(window), heightOf(window)), page_.isOriginalSize());
     screen_.beginView(fitted, data_);
     if (hasPicture)
         load(record, name);

@@ -5,6 +5,7 @@
 #include "platform/base/error.h"
 #include "platform/desktop/placing.h"
 #include "viewer/ground.h"
+#include "viewer/middle.h"
 #include "viewer/settings_row.h"
 
 #include <QRandomGenerator>
@@ -42,7 +43,6 @@ ScreenPanel::ScreenPanel(ToolStrip& strip, QWidget* form) : strip_(strip) {
         Q_EMIT mousePressed();
     });
     connect(txtB0, &Caption::clicked, txtB0, &QWidget::hide);
-    scroll_ = std::make_unique<WheelScroll>(pic0);
     // Another thread decodes it while this one makes the window.
     attempt(
         [&] { firstPicture_ = std::async(std::launch::async, [] { return LoadPicture(startPicture, usualSize); }); });
@@ -50,29 +50,37 @@ ScreenPanel::ScreenPanel(ToolStrip& strip, QWidget* form) : strip_(strip) {
 
 void ScreenPanel::layOut(const Box& page) {
     place(pic0, page.left, page.top, page.width, page.height);
-    placePicture({page.width, page.height});
     fitStartPicture();
+    if (!isViewing_) fillPanel();
+}
+
+void ScreenPanel::hang(const Picture& picture) {
+    hanging_ = picture;
+    fillPanel();
+}
+
+void ScreenPanel::fillPanel() {
+    placePicture({widthOf(pic0), heightOf(pic0)});
+    img0->setPicture(middleFor(img0->size(), hanging_));
 }
 
 // Decoded at the size of the panel: at full size the start would take several times as long.
 void ScreenPanel::fitStartPicture() {
-    if (firstPicture_.valid() && img0->picture().isNull()) attempt([&] { showStartPicture(firstPicture_.get()); });
-    const Picture& shown = img0->picture();
-    if (!shown.isNull() && shown.image().cacheKey() != startPicture_) return;
-    const QSize size = img0->targetSize();
-    const bool isWhole = !shown.isNull() && shown.image().size() == shown.pixels();
-    if (isWhole || size.boundedTo(shown.image().size()) == size) return;
-    attempt([&] { showStartPicture(LoadPicture(startPicture, size)); });
+    if (firstPicture_.valid() && hanging_.isNull()) attempt([&] { hangStartPicture(firstPicture_.get()); });
+    if (!hanging_.isNull() && hanging_.image().cacheKey() != startPicture_) return;
+    const QSize size = panelTarget();
+    const bool isWhole = !hanging_.isNull() && hanging_.image().size() == hanging_.pixels();
+    if (isWhole || size.boundedTo(hanging_.image().size()) == size) return;
+    attempt([&] { hangStartPicture(LoadPicture(startPicture, size)); });
 }
 
-void ScreenPanel::showStartPicture(const Picture& picture) {
-    img0->setPicture(picture);
+void ScreenPanel::hangStartPicture(const Picture& picture) {
+    hanging_ = picture;
     startPicture_ = picture.image().cacheKey();
 }
 
 void ScreenPanel::placePicture(QSize size) {
     place(img0, 0, 0, size.width(), size.height());
-    scroll_->reset();
 }
 
 void ScreenPanel::cover() {
@@ -126,14 +134,14 @@ void ScreenPanel::endView() {
     strip_.offer(u"yd"_s, true);
     txtB0->hide();
     lblWz->hide();
-    placePicture({widthOf(pic0), heightOf(pic0)});  // the panel is a curtain again
+    fillPanel();  // it is a curtain again
 }
 
 void ScreenPanel::drawCurtain() {
     const bool hangs = isCovering() && !isViewing();
     if (isViewing()) endView();
     if (!hangs) {
-        img0->setPicture({});  // it may have been viewed
+        hang({});
         attempt([&] { changeCurtain(); });
     }
     cover();
@@ -149,11 +157,11 @@ void ScreenPanel::setGround(const QColor& ground) {
 
 void ScreenPanel::loadCover() {
     Recordset settings = settingsRow();
-    readPictureField(settings, u"封面"_s, *img0);
+    if (const auto cover = pictureFromField(settings, u"封面"_s, panelTarget())) hang(*cover);
 }
 
 void ScreenPanel::changeCurtain() {
     const int number = QRandomGenerator::global()->bounded(curtains) + curtainsBefore;
     Recordset picture = mekTp::catalogue.OpenRecordset(u"SELECT * FROM pmtp WHERE 序号 = "_s + QString::number(number));
-    attempt([&] { readPictureField(picture, u"图片"_s, *img0); });
+    if (const auto curtain = pictureFromField(picture, u"图片"_s, panelTarget())) hang(*curtain);
 }

@@ -5,11 +5,9 @@
 #include "viewer/caption.h"
 #include "viewer/page_layout.h"
 #include "viewer/tool_strip.h"
-#include "viewer/wheel_scroll.h"
 
 #include <QLabel>
 #include <future>
-#include <memory>
 
 /// The screen panel over the page: cover of a closed album, curtain while a page is drawn, and ground of a picture that
 /// is viewed alone. While one is viewed the paging keys of the tool bar are off.
@@ -45,8 +43,6 @@ class ScreenPanel : public QObject {
     /// Paints the curtain now, before the page behind it is drawn.
     void repaintCurtain();
 
-    void scrollBy(int pixels) { scroll_->scrollBy(pixels); }
-
   Q_SIGNALS:
     void clicked();
     void mousePressed();
@@ -54,9 +50,12 @@ class ScreenPanel : public QObject {
 
   private:
     void placePicture(QSize size);
+    void hang(const Picture& picture);
+    void fillPanel();
+    QSize panelTarget() const { return ImageBox::targetSize(pic0, pic0->size()); }  ///< In device pixels.
     void placeStrip();
     void fitStartPicture();
-    void showStartPicture(const Picture& picture);
+    void hangStartPicture(const Picture& picture);
     void offerPaging(bool on);
 
     ToolStrip& strip_;
@@ -66,7 +65,7 @@ class ScreenPanel : public QObject {
     Caption* txtB0;   ///< Data of the picture in view.
     QLabel* lblWz;    ///< Words in place of the picture in view.
     bool isViewing_ = false;
+    Picture hanging_;  ///< Cover or curtain, whole. Where the panel has another shape, `img0` shows its middle.
     std::future<Picture> firstPicture_;  ///< The picture with which the window comes up, while it is being decoded.
-    qint64 startPicture_ = 0;            ///< Its cache key when it is shown.
-    std::unique_ptr<WheelScroll> scroll_;
+    qint64 startPicture_ = 0;            ///< Its cache key when it is hanging.
 };

@@ -121,6 +121,45 @@ class TestAlbums : public QObject {
         }
     }
 
+    // Whatever the shape of the window, a square in a cover or curtain is a square, and the panel is full.
+    void coversAreNotDistorted() {
+        QImage image(400, 300, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        for (int x = 150; x < 250; ++x)
+            for (int y = 100; y < 200; ++y) image.setPixel(x, y, qRgb(0, 0, 0));
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        QVERIFY(image.save(&buffer, "BMP"));
+        const ViewerWindow viewer([&] {
+            changeRow(u"tcsz"_s, {{u"封面"_s, bytes}});
+            for (int number = 7; number <= 12; ++number)
+                changeRow(u"SELECT * FROM pmtp WHERE 序号 = %1"_s.arg(number), {{u"图片"_s, bytes}});
+        });
+        viewer.window->setMinimumSize(0, 0);
+        const auto verifySquare = [&] {
+            for (const QSize size : {QSize(1920, 1080), {600, 900}, {960, 720}}) {
+                viewer.window->resize(size);
+                QVERIFY(viewer.shows(u"img0"_s));
+                const QImage seen = viewer.find(u"img0"_s)->grab().toImage();
+                QCOMPARE(seen.size(), viewer.find(u"pic0"_s)->size());
+                const auto isBlack = [&](int x, int y) { return qGray(seen.pixel(x, y)) < 128; };
+                int width = 0, height = 0;
+                for (int x = 0; x < seen.width(); ++x) width += isBlack(x, seen.height() / 2) ? 1 : 0;
+                for (int y = 0; y < seen.height(); ++y) height += isBlack(seen.width() / 2, y) ? 1 : 0;
+                QVERIFY2(width > 100 && qAbs(width - height) < 8, qPrintable(u"%1 x %2"_s.arg(width).arg(height)));
+                for (const QPoint corner : {seen.rect().topLeft(), seen.rect().bottomRight()})
+                    QCOMPARE(seen.pixelColor(corner), QColor(Qt::white));
+            }
+        };
+        viewer.openAlbum(1);
+        viewer.press(u"dk"_s);  // the cover
+        verifySquare();
+        viewer.openAlbum(1);
+        viewer.click(u"img0"_s);
+        viewer.openAlbum(0);  // a curtain
+        verifySquare();
+    }
+
     void aClickOnTheCoverDrawsThePage() {
         const ViewerWindow viewer;
         viewer.openAlbum(1);

@@ -141,7 +141,7 @@ class TestPaging : public QObject {
     void cellsStandWhereTheyShould() {
         const OpenPage viewer(2);
         const int before = viewer.find(u"imgXs(0)"_s)->width();
-        viewer.window->resize(1100, 800);
+        viewer.window->resize(1100, 825);
         QVERIFY(viewer.find(u"imgXs(0)"_s)->width() > before);
         QVERIFY(!viewer.shows(u"pic0"_s));
         QCOMPARE(viewer.find(u"imgXs(1)"_s)->geometry(), rectFromTwips(7205, 80, 7065, 5299));
@@ -289,26 +289,28 @@ class TestPaging : public QObject {
         QTRY_VERIFY(!cell->picture().isNull());
     }
 
-    // On a wide window a page is higher than its place: the wheel reaches the rest.
-    void wheelReachesTheRest() {
-        const OpenPage viewer(1);
-        viewer.window->resize(1100, 650);
-        auto* picture = viewer.image(u"imgXs(0)"_s);
-        const int place = viewer.find(u"pic1"_s)->height();
-        const int top = picture->y();
-        QVERIFY(picture->geometry().bottom() > place);
-        const auto turn = [&](int steps) {
-            QWheelEvent event(QPointF(20, 20), picture->mapToGlobal(QPointF(20, 20)), {}, QPoint(0, 120 * steps),
-                              Qt::NoButton, {}, Qt::NoScrollPhase, false);
-            QApplication::sendEvent(viewer.find(u"pic1"_s), &event);
-        };
-        turn(-20);
-        QVERIFY(picture->geometry().bottom() < place);
-        turn(40);
-        QCOMPARE(picture->y(), top);
-        turn(-1);
-        viewer.press(u"xy"_s);
-        QCOMPARE(picture->y(), top);  // the next page begins at its top
+    // Whatever the window, no part of a picture is beyond the edge of the page or of the full view.
+    void picturesAreWhole() {
+        for (const QSize size : {QSize(1920, 1080), {1366, 768}, {2560, 1080}, {600, 900}})
+            for (const int columns : {1, 2, 3, 6}) {
+                const OpenPage viewer(columns);
+                viewer.window->setMinimumSize(0, 0);
+                viewer.find<QCheckBox>(u"chkBq(0)"_s)->setChecked(true);
+                viewer.window->resize(size);
+                const QRect page = viewer.find(u"pic1"_s)->rect();
+                for (int cell = 0; cell < columns * columns; ++cell)
+                    for (const QString& name : {u"imgXs"_s, u"shpXs"_s, u"txtBq"_s}) {
+                        const QWidget* control = viewer.find(element(name, cell));
+                        QVERIFY(control->isHidden() || page.contains(control->geometry()));
+                    }
+                if (columns == 1 || size.height() > size.width()) continue;
+                for (const int cell : {0, 2, 3}) {  // 40 x 30, 30 x 40, 100 x 50
+                    viewer.openPicture(cell);
+                    QVERIFY(viewer.shows(u"img0"_s));
+                    QVERIFY(page.contains(viewer.find(u"img0"_s)->geometry()));
+                    viewer.click(u"img0"_s);
+                }
+            }
     }
 };
 

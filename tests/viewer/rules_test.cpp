@@ -1,4 +1,5 @@
 #include "../support/run_all.h"
+#include "platform/base/twips.h"
 #include "viewer/album_menu.h"
 #include "viewer/clock.h"
 #include "viewer/filters.h"
@@ -11,6 +12,15 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+CellGrid gridOf(QSize window, int pictures) {
+    const Box page = windowLayout(window.width(), window.height(), 0).page;
+    return cellGrid({page.width, page.height}, isLowWindow(window.width(), window.height()), pictures);
+}
+
+QRect rect(const Box& box) {
+    return {box.left, box.top, box.width, box.height};
+}
 
 /// What the main window computes without widgets: places, conditions, texts.
 class TestViewerRules : public QObject {
@@ -27,7 +37,7 @@ class TestViewerRules : public QObject {
             {52840, 1, 1, {52710, 39532}},  // wider than 16 bits
         };
         for (const auto& [area, pictures, columns, cell] : rows) {
-            const CellGrid grid = cellGrid(area, pictures);
+            const CellGrid grid = cellGrid({area, 0}, false, pictures);
             QCOMPARE(grid.columns, columns);
             QCOMPARE(QSize(grid.cellWidth, grid.cellHeight), cell);
         }
@@ -46,7 +56,74 @@ class TestViewerRules : public QObject {
             {{3000, 1}, false, {9870, 15}},      // a pixel of the thinnest ones is left
             {{1, 3000}, true, {15, 7400}},       //
         };
-        for (const auto& [pixels, original, fitted] : rows) QCOMPARE(fittedSize(pixels, 9870, 7400, original), fitted);
+        for (const auto& [pixels, original, fitted] : rows)
+            QCOMPARE(fittedSize(pixels, {9870, 7400}, original), fitted);
+    }
+
+    void pagesOfLowWindows() {
+        // 1920 x 1080, a little lower than 4 by 3, the smallest window.
+        const std::tuple<QSize, int, QSize, Box> rows[] = {
+            {{28800, 16200}, 1, {26510, 14500}, {3648, 80, 19333, 14500}},
+            {{28800, 16200}, 36, {4352, 2366}, {658, 80, 3155, 2366}},
+            {{14400, 10799}, 1, {12110, 9082}, {60, 80, 12109, 9082}},
+            {{12000, 7800}, 36, {1552, 966}, {192, 80, 1288, 966}},
+        };
+        for (const auto& [window, pictures, cell, place] : rows) {
+            const CellGrid grid = gridOf(window, pictures);
+            QVERIFY(grid.isLow);
+            QCOMPARE(QSize(grid.cellWidth, grid.cellHeight), cell);
+            const QSize fitted = fittedSize({4000, 3000}, grid.room(), false);
+            QCOMPARE(pictureBox(grid, 0, fitted), place);
+            QCOMPARE(frameBox(grid, 0, fitted), (Box{place.left - 20, 50, place.width + 60, place.height + 60}));
+        }
+        // In its own size, too, a picture is in the middle.
+        const CellGrid grid = gridOf({28800, 16200}, 1);
+        QCOMPARE(pictureBox(grid, 0, fittedSize({100, 100}, grid.room(), true)), (Box{12565, 6580, 1500, 1500}));
+    }
+
+    void pagesOfHighWindowsFollowTheirWidth() {
+        for (const QSize window : {QSize(14400, 10800), {12000, 9000}, {38400, 28800}, {9000, 13500}})
+            for (const int columns : {1, 2, 3, 6}) {
+                const CellGrid grid = gridOf(window, columns * columns);
+                QCOMPARE(grid.cellHeight, roundHalfEven(grid.cellWidth * 0.75));
+                const QSize square = fittedSize({9, 9}, grid.room(), false);
+                QCOMPARE(square, QSize(grid.cellHeight, grid.cellHeight));
+                QCOMPARE(pictureBox(grid, 0, square), (Box{60, 80, square.width(), square.height()}));
+            }
+    }
+
+    void everyPictureIsInsideThePage() {
+        for (const QSize pixels : {QSize(1920, 1080), {1366, 768}, {2560, 1080}, {1024, 600}, {600, 900}, {960, 720}})
+            for (const int columns : {1, 2, 3, 6})
+                for (const QSize picture : {QSize(4, 3), {3, 2}, {16, 9}, {3, 4}, {1, 1}, {4000, 1}, {1, 4000}}) {
+                    const QSize window = pixels * twipsPerPixel;
+                    const WindowLayout layout = windowLayout(window.width(), window.height(), 0);
+                    const CellGrid grid = gridOf(window, columns * columns);
+                    const QSize fitted = fittedSize(picture, grid.room(), false);
+                    const QRect page(0, 0, layout.page.width, layout.page.height);
+                    const int last = columns * columns - 1;
+                    QVERIFY(page.contains(rect(frameBox(grid, 0, fitted))));
+                    QVERIFY(page.contains(rect(frameBox(grid, last, fitted))));
+                    QRect cell = rect(pictureBox(grid, last, {grid.cellWidth, grid.cellHeight}));
+                    QVERIFY(cell.contains(rect(pictureBox(grid, last, fitted))));
+                    // Captions of the second column are 20 twips further right.
+                    QVERIFY(columns > 2 || cell.adjusted(0, 0, 20, 0).contains(rect(captionBox(grid, last))));
+                }
+    }
+
+    void viewsFitTheWindow() {
+        const std::tuple<QSize, QSize, QSize> rows[] = {
+            {{12000, 9000}, {300, 200}, {9870, 6580}},       // 4 by 3: wide
+            {{12000, 9000}, {132, 100}, {9768, 7400}},       // tall
+            {{28800, 16200}, {4000, 3000}, {19467, 14600}},  // low
+            {{28800, 16200}, {6000, 1000}, {26640, 4440}},   // as wide as the page
+            {{38400, 16200}, {1600, 900}, {25956, 14600}},   //
+            {{9000, 13500}, {4000, 3000}, {6870, 5152}},     // high
+            {{9000, 13500}, {100, 100}, {6870, 6870}},       //
+            {{9000, 13500}, {100, 200}, {5950, 11900}},      //
+        };
+        for (const auto& [window, pixels, fitted] : rows)
+            QCOMPARE(fittedSize(pixels, viewRoom(window.width(), window.height()), false), fitted);
     }
 
     void boxesOfACell() {

@@ -140,7 +140,7 @@ class TestViewAndShow : public QObject {
     void viewFollowsTheWindowAndEndsWithThePage() {
         const OpenPage viewer(2);
         viewer.openPicture(3);
-        viewer.window->resize(1100, 800);
+        viewer.window->resize(1100, 825);
         QVERIFY(viewer.shows(u"pic0"_s) && !viewer.key(u"ty"_s)->isEnabled());
         QCOMPARE(widthOf(viewer.image(u"img0"_s)), 14370);
         viewer.press(u"xs"_s);
