@@ -11,7 +11,6 @@ constexpr int gapAcross = 80;
 constexpr int gapDown = 60;
 constexpr int captionGapAcross = 100;
 constexpr int marginsDown = 110;  // above and below the rows, with their frames
-constexpr int pageMarginsAcross = 2160;
 constexpr int viewMarginsAcross = 2130;
 constexpr int viewMarginsDown = 1600;
 constexpr int smallCell = 6000;
@@ -54,12 +53,9 @@ CellGrid cellGrid(QSize pageArea, bool isLow, int picturesPerPage) {
 Room viewRoom(int windowWidth, int windowHeight) {
     const int height = std::max(twipsPerPixel, windowHeight - viewMarginsDown);
     const int width = windowWidth - viewMarginsAcross;
-    if (!isLowWindow(windowWidth, windowHeight))
-        // In a high window a square picture of the full height would be too wide.
-        return {width, height, std::min(Room{}.wideRatio, double(width) / height)};
-    // The page is a little narrower than the room in other windows.
-    const int pageWidth = windowWidth - pageMarginsAcross;
-    return {pageWidth, height, double(pageWidth) / height};
+    const double ratio = double(width) / height;
+    // In a high window a square picture of the full height would be too wide.
+    return {width, height, isLowWindow(windowWidth, windowHeight) ? ratio : std::min(Room{}.wideRatio, ratio)};
 }
 
 QSize fittedSize(QSize pixels, const Room& room, bool originalSize) {
