@@ -9,6 +9,7 @@
 #include "watching.h"
 
 #include <QtTest/QtTest>
+#include <thread>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -94,6 +95,20 @@ class TestFileIntake : public QObject {
         QCOMPARE(report.count, 2);
         QCOMPARE(report.namesOf({Fate::left}), (QStringList{u"c"_s, u"d"_s}));
         QCOMPARE(numbersOf(u"tc02"_s), (QStringList{u"1"_s, u"2"_s}));
+    }
+
+    void anyThreadRunsItWithAConnectionOfItsOwn() {
+        Source source;
+        for (const QString& name : {u"a"_s, u"b"_s, u"c"_s}) source.add(name);
+        const Recordset open = mekTp::catalogue.OpenRecordset(u"tc02"_s);
+        RunReport report;
+        std::thread([&] {
+            const Database album = OpenDatabase(mekTp::cataloguePath());
+            report = wjlr(album, u"tc02"_s, source.order(), source.watch);
+        }).join();
+        QVERIFY(report.cameToEnd && report.count == 3);
+        QCOMPARE(numbersOf(u"tc02"_s), (QStringList{u"1"_s, u"2"_s, u"3"_s}));
+        QVERIFY(source.isStored(u"tc02"_s, 3, u"c"_s));
     }
 
     void aListOfOneFileCountsNothing() {
