@@ -57,6 +57,12 @@ std::shared_ptr<Connection> openConnection(const QString& path) {
     return nullptr;
 }
 
+/// Nobody may look into a file while another thread opens it for the first time.
+std::mutex& opening() {
+    static std::mutex mutex;
+    return mutex;
+}
+
 bool hasDatabaseHeader(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
@@ -103,6 +109,7 @@ void requireTransaction(const Connection& connection) {
 std::shared_ptr<Connection> Connection::open(const QString& path) {
     requireDatabaseFile(path);
     if (auto shared = openConnection(path)) return shared;
+    const std::lock_guard lock(opening());
     const std::shared_ptr<Connection> connection(new Connection(path, openFlags(path), fileAt(path)));
     connection->configure();
     connection->requireKnownVersion();
@@ -120,11 +127,13 @@ std::shared_ptr<SharedFile> Connection::fileAt(const QString& path) {
 
 bool Connection::isJetFile(const QString& path) {
     requireDatabaseFile(path);
+    const std::lock_guard lock(opening());
     const auto shared = SharedFile::find(path);
     return shared ? shared->foreign() != nullptr : ForeignCopy::isJetFile(path);
 }
 
 std::shared_ptr<Connection> Connection::create(const QString& path) {
+    const std::lock_guard lock(opening());
     if (QFileInfo::exists(path)) throw Error(u"文件“%1”已存在，不能新建。"_s.arg(path));
     const std::shared_ptr<Connection> connection(new Connection(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE));
     connection->run(u"PRAGMA page_size = 16384"_s);
