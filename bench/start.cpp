@@ -2,12 +2,12 @@
 // the shipped catalogue with 20 more albums, 100,000 pictures in total. The peer is a bare window; a second one with a
 // word shows how much of the time goes into finding fonts. Run by hand: bench_start [rounds]
 
+#include "catalogue/album_directory.h"
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
 #include "filling.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
-#include "settings/album_changes.h"
 #include "table.h"
 #include "timing.h"
 

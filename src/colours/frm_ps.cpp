@@ -3,6 +3,7 @@
 #include "catalogue/colour_text.h"
 #include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
+#include "catalogue/settings_row.h"
 #include "platform/base/conversion.h"
 #include "platform/base/error.h"
 #include "platform/desktop/colour_dialog.h"
@@ -135,7 +136,7 @@ void frmPs::makeButtons() {
 
 void frmPs::load() {
     runHandler(this, [this] {
-        const QString active = mekTp::catalogue.OpenRecordset(u"tcsz"_s).Fields(u"颜色"_s).Value().textOr();
+        const QString active = setting(u"颜色"_s).textOr();
         const Recordset row = mekTp::catalogue.OpenRecordset(schemeSql(active));
         if (row.rowCount() > 0)
             lblFa->setText(u"当前方案\n["_s + row.Fields(u"序号"_s).Value().textOr() + u' ' +
@@ -204,11 +205,8 @@ void frmPs::txtYsGotFocus(int index) {
 }
 
 void frmPs::cmdQdClick() {
-    Recordset settings = mekTp::catalogue.OpenRecordset(u"tcsz"_s);
     Transaction both(mekTp::catalogue);
-    settings.Edit();
-    settings.Fields(u"颜色"_s).SetValue(schemeNumber());
-    settings.Update();
+    storeSetting(u"颜色"_s, schemeNumber());
     if (numericValue(schemeNumber()) == ownScheme) {
         Recordset own = mekTp::catalogue.OpenRecordset(schemeSql(QString::number(ownScheme)));
         own.Edit();

@@ -161,7 +161,7 @@ void AlbumChooser::cboBmClick() {
 
 void AlbumChooser::filter(const QString& code, const QString& name) {
     QString source = u"SELECT * FROM "_s + albumTable_;
-    if (code != u"v") source += u" WHERE InStr(编号,"_s + quoted(code) + u") > 0 ORDER BY [序号]"_s;
+    if (code != allPicturesCode) source += whereCode(code) + u" ORDER BY [序号]"_s;
     list(source);
     lblJ1_->setText(u"编号=["_s + code + u"]("_s + name + u") 共有"_s + QString::number(datBj_->total()) + u"张"_s);
 }

@@ -56,7 +56,8 @@ QPushButton* ChooserButtons::button(int index) {
 }
 
 void ChooserButtons::bhan(const QString& album) {
-    read(album);
+    codes_.clear();
+    codes_ = codesOfAlbum(mekTp::catalogue, album);
     for (size_t i = 1; i < cmdBh_.size(); ++i) cmdBh_[i]->hide();
     txtB0_->setVisible(!codes_.empty());
     img0_->setVisible(codes_.empty());
@@ -65,14 +66,6 @@ void ChooserButtons::bhan(const QString& album) {
     lbl1_->setText(u"按编号筛选"_s);
     showButtons();
     showCode(0);
-}
-
-void ChooserButtons::read(const QString& album) {
-    codes_.clear();
-    Recordset rows = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcan WHERE InStr(图册,"_s + quoted(album) +
-                                                    u") > 0 ORDER BY [序号]"_s);
-    for (; !rows.Eof(); rows.MoveNext())
-        codes_.push_back({rows.Fields(u"编号"_s).Value().textOr(), rows.Fields(u"名称"_s).Value().textOr()});
 }
 
 /// More buttons than the rows hold are placed closer together.
@@ -116,10 +109,6 @@ void ChooserButtons::choose(int index) {
     if (index >= int(codes_.size())) return;
     const QString code = codes_[size_t(index)].code;
     QString name;
-    attempt([&] {
-        const Recordset rows = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcan WHERE 编号 = "_s + quoted(code) +
-                                                              u" ORDER BY [序号]"_s);
-        name = rows.Fields(u"名称"_s).Value().textOr();
-    });
+    attempt([&] { name = nameOfCode(mekTp::catalogue, code); });
     Q_EMIT chosen(code, name);
 }

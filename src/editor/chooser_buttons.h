@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/selection_buttons.h"
 #include "platform/desktop/image_box.h"
 #include "platform/desktop/surface.h"
 #include "platform/desktop/text_box.h"
@@ -24,12 +25,6 @@ class ChooserButtons : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    struct Code {
-        QString code;
-        QString name;
-    };
-
-    void read(const QString& album);
     void showButtons();
     void choose(int index);
     void showCode(int index);
@@ -39,7 +34,7 @@ class ChooserButtons : public QObject {
     Surface* picCs_;
     QLabel* lbl1_;                     ///< What the buttons are for.
     std::vector<QPushButton*> cmdBh_;  ///< One a code; they are made when they are needed.
-    std::vector<Code> codes_;
+    std::vector<SelectionCode> codes_;
     TextBox* txtB0_;  ///< Code and name of the button under the mouse.
     ImageBox* img0_;  ///< In their place where the album has none.
 };

@@ -1,6 +1,6 @@
 #include "editor/view_settings.h"
 
-#include "catalogue/mektp.h"
+#include "catalogue/settings_row.h"
 #include "platform/base/error.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -10,22 +10,9 @@ namespace {
 const QString toolBarColumn = u"处理工具条"_s;
 const QString hintColumn = u"处理提示"_s;
 
-Recordset settingsRow() {
-    Recordset settings = mekTp::catalogue.OpenRecordset(u"tcsz"_s);
-    settings.MoveFirst();
-    return settings;
-}
-
-void store(const QString& column, bool value) {
-    Recordset settings = settingsRow();
-    settings.Edit();
-    settings.Fields(column).SetValue(value);
-    settings.Update();
-}
-
 bool stored(const QString& column) {
     bool value = true;  // also without a catalogue the editor has its tools
-    attempt([&] { value = settingsRow().Fields(column).Value().toBool(); });
+    attempt([&] { value = setting(column).toBool(); });
     return value;
 }
 
@@ -58,7 +45,7 @@ void ViewSettings::mnuGxClick() {
     applyToolBar(shown);
     Q_EMIT toolBarChanged();
     view_.hint().lay();
-    store(toolBarColumn, shown);
+    storeSetting(toolBarColumn, shown);
 }
 
 /// Lets the hint box show, or not.
@@ -66,5 +53,5 @@ void ViewSettings::mnuTgClick() {
     applyHints(!hintsOn_);
     const bool shown = hintsOn_;
     if (document_.isOpen()) view_.hint().tscz(document_.code());
-    store(hintColumn, shown);
+    storeSetting(hintColumn, shown);
 }

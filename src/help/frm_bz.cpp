@@ -1,6 +1,7 @@
 #include "help/frm_bz.h"
 
 #include "catalogue/mektp.h"
+#include "catalogue/settings_row.h"
 #include "help/contents_panel.h"
 #include "help/find_bar.h"
 #include "help/raised_buttons.h"
@@ -54,7 +55,7 @@ void frmBz::connectEvents() {
 
 void frmBz::load() {
     mekTp::catalogue = OpenDatabase(mekTp::cataloguePath());
-    const Recordset settings = mekTp::catalogue.OpenRecordset(u"tcsz"_s);
+    const Recordset settings = settingsRow();
     rtfBz->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     rtfBz->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     QFont reading = font();

@@ -1,10 +1,11 @@
 #include "start/damage_notice.h"
 
 #include "catalogue/mektp.h"
+#include "catalogue/settings_row.h"
 #include "platform/base/conversion.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
-#include "settings/backup_files.h"
+#include "settings/backup/backup_files.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -15,10 +16,7 @@ namespace {
 
 QString storedBackupPath() {
     QString path;
-    const bool isRead = attempt([&] {
-        const Recordset settings = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcsz"_s);
-        path = settings.Fields(u"备份路径"_s).Value().textOr();
-    });
+    const bool isRead = attempt([&] { path = setting(u"备份路径"_s).textOr(); });
     return isRead ? path : targetOfScript(textOfScript(backupScriptPath()));
 }
 

@@ -6,7 +6,7 @@
 #include "help/frm_bz.h"
 #include "help/frm_gy.h"
 #include "platform/base/error.h"
-#include "settings/frm_sz.h"
+#include "start/settings_window.h"
 #include "viewer/frm_tp.h"
 
 #include <QCoreApplication>
@@ -26,7 +26,7 @@ QWidget* Program::makeWindow(WindowKind window) {
         case WindowKind::viewer:
             return new frmTp(*this);
         case WindowKind::settings:
-            return new frmSz(*this);
+            return makeSettingsWindow(*this).release();
         case WindowKind::editor:
             return new frmCl(*this);
         case WindowKind::colours:

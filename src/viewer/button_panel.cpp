@@ -2,6 +2,7 @@
 
 #include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
+#include "catalogue/selection_buttons.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
 #include "platform/desktop/busy.h"
@@ -97,9 +98,7 @@ void ButtonPanel::layOut(const WindowLayout& layout) {
 }
 
 void ButtonPanel::anxs() {
-    Recordset buttons =
-        mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcan WHERE Instr(图册, "_s + quoted(mekTp::currentTable) +
-                                       u") > 0 And not IsNull(图片) ORDER BY [序号]"_s);
+    Recordset buttons = pictureButtonsOfAlbum(mekTp::catalogue, mekTp::currentTable);
     if (buttons.rowCount() == 0) return;
     const int top = topOf(shpAb);
     place(imgSy, upperCornerLeft, top + 150);

@@ -1,13 +1,12 @@
 #pragma once
 
+#include "catalogue/selection_buttons.h"
+
 #include <QDate>
 #include <QString>
 #include <optional>
 
 /// Which pictures of an album are shown: the conditions, their statements, and the line that names them.
-
-/// Code of the button for all pictures of an album.
-inline const QString allPicturesCode = QStringLiteral("v");
 
 enum class DateRelation { before, after, on };
 

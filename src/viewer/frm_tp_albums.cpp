@@ -1,8 +1,8 @@
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
+#include "catalogue/settings_row.h"
 #include "platform/base/error.h"
 #include "viewer/frm_tp.h"
-#include "viewer/settings_row.h"
 
 using namespace Qt::Literals::StringLiterals;
 

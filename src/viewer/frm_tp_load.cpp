@@ -1,12 +1,12 @@
 #include "catalogue/album_rules.h"
 #include "catalogue/colour_text.h"
 #include "catalogue/mektp.h"
+#include "catalogue/settings_row.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
 #include "platform/desktop/placing.h"
 #include "viewer/frm_tp.h"
 #include "viewer/ground.h"
-#include "viewer/settings_row.h"
 
 #include <QDir>
 #include <QScreen>

@@ -2,11 +2,11 @@
 
 #include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
+#include "catalogue/settings_row.h"
 #include "platform/base/error.h"
 #include "platform/desktop/placing.h"
 #include "viewer/ground.h"
 #include "viewer/middle.h"
-#include "viewer/settings_row.h"
 
 #include <QRandomGenerator>
 #include <algorithm>

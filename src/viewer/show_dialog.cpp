@@ -1,9 +1,9 @@
 #include "viewer/show_dialog.h"
 
+#include "catalogue/settings_row.h"
 #include "platform/base/error.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
-#include "viewer/settings_row.h"
 
 #include <QStyle>
 #include <QToolTip>

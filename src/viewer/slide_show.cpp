@@ -1,8 +1,8 @@
 #include "viewer/slide_show.h"
 
+#include "catalogue/settings_row.h"
 #include "platform/base/error.h"
 #include "platform/desktop/message_box.h"
-#include "viewer/settings_row.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "../support/run_all.h"
-#include "intake/run_boxes.h"
 #include "intake_window.h"
+#include "settings/frame/bmp_question.h"
 
 #include <unistd.h>
 

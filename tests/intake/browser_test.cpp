@@ -1,4 +1,4 @@
-#include "intake/browser_panel.h"
+#include "intake/browsing/browser_panel.h"
 #include "panel_bench.h"
 #include "platform/desktop/file_lists.h"
 #include "platform/desktop/text_box.h"
@@ -11,21 +11,21 @@ namespace {
 class Bench : public PanelBench {
   public:
     explicit Bench(BrowseMode mode) : PanelBench(mode < BrowseMode::targetFolder ? 1 : 3) {
-        const int page = controls.sstFz->currentIndex();
-        controls.lblTs = make<QLabel>(&form, u"lblTs"_s);
-        hints = std::make_unique<HintLine>(controls.lblTs, state);
-        panel = std::make_unique<BrowserPanel>(controls, state, *hints);
+        const int page = sstFz->currentIndex();
+        panel = std::make_unique<BrowserPanel>(frame, flow);
         panel->serve(page, {[mode] { return mode; }, [page] { return page == 3; }});
         panel->showOn(page, 170, 720);
         panel->mlcl();
         form.show();
     }
 
-    QString echo() const { return panel->txtMl()->text(); }
-    QString listed() const { return panel->dir1()->Path(); }
+    QString echo() const { return panel->echo(); }
+    DirList& folders() { return get<DirList>(u"dir1"_s); }
+    FileList& files() { return get<FileList>(u"fil1"_s); }
+    QString listed() { return folders().Path(); }
     TextBox& newName() { return get<TextBox>(u"txtJm"_s); }
 
-    std::unique_ptr<HintLine> hints;
+    GuidedFlow flow;
     std::unique_ptr<BrowserPanel> panel;
 };
 
@@ -59,7 +59,7 @@ class TestBrowser : public QObject {
         for (const QString& name : shown.split(u' ')) QVERIFY2(bench.get<QWidget>(name).isVisible(), qPrintable(name));
         for (const QString& name : hidden.split(u' '))
             QVERIFY2(!bench.get<QWidget>(name).isVisible(), qPrintable(name));
-        QTEST(bench.panel->fil1()->Pattern(), "pattern");
+        QTEST(bench.files().Pattern(), "pattern");
         QTEST(bench.label(u"lblB1(0)"_s), "heading");
         const bool forPictures = mode == BrowseMode::pictureFiles;
         QCOMPARE(bench.twips(u"dir1"_s).height(), forPictures ? 2610 : 2190);
@@ -72,35 +72,34 @@ class TestBrowser : public QObject {
         Bench bench(BrowseMode::targetFolder);
         const QString path = bench.path(u"内 #'夹"_s);
         QDir().mkdir(path);
-        bench.panel->dir1()->setPath(path);
-        for (const QString& shown :
-             {bench.panel->fil1()->Path(), bench.state.currentFolder, bench.echo(), bench.listed()})
+        bench.folders().setPath(path);
+        for (const QString& shown : {bench.files().Path(), bench.panel->folder(), bench.echo(), bench.listed()})
             QCOMPARE(shown, path);
         QVERIFY(bench.button(u"cmdMq"_s).isEnabled());
-        QCOMPARE(bench.state.intakeStep, 3);
+        QCOMPARE(bench.flow.step(), 3);
 
-        bench.state.pageFree = false;
+        bench.work.begin();
         bench.click(u"cmdMx"_s);
-        QVERIFY(bench.state.pageFree && !bench.panel->picMl()->isVisible());
-        QCOMPARE(bench.state.intakeStep, 3);
+        QVERIFY(!bench.work.isUnderWay() && !bench.panel->ground()->isVisible());
+        QCOMPARE(bench.flow.step(), 3);
     }
 
     void makesFolders() {
         Bench bench(BrowseMode::targetFolder);
         const QString path = bench.path(u"新 '夹#"_s);
-        bench.panel->dir1()->setPath(bench.catalogue.folder());
+        bench.folders().setPath(bench.catalogue.folder());
         bench.click(u"cmdMj"_s);
         QVERIFY(bench.newName().isVisible());
         QCOMPARE(bench.button(u"cmdMj"_s).text(), u"新建确定"_s);
         QCOMPARE(bench.button(u"cmdMs"_s).text(), u"新建撤消"_s);
-        QCOMPARE(bench.state.intakeStep, 5);
+        QCOMPARE(bench.flow.step(), 5);
         bench.click(u"cmdMj"_s);
         bench.newName().setText(u"新 '夹#"_s);
         bench.click(u"cmdMj"_s);
         QVERIFY(QDir(path).exists());
         QCOMPARE(bench.button(u"cmdMj"_s).text(), u"新建文件夹"_s);
         QVERIFY(!bench.newName().isVisible());
-        QVERIFY(!bench.panel->dir1()->findItems(u"新 '夹#"_s, Qt::MatchContains).isEmpty());
+        QVERIFY(!bench.folders().findItems(u"新 '夹#"_s, Qt::MatchContains).isEmpty());
 
         bench.click(u"cmdMj"_s);
         bench.newName().setText(u"新 '夹#"_s);
@@ -113,7 +112,7 @@ class TestBrowser : public QObject {
 
     void changesItsMind() {
         Bench bench(BrowseMode::targetFolder);
-        bench.panel->dir1()->setPath(bench.catalogue.folder());
+        bench.folders().setPath(bench.catalogue.folder());
         bench.click(u"cmdMj"_s);
         bench.newName().setText(u"a"_s);
         bench.answer = false;
@@ -130,7 +129,7 @@ class TestBrowser : public QObject {
         Bench bench(BrowseMode::targetFolder);
         const QString path = bench.path(u"旧"_s);
         QDir().mkdir(path);
-        bench.panel->dir1()->setPath(path);
+        bench.folders().setPath(path);
         const QString question = u"如果要删除["_s + path + u"]文件夹，\n\n   请按“确定”；否则按“取消”。"_s;
         const QString refusal = u"不能删除此文件夹（目录），可能其中有文件。"_s;
         bench.answer = false;
@@ -150,10 +149,9 @@ class TestBrowser : public QObject {
         Bench bench(BrowseMode::targetFolder);
         const QString path = bench.path(u"去"_s);
         QDir().mkdir(path);
-        bench.panel->dir1()->setPath(bench.catalogue.folder());
+        bench.folders().setPath(bench.catalogue.folder());
         QDir().rmdir(path);
-        Q_EMIT bench.panel->dir1()->itemDoubleClicked(
-            bench.panel->dir1()->findItems(u"去"_s, Qt::MatchContains).last());
+        Q_EMIT bench.folders().itemDoubleClicked(bench.folders().findItems(u"去"_s, Qt::MatchContains).last());
         QCOMPARE(bench.said.size(), 1);
         QVERIFY(bench.said.first().contains(path));
         QCOMPARE(bench.listed(), bench.catalogue.folder());
@@ -162,14 +160,14 @@ class TestBrowser : public QObject {
     void driveThatIsNotReady() {
         Bench bench(BrowseMode::targetFolder);
         const QString folder = bench.catalogue.folder();
-        bench.panel->dir1()->setPath(folder);
+        bench.folders().setPath(folder);
         const QSignalSpy changes(bench.panel.get(), &BrowserPanel::folderChanged);
-        auto& drv1 = *bench.panel->drv1();
+        auto& drv1 = bench.get<DriveList>(u"drv1"_s);
         const QString drive = drv1.currentText();
         drv1.addItem(bench.path(u"无"_s));
         drv1.setCurrentIndex(drv1.count() - 1);
         QCOMPARE(drv1.currentText(), drive);
-        for (const QString& shown : {bench.listed(), bench.echo(), bench.state.currentFolder}) QCOMPARE(shown, folder);
+        for (const QString& shown : {bench.listed(), bench.echo(), bench.panel->folder()}) QCOMPARE(shown, folder);
         QVERIFY(changes.isEmpty() && bench.said.isEmpty());
     }
 };

@@ -2,7 +2,7 @@
 
 #include "../settings/settings_window.h"
 #include "../support/stored_records.h"
-#include "intake/browser_panel.h"
+#include "intake/browsing/browser_panel.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/file_lists.h"
 

@@ -1,4 +1,4 @@
-#include "intake/mapping_rules.h"
+#include "intake/databases/mapping_rules.h"
 
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"

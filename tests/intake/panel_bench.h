@@ -3,12 +3,11 @@
 #include "../support/found.h"
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
-#include "intake/form_state.h"
-#include "intake/shared_controls.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/surface.h"
 #include "platform/desktop/tab_control.h"
+#include "settings/frame/settings_frame.h"
 
 #include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>
@@ -17,11 +16,7 @@
 class PanelBench {
   public:
     explicit PanelBench(int page) {
-        controls.form = &form;
-        controls.sstFz = make<TabControl>(&form, QStringLiteral("sstFz"));
-        for (int i = 0; i < 4; ++i) controls.sstFz->addPage(QString::number(i));
-        place(controls.sstFz, 0, 0, 9600, 6840);
-        controls.sstFz->setCurrentIndex(page);
+        sstFz->setCurrentIndex(page);
         form.resize(640, 480);
         answerBoxesWith([this](const BoxText& box) {
             said << box.text;
@@ -47,10 +42,23 @@ class PanelBench {
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     }
 
+    static TabControl* makeTabs(QWidget* form) {
+        auto* tabs = make<TabControl>(form, QStringLiteral("sstFz"));
+        for (int i = 0; i < 4; ++i) tabs->addPage(QString::number(i));
+        place(tabs, 0, 0, 9600, 6840);
+        return tabs;
+    }
+
     SampleCatalogue catalogue;
     QWidget form;
-    SharedControls controls;
-    FormState state;
+    TabControl* sstFz = makeTabs(&form);
+    HintLine hints{sstFz};
+    UnfinishedWork work;
+    AlbumEntry albums{sstFz};
+    RecordGrid grid{sstFz};
+    ChoiceList choices{sstFz};
+    RunBar runBar{sstFz};
+    SettingsFrame frame{&form, sstFz, hints, work, albums, grid, choices, runBar};
     QStringList said;
     bool answer = true;
 };

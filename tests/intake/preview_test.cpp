@@ -1,4 +1,5 @@
-#include "intake/preview_fit.h"
+#include "intake/preview/preview_fit.h"
+#include "intake/preview/preview_panel.h"
 #include "intake_window.h"
 #include "panel_bench.h"
 #include "platform/base/files.h"
@@ -17,36 +18,31 @@ bool near(int one, int other) {
 class Bench : public PanelBench {
   public:
     explicit Bench(int page) : PanelBench(page) {
-        controls.cboBm = make<QComboBox>(&form, u"cboBm"_s);
-        controls.cboBm->addItem(u"tc01 旅行"_s);
-        controls.datBj = make<DataControl>(&form, u"datBj"_s);
-        controls.datBj->hide();
-        controls.datBj->useDatabase(mekTp::catalogue);
-        controls.datBj->setDatabaseName(mekTp::cataloguePath());
+        get<QComboBox>(u"cboBm"_s).setEditText(u"tc01 旅行"_s);
         show(u"SELECT * FROM tc01 ORDER BY [序号]"_s);
-        state.albumTable = u"tc01"_s;
-        panel = std::make_unique<PreviewPanel>(controls, state);
-        for (int i = 0; i < 5; ++i) panel->makeOpener(i, controls.sstFz->page(page))->resize(20, 10);
-        panel->recordNumber = [this] { return controls.datBj->Recordset().Fields(u"序号"_s).Value().toText(); };
-        panel->recordBeingEdited = [this] { return edited; };
-        panel->buttonBeingEdited = [this] { return edited; };
-        panel->storeButtonPicture = [this] { ++kept; };
+        panel = std::make_unique<PreviewPanel>(frame);
+        QWidget* ground = sstFz->page(page);
+        for (const PreviewOpener opener : {intakeRecordOpener, intakeFileOpener, transferOpener})
+            panel->makeOpener(opener, ground)->resize(20, 10);
+        PictureTaker taker{.isEditing = [this] { return edited; },
+                           .caption = [] { return u"tc01 图片： 序号 1 编号 "_s; }};
+        panel->makeOpener(recordOpener, ground, taker)->resize(20, 10);
+        taker.store = [this](const QString&) { ++kept; };
+        panel->makeOpener(buttonOpener, ground, taker)->resize(20, 10);
+        panel->pickedFile = [this] { return filePicked; };
         form.show();
         answerFileDialogsWith([this](const FileQuestion&) { return picked; });
     }
     ~Bench() { answerFileDialogsWith({}); }
 
-    void show(const QString& source) {
-        controls.datBj->setRecordSource(source);
-        controls.datBj->Refresh();
-    }
+    void show(const QString& source) { grid.list(source); }
     /// Shows the record of that number.
     void showNumber(int number) {
-        controls.datBj->findFirst(u"序号 = %1"_s.arg(number));
+        grid.findFirst(u"序号 = %1"_s.arg(number));
         if (panel->isOpen())
-            panel->chkCkClick();
+            panel->showRecord();
         else
-            panel->cmdCkClick(controls.sstFz->currentIndex() == 1 ? 0 : 2);
+            panel->cmdCkClick(sstFz->currentIndex() == 1 ? intakeRecordOpener : recordOpener);
     }
     /// A new picture file.
     QString draw(const QString& name, QSize pixels, const char* format = "JPG") const {
@@ -55,7 +51,7 @@ class Bench : public PanelBench {
     }
     ImageBox& image() { return get<ImageBox>(u"imgWj"_s); }
     QString line() { return label(u"lblWj"_s); }
-    QGroupBox& frame() { return get<QGroupBox>(u"fraCk"_s); }
+    QGroupBox& group() { return get<QGroupBox>(u"fraCk"_s); }
     int widthInTwips(const QString& name) { return twips(name).width(); }
     void load(const QString& path) {
         picked = path;
@@ -63,7 +59,8 @@ class Bench : public PanelBench {
     }
 
     std::unique_ptr<PreviewPanel> panel;
-    QString picked;
+    QString picked;      ///< In the file dialog.
+    QString filePicked;  ///< In the list of files.
     bool edited = true;
     int kept = 0;
 };
@@ -87,20 +84,20 @@ class TestPreview : public QObject {
         QFETCH(QSize, size);
         QFETCH(bool, takesIn);
         Bench bench(2);
-        bench.state.pickedFilePath = bench.draw(u"a.jpg"_s, {80, 60});
-        bench.panel->cmdCkClick(index);
+        bench.filePicked = bench.draw(u"a.jpg"_s, {80, 60});
+        bench.panel->cmdCkClick(static_cast<PreviewOpener>(index));
         QVERIFY(bench.panel->isOpen());
         const QRect frame = bench.twips(u"fraCk"_s);
         QVERIFY(near(frame.width(), size.width()) && near(frame.height(), size.height()));
         QCOMPARE(bench.button(u"cmdAz"_s).isVisible(), takesIn);
         QCOMPARE(bench.button(u"cmdAq"_s).isVisible(), takesIn);
         QVERIFY(!takesIn || !bench.button(u"cmdAq"_s).isEnabled());
-        QVERIFY(!bench.panel->cmdCk(index)->isEnabled());
+        QVERIFY(!bench.button(element(u"cmdCk"_s, index)).isEnabled());
         QVERIFY(!bench.image().picture().isNull());
-        QVERIFY(bench.frame().rect().contains(bench.image().geometry()));
-        QVERIFY(bench.frame().rect().contains(bench.button(u"cmdCg"_s).geometry()));
+        QVERIFY(bench.group().rect().contains(bench.image().geometry()));
+        QVERIFY(bench.group().rect().contains(bench.button(u"cmdCg"_s).geometry()));
         bench.click(u"cmdCg"_s);
-        QVERIFY(!bench.panel->isOpen() && bench.panel->cmdCk(index)->isEnabled());
+        QVERIFY(!bench.panel->isOpen() && bench.button(element(u"cmdCk"_s, index)).isEnabled());
     }
 
     void showsRecords() {
@@ -127,19 +124,17 @@ class TestPreview : public QObject {
         QCOMPARE(bench.line(), u"tc01 旅行 序号：5\n这条记录的数据不是图片，不能显示"_s);
         QVERIFY(bench.image().picture().isNull());
         bench.show(u"SELECT * FROM tc02 ORDER BY [序号]"_s);
-        bench.panel->chkCkClick();
+        bench.panel->showRecord();
         QCOMPARE(bench.line(), QString());
         QVERIFY(!bench.get<QCheckBox>(u"chkCk"_s).isEnabled());
     }
 
     void fileThatIsNoPicture() {
         Bench bench(1);
-        bench.panel->cmdCkClick(0);
-        bench.state.previewMark = u"w"_s;
-        bench.state.newPictureFile = bench.path(u"none.jpg"_s);
-        bench.panel->chkCkClick();
+        bench.panel->cmdCkClick(intakeRecordOpener);
+        bench.panel->showFile(bench.path(u"none.jpg"_s));
         QVERIFY(!bench.image().picture().isNull());
-        QCOMPARE(bench.line(), u"图片文件："_s + bench.state.newPictureFile + u"\n规格：40*30"_s);
+        QCOMPARE(bench.line(), u"图片文件："_s + bench.path(u"none.jpg"_s) + u"\n规格：40*30"_s);
     }
 
     void fileThatIsNoPictureAfterNone() {
@@ -148,14 +143,14 @@ class TestPreview : public QObject {
         bench.showNumber(5);
         bench.write(u"x.jpg"_s, "text");
         bench.load(bench.path(u"x.jpg"_s));
-        QCOMPARE(bench.frame().title(), u"图片规格：\n文件不是图片，不能显示"_s);
+        QCOMPARE(bench.group().title(), u"图片规格：\n文件不是图片，不能显示"_s);
         QVERIFY(bench.line().endsWith(u"\n文件不是图片，不能显示"_s));
     }
 
     void largePicturesKeepToTheBox() {
         Bench bench(1);
-        bench.state.pickedFilePath = bench.draw(u"a.jpg"_s, {1600, 1200});
-        bench.panel->cmdCkClick(1);
+        bench.filePicked = bench.draw(u"a.jpg"_s, {1600, 1200});
+        bench.panel->cmdCkClick(intakeFileOpener);
         QVERIFY(!bench.get<QCheckBox>(u"chkCk"_s).isEnabled());
         QVERIFY(std::abs(bench.image().width() - 267) <= 1 && bench.image().height() == 200);
         QVERIFY(bench.line().endsWith(u"规格：1600*1200"_s));
@@ -163,8 +158,8 @@ class TestPreview : public QObject {
 
     void enlarges() {
         Bench bench(2);
-        bench.panel->cmdCkClick(2);
-        QCOMPARE(bench.frame().title(), u"tc01 图片： 序号 1 编号 "_s);
+        bench.panel->cmdCkClick(recordOpener);
+        QCOMPARE(bench.group().title(), u"tc01 图片： 序号 1 编号 "_s);
         QTest::mouseDClick(&bench.image(), Qt::LeftButton);
         QVERIFY(near(bench.widthInTwips(u"fraCk"_s), 9200) && near(bench.widthInTwips(u"imgWj"_s), 7600));
         QVERIFY(bench.get<QLabel>(u"Label6"_s).isVisible());
@@ -172,14 +167,14 @@ class TestPreview : public QObject {
         QVERIFY(near(bench.widthInTwips(u"fraCk"_s), 4805) && near(bench.widthInTwips(u"imgWj"_s), 4000));
         QTest::mouseDClick(&bench.image(), Qt::LeftButton);
         bench.click(u"cmdCg"_s);
-        bench.panel->cmdCkClick(2);
+        bench.panel->cmdCkClick(recordOpener);
         QVERIFY(near(bench.widthInTwips(u"shpWj"_s), 4095));
     }
 
     void isDraggedByItsTitle() {
         Bench bench(2);
-        bench.panel->cmdCkClick(2);
-        QWidget& frame = bench.frame();
+        bench.panel->cmdCkClick(recordOpener);
+        QWidget& frame = bench.group();
         const QPoint place = frame.pos();
         const auto drag = [&](const QPoint& from, const QPoint& by) {
             QTest::mousePress(&frame, Qt::LeftButton, {}, from);
@@ -197,7 +192,7 @@ class TestPreview : public QObject {
         bench.showNumber(4);
         QCOMPARE(frame.geometry().bottomRight(), frame.parentWidget()->rect().bottomRight());
         bench.click(u"cmdCg"_s);
-        bench.panel->cmdCkClick(2);
+        bench.panel->cmdCkClick(recordOpener);
         QCOMPARE(frame.pos(), place);
     }
 
@@ -210,7 +205,7 @@ class TestPreview : public QObject {
 
     void enlargesOnlyWhereRecordsAreEdited() {
         Bench bench(1);
-        bench.panel->cmdCkClick(0);
+        bench.panel->cmdCkClick(intakeRecordOpener);
         QTest::mouseDClick(&bench.image(), Qt::LeftButton);
         QVERIFY(bench.widthInTwips(u"fraCk"_s) < 5000);
     }
@@ -232,10 +227,10 @@ class TestPreview : public QObject {
         bench.write(u"ls.jpg"_s, "somebody's own");
         const QString oldDate = ofNumber(7, u"日期"_s);
         bench.load(bench.path(u"新.jpg"_s));
-        QCOMPARE(bench.frame().title(), u"图片规格：\n60 * 45"_s);
-        const QImage seen = bench.frame().grab().toImage();
-        bench.frame().setTitle(u"图片规格：60 * 45"_s);
-        QCOMPARE(bench.frame().grab().toImage(), seen);  // there is room for one line
+        QCOMPARE(bench.group().title(), u"图片规格：\n60 * 45"_s);
+        const QImage seen = bench.group().grab().toImage();
+        bench.group().setTitle(u"图片规格：60 * 45"_s);
+        QCOMPARE(bench.group().grab().toImage(), seen);  // there is room for one line
         QVERIFY(bench.button(u"cmdAq"_s).isEnabled() && bench.form.focusWidget() == &bench.button(u"cmdAq"_s));
         bench.answer = takeDate;
         bench.click(u"cmdAq"_s);
@@ -245,7 +240,7 @@ class TestPreview : public QObject {
         QCOMPARE(stored(u"tc01"_s, 7), bytes);
         QCOMPARE(ofNumber(7, u"规格"_s), u"60 * 45"_s);
         QCOMPARE(ofNumber(7, u"日期"_s), takeDate ? newDate : oldDate);
-        QCOMPARE(bench.controls.datBj->Recordset().Fields(u"序号"_s).Value().toInteger(), 7);
+        QCOMPARE(bench.grid.records().Fields(u"序号"_s).Value().toInteger(), 7);
         QVERIFY(!bench.panel->isOpen());
         QFile own(bench.path(u"ls.jpg"_s));
         QVERIFY(own.open(QIODevice::ReadOnly) && own.readAll() == "somebody's own");
@@ -253,7 +248,7 @@ class TestPreview : public QObject {
 
     void storesNoPictureThatIsNone() {
         Bench bench(2);
-        bench.panel->cmdCkClick(2);
+        bench.panel->cmdCkClick(recordOpener);
         const QByteArray old = stored(u"tc01"_s, 1);
         bench.write(u"x.jpg"_s, "text");
         bench.load(bench.path(u"x.jpg"_s));
@@ -261,25 +256,25 @@ class TestPreview : public QObject {
         QCOMPARE(bench.said.size(), 1);
         QVERIFY(bench.said.first().contains(bench.picked));
         QCOMPARE(stored(u"tc01"_s, 1), old);
-        QCOMPARE(bench.controls.datBj->Recordset().EditMode(), Recordset::Mode::none);
+        QCOMPARE(bench.grid.records().EditMode(), Recordset::Mode::none);
     }
 
     void cancelledDialogShowsTheRecordAgain() {
         Bench bench(2);
-        bench.panel->cmdCkClick(2);
+        bench.panel->cmdCkClick(recordOpener);
         bench.edited = false;
         bench.load(bench.draw(u"a.jpg"_s, {60, 45}));
         QVERIFY(!bench.button(u"cmdAq"_s).isEnabled());
         bench.load({});
         QCOMPARE(bench.image().picture().pixels(), QSize(40, 30));
         QVERIFY(bench.button(u"cmdAz"_s).isEnabled());
-        QCOMPARE(bench.state.previewMark, u"s"_s);
+        QCOMPARE(bench.panel->loadedFile(), QString());
     }
 
     void buttonPictures() {
         Bench bench(0);
         bench.show(u"SELECT * FROM tcan ORDER BY [编号]"_s);
-        bench.panel->cmdCkClick(4);
+        bench.panel->cmdCkClick(buttonOpener);
         bench.load(bench.draw(u"a.bmp"_s, {106, 75}, "BMP"));
         QCOMPARE(bench.line(), u"图片规格：\n106 * 75"_s);
         bench.click(u"cmdAq"_s);

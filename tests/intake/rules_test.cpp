@@ -1,8 +1,9 @@
 #include "../support/run_all.h"
-#include "intake/hint_line.h"
-#include "intake/intake_texts.h"
-#include "intake/preview_fit.h"
+#include "intake/browsing/intake_texts.h"
+#include "intake/preview/preview_fit.h"
 #include "platform/picture/picture.h"
+#include "settings/frame/hint_line.h"
+#include "settings/frame/name_lists.h"
 
 #include <QtTest/QtTest>
 

@@ -1,6 +1,7 @@
-#include "intake/run_texts.h"
+#include "intake/files/run_texts.h"
 
 #include "../support/run_all.h"
+#include "intake/transfer/not_done_text.h"
 
 #include <QtTest/QtTest>
 

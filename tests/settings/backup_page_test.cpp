@@ -1,6 +1,6 @@
 #include "../support/run_all.h"
-#include "intake/preview_parts.h"
-#include "settings/backup_files.h"
+#include "platform/desktop/elided_label.h"
+#include "settings/backup/backup_files.h"
 #include "settings_window.h"
 
 #include <QLockFile>

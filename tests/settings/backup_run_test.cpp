@@ -2,7 +2,7 @@
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
 #include "platform/base/files.h"
-#include "settings/backup_files.h"
+#include "settings/backup/backup_files.h"
 
 #include <SQLiteCpp/Database.h>
 

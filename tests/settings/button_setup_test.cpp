@@ -1,6 +1,6 @@
 #include "../support/run_all.h"
 #include "button_page.h"
-#include "settings/button_rules.h"
+#include "settings/setup/button_rules.h"
 
 using namespace Qt::Literals::StringLiterals;
 

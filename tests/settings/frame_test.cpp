@@ -2,7 +2,7 @@
 #include "platform/desktop/placing.h"
 #include "platform/desktop/shapes.h"
 #include "platform/desktop/surface.h"
-#include "settings/album_lines.h"
+#include "settings/frame/album_lines.h"
 #include "settings_window.h"
 
 using namespace Qt::Literals::StringLiterals;

@@ -1,8 +1,9 @@
 #include "../support/run_all.h"
-#include "settings/album_changes.h"
-#include "settings/backup_rules.h"
-#include "settings/editing_rules.h"
-#include "settings/tab_strip.h"
+#include "catalogue/album_directory.h"
+#include "catalogue/selection_buttons.h"
+#include "settings/backup/backup_rules.h"
+#include "settings/editing/editing_rules.h"
+#include "settings/frame/tab_strip.h"
 
 #include <QProcess>
 #include <QTemporaryDir>

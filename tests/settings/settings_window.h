@@ -12,7 +12,7 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
-#include "settings/frm_sz.h"
+#include "start/settings_window.h"
 #include "windows/windows.h"
 
 #include <QtTest/QtTest>
@@ -93,7 +93,7 @@ class SettingsWindow {
 
     /// Opens the window anew, as if the program had been left and come back to.
     void open() {
-        form = std::make_unique<frmSz>(windows);
+        form = makeSettingsWindow(windows);
         form->show();
         form->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(form.get()));

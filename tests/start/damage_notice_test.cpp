@@ -3,7 +3,7 @@
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
-#include "settings/backup_files.h"
+#include "settings/backup/backup_files.h"
 
 #include <QtTest/QtTest>
 

@@ -1,0 +1,250 @@
+#include "intake/databases/database_intake.h"
+
+#include "catalogue/mektp.h"
+#include "intake/browsing/intake_texts.h"
+#include "platform/base/error.h"
+#include "platform/desktop/busy.h"
+#include "platform/desktop/message_box.h"
+
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+constexpr int recordButtonLeft = 8250;
+const QRect chosenPlace(5200, 5115, 4015, 1320);
+}  // namespace
+
+DatabaseIntake::DatabaseIntake(const SettingsFrame& frame, GuidedFlow& flow, BrowserPanel& browser,
+                               MappingPanel& mapping, CodeButtons& codeButtons, PreviewPanel& preview,
+                               ChosenLines& chosen, IntakeSigns& signs)
+    : frame_(frame),
+      flow_(flow),
+      browser_(browser),
+      mapping_(mapping),
+      codeButtons_(codeButtons),
+      preview_(preview),
+      chosen_(chosen),
+      signs_(signs) {
+    const auto onPage = [this](auto slot) {
+        return guarded(frame_.form, [this, slot] {
+            if (inFront()) (this->*slot)();
+        });
+    };
+    connect(&mapping_, &MappingPanel::tableChosen, this, guarded(frame_.form, [this](const QString& table) {
+        if (inFront()) tableChosen(table);
+    }));
+    connect(&mapping_, &MappingPanel::tableDropped, this, [this] {
+        Q_EMIT fillingOffered(inFront() && browser_.isPictureMode());
+        signs_.clearIndexField();
+    });
+    connect(&mapping_, &MappingPanel::indexChosen, this, [this](const QString& field) {
+        if (inFront()) signs_.tellIndexField(field);
+    });
+    connect(&mapping_, &MappingPanel::mapped, this, onPage(&DatabaseIntake::showSource));
+    connect(&chosen_, &ChosenLines::clicked, this, onPage(&DatabaseIntake::chosenClicked));
+    preview_.otherTable = [this] { return choosesRows_ && inFront() ? sourceColumns() : std::nullopt; };
+}
+
+bool DatabaseIntake::inFront() const {
+    return frame_.isInFront(intakeTab);
+}
+
+void DatabaseIntake::fileClicked() {
+    if (browser_.selectedCount() == 0) {
+        giveUp();
+        return;
+    }
+    if (flow_.targetTable().isEmpty()) {
+        browser_.selectQuietly(false);
+        say(frame_.form, chooseAlbumFirst);
+        return;
+    }
+    browser_.setEcho(selectionEcho(browser_.selectedNames()));
+    openDatabase(browser_.pickedFile());
+    if (browser_.selectedCount() > 1) sayOnlyOne();
+}
+
+void DatabaseIntake::openDatabase(const QString& path) {
+    flow_.setSource(path, {});
+    flow_.setTarget(mekTp::cataloguePath(), flow_.targetTable());
+    Q_EMIT fillingOffered(false);
+    signs_.clearSourceTable();
+    signs_.clearIndexField();
+    try {
+        const Hourglass hourglass;
+        mapping_.chooseDatabase(u"请选择来源数据表"_s);
+    } catch (...) {
+        giveUp();
+        throw;
+    }
+    signs_.tellSourceFile(path);
+}
+
+void DatabaseIntake::sayOnlyOne() {
+    say(frame_.form, onlyOneDatabase, BoxIcon::information);
+    browser_.selectQuietly(false);
+}
+
+void DatabaseIntake::tableChosen(const QString& table) {
+    if (choosesRows_) showTarget();
+    signs_.tellSourceTable(table);
+    signs_.clearIndexField();
+    Q_EMIT fillingOffered(true);
+}
+
+/// The fields are mapped: the grid shows the records to choose from, and the list those that are chosen.
+void DatabaseIntake::showSource() {
+    choosesRows_ = true;
+    codeButtons_.ycbh();
+    chosen_.clear();
+    chosen_.setColumns(1);
+    chosen_.putOn(intakeTab, chosenPlace);
+    chosen_.show();
+    placeGrid(true);
+    // The headings of the source's columns are their own names.
+    frame_.grid.setHeadings({});
+    signs_.tell(u"已选择的源表中要复制的记录的“"_s + mapping_.indexFieldName() + u"”"_s);
+    const TableShape shape = shapeOf(mapping_.sourceDatabase(), flow_.sourceTable());
+    const QString order = fieldNamed(shape, u"序号"_s) ? u"序号"_s : mapping_.indexFieldName();
+    frame_.grid.list(allRecordsSql(flow_.sourceTable(), order), flow_.sourceDatabase());
+}
+
+/// The picture is that which would be taken. Where none is mapped, an album's own picture is shown all the same.
+std::optional<PreviewPanel::OtherTable> DatabaseIntake::sourceColumns() const {
+    QString picture = sourceOf(mapping_.fieldMapping(), u"图片"_s);
+    if (picture.isEmpty()) picture = u"图片"_s;
+    return PreviewPanel::OtherTable{flow_.sourceTable(), mapping_.indexFieldName(), picture};
+}
+
+void DatabaseIntake::placeGrid(bool source) {
+    frame_.grid.putOn(intakeTab, {5180, source ? 990 : 1320, 4100, source ? 3855 : 3525});
+    if (source)
+        signs_.headSource();
+    else
+        signs_.headAlbum();
+    frame_.grid.raise();
+    preview_.putOpener(intakeRecordOpener, intakeTab, recordButtonLeft, source ? 670 : 990);
+}
+
+void DatabaseIntake::showTarget() {
+    if (std::exchange(choosesRows_, false)) frame_.grid.setHeadings(pictureHeadings);
+    chosen_.clear();
+    chosen_.hide();
+    placeGrid(false);
+    const QString& album = frame_.albums.table();
+    if (album.isEmpty()) {
+        // A source that nothing shows any more is not kept open.
+        attempt([&] { frame_.grid.list(u"SELECT * FROM tcbm WHERE 1 = 0"_s); });
+        frame_.grid.clear();
+        return;
+    }
+    attempt([&] { codeButtons_.bhan(); });
+    attempt([&] { frame_.grid.list(allRecordsSql(album, u"序号"_s)); });
+    Q_EMIT targetShown();
+}
+
+void DatabaseIntake::rowClicked() {
+    if (!choosesRows_) return;
+    const QString& field = mapping_.indexFieldName();
+    const FieldValue key = frame_.grid.records().Fields(field).Value();
+    if (key.isNull()) {
+        say(frame_.form, u"这条记录的“%1”为空，不能选择。"_s.arg(field));
+        return;
+    }
+    if (chosen_.all().contains(key.toText())) {
+        say(frame_.form, u"选择的记录重复！"_s);
+        return;
+    }
+    chosen_.add(key.toText());
+    frame_.hints.show(u"操作提示：要转录的记录选择完成后，请按“录入图册”按钮开始转录。"_s);
+    rowsChanged();
+}
+
+void DatabaseIntake::rowsChanged() {
+    flow_.goTo(6);
+    mapping_.allowEnter(chosen_.count() > 0);
+}
+
+void DatabaseIntake::chooseAll() {
+    if (!choosesRows_) return;
+    const int unnamed = listAll();
+    frame_.hints.show(u"操作提示：按“录入图片”开始录入；按“撤消”，撤消刚才的选择。"_s);
+    rowsChanged();
+    mapping_.allowEnter(true);
+    if (unnamed > 0)
+        say(frame_.form, u"源表中有%1条记录的“%2”为空，没有选中。"_s.arg(unnamed).arg(mapping_.indexFieldName()),
+            BoxIcon::information);
+}
+
+/// Puts the keys of all source records in the list. Returns how many records have none.
+int DatabaseIntake::listAll() {
+    const Hourglass hourglass;
+    const QString& field = mapping_.indexFieldName();
+    QStringList keys;
+    int unnamed = 0;
+    for (Recordset rows = mapping_.sourceDatabase().OpenRecordset(allRecordsSql(flow_.sourceTable(), field));
+         !rows.Eof(); rows.MoveNext()) {
+        const FieldValue key = rows.Fields(field).Value();
+        if (key.isNull())
+            ++unnamed;
+        else
+            keys << key.toText();
+    }
+    chosen_.clear();
+    chosen_.addAll(keys);
+    return unnamed;
+}
+
+/// A click on a chosen record tells only how far one has come.
+void DatabaseIntake::chosenClicked() {
+    if (choosesRows_) flow_.goTo(chosen_.count() > 0 ? 6 : 5);
+}
+
+void DatabaseIntake::stepBack() {
+    switch (flow_.step()) {
+        case 3:
+            mapping_.undoDatabase();
+            signs_.clearSourceTable();
+            break;
+        case 4:
+            mapping_.undoTable();
+            break;
+        case 5:
+            showTarget();
+            mapping_.undoMapping();
+            break;
+        case 6:
+            chosen_.clear();
+            mapping_.allowEnter(false);
+            flow_.goTo(5);
+            frame_.hints.czts(6);
+            break;
+        default:
+            break;
+    }
+}
+
+void DatabaseIntake::giveUp() {
+    if (choosesRows_) showTarget();
+    mapping_.undoDatabase();
+    Q_EMIT fillingOffered(false);
+    mapping_.hideButtons();
+    signs_.clearSource();
+}
+
+void DatabaseIntake::endRun() {
+    if (choosesRows_) showTarget();
+    mapping_.reset();
+    browser_.showFileParts(false);
+}
+
+CopyOrder DatabaseIntake::order(bool replace, bool fillFields) const {
+    return {flow_.sourceDatabase(),
+            flow_.sourceTable(),
+            mapping_.indexFieldName(),
+            mapping_.fieldMapping(),
+            recordsOfKeys(chosen_.all()),
+            replace,
+            fillFields};
+}

@@ -1,0 +1,115 @@
+#pragma once
+
+#include "catalogue/runs/picture_storing.h"
+#include "catalogue/runs/run_report.h"
+#include "catalogue/runs/run_watch.h"
+#include "intake/browsing/browser_panel.h"
+#include "intake/browsing/code_buttons.h"
+#include "intake/databases/database_intake.h"
+#include "intake/databases/mapping_panel.h"
+#include "intake/preview/preview_panel.h"
+#include "settings/frame/settings_frame.h"
+#include "settings/frame/settings_page.h"
+
+#include <QObject>
+#include <array>
+#include <functional>
+
+class DataControl;
+class QCheckBox;
+class QGroupBox;
+class QPushButton;
+class QRadioButton;
+
+/// The page 图片录入: album, source, way of adding, files, and the intake run. What is particular to 数据库 as the
+/// source is told by `DatabaseIntake`.
+class IntakePage : public QObject, public SettingsPage {
+    Q_OBJECT
+
+  public:
+    /// Puts the page's controls on tab 1 of the frame.
+    IntakePage(const SettingsFrame& frame, GuidedFlow& flow, BrowserPanel& browser, MappingPanel& mapping,
+               CodeButtons& codeButtons, PreviewPanel& preview, ChosenLines& chosen);
+
+    PageLayout layout() const override;
+    void enter() override;
+    /// The demonstration album takes no pictures.
+    void albumChosen() override;
+    /// Nothing can be entered until one is chosen.
+    void albumLost() override;
+    void recordChanged() override;
+    void rowClicked() override;
+
+  private:
+    void makeGroups();
+    void makeButtons();
+    void connectControls();
+    void raiseControls();
+
+    bool inFront() const;
+    bool fromFiles() const;
+    bool replaces() const;
+    bool filesMayBePicked() const;
+    BrowseMode mode() const;
+
+    void arrange();
+    void listFiles();
+    void filesRead();
+    void showFileCount();
+    bool targetIsChosen() const;
+    /// Says why not.
+    bool targetIsFit() const;
+    void takesNoPictures();
+    void optYlClick();
+    void chooseFilesAnew();
+    void fileClicked();
+    bool deselectUnnumbered();
+    void sayUnnumbered();
+    void showSelection();
+    void showNoSelection();
+    void cmdQxClick();
+    void cmdQ1Click();
+    void undoSource();
+    void undoWay();
+    void undoFiles();
+    void clearFiles();
+    void cmdLrClick();
+    QStringList selectedPaths() const;
+    void lrtc();
+    /// What a run has to tell: how many pictures it entered, and what is said before that.
+    struct Outcome {
+        int count;
+        QStringList messages;  ///< Empty ones are not said.
+    };
+    RunReport shown(const RunBar::Run& run);
+    Outcome enterFiles();
+    Outcome copyRecords();
+    RunReport enterSelected();
+    RunReport copyChosen();
+    void refreshTarget();
+    void readFilesAnew();
+    void showAlbumCount();
+
+    SettingsFrame frame_;
+    GuidedFlow& flow_;
+    BrowserPanel& browser_;
+    MappingPanel& mapping_;
+    CodeButtons& codeButtons_;
+    PreviewPanel& preview_;
+    ChosenLines& chosen_;
+    IntakeSigns signs_;
+    DatabaseIntake database_;
+
+    QGroupBox* fraLy_ = nullptr;            ///< Where pictures come from: optYl_.
+    QGroupBox* fraFs_ = nullptr;            ///< How they are added: optCz_.
+    std::array<QRadioButton*, 2> optYl_{};  ///< Files, a database.
+    std::array<QRadioButton*, 2> optCz_{};  ///< Replacing records, appending them.
+    QCheckBox* chkZd_ = nullptr;            ///< Whether columns without a value are filled.
+    QPushButton* cmdQ1_ = nullptr;          ///< One step back.
+    QPushButton* openRecord_ = nullptr;     ///< cmdCk(0)
+    QPushButton* openFile_ = nullptr;       ///< cmdCk(1)
+    DataControl* datLr_ = nullptr;          ///< The target table.
+    bool unnumberedTold_ = false;
+    BmpFiles bmpFiles_ = BmpFiles::keep;  ///< The answer for the run that begins.
+    bool filesWait_ = false;              ///< Files were ready for cmdLr when the album was lost.
+};

@@ -1,0 +1,265 @@
+// The runs of the page 图片转存: into a folder by names, one after the other or by default, and into a table.
+
+#include "catalogue/album_rules.h"
+#include "catalogue/album_tables.h"
+#include "catalogue/mektp.h"
+#include "catalogue/picture_field.h"
+#include "catalogue/runs/picture_names.h"
+#include "catalogue/runs/table_transfer.h"
+#include "intake/transfer/not_done_text.h"
+#include "intake/transfer/transfer_page.h"
+#include "intake/transfer/transfer_rules.h"
+#include "platform/base/error.h"
+#include "platform/desktop/busy.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/placing.h"
+#include "settings/frame/progress_bar_watch.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+const QString copiedCaption = u"已复制"_s;
+}  // namespace
+
+void TransferPage::cmdFzClick() {
+    if (chosen_.count() == 0) return;
+    if (!toFolder()) {
+        fzyd(operationText(false));
+        return;
+    }
+    cmdYd_->setText(u"移 动"_s);
+    cmdFz_->setText(copiedCaption);
+    fzzb();
+}
+
+void TransferPage::cmdYdClick() {
+    if (chosen_.count() == 0) return;
+    if (isDemo(flow_.sourceTable())) {
+        say(frame_.form, onlyForShow);
+        return;
+    }
+    if (!isAlbumTable(mekTp::catalogue, flow_.sourceTable())) {
+        say(frame_.form, u"数据表“%1”不是图册，其中的记录不能移走。"_s.arg(flow_.sourceTable()));
+        return;
+    }
+    if (!toFolder()) {
+        fzyd(operationText(true));
+        return;
+    }
+    cmdFz_->setText(u"复 制"_s);
+    cmdYd_->setText(u"已移动"_s);
+    fzzb();
+}
+
+// Opens the name dialog for the first picture.
+void TransferPage::fzzb() {
+    nameEntryIndex_ = 0;
+    named_ = {};
+    setNaming(true);
+    names_.open(prg3_);
+    askName();
+}
+
+/// Shows the picture in hand and asks for its name.
+void TransferPage::askName() {
+    const Hourglass hourglass;
+    const QString number = chosen_.at(nameEntryIndex_);
+    NameQuestion question;
+    question.text = nameQuestion(albumNameOfLine(frame_.albums.line()), number, nameEntryIndex_ == 0);
+    question.defaultName = defaultPictureName({}, number.toInt());
+    attempt([&] {
+        Recordset record = openChosen(mekTp::catalogue, recordInHand(moves()));
+        question.defaultName = defaultPictureName(record.Fields(u"编号"_s).Value(), number.toInt());
+        question.picture = pictureFromField(record, u"图片"_s, names_.pictureSize());
+    });
+    names_.ask(question);
+}
+
+/// Told by the caption that the pressed button has taken.
+bool TransferPage::moves() const {
+    return cmdFz_->text() != copiedCaption;
+}
+
+ChosenRecord TransferPage::recordInHand(bool move) const {
+    const QStringList numbers = chosen_.all();
+    ChosenRecord chosen{flow_.sourceTable(), numbers[nameEntryIndex_], 0, move};
+    for (const RunItem& item : named_.items) {
+        const bool isGone = move && item.fate == Fate::taken;
+        if (item.name == chosen.number && !isGone) ++chosen.earlier;
+    }
+    return chosen;
+}
+
+/// While names are asked for, the list of pictures stays as it is.
+void TransferPage::setNaming(bool on) {
+    chosen_.setEnabled(!on);
+    for (QPushButton* button : {cmdFz_, cmdYd_}) button->setEnabled(false);
+    cmdWj_->setEnabled(!on && flow_.step() == 4);
+    enableChoosing();
+    if (!on) return;
+    for (QPushButton* button : {cmdQb_, cmdXb_}) button->setEnabled(false);
+}
+
+void TransferPage::nameCancelled() {
+    names_.close();
+    prg3_->hide();
+    setNaming(false);
+    const bool move = moves();
+    const RunReport ended = std::exchange(named_, {});
+    if (move) dropDone(ended);
+    tellEarlyEnd(ended, move);
+}
+
+/// What was moved leaves the list; what is left of it can still be moved.
+void TransferPage::dropDone(const RunReport& moved) {
+    const QList<qsizetype> gone = moved.placesOf({Fate::taken});
+    if (gone.isEmpty()) return;
+    std::for_each(gone.rbegin(), gone.rend(), [this](qsizetype line) { chosen_.drop(static_cast<int>(line)); });
+    attempt([&] { frame_.grid.listAgain(); });
+    showTotal();
+    linesChanged();
+    bsxz(false);
+}
+
+// One step of a copy or move: the picture whose name was given, or all records.
+void TransferPage::fzyd(const QString& operation) {
+    const bool move = operation == operationText(true);
+    if (toFolder())
+        toNextName(move);
+    else
+        toTable(move);
+}
+
+void TransferPage::toNextName(bool move) {
+    const int count = chosen_.count();
+    if (nameEntryIndex_ < count) {
+        const SentPicture sent = [&] {
+            const Hourglass hourglass;
+            return transferToFile(mekTp::catalogue, recordInHand(move), {browser_.folder(), names_.name()});
+        }();
+        if (!passesOver(sent, move)) {
+            names_.askAgain();
+            return;
+        }
+        ++nameEntryIndex_;
+    }
+    if (nameEntryIndex_ < count) {
+        prg3_->setValue(nameEntryIndex_ * 100 / count);
+        askName();
+        return;
+    }
+    names_.close();
+    prg3_->hide();
+    setNaming(false);
+    const RunReport ended = std::exchange(named_, {});
+    tellNotDone(ended, move);
+    finish(static_cast<int>(ended.namesOf({Fate::taken}).size()));
+}
+
+/// Notes what became of the picture in hand. False when its name is to be asked for again: nothing is passed over that
+/// another name, or another try, can still save.
+bool TransferPage::passesOver(const SentPicture& sent, bool move) {
+    const QString number = chosen_.at(nameEntryIndex_);
+    switch (sent.outcome) {
+        case SentPicture::done:
+            named_.items.push_back({nameEntryIndex_, number, Fate::taken, {}, names_.name()});
+            return true;
+        case SentPicture::badName:
+            say(frame_.form, sent.reason);
+            return false;
+        case SentPicture::failed:
+            if (choose(frame_.form, retryQuestion(move, number, sent.reason), {u"再试一次"_s, u"跳过这一张"_s}, 0, 0,
+                       BoxIcon::exclamation) == 0)
+                return false;
+            break;
+        case SentPicture::impossible:
+            break;
+    }
+    named_.items.push_back({nameEntryIndex_, number, Fate::failed, sent.reason});
+    return true;
+}
+
+void TransferPage::toTable(bool move) {
+    if (!ask(frame_.form, startQuestion(move))) return;
+    const QStringList numbers = chosen_.all();
+    const RunReport report = shown([&](RunWatch& watch) {
+        const TransferTarget target{openTarget(flow_.targetDatabase()), flow_.targetTable(), mapping_.fieldMapping()};
+        return transferToTable(mekTp::catalogue, flow_.sourceTable(), numbers, target, move, watch);
+    });
+    tellNotDone(report, move);
+    finish(report.count);
+}
+
+void TransferPage::tellNotDone(const RunReport& report, bool move) {
+    if (report.has(Fate::failed)) say(frame_.form, notDoneText(report, notTransferredHeading(move)));
+}
+
+/// What was written stays, so it is named.
+void TransferPage::tellEarlyEnd(const RunReport& named, bool move) {
+    const QStringList files = named.filesOf(Fate::taken);
+    if (files.isEmpty()) {
+        tellNotDone(named, move);
+        return;
+    }
+    const QString text = endedEarlyText(move, files) + notDoneText(named, u"\n\n其中有 %1 张不能写成文件。"_s);
+    say(frame_.form, text, BoxIcon::information);
+}
+
+/// The tail of a copy or move: the list is empty again. A mapping can have been used without its panel being closed.
+void TransferPage::finish(int count) {
+    const QString album = albumNameOfLine(frame_.albums.line());
+    browser_.hide();
+    browser_.hideNote();
+    chosen_.clear();
+    linesChanged();
+    if (toFolder()) lbl5_->setText(u"已转录完成"_s);
+    cmdFz_->setText(u"复 制"_s);
+    cmdYd_->setText(u"移 动"_s);
+    resetCaptions();
+    enableChoosing();
+    cmdQq_->setEnabled(false);
+    attempt([&] { frame_.grid.listAgain(); });
+    showTotal();
+    frame_.hints.czts(20);
+    bsxz(true);
+    frame_.work.end();
+    say(frame_.form, copiedText(album, count), BoxIcon::information);
+}
+
+/// Runs while the progress bar stands on the page.
+RunReport TransferPage::shown(const std::function<RunReport(RunWatch&)>& run) {
+    frame_.sstFz->putOn(transferTab, prg3_, 6345, 5640, 1950, 255);
+    ProgressBarWatch watch(prg3_);
+    return run(watch);
+}
+
+void TransferPage::cmdWjClick() {
+    const QStringList numbers = chosen_.all();
+    if (numbers.isEmpty()) {
+        frame_.work.end();
+        return;
+    }
+    if (browser_.echo().isEmpty()) {
+        say(frame_.form, u"请先选择要保存图片文件的文件夹。"_s);
+        return;
+    }
+    if (!ask(frame_.form, toFilesQuestion())) return;
+    const RunReport report = shown([&](RunWatch& watch) {
+        return transferToFiles(mekTp::catalogue, flow_.sourceTable(), numbers, browser_.folder(), watch);
+    });
+    browser_.disableEcho();
+    cmdQb_->setText(chooseAllCaption);
+    cmdQb_->setEnabled(false);
+    if (report.has(Fate::failed)) say(frame_.form, notDoneText(report, u"有 %1 张图片没有写成文件。"_s));
+    say(frame_.form, madeIntoFilesText(report.count));
+    frame_.hints.czts(20);
+    frame_.work.end();
+    bsxz(true);
+    cmdQq_->setEnabled(false);
+}
