@@ -305,7 +305,7 @@ class TestPaging : public QObject {
                     }
                 if (columns == 1 || size.height() > size.width()) continue;
                 const QRect view = page.adjusted(0, 0, 2, 0);  // its widest picture is 30 twips wider than the page
-                for (const int cell : {0, 2, 3}) {  // 40 x 30, 30 x 40, 100 x 50
+                for (const int cell : {0, 2, 3}) {             // 40 x 30, 30 x 40, 100 x 50
                     viewer.openPicture(cell);
                     QVERIFY(viewer.shows(u"img0"_s));
                     QVERIFY(view.contains(viewer.find(u"img0"_s)->geometry()));
