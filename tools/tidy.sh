@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Checks the sources with clang-tidy, by the committed .clang-tidy, and with the warnings of clang. A source is skipped if
-# it was found clean before, and neither it nor a header that it includes has changed since. Needs the build of test.sh.
-# Fails when it finds anything.
+# Checks the sources of the program with clang-tidy, by the committed .clang-tidy, and with the warnings of clang. A source
+# is skipped if it was found clean before, and neither it nor a header that it includes has changed since. Needs the
+# build of test.sh. Fails when it finds anything.
 set -euo pipefail
 cd -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")/.."
 . tools/setup.sh
@@ -21,7 +21,7 @@ sources_with_headers() {
     ninja -C "$build" -t deps | sed -E "s|^    (\.\./\.\./\|$PWD/)|    |" | awk '
         function tell() { if (source != "") print source headers; source = headers = "" }
         /^[^ ]/ { tell() }
-        /^    (src|tests|tools|bench)\/.*\.cpp$/ && !/_autogen/ { if (source == "") source = $1; next }
+        /^    src\/.*\.cpp$/ && !/_autogen/ { if (source == "") source = $1; next }
         /^    (src|tests|tools|bench)\// && !/_autogen|CMakeFiles/ { headers = headers " " $1 }
         END { tell() }' | sort -u -t ' ' -k 1,1
 }
@@ -32,6 +32,7 @@ name_of_state() {
 }
 
 while read -r -a files; do
+    [ -e "${files[0]}" ] || continue  # gone since the last build
     state=$clean/$(name_of_state "${files[@]}")
     if [ -e "$state" ]; then touch -- "$state"; else printf '%s\0%s\0' "${files[0]}" "$state"; fi
 done < <(sources_with_headers) >"$work/changed"
