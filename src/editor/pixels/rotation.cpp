@@ -100,15 +100,20 @@ class Rotation {
   private:
     static constexpr int tileColumns = 128;
 
+    /// In the middle of an even length the pixel behind it is taken.
+    static int middle(int length) { return length / 2; }
+
     std::vector<double> columnTerms(double factor) const {
-        std::vector<double> terms;
-        for (int i = 0; i < targetSize_.width(); ++i) terms.push_back((i - targetSize_.width() / 2) * factor);
+        std::vector<double> terms(size_t(targetSize_.width()));
+        for (int i = 0; i < targetSize_.width(); ++i) terms[size_t(i)] = (i - middle(targetSize_.width())) * factor;
         return terms;
     }
 
-    double rowTerm(int j, double factor) const { return (j - targetSize_.height() / 2) * factor; }
-    Coordinate u(int j) const { return {uTerms_.data(), rowTerm(j, turn_.sine), double(sourceSize_.width() / 2)}; }
-    Coordinate v(int j) const { return {vTerms_.data(), rowTerm(j, turn_.cosine), double(sourceSize_.height() / 2)}; }
+    double rowTerm(int j, double factor) const { return (j - middle(targetSize_.height())) * factor; }
+    Coordinate u(int j) const { return {uTerms_.data(), rowTerm(j, turn_.sine), double(middle(sourceSize_.width()))}; }
+    Coordinate v(int j) const {
+        return {vTerms_.data(), rowTerm(j, turn_.cosine), double(middle(sourceSize_.height()))};
+    }
 
     void fillRow(Span columns, int j) const {
         const Span span =

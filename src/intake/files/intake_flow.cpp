@@ -20,6 +20,7 @@
 #include "settings/frame/bmp_question.h"
 
 #include <QCheckBox>
+#include <QGroupBox>
 #include <QPushButton>
 #include <utility>
 
