@@ -25,7 +25,7 @@ QImage drawing() {
     painter.setPen(Qt::NoPen);
     const std::array grounds{QColor(214, 118, 72), QColor(62, 112, 150), QColor(186, 74, 92), QColor(66, 126, 92)};
     for (int i = 0; i < 4; ++i) {
-        const QRectF print(20 + i % 2 * 32, 11 + i / 2 * 28, 28, 24);
+        const QRect print(20 + i % 2 * 32, 11 + i / 2 * 28, 28, 24);
         painter.setBrush(QColor(255, 253, 247));
         painter.drawRoundedRect(print, 2, 2);
         const QRectF picture = print.adjusted(2, 2, -2, -2);
