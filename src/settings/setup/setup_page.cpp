@@ -2,6 +2,8 @@
 
 #include "platform/base/error.h"
 
+#include <QGroupBox>
+
 using namespace Qt::Literals::StringLiterals;
 
 SetupPage::SetupPage(const SettingsFrame& frame, Preview& preview)
