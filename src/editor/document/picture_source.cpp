@@ -23,7 +23,7 @@ struct LineOf {
         for (const auto& [column, value] : {std::pair(u"序号"_s, &record.number),
                                             {u"编号"_s, &record.codes},
                                             {u"大小"_s, &record.kilobytes},
-                                            {u"规格"_s, &record.spec}})
+                                            {u"规格"_s, &record.dimensions}})
             if (!value->isNull()) line += u' ' + column + u"："_s + value->toText();
         return line;
     }

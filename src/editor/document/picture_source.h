@@ -19,7 +19,7 @@ struct PictureFile {
 /// A record of an album, as it was when its picture was taken.
 struct AlbumRecord {
     QString table;
-    FieldValue number, codes, kilobytes, spec;  ///< 序号, 编号, 大小 and 规格, each of which can be Null.
+    FieldValue number, codes, kilobytes, dimensions;  ///< 序号, 编号, 大小 and 规格, each of which can be Null.
 };
 
 using PictureSource = std::variant<NoSource, PictureFile, AlbumRecord>;
