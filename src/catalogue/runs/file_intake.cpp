@@ -27,6 +27,8 @@ class FileIntake : public RunInTurn {
         : RunInTurn(chosenNames(order)), album_(album), table_(table), order_(order) {}
 
   protected:
+    const Database& target() const override { return album_; }
+
     void open() override {
         rows_ = album_.OpenRecordset(order_.replace ? table_ : noRecordsSql(table_));
         if (!order_.replace) numbers_.emplace(album_, table_);

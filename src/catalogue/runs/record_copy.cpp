@@ -35,6 +35,8 @@ class RecordCopy : public RunInTurn {
           pictureSource_(sourceOf(order.mapping, pictureColumn)) {}
 
   protected:
+    const Database& target() const override { return album_; }
+
     void open() override {
         rows_ = album_.OpenRecordset(order_.replace ? table_ : noRecordsSql(table_));
         source_ = OpenDatabase(order_.sourcePath);

@@ -1,31 +1,94 @@
 #include "catalogue/runs/run_in_turn.h"
 
+#include <QElapsedTimer>
+
+/// What shares one change of the target.
+struct RunInTurn::Group {
+    explicit Group(const RunProgress& before) : start(before) { time.start(); }
+
+    RunProgress start;
+    std::vector<RunItem> stored = {};
+    std::optional<RunItem> failed = {};  ///< It ends the group.
+    QElapsedTimer time;
+};
+
+namespace {
+constexpr qint64 groupBytes = 32 << 20;
+constexpr std::size_t groupThings = 128;
+constexpr qint64 groupMs = 400;
+}  // namespace
+
 RunReport RunInTurn::run(RunWatch& watch) {
-    RunReport report;
-    RunProgress progress{.all = names_.size()};
+    progress_.all = names_.size();
     try {
         open();
-        bool goesOn = true;
-        while (goesOn && progress.done < names_.size()) {
-            progress.bytes += takeNext(report, progress.done++);
-            progress.percent = percentWith(progress.done - 1);
-            goesOn = watch.progress(progress);
-        }
+        while (goesOn_ && progress_.done < names_.size()) takeGroup(watch);
     } catch (const std::exception& failure) {
-        report.failure = reasonOf(failure);
+        report_.failure = reasonOf(failure);
     }
-    report.close(names_, progress.done);
-    return report;
+    report_.close(names_, progress_.done);
+    return std::move(report_);
 }
 
-/// Returns the bytes of the picture.
-qint64 RunInTurn::takeNext(RunReport& report, qsizetype place) {
+void RunInTurn::takeGroup(RunWatch& watch) {
+    Group group(progress_);
+    bool isLost = false;
+    try {
+        Transaction together(target());
+        do takeNext(group, watch);
+        while (!isFull(group));
+        if (!group.stored.empty()) together.commit();
+    } catch (const std::exception& failure) {
+        lose(group, reasonOf(failure));
+        isLost = true;
+    }
+    report_.items.insert(report_.items.end(), group.stored.begin(), group.stored.end());
+    if (group.failed) fail(*group.failed, watch);
+    if (isLost && goesOn_) open();
+}
+
+void RunInTurn::takeNext(Group& group, RunWatch& watch) {
+    const qsizetype place = progress_.done;
     try {
         const Taken taken = take(place);
-        report.items.push_back({place, names_[place], taken.fate});
-        return taken.bytes;
+        group.stored.push_back({place, names_[place], taken.fate});
+        progress_.bytes += taken.bytes;
     } catch (const std::exception& failure) {
-        report.items.push_back({place, names_[place], Fate::failed, reasonOf(failure)});
-        throw;
+        group.failed = RunItem{place, names_[place], Fate::failed, reasonOf(failure)};
     }
+    progress_.percent = percentWith(place);
+    ++progress_.done;
+    if (!watch.progress(progress_)) {
+        goesOn_ = false;
+        report_.stopped = true;
+    }
+}
+
+bool RunInTurn::isFull(const Group& group) const {
+    return !goesOn_ || group.failed || progress_.done == names_.size() || progress_.done <= singlyUpTo_ ||
+           progress_.bytes - group.start.bytes >= groupBytes || group.stored.size() >= groupThings ||
+           group.time.hasExpired(groupMs) || !isAtHand(progress_.done);
+}
+
+/// Goes back to the beginning of a group that was lost. A thing that was alone in it has failed.
+void RunInTurn::lose(Group& group, const QString& reason) {
+    const qsizetype end = progress_.done;
+    const qsizetype start = group.start.done;
+    progress_ = group.start;
+    group.stored.clear();
+    if (end - start > 1) {
+        group.failed.reset();
+        singlyUpTo_ = end;
+        return;
+    }
+    if (!group.failed) group.failed = RunItem{start, names_[start], Fate::failed, reason};
+    progress_.done = start + 1;
+}
+
+void RunInTurn::fail(const RunItem& item, RunWatch& watch) {
+    report_.items.push_back(item);
+    passesOver_ = passesOver_ || watch.passesOver(item);
+    if (passesOver_) return;
+    report_.failure = item.reason;
+    goesOn_ = false;
 }

@@ -11,11 +11,12 @@
 enum class Fate {
     taken,           ///< It is at its new place, on the disk.
     withoutPicture,  ///< The same but for its picture: it had none to give.
+    alreadyThere,    ///< Left out, since the album has this very picture.
     notFound,        ///< No record has its number or key; nothing was done with it.
     truncated,       ///< Left out, since its picture ends early.
     notAPicture,     ///< Left out, since what it has is neither BMP nor JPEG.
-    failed,
-    left  ///< The run did not reach it.
+    failed,          ///< Nothing of it was kept, and `reason` says why.
+    left             ///< The run did not reach it.
 };
 
 struct RunItem {
@@ -32,6 +33,8 @@ struct RunReport {
     std::vector<RunItem> items = {};  ///< In the order in which their fates were decided.
     QString failure = {};             ///< Why the run ended early; empty when no failure ended it.
     bool cameToEnd = false;
+    bool stopped = false;  ///< The watch has ended it.
+    int verified = 0;      ///< Pictures that were read back at their new places and are the same as at the old ones.
 
     bool has(Fate fate) const;
     QStringList namesOf(std::initializer_list<Fate> fates) const;

@@ -2,6 +2,8 @@
 
 #include <QtGlobal>
 
+struct RunItem;
+
 /// How far a run has come.
 struct RunProgress {
     int percent = 0;     ///< As a progress bar shows it; each run has its own measure.
@@ -20,4 +22,7 @@ class RunWatch {
 
     /// Called after each file or record. False ends the run there; what is done stays done.
     virtual bool progress(const RunProgress&) { return true; }
+    /// Called at the first failure of a run. True passes over what failed, and over all failures that follow; false
+    /// ends the run there. Nothing is open in the catalogue meanwhile: the answer may take as long as a person needs.
+    virtual bool passesOver(const RunItem&) { return false; }
 };
