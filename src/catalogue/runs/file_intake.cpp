@@ -21,10 +21,10 @@ QStringList chosenNames(const IntakeOrder& order) {
     return names;
 }
 
-class FileIntake : public RunInTurn {
+class FileIntake : public RunIntoDatabase {
   public:
     FileIntake(const Database& album, const QString& table, const IntakeOrder& order)
-        : RunInTurn(chosenNames(order)), album_(album), table_(table), order_(order) {}
+        : RunIntoDatabase(chosenNames(order)), album_(album), table_(table), order_(order) {}
 
   protected:
     const Database& target() const override { return album_; }

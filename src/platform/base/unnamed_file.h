@@ -17,7 +17,10 @@ class UnnamedFile {
     const QString& path() const { return path_; }
     void write(QByteArrayView bytes);
     void setRights(QFileDevice::Permissions rights);
-    void sync();  ///< The bytes are on the disk then.
+    void beginSync();  ///< The bytes begin to go to the disk. Waits for nothing, and fails never.
+    void sync();       ///< The bytes are on the disk then.
+    /// What the disk gives back is read and compared with these bytes; throws when it is anything else.
+    void compare(QByteArrayView bytes);
 
     /// Gives the file its name; false when anything has that name already. Waits for no disk: many files together are
     /// quicker (`syncFileSystemOf`, `syncFolderToDisk`) than each by itself.
