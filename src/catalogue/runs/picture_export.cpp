@@ -50,9 +50,12 @@ std::unique_ptr<UnnamedFile> fileOf(const QByteArray& picture, const QString& na
     return file;
 }
 
+/// Of many pictures this part is asked of the disk when they are read back: a disk that lost one lost it whole.
+constexpr qint64 partOfMany = 4;
+
 /// The bytes are on the disk.
-bool nameVerified(UnnamedFile& file, const QByteArray& picture) {
-    file.compare(picture);
+bool nameVerified(UnnamedFile& file, const QByteArray& picture, qint64 ofDisk) {
+    file.compare(picture, ofDisk);
     return file.takeNewName();
 }
 
@@ -67,7 +70,7 @@ Exported dctb(Recordset& recordset, QString& name) {
     if (isTaken(name)) return standsThere(name, picture) ? Exported::alreadyThere : Exported::nameTaken;
     const auto file = fileOf(picture, name);
     file->sync();
-    return nameVerified(*file, picture) ? Exported::written : Exported::nameTaken;
+    return nameVerified(*file, picture, picture.size()) ? Exported::written : Exported::nameTaken;
 }
 
 PictureGroup::PictureGroup(const QString& folder) : folder_(folder) {}
@@ -94,7 +97,8 @@ void PictureGroup::nameEarly(const QString& name) {
     const auto waiting = files_.find(name);
     if (waiting == files_.end()) return;
     waiting->second.file->sync();
-    if (!nameVerified(*waiting->second.file, waiting->second.picture)) return;
+    const QByteArray& picture = waiting->second.picture;
+    if (!nameVerified(*waiting->second.file, picture, picture.size())) return;
     syncFolderToDisk(folder_);
     files_.erase(waiting);
 }
@@ -107,7 +111,7 @@ std::vector<PictureGroup::Failed> PictureGroup::giveNames() {
     QStringList named;
     for (const auto& [name, waiting] : files) {
         try {
-            if (nameVerified(*waiting.file, waiting.picture))
+            if (nameVerified(*waiting.file, waiting.picture, waiting.picture.size() / partOfMany))
                 named << name;
             else
                 failed.push_back({name, {}});

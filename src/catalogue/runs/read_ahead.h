@@ -19,7 +19,7 @@ class ReadAhead {
     using Prepare = std::function<Prepared(qsizetype place)>;
     struct Limits {
         std::size_t things = 64;
-        qint64 bytes = 24 << 20;
+        qint64 bytes = 12 << 20;
     };
 
     /// `begin` gives what prepares a thing. It is called in the thread, where the `Prepare` is used and destroyed, too:

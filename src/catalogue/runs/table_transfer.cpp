@@ -4,6 +4,7 @@
 #include "catalogue/album_tables.h"
 #include "catalogue/next_number.h"
 #include "catalogue/runs/chosen_record.h"
+#include "catalogue/runs/other_thread.h"
 #include "catalogue/runs/read_ahead.h"
 #include "catalogue/runs/run_in_turn.h"
 #include "platform/base/error.h"
@@ -11,7 +12,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <future>
 #include <iterator>
 #include <vector>
 
@@ -42,7 +42,7 @@ const FieldPair* pictureMapped(const FieldMapping& mapping) {
 }
 
 bool holds(const Field& field, const FieldValue& value) {
-    constexpr qint64 piece = 1 << 20;
+    constexpr qint64 piece = 1 << 18;
     const QByteArray picture = value.toBytes();
     if (field.FieldSize() != picture.size()) return false;
     for (qint64 offset = 0; offset < picture.size(); offset += piece)
@@ -59,26 +59,47 @@ bool holdsPictures(const Recordset& row, const FieldMapping& mapping, const OnIt
     return true;
 }
 
-/// Reads the pictures of a stored group back by a connection that has none of them in its memory: one of another
-/// thread. The records have the numbers from `first` on. Returns for each why it is in doubt; empty when its pictures
-/// are the same.
-QStringList doubtsAbout(const std::vector<Stored>& group, const TransferTarget& target, int first) {
-    QStringList doubts;
-    try {
-        const Database database = OpenDatabase(target.database.Name());
+/// Reads stored pictures back by a connection of its own, which has none of them in its memory.
+class ReadingBack {
+  public:
+    explicit ReadingBack(const TransferTarget& target) : target_(target) {}
+    ~ReadingBack() {
+        thread_.run([this] { database_ = Database(); });
+    }
+    ReadingBack(const ReadingBack&) = delete;
+    ReadingBack& operator=(const ReadingBack&) = delete;
+
+    /// Why each record of a group is in doubt; empty when its pictures are the same. The records have the numbers from
+    /// `first` on.
+    QStringList doubtsAbout(const std::vector<Stored>& group, int first) {
+        QStringList doubts;
+        thread_.run([&] {
+            try {
+                compare(group, first, doubts);
+            } catch (const std::exception& failure) {
+                while (std::size_t(doubts.size()) < group.size()) doubts << u"图片没有读回："_s + causeOf(failure);
+            }
+        });
+        return doubts;
+    }
+
+  private:
+    void compare(const std::vector<Stored>& group, int first, QStringList& doubts) {
+        if (!database_.isOpen()) database_ = OpenDatabase(target_.database.Name());
         Recordset rows =
-            database.OpenRecordset(allRecordsSql(target.table) + u" WHERE [序号] >= %1 ORDER BY [序号]"_s.arg(first));
+            database_.OpenRecordset(allRecordsSql(target_.table) + u" WHERE [序号] >= %1 ORDER BY [序号]"_s.arg(first));
         for (const Stored& stored : group) {
             const FieldValue number(first + int(doubts.size()));
             const bool isThere = !rows.Eof() && rows.Fields(u"序号"_s).Value() == number;
-            doubts << (isThere && holdsPictures(rows, target.mapping, stored.record) ? QString() : differs);
+            doubts << (isThere && holdsPictures(rows, target_.mapping, stored.record) ? QString() : differs);
             if (!rows.Eof()) rows.MoveNext();
         }
-    } catch (const std::exception& failure) {
-        while (std::size_t(doubts.size()) < group.size()) doubts << u"图片没有读回："_s + causeOf(failure);
     }
-    return doubts;
-}
+
+    const TransferTarget& target_;
+    OtherThread thread_;
+    Database database_;  ///< Of that thread.
+};
 
 /// The records go in groups, each of which is one change of the target. When it is stored, its pictures are read back
 /// and compared; then its records may go from the album.
@@ -86,7 +107,7 @@ class TableTransfer : public RunIntoDatabase {
   public:
     TableTransfer(const Database& album, const QString& table, const QStringList& numbers, const TransferTarget& target,
                   bool move)
-        : RunIntoDatabase(numbers), album_(album), table_(table), target_(target), move_(move) {}
+        : RunIntoDatabase(numbers), album_(album), table_(table), target_(target), move_(move), readingBack_(target) {}
 
   protected:
     const Database& target() const override { return target_.database; }
@@ -124,8 +145,7 @@ class TableTransfer : public RunIntoDatabase {
     }
 
     std::optional<RunItem> finish(std::vector<RunItem>& stored) override {
-        auto readBack = std::async(std::launch::async, [&] { return doubtsAbout(group_, target_, first_); });
-        QStringList doubts = readBack.get();
+        QStringList doubts = readingBack_.doubtsAbout(group_, first_);
         for (std::size_t i = 0; i < group_.size(); ++i)
             if (doubts[qsizetype(i)].isEmpty() && group_[i].record.bytes > 0) noteVerified(1);
         if (move_) removeUndoubted(doubts);
@@ -196,6 +216,7 @@ class TableTransfer : public RunIntoDatabase {
     std::optional<ReadAhead<OnItsWay>> ahead_;
     Recordset rows_;  ///< Of the target.
     std::optional<NextNumber> next_;
+    ReadingBack readingBack_;
     std::vector<Stored> group_;
     int first_ = 0;  ///< 序号 that the first one of the group has in the target.
 };

@@ -118,11 +118,10 @@ void UnnamedFile::beginSync() {
 #endif
 }
 
-void UnnamedFile::compare(QByteArrayView bytes) {
+void UnnamedFile::compare(QByteArrayView bytes, qint64 ofDisk) {
     constexpr qint64 piece = 1 << 18;
 #ifdef Q_OS_UNIX
-    // Otherwise the memory of the system would give back what was written, and not the disk.
-    posix_fadvise(file_.handle(), 0, 0, POSIX_FADV_DONTNEED);
+    posix_fadvise(file_.handle(), 0, off_t(ofDisk), POSIX_FADV_DONTNEED);
 #endif
     QByteArray read(piece, Qt::Uninitialized);
     bool isSame = file_.size() == bytes.size() && file_.seek(0);
