@@ -56,17 +56,15 @@ class TestPictureSize : public QObject {
     }
 
     void refusesWhatCannotBeDecoded() {
-        const QByteArray jpeg = jpegBytes(quadrants({64, 48})),
-                         progressive = jpegBytes(quadrants({64, 48}), {Kind::progressive});
+        const QByteArray jpeg = jpegBytes(quadrants({64, 48}));
         const QByteArray room(4 << 20, '\0');
         for (const QByteArray& bytes :
              {QByteArray(), QByteArray("GIF89a"), QByteArray("\xFF\xD8"), jpeg.first(300), withSides(jpeg, {0, 48}),
               withSides(jpeg, {40'000, 48}), withSides(jpeg, {30'000, 30'000}), without(jpeg, "\xFF\xDB"),
               QByteArray(jpeg).replace("\xFF\xC0", "\xFF\xC3"), without(jpeg, "\xFF\xC0"),
               withSides(jpegBytes(quadrants({64, 48}), {Kind::coloursApart}), {32'767, 32'767}) + room,
-              QByteArray(progressive).replace("\xFF\xC2", "\xFF\xC0"), QByteArray("BM"), bmpBytes(24).first(54),
-              withSides(bmpBytes(24), {40'000, 2}), withSides(bmpBytes(24), {16'384, 16'385}),
-              QByteArray(bmpBytes(24)).replace(26, 1, "\2")}) {
+              QByteArray("BM"), bmpBytes(24).first(54), withSides(bmpBytes(24), {40'000, 2}),
+              withSides(bmpBytes(24), {16'384, 16'385}), QByteArray(bmpBytes(24)).replace(26, 1, "\2")}) {
             QVERIFY2(!byHeader(bytes).second.isEmpty(), bytes.left(200).toHex().constData());
             QCOMPARE(byHeader(bytes), byDecoding(bytes));
         }
