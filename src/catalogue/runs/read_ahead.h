@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtGlobal>
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <exception>
@@ -10,8 +11,8 @@
 #include <thread>
 
 /// Prepares the things of a run, in their order, in a thread of its own: while one is stored, the next ones are read
-/// and looked at on the other processor. It is ahead by so many things and bytes at most. The destructor waits for the
-/// thing in hand.
+/// and looked at on the other processor. It is ahead by so many things and bytes at most. One thread takes them, that
+/// of the run. The destructor waits for the thing in hand.
 template <typename Prepared>
 class ReadAhead {
   public:
@@ -40,29 +41,21 @@ class ReadAhead {
     ReadAhead(const ReadAhead&) = delete;
     ReadAhead& operator=(const ReadAhead&) = delete;
 
-    /// Waits for the thing that comes next, and gives it away; throws what its preparation threw. A thing that was
-    /// given away before is prepared once more, in this thread.
+    /// Waits for a thing, and gives it away; throws what its preparation threw. Those before it are not kept: one that
+    /// is asked for all the same is prepared once more, in this thread.
     Prepared take(qsizetype place) {
-        std::unique_lock lock(mutex_);
-        if (place < next_) {
-            lock.unlock();
-            return begin_()(place);
-        }
-        changed_.wait(lock, [&] { return !ready_.empty(); });
-        Outcome outcome = std::move(ready_.front());
-        ready_.pop_front();
-        bytes_ -= outcome.bytes;
-        ++next_;
-        lock.unlock();
-        changed_.notify_all();
+        Outcome outcome;
+        while (next_ <= place) outcome = takeNext();
         if (outcome.failure) std::rethrow_exception(outcome.failure);
-        return std::move(*outcome.prepared);
+        if (outcome.prepared) return std::move(*outcome.prepared);
+        if (!again_) again_ = begin_();
+        return again_(place);
     }
 
-    /// Whether `take` gives a thing without waiting.
-    bool isAtHand(qsizetype place) {
-        const std::lock_guard lock(mutex_);
-        return place < next_ + qsizetype(ready_.size());
+    /// Whether a thing is ready, or becomes so within the time.
+    bool isAtHand(qsizetype place, std::chrono::milliseconds patience = {}) {
+        std::unique_lock lock(mutex_);
+        return changed_.wait_for(lock, patience, [&] { return place < next_ + qsizetype(ready_.size()); });
     }
 
   private:
@@ -71,6 +64,18 @@ class ReadAhead {
         std::exception_ptr failure = {};
         qint64 bytes = 0;
     };
+
+    Outcome takeNext() {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [&] { return !ready_.empty(); });
+        Outcome outcome = std::move(ready_.front());
+        ready_.pop_front();
+        bytes_ -= outcome.bytes;
+        ++next_;
+        lock.unlock();
+        changed_.notify_all();
+        return outcome;
+    }
 
     void work() {
         std::exception_ptr failure;
@@ -117,11 +122,12 @@ class ReadAhead {
     const std::function<Prepare()> begin_;
     const std::function<qint64(const Prepared&)> bytesOf_;
     const Limits limits_;
+    Prepare again_;  ///< For things that were given away before.
     std::mutex mutex_;
     std::condition_variable changed_;
     std::deque<Outcome> ready_;
     qint64 bytes_ = 0;    ///< Of what is ready.
-    qsizetype next_ = 0;  ///< Place of the first thing that is ready, or will be.
+    qsizetype next_ = 0;  ///< Place of the first thing that is ready, or will be. Only the taking thread changes it.
     bool ended_ = false;
     std::thread thread_;
 };
