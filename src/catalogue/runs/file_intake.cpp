@@ -36,10 +36,10 @@ QHash<int, int> rowsByNumber(const Recordset& rows) {
     return found;
 }
 
-class FileIntake : public RunInTurn {
+class FileIntake : public RunIntoDatabase {
   public:
     FileIntake(const Database& album, const QString& table, const IntakeOrder& order)
-        : RunInTurn(chosenNames(order)), album_(album), hashes_(album), table_(table), order_(order) {}
+        : RunIntoDatabase(chosenNames(order)), album_(album), hashes_(album), table_(table), order_(order) {}
 
   protected:
     const Database& target() const override { return album_; }
@@ -55,7 +55,7 @@ class FileIntake : public RunInTurn {
         if (order_.skipKnown && !known_) known_.emplace(album_, table_);
     }
 
-    bool isAtHand(qsizetype place) override { return ahead_->isAtHand(place, patience); }
+    bool isAtHand(qsizetype place) const override { return ahead_->isAtHand(place, patience); }
 
     Taken take(qsizetype place) override {
         const bool hasPlace = !order_.replace || findRecordOf(names()[place]);

@@ -39,17 +39,21 @@ void RunInTurn::takeGroup(RunWatch& watch) {
     Group group(progress_);
     bool isLost = false;
     try {
-        Transaction together(target());
+        beginGroup();
         do takeNext(group, watch);
         while (!isFull(group));
-        if (!group.stored.empty()) together.commit();
+        if (!group.stored.empty()) storeGroup();
         close(group);
     } catch (const std::exception& failure) {
         lose(group, reasonOf(failure));
         isLost = true;
     }
+    endGroup();
+    const auto failedLater = group.stored.empty() ? std::nullopt : finish(group.stored);
     report_.items.insert(report_.items.end(), group.stored.begin(), group.stored.end());
-    if (group.failed) fail(*group.failed, watch);
+    if (group.failed) report_.items.push_back(*group.failed);
+    for (const auto& failed : {failedLater, group.failed})
+        if (failed) askAbout(*failed, watch);
     if (isLost && progress_.done < end_) open();
 }
 
@@ -57,7 +61,7 @@ void RunInTurn::takeNext(Group& group, RunWatch& watch) {
     const qsizetype place = progress_.done;
     try {
         const Taken taken = take(place);
-        group.stored.push_back({place, names_[place], taken.fate});
+        group.stored.push_back({place, names_[place], taken.fate, taken.reason, taken.file});
         progress_.bytes += taken.bytes;
     } catch (const std::exception& failure) {
         group.failed = RunItem{place, names_[place], Fate::failed, reasonOf(failure)};
@@ -98,10 +102,9 @@ void RunInTurn::lose(Group& group, const QString& reason) {
 }
 
 /// Nobody is asked about the last thing of a run that was ended.
-void RunInTurn::fail(const RunItem& item, RunWatch& watch) {
-    report_.items.push_back(item);
-    passesOver_ = passesOver_ || report_.stopped || watch.passesOver(item);
+void RunInTurn::askAbout(const RunItem& failed, RunWatch& watch) {
+    passesOver_ = passesOver_ || report_.stopped || watch.passesOver(failed);
     if (passesOver_) return;
-    report_.failure = item.reason;
+    report_.failure = failed.reason;
     end_ = progress_.done;
 }
