@@ -7,6 +7,7 @@
 #include "catalogue/table_shape.h"
 #include "intake/browsing/intake_texts.h"
 #include "intake/files/intake_page.h"
+#include "intake/files/intake_question.h"
 #include "intake/files/run_boxes.h"
 #include "intake/files/run_texts.h"
 #include "platform/base/error.h"
@@ -168,14 +169,23 @@ bool IntakePage::targetIsFit() const {
 
 void IntakePage::cmdLrClick() {
     const QString album = frame_.albums.line();
+    const bool replaces = this->replaces();
     const QString description =
-        fromFiles() ? intakeDescription(browser_.nameInFocus(), replaces(), browser_.selectedCount()) : QString();
-    if (!ask(frame_.form, intakeQuestion(album, replaces(), description))) return;
+        fromFiles() ? intakeDescription(browser_.nameInFocus(), replaces, browser_.selectedCount()) : QString();
+    const QStringList files = fromFiles() ? selectedPaths() : QStringList();
+    const std::optional<bool> skipsKnown = askIntake(frame_.form, intakeQuestion(album, replaces, description),
+                                                     flow_.targetTable(), replaces ? QStringList() : files);
+    if (!skipsKnown) return;
     if (!fromFiles()) {
-        begin({flow_.targetTable(), database_.order(replaces(), chkZd_->isChecked())});
-    } else if (const std::optional<BmpFiles> bmp = askAboutBmp(frame_.form, selectedPaths())) {
-        begin({flow_.targetTable(), IntakeOrder{browser_.folder(), browser_.fileNames(), browser_.selectedFiles(),
-                                                replaces(), chkZd_->isChecked(), *bmp}});
+        begin({flow_.targetTable(), database_.order(replaces, chkZd_->isChecked())});
+    } else if (const std::optional<BmpFiles> bmp = askAboutBmp(frame_.form, files)) {
+        begin({flow_.targetTable(), IntakeOrder{.folder = browser_.folder(),
+                                                .names = browser_.fileNames(),
+                                                .selected = browser_.selectedFiles(),
+                                                .replace = replaces,
+                                                .fillFields = chkZd_->isChecked(),
+                                                .bmp = *bmp,
+                                                .skipKnown = *skipsKnown}});
     }
 }
 
