@@ -1,4 +1,4 @@
-#include "viewer/zoom.h"
+#include "viewer/zoomed_place.h"
 #include "viewer_window.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -265,7 +265,7 @@ class TestLeafing : public QObject {
         for (const QSize pixels : {QSize(4000, 3000), QSize(100, 50), QSize(32767, 20)}) {
             const QSize room(900, 600);
             const QSize whole = QSizeF(pixels).scaled(room, Qt::KeepAspectRatio).toSize().expandedTo({1, 1});
-            Zoom zoom(room, whole, pixels, true);
+            ZoomedPlace zoom(room, whole, pixels, true);
             const QRect start = zoom.place();
             for (const double factor : {3.0, 1.4, 1000.0, 0.2, 0.5}) {
                 zoom.zoomBy(factor, {700, 20});
