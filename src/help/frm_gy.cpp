@@ -49,7 +49,7 @@ frmGy::frmGy(QWidget* parent)
     auto* licences =
         line(this, u"lblXk"_s,
              u"使用的部件及其许可：Qt 6（LGPL 3）、SQLite（公有领域）、SQLiteCpp（MIT）、libjpeg-turbo（IJG 与 BSD）、"
-             "libmdb 与 GLib（LGPL 2.1）。"_s,
+             "OpenSSL（Apache 2.0）、libmdb 与 GLib（LGPL 2.1）。"_s,
              11);
     QPalette muted = licences->palette();
     muted.setColor(QPalette::WindowText, muted.color(QPalette::PlaceholderText));

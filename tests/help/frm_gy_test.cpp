@@ -44,7 +44,7 @@ class TestAboutBox : public QObject {
         const frmGy box;
         QVERIFY(found<QLabel>(&box, u"lblBb"_s)->text().contains(u"7.8.9"));
         const QString licences = found<QLabel>(&box, u"lblXk"_s)->text();
-        for (const QString& library : {u"Qt"_s, u"SQLite"_s, u"SQLiteCpp"_s, u"libjpeg"_s, u"libmdb"_s})
+        for (const QString& library : {u"Qt"_s, u"SQLite"_s, u"SQLiteCpp"_s, u"libjpeg"_s, u"OpenSSL"_s, u"libmdb"_s})
             QVERIFY2(licences.contains(library), qUtf8Printable(library));
     }
 

@@ -12,7 +12,7 @@
 
 /// Prepares the things of a run, in their order, in a thread of its own: while one is stored, the next ones are read
 /// and looked at on the other processor. It is ahead by so many things and bytes at most; with no things at all, each
-/// is prepared when it is taken. The destructor waits for the thing in hand.
+/// is prepared when it is taken. One thread takes them, that of the run. The destructor waits for the thing in hand.
 template <typename Prepared>
 class ReadAhead {
   public:
@@ -42,8 +42,8 @@ class ReadAhead {
     ReadAhead(const ReadAhead&) = delete;
     ReadAhead& operator=(const ReadAhead&) = delete;
 
-    /// Waits for a thing, and gives it away; throws what its preparation threw. Those before it are passed over. A
-    /// thing that was given away before is prepared once more, in this thread.
+    /// Waits for a thing, and gives it away; throws what its preparation threw. Those before it are not kept: one that
+    /// is asked for all the same is prepared once more, in this thread.
     Prepared take(qsizetype place) {
         if (limits_.things == 0 || place < next_) return prepareHere(place);
         Outcome outcome;
@@ -52,7 +52,7 @@ class ReadAhead {
         return std::move(*outcome.prepared);
     }
 
-    /// Whether `take` gives a thing without waiting longer than that.
+    /// Whether a thing is ready, or becomes so within the time.
     bool isAtHand(qsizetype place, std::chrono::milliseconds patience = {}) const {
         if (limits_.things == 0) return true;
         std::unique_lock lock(mutex_);
@@ -132,7 +132,7 @@ class ReadAhead {
     mutable std::condition_variable changed_;
     std::deque<Outcome> ready_;
     qint64 bytes_ = 0;    ///< Of what is ready.
-    qsizetype next_ = 0;  ///< Place of the first thing that is ready, or will be.
+    qsizetype next_ = 0;  ///< Place of the first thing that is ready, or will be. Only the taking thread changes it.
     bool ended_ = false;
     Prepare prepareHere_;  ///< Of the thread that takes; made when it is needed.
     std::thread thread_;

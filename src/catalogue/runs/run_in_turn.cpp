@@ -1,6 +1,7 @@
 #include "catalogue/runs/run_in_turn.h"
 
 #include <QElapsedTimer>
+#include <algorithm>
 
 /// What shares one change of the target.
 struct RunInTurn::Group {
@@ -13,16 +14,20 @@ struct RunInTurn::Group {
 };
 
 namespace {
-constexpr qint64 groupBytes = 32 << 20;
-constexpr std::size_t groupThings = 128;
-constexpr qint64 groupMs = 400;
+constexpr qint64 fewestBytes = 4 << 20;
+constexpr qint64 mostBytes = 64 << 20;
+constexpr std::size_t mostThings = 128;
+constexpr qint64 mostMs = 400;  ///< Before the group is written to the disk; with that it may take
+constexpr qint64 wholeMs = 500;
 }  // namespace
+
+RunInTurn::RunInTurn(QStringList names) : names_(std::move(names)), end_(names_.size()), groupBytes_(fewestBytes) {}
 
 RunReport RunInTurn::run(RunWatch& watch) {
     progress_.all = names_.size();
     try {
         open();
-        while (goesOn_ && progress_.done < names_.size()) takeGroup(watch);
+        while (progress_.done < end_) takeGroup(watch);
     } catch (const std::exception& failure) {
         report_.failure = reasonOf(failure);
     }
@@ -38,6 +43,7 @@ void RunInTurn::takeGroup(RunWatch& watch) {
         do takeNext(group, watch);
         while (!isFull(group));
         if (!group.stored.empty()) storeGroup();
+        close(group);
     } catch (const std::exception& failure) {
         lose(group, reasonOf(failure));
         isLost = true;
@@ -48,7 +54,7 @@ void RunInTurn::takeGroup(RunWatch& watch) {
     if (group.failed) report_.items.push_back(*group.failed);
     for (const auto& failed : {failedLater, group.failed})
         if (failed) askAbout(*failed, watch);
-    if (isLost && goesOn_) open();
+    if (isLost && progress_.done < end_) open();
 }
 
 void RunInTurn::takeNext(Group& group, RunWatch& watch) {
@@ -62,16 +68,22 @@ void RunInTurn::takeNext(Group& group, RunWatch& watch) {
     }
     progress_.percent = percentWith(place);
     ++progress_.done;
-    if (!watch.progress(progress_)) {
-        goesOn_ = false;
-        report_.stopped = true;
-    }
+    if (report_.stopped || watch.progress(progress_)) return;
+    report_.stopped = true;
+    end_ = progress_.done;
 }
 
-bool RunInTurn::isFull(const Group& group) const {
-    return !goesOn_ || group.failed || progress_.done == names_.size() || progress_.done <= singlyUpTo_ ||
-           progress_.bytes - group.start.bytes >= groupBytes || group.stored.size() >= groupThings ||
-           group.time.hasExpired(groupMs) || !isAtHand(progress_.done);
+bool RunInTurn::isFull(const Group& group) {
+    return group.failed || progress_.done == end_ || progress_.done <= singlyUpTo_ ||
+           progress_.bytes - group.start.bytes >= groupBytes_ || group.stored.size() >= mostThings ||
+           group.time.hasExpired(mostMs) || !isAtHand(progress_.done);
+}
+
+/// The next group is as large as this disk allows.
+void RunInTurn::close(const Group& group) {
+    const qint64 bytes = progress_.bytes - group.start.bytes;
+    if (bytes == 0) return;
+    groupBytes_ = std::clamp(bytes * wholeMs / std::max(group.time.elapsed(), qint64(1)), fewestBytes, mostBytes);
 }
 
 /// Goes back to the beginning of a group that was lost. A thing that was alone in it has failed.
@@ -89,9 +101,10 @@ void RunInTurn::lose(Group& group, const QString& reason) {
     progress_.done = start + 1;
 }
 
+/// Nobody is asked about the last thing of a run that was ended.
 void RunInTurn::askAbout(const RunItem& failed, RunWatch& watch) {
-    passesOver_ = passesOver_ || watch.passesOver(failed);
+    passesOver_ = passesOver_ || report_.stopped || watch.passesOver(failed);
     if (passesOver_) return;
     report_.failure = failed.reason;
-    goesOn_ = false;
+    end_ = progress_.done;
 }

@@ -7,12 +7,13 @@
 #include <optional>
 
 /// A run that stores one thing after the other. They go in groups, so that the disk is waited for once a group: a kill
-/// or a full disk leaves whole things alone. A group ends before half a second has passed, and before anything is
-/// waited for. When a group is lost, its things are stored once more, each by itself.
+/// or a full disk leaves whole things alone. A group is as large as the disk takes within half a second, and ends
+/// before anything else is waited for. When a group is lost, its things are stored once more, each by itself. So what
+/// the watch was told of is stored, or has failed, also when the watch ends the run.
 class RunInTurn {
   public:
     /// `names` are those of the things, for the report.
-    explicit RunInTurn(QStringList names) : names_(std::move(names)) {}
+    explicit RunInTurn(QStringList names);
     virtual ~RunInTurn() = default;
     RunInTurn(const RunInTurn&) = delete;
     RunInTurn& operator=(const RunInTurn&) = delete;
@@ -39,7 +40,7 @@ class RunInTurn {
     /// What there is to do with the things of a group that is stored. It may change their fates, and returns the first
     /// one that has failed. Does not throw.
     virtual std::optional<RunItem> finish(std::vector<RunItem>&) { return {}; }
-    /// Whether a thing can be stored without waiting for where it comes from.
+    /// Whether a thing can be stored without waiting for where it comes from, but for a moment.
     virtual bool isAtHand(qsizetype) const { return true; }
     /// How much of the run is done with this place.
     virtual int percentWith(qsizetype place) const { return int((place + 1) * 100 / names_.size()); }
@@ -51,16 +52,18 @@ class RunInTurn {
     struct Group;
     void takeGroup(RunWatch& watch);
     void takeNext(Group& group, RunWatch& watch);
-    bool isFull(const Group& group) const;
+    bool isFull(const Group& group);
+    void close(const Group& group);
     void lose(Group& group, const QString& reason);
     void askAbout(const RunItem& failed, RunWatch& watch);
 
     QStringList names_;
     RunReport report_;
     RunProgress progress_;
-    bool goesOn_ = true;
+    qsizetype end_ = 0;  ///< Where the run ends.
     bool passesOver_ = false;
     qsizetype singlyUpTo_ = 0;  ///< Things before this place are stored each by itself.
+    qint64 groupBytes_;         ///< After so many bytes a group ends.
 };
 
 /// A run that stores things in a database. A group is one change of it.

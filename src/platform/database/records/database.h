@@ -40,6 +40,7 @@ class Database {
     friend Database createDatabase(const QString& path);
     friend class Transaction;
     friend class OwnValues;
+    friend class ValueHashes;
     explicit Database(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {}
     std::shared_ptr<Connection> connection_;
 };

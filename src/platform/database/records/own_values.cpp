@@ -2,6 +2,7 @@
 
 #include "platform/base/error.h"
 #include "platform/database/file/connection.h"
+#include "platform/database/records/value_hashes.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -24,11 +25,20 @@ bool OwnValues::isPrepared() const {
     return connection_->isOurs() && connection_->version() >= 2;
 }
 
+/// One of the tables may have been dropped by hand.
+bool OwnValues::hasAll() const {
+    SQLite::Statement missing = connection_->prepare(
+        u"SELECT 4 - count(*) FROM sqlite_schema "
+        "WHERE name IN ('lunq_values', 'lunq_hashes', 'lunq_hashes_length', 'lunq_hashes_deleted')"_s);
+    return connection_->step(missing) && missing.getColumn(0).getInt() == 0;
+}
+
 void OwnValues::prepare() {
-    if (isPrepared()) return;
+    if (isPrepared() && hasAll()) return;
     if (!connection_->isOurs()) throw Error(u"数据库文件“%1”不是本软件的像册文件。"_s.arg(connection_->path()));
     Change change(*connection_);
     connection_->run(createTableSql);
+    for (const QString& sql : ValueHashes::creation()) connection_->run(sql);
     connection_->run(u"PRAGMA user_version = 2"_s);
     change.commit();
 }

@@ -13,6 +13,7 @@ class StoredValue {
     StoredValue() = default;  ///< Null.
 
     bool isNull() const { return key_ == 0; }
+    qint64 id() const { return key_; }  ///< Of the value in its file, 0 for Null. It is never used again.
     qint64 size() const;
     /// Fewer bytes at the end of the value, none behind it. Closes the value, so that other programs can write.
     QByteArray read(qint64 offset, qint64 count) const;
@@ -22,6 +23,7 @@ class StoredValue {
 
   private:
     friend class Recordset;
+    friend class ValueHashes;
     StoredValue(std::shared_ptr<Connection> connection, qint64 key) : connection_(std::move(connection)), key_(key) {}
     std::shared_ptr<Connection> connection_;
     qint64 key_ = 0;

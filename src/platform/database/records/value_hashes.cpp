@@ -1,0 +1,64 @@
+#include "platform/database/records/value_hashes.h"
+
+#include "platform/base/error.h"
+#include "platform/database/dialect/sql_tokens.h"
+#include "platform/database/file/connection.h"
+
+#include <QDate>
+
+using namespace Qt::Literals::StringLiterals;
+
+ValueHashes::ValueHashes(const Database& database) : connection_(database.connection_) {
+    if (!connection_) throw Error(u"数据库没有打开。"_s);
+    if (!connection_->isOurs()) return;
+    SQLite::Statement find =
+        connection_->prepare(u"SELECT 1 FROM sqlite_schema WHERE type = 'table' AND name = 'lunq_hashes'"_s);
+    areKept_ = connection_->step(find);
+}
+
+QStringList ValueHashes::creation() {
+    return {
+        u"CREATE TABLE IF NOT EXISTS lunq_hashes (id INTEGER PRIMARY KEY, length INTEGER NOT NULL, "
+        "sha256 BLOB NOT NULL, checked TEXT NOT NULL)"_s,
+        u"CREATE INDEX IF NOT EXISTS lunq_hashes_length ON lunq_hashes (length)"_s,
+        u"CREATE TRIGGER IF NOT EXISTS lunq_hashes_deleted AFTER DELETE ON long_binary "
+        "BEGIN DELETE FROM lunq_hashes WHERE id = OLD.id; END"_s};
+}
+
+void ValueHashes::note(qint64 value, qint64 length, const QByteArray& sha256) {
+    if (!areKept_) return;
+    Change change(*connection_);
+    SQLite::Statement insert = connection_->prepare(
+        u"INSERT OR REPLACE INTO lunq_hashes (id, length, sha256, checked) "
+        "SELECT ?1, ?2, ?3, ?4 WHERE EXISTS (SELECT 1 FROM long_binary WHERE id = ?1)"_s);
+    connection_->checked([&] {
+        insert.bind(1, int64_t(value));
+        insert.bind(2, int64_t(length));
+        insert.bind(3, sha256.constData(), int(sha256.size()));
+        insert.bind(4, QDate::currentDate().toString(Qt::ISODate).toStdString());
+        insert.exec();
+    });
+    change.commit();
+}
+
+std::vector<StoredValue> ValueHashes::without(const QString& table, const QString& column) const {
+    std::vector<StoredValue> values;
+    const QString hashed =
+        areKept_ ? u" AND NOT EXISTS (SELECT 1 FROM lunq_hashes WHERE lunq_hashes.id = %2.%1)"_s : QString();
+    SQLite::Statement list = connection_->prepare(
+        (u"SELECT %1 FROM %2 WHERE %1 IS NOT NULL"_s + hashed).arg(quotedName(column), quotedName(table)), table);
+    while (connection_->step(list)) values.push_back({connection_, list.getColumn(0).getInt64()});
+    return values;
+}
+
+void ValueHashes::each(const QString& table, const QString& column, const Each& use) const {
+    if (!areKept_) return;
+    SQLite::Statement list = connection_->prepare(
+        u"SELECT lunq_hashes.length, lunq_hashes.sha256 FROM %2 JOIN lunq_hashes "
+        "ON lunq_hashes.id = %2.%1"_s.arg(quotedName(column), quotedName(table)),
+        table);
+    while (connection_->step(list)) {
+        const SQLite::Column hash = list.getColumn(1);
+        use(list.getColumn(0).getInt64(), QByteArray(static_cast<const char*>(hash.getBlob()), hash.getBytes()));
+    }
+}

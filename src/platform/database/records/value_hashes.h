@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/database/records/database.h"
+
+#include <QStringList>
+#include <functional>
+#include <vector>
+
+/// Lengths and hashes of long-binary values, kept in a reserved table of the file. A value's row goes with the value.
+/// Version 2 of the file has the table; in a file without it there are no hashes, and none are kept.
+class ValueHashes {
+  public:
+    /// Throws `Error` when the database is closed.
+    explicit ValueHashes(const Database& database);
+
+    /// The statements that make the table. They change nothing where it is.
+    static QStringList creation();
+    bool areKept() const { return areKept_; }
+
+    /// Keeps the hash of a value, with the day of today. A value that is gone gets none.
+    void note(qint64 value, qint64 length, const QByteArray& sha256);
+    /// The values in a column that have no hash. Without reading a value.
+    std::vector<StoredValue> without(const QString& table, const QString& column) const;
+    /// The hashes of the values in a column.
+    using Each = std::function<void(qint64 length, const QByteArray& sha256)>;
+    void each(const QString& table, const QString& column, const Each& use) const;
+
+  private:
+    std::shared_ptr<Connection> connection_;
+    bool areKept_ = false;
+};
