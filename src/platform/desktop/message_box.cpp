@@ -3,11 +3,13 @@
 #include "platform/base/error.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
 #include <QTimer>
 #include <new>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -58,11 +60,12 @@ QMessageBox* makeBox(QWidget* parent, const BoxText& text) {
 }
 
 /// The place of the answer that was given.
-int show(QWidget* parent, const BoxText& text) {
+int show(QWidget* parent, const BoxText& text, std::unique_ptr<QCheckBox> option = {}) {
     if (const auto answers = answer()) return answers(text);
 
     // The nested event loop may take the parent, and the box with it.
     const QPointer<QMessageBox> box = makeBox(parent, text);
+    if (option) box->setCheckBox(option.release());
     box->exec();
     if (!box) return text.onEscape;
     const QAbstractButton* clicked = box->clickedButton();
@@ -79,6 +82,10 @@ void say(QWidget* parent, const QString& text, BoxIcon icon, const QString& titl
 
 bool ask(QWidget* parent, const QString& text, BoxIcon icon, const QString& title) {
     return show(parent, decision(title, text, icon, 0)) == 0;
+}
+
+bool ask(QWidget* parent, const QString& text, std::unique_ptr<QCheckBox> option) {
+    return show(parent, decision(usualBoxTitle, text, BoxIcon::question, 0), std::move(option)) == 0;
 }
 
 bool askBeforeDeleting(QWidget* parent, const QString& text, BoxIcon icon, const QString& title) {

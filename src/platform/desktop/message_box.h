@@ -3,8 +3,10 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <memory>
 #include <type_traits>
 
+class QCheckBox;
 class QWidget;
 
 /// Message boxes of the program. Real ones are modal QMessageBoxes; a test may put its own answers in their place.
@@ -31,6 +33,9 @@ void say(QWidget* parent, const QString& text, BoxIcon icon = BoxIcon::exclamati
 
 /// Asks for a decision with the buttons "确定" and "取消"; true for "确定". Closing the box is "取消".
 bool ask(QWidget* parent, const QString& text, BoxIcon icon = BoxIcon::question, const QString& title = usualBoxTitle);
+
+/// The same with a check box below the text, which goes with the box.
+bool ask(QWidget* parent, const QString& text, std::unique_ptr<QCheckBox> option);
 
 /// Asks before something is deleted: as `ask` does, but Enter means "取消".
 bool askBeforeDeleting(QWidget* parent, const QString& text, BoxIcon icon = BoxIcon::question,

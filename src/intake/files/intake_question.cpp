@@ -1,0 +1,55 @@
+#include "intake/files/intake_question.h"
+
+#include "catalogue/mektp.h"
+#include "catalogue/remembered.h"
+#include "catalogue/runs/repetition_count.h"
+#include "platform/desktop/message_box.h"
+
+#include <QCheckBox>
+#include <QPointer>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString skipKnown = u"intake.skipKnown"_s;
+
+QString caption() {
+    return u"跳过已有的图片"_s;
+}
+
+QString caption(int count) {
+    return caption() + u"（%1 张）"_s.arg(count);
+}
+
+std::unique_ptr<QCheckBox> makeOption(bool on, qsizetype files) {
+    auto option = std::make_unique<QCheckBox>(caption(int(files)));
+    option->setObjectName(u"chkTg"_s);
+    option->setMinimumWidth(option->sizeHint().width());  // the box does not grow with the caption
+    option->setText(caption());
+    option->setChecked(on);
+    return option;
+}
+
+}  // namespace
+
+std::optional<bool> askIntake(QWidget* parent, const QString& question, const QString& album,
+                              const QStringList& paths) {
+    if (paths.isEmpty()) return ask(parent, question) ? std::optional(false) : std::nullopt;
+    bool skips = remembered::flag(skipKnown);
+    std::unique_ptr<QCheckBox> option = makeOption(skips, paths.size());
+    QObject::connect(option.get(), &QCheckBox::toggled, option.get(), [&skips](bool on) { skips = on; });
+    QObject receiver;  // calls that the thread has left behind go with it
+    const QPointer<QCheckBox> chkTg = option.get();
+    const RepetitionCount counting(mekTp::cataloguePath(), album, paths, [&receiver, chkTg](int count) {
+        QMetaObject::invokeMethod(
+            &receiver,
+            [chkTg, count] {
+                if (chkTg) chkTg->setText(caption(count));
+            },
+            Qt::QueuedConnection);
+    });
+    const bool isWanted = ask(parent, question, std::move(option));
+    remembered::setFlag(skipKnown, skips);
+    return isWanted ? std::optional(skips) : std::nullopt;
+}

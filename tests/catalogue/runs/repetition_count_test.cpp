@@ -1,0 +1,102 @@
+#include "catalogue/runs/repetition_count.h"
+
+#include "../../support/run_all.h"
+#include "../../support/sample_catalogue.h"
+#include "catalogue/mektp.h"
+#include "catalogue/picture_hashes.h"
+#include "catalogue/runs/picture_storing.h"
+
+#include <QtTest/QtTest>
+#include <atomic>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class TestRepetitionCount : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<SampleCatalogue> sample_;
+
+    QString write(const QString& name, const QByteArray& bytes) const {
+        QFile file(sample_->file(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) qFatal("cannot write");
+        return file.fileName();
+    }
+    static int count(const QStringList& paths) {
+        KnownPictures known(mekTp::catalogue, u"tc01"_s);
+        return countRepetitions(known, paths, [] { return true; });
+    }
+
+  private Q_SLOTS:
+    void init() {
+        sample_.reset();
+        sample_ = std::make_unique<SampleCatalogue>();
+        mekTp::openCatalogue();
+    }
+
+    void filesOfTheAlbum() {
+        const QByteArray large(300000, 'x');
+        addRow(u"tc01"_s, {{u"序号"_s, 11}, {u"图片"_s, large + QByteArray(19, '\0')}});
+        addRow(u"tc01"_s, {{u"序号"_s, 12}, {u"图片"_s, QByteArray(10, '\0')}});
+        addRow(u"tc02"_s, {{u"序号"_s, 1}, {u"图片"_s, QByteArray("elsewhere")}});
+        const QString bmp = write(u"turned.bmp"_s, pictureBytes({60, 40}, Qt::blue, "BMP"));
+        {
+            PictureInHand file(bmp);
+            addRow(u"tc01"_s, {{u"序号"_s, 13}, {u"图片"_s, jpegOfBmp(file)}});
+        }
+        const QString same = write(u"same.jpg"_s, large);
+        QVERIFY(QDir().mkdir(sample_->file(u"folder.jpg"_s)));
+        QFile::setPermissions(write(u"closed.jpg"_s, large), {});
+        const std::pair<QString, int> cases[] = {
+            {same, 1},
+            {write(u"zeros.jpg"_s, large + QByteArray(70000, '\0')), 1},
+            {write(u"other.jpg"_s, QByteArray(299999, 'x') + 'y'), 0},
+            {write(u"longer.jpg"_s, large + 'x'), 0},
+            {write(u"elsewhere.jpg"_s, "elsewhere"), 0},
+            {write(u"empty.jpg"_s, {}), 0},
+            {write(u"nothing.jpg"_s, QByteArray(10, '\0')), 0},
+            {bmp, 1},
+            {write(u"broken.bmp"_s, "BM"), 0},
+            {sample_->file(u"folder.jpg"_s), 0},
+            {sample_->file(u"gone.jpg"_s), 0},
+        };
+        QStringList all;
+        int known = 0;
+        for (const auto& [path, repetitions] : cases) {
+            QVERIFY2(count({path}) == repetitions, qPrintable(path));
+            all << path;
+            known += repetitions;
+        }
+        QCOMPARE(count(all), known);
+        QCOMPARE(count({same, same}), 2);
+    }
+
+    void countComesFromItsThread() {
+        addRow(u"tc01"_s, {{u"序号"_s, 11}, {u"图片"_s, QByteArray("one")}});
+        std::atomic<int> counted = -1;
+        const RepetitionCount count(mekTp::cataloguePath(), u"tc01"_s, {write(u"one.jpg"_s, "one")},
+                                    [&](int found) { counted = found; });
+        QTRY_COMPARE(counted, 1);
+    }
+
+    /// Nothing is told of a count that was broken off.
+    void countEndsWithItsObject() {
+        const QByteArray large(64 << 20, 'x');
+        addRow(u"tc01"_s, {{u"序号"_s, 11}, {u"图片"_s, large}});
+        const QStringList paths(1000, write(u"large.jpg"_s, large));
+        QElapsedTimer timer;
+        timer.start();
+        {
+            const RepetitionCount count(mekTp::cataloguePath(), u"tc01"_s, paths, [](int) { QFAIL("told"); });
+            QTest::qWait(20);
+        }
+        QVERIFY(timer.elapsed() < 10000);
+    }
+};
+
+const Registered<TestRepetitionCount> registered;
+
+}  // namespace
+
+#include "repetition_count_test.moc"
