@@ -1,119 +1,101 @@
-// Times how pictures leave an album, against a plain copy of files of the same length. Run by hand:
-// bench_transfer [pictures] [folder]
+// Times the page 图片转存, from the click to the closing message: pictures on their way out of an album, each of them
+// read back, beside a plain copy of files of the same length. Run by hand: bench_transfer [rounds] [pictures]
 
-#include "../tests/support/sample_catalogue.h"
-#include "catalogue/album_rules.h"
-#include "catalogue/mektp.h"
-#include "catalogue/runs/file_transfer.h"
-#include "catalogue/runs/table_transfer.h"
+#include "../tests/intake/transfer_window.h"
+#include "bare_store.h"
 #include "filling.h"
-#include "platform/base/error.h"
-#include "table.h"
-#include "timing.h"
-
-#include <QCoreApplication>
-#include <QDir>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <cstdio>
-#include <cstdlib>
-#include <vector>
+#include "photo_files.h"
+#include "platform/desktop/look.h"
+#include "run_meter.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr qsizetype pictureBytesCount = 4000000;
-constexpr int rounds = 5;
+constexpr auto topic = "transfer";
 
-QStringList makeAlbum(int count) {
-    QByteArray picture = pictureBytes({400, 300}, Qt::darkGreen);
-    picture.append(QByteArray(pictureBytesCount - picture.size(), 'x'));
-    mekTp::catalogue.Execute(u"DELETE FROM [tc01]"_s);
-    // Every seventh has two codes, with which its file's name could be that of another one: these stay.
-    QStringList numbers;
-    int last = 0;
-    while (numbers.size() < count)
-        if (++last % 7 != 0) numbers << QString::number(last);
-    fillAlbum(mekTp::catalogue, u"tc01"_s, last, [&](int) { return picture; });
-    return numbers;
+void makeAlbum(const QString& table, const PhotoFiles& photographs, int count) {
+    mekTp::catalogue.Execute(u"DELETE FROM [%1]"_s.arg(table));
+    Transaction together(mekTp::catalogue);
+    Recordset album = mekTp::catalogue.OpenRecordset(table);
+    for (int number = 1; number <= count; ++number) {
+        album.AddNew();
+        album.Fields(u"序号"_s).SetValue(number);
+        album.Fields(u"图片"_s).SetValue(photographs.bytes(number));
+        album.Update();
+    }
+    together.commit();
 }
 
-void requireDone(const RunReport& report) {
-    for (const RunItem& item : report.items)
-        if (item.fate != Fate::taken) throw Error(item.reason);
-}
-
-void requireRun(const QString& program, const QStringList& arguments) {
-    if (QProcess::execute(program, arguments) != 0) throw Error(u"“%1”没有运行成功"_s.arg(program));
-}
-
-FieldMapping wholeMapping() {
-    FieldMapping mapping;
-    for (const QString& field : {u"序号"_s, u"编号"_s, u"大小"_s, u"规格"_s, u"日期"_s, u"图片"_s, u"备注"_s})
-        mapping.push_back({field, field});
-    return mapping;
-}
-
-/// A folder for one round, made and removed outside of the time.
-class Round {
+/// All pictures of an album of the page, with the pictures of the test in it.
+class Album {
   public:
-    explicit Round(const QString& parent) : folder_(parent + u"/transfer-XXXXXX"_s) {}
-    QString path() const { return folder_.path(); }
+    Album(const PhotoFiles& photographs, int count) : window_(QString()) {
+        makeAlbum(u"tc01"_s, photographs, count);
+        window_.choose(u"cboBm"_s, u"tc01"_s);
+        window_.click(u"cmdQb"_s);
+    }
+
+    RunCost toFolder() {
+        window_.chooseFolder();
+        const RunCost cost = measureRun(window_, u"cmdWj"_s, u"选定的图片已全部转换成文件"_s);
+        if (window_.exported().size() != window_.chosen().size()) throw Error(u"图片没有全部写成文件"_s);
+        return cost;
+    }
+    RunCost toCatalogue(int count) {
+        window_.source.Execute(createAlbumSql(u"tc02"_s));
+        window_.chooseTable(u"tc02"_s);
+        const RunCost cost = measureRun(window_, u"cmdFz"_s, u"图册《"_s);
+        if (window_.source.OpenRecordset(u"tc02"_s).rowCount() != count) throw Error(u"图片没有全部复制"_s);
+        return cost;
+    }
 
   private:
-    QTemporaryDir folder_;
+    TransferWindow window_;
 };
 
-void compare(int count, const QString& parent) {
-    const SampleCatalogue catalogue;
-    const QStringList numbers = makeAlbum(count);
-    const Round files(parent);
-    RunWatch unwatched;
-    requireDone(transferToFiles(mekTp::catalogue, u"tc01"_s, numbers, files.path(), unwatched));
-
-    // In turn, so that other work of the machine slows all of them alike.
-    std::vector<double> plain, folder, table;
+void compare(int rounds, int count) {
+    const PhotoFiles photographs(4000, 91);
+    const QTemporaryDir files;
+    photographs.write(files.path(), count);
+    RunCosts folder, catalogue;
+    std::vector<double> copies;
     for (int i = 0; i < rounds; ++i) {
         {
-            const Round round(parent);
-            plain.push_back(milliseconds([&] {
-                requireRun(u"cp"_s, {u"-r"_s, files.path(), round.path() + u"/copy"_s});
-                requireRun(u"sync"_s, {});
-            }));
+            Album album(photographs, count);
+            requireRun(u"sync"_s, {});
+            folder.add(album.toFolder());
         }
         {
-            const Round round(parent);
-            folder.push_back(milliseconds(
-                [&] { requireDone(transferToFiles(mekTp::catalogue, u"tc01"_s, numbers, round.path(), unwatched)); }));
+            Album album(photographs, count);
+            requireRun(u"sync"_s, {});
+            catalogue.add(album.toCatalogue(count));
         }
-        {
-            const Round round(parent);
-            Database other = createDatabase(round.path() + u"/other.mdb"_s);
-            other.Execute(createAlbumSql(u"tc01"_s));
-            const TransferTarget target{other, u"tc01"_s, wholeMapping()};
-            table.push_back(milliseconds(
-                [&] { requireDone(transferToTable(mekTp::catalogue, u"tc01"_s, numbers, target, false, unwatched)); }));
-        }
+        const QTemporaryDir copy;
+        requireRun(u"sync"_s, {});
+        copies.push_back(milliseconds([&] { copyAndSync(files.path(), copy.filePath(u"copy"_s)); }));
     }
-    const std::string these = std::to_string(count) + " pictures of 4 MB";
-    const auto tell = [&](const char* where, const std::vector<double>& times) {
-        row("transfer", {.what = "take " + these + " " + where,
-                         .measured = median(times),
-                         .peer = "cp and sync of such files",
-                         .peerMeasured = median(plain)});
+    const std::string these = std::to_string(count) + " pictures of 4 MB ";
+    const auto tell = [&](const std::string& where, const RunCosts& costs, double atMost) {
+        row(topic, {.what = these + where,
+                    .measured = costs.time(),
+                    .peer = "cp -r and sync of such files",
+                    .peerMeasured = median(copies),
+                    .timesPeer = atMost});
+        costs.tellRest(topic, where);
     };
-    tell("out to a folder", folder);
-    tell("to another catalogue", table);
+    tell("to a folder", folder, 1.5);
+    tell("to a catalogue", catalogue, 2.5);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    const QCoreApplication application(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    applyLook(application);
     try {
-        compare(argc > 1 ? std::max(1, std::atoi(argv[1])) : 200,
-                argc > 2 ? QString::fromLocal8Bit(argv[2]) : QDir::tempPath());
+        compare(argc > 1 ? std::max(1, std::atoi(argv[1])) : 5, argc > 2 ? std::max(1, std::atoi(argv[2])) : 200);
         return EXIT_SUCCESS;
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());

@@ -68,8 +68,12 @@ std::optional<QSize> sizeFromSpec(const QString& sizeText) {
 }
 
 QString specOfPicture(const Picture& picture, const QString& star) {
-    const QString width = QString::number(pixelsFromHiMetric(picture.Width()));
-    const QString height = QString::number(pixelsFromHiMetric(picture.Height()));
+    return specOfSize(picture.pixels(), star);
+}
+
+QString specOfSize(QSize pixels, const QString& star) {
+    const QString width = QString::number(pixelsFromHiMetric(hiMetricFromPixels(pixels.width())));
+    const QString height = QString::number(pixelsFromHiMetric(hiMetricFromPixels(pixels.height())));
     const QString text = width + star + height;
     // Sides of five digits leave no room for the blanks in the column.
     return text.size() <= specLength ? text : width + u'*' + height;

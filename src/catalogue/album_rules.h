@@ -39,6 +39,7 @@ QString withoutAlbum(const QString& tables, const QString& table);
 /// The size in pixels out of `规格`, such as "640 * 480". Width and height are the numbers before and behind the first
 /// star, 0 if there is no number; nothing when the text has no star.
 std::optional<QSize> sizeFromSpec(const QString& sizeText);
+QString specOfSize(QSize pixels, const QString& star = QStringLiteral(" * "));
 QString specOfPicture(const Picture& picture, const QString& star = QStringLiteral(" * "));
 
 /// `大小`: kilobytes of 1000 bytes with thousands commas and three decimals.

@@ -1,5 +1,6 @@
 #include "catalogue/picture_field.h"
 
+#include "../support/failure_of.h"
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/album_rules.h"
@@ -100,7 +101,8 @@ class TestPictureField : public QObject {
             QCOMPARE(file.length(), qint64(bytes.size()));
             QCOMPARE(file.changed(), FileDateTime(path));
             QCOMPARE(file.isJpeg(), isJpeg);
-            QCOMPARE(file.load(sizeOnly).pixels(), pixels);
+            QCOMPARE(file.pixels(), pixels);
+            QCOMPARE(file.fingerprint(), fingerprintOf(bytes));
             QCOMPARE(file.wholeness(), PictureBytes::whole);
             QCOMPARE(file.load().image().size(), pixels);
             Recordset album = mekTp::catalogue.OpenRecordset(u"tc02"_s);
@@ -114,6 +116,31 @@ class TestPictureField : public QObject {
             QCOMPARE(PictureInHand(path).wholeness(), PictureBytes::truncated);
         }
         QVERIFY_THROWS_EXCEPTION(Error, PictureInHand(sample_.folder()));
+    }
+
+    /// A large file that is written to between the look at it and its storing.
+    void aFileThatChangesIsNotStored() {
+        const QByteArray bytes = numberedBytes(20'000'000);
+        const QString path = sample_.file(u"大"_s);
+        for (const QByteArray& after : {bytes.chopped(5), bytes + "more", bytes.chopped(1) + 'x'}) {
+            writeFile(path, bytes);
+            PictureInHand file(path);
+            file.fingerprint();
+            QFile written(path);
+            QVERIFY(written.open(QIODevice::ReadWrite) && written.write(after) == after.size() &&
+                    written.resize(after.size()));
+            written.close();
+            QVERIFY(file.isUnchanged() == (after.size() == bytes.size()));
+            Recordset album = mekTp::catalogue.OpenRecordset(u"tc02"_s);
+            const int count = album.rowCount();
+            album.AddNew();
+            const QString failure = failureOf([&] {
+                file.storeIn(album.Fields(pictureColumn));
+                album.Update();
+            });
+            QVERIFY2(failure.contains(path + u"”在读取期间被改动"_s), qPrintable(failure));
+            QCOMPARE(mekTp::catalogue.OpenRecordset(u"tc02"_s).rowCount(), count);
+        }
     }
 
     void filesWithoutAPicture() {

@@ -129,7 +129,10 @@ class TestBmpFiles : public QObject {
         const OrdinaryPerson person;
         QVERIFY(askAboutBmp(nullptr, {path}).has_value());
         QVERIFY(window.boxes.isEmpty());
-        QVERIFY(jpegOfBmp(bitmap, BmpFiles::toJpeg).startsWith(jpegMark));
+        Recordset album = mekTp::catalogue.OpenRecordset(u"tc02"_s);
+        album.AddNew();
+        QVERIFY(bctp(bitmap, album, BmpFiles::toJpeg) > 0);
+        QVERIFY(album.Fields(u"图片"_s).Value().toBytes().startsWith(jpegMark));
         QVERIFY(window.bytesOf(u"1.bmp"_s).startsWith(bitmapMark));
     }
 };

@@ -115,10 +115,13 @@ class TestIntake : public QObject {
         window.addBytes(u"0.jpg"_s, {});
         const QStringList said = window.enterInto(u"tc01"_s, 1);
         QCOMPARE(said.size(), 2);
-        QVERIFY2(said[0].startsWith(u"录入到文件“2.jpg”时停止，该文件没有录入："_s), qPrintable(said[0]));
-        QVERIFY(said[0].contains(u"以下文件也没有录入：3.jpg"_s) && said[0].contains(u"文件已录入图册：1.jpg"_s));
-        QVERIFY(said[0].endsWith(u"文件没有内容，没有存入图片：0.jpg"_s));
+        QVERIFY2(said[0].startsWith(u"文件“2.jpg”没有录入："_s), qPrintable(said[0]));
         QCOMPARE(said[1], entered(0));
+        const QStringList report = window.report();
+        QVERIFY(report[0].startsWith(u"因失败而停止，已录入 2 张，1 张失败，1 张没有做到\n"_s));
+        QCOMPARE(report[1], u"0.jpg|已录入，但没有图片可存|"_s);
+        QVERIFY(report[2].startsWith(u"2.jpg|失败，没有录入|"_s));
+        QCOMPARE(report.mid(3), (QStringList{u"3.jpg|没有做到|"_s, u"1.jpg|已录入|"_s}));
         // What the page shows is what the run has left.
         window.expect({.hidden = u"prg2"_s, .texts = {{u"lblJl"_s, u"表 [tc01 旅行] 共有记录：12 条"_s}}});
     }
@@ -128,7 +131,8 @@ class TestIntake : public QObject {
         window.prepare(u"tc02"_s, 1);
         window.expect({.hidden = u"lblGy"_s, .disabled = u"cmdQx"_s});
         window.add(u"a.jpg"_s);
-        QCOMPARE(window.enterInto(u"tc02"_s, 1), (QStringList{u"文件已录入图册：a.jpg"_s, entered(0)}));
+        QCOMPARE(window.enterInto(u"tc02"_s, 1), QStringList{entered(0)});
+        QCOMPARE(window.report(), (QStringList{u"已录入 1 张"_s, u"a.jpg|已录入|"_s}));
         QVERIFY(holds(window, u"tc02"_s, 1, u"a.jpg"_s));
     }
 

@@ -57,7 +57,7 @@ class PanelBench {
     AlbumEntry albums{sstFz};
     RecordGrid grid{sstFz};
     ChoiceList choices{sstFz};
-    RunBar runBar{sstFz};
+    RunBar runBar{&form, sstFz};
     SettingsFrame frame{&form, sstFz, hints, work, albums, grid, choices, runBar};
     QStringList said;
     bool answer = true;

@@ -9,6 +9,7 @@
 class TransferWindow : public DatabaseWindow {
   public:
     explicit TransferWindow(const QString& album = QStringLiteral("tc01")) {
+        passesOver = true;
         tabs().setCurrentIndex(3);
         if (!album.isEmpty()) choose(QStringLiteral("cboBm"), album);
         said();

@@ -18,8 +18,9 @@ struct Work {
     const char* name;
     std::function<void(EditingWindow&)> begin;
     QString button;
-    QString caption;  ///< Of the button, while the work can be repeated.
-    QString box;      ///< Holds what was typed.
+    QString caption;                   ///< Of the button, while the work can be repeated.
+    QString box;                       ///< Holds what was typed.
+    QString whenGone = u"已被移走"_s;  ///< Said when the file is gone; a run opens it anew.
 };
 
 const Work works[] = {
@@ -61,7 +62,8 @@ const Work works[] = {
      },
      u"cmdJh"_s,
      u"重排序号"_s,
-     {}},
+     {},
+     u"不存在"_s},
 };
 
 class TestDiskFaults : public QObject {
@@ -98,7 +100,7 @@ class TestDiskFaults : public QObject {
 
     void diskThatIsGone() {
         for (const Work& work : works)
-            survive(work, u"已被移走"_s, [] { return std::make_unique<GoneFile>(mekTp::cataloguePath()); });
+            survive(work, work.whenGone, [] { return std::make_unique<GoneFile>(mekTp::cataloguePath()); });
     }
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../support/found.h"
+#include "../support/run_end.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
@@ -79,9 +80,10 @@ inline QStringList linesOf(const ListBox& list) {
 class SettingsWindow {
   public:
     SettingsWindow() {
-        answerBoxesWith([this](const BoxText& box) {
+        chooseInBoxesWith([this](const BoxText& box) {
             boxes << box;
-            return answer;
+            if (!answer) return box.onEscape;
+            return passesOver && box.answers.contains(QStringLiteral("跳过并继续")) ? 1 : 0;
         });
         answerFileDialogsWith([this](const FileQuestion&) { return picked; });
         open();
@@ -107,9 +109,35 @@ class SettingsWindow {
     QPushButton& button(const QString& name) const { return get<QPushButton>(name); }
     QString caption(const QString& buttonName) const { return button(buttonName).text(); }
     bool isEnabled(const QString& buttonName) const { return button(buttonName).isEnabled(); }
+    /// A click that begins a run waits for its end; a press does not.
     template <typename... Names>
     void click(const Names&... names) const {
-        (QTest::mouseClick(&button(names), Qt::LeftButton), ...);
+        ((press(names), waitForRun(form.get())), ...);
+    }
+    void press(const QString& name) const { QTest::mouseClick(&button(name), Qt::LeftButton); }
+
+    /// The open report of a run: its outcome, and its lines with bars between their parts. Nothing when none is open.
+    QStringList reported() const {
+        const auto* window = form->findChild<QDialog*>(QStringLiteral("frmBg"));
+        if (window == nullptr) return {};
+        QStringList lines{found<QLabel>(window, QStringLiteral("lblBg"))->text()};
+        const QAbstractItemModel* list = found<QTableView>(window, QStringLiteral("lstBg"))->model();
+        for (int row = 0; row < list->rowCount(); ++row) {
+            QStringList parts;
+            for (int part = 0; part < 3; ++part) parts << list->index(row, part).data().toString();
+            lines << parts.join(u'|');
+        }
+        return lines;
+    }
+    /// The same, and closes it by its key.
+    QStringList report() const {
+        const QStringList lines = reported();
+        if (QPointer<QDialog> window = form->findChild<QDialog*>(QStringLiteral("frmBg"))) {
+            QTest::keyClick(window, Qt::Key_Escape);
+            QCoreApplication::sendPostedEvents(window, QEvent::DeferredDelete);
+            form->activateWindow();
+        }
+        return lines;
     }
     void clickOption(const QString& name) const {
         auto& option = get<QRadioButton>(name);
@@ -175,6 +203,7 @@ class SettingsWindow {
     RecordingWindows windows;
     QList<BoxText> boxes;
     bool answer = true;
-    QString picked;  ///< What file dialogs answer.
+    bool passesOver = false;  ///< Runs go on after a failure.
+    QString picked;           ///< What file dialogs answer.
     std::unique_ptr<frmSz> form;
 };

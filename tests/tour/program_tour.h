@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../support/found.h"
+#include "../support/run_end.h"
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
@@ -47,6 +48,7 @@ class ProgramTour {
 
     static void click(const QString& windowName, const QString& name) {
         QTest::mouseClick(find<QWidget>(windowName, name), Qt::LeftButton);
+        waitForRun(window(windowName));
     }
     static void option(const QString& windowName, const QString& name) {
         QTest::mouseClick(find<QWidget>(windowName, name), Qt::LeftButton, {}, QPoint(8, 9));

@@ -238,14 +238,14 @@ QByteArray Maker::rowPage(quint32 owner, const QList<QByteArray>& rows, const QL
     return page;
 }
 
-/// Returns the pages that hold the rows.
+/// Returns the pages that hold the rows. They come one after the other, behind the long values.
 QList<quint32> Maker::addRows(quint32 owner, const Table& table) {
-    QList<quint32> pages;
+    QList<QByteArray> rowPages;
     QList<QByteArray> rows;
     QList<bool> deleted;
     qsizetype filled = 0;
     const auto flush = [&] {
-        if (!rows.isEmpty()) pages << add(rowPage(owner, rows, deleted));
+        if (!rows.isEmpty()) rowPages << rowPage(owner, rows, deleted);
         rows.clear();
         deleted.clear();
         filled = 0;
@@ -262,6 +262,8 @@ QList<quint32> Maker::addRows(quint32 owner, const Table& table) {
         if (i < table.rows.size()) append(table.rows[i], false);
     }
     flush();
+    QList<quint32> pages;
+    for (const QByteArray& page : rowPages) pages << add(page);
     return pages;
 }
 
@@ -351,10 +353,12 @@ void Maker::writeHeader() {
 void Maker::writeMaps() {
     QList<QByteArray> maps;
     for (const QList<quint32>& pages : rowPages_) {
-        QByteArray map(5 + pages_.size() / 8 + 1, '\0');
+        const quint32 first = pages.isEmpty() ? 0 : pages.front();
+        QByteArray map(5 + pages.size() / 8 + 1, '\0');
+        put(map, 1, first);
         for (const quint32 page : pages) {
-            char& eight = map[qsizetype(5 + page / 8)];
-            eight = char(eight | 1 << page % 8);
+            char& eight = map[qsizetype(5 + (page - first) / 8)];
+            eight = char(eight | 1 << (page - first) % 8);
         }
         maps << map;
     }

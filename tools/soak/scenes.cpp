@@ -61,6 +61,19 @@ void Scenes::work(const std::function<void()>& handler) {
     report_({u"end"_s, scene_});
 }
 
+void Scenes::run(const QString& button, const QString& closing) {
+    work([&] { clickAndWait(button, closing); });
+}
+
+void Scenes::clickAndWait(const QString& button, const QString& closing) {
+    constexpr int patience = 120000;
+    const auto before = said_.size();
+    const auto isClosing = [&](const QString& text) { return text.startsWith(closing); };
+    settings_.click(button);
+    if (!QTest::qWaitFor([&] { return std::any_of(said_.begin() + before, said_.end(), isClosing); }, patience))
+        throw Error(u"%1 comes to no end"_s.arg(button));
+}
+
 void Scenes::home() const {
     if (settings_.isThere()) settings_.leaveBy(u"cmdFh"_s, u"frmTp"_s);
     if (editor_.isThere()) editor_.leaveBy(u"mnuFh"_s, u"frmTp"_s);

@@ -28,6 +28,9 @@ class Scenes {
     static const std::map<QString, void (Scenes::*)()>& all();
     /// Runs what is worth being killed in.
     void work(const std::function<void()>& handler);
+    /// A run that a button of the settings window begins, up to its closing message.
+    void run(const QString& button, const QString& closing);
+    void clickAndWait(const QString& button, const QString& closing);
     void home() const;
     void settings(int page) const;
     void editor() const;

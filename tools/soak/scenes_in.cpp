@@ -12,6 +12,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int setupPage = 0, intakePage = 1, editingPage = 2;
+const QString entered = u"图片录入完成！"_s;
 const QString replacing = u"optCz(0)"_s, appending = u"optCz(1)"_s;
 
 }  // namespace
@@ -30,23 +31,12 @@ void Scenes::chooseFiles(const QString& album, const QString& way, const QString
     settings_.click(u"cmdQx"_s);
 }
 
-/// `pictures` in the order of the files; the progress bar shows how many of them are stored.
+/// What is stored is sure when the closing message counts it.
 void Scenes::enterFiles(const QStringList& pictures) {
-    auto& progress = settings_.get<QProgressBar>(u"prg2"_s);
-    qsizetype reported = 0;
-    const auto reportUpTo = [&](qsizetype count) {
-        for (; reported < count; ++reported)
-            if (pictures[reported] != Ledger::unknown) report_({u"added"_s, workAlbum, pictures[reported]});
-    };
-    const auto connection = QObject::connect(&progress, &QProgressBar::valueChanged, &progress, [&](int percent) {
-        qsizetype done = 0;
-        while (done < pictures.size() && done * 100 / (pictures.size() - 1) <= percent) ++done;
-        if (percent > 0) reportUpTo(done);
-    });
     for (const QString& picture : pictures) report_({u"add"_s, workAlbum, picture});
-    work([&] { settings_.click(u"cmdLr"_s); });
-    QObject::disconnect(connection);
-    reportUpTo(pictures.size());
+    run(u"cmdLr"_s, entered);
+    for (const QString& picture : pictures)
+        if (picture != Ledger::unknown) report_({u"added"_s, workAlbum, picture});
 }
 
 void Scenes::appendFiles() {
@@ -84,7 +74,7 @@ void Scenes::replaceFiles() {
     settings(intakePage);
     chooseFiles(otherAlbum, replacing, folder);
     for (const auto& [before, after] : replaced) report_({u"turn"_s, otherAlbum, before, otherAlbum, after});
-    work([&] { settings_.click(u"cmdLr"_s); });
+    run(u"cmdLr"_s, entered);
     for (const auto& [before, after] : replaced) report_({u"turned"_s, otherAlbum, before, otherAlbum, after});
 }
 
@@ -114,7 +104,7 @@ void Scenes::takeInCatalogue() {
     settings_.clickLine(u"lstSb"_s, u"tc05"_s);
     settings_.click({u"cmdQx"_s, u"cmdQx"_s});  // all columns by their place, then all records
     for (const QString& picture : pictures) report_({u"add"_s, otherAlbum, picture});
-    work([&] { settings_.click(u"cmdLr"_s); });
+    run(u"cmdLr"_s, entered);
     for (const QString& picture : pictures) report_({u"added"_s, otherAlbum, picture});
 }
 
@@ -136,7 +126,7 @@ void Scenes::renumber() {
     settings_.option(u"optP1(1)"_s);
     const Numbering numbering = numberingBy(longAlbum, u"日期"_s);
     report_({u"renumber"_s, longAlbum, numbering.before, numbering.after});
-    work([&] { settings_.click(u"cmdJh"_s); });
+    run(u"cmdJh"_s, u"重新设置序号已经完成"_s);
     report_({u"renumbered"_s, longAlbum, numbering.after});
 }
 
@@ -184,7 +174,7 @@ void Scenes::makeAndDeleteAlbum() {
         chooseFiles(table, appending, folder);
         for (int i = 1; i <= 3; ++i)
             report_({u"add"_s, table, fingerprintOf(asStored(fileIn(folder, u"%1.jpg"_s.arg(i))))});
-        settings_.click(u"cmdLr"_s);
+        clickAndWait(u"cmdLr"_s, entered);
         for (int i = 1; i <= 3; ++i)
             report_({u"added"_s, table, fingerprintOf(asStored(fileIn(folder, u"%1.jpg"_s.arg(i))))});
         settings_.openPage(setupPage);

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int transferPage = 3;
 const QString toFolder = u"optMb(0)"_s, toTable = u"optMb(1)"_s;
-const QString outFolder = u"out"_s;
+const QString copied = u"图册《"_s;  ///< The beginning of the closing message.
 
 }  // namespace
 
@@ -45,7 +45,7 @@ void Scenes::exportPictures() {
     report_({u"create"_s, place});
     for (const QString& picture : picturesOf(otherAlbum)) report_({u"add"_s, place, picture});
     chooseFolder(folder);
-    work([&] { settings_.click(u"cmdWj"_s); });
+    run(u"cmdWj"_s, u"选定的图片已全部转换成文件"_s);
     for (const QString& picture : picturesOf(otherAlbum)) report_({u"added"_s, place, picture});
 }
 
@@ -83,7 +83,7 @@ void Scenes::copyToCatalogue() {
     const QStringList pictures = choosePictures(otherAlbum, 5);
     const QString target = chooseCatalogue();
     for (const QString& picture : pictures) report_({u"add"_s, target, picture});
-    work([&] { settings_.click(u"cmdFz"_s); });
+    run(u"cmdFz"_s, copied);
     for (const QString& picture : pictures) report_({u"added"_s, target, picture});
 }
 
@@ -91,6 +91,6 @@ void Scenes::moveToCatalogue() {
     const QStringList pictures = choosePictures(otherAlbum, 4);
     const QString target = chooseCatalogue();
     for (const QString& picture : pictures) report_({u"turn"_s, otherAlbum, picture, target, picture});
-    work([&] { settings_.click(u"cmdYd"_s); });
+    run(u"cmdYd"_s, copied);
     for (const QString& picture : pictures) report_({u"turned"_s, otherAlbum, picture, target, picture});
 }

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <random>
 #include <set>
 #include <string>
@@ -39,6 +40,7 @@ struct Layer {
     std::map<std::string, std::shared_ptr<HeldFile>> files;
     std::set<File*> open;
     std::mt19937 random;
+    std::recursive_mutex mutex;  ///< Runs and the background use the file in threads of their own.
 };
 
 Layer& layer() {
@@ -52,6 +54,8 @@ struct File {
     std::string* path;
     sqlite3_file* disk;  ///< Behind this structure, in the same memory.
 };
+
+using Lock = std::lock_guard<std::recursive_mutex>;
 
 File& fileOf(sqlite3_file* file) {
     return *reinterpret_cast<File*>(file);
@@ -114,6 +118,7 @@ void powerWillGo(int) {
 }
 
 int closeFile(sqlite3_file* base) {
+    const Lock lock(layer().mutex);
     File& file = fileOf(base);
     layer().open.erase(&file);
     const int code = file.disk->pMethods->xClose(file.disk);
@@ -125,6 +130,7 @@ int closeFile(sqlite3_file* base) {
 }
 
 int readFile(sqlite3_file* base, void* to, int count, sqlite3_int64 offset) {
+    const Lock lock(layer().mutex);
     File& file = fileOf(base);
     std::memset(to, 0, size_t(count));
     const sqlite3_int64 there = std::clamp<sqlite3_int64>(file.held->size - offset, 0, count);
@@ -147,6 +153,7 @@ int readFile(sqlite3_file* base, void* to, int count, sqlite3_int64 offset) {
 }
 
 int writeFile(sqlite3_file* base, const void* from, int count, sqlite3_int64 offset) {
+    const Lock lock(layer().mutex);
     File& file = fileOf(base);
     for (sqlite3_int64 at = offset; at < offset + count;) {
         const sqlite3_int64 number = at / sectorSize, within = at % sectorSize;
@@ -162,6 +169,7 @@ int writeFile(sqlite3_file* base, const void* from, int count, sqlite3_int64 off
 }
 
 int truncateFile(sqlite3_file* base, sqlite3_int64 size) {
+    const Lock lock(layer().mutex);
     File& file = fileOf(base);
     HeldFile& held = *file.held;
     held.sectors.erase(held.sectors.lower_bound((size + sectorSize - 1) / sectorSize), held.sectors.end());
@@ -178,6 +186,7 @@ int truncateFile(sqlite3_file* base, sqlite3_int64 size) {
 }
 
 int syncFile(sqlite3_file* base, int flags) {
+    const Lock lock(layer().mutex);
     File& file = fileOf(base);
     if (diskSize(file) > file.held->size) file.disk->pMethods->xTruncate(file.disk, file.held->size);
     for (const auto& [number, bytes] : file.held->sectors) {
@@ -191,6 +200,7 @@ int syncFile(sqlite3_file* base, int flags) {
 }
 
 int sizeOfFile(sqlite3_file* base, sqlite3_int64* size) {
+    const Lock lock(layer().mutex);
     *size = fileOf(base).held->size;
     return SQLITE_OK;
 }
@@ -232,6 +242,7 @@ bool isHeld(int flags) {
 }
 
 int openFile(sqlite3_vfs*, const char* name, sqlite3_file* base, int flags, int* outFlags) {
+    const Lock lock(layer().mutex);
     Layer& all = layer();
     if (name == nullptr || !isHeld(flags)) return all.disk->xOpen(all.disk, name, base, flags, outFlags);
     auto found = all.files.find(name);
@@ -258,6 +269,7 @@ int openFile(sqlite3_vfs*, const char* name, sqlite3_file* base, int flags, int*
 }
 
 int access(sqlite3_vfs*, const char* name, int flags, int* result) {
+    const Lock lock(layer().mutex);
     Layer& all = layer();
     const auto found = all.files.find(name);
     if (found != all.files.end() && found->second->isDeleted) {
@@ -272,6 +284,7 @@ int access(sqlite3_vfs*, const char* name, int flags, int* result) {
 }
 
 int deleteFile(sqlite3_vfs*, const char* name, int syncFolder) {
+    const Lock lock(layer().mutex);
     Layer& all = layer();
     if (syncFolder != 0) {
         all.files.erase(name);

@@ -2,12 +2,14 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/next_number.h"
-#include "catalogue/picture_field.h"
+#include "catalogue/picture_hashes.h"
 #include "catalogue/runs/picture_names.h"
+#include "catalogue/runs/read_ahead.h"
 #include "catalogue/runs/run_in_turn.h"
 #include "catalogue/table_shape.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
+#include "platform/database/records/rows_by_number.h"
 
 #include <optional>
 
@@ -15,36 +17,54 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+const QString numberColumn = u"序号"_s;
+const QString pictureColumn = u"图片"_s;
+constexpr qint64 bytesAhead = 24 << 20;            ///< What is read while a group is written to the disk.
+constexpr std::chrono::milliseconds patience(20);  ///< With a picture that is not read yet, before a group is ended.
+
 QStringList chosenNames(const IntakeOrder& order) {
     QStringList names;
     for (const int place : order.selected) names << order.names[place];
     return names;
 }
 
-class FileIntake : public RunInTurn {
+/// The numbers that names of files mean.
+std::vector<qint32> numbersIn(const QStringList& names) {
+    std::vector<qint32> numbers;
+    for (const QString& name : names) attempt([&] { numbers.push_back(numberOfFile(name)); });
+    return numbers;
+}
+
+class FileIntake : public RunIntoDatabase {
   public:
     FileIntake(const Database& album, const QString& table, const IntakeOrder& order)
-        : RunInTurn(chosenNames(order)), album_(album), table_(table), order_(order) {}
+        : RunIntoDatabase(chosenNames(order)), album_(album), hashes_(album), table_(table), order_(order) {}
 
   protected:
     const Database& target() const override { return album_; }
 
     void open() override {
-        rows_ = album_.OpenRecordset(order_.replace ? table_ : noRecordsSql(table_));
-        if (!order_.replace) numbers_.emplace(album_, table_);
+        rows_ = album_.OpenRecordset(noRecordsSql(table_));
+        if (!ahead_) readAhead();
+        if (order_.replace) {
+            replaced_ = RowsByNumber(album_, table_, numberColumn, numbersIn(names()));
+            return;
+        }
+        numbers_.emplace(album_, table_);
+        if (order_.skipKnown && !known_) known_.emplace(album_, table_);
     }
 
+    bool isAtHand(qsizetype place) const override { return ahead_->isAtHand(place, patience); }
+
     Taken take(qsizetype place) override {
-        const QString& name = names()[place];
-        const bool hasPlace = !order_.replace || findRecordOf(name);
-        PictureInHand file(joinedPath(order_.folder, name));
-        // A file that is no picture ends the run, also one that is then left out.
-        const Picture picture = file.length() == 0 ? Picture() : file.load(sizeOnly);
+        const bool hasPlace = !order_.replace || findRecordOf(names()[place]);
+        // A file that is no picture has failed, also one that would be left out.
+        ReadyPicture picture = ahead_->take(place);
         if (!hasPlace) return {Fate::notFound};
-        if (!order_.takesTruncated && !picture.isNull() && file.wholeness() == PictureBytes::truncated)
-            return {Fate::truncated};
+        if (picture.isTruncated && !order_.takesTruncated) return {Fate::truncated};
+        if (isKnown(picture)) return {Fate::alreadyThere};
         try {
-            return store(file, picture);
+            return store(picture);
         } catch (...) {
             attempt([&] { rows_.CancelUpdate(); });
             throw;
@@ -57,38 +77,63 @@ class FileIntake : public RunInTurn {
     }
 
   private:
-    bool findRecordOf(const QString& name) {
-        if (!standsForNumber(name)) return false;
-        rows_.FindFirst(u"序号 = %1"_s.arg(numberOfFile(name)));
-        return !rows_.NoMatch();
+    void readAhead() {
+        const auto prepare = [folder = order_.folder, names = names()](qsizetype place) {
+            return readyPicture(joinedPath(folder, names[place]));
+        };
+        ahead_.emplace(
+            names().size(), [prepare] { return prepare; },
+            [](const ReadyPicture& picture) { return picture.bytesHeld(); },
+            ReadAhead<ReadyPicture>::Limits{.bytes = bytesAhead});
     }
 
-    Taken store(PictureInHand& file, const Picture& picture) {
+    bool findRecordOf(const QString& name) {
+        if (!standsForNumber(name)) return false;
+        const int number = numberOfFile(name);
+        const std::vector<qint64> rows = replaced_.of(number);
+        if (rows.empty()) return false;
+        rows_ = recordsOfRows(album_, table_, {rows.front()});
+        return !rows_.Eof() && rows_.Fields(numberColumn).Value() == FieldValue(number);
+    }
+
+    bool isKnown(const ReadyPicture& picture) {
+        return known_ && picture.print.length > 0 && known_->hasLength(picture.print.length) &&
+               known_->has(picture.print);
+    }
+
+    Taken store(ReadyPicture& picture) {
         if (order_.replace)
             rows_.Edit();
         else
             rows_.AddNew();
-        if (!order_.replace) rows_.Fields(u"序号"_s).SetValue(numbers_->value());
+        if (!order_.replace) rows_.Fields(numberColumn).SetValue(numbers_->value());
         // The fields go on telling about the old picture when there is no new one.
-        if (order_.fillFields && !(order_.replace && picture.isNull())) fill(file, picture);
-        const qint64 length = bctp(file, rows_, order_.bmp);
+        if (order_.fillFields && !(order_.replace && picture.pixels.isEmpty())) fill(picture);
+        const qint64 length = bctp(picture, rows_, order_.bmp);
         rows_.Update();
         if (!order_.replace) numbers_->take();
-        return {length > 0 ? Fate::taken : Fate::withoutPicture, length};
+        if (length == 0) return {Fate::withoutPicture};
+        const int row = order_.replace ? rows_.row() : rows_.rowCount() - 1;
+        attempt([&] { hashes_.note(rows_.storedAt(row, pictureColumn), picture.print); });
+        return {Fate::taken, length};
     }
 
-    void fill(const PictureInHand& file, const Picture& picture) {
+    void fill(const ReadyPicture& picture) {
         rows_.Fields(u"编号"_s).SetValue(u" "_s);
-        rows_.Fields(u"大小"_s).SetValue(kilobytesText(file.length()));
-        rows_.Fields(u"日期"_s).SetValue(file.changed());
-        if (!picture.isNull()) rows_.Fields(u"规格"_s).SetValue(specOfPicture(picture));
+        rows_.Fields(u"大小"_s).SetValue(kilobytesText(picture.file.length()));
+        rows_.Fields(u"日期"_s).SetValue(picture.file.changed());
+        if (!picture.pixels.isEmpty()) rows_.Fields(u"规格"_s).SetValue(specOfSize(picture.pixels));
     }
 
     const Database& album_;
+    PictureHashes hashes_;
     const QString& table_;
     const IntakeOrder& order_;
     Recordset rows_;
-    std::optional<NextNumber> numbers_;  ///< For records that are appended.
+    RowsByNumber replaced_;               ///< For records that are replaced.
+    std::optional<NextNumber> numbers_;   ///< For records that are appended.
+    std::optional<KnownPictures> known_;  ///< What the album had before, where that counts.
+    std::optional<ReadAhead<ReadyPicture>> ahead_;
 };
 
 }  // namespace

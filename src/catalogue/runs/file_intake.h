@@ -16,10 +16,14 @@ struct IntakeOrder {
     bool fillFields = true;  ///< 自动补足
     BmpFiles bmp = BmpFiles::toJpeg;
     bool takesTruncated = false;  ///< Pictures that end early are entered like others, and not left out.
+    bool skipKnown = false;       ///< Leaves out what the album had before the run; without effect on `replace`.
 };
 
-/// Enters the files of `order` one by one into an album table; each is durable when its step is done. The first failure
-/// ends the run. A picture that ends early is no failure: it is left out, and no number is spent on it. An empty file
+/// Enters the files of `order` in turn into an album table (see `RunInTurn`), while the next ones are read in another
+/// thread. A picture that ends early, or that the album has, is left out, and no number is spent on it. An empty file
 /// brings a record without a picture, or changes nothing in the one that it was to replace. The percentage is the part
 /// of the whole list that the last file closes. The report's places are those in `selected`.
+///
+/// The headers of a picture are read, and its end is looked for; it is not decoded. A catalogue that keeps fingerprints
+/// gets those of the new pictures.
 RunReport wjlr(const Database& album, const QString& table, const IntakeOrder& order, RunWatch& watch);

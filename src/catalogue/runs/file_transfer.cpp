@@ -2,13 +2,13 @@
 
 #include "catalogue/runs/picture_export.h"
 #include "catalogue/runs/picture_names.h"
+#include "catalogue/runs/read_ahead.h"
+#include "catalogue/runs/run_in_turn.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
 
 #include <QFileInfo>
-#include <QHash>
 #include <algorithm>
-#include <utility>
 #include <vector>
 
 using namespace Qt::Literals::StringLiterals;
@@ -19,101 +19,76 @@ const QString pictureColumn = u"图片"_s;
 const QString noPicture = u"记录没有图片"_s;
 const QString nameIsTaken = u"同名文件已存在，没有改动"_s;
 
-/// The pictures of many records on their way into a folder.
-class FileTransfer {
+/// A picture on its way.
+struct OnItsWay {
+    bool isThere = false;  ///< Its record.
+    QString name = {};     ///< Of its file.
+    QByteArray picture = {};
+};
+
+/// The pictures of many records on their way into a folder. A group gets its names when all its bytes are on the disk.
+class FileTransfer : public RunInTurn {
   public:
     FileTransfer(const Database& album, const QString& table, const QStringList& numbers, const QString& folder)
-        : album_(album), table_(table), numbers_(numbers), folder_(folder), group_(folder) {}
+        : RunInTurn(numbers), album_(album), table_(table), folder_(folder), group_(folder) {}
 
-    RunReport run(RunWatch& watch) {
-        RunProgress progress{.all = numbers_.size()};
-        bool goesOn = true;
-        while (goesOn && progress.done < numbers_.size()) {
-            progress.bytes += send(progress.done++);
-            if (group_.isFull()) giveNames();
-            progress.percent = int(progress.done * 100 / numbers_.size());
-            goesOn = watch.progress(progress);
+  protected:
+    void open() override {
+        if (ahead_) return;
+        chosen_ = chosenRows(album_, table_, names(), false);
+        ahead_.emplace(
+            names().size(), [this] { return reader(); },
+            [](const OnItsWay& record) { return qint64(record.picture.size()); });
+    }
+
+    bool isAtHand(qsizetype place) const override { return ahead_->isAtHand(place); }
+    void beginGroup() override { failed_.clear(); }
+    void storeGroup() override { failed_ = group_.giveNames(); }
+    void endGroup() override { group_.giveUp(); }
+
+    Taken take(qsizetype place) override {
+        const OnItsWay record = ahead_->take(place);
+        if (!record.isThere) return {Fate::failed, 0, recordVanished};
+        QString path = joinedPath(folder_, record.name);
+        const Exported outcome = group_.write(record.picture, path);
+        if (outcome == Exported::noPicture) return {Fate::failed, 0, noPicture};
+        const QString file = QFileInfo(path).fileName();
+        if (outcome == Exported::nameTaken) return {Fate::failed, 0, nameIsTaken, file};
+        return {Fate::taken, record.picture.size(), {}, file};
+    }
+
+    std::optional<RunItem> finish(std::vector<RunItem>& stored) override {
+        std::optional<RunItem> firstFailed;
+        for (const auto& [path, reason] : failed_) {
+            const auto item = std::ranges::find(stored, QFileInfo(path).fileName(), &RunItem::file);
+            item->fate = Fate::failed;
+            item->reason = reason.isEmpty() ? nameIsTaken : reason;
+            if (!firstFailed && !reason.isEmpty()) firstFailed = *item;
         }
-        giveNames();
-        report_.close(numbers_, progress.done);
-        return std::move(report_);
+        noteVerified(int(std::ranges::count(stored, Fate::taken, &RunItem::fate)));
+        return firstFailed;
     }
 
   private:
-    struct Waiting {
-        QString path;
-        qsizetype place;
-    };
-
-    /// Returns the bytes of the picture that was written.
-    qint64 send(qsizetype place) {
-        try {
-            const QString& number = numbers_[place];
-            Recordset record = openChosen(album_, {table_, number, seen_[number]++});
-            if (record.Eof()) {
-                fails(place, recordVanished);
-                return 0;
-            }
-            QString path = joinedPath(folder_, defaultPictureName(record.Fields(u"编号"_s).Value(),
-                                                                  record.Fields(u"序号"_s).Value().toInteger()));
-            const qint64 bytes = record.Fields(pictureColumn).FieldSize();
-            note(group_.write(record, path), path, place);
-            return bytes;
-        } catch (const std::exception& failure) {
-            fails(place, causeOf(failure));
-            return 0;
-        }
+    /// Reads the album in the thread that calls it.
+    ReadAhead<OnItsWay>::Prepare reader() const {
+        return [this, album = OpenDatabase(album_.Name())](qsizetype place) {
+            const Recordset record = recordsOfRows(album, table_, {chosen_[std::size_t(place)]});
+            if (record.Eof()) return OnItsWay();
+            const FieldValue picture = record.Fields(pictureColumn).Value();
+            const QString name =
+                defaultPictureName(record.Fields(u"编号"_s).Value(), record.Fields(u"序号"_s).Value().toInteger());
+            return OnItsWay{true, name, picture.isNull() ? QByteArray() : picture.toBytes()};
+        };
     }
-
-    void note(Exported outcome, const QString& path, qsizetype place) {
-        switch (outcome) {
-            case Exported::written:
-                waiting_.push_back({path, place});
-                break;
-            case Exported::alreadyThere:
-                succeeds({path, place});
-                break;
-            case Exported::nameTaken:
-                fails(place, nameIsTaken, path);
-                break;
-            case Exported::noPicture:
-                fails(place, noPicture);
-                break;
-        }
-    }
-
-    void giveNames() {
-        const std::vector<Waiting> group = std::exchange(waiting_, {});
-        try {
-            const std::vector<PictureGroup::Failed> failed = group_.giveNames();
-            for (const Waiting& picture : group) {
-                const auto found = std::ranges::find(failed, picture.path, &PictureGroup::Failed::name);
-                if (found == failed.end())
-                    succeeds(picture);
-                else
-                    fails(picture.place, found->reason.isEmpty() ? nameIsTaken : found->reason, picture.path);
-            }
-        } catch (const std::exception& failure) {
-            for (const Waiting& picture : group) fails(picture.place, causeOf(failure));
-        }
-    }
-
-    void succeeds(const Waiting& picture) {
-        report_.items.push_back({picture.place, numbers_[picture.place], Fate::taken, {}, nameIn(picture.path)});
-    }
-    void fails(qsizetype place, const QString& reason, const QString& path = {}) {
-        report_.items.push_back({place, numbers_[place], Fate::failed, reason, nameIn(path)});
-    }
-    static QString nameIn(const QString& path) { return QFileInfo(path).fileName(); }
 
     const Database& album_;
     const QString& table_;
-    const QStringList& numbers_;
     const QString& folder_;
+    std::vector<qint64> chosen_;  ///< Rows of the album.
+    std::optional<ReadAhead<OnItsWay>> ahead_;
     PictureGroup group_;
-    std::vector<Waiting> waiting_;  ///< The files that wait for their names.
-    QHash<QString, int> seen_;
-    RunReport report_;
+    std::vector<PictureGroup::Failed> failed_;  ///< Of the group that was stored.
 };
 
 /// The file has its name; what is left to do may fail without a loss.
@@ -150,5 +125,5 @@ SentPicture transferToFile(const Database& album, const ChosenRecord& chosen, co
 
 RunReport transferToFiles(const Database& album, const QString& table, const QStringList& numbers,
                           const QString& folder, RunWatch& watch) {
-    return FileTransfer(album, table, numbers, folder).run(watch);
+    return reportOfTransfer(FileTransfer(album, table, numbers, folder).run(watch));
 }

@@ -15,29 +15,27 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-constexpr std::size_t groupFiles = 64;
-constexpr qint64 groupBytes = 48 << 20;
 const QString complaint = u"“%1”不能写入（%2）"_s;
 
 bool isTaken(const QString& name) {
     return QFileInfo::exists(name) || QFileInfo(name).isSymLink();
 }
 
-/// Whether a file holds the bytes of a field. Zeros at the end of either are none: a stored picture has some behind it.
-bool holdsPicture(QFile& file, const Field& picture) {
+/// Whether a file holds these bytes. Zeros at the end of either are none: a stored picture has some behind it.
+bool holdsPicture(QFile& file, const QByteArray& picture) {
     bool isEmpty = true;
-    const qint64 size = std::max(picture.FieldSize(), file.size());
+    const qint64 size = std::max(qint64(picture.size()), file.size());
     for (qint64 offset = 0; offset < size; offset += pictureChunk) {
         const auto length = std::min<qint64>(pictureChunk, size - offset);
-        const QByteArray stored = picture.GetChunk(offset, length).leftJustified(length, '\0');
-        if (stored != file.read(length).leftJustified(length, '\0')) return false;
-        isEmpty = isEmpty && stored.count('\0') == length;
+        const QByteArray wanted = picture.mid(offset, length).leftJustified(length, '\0');
+        if (wanted != file.read(length).leftJustified(length, '\0')) return false;
+        isEmpty = isEmpty && wanted.count('\0') == length;
     }
     return !isEmpty && file.error() == QFileDevice::NoError;
 }
 
 /// Whether the picture is there already, under its own name and on the disk.
-bool standsThere(const QString& name, const Field& picture) {
+bool standsThere(const QString& name, const QByteArray& picture) {
     const QFileInfo there(name);
     if (!there.isFile() || there.isSymLink()) return false;
     QFile file(name);
@@ -46,8 +44,19 @@ bool standsThere(const QString& name, const Field& picture) {
     return true;
 }
 
-void copyBytes(const Field& picture, qint64 size, UnnamedFile& file) {
-    for (qint64 offset = 0; offset < size; offset += pictureChunk) file.write(picture.GetChunk(offset, pictureChunk));
+std::unique_ptr<UnnamedFile> fileOf(const QByteArray& picture, const QString& name) {
+    auto file = std::make_unique<UnnamedFile>(name, complaint);
+    file->write(picture);
+    return file;
+}
+
+/// Of many pictures this part is asked of the disk when they are read back: a disk that lost one lost it whole.
+constexpr qint64 partOfMany = 4;
+
+/// The bytes are on the disk.
+bool nameVerified(UnnamedFile& file, const QByteArray& picture, qint64 ofDisk) {
+    file.compare(picture, ofDisk);
+    return file.takeNewName();
 }
 
 }  // namespace
@@ -55,36 +64,31 @@ void copyBytes(const Field& picture, qint64 size, UnnamedFile& file) {
 // Writes the picture of the current record to a file.
 Exported dctb(Recordset& recordset, QString& name) {
     name = withJpgEnding(name);
-    const Field picture = recordset.Fields(u"图片"_s);
-    const qint64 size = picture.FieldSize();
-    if (size == 0) return Exported::noPicture;
+    const FieldValue value = recordset.Fields(u"图片"_s).Value();
+    const QByteArray picture = value.isNull() ? QByteArray() : value.toBytes();
+    if (picture.isEmpty()) return Exported::noPicture;
     if (isTaken(name)) return standsThere(name, picture) ? Exported::alreadyThere : Exported::nameTaken;
-    UnnamedFile file(name, complaint);
-    copyBytes(picture, size, file);
-    file.sync();
-    return file.takeNewName() ? Exported::written : Exported::nameTaken;
+    const auto file = fileOf(picture, name);
+    file->sync();
+    return nameVerified(*file, picture, picture.size()) ? Exported::written : Exported::nameTaken;
 }
 
 PictureGroup::PictureGroup(const QString& folder) : folder_(folder) {}
 PictureGroup::~PictureGroup() = default;
 
-Exported PictureGroup::write(Recordset& recordset, QString& name) {
+Exported PictureGroup::write(const QByteArray& picture, QString& name) {
     name = withJpgEnding(name);
-    const Field picture = recordset.Fields(u"图片"_s);
-    const qint64 size = picture.FieldSize();
-    if (size == 0) return Exported::noPicture;
+    if (picture.isEmpty()) return Exported::noPicture;
     nameEarly(name);
-    if (files_.contains(name) || isTaken(name))
-        return standsThere(name, picture) ? Exported::alreadyThere : Exported::nameTaken;
+    if (isTaken(name)) return standsThere(name, picture) ? Exported::alreadyThere : Exported::nameTaken;
     try {
-        auto file = std::make_unique<UnnamedFile>(name, complaint);
-        copyBytes(picture, size, *file);
-        files_.emplace(name, std::move(file));
+        auto file = fileOf(picture, name);
+        file->beginSync();
+        files_[name] = {std::move(file), picture};
     } catch (const Error& failure) {
         // What keeps one file from being written is said once for all of them.
         throw Error(QString(failure.text()).replace(QDir::toNativeSeparators(name), QDir::toNativeSeparators(folder_)));
     }
-    bytes_ += size;
     return Exported::written;
 }
 
@@ -92,26 +96,22 @@ Exported PictureGroup::write(Recordset& recordset, QString& name) {
 void PictureGroup::nameEarly(const QString& name) {
     const auto waiting = files_.find(name);
     if (waiting == files_.end()) return;
-    waiting->second->sync();
-    if (!waiting->second->takeNewName()) return;
+    waiting->second.file->sync();
+    const QByteArray& picture = waiting->second.picture;
+    if (!nameVerified(*waiting->second.file, picture, picture.size())) return;
     syncFolderToDisk(folder_);
     files_.erase(waiting);
 }
 
-bool PictureGroup::isFull() const {
-    return files_.size() >= groupFiles || bytes_ >= groupBytes;
-}
-
 std::vector<PictureGroup::Failed> PictureGroup::giveNames() {
     const auto files = std::exchange(files_, {});
-    bytes_ = 0;
     if (files.empty()) return {};
     syncFileSystemOf(folder_);
     std::vector<Failed> failed;
     QStringList named;
-    for (const auto& [name, file] : files) {
+    for (const auto& [name, waiting] : files) {
         try {
-            if (file->takeNewName())
+            if (nameVerified(*waiting.file, waiting.picture, waiting.picture.size() / partOfMany))
                 named << name;
             else
                 failed.push_back({name, {}});
@@ -125,4 +125,8 @@ std::vector<PictureGroup::Failed> PictureGroup::giveNames() {
         for (const QString& name : named) failed.push_back({name, u"文件已写成，但"_s + failure.text()});
     }
     return failed;
+}
+
+void PictureGroup::giveUp() {
+    files_.clear();
 }

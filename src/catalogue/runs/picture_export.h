@@ -16,8 +16,8 @@ enum class Exported {
 };
 
 /// Writes the column 图片 of the current record to a file, byte for byte as it is stored.
-/// `name` is the path; it is given ".jpg" at its end unless it has it. The file gets
-/// its name when its bytes are on the disk: nobody ever sees half a picture. Throws `Error` when it cannot be written;
+/// `name` is the path; it is given ".jpg" at its end unless it has it. The file gets its name when its bytes are on the
+/// disk, and were read back and compared: nobody ever sees half a picture. Throws `Error` when it cannot be written;
 /// nothing is left behind then.
 Exported dctb(Recordset& recordset, QString& name);
 
@@ -31,22 +31,25 @@ class PictureGroup {
     PictureGroup(const PictureGroup&) = delete;
     PictureGroup& operator=(const PictureGroup&) = delete;
 
-    /// `written` says that the file waits for its name.
-    Exported write(Recordset& recordset, QString& name);
-    bool isFull() const;
+    /// `written` says that the file waits for its name. The group keeps the bytes of the picture until then.
+    Exported write(const QByteArray& picture, QString& name);
     struct Failed {
         QString name;
         QString reason;  ///< Empty when somebody else has taken the name meanwhile.
     };
-    /// Ends the group. A name that cannot be given costs no other file its own; its file is gone. When the names may
-    /// not be on the disk, all of them come back with that reason, and the files stay. Throws `Error` when the bytes
-    /// may not be there; no file has its name then.
+    /// Ends the group. A file that is not given back as it was written, and one that cannot have its name, costs no
+    /// other file its own; it is gone. When the names may not be on the disk, all of them come back with that reason,
+    /// and the files stay. Throws `Error` when the bytes may not be there; no file has its name then.
     std::vector<Failed> giveNames();
+    void giveUp();  ///< The files that wait for their names are gone.
 
   private:
+    struct Waiting {
+        std::unique_ptr<UnnamedFile> file;
+        QByteArray picture;
+    };
     void nameEarly(const QString& name);
 
     QString folder_;
-    std::map<QString, std::unique_ptr<UnnamedFile>> files_;  ///< By name.
-    qint64 bytes_ = 0;
+    std::map<QString, Waiting> files_;  ///< By name.
 };

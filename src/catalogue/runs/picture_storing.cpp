@@ -16,10 +16,19 @@ bool endsInBmp(const QString& path) {
     return path.endsWith(u"bmp"_s);
 }
 
-void writeOver(const QString& path, const QByteArray& bytes) {
-    UnnamedFile file(path);
-    file.write(bytes);
-    file.replace();
+/// The file is replaced only when it is still the one that the JPEG was made of.
+void writeOver(const PictureInHand& file, const QByteArray& jpeg) {
+    if (!canBecomeJpeg(file.path()) || !file.isUnchanged()) return;
+    UnnamedFile written(file.path());
+    written.write(jpeg);
+    written.replace();
+}
+
+qint64 store(PictureInHand& file, const QByteArray& jpeg, Recordset& recordset, BmpFiles bmp) {
+    const Field picture = recordset.Fields(u"图片"_s);
+    if (jpeg.isEmpty()) return file.storeIn(picture);
+    if (bmp == BmpFiles::toJpeg) attempt([&] { writeOver(file, jpeg); });
+    return storePictureBytes(picture, jpeg);
 }
 
 }  // namespace
@@ -30,17 +39,27 @@ bool canBecomeJpeg(const QString& path) {
     return endsInBmp(path) && file.size() > 0 && file.isWritable() && QFileInfo(file.canonicalPath()).isWritable();
 }
 
-QByteArray jpegOfBmp(PictureInHand& file, BmpFiles bmp) {
+QByteArray jpegOfBmp(PictureInHand& file) {
     // A file that an earlier run has turned: once more would cost it quality for nothing.
     if (!endsInBmp(file.path()) || file.length() == 0 || file.isJpeg()) return {};
-    const QByteArray jpeg = encodeJpeg(file.load().image(), jpegQuality);
-    if (bmp == BmpFiles::toJpeg && canBecomeJpeg(file.path())) attempt([&] { writeOver(file.path(), jpeg); });
-    return jpeg;
+    return encodeJpeg(file.load().image(), jpegQuality);
 }
 
 // Writes one file into the column 图片.
 qint64 bctp(PictureInHand& file, Recordset& recordset, BmpFiles bmp) {
-    const QByteArray jpeg = jpegOfBmp(file, bmp);
-    const Field picture = recordset.Fields(u"图片"_s);
-    return jpeg.isEmpty() ? file.storeIn(picture) : storePictureBytes(picture, jpeg);
+    return store(file, jpegOfBmp(file), recordset, bmp);
+}
+
+ReadyPicture readyPicture(const QString& path) {
+    ReadyPicture picture{PictureInHand(path)};
+    if (picture.file.length() == 0) return picture;
+    picture.pixels = picture.file.pixels();
+    picture.isTruncated = picture.file.wholeness() == PictureBytes::truncated;
+    picture.jpeg = jpegOfBmp(picture.file);
+    picture.print = picture.jpeg.isEmpty() ? picture.file.fingerprint() : fingerprintOf(picture.jpeg);
+    return picture;
+}
+
+qint64 bctp(ReadyPicture& picture, Recordset& recordset, BmpFiles bmp) {
+    return store(picture.file, picture.jpeg, recordset, bmp);
 }

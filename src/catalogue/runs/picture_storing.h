@@ -16,10 +16,26 @@ enum class BmpFiles {
 bool canBecomeJpeg(const QString& path);
 
 /// The JPEG that is stored for a file that ends in "bmp"; none for any other file, or one that is a JPEG already.
-/// With `toJpeg` the file on the disk becomes the same where it can be written over. Throws `Error` when the file is no
-/// picture.
-QByteArray jpegOfBmp(PictureInHand& file, BmpFiles bmp);
+/// Throws `Error` when the file is no picture.
+QByteArray jpegOfBmp(PictureInHand& file);
 
 /// Stores a file in the column 图片 of the record under `Edit` or `AddNew`. Returns the length of what is stored; 0
-/// when the file is empty and nothing was.
+/// when the file is empty and nothing was. With `toJpeg` a BMP file becomes a JPEG where it can be written over.
 qint64 bctp(PictureInHand& file, Recordset& recordset, BmpFiles bmp);
+
+/// A picture file that was read and looked at: nothing but the storing is left to do.
+struct ReadyPicture {
+    PictureInHand file;
+    QSize pixels = {};         ///< Of the upright picture; empty when the file is.
+    bool isTruncated = false;  ///< Its end is missing.
+    QByteArray jpeg = {};      ///< Of a BMP: what is stored for it.
+    Fingerprint print = {};    ///< Of what is stored.
+
+    qint64 bytesHeld() const { return file.bytesHeld() + jpeg.size(); }
+};
+
+/// Reads a file. Throws `Error` when it cannot be read, or is neither empty nor a picture.
+ReadyPicture readyPicture(const QString& path);
+
+/// Stores it as the `bctp` of a file does.
+qint64 bctp(ReadyPicture& picture, Recordset& recordset, BmpFiles bmp);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtGlobal>
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <exception>
@@ -10,23 +11,24 @@
 #include <thread>
 
 /// Prepares the things of a run, in their order, in a thread of its own: while one is stored, the next ones are read
-/// and looked at on the other processor. It is ahead by so many things and bytes at most. The destructor waits for the
-/// thing in hand.
+/// and looked at on the other processor. It is ahead by so many things and bytes at most; with no things at all, each
+/// is prepared when it is taken. One thread takes them, that of the run. The destructor waits for the thing in hand.
 template <typename Prepared>
 class ReadAhead {
   public:
     using Prepare = std::function<Prepared(qsizetype place)>;
     struct Limits {
         std::size_t things = 64;
-        qint64 bytes = 24 << 20;
+        qint64 bytes = 12 << 20;
     };
 
     /// `begin` gives what prepares a thing. It is called in the thread, where the `Prepare` is used and destroyed, too:
-    /// it may hold a database. `bytesOf` tells how much memory a prepared thing takes.
+    /// it may hold a database. Another one is made where things are taken, when one has to be prepared there. `bytesOf`
+    /// tells how much memory a prepared thing takes.
     ReadAhead(qsizetype count, std::function<Prepare()> begin, std::function<qint64(const Prepared&)> bytesOf,
               Limits limits = Limits())
         : count_(count), begin_(std::move(begin)), bytesOf_(std::move(bytesOf)), limits_(limits) {
-        thread_ = std::thread([this] { work(); });
+        if (limits_.things > 0) thread_ = std::thread([this] { work(); });
     }
 
     ~ReadAhead() {
@@ -35,34 +37,26 @@ class ReadAhead {
             ended_ = true;
         }
         changed_.notify_all();
-        thread_.join();
+        if (thread_.joinable()) thread_.join();
     }
     ReadAhead(const ReadAhead&) = delete;
     ReadAhead& operator=(const ReadAhead&) = delete;
 
-    /// Waits for the thing that comes next, and gives it away; throws what its preparation threw. A thing that was
-    /// given away before is prepared once more, in this thread.
+    /// Waits for a thing, and gives it away; throws what its preparation threw. Those before it are not kept: one that
+    /// is asked for all the same is prepared once more, in this thread.
     Prepared take(qsizetype place) {
-        std::unique_lock lock(mutex_);
-        if (place < next_) {
-            lock.unlock();
-            return begin_()(place);
-        }
-        changed_.wait(lock, [&] { return !ready_.empty(); });
-        Outcome outcome = std::move(ready_.front());
-        ready_.pop_front();
-        bytes_ -= outcome.bytes;
-        ++next_;
-        lock.unlock();
-        changed_.notify_all();
+        if (limits_.things == 0 || place < next_) return prepareHere(place);
+        Outcome outcome;
+        while (next_ <= place) outcome = takeNext();
         if (outcome.failure) std::rethrow_exception(outcome.failure);
         return std::move(*outcome.prepared);
     }
 
-    /// Whether `take` gives a thing without waiting.
-    bool isAtHand(qsizetype place) {
-        const std::lock_guard lock(mutex_);
-        return place < next_ + qsizetype(ready_.size());
+    /// Whether a thing is ready, or becomes so within the time.
+    bool isAtHand(qsizetype place, std::chrono::milliseconds patience = {}) const {
+        if (limits_.things == 0) return true;
+        std::unique_lock lock(mutex_);
+        return changed_.wait_for(lock, patience, [&] { return place < next_ + qsizetype(ready_.size()); });
     }
 
   private:
@@ -71,6 +65,23 @@ class ReadAhead {
         std::exception_ptr failure = {};
         qint64 bytes = 0;
     };
+
+    Prepared prepareHere(qsizetype place) {
+        if (!prepareHere_) prepareHere_ = begin_();
+        return prepareHere_(place);
+    }
+
+    Outcome takeNext() {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [&] { return !ready_.empty(); });
+        Outcome outcome = std::move(ready_.front());
+        ready_.pop_front();
+        bytes_ -= outcome.bytes;
+        ++next_;
+        lock.unlock();
+        changed_.notify_all();
+        return outcome;
+    }
 
     void work() {
         std::exception_ptr failure;
@@ -117,11 +128,12 @@ class ReadAhead {
     const std::function<Prepare()> begin_;
     const std::function<qint64(const Prepared&)> bytesOf_;
     const Limits limits_;
-    std::mutex mutex_;
-    std::condition_variable changed_;
+    mutable std::mutex mutex_;
+    mutable std::condition_variable changed_;
     std::deque<Outcome> ready_;
     qint64 bytes_ = 0;    ///< Of what is ready.
-    qsizetype next_ = 0;  ///< Place of the first thing that is ready, or will be.
+    qsizetype next_ = 0;  ///< Place of the first thing that is ready, or will be. Only the taking thread changes it.
     bool ended_ = false;
+    Prepare prepareHere_;  ///< Of the thread that takes; made when it is needed.
     std::thread thread_;
 };

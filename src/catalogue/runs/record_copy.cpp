@@ -1,12 +1,12 @@
 #include "catalogue/runs/record_copy.h"
 
 #include "catalogue/album_rules.h"
+#include "catalogue/album_tables.h"
 #include "catalogue/next_number.h"
-#include "catalogue/picture_field.h"
+#include "catalogue/runs/read_ahead.h"
 #include "catalogue/runs/run_in_turn.h"
+#include "catalogue/runs/source_record.h"
 #include "platform/base/error.h"
-#include "platform/database/records/field_device.h"
-#include "platform/picture/picture_bytes.h"
 
 #include <QDate>
 #include <QHash>
@@ -25,37 +25,31 @@ QStringList keysOf(const QList<SourceRecord>& records) {
     return keys;
 }
 
-class RecordCopy : public RunInTurn {
+class RecordCopy : public RunIntoDatabase {
   public:
     RecordCopy(const Database& album, const QString& table, const CopyOrder& order)
-        : RunInTurn(keysOf(order.records)),
-          album_(album),
-          table_(table),
-          order_(order),
-          pictureSource_(sourceOf(order.mapping, pictureColumn)) {}
+        : RunIntoDatabase(keysOf(order.records)), album_(album), table_(table), order_(order) {}
 
   protected:
     const Database& target() const override { return album_; }
 
     void open() override {
-        rows_ = album_.OpenRecordset(order_.replace ? table_ : noRecordsSql(table_));
-        source_ = OpenDatabase(order_.sourcePath);
-        const auto index = fieldNamed(shapeOf(source_, order_.sourceTable), order_.indexField);
-        if (!index) throw Error(u"源表“%1”中没有字段“%2”。"_s.arg(order_.sourceTable, order_.indexField));
-        index_ = *index;
-        if (!order_.replace) numbers_.emplace(album_, table_);
+        if (!order_.replace) {
+            rows_ = album_.OpenRecordset(noRecordsSql(table_));
+            numbers_.emplace(album_, table_);
+        }
+        if (!ahead_) openSource();
     }
 
+    bool isAtHand(qsizetype place) const override { return ahead_->isAtHand(place); }
+
     Taken take(qsizetype place) override {
-        const SourceRecord& source = order_.records[place];
-        const QString criteria = keyCriteria(index_, source.key);
-        Recordset record = source_.OpenRecordset(allRecordsSql(order_.sourceTable) + u" WHERE "_s + criteria);
-        if (order_.replace && !findInAlbum(criteria)) return {Fate::notFound};
-        for (int i = 0; i < source.earlier && !record.Eof(); ++i) record.MoveNext();
-        if (record.Eof()) throw Error(u"源表“%1”中没有这条记录。"_s.arg(order_.sourceTable));
-        if (const Fate doubt = doubtAbout(record); doubt != Fate::taken) return {doubt};
+        if (order_.replace && !findInAlbum(place)) return {Fate::notFound};
+        const SourceValues source = ahead_->take(place);
+        if (source.kind == PictureBytes::truncated) return {Fate::truncated};
+        if (source.kind == PictureBytes::notAPicture) return {Fate::notAPicture};
         try {
-            return {write(record), pictureLength(record)};
+            return {write(source), source.picture.size()};
         } catch (...) {
             attempt([&] { rows_.CancelUpdate(); });
             throw;
@@ -63,50 +57,63 @@ class RecordCopy : public RunInTurn {
     }
 
   private:
-    /// Why the record is left out; `taken` when it is not.
-    Fate doubtAbout(const Recordset& record) const {
-        if (order_.takesDoubtful || pictureLength(record) == 0) return Fate::taken;
-        FieldDevice value(record.Fields(pictureSource_));
-        const PictureBytes kind = pictureBytes(value, pictureSource_);
-        if (kind == PictureBytes::whole) return Fate::taken;
-        return kind == PictureBytes::truncated ? Fate::truncated : Fate::notAPicture;
+    void openSource() {
+        source_ = OpenDatabase(order_.sourcePath);
+        reader_.emplace(source_, order_);
+        if (order_.replace) findAlbumRows();
+        const auto inThread = [this] {
+            return [this, source = OpenDatabase(order_.sourcePath)](qsizetype place) {
+                return reader_->read(source, place);
+            };
+        };
+        // A second connection would wait for the one that writes to the same file.
+        ahead_.emplace(
+            names().size(), inThread, [](const SourceValues& record) { return record.bytes; },
+            ReadAhead<SourceValues>::Limits{.things = isSameFile(order_.sourcePath, album_.Name()) ? 0U : 128U});
     }
 
-    bool findInAlbum(const QString& criteria) {
-        if (rows_.rowCount() == 0) return false;
-        rows_.FindFirst(criteria);
-        return !rows_.NoMatch();
+    void findAlbumRows() {
+        const auto index = fieldNamed(shapeOf(album_, table_), order_.indexField);
+        if (index && holdsWholeNumbers(*index))
+            albumRows_.emplace(album_, table_, order_.indexField, reader_->numbers());
     }
 
-    Fate write(Recordset& record) {
+    /// Opens the record that is replaced; false when there is none.
+    bool findInAlbum(qsizetype place) {
+        const auto number = reader_->number(place);
+        if (albumRows_ && number) {
+            const std::vector<qint64> rows = albumRows_->of(*number);
+            if (rows.empty()) return false;
+            rows_ = recordsOfRows(album_, table_, {rows.front()});
+        } else {
+            rows_ = album_.OpenRecordset(allRecordsSql(table_) + u" WHERE "_s + reader_->criteria(place));
+        }
+        return !rows_.Eof();
+    }
+
+    Fate write(const SourceValues& source) {
         if (order_.replace)
             rows_.Edit();
         else
             rows_.AddNew();
-        specOfSource_.reset();
-        keepsPicture_ = order_.replace && pictureLength(record) == 0;
-        const bool hadPicture = keepsPicture_ && rows_.Fields(pictureColumn).FieldSize() > 0;
-        for (const FieldPair& pair : order_.mapping)
-            if (!give(record, pair) && order_.fillFields) complete(record, pair.target);
+        // The picture of a replaced record stays when no other comes.
+        const bool keepsPicture = order_.replace && source.picture.isEmpty();
+        const bool hadPicture = keepsPicture && rows_.Fields(pictureColumn).FieldSize() > 0;
+        for (std::size_t i = 0; i < order_.mapping.size(); ++i) {
+            const QString& column = order_.mapping[i].target;
+            if (!source.values[i].isNull())
+                rows_.Fields(column).SetValue(source.values[i]);
+            else if (order_.fillFields && !(keepsPicture && aboutPicture.contains(column)))
+                complete(source, column);
+        }
         if (!order_.replace) rows_.Fields(u"序号"_s).SetValue(numbers_->value());
         rows_.Update();
         if (!order_.replace) numbers_->take();
         return hadPicture && order_.fillFields ? Fate::withoutPicture : Fate::taken;
     }
 
-    /// Whether the source has a value for the column. A picture without a byte is none.
-    bool give(Recordset& record, const FieldPair& pair) {
-        if (pair.source.isEmpty()) return false;
-        const Field source = record.Fields(pair.source);
-        if (source.isNull() || (source.Type() == FieldType::longBinary && source.FieldSize() == 0)) return false;
-        rows_.Fields(pair.target).SetValue(source.Value());
-        return true;
-    }
-
-    /// A column without a value is filled from what is known of the picture. The picture of a replaced record, and what
-    /// tells about it, stay when no other comes.
-    void complete(Recordset& record, const QString& column) {
-        if (keepsPicture_ && aboutPicture.contains(column)) return;
+    /// A column without a value is filled from what is known of the picture.
+    void complete(const SourceValues& source, const QString& column) {
         const auto set = [&](const FieldValue& value) { rows_.Fields(column).SetValue(value); };
         if (column == u"编号"_s || column == u"备注"_s)
             set(u" "_s);
@@ -114,37 +121,21 @@ class RecordCopy : public RunInTurn {
             set(QByteArray(""));
         else if (column == u"日期"_s)
             set(QDate::currentDate().startOfDay());
-        else if (column == u"规格"_s && !specOfSource(record).isEmpty())
-            set(specOfSource(record));
-        else if (column == u"大小"_s && pictureLength(record) > 0)
-            set(kilobytesText(pictureLength(record)));
-    }
-
-    /// Of the picture that a record of the source brings; 0 for none.
-    qint64 pictureLength(const Recordset& record) const {
-        return pictureSource_.isEmpty() ? 0 : record.Fields(pictureSource_).FieldSize();
-    }
-
-    /// Empty when the record has no picture that can be read: what it has is copied all the same.
-    const QString& specOfSource(Recordset& record) {
-        if (!specOfSource_) {
-            const auto picture =
-                pictureLength(record) > 0 ? pictureFromField(record, pictureSource_, sizeOnly) : std::nullopt;
-            specOfSource_ = picture ? specOfPicture(*picture, u"*"_s) : QString();
-        }
-        return *specOfSource_;
+        else if (column == u"规格"_s && !source.spec.isEmpty())
+            set(source.spec);
+        else if (column == u"大小"_s && !source.picture.isEmpty())
+            set(kilobytesText(source.picture.size()));
     }
 
     const Database& album_;
     const QString& table_;
     const CopyOrder& order_;
-    const QString pictureSource_;  ///< The column that 图片 is taken from; empty when there is none.
-    Recordset rows_;               ///< Of the album.
+    Recordset rows_;  ///< Of the album.
     Database source_;
-    std::optional<NextNumber> numbers_;  ///< For records that are appended.
-    FieldShape index_;
-    std::optional<QString> specOfSource_;
-    bool keepsPicture_ = false;  ///< The source has none for the record in hand, which is replaced.
+    std::optional<SourceReader> reader_;
+    std::optional<RowsByNumber> albumRows_;  ///< That are replaced, where they can be found by whole numbers.
+    std::optional<NextNumber> numbers_;      ///< For records that are appended.
+    std::optional<ReadAhead<SourceValues>> ahead_;
 };
 
 }  // namespace

@@ -24,7 +24,8 @@ RunReport renumberAlbum(const Database& album, const QString& table, const QStri
     try {
         Transaction transaction(album);
         Recordset records = album.OpenRecordset(u"SELECT * FROM "_s + table + u" ORDER BY ["_s + sortField + u']');
-        if (!numberAnew(records, watch)) return report;
+        report.stopped = !numberAnew(records, watch);
+        if (report.stopped) return report;
         transaction.commit();
         report.count = records.rowCount();
         report.cameToEnd = true;

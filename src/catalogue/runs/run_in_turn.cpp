@@ -1,8 +1,9 @@
 #include "catalogue/runs/run_in_turn.h"
 
 #include <QElapsedTimer>
+#include <algorithm>
 
-/// What shares one change of the target.
+/// What is stored together.
 struct RunInTurn::Group {
     explicit Group(const RunProgress& before) : start(before) { time.start(); }
 
@@ -13,16 +14,20 @@ struct RunInTurn::Group {
 };
 
 namespace {
-constexpr qint64 groupBytes = 32 << 20;
-constexpr std::size_t groupThings = 128;
-constexpr qint64 groupMs = 400;
+constexpr qint64 fewestBytes = 4 << 20;
+constexpr qint64 mostBytes = 64 << 20;
+constexpr std::size_t mostThings = 128;
+constexpr qint64 mostMs = 400;  ///< Before the group is written to the disk; with that it may take
+constexpr qint64 wholeMs = 500;
 }  // namespace
+
+RunInTurn::RunInTurn(QStringList names) : names_(std::move(names)), end_(names_.size()), groupBytes_(fewestBytes) {}
 
 RunReport RunInTurn::run(RunWatch& watch) {
     progress_.all = names_.size();
     try {
         open();
-        while (goesOn_ && progress_.done < names_.size()) takeGroup(watch);
+        while (progress_.done < end_) takeGroup(watch);
     } catch (const std::exception& failure) {
         report_.failure = reasonOf(failure);
     }
@@ -34,40 +39,51 @@ void RunInTurn::takeGroup(RunWatch& watch) {
     Group group(progress_);
     bool isLost = false;
     try {
-        Transaction together(target());
+        beginGroup();
         do takeNext(group, watch);
         while (!isFull(group));
-        if (!group.stored.empty()) together.commit();
+        if (!group.stored.empty()) storeGroup();
+        close(group);
     } catch (const std::exception& failure) {
         lose(group, reasonOf(failure));
         isLost = true;
     }
+    endGroup();
+    const auto failedLater = group.stored.empty() ? std::nullopt : finish(group.stored);
     report_.items.insert(report_.items.end(), group.stored.begin(), group.stored.end());
-    if (group.failed) fail(*group.failed, watch);
-    if (isLost && goesOn_) open();
+    if (group.failed) report_.items.push_back(*group.failed);
+    for (const auto& failed : {failedLater, group.failed})
+        if (failed) askAbout(*failed, watch);
+    if (isLost && progress_.done < end_) open();
 }
 
 void RunInTurn::takeNext(Group& group, RunWatch& watch) {
     const qsizetype place = progress_.done;
     try {
         const Taken taken = take(place);
-        group.stored.push_back({place, names_[place], taken.fate});
+        group.stored.push_back({place, names_[place], taken.fate, taken.reason, taken.file});
         progress_.bytes += taken.bytes;
     } catch (const std::exception& failure) {
         group.failed = RunItem{place, names_[place], Fate::failed, reasonOf(failure)};
     }
     progress_.percent = percentWith(place);
     ++progress_.done;
-    if (!watch.progress(progress_)) {
-        goesOn_ = false;
-        report_.stopped = true;
-    }
+    if (report_.stopped || watch.progress(progress_)) return;
+    report_.stopped = true;
+    end_ = progress_.done;
 }
 
 bool RunInTurn::isFull(const Group& group) const {
-    return !goesOn_ || group.failed || progress_.done == names_.size() || progress_.done <= singlyUpTo_ ||
-           progress_.bytes - group.start.bytes >= groupBytes || group.stored.size() >= groupThings ||
-           group.time.hasExpired(groupMs) || !isAtHand(progress_.done);
+    return group.failed || progress_.done == end_ || progress_.done <= singlyUpTo_ ||
+           progress_.bytes - group.start.bytes >= groupBytes_ || group.stored.size() >= mostThings ||
+           group.time.hasExpired(mostMs) || !isAtHand(progress_.done);
+}
+
+/// The next group is as large as this disk allows.
+void RunInTurn::close(const Group& group) {
+    const qint64 bytes = progress_.bytes - group.start.bytes;
+    if (bytes == 0) return;
+    groupBytes_ = std::clamp(bytes * wholeMs / std::max(group.time.elapsed(), qint64(1)), fewestBytes, mostBytes);
 }
 
 /// Goes back to the beginning of a group that was lost. A thing that was alone in it has failed.
@@ -85,10 +101,10 @@ void RunInTurn::lose(Group& group, const QString& reason) {
     progress_.done = start + 1;
 }
 
-void RunInTurn::fail(const RunItem& item, RunWatch& watch) {
-    report_.items.push_back(item);
-    passesOver_ = passesOver_ || watch.passesOver(item);
+/// Nobody is asked any more when the watch has ended the run.
+void RunInTurn::askAbout(const RunItem& failed, RunWatch& watch) {
+    passesOver_ = passesOver_ || report_.stopped || watch.passesOver(failed);
     if (passesOver_) return;
-    report_.failure = item.reason;
-    goesOn_ = false;
+    report_.failure = failed.reason;
+    end_ = progress_.done;
 }

@@ -6,13 +6,14 @@
 
 #include <optional>
 
-/// A run that stores one thing after the other in a database. Several of them share one change, so that the disk is
-/// waited for once a group: a kill or a full disk leaves whole things alone. A group ends before half a second has
-/// passed, and before anything is waited for. When a group is lost, its things are stored once more, each by itself.
+/// A run that stores one thing after the other. They go in groups, so that the disk is waited for once a group: a kill
+/// or a full disk leaves whole things alone. A group is as large as the disk takes within half a second, and ends
+/// before anything else is waited for. When a group is lost, its things are stored once more, each by itself. So what
+/// the watch was told of is stored, or has failed, also when the watch ends the run.
 class RunInTurn {
   public:
     /// `names` are those of the things, for the report.
-    explicit RunInTurn(QStringList names) : names_(std::move(names)) {}
+    explicit RunInTurn(QStringList names);
     virtual ~RunInTurn() = default;
     RunInTurn(const RunInTurn&) = delete;
     RunInTurn& operator=(const RunInTurn&) = delete;
@@ -22,34 +23,60 @@ class RunInTurn {
   protected:
     struct Taken {
         Fate fate = Fate::taken;
-        qint64 bytes = 0;  ///< Of the picture that was stored.
+        qint64 bytes = 0;     ///< Of the picture that was stored.
+        QString reason = {};  ///< Why it was not stored, where that is no failure of the run.
+        QString file = {};    ///< That it goes to.
     };
-    /// Opens what is read and written. Called once more when a group was lost: what was noted of the database is no
+    /// Opens what is read and written. Called once more when a group was lost: what was noted of the target is no
     /// longer true then.
     virtual void open() = 0;
-    /// The database that things are stored in.
-    virtual const Database& target() const = 0;
-    /// Stores a thing, within a change of the target. Throws when it cannot; nothing of it is left then.
+    virtual void beginGroup() = 0;
+    /// Stores a thing, within a group. Throws when it cannot; nothing of it is left then.
     virtual Taken take(qsizetype place) = 0;
-    /// Whether a thing can be stored without waiting for where it comes from.
+    /// What was taken is on the disk then, or nothing of it is and this throws.
+    virtual void storeGroup() = 0;
+    /// Called at the end of every group: gives up what was not stored.
+    virtual void endGroup() = 0;
+    /// What there is to do with the things of a group that is stored. It may change their fates, and returns the first
+    /// one that has failed. Does not throw.
+    virtual std::optional<RunItem> finish(std::vector<RunItem>&) { return {}; }
+    /// Whether a thing can be stored without waiting for where it comes from, but for a moment.
     virtual bool isAtHand(qsizetype) const { return true; }
     /// How much of the run is done with this place.
     virtual int percentWith(qsizetype place) const { return int((place + 1) * 100 / names_.size()); }
 
     const QStringList& names() const { return names_; }
+    void noteVerified(int pictures) { report_.verified += pictures; }
 
   private:
     struct Group;
     void takeGroup(RunWatch& watch);
     void takeNext(Group& group, RunWatch& watch);
     bool isFull(const Group& group) const;
+    void close(const Group& group);
     void lose(Group& group, const QString& reason);
-    void fail(const RunItem& item, RunWatch& watch);
+    void askAbout(const RunItem& failed, RunWatch& watch);
 
     QStringList names_;
     RunReport report_;
     RunProgress progress_;
-    bool goesOn_ = true;
+    qsizetype end_ = 0;  ///< Where the run ends.
     bool passesOver_ = false;
     qsizetype singlyUpTo_ = 0;  ///< Things before this place are stored each by itself.
+    qint64 groupBytes_;         ///< After so many bytes a group ends.
+};
+
+/// A run that stores things in a database. A group is one change of it.
+class RunIntoDatabase : public RunInTurn {
+  protected:
+    using RunInTurn::RunInTurn;
+
+    virtual const Database& target() const = 0;
+
+    void beginGroup() override { together_.emplace(target()); }
+    void storeGroup() override { together_->commit(); }
+    void endGroup() override { together_.reset(); }
+
+  private:
+    std::optional<Transaction> together_;
 };

@@ -4,13 +4,14 @@
 #include "catalogue/album_tables.h"
 #include "catalogue/next_number.h"
 #include "catalogue/runs/chosen_record.h"
+#include "catalogue/runs/other_thread.h"
+#include "catalogue/runs/read_ahead.h"
+#include "catalogue/runs/run_in_turn.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QHash>
-#include <algorithm>
 #include <iterator>
 #include <vector>
 
@@ -19,150 +20,205 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 const QString pictureColumn = u"图片"_s;
+const QString differs = u"读回的图片与原图不同"_s;
 
-/// The records go in groups. Each is one change of the target, so that the disk is waited for once a group.
-class TableTransfer {
+/// A record on its way.
+struct OnItsWay {
+    QString objection = {};               ///< Why it stays where it is.
+    std::vector<FieldValue> values = {};  ///< By pair of the mapping; Null where nothing is written.
+    qint64 bytes = 0;                     ///< Of its pictures.
+};
+
+/// One that is stored in the target.
+struct Stored {
+    qint64 row;  ///< In the album.
+    OnItsWay record;
+};
+
+const FieldPair* pictureMapped(const FieldMapping& mapping) {
+    for (std::size_t i = 1; i < mapping.size(); ++i)
+        if (mapping[i].target == pictureColumn && !mapping[i].source.isEmpty()) return &mapping[i];
+    return nullptr;
+}
+
+bool holds(const Field& field, const FieldValue& value) {
+    constexpr qint64 piece = 1 << 18;
+    const QByteArray picture = value.toBytes();
+    if (field.FieldSize() != picture.size()) return false;
+    for (qint64 offset = 0; offset < picture.size(); offset += piece)
+        if (field.GetChunk(offset, piece) != picture.mid(offset, piece)) return false;
+    return true;
+}
+
+bool holdsPictures(const Recordset& row, const FieldMapping& mapping, const OnItsWay& record) {
+    for (std::size_t i = 1; i < mapping.size(); ++i) {
+        if (record.values[i].isNull()) continue;
+        const Field field = row.Fields(mapping[i].source);
+        if (field.Type() == FieldType::longBinary && !holds(field, record.values[i])) return false;
+    }
+    return true;
+}
+
+/// Reads stored pictures back by a connection of its own, which has none of them in its memory.
+class ReadingBack {
   public:
-    TableTransfer(const Database& album, const QString& table, const QStringList& numbers, const TransferTarget& target,
-                  bool move)
-        : album_(album),
-          table_(table),
-          numbers_(numbers),
-          target_(target),
-          move_(move),
-          takesPictures_(std::any_of(
-              std::ranges::next(target.mapping.begin(), 1, target.mapping.end()), target.mapping.end(),
-              [](const FieldPair& pair) { return pair.target == pictureColumn && !pair.source.isEmpty(); })),
-          rows_(target.database.OpenRecordset(noRecordsSql(target.table))),
-          next_(target.database, target.table) {}
+    explicit ReadingBack(const TransferTarget& target) : target_(target) {}
+    ~ReadingBack() {
+        thread_.run([this] { database_ = Database(); });
+    }
+    ReadingBack(const ReadingBack&) = delete;
+    ReadingBack& operator=(const ReadingBack&) = delete;
 
-    RunReport run(RunWatch& watch) {
-        progress_.all = numbers_.size();
-        while (goesOn_ && progress_.done < numbers_.size()) {
-            group_.clear();
+    /// Why each record of a group is in doubt; empty when its pictures are the same. The records have the numbers from
+    /// `first` on.
+    QStringList doubtsAbout(const std::vector<Stored>& group, int first) {
+        QStringList doubts;
+        thread_.run([&] {
             try {
-                storeGroup(watch);
+                compare(group, first, doubts);
             } catch (const std::exception& failure) {
-                giveUp(causeOf(failure));
-                break;
+                while (std::size_t(doubts.size()) < group.size()) doubts << u"图片没有读回："_s + causeOf(failure);
             }
-            endGroup();
-        }
-        report_.close(numbers_, progress_.done);
-        return std::move(report_);
+        });
+        return doubts;
     }
 
   private:
-    struct Copied {
-        qsizetype place;
-        QString number;
-        Recordset record;
-    };
-    static constexpr qint64 groupBytes = 48 << 20;
-    static constexpr std::size_t groupRecords = 64;
-
-    void storeGroup(RunWatch& watch) {
-        Transaction together(target_.database);
-        const qint64 bytesBefore = progress_.bytes;
-        while (goesOn_ && progress_.done < numbers_.size() && progress_.bytes - bytesBefore < groupBytes &&
-               group_.size() < groupRecords) {
-            progress_.bytes += append(progress_.done++);
-            progress_.percent = int(progress_.done * 100 / numbers_.size());
-            goesOn_ = watch.progress(progress_);
+    void compare(const std::vector<Stored>& group, int first, QStringList& doubts) {
+        if (!database_.isOpen()) database_ = OpenDatabase(target_.database.Name());
+        Recordset rows =
+            database_.OpenRecordset(allRecordsSql(target_.table) + u" WHERE [序号] >= %1 ORDER BY [序号]"_s.arg(first));
+        for (const Stored& stored : group) {
+            const FieldValue number(first + int(doubts.size()));
+            const bool isThere = !rows.Eof() && rows.Fields(u"序号"_s).Value() == number;
+            doubts << (isThere && holdsPictures(rows, target_.mapping, stored.record) ? QString() : differs);
+            if (!rows.Eof()) rows.MoveNext();
         }
-        together.commit();
     }
 
-    /// Returns the bytes of the pictures. A record that cannot be copied does not keep the others from it.
-    qint64 append(qsizetype place) {
+    const TransferTarget& target_;
+    OtherThread thread_;
+    Database database_;  ///< Of that thread.
+};
+
+/// The records go in groups, each of which is one change of the target. When it is stored, its pictures are read back
+/// and compared; then its records may go from the album.
+class TableTransfer : public RunIntoDatabase {
+  public:
+    TableTransfer(const Database& album, const QString& table, const QStringList& numbers, const TransferTarget& target,
+                  bool move)
+        : RunIntoDatabase(numbers), album_(album), table_(table), target_(target), move_(move), readingBack_(target) {}
+
+  protected:
+    const Database& target() const override { return target_.database; }
+
+    void open() override {
+        rows_ = target_.database.OpenRecordset(noRecordsSql(target_.table));
+        next_.emplace(target_.database, target_.table);
+        if (ahead_) return;
+        chosen_ = chosenRows(album_, table_, names(), move_);
+        ahead_.emplace(
+            names().size(), [this] { return reader(); }, [](const OnItsWay& record) { return record.bytes; },
+            ReadAhead<OnItsWay>::Limits{.things = isSameFile(album_.Name(), target_.database.Name()) ? 0U : 64U});
+    }
+
+    void beginGroup() override {
+        RunIntoDatabase::beginGroup();
+        group_.clear();
+        first_ = next_->value();
+    }
+
+    bool isAtHand(qsizetype place) const override { return ahead_->isAtHand(place); }
+
+    Taken take(qsizetype place) override {
+        OnItsWay record = ahead_->take(place);
+        if (!record.objection.isEmpty()) return {Fate::failed, 0, record.objection};
         try {
-            Recordset record = recordToTake(numbers_[place]);
-            if (record.Eof()) {
-                stays(place, recordVanished);
-                return 0;
-            }
-            if (losesPicture(record)) {
-                stays(place, u"图片没有对应字段"_s);
-                return 0;
-            }
-            const qint64 bytes = write(record);
-            group_.push_back({place, numbers_[place], std::move(record)});
-            return bytes;
-        } catch (const std::exception& failure) {
+            write(record);
+        } catch (...) {
             attempt([&] { rows_.CancelUpdate(); });
-            stays(place, causeOf(failure));
-            return 0;
+            throw;
         }
+        const qint64 bytes = record.bytes;
+        group_.push_back({chosen_[std::size_t(place)], std::move(record)});
+        return {Fate::taken, bytes};
     }
 
-    Recordset recordToTake(const QString& number) {
-        const auto inGroup = int(std::ranges::count(group_, number, &Copied::number));
-        return openChosen(album_, {table_, number, move_ ? inGroup + staying_[number] : seen_[number]++, move_});
+    std::optional<RunItem> finish(std::vector<RunItem>& stored) override {
+        QStringList doubts = readingBack_.doubtsAbout(group_, first_);
+        for (std::size_t i = 0; i < group_.size(); ++i)
+            if (doubts[qsizetype(i)].isEmpty() && group_[i].record.bytes > 0) noteVerified(1);
+        if (move_) removeUndoubted(doubts);
+        std::optional<RunItem> firstFailed;
+        const QString reason = move_ ? u"已写入目标表，但没有从原图册删除（%1）"_s : u"已写入目标表，但%1"_s;
+        auto doubt = doubts.cbegin();
+        for (RunItem& item : stored) {
+            if (item.fate != Fate::taken || (doubt++)->isEmpty()) continue;
+            item.fate = Fate::failed;
+            item.reason = reason.arg(*std::prev(doubt));
+            if (!firstFailed) firstFailed = item;
+        }
+        group_.clear();
+        return firstFailed;
     }
 
-    void stays(qsizetype place, const QString& reason) {
-        report_.items.push_back({place, numbers_[place], Fate::failed, reason});
-        ++staying_[numbers_[place]];
+  private:
+    /// Reads the album in the thread that calls it.
+    ReadAhead<OnItsWay>::Prepare reader() const {
+        return [this, album = OpenDatabase(album_.Name())](qsizetype place) {
+            const Recordset record = recordsOfRows(album, table_, {chosen_[std::size_t(place)]});
+            return record.Eof() ? OnItsWay{recordVanished} : read(record);
+        };
     }
 
-    /// A move into a table to which no picture goes would delete the only one there is.
-    bool losesPicture(const Recordset& record) const {
-        return move_ && !takesPictures_ && record.Fields(pictureColumn).FieldSize() > 0;
-    }
-
-    qint64 write(Recordset& record) {
-        rows_.AddNew();
-        rows_.Fields(u"序号"_s).SetValue(next_.value());
-        qint64 bytes = 0;
+    OnItsWay read(const Recordset& record) const {
+        // The picture would be lost: it is nowhere else.
+        if (move_ && pictureMapped(target_.mapping) == nullptr && record.Fields(pictureColumn).FieldSize() > 0)
+            return {u"图片没有对应字段"_s};
+        OnItsWay read{.values = std::vector<FieldValue>(target_.mapping.size())};
         for (std::size_t i = 1; i < target_.mapping.size(); ++i) {
             const FieldPair& pair = target_.mapping[i];
             if (pair.source.isEmpty()) continue;
-            const Field value = record.Fields(pair.target);
-            if (value.isNull()) continue;
-            if (value.Type() == FieldType::longBinary) bytes += value.FieldSize();
-            rows_.Fields(pair.source).SetValue(value.Value());
+            const Field field = record.Fields(pair.target);
+            read.values[i] = field.Value();
+            if (field.Type() == FieldType::longBinary) read.bytes += field.FieldSize();
         }
+        return read;
+    }
+
+    void write(const OnItsWay& record) {
+        rows_.AddNew();
+        rows_.Fields(u"序号"_s).SetValue(next_->value());
+        for (std::size_t i = 1; i < target_.mapping.size(); ++i)
+            if (!record.values[i].isNull()) rows_.Fields(target_.mapping[i].source).SetValue(record.values[i]);
         rows_.Update();
-        next_.take();
-        return bytes;
+        next_->take();
     }
 
-    /// The group was taken back by the target; nothing follows it.
-    void giveUp(const QString& reason) {
-        for (const Copied& copied : group_) stays(copied.place, reason);
-        for (; progress_.done < numbers_.size(); ++progress_.done) stays(progress_.done, reason);
-    }
-
-    void endGroup() {
+    /// What stays in the album all the same is in doubt, too.
+    void removeUndoubted(QStringList& doubts) const {
+        std::vector<qint64> rows;
+        for (std::size_t i = 0; i < group_.size(); ++i)
+            if (doubts[qsizetype(i)].isEmpty()) rows.push_back(group_[i].row);
         try {
-            if (move_ && !group_.empty()) deleteGroup();
-            for (const Copied& copied : group_) report_.items.push_back({copied.place, copied.number, Fate::taken});
+            removeRows(album_, table_, rows);
         } catch (const std::exception& failure) {
-            const QString reason = u"已写入目标表，但没有从原图册删除（"_s + causeOf(failure) + u'）';
-            for (const Copied& copied : group_) stays(copied.place, reason);
+            for (QString& doubt : doubts)
+                if (doubt.isEmpty()) doubt = causeOf(failure);
         }
-    }
-
-    void deleteGroup() {
-        Transaction together(album_);
-        for (Copied& copied : group_) copied.record.Delete();
-        together.commit();
     }
 
     const Database& album_;
     const QString& table_;
-    const QStringList& numbers_;
     const TransferTarget& target_;
     bool move_;
-    bool takesPictures_;  ///< 图片 has a column to go to.
-    Recordset rows_;      ///< Of the target.
-    NextNumber next_;
-    RunProgress progress_;
-    bool goesOn_ = true;
-    std::vector<Copied> group_;  ///< Written to the target in the change under way.
-    QHash<QString, int> seen_;
-    QHash<QString, int> staying_;  ///< Records of a number that were to go and are still there.
-    RunReport report_;
+    std::vector<qint64> chosen_;  ///< Rows of the album.
+    std::optional<ReadAhead<OnItsWay>> ahead_;
+    Recordset rows_;  ///< Of the target.
+    std::optional<NextNumber> next_;
+    ReadingBack readingBack_;
+    std::vector<Stored> group_;
+    int first_ = 0;  ///< 序号 that the first one of the group has in the target.
 };
 
 }  // namespace
@@ -197,5 +253,5 @@ RunReport transferToTable(const Database& album, const QString& table, const QSt
                           const TransferTarget& target, bool move, RunWatch& watch) {
     if (const QString objection = objectionToTable(album, target.database, target.table); !objection.isEmpty())
         throw Error(objection);
-    return TableTransfer(album, table, numbers, target, move).run(watch);
+    return reportOfTransfer(TableTransfer(album, table, numbers, target, move).run(watch));
 }

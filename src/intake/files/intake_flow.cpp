@@ -3,11 +3,11 @@
 #include "catalogue/album_rules.h"
 #include "catalogue/album_tables.h"
 #include "catalogue/mektp.h"
-#include "catalogue/runs/file_intake.h"
 #include "catalogue/runs/picture_names.h"
 #include "catalogue/table_shape.h"
 #include "intake/browsing/intake_texts.h"
 #include "intake/files/intake_page.h"
+#include "intake/files/intake_question.h"
 #include "intake/files/run_boxes.h"
 #include "intake/files/run_texts.h"
 #include "platform/base/error.h"
@@ -169,16 +169,24 @@ bool IntakePage::targetIsFit() const {
 
 void IntakePage::cmdLrClick() {
     const QString album = frame_.albums.line();
+    const bool replaces = this->replaces();
     const QString description =
-        fromFiles() ? intakeDescription(browser_.nameInFocus(), replaces(), browser_.selectedCount()) : QString();
-    if (!ask(frame_.form, intakeQuestion(album, replaces(), description))) return;
-    if (fromFiles()) {
-        const std::optional<BmpFiles> bmp = askAboutBmp(frame_.form, selectedPaths());
-        if (!bmp) return;
-        bmpFiles_ = *bmp;
+        fromFiles() ? intakeDescription(browser_.nameInFocus(), replaces, browser_.selectedCount()) : QString();
+    const QStringList files = fromFiles() ? selectedPaths() : QStringList();
+    const std::optional<bool> skipsKnown = askIntake(frame_.form, intakeQuestion(album, replaces, description),
+                                                     flow_.targetTable(), replaces ? QStringList() : files);
+    if (!skipsKnown) return;
+    if (!fromFiles()) {
+        begin({flow_.targetTable(), database_.order(replaces, chkZd_->isChecked())});
+    } else if (const std::optional<BmpFiles> bmp = askAboutBmp(frame_.form, files)) {
+        begin({flow_.targetTable(), IntakeOrder{.folder = browser_.folder(),
+                                                .names = browser_.fileNames(),
+                                                .selected = browser_.selectedFiles(),
+                                                .replace = replaces,
+                                                .fillFields = chkZd_->isChecked(),
+                                                .bmp = *bmp,
+                                                .skipKnown = *skipsKnown}});
     }
-    lrtc();
-    showAlbumCount();
 }
 
 QStringList IntakePage::selectedPaths() const {
@@ -187,18 +195,44 @@ QStringList IntakePage::selectedPaths() const {
     return paths;
 }
 
-// One intake run with everything around it.
-void IntakePage::lrtc() {
+/// The run is under way when this returns.
+void IntakePage::begin(const IntakeJob& job) {
     mapping_.allowAll(false);
     mapping_.allowEnter(false);
     cmdQ1_->setEnabled(false);
-    const Outcome outcome = fromFiles() ? enterFiles() : copyRecords();
+    run(job, [this, job](const RunReport& report) { askAboutLeftOut(job, report); });
+}
+
+/// The bar stands in the empty part of the strip of captions.
+void IntakePage::run(const IntakeJob& job, RunBar::After after) {
+    const auto enter = [job, catalogue = mekTp::cataloguePath()](RunWatch& watch) { return job.run(catalogue, watch); };
+    frame_.runBar.start({{5000, 50, 2000, 285}}, job.words(), enter, std::move(after));
+}
+
+/// Those that were left out are taken in by a second run, if they are wanted.
+void IntakePage::askAboutLeftOut(const IntakeJob& job, const RunReport& report) {
+    if (!takesLeftOut(frame_.form, report, job.words().field, job.replaces())) {
+        lrtc(job, report);
+        return;
+    }
+    IntakeJob doubtful = job.some(report.leftOut());
+    doubtful.takeDoubtful();
+    run(doubtful, [this, job, report](const RunReport& second) {
+        RunReport both = report;
+        both.add(second);
+        lrtc(job, both);
+    });
+}
+
+// Everything that follows an intake run.
+void IntakePage::lrtc(const IntakeJob& job, const RunReport& report) {
     refreshTarget();
     readFilesAnew();
-    for (const QString& message : outcome.messages)
-        if (!message.isEmpty()) say(frame_.form, message, BoxIcon::information);
-    say(frame_.form, u"图片录入完成！  共录入：%1张"_s.arg(outcome.count));
-    if (!fromFiles()) database_.endRun();
+    const RunWords words = job.words();
+    const QString missing = job.isOfFiles() ? filesNotReplacedText(report) : notReplacedText(report, words.field);
+    if (!missing.isEmpty()) say(frame_.form, missing, BoxIcon::information);
+    say(frame_.form, u"图片录入完成！  共录入：%1张"_s.arg(report.count));
+    if (!job.isOfFiles()) database_.endRun();
     frame_.grid.putOn(intakeTab, {5435, 1320, 3745, 3555});
     frame_.sstFz->putOn(intakeTab, openRecord_, 8250, 990);
     signs_.headAlbum();
@@ -208,6 +242,8 @@ void IntakePage::lrtc() {
     mapping_.nameAllForFiles();
     frame_.hints.show(u"操作提示：图片录入完成。要继续录入，请选择“图片来源”重新开始。"_s);
     frame_.work.end();
+    showAlbumCount();
+    frame_.runBar.tellReport(report, words, [this, job](const QList<qsizetype>& places) { begin(job.some(places)); });
 }
 
 /// The album, as the run has left it.
@@ -224,47 +260,4 @@ void IntakePage::readFilesAnew() {
     browser_.forgetPicked();
     preview_.allowOpening(intakeFileOpener, false);
     showFileCount();
-}
-
-/// Runs while the progress bar stands in the empty part of the strip of captions.
-RunReport IntakePage::shown(const RunBar::Run& run) {
-    return frame_.runBar.during({5000, 50, 2000, 285}, run);
-}
-
-/// The files that are chosen, and then, if they are wanted, those of them that were left out.
-RunReport IntakePage::enterSelected() {
-    IntakeOrder order{browser_.folder(), browser_.fileNames(), browser_.selectedFiles(),
-                      replaces(),        chkZd_->isChecked(),  bmpFiles_};
-    const auto enter = [&](RunWatch& watch) { return wjlr(mekTp::catalogue, flow_.targetTable(), order, watch); };
-    RunReport report = shown(enter);
-    if (!takesLeftOut(frame_.form, report, {}, replaces())) return report;
-    const QList<int> chosen = std::exchange(order.selected, {});
-    for (const qsizetype place : report.leftOut()) order.selected << chosen[place];
-    order.takesTruncated = true;
-    report.add(shown(enter));
-    return report;
-}
-
-IntakePage::Outcome IntakePage::enterFiles() {
-    const RunReport report = enterSelected();
-    return {report.count, {filesNotReplacedText(report), intakeReport(report)}};
-}
-
-/// The records that are chosen, and then, if they are wanted, those of them that were left out.
-RunReport IntakePage::copyChosen() {
-    CopyOrder order = database_.order(replaces(), chkZd_->isChecked());
-    const auto copy = [&](RunWatch& watch) { return sklr(mekTp::catalogue, flow_.targetTable(), order, watch); };
-    RunReport report = shown(copy);
-    if (!takesLeftOut(frame_.form, report, order.indexField, replaces())) return report;
-    const QList<SourceRecord> chosen = std::exchange(order.records, {});
-    for (const qsizetype place : report.leftOut()) order.records << chosen[place];
-    order.takesDoubtful = true;
-    report.add(shown(copy));
-    return report;
-}
-
-IntakePage::Outcome IntakePage::copyRecords() {
-    const RunReport report = copyChosen();
-    const QString& indexField = mapping_.indexFieldName();
-    return {report.count, {notReplacedText(report, indexField), copyReport(report, indexField)}};
 }

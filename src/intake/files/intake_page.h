@@ -1,12 +1,10 @@
 #pragma once
 
-#include "catalogue/runs/picture_storing.h"
-#include "catalogue/runs/run_report.h"
-#include "catalogue/runs/run_watch.h"
 #include "intake/browsing/browser_panel.h"
 #include "intake/browsing/code_buttons.h"
 #include "intake/databases/database_intake.h"
 #include "intake/databases/mapping_panel.h"
+#include "intake/files/intake_job.h"
 #include "intake/preview/preview_panel.h"
 #include "settings/frame/settings_frame.h"
 #include "settings/frame/settings_page.h"
@@ -75,17 +73,10 @@ class IntakePage : public QObject, public SettingsPage {
     void clearFiles();
     void cmdLrClick();
     QStringList selectedPaths() const;
-    void lrtc();
-    /// What a run has to tell: how many pictures it entered, and what is said before that.
-    struct Outcome {
-        int count;
-        QStringList messages;  ///< Empty ones are not said.
-    };
-    RunReport shown(const RunBar::Run& run);
-    Outcome enterFiles();
-    Outcome copyRecords();
-    RunReport enterSelected();
-    RunReport copyChosen();
+    void begin(const IntakeJob& job);
+    void run(const IntakeJob& job, RunBar::After after);
+    void askAboutLeftOut(const IntakeJob& job, const RunReport& report);
+    void lrtc(const IntakeJob& job, const RunReport& report);
     void refreshTarget();
     void readFilesAnew();
     void showAlbumCount();
@@ -110,6 +101,5 @@ class IntakePage : public QObject, public SettingsPage {
     QPushButton* openFile_ = nullptr;       ///< cmdCk(1)
     DataControl* datLr_ = nullptr;          ///< The target table.
     bool unnumberedTold_ = false;
-    BmpFiles bmpFiles_ = BmpFiles::keep;  ///< The answer for the run that begins.
-    bool filesWait_ = false;              ///< Files were ready for cmdLr when the album was lost.
+    bool filesWait_ = false;  ///< Files were ready for cmdLr when the album was lost.
 };

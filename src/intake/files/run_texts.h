@@ -4,12 +4,6 @@
 
 /// What the page 图片录入 says of a run when it is over.
 
-/// Why files were not taken in; empty when all went well.
-QString intakeReport(const RunReport& report);
-
-/// Why records were not copied; empty when all went well. They are named by the values of `indexField`.
-QString copyReport(const RunReport& report, const QString& indexField);
-
 /// What is said when a run came to its end with files, or records, that have no place in the album; empty when there
 /// are none.
 QString filesNotReplacedText(const RunReport& report);

@@ -5,15 +5,12 @@
 #include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
 #include "catalogue/runs/picture_names.h"
-#include "catalogue/runs/table_transfer.h"
-#include "intake/transfer/not_done_text.h"
 #include "intake/transfer/transfer_page.h"
 #include "intake/transfer/transfer_rules.h"
 #include "platform/base/error.h"
 #include "platform/desktop/busy.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
-#include "settings/frame/progress_bar_watch.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -111,9 +108,17 @@ void TransferPage::nameCancelled() {
     prg3_->hide();
     setNaming(false);
     const bool move = moves();
-    const RunReport ended = std::exchange(named_, {});
+    const RunReport ended = takeNamed();
     if (move) dropDone(ended);
-    tellEarlyEnd(ended, move);
+    if (nameEntryIndex_ > 0) frame_.runBar.tellReport(ended, transferWords(move), {});
+}
+
+/// The report on the names that were given.
+RunReport TransferPage::takeNamed() {
+    RunReport report = std::exchange(named_, {});
+    report.stopped = nameEntryIndex_ < chosen_.count();
+    report.close(chosen_.all(), nameEntryIndex_);
+    return report;
 }
 
 /// What was moved leaves the list; what is left of it can still be moved.
@@ -157,9 +162,9 @@ void TransferPage::toNextName(bool move) {
     names_.close();
     prg3_->hide();
     setNaming(false);
-    const RunReport ended = std::exchange(named_, {});
-    tellNotDone(ended, move);
-    finish(static_cast<int>(ended.namesOf({Fate::taken}).size()));
+    const RunReport ended = takeNamed();
+    finish(ended.count);
+    frame_.runBar.tellReport(ended, transferWords(move), {});
 }
 
 /// Notes what became of the picture in hand. False when its name is to be asked for again: nothing is passed over that
@@ -187,28 +192,21 @@ bool TransferPage::passesOver(const SentPicture& sent, bool move) {
 
 void TransferPage::toTable(bool move) {
     if (!ask(frame_.form, startQuestion(move))) return;
-    const QStringList numbers = chosen_.all();
-    const RunReport report = shown([&](RunWatch& watch) {
-        const TransferTarget target{openTarget(flow_.targetDatabase()), flow_.targetTable(), mapping_.fieldMapping()};
-        return transferToTable(mekTp::catalogue, flow_.sourceTable(), numbers, target, move, watch);
-    });
-    tellNotDone(report, move);
-    finish(report.count);
+    const TransferJob::Table target{flow_.targetDatabase(), flow_.targetTable(), mapping_.fieldMapping(), move};
+    begin({flow_.sourceTable(), chosen_.all(), target}, &TransferPage::finish);
 }
 
-void TransferPage::tellNotDone(const RunReport& report, bool move) {
-    if (report.has(Fate::failed)) say(frame_.form, notDoneText(report, notTransferredHeading(move)));
-}
-
-/// What was written stays, so it is named.
-void TransferPage::tellEarlyEnd(const RunReport& named, bool move) {
-    const QStringList files = named.filesOf(Fate::taken);
-    if (files.isEmpty()) {
-        tellNotDone(named, move);
-        return;
-    }
-    const QString text = endedEarlyText(move, files) + notDoneText(named, u"\n\n其中有 %1 张不能写成文件。"_s);
-    say(frame_.form, text, BoxIcon::information);
+/// The run is under way when this returns.
+void TransferPage::begin(const TransferJob& job, void (TransferPage::*end)(int count)) {
+    const auto send = [job, catalogue = mekTp::cataloguePath()](RunWatch& watch) { return job.run(catalogue, watch); };
+    frame_.runBar.start(
+        {{6345, 5640, 1950, 255}, transferTab, prg3_}, job.words(), send, [this, job, end](const RunReport& report) {
+            // The target takes nothing: all is as it was.
+            if (report.items.empty() && !report.failure.isEmpty()) throw Error(report.failure);
+            (this->*end)(report.count);
+            const auto again = [this, job, end](const QList<qsizetype>& places) { begin(job.some(places), end); };
+            frame_.runBar.tellReport(report, job.words(), again);
+        });
 }
 
 /// The tail of a copy or move: the list is empty again. A mapping can have been used without its panel being closed.
@@ -232,13 +230,6 @@ void TransferPage::finish(int count) {
     say(frame_.form, copiedText(album, count), BoxIcon::information);
 }
 
-/// Runs while the progress bar stands on the page.
-RunReport TransferPage::shown(const std::function<RunReport(RunWatch&)>& run) {
-    frame_.sstFz->putOn(transferTab, prg3_, 6345, 5640, 1950, 255);
-    ProgressBarWatch watch(prg3_);
-    return run(watch);
-}
-
 void TransferPage::cmdWjClick() {
     const QStringList numbers = chosen_.all();
     if (numbers.isEmpty()) {
@@ -250,14 +241,14 @@ void TransferPage::cmdWjClick() {
         return;
     }
     if (!ask(frame_.form, toFilesQuestion())) return;
-    const RunReport report = shown([&](RunWatch& watch) {
-        return transferToFiles(mekTp::catalogue, flow_.sourceTable(), numbers, browser_.folder(), watch);
-    });
+    begin({flow_.sourceTable(), numbers, TransferJob::Folder{browser_.folder()}}, &TransferPage::finishFiles);
+}
+
+void TransferPage::finishFiles(int count) {
     browser_.disableEcho();
     cmdQb_->setText(chooseAllCaption);
     cmdQb_->setEnabled(false);
-    if (report.has(Fate::failed)) say(frame_.form, notDoneText(report, u"有 %1 张图片没有写成文件。"_s));
-    say(frame_.form, madeIntoFilesText(report.count));
+    say(frame_.form, madeIntoFilesText(count));
     frame_.hints.czts(20);
     frame_.work.end();
     bsxz(true);

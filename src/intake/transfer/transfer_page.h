@@ -7,6 +7,7 @@
 #include "intake/databases/mapping_panel.h"
 #include "intake/preview/preview_panel.h"
 #include "intake/transfer/name_dialog.h"
+#include "intake/transfer/transfer_job.h"
 #include "settings/frame/settings_frame.h"
 #include "settings/frame/settings_page.h"
 
@@ -96,10 +97,10 @@ class TransferPage : public QObject, public SettingsPage {
     void dropDone(const RunReport& moved);
     void setNaming(bool on);
     void finish(int count);
-    void tellNotDone(const RunReport& report, bool move);
-    void tellEarlyEnd(const RunReport& named, bool move);
     void cmdWjClick();
-    RunReport shown(const std::function<RunReport(RunWatch&)>& run);
+    void finishFiles(int count);
+    void begin(const TransferJob& job, void (TransferPage::*end)(int count));
+    RunReport takeNamed();
 
     SettingsFrame frame_;
     GuidedFlow& flow_;

@@ -2,12 +2,15 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/runs/run_report.h"
-#include "settings/frame/name_lists.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 QString operationText(bool move) {
     return move ? u"移动"_s : u"复制"_s;
+}
+
+RunWords transferWords(bool move) {
+    return {operationText(move), u"序号"_s};
 }
 
 QString chosenText(int count) {
@@ -45,15 +48,6 @@ QString copiedText(const QString& album, int count) {
 
 QString madeIntoFilesText(int count) {
     return u"选定的图片已全部转换成文件，共%1条"_s.arg(count);
-}
-
-QString notTransferredHeading(bool move) {
-    return move ? u"有 %1 张图片没有移动，仍在原图册中。"_s : u"有 %1 张图片没有复制。"_s;
-}
-
-QString endedEarlyText(bool move, const QStringList& files) {
-    return u"已%1 %2 张图片，文件是：%3。\n\n"_s.arg(operationText(move)).arg(files.size()).arg(someOf(files)) +
-           (move ? u"其余的没有移动，仍在原图册中。"_s : u"其余的没有复制。"_s);
 }
 
 QString retryQuestion(bool move, const QString& number, const QString& reason) {

@@ -1,12 +1,16 @@
 #pragma once
 
+#include "settings/frame/run_words.h"
+
 #include <QString>
-#include <QStringList>
 
 /// Texts of the page 图片转存.
 
 /// The way in which pictures leave an album: "复制" or "移动".
 QString operationText(bool move);
+
+/// How its run is spoken of.
+RunWords transferWords(bool move);
 
 /// Caption of the button that chooses the whole album.
 inline const QString chooseAllCaption = QStringLiteral("本像册全部选中");
@@ -26,12 +30,6 @@ QString startQuestion(bool move);
 QString toFilesQuestion();
 QString copiedText(const QString& album, int count);
 QString madeIntoFilesText(int count);
-
-/// Heading of what a copy or move did not do; "%1" stands for the count.
-QString notTransferredHeading(bool move);
-
-/// Said when the giving of names ends before the last picture: which files were written.
-QString endedEarlyText(bool move, const QStringList& files);
 
 /// Asked when a picture could not be written to a file for no fault of its name.
 QString retryQuestion(bool move, const QString& number, const QString& reason);

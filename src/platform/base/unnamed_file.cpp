@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QRandomGenerator>
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <utility>
@@ -109,6 +110,27 @@ void UnnamedFile::sync() {
     } catch (const Error&) {
         fail(errno);
     }
+}
+
+void UnnamedFile::beginSync() {
+#ifdef Q_OS_LINUX
+    sync_file_range(file_.handle(), 0, 0, SYNC_FILE_RANGE_WRITE);
+#endif
+}
+
+void UnnamedFile::compare(QByteArrayView bytes, qint64 ofDisk) {
+    constexpr qint64 piece = 1 << 18;
+#ifdef Q_OS_UNIX
+    posix_fadvise(file_.handle(), 0, off_t(ofDisk), POSIX_FADV_DONTNEED);
+#endif
+    QByteArray read(piece, Qt::Uninitialized);
+    bool isSame = file_.size() == bytes.size() && file_.seek(0);
+    for (qint64 offset = 0; isSame && offset < bytes.size(); offset += piece) {
+        const QByteArrayView expected = bytes.sliced(offset).first(std::min(piece, bytes.size() - offset));
+        isSame = file_.read(read.data(), expected.size()) == expected.size() &&
+                 QByteArrayView(read).first(expected.size()) == expected;
+    }
+    if (!isSame) fail(u"读回的内容与原图不同"_s);
 }
 
 bool UnnamedFile::takeNewName() {

@@ -17,7 +17,12 @@ class UnnamedFile {
     const QString& path() const { return path_; }
     void write(QByteArrayView bytes);
     void setRights(QFileDevice::Permissions rights);
-    void sync();  ///< The bytes are on the disk then.
+    void beginSync();  ///< The bytes begin to go to the disk. Waits for nothing, and fails never.
+    void sync();       ///< The bytes are on the disk then.
+    /// Reads the file back and compares it with these bytes; throws when it holds anything else. The first `ofDisk`
+    /// bytes are asked of the disk, the others may come from the system's memory: from the disk it takes four times as
+    /// long.
+    void compare(QByteArrayView bytes, qint64 ofDisk);
 
     /// Gives the file its name; false when anything has that name already. Waits for no disk: many files together are
     /// quicker (`syncFileSystemOf`, `syncFolderToDisk`) than each by itself.

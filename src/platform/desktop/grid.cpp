@@ -75,6 +75,14 @@ void Grid::Clear() {
     applyWidths();
 }
 
+void Grid::hold() {
+    model_->hold();
+}
+
+void Grid::release() {
+    model_->release();
+}
+
 QString Grid::cellText(int row, int column) const {
     return model_->index(row, column).data().toString();
 }

@@ -26,6 +26,10 @@ class Grid : public QTableView {
     /// Empties the grid, but for its headings, until the data control refreshes again.
     void Clear();
 
+    /// Reads no records until `release`, which shows those that have come into view meanwhile.
+    void hold();
+    void release();
+
     /// Text of a cell, as shown.
     QString cellText(int row, int column) const;
 

@@ -79,6 +79,11 @@ void GridModel::dropRows() {
         Q_EMIT dataChanged(index(0, 0), index(total_ - 1, columnCount() - 1));
 }
 
+void GridModel::release() {
+    held_ = false;
+    if (total_ > 0 && columnCount() > 0) Q_EMIT dataChanged(index(0, 0), index(total_ - 1, columnCount() - 1));
+}
+
 int GridModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : total_;
 }
@@ -93,7 +98,9 @@ bool GridModel::isNumeric(int column) const {
 }
 
 const std::vector<FieldValue>& GridModel::values(int row) const {
+    static const std::vector<FieldValue> blank;
     if (const auto* kept = rows_.object(row)) return *kept;
+    if (held_) return blank;
     auto fresh = std::make_unique<std::vector<FieldValue>>();
     attempt([&] {
         if (data_ != nullptr && !data_->Recordset().isNothing()) *fresh = data_->Recordset().valuesAt(row);

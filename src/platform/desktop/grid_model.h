@@ -30,6 +30,9 @@ class GridModel : public QAbstractTableModel {
     void reload();    ///< Takes columns and number of records from the data control.
     void clear();     ///< Only the headings remain.
     void dropRows();  ///< Records are read anew; follows a changed number of records.
+    /// Nothing is read until `release`: records that are not kept are blank.
+    void hold() { held_ = true; }
+    void release();
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -56,5 +59,6 @@ class GridModel : public QAbstractTableModel {
     std::vector<GridHeading> headings_;
     std::vector<Column> columns_;
     int total_ = 0;
+    bool held_ = false;
     mutable QCache<int, std::vector<FieldValue>> rows_;
 };

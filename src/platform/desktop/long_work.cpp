@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <algorithm>
 #include <condition_variable>
 #include <mutex>
 #include <utility>
@@ -74,7 +75,7 @@ bool LongWork::isAnyAtWork() {
 }
 
 LongWork::LongWork(QWidget* window, QPushButton* stopButton)
-    : window_(window), stopButton_(stopButton), steps_(std::make_shared<Steps>()) {
+    : window_(window), free_{stopButton}, steps_(std::make_shared<Steps>()) {
     connect(stopButton, &QPushButton::clicked, this, &LongWork::stop);
 }
 
@@ -102,8 +103,13 @@ void LongWork::start(std::function<void()> work, std::function<void()> after) {
             failure = std::current_exception();
         }
         QMetaObject::invokeMethod(
-            this, [this, failure, after] { end(failure, after); }, Qt::QueuedConnection);
+            this, [this, failure, after] { whenNothingAsks([this, failure, after] { end(failure, after); }); },
+            Qt::QueuedConnection);
     });
+}
+
+void LongWork::stop() {
+    if (!stopping_.exchange(true) && isAtWork()) Q_EMIT stopAsked();
 }
 
 void LongWork::end(const std::exception_ptr& failure, const std::function<void()>& after) {
@@ -121,14 +127,16 @@ bool LongWork::inWindow(const std::function<void()>& step) {
     bool isDone = false;
     QMetaObject::invokeMethod(
         this,
-        [&isDone, &step, steps] {
-            if (steps->isAbandoned()) return;
-            step();
-            {
-                const std::lock_guard lock(steps->mutex);
-                isDone = true;
-            }
-            steps->changed.notify_all();
+        [this, &isDone, &step, steps] {
+            whenNothingAsks([&isDone, &step, steps] {
+                if (steps->isAbandoned()) return;
+                step();
+                {
+                    const std::lock_guard lock(steps->mutex);
+                    isDone = true;
+                }
+                steps->changed.notify_all();
+            });
         },
         Qt::QueuedConnection);
     std::unique_lock lock(steps->mutex);
@@ -156,9 +164,26 @@ void LongWork::show(std::function<void()> step) {
         Qt::QueuedConnection);
 }
 
+void LongWork::whileAsking(const std::function<void()>& question) {
+    asks_ = true;
+    question();
+    asks_ = false;
+    // In their own turn, when the handler that has asked is over.
+    for (std::function<void()>& step : std::exchange(waiting_, {}))
+        QMetaObject::invokeMethod(this, std::move(step), Qt::QueuedConnection);
+}
+
+void LongWork::whenNothingAsks(std::function<void()> step) {
+    if (asks_)
+        waiting_.push_back(std::move(step));
+    else
+        step();
+}
+
 bool LongWork::isLocked(const QObject* part) const {
     const QWidget* widget = widgetOf(part);
-    return widget != nullptr && widget->window() == window_->window() && widget != stopButton_;
+    return widget != nullptr && widget->window() == window_->window() &&
+           std::ranges::find(free_, widget) == free_.end();
 }
 
 bool LongWork::eventFilter(QObject* watched, QEvent* event) {

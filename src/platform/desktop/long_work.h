@@ -6,13 +6,15 @@
 #include <functional>
 #include <memory>
 #include <thread>
+#include <vector>
 
 class QPushButton;
 class QWidget;
 
 /// Work of a handler that takes longer than a moment. It is done in a thread of its own while its window goes on
-/// painting; everything in the window is locked but the stop button, whose work Esc does too. The handler returns when
-/// the work has begun: what comes after the work is another one, so that no handler ever runs inside another.
+/// painting; everything in the window is locked but the stop button, whose work Esc does too, and the buttons that ask
+/// whether to leave. The handler returns when the work has begun: what comes after the work is another one, so that no
+/// handler ever runs inside another.
 class LongWork : public QObject {
     Q_OBJECT
 
@@ -21,6 +23,9 @@ class LongWork : public QObject {
     LongWork(QWidget* window, QPushButton* stopButton);
     /// Asks the work to end, and waits for it. `after` is not called then.
     ~LongWork() override;
+
+    /// A button that a person may press during the work, too. It outlives this object.
+    void leaveFree(QPushButton* button) { free_.push_back(button); }
 
     /// `work` runs in the thread. When it has ended the window is free again, and `after` is called in the window's
     /// thread as a handler. What `work` throws is shown as the failure of a handler, and `after` is not called.
@@ -31,7 +36,7 @@ class LongWork : public QObject {
     static bool isAnyAtWork();
 
     /// The person, or the end of the window, wants the work to end. It sees that by `isToStop`, in any thread.
-    void stop() { stopping_ = true; }
+    void stop();
     bool isToStop() const { return stopping_; }
 
     /// Called by `work`: `step` is done in the window's thread before the call returns. False, and it is not done, when
@@ -40,8 +45,12 @@ class LongWork : public QObject {
     /// The same, but the work goes on at once. Of several that wait only the last one is done.
     void show(std::function<void()> step);
 
+    /// Asks a question about the work. The work goes on, but it does not end before the answer, and its steps wait.
+    void whileAsking(const std::function<void()>& question);
+
   Q_SIGNALS:
     void begun();
+    void stopAsked();  ///< The person has stopped the work; it goes on to the next place where it can end.
     void ended();
 
   protected:
@@ -51,11 +60,14 @@ class LongWork : public QObject {
     struct Steps;
 
     bool isLocked(const QObject* part) const;
+    void whenNothingAsks(std::function<void()> step);
     void end(const std::exception_ptr& failure, const std::function<void()>& after);
 
     QWidget* window_;
-    QPushButton* stopButton_;
-    std::shared_ptr<Steps> steps_;  ///< What the work wants of the window's thread.
+    std::vector<QPushButton*> free_;  ///< The stop button first.
+    bool asks_ = false;
+    std::vector<std::function<void()>> waiting_;  ///< Steps of the work that wait for an answer.
+    std::shared_ptr<Steps> steps_;                ///< What the work wants of the window's thread.
     std::atomic<bool> stopping_ = false;
     std::thread thread_;
 };

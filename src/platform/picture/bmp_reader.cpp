@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -85,19 +86,23 @@ void fillLowerBits(QImage& image, const ColourBits& bits) {
     }
 }
 
-Picture decodedBmp(QIODevice& device, const ColourBits& bits, const QString& name) {
-    // Ours depends on the computer. Set once: several threads read pictures.
-    static const bool isUnlimited = (QImageReader::setAllocationLimit(0), true);
-    Q_UNUSED(isUnlimited);
-    QImageReader reader(&device, "bmp");
+/// Memory that decoding takes: a picture of few colours and its decoded copy are held at once.
+qint64 bytesToHold(QSize pixels) {
+    return imageBytes(pixels) * 5 / 4;
+}
+
+/// What the toolkit's reader says of the header, when nothing speaks against decoding the picture.
+QSize checkedSize(QImageReader& reader, const QString& name) {
     const QSize stored = reader.size();
     const QSize pixels(stored.width(), qAbs(stored.height()));  // Negative when the rows run downwards.
     checkSides(pixels, name);
-    checkSubstance(pixels, device.size(), name);
-    const qint64 bytes = imageBytes(pixels) * 5 / 4;  // A picture of few colours and its decoded copy are held at once.
-    checkMemory(bytes, pixels, name);
-    const MemoryShare share(bytes);
+    checkSubstance(pixels, reader.device()->size(), name);
+    checkMemory(bytesToHold(pixels), pixels, name);
+    return pixels;
+}
 
+Picture decodedBmp(QImageReader& reader, const ColourBits& bits, const QString& name) {
+    const MemoryShare share(bytesToHold(checkedSize(reader, name)));
     QImage image;
     if (!reader.read(&image)) refusePicture(name, u"图片已损坏"_s);
     image.convertTo(QImage::Format_RGB32);
@@ -106,16 +111,36 @@ Picture decodedBmp(QIODevice& device, const ColourBits& bits, const QString& nam
     return Picture(image);
 }
 
-}  // namespace
-
-Picture readBmp(QIODevice& device, const QString& name) {
+BmpHeader requiredHeader(QIODevice& device, const QString& name) {
     const QByteArray beginning = device.peek(BmpHeader::needed);
     const auto header = bmpHeader(beginning);
     if (!header && beginning.size() < BmpHeader::needed) refusePicture(name, u"图片数据不完整"_s);
     if (!header) refusePicture(name, u"图片已损坏，或是不支持的 BMP 格式"_s);
     if (header->pixelOffset >= device.bytesAvailable()) refusePicture(name, u"图片数据不完整"_s);
-    const ColourBits bits = colourBits(device, *header);
-    if (!isUnknownToToolkit(header->length)) return decodedBmp(device, bits, name);
-    LongerHeader known(device, header->length);
-    return decodedBmp(known, bits, name);
+    return *header;
+}
+
+/// What `use` makes of the toolkit's reader for the bytes.
+template <typename Use>
+auto withReader(QIODevice& device, const BmpHeader& header, const Use& use) {
+    // Ours depends on the computer. Set once: several threads read pictures.
+    static const bool isUnlimited = (QImageReader::setAllocationLimit(0), true);
+    Q_UNUSED(isUnlimited);
+    std::optional<LongerHeader> known;
+    if (isUnknownToToolkit(header.length)) known.emplace(device, header.length);
+    QImageReader reader(known ? &*known : &device, "bmp");
+    return use(reader);
+}
+
+}  // namespace
+
+Picture readBmp(QIODevice& device, const QString& name) {
+    const BmpHeader header = requiredHeader(device, name);
+    const ColourBits bits = colourBits(device, header);
+    return withReader(device, header, [&](QImageReader& reader) { return decodedBmp(reader, bits, name); });
+}
+
+QSize bmpSize(QIODevice& device, const QString& name) {
+    const BmpHeader header = requiredHeader(device, name);
+    return withReader(device, header, [&](QImageReader& reader) { return checkedSize(reader, name); });
 }

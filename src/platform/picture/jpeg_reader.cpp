@@ -43,18 +43,22 @@ class JpegReader {
     JpegReader& operator=(const JpegReader&) = delete;
 
     Picture read(QSize target) {
-        readHeader();
-        const Orientation orientation = storedOrientation();
-        const QSize pixels = turned(storedSize(), orientation);
-        chooseScale(turned(target, orientation));
-        const qint64 bytes = bytesToHold(orientation);
-        checkMemory(bytes, pixels, name_);
-        const MemoryShare share(bytes);
+        const QSize pixels = prepare(target);
+        const MemoryShare share(bytes_);
         const QImage stored = decode();
         if (source_.readFailed()) refusePicture(name_, u"读取失败"_s);
-        const QImage upright = uprightImage(stored, orientation);
+        const QImage upright = uprightImage(stored, orientation_);
         if (upright.isNull()) refusePicture(name_, u"内存不足"_s);
         return {upright, pixels};
+    }
+
+    QSize size() {
+        const QSize pixels = prepare({1, 1});
+        run([this] {
+            codec_.buffered_image = jpeg_has_multiple_scans(&codec_);  // or all scans would be read
+            jpeg_start_decompress(&codec_);
+        });
+        return pixels;
     }
 
   private:
@@ -77,11 +81,12 @@ class JpegReader {
     }
 
     static void refuseEndlessScans(j_common_ptr codec);
+    QSize prepare(QSize target);
     void readHeader();
     QSize storedSize() const { return {int(codec_.image_width), int(codec_.image_height)}; }
     Orientation storedOrientation() const;
     void chooseScale(QSize target);
-    qint64 bytesToHold(Orientation orientation);
+    qint64 bytesToHold();
     QImage decode();
     bool readMeans(QImage& image);
     void readFirstColours();
@@ -91,7 +96,20 @@ class JpegReader {
     jpeg_decompress_struct codec_{};
     JpegSource source_;
     const QString& name_;
+    Orientation orientation_ = uprightOrientation;
+    qint64 bytes_ = 0;  ///< Of memory that decoding takes.
 };
+
+/// What comes before decoding; returns the size of the upright picture.
+QSize JpegReader::prepare(QSize target) {
+    readHeader();
+    orientation_ = storedOrientation();
+    chooseScale(turned(target, orientation_));
+    bytes_ = bytesToHold();
+    const QSize pixels = turned(storedSize(), orientation_);
+    checkMemory(bytes_, pixels, name_);
+    return pixels;
+}
 
 /// Each scan costs a pass over the whole picture: a small file full of them would keep the program busy for hours. Even
 /// the largest pictures come in no more than twenty.
@@ -165,9 +183,9 @@ void JpegReader::readFirstColours() {
 }
 
 /// The image, its upright copy, and where the picture comes in several scans all of what was read of it.
-qint64 JpegReader::bytesToHold(Orientation orientation) {
+qint64 JpegReader::bytesToHold() {
     const qint64 image = imageBytes({int(codec_.output_width), int(codec_.output_height)});
-    qint64 bytes = orientation == uprightOrientation ? image : 2 * image;
+    qint64 bytes = orientation_ == uprightOrientation ? image : 2 * image;
     run([&] {
         if (!jpeg_has_multiple_scans(&codec_)) return;
         for (int i = 0; i < codec_.num_components; ++i) {
@@ -213,4 +231,8 @@ QImage JpegReader::decode() {
 
 Picture readJpeg(QIODevice& device, const QString& name, QSize target) {
     return JpegReader(device, name).read(target);
+}
+
+QSize jpegSize(QIODevice& device, const QString& name) {
+    return JpegReader(device, name).size();
 }

@@ -3,6 +3,7 @@
 #include "platform/picture/bmp_reader.h"
 #include "platform/picture/jpeg_reader.h"
 #include "platform/picture/picture_file.h"
+#include "platform/picture/picture_size.h"
 #include "platform/picture/refusal.h"
 
 #include <QBuffer>
@@ -11,6 +12,19 @@
 #include <cmath>
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Or else a BMP; refuses all other kinds.
+bool isJpeg(QIODevice& device, const QString& name) {
+    const QByteArray beginning = device.peek(2);
+    if (beginning.isEmpty()) refusePicture(name, u"没有数据"_s);
+    if (beginning == QByteArrayView("\xFF\xD8")) return true;
+    if (beginning == QByteArrayView("BM")) return false;
+    refusePicture(name, u"不是 BMP 或 JPEG 图片"_s);
+}
+
+}  // namespace
 
 int Picture::Width() const {
     return hiMetricFromPixels(pixels_.width());
@@ -32,11 +46,11 @@ int pixelsFromHiMetric(int length) {
 }
 
 Picture LoadPicture(QIODevice& device, const QString& name, QSize target) {
-    const QByteArray beginning = device.peek(2);
-    if (beginning.isEmpty()) refusePicture(name, u"没有数据"_s);
-    if (beginning == QByteArrayView("\xFF\xD8")) return readJpeg(device, name, target);
-    if (beginning == QByteArrayView("BM")) return readBmp(device, name);
-    refusePicture(name, u"不是 BMP 或 JPEG 图片"_s);
+    return isJpeg(device, name) ? readJpeg(device, name, target) : readBmp(device, name);
+}
+
+QSize pictureSize(QIODevice& device, const QString& name) {
+    return isJpeg(device, name) ? jpegSize(device, name) : bmpSize(device, name);
 }
 
 Picture LoadPicture(const QByteArray& bytes, const QString& name, QSize target) {

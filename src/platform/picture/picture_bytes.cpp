@@ -4,7 +4,6 @@
 #include "platform/picture/picture_file.h"
 #include "platform/picture/refusal.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <cstring>
@@ -14,13 +13,14 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// Reads a device from front to back through a small buffer.
+/// Bytes from front to back: those of memory, or of a device through a small buffer.
 class Bytes {
   public:
-    Bytes(QIODevice& device, const QString& name) : device_(device), name_(name), buffer_(size_t(1) << 16) {}
+    explicit Bytes(QByteArrayView bytes) : at_(bytes.begin()), end_(bytes.end()) {}
+    Bytes(QIODevice& device, const QString& name) : device_(&device), name_(name), buffer_(size_t(1) << 16) {}
 
     /// -1 at the end.
-    int next() { return at_ < end_ || fill() ? quint8(buffer_[at_++]) : -1; }
+    int next() { return at_ < end_ || fill() ? quint8(*at_++) : -1; }
 
     /// The number of two bytes, the higher first; -1 at the end.
     int nextPair() {
@@ -31,8 +31,8 @@ class Bytes {
     /// Goes on behind the next byte of this value; false when there is none.
     bool skipTo(char byte) {
         while (at_ < end_ || fill()) {
-            const auto* const found = static_cast<const char*>(std::memchr(&buffer_[at_], byte, end_ - at_));
-            at_ = found == nullptr ? end_ : size_t(found - buffer_.data()) + 1;
+            const auto* const found = static_cast<const char*>(std::memchr(at_, byte, size_t(end_ - at_)));
+            at_ = found == nullptr ? end_ : found + 1;
             if (found != nullptr) return true;
         }
         return false;
@@ -41,7 +41,7 @@ class Bytes {
     bool skip(qint64 count) {
         while (count > 0 && (at_ < end_ || fill())) {
             const qint64 step = qMin(count, qint64(end_ - at_));
-            at_ += size_t(step);
+            at_ += step;
             count -= step;
         }
         return count == 0;
@@ -49,17 +49,19 @@ class Bytes {
 
   private:
     bool fill() {
-        const qint64 count = device_.read(buffer_.data(), qint64(buffer_.size()));
+        if (device_ == nullptr) return false;
+        const qint64 count = device_->read(buffer_.data(), qint64(buffer_.size()));
         if (count < 0) refusePicture(name_, u"读取失败"_s);
-        at_ = 0;
-        end_ = size_t(count);
+        at_ = buffer_.data();
+        end_ = at_ + count;
         return count > 0;
     }
 
-    QIODevice& device_;
-    const QString& name_;
+    QIODevice* device_ = nullptr;
+    QString name_;
     std::vector<char> buffer_;
-    size_t at_ = 0, end_ = 0;
+    const char* at_ = nullptr;
+    const char* end_ = nullptr;
 };
 
 constexpr int endOfImage = 0xD9, startOfScan = 0xDA;
@@ -81,7 +83,7 @@ int nextMarker(Bytes& bytes) {
 }
 
 /// Segment after segment up to the end of the image. Thumbnails, which have an end mark too, are inside segments.
-PictureBytes jpegBytes(Bytes bytes) {
+PictureBytes jpegBytes(Bytes& bytes) {
     bool isScanSeen = false;
     bytes.skip(2);
     for (int marker = nextMarker(bytes); marker >= 0; marker = nextMarker(bytes)) {
@@ -93,26 +95,25 @@ PictureBytes jpegBytes(Bytes bytes) {
 }
 
 /// Some writers leave out the bytes that would fill up the last row.
-PictureBytes bmpBytes(const BmpHeader& header, Bytes bytes) {
+PictureBytes bmpBytes(const BmpHeader& header, Bytes& bytes) {
     const bool whole = bytes.skip(header.pixelOffset) && bytes.skip(header.pixelBytes);
     return whole ? PictureBytes::whole : PictureBytes::truncated;
+}
+
+PictureBytes judged(QByteArrayView beginning, Bytes bytes) {
+    if (beginning.startsWith("\xFF\xD8") && (beginning.size() == 2 || beginning[2] == '\xFF')) return jpegBytes(bytes);
+    if (const auto header = bmpHeader(beginning)) return bmpBytes(*header, bytes);
+    return PictureBytes::notAPicture;
 }
 
 }  // namespace
 
 PictureBytes pictureBytes(QIODevice& device, const QString& name) {
-    const QByteArray beginning = device.peek(BmpHeader::needed);
-    if (beginning.startsWith("\xFF\xD8") && (beginning.size() == 2 || beginning[2] == '\xFF'))
-        return jpegBytes(Bytes(device, name));
-    if (const auto header = bmpHeader(beginning)) return bmpBytes(*header, Bytes(device, name));
-    return PictureBytes::notAPicture;
+    return judged(device.peek(BmpHeader::needed), Bytes(device, name));
 }
 
 PictureBytes pictureBytes(const QByteArray& bytes) {
-    QBuffer buffer;
-    buffer.setData(bytes);
-    buffer.open(QIODevice::ReadOnly);
-    return pictureBytes(buffer, {});
+    return judged(QByteArrayView(bytes).first(qMin(bytes.size(), BmpHeader::needed)), Bytes(bytes));
 }
 
 PictureBytes pictureBytesOfFile(const QString& path) {

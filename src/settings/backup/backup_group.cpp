@@ -74,6 +74,7 @@ void BackupGroup::reset() {
 
 /// Of the copy that is under way, or of the last one to the stored path.
 void BackupGroup::showResult() {
+    if (frame_.runBar.isAtWork()) return;  // the page is not in front; its next visit shows it
     BackupRun* const run = BackupRun::current();
     if (run != nullptr) connect(run, &BackupRun::ended, this, &BackupGroup::showResult, Qt::UniqueConnection);
     const QString script = textOfScript(backupScriptPath());

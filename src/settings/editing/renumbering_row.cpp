@@ -97,22 +97,25 @@ void RenumberingRow::cmdJhClick() {
     mark(-1);
     cmdJh->setEnabled(false);
     cmdS1->setEnabled(false);
+    const auto renumber = [catalogue = mekTp::cataloguePath(), table = frame_.albums.table(),
+                           order = sortColumn(order_)](RunWatch& watch) {
+        return renumberAlbum(OpenDatabase(catalogue), table, order, watch);
+    };
+    frame_.runBar.start({{720, 1065, 4035, 225}, editingTab}, {u"重排"_s}, renumber,
+                        [this](const RunReport& report) { finish(report); });
+}
+
+void RenumberingRow::finish(const RunReport& report) {
     const auto atRest = qScopeGuard([this] {
         cmdS1->setEnabled(true);
         cmdJh->setEnabled(true);
     });
-    if (const RunReport report = renumber(); !report.cameToEnd) {
-        say(frame_.form,
-            u"序号没有重排，图册[%1]的序号全都没有改变。\n\n"_s.arg(frame_.albums.table()) + report.failure);
+    if (!report.cameToEnd) {
+        const QString unchanged = u"序号没有重排，图册[%1]的序号全都没有改变。"_s.arg(frame_.albums.table());
+        say(frame_.form, report.failure.isEmpty() ? unchanged : unchanged + u"\n\n"_s + report.failure);
         return;
     }
     attempt([&] { frame_.grid.listAlbum(frame_.albums.table(), sortColumn(0)); });
     Q_EMIT wholeAlbumShown();
     say(frame_.form, u"重新设置序号已经完成！"_s);
-}
-
-RunReport RenumberingRow::renumber() {
-    return frame_.runBar.during(editingTab, {720, 1065, 4035, 225}, [this](RunWatch& watch) {
-        return renumberAlbum(mekTp::catalogue, frame_.albums.table(), sortColumn(order_), watch);
-    });
 }

@@ -32,7 +32,7 @@ class RenumberingRow : public QObject {
   private:
     void optP1Click(int index);
     void cmdJhClick();
-    RunReport renumber();
+    void finish(const RunReport& report);
     void mark(int option);
     QString question() const;
     bool isChangeable() const;

@@ -42,7 +42,7 @@ frmSz::frmSz(Windows& windows, const Furnishing& furnish, QWidget* parent)
       albums_(sstFz),
       grid_(sstFz),
       choices_(sstFz),
-      runBar_(sstFz) {
+      runBar_(this, sstFz) {
     setObjectName(u"frmSz"_s);
     setWindowTitle(u" 览忆集苑(图片录入及系统设置)"_s);
     setFixedSize(pixelsFromTwips(windowWidth), pixelsFromTwips(windowHeight));
@@ -75,12 +75,10 @@ void frmSz::makeOuterButtons() {
     auto* cmdGl = button(u"cmdGl"_s, u"关闭"_s, 1);
     auto* cmdBz = button(u"cmdBz"_s, u"帮助"_s, 0);
 
-    connect(cmdFh, &QPushButton::clicked, this, guarded(this, [this] {
-                if (page().mayLeave()) windows_.handOver(WindowKind::settings, WindowKind::viewer);
-            }));
-    connect(cmdGl, &QPushButton::clicked, this, guarded(this, [this] {
-                if (page().mayLeave()) windows_.endProgram();
-            }));
+    for (QPushButton* leaving : {cmdFh, cmdGl}) runBar_.leaveFree(leaving);
+    connect(cmdFh, &QPushButton::clicked, this,
+            guarded(this, [this] { leave([this] { windows_.handOver(WindowKind::settings, WindowKind::viewer); }); }));
+    connect(cmdGl, &QPushButton::clicked, this, guarded(this, [this] { leave([this] { windows_.endProgram(); }); }));
     connect(cmdBz, &QPushButton::clicked, this, guarded(this, [this] { windows_.showHelp(u"3 软件的使用"_s); }));
 }
 
@@ -103,6 +101,8 @@ void frmSz::connectEvents() {
     connect(&grid_, &RecordGrid::rowClicked, this, guarded(this, [this] { page().rowClicked(); }));
     grid_.mayGoTo = [this](int row) { return page().mayGoTo(row); };
     connect(&grid_, &RecordGrid::moved, this, guarded(this, [this] { page().recordChanged(); }));
+    connect(&runBar_, &RunBar::begun, &grid_, &RecordGrid::hold);
+    connect(&runBar_, &RunBar::ended, &grid_, &RecordGrid::release);
 }
 
 SettingsPage& frmSz::page() const {
@@ -155,13 +155,23 @@ void frmSz::loseAlbum() {
     page().albumLost();
 }
 
+/// A run is asked about first, and has come to its end before the window is left.
+void frmSz::leave(const std::function<void()>& way) {
+    if (runBar_.isAtWork())
+        runBar_.askToLeave([this, way] { leave(way); });
+    else if (page().mayLeave())
+        way();
+}
+
 void frmSz::closeEvent(QCloseEvent* event) {
-    bool leaves = true;
-    runHandler(this, [&] { leaves = page().mayLeave(); });
-    if (leaves)
-        QWidget::closeEvent(event);
-    else
-        event->ignore();
+    bool leaves = false;
+    runHandler(this, [&] {
+        if (runBar_.isAtWork())
+            runBar_.askToLeave([this] { close(); });
+        else
+            leaves = page().mayLeave();
+    });
+    event->setAccepted(leaves);
 }
 
 /// Keys reach another page without the pointer entering the strip.

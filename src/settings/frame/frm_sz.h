@@ -43,6 +43,7 @@ class frmSz : public QWidget {
     void sstFzClick();
     void placeSharedControls(const PageLayout& layout);
     void placeGrid(const PageLayout& layout);
+    void leave(const std::function<void()>& way);
     void takeAlbum();
     void loseAlbum();
     void pointerMoved(int x, int y);

@@ -61,6 +61,14 @@ bool RecordGrid::findFirst(const QString& criteria) {
     return datBj->findFirst(criteria);
 }
 
+void RecordGrid::hold() {
+    msgBm->hold();
+}
+
+void RecordGrid::release() {
+    msgBm->release();
+}
+
 void RecordGrid::setEnabled(bool on) {
     msgBm->setEnabled(on);
 }

@@ -35,6 +35,10 @@ class RecordGrid : public QObject {
     /// Makes the first record that meets the criteria the current one; false when there is none.
     bool findFirst(const QString& criteria);
 
+    /// The grid reads no records until `release`.
+    void hold();
+    void release();
+
     void setEnabled(bool on);
     void setHeadings(const QString& headings);
     /// In twips of the tab control, or of a group.

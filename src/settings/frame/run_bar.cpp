@@ -1,25 +1,185 @@
 #include "settings/frame/run_bar.h"
 
+#include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/tab_control.h"
-#include "settings/frame/progress_bar_watch.h"
+#include "settings/frame/report_window.h"
 #include "settings/frame/settings_tab.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScopeGuard>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
-RunBar::RunBar(TabControl* sstFz) : sstFz_(sstFz), prg2(make<QProgressBar>(sstFz->page(editingTab), u"prg2"_s)) {
+namespace {
+
+// To the left of the buttons below the pages.
+constexpr int rowTop = 6855;
+constexpr int lineLeft = 120, lineWidth = 4950;
+constexpr int stopLeft = 5190, stopWidth = 990, stopHeight = 330;
+
+}  // namespace
+
+/// Lives in the thread of the run.
+class RunBar::Watch : public RunWatch {
+  public:
+    Watch(RunBar& bar, const RunWords& words) : bar_(bar), words_(words) { time_.start(); }
+
+    bool progress(const RunProgress& progress) override {
+        const QString text = progressText(progress, time_.elapsed() - askedMs_);
+        bar_.work_.show([bar = &bar_, percent = progress.percent, text] { bar->showProgress(percent, text); });
+        return !bar_.work_.isToStop();
+    }
+
+    bool passesOver(const RunItem& failed) override {
+        constexpr int stops = 0, passes = 1;
+        const qint64 askedAt = time_.elapsed();
+        int answer = stops;
+        bar_.work_.inWindow([&] {
+            answer = choose(bar_.form_, failureQuestion(failed, words_), {u"停止"_s, u"跳过并继续"_s}, stops, stops);
+        });
+        askedMs_ += time_.elapsed() - askedAt;
+        return answer == passes;
+    }
+
+  private:
+    RunBar& bar_;
+    RunWords words_;
+    QElapsedTimer time_;
+    qint64 askedMs_ = 0;  ///< So long it has waited for an answer.
+};
+
+RunBar::RunBar(QWidget* form, TabControl* sstFz)
+    : form_(form),
+      sstFz_(sstFz),
+      prg2(make<QProgressBar>(sstFz->page(editingTab), u"prg2"_s)),
+      lblJd(make<QLabel>(form, u"lblJd"_s)),
+      cmdTz(make<QPushButton>(form, u"cmdTz"_s, u"停 止"_s)),
+      bar_(prg2),
+      work_(form, cmdTz) {
+    lblJd->setTextFormat(Qt::PlainText);
+    // The key that has answered the question before a run, pressed once too often, stops nothing.
+    cmdTz->setFocusPolicy(Qt::NoFocus);
+    cmdTz->setToolTip(u"做完手上的一张就停止（Esc）"_s);
+    place(lblJd, lineLeft, rowTop, lineWidth, stopHeight);
+    place(cmdTz, stopLeft, rowTop, stopWidth, stopHeight);
     prg2->hide();
+    cmdTz->hide();
+    connect(&work_, &LongWork::begun, this, &RunBar::begin);
+    connect(&work_, &LongWork::stopAsked, this, &RunBar::setStopping);
+    connect(&work_, &LongWork::ended, this, &RunBar::end);
 }
 
-RunReport RunBar::during(int page, const QRect& at, const Run& run) {
-    sstFz_->putOn(page, prg2, at.x(), at.y(), at.width(), at.height());
-    ProgressBarWatch watch(prg2);
-    return run(watch);
+void RunBar::start(const Place& place, const RunWords& words, Run run, After after) {
+    placeBar(place);
+    words_ = words;
+    const auto report = std::make_shared<RunReport>();
+    work_.start(
+        [this, words, report, run = std::move(run)] {
+            Watch watch(*this, words);
+            try {
+                *report = run(watch);
+            } catch (const std::exception& failure) {
+                *report = {.failure = reasonOf(failure)};
+            }
+        },
+        [this, report, after = std::move(after)] { finish(*report, after); });
 }
 
-RunReport RunBar::during(const QRect& at, const Run& run) {
-    prg2->setParent(sstFz_);
-    place(prg2, at.x(), at.y(), at.width(), at.height());
-    ProgressBarWatch watch(prg2);
-    return run(watch);
+void RunBar::placeBar(const Place& at) {
+    bar_ = at.bar != nullptr ? at.bar : prg2;
+    if (at.page) {
+        sstFz_->putOn(*at.page, bar_, at.at.x(), at.at.y(), at.at.width(), at.at.height());
+    } else {
+        bar_->setParent(sstFz_);
+        place(bar_, at.at.x(), at.at.y(), at.at.width(), at.at.height());
+    }
+    bar_->setRange(0, 100);
+    bar_->setValue(0);
+}
+
+void RunBar::begin() {
+    qApp->removeEventFilter(this);
+    stopping_ = false;
+    lblJd->clear();
+    cmdTz->setEnabled(true);
+    for (QWidget* part : {static_cast<QWidget*>(bar_), static_cast<QWidget*>(cmdTz)}) {
+        part->show();
+        part->raise();
+    }
+    hourglass_.emplace(form_, Qt::BusyCursor);
+    Q_EMIT begun();
+}
+
+void RunBar::setStopping() {
+    stopping_ = true;
+    cmdTz->setEnabled(false);
+    lblJd->setText(u"正在停止…"_s);
+}
+
+void RunBar::showProgress(int percent, const QString& text) {
+    if (!isAtWork()) return;
+    bar_->setValue(percent);
+    if (!stopping_) lblJd->setText(text);
+}
+
+void RunBar::end() {
+    bar_->hide();
+    cmdTz->hide();
+    hourglass_.reset();
+    Q_EMIT ended();
+}
+
+void RunBar::finish(const RunReport& report, const After& after) {
+    const auto told = qScopeGuard([this] { leaveIfWanted(); });
+    keepOutcome(outcomeText(report, words_));
+    after(report);
+}
+
+/// Until the person does something else in the window.
+void RunBar::keepOutcome(const QString& text) {
+    lblJd->setText(text);
+    qApp->installEventFilter(this);
+}
+
+bool RunBar::eventFilter(QObject* watched, QEvent* event) {
+    const bool isAction = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress;
+    if (isAction && watched->isWidgetType() && static_cast<QWidget*>(watched)->window() == form_->window()) {
+        qApp->removeEventFilter(this);
+        lblJd->clear();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void RunBar::tellReport(const RunReport& report, const RunWords& words, const Retry& retry) {
+    if (isAsExpected(report)) return;
+    report_ = new ReportWindow(form_, report, words, retry != nullptr);
+    connect(report_, &QObject::destroyed, this, [this] { leaveIfWanted(); });
+    connect(report_, &ReportWindow::retryAsked, form_, guarded(form_, [this, retry, places = placesToRetry(report)] {
+                leave_ = nullptr;
+                retry(places);
+            }));
+    report_->show();
+}
+
+void RunBar::askToLeave(std::function<void()> leave) {
+    constexpr int stops = 0, goesOn = 1;
+    const QString question =
+        u"正在%1，还没有完成。\n\n要停止并关闭，请按《停止并关闭》，已经%1的保留；否则按《继续》。"_s;
+    work_.whileAsking([&] {
+        if (choose(form_, question.arg(words_.deed), {u"停止并关闭"_s, u"继续"_s}, goesOn, goesOn) != stops) return;
+        leave_ = std::move(leave);
+        work_.stop();
+    });
+}
+
+void RunBar::leaveIfWanted() {
+    if (leave_ == nullptr || isAtWork() || (report_ != nullptr && report_->isVisible())) return;
+    QMetaObject::invokeMethod(
+        form_, [this, leave = std::exchange(leave_, nullptr)] { runHandler(form_, leave); }, Qt::QueuedConnection);
 }

@@ -1,27 +1,83 @@
 #pragma once
 
-#include "catalogue/runs/run_report.h"
-#include "catalogue/runs/run_watch.h"
+#include "platform/desktop/busy.h"
+#include "platform/desktop/long_work.h"
+#include "settings/frame/run_words.h"
 
+#include <QPointer>
 #include <QRect>
 #include <functional>
+#include <optional>
 
+class QLabel;
 class QProgressBar;
+class QPushButton;
+class ReportWindow;
 class TabControl;
 
-/// The progress bar prg2: it is to be seen as long as a run lasts.
-class RunBar {
+/// Everything of a run that a person sees: the bar, a line below the pages that tells how far it has come and then what
+/// it has done, the button that stops it, the question at its first failure, and its report. The run itself is done in
+/// a thread, with a database that it opens there; meanwhile the window reads nothing.
+class RunBar : public QObject {
+    Q_OBJECT
+
   public:
+    /// Called in the thread. What it throws becomes the failure of a report that names nothing.
     using Run = std::function<RunReport(RunWatch&)>;
+    /// Called in the window, as a handler, when the run is over.
+    using After = std::function<void(const RunReport&)>;
+    /// Where the bar stands, in twips of the tab control.
+    struct Place {
+        QRect at;
+        std::optional<int> page = {};  ///< None: in the strip of captions.
+        QProgressBar* bar = nullptr;   ///< A page's own; none: prg2.
+    };
 
-    explicit RunBar(TabControl* sstFz);
+    RunBar(QWidget* form, TabControl* sstFz);
 
-    /// Runs while the bar stands on a page, in twips of the tab control.
-    RunReport during(int page, const QRect& place, const Run& run);
-    /// Runs while it stands in the strip of captions.
-    RunReport during(const QRect& place, const Run& run);
+    /// Begins a run. The handler that has called it has nothing more to do: the rest is told by `after`.
+    void start(const Place& place, const RunWords& words, Run run, After after);
+    bool isAtWork() const { return work_.isAtWork(); }
+
+    /// Shows what became of each thing, unless all is as expected. `retry` tries those at some places again; none: they
+    /// cannot be tried again.
+    using Retry = std::function<void(const QList<qsizetype>& places)>;
+    void tellReport(const RunReport& report, const RunWords& words, const Retry& retry);
+
+    /// A button that asks whether to leave: it can be pressed during a run.
+    void leaveFree(QPushButton* button) { work_.leaveFree(button); }
+    /// Asks whether the run that is at work is to be stopped. If so, `leave` is called when all is told.
+    void askToLeave(std::function<void()> leave);
+
+  Q_SIGNALS:
+    void begun();
+    void ended();  ///< Before `After` is called.
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    class Watch;
+
+    void placeBar(const Place& place);
+    void begin();
+    void end();
+    void finish(const RunReport& report, const After& after);
+    void setStopping();
+    void showProgress(int percent, const QString& text);
+    void keepOutcome(const QString& text);
+    void leaveIfWanted();
+
+    QWidget* form_;
     TabControl* sstFz_;
     QProgressBar* prg2;  ///< The bar.
+    QLabel* lblJd;       ///< How far the run has come; what it has done, until the next action.
+    QPushButton* cmdTz;  ///< Stops the run.
+    QProgressBar* bar_;  ///< That of the present run.
+    RunWords words_;
+    bool stopping_ = false;
+    std::optional<Hourglass> hourglass_;
+    QPointer<ReportWindow> report_;
+    std::function<void()> leave_;
+    LongWork work_;  ///< Last: it waits for the run before the rest goes.
 };

@@ -4,8 +4,10 @@
 #include "../../support/run_all.h"
 #include "../../support/sample_catalogue.h"
 #include "../../support/stored_records.h"
+#include "catalogue/fingerprint.h"
 #include "platform/base/files.h"
-#include "platform/picture/picture.h"
+#include "platform/database/records/own_values.h"
+#include "platform/database/records/value_hashes.h"
 #include "watching.h"
 
 #include <QtTest/QtTest>
@@ -165,6 +167,77 @@ class TestFileIntake : public QObject {
         for (const auto& [number, size] : {std::pair{1, u"60 * 45"_s}, {2, u"40 * 30"_s}, {3, u"60 * 45"_s}})
             QCOMPARE(ofNumber(number, u"规格"_s), size);
         QVERIFY(source.isStored(u"tc01"_s, 3, u"3.jpg"_s));
+    }
+
+    void ofSeveralRecordsWithANumberTheFirstIsReplaced() {
+        Source source;
+        const QString second = u"SELECT * FROM tc01 WHERE 备注 = '又一'"_s;
+        addRow(u"tc01"_s, {{u"序号"_s, 3}, {u"备注"_s, u"又一"_s}});
+        source.add(u"3.jpg"_s);
+        source.add(u"03.bmp"_s, pictureBytes({20, 10}, Qt::red, "BMP"));  // the same record once more
+        QCOMPARE(source.enter(u"tc01"_s, true).count, 2);
+        QCOMPARE(ofNumber(3, u"规格"_s), u"20 * 10"_s);
+        QVERIFY(fieldOf(second, u"规格"_s).isNull());
+    }
+
+    void knownPicturesAreSkipped_data() {
+        QTest::addColumn<bool>("kept");
+        QTest::newRow("fingerprints are kept") << true;
+        QTest::newRow("none are") << false;
+    }
+    void knownPicturesAreSkipped() {
+        QFETCH(bool, kept);
+        Source source;
+        if (kept) OwnValues(mekTp::catalogue).prepare();
+        source.add(u"a"_s, pictureBytes({10, 10}, Qt::red));
+        source.add(u"b.bmp"_s, pictureBytes({20, 10}, Qt::red, "BMP"));
+        QCOMPARE(source.enter(u"tc02"_s).count, 2);
+        source.add(u"c"_s, pictureBytes({30, 10}, Qt::red));
+        source.add(u"d"_s, source.bytesOf(u"c"_s));  // the album has not had it before
+        source.add(u"e"_s, {});
+        source.add(u"f"_s, source.bytesOf(u"a"_s) + QByteArray(9, '\0'));
+        IntakeOrder order = source.order();
+        order.skipKnown = true;
+        const RunReport report = source.enter(u"tc02"_s, order);
+        QVERIFY(report.cameToEnd && report.count == 3);
+        QCOMPARE(report.namesOf({Fate::alreadyThere}), (QStringList{u"a"_s, u"b.bmp"_s, u"f"_s}));
+        QCOMPARE(numbersOf(u"tc02"_s), (QStringList{u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s}));
+        QVERIFY(source.isStored(u"tc02"_s, 4, u"d"_s));
+    }
+
+    /// Of pictures that are held, streamed, turned into JPEGs, and that replace others.
+    void fingerprintsAreNoted() {
+        Source source;
+        OwnValues(mekTp::catalogue).prepare();
+        source.add(u"1.jpg"_s);
+        source.add(u"2.jpg"_s, pictureBytes({60, 45}, Qt::darkGreen) + noise(17 << 20));
+        source.add(u"3.bmp"_s, pictureBytes({60, 45}, Qt::red, "BMP"));
+        source.add(u"4.jpg"_s, {});
+        for (const bool replace : {true, false}) QCOMPARE(source.enter(u"tc01"_s, replace).count, 4);
+        QSet<QByteArray> noted;
+        ValueHashes(mekTp::catalogue).each(u"tc01"_s, u"图片"_s, [&](qint64, const QByteArray& sha256) {
+            noted << sha256;
+        });
+        QSet<QByteArray> expected;
+        for (const int number : {1, 2, 3, 11, 12, 13}) expected << fingerprintOf(stored(u"tc01"_s, number)).sha256;
+        QCOMPARE(noted, expected);
+    }
+
+    /// What happened between the choice and the intake. Damage inside a picture is not looked for.
+    void doubtfulFiles() {
+        Source source;
+        const QByteArray whole = pictureBytes({400, 300}, Qt::darkGreen);
+        source.add(u"1.jpg"_s, QByteArray(whole).replace(whole.size() - 40, 20, QByteArray(20, '\0')));
+        for (const QString& name : {u"2.jpg"_s, u"3.jpg"_s, u"4.jpg"_s}) source.add(name);
+        const IntakeOrder order = source.order();
+        QVERIFY(QFile::remove(source.path(u"2.jpg"_s)));
+        QVERIFY(QFile::remove(source.path(u"3.jpg"_s)) && QDir().mkdir(source.path(u"3.jpg"_s)));
+        source.watch.passes = true;
+        const RunReport report = source.enter(u"tc02"_s, order);
+        QVERIFY(report.cameToEnd && report.count == 2);
+        QCOMPARE(report.namesOf({Fate::taken}), (QStringList{u"1.jpg"_s, u"4.jpg"_s}));
+        for (const RunItem& item : report.items)
+            QVERIFY(item.fate == Fate::taken || item.reason == u"文件“%1”不存在。"_s.arg(source.path(item.name)));
     }
 
     void failedReplacementLeavesTheRecord() {

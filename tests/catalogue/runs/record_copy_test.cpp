@@ -63,6 +63,62 @@ class TestRecordCopy : public QObject {
         QCOMPARE(source.watch.percents, (QList<int>{33, 66, 100}));
     }
 
+    /// Each replaces the first record of its key; a key that the album has not is no failure.
+    void recordsAreReplaced() {
+        Source source;
+        for (int i = 1; i <= 3; ++i) source.add({{u"序号"_s, i * 3}, {u"备注"_s, u"new %1"_s.arg(i)}});
+        addRow(u"tc01"_s, {{u"序号"_s, 6}, {u"备注"_s, u"second"_s}});
+        const RunReport report = source.copy(u"tc01"_s, source.order({u"6"_s, u"9"_s, u"3"_s, u"77"_s}, true));
+        QCOMPARE(report.namesOf({Fate::withoutPicture}), (QStringList{u"6"_s, u"9"_s, u"3"_s}));
+        QCOMPARE(report.namesOf({Fate::notFound}), QStringList{u"77"_s});
+        const QStringList remarks = remarksOf(u"tc01"_s);
+        QCOMPARE((QStringList{remarks[2], remarks[5], remarks[8], remarks[10]}),
+                 (QStringList{u"new 1"_s, u"new 2"_s, u"new 3"_s, u"second"_s}));
+    }
+
+    /// Keys that are no whole numbers are looked for one by one, but for those that no criteria can have.
+    void keysOfOtherKinds() {
+        Source source;
+        source.database.Execute(u"CREATE TABLE keys ([r] DOUBLE,[t] TEXT(5),[s] SHORT,[备注] TEXT(50))"_s);
+        Recordset rows = source.database.OpenRecordset(u"keys"_s);
+        for (const double key : {1.5, 2.5, 1.5}) {
+            rows.AddNew();
+            rows.Fields(u"r"_s).SetValue(key);
+            rows.Fields(u"备注"_s).SetValue(u"row %1"_s.arg(rows.rowCount()));
+            rows.Update();
+        }
+        CopyOrder order = source.order({u"1.5"_s, u"2.5"_s, u"1.5"_s});
+        order.sourceTable = u"keys"_s;
+        order.mapping = {{u"备注"_s, u"备注"_s}};
+        order.indexField = u"r"_s;
+        QCOMPARE(source.copy(u"tc02"_s, order).count, 3);
+        QCOMPARE(remarksOf(u"tc02"_s), (QStringList{u"row 0"_s, u"row 1"_s, u"row 2"_s}));
+        for (const QString& field : {u"t"_s, u"s"_s}) {
+            order.indexField = field;
+            const RunReport report = source.copy(u"tc02"_s, order);
+            QVERIFY(report.count == 0 && report.failure.contains(u"字段“%1”是文本或短整数"_s.arg(field)));
+            QCOMPARE(report.namesOf({Fate::failed}).size(), 1);
+        }
+    }
+
+    void fromAnotherAlbumOfTheCatalogue() {
+        Source source;
+        CopyOrder order = source.order({u"3"_s, u"4"_s});
+        order.sourcePath = mekTp::cataloguePath();
+        QCOMPARE(source.copy(u"tc02"_s, order).count, 2);
+        QCOMPARE(stored(u"tc02"_s, 2), stored(u"tc01"_s, 4));
+    }
+
+    void aRecordThatIsGoneIsAskedAbout() {
+        Source source;
+        for (const int i : {1, 3}) source.add({{u"序号"_s, i}});
+        source.watch.passes = true;
+        const RunReport report = source.copy(u"tc02"_s, source.order({u"1"_s, u"1"_s, u"2"_s, u"3"_s}));
+        QCOMPARE(source.watch.asked, QStringList{u"1"_s});
+        QCOMPARE(report.namesOf({Fate::failed}), (QStringList{u"1"_s, u"2"_s}));
+        QVERIFY(report.cameToEnd && report.count == 2);
+    }
+
     void aWatchEndsTheRunAfterTheRecordInHand() {
         Source source;
         for (int i = 1; i <= 3; ++i) source.add({{u"序号"_s, i}});

@@ -30,7 +30,7 @@ class TestRenumbering : public QObject {
         const QStringList before = numbersOf(u"tc01"_s);
         Watching watch(7);
         const RunReport report = renumberAlbum(mekTp::catalogue, u"tc01"_s, u"日期"_s, watch);
-        QVERIFY(!report.cameToEnd && report.failure.isEmpty());
+        QVERIFY(report.stopped && !report.cameToEnd && report.failure.isEmpty());
         QCOMPARE(numbersOf(u"tc01"_s), before);
         RunWatch unwatched;
         QVERIFY(renumberAlbum(mekTp::catalogue, u"tc01"_s, u"日期"_s, unwatched).cameToEnd);

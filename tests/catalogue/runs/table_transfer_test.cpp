@@ -48,6 +48,10 @@ qsizetype refused(const RunReport& report) {
     return report.namesOf({Fate::failed}).size();
 }
 
+int sqlite3(const QString& path, const QString& sql) {
+    return QProcess::execute(u"sqlite3"_s, {path, sql});
+}
+
 class TestTableTransfer : public QObject {
     Q_OBJECT
 
@@ -58,10 +62,7 @@ class TestTableTransfer : public QObject {
         const Transaction writing(mekTp::catalogue);
         changeRow(u"tcsz"_s, {{u"像册标题"_s, u"new"_s}});
         openTarget(mekTp::cataloguePath());
-        QProcess other;
-        other.start(u"sqlite3"_s, {mekTp::cataloguePath(), u"BEGIN IMMEDIATE"_s});
-        QVERIFY(other.waitForFinished());
-        QVERIFY(other.exitCode() != 0);
+        QVERIFY(sqlite3(mekTp::cataloguePath(), u"BEGIN IMMEDIATE"_s) != 0);
     }
 
     /// The tables that the program lives by are not written, by whatever path the catalogue is chosen.
@@ -90,19 +91,56 @@ class TestTableTransfer : public QObject {
         QCOMPARE(refused(target.take(u"tc01"_s, {u"1"_s}, true, {})), 1);
     }
 
-    void fullDiskDeletesNothing() {
-        Target target(1, 1);
+    /// Every record is in one place, and whole.
+    void aDiskIsFullAtAnyPicture() {
         const QByteArray large(3 << 20, 'x');
-        changeRow(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, {{u"图片"_s, large}});
-        {
-            const FullDisk full(1 << 20);
-            QCOMPARE(refused(target.take(u"tc01"_s, {u"1"_s, u"2"_s, u"3"_s}, true)), 3);
+        for (const int tooLarge : {1, 2, 3}) {
+            Target target(1, 1);
+            const QString number = QString::number(tooLarge);
+            changeRow(u"SELECT * FROM tc01 WHERE 序号 = "_s + number, {{u"图片"_s, large}});
+            target.watch.passes = tooLarge != 2;
+            {
+                const FullDisk full(1 << 20);
+                const RunReport report = target.take(u"tc01"_s, {u"1"_s, u"2"_s, u"3"_s}, true);
+                QCOMPARE(report.namesOf({Fate::failed}), QStringList{number});
+                QCOMPARE(report.count, target.watch.passes ? 2 : 1);
+                QCOMPARE(report.verified, report.count);
+                QCOMPARE(report.failure.isEmpty(), target.watch.passes);
+                QCOMPARE(numbersOf(u"tc01"_s).size(), 10 - report.count);
+                QCOMPARE(target.arrived().size(), 1 + report.count);
+            }
+            QCOMPARE(target.watch.asked, QStringList{number});
+            QCOMPARE(target.take(u"tc01"_s, {number}, true).count, 1);
+            QCOMPARE(stored(u"tc02"_s, int(target.arrived().size()), target.database), large);
         }
-        QCOMPARE(numbersOf(u"tc01"_s).size(), 10);
-        QCOMPARE(target.arrived(), QStringList{u"1"_s});
-        QCOMPARE(target.take(u"tc01"_s, {u"2"_s}, true).count, 1);
-        QCOMPARE(stored(u"tc02"_s, 2, target.database), large);
-        QCOMPARE(numbersOf(u"tc01"_s).size(), 9);
+    }
+
+    /// What the target gives back is not what it was given: the only whole picture stays.
+    void whatIsReadBackDiffers() {
+        for (const bool passes : {false, true}) {
+            Target target;
+            sqlite3(target.database.Name(),
+                    u"CREATE TRIGGER spoil AFTER INSERT ON tc02 WHEN NEW.序号 = 2 BEGIN "
+                    "UPDATE long_binary SET bytes = zeroblob(length(bytes)) WHERE id = NEW.图片; END"_s);
+            target.watch.passes = passes;
+            const RunReport report = target.take(u"tc01"_s, {u"1"_s, u"2"_s, u"3"_s}, true);
+            QCOMPARE(report.namesOf({Fate::failed}), QStringList{u"2"_s});
+            QVERIFY(report.items[1].reason.contains(u"读回的图片与原图不同"_s));
+            QCOMPARE(report.cameToEnd, passes);
+            QVERIFY(report.count == 2 && report.verified == 2);
+            QCOMPARE(numbersOf(u"tc01"_s).first(2), (QStringList{u"2"_s, u"4"_s}));
+        }
+    }
+
+    /// The source may be the target: two albums of one catalogue.
+    void betweenTwoAlbumsOfTheCatalogue() {
+        Target target;
+        target.database = mekTp::catalogue;
+        const QByteArray picture = stored(u"tc01"_s, 7);
+        const RunReport report = target.take(u"tc01"_s, {u"7"_s, u"8"_s}, true);
+        QVERIFY(report.count == 2 && report.verified == 2);
+        QCOMPARE(stored(u"tc02"_s, 1), picture);
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 8);
     }
 
     void groupsAreMovedWhole() {
@@ -113,7 +151,7 @@ class TestTableTransfer : public QObject {
             numbers << QString::number(i);
         }
         const RunReport report = target.take(u"tc02"_s, numbers, true);
-        QVERIFY(report.cameToEnd && report.count == 150);
+        QVERIFY(report.cameToEnd && report.count == 150 && report.verified == 150);
         QCOMPARE(target.watch.last.percent, 100);
         QCOMPARE(target.watch.last.done, qsizetype(150));
         QCOMPARE(target.watch.last.bytes, qint64(9 + 2 * 90 + 3 * 51));
@@ -129,7 +167,7 @@ class TestTableTransfer : public QObject {
         const TransferTarget place{target.database, u"tc02"_s, {{u"序号"_s, u"序号"_s}, {u"图片"_s, u"图片"_s}}};
         const QStringList numbers{u"4"_s, u"1"_s, u"3"_s, u"2"_s};
         const RunReport report = transferToTable(mekTp::catalogue, u"tc01"_s, numbers, place, true, watch);
-        QVERIFY(!report.cameToEnd && report.count == 2);
+        QVERIFY(report.stopped && !report.cameToEnd && report.count == 2);
         QCOMPARE(report.namesOf({Fate::left}), (QStringList{u"3"_s, u"2"_s}));
         QCOMPARE(target.arrived(), (QStringList{u"1"_s, u"2"_s}));
         QCOMPARE(numbersOf(u"tc01"_s).first(2), (QStringList{u"2"_s, u"3"_s}));
@@ -151,6 +189,7 @@ class TestTableTransfer : public QObject {
         change(5, u"编号"_s, u"不合适"_s);
         target.database.Execute(u"CREATE TABLE tc03 ([序号] LONG,[编号] TEXT(2),[图片] LONGBINARY,[备注] TEXT(50))"_s);
         const QStringList fields{u"序号"_s, u"编号"_s, u"图片"_s, u"备注"_s};
+        target.watch.passes = true;
         QCOMPARE(refused(target.take(u"tc01"_s, {u"5"_s, u"5"_s}, true, fields, u"tc03"_s)), 1);
         QCOMPARE(fieldOf(u"SELECT * FROM tc01 WHERE 序号 = 5"_s, u"备注"_s).toText(), u"图片5"_s);
         // One record chosen twice is moved once.

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "catalogue/runs/run_report.h"
 #include "catalogue/runs/run_watch.h"
 
 #include <QList>
 
-/// Notes what a run tells, and ends it after so many files or records; it never does by itself.
+/// Notes what a run tells, and ends it after so many files or records, or at its first failure.
 class Watching : public RunWatch {
   public:
     explicit Watching(qsizetype endAfter = -1) : endAfter_(endAfter) {}
@@ -14,9 +15,15 @@ class Watching : public RunWatch {
         last = progress;
         return progress.done != endAfter_;
     }
+    bool passesOver(const RunItem& item) override {
+        asked << item.name;
+        return passes;
+    }
 
     QList<int> percents;
     RunProgress last;
+    QStringList asked;    ///< About these failures.
+    bool passes = false;  ///< Over what fails.
 
   private:
     qsizetype endAfter_;

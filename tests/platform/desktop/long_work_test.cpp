@@ -104,6 +104,35 @@ class TestLongWork : public QObject {
         QCOMPARE(shown, 2);
     }
 
+    /// Neither a step of the work nor its end comes while a question waits for its answer, and one button is free.
+    void theWorkWaitsForAnAnswer() {
+        Form form;
+        QVERIFY(isShown(form));
+        form.work->leaveFree(form.begin);
+        bool isOver = false, wasAsked = false;
+        QStringList order;
+        connect(form.begin, &QPushButton::clicked, &form, [&] {
+            form.work->whileAsking([&] {
+                wasAsked = true;
+                for (int i = 0; i < 20; ++i) QTest::qWait(1);
+                order << u"answer"_s;
+            });
+        });
+        std::binary_semaphore go(0);
+        form.work->start(
+            [&] {
+                go.acquire();
+                form.work->inWindow([&] { order << u"step"_s; });
+            },
+            [&] { isOver = true; });
+        go.release();
+        QTest::mouseClick(form.begin, Qt::LeftButton);
+        QVERIFY(wasAsked && !isOver);
+        QTRY_VERIFY(isOver);
+        QCOMPARE(order, (QStringList{u"answer"_s, u"step"_s}));
+        QCOMPARE(form.clicks, 1);
+    }
+
     /// A window that goes waits for its work, and the work does not wait for the window.
     void theEndOfTheWindowEndsTheWork() {
         bool wasAsked = false;

@@ -161,7 +161,7 @@ Connection::Connection(const QString& path, int flags, std::shared_ptr<SharedFil
     setUpDialect(handle());
     pause_.setSingleShot(true);
     pause_.setInterval(pauseMs);
-    pause_.callOnTimeout([this] { attempt([this] { giveBackSpace(); }); });
+    pause_.callOnTimeout([this] { giveBackInPause(); });
 }
 
 /// A file of another program, and one that was only read, keeps its free space.
@@ -275,6 +275,14 @@ qint64 Connection::newRowId(const QString& table) {
 
 void Connection::giveBackSpaceLater() {
     if (QAbstractEventDispatcher::instance() != nullptr) pause_.start();
+}
+
+/// While another thread has the file open, it may be writing: the one that gives space back would wait for it.
+void Connection::giveBackInPause() {
+    if (file_.use_count() > 1)
+        pause_.start();
+    else
+        attempt([this] { giveBackSpace(); });
 }
 
 void Connection::giveBackSpace() {

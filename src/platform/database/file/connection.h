@@ -82,6 +82,7 @@ class Connection {
     void requireKnownVersion();
     void takeForWriting();
     bool isWritable() const;
+    void giveBackInPause();
     bool shortenFile();
     void movePages(qint64 freePages);
     qint64 number(const QString& sql);

@@ -1,0 +1,90 @@
+#include "catalogue/runs/source_record.h"
+
+#include "catalogue/album_rules.h"
+#include "catalogue/picture_field.h"
+#include "platform/base/error.h"
+
+#include <QBuffer>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+PictureBytes kindOf(const CopyOrder& order, const QByteArray& picture) {
+    return order.takesDoubtful || picture.isEmpty() ? PictureBytes::whole : pictureBytes(picture);
+}
+
+/// Empty when the bytes are no picture: they are copied all the same.
+QString specOf(QByteArray& bytes) {
+    QString spec;
+    attempt([&] {
+        QBuffer device(&bytes);
+        device.open(QIODevice::ReadOnly);
+        spec = specOfPicture(LoadPicture(device, {}, sizeOnly), u"*"_s);
+    });
+    return spec;
+}
+
+}  // namespace
+
+bool holdsWholeNumbers(const FieldShape& column) {
+    return column.type == FieldType::longInteger || column.type == FieldType::byte;
+}
+
+SourceReader::SourceReader(const Database& source, const CopyOrder& order) : order_(order) {
+    const auto index = fieldNamed(shapeOf(source, order.sourceTable), order.indexField);
+    if (!index) throw Error(u"源表“%1”中没有字段“%2”。"_s.arg(order.sourceTable, order.indexField));
+    index_ = *index;
+    if (holdsWholeNumbers(index_)) rows_ = RowsByNumber(source, order.sourceTable, index_.name, numbers());
+}
+
+std::optional<qint32> SourceReader::number(qsizetype place) const {
+    bool isWhole = false;
+    const qint32 number = order_.records[place].key.toInt(&isWhole);
+    return isWhole && holdsWholeNumbers(index_) ? std::optional(number) : std::nullopt;
+}
+
+std::vector<qint32> SourceReader::numbers() const {
+    std::vector<qint32> all;
+    for (qsizetype place = 0; place < order_.records.size(); ++place)
+        if (const auto one = number(place)) all.push_back(*one);
+    return all;
+}
+
+Recordset SourceReader::find(const Database& source, qsizetype place) const {
+    const auto earlier = std::size_t(order_.records[place].earlier);
+    if (const auto wanted = number(place)) {
+        const std::vector<qint64> rows = rows_.of(*wanted);
+        return recordsOfRows(source, order_.sourceTable, {earlier < rows.size() ? rows[earlier] : 0});
+    }
+    Recordset record = source.OpenRecordset(allRecordsSql(order_.sourceTable) + u" WHERE "_s + criteria(place));
+    for (std::size_t i = 0; i < earlier && !record.Eof(); ++i) record.MoveNext();
+    return record;
+}
+
+SourceValues SourceReader::read(const Database& source, qsizetype place) const {
+    const Recordset record = find(source, place);
+    if (record.Eof()) throw Error(u"源表“%1”中没有这条记录。"_s.arg(order_.sourceTable));
+    SourceValues read;
+    for (const FieldPair& pair : order_.mapping) {
+        FieldValue& value = read.values.emplace_back();
+        if (pair.source.isEmpty()) continue;
+        const Field field = record.Fields(pair.source);
+        const bool isLong = field.Type() == FieldType::longBinary;
+        // A long value without a byte is none.
+        if (isLong && field.FieldSize() == 0) continue;
+        value = field.Value();
+        if (isLong) read.bytes += field.FieldSize();
+        if (isLong && pair.target == u"图片") read.picture = value.toBytes();
+    }
+    read.kind = kindOf(order_, read.picture);
+    if (wantsSpec(read)) read.spec = specOf(read.picture);
+    return read;
+}
+
+bool SourceReader::wantsSpec(const SourceValues& record) const {
+    if (!order_.fillFields || record.picture.isEmpty()) return false;
+    for (std::size_t i = 0; i < order_.mapping.size(); ++i)
+        if (order_.mapping[i].target == u"规格" && record.values[i].isNull()) return true;
+    return false;
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "catalogue/runs/record_copy.h"
+#include "platform/database/records/rows_by_number.h"
+#include "platform/picture/picture_bytes.h"
+
+#include <optional>
+
+/// The records of another database on their way into an album: found, read and looked at.
+
+/// What a record of the source brings.
+struct SourceValues {
+    std::vector<FieldValue> values = {};  ///< By pair of the mapping; Null where the source has none.
+    QByteArray picture = {};              ///< The one of them that goes to 图片; empty when there is none.
+    PictureBytes kind = PictureBytes::whole;
+    QString spec = {};  ///< 规格 for a picture that comes without it; empty when the picture cannot be read.
+    qint64 bytes = 0;   ///< Of all long values.
+};
+
+/// Finds and reads the records of an order. Made once; any thread may read by it, with a connection of its own.
+class SourceReader {
+  public:
+    /// Looks through the source once. Throws `Error` when it has no such table or index field.
+    SourceReader(const Database& source, const CopyOrder& order);
+
+    /// Throws `Error` when there is no such record, or none can be found by this kind of key.
+    SourceValues read(const Database& source, qsizetype place) const;
+
+    /// The criteria that finds a record by its key. Throws `Error` for this kind of key.
+    QString criteria(qsizetype place) const { return keyCriteria(index_, order_.records[place].key); }
+    /// The key of a record, where it is a whole number.
+    std::optional<qint32> number(qsizetype place) const;
+    /// All such keys.
+    std::vector<qint32> numbers() const;
+
+  private:
+    Recordset find(const Database& source, qsizetype place) const;
+    bool wantsSpec(const SourceValues& record) const;
+
+    const CopyOrder& order_;
+    FieldShape index_;
+    RowsByNumber rows_;
+};
+
+/// Whether a column holds whole numbers that `RowsByNumber` can look for.
+bool holdsWholeNumbers(const FieldShape& column);
