@@ -23,7 +23,7 @@ bool open(QFile& file, const QString& path) {
 
 bool isRepeatedAsJpeg(KnownPictures& album, const QString& path) {
     PictureInHand file(path);
-    const QByteArray jpeg = jpegOfBmp(file, BmpFiles::keep);
+    const QByteArray jpeg = jpegOfBmp(file);
     return !jpeg.isEmpty() && album.has(fingerprintOf(jpeg));
 }
 
