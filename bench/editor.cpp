@@ -110,6 +110,59 @@ void tellMemory(EditorWindow& editor) {
     row(topic, {.what = "the most of it", .measured = memory("VmHWM:") - before, .unit = "MB"});
 }
 
+/// A turn of the wheel with Ctrl, and what the window paints for it.
+void turnWheel(const EditorWindow& editor, int angle) {
+    auto* picGd = editor.find(u"picGd"_s);
+    const QPointF at(700, 400);
+    QWheelEvent wheel(at, picGd->mapToGlobal(at), {}, {0, angle}, Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase,
+                      false);
+    QApplication::sendEvent(picGd, &wheel);
+    QApplication::processEvents();
+}
+
+void drag(const EditorWindow& editor, QEvent::Type type, QPoint at) {
+    const bool held = type != QEvent::MouseButtonRelease;
+    QMouseEvent event(type, at, at, type == QEvent::MouseMove ? Qt::NoButton : Qt::MiddleButton,
+                      held ? Qt::MiddleButton : Qt::NoButton, {});
+    QApplication::sendEvent(editor.find(u"picGd"_s), &event);
+    QApplication::processEvents();
+}
+
+/// The slowest step from the whole picture to three times its size and back, and the slowest of a drag. Each step is
+/// the median of its rounds.
+void timeZoom(EditorWindow& editor, const QImage& picture, const std::string& name, double atMost, int rounds) {
+    const double before = memory("VmRSS:");
+    editor.find<Document>({})->open(PictureFile{u"photograph"_s, 0, {}}, Picture(picture), {});
+    editor.window->resize(1920, 1080);
+    QApplication::processEvents();
+    row(topic, {.what = "memory of the whole picture on the screen, " + name,
+                .measured = memory("VmRSS:") - before,
+                .unit = "MB"});
+
+    constexpr int steps = 16;
+    std::vector<std::vector<double>> zoom(2 * steps), move(steps);
+    for (int round = 0; round < rounds; ++round) {
+        for (size_t i = 0; i < zoom.size(); ++i)
+            zoom[i].push_back(milliseconds([&] { turnWheel(editor, i < steps ? 120 : -120); }));
+        turnWheel(editor, 480);
+        drag(editor, QEvent::MouseButtonPress, {900, 500});
+        for (size_t i = 0; i < move.size(); ++i)
+            move[i].push_back(milliseconds([&] {
+                drag(editor, QEvent::MouseMove, {900 - 20 * int(i), 500 - 10 * int(i)});
+            }));
+        drag(editor, QEvent::MouseButtonRelease, {600, 350});
+        turnWheel(editor, -4800);
+    }
+    const auto slowest = [](const std::vector<std::vector<double>>& times) {
+        double most = 0;
+        for (const auto& step : times) most = std::max(most, median(step));
+        return most;
+    };
+    row(topic,
+        {.what = "slowest step of zooming at 1920 x 1080, " + name, .measured = slowest(zoom), .atMost = atMost});
+    row(topic, {.what = "slowest step of moving at 1920 x 1080, " + name, .measured = slowest(move), .atMost = atMost});
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -127,4 +180,6 @@ int main(int argc, char** argv) {
     openFromAlbum(editor);
     timeSteps(editor, picture, time);
     timePixels(time);
+    timeZoom(editor, photograph(), "12 megapixels", 16, rounds);
+    timeZoom(editor, photograph().scaled(11600, 8700), "100 megapixels", 33, rounds);
 }

@@ -31,14 +31,16 @@ Fit fittedToScreen(const EditorLayoutInput& input) {
 /// The window stays as it is. A bar takes room that may make the other one necessary.
 Fit fittedToWindow(const EditorLayoutInput& input) {
     const QSize least(barThickness, barThickness);
-    const QSize room = QSize(input.form.width() - 2 * margin, input.form.height() - input.toolbarHeight - 2 * margin)
-                           .expandedTo(least);
+    const QSize room = pictureRoom(input.form, input.toolbarHeight).expandedTo(least);
     const QSize picture = input.picture;
     const QSize withBars = room - least;
     const bool overWidth =
         picture.width() > room.width() || (picture.height() > room.height() && picture.width() > withBars.width());
     const bool overHeight = picture.height() > room.height() || (overWidth && picture.height() > withBars.height());
-    return fittedInto(room, picture, overWidth, overHeight);
+    Fit fit = fittedInto(room, picture, overWidth, overHeight);
+    if (input.fills)
+        fit.view = {room.width() - (overHeight ? barThickness : 0), room.height() - (overWidth ? barThickness : 0)};
+    return fit;
 }
 
 int windowWidth(const EditorLayoutInput& input, const Fit& fit) {
@@ -54,6 +56,10 @@ int windowHeight(const EditorLayoutInput& input, const Fit& fit) {
 }
 
 }  // namespace
+
+QSize pictureRoom(QSize form, int toolbarHeight) {
+    return {form.width() - 2 * margin, form.height() - toolbarHeight - 2 * margin};
+}
 
 EditorLayout editorLayout(const EditorLayoutInput& input) {
     const Fit fit = input.form.isEmpty() ? fittedToScreen(input) : fittedToWindow(input);

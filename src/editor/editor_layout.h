@@ -6,12 +6,13 @@
 /// The places of everything in the editor for a picture of a given size. All lengths are twips.
 
 struct EditorLayoutInput {
-    QSize picture;
-    QSize screen;  ///< Room that a window may take.
+    QSize picture;  ///< As large as it shows.
+    QSize screen;   ///< Room that a window may take.
     int toolbarHeight = 0;
     int titleBarExtra = 0;
     bool welcome = false;  ///< Nothing is open: the welcome picture shows.
     QSize form;            ///< Room below the menu of a window that has another size than its picture would give it.
+    bool fills = false;    ///< The viewport takes all of `form`, also for a smaller picture.
     int horizontalMaximum =
         32767;  ///< Present maximum of hsc1; the steps of vsc1 follow it even when it was not set anew.
 };
@@ -34,6 +35,9 @@ struct EditorLayout {
 };
 
 EditorLayout editorLayout(const EditorLayoutInput& input);
+
+/// Room in `form` for a picture without scroll bars.
+QSize pictureRoom(QSize form, int toolbarHeight);
 
 /// The least window for a picture. A lower one is short; its background panel has another height once it has grown.
 inline constexpr int leastWindowWidth = 9600;

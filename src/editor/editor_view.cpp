@@ -5,7 +5,7 @@
 #include "platform/desktop/placing.h"
 
 #include <QScreen>
-#include <QWheelEvent>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -15,8 +15,6 @@ constexpr int barHeight = 330;
 constexpr int viewportMargin = 30;
 constexpr QSize welcomeSize(9450, 6140);  // with a tool bar less high
 constexpr QPoint thumbnailPlace(580, 630);
-constexpr int wheelNotch = 120;
-constexpr int wheelStep = 600;
 const QColor pictureFrame(0xc0, 0x39, 0x2b);
 const QColor workbench(0xe6, 0xe0, 0xd4);
 
@@ -52,6 +50,10 @@ EditorView::EditorView(Document& document, ToolBar* tlb1, QWidget* form)
     for (const WorkSurface* surface : {picYu_, picMb_})
         connect(surface, &WorkSurface::doubleClicked, hint_, &HintBox::reveal);
     connect(&document_, &Document::pictureChanged, this, &EditorView::followDocument);
+    connect(&document_, &Document::opened, this, [this] {
+        zoom_.open(document_.size());
+        pmsz();
+    });
     connect(&document_, &Document::thumbnailShown, this, &EditorView::layOutThumbnail);
     connect(&document_, &Document::lastPaintDropped, this, &EditorView::forgetLastPaint);
 }
@@ -73,7 +75,6 @@ void EditorView::makeGround() {
 
 void EditorView::makeSurfaces() {
     picGd_ = make<Surface>(form_, u"picGd"_s);
-    picGd_->installEventFilter(this);
     picYu_ = make<WorkSurface>(picGd_, u"picYu"_s);
     picMb_ = make<WorkSurface>(picGd_, u"picMb"_s);
     picMb_->hide();
@@ -102,6 +103,7 @@ void EditorView::followDocument() {
     picYu_->setPicture(document_.shown());
     for (QWidget* surface : {static_cast<QWidget*>(picGd_), static_cast<QWidget*>(picYu_)}) surface->show();
     img1_->hide();
+    zoom_.follow(document_.size());
     pmsz();
 }
 
@@ -118,17 +120,20 @@ void EditorView::showWelcome() {
     pmsz();
 }
 
-/// The thumbnail is alone, in a place of its own.
+/// The thumbnail is alone, in a place of its own, one to one.
 void EditorView::layOutThumbnail() {
     const QSize size = document_.size();
     hsc1_->hide();
     vsc1_->hide();
+    viewSize_ = size;
     placeIn(picGd_, {thumbnailPlace, size});
     picYu_->setPicture(document_.shown());
-    placeIn(picYu_, {QPoint(), size});
+    picYu_->setScale(1);
+    gdcl();
     picYu_->show();
     band_->hide();
     place(shpBk_, 10, 10, size.width() - 20, size.height() - 20);
+    Q_EMIT zoomed();
 }
 
 void EditorView::makeWayForChooser() {
@@ -173,13 +178,21 @@ void EditorView::apply(const EditorLayout& layout, bool keepsPlace) {
     placeIn(picGd_, layout.viewport);
 }
 
-/// In a window of another size than was chosen for the picture the viewport takes the room that there is.
+/// In a window of another size than was chosen for the picture, and around a picture that is not one to one, the
+/// viewport takes the room that there is.
 void EditorView::fitToWindow() {
-    if (!document_.isOpen() || picGd_->isHidden() || document_.showsThumbnail()) return;
+    if (!canZoom()) return;
+    const QSize form = inTwips(form_->size());
+    zoom_.setRoom(pictureRoom(form, toolbarHeight_));
     EditorLayoutInput input = layoutInput();
-    if (form_->window()->size() != fittingWindow_) input.form = inTwips(form_->size());
+    input.picture = zoom_.shown();
+    input.fills = !zoom_.isOneToOne();
+    if (input.fills || form_->window()->size() != fittingWindow_) input.form = form;
     apply(editorLayout(input), true);
+    picYu_->setScale(zoom_.scale());
+    placeIn(shpBk_, {QPoint(), zoom_.shown()});
     gdcl();
+    Q_EMIT zoomed();
 }
 
 void EditorView::setToolBarShown(bool on) {
@@ -192,16 +205,70 @@ void EditorView::showBar() {
     place(picGd_, leftOf(picGd_), toolbarHeight_ + viewportMargin);
 }
 
-/// The picture follows the scroll bars.
+// --------------------------------------------------------------------------------------------------- scroll and zoom
+
+/// The picture follows the scroll bars, and the rubber band the picture.
 void EditorView::gdcl() {
-    place(picYu_, -hsc1_->value(), -vsc1_->value());
+    const QPoint corner = pictureCorner();
+    picYu_->setGeometry(pixelsFromTwips(corner.x()), pixelsFromTwips(corner.y()), pixelsFromTwips(shownSize().width()),
+                        pixelsFromTwips(shownSize().height()));
+    band_->layOut();
+}
+
+/// Where the picture is in the viewport.
+QPoint EditorView::pictureCorner() const {
+    const auto along = [](const QScrollBar* bar, int view, int shown) {
+        return bar->isHidden() ? std::max(0, (view - shown) / 2) : -bar->value();
+    };
+    return {along(hsc1_, viewSize_.width(), shownSize().width()),
+            along(vsc1_, viewSize_.height(), shownSize().height())};
+}
+
+QSize EditorView::shownSize() const {
+    return document_.showsThumbnail() ? document_.size() : zoom_.shown();
 }
 
 void EditorView::scrollBy(int right, int down) {
-    if (right != 0) hsc1_->setValue(hsc1_->value() + right);
-    if (down != 0) vsc1_->setValue(vsc1_->value() + down);
+    const QPoint corner = pictureCorner();
+    scrollTo({right - corner.x(), down - corner.y()});
+}
+
+void EditorView::scrollTo(QPoint place) {
+    for (const auto& [bar, value] : {std::pair(hsc1_, place.x()), {vsc1_, place.y()}}) {
+        const QSignalBlocker quiet(bar);
+        if (!bar->isHidden()) bar->setValue(value);
+    }
     gdcl();
 }
+
+bool EditorView::canZoom() const {
+    return document_.isOpen() && !picGd_->isHidden() && !document_.showsThumbnail();
+}
+
+void EditorView::zoomBy(double factor, QPoint at) {
+    zoomAround(at, [factor](Zoom& zoom) { zoom.scaleBy(factor); });
+}
+
+void EditorView::zoomTo(double scale) {
+    zoomAround(picGd_->rect().center(), [scale](Zoom& zoom) { zoom.setScale(scale); });
+}
+
+void EditorView::showWhole() {
+    zoomAround(picGd_->rect().center(), [](Zoom& zoom) { zoom.showWhole(); });
+}
+
+/// The place in the picture that is at `at` stays there, as far as the picture can be scrolled.
+void EditorView::zoomAround(QPoint at, const std::function<void(Zoom&)>& change) {
+    if (!canZoom()) return;
+    const QPoint place(twipsFromPixels(at.x()), twipsFromPixels(at.y()));
+    const QPointF held = QPointF(place - pictureCorner()) / zoom_.scale();
+    change(zoom_);
+    fitToWindow();
+    const QPointF now = held * zoom_.scale();
+    scrollTo(QPoint(roundHalfEven(now.x()), roundHalfEven(now.y())) - place);
+}
+
+// ------------------------------------------------------------------------------------------------------- the window
 
 void EditorView::growShortWindow() {
     QWidget* window = form_->window();
@@ -238,19 +305,4 @@ QSize EditorView::screenSize() const {
 QSize EditorView::frameSize() const {
     const QWidget* window = form_->window();
     return window->frameGeometry().size() - window->size();
-}
-
-// ------------------------------------------------------------------------------------------------------------ mouse
-
-bool EditorView::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::Wheel) return QObject::eventFilter(watched, event);
-    scrollByWheel(*static_cast<QWheelEvent*>(event));
-    return true;
-}
-
-void EditorView::scrollByWheel(const QWheelEvent& wheel) {
-    const bool sideways = (wheel.modifiers() & Qt::ShiftModifier) || !vsc1_->isVisible();
-    QScrollBar* along = sideways ? hsc1_ : vsc1_;
-    const int notches = wheel.angleDelta().y() + wheel.angleDelta().x();
-    if (along->isVisible()) along->setValue(along->value() - notches * wheelStep / wheelNotch);
 }

@@ -5,6 +5,7 @@
 #include "editor/hint_box.h"
 #include "editor/rubber_band.h"
 #include "editor/work_surface.h"
+#include "editor/zoom.h"
 #include "platform/desktop/image_box.h"
 #include "platform/desktop/shapes.h"
 #include "platform/desktop/surface.h"
@@ -13,7 +14,8 @@
 #include <QScrollBar>
 
 /// The picture in its viewport, with scroll bars, hint box and rubber band, and the places of everything in the window.
-/// It follows the document. Lengths are twips.
+/// It follows the document. One to one the viewport is as large as the picture, as far as there is room; at any other
+/// scale it takes all of the room, with the picture in its middle. Lengths are twips on the screen.
 class EditorView : public QObject {
     Q_OBJECT
 
@@ -24,11 +26,25 @@ class EditorView : public QObject {
     HintBox& hint() { return *hint_; }
     RubberBand& band() { return *band_; }
     /// What panels are dragged over.
-    const QWidget* viewport() const { return picGd_; }
+    QWidget* viewport() { return picGd_; }
+    WorkSurface* surface() { return picYu_; }
     /// Size of the visible picture area.
     QSize viewSize() const { return viewSize_; }
+    /// Size of the whole picture on the screen.
+    QSize shownSize() const;
+    bool scrollsDown() const { return vsc1_->isVisible(); }
     /// Scrolls the picture, as far as there is more of it.
     void scrollBy(int right, int down);
+
+    /// There is a photograph to look at, larger or smaller.
+    bool canZoom() const;
+    /// So many times as large. What is at a place of the viewport, in pixels, stays there.
+    void zoomBy(double factor, QPoint at);
+    /// To logical pixels for one of the picture. What is in the middle stays there.
+    void zoomTo(double scale);
+    void showWhole();
+    /// " 35%"; empty one to one.
+    QString zoomText() const { return canZoom() ? zoom_.text() : QString(); }
 
     /// Lays the window out for the present size of the picture.
     void pmsz();
@@ -48,8 +64,8 @@ class EditorView : public QObject {
     void growShortWindow();
     void resized();
 
-  protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
+  Q_SIGNALS:
+    void zoomed();
 
   private:
     void makeGround();
@@ -60,10 +76,12 @@ class EditorView : public QObject {
     void forgetLastPaint();
     void apply(const EditorLayout& layout, bool keepsPlace);
     void fitToWindow();
+    void zoomAround(QPoint at, const std::function<void(Zoom&)>& change);
+    QPoint pictureCorner() const;
+    void scrollTo(QPoint place);
     void gdcl();
     EditorLayoutInput layoutInput() const;
     void centreWindow(QSize size);
-    void scrollByWheel(const QWheelEvent& wheel);
     QSize screenSize() const;
     QSize frameSize() const;
 
@@ -73,7 +91,7 @@ class EditorView : public QObject {
     ShapeBox* shpBj_;      ///< Background of the work area.
     ShapeBox* barGround_;  ///< What the tool bar leaves free at its right end.
     Surface* picGd_;       ///< Viewport.
-    WorkSurface* picYu_;   ///< The picture, as large as it is.
+    WorkSurface* picYu_;   ///< The picture, as large as it shows.
     WorkSurface* picMb_;   ///< Result of the last paint, hidden.
     ImageBox* img1_;       ///< Welcome picture: shows while nothing is open.
     ShapeBox* shpBk_;      ///< Frame of the picture.
@@ -82,6 +100,7 @@ class EditorView : public QObject {
     HintBox* hint_;
     RubberBand* band_;
 
+    Zoom zoom_;
     QSize viewSize_;
     QSize welcomeSize_;  ///< What the window is laid out for while nothing is open.
     int toolbarHeight_ = 0;

@@ -1,5 +1,6 @@
 #include "editor/frm_cl.h"
 
+#include "editor/view_input.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/tool_icon.h"
@@ -54,13 +55,14 @@ void frmCl::makeChapters() {
     saving_ = new Saving(at, *dialog_, *chooser_, *button_);
     new Opening(at, *chooser_, mayGo);
     new TakingBack(at, *dialog_, *runner, *chooser_, *button_);
+    new ViewInput(*view_, form_);
 }
 
 void frmCl::connectDocument() {
     connect(&document_, &Document::opened, this, &frmCl::showOpened);
     connect(&document_, &Document::closed, this, &frmCl::showNothingOpen);
-    connect(&document_, &Document::captionChanged, this,
-            [this](const QString& caption) { setWindowTitle(caption.isEmpty() ? usualCaption : caption); });
+    connect(&document_, &Document::captionChanged, this, &frmCl::showCaption);
+    connect(view_, &EditorView::zoomed, this, &frmCl::showCaption);
     connect(&document_, &Document::stepLost, this, [this](const QString& reason) {
         say(this, u"这一步没有记录下来，以后不能撤消。图片可以继续处理和保存。\n\n"_s + reason);
     });
@@ -99,6 +101,11 @@ void frmCl::load() {
     chooser_->load();
     view_->hint().setText(u"操作提示：先打开要处理的图片，再进行其它操作。"_s);
     form_->setFocus();
+}
+
+void frmCl::showCaption() {
+    const QString caption = document_.caption();
+    setWindowTitle((caption.isEmpty() ? usualCaption : caption) + view_->zoomText());
 }
 
 void frmCl::showOpened() {

@@ -30,6 +30,7 @@ class frmCl : public QMainWindow {
     void connectChapters();
     void connectWindows();
     void load();
+    void showCaption();
     void showOpened();
     void showNothingOpen();
     bool runKey(const QKeyEvent& event);

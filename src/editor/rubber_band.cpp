@@ -6,12 +6,17 @@
 #include "platform/desktop/placing.h"
 
 #include <QApplication>
+#include <algorithm>
 #include <climits>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 constexpr int readoutHeight = 270;
+
+QPoint inTwips(QPoint pixels) {
+    return {twipsFromPixels(pixels.x()), twipsFromPixels(pixels.y())};
+}
 }  // namespace
 
 RubberBand::RubberBand(Document& document, EditorView& view, HintBox& hint, WorkSurface* picYu, QWidget* viewport)
@@ -35,8 +40,13 @@ void RubberBand::hide() {
     txtCc_->hide();
 }
 
+void RubberBand::layOut() {
+    shpYu_->setGeometry(picYu_->onSurface(part_));
+    if (txtCc_->isVisible()) placeReadout(pointer_);
+}
+
 QSize RubberBand::shapeSize() const {
-    return {widthOf(shpYu_), heightOf(shpYu_)};
+    return {twipsFromPixels(part_.width()), twipsFromPixels(part_.height())};
 }
 
 bool RubberBand::readoutShows() const {
@@ -47,7 +57,8 @@ bool RubberBand::readoutShows() const {
 void RubberBand::moveShape(QSize size) {
     if (size.width() < 0 || size.height() < 0) return;
     const QPoint start = document_.selection().topLeft();
-    place(shpYu_, start.x(), start.y(), size.width(), size.height());
+    part_ = rectFromTwips(start.x(), start.y(), size.width(), size.height());
+    shpYu_->setGeometry(picYu_->onSurface(part_));
 }
 
 void RubberBand::press(QPoint pointer) {
@@ -66,41 +77,43 @@ QSize RubberBand::sizeTo(QPoint pointer) const {
     return selectionSize(shape, document_.selection().topLeft(), pointer, document_.size());
 }
 
-QPoint RubberBand::inView(QPoint pointer) const {
-    return pointer + QPoint(leftOf(picYu_), topOf(picYu_));
+/// In pixels of the screen.
+QPoint RubberBand::onSurface(QPoint pointer) const {
+    return picYu_->onSurface(rectFromTwips(pointer.x(), pointer.y(), 0, 0)).topLeft();
 }
 
 void RubberBand::move(QPoint pointer) {
     if (!isDown_) return;
     const QSize size = sizeTo(pointer);
     moveShape(size);
+    pointer_ = pointer;
     Q_EMIT drawn(size);
     scrollAlong(pointer);
     placeReadout(pointer);
 }
 
-/// A picture that is too small for the readout has it beside itself.
+/// It stays inside the part of the picture that can be seen. Where that is too small it is beside the picture.
 void RubberBand::placeReadout(QPoint pointer) {
     setHint(txtCc_, selectionReadout(document_.selection().topLeft(), shapeSize()), INT_MAX);
     const int width = hintWidth(txtCc_->text());
-    const QSize view = view_.viewSize();
+    const QSize view = view_.viewSize().boundedTo(view_.shownSize());
     const bool fits = width <= view.width() && readoutHeight <= view.height();
     QWidget* on = fits ? static_cast<QWidget*>(picYu_) : viewport_->parentWidget();
     if (txtCc_->parentWidget() != on) txtCc_->setParent(on);
     const QSize room = fits ? view : QSize(widthOf(on), heightOf(on));
-    const QPoint corner = fits ? QPoint() : QPoint(leftOf(viewport_), topOf(viewport_));
-    const QPoint at = readoutPlace(inView(pointer) + corner, width, room);
-    const QPoint origin = fits ? inView({0, 0}) : QPoint();
-    place(txtCc_, at.x() - origin.x(), at.y() - origin.y(), width, readoutHeight);
+    const QPoint hidden = fits ? QPoint(std::max(0, -picYu_->x()), std::max(0, -picYu_->y())) : QPoint();
+    const QPoint corner = fits ? QPoint() : viewport_->pos() + picYu_->pos();
+    const QPoint at = readoutPlace(inTwips(corner + onSurface(pointer) - hidden), width, room) + inTwips(hidden);
+    place(txtCc_, at.x(), at.y(), width, readoutHeight);
     txtCc_->setVisible(readoutShows());
     txtCc_->raise();
 }
 
 void RubberBand::scrollAlong(QPoint pointer) {
-    const QPoint seen = inView(pointer);
-    const QSize view = view_.viewSize(), picture = document_.size();
-    view_.scrollBy(scrollOfDrag(seen.x(), view.width(), pointer.x(), picture.width()),
-                   scrollOfDrag(seen.y(), view.height(), pointer.y(), picture.height()));
+    const QPoint at = inTwips(onSurface(pointer)), seen = at + inTwips(picYu_->pos());
+    const QSize view = view_.viewSize(), picture = view_.shownSize();
+    view_.scrollBy(scrollOfDrag(seen.x(), view.width(), at.x(), picture.width()),
+                   scrollOfDrag(seen.y(), view.height(), at.y(), picture.height()));
 }
 
 void RubberBand::release(QPoint pointer) {
@@ -115,6 +128,7 @@ void RubberBand::release(QPoint pointer) {
     txtCc_->setVisible(readoutShows());
     isDown_ = false;
     hint_.comeForward();
-    if (pixelsFromTwips((pointer - start).manhattanLength()) < QApplication::startDragDistance())
-        hint_.clickedThrough(picYu_->mapToGlobal(QPoint(pixelsFromTwips(pointer.x()), pixelsFromTwips(pointer.y()))));
+    const QPoint at = onSurface(pointer);
+    if ((at - onSurface(start)).manhattanLength() < QApplication::startDragDistance())
+        hint_.clickedThrough(picYu_->mapToGlobal(at));
 }

@@ -12,7 +12,7 @@
 class EditorView;
 
 /// The part of the picture that the person draws with the mouse, with a readout beside the pointer. What is drawn is
-/// the document's selection. Lengths are twips.
+/// the document's selection. Lengths are twips of the picture, however large it shows.
 class RubberBand : public QObject {
     Q_OBJECT
 
@@ -26,6 +26,8 @@ class RubberBand : public QObject {
     /// What is wanted has changed.
     void follow();
     void hide();
+    /// The picture shows at another size or place.
+    void layOut();
 
   Q_SIGNALS:
     void drawn(QSize size);     ///< The mouse moves.
@@ -38,7 +40,7 @@ class RubberBand : public QObject {
     void moveShape(QSize size);
     QSize shapeSize() const;
     QSize sizeTo(QPoint pointer) const;
-    QPoint inView(QPoint pointer) const;
+    QPoint onSurface(QPoint pointer) const;
     void placeReadout(QPoint pointer);
     void scrollAlong(QPoint pointer);
     bool isWanted() const { return wanted_().has_value(); }
@@ -52,5 +54,7 @@ class RubberBand : public QObject {
     ShapeBox* shpYu_;  ///< The rectangle.
     TextBox* txtCc_;   ///< The readout.
     WantedShape wanted_ = [] { return std::nullopt; };
+    QRect part_;      ///< What the rectangle shows, in pixels of the picture.
+    QPoint pointer_;  ///< Where the mouse was last.
     bool isDown_ = false;
 };

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QImage>
+#include "editor/pixels/scaled_picture.h"
+
 #include <QWidget>
 
-/// A surface that shows a picture at its own size, one picture pixel to a logical one, from the upper left corner. What
-/// the picture does not cover is background.
+/// A surface that shows a picture from the upper left corner, at a scale of logical pixels to one of its own. What the
+/// picture does not cover is background. Places in the picture are whole pixels of it, in twips.
 class WorkSurface : public QWidget {
     Q_OBJECT
 
@@ -13,15 +14,18 @@ class WorkSurface : public QWidget {
 
     /// The stored picture; a null one clears it.
     void setPicture(const QImage& picture);
-    const QImage& picture() const { return picture_; }
+    const QImage& picture() const { return picture_.whole(); }
+    void setScale(double scale);
 
-    /// Colour of a pixel of the surface; white outside.
+    /// Colour of a pixel of the picture; white outside.
     QRgb Point(int x, int y) const;
+    /// Where a part of the picture is on the surface; both are pixels.
+    QRect onSurface(const QRect& part) const;
 
   Q_SIGNALS:
-    void pressed(int x, int y);   ///< Left button, twips.
-    void moved(int x, int y);     ///< Twips; also while the button is held outside.
-    void released(int x, int y);  ///< Twips.
+    void pressed(int x, int y);   ///< Left button, place in the picture.
+    void moved(int x, int y);     ///< The same; also while the button is held outside.
+    void released(int x, int y);  ///< The same.
     void doubleClicked();
 
   protected:
@@ -32,5 +36,9 @@ class WorkSurface : public QWidget {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
   private:
-    QImage picture_;
+    QPoint twipsOf(const QMouseEvent& event) const;
+    void drawPart(QPainter& painter, const QRect& part);
+
+    ScaledPicture picture_;
+    double scale_ = 1;
 };

@@ -43,7 +43,7 @@ frmTp::frmTp(Windows& windows) : windows_(windows) {
         frame_[i]->setColor(i < 2 ? theme::firmEdge : QColor(Qt::white));
     }
     buildMenus();
-    view_ = std::make_unique<PictureView>(*page_, *strip_, *screen_);
+    view_ = std::make_unique<PictureView>(*page_, *strip_, *status_, *screen_);
     show_ = std::make_unique<SlideShow>(*page_, *strip_);
     picYc = new ShowDialog(form_);
     lstLs = make<DropList>(form_, u"lstLs"_s);
@@ -112,6 +112,10 @@ void frmTp::connectControls() {
     connect(screen_.get(), &ScreenPanel::mousePressed, lstLs, &QWidget::hide);
     connect(screen_.get(), &ScreenPanel::mouseMoved, buttons_.get(), &ButtonPanel::hideRollOver);
     connect(screen_.get(), &ScreenPanel::clicked, this, guarded(this, [this] { clickScreen(); }));
+    connect(view_.get(), &PictureView::pageWanted, this, guarded(this, [this](const QString& key) {
+                if (strip_->offers(key)) toolClicked(key);
+            }));
+    connect(view_.get(), &PictureView::showSwitched, this, guarded(this, [this] { space(); }));
     connect(picRq, &DateDialog::dayChosen, this, guarded(this, [this](const DayCondition& day) {
                 filters_->chooseDay(day);
                 page_->xstp();
@@ -175,9 +179,8 @@ void frmTp::resizeForm() {
 void frmTp::finishDrawing() {
     strip_->endProgress();
     screen_->uncover();
-    if (!page_->isShown()) return;
-    const int lastPlace = selection_.count() == 0 ? 0 : page_->firstIndex() + page_->cellCount();
-    status_->showPage(selection_.line() + placeInSelection(lastPlace));
+    if (page_->isShown()) status_->showPage(page_->line());
+    view_->followPage();
 }
 
 void frmTp::tick() {
@@ -189,7 +192,9 @@ void frmTp::tick() {
 
 /// A click on the screen panel ends the view of a picture, or brings the page from behind a cover or curtain.
 void frmTp::clickScreen() {
-    if (screen_->isViewing() || page_->isShown())
+    if (screen_->isViewing())
+        view_->leave();
+    else if (page_->isShown())
         screen_->endView();
     else if (selection_.isOpen())
         paging_->redraw();

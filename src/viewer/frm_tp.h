@@ -77,6 +77,7 @@ class frmTp : public QMainWindow {
     SmallDialog* openDialog() const;  ///< Nothing while none is open.
     std::array<SmallDialog*, 2> dialogs() const { return {picRq, picYc}; }
     void escape();
+    bool viewByKey(const QKeyEvent& event);
     bool pageByKey(int key);
     bool workByKey(int key);
     void enter();

@@ -35,10 +35,12 @@ QWidget* firstStop(QWidget* dialog) {
 void frmTp::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
         escape();
+    else if (event->key() == Qt::Key_F11 && !event->isAutoRepeat())
+        runHandler(this, [this] { view_->switchAlone(); });
     else if (opensList(*event) && strip_->listFor(focusWidget()))
         lstLs->takeKeys();
     else if (qobject_cast<QLineEdit*>(focusWidget()) != nullptr ||
-             !(pageByKey(event->key()) || (!event->isAutoRepeat() && workByKey(event->key()))))
+             !(viewByKey(*event) || pageByKey(event->key()) || (!event->isAutoRepeat() && workByKey(event->key()))))
         QMainWindow::keyPressEvent(event);
 }
 
@@ -48,13 +50,19 @@ void frmTp::escape() {
     else if (SmallDialog* open = openDialog())
         open->hide();
     else if (screen_->isViewing())
-        screen_->endView();
+        runHandler(this, [this] { view_->leave(); });
 }
 
 SmallDialog* frmTp::openDialog() const {
     for (SmallDialog* dialog : dialogs())
         if (!dialog->isHidden()) return dialog;
     return nullptr;
+}
+
+bool frmTp::viewByKey(const QKeyEvent& event) {
+    bool isTaken = false;
+    if (screen_->isViewing() && !isInDialog(focusWidget())) runHandler(this, [&] { isTaken = view_->takeKey(event); });
+    return isTaken;
 }
 
 bool frmTp::pageByKey(int key) {

@@ -125,12 +125,18 @@ void Page::toggleCaption(int cell) {
         showCaption(cell);
 }
 
+QString Page::line() const {
+    return selection_.line() + placeInSelection(selection_.count() == 0 ? 0 : firstIndex_ + picturesPerPage_);
+}
+
 void Page::goToFirstPicture() {
     Recordset& album = selection_.records();
+    firstRow_ = 0;
     attempt([&] {
         const int rows = album.rowCount();
         if (rows == 0) return;
-        album.moveToRow(std::clamp(firstIndex_, 0, rows - 1));
+        firstRow_ = std::clamp(firstIndex_, 0, rows - 1);
+        album.moveToRow(firstRow_);
         if (firstIndex_ >= rows) album.MoveNext();
     });
 }
@@ -188,7 +194,7 @@ void Page::drawCell(int index, QSize& pixels) {
     attempt([&] {
         if (album.Eof()) return;
         isRead = attempt([&] { picture = album.storedAt(album.row(), u"图片"_s); });
-        cell.imgXs->setTag(tagOfRecord(album));
+        cell.imgXs->setTag(tagOfRecord(album, album.row()));
         cell.number = album.Fields(u"序号"_s).Value().textOr();
     });
     // The first cell is never made anew: for a record without a picture it goes on showing what it has.

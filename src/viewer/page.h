@@ -39,6 +39,8 @@ class Page : public QObject {
     /// Records before the first cell. May be negative after a step back, and beyond the end.
     void setFirstIndex(int index) { firstIndex_ = index; }
     int firstIndex() const { return firstIndex_; }
+    /// The page line of the status bar: counts of the selection, and the place of the page in it.
+    QString line() const;
     /// A picture alone on its page is not enlarged.
     void setOriginalSize(bool on) { originalSize_ = on; }
     bool isOriginalSize() const { return originalSize_; }
@@ -48,6 +50,7 @@ class Page : public QObject {
     // The page as it was drawn; another album or number of columns may have been chosen since.
     const QString& table() const { return table_; }
     int cellCount() const { return int(cells_.size()); }
+    int firstRow() const { return firstRow_; }  ///< Of the selection, from 0: the record in the first cell.
     /// 序号 of the picture in a cell; empty where there is none.
     QString numberIn(int cell) const { return has(cell) ? cells_[size_t(cell)].number : QString(); }
     /// Data line of the picture in a cell (see `tagOfRecord`); empty where there is none.
@@ -107,6 +110,7 @@ class Page : public QObject {
     bool isShown_ = false;
     std::vector<Cell> cells_;
     std::deque<Cell> spare_;  ///< Made while the window rests; hidden and without names until they are used.
+    int firstRow_ = 0;
     QString table_;
     CellPictures pictures_;
 };

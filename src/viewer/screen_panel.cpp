@@ -25,21 +25,21 @@ constexpr int curtainsBefore = 7;
 ScreenPanel::ScreenPanel(ToolStrip& strip, QWidget* form) : strip_(strip) {
     pic0 = make<Surface>(form, u"pic0"_s);
     pic0->setAutoFillBackground(true);
-    img0 = make<ImageBox>(pic0, u"img0"_s);
+    img0 = make<ZoomBox>(pic0, u"img0"_s);
     imgSh = make<ImageBox>(pic0, u"imgSh"_s);
     imgSh->setGeometry(0, 0, 0, 0);
     lblWz = make<QLabel>(pic0, u"lblWz"_s);
-    lblWz->setAlignment(Qt::AlignCenter);
-    lblWz->setWordWrap(true);
-    lblWz->setTextFormat(Qt::PlainText);
-    lblWz->setAttribute(Qt::WA_TransparentForMouseEvents);
-    lblWz->hide();
     txtB0 = make<Caption>(pic0, u"txtB0"_s);
     txtB0->hide();
-    connect(img0, &ImageBox::clicked, this, &ScreenPanel::clicked);
+    stage_ = std::make_unique<Stage>(pic0, img0, lblWz, false);
+    stage_->include(txtB0->viewport());
+    connect(stage_.get(), &Stage::placed, this, &ScreenPanel::placeStrip);
+    connect(img0, &ImageBox::clicked, this, [this] {
+        if (!stage_->wasDragged()) Q_EMIT clicked();
+    });
     connect(img0, &ImageBox::mouseMoved, this, &ScreenPanel::mouseMoved);
     connect(img0, &ImageBox::mousePressed, this, [this] {
-        if (isViewing_) txtB0->show();
+        if (isViewing()) txtB0->show();
         Q_EMIT mousePressed();
     });
     connect(txtB0, &Caption::clicked, txtB0, &QWidget::hide);
@@ -51,7 +51,7 @@ ScreenPanel::ScreenPanel(ToolStrip& strip, QWidget* form) : strip_(strip) {
 void ScreenPanel::layOut(const Box& page) {
     place(pic0, page.left, page.top, page.width, page.height);
     fitStartPicture();
-    if (!isViewing_) fillPanel();
+    if (!isViewing()) fillPanel();
 }
 
 void ScreenPanel::hang(const Picture& picture) {
@@ -94,12 +94,10 @@ void ScreenPanel::uncover() {
     if (isViewing()) endView();
 }
 
-void ScreenPanel::beginView(QSize size, const QString& data) {
+void ScreenPanel::beginView(QSize whole, QSize pixels, const QString& data) {
     pic0->show();
-    placePicture(size);
-    isViewing_ = true;
+    stage_->begin(whole, pixels);
     offerPaging(false);
-    lblWz->hide();
     txtB0->setText(data);
     placeStrip();
     txtB0->show();
@@ -107,34 +105,30 @@ void ScreenPanel::beginView(QSize size, const QString& data) {
     strip_.offer(u"yd"_s, true);
 }
 
-// At the foot of the picture. A text of several lines grows upwards, and beyond the foot of a low picture.
+// At the foot of the picture, or of what is seen of it. A text of several lines grows upwards, and beyond the foot of a
+// low picture.
 void ScreenPanel::placeStrip() {
-    const int lines = txtB0->lineCountFor(img0->width());
+    const QRect picture = stage_->isWhole() ? img0->geometry() : stage_->seen();
+    const int lines = txtB0->lineCountFor(picture.width());
     const int height = lines == 1 ? stripHeight : std::max(stripHeight, twipsFromPixels(txtB0->heightOfLines(lines)));
-    const int top = std::max(0, heightOf(img0) - height);
-    const int room = std::max(heightOf(img0), heightOf(pic0)) - top;
-    place(txtB0, 0, top, widthOf(img0), std::min(height, room));
+    const int foot = twipsFromPixels(picture.bottom() + 1);
+    const int top = std::max(0, foot - height);
+    const int room = std::max(foot, heightOf(pic0)) - top;
+    place(txtB0, 0, top, twipsFromPixels(picture.width()), std::min(height, room));
 }
 
 void ScreenPanel::offerPaging(bool on) {
     for (const QString& key : {u"ty"_s, u"sy"_s, u"xy"_s, u"hy"_s}) strip_.offer(key, on);
 }
 
-void ScreenPanel::sayInView(const QString& words) {
-    img0->setPicture({});
-    lblWz->setText(words);
-    lblWz->setGeometry(img0->geometry() & pic0->rect());
-    lblWz->show();
-}
-
 void ScreenPanel::endView() {
     pic0->hide();
-    isViewing_ = false;
+    stage_->end();
     offerPaging(true);
     strip_.offer(u"yd"_s, true);
     txtB0->hide();
-    lblWz->hide();
     fillPanel();  // it is a curtain again
+    Q_EMIT viewEnded();
 }
 
 void ScreenPanel::drawCurtain() {

@@ -4,6 +4,7 @@
 #include "platform/desktop/surface.h"
 #include "viewer/caption.h"
 #include "viewer/page_layout.h"
+#include "viewer/stage.h"
 #include "viewer/tool_strip.h"
 
 #include <QLabel>
@@ -23,14 +24,12 @@ class ScreenPanel : public QObject {
     void uncover();  ///< Shows the page, and ends the viewing of a picture.
     bool isCovering() const { return !pic0->isHidden(); }
 
-    bool isViewing() const { return isViewing_; }
-    /// Shows an empty place of that size, in twips, with the picture's data on a strip, and switches the paging keys
+    bool isViewing() const { return stage_->isOn(); }
+    /// Shows an empty place for a picture (see `Stage::begin`), with its data on a strip, and switches the paging keys
     /// off.
-    void beginView(QSize size, const QString& data);
-    QSize targetSize() const { return img0->targetSize(); }  ///< Of the picture in view, in device pixels.
-    void showInView(const Picture& picture) { img0->setPicture(picture); }
-    /// Words in place of the picture in view.
-    void sayInView(const QString& words);
+    void beginView(QSize whole, QSize pixels, const QString& data);
+    Stage& stage() { return *stage_; }  ///< Of the picture in view.
+    bool hasStrip() const { return !txtB0->isHidden(); }
     void toggleStrip() { txtB0->setVisible(txtB0->isHidden()); }
     void endView();
 
@@ -47,6 +46,7 @@ class ScreenPanel : public QObject {
     void clicked();
     void mousePressed();
     void mouseMoved();
+    void viewEnded();
 
   private:
     void placePicture(QSize size);
@@ -60,11 +60,11 @@ class ScreenPanel : public QObject {
 
     ToolStrip& strip_;
     Surface* pic0;    ///< The panel.
-    ImageBox* img0;   ///< Cover, curtain or picture in view.
+    ZoomBox* img0;    ///< Cover, curtain or picture in view.
     ImageBox* imgSh;  ///< Empty; comes and goes with the curtain.
     Caption* txtB0;   ///< Data of the picture in view.
     QLabel* lblWz;    ///< Words in place of the picture in view.
-    bool isViewing_ = false;
+    std::unique_ptr<Stage> stage_;
     Picture hanging_;  ///< Cover or curtain, whole. Where the panel has another shape, `img0` shows its middle.
     std::future<Picture> firstPicture_;  ///< The picture with which the window comes up, while it is being decoded.
     qint64 startPicture_ = 0;            ///< Its cache key when it is hanging.

@@ -79,6 +79,8 @@ class EditorWindow {
         select(pixels.topLeft(), pixels.topLeft() + QPoint(pixels.width(), pixels.height()));
         click(QStringLiteral("cmdCq(0)"));
     }
+    /// Ctrl and a key.
+    void zoom(Qt::Key key) const { QTest::keyClick(window.get(), key, Qt::ControlModifier); }
     void clickRow(int row) const {
         auto* grid = find<Grid>(QStringLiteral("msgBm"));
         QTest::mouseClick(grid->viewport(), Qt::LeftButton, {},

@@ -1,6 +1,8 @@
 #include "../support/run_all.h"
 #include "editor/pixels/painting.h"
+#include "editor/pixels/resampling.h"
 #include "editor/pixels/rotation.h"
+#include "editor/pixels/scaled_picture.h"
 #include "platform/base/error.h"
 #include "platform/base/twips.h"
 
@@ -132,6 +134,38 @@ class TestPixels : public QObject {
     }
 
   private Q_SLOTS:
+    // What is painted in pieces on the screen has no seams.
+    void aPartIsThatOfTheWhole() {
+        const QImage picture = speckled({61, 47});
+        for (const QSize target : {QSize(1, 1), {20, 13}, {60, 46}, {61, 47}, {90, 48}, {130, 100}}) {
+            const QImage whole = resampled(picture, target);
+            for (const QRect& part : {QRect(QPoint(), target),
+                                      {target.width() / 3, target.height() / 2, 1, 1},
+                                      {target.width() / 2, 0, target.width() - target.width() / 2, target.height()}})
+                QCOMPARE(resampled(picture, target, part), whole.copy(part));
+        }
+        const QImage blocks = picture.scaled(183, 141);
+        for (const QRect& part : {blocks.rect(), QRect(100, 7, 13, 99)})
+            QCOMPARE(inBlocks(picture, blocks.size(), part), blocks.copy(part));
+    }
+
+    void aPictureAtManySizes() {
+        const QImage picture = resampled(speckled({15, 10}), {300, 203});
+        ScaledPicture scaled;
+        scaled.set(picture);
+        const auto at = [&scaled](QSize size) { return scaled.part(size, QRect(QPoint(), size)); };
+        QCOMPARE(at({200, 150}), resampled(picture, {200, 150}));
+        QCOMPARE(at({600, 406}), picture.scaled(600, 406));
+        QCOMPARE(scaled.bytesBeside(), 0);
+        for (const QSize size : {QSize(140, 95), {75, 51}, {31, 20}, {3, 2}, {1, 1}, {1, 203}, {300, 1}})
+            QVERIFY2(largestDifference(at(size), areaMeans(picture, size)) <= 20,
+                     qPrintable(QString::number(largestDifference(at(size), areaMeans(picture, size)))));
+        QVERIFY(scaled.bytesBeside() > 0 && scaled.bytesBeside() < picture.sizeInBytes() * 35 / 100);
+        scaled.set(plain({1, 1}, background));
+        QCOMPARE(at({1, 1}).pixel(0, 0), background);
+        QCOMPARE(scaled.bytesBeside(), 0);
+    }
+
     void equalSizesCopyEveryPixel() {
         const QSize size(37, 23);
         const std::pair<QSize, QRect> rows[] = {

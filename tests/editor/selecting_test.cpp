@@ -75,6 +75,7 @@ class TestSelecting : public QObject {
     // The pointer decides by its place in the visible part, wherever the picture has been scrolled to.
     void aDragBeyondTheEdgeScrolls() {
         const Selecting editor({2400, 1800});
+        editor.zoom(Qt::Key_1);
         auto* down = editor.find<QScrollBar>(u"vsc1"_s);
         auto* right = editor.find<QScrollBar>(u"hsc1"_s);
         QVERIFY(down->isVisible() && right->isVisible());
@@ -196,6 +197,7 @@ class TestSelecting : public QObject {
     void theReadoutIsWhole() {
         for (const QSize picture : {QSize(2400, 1800), QSize(300, 200), QSize(80, 60)}) {
             const Selecting editor(picture);
+            editor.zoom(Qt::Key_1);
             editor.press(u"cj"_s);
             auto* down = editor.find<QScrollBar>(u"vsc1"_s);
             if (down->isVisible()) down->setValue(down->maximum() / 2);

@@ -54,6 +54,7 @@ class TestEditorTour : public QObject {
         const QSize turned = size();
         QVERIFY(turned.width() > 2000 && turned.height() > 1500);
         for (const QString& flip : {u"fs"_s, u"fc"_s}) press(flip);
+        QTest::keyClick(tour.window(u"frmCl"_s), Qt::Key_1, Qt::ControlModifier);
         crop({100, 100}, {500, 400});
         QCOMPARE(size(), QSize(400, 300));
         QVERIFY(tour.window(u"frmCl"_s)->windowTitle().endsWith(u" [ *0.5 33度 水平翻转 垂直翻转 裁剪]"));

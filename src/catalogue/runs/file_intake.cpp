@@ -9,8 +9,8 @@
 #include "catalogue/table_shape.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
+#include "platform/database/records/rows_by_number.h"
 
-#include <QHash>
 #include <optional>
 
 using namespace Qt::Literals::StringLiterals;
@@ -19,6 +19,7 @@ namespace {
 
 const QString numberColumn = u"序号"_s;
 const QString pictureColumn = u"图片"_s;
+constexpr qint64 bytesAhead = 24 << 20;            ///< What is read while a group is written to the disk.
 constexpr std::chrono::milliseconds patience(20);  ///< With a picture that is not read yet, before a group is ended.
 
 QStringList chosenNames(const IntakeOrder& order) {
@@ -27,13 +28,11 @@ QStringList chosenNames(const IntakeOrder& order) {
     return names;
 }
 
-/// Where the records of an album are in its recordset. Of several with one number it is the first.
-QHash<int, int> rowsByNumber(const Recordset& rows) {
-    QHash<int, int> found;
-    for (int row = rows.rowCount() - 1; row >= 0; --row)
-        if (const FieldValue number = rows.valueAt(row, numberColumn); !number.isNull())
-            found.insert(number.toInteger(), row);
-    return found;
+/// The numbers that names of files mean.
+std::vector<qint32> numbersIn(const QStringList& names) {
+    std::vector<qint32> numbers;
+    for (const QString& name : names) attempt([&] { numbers.push_back(numberOfFile(name)); });
+    return numbers;
 }
 
 class FileIntake : public RunIntoDatabase {
@@ -45,10 +44,10 @@ class FileIntake : public RunIntoDatabase {
     const Database& target() const override { return album_; }
 
     void open() override {
-        rows_ = album_.OpenRecordset(order_.replace ? table_ : noRecordsSql(table_));
+        rows_ = album_.OpenRecordset(noRecordsSql(table_));
         if (!ahead_) readAhead();
         if (order_.replace) {
-            rowsByNumber_ = rowsByNumber(rows_);
+            replaced_ = RowsByNumber(album_, table_, numberColumn, numbersIn(names()));
             return;
         }
         numbers_.emplace(album_, table_);
@@ -84,18 +83,17 @@ class FileIntake : public RunIntoDatabase {
         };
         ahead_.emplace(
             names().size(), [prepare] { return prepare; },
-            [](const ReadyPicture& picture) { return picture.bytesHeld(); });
+            [](const ReadyPicture& picture) { return picture.bytesHeld(); },
+            ReadAhead<ReadyPicture>::Limits{.bytes = bytesAhead});
     }
 
     bool findRecordOf(const QString& name) {
         if (!standsForNumber(name)) return false;
         const int number = numberOfFile(name);
-        const auto row = rowsByNumber_.constFind(number);
-        if (row == rowsByNumber_.cend()) return false;
-        rows_.moveToRow(*row);
-        if (rows_.Fields(numberColumn).Value() == FieldValue(number)) return true;
-        rows_.FindFirst(u"序号 = %1"_s.arg(number));  // others change the album, too
-        return !rows_.NoMatch();
+        const std::vector<qint64> rows = replaced_.of(number);
+        if (rows.empty()) return false;
+        rows_ = recordsOfRows(album_, table_, {rows.front()});
+        return !rows_.Eof() && rows_.Fields(numberColumn).Value() == FieldValue(number);
     }
 
     bool isKnown(const ReadyPicture& picture) {
@@ -132,7 +130,7 @@ class FileIntake : public RunIntoDatabase {
     const QString& table_;
     const IntakeOrder& order_;
     Recordset rows_;
-    QHash<int, int> rowsByNumber_;        ///< For records that are replaced.
+    RowsByNumber replaced_;               ///< For records that are replaced.
     std::optional<NextNumber> numbers_;   ///< For records that are appended.
     std::optional<KnownPictures> known_;  ///< What the album had before, where that counts.
     std::optional<ReadAhead<ReadyPicture>> ahead_;

@@ -3,7 +3,7 @@
 #include <QElapsedTimer>
 #include <algorithm>
 
-/// What shares one change of the target.
+/// What is stored together.
 struct RunInTurn::Group {
     explicit Group(const RunProgress& before) : start(before) { time.start(); }
 
@@ -73,7 +73,7 @@ void RunInTurn::takeNext(Group& group, RunWatch& watch) {
     end_ = progress_.done;
 }
 
-bool RunInTurn::isFull(const Group& group) {
+bool RunInTurn::isFull(const Group& group) const {
     return group.failed || progress_.done == end_ || progress_.done <= singlyUpTo_ ||
            progress_.bytes - group.start.bytes >= groupBytes_ || group.stored.size() >= mostThings ||
            group.time.hasExpired(mostMs) || !isAtHand(progress_.done);
@@ -101,7 +101,7 @@ void RunInTurn::lose(Group& group, const QString& reason) {
     progress_.done = start + 1;
 }
 
-/// Nobody is asked about the last thing of a run that was ended.
+/// Nobody is asked any more when the watch has ended the run.
 void RunInTurn::askAbout(const RunItem& failed, RunWatch& watch) {
     passesOver_ = passesOver_ || report_.stopped || watch.passesOver(failed);
     if (passesOver_) return;

@@ -52,7 +52,7 @@ class RunInTurn {
     struct Group;
     void takeGroup(RunWatch& watch);
     void takeNext(Group& group, RunWatch& watch);
-    bool isFull(const Group& group);
+    bool isFull(const Group& group) const;
     void close(const Group& group);
     void lose(Group& group, const QString& reason);
     void askAbout(const RunItem& failed, RunWatch& watch);

@@ -27,11 +27,11 @@ struct Taps {
     const qint16* weights;
 };
 
-/// The taps of all target pixels of one direction.
+/// The taps of the target pixels from `begin` to before `end` of one direction, counted from `begin`.
 class Direction {
   public:
-    Direction(int source, int target) {
-        for (int i = 0; i < target; ++i) {
+    Direction(int source, int target, int begin, int end) {
+        for (int i = begin; i < end; ++i) {
             starts_.push_back(weights_.size());
             if (target < source)
                 average(source, target, i);
@@ -45,6 +45,10 @@ class Direction {
         const size_t start = starts_[size_t(i)];
         return {first_[size_t(i)], int(starts_[size_t(i) + 1] - start), weights_.data() + start};
     }
+
+    /// The source pixels that are read.
+    int begin() const { return first_.front(); }
+    int length() const { return first_.back() + int(weights_.size() - starts_[first_.size() - 1]) - begin(); }
 
   private:
     // Rounded at the borders between the pixels, not one by one, so that the weights add up exactly.
@@ -76,12 +80,13 @@ class Direction {
     std::vector<qint16> weights_;
 };
 
-/// Mixes the source rows of one target row into `mixed`, one value of 15 bits for each channel. Factors of 16 bits: of
-/// these the compiler takes eight at a time.
-void mixRows(const ConstPixelRows& source, const Taps& taps, std::vector<int>& sums, std::vector<qint16>& mixed) {
+/// Mixes the source rows of one target row, from column `begin` on, into `mixed`, one value of 15 bits for each
+/// channel. Factors of 16 bits: of these the compiler takes eight at a time.
+void mixRows(const ConstPixelRows& source, int begin, const Taps& taps, std::vector<int>& sums,
+             std::vector<qint16>& mixed) {
     std::fill(sums.begin(), sums.end(), 1 << (rowShift - 1));
     for (int tap = 0; tap < taps.count; ++tap) {
-        const auto* row = reinterpret_cast<const uchar*>(source[taps.first + tap]);
+        const auto* row = reinterpret_cast<const uchar*>(source[taps.first + tap] + begin);
         const qint16 weight = taps.weights[tap];
         for (size_t i = 0; i < sums.size(); ++i) sums[i] += qint16(row[i]) * weight;
     }
@@ -89,8 +94,8 @@ void mixRows(const ConstPixelRows& source, const Taps& taps, std::vector<int>& s
 }
 
 /// Mixes neighbours of a row of `mixRows` to one target pixel.
-QRgb mixedColumns(const qint16* mixed, const Taps& taps) {
-    const qint16* from = mixed + taps.first * channels;
+QRgb mixedColumns(const qint16* mixed, int begin, const Taps& taps) {
+    const qint16* from = mixed + (taps.first - begin) * channels;
     std::array<int, channels> sums;
     sums.fill(1 << (columnShift - 1));
     for (int tap = 0; tap < taps.count; ++tap, from += channels)
@@ -102,20 +107,39 @@ QRgb mixedColumns(const qint16* mixed, const Taps& taps) {
 }  // namespace
 
 QImage resampled(const QImage& picture, QSize target) {
-    QImage result = blankPicture(target);
+    return resampled(picture, target, QRect(QPoint(), target));
+}
+
+QImage resampled(const QImage& picture, QSize target, const QRect& part) {
+    QImage result = blankPicture(part.size());
     const PixelRows resultRows(result);
     const ConstPixelRows source(picture);
-    const Direction columns(picture.width(), target.width());
-    const Direction rows(picture.height(), target.height());
+    const Direction columns(picture.width(), target.width(), part.left(), part.right() + 1);
+    const Direction rows(picture.height(), target.height(), part.top(), part.bottom() + 1);
+    const int begin = columns.begin();
 
-    forRowBlocks(target, [&](int first, int end) {
-        std::vector<int> sums(size_t(picture.width()) * channels);
+    forRowBlocks(part.size(), [&](int first, int end) {
+        std::vector<int> sums(size_t(columns.length()) * channels);
         std::vector<qint16> mixed(sums.size());
         for (int j = first; j < end; ++j) {
-            mixRows(source, rows[j], sums, mixed);
+            mixRows(source, begin, rows[j], sums, mixed);
             QRgb* row = resultRows[j];
-            for (int i = 0; i < target.width(); ++i) row[i] = mixedColumns(mixed.data(), columns[i]);
+            for (int i = 0; i < part.width(); ++i) row[i] = mixedColumns(mixed.data(), begin, columns[i]);
         }
     });
+    return result;
+}
+
+QImage inBlocks(const QImage& picture, QSize target, const QRect& part) {
+    const auto at = [](int i, int length, int stretched) { return int(qint64(i) * length / stretched); };
+    std::vector<int> columns;
+    for (int x = part.left(); x <= part.right(); ++x) columns.push_back(at(x, picture.width(), target.width()));
+    QImage result = blankPicture(part.size());
+    const PixelRows resultRows(result);
+    const ConstPixelRows source(picture);
+    for (int j = 0; j < part.height(); ++j) {
+        const QRgb* from = source[at(part.top() + j, picture.height(), target.height())];
+        std::transform(columns.begin(), columns.end(), resultRows[j], [from](int x) { return from[x]; });
+    }
     return result;
 }

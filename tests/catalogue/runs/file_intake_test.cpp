@@ -232,10 +232,8 @@ class TestFileIntake : public QObject {
         const IntakeOrder order = source.order();
         QVERIFY(QFile::remove(source.path(u"2.jpg"_s)));
         QVERIFY(QFile::remove(source.path(u"3.jpg"_s)) && QDir().mkdir(source.path(u"3.jpg"_s)));
-        class PassingOver : public RunWatch {
-            bool passesOver(const RunItem&) override { return true; }
-        } watch;
-        const RunReport report = wjlr(mekTp::catalogue, u"tc02"_s, order, watch);
+        source.watch.passes = true;
+        const RunReport report = source.enter(u"tc02"_s, order);
         QVERIFY(report.cameToEnd && report.count == 2);
         QCOMPARE(report.namesOf({Fate::taken}), (QStringList{u"1.jpg"_s, u"4.jpg"_s}));
         for (const RunItem& item : report.items)

@@ -39,9 +39,9 @@ QStringList onTheDisk() {
 }
 
 /// Adds records with the numbers from 1 on to tc02.
-class Numbering : public RunInTurn {
+class Numbering : public RunIntoDatabase {
   public:
-    Numbering() : RunInTurn(numbered(1, things)) {}
+    Numbering() : RunIntoDatabase(numbered(1, things)) {}
 
     QByteArray picture{"picture"};
     QSet<int> failing;  ///< Numbers.
@@ -60,7 +60,7 @@ class Numbering : public RunInTurn {
         addRow(u"tc02"_s, {{u"序号"_s, number}, {u"图片"_s, picture}});
         return {Fate::taken, picture.size()};
     }
-    bool isAtHand(qsizetype place) override { return !awaited.contains(int(place) + 1); }
+    bool isAtHand(qsizetype place) const override { return !awaited.contains(int(place) + 1); }
 
   private:
     Recordset rows_;
