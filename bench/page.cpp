@@ -4,6 +4,7 @@
 #include "../tests/viewer/viewer_window.h"
 #include "filling.h"
 #include "jpeg_library.h"
+#include "platform/base/files.h"
 #include "platform/desktop/look.h"
 #include "scene.h"
 #include "table.h"
@@ -11,6 +12,7 @@
 
 #include <QBuffer>
 #include <QImageWriter>
+#include <QProcess>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -27,6 +29,9 @@ constexpr int patience = 30000;
 // The album's pages, counted from 1. The first two are decoded ahead as soon as the window rests.
 constexpr int pages = 5;
 constexpr int cameraPage = 3, baselinePage = 4, progressivePage = 5;
+// Of the album that comes from the disk.
+constexpr int firstColdPage = 4;
+constexpr qsizetype largeBytes = 3'700'000;
 
 QByteArray coded(const QImage& image, bool progressive) {
     QBuffer buffer;
@@ -163,6 +168,57 @@ void timeTurning(int rounds) {
     row(topic, {.what = "the same page again", .measured = time(u"xs"_s), .atMost = oneFrame});
 }
 
+/// The next reading of a file comes from the disk. Another process does that: closing a descriptor of this one would
+/// cost the engine its locks.
+void emptyCacheOf(const QString& path) {
+    QProcess::execute(u"dd"_s, {u"if="_s + path, u"iflag=nocache"_s, u"count=0"_s, u"status=none"_s});
+}
+
+void cat(const QStringList& files) {
+    std::vector<char> piece(128 << 10);
+    for (const QString& path : files) {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) qFatal("cannot read");
+        while (file.read(piece.data(), qint64(piece.size())) > 0) {
+        }
+    }
+}
+
+/// Pages that come from the disk: photographs of 3.7 MB, beside files of the same size.
+void timeColdPages(int rounds, const Photographs& photographs) {
+    const auto large = [&](int row) {
+        QByteArray bytes = photographs.camera[size_t(row % scenes)];
+        return bytes.append(QByteArray(std::max<qsizetype>(0, largeBytes - bytes.size()), 'x'));
+    };
+    mekTp::catalogue.Execute(u"DELETE FROM [tc01]"_s);
+    fillAlbum(mekTp::catalogue, u"tc01"_s, (firstColdPage + rounds) * cells, large);
+    const QTemporaryDir folder;
+    QStringList files;
+    for (int i = 0; i < cells; ++i) {
+        QFile file(folder.filePath(QString::number(i)));
+        if (!file.open(QIODevice::WriteOnly) || file.write(large(i)) < largeBytes) qFatal("cannot write");
+        syncToDisk(file);
+        files << file.fileName();
+    }
+    std::vector<double> cold, seen, warm, bare;
+    for (int i = 0; i < rounds; ++i) {
+        const int page = firstColdPage + i;
+        for (const QString& file : files) emptyCacheOf(file);
+        bare.push_back(milliseconds([&] { cat(files); }));
+        emptyCacheOf(mekTp::cataloguePath());
+        const auto [first, all] = timeNewPage(1, page);
+        seen.push_back(first);
+        cold.push_back(all);
+        warm.push_back(timeNewPage(1, page).second);
+    }
+    row(topic, {.what = "36 of 3.7 MB, file cache empty: something in all 36 cells", .measured = median(seen)});
+    row(topic, {.what = "36 of 3.7 MB, file cache empty: all sharp",
+                .measured = median(cold),
+                .peer = "cat of such files, file cache empty, and the page with a full one",
+                .peerMeasured = median(bare) + median(warm),
+                .timesPeer = 1.3});
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -196,4 +252,5 @@ int main(int argc, char** argv) {
                 .peer = "the same photographs, baseline",
                 .peerMeasured = baseline,
                 .timesPeer = 1});
+    timeColdPages(rounds, photographs);
 }

@@ -3,6 +3,7 @@
 #include "platform/desktop/look.h"
 #include "platform/desktop/message_box.h"
 #include "start/damage_notice.h"
+#include "start/hash_keeping.h"
 #include "start/program.h"
 #include "start/start_up.h"
 
@@ -46,6 +47,8 @@ int main(int argc, char** argv) {
         startUp.start(program);
         std::optional<OpenCheck> check;
         if (isCatalogueCheckable()) check.emplace(mekTp::cataloguePath(), tellDamage);
+        std::optional<HashKeeping> hashes;
+        if (isCatalogueCheckable()) hashes.emplace(mekTp::cataloguePath());
         status = QApplication::exec();
     }
     mekTp::catalogue = {};

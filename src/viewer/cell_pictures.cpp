@@ -1,5 +1,6 @@
 #include "viewer/cell_pictures.h"
 
+#include "catalogue/mektp.h"
 #include "platform/base/error.h"
 #include "platform/picture/preview.h"
 #include "viewer/middle.h"
@@ -112,7 +113,7 @@ void CellPictures::settle() {
     const QDeadlineTimer patience(patienceMs);
     // A preview that fills the whole page looks poor.
     const QDeadlineTimer quick = contents_.size() > 1 ? QDeadlineTimer(quickMs) : patience;
-    loader_.want(missing());
+    want(missing());
     loader_.workUntil([this] { return open_.empty(); }, quick);
     for (Open& open : open_)
         if (open.isBlank && !patience.hasExpired()) showPreview(open);
@@ -130,7 +131,16 @@ void CellPictures::rest() {
 void CellPictures::decodeAhead() {
     Requests next = missing();
     attempt([&] { std::ranges::copy(upcoming_(), std::back_inserter(next)); });
-    loader_.want(next);
+    want(next);
+}
+
+/// Where the pictures are not in the file cache, the disk brings the next ones while the first are decoded.
+void CellPictures::want(const Requests& requests) {
+    std::vector<qint64> values;
+    for (const PictureRequest& request : requests)
+        if (loader_.kept(request) == nullptr) values.push_back(request.value.id());
+    if (!values.empty()) ahead_.ask(mekTp::catalogue.Name(), std::move(values));
+    loader_.want(requests);
 }
 
 void CellPictures::take(const PictureRequest& request, const Picture& picture) {

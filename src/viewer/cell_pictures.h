@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/picture_loader.h"
+#include "platform/database/records/values_ahead.h"
 #include "viewer/cell_box.h"
 
 #include <QPointer>
@@ -60,10 +61,12 @@ class CellPictures : public QObject {
     void take(const PictureRequest& request, const Picture& picture);
     void showPreview(Open& open) const;
     Requests missing() const;
+    void want(const Requests& requests);
 
     std::function<Requests()> upcoming_;
     std::vector<Open> open_, formerOpen_;
     std::vector<Content> contents_, formerContents_;  ///< Of this page, and of the one that was drawn before.
     QTimer resting_;
     PictureLoader loader_;
+    ValuesAhead ahead_;
 };

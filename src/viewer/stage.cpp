@@ -27,7 +27,7 @@ Stage::Stage(QWidget* ground, ZoomBox* picture, QLabel* words, bool isCentred)
 void Stage::begin(QSize whole, QSize pixels) {
     isOn_ = true;
     pixels_ = pixels;
-    zoom_ = Zoom(ground_->size(), whole, pixels, isCentred_);
+    zoom_ = ZoomedPlace(ground_->size(), whole, pixels, isCentred_);
     show({});
     place();
 }

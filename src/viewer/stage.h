@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/zoom.h"
+#include "viewer/zoomed_place.h"
 #include "viewer/zoom_box.h"
 
 class QGestureEvent;
@@ -60,7 +60,7 @@ class Stage : public QObject {
     ZoomBox* picture_;
     QLabel* words_;
     const bool isCentred_;
-    Zoom zoom_;
+    ZoomedPlace zoom_;
     QSize pixels_;  ///< Of the whole picture.
     bool isOn_ = false;
     bool isHeld_ = false;  ///< The left button is down.

@@ -38,20 +38,21 @@ std::vector<qint32> numbersIn(const QStringList& names) {
 class FileIntake : public RunIntoDatabase {
   public:
     FileIntake(const Database& album, const QString& table, const IntakeOrder& order)
-        : RunIntoDatabase(chosenNames(order)), album_(album), hashes_(album), table_(table), order_(order) {}
+        : RunIntoDatabase(chosenNames(order)), album_(album), table_(table), order_(order) {}
 
   protected:
     const Database& target() const override { return album_; }
 
     void open() override {
         rows_ = album_.OpenRecordset(noRecordsSql(table_));
+        hashes_.emplace(album_);
         if (!ahead_) readAhead();
         if (order_.replace) {
             replaced_ = RowsByNumber(album_, table_, numberColumn, numbersIn(names()));
             return;
         }
         numbers_.emplace(album_, table_);
-        if (order_.skipKnown && !known_) known_.emplace(album_, table_);
+        if (order_.skipKnown && !known_) findKnown();
     }
 
     bool isAtHand(qsizetype place) const override { return ahead_->isAtHand(place, patience); }
@@ -96,6 +97,12 @@ class FileIntake : public RunIntoDatabase {
         return !rows_.Eof() && rows_.Fields(numberColumn).Value() == FieldValue(number);
     }
 
+    /// The first question may take long, and is better asked before a group is begun.
+    void findKnown() {
+        known_.emplace(album_, table_);
+        known_->hasLength(0);
+    }
+
     bool isKnown(const ReadyPicture& picture) {
         return known_ && picture.print.length > 0 && known_->hasLength(picture.print.length) &&
                known_->has(picture.print);
@@ -114,7 +121,7 @@ class FileIntake : public RunIntoDatabase {
         if (!order_.replace) numbers_->take();
         if (length == 0) return {Fate::withoutPicture};
         const int row = order_.replace ? rows_.row() : rows_.rowCount() - 1;
-        attempt([&] { hashes_.note(rows_.storedAt(row, pictureColumn), picture.print); });
+        attempt([&] { hashes_->note(rows_.storedAt(row, pictureColumn), picture.print); });
         return {Fate::taken, length};
     }
 
@@ -126,12 +133,12 @@ class FileIntake : public RunIntoDatabase {
     }
 
     const Database& album_;
-    PictureHashes hashes_;
     const QString& table_;
     const IntakeOrder& order_;
     Recordset rows_;
-    RowsByNumber replaced_;               ///< For records that are replaced.
-    std::optional<NextNumber> numbers_;   ///< For records that are appended.
+    RowsByNumber replaced_;              ///< For records that are replaced.
+    std::optional<NextNumber> numbers_;  ///< For records that are appended.
+    std::optional<PictureHashes> hashes_;
     std::optional<KnownPictures> known_;  ///< What the album had before, where that counts.
     std::optional<ReadAhead<ReadyPicture>> ahead_;
 };

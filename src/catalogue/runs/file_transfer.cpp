@@ -16,6 +16,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 const QString pictureColumn = u"图片"_s;
+constexpr qint64 bytesKept = 24 << 20;  ///< Of a group, until it was read back.
 const QString noPicture = u"记录没有图片"_s;
 const QString nameIsTaken = u"同名文件已存在，没有改动"_s;
 
@@ -30,7 +31,7 @@ struct OnItsWay {
 class FileTransfer : public RunInTurn {
   public:
     FileTransfer(const Database& album, const QString& table, const QStringList& numbers, const QString& folder)
-        : RunInTurn(numbers), album_(album), table_(table), folder_(folder), group_(folder) {}
+        : RunInTurn(numbers, bytesKept), album_(album), table_(table), folder_(folder), group_(folder) {}
 
   protected:
     void open() override {

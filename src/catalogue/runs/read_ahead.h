@@ -10,6 +10,9 @@
 #include <optional>
 #include <thread>
 
+/// How long a group waits for a thing that is not ready, before it is ended.
+inline constexpr std::chrono::milliseconds usualPatience(20);
+
 /// Prepares the things of a run, in their order, in a thread of its own: while one is stored, the next ones are read
 /// and looked at on the other processor. It is ahead by so many things and bytes at most; with no things at all, each
 /// is prepared when it is taken. One thread takes them, that of the run. The destructor waits for the thing in hand.
@@ -53,7 +56,7 @@ class ReadAhead {
     }
 
     /// Whether a thing is ready, or becomes so within the time.
-    bool isAtHand(qsizetype place, std::chrono::milliseconds patience = {}) const {
+    bool isAtHand(qsizetype place, std::chrono::milliseconds patience = usualPatience) const {
         if (limits_.things == 0) return true;
         std::unique_lock lock(mutex_);
         return changed_.wait_for(lock, patience, [&] { return place < next_ + qsizetype(ready_.size()); });

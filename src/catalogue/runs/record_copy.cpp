@@ -3,6 +3,7 @@
 #include "catalogue/album_rules.h"
 #include "catalogue/album_tables.h"
 #include "catalogue/next_number.h"
+#include "catalogue/picture_hashes.h"
 #include "catalogue/runs/read_ahead.h"
 #include "catalogue/runs/run_in_turn.h"
 #include "catalogue/runs/source_record.h"
@@ -28,7 +29,7 @@ QStringList keysOf(const QList<SourceRecord>& records) {
 class RecordCopy : public RunIntoDatabase {
   public:
     RecordCopy(const Database& album, const QString& table, const CopyOrder& order)
-        : RunIntoDatabase(keysOf(order.records)), album_(album), table_(table), order_(order) {}
+        : RunIntoDatabase(keysOf(order.records)), album_(album), hashes_(album), table_(table), order_(order) {}
 
   protected:
     const Database& target() const override { return album_; }
@@ -38,6 +39,7 @@ class RecordCopy : public RunIntoDatabase {
             rows_ = album_.OpenRecordset(noRecordsSql(table_));
             numbers_.emplace(album_, table_);
         }
+        if (!order_.replace && order_.skipKnown && !known_) known_.emplace(album_, table_);
         if (!ahead_) openSource();
     }
 
@@ -48,6 +50,7 @@ class RecordCopy : public RunIntoDatabase {
         const SourceValues source = ahead_->take(place);
         if (source.kind == PictureBytes::truncated) return {Fate::truncated};
         if (source.kind == PictureBytes::notAPicture) return {Fate::notAPicture};
+        if (isKnown(source)) return {Fate::alreadyThere};
         try {
             return {write(source), source.picture.size()};
         } catch (...) {
@@ -59,7 +62,7 @@ class RecordCopy : public RunIntoDatabase {
   private:
     void openSource() {
         source_ = OpenDatabase(order_.sourcePath);
-        reader_.emplace(source_, order_);
+        reader_.emplace(source_, order_, hashes_.areKept() || known_);
         if (order_.replace) findAlbumRows();
         const auto inThread = [this] {
             return [this, source = OpenDatabase(order_.sourcePath)](qsizetype place) {
@@ -91,6 +94,10 @@ class RecordCopy : public RunIntoDatabase {
         return !rows_.Eof();
     }
 
+    bool isKnown(const SourceValues& source) {
+        return known_ && source.print.length > 0 && known_->hasLength(source.print.length) && known_->has(source.print);
+    }
+
     Fate write(const SourceValues& source) {
         if (order_.replace)
             rows_.Edit();
@@ -109,7 +116,14 @@ class RecordCopy : public RunIntoDatabase {
         if (!order_.replace) rows_.Fields(u"序号"_s).SetValue(numbers_->value());
         rows_.Update();
         if (!order_.replace) numbers_->take();
+        if (!source.picture.isEmpty()) notePrint(source);
         return hadPicture && order_.fillFields ? Fate::withoutPicture : Fate::taken;
+    }
+
+    /// Without it the picture is as good.
+    void notePrint(const SourceValues& source) {
+        const int row = order_.replace ? rows_.row() : rows_.rowCount() - 1;
+        attempt([&] { hashes_.note(rows_.storedAt(row, pictureColumn), source.print); });
     }
 
     /// A column without a value is filled from what is known of the picture.
@@ -128,6 +142,7 @@ class RecordCopy : public RunIntoDatabase {
     }
 
     const Database& album_;
+    PictureHashes hashes_;
     const QString& table_;
     const CopyOrder& order_;
     Recordset rows_;  ///< Of the album.
@@ -135,6 +150,7 @@ class RecordCopy : public RunIntoDatabase {
     std::optional<SourceReader> reader_;
     std::optional<RowsByNumber> albumRows_;  ///< That are replaced, where they can be found by whole numbers.
     std::optional<NextNumber> numbers_;      ///< For records that are appended.
+    std::optional<KnownPictures> known_;     ///< What the album had before, where that counts.
     std::optional<ReadAhead<SourceValues>> ahead_;
 };
 

@@ -15,13 +15,13 @@ struct RunInTurn::Group {
 
 namespace {
 constexpr qint64 fewestBytes = 4 << 20;
-constexpr qint64 mostBytes = 64 << 20;
 constexpr std::size_t mostThings = 128;
 constexpr qint64 mostMs = 400;  ///< Before the group is written to the disk; with that it may take
 constexpr qint64 wholeMs = 500;
 }  // namespace
 
-RunInTurn::RunInTurn(QStringList names) : names_(std::move(names)), end_(names_.size()), groupBytes_(fewestBytes) {}
+RunInTurn::RunInTurn(QStringList names, qint64 mostBytes)
+    : names_(std::move(names)), end_(names_.size()), mostBytes_(mostBytes), groupBytes_(fewestBytes) {}
 
 RunReport RunInTurn::run(RunWatch& watch) {
     progress_.all = names_.size();
@@ -83,7 +83,7 @@ bool RunInTurn::isFull(const Group& group) const {
 void RunInTurn::close(const Group& group) {
     const qint64 bytes = progress_.bytes - group.start.bytes;
     if (bytes == 0) return;
-    groupBytes_ = std::clamp(bytes * wholeMs / std::max(group.time.elapsed(), qint64(1)), fewestBytes, mostBytes);
+    groupBytes_ = std::clamp(bytes * wholeMs / std::max(group.time.elapsed(), qint64(1)), fewestBytes, mostBytes_);
 }
 
 /// Goes back to the beginning of a group that was lost. A thing that was alone in it has failed.

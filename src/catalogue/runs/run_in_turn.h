@@ -12,8 +12,9 @@
 /// the watch was told of is stored, or has failed, also when the watch ends the run.
 class RunInTurn {
   public:
-    /// `names` are those of the things, for the report.
-    explicit RunInTurn(QStringList names);
+    /// `names` are those of the things, for the report. A group ends after `mostBytes`: a run that keeps its things in
+    /// memory until they are stored has less room.
+    explicit RunInTurn(QStringList names, qint64 mostBytes = 64 << 20);
     virtual ~RunInTurn() = default;
     RunInTurn(const RunInTurn&) = delete;
     RunInTurn& operator=(const RunInTurn&) = delete;
@@ -63,7 +64,8 @@ class RunInTurn {
     qsizetype end_ = 0;  ///< Where the run ends.
     bool passesOver_ = false;
     qsizetype singlyUpTo_ = 0;  ///< Things before this place are stored each by itself.
-    qint64 groupBytes_;         ///< After so many bytes a group ends.
+    qint64 mostBytes_;
+    qint64 groupBytes_;  ///< After so many bytes a group ends, no more than those.
 };
 
 /// A run that stores things in a database. A group is one change of it.

@@ -1,8 +1,8 @@
 #include "catalogue/runs/source_record.h"
 
 #include "catalogue/album_rules.h"
-#include "catalogue/picture_field.h"
 #include "platform/base/error.h"
+#include "platform/picture/picture_size.h"
 
 #include <QBuffer>
 
@@ -20,7 +20,7 @@ QString specOf(QByteArray& bytes) {
     attempt([&] {
         QBuffer device(&bytes);
         device.open(QIODevice::ReadOnly);
-        spec = specOfPicture(LoadPicture(device, {}, sizeOnly), u"*"_s);
+        spec = specOfSize(pictureSize(device, {}), u"*"_s);
     });
     return spec;
 }
@@ -31,7 +31,8 @@ bool holdsWholeNumbers(const FieldShape& column) {
     return column.type == FieldType::longInteger || column.type == FieldType::byte;
 }
 
-SourceReader::SourceReader(const Database& source, const CopyOrder& order) : order_(order) {
+SourceReader::SourceReader(const Database& source, const CopyOrder& order, bool printed)
+    : order_(order), printed_(printed) {
     const auto index = fieldNamed(shapeOf(source, order.sourceTable), order.indexField);
     if (!index) throw Error(u"源表“%1”中没有字段“%2”。"_s.arg(order.sourceTable, order.indexField));
     index_ = *index;
@@ -78,6 +79,7 @@ SourceValues SourceReader::read(const Database& source, qsizetype place) const {
         if (isLong && pair.target == u"图片") read.picture = value.toBytes();
     }
     read.kind = kindOf(order_, read.picture);
+    if (printed_ && !read.picture.isEmpty()) read.print = fingerprintOf(read.picture);
     if (wantsSpec(read)) read.spec = specOf(read.picture);
     return read;
 }

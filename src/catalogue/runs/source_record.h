@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/fingerprint.h"
 #include "catalogue/runs/record_copy.h"
 #include "platform/database/records/rows_by_number.h"
 #include "platform/picture/picture_bytes.h"
@@ -13,15 +14,17 @@ struct SourceValues {
     std::vector<FieldValue> values = {};  ///< By pair of the mapping; Null where the source has none.
     QByteArray picture = {};              ///< The one of them that goes to 图片; empty when there is none.
     PictureBytes kind = PictureBytes::whole;
-    QString spec = {};  ///< 规格 for a picture that comes without it; empty when the picture cannot be read.
-    qint64 bytes = 0;   ///< Of all long values.
+    Fingerprint print = {};  ///< Of the picture, where the album keeps fingerprints.
+    QString spec = {};       ///< 规格 for a picture that comes without it; empty when the picture cannot be read.
+    qint64 bytes = 0;        ///< Of all long values.
 };
 
 /// Finds and reads the records of an order. Made once; any thread may read by it, with a connection of its own.
 class SourceReader {
   public:
-    /// Looks through the source once. Throws `Error` when it has no such table or index field.
-    SourceReader(const Database& source, const CopyOrder& order);
+    /// Looks through the source once. Throws `Error` when it has no such table or index field. With `printed` it makes
+    /// fingerprints.
+    SourceReader(const Database& source, const CopyOrder& order, bool printed);
 
     /// Throws `Error` when there is no such record, or none can be found by this kind of key.
     SourceValues read(const Database& source, qsizetype place) const;
@@ -38,6 +41,7 @@ class SourceReader {
     bool wantsSpec(const SourceValues& record) const;
 
     const CopyOrder& order_;
+    bool printed_;
     FieldShape index_;
     RowsByNumber rows_;
 };

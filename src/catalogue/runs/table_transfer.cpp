@@ -20,6 +20,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 const QString pictureColumn = u"图片"_s;
+constexpr qint64 bytesKept = 24 << 20;  ///< Of a group, until it was read back.
 const QString differs = u"读回的图片与原图不同"_s;
 
 /// A record on its way.
@@ -107,7 +108,12 @@ class TableTransfer : public RunIntoDatabase {
   public:
     TableTransfer(const Database& album, const QString& table, const QStringList& numbers, const TransferTarget& target,
                   bool move)
-        : RunIntoDatabase(numbers), album_(album), table_(table), target_(target), move_(move), readingBack_(target) {}
+        : RunIntoDatabase(numbers, bytesKept),
+          album_(album),
+          table_(table),
+          target_(target),
+          move_(move),
+          readingBack_(target) {}
 
   protected:
     const Database& target() const override { return target_.database; }

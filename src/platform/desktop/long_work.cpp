@@ -58,7 +58,21 @@ bool isEscape(const QEvent* event) {
     return event->type() == QEvent::KeyPress && static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Escape;
 }
 
+std::atomic<int>& worksUnderWay() {
+    static std::atomic<int> count = 0;
+    return count;
+}
+
+/// Takes a work from the count when it is over.
+struct CountDown {
+    ~CountDown() { --worksUnderWay(); }
+};
+
 }  // namespace
+
+bool LongWork::isAnyAtWork() {
+    return worksUnderWay() > 0;
+}
 
 LongWork::LongWork(QWidget* window, QPushButton* stopButton)
     : window_(window), free_{stopButton}, steps_(std::make_shared<Steps>()) {
@@ -77,9 +91,11 @@ LongWork::~LongWork() {
 
 void LongWork::start(std::function<void()> work, std::function<void()> after) {
     stopping_ = false;
+    ++worksUnderWay();
     qApp->installEventFilter(this);
     Q_EMIT begun();
     thread_ = std::thread([this, work = std::move(work), after = std::move(after)] {
+        const CountDown whenOver;
         std::exception_ptr failure;
         try {
             work();

@@ -32,6 +32,8 @@ class LongWork : public QObject {
     /// Nothing else may be at work.
     void start(std::function<void()> work, std::function<void()> after);
     bool isAtWork() const { return thread_.joinable(); }
+    /// Whether any window of the program is at work. In any thread.
+    static bool isAnyAtWork();
 
     /// The person, or the end of the window, wants the work to end. It sees that by `isToStop`, in any thread.
     void stop();

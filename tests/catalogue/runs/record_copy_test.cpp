@@ -109,6 +109,18 @@ class TestRecordCopy : public QObject {
         QCOMPARE(stored(u"tc02"_s, 2), stored(u"tc01"_s, 4));
     }
 
+    void whatTheAlbumHasStaysOut() {
+        Source source;
+        for (const int i : {1, 2}) source.add({{u"序号"_s, i}, {u"图片"_s, pictureBytes({40 * i, 30}, Qt::red)}});
+        CopyOrder order = source.order({u"1"_s});
+        order.skipKnown = true;
+        QCOMPARE(source.copy(u"tc02"_s, order).count, 1);
+        order.records = recordsOfKeys({u"1"_s, u"2"_s});
+        const RunReport report = source.copy(u"tc02"_s, order);
+        QCOMPARE(report.namesOf({Fate::alreadyThere}), QStringList{u"1"_s});
+        QCOMPARE(report.namesOf({Fate::taken}), QStringList{u"2"_s});
+    }
+
     void aRecordThatIsGoneIsAskedAbout() {
         Source source;
         for (const int i : {1, 3}) source.add({{u"序号"_s, i}});

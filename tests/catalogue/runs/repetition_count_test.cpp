@@ -43,7 +43,7 @@ class TestRepetitionCount : public QObject {
         const QString bmp = write(u"turned.bmp"_s, pictureBytes({60, 40}, Qt::blue, "BMP"));
         {
             PictureInHand file(bmp);
-            addRow(u"tc01"_s, {{u"序号"_s, 13}, {u"图片"_s, jpegOfBmp(file, BmpFiles::keep)}});
+            addRow(u"tc01"_s, {{u"序号"_s, 13}, {u"图片"_s, jpegOfBmp(file)}});
         }
         const QString same = write(u"same.jpg"_s, large);
         QVERIFY(QDir().mkdir(sample_->file(u"folder.jpg"_s)));

@@ -1,5 +1,6 @@
 #include "../../support/run_all.h"
 #include "platform/database/records/field_device.h"
+#include "platform/database/records/values_ahead.h"
 #include "test_album.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -42,6 +43,24 @@ class LongBinaryTest : public QObject {
 
   private Q_SLOTS:
     void init() { album_ = std::make_unique<TestAlbum>(); }
+
+    /// Also values and files that are not there. Writers pass.
+    void canBeAskedForAhead() {
+        const QByteArray bytes = someBytes(3000001);
+        album_->add(1, u"1"_s, u"2003-10-01"_s, bytes);
+        album_->add(2, u"1"_s, u"2003-10-01"_s, "small");
+        Recordset set = album_->open(u"tc01"_s);
+        const qint64 large = set.storedAt(0, picture).id(), small = set.storedAt(1, picture).id();
+        ValuesAhead ahead;
+        for (int i = 0; i < 20; ++i) {
+            ahead.ask(album_->path(), {large, 77, small});
+            if (i % 5 == 0) ahead.ask(album_->folder.filePath(u"none.mdb"_s), {large});
+            set.Edit();
+            set.Fields(u"备注"_s).SetValue(QString::number(i));
+            set.Update();
+            QCOMPARE(set.Fields(picture).Value().toBytes(), bytes);
+        }
+    }
 
     void comesBackByteForByte() {
         for (const int length : {1, 16383, 16384, 16385, 32768, 40000, 1 << 20, (1 << 20) + 1, 3000001}) {

@@ -3,6 +3,7 @@
 #include "platform/base/system_reason.h"
 #include "platform/database/dialect/sql_functions.h"
 #include "platform/database/file/database_file.h"
+#include "platform/database/file/disk_ahead.h"
 #include "platform/database/file/engine_errors.h"
 #include "platform/database/file/file_check.h"
 #include "platform/database/file/free_space.h"
@@ -85,6 +86,7 @@ int waitForOthers(void*, int tried) {
 }
 
 SQLite::Database openDatabase(const QString& path, int flags, const char* fileSystem = "") {
+    DiskAhead::takePartInReads();
     try {
         SQLite::Database database(path.toStdString(), flags, 0, fileSystem);
         sqlite3_busy_handler(database.getHandle(), waitForOthers, nullptr);

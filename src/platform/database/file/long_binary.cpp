@@ -2,6 +2,7 @@
 
 #include "platform/base/error.h"
 #include "platform/database/file/connection.h"
+#include "platform/database/file/disk_ahead.h"
 #include "platform/database/file/storage_format.h"
 
 #include <sqlite3.h>
@@ -13,6 +14,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr qint64 pieceSize = 1 << 18;
+
+/// A place in the first of the pages that hold nothing but a large value; its beginning shares a page with others.
+constexpr qint64 firstPageBehind = 16384;
 
 }  // namespace
 
@@ -49,6 +53,15 @@ QByteArray LongBinaries::read(qint64 key, qint64 offset, qint64 count) {
     }
     if (offset + count >= whole) open_.reset();
     return bytes;
+}
+
+void LongBinaries::askFor(qint64 key, qint64 most) {
+    const Blob blob = openBlob(key, false);
+    const qint64 whole = sqlite3_blob_bytes(blob.get());
+    if (whole <= 2 * firstPageBehind) return;
+    const DiskAhead ahead(std::min(whole, most));
+    char byte = 0;
+    check(sqlite3_blob_read(blob.get(), &byte, 1, int(firstPageBehind)));
 }
 
 qint64 LongBinaries::store(const PendingBytes& value) {

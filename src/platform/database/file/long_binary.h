@@ -38,6 +38,9 @@ class LongBinaries {
     qint64 size(qint64 key);
     /// Fewer bytes at the end of the value, none behind it.
     QByteArray read(qint64 key, qint64 offset, qint64 count);
+    /// Lets the disk bring a large value, or so many bytes of it, without waiting for them. The first call for a value
+    /// in the life of the connection does so.
+    void askFor(qint64 key, qint64 most);
     /// Returns the key of the new value. Called within a change.
     qint64 store(const PendingBytes& value);
 

@@ -6,12 +6,12 @@
 
 /// How large a picture is in its room, and where: whole at first, then zoomed and moved. The part of the room that the
 /// picture can fill is never empty. All lengths are logical pixels.
-class Zoom {
+class ZoomedPlace {
   public:
-    Zoom() = default;
+    ZoomedPlace() = default;
     /// `whole` is the size at which all of the picture is seen, `pixels` its size at one to one. In a direction in
     /// which the room is larger, the picture is at the upper left, or with `isCentred` in the middle.
-    Zoom(QSize room, QSize whole, QSize pixels, bool isCentred);
+    ZoomedPlace(QSize room, QSize whole, QSize pixels, bool isCentred);
 
     bool isWhole() const { return isWhole_; }
     QRect place() const;

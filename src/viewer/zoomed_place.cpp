@@ -1,4 +1,4 @@
-#include "viewer/zoom.h"
+#include "viewer/zoomed_place.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,38 +16,38 @@ double placedIn(double room, double length, double start, bool isCentred) {
 }
 }  // namespace
 
-Zoom::Zoom(QSize room, QSize whole, QSize pixels, bool isCentred)
+ZoomedPlace::ZoomedPlace(QSize room, QSize whole, QSize pixels, bool isCentred)
     : room_(room.expandedTo(whole)), whole_(whole), pixels_(pixels.expandedTo({1, 1})), isCentred_(isCentred) {
     wholeScale_ = std::max(whole_.width() / pixels_.width(), whole_.height() / pixels_.height());
     showWhole();
 }
 
-QRect Zoom::place() const {
+QRect ZoomedPlace::place() const {
     return {corner_.toPoint(), size().toSize()};
 }
 
-bool Zoom::canMove() const {
+bool ZoomedPlace::canMove() const {
     return size().width() > room_.width() || size().height() > room_.height();
 }
 
-void Zoom::showWhole() {
+void ZoomedPlace::showWhole() {
     isWhole_ = true;
     scale_ = wholeScale_;
     keepInRoom();
 }
 
-void Zoom::showOneToOne() {
+void ZoomedPlace::showOneToOne() {
     zoomTo(1, middleOfRoom());
 }
 
-void Zoom::zoomBy(double factor, QPointF fixedPoint) {
+void ZoomedPlace::zoomBy(double factor, QPointF fixedPoint) {
     const double side = std::max(pixels_.width(), pixels_.height());
     const double most = std::min(mostTimes * std::max(1.0, wholeScale_), longestSide / side);
     const double least = std::min(1.0, wholeScale_);
     zoomTo(std::clamp(scale_ * factor, least, std::max({most, scale_, least})), fixedPoint);
 }
 
-void Zoom::zoomTo(double scale, QPointF fixedPoint) {
+void ZoomedPlace::zoomTo(double scale, QPointF fixedPoint) {
     const QSizeF before = size();
     const QPointF inside = fixedPoint - corner_;
     isWhole_ = std::abs(scale / wholeScale_ - 1) < sameScale;
@@ -58,12 +58,12 @@ void Zoom::zoomTo(double scale, QPointF fixedPoint) {
     keepInRoom();
 }
 
-void Zoom::moveBy(QPointF way) {
+void ZoomedPlace::moveBy(QPointF way) {
     corner_ += way;
     keepInRoom();
 }
 
-void Zoom::keepInRoom() {
+void ZoomedPlace::keepInRoom() {
     corner_ = {placedIn(room_.width(), size().width(), corner_.x(), isCentred_),
                placedIn(room_.height(), size().height(), corner_.y(), isCentred_)};
 }

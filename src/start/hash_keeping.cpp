@@ -1,0 +1,75 @@
+#include "start/hash_keeping.h"
+
+#include "catalogue/mektp.h"
+#include "catalogue/picture_hashes.h"
+#include "platform/base/error.h"
+#include "platform/desktop/long_work.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+namespace {
+
+bool isInput(const QEvent& event) {
+    switch (event.type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::InputMethod:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::TabletPress:
+        case QEvent::TabletMove:
+        case QEvent::TabletRelease:
+            return true;
+        default:
+            return false;
+    }
+}
+
+void store(const std::vector<BackgroundHashing::Made>& batch) {
+    Transaction together(mekTp::catalogue);
+    PictureHashes prints(mekTp::catalogue);
+    for (const auto& [picture, print] : batch) prints.note(picture, print);
+    together.commit();
+}
+
+}  // namespace
+
+HashKeeping::HashKeeping(const QString& catalogue, const Pace& pace)
+    : pace_(pace),
+      hashing_(
+          catalogue, [this] { return isQuiet(); },
+          [this] { QMetaObject::invokeMethod(this, &HashKeeping::storeWhenQuiet, Qt::QueuedConnection); },
+          pace.hashing) {
+    wait_.setSingleShot(true);
+    wait_.setInterval(pace.quiet);
+    wait_.callOnTimeout(this, &HashKeeping::storeWhenQuiet);
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool HashKeeping::eventFilter(QObject* watched, QEvent* event) {
+    if (isInput(*event)) lastInput_ = Clock::now();
+    return QObject::eventFilter(watched, event);
+}
+
+bool HashKeeping::isQuiet() const {
+    return !LongWork::isAnyAtWork() && Clock::now() >= lastInput_.load() + pace_.quiet;
+}
+
+/// What cannot be stored is made once more when the program runs the next time.
+void HashKeeping::storeWhenQuiet() {
+    if (!isQuiet()) {
+        wait_.start();
+        return;
+    }
+    const std::vector<BackgroundHashing::Made> batch = hashing_.take();
+    if (batch.empty()) return;
+    attempt([&] { store(batch); });
+    wait_.start();
+}

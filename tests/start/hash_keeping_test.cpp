@@ -1,0 +1,120 @@
+#include "start/hash_keeping.h"
+
+#include "../support/run_all.h"
+#include "../support/sample_catalogue.h"
+#include "catalogue/mektp.h"
+#include "catalogue/picture_hashes.h"
+#include "platform/desktop/long_work.h"
+
+#include <QPushButton>
+#include <QtTest/QtTest>
+#include <semaphore>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int pictures = 13;  // in all albums of the sample
+
+int hashes() {
+    int count = 0;
+    const ValueHashes kept(mekTp::catalogue);
+    for (const QString& album : {u"tc00"_s, u"tc01"_s, u"tc02"_s})
+        kept.each(album, u"图片"_s, [&](qint64, const QByteArray&) { ++count; });
+    return count;
+}
+
+HashKeeping::Pace pace(std::chrono::milliseconds quiet) {
+    return {quiet, {.start = 0ms, .look = 5ms, .rest = 20ms, .batch = 0ms}};
+}
+
+class TestHashKeeping : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<SampleCatalogue> sample_;
+
+  private Q_SLOTS:
+    void init() {
+        sample_.reset();
+        sample_ = std::make_unique<SampleCatalogue>();
+        mekTp::openCatalogue();
+    }
+
+    void oldAndNewPicturesGetTheirs() {
+        const HashKeeping keeping(mekTp::cataloguePath(), pace(20ms));
+        QTRY_COMPARE(hashes(), pictures);
+        KnownPictures known(mekTp::catalogue, u"tc01"_s);
+        QVERIFY(known.has(fingerprintOf(fieldOf(u"tc01"_s, u"图片"_s).toBytes())));
+        addRow(u"tc02"_s, {{u"图片"_s, QByteArray("new")}});
+        QTRY_COMPARE(hashes(), pictures + 1);
+    }
+
+    void nothingIsStoredWhileSomebodyWorks() {
+        QWidget window;
+        window.show();
+        const HashKeeping keeping(mekTp::cataloguePath(), pace(400ms));
+        const std::function<void()> hands[] = {[&] { QTest::keyClick(&window, Qt::Key_A); },
+                                               [&] { QTest::mouseClick(&window, Qt::LeftButton); },
+                                               [&] { QTest::mouseMove(&window, QPoint(3, 3)); }};
+        QElapsedTimer sinceInput;
+        sinceInput.start();
+        for (int i = 0; i < 30; ++i) {
+            QTest::qWait(50);
+            // On a slow machine the pause may have been long enough.
+            if (sinceInput.elapsed() < 300) QCOMPARE(hashes(), 0);
+            hands[i % 3]();
+            sinceInput.restart();
+        }
+        QTRY_COMPARE(hashes(), pictures);
+        QVERIFY(sinceInput.elapsed() >= 400);
+    }
+
+    void nothingIsStoredDuringARun() {
+        QWidget window;
+        QPushButton stop(&window);
+        LongWork work(&window, &stop);
+        std::binary_semaphore go(0);
+        bool isOver = false;
+        work.start([&] { go.acquire(); }, [&] { isOver = true; });
+        const HashKeeping keeping(mekTp::cataloguePath(), pace(10ms));
+        QTest::qWait(200);
+        QVERIFY(LongWork::isAnyAtWork());
+        QCOMPARE(hashes(), 0);
+        go.release();
+        QTRY_VERIFY(isOver);
+        QTRY_COMPARE(hashes(), pictures);
+    }
+
+    /// Waiting for its beginning, reading a large picture, or with more in hand than was stored.
+    void endsAtOnce() {
+        addRow(u"tc01"_s, {{u"图片"_s, QByteArray(256 << 20, 'x')}});
+        for (const auto start : {0ms, 60000ms}) {
+            QElapsedTimer timer;
+            timer.start();
+            {
+                const HashKeeping keeping(mekTp::cataloguePath(), {0ms, {.start = start, .rest = 60000ms}});
+                QTest::qWait(50);
+            }
+            QVERIFY(timer.elapsed() < 2000);
+        }
+    }
+
+    void writersPassIt() {
+        addRow(u"tc01"_s, {{u"图片"_s, QByteArray(64 << 20, 'x')}});
+        const HashKeeping keeping(mekTp::cataloguePath(), pace(0ms));
+        for (int i = 0; i < 20; ++i) {
+            QElapsedTimer timer;
+            timer.start();
+            changeRow(u"tcsz"_s, {{u"像册标题"_s, QString::number(i)}});
+            QVERIFY(timer.elapsed() < 1000);
+            QTest::qWait(5);
+        }
+    }
+};
+
+const Registered<TestHashKeeping> registered;
+
+}  // namespace
+
+#include "hash_keeping_test.moc"
