@@ -199,14 +199,16 @@ void TransferPage::toTable(bool move) {
 /// The run is under way when this returns.
 void TransferPage::begin(const TransferJob& job, void (TransferPage::*end)(int count)) {
     const auto send = [job, catalogue = mekTp::cataloguePath()](RunWatch& watch) { return job.run(catalogue, watch); };
-    frame_.runBar.start(
-        {{6345, 5640, 1950, 255}, transferTab, prg3_}, job.words(), send, [this, job, end](const RunReport& report) {
-            // The target takes nothing: all is as it was.
-            if (report.items.empty() && !report.failure.isEmpty()) throw Error(report.failure);
-            (this->*end)(report.count);
-            const auto again = [this, job, end](const QList<qsizetype>& places) { begin(job.some(places), end); };
-            frame_.runBar.tellReport(report, job.words(), again);
-        });
+    frame_.runBar.start({{6345, 5640, 1950, 255}, transferTab, prg3_}, job.words(), send,
+                        [this, job, end](const RunReport& report) {
+                            // The target takes nothing: all is as it was.
+                            if (report.items.empty() && !report.failure.isEmpty()) throw Error(report.failure);
+                            (this->*end)(report.count);
+                            const RunBar::Retry again = [this, job, end](const QList<qsizetype>& places) {
+                                begin(job.some(places), end);
+                            };
+                            frame_.runBar.tellReport(report, job.words(), job.isDivisible() ? again : RunBar::Retry());
+                        });
 }
 
 /// The tail of a copy or move: the list is empty again. A mapping can have been used without its panel being closed.

@@ -4,6 +4,8 @@
 #include "catalogue/runs/table_transfer.h"
 #include "intake/transfer/transfer_rules.h"
 
+#include <QSet>
+
 using namespace Qt::Literals::StringLiterals;
 
 RunReport TransferJob::run(const QString& catalogue, RunWatch& watch) const {
@@ -13,6 +15,12 @@ RunReport TransferJob::run(const QString& catalogue, RunWatch& watch) const {
     const auto& table = std::get<Table>(target);
     return transferToTable(album, source, numbers, {openTarget(table.file), table.name, table.mapping}, table.moves,
                            watch);
+}
+
+bool TransferJob::isDivisible() const {
+    const auto* table = std::get_if<Table>(&target);
+    const bool moves = table != nullptr && table->moves;
+    return moves || QSet<QString>(numbers.begin(), numbers.end()).size() == numbers.size();
 }
 
 TransferJob TransferJob::some(const QList<qsizetype>& places) const {

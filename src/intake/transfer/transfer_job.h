@@ -24,6 +24,9 @@ struct TransferJob {
 
     /// Opens the catalogue and the target in this thread. Throws `Error` when the target can take nothing.
     RunReport run(const QString& catalogue, RunWatch& watch) const;
+    /// Whether a part of it can be run by itself. Of several records with one number, a part of a copy would take the
+    /// first one again.
+    bool isDivisible() const;
     /// The same for the numbers at some places alone.
     TransferJob some(const QList<qsizetype>& places) const;
     RunWords words() const;
