@@ -142,8 +142,13 @@ void AlbumChooser::followToolBar() {
     view_.showBar();
 }
 
-void AlbumChooser::cmdQxClick() {
+void AlbumChooser::hide() {
+    if (isOpen()) form_->setFocus();
     picCs_->hide();
+}
+
+void AlbumChooser::cmdQxClick() {
+    hide();
     document_.close();
 }
 
@@ -201,7 +206,7 @@ void AlbumChooser::cmdQdClick() {
         return;
     }
     loadedRow_ = record.row();
-    picCs_->hide();
+    hide();
     document_.open(albumRecord(albumTable_, record), *picture, view_.hint().text());
 }
 

@@ -22,7 +22,8 @@ class AlbumChooser : public Chapter {
     /// Fills the album list and lists the main window's album.
     void load();
     bool isOpen() const { return !picCs_->isHidden(); }
-    void hide() { picCs_->hide(); }
+    /// The picture has the keys again.
+    void hide();
     void showAgain() { picCs_->show(); }
     /// Leaves the chooser; the editor is empty then.
     void cmdQxClick();

@@ -52,3 +52,10 @@ void FloatingPanel::hideEvent(QHideEvent* event) {
     Surface::hideEvent(event);
     Q_EMIT toggled();
 }
+
+/// A hidden panel gives the keys back to the picture, not to the first button of the window.
+bool FloatingPanel::focusNextPrevChild(bool next) {
+    if (isVisible()) return Surface::focusNextPrevChild(next);
+    parentWidget()->setFocus();
+    return true;
+}

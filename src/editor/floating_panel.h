@@ -21,6 +21,7 @@ class FloatingPanel : public Surface {
     void mouseMoveEvent(QMouseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 
   private:
     const QWidget* viewport_;

@@ -209,6 +209,21 @@ class TestZoom : public QObject {
         QVERIFY(editor.shows(u"shpYu"_s));
     }
 
+    // After a dialog the space bar presses no button.
+    void aClosedDialogGivesTheKeysBack() {
+        Zoomed editor({400, 300});
+        QWidget* form = editor.window->centralWidget();
+        const auto hasKeys = [&] { return QApplication::focusWidget() == form; };
+        editor.scale(u"2"_s);
+        QVERIFY(hasKeys());
+        editor.crop({10, 10, 300, 200});
+        QVERIFY(hasKeys());
+        editor.press(u"sk"_s);
+        editor.find(u"cboBm"_s)->setFocus();
+        editor.click(u"cmdQx"_s);
+        QVERIFY(hasKeys());
+    }
+
     void theMenuAtTheRightButton() {
         const Zoomed editor({400, 300});
         QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, editor.picYu().mapToGlobal(QPoint(5, 5)));
