@@ -19,8 +19,7 @@ namespace {
 
 const QString numberColumn = u"序号"_s;
 const QString pictureColumn = u"图片"_s;
-constexpr qint64 bytesAhead = 24 << 20;            ///< What is read while a group is written to the disk.
-constexpr std::chrono::milliseconds patience(20);  ///< With a picture that is not read yet, before a group is ended.
+constexpr qint64 bytesAhead = 24 << 20;  ///< What is read while a group is written to the disk.
 
 QStringList chosenNames(const IntakeOrder& order) {
     QStringList names;
@@ -55,7 +54,7 @@ class FileIntake : public RunIntoDatabase {
         if (order_.skipKnown && !known_) findKnown();
     }
 
-    bool isAtHand(qsizetype place) const override { return ahead_->isAtHand(place, patience); }
+    bool isAtHand(qsizetype place) const override { return ahead_->isAtHand(place); }
 
     Taken take(qsizetype place) override {
         const bool hasPlace = !order_.replace || findRecordOf(names()[place]);
