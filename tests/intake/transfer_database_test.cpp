@@ -280,7 +280,7 @@ class TestTransferDatabase : public QObject {
         window.click(u"cmdYd"_s);
         QCOMPARE(window.said().last(), closing.arg(6));
         const QStringList report = window.report();
-        QCOMPARE(report[0], u"已移动 6 张，4 张失败"_s);
+        QCOMPARE(report[0], u"已移动 6 张，6 张已核对，4 张失败"_s);
         QCOMPARE(report.filter(u"|失败，没有移动|"_s).filter(QRegularExpression(u"^[135]\\|"_s)).size(), 3);
         QVERIFY(report.contains(u"6|失败，没有移动|记录已不在图册中"_s));
         QCOMPARE(numbersOf(u"tc01"_s), (QStringList{u"1"_s, u"3"_s, u"5"_s}));
