@@ -85,6 +85,7 @@ class TestRunBar : public QObject {
         }
         window.frame->grid.listAlbum(u"tc01"_s, u"序号"_s);
         const auto* grid = window.find<Grid>(u"msgBm"_s);
+        QCOMPARE(grid->cellText(0, 0), u"1"_s);
         QVERIFY(!window.find(u"cmdTz"_s)->isVisible());
         window.start();
         QVERIFY(window.find(u"prg2"_s)->isVisible() && window.find(u"cmdTz"_s)->isVisible());
