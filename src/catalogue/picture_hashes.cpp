@@ -22,6 +22,11 @@ bool KnownPictures::hasLength(qint64 length) {
     return lengths_.contains(length);
 }
 
+const QSet<qint64>& KnownPictures::lengths() {
+    measure();
+    return lengths_;
+}
+
 bool KnownPictures::has(const Fingerprint& print) {
     measure();
     read(print.length);

@@ -34,6 +34,7 @@ class KnownPictures {
         const Database& catalogue, const QString& album, GoesOn goesOn = [] { return true; });
 
     bool hasLength(qint64 length);
+    const QSet<qint64>& lengths();
     bool has(const Fingerprint& print);
 
   private:
