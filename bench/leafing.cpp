@@ -130,7 +130,11 @@ int main(int argc, char** argv) {
     const SampleCatalogue catalogue;
     mekTp::catalogue.Execute(u"DELETE FROM [tc01]"_s);
     fillAlbum(mekTp::catalogue, u"tc01"_s, pictures, [&](int number) { return coded(photograph(number)); });
-    mekTp::catalogue.Execute(u"UPDATE [tc01] SET 规格 = '4000 * 3000'"_s);
+    for (Recordset album = mekTp::catalogue.OpenRecordset(u"tc01"_s); !album.Eof(); album.MoveNext()) {
+        album.Edit();
+        album.Fields(u"规格"_s).SetValue(u"4000 * 3000"_s);
+        album.Update();
+    }
 
     View view;
     row(topic, {.what = "next picture after 0.3 s of rest, over the end of the page",

@@ -26,8 +26,8 @@ Stage::Stage(QWidget* ground, ZoomBox* picture, QLabel* words, bool isCentred)
 
 void Stage::begin(QSize whole, QSize pixels) {
     isOn_ = true;
-    pixels_ = pixels;
-    zoom_ = ZoomedPlace(ground_->size(), whole, pixels, isCentred_);
+    pixels_ = pixels.isEmpty() ? whole : pixels;
+    zoom_ = ZoomedPlace(ground_->size(), whole, pixels_, isCentred_);
     show({});
     place();
 }
@@ -137,6 +137,7 @@ bool Stage::turnWheel(const QWidget* control, const QWheelEvent& wheel) {
 bool Stage::pinch(const QGestureEvent& gestures) {
     const auto* pinch = static_cast<QPinchGesture*>(gestures.gesture(Qt::PinchGesture));
     if (pinch == nullptr) return false;
+    isHeld_ = false;  // the first finger moves the pointer, too
     isDrag_ = true;
     const QPointF centre = ground_->mapFromGlobal(pinch->centerPoint());
     zoom_.moveBy(centre - ground_->mapFromGlobal(pinch->lastCenterPoint()));

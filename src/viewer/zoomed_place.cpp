@@ -17,7 +17,7 @@ double placedIn(double room, double length, double start, bool isCentred) {
 }  // namespace
 
 ZoomedPlace::ZoomedPlace(QSize room, QSize whole, QSize pixels, bool isCentred)
-    : room_(room.expandedTo(whole)), whole_(whole), pixels_(pixels.expandedTo({1, 1})), isCentred_(isCentred) {
+    : room_(room.expandedTo(whole)), whole_(whole), pixels_(pixels), isCentred_(isCentred) {
     wholeScale_ = std::max(whole_.width() / pixels_.width(), whole_.height() / pixels_.height());
     showWhole();
 }
