@@ -131,13 +131,9 @@ void drag(const EditorWindow& editor, QEvent::Type type, QPoint at) {
 /// The slowest step from the whole picture to three times its size and back, and the slowest of a drag. Each step is
 /// the median of its rounds.
 void timeZoom(EditorWindow& editor, const QImage& picture, const std::string& name, double atMost, int rounds) {
-    const double before = memory("VmRSS:");
     editor.find<Document>({})->open(PictureFile{u"photograph"_s, 0, {}}, Picture(picture), {});
     editor.window->resize(1920, 1080);
     QApplication::processEvents();
-    row(topic, {.what = "memory of the whole picture on the screen, " + name,
-                .measured = memory("VmRSS:") - before,
-                .unit = "MB"});
 
     constexpr int steps = 16;
     std::vector<std::vector<double>> zoom(2 * steps), move(steps);
