@@ -96,7 +96,7 @@ class TestRunBar : public QObject {
         QTRY_COMPARE(window.line(), u"1 / 3 张"_s);
         QCOMPARE(window.find<QProgressBar>(u"prg2"_s)->value(), 33);
         window.click(u"cmdBz"_s);
-        QTest::mouseClick(window.find<QTabBar>(u"qt_tabwidget_tabbar"_s), Qt::LeftButton, {}, QPoint(100, 10));
+        QTest::mouseClick(window.frame->sstFz->tabBar(), Qt::LeftButton, {}, QPoint(100, 10));
         QTest::keyClick(window.form.get(), Qt::Key_Tab, Qt::ControlModifier);
         QVERIFY(window.windows.topics.isEmpty() && window.frame->sstFz->currentIndex() == 0);
         window.goOn(2);
