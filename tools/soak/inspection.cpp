@@ -5,6 +5,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <QBuffer>
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QImageReader>
@@ -49,6 +50,7 @@ class Catalogue {
         lookAtColumn(u"tcsz"_s, u"封面"_s);
         lookAtColumn(u"tcys"_s, u"主窗口"_s);
         countValues();
+        lookAtHashes();
         return found;
     }
 
@@ -108,6 +110,21 @@ class Catalogue {
     void countValues() {
         const int all = database_.execAndGet("SELECT count(*) FROM long_binary").getInt();
         if (all != keys_.size()) faults_ << u"%1 values for %2 that are referred to"_s.arg(all).arg(keys_.size());
+    }
+
+    /// Each is that of a value that is there, without the zeros at its end.
+    void lookAtHashes() {
+        if (tables("SELECT name FROM sqlite_schema WHERE name = 'lunq_hashes'").isEmpty()) return;
+        SQLite::Statement rows(database_,
+                               "SELECT h.id, h.length, h.sha256, b.bytes FROM lunq_hashes AS h "
+                               "LEFT JOIN long_binary AS b ON b.id = h.id");
+        while (rows.executeStep()) {
+            QByteArray bytes = bytesOf(rows.getColumn(3));
+            while (bytes.endsWith('\0')) bytes.chop(1);
+            const QByteArray hash = QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
+            if (rows.getColumn(1).getInt64() != bytes.size() || bytesOf(rows.getColumn(2)) != hash)
+                faults_ << u"the hash of value %1 is of other bytes"_s.arg(rows.getColumn(0).getInt64());
+        }
     }
 
     SQLite::Database database_;

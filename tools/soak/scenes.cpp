@@ -24,6 +24,7 @@ Scenes::~Scenes() {
 const std::map<QString, void (Scenes::*)()>& Scenes::all() {
     static const std::map<QString, void (Scenes::*)()> scenes{
         {u"append"_s, &Scenes::appendFiles},
+        {u"append-stopped"_s, &Scenes::stopIntake},
         {u"replace"_s, &Scenes::replaceFiles},
         {u"from-catalogue"_s, &Scenes::takeInCatalogue},
         {u"renumber"_s, &Scenes::renumber},

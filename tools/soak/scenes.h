@@ -36,6 +36,7 @@ class Scenes {
     void editor() const;
 
     void appendFiles();
+    void stopIntake();
     void replaceFiles();
     void takeInCatalogue();
     void renumber();

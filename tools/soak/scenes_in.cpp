@@ -55,6 +55,30 @@ void Scenes::appendFiles() {
     report_({u"met"_s, workAlbum, fingerprintOf(asStored(fileIn(folder, u"2.bmp"_s)))});
 }
 
+/// Esc ends the run somewhere. What the closing message counts is in, and nothing else.
+void Scenes::stopIntake() {
+    constexpr int count = 6;
+    const QString folder = newFolder();
+    QStringList pictures;
+    for (int i = 1; i <= count; ++i) {
+        const QString name = u"%1.jpg"_s.arg(i);
+        samples_.writeLarge(QDir(folder).filePath(name));
+        pictures << fingerprintOf(asStored(fileIn(folder, name)));
+    }
+    settings(intakePage);
+    chooseFiles(otherAlbum, appending, folder);
+    auto& progress = settings_.get<QProgressBar>(u"prg2"_s);
+    const auto stop = QObject::connect(&progress, &QProgressBar::valueChanged, &progress, [&](int percent) {
+        if (percent > 0) QTest::keyClick(&settings_.window(), Qt::Key_Escape);
+    });
+    for (const QString& picture : pictures) report_({u"add"_s, otherAlbum, picture});
+    run(u"cmdLr"_s, entered);
+    QObject::disconnect(stop);
+    const int stored = QString(said_.back()).remove(QRegularExpression(u"[^0-9]"_s)).toInt();
+    for (int i = 0; i < count; ++i) report_({i < stored ? u"added"_s : u"dropped"_s, otherAlbum, pictures[i]});
+    if (const Hand list(u"frmBg"_s); list.isThere()) list.click(u"cmdBg"_s);
+}
+
 void Scenes::replaceFiles() {
     constexpr int count = 4;
     const QString folder = newFolder();
