@@ -21,15 +21,15 @@ class TestIntakeQuestion : public QObject {
     using Hand = std::function<void(QMessageBox& box, QCheckBox* chkTg)>;
 
     /// Asks, and lets a hand work in the box.
-    std::optional<bool> asked(const Hand& hand, bool withFiles = true) {
+    std::optional<bool> asked(const Hand& hand) { return asked(hand, SkipOffer{u"tc01"_s, paths_}); }
+    std::optional<bool> asked(const Hand& hand, const std::optional<SkipOffer>& offer) {
         QTimer::singleShot(0, this, [&] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             QVERIFY(box != nullptr && QTest::qWaitForWindowActive(box));
             hand(*box, box->findChild<QCheckBox*>(u"chkTg"_s));
             if (box->isVisible()) box->reject();
         });
-        return askIntake(nullptr, u"将所选的图片追加本图册(tc01 旅行)吗？"_s, u"tc01"_s,
-                         withFiles ? paths_ : QStringList());
+        return askIntake(nullptr, u"将所选的图片追加本图册(tc01 旅行)吗？"_s, offer);
     }
     static void press(const QMessageBox& box, const QString& caption) {
         for (auto* button : box.buttons())
@@ -82,7 +82,18 @@ class TestIntakeQuestion : public QObject {
                 }) == false);
     }
 
-    void nothingIsOfferedWithoutFiles() {
+    void recordsAreOfferedUncounted() {
+        remembered::setFlag(u"intake.skipKnown"_s, true);
+        QVERIFY(asked(
+                    [](QMessageBox& box, QCheckBox* chkTg) {
+                        QVERIFY(chkTg != nullptr && chkTg->isChecked());
+                        QCOMPARE(chkTg->text(), u"跳过已有的图片"_s);
+                        press(box, u"确定"_s);
+                    },
+                    SkipOffer{u"tc01"_s, {}}) == true);
+    }
+
+    void nothingIsOfferedWhereRecordsAreReplaced() {
         remembered::setFlag(u"intake.skipKnown"_s, true);
         for (const QString& caption : {u"确定"_s, u"取消"_s}) {
             const auto answer = asked(
@@ -90,7 +101,7 @@ class TestIntakeQuestion : public QObject {
                     QVERIFY(chkTg == nullptr);
                     press(box, caption);
                 },
-                false);
+                std::nullopt);
             QVERIFY(answer == (caption == u"确定" ? std::optional(false) : std::nullopt));
         }
     }

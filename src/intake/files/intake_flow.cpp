@@ -173,11 +173,13 @@ void IntakePage::cmdLrClick() {
     const QString description =
         fromFiles() ? intakeDescription(browser_.nameInFocus(), replaces, browser_.selectedCount()) : QString();
     const QStringList files = fromFiles() ? selectedPaths() : QStringList();
-    const std::optional<bool> skipsKnown = askIntake(frame_.form, intakeQuestion(album, replaces, description),
-                                                     flow_.targetTable(), replaces ? QStringList() : files);
+    const auto offer = replaces ? std::nullopt : std::optional(SkipOffer{flow_.targetTable(), files});
+    const std::optional<bool> skipsKnown = askIntake(frame_.form, intakeQuestion(album, replaces, description), offer);
     if (!skipsKnown) return;
     if (!fromFiles()) {
-        begin({flow_.targetTable(), database_.order(replaces, chkZd_->isChecked())});
+        CopyOrder order = database_.order(replaces, chkZd_->isChecked());
+        order.skipKnown = *skipsKnown;
+        begin({flow_.targetTable(), order});
     } else if (const std::optional<BmpFiles> bmp = askAboutBmp(frame_.form, files)) {
         begin({flow_.targetTable(), IntakeOrder{.folder = browser_.folder(),
                                                 .names = browser_.fileNames(),

@@ -33,23 +33,25 @@ std::unique_ptr<QCheckBox> makeOption(bool on, qsizetype files) {
 
 }  // namespace
 
-std::optional<bool> askIntake(QWidget* parent, const QString& question, const QString& album,
-                              const QStringList& paths) {
-    if (paths.isEmpty()) return ask(parent, question) ? std::optional(false) : std::nullopt;
+std::optional<bool> askIntake(QWidget* parent, const QString& question, const std::optional<SkipOffer>& offer) {
+    if (!offer) return ask(parent, question) ? std::optional(false) : std::nullopt;
     bool skips = remembered::flag(skipKnown);
-    std::unique_ptr<QCheckBox> option = makeOption(skips, paths.size());
+    std::unique_ptr<QCheckBox> option = makeOption(skips, offer->files.size());
     QObject::connect(option.get(), &QCheckBox::toggled, option.get(), [&skips](bool on) { skips = on; });
     QObject receiver;  // calls that the thread has left behind go with it
     const QPointer<QCheckBox> chkTg = option.get();
-    const RepetitionCount counting(mekTp::cataloguePath(), album, paths, [&receiver, chkTg](int count) {
+    const auto tell = [&receiver, chkTg](int count) {
         QMetaObject::invokeMethod(
             &receiver,
             [chkTg, count] {
                 if (chkTg) chkTg->setText(caption(count));
             },
             Qt::QueuedConnection);
-    });
+    };
+    std::optional<RepetitionCount> counting;
+    if (!offer->files.isEmpty()) counting.emplace(mekTp::cataloguePath(), offer->album, offer->files, tell);
     const bool isWanted = ask(parent, question, std::move(option));
+    counting.reset();
     remembered::setFlag(skipKnown, skips);
     return isWanted ? std::optional(skips) : std::nullopt;
 }
