@@ -135,3 +135,8 @@ qint64 PictureInHand::storeIn(Field field) {
         field.SetValue(FieldValue(value_));
     return length_;
 }
+
+void PictureInHand::forgetBytes() {
+    value_.clear();
+    file_.reset();
+}

@@ -40,6 +40,8 @@ class PictureInHand {
     /// fingerprint was made; nothing else can be asked of it any more. Returns the file's length; 0, and nothing is
     /// stored, for an empty one.
     qint64 storeIn(Field field);
+    /// Gives up the bytes, and with them all but the path, length and time.
+    void forgetBytes();
 
   private:
     template <typename Use>

@@ -177,7 +177,7 @@ class TestZoom : public QObject {
                                   {10, 10}, {10, 10}, 0.5, {});
         QApplication::sendEvent(editor.viewport(), &event);
         QVERIFY(editor.caption().endsWith(u" 150%"));
-        auto* device = QTest::createTouchDevice();
+        static QPointingDevice* device = QTest::createTouchDevice();
         QWidget* on = editor.viewport();
         QTest::touchEvent(on, device).press(0, {100, 100}, on).press(1, {200, 100}, on);
         for (const int apart : {20, 50, 100})

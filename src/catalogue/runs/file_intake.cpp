@@ -54,6 +54,17 @@ class FileIntake : public RunIntoDatabase {
         if (order_.skipKnown && !known_) findKnown();
     }
 
+    void beginGroup() override {
+        RunIntoDatabase::beginGroup();
+        turned_.clear();
+    }
+
+    /// A person's file is changed only when its picture is safe.
+    std::optional<RunItem> finish(std::vector<RunItem>&) override {
+        for (const ReadyPicture& picture : turned_) turnIntoJpeg(picture);
+        return {};
+    }
+
     bool isAtHand(qsizetype place) const override { return ahead_->isAtHand(place); }
 
     Taken take(qsizetype place) override {
@@ -98,7 +109,7 @@ class FileIntake : public RunIntoDatabase {
 
     /// The first question may take long, and is better asked before a group is begun.
     void findKnown() {
-        known_.emplace(album_, table_);
+        known_.emplace(album_, table_, [this] { return goesOn(); });
         known_->hasLength(0);
     }
 
@@ -115,12 +126,16 @@ class FileIntake : public RunIntoDatabase {
         if (!order_.replace) rows_.Fields(numberColumn).SetValue(numbers_->value());
         // The fields go on telling about the old picture when there is no new one.
         if (order_.fillFields && !(order_.replace && picture.pixels.isEmpty())) fill(picture);
-        const qint64 length = bctp(picture, rows_, order_.bmp);
+        const qint64 length = bctp(picture, rows_);
         rows_.Update();
         if (!order_.replace) numbers_->take();
         if (length == 0) return {Fate::withoutPicture};
         const int row = order_.replace ? rows_.row() : rows_.rowCount() - 1;
         attempt([&] { hashes_->note(rows_.storedAt(row, pictureColumn), picture.print); });
+        if (order_.bmp == BmpFiles::toJpeg && !picture.jpeg.isEmpty()) {
+            picture.file.forgetBytes();
+            turned_.push_back(std::move(picture));
+        }
         return {Fate::taken, length};
     }
 
@@ -139,6 +154,7 @@ class FileIntake : public RunIntoDatabase {
     std::optional<NextNumber> numbers_;  ///< For records that are appended.
     std::optional<PictureHashes> hashes_;
     std::optional<KnownPictures> known_;  ///< What the album had before, where that counts.
+    std::vector<ReadyPicture> turned_;    ///< Of the group: those whose files are to become JPEGs.
     std::optional<ReadAhead<ReadyPicture>> ahead_;
 };
 

@@ -24,11 +24,9 @@ void writeOver(const PictureInHand& file, const QByteArray& jpeg) {
     written.replace();
 }
 
-qint64 store(PictureInHand& file, const QByteArray& jpeg, Recordset& recordset, BmpFiles bmp) {
+qint64 store(PictureInHand& file, const QByteArray& jpeg, Recordset& recordset) {
     const Field picture = recordset.Fields(u"图片"_s);
-    if (jpeg.isEmpty()) return file.storeIn(picture);
-    if (bmp == BmpFiles::toJpeg) attempt([&] { writeOver(file, jpeg); });
-    return storePictureBytes(picture, jpeg);
+    return jpeg.isEmpty() ? file.storeIn(picture) : storePictureBytes(picture, jpeg);
 }
 
 }  // namespace
@@ -47,7 +45,9 @@ QByteArray jpegOfBmp(PictureInHand& file) {
 
 // Writes one file into the column 图片.
 qint64 bctp(PictureInHand& file, Recordset& recordset, BmpFiles bmp) {
-    return store(file, jpegOfBmp(file), recordset, bmp);
+    const QByteArray jpeg = jpegOfBmp(file);
+    if (!jpeg.isEmpty() && bmp == BmpFiles::toJpeg) attempt([&] { writeOver(file, jpeg); });
+    return store(file, jpeg, recordset);
 }
 
 ReadyPicture readyPicture(const QString& path) {
@@ -60,6 +60,10 @@ ReadyPicture readyPicture(const QString& path) {
     return picture;
 }
 
-qint64 bctp(ReadyPicture& picture, Recordset& recordset, BmpFiles bmp) {
-    return store(picture.file, picture.jpeg, recordset, bmp);
+qint64 bctp(ReadyPicture& picture, Recordset& recordset) {
+    return store(picture.file, picture.jpeg, recordset);
+}
+
+void turnIntoJpeg(const ReadyPicture& picture) {
+    if (!picture.jpeg.isEmpty()) attempt([&] { writeOver(picture.file, picture.jpeg); });
 }

@@ -37,5 +37,8 @@ struct ReadyPicture {
 /// Reads a file. Throws `Error` when it cannot be read, or is neither empty nor a picture.
 ReadyPicture readyPicture(const QString& path);
 
-/// Stores it as the `bctp` of a file does.
-qint64 bctp(ReadyPicture& picture, Recordset& recordset, BmpFiles bmp);
+/// Stores it as the `bctp` of a file does; the file itself stays as it is.
+qint64 bctp(ReadyPicture& picture, Recordset& recordset);
+/// Writes the JPEG that was stored for a BMP file over the file, where that can be written and is still the one that
+/// the JPEG was made of. Does not throw.
+void turnIntoJpeg(const ReadyPicture& picture);

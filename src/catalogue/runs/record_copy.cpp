@@ -39,14 +39,17 @@ class RecordCopy : public RunIntoDatabase {
             rows_ = album_.OpenRecordset(noRecordsSql(table_));
             numbers_.emplace(album_, table_);
         }
-        if (!order_.replace && order_.skipKnown && !known_) known_.emplace(album_, table_);
+        if (!order_.replace && order_.skipKnown && !known_) findKnown();
         if (!ahead_) openSource();
     }
 
     bool isAtHand(qsizetype place) const override { return ahead_->isAtHand(place); }
 
     Taken take(qsizetype place) override {
-        if (order_.replace && !findInAlbum(place)) return {Fate::notFound};
+        if (order_.replace && !findInAlbum(place)) {
+            attempt([&] { ahead_->take(place); });  // makes room for the next ones
+            return {Fate::notFound};
+        }
         const SourceValues source = ahead_->take(place);
         if (source.kind == PictureBytes::truncated) return {Fate::truncated};
         if (source.kind == PictureBytes::notAPicture) return {Fate::notAPicture};
@@ -60,6 +63,12 @@ class RecordCopy : public RunIntoDatabase {
     }
 
   private:
+    /// The first question may take long, and is better asked before a group is begun.
+    void findKnown() {
+        known_.emplace(album_, table_, [this] { return goesOn(); });
+        known_->hasLength(0);
+    }
+
     void openSource() {
         source_ = OpenDatabase(order_.sourcePath);
         reader_.emplace(source_, order_, hashes_.areKept() || known_);

@@ -29,8 +29,9 @@ struct CopyOrder {
     bool skipKnown = false;  ///< Records whose picture the album had before the run are left out, if none is replaced.
 };
 
-/// Copies the records of `order` one by one into an album table; each is durable, and whole, when its step is done. The
-/// first failure ends the run. A value that is no whole picture is no failure: its record is left out, and no number is
-/// spent on it. A record that is replaced keeps its picture where the source has none to give. The report names the
-/// records by their keys; its places are those in `records`.
+/// Copies the records of `order` into an album table. They go in groups, each of which is one change: at any time whole
+/// records alone are there, and what the report counts is on the disk. The first failure ends the run, unless the watch
+/// passes over failures. A value that is no whole picture is no failure: its record is left out, and no number is spent
+/// on it. A record that is replaced keeps its picture where the source has none to give. The report names the records
+/// by their keys; its places are those in `records`.
 RunReport sklr(const Database& album, const QString& table, const CopyOrder& order, RunWatch& watch);

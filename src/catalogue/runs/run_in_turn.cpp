@@ -24,10 +24,11 @@ RunInTurn::RunInTurn(QStringList names, qint64 mostBytes)
     : names_(std::move(names)), end_(names_.size()), mostBytes_(mostBytes), groupBytes_(fewestBytes) {}
 
 RunReport RunInTurn::run(RunWatch& watch) {
+    watch_ = &watch;
     progress_.all = names_.size();
     try {
         open();
-        while (progress_.done < end_) takeGroup(watch);
+        while (progress_.done < end_) takeGroup();
     } catch (const std::exception& failure) {
         report_.failure = reasonOf(failure);
     }
@@ -35,12 +36,12 @@ RunReport RunInTurn::run(RunWatch& watch) {
     return std::move(report_);
 }
 
-void RunInTurn::takeGroup(RunWatch& watch) {
+void RunInTurn::takeGroup() {
     Group group(progress_);
     bool isLost = false;
     try {
         beginGroup();
-        do takeNext(group, watch);
+        do takeNext(group);
         while (!isFull(group));
         if (!group.stored.empty()) storeGroup();
         close(group);
@@ -53,11 +54,11 @@ void RunInTurn::takeGroup(RunWatch& watch) {
     report_.items.insert(report_.items.end(), group.stored.begin(), group.stored.end());
     if (group.failed) report_.items.push_back(*group.failed);
     for (const auto& failed : {failedLater, group.failed})
-        if (failed) askAbout(*failed, watch);
+        if (failed) askAbout(*failed);
     if (isLost && progress_.done < end_) open();
 }
 
-void RunInTurn::takeNext(Group& group, RunWatch& watch) {
+void RunInTurn::takeNext(Group& group) {
     const qsizetype place = progress_.done;
     try {
         const Taken taken = take(place);
@@ -66,11 +67,22 @@ void RunInTurn::takeNext(Group& group, RunWatch& watch) {
     } catch (const std::exception& failure) {
         group.failed = RunItem{place, names_[place], Fate::failed, reasonOf(failure)};
     }
+    pass(place);
+}
+
+/// The run is through with a thing.
+void RunInTurn::pass(qsizetype place) {
     progress_.percent = percentWith(place);
-    ++progress_.done;
-    if (report_.stopped || watch.progress(progress_)) return;
-    report_.stopped = true;
-    end_ = progress_.done;
+    progress_.done = place + 1;
+    goesOn();
+}
+
+bool RunInTurn::goesOn() {
+    if (!report_.stopped && !watch_->progress(progress_)) {
+        report_.stopped = true;
+        end_ = progress_.done;
+    }
+    return !report_.stopped;
 }
 
 bool RunInTurn::isFull(const Group& group) const {
@@ -98,13 +110,20 @@ void RunInTurn::lose(Group& group, const QString& reason) {
         return;
     }
     if (!group.failed) group.failed = RunItem{start, names_[start], Fate::failed, reason};
-    progress_.done = start + 1;
+    if (end == start)
+        pass(start);
+    else
+        progress_.done = end;
 }
 
-/// Nobody is asked any more when the watch has ended the run.
-void RunInTurn::askAbout(const RunItem& failed, RunWatch& watch) {
-    passesOver_ = passesOver_ || report_.stopped || watch.passesOver(failed);
-    if (passesOver_) return;
+/// Nobody is asked any more when the run has ended. While somebody thinks about the answer he may stop the run, too.
+void RunInTurn::askAbout(const RunItem& failed) {
+    if (passesOver_ || report_.stopped || !report_.failure.isEmpty()) return;
+    passesOver_ = watch_->passesOver(failed);
+    if (passesOver_) {
+        goesOn();
+        return;
+    }
     report_.failure = failed.reason;
     end_ = progress_.done;
 }

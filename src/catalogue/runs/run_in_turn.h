@@ -47,18 +47,22 @@ class RunInTurn {
     virtual int percentWith(qsizetype place) const { return int((place + 1) * 100 / names_.size()); }
 
     const QStringList& names() const { return names_; }
+    /// Asks the watch whether the run goes on; for what takes long before the first thing.
+    bool goesOn();
     void noteVerified(int pictures) { report_.verified += pictures; }
 
   private:
     struct Group;
-    void takeGroup(RunWatch& watch);
-    void takeNext(Group& group, RunWatch& watch);
+    void takeGroup();
+    void takeNext(Group& group);
+    void pass(qsizetype place);
     bool isFull(const Group& group) const;
     void close(const Group& group);
     void lose(Group& group, const QString& reason);
-    void askAbout(const RunItem& failed, RunWatch& watch);
+    void askAbout(const RunItem& failed);
 
     QStringList names_;
+    RunWatch* watch_ = nullptr;  ///< During the run.
     RunReport report_;
     RunProgress progress_;
     qsizetype end_ = 0;  ///< Where the run ends.

@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <iterator>
+#include <mutex>
 #include <vector>
 
 using namespace Qt::Literals::StringLiterals;
@@ -160,7 +161,7 @@ class TableTransfer : public RunIntoDatabase {
         auto doubt = doubts.cbegin();
         for (RunItem& item : stored) {
             if (item.fate != Fate::taken || (doubt++)->isEmpty()) continue;
-            item.fate = Fate::failed;
+            item.fate = Fate::doubtful;
             item.reason = reason.arg(*std::prev(doubt));
             if (!firstFailed) firstFailed = item;
         }
@@ -172,6 +173,7 @@ class TableTransfer : public RunIntoDatabase {
     /// Reads the album in the thread that calls it.
     ReadAhead<OnItsWay>::Prepare reader() const {
         return [this, album = OpenDatabase(album_.Name())](qsizetype place) {
+            const std::lock_guard lock(albumMutex_);
             const Recordset record = recordsOfRows(album, table_, {chosen_[std::size_t(place)]});
             return record.Eof() ? OnItsWay{recordVanished} : read(record);
         };
@@ -202,11 +204,12 @@ class TableTransfer : public RunIntoDatabase {
     }
 
     /// What stays in the album all the same is in doubt, too.
-    void removeUndoubted(QStringList& doubts) const {
+    void removeUndoubted(QStringList& doubts) {
         std::vector<qint64> rows;
         for (std::size_t i = 0; i < group_.size(); ++i)
             if (doubts[qsizetype(i)].isEmpty()) rows.push_back(group_[i].row);
         try {
+            const std::lock_guard lock(albumMutex_);
             removeRows(album_, table_, rows);
         } catch (const std::exception& failure) {
             for (QString& doubt : doubts)
@@ -218,7 +221,8 @@ class TableTransfer : public RunIntoDatabase {
     const QString& table_;
     const TransferTarget& target_;
     bool move_;
-    std::vector<qint64> chosen_;  ///< Rows of the album.
+    mutable std::mutex albumMutex_;  ///< Whoever reads the album would keep its records from going.
+    std::vector<qint64> chosen_;     ///< Rows of the album.
     std::optional<ReadAhead<OnItsWay>> ahead_;
     Recordset rows_;  ///< Of the target.
     std::optional<NextNumber> next_;
