@@ -35,7 +35,7 @@ class RunBar : public QObject {
 
     RunBar(QWidget* form, TabControl* sstFz);
 
-    /// Begins a run. The handler that has called it has nothing more to do: the rest is told by `after`.
+    /// Begins a run. The handler that has called it has nothing more to do: the rest is up to `after`.
     void start(const Place& place, const RunWords& words, Run run, After after);
     bool isAtWork() const { return work_.isAtWork(); }
 
@@ -46,7 +46,7 @@ class RunBar : public QObject {
 
     /// A button that asks whether to leave: it can be pressed during a run.
     void leaveFree(QPushButton* button) { work_.leaveFree(button); }
-    /// Asks whether the run that is at work is to be stopped. If so, `leave` is called when all is told.
+    /// Asks whether the run that is at work is to be stopped. If so, `leave` is called when its report is closed.
     void askToLeave(std::function<void()> leave);
 
   Q_SIGNALS:
