@@ -19,12 +19,13 @@ QString timeText(qint64 seconds) {
     return u"%1 分 %2 秒"_s.arg(seconds / 60).arg(seconds % 60);
 }
 
-QString fateText(const RunItem& item, const QString& deed) {
+QString fateText(const RunItem& item, const RunWords& words) {
+    const QString& deed = words.deed;
     switch (item.fate) {
         case Fate::taken:
             return u"已"_s + deed;
         case Fate::withoutPicture:
-            return u"已%1，但没有图片可存"_s.arg(deed);
+            return words.replaces ? u"没有图片可存，原有的图片没有改动"_s : u"已%1，但没有图片可存"_s.arg(deed);
         case Fate::alreadyThere:
             return u"图册中已有，跳过"_s;
         case Fate::notFound:
@@ -99,7 +100,7 @@ std::vector<ReportLine> reportLines(const RunReport& report, const RunWords& wor
     const auto add = [&](bool expected) {
         for (const RunItem& item : report.items)
             if ((item.fate == Fate::taken) == expected)
-                lines.push_back({nameOf(item), fateText(item, words.deed), item.reason});
+                lines.push_back({nameOf(item), fateText(item, words), item.reason});
     };
     add(false);
     add(true);

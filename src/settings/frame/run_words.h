@@ -5,8 +5,9 @@
 
 /// How a run is spoken of. Its things are files, or records that are named by a field.
 struct RunWords {
-    QString deed;        ///< What it does with a picture: "录入".
-    QString field = {};  ///< Of records; empty for files.
+    QString deed;           ///< What it does with a picture: "录入".
+    QString field = {};     ///< Of records; empty for files.
+    bool replaces = false;  ///< It puts its pictures in the place of others.
 };
 
 /// How far a run has come in this time: how many of how many, megabytes a second and the time left as far as they are
