@@ -34,6 +34,8 @@ QString fateText(const RunItem& item, const RunWords& words) {
             return u"图片不完整，没有"_s + deed;
         case Fate::notAPicture:
             return u"不是 BMP 或 JPEG，没有"_s + deed;
+        case Fate::doubtful:
+            return u"已存入，但没有完成"_s;
         case Fate::left:
             return u"没有做到"_s;
         case Fate::failed:
@@ -78,6 +80,7 @@ QString outcomeText(const RunReport& report, const RunWords& words) {
     add(countOf(report, {Fate::alreadyThere}), u"%1 张已有，跳过"_s);
     add(countOf(report, {Fate::notFound, Fate::truncated, Fate::notAPicture}), u"%1 张没有"_s + words.deed);
     add(countOf(report, {Fate::failed}), u"%1 张失败"_s);
+    add(countOf(report, {Fate::doubtful}), u"%1 张没有完成"_s);
     add(countOf(report, {Fate::left}), u"%1 张没有做到"_s);
     return parts.join(u'，');
 }

@@ -36,5 +36,5 @@ std::vector<ReportLine> reportLines(const RunReport& report, const RunWords& wor
 /// The report as a text: its outcome, and a line for each thing with tabs between the three parts.
 QString reportAsText(const RunReport& report, const RunWords& words);
 
-/// The places of those with which a run can be tried once more.
+/// The places of those with which a run can be tried once more: what is doubtful would be stored twice.
 QList<qsizetype> placesToRetry(const RunReport& report);
