@@ -157,6 +157,7 @@ bool RunBar::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void RunBar::tellReport(const RunReport& report, const RunWords& words, const Retry& retry) {
+    keepOutcome(outcomeText(report, words));
     if (isAsExpected(report)) return;
     report_ = new ReportWindow(form_, report, words, retry != nullptr);
     connect(report_, &QObject::destroyed, this, [this] { leaveIfWanted(); });

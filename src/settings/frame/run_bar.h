@@ -39,8 +39,8 @@ class RunBar : public QObject {
     void start(const Place& place, const RunWords& words, Run run, After after);
     bool isAtWork() const { return work_.isAtWork(); }
 
-    /// Shows what became of each thing, unless all is as expected. `retry` tries those at some places again; none: they
-    /// cannot be tried again.
+    /// Tells the outcome in the line, and what became of each thing unless all is as expected. `retry` tries those at
+    /// some places again; none: they cannot be tried again.
     using Retry = std::function<void(const QList<qsizetype>& places)>;
     void tellReport(const RunReport& report, const RunWords& words, const Retry& retry);
 
