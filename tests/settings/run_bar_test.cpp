@@ -189,6 +189,24 @@ class TestRunBar : public QObject {
         QCOMPARE(window.ended->items.size(), std::size_t(RunForm::things));
     }
 
+    void nothingIsAskedAfterTheStop() {
+        RunForm window;
+        std::optional<bool> passes;
+        window.frame->runBar.start(
+            {{5000, 50, 2000, 285}}, {u"录入"_s},
+            [&](RunWatch& watch) {
+                window.steps.acquire();
+                passes = watch.passesOver({0, u"1"_s, Fate::failed, u"坏了。"_s});
+                return RunReport();
+            },
+            [&](const RunReport& report) { window.ended = report; });
+        window.click(u"cmdTz"_s);
+        window.goOn(1);
+        QTRY_VERIFY(window.ended);
+        QCOMPARE(passes, std::optional(true));
+        QVERIFY(window.boxes.isEmpty());
+    }
+
     void aRunThatCannotBegin() {
         RunForm window;
         window.frame->runBar.start(

@@ -41,6 +41,11 @@ class RunBar::Watch : public RunWatch {
         const qint64 askedAt = time_.elapsed();
         int answer = stops;
         bar_.work_.inWindow([&] {
+            // Who has stopped the run already has nothing left to decide.
+            if (bar_.work_.isToStop()) {
+                answer = passes;
+                return;
+            }
             answer = choose(bar_.form_, failureQuestion(failed, words_), {u"停止"_s, u"跳过并继续"_s}, stops, stops);
         });
         askedMs_ += time_.elapsed() - askedAt;
