@@ -1,5 +1,6 @@
 #include "settings/frame/run_bar.h"
 
+#include "platform/desktop/elided_label.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/tab_control.h"
@@ -8,7 +9,6 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScopeGuard>
@@ -63,11 +63,11 @@ RunBar::RunBar(QWidget* form, TabControl* sstFz)
     : form_(form),
       sstFz_(sstFz),
       prg2(make<QProgressBar>(sstFz->page(editingTab), u"prg2"_s)),
-      lblJd(make<QLabel>(form, u"lblJd"_s)),
+      lblJd(make<ElidedLabel>(form, u"lblJd"_s)),
       cmdTz(make<QPushButton>(form, u"cmdTz"_s, u"停 止"_s)),
       bar_(prg2),
       work_(form, cmdTz) {
-    lblJd->setTextFormat(Qt::PlainText);
+    lblJd->setElideMode(Qt::ElideRight);
     // The key that has answered the question before a run, pressed once too often, stops nothing.
     cmdTz->setFocusPolicy(Qt::NoFocus);
     cmdTz->setToolTip(u"做完手上的一张就停止（Esc）"_s);
@@ -111,7 +111,7 @@ void RunBar::placeBar(const Place& at) {
 void RunBar::begin() {
     qApp->removeEventFilter(this);
     stopping_ = false;
-    lblJd->clear();
+    setLine({});
     cmdTz->setEnabled(true);
     for (QWidget* part : {static_cast<QWidget*>(bar_), static_cast<QWidget*>(cmdTz)}) {
         part->show();
@@ -124,13 +124,13 @@ void RunBar::begin() {
 void RunBar::setStopping() {
     stopping_ = true;
     cmdTz->setEnabled(false);
-    lblJd->setText(u"正在停止…"_s);
+    setLine(u"正在停止…"_s);
 }
 
 void RunBar::showProgress(int percent, const QString& text) {
     if (!isAtWork()) return;
     bar_->setValue(percent);
-    if (!stopping_) lblJd->setText(text);
+    if (!stopping_) setLine(text);
 }
 
 void RunBar::end() {
@@ -146,9 +146,15 @@ void RunBar::finish(const RunReport& report, const After& after) {
     after(report);
 }
 
+/// What does not fit is in the tool tip.
+void RunBar::setLine(const QString& text) {
+    lblJd->setText(text);
+    lblJd->setToolTip(text);
+}
+
 /// Until the person does something else in the window.
 void RunBar::keepOutcome(const QString& text) {
-    lblJd->setText(text);
+    setLine(text);
     qApp->installEventFilter(this);
 }
 
@@ -156,7 +162,7 @@ bool RunBar::eventFilter(QObject* watched, QEvent* event) {
     const bool isAction = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress;
     if (isAction && watched->isWidgetType() && static_cast<QWidget*>(watched)->window() == form_->window()) {
         qApp->removeEventFilter(this);
-        lblJd->clear();
+        setLine({});
     }
     return QObject::eventFilter(watched, event);
 }

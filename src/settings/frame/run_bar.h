@@ -9,7 +9,7 @@
 #include <functional>
 #include <optional>
 
-class QLabel;
+class ElidedLabel;
 class QProgressBar;
 class QPushButton;
 class ReportWindow;
@@ -65,13 +65,14 @@ class RunBar : public QObject {
     void finish(const RunReport& report, const After& after);
     void setStopping();
     void showProgress(int percent, const QString& text);
+    void setLine(const QString& text);
     void keepOutcome(const QString& text);
     void leaveIfWanted();
 
     QWidget* form_;
     TabControl* sstFz_;
     QProgressBar* prg2;  ///< The bar.
-    QLabel* lblJd;       ///< How far the run has come; what it has done, until the next action.
+    ElidedLabel* lblJd;  ///< How far the run has come; what it has done, until the next action.
     QPushButton* cmdTz;  ///< Stops the run.
     QProgressBar* bar_;  ///< That of the present run.
     RunWords words_;
