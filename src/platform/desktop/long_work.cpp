@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <QScopeGuard>
 #include <algorithm>
@@ -130,10 +131,12 @@ void LongWork::stop() {
 void LongWork::end(const std::exception_ptr& failure, const std::function<void()>& after) {
     thread_.join();
     unlock();
+    const QPointer<LongWork> self = this;
     runHandler(window_, [&] {
         if (failure) std::rethrow_exception(failure);
         after();
     });
+    if (self != nullptr) Q_EMIT over();
 }
 
 bool LongWork::inWindow(const std::function<void()>& step) {

@@ -51,7 +51,8 @@ class LongWork : public QObject {
   Q_SIGNALS:
     void begun();
     void stopAsked();  ///< The person has stopped the work; it goes on to the next place where it can end.
-    void ended();
+    void ended();      ///< Before `after`.
+    void over();       ///< When the handler `after` has returned, and what it had to say of a failure is read.
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -11,7 +11,6 @@
 #include <QElapsedTimer>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -78,6 +77,7 @@ RunBar::RunBar(QWidget* form, TabControl* sstFz)
     connect(&work_, &LongWork::begun, this, &RunBar::begin);
     connect(&work_, &LongWork::stopAsked, this, &RunBar::setStopping);
     connect(&work_, &LongWork::ended, this, &RunBar::end);
+    connect(&work_, &LongWork::over, this, &RunBar::leaveIfWanted);
 }
 
 void RunBar::start(const Place& place, const RunWords& words, Run run, After after) {
@@ -141,7 +141,6 @@ void RunBar::end() {
 }
 
 void RunBar::finish(const RunReport& report, const After& after) {
-    const auto told = qScopeGuard([this] { leaveIfWanted(); });
     keepOutcome(outcomeText(report, words_));
     after(report);
 }
