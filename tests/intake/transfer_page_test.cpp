@@ -164,6 +164,7 @@ class TestTransferPage : public QObject {
         QCOMPARE(window.report(),
                  (QStringList{u"已复制 2 张，2 张已核对，1 张失败"_s, u"5|失败，没有复制|记录没有图片"_s,
                               u"3 → 123.jpg|已复制|"_s, u"4 → 24.jpg|已复制|"_s}));
+        QCOMPARE(window.label(u"lblJd"_s), u"已复制 2 张，2 张已核对，1 张失败"_s);
         QCOMPARE(window.exported(), (QStringList{u"123.jpg"_s, u"24.jpg"_s}));
     }
 
