@@ -91,7 +91,7 @@ class TestLongWork : public QObject {
         std::binary_semaphore go(0);
         bool isOver = false;
         form.work->start([&] { go.acquire(); }, [&] { isOver = true; });
-        QVERIFY_EXCEPTION_THROWN(form.work->start([] {}, [] {}), Error);
+        QVERIFY_THROWS_EXCEPTION(Error, form.work->start([] {}, [] {}));
         go.release();
         QTRY_VERIFY(isOver);
         QVERIFY(!LongWork::isAnyAtWork());
@@ -107,7 +107,7 @@ class TestLongWork : public QObject {
         pthread_attr_setstacksize(&huge, std::size_t(1) << 50);
         pthread_setattr_default_np(&huge);
         QSignalSpy ended(&*form.work, &LongWork::ended);
-        QVERIFY_EXCEPTION_THROWN(form.work->start([] {}, [] {}), std::system_error);
+        QVERIFY_THROWS_EXCEPTION(std::system_error, form.work->start([] {}, [] {}));
         pthread_setattr_default_np(&usual);
         QVERIFY(!form.work->isAtWork() && !LongWork::isAnyAtWork());
         QCOMPARE(ended.size(), 1);
