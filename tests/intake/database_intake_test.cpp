@@ -91,8 +91,8 @@ class TestDatabaseIntake : public QObject {
         const auto first = pictureValues(1), second = pictureValues(2), fourth = pictureValues(4);
         window.mapAll(u"tc01"_s, 0, u"tc01"_s);
         QCOMPARE(window.copyAll(), QStringList{entered(3)});
-        QCOMPARE(window.report(), (QStringList{u"已录入 3 张"_s, u"1|已录入，但没有图片可存|"_s,
-                                               u"2|已录入，但没有图片可存|"_s, u"3|已录入|"_s}));
+        QCOMPARE(window.report(), (QStringList{u"已录入 3 张"_s, u"1|没有图片可存，原有的图片没有改动|"_s,
+                                               u"2|没有图片可存，原有的图片没有改动|"_s, u"3|已录入|"_s}));
         QCOMPARE(pictureValues(1), first);
         QCOMPARE(pictureValues(2), second);
         QCOMPARE(stored(u"tc01"_s, 3), DatabaseWindow::pictureOf(3));
@@ -104,7 +104,7 @@ class TestDatabaseIntake : public QObject {
         window.mapField(6, u"备注"_s);
         window.click(u"cmdLr"_s);
         window.copyAll();
-        QCOMPARE(window.report()[1], u"4|已录入，但没有图片可存|"_s);
+        QCOMPARE(window.report()[1], u"4|没有图片可存，原有的图片没有改动|"_s);
         QCOMPARE(pictureValues(4), fourth);
         QCOMPARE(columnOf(u"tc01"_s, u"备注"_s).first(4), (QStringList{u"没有"_s, u"空的"_s, u"源3"_s, u"源4"_s}));
     }

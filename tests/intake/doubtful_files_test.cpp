@@ -63,6 +63,7 @@ class TestDoubtfulFiles : public QObject {
         QCOMPARE(box.answers, (QStringList{u"也录入"_s, u"不录入"_s}));
         QVERIFY(box.onEnter == 1 && box.onEscape == 1);
         QCOMPARE(window.said().last(), entered(taken ? 5 : 3));
+        QCOMPARE(window.label(u"lblJd"_s), taken ? u"已录入 5 张"_s : u"已录入 3 张，2 张没有录入"_s);
         if (way == 0) {
             QCOMPARE(stored(u"tc01"_s, 2) == second, !taken);
             QVERIFY(!taken || stored(u"tc01"_s, 2).startsWith(window.bytesOf(u"2.jpg"_s)));

@@ -161,8 +161,10 @@ class TestTransferPage : public QObject {
         QVERIFY(window.label(u"picWm"_s).startsWith(u"这条记录没有"_s));
         window.pressKey(Qt::Key_Return);
         QCOMPARE(window.said(), QStringList{closing.arg(2)});
-        QCOMPARE(window.report(), (QStringList{u"已复制 2 张，1 张失败"_s, u"5|失败，没有复制|记录没有图片"_s,
-                                               u"3 → 123.jpg|已复制|"_s, u"4 → 24.jpg|已复制|"_s}));
+        QCOMPARE(window.report(),
+                 (QStringList{u"已复制 2 张，2 张已核对，1 张失败"_s, u"5|失败，没有复制|记录没有图片"_s,
+                              u"3 → 123.jpg|已复制|"_s, u"4 → 24.jpg|已复制|"_s}));
+        QCOMPARE(window.label(u"lblJd"_s), u"已复制 2 张，2 张已核对，1 张失败"_s);
         QCOMPARE(window.exported(), (QStringList{u"123.jpg"_s, u"24.jpg"_s}));
     }
 
@@ -248,9 +250,9 @@ class TestTransferPage : public QObject {
         QCOMPARE(window.chosen(), (QStringList{u"2"_s, u"4"_s}));
         QCOMPARE(window.said(), QStringList());
         QVERIFY2(!window.get<QPushButton>(u"cmdCs"_s).isEnabled(), "the names are to be given again");
-        QCOMPARE(window.report(),
-                 (QStringList{u"已停止，已移动 2 张，1 张失败，1 张没有做到"_s, u"2|失败，没有移动|记录没有图片"_s,
-                              u"4|没有做到|"_s, u"1 → a.jpg|已移动|"_s, u"3 → c.jpg|已移动|"_s}));
+        QCOMPARE(window.report(), (QStringList{u"已停止，已移动 2 张，2 张已核对，1 张失败，1 张没有做到"_s,
+                                               u"2|失败，没有移动|记录没有图片"_s, u"4|没有做到|"_s,
+                                               u"1 → a.jpg|已移动|"_s, u"3 → c.jpg|已移动|"_s}));
         QCOMPARE(window.caption(u"cmdYd"_s), u"已移动"_s);
         window.click(u"cmdQq"_s);
         window.click(u"cmdMq"_s);

@@ -189,6 +189,48 @@ class TestRunBar : public QObject {
         QCOMPARE(window.ended->items.size(), std::size_t(RunForm::things));
     }
 
+    /// No handler runs inside another one.
+    void theWindowIsLeftBehindAnErrorBox() {
+        RunForm window;
+        window.frame->runBar.start(
+            {{5000, 50, 2000, 285}}, {u"录入"_s},
+            [&](RunWatch&) {
+                window.steps.acquire();
+                return RunReport();
+            },
+            [](const RunReport&) { throw Error(u"坏了。"_s); });
+        bool wasLeft = false;
+        window.answerBox = [&](const BoxText& box) {
+            if (box.answers.size() > 1) return 0;
+            for (int i = 0; i < 10; ++i) QTest::qWait(1);
+            wasLeft = window.windows.ended;
+            return 0;
+        };
+        window.click(u"cmdGl"_s);
+        window.goOn(1);
+        QTRY_VERIFY(window.windows.ended);
+        QVERIFY(!wasLeft);
+        QCOMPARE(window.boxes.last().text, u"坏了。"_s);
+    }
+
+    void nothingIsAskedAfterTheStop() {
+        RunForm window;
+        std::optional<bool> passes;
+        window.frame->runBar.start(
+            {{5000, 50, 2000, 285}}, {u"录入"_s},
+            [&](RunWatch& watch) {
+                window.steps.acquire();
+                passes = watch.passesOver({0, u"1"_s, Fate::failed, u"坏了。"_s});
+                return RunReport();
+            },
+            [&](const RunReport& report) { window.ended = report; });
+        window.click(u"cmdTz"_s);
+        window.goOn(1);
+        QTRY_VERIFY(window.ended);
+        QCOMPARE(passes, std::optional(true));
+        QVERIFY(window.boxes.isEmpty());
+    }
+
     void aRunThatCannotBegin() {
         RunForm window;
         window.frame->runBar.start(

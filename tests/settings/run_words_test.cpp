@@ -45,6 +45,7 @@ class TestRunWords : public QObject {
             {{.items = items({Fate::taken, Fate::left}), .stopped = true},
              u"已停止，已移动 1 张，1 张没有做到"_s,
              false},
+            {{.items = items({Fate::taken, Fate::doubtful}), .cameToEnd = true}, u"已移动 1 张，1 张没有完成"_s, false},
             {{.items = items({Fate::failed, Fate::left}), .failure = u"磁盘已满。"_s},
              u"因失败而停止，已移动 0 张，1 张失败，1 张没有做到"_s,
              false}};
@@ -56,10 +57,13 @@ class TestRunWords : public QObject {
 
     /// Parts of a line stay in their columns, whatever is in a file's name.
     void asText() {
-        const RunReport report{.items = {{0, u"a.jpg"_s}, {1, u"b\t\n.jpg"_s, Fate::failed, u"坏了。"_s}},
+        const RunReport report{.items = {{0, u"a.jpg"_s},
+                                         {1, u"b\t\n.jpg"_s, Fate::failed, u"坏了。"_s},
+                                         {2, u"c.jpg"_s, Fate::doubtful, u"不同。"_s}},
                                .failure = u"坏了。"_s};
-        QCOMPARE(reportAsText(report, {u"录入"_s}),
-                 u"因失败而停止，已录入 1 张，1 张失败\n坏了。\n\nb .jpg\t失败，没有录入\t坏了。\na.jpg\t已录入\t\n"_s);
+        QCOMPARE(
+            reportAsText(report, {u"录入"_s}),
+            u"因失败而停止，已录入 1 张，1 张失败，1 张没有完成\n坏了。\n\nb .jpg\t失败，没有录入\t坏了。\nc.jpg\t已存入，但没有完成\t不同。\na.jpg\t已录入\t\n"_s);
         QCOMPARE(placesToRetry(report), QList<qsizetype>{1});
     }
 

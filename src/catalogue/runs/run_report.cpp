@@ -56,7 +56,10 @@ void RunReport::add(const RunReport& second) {
     }
     count += takenOf(second);
     failure = second.failure;
-    cameToEnd = failure.isEmpty();
+    stopped = second.stopped;
+    verified += second.verified;
+    // A list of one file comes to no end that counts, but nothing of it is left either.
+    cameToEnd = failure.isEmpty() && !has(Fate::left);
 }
 
 QString reasonOf(const std::exception& failure) {

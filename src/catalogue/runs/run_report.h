@@ -16,7 +16,8 @@ enum class Fate {
     truncated,       ///< Left out, since its picture ends early.
     notAPicture,     ///< Left out, since what it has is neither BMP nor JPEG.
     failed,          ///< Nothing of it was kept, and `reason` says why.
-    left             ///< The run did not reach it.
+    doubtful,  ///< It is at its new place, but its record did not go, or it could not be verified; `reason` says which.
+    left       ///< The run did not reach it.
 };
 
 struct RunItem {

@@ -42,5 +42,5 @@ bool IntakeJob::replaces() const {
 
 RunWords IntakeJob::words() const {
     const auto* records = std::get_if<CopyOrder>(&order_);
-    return {u"录入"_s, records != nullptr ? records->indexField : QString()};
+    return {u"录入"_s, records != nullptr ? records->indexField : QString(), replaces()};
 }

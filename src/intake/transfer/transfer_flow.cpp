@@ -174,6 +174,7 @@ bool TransferPage::passesOver(const SentPicture& sent, bool move) {
     switch (sent.outcome) {
         case SentPicture::done:
             named_.items.push_back({nameEntryIndex_, number, Fate::taken, {}, names_.name()});
+            ++named_.verified;
             return true;
         case SentPicture::badName:
             say(frame_.form, sent.reason);

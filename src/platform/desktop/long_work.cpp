@@ -1,10 +1,13 @@
 #include "platform/desktop/long_work.h"
 
+#include "platform/base/error.h"
 #include "platform/desktop/message_box.h"
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <algorithm>
 #include <condition_variable>
 #include <mutex>
@@ -22,6 +25,8 @@ struct LongWork::Steps {
         return abandoned;
     }
 };
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -90,9 +95,14 @@ LongWork::~LongWork() {
 }
 
 void LongWork::start(std::function<void()> work, std::function<void()> after) {
+    if (isAtWork()) throw Error(u"前一项工作还没有完成。"_s);
     stopping_ = false;
     ++worksUnderWay();
     qApp->installEventFilter(this);
+    auto notBegun = qScopeGuard([this] {
+        --worksUnderWay();
+        unlock();
+    });
     Q_EMIT begun();
     thread_ = std::thread([this, work = std::move(work), after = std::move(after)] {
         const CountDown whenOver;
@@ -106,6 +116,12 @@ void LongWork::start(std::function<void()> work, std::function<void()> after) {
             this, [this, failure, after] { whenNothingAsks([this, failure, after] { end(failure, after); }); },
             Qt::QueuedConnection);
     });
+    notBegun.dismiss();
+}
+
+void LongWork::unlock() {
+    qApp->removeEventFilter(this);
+    Q_EMIT ended();
 }
 
 void LongWork::stop() {
@@ -114,12 +130,13 @@ void LongWork::stop() {
 
 void LongWork::end(const std::exception_ptr& failure, const std::function<void()>& after) {
     thread_.join();
-    qApp->removeEventFilter(this);
-    Q_EMIT ended();
+    unlock();
+    const QPointer<LongWork> self = this;
     runHandler(window_, [&] {
         if (failure) std::rethrow_exception(failure);
         after();
     });
+    if (self != nullptr) Q_EMIT over();
 }
 
 bool LongWork::inWindow(const std::function<void()>& step) {

@@ -29,7 +29,7 @@ class LongWork : public QObject {
 
     /// `work` runs in the thread. When it has ended the window is free again, and `after` is called in the window's
     /// thread as a handler. What `work` throws is shown as the failure of a handler, and `after` is not called.
-    /// Nothing else may be at work.
+    /// Throws `Error` when it is at work already, and `std::system_error` when there is no thread; all is free then.
     void start(std::function<void()> work, std::function<void()> after);
     bool isAtWork() const { return thread_.joinable(); }
     /// Whether any window of the program is at work. In any thread.
@@ -51,7 +51,8 @@ class LongWork : public QObject {
   Q_SIGNALS:
     void begun();
     void stopAsked();  ///< The person has stopped the work; it goes on to the next place where it can end.
-    void ended();
+    void ended();      ///< Before `after`.
+    void over();       ///< When the handler `after` has returned, and what it had to say of a failure is read.
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -60,6 +61,7 @@ class LongWork : public QObject {
     struct Steps;
 
     bool isLocked(const QObject* part) const;
+    void unlock();
     void whenNothingAsks(std::function<void()> step);
     void end(const std::exception_ptr& failure, const std::function<void()>& after);
 

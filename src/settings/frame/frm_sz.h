@@ -42,7 +42,6 @@ class frmSz : public QWidget {
 
     void sstFzClick();
     void placeSharedControls(const PageLayout& layout);
-    void placeGrid(const PageLayout& layout);
     void leave(const std::function<void()>& way);
     void takeAlbum();
     void loseAlbum();

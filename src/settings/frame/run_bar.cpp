@@ -1,5 +1,6 @@
 #include "settings/frame/run_bar.h"
 
+#include "platform/desktop/elided_label.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/tab_control.h"
@@ -8,10 +9,8 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -41,6 +40,11 @@ class RunBar::Watch : public RunWatch {
         const qint64 askedAt = time_.elapsed();
         int answer = stops;
         bar_.work_.inWindow([&] {
+            // Who has stopped the run already has nothing left to decide.
+            if (bar_.work_.isToStop()) {
+                answer = passes;
+                return;
+            }
             answer = choose(bar_.form_, failureQuestion(failed, words_), {u"停止"_s, u"跳过并继续"_s}, stops, stops);
         });
         askedMs_ += time_.elapsed() - askedAt;
@@ -58,11 +62,11 @@ RunBar::RunBar(QWidget* form, TabControl* sstFz)
     : form_(form),
       sstFz_(sstFz),
       prg2(make<QProgressBar>(sstFz->page(editingTab), u"prg2"_s)),
-      lblJd(make<QLabel>(form, u"lblJd"_s)),
+      lblJd(make<ElidedLabel>(form, u"lblJd"_s)),
       cmdTz(make<QPushButton>(form, u"cmdTz"_s, u"停 止"_s)),
       bar_(prg2),
       work_(form, cmdTz) {
-    lblJd->setTextFormat(Qt::PlainText);
+    lblJd->setElideMode(Qt::ElideRight);
     // The key that has answered the question before a run, pressed once too often, stops nothing.
     cmdTz->setFocusPolicy(Qt::NoFocus);
     cmdTz->setToolTip(u"做完手上的一张就停止（Esc）"_s);
@@ -73,6 +77,7 @@ RunBar::RunBar(QWidget* form, TabControl* sstFz)
     connect(&work_, &LongWork::begun, this, &RunBar::begin);
     connect(&work_, &LongWork::stopAsked, this, &RunBar::setStopping);
     connect(&work_, &LongWork::ended, this, &RunBar::end);
+    connect(&work_, &LongWork::over, this, &RunBar::leaveIfWanted);
 }
 
 void RunBar::start(const Place& place, const RunWords& words, Run run, After after) {
@@ -106,7 +111,7 @@ void RunBar::placeBar(const Place& at) {
 void RunBar::begin() {
     qApp->removeEventFilter(this);
     stopping_ = false;
-    lblJd->clear();
+    setLine({});
     cmdTz->setEnabled(true);
     for (QWidget* part : {static_cast<QWidget*>(bar_), static_cast<QWidget*>(cmdTz)}) {
         part->show();
@@ -119,13 +124,13 @@ void RunBar::begin() {
 void RunBar::setStopping() {
     stopping_ = true;
     cmdTz->setEnabled(false);
-    lblJd->setText(u"正在停止…"_s);
+    setLine(u"正在停止…"_s);
 }
 
 void RunBar::showProgress(int percent, const QString& text) {
     if (!isAtWork()) return;
     bar_->setValue(percent);
-    if (!stopping_) lblJd->setText(text);
+    if (!stopping_) setLine(text);
 }
 
 void RunBar::end() {
@@ -136,14 +141,19 @@ void RunBar::end() {
 }
 
 void RunBar::finish(const RunReport& report, const After& after) {
-    const auto told = qScopeGuard([this] { leaveIfWanted(); });
     keepOutcome(outcomeText(report, words_));
     after(report);
 }
 
+/// What does not fit is in the tool tip.
+void RunBar::setLine(const QString& text) {
+    lblJd->setText(text);
+    lblJd->setToolTip(text);
+}
+
 /// Until the person does something else in the window.
 void RunBar::keepOutcome(const QString& text) {
-    lblJd->setText(text);
+    setLine(text);
     qApp->installEventFilter(this);
 }
 
@@ -151,12 +161,13 @@ bool RunBar::eventFilter(QObject* watched, QEvent* event) {
     const bool isAction = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress;
     if (isAction && watched->isWidgetType() && static_cast<QWidget*>(watched)->window() == form_->window()) {
         qApp->removeEventFilter(this);
-        lblJd->clear();
+        setLine({});
     }
     return QObject::eventFilter(watched, event);
 }
 
 void RunBar::tellReport(const RunReport& report, const RunWords& words, const Retry& retry) {
+    keepOutcome(outcomeText(report, words));
     if (isAsExpected(report)) return;
     report_ = new ReportWindow(form_, report, words, retry != nullptr);
     connect(report_, &QObject::destroyed, this, [this] { leaveIfWanted(); });

@@ -9,7 +9,7 @@
 #include <functional>
 #include <optional>
 
-class QLabel;
+class ElidedLabel;
 class QProgressBar;
 class QPushButton;
 class ReportWindow;
@@ -35,18 +35,18 @@ class RunBar : public QObject {
 
     RunBar(QWidget* form, TabControl* sstFz);
 
-    /// Begins a run. The handler that has called it has nothing more to do: the rest is told by `after`.
+    /// Begins a run. The handler that has called it has nothing more to do: the rest is up to `after`.
     void start(const Place& place, const RunWords& words, Run run, After after);
     bool isAtWork() const { return work_.isAtWork(); }
 
-    /// Shows what became of each thing, unless all is as expected. `retry` tries those at some places again; none: they
-    /// cannot be tried again.
+    /// Tells the outcome in the line, and what became of each thing unless all is as expected. `retry` tries those at
+    /// some places again; none: they cannot be tried again.
     using Retry = std::function<void(const QList<qsizetype>& places)>;
     void tellReport(const RunReport& report, const RunWords& words, const Retry& retry);
 
     /// A button that asks whether to leave: it can be pressed during a run.
     void leaveFree(QPushButton* button) { work_.leaveFree(button); }
-    /// Asks whether the run that is at work is to be stopped. If so, `leave` is called when all is told.
+    /// Asks whether the run that is at work is to be stopped. If so, `leave` is called when its report is closed.
     void askToLeave(std::function<void()> leave);
 
   Q_SIGNALS:
@@ -65,13 +65,14 @@ class RunBar : public QObject {
     void finish(const RunReport& report, const After& after);
     void setStopping();
     void showProgress(int percent, const QString& text);
+    void setLine(const QString& text);
     void keepOutcome(const QString& text);
     void leaveIfWanted();
 
     QWidget* form_;
     TabControl* sstFz_;
     QProgressBar* prg2;  ///< The bar.
-    QLabel* lblJd;       ///< How far the run has come; what it has done, until the next action.
+    ElidedLabel* lblJd;  ///< How far the run has come; what it has done, until the next action.
     QPushButton* cmdTz;  ///< Stops the run.
     QProgressBar* bar_;  ///< That of the present run.
     RunWords words_;

@@ -19,12 +19,13 @@ QString timeText(qint64 seconds) {
     return u"%1 分 %2 秒"_s.arg(seconds / 60).arg(seconds % 60);
 }
 
-QString fateText(const RunItem& item, const QString& deed) {
+QString fateText(const RunItem& item, const RunWords& words) {
+    const QString& deed = words.deed;
     switch (item.fate) {
         case Fate::taken:
             return u"已"_s + deed;
         case Fate::withoutPicture:
-            return u"已%1，但没有图片可存"_s.arg(deed);
+            return words.replaces ? u"没有图片可存，原有的图片没有改动"_s : u"已%1，但没有图片可存"_s.arg(deed);
         case Fate::alreadyThere:
             return u"图册中已有，跳过"_s;
         case Fate::notFound:
@@ -33,6 +34,8 @@ QString fateText(const RunItem& item, const QString& deed) {
             return u"图片不完整，没有"_s + deed;
         case Fate::notAPicture:
             return u"不是 BMP 或 JPEG，没有"_s + deed;
+        case Fate::doubtful:
+            return u"已存入，但没有完成"_s;
         case Fate::left:
             return u"没有做到"_s;
         case Fate::failed:
@@ -77,6 +80,7 @@ QString outcomeText(const RunReport& report, const RunWords& words) {
     add(countOf(report, {Fate::alreadyThere}), u"%1 张已有，跳过"_s);
     add(countOf(report, {Fate::notFound, Fate::truncated, Fate::notAPicture}), u"%1 张没有"_s + words.deed);
     add(countOf(report, {Fate::failed}), u"%1 张失败"_s);
+    add(countOf(report, {Fate::doubtful}), u"%1 张没有完成"_s);
     add(countOf(report, {Fate::left}), u"%1 张没有做到"_s);
     return parts.join(u'，');
 }
@@ -99,7 +103,7 @@ std::vector<ReportLine> reportLines(const RunReport& report, const RunWords& wor
     const auto add = [&](bool expected) {
         for (const RunItem& item : report.items)
             if ((item.fate == Fate::taken) == expected)
-                lines.push_back({nameOf(item), fateText(item, words.deed), item.reason});
+                lines.push_back({nameOf(item), fateText(item, words), item.reason});
     };
     add(false);
     add(true);

@@ -5,8 +5,9 @@
 
 /// How a run is spoken of. Its things are files, or records that are named by a field.
 struct RunWords {
-    QString deed;        ///< What it does with a picture: "录入".
-    QString field = {};  ///< Of records; empty for files.
+    QString deed;           ///< What it does with a picture: "录入".
+    QString field = {};     ///< Of records; empty for files.
+    bool replaces = false;  ///< It puts its pictures in the place of others.
 };
 
 /// How far a run has come in this time: how many of how many, megabytes a second and the time left as far as they are
@@ -35,5 +36,5 @@ std::vector<ReportLine> reportLines(const RunReport& report, const RunWords& wor
 /// The report as a text: its outcome, and a line for each thing with tabs between the three parts.
 QString reportAsText(const RunReport& report, const RunWords& words);
 
-/// The places of those with which a run can be tried once more.
+/// The places of those with which a run can be tried once more: what is doubtful would be stored twice.
 QList<qsizetype> placesToRetry(const RunReport& report);

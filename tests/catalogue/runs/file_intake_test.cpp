@@ -339,6 +339,17 @@ class TestFileIntake : public QObject {
         QVERIFY(source.isStored(u"tc02"_s, 2, u"c"_s) && source.isStored(u"tc02"_s, 4, u"d"_s));
     }
 
+    void aSecondRunThatIsStopped() {
+        RunReport report{.count = 1,
+                         .items = {{0, u"a"_s}, {1, u"b"_s, Fate::truncated}, {2, u"c"_s, Fate::truncated}},
+                         .cameToEnd = true,
+                         .verified = 1};
+        report.add({.items = {{0, u"b"_s}, {1, u"c"_s, Fate::left}}, .stopped = true, .verified = 1});
+        QVERIFY(report.stopped && !report.cameToEnd);
+        QVERIFY(report.count == 2 && report.verified == 2);
+        QCOMPARE(report.placesOf({Fate::left}), QList<qsizetype>{2});
+    }
+
     // Nothing tells beforehand that no scratch file fits beside the longest name that a file can have.
     void bitmapsThatTurnOutNotToBeWritable() {
         Source source;

@@ -3,7 +3,10 @@
 #include "desktop.h"
 #include "platform/base/error.h"
 
+#include <pthread.h>
+
 #include <semaphore>
+#include <system_error>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -81,6 +84,35 @@ class TestLongWork : public QObject {
         answerBoxesWith({});
         QCOMPARE(boxes, QStringList{u"错误提示|磁盘已满"_s});
         QVERIFY(!isOver && !form.work->isAtWork());
+    }
+
+    void aSecondWorkCannotBegin() {
+        Form form;
+        std::binary_semaphore go(0);
+        bool isOver = false;
+        form.work->start([&] { go.acquire(); }, [&] { isOver = true; });
+        QVERIFY_THROWS_EXCEPTION(Error, form.work->start([] {}, [] {}));
+        go.release();
+        QTRY_VERIFY(isOver);
+        QVERIFY(!LongWork::isAnyAtWork());
+    }
+
+    /// No stack of this size can be had.
+    void aWorkWithoutAThreadLocksNothing() {
+        Form form;
+        QVERIFY(isShown(form));
+        pthread_attr_t usual, huge;
+        pthread_getattr_default_np(&usual);
+        pthread_attr_init(&huge);
+        pthread_attr_setstacksize(&huge, std::size_t(1) << 50);
+        pthread_setattr_default_np(&huge);
+        QSignalSpy ended(&*form.work, &LongWork::ended);
+        QVERIFY_THROWS_EXCEPTION(std::system_error, form.work->start([] {}, [] {}));
+        pthread_setattr_default_np(&usual);
+        QVERIFY(!form.work->isAtWork() && !LongWork::isAnyAtWork());
+        QCOMPARE(ended.size(), 1);
+        QTest::mouseClick(form.begin, Qt::LeftButton);
+        QCOMPARE(form.clicks, 1);
     }
 
     /// A question of the work is answered in the window's thread; the work waits for it.
