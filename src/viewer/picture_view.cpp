@@ -148,9 +148,10 @@ void PictureView::leaf(int steps) {
 void PictureView::turnPage() {
     if (row_ < pageRow_ || row_ >= pageRow_ + pageCells_) {
         pageCells_ = page_.picturesPerPage();
-        pageRow_ = row_ / pageCells_ * pageCells_;
+        const int pagesBefore = row_ / pageCells_;
+        pageRow_ = pagesBefore * pageCells_;
         page_.setFirstIndex(pageRow_);
-        strip_.showPage(pageText(pageRow_ / pageCells_ + 1));
+        strip_.showPage(pageText(pagesBefore + 1));
         page_.prepare();
     }
     selectedCell_ = row_ - pageRow_;
