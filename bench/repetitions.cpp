@@ -92,6 +92,7 @@ void readAll(const QStringList& paths) {
 
 void compare(int rounds, int count) {
     const SampleCatalogue catalogue;
+    mekTp::openCatalogue();  // makes room for the fingerprints
     makeAlbum(count);
     const QTemporaryDir folder;
     const QStringList paths = writeFiles(folder.path());
