@@ -1,7 +1,7 @@
 #pragma once
 
-#include "viewer/zoomed_place.h"
 #include "viewer/zoom_box.h"
+#include "viewer/zoomed_place.h"
 
 class QGestureEvent;
 class QMouseEvent;

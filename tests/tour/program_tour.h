@@ -1,8 +1,8 @@
 #pragma once
 
 #include "../support/found.h"
-#include "../support/run_end.h"
 #include "../support/run_all.h"
+#include "../support/run_end.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
 #include "platform/desktop/file_dialogs.h"
