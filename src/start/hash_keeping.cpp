@@ -4,6 +4,7 @@
 #include "catalogue/picture_hashes.h"
 #include "platform/base/error.h"
 #include "platform/desktop/long_work.h"
+#include "settings/backup/backup_run.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -62,9 +63,10 @@ bool HashKeeping::isQuiet() const {
     return !LongWork::isAnyAtWork() && Clock::now() >= lastInput_.load() + pace_.quiet;
 }
 
-/// What cannot be stored is made once more when the program runs the next time.
+/// What cannot be stored is made once more when the program runs the next time. A copy of the file would begin anew
+/// with every change.
 void HashKeeping::storeWhenQuiet() {
-    if (!isQuiet()) {
+    if (!isQuiet() || BackupRun::current() != nullptr) {
         wait_.start();
         return;
     }
