@@ -3,6 +3,7 @@
 #include "catalogue/mektp.h"
 #include "catalogue/picture_hashes.h"
 #include "platform/base/error.h"
+#include "platform/desktop/input_events.h"
 #include "platform/desktop/long_work.h"
 #include "settings/backup/backup_run.h"
 
@@ -10,28 +11,6 @@
 #include <QEvent>
 
 namespace {
-
-bool isInput(const QEvent& event) {
-    switch (event.type()) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::MouseMove:
-        case QEvent::Wheel:
-        case QEvent::KeyPress:
-        case QEvent::KeyRelease:
-        case QEvent::InputMethod:
-        case QEvent::TouchBegin:
-        case QEvent::TouchUpdate:
-        case QEvent::TouchEnd:
-        case QEvent::TabletPress:
-        case QEvent::TabletMove:
-        case QEvent::TabletRelease:
-            return true;
-        default:
-            return false;
-    }
-}
 
 void store(const std::vector<BackgroundHashing::Made>& batch) {
     Transaction together(mekTp::catalogue);
@@ -55,7 +34,7 @@ HashKeeping::HashKeeping(const QString& catalogue, const Pace& pace)
 }
 
 bool HashKeeping::eventFilter(QObject* watched, QEvent* event) {
-    if (isInput(*event)) lastInput_ = Clock::now();
+    if (isInput(event->type())) lastInput_ = Clock::now();
     return QObject::eventFilter(watched, event);
 }
 

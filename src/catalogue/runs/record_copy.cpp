@@ -144,8 +144,8 @@ class RecordCopy : public RunIntoDatabase {
             set(QByteArray(""));
         else if (column == u"日期"_s)
             set(QDate::currentDate().startOfDay());
-        else if (column == u"规格"_s && !source.spec.isEmpty())
-            set(source.spec);
+        else if (column == u"规格"_s && !source.sizeText.isEmpty())
+            set(source.sizeText);
         else if (column == u"大小"_s && !source.picture.isEmpty())
             set(kilobytesText(source.picture.size()));
     }

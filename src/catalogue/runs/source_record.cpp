@@ -15,14 +15,14 @@ PictureBytes kindOf(const CopyOrder& order, const QByteArray& picture) {
 }
 
 /// Empty when the bytes are no picture: they are copied all the same.
-QString specOf(QByteArray& bytes) {
-    QString spec;
+QString sizeTextOf(QByteArray& bytes) {
+    QString sizeText;
     attempt([&] {
         QBuffer device(&bytes);
         device.open(QIODevice::ReadOnly);
-        spec = specOfSize(pictureSize(device, {}), u"*"_s);
+        sizeText = specOfSize(pictureSize(device, {}), u"*"_s);
     });
-    return spec;
+    return sizeText;
 }
 
 }  // namespace
@@ -80,11 +80,11 @@ SourceValues SourceReader::read(const Database& source, qsizetype place) const {
     }
     read.kind = kindOf(order_, read.picture);
     if (printed_ && !read.picture.isEmpty()) read.print = fingerprintOf(read.picture);
-    if (wantsSpec(read)) read.spec = specOf(read.picture);
+    if (wantsSizeText(read)) read.sizeText = sizeTextOf(read.picture);
     return read;
 }
 
-bool SourceReader::wantsSpec(const SourceValues& record) const {
+bool SourceReader::wantsSizeText(const SourceValues& record) const {
     if (!order_.fillFields || record.picture.isEmpty()) return false;
     for (std::size_t i = 0; i < order_.mapping.size(); ++i)
         if (order_.mapping[i].target == u"规格" && record.values[i].isNull()) return true;

@@ -15,7 +15,7 @@ struct SourceValues {
     QByteArray picture = {};              ///< The one of them that goes to 图片; empty when there is none.
     PictureBytes kind = PictureBytes::whole;
     Fingerprint print = {};  ///< Of the picture, where the album keeps fingerprints.
-    QString spec = {};       ///< 规格 for a picture that comes without it; empty when the picture cannot be read.
+    QString sizeText = {};   ///< 规格 for a picture that comes without it; empty when the picture cannot be read.
     qint64 bytes = 0;        ///< Of all long values.
 };
 
@@ -38,7 +38,7 @@ class SourceReader {
 
   private:
     Recordset find(const Database& source, qsizetype place) const;
-    bool wantsSpec(const SourceValues& record) const;
+    bool wantsSizeText(const SourceValues& record) const;
 
     const CopyOrder& order_;
     bool printed_;

@@ -1,6 +1,7 @@
 #include "platform/desktop/long_work.h"
 
 #include "platform/base/error.h"
+#include "platform/desktop/input_events.h"
 #include "platform/desktop/message_box.h"
 
 #include <QApplication>
@@ -29,29 +30,6 @@ struct LongWork::Steps {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-bool isInput(QEvent::Type type) {
-    switch (type) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::MouseMove:
-        case QEvent::Wheel:
-        case QEvent::KeyPress:
-        case QEvent::KeyRelease:
-        case QEvent::ShortcutOverride:
-        case QEvent::Shortcut:
-        case QEvent::InputMethod:
-        case QEvent::ContextMenu:
-        case QEvent::DragEnter:
-        case QEvent::Drop:
-        case QEvent::TouchBegin:
-        case QEvent::TabletPress:
-            return true;
-        default:
-            return false;
-    }
-}
 
 /// The widget that an object belongs to, itself perhaps: actions and shortcuts are children of widgets.
 const QWidget* widgetOf(const QObject* part) {
