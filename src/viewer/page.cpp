@@ -142,6 +142,14 @@ void Page::goToFirstPicture() {
 }
 
 void Page::xstp() {
+    draw(&CellPictures::settle);
+}
+
+void Page::followSize() {
+    draw(&CellPictures::settleLater);
+}
+
+void Page::draw(void (CellPictures::*bringPictures)()) {
     const Hourglass hourglass(window(), Qt::BusyCursor);
     const int cells = picturesPerPage_;
     Q_EMIT drawing(cells > 1);
@@ -153,6 +161,7 @@ void Page::xstp() {
     goToFirstPicture();
     table_ = mekTp::currentTable;
     drawCells();
+    (pictures_.*bringPictures)();
 
     isShown_ = selection_.isOpen();
     Q_EMIT drawn();
@@ -168,7 +177,6 @@ void Page::drawCells() {
         attempt([&] { selection_.records().MoveNext(); });
         if (picturesPerPage_ > 1) Q_EMIT progressed(i * 100 / (picturesPerPage_ - 1));
     }
-    pictures_.settle();
 }
 
 /// The size in twips of a picture on the page. Without a size to read it takes that of the picture before it.
