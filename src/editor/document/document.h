@@ -24,6 +24,8 @@ class Document : public QObject {
     const QString& caption() const { return caption_; }
 
     EditState state() const { return state_; }
+    /// The words of the operations since the load.
+    const QString& trail() const { return tag_; }
     /// Of the state; hints are found by it.
     QString code() const { return codeOf(state_, operation_); }
     /// The operation of the states `asking` and `done`; null in all others.

@@ -61,5 +61,8 @@ void saveJpeg(const QImage& image, const QString& path, int quality);
 /// The bytes of such a file. Throws `Error` when there is no picture, or one too large for the format.
 QByteArray encodeJpeg(const QImage& image, int quality);
 
+/// Writes the bytes of a picture as `saveJpeg` does.
+void savePictureBytes(const QByteArray& bytes, const QString& path);
+
 /// The same as `saveJpeg` for a 24-bit BMP.
 void SavePicture(const QImage& image, const QString& path);

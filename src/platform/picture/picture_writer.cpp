@@ -29,19 +29,22 @@ QByteArray encoded(const QImage& image, const char* format, int quality) {
     return bytes;
 }
 
-void save(const QImage& image, const QString& path, const char* format, int quality) {
-    const QString text = u"不能保存图片“%1”：%2。"_s;
-    if (image.isNull()) throw Error(text.arg(QDir::toNativeSeparators(path), u"没有图片"_s));
+const QString complaint = u"不能保存图片“%1”：%2。"_s;
 
-    // The encoders take no notice of a write that was cut short: on a disk that fills up, the rest of the picture would
-    // be lost without a word. So all bytes go to the file at once and are counted.
-    const QByteArray bytes = encoded(image, format, quality);
-    UnnamedFile file(path, text);
-    file.write(bytes);
-    file.replace();
+// The encoders take no notice of a write that was cut short: on a disk that fills up, the rest of the picture would be
+// lost without a word. So all bytes go to the file at once and are counted.
+void save(const QImage& image, const QString& path, const char* format, int quality) {
+    if (image.isNull()) throw Error(complaint.arg(QDir::toNativeSeparators(path), u"没有图片"_s));
+    savePictureBytes(encoded(image, format, quality), path);
 }
 
 }  // namespace
+
+void savePictureBytes(const QByteArray& bytes, const QString& path) {
+    UnnamedFile file(path, complaint);
+    file.write(bytes);
+    file.replace();
+}
 
 void saveJpeg(const QImage& image, const QString& path, int quality) {
     save(image, path, "jpeg", quality);
