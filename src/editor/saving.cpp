@@ -50,14 +50,14 @@ QString Saving::store(const QImage& picture) {
     const Hourglass hourglass;
     const auto* file = std::get_if<PictureFile>(&document_.source());
     if (file == nullptr) return storeInAlbum(picture);
-    writePictureFile(picture, file->path);
+    writePictureFile(picture, document_.profile(), file->path);
     return u"文件名："_s + file->path;
 }
 
 /// The picture is stored together with its size and length: they cannot disagree.
 QString Saving::storeInAlbum(const QImage& picture) {
     Recordset& record = chooser_.recordOfPicture();
-    const QByteArray jpeg = encodeJpeg(picture, jpegQuality);
+    const QByteArray jpeg = encodeJpeg(picture, jpegQuality, document_.profile());
     record.Edit();
     storePictureBytes(record.Fields(u"图片"_s), jpeg);
     record.Fields(u"大小"_s).SetValue(kilobytes1024Text(jpeg.size()));
@@ -103,7 +103,7 @@ void Saving::mnuLcClick() {
     if (!name) return;
     {
         const Hourglass hourglass;
-        writePictureFile(document_.shown(), *name);
+        writePictureFile(document_.shown(), document_.profile(), *name);
     }
     say(form_, u"图片已保存完毕！(文件名："_s + *name + u")"_s, BoxIcon::exclamation, u"另外保存图片"_s);
     document_.setState(EditState::copied);
