@@ -108,11 +108,11 @@ void Saving::storeInFile(const Order& order, const QString& path) {
     if (path.endsWith(u"jpg"))
         savePictureBytes(made(order).bytes, path);
     else
-        SavePicture(order.picture, path);
+        SavePicture(order.picture, path, document_.profile());
 }
 
 PhotographFile Saving::made(const Order& order) {
-    PhotographFile file = photographFile(order.picture, photograph(), order.turn);
+    PhotographFile file = photographFile(order.picture, document_.profile(), photograph(), order.turn);
     way_ = file.hasLostTags  ? u"照片的拍摄资料太多，没有写入图片。"_s
            : !order.turn     ? QString()
            : file.isLossless ? u"已无损保存：图片没有重新压缩。"_s
@@ -176,7 +176,7 @@ void Saving::mnuLcClick() {
     {
         const Hourglass hourglass;
         if (document_.showsThumbnail())
-            writePictureFile(document_.shown(), *name);
+            writePictureFile(document_.shown(), document_.profile(), *name);
         else
             storeInFile({document_.shown(), turn}, *name);
     }

@@ -48,10 +48,10 @@ class TestEditorRules : public QObject {
   private Q_SLOTS:
     void turnsOfATrail() {
         const std::pair<QString, int> cases[] = {
-            {{}, 1},          {u" 水平翻转"_s, 2}, {u" 垂直翻转"_s, 4},          {u" 90度"_s, 8},
-            {u" -90度"_s, 6}, {u" 270.0度"_s, 6},  {u" 水平翻转 垂直翻转"_s, 3}, {u" 水平翻转 -90度"_s, 7},
-            {u" 45度"_s, 0},  {u" 90度 *2"_s, 0},  {u" 裁剪 水平翻转"_s, 0},    
-            {u" 720度"_s, 1}, {u" ９０度"_s, 8},
+            {{}, 1},           {u" 水平翻转"_s, 2}, {u" 垂直翻转"_s, 4},          {u" 90度"_s, 8},
+            {u" -90度"_s, 6},  {u" 270.0度"_s, 6},  {u" 水平翻转 垂直翻转"_s, 3}, {u" 水平翻转 -90度"_s, 7},
+            {u" 45度"_s, 0},   {u" 90度 *2"_s, 0},  {u" 裁剪 水平翻转"_s, 0},     {u" 720度"_s, 1},
+            {u" ９０度"_s, 8},
         };
         for (const auto& [trail, turn] : cases) {
             const auto found = turnOfTrail(trail);

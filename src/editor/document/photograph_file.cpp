@@ -12,11 +12,13 @@ namespace {
 constexpr QSize smallest(1, 1);
 }  // namespace
 
-PhotographFile photographFile(const QImage& picture, const QByteArray& photograph, std::optional<Orientation> turn) {
+PhotographFile photographFile(const QImage& picture, const QByteArray& profile, const QByteArray& photograph,
+                              std::optional<Orientation> turn) {
     const PictureTags tags(photograph);
     std::optional<QByteArray> turned;
     if (turn) turned = turnedJpeg(photograph, composed(tags.orientation(), *turn));
-    PhotographFile file{turned ? *turned : encodeJpeg(picture, jpegQuality), picture.size(), turned.has_value()};
+    PhotographFile file{turned ? *turned : encodeJpeg(picture, jpegQuality, profile), picture.size(),
+                        turned.has_value()};
     if (turned) file.pixels = LoadPicture(*turned, u"picture"_s, smallest).pixels();
     file.hasLostTags = !attempt([&] { file.bytes = tags.in(file.bytes); });
     return file;
