@@ -1,10 +1,9 @@
 #include "platform/picture/picture_tags.h"
 
 #include "platform/base/error.h"
+#include "platform/picture/exif_library.h"
 #include "platform/picture/picture.h"
 #include "platform/picture/picture_size.h"
-
-#include <exiv2/exiv2.hpp>
 
 #include <QBuffer>
 
@@ -21,14 +20,6 @@ namespace {
 
 constexpr QSize previewBox(160, 120);  // the size that the standard for cameras sets
 constexpr int previewQuality = 80;
-
-/// An open file in memory. The library's messages on the terminal help nobody.
-Exiv2::Image::AutoPtr opened(const QByteArray& jpeg) {
-    Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute);
-    auto image = Exiv2::ImageFactory::open(reinterpret_cast<const Exiv2::byte*>(jpeg.constData()), long(jpeg.size()));
-    image->readMetadata();
-    return image;
-}
 
 template <class Key, class Tags>
 void changeIfThere(Tags& tags, std::initializer_list<const char*> names, int value) {
@@ -67,7 +58,7 @@ void renewPreview(Exiv2::ExifData& exif, const QByteArray& jpeg) {
 }  // namespace
 
 QByteArray PictureTags::written(const QByteArray& jpeg, const Blocks& blocks) {
-    const auto image = opened(jpeg);
+    const auto image = openedTags(jpeg);
     image->setExifData(blocks.exif);
     image->setIptcData(blocks.iptc);
     image->setXmpData(blocks.xmp);
@@ -81,7 +72,7 @@ QByteArray PictureTags::written(const QByteArray& jpeg, const Blocks& blocks) {
 
 /// The library leaves large tags out without a word where a segment has no room for them.
 bool PictureTags::hasAll(const QByteArray& jpeg, const Blocks& blocks) {
-    const auto exif = opened(jpeg)->exifData();
+    const auto exif = openedTags(jpeg)->exifData();
     return std::all_of(blocks.exif.begin(), blocks.exif.end(), [&](const Exiv2::Exifdatum& tag) {
         return exif.findKey(Exiv2::ExifKey(tag.key())) != exif.end();
     });
@@ -90,7 +81,7 @@ bool PictureTags::hasAll(const QByteArray& jpeg, const Blocks& blocks) {
 PictureTags::PictureTags(const QByteArray& jpeg) {
     if (!jpeg.startsWith("\xff\xd8")) return;
     try {
-        const auto image = opened(jpeg);
+        const auto image = openedTags(jpeg);
         const bool isBare = image->exifData().empty() && image->iptcData().empty() && image->xmpData().empty() &&
                             image->comment().empty();
         if (isBare) return;

@@ -2,23 +2,15 @@
 
 #include "../../support/run_all.h"
 #include "picture_samples.h"
+#include "platform/picture/exif_library.h"
 #include "platform/picture/lossless_turn.h"
 #include "platform/picture/picture.h"
-
-#include <exiv2/exiv2.hpp>
 
 #include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-/// The bytes have to live as long as the image.
-Exiv2::Image::AutoPtr opened(const QByteArray& jpeg) {
-    auto image = Exiv2::ImageFactory::open(reinterpret_cast<const Exiv2::byte*>(jpeg.constData()), long(jpeg.size()));
-    image->readMetadata();
-    return image;
-}
 
 QByteArray bytesOf(Exiv2::Image& image) {
     image.writeMetadata();
@@ -31,7 +23,7 @@ QByteArray bytesOf(Exiv2::Image& image) {
 QByteArray photograph(QSize pixels, int orientation) {
     const QByteArray preview = jpegBytes(quadrants({16, 12}));
     const QByteArray jpeg = withPreview(jpegBytes(quadrants(pixels)), preview, orientation);
-    const auto image = opened(jpeg);
+    const auto image = openedTags(jpeg);
     Exiv2::ExifData& exif = image->exifData();
     exif["Exif.Image.Make"] = "Lake";
     exif["Exif.Photo.DateTimeOriginal"] = "2003:10:02 12:30:59";
@@ -47,7 +39,7 @@ QByteArray photograph(QSize pixels, int orientation) {
 
 /// All tags but those that must change.
 QStringList kept(const QByteArray& jpeg) {
-    const auto image = opened(jpeg);
+    const auto image = openedTags(jpeg);
     QStringList tags{QString::fromStdString(image->comment())};
     const auto take = [&](const auto& data) {
         for (const auto& each : data) {
@@ -65,7 +57,7 @@ QStringList kept(const QByteArray& jpeg) {
 }
 
 std::string exifOf(const QByteArray& jpeg, const char* key) {
-    const auto image = opened(jpeg);
+    const auto image = openedTags(jpeg);
     const auto found = image->exifData().findKey(Exiv2::ExifKey(key));
     return found == image->exifData().end() ? "" : found->toString();
 }
@@ -85,7 +77,7 @@ class TestPictureTags : public QObject {
         QCOMPARE(exifOf(after, "Exif.Photo.PixelXDimension"), "480");
         QCOMPARE(exifOf(after, "Exif.Photo.PixelYDimension"), "640");
         QCOMPARE(LoadPicture(after, u"after"_s).pixels(), QSize(480, 640));
-        const auto image = opened(after);
+        const auto image = openedTags(after);
         const Exiv2::DataBuf preview = Exiv2::ExifThumb(image->exifData()).copy();
         const QImage small = QImage::fromData(preview.pData_, int(preview.size_));
         QCOMPARE(small.size(), QSize(90, 120));
@@ -106,13 +98,13 @@ class TestPictureTags : public QObject {
     /// A segment has 64 KB. Where it is nearly full, the small picture gives way and no tag.
     void fullSegmentsLoseTheirPreviewAlone() {
         const QByteArray jpeg = photograph({64, 48}, 1);
-        const auto image = opened(jpeg);
+        const auto image = openedTags(jpeg);
         image->exifData()["Exif.Photo.UserComment"] = std::string(64300, 'x');
         const QByteArray before = bytesOf(*image);
         QCOMPARE(exifOf(before, "Exif.Photo.UserComment").size(), size_t{64300});
         const QByteArray after = PictureTags(before).in(encodeJpeg(quadrants({640, 480}), 80));
         QCOMPARE(kept(after), kept(before));
-        QCOMPARE(Exiv2::ExifThumb(opened(after)->exifData()).copy().size_, 0L);
+        QCOMPARE(Exiv2::ExifThumb(openedTags(after)->exifData()).copy().size_, 0L);
     }
 
     void turnsWithoutDecoding() {
