@@ -13,6 +13,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 constexpr QSize placeWithoutPicture(640, 480);
 constexpr double keyTimes = 1.2;
+// Cameras and programs write what they know before the pixels.
+constexpr qint64 factsReach = 512 << 10;
 const QString noSize = u" 的图片没有可用的规格。"_s;
 }  // namespace
 
@@ -58,6 +60,7 @@ void PictureView::leave() {
 
 void PictureView::endView() {
     pictures_.leave();
+    hideFacts();
     if (isAlone()) alone_->leave();
 }
 
@@ -105,6 +108,7 @@ void PictureView::show() {
         stage().say(name() + noSize);
     else
         pictures_.bring(stage(), viewed_.picture);
+    showFacts();
 }
 
 /// A strip that was put away stays away.
@@ -179,6 +183,10 @@ bool PictureView::takeKey(const QKeyEvent& event) {
         {Qt::Key_Left, -1}, {Qt::Key_PageUp, -1}, {Qt::Key_Right, 1}, {Qt::Key_PageDown, 1}};
     const Qt::KeyboardModifiers with = event.modifiers() & ~Qt::KeypadModifier;
     if (with.testFlag(Qt::ControlModifier)) return zoomByKey(event.key());
+    if (with == Qt::NoModifier && event.key() == Qt::Key_I) {
+        if (!event.isAutoRepeat()) switchFacts();
+        return true;
+    }
     if (with != Qt::NoModifier || !leaves.contains(event.key())) return false;
     leaf(leaves[event.key()]);
     return true;
@@ -196,6 +204,31 @@ bool PictureView::zoomByKey(int key) {
     else
         return false;
     return true;
+}
+
+// ------------------------------------------------------------------------------------------------------------ facts
+
+void PictureView::switchFacts() {
+    hasFacts_ = !hasFacts_;
+    hideFacts();
+    showFacts();
+}
+
+/// Of the picture in view, over it.
+void PictureView::showFacts() {
+    if (!hasFacts_ || viewed_.picture.isNull()) {
+        hideFacts();
+        return;
+    }
+    if (!lblZl) lblZl = new FactsPanel(page_.window());
+    const StoredValue& value = viewed_.picture;
+    PictureFacts facts;
+    attempt([&] { facts = pictureFacts(value.read(0, std::min(value.size(), factsReach))); });
+    lblZl->showOn(stage().ground(), factLines(facts, viewed_.pixels, value.size()));
+}
+
+void PictureView::hideFacts() {
+    if (lblZl) lblZl->hide();
 }
 
 // --------------------------------------------------------------------------------------------------------- on black
@@ -232,12 +265,15 @@ void PictureView::takeKeyAlone(QKeyEvent* event) {
 }
 
 void PictureView::backFromAlone() {
-    if (!screen_.isViewing())
+    if (!screen_.isViewing()) {
         pictures_.leave();
-    else if (!viewed_.picture.isNull() && viewed_.picture == behindBlack_)
+        hideFacts();
+    } else if (!viewed_.picture.isNull() && viewed_.picture == behindBlack_) {
         pictures_.bring(screen_.stage(), viewed_.picture);
-    else
+        showFacts();
+    } else {
         showKeepingStrip();
+    }
 }
 
 void PictureView::followPage() {

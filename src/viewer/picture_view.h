@@ -1,11 +1,14 @@
 #pragma once
 
 #include "viewer/alone.h"
+#include "viewer/facts_panel.h"
 #include "viewer/page.h"
 #include "viewer/screen_panel.h"
 #include "viewer/stage_pictures.h"
 #include "viewer/status_line.h"
 #include "viewer/viewed_picture.h"
+
+#include <QPointer>
 
 /// One picture alone, on the screen panel or on black over the whole screen: leafing through the selection, zooming,
 /// and the switch between original size and that of the window. The page behind it is drawn anew only at the end.
@@ -26,7 +29,7 @@ class PictureView : public QObject {
     void switchSize();
     /// To the picture that is so many behind it in the selection, or before it.
     void leaf(int steps);
-    /// Keys that leaf and zoom; false for all others.
+    /// Keys that leaf and zoom, and I for what the photograph tells; false for all others.
     bool takeKey(const QKeyEvent& event);
     /// Shows the picture on black, or ends that.
     void switchAlone();
@@ -46,6 +49,10 @@ class PictureView : public QObject {
     void takeKeyAlone(QKeyEvent* event);
     bool zoomByKey(int key);
 
+    void switchFacts();
+    void showFacts();
+    void hideFacts();
+
     void show();
     void beginPlace(QSize pixels);
     void showKeepingStrip();
@@ -60,7 +67,9 @@ class PictureView : public QObject {
     ToolStrip& strip_;
     StatusLine& status_;
     ScreenPanel& screen_;
-    Alone* alone_ = nullptr;  ///< Made when it is first wanted.
+    Alone* alone_ = nullptr;     ///< Made when it is first wanted.
+    QPointer<FactsPanel> lblZl;  ///< The same. It goes with the ground that it is on.
+    bool hasFacts_ = false;      ///< The person wants to see them.
     StagePictures pictures_;
     ViewedPicture viewed_;  ///< The picture in view.
     int row_ = 0;           ///< Its row in the selection.

@@ -17,6 +17,7 @@ class Stage : public QObject {
   public:
     /// `words` take the place of a picture that cannot be shown. With `isCentred` the picture is in the middle.
     Stage(QWidget* ground, ZoomBox* picture, QLabel* words, bool isCentred);
+    QWidget* ground() const { return ground_; }
     /// Another control over the picture: the wheel works there, too.
     void include(QWidget* control) { control->installEventFilter(this); }
 

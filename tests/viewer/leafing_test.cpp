@@ -49,6 +49,30 @@ class TestLeafing : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
+    void whatThePhotographTells() {
+        const View view;
+        const auto panel = [&] { return view.window->findChild<QLabel*>(u"lblZl"_s); };
+        const auto said = [&] { return panel()->isVisible() ? panel()->accessibleName() : QString(); };
+        view.key(Qt::Key_I);
+        QCOMPARE(said().section(u'；', 0, 0), u"尺寸：2000 × 1500"_s);
+        QVERIFY(said().endsWith(u"照片：没有拍摄资料"_s));
+        view.key(Qt::Key_Right);
+        QVERIFY(said().startsWith(u"尺寸：30 × 40"_s));
+        view.key(Qt::Key_F11);
+        QVERIFY(panel()->window() == view.black() && !said().isEmpty());
+        view.key(Qt::Key_I);
+        QVERIFY(said().isEmpty());
+        view.key(Qt::Key_I);
+        view.key(Qt::Key_Escape);
+        QVERIFY(panel()->window() == view.window.get() && !said().isEmpty());
+        view.drag({20, 20}, {5, 5});  // the mouse works through it
+        QVERIFY(view.isViewing());
+        view.key(Qt::Key_Escape);
+        QVERIFY(said().isEmpty());
+        view.openPicture(0);
+        QVERIFY(said().startsWith(u"尺寸：40 × 30"_s));
+    }
+
     void leafsThroughTheSelection() {
         const View view;
         struct Step {
