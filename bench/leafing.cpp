@@ -1,14 +1,11 @@
 // Times leafing and zooming in the full view: photographs of 12 megapixels in a window of 1920 x 1080. Run by hand:
 // bench_leafing [rounds]
 
-#include "../tests/viewer/viewer_window.h"
 #include "filling.h"
 #include "platform/desktop/look.h"
 #include "scene.h"
 #include "table.h"
-
-#include <QBuffer>
-#include <QImageWriter>
+#include "viewed_pages.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -18,21 +15,6 @@ constexpr auto topic = "leafing";
 constexpr int pictures = 18;
 constexpr double oneFrame = 33;
 constexpr int restMs = 300;
-constexpr int patience = 30000;
-
-QByteArray coded(const QImage& image) {
-    QBuffer buffer;
-    QImageWriter writer(&buffer, "jpeg");
-    writer.setQuality(85);
-    writer.write(image);
-    return buffer.data();
-}
-
-void rest(int milliseconds) {
-    QEventLoop loop;
-    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-    loop.exec();
-}
 
 /// A window of 1920 x 1080 with a picture of its first page in view.
 class View {
@@ -56,7 +38,8 @@ class View {
     bool waitForSharpness() const {
         QElapsedTimer timer;
         timer.start();
-        while (!isSharp() && !timer.hasExpired(patience)) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        while (!isSharp() && !timer.hasExpired(ViewedPages::patience))
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
         return isSharp();
     }
     void drag(QPoint way) {

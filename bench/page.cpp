@@ -1,7 +1,6 @@
 // Times the pages of the main window: 36 photographs of 12 megapixels to a page. Run by hand: bench_page [rounds]
 
 #include "../tests/platform/picture/picture_samples.h"
-#include "../tests/viewer/viewer_window.h"
 #include "filling.h"
 #include "jpeg_library.h"
 #include "platform/base/files.h"
@@ -9,9 +8,8 @@
 #include "scene.h"
 #include "table.h"
 #include "timing.h"
+#include "viewed_pages.h"
 
-#include <QBuffer>
-#include <QImageWriter>
 #include <QProcess>
 
 using namespace Qt::Literals::StringLiterals;
@@ -19,28 +17,15 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr auto topic = "page";
-constexpr int columns = 6;
-constexpr int cells = columns * columns;
+constexpr int cells = ViewedPages::cells;
 constexpr int scenes = 12;
 constexpr double oneFrame = 33;
-// Wider than any preview.
-constexpr int sharpWidth = 165;
-constexpr int patience = 30000;
 // The album's pages, counted from 1. The first two are decoded ahead as soon as the window rests.
 constexpr int pages = 5;
 constexpr int cameraPage = 3, baselinePage = 4, progressivePage = 5;
 // Of the album that comes from the disk.
 constexpr int firstColdPage = 4;
 constexpr qsizetype largeBytes = 3'700'000;
-
-QByteArray coded(const QImage& image, bool progressive) {
-    QBuffer buffer;
-    QImageWriter writer(&buffer, "jpeg");
-    writer.setQuality(85);
-    writer.setProgressiveScanWrite(progressive);
-    writer.write(image);
-    return buffer.data();
-}
 
 struct Photographs {
     std::vector<QByteArray> camera, baseline, progressive;
@@ -68,66 +53,16 @@ void decodePage(const Photographs& photographs, int firstRow) {
     onAllProcessors(cells, [&](int cell) { eighthByLibrary(photographs.at(firstRow + cell)); });
 }
 
-void rest(int milliseconds) {
-    QEventLoop loop;
-    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
-/// A window on the album that has shown none of its pages yet.
-class Viewer {
-  public:
-    Viewer() {
-        window_.resize(1280, 900);
-        window_.show();
-        window_.findChild<QAction*>(u"mnuCd(1)"_s)->trigger();
-        box(u"txtLs"_s)->setText(QString::number(columns) + u'列');
-        QApplication::processEvents();
-    }
-
-    void key(const QString& key) { window_.findChild<QToolButton*>(u"tlb1:"_s + key)->click(); }
-    void button() { Q_EMIT window_.findChild<ImageBox*>(u"imgAn(0)"_s)->clicked(); }
-    void page(int number) {
-        box(u"txtYh"_s)->setText(QString::number(number));
-        Q_EMIT box(u"txtYh"_s)->textEdited(QString::number(number));
-        key(u"xs"_s);
-    }
-    /// Until the window shows what the click has changed.
-    static void paint() { QApplication::processEvents(); }
-
-    bool showsAll(int atLeastPixelsWide) const {
-        for (int i = 0; i < cells; ++i)
-            if (window_.findChild<ImageBox*>(element(u"imgXs"_s, i))->picture().image().width() < atLeastPixelsWide)
-                return false;
-        return true;
-    }
-    bool isSharp() const { return showsAll(sharpWidth); }
-    /// Until every cell has its own picture in full sharpness; false when that does not come. The window's clock wakes
-    /// the loop.
-    bool waitForSharpness() const {
-        QElapsedTimer timer;
-        timer.start();
-        while (!isSharp() && !timer.hasExpired(patience)) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        paint();
-        return isSharp();
-    }
-
-  private:
-    TextBox* box(const QString& name) { return window_.findChild<TextBox*>(name); }
-    RecordingWindows windows_;
-    frmTp window_{windows_};
-};
-
 /// Times a page in a window that has never shown it: until every cell shows something, and until every cell is sharp.
 std::pair<double, double> timeNewPage(int rounds, int page) {
     std::vector<double> seen, sharp;
     for (int i = 0; i < rounds; ++i) {
-        Viewer viewer;
+        ViewedPages viewer;
         QElapsedTimer timer;
         timer.start();
         viewer.page(page);
-        Viewer::paint();
-        seen.push_back(viewer.showsAll(1) ? double(timer.nsecsElapsed()) / 1e6 : failed);
+        ViewedPages::paint();
+        seen.push_back(viewer.showsSomething() ? double(timer.nsecsElapsed()) / 1e6 : failed);
         sharp.push_back(viewer.waitForSharpness() ? double(timer.nsecsElapsed()) / 1e6 : failed);
     }
     return {median(seen), median(sharp)};
@@ -136,11 +71,11 @@ std::pair<double, double> timeNewPage(int rounds, int page) {
 double timeFirstDraw(int rounds) {
     std::vector<double> times;
     for (int i = 0; i < rounds; ++i) {
-        Viewer viewer;
+        ViewedPages viewer;
         rest(2000);
         const double time = milliseconds([&] {
             viewer.button();
-            Viewer::paint();
+            ViewedPages::paint();
         });
         times.push_back(viewer.isSharp() ? time : failed);
     }
@@ -148,14 +83,14 @@ double timeFirstDraw(int rounds) {
 }
 
 void timeTurning(int rounds) {
-    Viewer viewer;
+    ViewedPages viewer;
     viewer.page(1);
     const auto time = [&](const QString& key) {
         return medianMilliseconds(
             rounds,
             [&] {
                 viewer.key(key);
-                Viewer::paint();
+                ViewedPages::paint();
             },
             [&] {
                 viewer.waitForSharpness();

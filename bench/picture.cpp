@@ -7,9 +7,7 @@
 #include "table.h"
 #include "timing.h"
 
-#include <QBuffer>
 #include <QGuiApplication>
-#include <QImageWriter>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -19,15 +17,6 @@ constexpr auto topic = "picture";
 constexpr int picturesPerPage = 36;
 constexpr QSize thumbnail(200, 150);
 constexpr QSize halfPage(600, 450);
-
-QByteArray coded(const QImage& image, bool progressive) {
-    QBuffer buffer;
-    QImageWriter writer(&buffer, "jpeg");
-    writer.setQuality(85);
-    writer.setProgressiveScanWrite(progressive);
-    writer.write(image);
-    return buffer.data();
-}
 
 void report(const std::string& kind, const QByteArray& picture, int rounds) {
     const auto decode = [&](QSize target) { LoadPicture(picture, u"photograph"_s, target); };

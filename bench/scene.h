@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QBuffer>
 #include <QImage>
+#include <QImageWriter>
 #include <QRandomGenerator>
 
 /// A picture of 12 megapixels, as cameras take them: large shapes with fine noise, so that its coded length is that of
@@ -17,4 +19,14 @@ inline QImage photograph(int number = 0) {
         }
     }
     return image;
+}
+
+/// A photograph's file.
+inline QByteArray coded(const QImage& image, bool progressive = false) {
+    QBuffer buffer;
+    QImageWriter writer(&buffer, "jpeg");
+    writer.setQuality(85);
+    writer.setProgressiveScanWrite(progressive);
+    writer.write(image);
+    return buffer.data();
 }

@@ -12,7 +12,10 @@ namespace {
 
 Picture decoded(const DecodingThreads::Job& job) {
     Picture picture;
-    attempt([&] { picture = shrunkTo(LoadPicture(job.bytes, u"picture"_s, job.target), job.target); });
+    attempt([&] {
+        const Picture stored = LoadPicture(job.bytes, u"picture"_s, job.target, Colours::ofFile);
+        picture = inScreenColours(shrunkTo(stored, job.target));
+    });
     return picture;
 }
 

@@ -5,16 +5,18 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-Picture loadPictureField(Recordset& recordset, const QString& fieldName, const QString& name, QSize target) {
+Picture loadPictureField(Recordset& recordset, const QString& fieldName, const QString& name, QSize target,
+                         Colours colours) {
     FieldDevice device(recordset.Fields(fieldName));
-    return LoadPicture(device, name, target);
+    return LoadPicture(device, name, target, colours);
 }
 
-std::optional<Picture> pictureFromField(Recordset& recordset, const QString& fieldName, QSize target) {
+std::optional<Picture> pictureFromField(Recordset& recordset, const QString& fieldName, QSize target,
+                                        Colours colours) {
     std::optional<Picture> picture;
     attempt([&] {
         if (recordset.Fields(fieldName).FieldSize() == 0) return;
-        picture = loadPictureField(recordset, fieldName, fieldName, target);
+        picture = loadPictureField(recordset, fieldName, fieldName, target, colours);
     });
     return picture;
 }

@@ -7,11 +7,13 @@
 
 /// The picture of a long-binary column of the current record, decoded for a target of that many device pixels. Throws
 /// the `Error` that calls it by `name` and says why it is none.
-Picture loadPictureField(Recordset& recordset, const QString& fieldName, const QString& name, QSize target);
+Picture loadPictureField(Recordset& recordset, const QString& fieldName, const QString& name, QSize target,
+                         Colours colours = Colours::ofScreen);
 
 /// The same, or nothing for a Null or empty field and for bytes that are no picture: a caller then leaves its target as
 /// it was.
-std::optional<Picture> pictureFromField(Recordset& recordset, const QString& fieldName, QSize target = {});
+std::optional<Picture> pictureFromField(Recordset& recordset, const QString& fieldName, QSize target = {},
+                                        Colours colours = Colours::ofScreen);
 
 /// Puts the picture of a column on an image control, decoded for the control's own size or for `target`. The control
 /// keeps what it shows when there is no picture to read. Returns whether there was one.

@@ -108,8 +108,8 @@ bool PictureInHand::isUnchanged() const {
     return now.size() == length_ && wholeSeconds(now.lastModified()) == changed_;
 }
 
-Picture PictureInHand::load(QSize target) {
-    return read([&](QIODevice& bytes) { return LoadPicture(bytes, QDir::toNativeSeparators(path_), target); });
+Picture PictureInHand::load(QSize target, Colours colours) {
+    return read([&](QIODevice& bytes) { return LoadPicture(bytes, QDir::toNativeSeparators(path_), target, colours); });
 }
 
 QSize PictureInHand::pixels() {

@@ -27,7 +27,7 @@ class PictureInHand {
     bool isUnchanged() const;
 
     /// The picture decoded for a target as `LoadPicture` does it.
-    Picture load(QSize target = {});
+    Picture load(QSize target = {}, Colours colours = Colours::ofScreen);
     // The others decode nothing -----------------------------------------------------------------------------------
 
     /// Of the upright picture. Throws what `load` throws of the headers.

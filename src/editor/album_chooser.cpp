@@ -200,7 +200,7 @@ void AlbumChooser::showRecord() {
 /// Takes the picture of the current record.
 void AlbumChooser::cmdQdClick() {
     Recordset& record = datBj_->Recordset();
-    const auto picture = pictureFromField(record, u"图片"_s);
+    const auto picture = pictureFromField(record, u"图片"_s, {}, Colours::ofFile);
     if (!picture) {
         say(picCs_, u"这条记录没有可以显示的图片，请另选一条。"_s, BoxIcon::information);
         return;

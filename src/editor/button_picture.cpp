@@ -296,9 +296,15 @@ void ButtonPicture::rowSelected() {
            u")"_s);
 }
 
+/// A profile may be many times as large as such a small picture.
+QImage ButtonPicture::thumbnail() const {
+    const QImage& shown = document_.shown();
+    return inScreenColours({shown, shown.size(), document_.profile()}).image();
+}
+
 void ButtonPicture::storeInRow() {
     if (!askFor(2)) return;
-    const QByteArray jpeg = encodeJpeg(document_.shown(), jpegQuality);
+    const QByteArray jpeg = encodeJpeg(thumbnail(), jpegQuality);
     Recordset& row = rows_->Recordset();
     row.Edit();
     storePictureBytes(row.Fields(u"图片"_s), jpeg);
@@ -313,7 +319,7 @@ void ButtonPicture::saveToFile() {
         clearOption(optAn_[3]);
         return;
     }
-    writePictureFile(document_.shown(), name);
+    writePictureFile(thumbnail(), {}, name);
     picAn_->hide();
     say(form_, u"选择的“按钮用图片”已"_s + optAn_[3]->text() + u"["_s + name + u"]。"_s);
 }

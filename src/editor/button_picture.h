@@ -51,6 +51,7 @@ class ButtonPicture : public Chapter {
     void makeThumbnail();
     void chooseRow();
     void rowSelected();
+    QImage thumbnail() const;  ///< In the colours of the screen.
     void storeInRow();
     void saveToFile();
     void cmdAgClick();

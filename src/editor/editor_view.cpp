@@ -97,9 +97,9 @@ void EditorView::makeScrollBars() {
 
 void EditorView::followDocument() {
     const QImage& painted = document_.lastPaint();
-    picMb_->setPicture(painted);
+    picMb_->setPicture(painted, document_.profile());
     picMb_->setGeometry(QRect(QPoint(), painted.size()));
-    picYu_->setPicture(document_.shown());
+    picYu_->setPicture(document_.shown(), document_.profile());
     for (QWidget* surface : {static_cast<QWidget*>(picGd_), static_cast<QWidget*>(picYu_)}) surface->show();
     img1_->hide();
     zoom_.follow(document_.size());
@@ -126,7 +126,7 @@ void EditorView::layOutThumbnail() {
     vsc1_->hide();
     viewSize_ = size;
     placeIn(picGd_, {thumbnailPlace, size});
-    picYu_->setPicture(document_.shown());
+    picYu_->setPicture(document_.shown(), document_.profile());
     picYu_->setScale(1);
     gdcl();
     picYu_->show();

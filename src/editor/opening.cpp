@@ -34,7 +34,7 @@ void Opening::mnuCwClick() {
 /// A file that cannot be read leaves everything as it was.
 void Opening::open(const QString& path) {
     const Hourglass hourglass;
-    const Picture picture = LoadPicture(path);
+    const Picture picture = LoadPicture(path, {}, Colours::ofFile);
     const PictureFile file{path, FileLen(path), {picture.Width(), picture.Height()}};
     attempt([&] { document_.clearSteps(); });
     document_.open(file, picture, view_.hint().text());

@@ -2,7 +2,9 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/picture_field.h"
+#include "catalogue/remembered.h"
 #include "editor/document/picture_files.h"
+#include "editor/operations/trail.h"
 #include "platform/base/files.h"
 #include "platform/desktop/busy.h"
 #include "platform/desktop/file_dialogs.h"
@@ -10,10 +12,16 @@
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+/// The choice of the check box 无损保存.
+const QString lossless = u"editor.lossless"_s;
+}  // namespace
+
 Saving::Saving(const Workplace& at, OperationDialog& dialog, AlbumChooser& chooser, const ButtonPicture& button)
     : Chapter(at), dialog_(dialog), chooser_(chooser), button_(button) {
     commands_.onCommand(u"bc"_s, [this] { mnuBcClick(); });
     commands_.onCommand(u"lc"_s, [this] { mnuLcClick(); });
+    connect(&document_, &Document::opened, this, [this] { isReplaced_ = false; });
 }
 
 void Saving::mnuBcClick() {
@@ -21,21 +29,23 @@ void Saving::mnuBcClick() {
         say(form_, u"请先打开图片！"_s, BoxIcon::information);
         return;
     }
-    const auto picture = askWhatToSave();
-    if (!picture) return;
-    const QString where = store(*picture);
+    const auto order = askWhatToSave();
+    if (!order) return;
+    const QString where = store(*order);
     say(form_, u"图片已保存完毕！("_s + where + u')', BoxIcon::exclamation, u"保存图片"_s);
     finish();
+    tellWay();
 }
 
 /// The picture of the last paint. After an undo that is the one that was taken back: then there is a choice.
-std::optional<QImage> Saving::askWhatToSave() {
+std::optional<Saving::Order> Saving::askWhatToSave() {
     enum Answer { lastPaint, screen, cancel };
     const QString question = u"        保存已修改的图片吗？\n\n如果保存，按《确定》，将覆盖原图片；否则按《取消》。"_s;
     const QString title = u"按原文件名保存"_s;
     if (!document_.isTakenBack()) {
-        if (!ask(form_, question, BoxIcon::question, title)) return {};
-        return document_.lastPaint();
+        auto turn = possibleTurn();
+        if (!confirm(question, title, turn)) return {};
+        return Order{document_.lastPaint(), turn};
     }
     const int answer = choose(form_,
                               question +
@@ -43,25 +53,85 @@ std::optional<QImage> Saving::askWhatToSave() {
                                   u"要保存现在看到的这一张，按《保存屏幕上的图片》。"_s,
                               {u"确定"_s, u"保存屏幕上的图片"_s, u"取消"_s}, cancel, cancel, BoxIcon::question, title);
     if (answer == cancel) return {};
-    return answer == screen ? document_.photograph() : document_.lastPaint();
+    return Order{answer == screen ? document_.photograph() : document_.lastPaint(), {}};
 }
 
-QString Saving::store(const QImage& picture) {
+/// Asks, and with a turn offers to use it. Takes it away when that is not wanted.
+bool Saving::confirm(const QString& question, const QString& title, std::optional<Orientation>& turn) {
+    if (!turn) return ask(form_, question, BoxIcon::question, title);
+    bool isWanted = remembered::flag(lossless);
+    auto option = std::make_unique<QCheckBox>(u"无损保存"_s);
+    option->setObjectName(u"chkWs"_s);
+    option->setToolTip(u"只做过翻转和直角旋转的 JPG 照片，可以不重新压缩"_s);
+    option->setChecked(isWanted);
+    connect(option.get(), &QCheckBox::toggled, option.get(), [&isWanted](bool on) { isWanted = on; });
+    if (!ask(form_, question, std::move(option), title)) return false;
+    remembered::setFlag(lossless, isWanted);
+    if (!isWanted) turn.reset();
+    return true;
+}
+
+std::optional<Orientation> Saving::possibleTurn() {
+    if (isReplaced_ || document_.isTakenBack() || !photograph().startsWith("\xff\xd8")) return {};
+    return turnOfTrail(document_.trail());
+}
+
+QByteArray Saving::photograph() {
+    QByteArray bytes;
+    attempt([&] {
+        if (document_.isFromAlbum()) bytes = chooser_.recordOfPicture().Fields(u"图片"_s).Value().toBytes();
+    });
+    if (const auto* source = std::get_if<PictureFile>(&document_.source())) {
+        QFile file(source->path);
+        const bool isSame = isReplaced_ || file.size() == source->bytes;
+        if (isSame && file.open(QIODevice::ReadOnly)) bytes = file.readAll();
+    }
+    return bytes;
+}
+
+QString Saving::store(const Order& order) {
     const Hourglass hourglass;
     const auto* file = std::get_if<PictureFile>(&document_.source());
-    if (file == nullptr) return storeInAlbum(picture);
-    writePictureFile(picture, file->path);
-    return u"文件名："_s + file->path;
+    QString where;
+    if (file == nullptr) {
+        where = storeInAlbum(order);
+    } else {
+        storeInFile(order, file->path);
+        where = u"文件名："_s + file->path;
+    }
+    isReplaced_ = true;
+    return where;
+}
+
+void Saving::storeInFile(const Order& order, const QString& path) {
+    way_.clear();
+    if (path.endsWith(u"jpg"))
+        savePictureBytes(made(order).bytes, path);
+    else
+        SavePicture(order.picture, path, document_.profile());
+}
+
+PhotographFile Saving::made(const Order& order) {
+    PhotographFile file = photographFile(order.picture, document_.profile(), photograph(), order.turn);
+    way_ = file.hasLostTags  ? u"照片的拍摄资料太多，没有写入图片。"_s
+           : !order.turn     ? QString()
+           : file.isLossless ? u"已无损保存：图片没有重新压缩。"_s
+                             : u"不能无损保存：图片的边长不是整块。已重新压缩（质量 80）。"_s;
+    return file;
+}
+
+void Saving::tellWay() {
+    if (!way_.isEmpty()) view_.hint().notice(way_);
 }
 
 /// The picture is stored together with its size and length: they cannot disagree.
-QString Saving::storeInAlbum(const QImage& picture) {
+QString Saving::storeInAlbum(const Order& order) {
     Recordset& record = chooser_.recordOfPicture();
-    const QByteArray jpeg = encodeJpeg(picture, jpegQuality);
+    const PhotographFile file = made(order);
     record.Edit();
-    storePictureBytes(record.Fields(u"图片"_s), jpeg);
-    record.Fields(u"大小"_s).SetValue(kilobytes1024Text(jpeg.size()));
-    record.Fields(u"规格"_s).SetValue(specOfPicture(Picture(picture)));
+    storePictureBytes(record.Fields(u"图片"_s), file.bytes);
+    record.Fields(u"大小"_s).SetValue(kilobytes1024Text(file.bytes.size()));
+    record.Fields(u"规格"_s).SetValue(specOfPicture(Picture({}, file.pixels)));
     record.Update();
     return u"序号＝"_s + record.Fields(u"序号"_s).Value().textOr();
 }
@@ -87,7 +157,7 @@ bool Saving::mayGo() {
     switch (askAboutUnsaved(
         form_, u"图片已经改动，还没有保存。\n\n按《保存》写回原来的地方，覆盖原图片；不要这些改动，按《不保存》。"_s)) {
         case Unsaved::save:
-            store(document_.photograph());
+            store({document_.photograph(), remembered::flag(lossless) ? possibleTurn() : std::nullopt});
             finish();
             return true;
         case Unsaved::discard:
@@ -99,20 +169,27 @@ bool Saving::mayGo() {
 }
 
 void Saving::mnuLcClick() {
-    const auto name = askWhereTo();
+    std::optional<Orientation> turn;
+    if (!document_.showsThumbnail()) turn = possibleTurn();
+    const auto name = askWhereTo(turn);
     if (!name) return;
     {
         const Hourglass hourglass;
-        writePictureFile(document_.shown(), *name);
+        if (document_.showsThumbnail())
+            writePictureFile(document_.shown(), document_.profile(), *name);
+        else
+            storeInFile({document_.shown(), turn}, *name);
     }
     say(form_, u"图片已保存完毕！(文件名："_s + *name + u")"_s, BoxIcon::exclamation, u"另外保存图片"_s);
     document_.setState(EditState::copied);
-    if (!document_.showsThumbnail()) document_.keep();
+    if (document_.showsThumbnail()) return;
+    document_.keep();
+    tellWay();
 }
 
-std::optional<QString> Saving::askWhereTo() {
-    if (!ask(form_, u"    另外保存已修改的图片吗？\n\n如果保存，按《确定》；否则按《取消》。"_s, BoxIcon::question,
-             u"图片处理另外保存"_s))
+std::optional<QString> Saving::askWhereTo(std::optional<Orientation>& turn) {
+    if (!confirm(u"    另外保存已修改的图片吗？\n\n如果保存，按《确定》；否则按《取消》。"_s, u"图片处理另外保存"_s,
+                 turn))
         return {};
     const QString chosen = askSaveFile(form_, u"另存图片文件"_s, savedKinds);
     if (chosen.isEmpty()) return {};

@@ -13,8 +13,10 @@ WorkSurface::WorkSurface(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-void WorkSurface::setPicture(const QImage& picture) {
+void WorkSurface::setPicture(const QImage& picture, const QByteArray& profile) {
     picture_.set(picture.isNull() ? QImage() : inEditorFormat(picture));
+    transform_ = ColourTransform::of(profile, ColourKind::lights);
+    if (transform_ && transform_->changesNothing()) transform_.reset();
     update();
 }
 
@@ -52,10 +54,20 @@ void WorkSurface::drawPart(QPainter& painter, const QRect& part) {
     const QRect pixels = exact.toAlignedRect() & QRect(QPoint(), target);
     if (pixels.isEmpty()) return;
     const QRectF place(QPointF(pixels.topLeft()) / ratio, QSizeF(pixels.size()) / ratio);
-    if (target == picture().size())
+    if (target == picture().size() && !transform_)
         painter.drawImage(place, picture(), pixels);
     else
-        painter.drawImage(place, picture_.part(target, pixels));
+        painter.drawImage(place, partForScreen(target, pixels));
+}
+
+QImage WorkSurface::partForScreen(QSize target, const QRect& part) {
+    QImage image = target == picture().size() ? picture().copy(part) : picture_.part(target, part);
+    if (!transform_ || image.isNull()) return image;
+    const PixelRows rows(image);
+    forRowBlocks(image.size(), [&](int first, int end) {
+        for (int y = first; y < end; ++y) transform_->apply(rows[y], image.width());
+    });
+    return image;
 }
 
 QPoint WorkSurface::twipsOf(const QMouseEvent& event) const {

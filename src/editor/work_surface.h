@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/pixels/scaled_picture.h"
+#include "platform/picture/colour_transform.h"
 
 #include <QWidget>
 
@@ -12,8 +13,9 @@ class WorkSurface : public QWidget {
   public:
     explicit WorkSurface(QWidget* parent = nullptr);
 
-    /// The stored picture; a null one clears it.
-    void setPicture(const QImage& picture);
+    /// The stored picture; a null one clears it. With a profile its colours are turned into those of the screen while
+    /// they are painted.
+    void setPicture(const QImage& picture, const QByteArray& profile = {});
     const QImage& picture() const { return picture_.whole(); }
     void setScale(double scale);
 
@@ -38,7 +40,9 @@ class WorkSurface : public QWidget {
   private:
     QPoint twipsOf(const QMouseEvent& event) const;
     void drawPart(QPainter& painter, const QRect& part);
+    QImage partForScreen(QSize target, const QRect& part);
 
     ScaledPicture picture_;
+    std::shared_ptr<const ColourTransform> transform_;  ///< nullptr where nothing has to be turned.
     double scale_ = 1;
 };

@@ -8,6 +8,7 @@
 #include "platform/base/error.h"
 #include "start/settings_window.h"
 #include "viewer/frm_tp.h"
+#include "windows/window_place.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -40,7 +41,7 @@ QWidget* Program::makeWindow(WindowKind window) {
 }
 
 void Program::handOver(WindowKind from, WindowKind to) {
-    bring(to);
+    bring(to, windows_[from]);
     unload(from);
 }
 
@@ -49,7 +50,7 @@ void Program::show(WindowKind window) {
     if (window == WindowKind::viewer)
         for (const WindowKind large : {WindowKind::settings, WindowKind::editor})
             if (isShown(large)) window = large;
-    bring(window);
+    bring(window, nullptr);
 }
 
 bool Program::isShown(WindowKind window) const {
@@ -57,11 +58,14 @@ bool Program::isShown(WindowKind window) const {
     return found != windows_.end() && found->second && found->second->isVisible();
 }
 
-void Program::bring(WindowKind window) {
+void Program::bring(WindowKind window, const QWidget* replaced) {
     QPointer<QWidget>& shown = windows_[window];
     // Closed by its frame, a window is gone: it comes back as new.
     if (shown && !shown->isVisible()) forget(window);
-    if (!shown) shown = makeWindow(window);
+    if (!shown) {
+        shown = makeWindow(window);
+        standInPlaceOf(*shown, replaced);
+    }
     shown->show();
     shown->setWindowState(shown->windowState() & ~Qt::WindowMinimized);
     shown->raise();

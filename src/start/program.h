@@ -28,7 +28,8 @@ class Program : public Windows {
   private:
     QWidget* makeWindow(WindowKind window);
     bool isShown(WindowKind window) const;
-    void bring(WindowKind window);
+    /// A window that is made for it stands where the replaced one does, if there is one.
+    void bring(WindowKind window, const QWidget* replaced);
     void forget(WindowKind window);
     /// Lets the main window show in its menu which other windows are open.
     void tellMainWindow();

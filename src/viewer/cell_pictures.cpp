@@ -11,6 +11,8 @@
 namespace {
 
 constexpr int restMs = 100;
+// Longer than a window's steps are apart while a person drags its edge.
+constexpr int stillMs = 30;
 // How long a page waits for whole pictures before it shows previews...
 constexpr int quickMs = 25;
 // ...and how long, where there is no preview, before it shows empty cells.
@@ -122,6 +124,11 @@ void CellPictures::settle() {
         resting_.start(0);
     else
         rest();
+}
+
+void CellPictures::settleLater() {
+    loader_.want({});
+    resting_.start(stillMs);
 }
 
 void CellPictures::rest() {

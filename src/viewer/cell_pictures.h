@@ -31,6 +31,8 @@ class CellPictures : public QObject {
     /// Waits a moment for quick pictures and previews, so that few cells are empty when it returns. The others come
     /// while the window goes on working.
     void settle();
+    /// Brings them all later, once no further page has begun for a moment.
+    void settleLater();
 
     /// Call it when another page will be shown next: decodes that one ahead, once the window rests.
     void rest();

@@ -179,7 +179,7 @@ void frmTp::resizeForm() {
     attempt([&] { buttons_->anxs(); });
     if (mekTp::currentTable != demoTable && page_->picturesPerPage() > 1) screen_->cover();
     if (page_->isShown())
-        page_->xstp();
+        page_->followSize();
     else
         page_->prepare();
     if (wasViewing) attempt([&] { view_->refit(); });

@@ -146,6 +146,14 @@ void Page::goToFirstPicture() {
 }
 
 void Page::xstp() {
+    draw(&CellPictures::settle);
+}
+
+void Page::followSize() {
+    draw(&CellPictures::settleLater);
+}
+
+void Page::draw(void (CellPictures::*bringPictures)()) {
     const Hourglass hourglass(window(), Qt::BusyCursor);
     const int cells = picturesPerPage_;
     Q_EMIT drawing(cells > 1);
@@ -157,6 +165,7 @@ void Page::xstp() {
     goToFirstPicture();
     table_ = mekTp::currentTable;
     drawCells();
+    (pictures_.*bringPictures)();
 
     isShown_ = selection_.isOpen();
     Q_EMIT drawn();
@@ -172,7 +181,6 @@ void Page::drawCells() {
         attempt([&] { selection_.records().MoveNext(); });
         if (picturesPerPage_ > 1) Q_EMIT progressed(i * 100 / (picturesPerPage_ - 1));
     }
-    pictures_.settle();
 }
 
 /// The size in twips of a picture on the page. Without a size to read it takes that of the picture before it.

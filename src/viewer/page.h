@@ -26,6 +26,8 @@ class Page : public QObject {
 
     /// Draws the page. A picture that cannot be read leaves its cell empty.
     void xstp();
+    /// Draws the page for another size of the window without a wait: pictures are stretched until the size rests.
+    void followSize();
     /// Decodes in the background what the next draw will show.
     void prepare() { pictures_.rest(); }
     /// Leaves the album: nothing of it is decoded any more.
@@ -90,6 +92,7 @@ class Page : public QObject {
     bool hasCaptions() const { return captions_ && grid().columns <= mostColumnsWithCaptions; }
     QSize fitted(const QString& sizeText, QSize& pixels) const;
     void goToFirstPicture();
+    void draw(void (CellPictures::*bringPictures)());
     void drawCells();
     void drawCell(int index, QSize& pixels);
     CellPictures::Requests upcoming();

@@ -7,6 +7,7 @@
 #include "editor/document/selection.h"
 #include "editor/editor_layout.h"
 #include "editor/operations/operation.h"
+#include "editor/operations/trail.h"
 #include "editor/operations/typed_numbers.h"
 #include "platform/picture/picture.h"
 
@@ -45,6 +46,19 @@ class TestEditorRules : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
+    void turnsOfATrail() {
+        const std::pair<QString, int> cases[] = {
+            {{}, 1},           {u" 水平翻转"_s, 2}, {u" 垂直翻转"_s, 4},          {u" 90度"_s, 8},
+            {u" -90度"_s, 6},  {u" 270.0度"_s, 6},  {u" 水平翻转 垂直翻转"_s, 3}, {u" 水平翻转 -90度"_s, 7},
+            {u" 45度"_s, 0},   {u" 90度 *2"_s, 0},  {u" 裁剪 水平翻转"_s, 0},     {u" 720度"_s, 1},
+            {u" ９０度"_s, 8},
+        };
+        for (const auto& [trail, turn] : cases) {
+            const auto found = turnOfTrail(trail);
+            QVERIFY2(found.value_or(0) == turn, qPrintable(trail));
+        }
+    }
+
     void pictureInTheWindow() {
         const struct {
             EditorLayoutInput in;

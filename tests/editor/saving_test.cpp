@@ -1,19 +1,40 @@
 #include "../support/disk_faults.h"
 #include "../support/failing_disk.h"
+#include "catalogue/remembered.h"
 #include "chooser_window.h"
+#include "platform/database/records/own_values.h"
+#include "platform/picture/lossless_turn.h"
+#include "platform/picture/picture_tags.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
 /// An orientation tag that turns by a quarter, as cameras write it.
-QByteArray turnedJpeg() {
+QByteArray jpegOnItsSide() {
     const QByteArray plain = pictureBytes({60, 40}, Qt::darkGreen);
     const QByteArray exif = QByteArray::fromHex(
         "ffe10022457869660000"
         "49492a0008000000"
         "010012010300010000000600000000000000");
     return plain.left(2) + exif + plain.mid(2);
+}
+
+void writeFile(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// As the person left the check box 无损保存.
+void chooseLossless(bool on) {
+    OwnValues(mekTp::catalogue).prepare();
+    remembered::setFlag(u"editor.lossless"_s, on);
 }
 
 class TestSaving : public QObject {
@@ -47,15 +68,93 @@ class TestSaving : public QObject {
     void theOldOrientationDoesNotTurnTwice() {
         EditorWindow editor;
         editor.file = editor.catalogue.file(u"turned.jpg"_s);
-        QFile file(editor.file);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(turnedJpeg());
-        file.close();
+        writeFile(editor.file, jpegOnItsSide());
         editor.press(u"wk"_s);
         QCOMPARE(editor.picYu().picture().size(), QSize(40, 60));
         editor.scale(u"1"_s);
         editor.press(u"bc"_s);
         QCOMPARE(LoadPicture(editor.file).pixels(), QSize(40, 60));
+    }
+
+    void whatTheCameraHasWrittenIsKept() {
+        EditorWindow editor;
+        editor.file = editor.catalogue.file(u"turned.jpg"_s);
+        writeFile(editor.file, jpegOnItsSide());
+        editor.press(u"wk"_s);
+        editor.scale(u"2"_s);
+        const QString source = editor.file;
+        editor.file = editor.catalogue.file(u"copy.jpg"_s);
+        editor.press(u"lc"_s);
+        editor.scale(u"2"_s);
+        editor.press(u"bc"_s);
+        for (const QString& path : {source, editor.file}) {
+            const PictureTags tags(contentOf(path));
+            QVERIFY(!tags.isEmpty());
+            QCOMPARE(tags.orientation(), 1);
+        }
+    }
+
+    /// Flips and turns by right angles; the file turns by itself besides.
+    void losslessWhereOnlyTurnsWereMade() {
+        const std::tuple<QSize, bool, QString, bool> cases[] = {
+            {{64, 48}, true, u"已无损保存"_s, true},
+            {{64, 48}, false, u""_s, false},
+            {{60, 41}, true, u"不能无损保存"_s, false},
+        };
+        for (const auto& [size, isWanted, hint, isLossless] : cases) {
+            EditorWindow editor;
+            chooseLossless(isWanted);
+            editor.file = editor.catalogue.file(u"照片.jpg"_s);
+            writePicture(editor.file, size, Qt::darkGreen);
+            const QByteArray before = contentOf(editor.file);
+            editor.press(u"wk"_s);
+            editor.press(u"fs"_s);
+            editor.rotate(u"-90"_s);
+            editor.press(u"bc"_s);
+            QVERIFY(editor.hint().startsWith(hint));
+            QCOMPARE(contentOf(editor.file) == turnedJpeg(before, composed(2, 6)), isLossless);
+            // The file is no longer what was opened: the same turns would turn it twice.
+            editor.press(u"fs"_s);
+            editor.press(u"bc"_s);
+            QVERIFY(!editor.hint().startsWith(u"已无损保存"_s));
+        }
+    }
+
+    void otherWorkIsEncoded() {
+        Chooser editor;
+        chooseLossless(true);
+        editor.openRow(0);
+        editor.scale(u"2"_s);
+        editor.press(u"fs"_s);
+        editor.press(u"bc"_s);
+        QVERIFY(!editor.hint().contains(u"无损"_s));
+    }
+
+    void theChoiceIsMadeInTheBox() {
+        EditorWindow editor;
+        editor.file = editor.catalogue.file(u"照片.jpg"_s);
+        writePicture(editor.file, {64, 48}, Qt::darkGreen);
+        editor.press(u"wk"_s);
+        editor.rotate(u"180"_s);
+        chooseLossless(false);
+        answerBoxesWith({});
+        QTimer::singleShot(0, [] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            QVERIFY(box != nullptr && box->checkBox()->objectName() == u"chkWs"_s && !box->checkBox()->isChecked());
+            QTest::mouseClick(box->checkBox(), Qt::LeftButton, {}, QPoint(8, box->checkBox()->height() / 2));
+            QTest::keyClick(box, Qt::Key_Escape);
+        });
+        editor.press(u"bc"_s);
+        QVERIFY(!remembered::flag(u"editor.lossless"_s));  // the box was left
+        QTimer::singleShot(0, [] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            QTest::mouseClick(box->checkBox(), Qt::LeftButton, {}, QPoint(8, box->checkBox()->height() / 2));
+            QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
+            QTest::keyClick(box, Qt::Key_Return);
+        });
+        editor.press(u"bc"_s);
+        QVERIFY(remembered::flag(u"editor.lossless"_s));
+        QVERIFY(editor.hint().startsWith(u"已无损保存"_s));
     }
 
     void aFileThatCannotBeWrittenKeepsThePicture() {

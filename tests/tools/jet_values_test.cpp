@@ -1,6 +1,7 @@
 #include "jet_reader/jet_values.h"
 
 #include "../support/run_all.h"
+#include "jet_reader/code_page.h"
 #include "jet_reader/ole_picture.h"
 #include "platform/database/file/storage_format.h"
 
@@ -55,12 +56,29 @@ class JetValuesTest : public QObject {
             // Jet 3, the last two in a code page that nobody knows
             {1252, QByteArray("\xfc") + "ber", u"über"_s},
             {936, "\xd5\xd5\xc6\xac", u"照片"_s},
+            {1252, "\x80\x81\x99\x9d", u"€\u0081™\u009d"_s},
             {4711, "\xd5\xd5\xc6\xac", u"照片"_s},
             {4711, "a\xff\xff", u"a\uFFFD\uFFFD"_s},
         };
         for (const auto& [codePage, bytes, text] : cases) {
             const std::string read = codePage == 0 ? jet4Text(bytesOf(bytes)) : jet3Text(bytesOf(bytes), codePage);
             QCOMPARE(QString::fromStdString(read), text);
+        }
+    }
+
+    void codePageOfAFile() {
+        const std::tuple<const char*, QList<QByteArray>, int> cases[] = {
+            {"nothing beyond ASCII", {"Table1", "lake"}, 1252},
+            {"two names of columns", {"\xd0\xf2\xba\xc5", "\xb1\xe0\xc2\xeb"}, 936},
+            {"a rare name among daily words", {"\x94\xea", "\xcd\xbc\xc6\xac\xa3\xac\xb1\xb8\xd7\xa2"}, 936},
+            {"accents before letters", {"\xe9t\xe9_a_b"}, 1252},
+            {"accents that make characters", {"\xe9t\xe9", "na\xefve caf\xe9s"}, 1252},
+            {"one text that cannot be Chinese", {"\xd0\xf2\xba\xc5", "caf\xe9"}, 1252},
+        };
+        for (const auto& [what, texts, codePage] : cases) {
+            CodePageSurvey survey;
+            for (const QByteArray& text : texts) survey.add(bytesOf(text));
+            QVERIFY2(survey.codePage() == codePage, what);
         }
     }
 

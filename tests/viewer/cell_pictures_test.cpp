@@ -72,6 +72,23 @@ class TestCellPictures : public QObject {
         }
     }
 
+    void aPageThatIsResizedIsNeverEmptyAndSharpInTheEnd() {
+        ViewerWindow viewer([&] { setPictures(jpegBytes(QImage(large, QImage::Format_RGB32)), 1, 9); });
+        viewer.openAlbum(1);
+        viewer.chooseColumns(3);
+        viewer.chooseButton(0);
+        const auto cell = [&](int i) { return viewer.image(element(u"imgXs"_s, i)); };
+        const auto isSharp = [&](int i) { return cell(i)->picture().image().size() == cell(i)->targetSize(); };
+        for (int i = 0; i < 9; ++i) QTRY_VERIFY(isSharp(i));
+        const QSize before = cell(0)->targetSize();
+        for (int step = 1; step <= 10; ++step) {
+            viewer.window->resize(viewer.window->size() + QSize(12, 9));
+            for (int i = 0; i < 9; ++i) QVERIFY(!cell(i)->picture().isNull());
+        }
+        QVERIFY(cell(0)->targetSize() != before);
+        for (int i = 0; i < 9; ++i) QTRY_VERIFY(isSharp(i));
+    }
+
     void whatIsDecodedAheadIsNeverOlderThanTheRecord() {
         OpenPage viewer(2);
         QTest::qWait(0);

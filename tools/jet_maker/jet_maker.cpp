@@ -58,6 +58,10 @@ bool isVariable(Type type) {
     return type != Type::truth && fixedSize(type) == 0;
 }
 
+quint16 numberOf(const QList<Column>& columns, qsizetype place) {
+    return quint16(columns[place].number < 0 ? place : columns[place].number);
+}
+
 double daysOf(const QDateTime& time) {
     const QDate dayNought(1899, 12, 30);
     const auto days = double(dayNought.daysTo(time.date()));
@@ -190,7 +194,8 @@ QByteArray Maker::row(const QList<Column>& columns, const Row& values) {
     QByteArray mask((count + 7) / 8, '\0');
     for (qsizetype i = 0; i < count; ++i) {
         const bool isMarked = columns[i].type == Type::truth ? values[i].toBool() : !values[i].isNull();
-        if (isMarked) mask[i / 8] = char(mask[i / 8] | 1 << i % 8);
+        const qsizetype bit = numberOf(columns, i);
+        if (isMarked) mask[bit / 8] = char(mask[bit / 8] | 1 << bit % 8);
         const qsizetype size = fixedSize(columns[i].type);
         if (size > 0) bytes += values[i].isNull() ? QByteArray(size, '\0') : fixedBytes(columns[i], values[i]);
     }
@@ -292,7 +297,7 @@ QByteArray Maker::definition(const Table& table, quint8 map) const {
     QByteArray names;
     quint16 number = 0, fixedPlace = 0, variable = 0;
     for (const Column& column : table.columns) {
-        entries += columnEntry(column, number++, fixedPlace, variable);
+        entries += columnEntry(column, numberOf(table.columns, number++), fixedPlace, variable);
         names += nameBytes(column.name);
         fixedPlace = quint16(fixedPlace + fixedSize(column.type));
         if (isVariable(column.type)) ++variable;

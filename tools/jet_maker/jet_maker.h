@@ -29,8 +29,9 @@ enum class Type : quint8 {
 struct Column {
     QString name;
     Type type;
-    int size = 0;   ///< Characters of a text, bytes of a binary value; the others have a size of their own.
-    int scale = 0;  ///< Digits behind the point of a decimal.
+    int size = 0;     ///< Characters of a text, bytes of a binary value; the others have a size of their own.
+    int scale = 0;    ///< Digits behind the point of a decimal.
+    int number = -1;  ///< By which the rows hold the column; its place among the columns when negative.
 };
 
 /// A value for each column, an invalid one for Null. Numbers, truth values, texts, QDateTime and QUuid are taken for

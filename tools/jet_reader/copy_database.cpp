@@ -1,8 +1,35 @@
 #include "copy_database.h"
 
+#include "code_page.h"
 #include "copy_writer.h"
+#include "limits.h"
 
 namespace {
+
+/// What is damaged says nothing; the copying tells it.
+void surveyTable(JetFile& file, const TablePlace& place, CodePageSurvey& survey) {
+    try {
+        JetTable table(file, place.page);
+        for (const JetColumn& column : table.columns()) survey.add(column.nameBytes);
+        while (table.next()) {
+            for (size_t i = 0; i < table.columns().size(); ++i) survey.add(table.textBytes(i));
+            tellProgress();
+        }
+    } catch (const JetFailure&) {
+        return;
+    }
+}
+
+void findCodePage(JetFile& file) {
+    constexpr int whatAllFilesSay = 1252;
+    if (file.isJet4() || file.codePage() != whatAllFilesSay) return;
+    CodePageSurvey survey;
+    for (const TablePlace& place : userTables(file)) {
+        survey.add(place.nameBytes);
+        surveyTable(file, place, survey);
+    }
+    file.setCodePage(survey.codePage());
+}
 
 JetOutcome copyTables(JetFile& file, CopyWriter& writer) {
     try {
@@ -22,6 +49,7 @@ JetOutcome copyTables(JetFile& file, CopyWriter& writer) {
 JetOutcome copyDatabase(const std::string& from, const std::string& to) {
     try {
         JetFile file(from);
+        findCodePage(file);
         CopyWriter writer(to);
         return copyTables(file, writer);
     } catch (const JetFailure& failure) {

@@ -48,6 +48,7 @@ JetFile::JetFile(const std::string& path) {
     setenv("MDB_JET3_CHARSET", "ISO-8859-1", 1);
     handle_.reset(mdb_open(path.c_str(), MDB_NOFLAGS));
     if (!handle_ || uint64_t(handle_->fmt->pg_size) != pageSize) throw JetFailure{JetOutcome::damaged};
+    codePage_ = handle_->f->code_page;
     if (hasPassword()) throw JetFailure{JetOutcome::password};
 }
 
@@ -71,11 +72,7 @@ bool JetFile::hasPassword() const {
 }
 
 std::string JetFile::text(Bytes bytes) const {
-    return isJet4() ? jet4Text(bytes) : jet3Text(bytes, handle_->f->code_page);
-}
-
-std::string JetFile::name(const std::string& read) const {
-    return isJet4() ? read : jet3Text(latin1Bytes(read), handle_->f->code_page);
+    return isJet4() ? jet4Text(bytes) : jet3Text(bytes, codePage_);
 }
 
 std::vector<unsigned char> JetFile::longValue(Bytes inRow) const {

@@ -21,9 +21,11 @@ class JetFile {
     MdbHandle* handle() const { return handle_.get(); }
     bool hasPage(uint64_t page) const { return page < pages_; }
     std::string text(Bytes bytes) const;
-    /// A name that the library has read.
-    std::string name(const std::string& read) const;
     bool isJet4() const;
+
+    /// The code page of texts and names of Jet 3: at first what the header says.
+    int codePage() const { return codePage_; }
+    void setCodePage(int codePage) { codePage_ = codePage; }
 
     /// The whole of a memo or long-binary value. The row holds its bytes, or their place.
     std::vector<unsigned char> longValue(Bytes inRow) const;
@@ -36,4 +38,5 @@ class JetFile {
 
     std::unique_ptr<MdbHandle, Close> handle_;
     uint64_t pages_ = 0;
+    int codePage_ = 0;
 };

@@ -6,6 +6,7 @@
 #include "platform/database/file/storage_format.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -16,6 +17,10 @@ constexpr int rowPlaceMask = 0x1FFF;
 Bytes firstBytes(Bytes bytes, size_t count) {
     if (bytes.size() < count) throw JetFailure{JetOutcome::damaged};
     return bytes.first(count);
+}
+
+const MdbColumn& columnAt(const MdbTableDef& table, size_t place) {
+    return *static_cast<const MdbColumn*>(g_ptr_array_index(table.columns, place));
 }
 
 int sizeOf(const MdbColumn& column, bool wideTexts) {
@@ -52,32 +57,63 @@ JetTable::JetTable(JetFile& file, unsigned long definitionPage) : file_(file) {
     mdb_rewind_table(table_.get());
 }
 
-/// Looks whether all pages of a definition are there: where one is missing, the library reads another one again.
-void JetTable::checkPages(unsigned long page) {
+/// The bytes of a definition, and a look whether all its pages are there: where one is missing, the library reads
+/// another one again.
+std::vector<unsigned char> JetTable::definition(unsigned long page) {
     constexpr int mostPages = 256;
     constexpr size_t placeOfNext = 4;
+    constexpr size_t head = 8;
+    std::vector<unsigned char> bytes;
     for (int pages = 0; page != 0; ++pages) {
         if (!file_.hasPage(page)) throw JetFailure{JetOutcome::incomplete};
         if (pages == mostPages || !mdb_read_pg(file_.handle(), page)) throw JetFailure{JetOutcome::damaged};
-        page = numberAt<uint32_t>(Bytes(file_.handle()->pg_buf, placeOfNext + sizeof(uint32_t)), placeOfNext);
+        const Bytes read(file_.handle()->pg_buf, size_t(file_.handle()->fmt->pg_size));
+        const Bytes part = read.subspan(pages == 0 ? 0 : head);
+        bytes.insert(bytes.end(), part.begin(), part.end());
+        page = numberAt<uint32_t>(read, placeOfNext);
     }
+    return bytes;
 }
 
 void JetTable::readDefinition(unsigned long page) {
-    checkPages(page);
+    const std::vector<unsigned char> bytes = definition(page);
     table_.reset(mdb_read_table(&entry_));
     constexpr size_t smallestMap = 5;  // the library looks at so many bytes of it unasked
     const bool plausible = table_ && table_->num_cols <= mostColumns && table_->num_real_idxs <= mostIndexes &&
                            table_->map_sz >= smallestMap;
     if (!plausible) throw JetFailure{JetOutcome::damaged};
+    if (!mdb_read_columns(table_.get())) throw JetFailure{JetOutcome::damaged};
+    orderByDesign(bytes);
+}
+
+/// The definition lists the columns in the order of their design. A number, which the library sorts them by, tells how
+/// the rows hold them.
+void JetTable::orderByDesign(Bytes definition) {
+    const MdbFormatConstants& form = *file_.handle()->fmt;
+    const size_t entries =
+        size_t(form.tab_cols_start_offset) + size_t{table_->num_real_idxs} * size_t(form.tab_ridx_entry_size);
+    std::vector<size_t> unused(table_->num_cols);
+    std::iota(unused.begin(), unused.end(), 0);
+    for (size_t i = 0; i < table_->num_cols; ++i) {
+        const size_t at = entries + i * size_t(form.tab_col_entry_size) + size_t(form.col_num_offset);
+        if (at >= definition.size()) throw JetFailure{JetOutcome::damaged};
+        const auto found = std::ranges::find_if(
+            unused, [&](size_t place) { return columnAt(*table_, place).col_num == definition[at]; });
+        if (found == unused.end()) throw JetFailure{JetOutcome::damaged};
+        places_.push_back(*found);
+        unused.erase(found);
+    }
 }
 
 void JetTable::readColumns() {
-    if (!mdb_read_columns(table_.get())) throw JetFailure{JetOutcome::damaged};
-    for (unsigned i = 0; i < table_->num_cols; ++i) {
-        const auto& column = *static_cast<const MdbColumn*>(g_ptr_array_index(table_->columns, i));
-        // What the library calls the precision is the scale.
-        columns_.push_back({file_.name(column.name), column.col_type, sizeOf(column, file_.isJet4()), column.col_prec});
+    for (const size_t place : places_) {
+        const MdbColumn& column = columnAt(*table_, place);
+        JetColumn read{column.name, {}, column.col_type, sizeOf(column, file_.isJet4()), column.col_prec};
+        if (!file_.isJet4()) {
+            read.nameBytes = latin1Bytes(column.name);
+            read.name = file_.text(read.nameBytes);
+        }
+        columns_.push_back(std::move(read));
     }
     fields_.resize(columns_.size());
 }
@@ -98,17 +134,31 @@ bool JetTable::next() {
     return true;
 }
 
-JetValue JetTable::value(size_t column) const {
-    const MdbField& field = fields_[column];
-    const JetColumn& form = columns_[column];
-    if (form.type == MDB_BOOL) return int64_t{field.is_null ? 0 : 1};  // the mark of Null is its value
-    if (field.is_null) return {};
-
+/// What the row holds of a value that is not Null.
+Bytes JetTable::bytesOf(size_t column) const {
+    const MdbField& field = fields_[places_[column]];
     const auto pageSize = size_t(file_.handle()->fmt->pg_size);
     const auto start = size_t(field.start);
     const auto size = size_t(field.siz);
     if (field.start < 0 || field.siz < 0 || start + size > pageSize) throw JetFailure{JetOutcome::damaged};
-    const Bytes bytes(file_.handle()->pg_buf + start, size);
+    return {file_.handle()->pg_buf + start, size};
+}
+
+std::vector<unsigned char> JetTable::textBytes(size_t column) const {
+    if (fields_[places_[column]].is_null) return {};
+    if (columns_[column].type == MDB_MEMO) return file_.longValue(bytesOf(column));
+    if (columns_[column].type != MDB_TEXT) return {};
+    const Bytes bytes = bytesOf(column);
+    return {bytes.begin(), bytes.end()};
+}
+
+JetValue JetTable::value(size_t column) const {
+    const MdbField& field = fields_[places_[column]];
+    const JetColumn& form = columns_[column];
+    if (form.type == MDB_BOOL) return int64_t{field.is_null ? 0 : 1};  // the mark of Null is its value
+    if (field.is_null) return {};
+
+    const Bytes bytes = bytesOf(column);
     switch (form.type) {
         case MDB_BYTE:
             return int64_t{firstBytes(bytes, 1)[0]};
@@ -130,9 +180,8 @@ JetValue JetTable::value(size_t column) const {
         case MDB_BINARY:
             return std::vector<unsigned char>(bytes.begin(), bytes.end());
         case MDB_TEXT:
-            return file_.text(bytes);
         case MDB_MEMO:
-            return file_.text(file_.longValue(bytes));
+            return file_.text(textBytes(column));
         case MDB_OLE: {
             std::vector<unsigned char> whole = file_.longValue(bytes);
             const Bytes picture = pictureWithoutWrapper(whole);
@@ -162,7 +211,7 @@ std::vector<TablePlace> userTables(JetFile& file) {
     while (objects.next()) {
         if ((valueAs<int64_t>(objects, kind) & kindMask) != MDB_TABLE) continue;
         if (valueAs<int64_t>(objects, flags) & systemFlags) continue;
-        tables.push_back({valueAs<std::string>(objects, name),
+        tables.push_back({valueAs<std::string>(objects, name), objects.textBytes(name),
                           static_cast<unsigned long>(valueAs<int64_t>(objects, id) & pageMask)});
     }
     return tables;

@@ -6,8 +6,9 @@
 
 struct JetColumn {
     std::string name;
-    int type = 0;  ///< One of the library's `MDB_…` numbers.
-    int size = 0;  ///< Characters of a text, bytes of a binary value.
+    std::vector<unsigned char> nameBytes;  ///< Of Jet 3, in the code page of the file.
+    int type = 0;                          ///< One of the library's `MDB_…` numbers.
+    int size = 0;                          ///< Characters of a text, bytes of a binary value.
     int scale = 0;
 };
 
@@ -19,30 +20,37 @@ class JetTable {
   public:
     JetTable(JetFile& file, unsigned long definitionPage);
 
+    /// In the order of their design.
     const std::vector<JetColumn>& columns() const { return columns_; }
 
     /// Goes to the next row; false behind the last one. Throws `JetFailure` when rows are missing.
     bool next();
     JetValue value(size_t column) const;
+    /// The bytes of a text or memo; nothing for Null, and for other columns.
+    std::vector<unsigned char> textBytes(size_t column) const;
 
   private:
     struct Free {
         void operator()(MdbTableDef* table) const { mdb_free_tabledef(table); }
     };
-    void checkPages(unsigned long page);
+    std::vector<unsigned char> definition(unsigned long page);
     void readDefinition(unsigned long page);
     void readColumns();
+    void orderByDesign(Bytes definition);
+    Bytes bytesOf(size_t column) const;
 
     JetFile& file_;
     MdbCatalogEntry entry_{};  ///< The library's table points at it.
     std::unique_ptr<MdbTableDef, Free> table_;
     std::vector<JetColumn> columns_;
+    std::vector<size_t> places_;  ///< Of the columns among the library's, which are in the order of their numbers.
     std::vector<MdbField> fields_;
     unsigned rows_ = 0;
 };
 
 struct TablePlace {
     std::string name;
+    std::vector<unsigned char> nameBytes;
     unsigned long page;
 };
 

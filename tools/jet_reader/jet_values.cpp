@@ -72,6 +72,21 @@ std::optional<std::string> converted(Bytes bytes, const std::string& encoding) {
     return std::string(text.get(), length);
 }
 
+/// Code page 1252 differs from Unicode's first characters in these alone, from 0x80 on.
+constexpr std::array<char16_t, 32> westernMarks{0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                                0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+std::string westernText(Bytes bytes) {
+    std::string text;
+    for (const unsigned char byte : bytes) {
+        const bool isMark = byte >= 0x80 && byte < 0x80 + westernMarks.size();
+        appendUtf8(text, isMark ? westernMarks[byte - 0x80U] : byte);
+    }
+    return text;
+}
+
 /// The number that these digits are, so many of them behind the point.
 ExactValue exactValue(bool negative, std::string digits, size_t decimals) {
     digits.insert(0, digits.size() <= decimals ? decimals + 1 - digits.size() : 0, '0');
@@ -97,8 +112,9 @@ std::string jet4Text(Bytes bytes) {
 
 std::string jet3Text(Bytes bytes, int codePage) {
     if (bytes.empty()) return {};
+    if (codePage == 1252) return westernText(bytes);
     if (const auto text = converted(bytes, "CP" + std::to_string(codePage))) return *text;
-    if (const auto text = converted(bytes, "GBK")) return *text;
+    if (const auto text = converted(bytes, "GB18030")) return *text;  // which has all of GBK, and private characters
     std::string text;
     for (const unsigned char byte : bytes) appendUtf8(text, byte < 0x80 ? byte : replacement);
     return text;

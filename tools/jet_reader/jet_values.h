@@ -13,7 +13,8 @@
 /// the character. What is no character becomes U+FFFD.
 std::string jet4Text(Bytes bytes);
 
-/// A text in a Windows code page; in GBK when it is none of that code page.
+/// A text in a Windows code page. Bytes that 1252 does not define are U+0080 to U+009F; a text that is none of another
+/// code page is taken for GBK.
 std::string jet3Text(Bytes bytes, int codePage);
 
 /// The bytes of a text whose characters are all below U+0100.

@@ -40,7 +40,8 @@ bool canBecomeJpeg(const QString& path) {
 QByteArray jpegOfBmp(PictureInHand& file) {
     // A file that an earlier run has turned: once more would cost it quality for nothing.
     if (!endsInBmp(file.path()) || file.length() == 0 || file.isJpeg()) return {};
-    return encodeJpeg(file.load().image(), jpegQuality);
+    const Picture picture = file.load({}, Colours::ofFile);
+    return encodeJpeg(picture.image(), jpegQuality, picture.profile());
 }
 
 // Writes one file into the column 图片.

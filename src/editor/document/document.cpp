@@ -30,6 +30,7 @@ int pictureTwips(int hiMetric, int pixels) {
 void Document::open(const PictureSource& source, const Picture& picture, const QString& hint) {
     dropLastPaint();
     shown_ = inEditorFormat(picture.image());
+    profile_ = picture.profile();
     photograph_ = {};
     source_ = source;
     size_ = sizeOf(picture);
@@ -119,7 +120,7 @@ void Document::showThumbnail(const QImage& thumbnail) {
 UndoSteps::Step Document::nextStep(const QString& hint, double parameter) {
     ++stepCount_;
     if (stepCount_ <= keptStep_) keptStep_ = gone;
-    return {stepCount_, hint, tag_, inTwips(shown_.size()), parameter, shown_};
+    return {stepCount_, hint, tag_, inTwips(shown_.size()), parameter, shown_, profile_};
 }
 
 void Document::record(const QString& hint, double parameter) {

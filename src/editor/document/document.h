@@ -24,11 +24,15 @@ class Document : public QObject {
     const QString& caption() const { return caption_; }
 
     EditState state() const { return state_; }
+    /// The words of the operations since the load.
+    const QString& trail() const { return tag_; }
     /// Of the state; hints are found by it.
     QString code() const { return codeOf(state_, operation_); }
     /// The operation of the states `asking` and `done`; null in all others.
     const Operation* operation() const { return operation_; }
 
+    /// What the colours of all its pictures mean: an ICC profile, empty where they are those of the screen.
+    const QByteArray& profile() const { return profile_; }
     /// The picture on the screen, and its size: in pixels, rounded, the same.
     const QImage& shown() const { return shown_; }
     QSize size() const { return size_; }
@@ -93,6 +97,7 @@ class Document : public QObject {
     QString caption_;
     QString tag_;  ///< Words of the operations since loading, one after the other.
 
+    QByteArray profile_;
     QImage shown_;
     QImage lastPaint_;
     QImage photograph_;  ///< While its thumbnail shows.

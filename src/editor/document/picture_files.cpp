@@ -6,11 +6,11 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-void writePictureFile(const QImage& image, const QString& path) {
+void writePictureFile(const QImage& image, const QByteArray& profile, const QString& path) {
     if (path.endsWith(u"jpg"))
-        saveJpeg(image, path, jpegQuality);
+        saveJpeg(image, path, jpegQuality, profile);
     else
-        SavePicture(image, path);
+        SavePicture(image, path, profile);
 }
 
 QString savingName(const QString& chosen) {

@@ -15,8 +15,10 @@ namespace {
 
 const QString pictureColumn = u"图片"_s;
 
-std::future<QByteArray> encoded(const QImage& picture) {
-    return std::async(std::launch::async, [picture] { return encodeJpeg(picture, jpegQuality); });
+std::future<QByteArray> encoded(const UndoSteps::Step& step) {
+    return std::async(std::launch::async, [picture = step.picture, profile = step.profile] {
+        return encodeJpeg(picture, jpegQuality, profile);
+    });
 }
 
 /// One record, stored whole or not at all. A value that its column refuses is left out.
@@ -46,9 +48,9 @@ void UndoSteps::start(Step loaded) {
 
 /// Two large pictures are turned into their JPEGs at once, before the catalogue is touched.
 void UndoSteps::record(const Step& step) {
-    auto jpeg = encoded(step.picture);
+    auto jpeg = encoded(step);
     if (const auto loaded = std::exchange(loaded_, std::nullopt)) {
-        auto first = encoded(loaded->picture);
+        auto first = encoded(*loaded);
         store(*loaded, [&first] { return first.get(); });
     }
     store(step, [&jpeg] { return jpeg.get(); });
@@ -75,7 +77,7 @@ std::optional<UndoSteps::Step> UndoSteps::read(int number) const {
     Recordset row = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tccx WHERE 编号 = "_s + quoted(stepText(number)));
     if (row.Eof()) return {};
     row.MoveLast();
-    const auto picture = pictureFromField(row, pictureColumn);
+    const auto picture = pictureFromField(row, pictureColumn, {}, Colours::ofFile);
     if (!picture) return {};
     const auto value = [&row](const QString& column) { return row.Fields(column).Value(); };
     return Step{.number = number,
@@ -83,7 +85,8 @@ std::optional<UndoSteps::Step> UndoSteps::read(int number) const {
                 .tag = value(u"标题"_s).textOr(),
                 .size = {value(u"图宽"_s).toInteger(), value(u"图高"_s).toInteger()},
                 .parameter = 0,
-                .picture = picture->image()};
+                .picture = picture->image(),
+                .profile = picture->profile()};
 }
 
 void UndoSteps::remove(int number) {

@@ -16,6 +16,7 @@ class UndoSteps {
         QSize size;      ///< Twips.
         double parameter = 0;
         QImage picture;
+        QByteArray profile = {};  ///< Of the picture's colours.
     };
 
     /// Another picture is loaded.

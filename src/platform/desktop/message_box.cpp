@@ -84,8 +84,8 @@ bool ask(QWidget* parent, const QString& text, BoxIcon icon, const QString& titl
     return show(parent, decision(title, text, icon, 0)) == 0;
 }
 
-bool ask(QWidget* parent, const QString& text, std::unique_ptr<QCheckBox> option) {
-    return show(parent, decision(usualBoxTitle, text, BoxIcon::question, 0), std::move(option)) == 0;
+bool ask(QWidget* parent, const QString& text, std::unique_ptr<QCheckBox> option, const QString& title) {
+    return show(parent, decision(title, text, BoxIcon::question, 0), std::move(option)) == 0;
 }
 
 bool askBeforeDeleting(QWidget* parent, const QString& text, BoxIcon icon, const QString& title) {

@@ -35,7 +35,7 @@ void say(QWidget* parent, const QString& text, BoxIcon icon = BoxIcon::exclamati
 bool ask(QWidget* parent, const QString& text, BoxIcon icon = BoxIcon::question, const QString& title = usualBoxTitle);
 
 /// The same with a check box below the text, which goes with the box.
-bool ask(QWidget* parent, const QString& text, std::unique_ptr<QCheckBox> option);
+bool ask(QWidget* parent, const QString& text, std::unique_ptr<QCheckBox> option, const QString& title = usualBoxTitle);
 
 /// Asks before something is deleted: as `ask` does, but Enter means "取消".
 bool askBeforeDeleting(QWidget* parent, const QString& text, BoxIcon icon = BoxIcon::question,

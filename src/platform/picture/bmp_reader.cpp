@@ -1,6 +1,7 @@
 #include "platform/picture/bmp_reader.h"
 
 #include "platform/picture/bmp_header.h"
+#include "platform/picture/colour_transform.h"
 #include "platform/picture/memory_share.h"
 #include "platform/picture/refusal.h"
 
@@ -101,14 +102,29 @@ QSize checkedSize(QImageReader& reader, const QString& name) {
     return pixels;
 }
 
-Picture decodedBmp(QImageReader& reader, const ColourBits& bits, const QString& name) {
+/// The profile that stands in the file itself; only the longest header can say where.
+QByteArray profileOf(QIODevice& device, const BmpHeader& header) {
+    constexpr qint64 fileHeader = 14, endOfLongest = 138, longest = 4 << 20;
+    const QByteArray beginning = device.peek(endOfLongest);
+    if (header.length != endOfLongest - fileHeader || beginning.size() < endOfLongest) return {};
+    if (beginning.sliced(70, 4) != "DEBM") return {};
+    const qint64 start = device.pos();
+    const qint64 place = qFromLittleEndian<quint32>(beginning.data() + 126);
+    const qint64 length = qFromLittleEndian<quint32>(beginning.data() + 130);
+    QByteArray profile;
+    if (length <= longest && device.seek(start + fileHeader + place)) profile = device.read(length);
+    device.seek(start);
+    return ColourTransform::of(profile, ColourKind::lights) ? profile : QByteArray();
+}
+
+Picture decodedBmp(QImageReader& reader, const ColourBits& bits, const QByteArray& profile, const QString& name) {
     const MemoryShare share(bytesToHold(checkedSize(reader, name)));
     QImage image;
     if (!reader.read(&image)) refusePicture(name, u"图片已损坏"_s);
     image.convertTo(QImage::Format_RGB32);
     if (image.isNull()) refusePicture(name, u"内存不足"_s);
     if (std::ranges::any_of(bits, [](int count) { return count < 8; })) fillLowerBits(image, bits);
-    return Picture(image);
+    return {image, image.size(), profile};
 }
 
 BmpHeader requiredHeader(QIODevice& device, const QString& name) {
@@ -137,7 +153,8 @@ auto withReader(QIODevice& device, const BmpHeader& header, const Use& use) {
 Picture readBmp(QIODevice& device, const QString& name) {
     const BmpHeader header = requiredHeader(device, name);
     const ColourBits bits = colourBits(device, header);
-    return withReader(device, header, [&](QImageReader& reader) { return decodedBmp(reader, bits, name); });
+    const QByteArray profile = profileOf(device, header);
+    return withReader(device, header, [&](QImageReader& reader) { return decodedBmp(reader, bits, profile, name); });
 }
 
 QSize bmpSize(QIODevice& device, const QString& name) {

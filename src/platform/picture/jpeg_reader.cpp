@@ -1,12 +1,16 @@
 #include "platform/picture/jpeg_reader.h"
 
+#include "platform/base/error.h"
 #include "platform/picture/block_means.h"
+#include "platform/picture/colour_transform.h"
 #include "platform/picture/exif.h"
 #include "platform/picture/jpeg_source.h"
 #include "platform/picture/memory_share.h"
 #include "platform/picture/refusal.h"
 
+#include <QBuffer>
 #include <csetjmp>
+#include <cstdlib>
 #include <vector>
 
 using namespace Qt::Literals::StringLiterals;
@@ -17,8 +21,15 @@ constexpr int fullScale = 8;  // The library scales by eighths.
 
 /// Red, green and blue of one row of cyan, magenta, yellow and black. The makers of such files store them inverted and
 /// leave a mark that says so.
-void convertInkRow(const JSAMPLE* ink, QRgb* row, int width, bool inverted) {
+void convertInkRow(const JSAMPLE* ink, QRgb* row, int width, bool inverted, const ColourTransform* transform) {
     const JSAMPLE flip = inverted ? 0 : 255;
+    if (transform != nullptr) {
+        const JSAMPLE toAmount = 255 ^ flip;
+        const auto amount = [&](int x, int channel) { return ink[4 * x + channel] ^ toAmount; };
+        for (int x = 0; x < width; ++x) row[x] = qRgba(amount(x, 0), amount(x, 1), amount(x, 2), amount(x, 3));
+        transform->apply(row, width);
+        return;
+    }
     for (int x = 0; x < width; ++x, ink += 4) {
         const int light = ink[3] ^ flip;
         const auto shade = [&](int channel) { return (ink[channel] ^ flip) * light / 255; };
@@ -45,11 +56,19 @@ class JpegReader {
     Picture read(QSize target) {
         const QSize pixels = prepare(target);
         const MemoryShare share(bytes_);
-        const QImage stored = decode();
+        QImage stored = decode();
+        if (kind() == ColourKind::grey) convertGreys(stored);
         if (source_.readFailed()) refusePicture(name_, u"读取失败"_s);
         const QImage upright = uprightImage(stored, orientation_);
         if (upright.isNull()) refusePicture(name_, u"内存不足"_s);
-        return {upright, pixels};
+        const bool isUsable = kind() == ColourKind::lights && ColourTransform::of(profile_, kind());
+        return {upright, pixels, isUsable ? profile_ : QByteArray()};
+    }
+
+    /// Only the profile of red, green and blue; nothing else is read.
+    QByteArray profile() {
+        readSegments();
+        return ColourTransform::of(profile_, ColourKind::lights) ? profile_ : QByteArray();
     }
 
     QSize size() {
@@ -83,6 +102,10 @@ class JpegReader {
     static void refuseEndlessScans(j_common_ptr codec);
     QSize prepare(QSize target);
     void readHeader();
+    void readSegments();
+    void readProfile();
+    ColourKind kind() const;
+    void convertGreys(QImage& image) const;
     QSize storedSize() const { return {int(codec_.image_width), int(codec_.image_height)}; }
     Orientation storedOrientation() const;
     void chooseScale(QSize target);
@@ -97,6 +120,7 @@ class JpegReader {
     JpegSource source_;
     const QString& name_;
     Orientation orientation_ = uprightOrientation;
+    QByteArray profile_;
     qint64 bytes_ = 0;  ///< Of memory that decoding takes.
 };
 
@@ -123,19 +147,47 @@ void JpegReader::refuseEndlessScans(j_common_ptr codec) {
         codec->err->error_exit(codec);
 }
 
-void JpegReader::readHeader() {
+void JpegReader::readSegments() {
     run([this] {
         jpeg_create_decompress(&codec_);
         codec_.src = source_.manager();
         codec_.progress = &progress_;
         codec_.mem->max_memory_to_use = long(pictureMemoryLimit());
-        jpeg_save_markers(&codec_, JPEG_APP0 + 1, 0xFFFF);
+        for (const int segment : {1, 2}) jpeg_save_markers(&codec_, JPEG_APP0 + segment, 0xFFFF);
         jpeg_read_header(&codec_, TRUE);
     });
+    readProfile();
+}
+
+/// A profile comes in one segment or more, of which each says where it belongs.
+void JpegReader::readProfile() {
+    JOCTET* bytes = nullptr;
+    unsigned length = 0;
+    run([&] {
+        if (!jpeg_read_icc_profile(&codec_, &bytes, &length)) length = 0;
+    });
+    profile_ = QByteArray(reinterpret_cast<const char*>(bytes), qsizetype(length));
+    std::free(bytes);
+}
+
+ColourKind JpegReader::kind() const {
+    if (codec_.jpeg_color_space == JCS_GRAYSCALE) return ColourKind::grey;
+    const bool inks = codec_.jpeg_color_space == JCS_CMYK || codec_.jpeg_color_space == JCS_YCCK;
+    return inks ? ColourKind::inks : ColourKind::lights;
+}
+
+void JpegReader::convertGreys(QImage& image) const {
+    const auto transform = ColourTransform::of(profile_, ColourKind::grey);
+    for (int y = 0; transform && y < image.height(); ++y)
+        transform->apply(reinterpret_cast<QRgb*>(image.scanLine(y)), image.width());
+}
+
+void JpegReader::readHeader() {
+    readSegments();
     checkSides(storedSize(), name_);
     checkSubstance(storedSize(), source_.size(), name_);
     if (!source_.hasPictureData()) refusePicture(name_, u"图片数据不完整"_s);
-    const bool inks = codec_.jpeg_color_space == JCS_CMYK || codec_.jpeg_color_space == JCS_YCCK;
+    const bool inks = kind() == ColourKind::inks;
     codec_.out_color_space = inks ? JCS_CMYK : Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? JCS_EXT_BGRX : JCS_EXT_XRGB;
 }
 
@@ -212,7 +264,8 @@ QImage JpegReader::decode() {
 
     if (readMeans(image)) return image;
 
-    const bool inks = codec_.out_color_space == JCS_CMYK;
+    const bool inks = kind() == ColourKind::inks;
+    const auto transform = inks ? ColourTransform::of(profile_, kind()) : nullptr;
     std::vector<JSAMPLE> inkRow(inks ? size_t(size.width()) * 4 : 0);
     run([&] {
         jpeg_start_decompress(&codec_);
@@ -221,7 +274,10 @@ QImage JpegReader::decode() {
             uchar* line = image.scanLine(int(codec_.output_scanline));
             JSAMPROW row = inks ? inkRow.data() : line;
             jpeg_read_scanlines(&codec_, &row, 1);
-            if (inks) convertInkRow(row, reinterpret_cast<QRgb*>(line), size.width(), codec_.saw_Adobe_marker);
+            if (inks) {
+                convertInkRow(row, reinterpret_cast<QRgb*>(line), size.width(), codec_.saw_Adobe_marker,
+                              transform.get());
+            }
         }
     });
     return image;
@@ -235,4 +291,13 @@ Picture readJpeg(QIODevice& device, const QString& name, QSize target) {
 
 QSize jpegSize(QIODevice& device, const QString& name) {
     return JpegReader(device, name).size();
+}
+
+QByteArray jpegProfile(const QByteArray& beginning) {
+    QBuffer buffer;
+    buffer.setData(beginning);
+    buffer.open(QIODevice::ReadOnly);
+    QByteArray profile;
+    attempt([&] { profile = JpegReader(buffer, {}).profile(); });
+    return profile;
 }

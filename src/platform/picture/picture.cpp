@@ -1,6 +1,7 @@
 #include "platform/picture/picture.h"
 
 #include "platform/picture/bmp_reader.h"
+#include "platform/picture/colour_transform.h"
 #include "platform/picture/jpeg_reader.h"
 #include "platform/picture/picture_file.h"
 #include "platform/picture/picture_size.h"
@@ -10,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <cmath>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -45,30 +47,45 @@ int pixelsFromHiMetric(int length) {
     return int(std::floor(length / hiMetricPerPixel));
 }
 
-Picture LoadPicture(QIODevice& device, const QString& name, QSize target) {
-    return isJpeg(device, name) ? readJpeg(device, name, target) : readBmp(device, name);
+Picture inScreenColours(Picture picture) {
+    const auto transform = ColourTransform::of(picture.profile(), ColourKind::lights);
+    QImage image = picture.image();
+    const QSize pixels = picture.pixels();
+    picture = {};  // which would hold on to a copy of the image
+    if (transform && !transform->changesNothing()) {
+        if (image.format() != QImage::Format_RGB32) image.convertTo(QImage::Format_RGB32);
+        for (int y = 0; y < image.height(); ++y)
+            transform->apply(reinterpret_cast<QRgb*>(image.scanLine(y)), image.width());
+    }
+    return {image, pixels};
+}
+
+Picture LoadPicture(QIODevice& device, const QString& name, QSize target, Colours colours) {
+    Picture picture = isJpeg(device, name) ? readJpeg(device, name, target) : readBmp(device, name);
+    return colours == Colours::ofScreen ? inScreenColours(std::move(picture)) : picture;
 }
 
 QSize pictureSize(QIODevice& device, const QString& name) {
     return isJpeg(device, name) ? jpegSize(device, name) : bmpSize(device, name);
 }
 
-Picture LoadPicture(const QByteArray& bytes, const QString& name, QSize target) {
+Picture LoadPicture(const QByteArray& bytes, const QString& name, QSize target, Colours colours) {
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
-    return LoadPicture(buffer, name, target);
+    return LoadPicture(buffer, name, target, colours);
 }
 
-Picture LoadPicture(const QString& path, QSize target) {
+Picture LoadPicture(const QString& path, QSize target, Colours colours) {
     QFile file(path);
     openPicture(file);
-    return LoadPicture(file, QDir::toNativeSeparators(path), target);
+    return LoadPicture(file, QDir::toNativeSeparators(path), target, colours);
 }
 
 Picture shrunkTo(const Picture& picture, QSize target) {
     const QSize size = picture.image().size();
     const bool shrinks = target.width() <= size.width() && target.height() <= size.height() && target != size;
     if (picture.isNull() || target.isEmpty() || !shrinks) return picture;
-    return {picture.image().scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation), picture.pixels()};
+    return {picture.image().scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation), picture.pixels(),
+            picture.profile()};
 }

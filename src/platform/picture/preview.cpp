@@ -2,6 +2,7 @@
 
 #include "platform/base/error.h"
 #include "platform/picture/exif.h"
+#include "platform/picture/jpeg_reader.h"
 
 #include <QtEndian>
 
@@ -58,8 +59,10 @@ Picture LoadPreview(const QByteArray& beginning) {
     if (!isSmall(bytes)) return {};
     Picture picture;
     attempt([&] {
-        const Picture stored = LoadPicture(bytes.toByteArray(), u"preview"_s);
-        picture = Picture(uprightImage(stored.image(), orientationFromApp1(segment)));
+        const Picture stored = LoadPicture(bytes.toByteArray(), u"preview"_s, {}, Colours::ofFile);
+        const QImage image = uprightImage(stored.image(), orientationFromApp1(segment));
+        picture = inScreenColours(
+            {image, image.size(), stored.profile().isEmpty() ? jpegProfile(beginning) : stored.profile()});
     });
     return picture;
 }

@@ -128,19 +128,52 @@ class JetReadingTest : public QObject {
         }
     }
 
-    /// Of a file that names another code page than its texts are in.
     void namesOfColumns() {
-        jet::Table table = manyColumns();
-        table.name = u"columns"_s;
-        QByteArray bytes = jet::database({table}, {.version = jet::Version::jet3, .codePage = 1252});
-        bytes.replace("\7column2", "\7\x90\x40\xd0\xf2\xba\xc5x");  // GBK, and no text in the file's own code page
-        bytes.replace("\7column3", "\7COLUMN1");
-        bytes.replace("\7column4", "\7\xe9t\xe9_a_b");
-        const Database database = OpenDatabase(files_->write(u"names.mdb"_s, bytes));
+        const auto names = [&](const QByteArray& second, const QByteArray& fourth) {
+            jet::Table table = manyColumns();
+            table.name = u"columns"_s;
+            QByteArray bytes = jet::database({table}, {.version = jet::Version::jet3, .codePage = 1252});
+            bytes.replace("\7column2", "\7" + second);
+            bytes.replace("\7column3", "\7COLUMN1");
+            bytes.replace("\7column4", "\7" + fourth);
+            const Database database = OpenDatabase(files_->write(u"names.mdb"_s, bytes));
+            const Recordset set = database.OpenRecordset(table.name);
+            QStringList found;
+            for (int i = 0; i < 5; ++i) found << set.Fields(i).Name();
+            return found;
+        };
+        QCOMPARE(names("\x90\x40\xd0\xf2\xba\xc5x", "column4"),
+                 (QStringList{u"column1"_s, u"怈序号x"_s, u"COLUMN1_2"_s, u"column4"_s, u"column5"_s}));
+        QCOMPARE(names("column2", "\xe9t\xe9_a_b"),
+                 (QStringList{u"column1"_s, u"column2"_s, u"COLUMN1_2"_s, u"été_a_b"_s, u"column5"_s}));
+    }
+
+    /// The header of nearly all files of Jet 3 names 1252, also where an old album is in Chinese.
+    void chineseIsReadWhateverTheHeaderSays() {
+        QByteArray bytes = jet::database({allTypes(jet::Version::jet3)}, jet3);
+        constexpr qsizetype codePage = 0x3C;  // hidden by a mask, like all around it
+        for (const qsizetype at : {0, 1}) bytes[codePage + at] = char(bytes[codePage + at] ^ (936 ^ 1252) >> 8 * at);
+        const Database database = OpenDatabase(files_->write(u"old.mdb"_s, bytes));
+        QCOMPARE(database.TableDefs(), QStringList(u"全部 类型"_s));
+        QCOMPARE(textsOf(database, u"SELECT [名] FROM [全部 类型]"_s, 0).first(), u"普林斯顿大学"_s);
+    }
+
+    /// A column that was moved in the design keeps the number by which the rows hold it.
+    void columnsComeInTheOrderOfTheirDesign_data() { forms(); }
+    void columnsComeInTheOrderOfTheirDesign() {
+        QFETCH(jet::Form, form);
+        const jet::Table table{u"像册"_s,
+                               {{u"备注"_s, jet::Type::text, 50, 0, 2},
+                                {u"序号"_s, jet::Type::longInteger, 0, 0, 0},
+                                {u"空"_s, jet::Type::text, 50, 0, 3},
+                                {u"日期"_s, jet::Type::text, 50, 0, 1}},
+                               {{u"湖"_s, 7, {}, u"2003"_s}}};
+        const Database database = made({table}, form);
         const Recordset set = database.OpenRecordset(table.name);
-        QStringList names;
-        for (int i = 0; i < 5; ++i) names << set.Fields(i).Name();
-        QCOMPARE(names, (QStringList{u"column1"_s, u"怈序号x"_s, u"COLUMN1_2"_s, u"été_a_b"_s, u"column5"_s}));
+        QStringList found;
+        for (int i = 0; i < set.FieldCount(); ++i)
+            found << set.Fields(i).Name() + u'=' + set.Fields(i).Value().textOr();
+        QCOMPARE(found, (QStringList{u"备注=湖"_s, u"序号=7"_s, u"空="_s, u"日期=2003"_s}));
     }
 
     void nothingCanBeWritten() {

@@ -1,0 +1,129 @@
+#include "windows/window_place.h"
+
+#include "catalogue/remembered.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QScreen>
+#include <QStyle>
+#include <QWidget>
+#include <QWindow>
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString maximised = u"maximised"_s;
+constexpr Qt::WindowStates wholeScreen = Qt::WindowMaximized | Qt::WindowFullScreen;
+
+/// What the desktop adds to a window on all sides. It is known of windows on the screen alone.
+QSize frameAround(const QWidget* shown) {
+    const QSize known = shown != nullptr ? shown->frameGeometry().size() - shown->size() : QSize();
+    return known.height() > 0 ? known : QSize(0, QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight));
+}
+
+void bringOntoScreen(QWidget& window) {
+    if (window.windowState() & (wholeScreen | Qt::WindowMinimized)) return;
+    const QRect frame = window.frameGeometry();
+    const QRect whole = wholeInRoom(frame, window.screen()->availableGeometry());
+    if (whole == frame) return;
+    window.resize(window.size() - (frame.size() - whole.size()));
+    window.move(whole.topLeft());
+}
+
+/// Waits until a window is on the screen: its frame is known then.
+class Arrival : public QObject {
+  public:
+    explicit Arrival(QWidget& window) : QObject(&window), window_(window) {
+        window.windowHandle()->installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Expose && window_.windowHandle()->isExposed()) {
+            watched->removeEventFilter(this);
+            QMetaObject::invokeMethod(
+                this, [this] { arrived(); }, Qt::QueuedConnection);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    void arrived() {
+        bringOntoScreen(window_);
+        deleteLater();
+    }
+
+    QWidget& window_;
+};
+
+}  // namespace
+
+QRect wholeInRoom(const QRect& frame, const QRect& room) {
+    QRect whole(frame.topLeft(), frame.size().boundedTo(room.size()));
+    whole.moveRight(std::min(whole.right(), room.right()));
+    whole.moveBottom(std::min(whole.bottom(), room.bottom()));
+    whole.moveLeft(std::max(whole.left(), room.left()));
+    whole.moveTop(std::max(whole.top(), room.top()));
+    return whole;
+}
+
+QRect inMiddleOf(const QRect& other, QSize frame, const QRect& room) {
+    QRect middle({}, frame);
+    middle.moveCenter(other.center());
+    return wholeInRoom(middle, room);
+}
+
+void standInPlaceOf(QWidget& window, const QWidget* other) {
+    if (other != nullptr) window.setScreen(other->screen());
+    const QRect room = window.screen()->availableGeometry();
+    if (window.windowState() & Qt::WindowFullScreen) {
+        window.setGeometry(window.screen()->geometry());
+    } else if (other != nullptr) {
+        const QSize around = frameAround(other);
+        const QRect frame = inMiddleOf(other->frameGeometry(), window.size() + around, room);
+        window.resize(frame.size() - around);
+        window.move(frame.topLeft());
+    }
+    window.winId();  // its handle is there from now on
+    new Arrival(window);
+}
+
+RememberedSize::RememberedSize(QWidget* window)
+    : QObject(window), window_(window), name_(u"window."_s + window->objectName()) {
+    takeRemembered();
+    opened_ = sizeNow();
+    window->installEventFilter(this);
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &RememberedSize::remember);
+}
+
+/// The screen may have become smaller since.
+void RememberedSize::takeRemembered() {
+    const QStringList parts = remembered::text(name_).split(u' ');
+    const QStringList sides = parts.front().split(u'x');
+    if (sides.size() != 2) return;
+    const QSize room = window_->screen()->availableSize() - frameAround(nullptr);
+    const QSize size = QSize(sides[0].toInt(), sides[1].toInt()).boundedTo(room);
+    window_->resize(size.expandedTo(window_->minimumSize()));
+    if (parts.contains(maximised)) window_->setWindowState(window_->windowState() | Qt::WindowMaximized);
+}
+
+QString RememberedSize::sizeNow() const {
+    const QRect normal = window_->normalGeometry();
+    const QSize size = (window_->windowState() & wholeScreen) && normal.isValid() ? normal.size() : window_->size();
+    const QString text = u"%1x%2"_s.arg(size.width()).arg(size.height());
+    return window_->isMaximized() ? text + u' ' + maximised : text;
+}
+
+void RememberedSize::remember() {
+    const QString now = sizeNow();
+    if (now == opened_) return;
+    opened_ = now;
+    remembered::setText(name_, now);
+}
+
+bool RememberedSize::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Hide && !event->spontaneous()) remember();
+    return QObject::eventFilter(watched, event);
+}
