@@ -12,6 +12,7 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/theme.h"
+#include "windows/window_place.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -46,6 +47,7 @@ frmBz::frmBz(Windows& windows, QWidget* parent) : QWidget(parent), windows_(wind
     connectEvents();
     load();
     resize(rectFromTwips(0, 0, windowWidth, windowHeight).size());
+    new RememberedSize(this);
 }
 
 void frmBz::connectEvents() {
