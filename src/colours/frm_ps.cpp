@@ -24,6 +24,8 @@ constexpr int previewLeft = 180, previewTop = 570, previewWidth = 6000, previewH
 constexpr int column = 6390, columnWidth = 3090;
 constexpr int ownScheme = 5;  ///< The scheme that the user mixes; those below it are fixed.
 constexpr int windowPart = 3;
+constexpr int swatch = 480;  ///< Width of the colour beside a box, with the gap.
+constexpr int tileTop = 5190, tilePitch = 855, tileWidth = 810, tileHeight = 660, mostTiles = 6;
 
 /// The parts of the window whose colours the boxes txtYs hold, by index.
 const std::array<QString, 4> partColumns{u"填充"_s, u"内框"_s, u"外框"_s, u"窗体"_s};
@@ -73,7 +75,10 @@ void frmPs::makeList() {
     cboFa = make<QComboBox>(this, u"cboFa"_s);
     caption->setBuddy(cboFa);
     place(cboFa, column, 930, columnWidth, 345);
-    connect(cboFa, &QComboBox::activated, this, guarded(this, [this] { cboFaClick(); }));
+    connect(cboFa, &QComboBox::activated, this, guarded(this, [this] {
+                cboFaClick();
+                tryOn();
+            }));
     lblTs =
         makeLabel(this, u"lblTs"_s, u"  左侧显示的图片 ，是处于“默认”方案的窗口。"_s, {column, 4635, columnWidth, 480});
     lblTs->setWordWrap(true);
@@ -87,7 +92,10 @@ void frmPs::makeBoxes() {
         box->setLocked(true);
         box->setToolTip(u"自定义方案的颜色：点这里选择"_s);
         box->setAccessibleName(partColumns[size_t(i)]);
-        place(box, column + 600, top, columnWidth - 600, 330);
+        place(box, column + 600, top, columnWidth - 600 - swatch, 330);
+        shpYs[size_t(i)] = make<ShapeBox>(this, element(u"shpYs"_s, i));
+        shpYs[size_t(i)]->setCornerRadius(3);
+        place(shpYs[size_t(i)], column + columnWidth - swatch + 60, top, swatch - 60, 330);
         caption->setBuddy(box);
         box->installEventFilter(this);
         connect(box, &TextBox::gotFocus, this, guarded(this, [this, i] {
@@ -142,8 +150,12 @@ void frmPs::load() {
             lblFa->setText(u"当前方案\n["_s + row.Fields(u"序号"_s).Value().textOr() + u' ' +
                            row.Fields(u"方案名"_s).Value().textOr() + u']');
         Recordset all = mekTp::catalogue.OpenRecordset(u"tcys"_s);
-        for (; !all.Eof(); all.MoveNext())
-            cboFa->addItem(all.Fields(u"序号"_s).Value().textOr() + u' ' + all.Fields(u"方案名"_s).Value().textOr());
+        for (; !all.Eof(); all.MoveNext()) {
+            const QString number = all.Fields(u"序号"_s).Value().textOr();
+            const QString name = all.Fields(u"方案名"_s).Value().textOr();
+            cboFa->addItem(number + u' ' + name);
+            addTile(number, name);
+        }
         cboFa->setCurrentText(u"0 默认"_s);
         cboFaClick();
     });
@@ -170,6 +182,41 @@ void frmPs::showScheme() {
     else
         readPictureField(schemeRow_, u"主窗口"_s, *imgXs);
     paintParts();
+    for (size_t i = 0; i < cmdFa_.size(); ++i) cmdFa_[i]->setChecked(int(i) == cboFa->currentIndex());
+}
+
+void frmPs::addTile(const QString& number, const QString& name) {
+    const int index = int(cmdFa_.size());
+    if (index == mostTiles) return;
+    auto* tile = make<SchemeTile>(this, element(u"cmdFa"_s, index));
+    tile->setScheme(storedScheme(number));
+    tile->setText(name);
+    tile->setToolTip(name);
+    place(tile, previewLeft + index * tilePitch, tileTop, tileWidth, tileHeight);
+    connect(tile, &SchemeTile::clicked, this, guarded(this, [this, index] { chooseTile(index); }));
+    cmdFa_.push_back(tile);
+}
+
+void frmPs::chooseTile(int index) {
+    cboFa->setCurrentIndex(index);
+    cboFaClick();
+    tryOn();
+}
+
+ColourScheme frmPs::mixedScheme() const {
+    const auto colour = [this](int index) {
+        const QString text = txtYs[size_t(index)]->text();
+        QColor found;
+        if (!text.isEmpty()) attempt([&] { found = colourFromText(text); });
+        return found;
+    };
+    return {.ground = colour(windowPart), .outerFrame = colour(2), .fill = colour(0), .innerFrame = colour(1)};
+}
+
+void frmPs::tryOn() {
+    isTried_ = true;
+    windows_.tryColours(mixedScheme());
+    paintParts();  // other colours of the program take away those of the parts
 }
 
 void frmPs::paintParts() {
@@ -184,6 +231,7 @@ QColor frmPs::partColour(int index) const {
 }
 
 void frmPs::setPartColour(int index, const QColor& colour) {
+    shpYs[size_t(index)]->setFillColor(colour);
     if (index == windowPart) {
         shpCt->setFillColor(colour);
         return;
@@ -202,6 +250,8 @@ void frmPs::txtYsGotFocus(int index) {
     if (!chosen) return;
     setPartColour(index, *chosen);
     txtYs[size_t(index)]->setText(colourText(*chosen));
+    if (size_t(cboFa->currentIndex()) < cmdFa_.size()) cmdFa_[size_t(cboFa->currentIndex())]->setScheme(mixedScheme());
+    tryOn();
 }
 
 void frmPs::cmdQdClick() {
@@ -214,6 +264,7 @@ void frmPs::cmdQdClick() {
         own.Update();
     }
     both.commit();
+    isTried_ = false;
     windows_.coloursChanged();
     leave();
 }
@@ -227,9 +278,17 @@ void frmPs::closeEvent(QCloseEvent* event) {
     leave();
 }
 
+// Whichever way the window goes. A minimised one stays.
+void frmPs::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    if (event->spontaneous() || !isTried_) return;
+    isTried_ = false;
+    windows_.coloursChanged();
+}
+
 void frmPs::keyPressEvent(QKeyEvent* event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    auto* button = qobject_cast<QPushButton*>(focusWidget());
+    auto* button = qobject_cast<QAbstractButton*>(focusWidget());
     if (event->key() == Qt::Key_Escape)
         leave();
     else if (isEnter)

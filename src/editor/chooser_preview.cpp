@@ -5,6 +5,7 @@
 #include "editor/chooser_places.h"
 #include "platform/base/error.h"
 #include "platform/desktop/placing.h"
+#include "platform/desktop/theme.h"
 
 #include <algorithm>
 
@@ -42,7 +43,7 @@ ChooserPreview::ChooserPreview(Surface* picCs) : QObject(picCs) {
     lblSm_->setTextFormat(Qt::PlainText);
     lblSm_->setWordWrap(true);
     lblSm_->setAlignment(Qt::AlignCenter);
-    lblSm_->setStyleSheet(u"color: #8d877d;"_s);
+    lblSm_->setStyleSheet(theme::filledIn(u"color: @faint;"_s));
     place(lblSm_, rightColumn + sentenceMargin, previewTop, previewWidth - 2 * sentenceMargin, previewHeight);
     lblSm_->hide();
 }

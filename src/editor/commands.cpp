@@ -4,6 +4,7 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/shapes.h"
+#include "platform/desktop/theme.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -13,7 +14,6 @@ constexpr int buttonSide = 330;
 constexpr int buttonPitch = 345;
 constexpr int groupGap = 150;
 constexpr int firstButton = 60;
-const QColor separatorColour(0xd8, 0xd0, 0xc2);
 const QStringList steppingKeys{u"ty"_s, u"sy"_s, u"xy"_s, u"hy"_s};
 
 struct Command {
@@ -99,7 +99,7 @@ void Commands::make(QMenuBar* bar) {
 
 void Commands::addGap(int left) {
     auto* line = new LineBox(tlb1_);
-    line->setColor(separatorColour);
+    line->setColor(theme::worn().line);
     line->setEnds(left + groupGap / 2 - 15, 60, left + groupGap / 2 - 15, 270);
 }
 

@@ -3,6 +3,7 @@
 #include "catalogue/mektp.h"
 #include "platform/base/error.h"
 #include "platform/desktop/placing.h"
+#include "platform/desktop/theme.h"
 
 #include <QScreen>
 #include <algorithm>
@@ -15,8 +16,6 @@ constexpr int barHeight = 330;
 constexpr int viewportMargin = 30;
 constexpr QSize welcomeSize(9450, 6140);  // with a tool bar less high
 constexpr QPoint thumbnailPlace(580, 630);
-const QColor pictureFrame(0xc0, 0x39, 0x2b);
-const QColor workbench(0xe6, 0xe0, 0xd4);
 
 void placeIn(QWidget* control, const QRect& rect) {
     place(control, rect.x(), rect.y(), rect.width(), rect.height());
@@ -61,7 +60,7 @@ EditorView::EditorView(Document& document, ToolBar* tlb1, QWidget* form)
 void EditorView::makeGround() {
     QPalette colours = form_->palette();
     const QColor barColour = colours.color(QPalette::Window);
-    colours.setColor(QPalette::Window, workbench);
+    colours.setColor(QPalette::Window, theme::worn().bench);
     form_->setPalette(colours);
     barGround_ = new ShapeBox(form_);
     barGround_->setBorderColor({});
@@ -69,7 +68,7 @@ void EditorView::makeGround() {
     barGround_->lower();
     shpBj_ = make<ShapeBox>(form_, u"shpBj"_s);
     shpBj_->setBorderColor({});
-    shpBj_->setFillColor(workbench);
+    shpBj_->setFillColor(theme::worn().bench);
     shpBj_->lower();
 }
 
@@ -81,7 +80,7 @@ void EditorView::makeSurfaces() {
     img1_ = make<ImageBox>(picYu_, u"img1"_s);
     attempt([&] { img1_->setPicture(LoadPicture(u":/pictures/editor.jpg"_s)); });
     shpBk_ = make<ShapeBox>(picYu_, u"shpBk"_s);
-    shpBk_->setBorderColor(pictureFrame);
+    shpBk_->setBorderColor(theme::worn().alert);
 }
 
 void EditorView::makeScrollBars() {

@@ -13,8 +13,7 @@ constexpr int panelHandle = 24;
 
 void dressAsPanel(Surface* surface) {
     surface->setAutoFillBackground(true);
-    surface->setStyleSheet(u"Surface#%1 { background: #fdfcf9; border: 1px solid #a9a192; border-radius: 6px; }"_s.arg(
-        surface->objectName()));
+    surface->beDialog();
     surface->hide();
 }
 

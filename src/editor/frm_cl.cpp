@@ -3,6 +3,7 @@
 #include "editor/view_input.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
+#include "platform/desktop/theme.h"
 #include "platform/desktop/tool_icon.h"
 
 #include <QKeyEvent>
@@ -41,7 +42,8 @@ void frmCl::makeForm() {
 }
 
 void frmCl::makeChapters() {
-    auto* tlb1 = make<ToolBar>(form_, u"tlb1"_s, [](const QString& key) { return toolIcon(key); });
+    auto* tlb1 =
+        make<ToolBar>(form_, u"tlb1"_s, [](const QString& key) { return toolIcon(key, theme::worn().window); });
     commands_ = new Commands(document_, menuBar(), tlb1, form_);
     view_ = new EditorView(document_, tlb1, form_);
     const Workplace at{document_, *commands_, *view_, form_};

@@ -2,6 +2,7 @@
 
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
+#include "platform/desktop/theme.h"
 
 #include <QScopeGuard>
 
@@ -40,7 +41,7 @@ void OperationDialog::makeControls() {
     lblCq_ = make<QLabel>(picCq_, u"lblCq"_s);
     place(lblCq_, margin, 105, dialogWidth - 2 * margin, 270);
     lbl2_ = make<QLabel>(picCq_, u"lbl2"_s, u"输入完成后按“确定”按钮或者回车"_s);
-    lbl2_->setStyleSheet(u"color: #8d877d;"_s);
+    lbl2_->setStyleSheet(theme::filledIn(u"color: @faint;"_s));
     place(lbl2_, margin, 1125, dialogWidth - 2 * margin, 240);
     for (QLabel* label : {lblCq_, lbl2_}) label->setAttribute(Qt::WA_TransparentForMouseEvents);
 

@@ -1,6 +1,7 @@
 #include "editor/rotation_dial.h"
 
 #include "platform/desktop/placing.h"
+#include "platform/desktop/theme.h"
 
 #include <cmath>
 
@@ -11,14 +12,12 @@ constexpr int dialX = 360;
 constexpr int dialY = 810;
 constexpr int dialRadius = 300;
 constexpr double radiansPerDegree = 3.1415926 / 180;
-const QColor dialColour(0xcf, 0xc8, 0xba);
-const QColor handColour(0xc0, 0x39, 0x2b);
 }  // namespace
 
 RotationDial::RotationDial(QWidget* panel) {
     for (size_t i = 0; i < linJd_.size(); ++i) {
         linJd_[i] = make<LineBox>(panel, element(u"linJd"_s, int(i)));
-        linJd_[i]->setColor(i == 0 ? handColour : dialColour);
+        linJd_[i]->setColor(i == 0 ? theme::worn().alert : theme::worn().dial);
     }
     linJd_[1]->setEnds(dialX - dialRadius, dialY, dialX + dialRadius, dialY);
     linJd_[2]->setEnds(dialX, dialY - dialRadius, dialX, dialY + dialRadius);

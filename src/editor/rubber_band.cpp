@@ -64,7 +64,7 @@ void RubberBand::moveShape(QSize size) {
 void RubberBand::press(QPoint pointer) {
     if (!document_.isOpen()) return;
     document_.select({pointer, QSize(0, 0)});
-    shpYu_->setBorderColor(selectionColor(picYu_->Point(pixelsFromTwips(pointer.x()), pixelsFromTwips(pointer.y()))));
+    shpYu_->setBorderColor(selectionColour(picYu_->Point(pixelsFromTwips(pointer.x()), pixelsFromTwips(pointer.y()))));
     moveShape({0, 0});
     shpYu_->setVisible(isWanted());
     txtCc_->setVisible(readoutShows());

@@ -3,8 +3,10 @@
 #include "catalogue/mektp.h"
 #include "help/contents_rules.h"
 #include "platform/base/error.h"
+#include "platform/desktop/accessibility.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
+#include "platform/desktop/theme.h"
 
 #include <QWheelEvent>
 
@@ -17,7 +19,8 @@ constexpr int listTop = 320;
 constexpr int listWidth = 2790;
 constexpr int scrollBarWidth = 250;
 constexpr int chapterLeft = 60;
-constexpr int sectionLeft = 300;
+constexpr int sectionLeft = 360;
+constexpr int entryMargin = 5;  // pixels
 constexpr int fullCaptionGap = 30;
 
 const QColor headAtRest(255, 0, 0);
@@ -46,12 +49,15 @@ ContentsPanel::ContentsPanel(QWidget* form) : QObject(form), form_(form) {
     auto* viewport = make<Viewport>(form, u"picGd"_s);
     picGd = viewport;
     picBz = make<Surface>(picGd, u"picBz"_s);
+    picBz->setAccessibleName(u"目录"_s);
+    beOperable(picBz, QAccessible::List, {});
     vsc1 = make<QScrollBar>(form, u"vsc1"_s, Qt::Vertical);
     vsc1->setSingleStep(entryPitch);
     viewport->bar = vsc1;
     lblMl->raise();
     makeChapters();
     lblX0.push_back(makeSection(0));
+    wearColours();
     txtFd = make<CaptionBox>(picBz, u"txtFd"_s);
     txtFd->setFrameShape(QFrame::Box);
     txtFd->setCursor(Qt::PointingHandCursor);
@@ -66,8 +72,6 @@ ContentsPanel::ContentsPanel(QWidget* form) : QObject(form), form_(form) {
 
 void ContentsPanel::makeHead() {
     shpMl = make<ShapeBox>(form_, u"shpMl"_s);
-    shpMl->setBorderColor(form_->palette().color(QPalette::Mid));
-    shpMl->setFillColor(form_->palette().color(QPalette::Base));
     shpMl->setCornerRadius(5);
     lblMl = make<EntryLabel>(form_, u"lblMl"_s);
     lblMl->setText(u"目 录"_s);
@@ -76,7 +80,6 @@ void ContentsPanel::makeHead() {
     QFont bold = lblMl->font();
     bold.setBold(true);
     lblMl->setFont(bold);
-    lblMl->setLook(headAtRest, false);
     place(lblMl, listLeft + 900, 135, 1240, 240);
     connect(lblMl, &EntryLabel::clicked, this, guarded(form_, [this] { Q_EMIT topChosen(); }));
     connect(lblMl, &EntryLabel::mouseMoved, this, [this] { hoverHead(); });
@@ -89,7 +92,7 @@ void ContentsPanel::makeChapters() {
     for (int i = 0; i < captions.size(); ++i) {
         auto* chapter = make<EntryLabel>(picBz, element(u"lblXz"_s, i));
         chapter->setText(captions[i]);
-        chapter->setLook(entryAtRest, false);
+        chapter->setContentsMargins(pixelsFromTwips(indentOf(captions[i])) + entryMargin, 0, 0, 0);
         place(chapter, chapterLeft, chapterTop(i), listWidth - 180 - chapterLeft, entryPitch);
         connect(chapter, &EntryLabel::clicked, this, guarded(form_, [this, i] { openChapter(i); }));
         connect(chapter, &EntryLabel::mouseMoved, this, [this, i] {
@@ -106,7 +109,8 @@ void ContentsPanel::makeChapters() {
 
 EntryLabel* ContentsPanel::makeSection(int number) {
     auto* section = make<EntryLabel>(picBz, element(u"lblX0"_s, number));
-    section->setLook(entryAtRest, false);
+    section->setLook(theme::adapted(entryAtRest), false);
+    section->setContentsMargins(entryMargin, 0, 0, 0);
     section->hide();
     connect(section, &EntryLabel::clicked, this,
             guarded(form_, [this, section] { Q_EMIT captionChosen(section->text()); }));
@@ -183,9 +187,22 @@ void ContentsPanel::showSections(int chapter, const QStringList& captions) {
     txtFd->raise();
 }
 
+void ContentsPanel::wearColours() {
+    shpMl->setBorderColor(theme::worn().dial);
+    shpMl->setFillColor(theme::worn().base);
+    rest();
+}
+
+void ContentsPanel::markChapter(int index) {
+    if (index == marked_) return;
+    for (size_t i = 0; i < lblXz.size(); ++i) lblXz[i]->setMarked(int(i) == index);
+    marked_ = index;
+    bringIntoView(lblXz[size_t(index)]);
+}
+
 void ContentsPanel::rest() {
-    lblMl->setLook(headAtRest, false);
-    for (EntryLabel* chapter : lblXz) chapter->setLook(entryAtRest, false);
+    lblMl->setLook(theme::adapted(headAtRest), false);
+    for (EntryLabel* chapter : lblXz) chapter->setLook(theme::adapted(entryAtRest), false);
     restSections();
 }
 
@@ -195,18 +212,18 @@ void ContentsPanel::leaveEntries() {
 }
 
 void ContentsPanel::restSections() {
-    for (EntryLabel* section : lblX0) section->setLook(entryAtRest, false);
+    for (EntryLabel* section : lblX0) section->setLook(theme::adapted(entryAtRest), false);
 }
 
 void ContentsPanel::hoverChapter(int index) {
     rest();
     txtFd->hide();
-    lblXz[size_t(index)]->setLook(entryUnderMouse, true);
+    lblXz[size_t(index)]->setLook(theme::adapted(entryUnderMouse), true);
 }
 
 void ContentsPanel::hoverSection(EntryLabel* section) {
     rest();
-    section->setLook(entryUnderMouse, true);
+    section->setLook(theme::adapted(entryUnderMouse), true);
     if (section->isCut())
         showFullCaption(section);
     else
@@ -214,9 +231,9 @@ void ContentsPanel::hoverSection(EntryLabel* section) {
 }
 
 void ContentsPanel::hoverHead() {
-    for (size_t i = 0; i < chaptersNearHead; ++i) lblXz[i]->setLook(entryAtRest, false);
+    for (size_t i = 0; i < chaptersNearHead; ++i) lblXz[i]->setLook(theme::adapted(entryAtRest), false);
     restSections();
-    lblMl->setLook(headUnderMouse, true);
+    lblMl->setLook(theme::adapted(headUnderMouse), true);
 }
 
 /// On its way from a section to the box with the full caption, the pointer passes a piece of the next entry.

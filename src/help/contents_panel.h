@@ -17,6 +17,10 @@ class ContentsPanel : public QObject {
     explicit ContentsPanel(QWidget* form);
 
     void layOut(int windowHeight);
+    /// Marks a chapter as the one that the reader has before him.
+    void markChapter(int index);
+    /// Wears the colours of the program.
+    void wearColours();
     /// All entries as they look without a mouse over them.
     void rest();
 
@@ -53,6 +57,7 @@ class ContentsPanel : public QObject {
     CaptionBox* txtFd;               ///< A long caption of a section in full.
     std::vector<EntryLabel*> lblXz;  ///< Chapters.
     std::vector<EntryLabel*> lblX0;  ///< Sections of the open chapter.
+    int marked_ = -1;                ///< Chapter in view, -1 before any.
     int sectionsHeight_ = 0;         ///< Height that the open sections add to the list.
     int listHeight_ = 0;             ///< Height of the part that shows.
 };

@@ -6,6 +6,10 @@
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+constexpr int levelIndent = 150;
+}  // namespace
+
 const QStringList& chapterCaptions() {
     static const QStringList captions{u"概述"_s,
                                       u"1 软件的安装"_s,
@@ -24,6 +28,17 @@ const QStringList& chapterCaptions() {
                                       u"4.4 使用帮助"_s,
                                       u"附注："_s};
     return captions;
+}
+
+int indentOf(const QString& caption) {
+    return int(caption.section(u' ', 0, 0).count(u'.')) * levelIndent;
+}
+
+int chapterAt(const std::vector<int>& starts, int position) {
+    int found = 0;
+    for (size_t i = 0; i < starts.size(); ++i)
+        if (starts[i] >= 0 && starts[i] <= position) found = int(i);
+    return found;
 }
 
 int chapterTop(int index) {

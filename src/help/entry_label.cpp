@@ -1,14 +1,22 @@
 #include "help/entry_label.h"
 
+#include "platform/desktop/accessibility.h"
+#include "platform/desktop/theme.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+
+namespace {
+constexpr int markWidth = 3;  // pixels
+}  // namespace
 
 EntryLabel::EntryLabel(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
     setMouseTracking(true);
     setFocusPolicy(Qt::TabFocus);
     setCursor(Qt::PointingHandCursor);
+    beOperable(this, QAccessible::Link, [this] { Q_EMIT clicked(); });
 }
 
 void EntryLabel::setLook(const QColor& colour, bool underlined) {
@@ -20,8 +28,13 @@ void EntryLabel::setLook(const QColor& colour, bool underlined) {
     setFont(look);
 }
 
+void EntryLabel::setMarked(bool on) {
+    isMarked_ = on;
+    update();
+}
+
 bool EntryLabel::isCut() const {
-    return fontMetrics().horizontalAdvance(text()) > width();
+    return fontMetrics().horizontalAdvance(text()) > contentsRect().width();
 }
 
 void EntryLabel::mousePressEvent(QMouseEvent* event) {
@@ -57,6 +70,11 @@ void EntryLabel::focusOutEvent(QFocusEvent* event) {
 
 void EntryLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    if (isMarked_) {
+        painter.fillRect(rect(), theme::worn().hover);
+        painter.fillRect(0, 0, markWidth, height(), theme::worn().accent);
+    }
     painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawText(rect(), int(alignment()), fontMetrics().elidedText(text(), Qt::ElideRight, width()));
+    const QRect place = contentsRect();
+    painter.drawText(place, int(alignment()), fontMetrics().elidedText(text(), Qt::ElideRight, place.width()));
 }

@@ -11,6 +11,9 @@ class EntryLabel : public QLabel {
     explicit EntryLabel(QWidget* parent = nullptr);
 
     void setLook(const QColor& colour, bool underlined);
+    /// Marked: the entry of what the reader has before him.
+    void setMarked(bool on);
+    bool isMarked() const { return isMarked_; }
     /// Whether the caption is longer than its place.
     bool isCut() const;
 
@@ -28,4 +31,7 @@ class EntryLabel : public QLabel {
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+
+  private:
+    bool isMarked_ = false;
 };

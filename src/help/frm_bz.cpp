@@ -3,14 +3,20 @@
 #include "catalogue/mektp.h"
 #include "catalogue/settings_row.h"
 #include "help/contents_panel.h"
+#include "help/contents_rules.h"
 #include "help/find_bar.h"
+#include "help/manual_colours.h"
+#include "help/picture_show.h"
 #include "help/raised_buttons.h"
 #include "platform/base/error.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
+#include "platform/desktop/theme.h"
+#include "windows/window_place.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QScrollBar>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -36,9 +42,12 @@ frmBz::frmBz(Windows& windows, QWidget* parent) : QWidget(parent), windows_(wind
     fraAn = make<RaisedButtons>(this, u"fraAn"_s);
     rtfBz = make<RichTextBox>(this, u"rtfBz"_s);
     search_ = new FindBar(rtfBz, this);
+    show_ = new PictureShow(this);
+    rtfBz->setAccessibleName(u"使用说明"_s);
     connectEvents();
     load();
     resize(rectFromTwips(0, 0, windowWidth, windowHeight).size());
+    new RememberedSize(this);
 }
 
 void frmBz::connectEvents() {
@@ -46,6 +55,9 @@ void frmBz::connectEvents() {
     connect(contents_, &ContentsPanel::fullCaptionChosen, this,
             [this](const QString& caption) { jump(endMarkerOfFullCaptions, caption); });
     connect(contents_, &ContentsPanel::topChosen, this, [this] { jump(endRule, title); });
+    connect(rtfBz->verticalScrollBar(), &QScrollBar::valueChanged, this, &frmBz::markChapter);
+    connect(rtfBz, &RichTextBox::pictureChosen, this,
+            [this](const QImage& picture, const QString& name) { show_->open(Picture(picture), name); });
     connect(fraAn, &RaisedButtons::backClicked, this, guarded(this, [this] {
                 windows_.show(WindowKind::viewer);
                 windows_.unload(WindowKind::help);
@@ -63,8 +75,41 @@ void frmBz::load() {
     rtfBz->setFont(reading);
     rtfBz->document()->setDocumentMargin(18);
     rtfBz->document()->setIndentWidth(listIndent);
-    rtfBz->setText(settings.Fields(u"帮助"_s).Value().textOr());
+    manual_ = settings.Fields(u"帮助"_s).Value().textOr();
+    showManual();
     rtfBz->setFocus();
+}
+
+void frmBz::showManual() {
+    ground_ = theme::worn().base;
+    rtfBz->setText(inWornColours(manual_));
+    findChapters();
+    markChapter();
+}
+
+void frmBz::findChapters() {
+    starts_.clear();
+    for (const QString& caption : chapterCaptions()) {
+        const QTextCursor start = rtfBz->document()->find(caption);
+        starts_.push_back(start.isNull() ? -1 : start.selectionStart());
+    }
+}
+
+void frmBz::markChapter() {
+    contents_->markChapter(chapterAt(starts_, rtfBz->topPosition()));
+}
+
+void frmBz::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && ground_.isValid() && ground_ != theme::worn().base) wearColours();
+}
+
+void frmBz::wearColours() {
+    const int view = rtfBz->verticalScrollBar()->value();
+    showManual();
+    rtfBz->verticalScrollBar()->setValue(view);
+    contents_->wearColours();
+    fraAn->wearColours();
 }
 
 void frmBz::resizeEvent(QResizeEvent* event) {

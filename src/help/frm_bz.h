@@ -4,9 +4,11 @@
 #include "windows/windows.h"
 
 #include <QWidget>
+#include <vector>
 
 class ContentsPanel;
 class FindBar;
+class PictureShow;
 class RaisedButtons;
 
 /// The help window: the manual, and its contents that lead to every heading. There is no index of positions: the window
@@ -25,10 +27,16 @@ class frmBz : public QWidget {
     void closeEvent(QCloseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     void connectEvents();
     void load();
+    void showManual();
+    void findChapters();
+    /// Marks the chapter that begins last above the upper part of the view.
+    void markChapter();
+    void wearColours();
     /// Shows the first hit of `text`. Jumps to `marker` first, near the end of the manual: so the hit comes to the top
     /// of the view.
     void jump(const QString& marker, const QString& text);
@@ -38,4 +46,8 @@ class frmBz : public QWidget {
     ContentsPanel* contents_;  ///< The contents at its left.
     RaisedButtons* fraAn;      ///< The two picture buttons.
     FindBar* search_;          ///< The line for words to look for.
+    PictureShow* show_;        ///< A picture of the manual, large.
+    QString manual_;           ///< As it is stored.
+    std::vector<int> starts_;  ///< Where each chapter begins in the text, -1 where it is not found.
+    QColor ground_;            ///< For which the manual is coloured.
 };

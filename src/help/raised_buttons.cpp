@@ -2,8 +2,8 @@
 
 #include "platform/desktop/placing.h"
 #include "platform/desktop/theme.h"
+#include "platform/desktop/tool_icon.h"
 
-#include <QIcon>
 #include <QKeyEvent>
 
 using namespace Qt::Literals::StringLiterals;
@@ -11,25 +11,38 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 constexpr int side = 330;
 constexpr int top = 60;
-const QColor lit(Qt::white);
 }  // namespace
 
 RaisedButtons::RaisedButtons(QWidget* parent) : Surface(parent) {
     // A ground on which the lit edge of a frame shows.
     setBackgroundRole(QPalette::Midlight);
     setAutoFillBackground(true);
-    imgFh = addButton(u"imgFh"_s, u"fh"_s, u"返回主窗口"_s, 885, 0);
-    imgGb = addButton(u"imgGb"_s, u"tc"_s, u"退出软件"_s, 1845, 4);
+    imgFh = addButton(u"imgFh"_s, u"返回主窗口"_s, 885, 0);
+    imgGb = addButton(u"imgGb"_s, u"退出软件"_s, 1845, 4);
+    wearColours();
     connect(imgFh, &ImageBox::clicked, this, &RaisedButtons::backClicked);
     connect(imgGb, &ImageBox::clicked, this, &RaisedButtons::endClicked);
     connect(this, &Surface::mouseMoved, this, &RaisedButtons::hideFrames);
 }
 
-ImageBox* RaisedButtons::addButton(const QString& name, const QString& icon, const QString& tip, int left,
-                                   int firstLine) {
+void RaisedButtons::wearColours() {
+    const QSize pixels = QSize(side, side) / 5;
+    const auto icon = [&](const QString& key) {
+        return Picture(toolIcon(key, theme::worn().midlight).pixmap(pixels).toImage());
+    };
+    imgFh->setPicture(icon(u"fh"_s));
+    imgGb->setPicture(icon(u"tc"_s));
+    for (const int firstLine : {0, 4}) paintFrame(firstLine, true);
+}
+
+void RaisedButtons::paintFrame(int firstLine, bool isRaised) {
+    for (int i = 0; i < 4; ++i)
+        linFh_[size_t(firstLine + i)]->setColor(isRaised == (i < 2) ? theme::worn().lit : theme::worn().shadow);
+}
+
+ImageBox* RaisedButtons::addButton(const QString& name, const QString& tip, int left, int firstLine) {
     auto* image = make<ImageBox>(this, name);
     place(image, left, top, side, side);
-    image->setPicture(Picture(QIcon(u":/icons/%1.svg"_s.arg(icon)).pixmap(QSize(side, side) / 5).toImage()));
     image->setToolTip(tip);
     image->beButton();
     image->setCursor(Qt::PointingHandCursor);
@@ -46,14 +59,10 @@ ImageBox* RaisedButtons::addButton(const QString& name, const QString& icon, con
     frame[2]->setEnds(before, top + side + 30, behind, top + side + 30);
     frame[3]->setEnds(behind, top - 45, behind, top + side + 30);
 
-    const auto raise = [frame](bool raised) {
-        for (size_t i = 0; i < 4; ++i) frame[i]->setColor(raised == (i < 2) ? lit : theme::shadow);
-    };
-    raise(true);
     connect(image, &ImageBox::mouseMoved, this, [this, firstLine] { showFrame(firstLine); });
     image->installEventFilter(this);
-    connect(image, &ImageBox::mousePressed, this, [raise] { raise(false); });
-    connect(image, &ImageBox::mouseReleased, this, [raise] { raise(true); });
+    connect(image, &ImageBox::mousePressed, this, [this, firstLine] { paintFrame(firstLine, false); });
+    connect(image, &ImageBox::mouseReleased, this, [this, firstLine] { paintFrame(firstLine, true); });
     for (LineBox* line : frame) line->hide();
     return image;
 }

@@ -15,6 +15,7 @@ class RaisedButtons : public Surface {
     explicit RaisedButtons(QWidget* parent = nullptr);
 
     void hideFrames();
+    void wearColours();  ///< Those of the program.
 
   Q_SIGNALS:
     void backClicked();
@@ -26,7 +27,8 @@ class RaisedButtons : public Surface {
 
   private:
     void showFrame(int firstLine);
-    ImageBox* addButton(const QString& name, const QString& icon, const QString& tip, int left, int firstLine);
+    void paintFrame(int firstLine, bool isRaised);
+    ImageBox* addButton(const QString& name, const QString& tip, int left, int firstLine);
 
     ImageBox* imgFh;                   ///< Back to the main window.
     ImageBox* imgGb;                   ///< Ends the program.

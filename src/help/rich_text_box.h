@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QTextBrowser>
+#include <optional>
 
-/// A box that shows rich text and finds places in it. Read only; its text can be selected and copied.
+/// A box that shows rich text and finds places in it. Read only; its text can be selected and copied. A picture in the
+/// text is larger than its place there, and can be chosen to be seen whole.
 class RichTextBox : public QTextBrowser {
     Q_OBJECT
 
@@ -18,6 +20,22 @@ class RichTextBox : public QTextBrowser {
     int SelLength() const;
     void setSelLength(int characters);
 
+    /// The character at the upper edge of the view.
+    int topPosition() const;
+
+  Q_SIGNALS:
+    /// A picture was clicked, or is the first in view when Enter is pressed.
+    void pictureChosen(const QImage& picture, const QString& name);
+
   protected:
+    QVariant loadResource(int type, const QUrl& name) override;
     void resizeEvent(QResizeEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    std::optional<QTextImageFormat> pictureAt(QPoint point) const;
+    std::optional<QTextImageFormat> firstPictureInView() const;
+    void choose(const QTextImageFormat& picture);
 };

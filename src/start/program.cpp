@@ -101,6 +101,11 @@ void Program::coloursChanged() {
     if (viewer != nullptr) viewer->applyColours();
 }
 
+void Program::tryColours(const ColourScheme& scheme) {
+    auto* viewer = qobject_cast<frmTp*>(windows_[WindowKind::viewer].data());
+    if (viewer != nullptr) viewer->wear(scheme);
+}
+
 void Program::showHelp(const QString& topic) {
     show(WindowKind::help);
     auto* help = qobject_cast<frmBz*>(windows_[WindowKind::help].data());

@@ -21,6 +21,7 @@ class Program : public Windows {
     void show(WindowKind window) override;
     void unload(WindowKind window) override;
     void coloursChanged() override;
+    void tryColours(const ColourScheme& scheme) override;
     void showHelp(const QString& topic) override;
     void endProgram() override;
 

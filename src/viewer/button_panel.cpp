@@ -21,7 +21,6 @@ constexpr int cornerSide = 255;
 constexpr int upperCornerLeft = 195;
 constexpr int lowerCornerLeft = 1500;
 constexpr int frameReach = 20;  // of the roll-over frame and the cursor beyond their button
-const QColor lit(Qt::white);
 
 QCursor handCursor() {
     const QPixmap hand(joinedPath(programFolder(), u"s1.ico"_s));
@@ -35,7 +34,6 @@ ButtonPanel::ButtonPanel(QWidget* form) : form_(form), hand_(handCursor()) {
     shpA1 = make<ShapeBox>(form, u"shpA1"_s);
     for (int i = 0; i < firstButtons; ++i) addButton(i);
     shpAn = make<ShapeBox>(form, u"shpAn"_s);
-    shpAn->setBorderColor(theme::accent);
     shpAn->setBorderWidth(2);
     shpAn->setCornerRadius(3);
     shpAn->hide();
@@ -44,8 +42,12 @@ ButtonPanel::ButtonPanel(QWidget* form) : form_(form), hand_(handCursor()) {
     linS = make<LineBox>(form, u"linS"_s);
     linY = make<LineBox>(form, u"linY"_s);
     linZ = make<LineBox>(form, u"linZ"_s);
-    antq();
     hideRollOver();
+}
+
+void ButtonPanel::wearColours() {
+    shpAn->setBorderColor(theme::worn().accent);
+    antq();
 }
 
 void ButtonPanel::addCorners() {
@@ -210,11 +212,11 @@ void ButtonPanel::hideRollOver() {
 }
 
 void ButtonPanel::anax() {
-    for (LineBox* line : {linS, linZ}) line->setColor(theme::shadow);
-    for (LineBox* line : {linX, linY}) line->setColor(lit);
+    for (LineBox* line : {linS, linZ}) line->setColor(theme::worn().shadow);
+    for (LineBox* line : {linX, linY}) line->setColor(theme::worn().lit);
 }
 
 void ButtonPanel::antq() {
-    for (LineBox* line : {linS, linZ}) line->setColor(lit);
-    for (LineBox* line : {linX, linY}) line->setColor(theme::shadow);
+    for (LineBox* line : {linS, linZ}) line->setColor(theme::worn().lit);
+    for (LineBox* line : {linX, linY}) line->setColor(theme::worn().shadow);
 }

@@ -18,6 +18,7 @@ class ButtonPanel : public QObject {
     explicit ButtonPanel(QWidget* form);
 
     void layOut(const WindowLayout& layout);
+    void wearColours();
     void setOuterFrame(const QColor& colour) { shpAb->setBorderColor(colour); }
     void setInnerFrame(const QColor& colour) { shpA1->setBorderColor(colour); }
     void setFill(const QColor& colour) { shpAb->setFillColor(colour); }

@@ -7,8 +7,39 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+constexpr int sideMargin = 4;  // pixels
 // A quarter of a line's height is blank: lines may be that much closer than the font asks for.
 constexpr double blankShare = 0.25;
+
+/// As few lines as possible: Chinese text breaks behind any character.
+QStringList closestLines(const QString& text, const QFont& font, int width) {
+    QTextLayout layout(text, font);
+    QTextOption wrapping;
+    wrapping.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(wrapping);
+    layout.beginLayout();
+    QStringList lines;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        lines << text.mid(line.textStart(), line.textLength());
+    }
+    layout.endLayout();
+    return lines;
+}
+
+/// Lines that break at blanks alone; nothing if a word is longer than a line.
+QStringList linesOfWholeWords(const QString& text, const QFontMetrics& metrics, int width) {
+    QStringList lines;
+    for (const QString& word : text.split(u' ')) {
+        if (metrics.horizontalAdvance(word) > width) return {};
+        const QString longer = lines.isEmpty() ? word : lines.last() + u' ' + word;
+        if (lines.isEmpty() || metrics.horizontalAdvance(longer) > width)
+            lines << word;
+        else
+            lines.last() = longer;
+    }
+    return lines;
+}
 }  // namespace
 
 Caption::Caption(QWidget* parent) : CaptionBox(parent) {
@@ -19,18 +50,10 @@ Caption::Caption(QWidget* parent) : CaptionBox(parent) {
 }
 
 QStringList Caption::linesFor(int width) const {
-    QTextLayout layout(text(), font());
-    QTextOption wrapping;
-    wrapping.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    layout.setTextOption(wrapping);
-    layout.beginLayout();
-    QStringList lines;
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(std::max(1, width - 2 * margin()));
-        lines << layout.text().mid(line.textStart(), line.textLength());
-    }
-    layout.endLayout();
-    return lines;
+    const int room = std::max(1, width - 2 * sideMargin);
+    const QStringList closest = closestLines(text(), font(), room);
+    const QStringList whole = linesOfWholeWords(text(), fontMetrics(), room);
+    return whole.isEmpty() || whole.size() > closest.size() ? closest : whole;
 }
 
 int Caption::lineCountFor(int width) const {
@@ -67,7 +90,7 @@ void Caption::paintEvent(QPaintEvent*) {
     if (lines.size() > room) {
         const QString rest = lines.mid(room - 1).join(QString());
         lines = lines.first(room - 1);
-        lines << fontMetrics().elidedText(rest, Qt::ElideRight, width() - 2 * margin());
+        lines << fontMetrics().elidedText(rest, Qt::ElideRight, width() - 2 * sideMargin);
     }
     QPainter painter(viewport());
     painter.setFont(font());  // the viewport's own may be another one
@@ -75,7 +98,7 @@ void Caption::paintEvent(QPaintEvent*) {
     const int block = int(lines.size()) * lineHeight();
     int top = std::min(margin(), (height() - block) / 2);
     for (const QString& line : std::as_const(lines)) {
-        painter.drawText(QRect(margin(), top, width() - 2 * margin(), lineHeight()),
+        painter.drawText(QRect(sideMargin, top, width() - 2 * sideMargin, lineHeight()),
                          Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, line);
         top += lineHeight();
     }

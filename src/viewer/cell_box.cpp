@@ -1,5 +1,7 @@
 #include "viewer/cell_box.h"
 
+#include "platform/desktop/theme.h"
+
 #include <QPainter>
 
 using namespace Qt::Literals::StringLiterals;
@@ -12,8 +14,8 @@ constexpr double pen = 2;
 const QColor ink(0xa8, 0x53, 0x1f);
 
 /// A picture that is crossed out.
-void drawSign(QPainter& painter, const QRectF& place) {
-    painter.setPen(QPen(ink, pen, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+void drawSign(QPainter& painter, const QRectF& place, const QColor& colour) {
+    painter.setPen(QPen(colour, pen, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawRoundedRect(place, 3, 3);
     const auto at = [&](double x, double y) {
         return QPointF(place.left() + x * place.width(), place.top() + y * place.height());
@@ -51,7 +53,7 @@ void CellBox::paintEvent(QPaintEvent* event) {
     const QSizeF size = QSizeF(signSize).boundedTo(QSizeF(this->size()) * 0.6);
     QRectF place(QPointF(), size);
     place.moveCenter(QRectF(rect()).center() - QPointF(0, hasRoom ? (gap + lineHeight) / 2.0 : 0));
-    drawSign(painter, place);
+    drawSign(painter, place, theme::readable(ink, palette().color(QPalette::Window), theme::signContrast));
     if (!hasRoom) return;
     const QRectF line(0, place.bottom() + pen + gap, width(), lineHeight);
     painter.drawText(line, Qt::AlignCenter, words);

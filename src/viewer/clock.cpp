@@ -23,3 +23,8 @@ TitleColours titleColours(QTime now) {
     }};
     return cycle.at(size_t(now.second() % 10 % 7));
 }
+
+// The calmest of them.
+TitleColours stillTitleColours() {
+    return titleColours(QTime(0, 0));
+}

@@ -16,3 +16,6 @@ struct TitleColours {
 
 /// The colours follow the last digit of the seconds, modulo 7.
 TitleColours titleColours(QTime now);
+
+/// Those of a title that does not change.
+TitleColours stillTitleColours();

@@ -24,11 +24,12 @@ void DropList::choose(int index) {
 }
 
 void DropList::openUnder(const QWidget* box, const QStringList& lines, Chosen chosen) {
-    open(lines, leftOf(box) + 70, widthOf(box), 1000, std::move(chosen));
+    open(box->accessibleName(), lines, leftOf(box) + 70, widthOf(box), 1000, std::move(chosen));
 }
 
-void DropList::open(const QStringList& lines, int left, int width, int height, Chosen chosen) {
+void DropList::open(const QString& name, const QStringList& lines, int left, int width, int height, Chosen chosen) {
     chosen_ = std::move(chosen);
+    setAccessibleName(name);
     clear();
     addItems(lines);
     const int rowWidth = sizeHintForColumn(0);

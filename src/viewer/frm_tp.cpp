@@ -2,6 +2,7 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
+#include "catalogue/remembered.h"
 #include "platform/base/error.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
@@ -15,6 +16,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 constexpr int menuHeight = 30;
+constexpr auto keyOfHelp = Qt::ALT | Qt::Key_B;
 }  // namespace
 
 frmTp::frmTp(Windows& windows) : windows_(windows) {
@@ -40,14 +42,12 @@ frmTp::frmTp(Windows& windows) : windows_(windows) {
     buttons_ = std::make_unique<ButtonPanel>(form_);
     for (size_t i = 0; i < frame_.size(); ++i) {
         frame_[i] = make<LineBox>(form_, u"lin%1"_s.arg(i + 1));
-        frame_[i]->setColor(i < 2 ? theme::firmEdge : QColor(Qt::white));
     }
     buildMenus();
     view_ = std::make_unique<PictureView>(*page_, *strip_, *status_, *screen_);
     show_ = std::make_unique<SlideShow>(*page_, *strip_);
     picYc = new ShowDialog(form_);
     lstLs = make<DropList>(form_, u"lstLs"_s);
-    lstLs->setAccessibleName(u"可选的各项"_s);
     for (SmallDialog* dialog : dialogs()) dialog->installEventFilter(this);
     tmr1 = new QTimer(this);
     tmr1->setObjectName(u"tmr1"_s);
@@ -87,9 +87,18 @@ void frmTp::buildMenus() {
     addMenuAction(u"mnuGy"_s, u"关 于(&G)"_s, [this] { windows_.show(WindowKind::about); });
     mnuBz = addMenuAction(u"mnuBz"_s, u"帮 助(&B)"_s, [this] { toggle(WindowKind::help, helpIsOpen_); });
     addMenuAction(u"mnuTc"_s, u"退 出(&T)"_s, [this] { close(); });
+
+    mnuBs = new QAction(u"标题不变色"_s, this);
+    mnuBs->setObjectName(u"mnuBs"_s);
+    mnuBs->setCheckable(true);
+    mnuBs->setShortcut(Qt::CTRL | Qt::Key_T);
+    mnuBs->setShortcutVisibleInContextMenu(true);
+    addAction(mnuBs);  // for its key
+    strip_->offerOnTitle(mnuBs);
 }
 
 void frmTp::connectControls() {
+    connect(mnuBs, &QAction::triggered, this, guarded(this, [this](bool on) { keepTitleStill(on); }));
     connect(tmr1, &QTimer::timeout, this, guarded(this, [this] { tick(); }));
     const ToolStrip* strip = strip_.get();
     connect(strip, &ToolStrip::keyClicked, this, guarded(this, [this](const QString& key) { toolClicked(key); }));
@@ -185,9 +194,16 @@ void frmTp::finishDrawing() {
 
 void frmTp::tick() {
     const QDateTime now = QDateTime::currentDateTime();
-    if (!status_->showClock(clockText(now)) || smallScreen_) return;
-    const TitleColours colours = titleColours(now.time());
-    strip_->setTitleColours(colours.text, colours.ground);
+    if (status_->showClock(clockText(now)) && !smallScreen_) colourTitle(now.time());
+}
+
+void frmTp::colourTitle(QTime now) {
+    strip_->setTitleColours(mnuBs->isChecked() ? stillTitleColours() : titleColours(now));
+}
+
+void frmTp::keepTitleStill(bool on) {
+    remembered::setFlag(stillTitle_.toString(), on);
+    colourTitle(QTime::currentTime());
 }
 
 /// A click on the screen panel ends the view of a picture, or brings the page from behind a cover or curtain.
@@ -257,6 +273,7 @@ void frmTp::windowsBeside(bool help, bool colours) {
     if (help != helpIsOpen_) {
         strip_->showHelp(help);
         mnuBz->setText(help ? u"帮助关闭(B)"_s : u"帮助(B)"_s);
+        mnuBz->setShortcut(keyOfHelp);  // in these captions no letter is marked as the key
     }
     mnuCs->setText(colours ? u"配色关闭(&C)"_s : u"窗口配色(&C)"_s);
     helpIsOpen_ = help;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/colour_scheme.h"
 #include "viewer/album_menu.h"
 #include "viewer/button_panel.h"
 #include "viewer/date_dialog.h"
@@ -29,6 +30,8 @@ class frmTp : public QMainWindow {
 
     /// Wears the active colour scheme.
     void applyColours();
+    /// Wears these colours; those that are invalid stay as they are.
+    void wear(const ColourScheme& scheme);
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -37,6 +40,8 @@ class frmTp : public QMainWindow {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    static constexpr QStringView stillTitle_ = u"viewer.stillTitle";  ///< Name under which the choice is remembered.
+
     void buildMenus();
     QAction* addMenuAction(const QString& name, const QString& caption, const std::function<void()>& click);
     void connectControls();
@@ -44,6 +49,8 @@ class frmTp : public QMainWindow {
     void load();
     /// The table of the last album. Without a collection title the window keeps its caption.
     QString readSettings();
+    void wearGround(const QColor& ground);
+    void wearFrame(const QColor& ground);
     void fillAlbumMenu();
     void fillScreenPictures();
 
@@ -65,6 +72,8 @@ class frmTp : public QMainWindow {
     void storeFlag(const QString& column, bool on);
     void fillScreen(bool on);
     void tick();
+    void colourTitle(QTime now);
+    void keepTitleStill(bool on);
     void toolClicked(const QString& key);
     void listColumns(const QWidget* box);
     void listNumberConditions(const QWidget* box);
@@ -97,6 +106,7 @@ class frmTp : public QMainWindow {
     QAction* mnuXs = nullptr;          ///< Draws the page.
     QAction* mnuCs = nullptr;          ///< Opens and closes the colour window.
     QAction* mnuBz = nullptr;          ///< Opens and closes the help window.
+    QAction* mnuBs = nullptr;          ///< Title that does not change its colours.
     std::array<LineBox*, 4> frame_{};  ///< Around the page: top, left, bottom, right.
     DropList* lstLs;                   ///< Albums, number conditions or columns to choose from.
     DateDialog* picRq;                 ///< Condition on the day.

@@ -72,7 +72,7 @@ void frmTp::listAlbums() {
     });
     const int rows = int(lines.size());
     lines << u" 演 示"_s;
-    lstLs->open(lines, 150, 1500, rows * 180 + 270, [this](int index) {
+    lstLs->open(u"图册"_s, lines, 150, 1500, rows * 180 + 270, [this](int index) {
         dkxc(index);
         strip_->showAlbumKey(true, u"合上像册"_s);
     });

@@ -1,10 +1,12 @@
 #include "catalogue/album_rules.h"
-#include "catalogue/colour_text.h"
 #include "catalogue/mektp.h"
+#include "catalogue/remembered.h"
 #include "catalogue/settings_row.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
+#include "platform/desktop/look.h"
 #include "platform/desktop/placing.h"
+#include "platform/desktop/theme.h"
 #include "viewer/frm_tp.h"
 #include "viewer/ground.h"
 
@@ -64,6 +66,7 @@ QString frmTp::readSettings() {
     attempt([&] { lastAlbum = u"tc"_s + settings.Fields(u"当前像册"_s).Value().textOr(u"00"_s); });
     if (lastAlbum == u"tc") lastAlbum = demoTable;
     attempt([&] { strip_->setCaptions(settings.Fields(u"显示标签"_s).Value().toBool()); });
+    mnuBs->setChecked(remembered::flag(stillTitle_.toString()));
     attempt([&] { strip_->setFullScreen(settings.Fields(u"全屏显示"_s).Value().toBool()); });
     attempt([&] {
         const QString title = settings.Fields(u"像册标题"_s).Value().textOr();
@@ -75,24 +78,34 @@ QString frmTp::readSettings() {
 }
 
 void frmTp::applyColours() {
-    Recordset scheme;
-    attempt([&] {
-        const Recordset settings = settingsRow();
-        scheme = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcys WHERE 序号 = "_s +
-                                                quoted(settings.Fields(u"颜色"_s).Value().toText()));
-    });
-    const auto colour = [&](const QString& column) { return colourFromText(scheme.Fields(column).Value().toText()); };
-    attempt([&] {
-        const QColor ground = colour(u"窗体"_s);
-        setStyleSheet(barStyle(ground));  // first: it sets former palettes back
-        for (QWidget* part : std::initializer_list<QWidget*>{this, form_}) setGround(part, ground);
-        page_->setGround(ground);
-        screen_->setGround(ground);
-        strip_->setGround(ground);
-    });
-    attempt([&] { buttons_->setOuterFrame(colour(u"外框"_s)); });
-    attempt([&] { buttons_->setFill(colour(u"填充"_s)); });
-    attempt([&] { buttons_->setInnerFrame(colour(u"内框"_s)); });
+    ColourScheme scheme;
+    attempt([&] { scheme = activeScheme(); });
+    wear(scheme);
+}
+
+void frmTp::wear(const ColourScheme& scheme) {
+    wearGround(scheme.ground.isValid() ? scheme.ground : palette().color(QPalette::Window));
+    buttons_->wearColours();
+    if (scheme.outerFrame.isValid()) buttons_->setOuterFrame(scheme.outerFrame);
+    if (scheme.fill.isValid()) buttons_->setFill(scheme.fill);
+    if (scheme.innerFrame.isValid()) buttons_->setInnerFrame(scheme.innerFrame);
+}
+
+void frmTp::wearGround(const QColor& ground) {
+    wearColours(theme::isDark(ground) ? theme::dark(ground) : theme::light());
+    setStyleSheet(barStyle(ground));  // before the grounds: it sets former palettes back
+    for (QWidget* part : std::initializer_list<QWidget*>{this, form_}) setGround(part, ground);
+    page_->setGround(ground);
+    screen_->setGround(ground);
+    strip_->setGround(ground);
+    wearFrame(ground);
+}
+
+/// The page lies a little deeper than the window around it.
+void frmTp::wearFrame(const QColor& ground) {
+    const theme::Colours& worn = theme::worn();
+    const QColor lit = theme::isDark(ground) ? worn.edge : worn.lit;
+    for (size_t i = 0; i < frame_.size(); ++i) frame_[i]->setColor(i < 2 ? worn.firmEdge : lit);
 }
 
 void frmTp::fillAlbumMenu() {

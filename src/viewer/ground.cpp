@@ -1,5 +1,7 @@
 #include "viewer/ground.h"
 
+#include "platform/desktop/theme.h"
+
 #include <QApplication>
 #include <QPalette>
 #include <QWidget>
@@ -7,38 +9,40 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-const QColor lightInk(0xe6, 0xea, 0xef), fadedLightInk(0x8b, 0x93, 0x9d);
-}  // namespace
 
-bool isDark(const QColor& ground) {
-    return qGray(ground.rgb()) < 128;
+QColor inkOn(const QColor& ground) {
+    return theme::readable(theme::worn().ink, ground);
 }
+
+}  // namespace
 
 void setGround(QWidget* part, const QColor& ground) {
     QPalette palette = QApplication::palette(part);
+    const QColor ink = inkOn(ground);
     palette.setColor(QPalette::Window, ground);
-    if (isDark(ground)) {
-        for (const auto role : {QPalette::WindowText, QPalette::ButtonText}) {
-            palette.setColor(role, lightInk);
-            palette.setColor(QPalette::Disabled, role, fadedLightInk);
-        }
+    for (const auto role : {QPalette::WindowText, QPalette::ButtonText}) {
+        palette.setColor(role, ink);
+        palette.setColor(QPalette::Disabled, role, theme::faded(ink, ground));
     }
     part->setPalette(palette);
 }
 
 void setInkFor(QWidget* part, const QColor& ground) {
     QPalette palette = QApplication::palette(part);
-    if (isDark(ground)) palette.setColor(QPalette::Text, lightInk);
+    palette.setColor(QPalette::Text, inkOn(ground));
     part->setPalette(palette);
 }
 
-// The program's own style sheet colours bars for light grounds.
+// The program's own style sheet colours bars for the ground of the other windows.
 QString barStyle(const QColor& ground) {
-    if (!isDark(ground)) return {};
-    return u"QMenuBar::item { color: %1; }"
-           "QMenuBar::item:selected, QMenuBar::item:pressed, QToolButton:hover { background: rgba(255, 255, 255, 40); }"
-           "QToolButton:focus { border-color: #8fd0e6; }"
-           "QMenuBar::item:disabled { color: %2; } QToolButton:hover { border-color: transparent; }"
-           "QStatusBar { border-top: 1px solid rgba(255, 255, 255, 40); } QStatusBar QLabel { color: %1; }"_s.arg(
-               lightInk.name(), fadedLightInk.name());
+    const QColor ink = inkOn(ground);
+    return theme::filledIn(
+               u"QMenuBar::item { color: %1; } QMenuBar::item:disabled { color: %2; }"
+               "QMenuBar::item:selected, QMenuBar::item:pressed, QToolButton:hover { background: %3; }"
+               "QToolButton:focus { border-color: %4; } QStatusBar { border-top: 1px solid %5; }"
+               "QStatusBar QLabel { color: %1; border-left: 1px solid %5; }"
+               "QStatusBar QLabel[objectName=\"sta1:1\"] { border-left: 0px; }"_s)
+        .arg(ink.name(), theme::faded(ink, ground).name(), theme::mixed(ground, ink, 0.12).name(),
+             theme::readable(theme::worn().accent, ground, theme::signContrast).name(),
+             theme::mixed(ground, ink, 0.18).name());
 }

@@ -7,9 +7,7 @@ class QWidget;
 
 /// The colour of the window's ground, and texts that are readable on it.
 
-bool isDark(const QColor& ground);
-
-/// Gives a part of the window its ground and, on a dark one, light texts.
+/// Gives a part of the window its ground, and texts that are seen on it.
 void setGround(QWidget* part, const QColor& ground);
 
 /// Like `setGround`, but only for the text: the part keeps its own ground.

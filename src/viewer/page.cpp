@@ -3,9 +3,11 @@
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
 #include "platform/base/error.h"
+#include "platform/desktop/accessibility.h"
 #include "platform/desktop/busy.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
+#include "platform/desktop/theme.h"
 #include "viewer/ground.h"
 #include "viewer/tags.h"
 
@@ -18,7 +20,6 @@ constexpr int oneLine = 300;
 // Text heights of captions in pixels.
 constexpr int usualText = 12;
 constexpr int smallText = 11;
-const QColor frameColour(0xb9, 0xb1, 0xa3);
 
 // Takes a control out of the window at once. It is deleted later: a handler may still be using it.
 void drop(QWidget* control) {
@@ -53,6 +54,8 @@ void Page::setColumns(int columns) {
 
 void Page::setGround(const QColor& ground) {
     ::setGround(pic1, ground);
+    for (const Cell& cell : cells_) cell.shpXs->setBorderColor(theme::worn().firmEdge);
+    for (const Cell& cell : spare_) cell.shpXs->setBorderColor(theme::worn().firmEdge);
 }
 
 void Page::leave() {
@@ -63,7 +66,7 @@ void Page::leave() {
 
 Page::Cell Page::makeCell() {
     const Cell cell{new ShapeBox(pic1), new CellBox(pic1), new Caption(pic1), {}};
-    cell.shpXs->setBorderColor(frameColour);
+    cell.shpXs->setBorderColor(theme::worn().firmEdge);
     cell.shpXs->setBorderWidth(2);
     cell.txtBq->document()->setDocumentMargin(0);
     for (QWidget* control : std::initializer_list<QWidget*>{cell.shpXs, cell.imgXs, cell.txtBq}) {
@@ -84,6 +87,7 @@ void Page::addCell() {
     connect(cell.imgXs, &ImageBox::clicked, this, &Page::cellClicked);
     connect(cell.imgXs, &ImageBox::doubleClicked, this, [this, index] { Q_EMIT cellDoubleClicked(index); });
     connect(cell.imgXs, &ImageBox::mouseReleased, this, guarded(window(), [this, index] { showCaption(index); }));
+    beOperable(cell.imgXs, QAccessible::Button, [this, index] { Q_EMIT cellDoubleClicked(index); });
     connect(cell.txtBq, &Caption::clicked, cell.txtBq, &QWidget::hide);
     if (index > 0) QWidget::setTabOrder(cells_.back().imgXs, cell.imgXs);
     cells_.push_back(cell);

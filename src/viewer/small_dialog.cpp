@@ -1,7 +1,6 @@
 #include "viewer/small_dialog.h"
 
 #include "platform/desktop/placing.h"
-#include "platform/desktop/theme.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -9,8 +8,7 @@ SmallDialog::SmallDialog(QWidget* form, const QString& name, int width, int heig
     setObjectName(name);
     setDraggable(true);
     setAutoFillBackground(true);
-    setStyleSheet(theme::filledIn(
-        u"Surface#%1 { background: @panel; border: 1px solid @firmEdge; border-radius: 6px; }"_s.arg(name)));
+    beDialog();
     place(this, 0, 0, width, height);
     hide();
 }

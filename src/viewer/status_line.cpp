@@ -1,7 +1,7 @@
 #include "viewer/status_line.h"
 
+#include "platform/desktop/accessibility.h"
 #include "platform/desktop/placing.h"
-#include "platform/desktop/theme.h"
 #include "viewer/caption.h"
 
 #include <QPainter>
@@ -77,8 +77,7 @@ StatusLine::StatusLine(QStatusBar* sta1) {
     const auto panel = [sta1](int number) {
         auto* label = make<PanelLabel>(sta1, u"sta1:%1"_s.arg(number));
         label->setTextFormat(Qt::PlainText);
-        label->setStyleSheet(theme::filledIn(number == 1 ? u"padding-left: 6px;"_s
-                                                         : u"border-left: 1px solid @line; padding-left: 6px;"_s));
+        label->setStyleSheet(u"padding-left: 6px;"_s);
         sta1->addWidget(label);
         return label;
     };
@@ -114,7 +113,9 @@ void StatusLine::showAlbum(const QString& title, const QString& rest) {
 
 void StatusLine::showPage(const QString& text) {
     const qsizetype counts = text.indexOf(u" 共");
+    if (page_->text() == text) return;
     setLine(page_, text, counts < 0 ? text.size() : counts);
+    announce(page_);
 }
 
 bool StatusLine::showClock(const QString& text) {

@@ -50,7 +50,7 @@ const std::array<ButtonPlace, 13>& buttonPlaces() {
 
 ToolStrip::ToolStrip(QWidget* form) {
     clb1 = make<QFrame>(form, u"clb1"_s);
-    tlb1 = make<ToolBar>(clb1, u"tlb1"_s, [](const QString& key) { return toolIcon(key); });
+    tlb1 = make<ToolBar>(clb1, u"tlb1"_s, [](const QString& key) { return toolIcon(key, theme::worn().window); });
     addButtons();
     addPageBox();
     addConditionBoxes();
@@ -64,7 +64,6 @@ void ToolStrip::addButtons() {
         tlb1->add(place.key, place.toolTip, place.left, buttonTop, buttonSide, buttonSide);
     for (int i = 0; i < 4; ++i) {
         auto* line = new LineBox(tlb1);
-        line->setColor(theme::line);
         separators_.push_back(line);
     }
 }
@@ -115,7 +114,6 @@ void ToolStrip::addConditionBoxes() {
     };
     txtXh = box(u"txtXh"_s, u"序号条件"_s, anyNumber);
     txtXx = box(u"txtXx"_s, u"序号"_s, {});
-    txtXx->setStyleSheet(theme::filledIn(u"border: none; padding: 0px; background: @accentTint;"_s));
     place(txtXx, 4350, 60, 375, 180);
     showNumberBox(false);
     for (const TextBox* numbers : {txtXh, txtXx})
@@ -147,15 +145,9 @@ void ToolStrip::addFlags() {
 void ToolStrip::addTitle() {
     picBq = make<Surface>(tlb1, u"picBq"_s);
     shpBq = make<ShapeBox>(picBq, u"shpBq"_s);
-    shpBq->setBorderColor(theme::line);
     shpBq->setCornerRadius(4);
-    txtWd = make<TextBox>(picBq, u"txtWd"_s);
-    txtWd->setLocked(true);
-    txtWd->setFocusPolicy(Qt::NoFocus);
-    txtWd->setAttribute(Qt::WA_TransparentForMouseEvents);
-    txtWd->setAlignment(Qt::AlignCenter);
-    // A title that is longer than the box shows its beginning.
-    QObject::connect(txtWd, &QLineEdit::textChanged, txtWd, [box = txtWd] { box->setCursorPosition(0); });
+    picBq->setContextMenuPolicy(Qt::ActionsContextMenu);
+    txtWd = make<TitleBox>(picBq, u"txtWd"_s);
     prg1 = make<QProgressBar>(picBq, u"prg1"_s);
     prg1->setTextVisible(false);
     prg1->hide();
@@ -196,11 +188,6 @@ void ToolStrip::showNumberBox(bool on) {
     if (on) txtXx->raise();
 }
 
-void ToolStrip::setTitleColours(const QColor& text, const QColor& ground) {
-    txtWd->setStyleSheet(
-        u"border: none; border-radius: 3px; color: %1; background-color: %2;"_s.arg(text.name(), ground.name()));
-}
-
 void ToolStrip::beginProgress(bool barIsShown) {
     txtWd->hide();
     prg1->setVisible(barIsShown);
@@ -221,8 +208,10 @@ void ToolStrip::setGround(const QColor& ground) {
     // The program's style sheet keeps the window's palette from these.
     for (QCheckBox* box : chkBq) ::setGround(box, ground);
     setInkFor(txtD1, ground);
-    const auto icons = isDark(ground) ? IconGround::dark : IconGround::light;
-    tlb1->setIconSource([icons](const QString& key) { return toolIcon(key, icons); });
+    txtXx->setStyleSheet(theme::filledIn(u"border: none; padding: 0px; background: @accentTint;"_s));
+    for (LineBox* line : separators_) line->setColor(theme::worn().line);
+    shpBq->setBorderColor(theme::worn().line);
+    tlb1->setIconSource([ground](const QString& key) { return toolIcon(key, ground); });
 }
 
 void ToolStrip::showAlbumKey(bool isOpen, const QString& toolTip) {

@@ -4,6 +4,7 @@
 #include "platform/desktop/surface.h"
 #include "platform/desktop/text_box.h"
 #include "platform/desktop/tool_bar.h"
+#include "viewer/title_box.h"
 
 #include <QCheckBox>
 #include <QProgressBar>
@@ -48,7 +49,9 @@ class ToolStrip : public QObject {
 
     // Title box
     void showTitle(const QString& title) { txtWd->setText(title); }
-    void setTitleColours(const QColor& text, const QColor& ground);
+    void setTitleColours(const TitleColours& colours) { txtWd->setColours(colours); }
+    /// Commands of the menu at the right button on the title.
+    void offerOnTitle(QAction* command) { picBq->addAction(command); }
     /// While a page is drawn a progress bar, for more than one picture, takes the place of the title.
     void beginProgress(bool barIsShown);
     void showProgress(int percent);
@@ -85,7 +88,7 @@ class ToolStrip : public QObject {
     std::array<QCheckBox*, 2> chkBq{};  ///< Captions, full screen.
     Surface* picBq;                     ///< Ground of title and progress bar.
     QProgressBar* prg1;                 ///< Progress of a page that is drawn.
-    TextBox* txtWd;                     ///< Title of the collection.
+    TitleBox* txtWd;                    ///< Title of the collection.
     ShapeBox* shpBq;                    ///< Frame of the title.
     std::vector<LineBox*> separators_;  ///< Between the groups of keys.
     bool pageBoxWasEntered_ = false;    ///< A press of the mouse gave it the focus, and the click is still to come.

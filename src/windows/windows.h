@@ -5,6 +5,8 @@
 /// The windows of the program, named by what they are for.
 enum class WindowKind { viewer, settings, editor, colours, help, about };
 
+struct ColourScheme;
+
 /// How a window asks for another one without including it. The program has one object of this kind; every window gets a
 /// reference that outlives it.
 class Windows {
@@ -24,6 +26,9 @@ class Windows {
 
     /// Call it when another colour scheme has become the active one: an open main window takes it over at once.
     virtual void coloursChanged() = 0;
+
+    /// Shows an open main window in other colours than those of the active scheme, until `coloursChanged` is called.
+    virtual void tryColours(const ColourScheme& scheme) = 0;
 
     /// Shows the help window with the place of `topic` in the manual at the top. Without a topic it just shows the
     /// window.

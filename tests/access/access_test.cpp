@@ -140,6 +140,55 @@ class TestAccess : public QObject {
         QCOMPARE(unreached.join(u' '), QString());
     }
 
+    /// Pictures and entries look like labels to the toolkit.
+    void assistiveSoftwareCanPress_data() { addWindows(); }
+    void assistiveSoftwareCanPress() {
+        QFETCH(QString, what);
+        QStringList dumb;
+        for (QWidget* control : clickables(open(what))) {
+            if (!isOneOf<ImageBox, EntryLabel>(control) || !(control->focusPolicy() & Qt::TabFocus)) continue;
+            QAccessibleInterface* face = QAccessible::queryAccessibleInterface(control);
+            const bool isOperable = face->role() == QAccessible::Button || face->role() == QAccessible::Link;
+            if (!isOperable ||
+                !face->actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction()))
+                dumb << control->objectName();
+        }
+        QCOMPARE(dumb.join(u' '), QString());
+    }
+
+    void pressedByAssistiveSoftware() {
+        const auto press = [this](const QString& window, const QString& name) {
+            auto* control = tour_->find<QWidget>(window, name);
+            QAccessible::queryAccessibleInterface(control)->actionInterface()->doAction(
+                QAccessibleActionInterface::pressAction());
+            QApplication::processEvents();
+        };
+        open(u"frmTp"_s);
+        press(u"frmTp"_s, u"imgXs(1)"_s);
+        QVERIFY(tour_->find<QWidget>(u"frmTp"_s, u"txtB0"_s)->isVisible());
+        press(u"frmTp"_s, u"imgAn(0)"_s);
+        QVERIFY(!tour_->find<QWidget>(u"frmTp"_s, u"txtB0"_s)->isVisible());
+        QWidget* help = open(u"frmBz"_s);
+        press(u"frmBz"_s, u"lblXz(11)"_s);
+        QVERIFY(help->findChild<EntryLabel*>(u"lblXz(11)"_s)->isMarked());
+        QCOMPARE(accessibleName(help->findChild<QWidget*>(u"rtfBz"_s)), u"使用说明"_s);
+    }
+
+    void messagesAreAnnounced() {
+        open(u"frmTp"_s);
+        static QStringList heard;
+        heard.clear();
+        QAccessible::setActive(true);
+        const auto former = QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
+            if (event->type() == QAccessible::Alert) heard << event->accessibleInterface()->text(QAccessible::Name);
+        });
+        tour_->click(u"frmTp"_s, u"tlb1:hy"_s);
+        tour_->click(u"frmTp"_s, u"tlb1:xy"_s);
+        QAccessible::installUpdateHandler(former);
+        QAccessible::setActive(false);
+        QVERIFY(heard.contains(u"翻页已到文件尾！"_s));
+    }
+
     void tabAsksNothing_data() { addWindows(); }
     void tabAsksNothing() {
         QFETCH(QString, what);

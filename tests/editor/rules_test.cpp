@@ -211,8 +211,8 @@ class TestEditorRules : public QObject {
     }
 
     void selectionIsWhiteOnDarkRedOnLight() {
-        for (const QRgb dark : {qRgb(43, 43, 42), qRgb(0, 0, 128)}) QCOMPARE(selectionColor(dark), QColor(Qt::white));
-        for (const QRgb light : {qRgb(43, 43, 43), qRgb(0, 129, 0)}) QCOMPARE(selectionColor(light), QColor(Qt::red));
+        for (const QRgb dark : {qRgb(43, 43, 42), qRgb(0, 0, 128)}) QCOMPARE(selectionColour(dark), QColor(Qt::white));
+        for (const QRgb light : {qRgb(43, 43, 43), qRgb(0, 129, 0)}) QCOMPARE(selectionColour(light), QColor(Qt::red));
     }
 
     void hints() {

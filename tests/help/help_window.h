@@ -39,6 +39,7 @@ class HelpWindow : public Windows {
         asked << (window == WindowKind::help ? QStringLiteral("unload") : QStringLiteral("wrong"));
     }
     void coloursChanged() override {}
+    void tryColours(const ColourScheme&) override {}
     void showHelp(const QString&) override {}
     void endProgram() override { asked << QStringLiteral("end"); }
 

@@ -26,6 +26,7 @@ class RecordingWindows : public Windows {
     void show(WindowKind) override {}
     void unload(WindowKind) override {}
     void coloursChanged() override {}
+    void tryColours(const ColourScheme&) override {}
     void showHelp(const QString& topic) override { topics << topic; }
     void endProgram() override { ended = true; }
 

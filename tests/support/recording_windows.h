@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/colour_scheme.h"
 #include "windows/windows.h"
 
 #include <QList>
@@ -11,11 +12,13 @@ class RecordingWindows : public Windows {
     void show(WindowKind window) override { shown << window; }
     void unload(WindowKind window) override { unloaded << window; }
     void coloursChanged() override { ++colourChanges; }
+    void tryColours(const ColourScheme& scheme) override { tried << scheme; }
     void showHelp(const QString& topic) override { topics << topic; }
     void endProgram() override { ended = true; }
 
     QList<WindowKind> handedTo, shown, unloaded;
     QStringList topics;
+    QList<ColourScheme> tried;
     int colourChanges = 0;
     bool ended = false;
 };

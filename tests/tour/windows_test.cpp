@@ -69,8 +69,15 @@ class TestWindows : public QObject {
         const auto ground = [] { return window(u"frmTp"_s)->palette().color(QPalette::Window); };
         const QColor before = ground();
         tour_->trigger(u"frmTp"_s, u"mnuCs"_s);
-        QTest::keyClick(ProgramTour::find<QComboBox>(u"frmPs"_s, u"cboFa"_s), Qt::Key_End);
+        const auto choose = [] { QTest::keyClick(ProgramTour::find<QComboBox>(u"frmPs"_s, u"cboFa"_s), Qt::Key_End); };
         QCOMPARE(ground(), before);
+        choose();
+        QVERIFY(ground() != before);
+        tour_->trigger(u"frmTp"_s, u"mnuCs"_s);  // takes the colour window away
+        QVERIFY(!window(u"frmPs"_s));
+        QCOMPARE(ground(), before);
+        tour_->trigger(u"frmTp"_s, u"mnuCs"_s);
+        choose();
         click(u"frmPs"_s, u"cmdQd"_s);
         QVERIFY(ground() != before);
         QVERIFY(window(u"frmTp"_s) && !window(u"frmPs"_s));

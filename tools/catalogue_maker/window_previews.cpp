@@ -24,6 +24,7 @@ class NoOtherWindows : public Windows {
     void show(WindowKind) override {}
     void unload(WindowKind) override {}
     void coloursChanged() override {}
+    void tryColours(const ColourScheme&) override {}
     void showHelp(const QString&) override {}
     void endProgram() override {}
 };

@@ -25,7 +25,7 @@ void cropFrame(QPainter& painter, const QRectF& whole, const QRectF& kept) {
     }
     painter.setPen(QPen(Qt::white, 3));
     painter.drawRect(kept);
-    painter.setPen(QPen(theme::alert, 2));
+    painter.setPen(QPen(theme::worn().alert, 2));
     painter.setBrush(Qt::white);
     for (const double across : {0.0, 0.5, 1.0})
         for (const double down : {0.0, 0.5, 1.0}) {
@@ -38,14 +38,14 @@ void cropFrame(QPainter& painter, const QRectF& whole, const QRectF& kept) {
 void arrow(QPainter& painter, QPointF tip, double direction, double length) {
     QPolygonF head{tip, polar(tip, length, direction + 152), polar(tip, length, direction - 152)};
     painter.setPen(Qt::NoPen);
-    painter.setBrush(theme::accent);
+    painter.setBrush(theme::worn().accent);
     painter.drawPolygon(head);
 }
 
 /// Counter-clockwise, as the editor turns.
 void turningArrow(QPainter& painter, QPointF centre, double radius) {
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(theme::accent, 9, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(theme::worn().accent, 9, Qt::SolidLine, Qt::RoundCap));
     painter.drawArc(QRectF(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius), 15 * 16, 118 * 16);
     arrow(painter, polar(centre, radius, -141), 128, 38);
 }
@@ -56,7 +56,7 @@ void mirrorPair(QPainter& painter, QPointF centre, double width, const QImage& s
     photograph(painter, centre - QPointF(gap, 0), width, 0, scene);
     photograph(painter, centre + QPointF(gap, 0), width, 0, scene.mirrored(true, false));
     const double reach = width * 0.46;
-    painter.setPen(QPen(theme::accent, 4, Qt::DashLine, Qt::FlatCap));
+    painter.setPen(QPen(theme::worn().accent, 4, Qt::DashLine, Qt::FlatCap));
     painter.drawLine(centre - QPointF(0, reach), centre + QPointF(0, reach));
 }
 

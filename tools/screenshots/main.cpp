@@ -19,12 +19,17 @@ using namespace Qt::Literals::StringLiterals;
 
 // take_screenshots CATALOGUE FOLDER: pictures of all windows of the program, with the demonstration album of a fresh
 // catalogue in them. QT_SCALE_FACTOR=2 takes them as a screen of twice the density shows them.
+// take_screenshots --manual CATALOGUE FOLDER: the same as they are stored in the manual.
 
 namespace {
 
+// The manual shows its pictures half as wide.
+constexpr int manualWidth = 680;
+constexpr int manualQuality = 85;
+
 class Studio {
   public:
-    Studio(const QString& catalogue, const QString& folder) : folder_(folder) {
+    Studio(const QString& catalogue, const QString& folder, bool forManual) : folder_(folder), forManual_(forManual) {
         QFile::copy(catalogue, program_.filePath(u"lunq.mdb"_s));
         setProgramFolder(program_.path());
         windows_.start();
@@ -104,12 +109,16 @@ class Studio {
     void press(const QString& key) { find<ToolBar>(u"tlb1"_s)->button(key)->click(); }
     void take(const QString& name) {
         QApplication::processEvents();
-        const QString file = u"%1/%2.png"_s.arg(folder_, name);
-        if (!window_->grab().save(file)) throw Error(u"cannot write "_s + file);
+        const QString file = u"%1/%2.%3"_s.arg(folder_, name, forManual_ ? u"jpg"_s : u"png"_s);
+        QImage picture = window_->grab().toImage();
+        picture.setDevicePixelRatio(1);
+        if (forManual_) picture = picture.scaledToWidth(manualWidth, Qt::SmoothTransformation);
+        if (!picture.save(file, nullptr, forManual_ ? manualQuality : -1)) throw Error(u"cannot write "_s + file);
     }
 
     QTemporaryDir program_;
     QString folder_;
+    bool forManual_;
     Program windows_;
     QWidget* window_ = nullptr;
 };
@@ -119,14 +128,15 @@ class Studio {
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationVersion(QString::fromLatin1(LUNQ_VERSION));
-    const QStringList words = QApplication::arguments();
+    QStringList words = QApplication::arguments();
+    const bool forManual = words.removeOne(u"--manual"_s);
     if (words.size() != 3) {
-        std::fputs("usage: take_screenshots CATALOGUE FOLDER\n", stderr);
+        std::fputs("usage: take_screenshots [--manual] CATALOGUE FOLDER\n", stderr);
         return 1;
     }
     applyLook(application);
     try {
-        Studio studio(words[1], words[2]);
+        Studio studio(words[1], words[2], forManual);
         studio.viewer();
         const QString picture = studio.pictureFile(6);
         studio.settings();

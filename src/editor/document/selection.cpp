@@ -82,6 +82,6 @@ QString zoomRatioText(SelectionShape shape, QSize size) {
     return u"缩放比例："_s + plainText(hundredths / 100) + u"：1"_s;
 }
 
-QColor selectionColor(QRgb under) {
+QColor selectionColour(QRgb under) {
     return qRed(under) + qGreen(under) + qBlue(under) < darkBelow ? Qt::white : Qt::red;
 }

@@ -35,4 +35,4 @@ QString selectedSizeText(SelectionShape shape, QSize size);
 QString zoomRatioText(SelectionShape shape, QSize size);
 
 /// White on a dark pixel, red otherwise.
-QColor selectionColor(QRgb under);
+QColor selectionColour(QRgb under);

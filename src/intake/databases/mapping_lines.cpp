@@ -8,6 +8,7 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/text_box.h"
+#include "platform/desktop/theme.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -25,7 +26,7 @@ constexpr int groupsBottom = 2610;
 
 void setInk(TextBox* box, const QColor& colour) {
     QPalette palette = box->palette();
-    palette.setColor(QPalette::Text, colour);
+    palette.setColor(QPalette::Text, theme::adapted(colour));
     box->setPalette(palette);
 }
 

@@ -9,6 +9,7 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/shapes.h"
+#include "platform/desktop/theme.h"
 
 #include <QGroupBox>
 #include <QPushButton>
@@ -57,7 +58,7 @@ PreviewPanel::PreviewPanel(const SettingsFrame& frame)
 
 void PreviewPanel::makeControls() {
     shpWj_ = make<ShapeBox>(fraCk_, u"shpWj"_s);
-    shpWj_->setBorderColor(QColor(0xc9, 0xc1, 0xb2));
+    shpWj_->setBorderColor(theme::worn().edge);
     imgWj_ = make<ImageBox>(fraCk_, u"imgWj"_s);
     lblC1_ = make<QLabel>(fraCk_, u"lblC1"_s, u"查 看 图 片"_s);
     lblWj_ = make<PathLabel>(fraCk_, u"lblWj"_s);
@@ -222,7 +223,8 @@ void PreviewPanel::centreLabels() {
     place(lblWj_, (width - own) / 2, 510, own, 810);
 }
 
-void PreviewPanel::setFrameColour(const QColor& colour) {
+void PreviewPanel::setFrameColour(const QColor& chosen) {
+    const QColor colour = theme::adapted(chosen);
     QPalette colours = fraCk_->palette();
     colours.setColor(QPalette::WindowText, colour);
     fraCk_->setPalette(colours);

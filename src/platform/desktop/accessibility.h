@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QAccessible>
 #include <QObject>
 #include <QSet>
 #include <QWidget>
+#include <functional>
 
 /// Helps people who use no mouse, or do not see the screen, in every window. A control without words of its own gets
 /// its accessible name from its tool tip, or from a label beside or above it. The key Tab leads through a window in the
@@ -26,3 +28,10 @@ class Accessibility : public QObject {
     void arrangeSoon(QWidget* window);
     QSet<QWidget*> waiting_;  ///< Windows to be arranged when the present handler has returned.
 };
+
+/// Lets assistive software see a control as a button, a link or a list, and press it, where it can be pressed. Call it
+/// before the control is shown.
+void beOperable(QWidget* control, QAccessible::Role role, std::function<void()> press);
+
+/// Lets assistive software say what a control shows now, although it does not have the focus.
+void announce(QWidget* control);

@@ -14,8 +14,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 /// A triangle that points to one side; a bar at its tip means the first or the last record.
-QIcon arrow(bool right, bool bar, const QColor& colour) {
-    QIcon icon;
+void addArrow(QIcon& icon, bool right, bool bar, const QColor& colour, QIcon::Mode mode) {
     for (const int size : {12, 24, 36}) {
         QPixmap pixmap(size, size);
         pixmap.fill(Qt::transparent);
@@ -31,8 +30,14 @@ QIcon arrow(bool right, bool bar, const QColor& colour) {
         painter.drawPolygon(QPolygonF{{3, 1.5}, {9, 6}, {3, 10.5}});
         if (bar) painter.drawRect(QRectF(9, 1.5, 1.5, 9));
         painter.end();
-        icon.addPixmap(pixmap);
+        icon.addPixmap(pixmap, mode);
     }
+}
+
+QIcon arrow(bool right, bool bar, const QPalette& colours) {
+    QIcon icon;
+    addArrow(icon, right, bar, colours.color(QPalette::Active, QPalette::ButtonText), QIcon::Normal);
+    addArrow(icon, right, bar, colours.color(QPalette::Disabled, QPalette::ButtonText), QIcon::Disabled);
     return icon;
 }
 
@@ -49,7 +54,6 @@ DataControl::DataControl(QWidget* parent) : QFrame(parent), caption_(new QLabel(
     auto* line = new QHBoxLayout(this);
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(0);
-    const QColor ink = palette().color(QPalette::ButtonText);
     const auto addButton = [&](const QString& name, const QIcon& icon, const QString& toolTip, auto target) {
         auto* button = new QToolButton(this);
         button->setObjectName(name);
@@ -63,11 +67,11 @@ DataControl::DataControl(QWidget* parent) : QFrame(parent), caption_(new QLabel(
         connect(button, &QToolButton::clicked, this, guarded(this, target));
         line->addWidget(button);
     };
-    addButton(u"first"_s, arrow(false, true, ink), u"第一条记录"_s, [this] { step(-total()); });
-    addButton(u"previous"_s, arrow(false, false, ink), u"上一条记录"_s, [this] { step(-1); });
+    addButton(u"first"_s, arrow(false, true, palette()), u"第一条记录"_s, [this] { step(-total()); });
+    addButton(u"previous"_s, arrow(false, false, palette()), u"上一条记录"_s, [this] { step(-1); });
     line->addWidget(caption_, 1);
-    addButton(u"next"_s, arrow(true, false, ink), u"下一条记录"_s, [this] { step(1); });
-    addButton(u"last"_s, arrow(true, true, ink), u"最后一条记录"_s, [this] { step(total()); });
+    addButton(u"next"_s, arrow(true, false, palette()), u"下一条记录"_s, [this] { step(1); });
+    addButton(u"last"_s, arrow(true, true, palette()), u"最后一条记录"_s, [this] { step(total()); });
 }
 
 void DataControl::setCaption(const QString& caption) {

@@ -1,5 +1,7 @@
 #include "platform/desktop/image_box.h"
 
+#include "platform/desktop/accessibility.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -25,6 +27,7 @@ void ImageBox::setPicture(const Picture& picture) {
 void ImageBox::beButton() {
     isButton_ = true;
     setFocusPolicy(Qt::TabFocus);
+    beOperable(this, QAccessible::Button, [this] { Q_EMIT clicked(); });
 }
 
 bool ImageBox::event(QEvent* event) {

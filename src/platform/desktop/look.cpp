@@ -8,6 +8,8 @@
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
+#include <initializer_list>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -25,35 +27,25 @@ QFont programFont() {
 }
 
 QPalette programColours() {
-    const QColor window(0xf5, 0xf2, 0xec);
-    const QColor ink(0x2b, 0x2a, 0x28);
-
+    const theme::Colours& worn = theme::worn();
     QPalette colours;
-    colours.setColor(QPalette::Window, window);
-    colours.setColor(QPalette::WindowText, ink);
-    colours.setColor(QPalette::Base, QColor(0xff, 0xfe, 0xfb));
-    colours.setColor(QPalette::AlternateBase, QColor(0xf8, 0xf5, 0xef));
-    colours.setColor(QPalette::Text, ink);
-    colours.setColor(QPalette::PlaceholderText, theme::muted);
-    colours.setColor(QPalette::Button, QColor(0xfb, 0xf9, 0xf5));
-    colours.setColor(QPalette::ButtonText, ink);
-    colours.setColor(QPalette::BrightText, Qt::white);
-    colours.setColor(QPalette::Light, Qt::white);
-    colours.setColor(QPalette::Midlight, QColor(0xec, 0xe7, 0xdd));
-    colours.setColor(QPalette::Mid, theme::dial);
-    colours.setColor(QPalette::Dark, theme::firmEdge);
-    colours.setColor(QPalette::Shadow, theme::shade);
-    colours.setColor(QPalette::Highlight, theme::accent);
-    colours.setColor(QPalette::HighlightedText, Qt::white);
-    colours.setColor(QPalette::Link, theme::accent);
-    colours.setColor(QPalette::LinkVisited, QColor(0x6a, 0x5a, 0x8c));
-    colours.setColor(QPalette::ToolTipBase, QColor(0x35, 0x33, 0x2f));
-    colours.setColor(QPalette::ToolTipText, QColor(0xfb, 0xf8, 0xf1));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        colours.setColor(QPalette::Disabled, role, theme::muted);
-    colours.setColor(QPalette::Disabled, QPalette::Base, QColor(0xf3, 0xef, 0xe7));
-    colours.setColor(QPalette::Disabled, QPalette::Highlight, theme::dial);
-    colours.setColor(QPalette::Disabled, QPalette::HighlightedText, ink);
+    for (const auto& [role, colour] : std::initializer_list<std::pair<QPalette::ColorRole, QColor>>{
+             {QPalette::Window, worn.window},     {QPalette::WindowText, worn.ink},
+             {QPalette::Base, worn.base},         {QPalette::AlternateBase, worn.alternate},
+             {QPalette::Text, worn.ink},          {QPalette::PlaceholderText, worn.faint},
+             {QPalette::Button, worn.button},     {QPalette::ButtonText, worn.ink},
+             {QPalette::BrightText, Qt::white},   {QPalette::Light, worn.lit},
+             {QPalette::Midlight, worn.midlight}, {QPalette::Mid, worn.dial},
+             {QPalette::Dark, worn.firmEdge},     {QPalette::Shadow, worn.shade},
+             {QPalette::Highlight, worn.accent},  {QPalette::HighlightedText, worn.onAccent},
+             {QPalette::Link, worn.accent},       {QPalette::LinkVisited, worn.visited},
+             {QPalette::ToolTipBase, worn.tip},   {QPalette::ToolTipText, worn.tipText}})
+        colours.setColor(role, colour);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::PlaceholderText})
+        colours.setColor(QPalette::Disabled, role, worn.muted);
+    colours.setColor(QPalette::Disabled, QPalette::Base, worn.off);
+    colours.setColor(QPalette::Disabled, QPalette::Highlight, worn.dial);
+    colours.setColor(QPalette::Disabled, QPalette::HighlightedText, worn.ink);
     return colours;
 }
 
@@ -66,20 +58,20 @@ QPushButton {
     background: @panel; border: 1px solid @edge; border-radius: 4px; padding: 0px 4px; min-height: 0px;
 }
 QPushButton:hover { background: @accentTint; border-color: @accent; }
-QPushButton:pressed { background: #d5e6ec; }
-QPushButton:checked { background: #d5e6ec; border-color: @accent; }
+QPushButton:pressed { background: @pressed; }
+QPushButton:checked { background: @pressed; border-color: @accent; }
 QPushButton:default { border-color: @accent; }
 QPushButton:focus { border: 2px solid @accent; padding: 0px 3px; }
-QPushButton:disabled { background: #f3efe7; border-color: #ddd6c9; color: #9a9488; }
+QPushButton:disabled { background: @off; border-color: @offEdge; color: @muted; }
 QMessageBox QPushButton, QFileDialog QPushButton, QColorDialog QPushButton {
     min-width: 68px; min-height: 22px; padding: 1px 8px;
 }
 
 QToolButton { border: 1px solid transparent; border-radius: 4px; padding: 0px; background: transparent; }
-QToolButton:hover { background: #e4eef1; border-color: #b9d2db; }
-QToolButton:pressed, QToolButton:checked { background: #cfe2e9; border-color: @accent; }
+QToolButton:hover { background: @hover; border-color: @hoverEdge; }
+QToolButton:pressed, QToolButton:checked { background: @pressed; border-color: @accent; }
 QToolButton:focus { border: 2px solid @accent; }
-QToolButton:disabled { color: #b3ac9f; }
+QToolButton:disabled { color: @muted; }
 
 QGroupBox { border: 1px solid @line; border-radius: 5px; margin-top: 7px; }
 QGroupBox::title {
@@ -90,9 +82,9 @@ QGroupBox::title:disabled { color: @muted; }
 QLineEdit { border: 1px solid @edge; border-radius: 3px; padding: 0px 2px; }
 QLineEdit:hover { border-color: @firmEdge; }
 QLineEdit:focus { border-color: @accent; }
-QLineEdit:read-only { background: #efebe3; border-color: @line; }
+QLineEdit:read-only { background: @locked; border-color: @line; }
 QLineEdit:read-only:focus { border-color: @accent; }
-QLineEdit:disabled { background: #f3efe7; border-color: #ddd6c9; color: #9a9488; }
+QLineEdit:disabled { background: @off; border-color: @offEdge; color: @muted; }
 
 QCheckBox, QRadioButton { spacing: 4px; }
 QCheckBox::indicator, QRadioButton::indicator { width: 13px; height: 13px; }
@@ -100,24 +92,24 @@ QCheckBox::indicator, QRadioButton::indicator { width: 13px; height: 13px; }
 QListView, QTreeView, QTableView, QTextEdit { border: 1px solid @edge; outline: 0px; }
 QListView:focus, QTreeView:focus, QTableView:focus, QTextEdit:focus { border-color: @accent; }
 QListView::item { min-height: 17px; padding: 0px 1px; border: 0px; }
-QListView::item:hover:enabled { background: #e9f1f4; color: #2b2a28; }
-QListView::item:selected:enabled { background: @accent; color: #ffffff; }
-QListView::item:selected:!active:enabled { background: #3f849c; color: #ffffff; }
-QTableView { gridline-color: #ebe5da; selection-background-color: @accent; selection-color: #ffffff; }
+QListView::item:hover:enabled { background: @hover; color: @ink; }
+QListView::item:selected:enabled { background: @accent; color: @onAccent; }
+QListView::item:selected:!active:enabled { background: @quietChoice; color: @onAccent; }
+QTableView { gridline-color: @groove; selection-background-color: @accent; selection-color: @onAccent; }
 QTableView::item { padding: 0px 3px; border: 0px; }
 QTableView:disabled {
-    background: #f3efe7; color: #9a9488; alternate-background-color: #f0ebe2;
-    selection-background-color: #dcd5c8; selection-color: @shade;
+    background: @off; color: @muted; alternate-background-color: @locked;
+    selection-background-color: @dial; selection-color: @faint;
 }
-QHeaderView { background: #f1ece3; border: 0px; }
+QHeaderView { background: @header; border: 0px; }
 QHeaderView::section {
-    background: #f1ece3; color: #5d574c; border: 0px; border-right: 1px solid #e1dacd;
+    background: @header; color: @headerText; border: 0px; border-right: 1px solid @line;
     border-bottom: 1px solid @line; padding: 0px 3px;
 }
 
-QScrollBar:vertical { background: #f1ede4; width: 11px; margin: 0px; border: 0px; }
-QScrollBar:horizontal { background: #f1ede4; height: 11px; margin: 0px; border: 0px; }
-QScrollBar::handle { background: #cbc3b4; border-radius: 4px; margin: 1px; }
+QScrollBar:vertical { background: @header; width: 11px; margin: 0px; border: 0px; }
+QScrollBar:horizontal { background: @header; height: 11px; margin: 0px; border: 0px; }
+QScrollBar::handle { background: @handle; border-radius: 4px; margin: 1px; }
 QScrollBar::handle:vertical { min-height: 24px; }
 QScrollBar::handle:horizontal { min-width: 24px; }
 QScrollBar::handle:hover { background: @firmEdge; }
@@ -129,33 +121,40 @@ QAbstractScrollArea::corner { background: transparent; }
 
 QTabBar { font-size: 12px; }
 QTabBar::tab {
-    height: 24px; width: 62px; margin: 0px; padding: 0px; border: 0px; color: #5d574c;
-    border-bottom: 2px solid #ddd6c9; background: transparent;
+    height: 24px; width: 62px; margin: 0px; padding: 0px; border: 0px; color: @headerText;
+    border-bottom: 2px solid @offEdge; background: transparent;
 }
-QTabBar::tab:hover:!selected { background: #ece6da; color: #2b2a28; border-bottom-color: @edge; }
-QTabBar::tab:selected { color: @accent; background: #fffefb; border-bottom-color: @accent; }
-QTabBar::tab:disabled { color: #b3ac9f; }
+QTabBar::tab:hover:!selected { background: @groove; color: @ink; border-bottom-color: @edge; }
+QTabBar::tab:selected { color: @accent; background: @base; border-bottom-color: @accent; }
+QTabBar::tab:disabled { color: @muted; }
 
 QProgressBar {
-    border: 1px solid @edge; border-radius: 3px; background: #fffefb; text-align: center;
+    border: 1px solid @edge; border-radius: 3px; background: @base; text-align: center;
 }
 QProgressBar::chunk { background: @accent; border-radius: 2px; }
 
 QMenuBar { background: transparent; padding: 0px; }
 QMenuBar::item { padding: 3px 9px; border-radius: 4px; background: transparent; }
-QMenuBar::item:selected { background: #e4eef1; }
-QMenuBar::item:pressed { background: #cfe2e9; }
-QMenuBar::item:disabled { color: #b3ac9f; }
-QMenu { background: #fffefb; border: 1px solid @edge; padding: 4px; }
+QMenuBar::item:selected { background: @hover; }
+QMenuBar::item:pressed { background: @pressed; }
+QMenuBar::item:disabled { color: @muted; }
+QMenu { background: @base; border: 1px solid @edge; padding: 4px; }
 QMenu::item { padding: 4px 24px 4px 22px; border-radius: 3px; }
-QMenu::item:selected { background: @accent; color: #ffffff; }
-QMenu::item:disabled { color: #a59e92; background: transparent; }
+QMenu::item:selected { background: @accent; color: @onAccent; }
+QMenu::item:disabled { color: @muted; background: transparent; }
 QMenu::separator { height: 1px; background: @groove; margin: 4px 8px; }
 
-QStatusBar { border-top: 1px solid #ddd6c9; }
+Surface[isDialog="true"] { background: @panel; border: 1px solid @firmEdge; border-radius: 6px; }
+
+QStatusBar { border-top: 1px solid @offEdge; }
 QStatusBar::item { border: 0px; }
-QToolTip { background: #35332f; color: #fbf8f1; border: 1px solid #35332f; padding: 2px 5px; }
+QToolTip { background: @tip; color: @tipText; border: 1px solid @tip; padding: 2px 5px; }
 )"_s);
+}
+
+void wearWorn() {
+    QApplication::setPalette(programColours());
+    qApp->setStyleSheet(details());
 }
 
 }  // namespace
@@ -163,8 +162,13 @@ QToolTip { background: #35332f; color: #fbf8f1; border: 1px solid #35332f; paddi
 void applyLook(QApplication& application) {
     QApplication::setStyle(new LookStyle);
     QApplication::setFont(programFont());
-    QApplication::setPalette(programColours());
-    application.setStyleSheet(details());
+    wearWorn();
     application.installEventFilter(new Accessibility(&application));
     application.installEventFilter(new Habits(&application));
+}
+
+void wearColours(const theme::Colours& colours) {
+    if (colours == theme::worn()) return;
+    theme::setWorn(colours);
+    if (!qApp->styleSheet().isEmpty()) wearWorn();
 }

@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QStyleOption>
 #include <functional>
 
 using namespace Qt::Literals::StringLiterals;
@@ -27,7 +28,7 @@ Sign letterOnDisc(const QColor& colour, const QString& letter) {
         font.setPixelSize(21);
         font.setBold(true);
         painter.setFont(font);
-        painter.setPen(Qt::white);
+        painter.setPen(theme::readable(Qt::white, colour));
         painter.drawText(QRectF(2, 2, 28, 28), Qt::AlignCenter, letter);
     };
 }
@@ -57,10 +58,10 @@ void openFolder(QPainter& painter) {
 }
 
 void drive(QPainter& painter) {
-    painter.setPen(QPen(theme::shade, 1.6));
-    painter.setBrush(theme::groove);
+    painter.setPen(QPen(theme::worn().shade, 1.6));
+    painter.setBrush(theme::worn().groove);
     painter.drawRoundedRect(QRectF(3, 9, 26, 14), 3, 3);
-    painter.setPen(QPen(theme::accent, 3, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(theme::worn().accent, 3, Qt::SolidLine, Qt::RoundCap));
     painter.drawPoint(QPointF(24, 18));
 }
 
@@ -83,9 +84,9 @@ QIcon drawn(const Sign& sign) {
 QIcon ownSign(QStyle::StandardPixmap sign) {
     switch (sign) {
         case QStyle::SP_MessageBoxQuestion:
-            return drawn(letterOnDisc(theme::accent, u"?"_s));
+            return drawn(letterOnDisc(theme::worn().accent, u"?"_s));
         case QStyle::SP_MessageBoxInformation:
-            return drawn(letterOnDisc(theme::accent, u"i"_s));
+            return drawn(letterOnDisc(theme::worn().accent, u"i"_s));
         case QStyle::SP_MessageBoxCritical:
             return drawn(letterOnDisc(brick, u"×"_s));
         case QStyle::SP_MessageBoxWarning:
@@ -102,6 +103,13 @@ QIcon ownSign(QStyle::StandardPixmap sign) {
     }
 }
 
+// Fusion draws borders in the colour of the window, darkened by this much.
+constexpr int darkenedBy = 180;
+
+void lightenBorders(QPalette& palette, const QColor& border) {
+    palette.setColor(QPalette::Window, border.lighter(darkenedBy));
+}
+
 }  // namespace
 
 LookStyle::LookStyle() : QProxyStyle(u"Fusion"_s) {}
@@ -114,4 +122,29 @@ QIcon LookStyle::standardIcon(StandardPixmap sign, const QStyleOption* option, c
 QPixmap LookStyle::standardPixmap(StandardPixmap sign, const QStyleOption* option, const QWidget* widget) const {
     const QIcon own = ownSign(sign);
     return own.isNull() ? QProxyStyle::standardPixmap(sign, option, widget) : own.pixmap(32);
+}
+
+void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                              const QWidget* widget) const {
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    const bool isMark = element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton;
+    if (button == nullptr || !isMark || !theme::isDark(theme::worn().window)) {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        return;
+    }
+    QStyleOptionButton seen = *button;
+    lightenBorders(seen.palette, (option->state & State_Enabled) ? theme::worn().shade : theme::worn().edge);
+    QProxyStyle::drawPrimitive(element, &seen, painter, widget);
+}
+
+void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                                   const QWidget* widget) const {
+    const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (box == nullptr || control != CC_ComboBox || !theme::isDark(theme::worn().window)) {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        return;
+    }
+    QStyleOptionComboBox seen = *box;
+    lightenBorders(seen.palette, theme::worn().edge);
+    QProxyStyle::drawComplexControl(control, &seen, painter, widget);
 }

@@ -11,6 +11,8 @@ class Surface : public QFrame {
   public:
     explicit Surface(QWidget* parent = nullptr);
 
+    /// Looks like a small dialog: a ground with an edge around it.
+    void beDialog() { setProperty("isDialog", true); }
     void setDraggable(bool on) { draggable_ = on; }
 
   Q_SIGNALS:

@@ -1,5 +1,6 @@
 #include "platform/desktop/text_box.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <algorithm>
 #include <limits>
@@ -93,11 +94,21 @@ CaptionBox::CaptionBox(QWidget* parent) : QPlainTextEdit(parent) {
     setFrameShape(QFrame::NoFrame);
     document()->setDocumentMargin(1);
     viewport()->setCursor(Qt::ArrowCursor);
-    QPalette colours = palette();
-    QColor ground = colours.color(QPalette::Base);
+    wearGround();
+}
+
+void CaptionBox::wearGround() {
+    QColor ground = QApplication::palette().color(QPalette::Base);
     ground.setAlpha(captionOpacity);
+    if (palette().color(QPalette::Base) == ground) return;
+    QPalette colours = palette();
     colours.setColor(QPalette::Base, ground);
     setPalette(colours);
+}
+
+void CaptionBox::changeEvent(QEvent* event) {
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) wearGround();
 }
 
 void CaptionBox::mousePressEvent(QMouseEvent* event) {

@@ -52,8 +52,12 @@ class CaptionBox : public QPlainTextEdit {
     void clicked();
 
   protected:
+    void changeEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    void wearGround();
 };

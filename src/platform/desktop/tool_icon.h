@@ -2,9 +2,9 @@
 
 #include <QIcon>
 
-/// The ground behind an icon.
-enum class IconGround { light, dark };
+class QColor;
 
-/// The icon of a tool-bar image key, `:/icons/<key>.svg`; an empty icon where there is none. On a dark ground the dark
-/// ink of the drawing becomes light.
-QIcon toolIcon(const QString& imageKey, IconGround ground = IconGround::light);
+/// The icon of a tool-bar image key, `:/icons/<key>.svg`; an empty icon where there is none. Its strokes are as light
+/// or dark as the ground behind it needs, it fades into that ground when it is switched off, and it is drawn anew for
+/// every size.
+QIcon toolIcon(const QString& imageKey, const QColor& ground);

@@ -83,7 +83,7 @@ void ChoiceList::borrow(QWidget* group) {
     colours.setColor(QPalette::Base, green);
     lstBh->setPalette(colours);
     // The ground of a list follows the program's style sheet, not its palette.
-    lstBh->setStyleSheet(u"QListView { background: %1; }"_s.arg(green.name()));
+    lstBh->setStyleSheet(u"QListView { background: %1; color: black; }"_s.arg(green.name()));
     QFont small = font_;
     small.setPixelSize(pixelsFromTwips(lineHeight) - 1);
     lstBh->setFont(small);

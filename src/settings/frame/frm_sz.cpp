@@ -46,7 +46,6 @@ frmSz::frmSz(Windows& windows, const Furnishing& furnish, QWidget* parent)
     setObjectName(u"frmSz"_s);
     setWindowTitle(u" 览忆集苑(图片录入及系统设置)"_s);
     setFixedSize(pixelsFromTwips(windowWidth), pixelsFromTwips(windowHeight));
-    for (ShapeBox* shape : {shpWk, shpNk}) shape->setBorderWidth(2);
     makeOuterButtons();
     contents_ = furnish({this, sstFz, hints_, work_, albums_, grid_, choices_, runBar_});
     load();

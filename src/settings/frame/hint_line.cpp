@@ -1,7 +1,9 @@
 #include "settings/frame/hint_line.h"
 
+#include "platform/desktop/accessibility.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/tab_control.h"
+#include "platform/desktop/theme.h"
 
 #include <QLabel>
 
@@ -56,7 +58,9 @@ void HintLine::czts(int number, int count) {
 
 void HintLine::show(const QString& text) {
     kept_ = text;
+    if (lblTs->text() == text) return;
     lblTs->setText(text);
+    announce(lblTs);
 }
 
 void HintLine::showForCaption(const QString& text) {
@@ -68,9 +72,13 @@ void HintLine::showKept() {
 }
 
 void HintLine::paint(const QString& text, const QColor& colour) {
-    if (lblTs->text() != text) lblTs->setText(text);
-    if (lblTs->palette().color(QPalette::WindowText) == colour) return;
+    if (lblTs->text() != text) {
+        lblTs->setText(text);
+        announce(lblTs);
+    }
+    const QColor ink = theme::adapted(colour);
+    if (lblTs->palette().color(QPalette::WindowText) == ink) return;
     QPalette palette = lblTs->palette();
-    palette.setColor(QPalette::WindowText, colour);
+    palette.setColor(QPalette::WindowText, ink);
     lblTs->setPalette(palette);
 }
