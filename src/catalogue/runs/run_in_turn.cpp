@@ -2,6 +2,8 @@
 
 #include <QElapsedTimer>
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 /// What is stored together.
 struct RunInTurn::Group {
@@ -32,6 +34,7 @@ RunReport RunInTurn::run(RunWatch& watch) {
     } catch (const std::exception& failure) {
         report_.failure = reasonOf(failure);
     }
+    askAbout(settleLast());
     report_.close(names_, progress_.done);
     return std::move(report_);
 }
@@ -50,12 +53,20 @@ void RunInTurn::takeGroup() {
         isLost = true;
     }
     endGroup();
+    const auto failedBefore = settleLast();
     const auto failedLater = group.stored.empty() ? std::nullopt : finish(group.stored);
-    report_.items.insert(report_.items.end(), group.stored.begin(), group.stored.end());
+    unsettled_ = std::move(group.stored);
     if (group.failed) report_.items.push_back(*group.failed);
-    for (const auto& failed : {failedLater, group.failed})
-        if (failed) askAbout(*failed);
+    for (const auto& failed : {failedBefore, failedLater, group.failed}) askAbout(failed);
     if (isLost && progress_.done < end_) open();
+}
+
+std::optional<RunItem> RunInTurn::settleLast() {
+    if (unsettled_.empty()) return {};
+    std::vector<RunItem> items = std::exchange(unsettled_, {});
+    const std::optional<RunItem> failed = settle(items);
+    std::ranges::move(items, std::back_inserter(report_.items));
+    return failed;
 }
 
 void RunInTurn::takeNext(Group& group) {
@@ -117,13 +128,13 @@ void RunInTurn::lose(Group& group, const QString& reason) {
 }
 
 /// Nobody is asked any more when the run has ended. While somebody thinks about the answer he may stop the run, too.
-void RunInTurn::askAbout(const RunItem& failed) {
-    if (passesOver_ || report_.stopped || !report_.failure.isEmpty()) return;
-    passesOver_ = watch_->passesOver(failed);
+void RunInTurn::askAbout(const std::optional<RunItem>& failed) {
+    if (!failed || passesOver_ || report_.stopped || !report_.failure.isEmpty()) return;
+    passesOver_ = watch_->passesOver(*failed);
     if (passesOver_) {
         goesOn();
         return;
     }
-    report_.failure = failed.reason;
+    report_.failure = failed->reason;
     end_ = progress_.done;
 }

@@ -41,6 +41,9 @@ class RunInTurn {
     /// What there is to do with the things of a group that is stored. It may change their fates, and returns the first
     /// one that has failed. Does not throw.
     virtual std::optional<RunItem> finish(std::vector<RunItem>&) { return {}; }
+    /// The same, but later: what `finish` has begun goes on while the next group is taken. Called when that one is
+    /// stored or lost, before its own `finish`, and at the end of the run.
+    virtual std::optional<RunItem> settle(std::vector<RunItem>&) { return {}; }
     /// Whether a thing can be stored without waiting for where it comes from, but for a moment.
     virtual bool isAtHand(qsizetype) const { return true; }
     /// How much of the run is done with this place.
@@ -59,13 +62,15 @@ class RunInTurn {
     bool isFull(const Group& group) const;
     void close(const Group& group);
     void lose(Group& group, const QString& reason);
-    void askAbout(const RunItem& failed);
+    std::optional<RunItem> settleLast();
+    void askAbout(const std::optional<RunItem>& failed);
 
     QStringList names_;
     RunWatch* watch_ = nullptr;  ///< During the run.
     RunReport report_;
     RunProgress progress_;
-    qsizetype end_ = 0;  ///< Where the run ends.
+    std::vector<RunItem> unsettled_;  ///< The group that was stored last.
+    qsizetype end_ = 0;               ///< Where the run ends.
     bool passesOver_ = false;
     qsizetype singlyUpTo_ = 0;  ///< Things before this place are stored each by itself.
     qint64 mostBytes_;

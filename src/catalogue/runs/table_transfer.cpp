@@ -12,8 +12,11 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <algorithm>
+#include <condition_variable>
 #include <iterator>
 #include <mutex>
+#include <utility>
 #include <vector>
 
 using namespace Qt::Literals::StringLiterals;
@@ -21,7 +24,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 const QString pictureColumn = u"图片"_s;
-constexpr qint64 bytesKept = 24 << 20;  ///< Of a group, until it was read back.
+constexpr qint64 bytesOfGroup = 24 << 20;
+constexpr qint64 bytesKept = 28 << 20;  ///< Of a group and of the one before, as far as it was not read back.
 const QString differs = u"读回的图片与原图不同"_s;
 
 /// A record on its way.
@@ -31,10 +35,13 @@ struct OnItsWay {
     qint64 bytes = 0;                     ///< Of its pictures.
 };
 
-/// One that is stored in the target.
-struct Stored {
-    qint64 row;  ///< In the album.
-    OnItsWay record;
+/// What was stored together in the target.
+struct StoredGroup {
+    std::vector<qint64> rows = {};       ///< In the album.
+    std::vector<OnItsWay> records = {};  ///< Each without its pictures when they were read back.
+    int first = 0;                       ///< 序号 of the first one in the target.
+    qint64 bytes = 0;
+    QStringList doubts = {};  ///< About each that was read back; empty when its pictures are the same.
 };
 
 const FieldPair* pictureMapped(const FieldMapping& mapping) {
@@ -44,11 +51,13 @@ const FieldPair* pictureMapped(const FieldMapping& mapping) {
 }
 
 bool holds(const Field& field, const FieldValue& value) {
-    constexpr qint64 piece = 1 << 18;
+    constexpr qint64 pieceSize = 1 << 18;
     const QByteArray picture = value.toBytes();
     if (field.FieldSize() != picture.size()) return false;
-    for (qint64 offset = 0; offset < picture.size(); offset += piece)
-        if (field.GetChunk(offset, piece) != picture.mid(offset, piece)) return false;
+    for (qint64 offset = 0; offset < picture.size(); offset += pieceSize) {
+        const qint64 count = std::min(pieceSize, picture.size() - offset);
+        if (field.GetChunk(offset, count) != QByteArrayView(picture).sliced(offset, count)) return false;
+    }
     return true;
 }
 
@@ -61,7 +70,8 @@ bool holdsPictures(const Recordset& row, const FieldMapping& mapping, const OnIt
     return true;
 }
 
-/// Reads stored pictures back by a connection of its own, which has none of them in its memory.
+/// Reads stored pictures back by a connection of its own, which has none of them in its memory, while the next ones are
+/// taken.
 class ReadingBack {
   public:
     explicit ReadingBack(const TransferTarget& target) : target_(target) {}
@@ -71,45 +81,74 @@ class ReadingBack {
     ReadingBack(const ReadingBack&) = delete;
     ReadingBack& operator=(const ReadingBack&) = delete;
 
-    /// Why each record of a group is in doubt; empty when its pictures are the same. The records have the numbers from
-    /// `first` on.
-    QStringList doubtsAbout(const std::vector<Stored>& group, int first) {
-        QStringList doubts;
-        thread_.run([&] {
+    /// Does not wait for it.
+    void begin(StoredGroup group) {
+        group_ = std::move(group);
+        unread_ = group_.bytes;
+        thread_.begin([this] {
             try {
-                compare(group, first, doubts);
+                compare();
             } catch (const std::exception& failure) {
-                while (std::size_t(doubts.size()) < group.size()) doubts << u"图片没有读回："_s + causeOf(failure);
+                while (std::size_t(group_.doubts.size()) < group_.rows.size())
+                    group_.doubts << u"图片没有读回："_s + causeOf(failure);
             }
+            noteLeft(0);
         });
-        return doubts;
+    }
+    /// Until what was begun is done. It reads no more of the target then.
+    void wait() {
+        thread_.run([] {});
+    }
+    /// Until no more than so many bytes of it are left.
+    void waitUntilLeft(qint64 bytes) {
+        std::unique_lock lock(mutex_);
+        isRead_.wait(lock, [&] { return unread_ <= bytes; });
+    }
+    /// Waits for it, and gives it back.
+    StoredGroup take() {
+        wait();
+        return std::exchange(group_, {});
     }
 
   private:
-    void compare(const std::vector<Stored>& group, int first, QStringList& doubts) {
+    void compare() {
         if (!database_.isOpen()) database_ = OpenDatabase(target_.database.Name());
-        Recordset rows =
-            database_.OpenRecordset(allRecordsSql(target_.table) + u" WHERE [序号] >= %1 ORDER BY [序号]"_s.arg(first));
-        for (const Stored& stored : group) {
-            const FieldValue number(first + int(doubts.size()));
+        Recordset rows = database_.OpenRecordset(allRecordsSql(target_.table) +
+                                                 u" WHERE [序号] >= %1 ORDER BY [序号]"_s.arg(group_.first));
+        for (OnItsWay& record : group_.records) {
+            const FieldValue number(group_.first + int(group_.doubts.size()));
             const bool isThere = !rows.Eof() && rows.Fields(u"序号"_s).Value() == number;
-            doubts << (isThere && holdsPictures(rows, target_.mapping, stored.record) ? QString() : differs);
+            group_.doubts << (isThere && holdsPictures(rows, target_.mapping, record) ? QString() : differs);
+            record.values.clear();
+            noteLeft(unread_ - record.bytes);
             if (!rows.Eof()) rows.MoveNext();
         }
     }
 
+    void noteLeft(qint64 bytes) {
+        {
+            const std::lock_guard lock(mutex_);
+            unread_ = bytes;
+        }
+        isRead_.notify_all();
+    }
+
     const TransferTarget& target_;
+    Database database_;  ///< Of the thread; so is the group, from `begin` until it was waited for.
+    StoredGroup group_;
+    std::mutex mutex_;
+    std::condition_variable isRead_;
+    qint64 unread_ = 0;  ///< Bytes.
     OtherThread thread_;
-    Database database_;  ///< Of that thread.
 };
 
 /// The records go in groups, each of which is one change of the target. When it is stored, its pictures are read back
-/// and compared; then its records may go from the album.
+/// and compared beside the next group; then its records may go from the album.
 class TableTransfer : public RunIntoDatabase {
   public:
     TableTransfer(const Database& album, const QString& table, const QStringList& numbers, const TransferTarget& target,
                   bool move)
-        : RunIntoDatabase(numbers, bytesKept),
+        : RunIntoDatabase(numbers, bytesOfGroup),
           album_(album),
           table_(table),
           target_(target),
@@ -131,8 +170,13 @@ class TableTransfer : public RunIntoDatabase {
 
     void beginGroup() override {
         RunIntoDatabase::beginGroup();
-        group_.clear();
-        first_ = next_->value();
+        group_ = {.first = next_->value()};
+    }
+
+    /// Who reads back would keep the change from its file.
+    void storeGroup() override {
+        readingBack_.wait();
+        RunIntoDatabase::storeGroup();
     }
 
     bool isAtHand(qsizetype place) const override { return ahead_->isAtHand(place); }
@@ -140,6 +184,7 @@ class TableTransfer : public RunIntoDatabase {
     Taken take(qsizetype place) override {
         OnItsWay record = ahead_->take(place);
         if (!record.objection.isEmpty()) return {Fate::failed, 0, record.objection};
+        makeRoomFor(record.bytes);
         try {
             write(record);
         } catch (...) {
@@ -147,29 +192,45 @@ class TableTransfer : public RunIntoDatabase {
             throw;
         }
         const qint64 bytes = record.bytes;
-        group_.push_back({chosen_[std::size_t(place)], std::move(record)});
+        group_.bytes += bytes;
+        group_.rows.push_back(chosen_[std::size_t(place)]);
+        group_.records.push_back(std::move(record));
         return {Fate::taken, bytes};
     }
 
-    std::optional<RunItem> finish(std::vector<RunItem>& stored) override {
-        QStringList doubts = readingBack_.doubtsAbout(group_, first_);
-        for (std::size_t i = 0; i < group_.size(); ++i)
-            if (doubts[qsizetype(i)].isEmpty() && group_[i].record.bytes > 0) noteVerified(1);
-        if (move_) removeUndoubted(doubts);
+    std::optional<RunItem> finish(std::vector<RunItem>&) override {
+        readingBack_.begin(std::move(group_));
+        return {};
+    }
+
+    std::optional<RunItem> settle(std::vector<RunItem>& stored) override {
+        StoredGroup group = readingBack_.take();
+        for (std::size_t i = 0; i < group.rows.size(); ++i)
+            if (group.doubts[qsizetype(i)].isEmpty() && group.records[i].bytes > 0) noteVerified(1);
+        if (move_) removeUndoubted(group);
         std::optional<RunItem> firstFailed;
         const QString reason = move_ ? u"已写入目标表，但没有从原图册删除（%1）"_s : u"已写入目标表，但%1"_s;
-        auto doubt = doubts.cbegin();
+        auto doubt = group.doubts.cbegin();
         for (RunItem& item : stored) {
             if (item.fate != Fate::taken || (doubt++)->isEmpty()) continue;
             item.fate = Fate::doubtful;
             item.reason = reason.arg(*std::prev(doubt));
             if (!firstFailed) firstFailed = item;
         }
-        group_.clear();
         return firstFailed;
     }
 
   private:
+    /// A larger group may be more than the engine keeps in memory: what it writes earlier keeps readers out until the
+    /// change is stored.
+    void makeRoomFor(qint64 bytes) {
+        const qint64 room = bytesKept - group_.bytes - bytes;
+        if (room < 0)
+            readingBack_.wait();
+        else
+            readingBack_.waitUntilLeft(room);
+    }
+
     /// Reads the album in the thread that calls it.
     ReadAhead<OnItsWay>::Prepare reader() const {
         return [this, album = OpenDatabase(album_.Name())](qsizetype place) {
@@ -204,15 +265,15 @@ class TableTransfer : public RunIntoDatabase {
     }
 
     /// What stays in the album all the same is in doubt, too.
-    void removeUndoubted(QStringList& doubts) {
+    void removeUndoubted(StoredGroup& group) {
         std::vector<qint64> rows;
-        for (std::size_t i = 0; i < group_.size(); ++i)
-            if (doubts[qsizetype(i)].isEmpty()) rows.push_back(group_[i].row);
+        for (std::size_t i = 0; i < group.rows.size(); ++i)
+            if (group.doubts[qsizetype(i)].isEmpty()) rows.push_back(group.rows[i]);
         try {
             const std::lock_guard lock(albumMutex_);
             removeRows(album_, table_, rows);
         } catch (const std::exception& failure) {
-            for (QString& doubt : doubts)
+            for (QString& doubt : group.doubts)
                 if (doubt.isEmpty()) doubt = causeOf(failure);
         }
     }
@@ -226,9 +287,8 @@ class TableTransfer : public RunIntoDatabase {
     std::optional<ReadAhead<OnItsWay>> ahead_;
     Recordset rows_;  ///< Of the target.
     std::optional<NextNumber> next_;
+    StoredGroup group_;  ///< That is being taken.
     ReadingBack readingBack_;
-    std::vector<Stored> group_;
-    int first_ = 0;  ///< 序号 that the first one of the group has in the target.
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "platform/database/dialect/sql_functions.h"
 #include "platform/database/file/database_file.h"
 #include "platform/database/file/disk_ahead.h"
+#include "platform/database/file/disk_behind.h"
 #include "platform/database/file/engine_errors.h"
 #include "platform/database/file/file_check.h"
 #include "platform/database/file/free_space.h"
@@ -27,6 +28,9 @@ constexpr int busyStepMs = 2;
 constexpr int applicationId = 0x6C756E71;  // "lunq"
 constexpr int firstVersion = 1;
 constexpr int newestVersion = 2;  // see OwnValues
+/// Pages (40 MB) of a change that are kept in memory until it is stored: what is written earlier takes three more waits
+/// for the disk, and keeps all readers out from then on.
+constexpr int spillsBehindPages = 2560;
 const QString truncatingJournal = u"PRAGMA journal_mode = TRUNCATE"_s;
 
 // To shorten the file, the engine moves used pages (16 KB each) into the place of free ones.
@@ -85,8 +89,16 @@ int waitForOthers(void*, int tried) {
     return tried < busyTimeoutMs / busyStepMs ? 1 : 0;
 }
 
-SQLite::Database openDatabase(const QString& path, int flags, const char* fileSystem = "") {
+/// Before the engine begins. Its count of the memory in use, which nobody asks for, would make threads wait for each
+/// other with every page.
+void takePartInFiles() {
+    [[maybe_unused]] static const int counts = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
     DiskAhead::takePartInReads();
+    DiskBehind::takePartInWrites();
+}
+
+SQLite::Database openDatabase(const QString& path, int flags, const char* fileSystem = "") {
+    takePartInFiles();
     try {
         SQLite::Database database(path.toStdString(), flags, 0, fileSystem);
         sqlite3_busy_handler(database.getHandle(), waitForOthers, nullptr);
@@ -173,6 +185,7 @@ Connection::~Connection() {
 
 void Connection::configure() {
     run(u"PRAGMA cache_size = -16000"_s);
+    run(u"PRAGMA cache_spill = %1"_s.arg(spillsBehindPages));
     run(u"PRAGMA synchronous = FULL"_s);
     run(u"PRAGMA secure_delete = OFF"_s);
     run(u"SELECT count(*) FROM sqlite_schema"_s);  // the first look into the file: throws when it is damaged
