@@ -17,7 +17,7 @@ const QColor ground(0, 0, 0, 200);
 QList<std::pair<QString, QString>> factLines(const PictureFacts& facts, QSize pixels, qint64 bytes) {
     QList<std::pair<QString, QString>> lines = facts.lines();
     if (!pixels.isEmpty()) lines.append({u"尺寸"_s, u"%1 × %2"_s.arg(pixels.width()).arg(pixels.height())});
-    lines.append({u"大小"_s, QLocale::c().formattedDataSize(bytes, 2, QLocale::DataSizeSIFormat)});
+    lines.append({u"大小"_s, QLocale::c().formattedDataSize(bytes, 2, QLocale::DataSizeSIFormat).toUpper()});
     if (facts.lines().isEmpty()) lines.append({u"照片"_s, u"没有拍摄资料"_s});
     return lines;
 }
