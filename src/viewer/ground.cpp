@@ -33,9 +33,10 @@ void setInkFor(QWidget* part, const QColor& ground) {
     part->setPalette(palette);
 }
 
-// The program's own style sheet colours bars for the ground of the other windows.
+// The program's own style sheet colours bars for the ground of the other windows. Another sheet takes time at start-up.
 QString barStyle(const QColor& ground) {
     const QColor ink = inkOn(ground);
+    if (ink == theme::worn().ink) return {};
     return theme::filledIn(
                u"QMenuBar::item { color: %1; } QMenuBar::item:disabled { color: %2; }"
                "QMenuBar::item:selected, QMenuBar::item:pressed, QToolButton:hover { background: %3; }"

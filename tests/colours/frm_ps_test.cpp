@@ -203,6 +203,38 @@ class TestColourWindow : public QObject {
         QVERIFY(windows_->ended);
     }
 
+    void aChoiceIsTriedAtOnce() {
+        QVERIFY(windows_->tried.isEmpty());  // what the window opens with is nobody's choice
+        choose(u"3 藕荷"_s);
+        QCOMPARE(windows_->tried.last(), (ColourScheme{{0x56, 0x34, 0x12}, Qt::red, {}, Qt::blue}));
+        QTest::mouseClick(&get<SchemeTile>(u"cmdFa(2)"_s), Qt::LeftButton);
+        QCOMPARE(get<QComboBox>(u"cboFa"_s).currentText(), u"5 自定义"_s);
+        answerColourDialogsWith([](const QColor&) { return std::optional<QColor>(Qt::yellow); });
+        focus(3);
+        QCOMPARE(windows_->tried.last(), (ColourScheme{Qt::yellow, Qt::red, Qt::green, Qt::blue}));
+        QCOMPARE(get<ShapeBox>(u"shpYs(3)"_s).fillColor(), QColor(Qt::yellow));
+        get<SchemeTile>(u"cmdFa(2)"_s).setFocus();
+        QTest::keyClick(window_->focusWidget(), Qt::Key_Left);
+        QTest::keyClick(window_->focusWidget(), Qt::Key_Return);
+        QCOMPARE(get<QComboBox>(u"cboFa"_s).currentText(), u"3 藕荷"_s);
+        QVERIFY(get<SchemeTile>(u"cmdFa(1)"_s).isChecked() && !get<SchemeTile>(u"cmdFa(2)"_s).isChecked());
+        QVERIFY(windows_->unloaded.isEmpty());
+    }
+
+    void onlyAStoredChoiceStays_data() {
+        QTest::addColumn<bool>("stored");
+        QTest::newRow("dropped") << false;
+        QTest::newRow("stored") << true;
+    }
+    void onlyAStoredChoiceStays() {
+        QFETCH(bool, stored);
+        choose(u"3 藕荷"_s);
+        if (stored) click(u"cmdQd"_s);
+        QCOMPARE(windows_->colourChanges, stored ? 1 : 0);
+        window_->hide();  // as it goes, whichever way
+        QCOMPARE(windows_->colourChanges, 1);
+    }
+
     void aMissingRowIsTold() {
         mekTp::catalogue.Execute(u"DELETE FROM tcys WHERE 序号 = '6'"_s);
         choose(u"6 又一个"_s);

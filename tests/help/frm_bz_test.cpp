@@ -1,10 +1,12 @@
 #include "help/contents_rules.h"
 #include "help/entry_label.h"
+#include "help/manual_colours.h"
 #include "help_window.h"
 #include "platform/desktop/image_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/shapes.h"
 #include "platform/desktop/text_box.h"
+#include "platform/desktop/theme.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -247,6 +249,66 @@ class TestHelpWindow : public QObject {
         words->setText(u"没有这样的词"_s);
         QTest::keyClick(words, Qt::Key_Return);
         QCOMPARE(help.find<QLabel>(u"lblCz"_s)->text(), u"没有找到"_s);
+    }
+
+    void theChapterInViewIsMarked() {
+        HelpWindow help;
+        const auto marked = [&] {
+            QStringList captions;
+            for (int i = 0; i < chapterCaptions().size(); ++i)
+                if (help.find<EntryLabel>(u"lblXz(%1)"_s.arg(i))->isMarked()) captions << chapterCaptions()[i];
+            return captions.join(u'|');
+        };
+        QCOMPARE(marked(), chapterCaptions().first());
+        for (const int chapter : {1, 6, 11, 15}) {
+            help.click(u"lblXz"_s, chapter);
+            QCOMPARE(marked(), chapterCaptions()[chapter]);
+        }
+        QScrollBar* view = help.text().verticalScrollBar();
+        view->setValue(0);
+        QCOMPARE(marked(), chapterCaptions().first());
+        view->setValue(view->maximum());
+        QCOMPARE(marked(), chapterCaptions().last());
+        QVERIFY(indentOf(u"3.1.1 四个页面与提示行"_s) > indentOf(u"3.1 软件设置窗口概述"_s));
+        QVERIFY(indentOf(u"3.1 软件设置窗口概述"_s) > indentOf(u"3 软件的设置"_s));
+    }
+
+    void picturesAreSeenLarge() {
+        HelpWindow help;
+        help.click(u"lblXz"_s, 6);
+        help.text().setFocus();
+        QWidget* large = help.find(u"picFd"_s);
+        const auto* picture = help.find<ImageBox>(u"imgFd"_s);
+        QTest::keyClick(&help.text(), Qt::Key_Return);
+        QVERIFY(large->isVisible() && large->rect().contains(picture->geometry()));
+        QCOMPARE(picture->picture().pixels().width(), 680);
+        QCOMPARE(large->accessibleName(), u"图册设置"_s);
+        QTest::keyClick(large, Qt::Key_Escape);
+        QVERIFY(large->isHidden() && help.form->isVisible());
+        QCOMPARE(help.form->focusWidget(), &help.text());
+
+        QWidget* view = help.text().viewport();
+        QTest::mouseMove(view, QPoint(view->width() / 2, 150));
+        QCOMPARE(view->cursor().shape(), Qt::PointingHandCursor);
+        QTest::mouseClick(view, Qt::LeftButton, {}, QPoint(view->width() / 2, 150));
+        QVERIFY(large->isVisible());
+        QTest::mouseClick(large, Qt::LeftButton, {}, QPoint(2, 2));
+        QVERIFY(large->isHidden());
+        QTest::mouseMove(view, QPoint(4, 4));
+        QCOMPARE(view->cursor().shape(), Qt::IBeamCursor);
+    }
+
+    void coloursOnADarkGround() {
+        const QString html = u"p { color: #22303c; } td { background-color: #f6f3ec; }"_s;
+        QCOMPARE(inWornColours(html), html);
+        theme::setWorn(theme::dark(Qt::black));
+        const QString worn = inWornColours(html);
+        theme::setWorn(theme::light());
+        static const QRegularExpression colour(u"#[0-9a-f]{6}"_s);
+        QCOMPARE(QString(worn).remove(colour), QString(html).remove(colour));
+        auto found = colour.globalMatch(worn);
+        const QColor text(found.next().captured()), ground(found.next().captured());
+        QVERIFY(theme::isDark(ground) && theme::contrast(text, ground) >= theme::textContrast);
     }
 
     void pictureButtons() {

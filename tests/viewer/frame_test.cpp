@@ -1,4 +1,7 @@
+#include "catalogue/remembered.h"
 #include "platform/base/files.h"
+#include "platform/desktop/theme.h"
+#include "viewer/title_box.h"
 #include "viewer_window.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -98,6 +101,33 @@ class TestFrame : public QObject {
         QCOMPARE(shown(), beginning);
     }
 
+    void theTitleIsReadableInEverySecond() {
+        TitleBox title;
+        title.resize(150, 20);
+        title.setText(u" 览忆集苑"_s);
+        for (int second = 0; second < 10; ++second) {
+            const TitleColours colours = titleColours(QTime(0, 0, second));
+            title.setColours(colours);
+            const QImage shown = title.grab().toImage();
+            int letters = 0, readable = 0;
+            for (int y = 0; y < shown.height(); ++y)
+                for (int x = 0; x < shown.width(); ++x) {
+                    letters += shown.pixelColor(x, y) == colours.text;
+                    readable += theme::contrast(shown.pixelColor(x, y), colours.ground) >= theme::textContrast;
+                }
+            QVERIFY2(letters > 10 && readable > 100, qPrintable(u"%1 %2"_s.arg(letters).arg(readable)));
+        }
+    }
+
+    void theTitleCanBeKeptStill() {
+        const auto isStill = [](const ViewerWindow& viewer) { return viewer.menu(u"mnuBs"_s)->isChecked(); };
+        ViewerWindow viewer;
+        QVERIFY(!isStill(viewer));
+        QTest::keyClick(viewer.window.get(), Qt::Key_T, Qt::ControlModifier);
+        QVERIFY(isStill(viewer) && remembered::flag(u"viewer.stillTitle"_s));
+        QCOMPARE(viewer.find(u"txtWd"_s)->grab().toImage().pixelColor(6, 6), stillTitleColours().ground);
+    }
+
     // The line of a long album takes the room that the page line leaves, and its title makes way for the count.
     void albumLineKeepsItsCount() {
         const ViewerWindow viewer([] {
@@ -164,7 +194,7 @@ class TestFrame : public QObject {
         viewer.window->windowsBeside(true, false);
         QCOMPARE(viewer.menu(u"mnuBz"_s)->text(), u"帮助关闭(B)"_s);
         QCOMPARE(viewer.keyImage(u"bz"_s), u"bg"_s);
-        viewer.menu(u"mnuBz"_s)->trigger();
+        QTest::keyClick(viewer.window.get(), Qt::Key_B, Qt::AltModifier);
         viewer.window->windowsBeside(false, false);
         QCOMPARE(viewer.key(u"bz"_s)->toolTip(), u"帮助"_s);
         auto* colours = viewer.menu(u"mnuCs"_s);

@@ -148,6 +148,8 @@ Surface[isDialog="true"] { background: @panel; border: 1px solid @firmEdge; bord
 
 QStatusBar { border-top: 1px solid @offEdge; }
 QStatusBar::item { border: 0px; }
+QStatusBar QLabel { border-left: 1px solid @line; }
+QStatusBar QLabel[objectName="sta1:1"] { border-left: 0px; }
 QToolTip { background: @tip; color: @tipText; border: 1px solid @tip; padding: 2px 5px; }
 )"_s);
 }
