@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs missing packages, builds the fuzz targets with sanitizers, runs them one after the other, and prints a table of
 # their runs. It fails when one has found something.
-# Usage: ./fuzz.sh [minutes] [target...]   10 minutes each; the targets: picture, dialect, typed, catalogue, foreign
+# Usage: ./fuzz.sh [minutes] [target...]   10 minutes each; the targets: picture, profile, formats, dialect, typed, catalogue, foreign
 #
 # A run keeps its inputs in build/fuzz/corpus, and the next run goes on from there. Inputs that ended a run, or took longer
 # than 2 seconds, are kept in build/fuzz/findings. To run one of them alone: build/fuzz/bin/fuzz_TARGET FILE
@@ -17,7 +17,7 @@ if [[ ${1:-} =~ ^[0-9]+$ ]]; then
     shift
 fi
 targets=("$@")
-if [ "$#" -eq 0 ]; then targets=(picture dialect typed catalogue foreign); fi
+if [ "$#" -eq 0 ]; then targets=(picture profile formats dialect typed catalogue foreign); fi
 
 install_packages "${required_packages[@]}" "${fuzz_packages[@]}"
 build_preset fuzz fuzz >&2
@@ -32,10 +32,10 @@ sum_of() {
     awk -v text="$1" 'index($0, text) { sum += $2 } END { print sum + 0 }' "${@:2}"
 }
 
-# Whether a run ended within the library that reads databases of another format. The program runs that library in a process
-# of its own, so such a crash harms nobody.
+# Whether a run ended within a library that reads databases or pictures of another format. The program runs those libraries
+# in processes of their own, so such a crash harms nobody.
 ended_in_library() {
-    awk '/^ *#[0-9]+ 0x/ && /libmdb|\/src\/|\/tools\// { found = /libmdb/; exit } END { exit !found }' "$1"
+    awk '/^ *#[0-9]+ 0x/ && /libmdb|libheif|libde265|libaom|libdav1d|libtiff|libwebp|\/src\/|\/tools\// { found = /lib(mdb|heif|de265|aom|dav1d|tiff|webp)/; exit } END { exit !found }' "$1"
 }
 
 # forget_quick INPUT...: drops the inputs that were slow only because the machine had other work.

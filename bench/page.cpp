@@ -5,6 +5,7 @@
 #include "jpeg_library.h"
 #include "platform/base/files.h"
 #include "platform/desktop/look.h"
+#include "platform/picture/wide_colours.h"
 #include "scene.h"
 #include "table.h"
 #include "timing.h"
@@ -17,33 +18,36 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr auto topic = "page";
+constexpr unsigned displayP3 = 12;
 constexpr int cells = ViewedPages::cells;
 constexpr int scenes = 12;
 constexpr double oneFrame = 33;
 // The album's pages, counted from 1. The first two are decoded ahead as soon as the window rests.
-constexpr int pages = 5;
-constexpr int cameraPage = 3, baselinePage = 4, progressivePage = 5;
+constexpr int pages = 6;
+constexpr int cameraPage = 3, baselinePage = 4, progressivePage = 5, wideColoursPage = 6;
 // Of the album that comes from the disk.
 constexpr int firstColdPage = 4;
 constexpr qsizetype largeBytes = 3'700'000;
 
 struct Photographs {
-    std::vector<QByteArray> camera, baseline, progressive;
+    std::vector<QByteArray> camera, baseline, progressive, wideColours;
 
     Photographs() {
         for (int i = 0; i < scenes; ++i) {
             const QImage image = photograph(i);
             baseline.push_back(coded(image, false));
             progressive.push_back(coded(image, true));
+            wideColours.push_back(encodeJpeg(image, 85, wideProfile(displayP3)));
             camera.push_back(withPreview(baseline.back(), coded(image.scaled(160, 120), false)));
         }
     }
 
     const QByteArray& at(int row) const {
         const int page = row / cells + 1;
-        const std::vector<QByteArray>& kind = page <= cameraPage     ? camera
-                                              : page == baselinePage ? baseline
-                                                                     : progressive;
+        const std::vector<QByteArray>& kind = page <= cameraPage        ? camera
+                                              : page == baselinePage    ? baseline
+                                              : page == progressivePage ? progressive
+                                                                        : wideColours;
         return kind[size_t(row % scenes)];
     }
 };
@@ -187,5 +191,10 @@ int main(int argc, char** argv) {
                 .peer = "the same photographs, baseline",
                 .peerMeasured = baseline,
                 .timesPeer = 1});
+    row(topic, {.what = "with the profile Display P3, all sharp",
+                .measured = timeNewPage(rounds, wideColoursPage).second,
+                .peer = "the same photographs without a profile",
+                .peerMeasured = baseline,
+                .timesPeer = 1.1});
     timeColdPages(rounds, photographs);
 }

@@ -2,6 +2,7 @@
 
 #include "platform/picture/picture.h"
 
+#include "../tests/platform/picture/profile_samples.h"
 #include "jpeg_library.h"
 #include "scene.h"
 #include "table.h"
@@ -37,6 +38,19 @@ void report(const std::string& kind, const QByteArray& picture, int rounds) {
     row(topic, {.what = "one in full: " + kind, .measured = medianMilliseconds(rounds, [&] { decode({}); })});
 }
 
+/// Of a pixel that is shown.
+void reportColours(const std::string& what, const QByteArray& profile, ColourKind kind, int rounds) {
+    QImage image = photograph().copy(0, 0, 2000, 1000);
+    const double pixels = image.width() * image.height();
+    auto* const first = reinterpret_cast<QRgb*>(image.bits());
+    const auto transform = ColourTransform::of(profile, kind);
+    row(topic,
+        {.what = what + " into the colours of the screen, a pixel",
+         .measured = 1e6 / pixels * medianMilliseconds(rounds, [&] { transform->apply(first, qsizetype(pixels)); }),
+         .unit = "ns",
+         .atMost = 8});
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -45,4 +59,7 @@ int main(int argc, char** argv) {
     const QImage image = photograph();
     report("baseline", coded(image, false), rounds);
     report("progressive", coded(image, true), rounds);
+    reportColours("Display P3", displayP3Profile(), ColourKind::lights, rounds);
+    reportColours("a table", tableProfile(), ColourKind::lights, rounds);
+    reportColours("inks", inkProfile(), ColourKind::inks, rounds);
 }

@@ -35,7 +35,7 @@ if ! mkdir -p -- "$album"; then
     exit 1
 fi
 complete=yes
-for file in lunq-jet lunq-backup s1.ico lunq; do
+for file in lunq-jet lunq-backup lunq-heif lunq-tiff lunq-webp s1.ico lunq; do
     bring "$file" || complete=no
 done
 offer_fresh || complete=no

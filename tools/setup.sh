@@ -8,6 +8,7 @@ required_packages=(
     g++ cmake ninja-build ccache
     qt6-base-dev "qt6-svg-dev|libqt6svg6-dev"
     libsqlitecpp-dev libsqlite3-dev sqlite3 libjpeg-dev libturbojpeg0-dev liblcms2-dev libexiv2-dev libssl-dev
+    libheif-dev libtiff-dev libwebp-dev libpng-dev zlib1g-dev
     "mdbtools-dev|libmdb-dev" libglib2.0-dev "pkg-config|pkgconf"
     fonts-noto-cjk
     xvfb xauth

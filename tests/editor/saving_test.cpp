@@ -1,3 +1,4 @@
+#include "../platform/picture/profile_samples.h"
 #include "../support/disk_faults.h"
 #include "../support/failing_disk.h"
 #include "catalogue/remembered.h"
@@ -155,6 +156,42 @@ class TestSaving : public QObject {
         editor.press(u"bc"_s);
         QVERIFY(remembered::flag(u"editor.lossless"_s));
         QVERIFY(editor.hint().startsWith(u"已无损保存"_s));
+    }
+
+    /// The screen shows sRGB; the picture, its steps and what is saved keep their own colours and the profile.
+    void aPictureKeepsItsProfile() {
+        const QByteArray profile = displayP3Profile();
+        const QRgb stored = qRgb(200, 100, 50), shown = byLibrary(profile, ColourKind::lights, {stored}).first();
+        const auto isNear = [](QRgb a, QRgb b) {
+            return std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) + std::abs(qBlue(a) - qBlue(b)) <= 6;
+        };
+        QImage image({60, 40}, QImage::Format_RGB32);
+        image.fill(stored);
+        for (const QString& name : {u"图.jpg"_s, u"图.bmp"_s}) {
+            EditorWindow editor;
+            editor.file = editor.catalogue.file(name);
+            name.endsWith(u"jpg") ? saveJpeg(image, editor.file, 95, profile)
+                                  : SavePicture(image, editor.file, profile);
+            editor.press(u"wk"_s);
+            const auto onScreen = [&] { return editor.picYu().grab().toImage().pixel(20, 20); };
+            QVERIFY(isNear(onScreen(), shown));
+            editor.scale(u"2"_s);
+            QVERIFY(isNear(onScreen(), shown));
+            QVERIFY(isNear(editor.picYu().picture().pixel(30, 30), stored));
+            for (const QString& step : {u"01"_s, u"02"_s}) {
+                const QByteArray bytes =
+                    fieldOf(u"SELECT * FROM tccx WHERE 编号 = '%1'"_s.arg(step), u"图片"_s).toBytes();
+                QCOMPARE(LoadPicture(bytes, step, {}, Colours::ofFile).profile(), profile);
+            }
+            editor.undo();
+            QVERIFY(isNear(onScreen(), shown));
+            editor.scale(u"2"_s);
+            editor.press(u"bc"_s);
+            const Picture saved = LoadPicture(editor.file, {}, Colours::ofFile);
+            QCOMPARE(saved.pixels(), QSize(120, 80));
+            QCOMPARE(saved.profile(), profile);
+            QVERIFY(isNear(saved.image().pixel(50, 50), stored));
+        }
     }
 
     void aFileThatCannotBeWrittenKeepsThePicture() {

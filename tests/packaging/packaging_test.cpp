@@ -109,7 +109,7 @@ class TestLauncher : public QObject {
     void init() {
         root_ = std::make_unique<QTemporaryDir>();
         write(shipped(u"lunq"_s), "#!/bin/sh\necho \"runs as $0\"\n", true);
-        for (const QString& name : {u"lunq-jet"_s, u"lunq-backup"_s})
+        for (const QString& name : {u"lunq-jet"_s, u"lunq-backup"_s, u"lunq-heif"_s, u"lunq-tiff"_s, u"lunq-webp"_s})
             write(shipped(name), "first " + name.toUtf8(), true);
         write(shipped(u"s1.ico"_s), "cursor");
         write(shipped(u"fresh/lunq.mdb"_s), "fresh");

@@ -6,8 +6,6 @@
 #include "fuzzing.h"
 #include "platform/picture/preview.h"
 
-#include <unistd.h>
-
 #include <QIODevice>
 #include <algorithm>
 
@@ -89,21 +87,10 @@ void readPreview(const QByteArray& bytes) {
 
 }  // namespace
 
-extern "C" {
-
-/// Replaces the system's function (the linker wraps it): on a computer of little memory the limits keep the runs short.
-long __real_sysconf(int name);
-long __wrap_sysconf(int name) {
-    constexpr long pagesOfSmallComputer = 1 << 15;
-    return name == _SC_PHYS_PAGES ? pagesOfSmallComputer : __real_sysconf(name);
-}
-
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QByteArray bytes = bytesOf(data, size);
     readForTargets(bytes);
     if (bytes.startsWith("\xFF")) readBothWays(bytes);
     goesThrough([&] { readPreview(bytes); });
     return 0;
 }
-
-}  // extern "C"

@@ -1,7 +1,9 @@
 // Writes what the fuzz targets begin with: make_fuzz_seeds FOLDER [FOLDER-OF-JET-DATABASES]
 
 #include "jet_maker/jet_maker.h"
+#include "platform/picture/formats/format_samples.h"
 #include "platform/picture/picture_samples.h"
+#include "platform/picture/profile_samples.h"
 #include "support/sample_catalogue.h"
 
 #include <sqlite3.h>
@@ -55,10 +57,36 @@ void pictures(Seeds seeds) {
     }
     for (const bool bigEndian : {false, true})
         seeds.add(withPreview(jpegBytes(image), jpegBytes(quadrants({16, 12})), 8, bigEndian));
+    seeds.add(jpegWithSegments(jpegBytes(image), displayP3Profile(), 200));
+    seeds.add(jpegWithSegments(jpegBytes(image, {Kind::inks}), inkProfile()));
     seeds.add(withMoreScans(jpegBytes(image, {Kind::progressive}), 30));
     seeds.add(withSides(jpegBytes(image), {600, 500}));
     for (const int depth : {1, 4, 8, 16, 24, 32}) seeds.add(bmpBytes(depth, depth == 24));
     seeds.add(bmpBytes(8, false, true));
+}
+
+void profiles(Seeds seeds) {
+    const std::pair<ColourKind, QByteArray> all[] = {
+        {ColourKind::grey, greyProfile(1.8)},     {ColourKind::lights, displayP3Profile(2.1)},
+        {ColourKind::lights, displayP3Profile()}, {ColourKind::lights, adobeRgbProfile()},
+        {ColourKind::lights, tableProfile()},     {ColourKind::inks, inkProfile()},
+    };
+    for (const auto& [kind, profile] : all) seeds.add(char(kind) + profile);
+}
+
+void otherFormats(Seeds seeds) {
+    const QImage image = quadrants({48, 40});
+    const Beside beside{displayP3Profile(), exifBlock(6), "<x tiff:Orientation=\"6\"/>"};
+    for (const QImage::Format format : {QImage::Format_RGB32, QImage::Format_ARGB32, QImage::Format_Indexed8,
+                                        QImage::Format_Grayscale16, QImage::Format_RGBA64, QImage::Format_Mono})
+        seeds.add(pngBytes(image.convertToFormat(format), beside));
+    seeds.add(gifBytes());
+    for (const bool lossless : {false, true}) seeds.add(webpBytes(image, lossless, beside));
+    seeds.add(webpBytes(image, image.mirrored()));
+    using Kind = TiffOptions::Kind;
+    for (const Kind kind : {Kind::lights, Kind::deepLights, Kind::lightsWithAlpha, Kind::greys, Kind::inks, Kind::lab})
+        seeds.add(tiffBytes(image, {.kind = kind, .orientation = 6, .profile = inkProfile()}));
+    for (const bool av1 : {false, true}) seeds.add(heifBytes(image, {.av1 = av1, .turn = 6}, beside));
 }
 
 void statements(Seeds seeds) {
@@ -190,6 +218,8 @@ int main(int argc, char** argv) {
     if (arguments.size() < 2) return EXIT_FAILURE;
     const QString& folder = arguments[1];
     pictures({folder, u"picture"_s});
+    profiles({folder, u"profile"_s});
+    otherFormats({folder, u"formats"_s});
     statements({folder, u"dialect"_s});
     typedTexts({folder, u"typed"_s});
     catalogues({folder, u"catalogue"_s});

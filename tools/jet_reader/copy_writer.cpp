@@ -1,6 +1,6 @@
 #include "copy_writer.h"
 
-#include "limits.h"
+#include "helper/limits.h"
 #include "platform/database/file/literal_paths.h"
 #include "platform/database/file/storage_format.h"
 
@@ -119,7 +119,7 @@ void CopyWriter::copy(const std::string& name, JetTable& table) {
     SQLite::Statement insertRow(database_, "INSERT INTO " + target + " VALUES (" + places + ')');
     while (table.next()) {
         copyRow(table, insertRow);
-        tellProgress();
+        tellProgress(int(JetOutcome::wrongCall));
     }
 }
 

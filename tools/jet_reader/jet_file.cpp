@@ -1,8 +1,8 @@
 #include "jet_file.h"
 
+#include "helper/limits.h"
 #include "jet_failure.h"
 #include "jet_values.h"
-#include "limits.h"
 
 #include <sys/stat.h>
 
@@ -111,7 +111,7 @@ std::vector<unsigned char> JetFile::longValue(Bytes inRow) const {
             piece = piece.subspan(sizeof place);
         }
         value.insert(value.end(), piece.begin(), piece.end());
-        tellProgress();
+        tellProgress(int(JetOutcome::wrongCall));
     }
     if (value.size() < length) throw JetFailure{JetOutcome::damaged};
     value.resize(length);

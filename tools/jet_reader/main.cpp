@@ -1,7 +1,7 @@
 // Reads a Jet database into an empty SQLite file: lunq-jet DATABASE FILE. The exit code is a JetOutcome.
 
 #include "copy_database.h"
-#include "limits.h"
+#include "helper/limits.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -21,6 +21,9 @@ uint64_t largestCopyOf(const std::string& path) {
 int main(int argc, char** argv) {
     if (argc != 3) return int(JetOutcome::wrongCall);
     clearenv();  // the library would take character sets and folders from it
-    limitThisProcess(largestCopyOf(argv[1]));
+    limitThisProcess({.outputBytes = largestCopyOf(argv[1]),
+                      .memoryBytes = uint64_t{512} << 20,
+                      .seconds = 30,
+                      .exitCode = int(JetOutcome::limitExceeded)});
     return int(copyDatabase(argv[1], argv[2]));
 }

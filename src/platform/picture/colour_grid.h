@@ -13,8 +13,15 @@ class ColourGrid {
   public:
     static constexpr int side = N == 3 ? 33 : 17;  ///< Nodes along a channel.
 
-    /// Red, green and blue up to 65535; the fourth number makes a node eight bytes long.
-    using Node = std::array<quint16, 4>;
+    /// Red, green and blue in one number: a multiplication of a node weighs all three.
+    using Node = quint64;
+
+    /// Of lights up to 65535.
+    static Node node(const std::array<quint16, 3>& lights) {
+        Node packed = 0;
+        for (const quint16 light : lights) packed = packed << laneBits | (light * uint(most) + 32767) / 65535;
+        return packed;
+    }
 
     static constexpr int nodeCount() {
         int count = 1;
@@ -24,58 +31,65 @@ class ColourGrid {
 
     /// The last channel changes from node to node, the first one least often.
     explicit ColourGrid(std::vector<Node> nodes) : nodes_(std::move(nodes)) {
-        for (int value = 0; value < 256; ++value) {
-            // The last value is at the far end of the last cell: the walk below never leaves the grid.
-            const int cell = std::min(value * cells / 255, cells - 1);
-            cell_[size_t(value)] = quint8(cell);
-            part_[size_t(value)] = quint8(value * cells - cell * 255);
+        int stride = 1;
+        for (size_t channel = N; channel-- > 0; stride *= side) {
+            for (int value = 0; value < 256; ++value) {
+                // The last value is at the far end of the last cell: the walk below never leaves the grid.
+                const int cell = std::min(value * cells / 255, cells - 1);
+                const int part = ((value * cells - cell * 255) * weights + 127) / 255;
+                places_[channel][size_t(value)] = {cell * stride, Step(part) << strideBits | Step(stride)};
+            }
         }
     }
 
     QRgb at(const std::array<uint, N>& values) const {
-        int place = 0;
-        std::array<int, N> steps;  // how far into the cell, with the channel in the lowest bits
-        for (int channel = 0; channel < N; ++channel) {
-            place = place * side + cell_[values[size_t(channel)]];
-            steps[size_t(channel)] = part_[values[size_t(channel)]] << channelBits | channel;
+        int first = 0;
+        std::array<Step, N> steps;
+        for (size_t channel = 0; channel < N; ++channel) {
+            const Place& place = places_[channel][values[channel]];
+            first += place.cell;
+            steps[channel] = place.step;
         }
         sortDownwards(steps);
 
-        const Node* node = &nodes_[size_t(place)];
-        std::array<uint, 3> sum{};
-        int left = 255;
-        for (const int step : steps) {
-            const int part = step >> channelBits;
-            add(sum, *node, uint(left - part));
+        const Node* node = &nodes_[size_t(first)];
+        Node sum = halves;
+        Node left = weights;
+        for (const Step step : steps) {
+            const Node part = step >> strideBits;
+            sum += *node * (left - part);
             left = part;
-            node += strides[size_t(step & ((1 << channelBits) - 1))];
+            node += step & ((Step(1) << strideBits) - 1);
         }
-        add(sum, *node, uint(left));
-        return qRgb(rounded(sum[0]), rounded(sum[1]), rounded(sum[2]));
+        sum += *node * left;
+        const auto light = [&](int lane) { return int(sum >> (lane * laneBits + oneBits)) & 0xFF; };
+        return qRgb(light(2), light(1), light(0));
     }
 
   private:
     static constexpr int cells = side - 1;
-    static constexpr int channelBits = 2;
+    static constexpr int weights = 256;  ///< All that a colour is made of.
+    static constexpr int most = 255 * 32;
+    static constexpr int oneBits = 13;   ///< A whole shade: 32 times the weights.
+    static constexpr int laneBits = 21;  ///< Hold `most * weights`, and a half.
+    static constexpr quint64 half = quint64(1) << (oneBits - 1);
+    static constexpr quint64 halves = half << 2 * laneBits | half << laneBits | half;
 
-    static constexpr std::array<int, N> strides = [] {
-        std::array<int, N> all{};
-        int stride = 1;
-        for (int channel = N - 1; channel >= 0; --channel, stride *= side) all[size_t(channel)] = stride;
-        return all;
-    }();
+    /// How far a colour is into its cell along a channel, above the way to the next node in that direction.
+    using Step = quint64;
+    static constexpr int strideBits = 32;
 
-    static void add(std::array<uint, 3>& sum, const Node& node, uint weight) {
-        for (size_t i = 0; i < sum.size(); ++i) sum[i] += node[i] * weight;
-    }
-    static int rounded(uint sum) { return int((sum + 32767) / 65535); }
+    struct Place {
+        int cell;  ///< The number of its first node, as far as the channel decides.
+        Step step;
+    };
 
     /// A network for so few numbers: it takes no branches.
-    static void sortDownwards(std::array<int, N>& steps) {
+    static void sortDownwards(std::array<Step, N>& steps) {
         const auto order = [&](size_t first, size_t second) {
-            const int larger = std::max(steps[first], steps[second]);
-            steps[second] = std::min(steps[first], steps[second]);
-            steps[first] = larger;
+            const Step a = steps[first], b = steps[second];
+            steps[first] = a > b ? a : b;
+            steps[second] = a > b ? b : a;
         };
         if constexpr (N == 4) {
             order(0, 1);
@@ -91,6 +105,5 @@ class ColourGrid {
     }
 
     std::vector<Node> nodes_;
-    std::array<quint8, 256> cell_;
-    std::array<quint8, 256> part_;  ///< Of 255.
+    std::array<std::array<Place, 256>, N> places_;
 };

@@ -53,6 +53,7 @@ Context newContext() {
 
 cmsColorSpaceSignature spaceOf(ColourKind kind) {
     if (kind == ColourKind::grey) return cmsSigGrayData;
+    if (kind == ColourKind::lab) return cmsSigLabData;
     return kind == ColourKind::inks ? cmsSigCmykData : cmsSigRgbData;
 }
 
@@ -189,17 +190,17 @@ class GridColours : public ColourTransform {
   public:
     explicit GridColours(std::vector<typename ColourGrid<N>::Node> nodes) : grid_(std::move(nodes)) {}
 
-    static Made of(const Source& source) {
+    static Made of(const Source& source, cmsUInt32Number format) {
         using Grid = ColourGrid<N>;
-        const Sampler sampler(source, N == 3 ? TYPE_RGB_16 : TYPE_CMYK_16);
+        const Sampler sampler(source, format);
         if (!sampler.isValid()) return {};
-        std::vector<typename Grid::Node> nodes(size_t(Grid::nodeCount()), {0, 0, 0, 0});
+        std::vector<typename Grid::Node> nodes(size_t(Grid::nodeCount()));
         std::array<std::array<quint16, N>, Grid::side> row;
         std::array<std::array<quint16, 3>, Grid::side> colours;
         for (int first = 0; first < Grid::nodeCount(); first += Grid::side) {
             for (int i = 0; i < Grid::side; ++i) row[size_t(i)] = valuesAt(first + i);
             if (!sampler.run(row[0].data(), colours[0].data(), Grid::side)) return {};
-            for (size_t i = 0; i < colours.size(); ++i) std::ranges::copy(colours[i], nodes[size_t(first) + i].begin());
+            std::ranges::transform(colours, nodes.begin() + first, Grid::node);
         }
         return std::make_shared<GridColours>(std::move(nodes));
     }
@@ -252,8 +253,10 @@ Made made(const QByteArray& bytes, ColourKind kind) {
     if (!profile || cmsGetColorSpace(profile.get()) != spaceOf(kind)) return {};
     const Source source{context.get(), profile.get()};
     if (kind == ColourKind::grey) return GreyColours::of(source);
-    if (kind == ColourKind::inks) return GridColours<4>::of(source);
-    const Made lights = isMatrix(profile.get()) ? MatrixColours::of(profile.get()) : GridColours<3>::of(source);
+    if (kind == ColourKind::inks) return GridColours<4>::of(source, TYPE_CMYK_16);
+    if (kind == ColourKind::lab) return GridColours<3>::of(source, TYPE_Lab_16);
+    const Made lights =
+        isMatrix(profile.get()) ? MatrixColours::of(profile.get()) : GridColours<3>::of(source, TYPE_RGB_16);
     return lights && hardlyChanges(*lights) ? std::make_shared<SameColours>() : lights;
 }
 

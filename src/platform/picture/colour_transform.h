@@ -8,7 +8,8 @@
 enum class ColourKind {
     grey,    ///< One brightness.
     lights,  ///< Red, green and blue.
-    inks     ///< Cyan, magenta, yellow and black.
+    inks,    ///< Cyan, magenta, yellow and black.
+    lab      ///< Brightness, and two colours around 128.
 };
 
 /// Turns the colours that an ICC profile describes into those of the screen, which are sRGB. It is made once for a

@@ -2,6 +2,8 @@
 
 #include <QTransform>
 #include <QtEndian>
+#include <cstring>
+#include <utility>
 
 namespace {
 
@@ -9,6 +11,11 @@ constexpr QByteArrayView signature("Exif\0\0", 6);
 constexpr quint16 orientationTag = 0x0112;
 constexpr quint16 previewOffsetTag = 0x0201;
 constexpr quint16 previewLengthTag = 0x0202;
+constexpr quint16 detailsTag = 0x8769;  // leads to the camera's own directory
+constexpr quint16 widthTag = 0xA002;
+constexpr quint16 heightTag = 0xA003;
+constexpr quint16 shortType = 3;
+constexpr int typeInEntry = 2;
 constexpr int countLength = 2;
 constexpr int entryLength = 12;
 constexpr int valueInEntry = 8;
@@ -46,11 +53,41 @@ qsizetype entryOf(const Tiff& tiff, qsizetype directory, quint16 tag) {
 }  // namespace
 
 Orientation orientationFromApp1(QByteArrayView segment) {
-    if (!segment.startsWith(signature)) return uprightOrientation;
-    const Tiff tiff(segment.sliced(signature.size()));
+    return segment.startsWith(signature) ? orientationFromTiff(segment.sliced(signature.size())) : uprightOrientation;
+}
+
+Orientation orientationFromTiff(QByteArrayView block) {
+    const Tiff tiff(block);
     const qsizetype entry = entryOf(tiff, tiff.longAt(4), orientationTag);
     const int value = entry < 0 ? uprightOrientation : tiff.shortAt(entry + valueInEntry);
     return value >= 1 && value <= 8 ? value : uprightOrientation;
+}
+
+QByteArray uprightExif(const QByteArray& block, QSize pixels) {
+    if (!block.startsWith("II*") && !block.startsWith(QByteArrayView("MM\0*", 4))) return {};
+    const Tiff tiff(block);
+    const Orientation orientation = orientationFromTiff(block);
+    QByteArray upright = block;
+    const auto put = [&](qsizetype place, auto number) {
+        if (place + qsizetype(sizeof number) > upright.size()) return;
+        const auto stored = block.startsWith("MM") ? qToBigEndian(number) : qToLittleEndian(number);
+        std::memcpy(upright.data() + place, &stored, sizeof stored);
+    };
+    const qsizetype first = tiff.longAt(4);
+    const qsizetype details = entryOf(tiff, first, detailsTag);
+    const qsizetype directory = details < 0 ? -1 : qsizetype(tiff.longAt(details + valueInEntry));
+    for (const auto& [tag, side] : {std::pair(widthTag, pixels.width()), std::pair(heightTag, pixels.height())}) {
+        const qsizetype entry = directory < 0 ? -1 : entryOf(tiff, directory, tag);
+        if (entry < 0) continue;
+        if (tiff.shortAt(entry + typeInEntry) == shortType)
+            put(entry + valueInEntry, quint16(side));
+        else
+            put(entry + valueInEntry, quint32(side));
+    }
+    if (orientation == uprightOrientation) return upright;
+    put(entryOf(tiff, first, orientationTag) + valueInEntry, quint16(uprightOrientation));
+    put(first + countLength + qsizetype(tiff.shortAt(first)) * entryLength, quint32(0));
+    return upright;
 }
 
 // The directory of the small picture follows that of the photograph.

@@ -1,11 +1,11 @@
 #include "platform/base/error.h"
 #include "platform/base/unnamed_file.h"
+#include "platform/picture/on_white.h"
 #include "platform/picture/picture.h"
 
 #include <QBuffer>
 #include <QDir>
 #include <QImageWriter>
-#include <QPainter>
 #include <QtEndian>
 #include <algorithm>
 #include <string_view>
@@ -13,14 +13,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-QImage onWhite(const QImage& image) {
-    if (!image.hasAlphaChannel()) return image.convertToFormat(QImage::Format_RGB32);
-    QImage opaque(image.size(), QImage::Format_RGB32);
-    opaque.fill(Qt::white);
-    QPainter(&opaque).drawImage(QRect(QPoint(), image.size()), image);
-    return opaque;
-}
 
 QByteArray encoded(const QImage& image, const char* format, int quality) {
     QByteArray bytes;
