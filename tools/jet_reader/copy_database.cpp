@@ -2,7 +2,7 @@
 
 #include "code_page.h"
 #include "copy_writer.h"
-#include "limits.h"
+#include "helper/limits.h"
 
 namespace {
 
@@ -13,7 +13,7 @@ void surveyTable(JetFile& file, const TablePlace& place, CodePageSurvey& survey)
         for (const JetColumn& column : table.columns()) survey.add(column.nameBytes);
         while (table.next()) {
             for (size_t i = 0; i < table.columns().size(); ++i) survey.add(table.textBytes(i));
-            tellProgress();
+            tellProgress(int(JetOutcome::wrongCall));
         }
     } catch (const JetFailure&) {
         return;
