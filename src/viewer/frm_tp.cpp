@@ -48,6 +48,7 @@ frmTp::frmTp(Windows& windows) : windows_(windows) {
     show_ = std::make_unique<SlideShow>(*page_, *strip_);
     picYc = new ShowDialog(form_);
     lstLs = make<DropList>(form_, u"lstLs"_s);
+    lstLs->setAccessibleName(u"可选的各项"_s);
     for (SmallDialog* dialog : dialogs()) dialog->installEventFilter(this);
     tmr1 = new QTimer(this);
     tmr1->setObjectName(u"tmr1"_s);

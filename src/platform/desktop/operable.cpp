@@ -24,32 +24,36 @@ Press* pressOf(const QObject* control) {
 
 class OperableFace : public QAccessibleWidget {
   public:
-    OperableFace(QWidget* control, const Press& press) : QAccessibleWidget(control, press.role), press_(press) {}
+    OperableFace(QWidget* control, Press* press) : QAccessibleWidget(control, press->role), press_(press) {}
 
     QString text(QAccessible::Text kind) const override {
         const QString text = QAccessibleWidget::text(kind);
         const auto* label = qobject_cast<const QLabel*>(widget());
         return kind == QAccessible::Name && text.isEmpty() && label != nullptr ? label->text() : text;
     }
-    QStringList actionNames() const override { return press_.press ? QStringList{pressAction()} : QStringList(); }
+    QStringList actionNames() const override { return canPress() ? QStringList{pressAction()} : QStringList(); }
     void doAction(const QString& name) override {
-        if (press_.press && name == pressAction() && widget()->isEnabled()) press_.press();
+        if (canPress() && name == pressAction() && widget()->isEnabled()) press_->press();
     }
 
   private:
-    const Press& press_;  ///< Lives as long as the control.
+    bool canPress() const { return press_ && press_->press; }
+    const QPointer<Press> press_;
 };
 
 QAccessibleInterface* faceOf(const QString&, QObject* object) {
     auto* control = qobject_cast<QWidget*>(object);
-    const Press* press = control != nullptr ? pressOf(control) : nullptr;
-    return press != nullptr ? new OperableFace(control, *press) : nullptr;
+    Press* press = control != nullptr ? pressOf(control) : nullptr;
+    return press != nullptr ? new OperableFace(control, press) : nullptr;
 }
 
 }  // namespace
 
 void beOperable(QWidget* control, QAccessible::Role role, std::function<void()> press) {
     QAccessible::installFactory(faceOf);
+    // A face that was asked for before, for a tool tip, say, is another one.
+    if (QAccessibleInterface* former = QAccessible::queryAccessibleInterface(control))
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(former));
     delete pressOf(control);
     new Press(control, role, std::move(press));
 }

@@ -128,7 +128,7 @@ Colours dark(const QColor& ground) {
         .midlight = lighter(0.1),
         .ink = ink,
         .faint = mixed(window, ink, 0.7),
-        .muted = mixed(window, ink, 0.36),
+        .muted = mixed(window, ink, 0.32),
         .accent = accent,
         .onAccent = darker(0.5),
         .quietChoice = mixed(window, accent, 0.75),
