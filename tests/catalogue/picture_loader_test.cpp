@@ -3,6 +3,7 @@
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
+#include "platform/picture/wide_colours.h"
 
 #include <QtTest/QtTest>
 
@@ -54,6 +55,21 @@ class TestPictureLoader : public QObject {
         loader.want(requests);  // all at hand: nothing is decoded again
         QTest::qWait(0);
         QCOMPARE(loaded.pictures.size(), requests.size());
+    }
+
+    void aProfileIsAppliedToWhatIsShown() {
+        QImage image({400, 300}, QImage::Format_RGB32);
+        image.fill(qRgb(200, 100, 50));
+        constexpr unsigned displayP3 = 12;
+        changeRow(u"tc01"_s, {{u"图片"_s, encodeJpeg(image, 95, wideProfile(displayP3))}});
+        PictureLoader loader;
+        const Loaded loaded(loader);
+        loader.want({requestsOf(u"tc01"_s)[0]});
+        QTRY_COMPARE(loaded.pictures.size(), size_t(1));
+        QCOMPARE(loaded.pictures[0].image().size(), place);
+        const QColor shown = loaded.pictures[0].image().pixelColor(10, 7), expected(215, 93, 31);
+        QVERIFY(std::abs(shown.red() - expected.red()) <= 3 && std::abs(shown.green() - expected.green()) <= 3 &&
+                std::abs(shown.blue() - expected.blue()) <= 3);
     }
 
     void bytesThatAreNoPictureAreReportedOnceAndKnown() {

@@ -84,7 +84,7 @@ class Sampler {
 
   private:
     Transform transform_;
-    Clock::time_point end_ = Clock::now() + std::chrono::seconds(2);
+    Clock::time_point end_ = Clock::now() + std::chrono::seconds(5);
 };
 
 // ------------------------------------------------------------------------------------------------------ three
@@ -194,7 +194,7 @@ class GridColours : public ColourTransform {
         using Grid = ColourGrid<N>;
         const Sampler sampler(source, format);
         if (!sampler.isValid()) return {};
-        std::vector<typename Grid::Node> nodes(size_t(Grid::nodeCount()));
+        std::vector<typename Grid::Node> nodes(static_cast<size_t>(Grid::nodeCount()));
         std::array<std::array<quint16, N>, Grid::side> row;
         std::array<std::array<quint16, 3>, Grid::side> colours;
         for (int first = 0; first < Grid::nodeCount(); first += Grid::side) {
