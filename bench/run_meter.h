@@ -4,21 +4,12 @@
 #include "memory.h"
 #include "table.h"
 
-#include <sys/resource.h>
-
 /// What a run by the pages of the settings window costs its user.
 struct RunCost {
     double milliseconds = 0;  ///< From the click to the closing message.
     double longestWait = 0;   ///< The longest time, in milliseconds, in which no event was handled.
-    double memory = 0;        ///< Megabytes above those before the click, helper programs included.
+    double memory = 0;        ///< Megabytes above those before the click.
 };
-
-/// Megabytes of the largest helper program so far.
-inline double memoryOfHelpers() {
-    rusage usage{};
-    getrusage(RUSAGE_CHILDREN, &usage);
-    return double(usage.ru_maxrss) / 1024;
-}
 
 /// Clicks a button, answers all boxes with their first answer and waits for one that begins with `closing`.
 inline RunCost measureRun(SettingsWindow& window, const QString& button, const QString& closing) {

@@ -40,6 +40,11 @@ std::vector<BackgroundHashing::Made> BackgroundHashing::take() {
     return batch;
 }
 
+void BackgroundHashing::giveBack(std::vector<Made> batch) {
+    const std::lock_guard lock(mutex_);
+    made_.insert(made_.begin(), std::make_move_iterator(batch.begin()), std::make_move_iterator(batch.end()));
+}
+
 void BackgroundHashing::work(const std::stop_token& stop) {
     workInTheBackground();
     for (waitFor(pace_.start, stop); !stop.stop_requested(); waitFor(pace_.rest, stop)) {

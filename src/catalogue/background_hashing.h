@@ -37,6 +37,8 @@ class BackgroundHashing {
 
     /// What was made, a batch at most. It is given away once.
     std::vector<Made> take();
+    /// What could not be stored comes first when it is taken again.
+    void giveBack(std::vector<Made> batch);
 
   private:
     using Clock = std::chrono::steady_clock;

@@ -6,6 +6,11 @@
 
 using namespace Qt::Literals::StringLiterals;
 
+Fingerprint PictureHashes::of(const StoredValue& picture) const {
+    const auto kept = hashes_.of(picture.id());
+    return kept ? Fingerprint{kept->length, kept->sha256} : Fingerprint();
+}
+
 KnownPictures::KnownPictures(const Database& catalogue, const QString& album, GoesOn goesOn)
     : goesOn_(std::move(goesOn)) {
     const ValueHashes hashes(catalogue);

@@ -18,6 +18,8 @@ class PictureHashes {
     /// `Update` has just stored is that of `Recordset::storedAt`.
     void note(const StoredValue& picture, const Fingerprint& print) { note(picture.id(), print); }
     void note(qint64 picture, const Fingerprint& print) { hashes_.note(picture, print.length, print.sha256); }
+    /// The fingerprint of a picture, where one is kept; an empty one otherwise.
+    Fingerprint of(const StoredValue& picture) const;
     bool areKept() const { return hashes_.areKept(); }
 
   private:

@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <utility>
 
 namespace {
 
@@ -28,7 +29,6 @@ HashKeeping::HashKeeping(const QString& catalogue, const Pace& pace)
           [this] { QMetaObject::invokeMethod(this, &HashKeeping::storeWhenQuiet, Qt::QueuedConnection); },
           pace.hashing) {
     wait_.setSingleShot(true);
-    wait_.setInterval(pace.quiet);
     wait_.callOnTimeout(this, &HashKeeping::storeWhenQuiet);
     QCoreApplication::instance()->installEventFilter(this);
 }
@@ -42,15 +42,15 @@ bool HashKeeping::isQuiet() const {
     return !LongWork::isAnyAtWork() && Clock::now() >= lastInput_.load() + pace_.quiet;
 }
 
-/// What cannot be stored is made once more when the program runs the next time. A copy of the file would begin anew
-/// with every change.
+/// A copy of the file would begin anew with every change.
 void HashKeeping::storeWhenQuiet() {
     if (!isQuiet() || BackupRun::current() != nullptr) {
-        wait_.start();
+        wait_.start(pace_.quiet);
         return;
     }
-    const std::vector<BackgroundHashing::Made> batch = hashing_.take();
+    std::vector<BackgroundHashing::Made> batch = hashing_.take();
     if (batch.empty()) return;
-    attempt([&] { store(batch); });
-    wait_.start();
+    const bool isStored = attempt([&] { store(batch); });
+    if (!isStored) hashing_.giveBack(std::move(batch));
+    wait_.start(isStored ? pace_.quiet : pace_.again);
 }

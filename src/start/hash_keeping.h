@@ -17,6 +17,7 @@ class HashKeeping : public QObject {
     struct Pace {
         std::chrono::milliseconds quiet{2000};  ///< After the last input.
         BackgroundHashing::Pace hashing = {};
+        std::chrono::milliseconds again{30000};  ///< What could not be stored is tried again after it.
     };
     HashKeeping(const QString& catalogue, const Pace& pace);
     explicit HashKeeping(const QString& catalogue) : HashKeeping(catalogue, Pace()) {}

@@ -128,7 +128,7 @@ class TestTransferPage : public QObject {
         window.typeName(u"海边.bmp"_s);
         window.button(u"cmdWm(1)"_s).setFocus();
         QTRY_COMPARE(window.text(u"txtWm"_s), u"海边.jpg"_s);
-        window.click(u"cmdWm(0)"_s);
+        window.confirmName();
         window.expect(
             {.texts = {{u"lblWm"_s, u"输入图册《旅行》中序号＝3 的保存文件名："_s}, {u"txtWm"_s, u"123.jpg"_s}}});
         QTest::keyClicks(&window.box(u"txtWm"_s), u"b"_s);
@@ -190,6 +190,7 @@ class TestTransferPage : public QObject {
         window.pressKey(Qt::Key_Delete);
         window.expect({.disabled = u"cmdWm(0)"_s});
         window.pressKey(Qt::Key_Return);
+        QTRY_COMPARE(window.boxes.size(), 1);
         QCOMPARE(window.said(), QStringList{u"请填写文件名！"_s});
         QCOMPARE(numbersOf(u"tc01"_s).size(), 10);
         for (const QString& name : {u"a"_s, u"b"_s}) window.giveName(name);
@@ -235,6 +236,24 @@ class TestTransferPage : public QObject {
         QCOMPARE(window.exported(), (QStringList{u"one.jpg"_s, u"same.jpg"_s}));
         QCOMPARE(window.strayFiles(), QStringList());
         QCOMPARE(window.label(u"lblJs"_s), u"旅行 全部共：7条"_s);
+    }
+
+    /// Its file is not written again.
+    void aRecordThatStaysIsInDoubt() {
+        TransferWindow window;
+        QProcess::execute(u"sqlite3"_s, {mekTp::cataloguePath(),
+                                         u"CREATE TRIGGER stays BEFORE DELETE ON tc01 WHEN OLD.序号 = 1 "
+                                         "BEGIN SELECT RAISE(ABORT, 'stays'); END"_s});
+        window.chooseRows({0, 1});
+        window.chooseFolder();
+        window.click(u"cmdYd"_s);
+        for (const QString& name : {u"a"_s, u"b"_s}) window.giveName(name);
+        const QStringList said = window.said();
+        QVERIFY(said.size() == 2 && said[0].startsWith(u"文件“a.jpg”已写成，但记录没有从图册删除"_s));
+        QCOMPARE(said[1], closing.arg(1));
+        QVERIFY(window.report()[1].startsWith(u"1 → a.jpg|已存入，但没有完成|"_s));
+        QCOMPARE(window.exported(), (QStringList{u"a.jpg"_s, u"b.jpg"_s}));
+        QCOMPARE(numbersOf(u"tc01"_s).first(2), (QStringList{u"1"_s, u"3"_s}));
     }
 
     void cancelledNamesKeepTheRest() {
@@ -344,7 +363,7 @@ class TestTransferPage : public QObject {
             QCOMPARE(window.label(u"lblWm"_s), question);
             QCOMPARE(window.text(u"txtWm"_s), u"a.jpg"_s);
         }
-        window.click(u"cmdWm(0)"_s);  // the stick is back
+        window.confirmName();  // the stick is back
         QCOMPARE(window.exported(), QStringList{u"a.jpg"_s});
         {
             putValue(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, u"图片"_s, QByteArray(3 << 20, 'x'));

@@ -51,9 +51,18 @@ class TransferWindow : public DatabaseWindow {
     }
     void giveName(const QString& name) const {
         typeName(name);
-        click(QStringLiteral("cmdWm(0)"));
+        confirmName();
     }
-    void pressKey(Qt::Key key) const { QTest::keyClick(&box(QStringLiteral("txtWm")), key); }
+    /// Waits until the next name is asked for, or this one again.
+    void confirmName() const {
+        click(QStringLiteral("cmdWm(0)"));
+        waitForName();
+    }
+    void pressKey(Qt::Key key) const {
+        QTest::keyClick(&box(QStringLiteral("txtWm")), key);
+        if (key == Qt::Key_Return && !text(QStringLiteral("txtWm")).isEmpty()) waitForName();
+    }
+    void waitForName() const { QTRY_VERIFY(!shown(QStringLiteral("fraWm")) || isEnabled(QStringLiteral("cmdWm(0)"))); }
 
     QStringList exported() const { return QDir(pictures.path()).entryList({QStringLiteral("*.jpg")}, QDir::Files); }
     /// Files that no one has asked for.

@@ -36,21 +36,8 @@ struct RunForm {
         chooseInBoxesWith({});
     }
 
-    void start() {
-        frame->runBar.start(
-            {{5000, 50, 2000, 285}}, {u"录入"_s},
-            [this](RunWatch& watch) {
-                RunReport report;
-                for (qsizetype i = 0; i < things && !report.stopped; ++i) {
-                    steps.acquire();
-                    report.items.push_back({i, QString::number(i)});
-                    report.stopped = !watch.progress({int((i + 1) * 100 / things), i + 1, things, 0});
-                }
-                hasEnded = true;
-                return report;
-            },
-            [this](const RunReport& report) { ended = report; });
-    }
+    void start() { frame->runBar.start({{5000, 50, 2000, 285}}, {u"录入"_s}, run, after); }
+    void startStep() { frame->runBar.startStep({u"录入"_s}, run, after); }
     void goOn(int by) { steps.release(by); }
     template <typename Control = QWidget>
     Control* find(const QString& name) const {
@@ -60,6 +47,17 @@ struct RunForm {
     void click(const QString& name) const { QTest::mouseClick(find(name), Qt::LeftButton); }
 
     static constexpr int things = 3;
+    const RunBar::Run run = [this](RunWatch& watch) {
+        RunReport report;
+        for (qsizetype i = 0; i < things && !report.stopped; ++i) {
+            steps.acquire();
+            report.items.push_back({i, QString::number(i)});
+            report.stopped = !watch.progress({int((i + 1) * 100 / things), i + 1, things, 0});
+        }
+        hasEnded = true;
+        return report;
+    };
+    const RunBar::After after = [this](const RunReport& report) { ended = report; };
     SampleCatalogue catalogue;
     RecordingWindows windows;
     QList<BoxText> boxes;
@@ -108,6 +106,20 @@ class TestRunBar : public QObject {
         window.click(u"cmdBz"_s);
         QCOMPARE(window.windows.topics.size(), 1);
         QCOMPARE(window.line(), QString());
+    }
+
+    /// Only a step that takes long is seen, and its outcome is told by others.
+    void aStep() {
+        for (const bool isLong : {false, true}) {
+            RunForm window;
+            window.startStep();
+            QVERIFY(!window.find(u"cmdTz"_s)->isVisible());
+            if (isLong) QTRY_VERIFY(window.find(u"cmdTz"_s)->isVisible() && !window.find(u"prg2"_s)->isVisible());
+            window.goOn(RunForm::things);
+            QTRY_VERIFY(window.ended);
+            QVERIFY(!window.find(u"cmdTz"_s)->isVisible());
+            QCOMPARE(window.line(), QString());
+        }
     }
 
     void stops_data() {

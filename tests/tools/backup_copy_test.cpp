@@ -1,7 +1,14 @@
 #include "../support/run_all.h"
+#include "backup/catalogue_copy.h"
 #include "backup/copy_pace.h"
+#include "platform/base/file_lock.h"
+#include "platform/database/records/database.h"
 
 #include <QtTest/QtTest>
+#include <optional>
+#include <thread>
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -27,6 +34,22 @@ class TestBackupCopy : public QObject {
             }
             QCOMPARE(pace.pages() / pagesPerMs, heldMs);
         }
+    }
+
+    /// What it has changed is in the copy.
+    void aRunComesToItsEndFirst() {
+        const QTemporaryDir folder;
+        const QString catalogue = folder.filePath(u"lunq.mdb"_s), backup = folder.filePath(u"backup.mdb"_s);
+        const Database database = createDatabase(catalogue);
+        QVERIFY(QFile(folder.filePath(u"lunq.lock"_s)).open(QIODevice::WriteOnly));
+        std::optional<FileLock> mark(std::in_place);
+        QVERIFY(mark->take(runMarkOf(catalogue)) == FileLock::Outcome::taken);
+        std::thread copying([&] { copyCatalogue(catalogue, backup); });
+        const bool hasBegun = QTest::qWaitFor([&] { return QFileInfo::exists(backup + u".new"_s); });
+        database.Execute(u"CREATE TABLE late ([序号] LONG)"_s);
+        mark.reset();
+        copying.join();
+        QVERIFY(hasBegun && OpenDatabase(backup).TableDefs().contains(u"late"_s));
     }
 
     void oneSlowStepIsFollowedByShortOnes() {

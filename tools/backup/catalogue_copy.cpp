@@ -2,6 +2,7 @@
 
 #include "backup/copy_pace.h"
 #include "platform/base/error.h"
+#include "platform/base/file_lock.h"
 #include "platform/base/files.h"
 #include "platform/base/system_reason.h"
 
@@ -26,6 +27,7 @@ constexpr int knockMs = 1;
 constexpr int knocks = 1000;
 /// A catalogue that never rests that long cannot be copied.
 constexpr qint64 patienceMs = 60 * 60 * 1000;
+constexpr int runPauseMs = 100;
 
 /// A file that is gone again unless it was moved away.
 class NewFile {
@@ -71,14 +73,26 @@ int waitForAMoment(void*, int tried) {
     return tried < knocks ? 1 : 0;
 }
 
+/// Whether the program takes pictures in or out just now, in long runs of changes: each would make the copy begin anew.
+/// A program that was killed has no run.
+bool isRunUnderWay(const QString& catalogue) {
+    FileLock mark;
+    return mark.take(runMarkOf(catalogue)) == FileLock::Outcome::heldByAnother;
+}
+
 /// All pages under one short lock after another. A change of the source in between makes the engine begin anew; the
 /// locks then grow longer, up to what a writer is ready to wait for. Every step goes to the disk before the next one,
 /// while the source is free: were it left to gather, the system would some time make a step wait for all of it.
-void copyPages(SQLite::Backup&& backup, QFile& written) {
+void copyPages(SQLite::Backup&& backup, const QString& from, QFile& written) {
     QElapsedTimer whole;
     whole.start();
     CopyPace pace;
     while (!whole.hasExpired(patienceMs)) {
+        if (isRunUnderWay(from)) {
+            QThread::msleep(runPauseMs);
+            whole.restart();
+            continue;
+        }
         QElapsedTimer step;
         step.start();
         const int result = backup.executeStep(pace.pages());
@@ -112,7 +126,7 @@ void copyDatabase(const QString& from, const QString& to) {
         copy.exec("PRAGMA journal_mode = OFF");
         copy.exec("PRAGMA synchronous = OFF");
         // The engine has ended the copy when this object is gone, not before: only then is it looked through.
-        copyPages(SQLite::Backup(copy, source), written);
+        copyPages(SQLite::Backup(copy, source), from, written);
         requireWhole(copy, from);
     } catch (const SQLite::Exception& failed) {
         throw Error(u"“%1”不能备份到“%2”：%3。"_s.arg(from, to, reasonOf(failed)));

@@ -100,7 +100,7 @@ SentPicture finishFile(Recordset& record, const FileTarget& target, bool move) {
         return {};
     } catch (const std::exception& failure) {
         const QString missing = move ? u"记录没有从图册删除（%1）"_s : u"%1"_s;
-        return {SentPicture::failed, u"文件“%1”已写成，但"_s.arg(target.name) + missing.arg(causeOf(failure))};
+        return {SentPicture::doubtful, u"文件“%1”已写成，但"_s.arg(target.name) + missing.arg(causeOf(failure))};
     }
 }
 

@@ -19,6 +19,7 @@ struct SentPicture {
         done,
         badName,     ///< Another name helps.
         impossible,  ///< No name helps: there is no record, or it has no picture.
+        doubtful,    ///< Its file is there, but its record did not go, or the disk may not have it.
         failed       ///< The same step may go through later.
     };
     Outcome outcome = done;

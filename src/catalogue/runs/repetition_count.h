@@ -1,11 +1,13 @@
 #pragma once
 
 #include "catalogue/fingerprint.h"
+#include "catalogue/runs/record_copy.h"
 
 #include <QString>
 #include <QStringList>
 #include <functional>
-#include <thread>
+#include <memory>
+#include <variant>
 
 class KnownPictures;
 
@@ -14,13 +16,25 @@ class KnownPictures;
 /// `goesOn`, which is asked before each piece in any thread, says no, the count ends and is worth nothing.
 int countRepetitions(KnownPictures& album, const QStringList& paths, const GoesOn& goesOn);
 
-/// The same in a thread of its own, over a connection of its own. It ends at once with the object.
+/// The same for records of another database. What their pictures are is read where nothing is kept of them.
+int countRepetitions(KnownPictures& album, const CopyOrder& records, const GoesOn& goesOn);
+
+/// The same in a thread of its own, over connections of its own.
 class RepetitionCount {
   public:
-    /// `counted` is called in the thread when the count is done; never where the album cannot be read.
-    RepetitionCount(const QString& catalogue, const QString& album, const QStringList& paths,
-                    std::function<void(int)> counted);
+    using Things = std::variant<QStringList, CopyOrder>;  ///< Paths of files, or records.
+
+    /// `counted` is called in the thread when the count is done; never where the album cannot be read, nor after the
+    /// object has gone.
+    RepetitionCount(const QString& catalogue, const QString& album, const Things& things,
+                    const std::function<void(int)>& counted);
+    /// Waits for nothing: a thread that reads from where nothing comes is left behind. The end of the program waits for
+    /// it, but not for long.
+    ~RepetitionCount();
+    RepetitionCount(const RepetitionCount&) = delete;
+    RepetitionCount& operator=(const RepetitionCount&) = delete;
 
   private:
-    std::jthread thread_;
+    struct Wanted;
+    std::shared_ptr<Wanted> wanted_;
 };

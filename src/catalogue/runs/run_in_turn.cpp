@@ -56,7 +56,7 @@ void RunInTurn::takeGroup() {
     const auto failedBefore = settleLast();
     const auto failedLater = group.stored.empty() ? std::nullopt : finish(group.stored);
     unsettled_ = std::move(group.stored);
-    if (group.failed) report_.items.push_back(*group.failed);
+    if (group.failed) unsettled_.push_back(*group.failed);
     for (const auto& failed : {failedBefore, failedLater, group.failed}) askAbout(failed);
     if (isLost && progress_.done < end_) open();
 }

@@ -42,7 +42,8 @@ class RunInTurn {
     /// one that has failed. Does not throw.
     virtual std::optional<RunItem> finish(std::vector<RunItem>&) { return {}; }
     /// The same, but later: what `finish` has begun goes on while the next group is taken. Called when that one is
-    /// stored or lost, before its own `finish`, and at the end of the run.
+    /// stored or lost, before its own `finish`, and at the end of the run. What has failed behind a group is in the
+    /// list.
     virtual std::optional<RunItem> settle(std::vector<RunItem>&) { return {}; }
     /// Whether a thing can be stored without waiting for where it comes from, but for a moment.
     virtual bool isAtHand(qsizetype) const { return true; }
@@ -69,7 +70,7 @@ class RunInTurn {
     RunWatch* watch_ = nullptr;  ///< During the run.
     RunReport report_;
     RunProgress progress_;
-    std::vector<RunItem> unsettled_;  ///< The group that was stored last.
+    std::vector<RunItem> unsettled_;  ///< The group that was stored last, and what failed behind it.
     qsizetype end_ = 0;               ///< Where the run ends.
     bool passesOver_ = false;
     qsizetype singlyUpTo_ = 0;  ///< Things before this place are stored each by itself.

@@ -84,6 +84,12 @@ SourceValues SourceReader::read(const Database& source, qsizetype place) const {
     return read;
 }
 
+StoredValue SourceReader::picture(const Database& source, qsizetype place) const {
+    const Recordset record = find(source, place);
+    const QString column = sourceOf(order_.mapping, u"图片"_s);
+    return record.Eof() || column.isEmpty() ? StoredValue() : record.storedAt(record.row(), column);
+}
+
 bool SourceReader::wantsSizeText(const SourceValues& record) const {
     if (!order_.fillFields || record.picture.isEmpty()) return false;
     for (std::size_t i = 0; i < order_.mapping.size(); ++i)

@@ -29,6 +29,9 @@ class SourceReader {
     /// Throws `Error` when there is no such record, or none can be found by this kind of key.
     SourceValues read(const Database& source, qsizetype place) const;
 
+    /// What goes to 图片, unread. Null when there is no such record, or no picture.
+    StoredValue picture(const Database& source, qsizetype place) const;
+
     /// The criteria that finds a record by its key. Throws `Error` for this kind of key.
     QString criteria(qsizetype place) const { return keyCriteria(index_, order_.records[place].key); }
     /// The key of a record, where it is a whole number.

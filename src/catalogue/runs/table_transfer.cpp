@@ -3,6 +3,7 @@
 #include "catalogue/album_rules.h"
 #include "catalogue/album_tables.h"
 #include "catalogue/next_number.h"
+#include "catalogue/picture_hashes.h"
 #include "catalogue/runs/chosen_record.h"
 #include "catalogue/runs/other_thread.h"
 #include "catalogue/runs/read_ahead.h"
@@ -33,6 +34,7 @@ struct OnItsWay {
     QString objection = {};               ///< Why it stays where it is.
     std::vector<FieldValue> values = {};  ///< By pair of the mapping; Null where nothing is written.
     qint64 bytes = 0;                     ///< Of its pictures.
+    Fingerprint print = {};               ///< Of 图片, where the album keeps it.
 };
 
 /// What was stored together in the target.
@@ -153,6 +155,7 @@ class TableTransfer : public RunIntoDatabase {
           table_(table),
           target_(target),
           move_(move),
+          hashes_(target.database),
           readingBack_(target) {}
 
   protected:
@@ -207,7 +210,7 @@ class TableTransfer : public RunIntoDatabase {
         StoredGroup group = readingBack_.take();
         for (std::size_t i = 0; i < group.rows.size(); ++i)
             if (group.doubts[qsizetype(i)].isEmpty() && group.records[i].bytes > 0) noteVerified(1);
-        if (move_) removeUndoubted(group);
+        if (move_ && !group.rows.empty()) removeUndoubted(group);
         std::optional<RunItem> firstFailed;
         const QString reason = move_ ? u"已写入目标表，但没有从原图册删除（%1）"_s : u"已写入目标表，但%1"_s;
         auto doubt = group.doubts.cbegin();
@@ -233,14 +236,15 @@ class TableTransfer : public RunIntoDatabase {
 
     /// Reads the album in the thread that calls it.
     ReadAhead<OnItsWay>::Prepare reader() const {
-        return [this, album = OpenDatabase(album_.Name())](qsizetype place) {
+        const Database album = OpenDatabase(album_.Name());
+        return [this, album, prints = PictureHashes(album)](qsizetype place) {
             const std::lock_guard lock(albumMutex_);
             const Recordset record = recordsOfRows(album, table_, {chosen_[std::size_t(place)]});
-            return record.Eof() ? OnItsWay{recordVanished} : read(record);
+            return record.Eof() ? OnItsWay{recordVanished} : read(record, prints);
         };
     }
 
-    OnItsWay read(const Recordset& record) const {
+    OnItsWay read(const Recordset& record, const PictureHashes& prints) const {
         // The picture would be lost: it is nowhere else.
         if (move_ && pictureMapped(target_.mapping) == nullptr && record.Fields(pictureColumn).FieldSize() > 0)
             return {u"图片没有对应字段"_s};
@@ -252,6 +256,7 @@ class TableTransfer : public RunIntoDatabase {
             read.values[i] = field.Value();
             if (field.Type() == FieldType::longBinary) read.bytes += field.FieldSize();
         }
+        if (hashes_.areKept()) read.print = prints.of(record.storedAt(0, pictureColumn));
         return read;
     }
 
@@ -262,6 +267,14 @@ class TableTransfer : public RunIntoDatabase {
             if (!record.values[i].isNull()) rows_.Fields(target_.mapping[i].source).SetValue(record.values[i]);
         rows_.Update();
         next_->take();
+        if (!record.print.sha256.isEmpty()) notePrint(record.print);
+    }
+
+    /// Without it the copy is as good.
+    void notePrint(const Fingerprint& print) {
+        const FieldPair* picture = pictureMapped(target_.mapping);
+        if (picture == nullptr) return;
+        attempt([&] { hashes_.note(rows_.storedAt(rows_.rowCount() - 1, picture->source), print); });
     }
 
     /// What stays in the album all the same is in doubt, too.
@@ -287,7 +300,8 @@ class TableTransfer : public RunIntoDatabase {
     std::optional<ReadAhead<OnItsWay>> ahead_;
     Recordset rows_;  ///< Of the target.
     std::optional<NextNumber> next_;
-    StoredGroup group_;  ///< That is being taken.
+    PictureHashes hashes_;  ///< Of the target.
+    StoredGroup group_;     ///< That is being taken.
     ReadingBack readingBack_;
 };
 

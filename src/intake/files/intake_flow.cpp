@@ -173,11 +173,14 @@ void IntakePage::cmdLrClick() {
     const QString description =
         fromFiles() ? intakeDescription(browser_.nameInFocus(), replaces, browser_.selectedCount()) : QString();
     const QStringList files = fromFiles() ? selectedPaths() : QStringList();
-    const auto offer = replaces ? std::nullopt : std::optional(SkipOffer{flow_.targetTable(), files});
+    const CopyOrder records = fromFiles() ? CopyOrder() : database_.order(replaces, chkZd_->isChecked());
+    std::optional<SkipOffer> offer;
+    if (!replaces && fromFiles()) offer = SkipOffer{flow_.targetTable(), files};
+    if (!replaces && !fromFiles()) offer = SkipOffer{flow_.targetTable(), records};
     const std::optional<bool> skipsKnown = askIntake(frame_.form, intakeQuestion(album, replaces, description), offer);
     if (!skipsKnown) return;
     if (!fromFiles()) {
-        CopyOrder order = database_.order(replaces, chkZd_->isChecked());
+        CopyOrder order = records;
         order.skipKnown = *skipsKnown;
         begin({flow_.targetTable(), order});
     } else if (const std::optional<BmpFiles> bmp = askAboutBmp(frame_.form, files)) {

@@ -2,7 +2,6 @@
 
 #include "catalogue/mektp.h"
 #include "catalogue/remembered.h"
-#include "catalogue/runs/repetition_count.h"
 #include "platform/desktop/message_box.h"
 
 #include <QCheckBox>
@@ -22,8 +21,13 @@ QString caption(int count) {
     return caption() + u"（%1 张）"_s.arg(count);
 }
 
-std::unique_ptr<QCheckBox> makeOption(bool on, qsizetype files) {
-    auto option = std::make_unique<QCheckBox>(caption(int(files)));
+int countOf(const RepetitionCount::Things& things) {
+    const auto* files = std::get_if<QStringList>(&things);
+    return int(files != nullptr ? files->size() : std::get<CopyOrder>(things).records.size());
+}
+
+std::unique_ptr<QCheckBox> makeOption(bool on, int most) {
+    auto option = std::make_unique<QCheckBox>(caption(most));
     option->setObjectName(u"chkTg"_s);
     option->setMinimumWidth(option->sizeHint().width());  // the box does not grow with the caption
     option->setText(caption());
@@ -36,7 +40,7 @@ std::unique_ptr<QCheckBox> makeOption(bool on, qsizetype files) {
 std::optional<bool> askIntake(QWidget* parent, const QString& question, const std::optional<SkipOffer>& offer) {
     if (!offer) return ask(parent, question) ? std::optional(false) : std::nullopt;
     bool skips = remembered::flag(skipKnown);
-    std::unique_ptr<QCheckBox> option = makeOption(skips, offer->files.size());
+    std::unique_ptr<QCheckBox> option = makeOption(skips, countOf(offer->things));
     QObject::connect(option.get(), &QCheckBox::toggled, option.get(), [&skips](bool on) { skips = on; });
     QObject receiver;  // calls that the thread has left behind go with it
     const QPointer<QCheckBox> chkTg = option.get();
@@ -49,7 +53,7 @@ std::optional<bool> askIntake(QWidget* parent, const QString& question, const st
             Qt::QueuedConnection);
     };
     std::optional<RepetitionCount> counting;
-    if (!offer->files.isEmpty()) counting.emplace(mekTp::cataloguePath(), offer->album, offer->files, tell);
+    if (countOf(offer->things) > 0) counting.emplace(mekTp::cataloguePath(), offer->album, offer->things, tell);
     const bool isWanted = ask(parent, question, std::move(option));
     counting.reset();
     remembered::setFlag(skipKnown, skips);

@@ -16,6 +16,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -136,24 +137,44 @@ void TransferPage::dropDone(const RunReport& moved) {
 void TransferPage::fzyd(const QString& operation) {
     const bool move = operation == operationText(true);
     if (toFolder())
-        toNextName(move);
+        sendNamed(move);
     else
         toTable(move);
 }
 
+/// The picture in hand, to the name that was given. It is under way when this returns.
+void TransferPage::sendNamed(bool move) {
+    const auto sent = std::make_shared<SentPicture>();
+    const auto send = [sent, catalogue = mekTp::cataloguePath(), record = recordInHand(move),
+                       target = FileTarget{browser_.folder(), names_.name()},
+                       now = progressOfNames()](RunWatch& watch) {
+        watch.progress(now);
+        *sent = transferToFile(OpenDatabase(catalogue), record, target);
+        return RunReport{.stopped = !watch.progress(now)};
+    };
+    frame_.runBar.startStep(transferWords(move), send, [this, sent, move](const RunReport& report) {
+        if (!report.failure.isEmpty()) *sent = {SentPicture::failed, report.failure};
+        named(*sent, move);
+        if (report.stopped && names_.isOpen()) nameCancelled();
+    });
+}
+
+RunProgress TransferPage::progressOfNames() const {
+    const int count = chosen_.count();
+    return {.percent = nameEntryIndex_ * 100 / count, .done = nameEntryIndex_, .all = count};
+}
+
+void TransferPage::named(const SentPicture& sent, bool move) {
+    if (!passesOver(sent, move)) {
+        names_.askAgain();
+        return;
+    }
+    ++nameEntryIndex_;
+    toNextName(move);
+}
+
 void TransferPage::toNextName(bool move) {
     const int count = chosen_.count();
-    if (nameEntryIndex_ < count) {
-        const SentPicture sent = [&] {
-            const Hourglass hourglass;
-            return transferToFile(mekTp::catalogue, recordInHand(move), {browser_.folder(), names_.name()});
-        }();
-        if (!passesOver(sent, move)) {
-            names_.askAgain();
-            return;
-        }
-        ++nameEntryIndex_;
-    }
     if (nameEntryIndex_ < count) {
         prg3_->setValue(nameEntryIndex_ * 100 / count);
         askName();
@@ -179,6 +200,10 @@ bool TransferPage::passesOver(const SentPicture& sent, bool move) {
         case SentPicture::badName:
             say(frame_.form, sent.reason);
             return false;
+        case SentPicture::doubtful:
+            say(frame_.form, sent.reason, BoxIcon::exclamation);
+            named_.items.push_back({nameEntryIndex_, number, Fate::doubtful, sent.reason, names_.name()});
+            return true;
         case SentPicture::failed:
             if (choose(frame_.form, retryQuestion(move, number, sent.reason), {u"再试一次"_s, u"跳过这一张"_s}, 0, 0,
                        BoxIcon::exclamation) == 0)

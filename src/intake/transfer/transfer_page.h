@@ -88,6 +88,9 @@ class TransferPage : public QObject, public SettingsPage {
     void fzzb();
     void fzyd(const QString& operation);
     bool moves() const;
+    void sendNamed(bool move);
+    RunProgress progressOfNames() const;
+    void named(const SentPicture& sent, bool move);
     void toNextName(bool move);
     void askName();
     ChosenRecord recordInHand(bool move) const;

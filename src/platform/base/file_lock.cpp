@@ -1,6 +1,7 @@
 #include "platform/base/file_lock.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <utility>
 
 #ifdef Q_OS_UNIX
@@ -10,6 +11,10 @@
 
 #include <cerrno>
 #endif
+
+QString runMarkOf(const QString& catalogue) {
+    return QFileInfo(QFileInfo(catalogue).canonicalFilePath()).path() + QStringLiteral("/lunq.lock");
+}
 
 #ifdef F_OFD_SETLK
 

@@ -2,6 +2,10 @@
 
 #include <QString>
 
+/// The file that stands for a long run of changes to a catalogue: while it is under way, `FileLock` holds it. It is the
+/// lock file beside the catalogue, whatever name leads there.
+QString runMarkOf(const QString& catalogue);
+
 /// A lock on a file itself: every user sees it, under every name, link or mount that leads to the file. It ends with
 /// the process, however that ends. It is no lock of the database engine. But when it goes, the engine's locks on the
 /// file in this process go too, so it has to outlive every connection.

@@ -4,9 +4,9 @@
 #include "platform/desktop/input_events.h"
 #include "platform/desktop/message_box.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
-#include <QPointer>
 #include <QPushButton>
 #include <QScopeGuard>
 #include <algorithm>
@@ -77,6 +77,7 @@ void LongWork::start(std::function<void()> work, std::function<void()> after) {
     stopping_ = false;
     ++worksUnderWay();
     qApp->installEventFilter(this);
+    silenceButtons();
     auto notBegun = qScopeGuard([this] {
         --worksUnderWay();
         unlock();
@@ -99,7 +100,18 @@ void LongWork::start(std::function<void()> work, std::function<void()> after) {
 
 void LongWork::unlock() {
     qApp->removeEventFilter(this);
+    for (const auto& [button, wasChecked] : std::exchange(silenced_, {})) {
+        if (button == nullptr) continue;
+        if (wasChecked != button->isChecked()) button->setChecked(wasChecked);
+        button->blockSignals(false);
+    }
     Q_EMIT ended();
+}
+
+/// Assistive software presses a button without an event. It is as it was when the work is over.
+void LongWork::silenceButtons() {
+    for (auto* button : window_->window()->findChildren<QAbstractButton*>())
+        if (isLocked(button) && !button->blockSignals(true)) silenced_.push_back({button, button->isChecked()});
 }
 
 void LongWork::stop() {

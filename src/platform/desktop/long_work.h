@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <atomic>
 #include <exception>
 #include <functional>
@@ -8,6 +9,7 @@
 #include <thread>
 #include <vector>
 
+class QAbstractButton;
 class QPushButton;
 class QWidget;
 
@@ -61,12 +63,18 @@ class LongWork : public QObject {
     struct Steps;
 
     bool isLocked(const QObject* part) const;
+    void silenceButtons();
     void unlock();
     void whenNothingAsks(std::function<void()> step);
     void end(const std::exception_ptr& failure, const std::function<void()>& after);
 
     QWidget* window_;
+    struct Silenced {
+        QPointer<QAbstractButton> button;
+        bool wasChecked = false;
+    };
     std::vector<QPushButton*> free_;  ///< The stop button first.
+    std::vector<Silenced> silenced_;
     bool asks_ = false;
     std::vector<std::function<void()>> waiting_;  ///< Steps of the work that wait for an answer.
     std::shared_ptr<Steps> steps_;                ///< What the work wants of the window's thread.

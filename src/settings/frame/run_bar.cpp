@@ -1,5 +1,7 @@
 #include "settings/frame/run_bar.h"
 
+#include "catalogue/mektp.h"
+#include "platform/base/file_lock.h"
 #include "platform/desktop/elided_label.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
@@ -20,6 +22,7 @@ namespace {
 // To the left of the buttons below the pages.
 constexpr int rowTop = 6855;
 constexpr int lineLeft = 120, lineWidth = 4950;
+constexpr int momentMs = 200;
 constexpr int stopLeft = 5190, stopWidth = 990, stopHeight = 330;
 
 }  // namespace
@@ -74,6 +77,8 @@ RunBar::RunBar(QWidget* form, TabControl* sstFz)
     place(cmdTz, stopLeft, rowTop, stopWidth, stopHeight);
     prg2->hide();
     cmdTz->hide();
+    longStep_.setSingleShot(true);
+    longStep_.callOnTimeout(this, &RunBar::showControls);
     connect(&work_, &LongWork::begun, this, &RunBar::begin);
     connect(&work_, &LongWork::stopAsked, this, &RunBar::setStopping);
     connect(&work_, &LongWork::ended, this, &RunBar::end);
@@ -82,18 +87,32 @@ RunBar::RunBar(QWidget* form, TabControl* sstFz)
 
 void RunBar::start(const Place& place, const RunWords& words, Run run, After after) {
     placeBar(place);
+    isStep_ = false;
+    launch(words, std::move(run), [this, after = std::move(after)](const RunReport& report) { finish(report, after); });
+}
+
+void RunBar::startStep(const RunWords& words, Run run, After after) {
+    bar_ = prg2;
+    isStep_ = true;
+    launch(words, std::move(run), std::move(after));
+}
+
+/// A backup waits while the run holds its mark.
+void RunBar::launch(const RunWords& words, Run run, After after) {
     words_ = words;
     const auto report = std::make_shared<RunReport>();
     work_.start(
         [this, words, report, run = std::move(run)] {
             Watch watch(*this, words);
+            FileLock mark;
+            mark.take(runMarkOf(mekTp::cataloguePath()));
             try {
                 *report = run(watch);
             } catch (const std::exception& failure) {
                 *report = {.failure = reasonOf(failure)};
             }
         },
-        [this, report, after = std::move(after)] { finish(*report, after); });
+        [report, after = std::move(after)] { after(*report); });
 }
 
 void RunBar::placeBar(const Place& at) {
@@ -113,12 +132,19 @@ void RunBar::begin() {
     stopping_ = false;
     setLine({});
     cmdTz->setEnabled(true);
-    for (QWidget* part : {static_cast<QWidget*>(bar_), static_cast<QWidget*>(cmdTz)}) {
-        part->show();
-        part->raise();
-    }
+    if (isStep_)
+        longStep_.start(momentMs);
+    else
+        showControls();
     hourglass_.emplace(form_, Qt::BusyCursor);
     Q_EMIT begun();
+}
+
+void RunBar::showControls() {
+    for (QWidget* part : {static_cast<QWidget*>(bar_), static_cast<QWidget*>(cmdTz)}) {
+        part->setVisible(part == cmdTz || !isStep_);
+        part->raise();
+    }
 }
 
 void RunBar::setStopping() {
@@ -130,10 +156,12 @@ void RunBar::setStopping() {
 void RunBar::showProgress(int percent, const QString& text) {
     if (!isAtWork()) return;
     bar_->setValue(percent);
-    if (!stopping_) setLine(text);
+    if (!stopping_ && !cmdTz->isHidden()) setLine(text);
 }
 
 void RunBar::end() {
+    longStep_.stop();
+    if (isStep_) setLine({});
     bar_->hide();
     cmdTz->hide();
     hourglass_.reset();

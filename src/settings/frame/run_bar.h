@@ -6,6 +6,7 @@
 
 #include <QPointer>
 #include <QRect>
+#include <QTimer>
 #include <functional>
 #include <optional>
 
@@ -37,6 +38,9 @@ class RunBar : public QObject {
 
     /// Begins a run. The handler that has called it has nothing more to do: the rest is up to `after`.
     void start(const Place& place, const RunWords& words, Run run, After after);
+    /// A run that is a step of something longer, which is told of when all of it is over: the line and the stop button
+    /// are there only when it takes longer than a moment, and its outcome is not told.
+    void startStep(const RunWords& words, Run run, After after);
     bool isAtWork() const { return work_.isAtWork(); }
 
     /// Tells the outcome in the line, and what became of each thing unless all is as expected. `retry` tries those at
@@ -59,7 +63,9 @@ class RunBar : public QObject {
   private:
     class Watch;
 
+    void launch(const RunWords& words, Run run, After after);
     void placeBar(const Place& place);
+    void showControls();
     void begin();
     void end();
     void finish(const RunReport& report, const After& after);
@@ -77,6 +83,8 @@ class RunBar : public QObject {
     QProgressBar* bar_;  ///< That of the present run.
     RunWords words_;
     bool stopping_ = false;
+    bool isStep_ = false;
+    QTimer longStep_;  ///< Until the controls are shown for a step.
     std::optional<Hourglass> hourglass_;
     QPointer<ReportWindow> report_;
     std::function<void()> leave_;

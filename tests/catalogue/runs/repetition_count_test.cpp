@@ -75,9 +75,40 @@ class TestRepetitionCount : public QObject {
     void countComesFromItsThread() {
         addRow(u"tc01"_s, {{u"序号"_s, 11}, {u"图片"_s, QByteArray("one")}});
         std::atomic<int> counted = -1;
-        const RepetitionCount count(mekTp::cataloguePath(), u"tc01"_s, {write(u"one.jpg"_s, "one")},
+        const RepetitionCount count(mekTp::cataloguePath(), u"tc01"_s, QStringList{write(u"one.jpg"_s, "one")},
                                     [&](int found) { counted = found; });
         QTRY_COMPARE(counted, 1);
+    }
+
+    void recordsOfAnotherAlbum() {
+        addRow(u"tc01"_s, {{u"序号"_s, 11}, {u"图片"_s, QByteArray("one")}});
+        addRow(u"tc01"_s, {{u"序号"_s, 12}, {u"图片"_s, QByteArray("two")}});
+        const QByteArray pictures[] = {"one", "other", "two\0\0", {}, "three"};
+        for (int i = 0; i < 5; ++i) addRow(u"tc02"_s, {{u"序号"_s, i}, {u"图片"_s, pictures[i]}});
+        const CopyOrder order{.sourcePath = mekTp::cataloguePath(),
+                              .sourceTable = u"tc02"_s,
+                              .indexField = u"序号"_s,
+                              .mapping = {{u"图片"_s, u"图片"_s}},
+                              .records = recordsOfKeys({u"0"_s, u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"77"_s})};
+        KnownPictures known(mekTp::catalogue, u"tc01"_s);
+        QCOMPARE(countRepetitions(known, order, [] { return true; }), 2);
+    }
+
+    /// The catalogue cannot be read for two seconds: as little comes from a share that stalls.
+    void nobodyWaitsForACount() {
+        QProcess other;
+        other.start(u"sqlite3"_s, {mekTp::cataloguePath()});
+        other.write("BEGIN EXCLUSIVE;\nSELECT 'held';\n");
+        QVERIFY(other.waitForReadyRead());
+        QElapsedTimer timer;
+        timer.start();
+        {
+            const RepetitionCount count(mekTp::cataloguePath(), u"tc01"_s, QStringList{write(u"one.jpg"_s, "one")},
+                                        [](int) { QFAIL("told"); });
+            QTest::qWait(20);
+        }
+        QVERIFY(timer.elapsed() < 1000);
+        other.close();
     }
 
     /// Nothing is told of a count that was broken off.

@@ -6,9 +6,12 @@
 #include "../../support/sample_catalogue.h"
 #include "../../support/stored_records.h"
 #include "catalogue/album_rules.h"
+#include "catalogue/picture_hashes.h"
 #include "watching.h"
 
 #include <QtTest/QtTest>
+#include <semaphore>
+#include <thread>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -139,12 +142,75 @@ class TestTableTransfer : public QObject {
     /// The source may be the target: two albums of one catalogue.
     void betweenTwoAlbumsOfTheCatalogue() {
         Target target;
+        mekTp::openCatalogue();
         target.database = mekTp::catalogue;
         const QByteArray picture = stored(u"tc01"_s, 7);
+        const Fingerprint print = fingerprintOf(picture);
+        PictureHashes(target.database).note(target.database.OpenRecordset(u"tc01"_s).storedAt(6, u"图片"_s), print);
         const RunReport report = target.take(u"tc01"_s, {u"7"_s, u"8"_s}, true);
         QVERIFY(report.count == 2 && report.verified == 2);
         QCOMPARE(stored(u"tc02"_s, 1), picture);
         QCOMPARE(numbersOf(u"tc01"_s).size(), 8);
+        // A fingerprint that was kept goes with the picture.
+        const PictureHashes prints(target.database);
+        const Recordset copies = target.database.OpenRecordset(u"tc02"_s);
+        QCOMPARE(prints.of(copies.storedAt(0, u"图片"_s)), print);
+        QCOMPARE(prints.of(copies.storedAt(1, u"图片"_s)), Fingerprint());
+    }
+
+    /// Groups are stored while the ones before them are read back; one record is larger than what is kept in memory.
+    void eachRecordIsInOneOfTheTwoAtAnyTime() {
+        class Looking : public RunWatch {
+          public:
+            explicit Looking(QString target) : target_(std::move(target)) {}
+            bool progress(const RunProgress& now) override {
+                const bool isLarge = now.bytes - std::exchange(bytes_, now.bytes) > (40 << 20);
+                if (!isLarge) std::thread([this] { look(); }).join();  // that one keeps readers out until it is stored
+                return true;
+            }
+            bool areAllThere = true;
+
+          private:
+            void look() {
+                const QStringList left = numbersOf(u"tc02"_s, OpenDatabase(mekTp::cataloguePath()));
+                const qsizetype arrived = numbersOf(u"tc02"_s, OpenDatabase(target_)).size();
+                areAllThere = areAllThere && left.size() + arrived >= 24;
+            }
+            QString target_;
+            qint64 bytes_ = 0;
+        };
+        Target target;
+        QStringList numbers;
+        for (int i = 1; i <= 24; ++i) {
+            addRow(u"tc02"_s, {{u"序号"_s, i}, {u"图片"_s, QByteArray(i == 12 ? 48 << 20 : 2 << 20, char(i))}});
+            numbers << QString::number(i);
+        }
+        Looking watch(target.database.Name());
+        const TransferTarget place{target.database, u"tc02"_s, {{u"序号"_s, u"序号"_s}, {u"图片"_s, u"图片"_s}}};
+        const RunReport report = transferToTable(mekTp::catalogue, u"tc02"_s, numbers, place, true, watch);
+        QVERIFY(watch.areAllThere);
+        QVERIFY(report.count == 24 && report.verified == 24);
+        QCOMPARE(numbersOf(u"tc02"_s), QStringList());
+        QCOMPARE(stored(u"tc02"_s, 12, target.database), QByteArray(48 << 20, char(12)));
+    }
+
+    /// Somebody else writes to the album: its records cannot go.
+    void recordsThatStayAreInDoubt() {
+        Target target;
+        std::binary_semaphore held(0), free(0);
+        std::jthread other([&] {
+            const Database album = OpenDatabase(mekTp::cataloguePath());
+            const Transaction writing(album);
+            held.release();
+            free.acquire();
+        });
+        held.acquire();
+        target.watch.passes = true;
+        const RunReport report = target.take(u"tc01"_s, {u"1"_s, u"2"_s}, true);
+        free.release();
+        QCOMPARE(report.namesOf({Fate::doubtful}), (QStringList{u"1"_s, u"2"_s}));
+        QCOMPARE(target.watch.asked.size(), 1);
+        QVERIFY(report.count == 0 && numbersOf(u"tc01"_s).size() == 10 && target.arrived().size() == 2);
     }
 
     void groupsAreMovedWhole() {

@@ -5,6 +5,8 @@
 
 #include <pthread.h>
 
+#include <QAccessible>
+#include <QCheckBox>
 #include <semaphore>
 #include <system_error>
 
@@ -48,6 +50,27 @@ class TestLongWork : public QObject {
         go.release();
         QTRY_VERIFY(isOver);
         QVERIFY(!form.work->isAtWork());
+        QTest::mouseClick(form.begin, Qt::LeftButton);
+        QCOMPARE(form.clicks, 1);
+    }
+
+    /// It sends no events.
+    void assistiveSoftwarePressesNothing() {
+        Form form;
+        auto* option = new QCheckBox(&form);
+        QVERIFY(isShown(form));
+        std::binary_semaphore go(0);
+        bool isOver = false;
+        form.work->start([&] { go.acquire(); }, [&] { isOver = true; });
+        for (QAbstractButton* button :
+             {static_cast<QAbstractButton*>(form.begin), static_cast<QAbstractButton*>(option)}) {
+            auto* actions = QAccessible::queryAccessibleInterface(button)->actionInterface();
+            actions->doAction(actions->actionNames().first());
+        }
+        QTRY_VERIFY(!form.begin->isDown());
+        go.release();
+        QTRY_VERIFY(isOver);
+        QVERIFY(form.clicks == 0 && !option->isChecked());
         QTest::mouseClick(form.begin, Qt::LeftButton);
         QCOMPARE(form.clicks, 1);
     }

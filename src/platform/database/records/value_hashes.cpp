@@ -8,6 +8,14 @@
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+
+QByteArray bytesOf(const SQLite::Column& column) {
+    return {static_cast<const char*>(column.getBlob()), column.getBytes()};
+}
+
+}  // namespace
+
 ValueHashes::ValueHashes(const Database& database) : connection_(database.connection_) {
     if (!connection_) throw Error(u"数据库没有打开。"_s);
     if (!connection_->isOurs()) return;
@@ -41,6 +49,14 @@ void ValueHashes::note(qint64 value, qint64 length, const QByteArray& sha256) {
     change.commit();
 }
 
+std::optional<ValueHashes::Kept> ValueHashes::of(qint64 value) const {
+    if (!areKept_) return {};
+    SQLite::Statement find = connection_->prepare(u"SELECT length, sha256 FROM lunq_hashes WHERE id = ?"_s);
+    connection_->checked([&] { find.bind(1, int64_t(value)); });
+    if (!connection_->step(find)) return {};
+    return Kept{find.getColumn(0).getInt64(), bytesOf(find.getColumn(1))};
+}
+
 std::vector<StoredValue> ValueHashes::without(const QString& table, const QString& column) const {
     std::vector<StoredValue> values;
     const QString hashed =
@@ -58,7 +74,6 @@ void ValueHashes::each(const QString& table, const QString& column, const Each& 
         "ON lunq_hashes.id = %2.%1"_s.arg(quotedName(column), quotedName(table)),
         table);
     while (connection_->step(list)) {
-        const SQLite::Column hash = list.getColumn(1);
-        use(list.getColumn(0).getInt64(), QByteArray(static_cast<const char*>(hash.getBlob()), hash.getBytes()));
+        use(list.getColumn(0).getInt64(), bytesOf(list.getColumn(1)));
     }
 }

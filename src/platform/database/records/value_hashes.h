@@ -4,6 +4,7 @@
 
 #include <QStringList>
 #include <functional>
+#include <optional>
 #include <vector>
 
 /// Lengths and hashes of long-binary values, kept in a reserved table of the file. A value's row goes with the value.
@@ -19,6 +20,12 @@ class ValueHashes {
 
     /// Keeps the hash of a value, with the day of today. A value that is gone gets none.
     void note(qint64 value, qint64 length, const QByteArray& sha256);
+    /// The hash of a value, where one is kept.
+    struct Kept {
+        qint64 length = 0;
+        QByteArray sha256 = {};
+    };
+    std::optional<Kept> of(qint64 value) const;
     /// The values in a column that have no hash. Without reading a value.
     std::vector<StoredValue> without(const QString& table, const QString& column) const;
     /// The hashes of the values in a column.
