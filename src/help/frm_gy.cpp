@@ -4,6 +4,7 @@
 #include "platform/base/processes.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
+#include "platform/desktop/theme.h"
 
 #include <QCoreApplication>
 #include <QFrame>
@@ -56,6 +57,9 @@ frmGy::frmGy(QWidget* parent)
     licences->setPalette(muted);
     auto* rule = make<QFrame>(this, u"linFg"_s);
     rule->setFrameShape(QFrame::HLine);
+    QPalette thin = rule->palette();
+    thin.setColor(QPalette::WindowText, theme::worn().line);
+    rule->setPalette(thin);
     auto* tools = make<QPushButton>(this, u"cmdXt"_s, u"系统信息(&S)"_s);
     auto* ok = make<QPushButton>(this, u"cmdQd"_s, u"确定"_s);
     ok->setDefault(true);
