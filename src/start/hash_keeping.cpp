@@ -44,6 +44,7 @@ bool HashKeeping::isQuiet() const {
 
 /// A copy of the file would begin anew with every change.
 void HashKeeping::storeWhenQuiet() {
+    if (wait_.isActive()) return;  // what was made meanwhile is stored then, too
     if (!isQuiet() || BackupRun::current() != nullptr) {
         wait_.start(pace_.quiet);
         return;
