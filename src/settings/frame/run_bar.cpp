@@ -20,7 +20,7 @@ namespace {
 // To the left of the buttons below the pages.
 constexpr int rowTop = 6855;
 constexpr int lineLeft = 120, lineWidth = 4950;
-constexpr int stopLeft = 5190, stopWidth = 990, stopHeight = 330;
+constexpr int stopLeft = 5175, stopWidth = 990, stopHeight = 330;
 
 }  // namespace
 
@@ -72,6 +72,8 @@ RunBar::RunBar(QWidget* form, TabControl* sstFz)
     cmdTz->setToolTip(u"做完手上的一张就停止（Esc）"_s);
     place(lblJd, lineLeft, rowTop, lineWidth, stopHeight);
     place(cmdTz, stopLeft, rowTop, stopWidth, stopHeight);
+    letGrow(lblJd, widens + movesDown);
+    letGrow(cmdTz, movesRight + movesDown);
     prg2->hide();
     cmdTz->hide();
     connect(&work_, &LongWork::begun, this, &RunBar::begin);
@@ -98,6 +100,7 @@ void RunBar::start(const Place& place, const RunWords& words, Run run, After aft
 
 void RunBar::placeBar(const Place& at) {
     bar_ = at.bar != nullptr ? at.bar : prg2;
+    letGrow(bar_, at.growth);
     if (at.page) {
         sstFz_->putOn(*at.page, bar_, at.at.x(), at.at.y(), at.at.width(), at.at.height());
     } else {
