@@ -44,8 +44,8 @@ class PanelBench {
 
     static TabControl* makeTabs(QWidget* form) {
         auto* tabs = make<TabControl>(form, QStringLiteral("sstFz"));
-        for (int i = 0; i < 4; ++i) tabs->addPage(QString::number(i));
         place(tabs, 0, 0, 9600, 6840);
+        for (int i = 0; i < 4; ++i) tabs->addPage(QString::number(i));
         return tabs;
     }
 

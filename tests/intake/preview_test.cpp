@@ -196,13 +196,6 @@ class TestPreview : public QObject {
         QCOMPARE(frame.pos(), place);
     }
 
-    void opensBesideTheControlsOfAWiderPage() {
-        const QRect own(180, 690, 4290, 5835);
-        QCOMPARE(previewPlace(own, 9600), own);
-        QCOMPARE(previewPlace(own, 9600 + 4290), own);
-        QCOMPARE(previewPlace(own, 9600 + 4400), QRect(9600, 690, 4290, 5835));
-    }
-
     void enlargesOnlyWhereRecordsAreEdited() {
         Bench bench(1);
         bench.panel->cmdCkClick(intakeRecordOpener);

@@ -83,14 +83,22 @@ class TestIntakeRules : public QObject {
             QSize pixels;
             bool own;
             QSize twips;
+            QSize box = usualBox;
         };
         const QList<Case> cases{{{640, 480}, false, {4000, 3000}},  // 4:3 fills the box
                                 {{800, 400}, false, {4000, 2000}},
                                 {{300, 600}, false, {1500, 3000}},
                                 {{100, 75}, true, {1501, 1125}},
-                                {{270, 90}, true, {4000, 1333}}};  // wider than the box
-        for (const auto& [pixels, own, twips] : cases) {
-            const QSize off = previewSize(hiMetric(pixels), own) - twips;
+                                {{270, 90}, true, {4000, 1333}},  // wider than the box
+                                // A panel that has grown has another shape.
+                                {{640, 480}, false, {8000, 6000}, {15000, 6000}},
+                                {{800, 400}, false, {12000, 6000}, {15000, 6000}},
+                                {{800, 400}, false, {9000, 4500}, {9000, 8000}},
+                                {{480, 640}, false, {4500, 6000}, {15000, 6000}},
+                                {{400, 500}, true, {4800, 6000}, {15000, 6000}},
+                                {{600, 300}, true, {9000, 4500}, {15000, 6000}}};
+        for (const auto& [pixels, own, twips, box] : cases) {
+            const QSize off = previewSize(hiMetric(pixels), own, box) - twips;
             QVERIFY2(std::abs(off.width()) <= 2 && std::abs(off.height()) <= 2,
                      qPrintable(QString::number(pixels.width())));
         }

@@ -43,6 +43,22 @@ class TestWindows : public QObject {
         }
     }
 
+    /// In its middle, as far as it is whole on the screen there.
+    void aWindowComesWhereTheOneBeforeWas() {
+        const auto middle = [](const QString& name) { return window(name)->frameGeometry().center(); };
+        const QRect screen = window(u"frmTp"_s)->screen()->availableGeometry();
+        const QPoint before = middle(u"frmTp"_s);
+        tour_->leave(u"frmTp"_s, u"tlb1:bj"_s, u"frmSz"_s);
+        QVERIFY((middle(u"frmSz"_s) - before).manhattanLength() <= 2);
+        window(u"frmSz"_s)->move(screen.topLeft() + QPoint(40, 30));
+        const QPoint moved = middle(u"frmSz"_s);
+        tour_->leave(u"frmSz"_s, u"cmdFh"_s, u"frmTp"_s);
+        const QRect back = window(u"frmTp"_s)->frameGeometry();
+        QVERIFY(screen.contains(back));
+        QVERIFY(qAbs(back.center().x() - moved.x()) <= 2 || back.left() == screen.left());
+        QVERIFY(qAbs(back.center().y() - moved.y()) <= 2 || back.top() == screen.top());
+    }
+
     void helpOutlivesTheWindowThatAskedForIt() {
         tour_->leave(u"frmTp"_s, u"tlb1:bj"_s, u"frmSz"_s);
         click(u"frmSz"_s, u"cmdBz"_s);

@@ -9,6 +9,7 @@
 #include "platform/desktop/placing.h"
 #include "platform/desktop/surface.h"
 #include "platform/desktop/text_box.h"
+#include "settings/frame/columns.h"
 
 #include <QDir>
 #include <QLabel>
@@ -55,6 +56,7 @@ void BrowserPanel::makeLists() {
     drv1_ = make<DriveList>(picMl_, u"drv1"_s);
     drv1_->setAccessibleName(u"磁盘"_s);
     place(drv1_, 405, 45, 1650, 345);
+    letGrow(drv1_, beside(0, 0.5));
     dir1_ = make<DirList>(picMl_, u"dir1"_s);
     dir1_->setAccessibleName(u"文件夹"_s);
     fil1_ = make<FileList>(picMl_, u"fil1"_s);
@@ -65,11 +67,14 @@ void BrowserPanel::makeLists() {
 
 void BrowserPanel::makeLabels() {
     lblB1Second_ = makeLabel(picMl_, u"lblB1(1)"_s, {}, 2085, 45, 2835, 345);
+    letGrow(lblB1Second_, beside(0.5, 1));
     lblB0_ = makeLabel(picMl_, u"lblB0"_s, u"▼"_s, 450, 3105, 240, 270);
     lblB1First_ = makeLabel(picMl_, u"lblB1(0)"_s, {}, 405, 3105, 2535, 270);
     lblB1First_->stackUnder(lblB0_);
+    letGrow({lblB0_, lblB1First_}, movesDown * 0.5);
     lblGy_ = makeLabel(picMl_, u"lblGy"_s, {}, 3090, 2610, 1770, 540);
     lblGy_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    letGrow(lblGy_, movesRight);
     lblGy_->hide();
     lbl7_ = makeLabel(picMl_, u"lbl7"_s, u"操作提示：在目录列表框中要双击鼠标才能选中"_s, 405, 3555, 2565, 540);
     lbl7_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -79,6 +84,7 @@ void BrowserPanel::makeFolderButtons() {
     const auto button = [this](const QString& name, const QString& caption, int top) {
         auto* made = make<QPushButton>(picMl_, name, caption);
         place(made, 3090, top, 1500, 345);
+        letGrow(made, movesRight);
         return made;
     };
     cmdMj_ = button(u"cmdMj"_s, u"新建文件夹"_s, 420);
@@ -89,6 +95,8 @@ void BrowserPanel::makeFolderButtons() {
     lblJm_ = makeLabel(picMl_, u"lblJm"_s, u"文件夹名称："_s, 405, 3120, 1140, 330);
     txtJm_ = make<TextBox>(picMl_, u"txtJm"_s);
     place(txtJm_, 1560, 3120, 3255, 330);
+    letGrow(lblJm_, movesDown);
+    letGrow(txtJm_, movesDown + widens);
     for (QWidget* part : {static_cast<QWidget*>(lblJm_), static_cast<QWidget*>(txtJm_)}) part->hide();
 }
 
@@ -159,6 +167,7 @@ void BrowserPanel::readFiles() {
 }
 
 void BrowserPanel::showOn(int page, int left, int top) {
+    letGrow(picMl_, beside(0, page == transferTab ? transferShare : intakeShare) + heightens);
     frame_.sstFz->putOn(page, picMl_, left, top);
     picMl_->show();
     picMl_->raise();
@@ -186,14 +195,23 @@ void BrowserPanel::mlcl() {
     Q_EMIT laidOut();
 }
 
+/// The lists share the height that the panel has gained, as far as they are shown, with the tables and fields of a
+/// database below them.
 void BrowserPanel::placeForMode() {
     if (modeNow() == BrowseMode::pictureFiles) {
         place(dir1_, 405, 420, 2535, 2610);
         place(fil1_, 405, 3390, 2565, 1710);
+        letGrow(dir1_, widens + heightens * 0.5);
+        letGrow(fil1_, widens + movesDown * 0.5 + heightens * 0.5);
     } else {
+        const bool isAlone = modeNow() == BrowseMode::targetFolder;
         place(dir1_, 405, 420, 2535, 2190);
         place(fil1_, 405, 2650, 2565, 450);
+        letGrow(dir1_, widens + heightens * (isAlone ? 1 : 0.3));
+        letGrow(fil1_, widens + movesDown * 0.3 + heightens * 0.2);
+        letGrow(lbl7_, movesDown * (isAlone ? 1 : 0.5));
     }
+    letGrow(txtMl_, widens + movesDown);
     if (onIntakePage())
         place(txtMl_, 400, 5145, 3495, 555);
     else
@@ -262,7 +280,8 @@ void BrowserPanel::disableEcho() {
     txtMl_->setEnabled(false);
 }
 
-void BrowserPanel::placeNote(int page, const QRect& at) {
+void BrowserPanel::placeNote(int page, const QRect& at, const Growth& growth) {
+    letGrow(lbl12_, growth);
     frame_.sstFz->putOn(page, lbl12_, at.x(), at.y(), at.width(), at.height());
     lbl12_->raise();
 }

@@ -75,7 +75,8 @@ class BrowserPanel : public QObject, public FramePart {
     void disableEcho();
 
     // The note below the panel, lbl12: on the page 图片录入 the source file, on 图片转存 a word about the target.
-    void placeNote(int page, const QRect& place);  ///< In twips of the tab control, in front of other controls.
+    /// In twips of the tab control, in front of other controls.
+    void placeNote(int page, const QRect& place, const Growth& growth);
     void setNote(const QString& text, const QString& toolTip = {});
     void showNote();
     void hideNote();

@@ -48,7 +48,8 @@ void ChosenLines::clear() {
     lstSu->clear();
 }
 
-void ChosenLines::putOn(int page, const QRect& at) {
+void ChosenLines::putOn(int page, const QRect& at, const Growth& growth) {
+    letGrow(lstSu, growth);
     sstFz_->putOn(page, lstSu, at.x(), at.y(), at.width(), at.height());
 }
 

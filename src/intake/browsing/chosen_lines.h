@@ -25,7 +25,7 @@ class ChosenLines : public QObject, public FramePart {
     void clear();
 
     /// In twips of the tab control.
-    void putOn(int page, const QRect& place);
+    void putOn(int page, const QRect& place, const Growth& growth);
     void show();
     void hide();
     void setEnabled(bool on);

@@ -62,6 +62,11 @@ void CodeButtons::albumLost() {
     lbl1_->setText(noAlbum);
 }
 
+void CodeButtons::setGrowth(const Growth& growth) {
+    growth_ = growth;
+    letGrow({lbl1_, txtB0, lblBx_[0], lblBx_[1]}, growth_);
+}
+
 void CodeButtons::moveHeading(int left, int top) {
     frame_.sstFz->putOn(frame_.sstFz->currentIndex(), lbl1_, left, top, 1350, 225);
 }
@@ -93,6 +98,7 @@ int CodeButtons::pitch() const {
 
 void CodeButtons::placeButton(int index) {
     QPushButton* made = button(index);
+    letGrow(made, growth_);
     frame_.sstFz->putOn(frame_.sstFz->currentIndex(), made, first_.x() + index % columns() * pitch(),
                         first_.y() + 1 + index / columns() * rowPitch, std::min(buttonWidth, pitch()), buttonHeight);
 }

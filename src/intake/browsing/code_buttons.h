@@ -24,6 +24,8 @@ class CodeButtons : public QObject, public FramePart {
     void pageTurned() override { ycbh(); }
     void albumLost() override;
 
+    /// How the buttons and their texts move on the page in front.
+    void setGrowth(const Growth& growth);
     /// Puts the heading over the buttons on the page in front, in twips.
     void moveHeading(int left, int top);
     /// Where the first button stands on the page in front, in twips, and how many stand in a row.
@@ -65,4 +67,5 @@ class CodeButtons : public QObject, public FramePart {
     int perRow_ = 13;
     QPoint text_{5940, 6165};
     int textWidth_ = 1400;
+    Growth growth_;
 };

@@ -5,6 +5,7 @@
 #include "platform/base/error.h"
 #include "platform/desktop/busy.h"
 #include "platform/desktop/message_box.h"
+#include "settings/frame/columns.h"
 
 #include <utility>
 
@@ -99,7 +100,7 @@ void DatabaseIntake::showSource() {
     codeButtons_.ycbh();
     chosen_.clear();
     chosen_.setColumns(1);
-    chosen_.putOn(intakeTab, chosenPlace);
+    chosen_.putOn(intakeTab, chosenPlace, beside(intakeShare, 1) + movesDown);
     chosen_.show();
     placeGrid(true);
     // The headings of the source's columns are their own names.

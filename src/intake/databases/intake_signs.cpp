@@ -2,15 +2,19 @@
 
 #include "platform/desktop/elided_label.h"
 #include "platform/desktop/placing.h"
+#include "settings/frame/columns.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-QLabel* makeLine(TabControl* sstFz, const QString& name, const QRect& at) {
+constexpr Growth overGrid = beside(intakeShare, 1), belowGrid = overGrid + movesDown;
+
+QLabel* makeLine(TabControl* sstFz, const QString& name, const QRect& at, const Growth& growth) {
     auto* label = make<ElidedLabel>(sstFz->page(intakeTab), name);
     label->setTextFormat(Qt::PlainText);
     sstFz->putOn(intakeTab, label, at.x(), at.y(), at.width(), at.height());
+    letGrow(label, growth);
     return label;
 }
 
@@ -24,11 +28,11 @@ void tellWithTip(QLabel* line, const QString& caption, const QString& text) {
 IntakeSigns::IntakeSigns(const SettingsFrame& frame, BrowserPanel& browser)
     : sstFz_(frame.sstFz),
       browser_(browser),
-      lblMk(makeLine(frame.sstFz, u"lblMk"_s, {5750, 735, 2400, 240})),
-      lblJl(makeLine(frame.sstFz, u"lblJl"_s, {5435, 4880, 3750, 270})),
-      lbl11(makeLine(frame.sstFz, u"lbl11"_s, {5435, 5175, 1245, 225})),
-      lbl13(makeLine(frame.sstFz, u"lbl13"_s, {2820, 6480, 1020, 225})),
-      lbl14(makeLine(frame.sstFz, u"lbl14"_s, {3855, 6480, 1155, 225})) {
+      lblMk(makeLine(frame.sstFz, u"lblMk"_s, {5750, 735, 2400, 240}, overGrid)),
+      lblJl(makeLine(frame.sstFz, u"lblJl"_s, {5435, 4880, 3750, 270}, belowGrid)),
+      lbl11(makeLine(frame.sstFz, u"lbl11"_s, {5435, 5175, 1245, 225}, beside(intakeShare, intakeShare) + movesDown)),
+      lbl13(makeLine(frame.sstFz, u"lbl13"_s, {2820, 6480, 1020, 225}, movesDown)),
+      lbl14(makeLine(frame.sstFz, u"lbl14"_s, {3855, 6480, 1155, 225}, movesDown)) {
     headAlbum();
 }
 
@@ -82,7 +86,11 @@ void IntakeSigns::clearSource() {
 
 void IntakeSigns::placeSource(bool files) {
     const int top = files ? 6480 : 6225;
-    browser_.placeNote(intakeTab, {555, 6480, files ? 2250 : 4500, 225});
+    const double half = intakeShare / 2;
+    browser_.placeNote(intakeTab, {555, 6480, files ? 2250 : 4500, 225},
+                       movesDown + beside(0, files ? 0 : intakeShare));
+    letGrow(lbl13, movesDown + beside(0, half));
+    letGrow(lbl14, movesDown + beside(half, intakeShare));
     sstFz_->putOn(intakeTab, lbl13, files ? 2820 : 555, top, files ? 1020 : 2100, 225);
     sstFz_->putOn(intakeTab, lbl14, files ? 3855 : 2700, top, files ? 1155 : 2400, 225);
     raise();

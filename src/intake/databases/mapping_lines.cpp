@@ -21,7 +21,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int linePitch = 250, lineHeight = 240, captionWidth = 1050, boxWidth = 885;
-constexpr int listLineHeight = 180, listFrame = 60, lowestListBottom = 5400;
+constexpr int listLineHeight = 180, listFrame = 60;
 constexpr int groupsBottom = 2610;
 
 void setInk(TextBox* box, const QColor& colour) {
@@ -46,6 +46,7 @@ void MappingPanel::addLine() {
     txtYb->setFocusPolicy(Qt::ClickFocus);
     txtYb->installEventFilter(this);
     place(txtYb, captionWidth, top, boxWidth, lineHeight);
+    letGrow(txtYb, widens);
     // The message that may come first must not stand in the middle of the press of the mouse.
     connect(txtYb, &TextBox::gotFocus, this,
             guarded(frame_.form,
@@ -65,8 +66,8 @@ void MappingPanel::showFields(const TableShape& target) {
         lines_[i].lblMb->show();
         lines_[i].txtYb->show();
     }
-    area_->widget()->resize(pixelsFromTwips(captionWidth + boxWidth),
-                            pixelsFromTwips(static_cast<int>(target.size()) * linePitch));
+    area_->widget()->setMinimumSize(smallestPlace(area_).width(),
+                                    pixelsFromTwips(static_cast<int>(target.size()) * linePitch));
     area_->ensureVisible(0, 0);
     for (QWidget* part : {static_cast<QWidget*>(lbl8_), static_cast<QWidget*>(lbl9_), static_cast<QWidget*>(area_)})
         part->show();
@@ -117,9 +118,10 @@ void MappingPanel::hideFieldList() {
 void MappingPanel::placeFieldList(const QWidget* box, int fields) {
     const QPoint at = box->mapTo(browser_.ground(), QPoint(0, 0));
     const int left = twipsFromPixels(at.x()), top = twipsFromPixels(at.y()), below = top + 270;
-    const int above = top - (forTransfer() ? 0 : groupsBottom), under = topOf(area_) + heightOf(area_) - below;
+    const int lowest = topOf(area_) + heightOf(area_);
+    const int above = top - (forTransfer() ? 0 : groupsBottom), under = lowest - below;
     int height = fields * listLineHeight + listFrame;
-    bool upward = top + height > lowestListBottom;
+    bool upward = top + height > lowest - 30;
     if (upward && height > above) {
         upward = above > under;
         height = std::min(height, upward ? above : under);
@@ -193,8 +195,9 @@ void MappingPanel::readMapping() {
     mappedFieldCount_ = mappedFields(fieldMapping_);
 }
 
-/// A line is emptied by the keys that delete; the list is closed by Escape.
+/// A line is emptied by the keys that delete; the list is closed by Escape, and when its line goes elsewhere.
 bool MappingPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == area_ && event->type() == QEvent::Resize) hideFieldList();
     if (event->type() != QEvent::KeyPress || mappingDone_) return QObject::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key == Qt::Key_Escape) {

@@ -7,6 +7,7 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/text_box.h"
+#include "settings/frame/columns.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -25,6 +26,8 @@ constexpr int lineHeight = 240, captionWidth = 1050, boxWidth = 885;
 constexpr int buttonLeft = 3960, buttonTop = 4260, buttonWidth = 1050, buttonHeight = 345;
 constexpr int enterButtonBelow = 810;
 constexpr int panelLeft = 150, panelTop = 750;
+constexpr Growth lowerHalf = movesDown * 0.5 + heightens * 0.5;
+constexpr double tablesShare = 1.0 / 3;
 
 const QString mapAllCaption = u"全部对应"_s;
 const QString finishCaption = u"对应完成"_s;
@@ -47,6 +50,7 @@ void MappingPanel::makeControls() {
         auto* label = make<QLabel>(picMl, name, caption);
         label->setTextFormat(Qt::PlainText);
         place(label, left, headingTop, width, lineHeight);
+        letGrow(label, (name == u"lbl10" ? Growth{} : movesRight * tablesShare) + movesDown * 0.5);
         label->hide();
         return label;
     };
@@ -56,6 +60,7 @@ void MappingPanel::makeControls() {
 
     lstSb_ = make<ListBox>(picMl, u"lstSb"_s);
     place(lstSb_, tablesLeft, areaTop, tablesWidth, areaHeight);
+    letGrow(lstSb_, lowerHalf + beside(0, tablesShare));
     connect(lstSb_, &ListBox::lineClicked, this, guarded(frame_.form, [this] { lstSbClick(); }));
 
     area_ = make<QScrollArea>(picMl, u"fieldLines"_s);
@@ -63,12 +68,14 @@ void MappingPanel::makeControls() {
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area_->setFocusPolicy(Qt::NoFocus);
     place(area_, linesLeft, areaTop, linesWidth, areaHeight);
+    letGrow(area_, lowerHalf + beside(tablesShare, 1));
+    area_->setWidgetResizable(true);
     area_->setWidget(new QWidget);
     addLine();
 
     lstDy_ = make<ListBox>(picMl, u"lstDy"_s);
     lstDy_->setAccessibleName(u"来源的列"_s);
-    lstDy_->installEventFilter(this);
+    for (QWidget* part : {static_cast<QWidget*>(lstDy_), static_cast<QWidget*>(area_)}) part->installEventFilter(this);
     connect(lstDy_, &ListBox::lineClicked, this, guarded(frame_.form, [this] { lstDyClick(); }));
 }
 
@@ -123,6 +130,8 @@ void MappingPanel::arrange() {
     for (QPushButton* button : {cmdQx_, cmdLr_}) {
         button->setEnabled(false);
         button->setVisible(files && !forTransfer());
+        const double across = forTransfer() ? 1 : intakeShare;
+        letGrow(button, movesRight * across + movesDown * 0.5);
         if (forTransfer()) {
             button->setParent(browser_.ground());
             place(button, buttonLeft - panelLeft, top - panelTop);

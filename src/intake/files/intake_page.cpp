@@ -10,6 +10,7 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/option_buttons.h"
 #include "platform/desktop/placing.h"
+#include "settings/frame/columns.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -23,6 +24,7 @@ constexpr int recordButtonLeft = 8250;
 constexpr int columnLeft = 3240, columnWidth = 1770;  ///< Right column beside the lists of folders and files.
 constexpr int buttonLeft = 3960, buttonWidth = 1050, buttonHeight = 345;
 constexpr int openFileTop = 4665, backTop = 5475;
+constexpr Growth besideLists = movesRight * intakeShare, besideFiles = besideLists + movesDown * 0.5;
 }  // namespace
 
 IntakePage::IntakePage(const SettingsFrame& frame, GuidedFlow& flow, BrowserPanel& browser, MappingPanel& mapping,
@@ -49,6 +51,7 @@ void IntakePage::makeGroups() {
     const auto makeGroup = [this](const QString& name, const QString& caption, int top) {
         auto* group = make<QGroupBox>(frame_.sstFz->page(intakeTab), name, caption);
         frame_.sstFz->putOn(intakeTab, group, columnLeft, top, columnWidth, 990);
+        letGrow(group, besideLists);
         return group;
     };
     const auto makeOptions = [](QGroupBox* group, const QString& name, std::array<QString, 2> captions) {
@@ -81,9 +84,11 @@ void IntakePage::makeButtons() {
     preview_.pickedFile = [this] { return browser_.pickedFile(); };
     sstFz->putOn(intakeTab, openFile_, buttonLeft, openFileTop, buttonWidth, buttonHeight);
     sstFz->putOn(intakeTab, cmdQ1_, buttonLeft, backTop, buttonWidth, buttonHeight);
+    letGrow({chkZd_, openFile_, cmdQ1_}, besideFiles);
     for (QPushButton* button : {openFile_, cmdQ1_}) button->setEnabled(false);
     openRecord_ = preview_.makeOpener(intakeRecordOpener, page);
     sstFz->putOn(intakeTab, openRecord_, recordButtonLeft, 990, 930, 285);
+    letGrow(openRecord_, movesRight);
 }
 
 void IntakePage::connectControls() {
@@ -133,10 +138,12 @@ PageLayout IntakePage::layout() const {
     return {.outerFrame = {255, 0, 0},
             .innerFrame = {255, 255, 0},
             .grid = {5180, 1320, 4100, 3525},
-            .chooser = PageLayout::Chooser{{5335, 1050}, u"目标图册："_s, {6250, 990}, 1950}};
+            .gridGrowth = beside(intakeShare, 1) + heightens,
+            .chooser = PageLayout::Chooser{{5335, 1050}, u"目标图册："_s, {6250, 990}, 1950, beside(intakeShare, 1)}};
 }
 
 void IntakePage::enter() {
+    codeButtons_.setGrowth(besideLists + movesDown);
     codeButtons_.moveHeading(6710, 5175);
     chosen_.hide();
     browser_.readFolders();

@@ -10,14 +10,11 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int boxWidth = 4000, boxHeight = 3000;
-constexpr int widthOutOfBox = boxWidth + 1, heightOutOfBox = boxHeight + 1;
-constexpr int controlsRight = 9500, margin = 100;
 constexpr int widestButton = 105, highestButton = 80;
 
-double side(int hiMetric, bool ownSize, int box) {
+double side(int hiMetric, bool ownSize, int box, int limit) {
     const double own = hiMetric / hiMetricPerPixel * twipsPerPixel;
-    return ownSize && own < widthOutOfBox ? own : box;
+    return ownSize && own < limit + 1 ? own : box;
 }
 
 double ratio(QSize hiMetric) {
@@ -30,21 +27,19 @@ int whole(double length) {
 
 }  // namespace
 
-QSize previewSize(QSize hiMetric, bool ownSize) {
-    const double width = side(hiMetric.width(), ownSize, boxWidth);
-    const double height = side(hiMetric.height(), ownSize, boxHeight);
+QSize previewSize(QSize hiMetric, bool ownSize, QSize box) {
+    const double width = side(hiMetric.width(), ownSize, box.width(), box.width());
+    // In the usual panel there is room below the box.
+    const int highest = box == usualBox ? box.width() : box.height();
+    const double height = side(hiMetric.height(), ownSize, box.height(), highest);
     const double shape = ratio(hiMetric);
-    if (!(static_cast<double>(4.0f / 3.0f) < shape)) return {whole(height * shape), whole(height)};
+    const float shapeOfBox = static_cast<float>(box.width()) / static_cast<float>(box.height());
+    if (!(static_cast<double>(shapeOfBox) < shape)) return {whole(height * shape), whole(height)};
     return {whole(width), whole(width / shape)};
 }
 
-bool offersOwnSize(QSize hiMetric) {
-    return hiMetric.width() < widthOutOfBox && hiMetric.height() < heightOutOfBox;
-}
-
-QRect previewPlace(const QRect& own, int pageWidth) {
-    const bool fitsBeside = pageWidth >= controlsRight + margin + own.width() + margin;
-    return fitsBeside ? QRect(QPoint(controlsRight + margin, own.top()), own.size()) : own;
+bool offersOwnSize(QSize hiMetric, QSize box) {
+    return hiMetric.width() <= box.width() && hiMetric.height() <= box.height();
 }
 
 QString pixelsText(QSize hiMetric, const QString& star) {

@@ -10,9 +10,12 @@
 #include "platform/desktop/placing.h"
 #include "platform/desktop/shapes.h"
 #include "platform/desktop/theme.h"
+#include "settings/frame/columns.h"
 
+#include <QEvent>
 #include <QGroupBox>
 #include <QPushButton>
+#include <QTimer>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -22,21 +25,26 @@ namespace {
 /// Pictures are decoded for the largest size in which the panel shows them, so that enlarging needs no second look.
 constexpr int largestWidth = 7600, largestHeight = 5700;
 constexpr int smallShapeWidth = 4095, smallShapeHeight = 3090;
+constexpr int pauseMs = 200;
 constexpr int enlargedFrom = 5000;  ///< Frames of at least this width are enlarged ones.
+
+/// The lower part of the grid.
+constexpr Growth overGrid = leftColumn + movesDown * 0.4 + heightens * 0.6;
 
 struct Look {
     QString caption;
     QRect frame;
+    Growth growth;
     QString heading;
 };
 
 const Look& lookOf(PreviewOpener opener) {
     static const Look looks[] = {
-        {u"数库图片"_s, {150, 720, 4935, 5750}, u"查看目标数据库图片"_s},
-        {u"文件图片"_s, {5100, 720, 4300, 5750}, u"查看源文件图片"_s},
-        {u"图 片"_s, {280, 3000, 4805, 3480}, {}},
-        {u"查看图片"_s, {5020, 720, 4300, 5750}, u"查看数据库图片"_s},
-        {u"图 片"_s, {180, 690, 4290, 5835}, u"按钮图片设置"_s},
+        {u"数库图片"_s, {150, 720, 4935, 5750}, beside(0, intakeShare) + heightens, u"查看目标数据库图片"_s},
+        {u"文件图片"_s, {5100, 720, 4300, 5750}, beside(intakeShare, 1) + heightens, u"查看源文件图片"_s},
+        {u"图 片"_s, {280, 3000, 4805, 3480}, overGrid, {}},
+        {u"查看图片"_s, {5020, 720, 4300, 5750}, beside(transferShare, 1) + heightens, u"查看数据库图片"_s},
+        {u"图 片"_s, {180, 690, 4290, 5835}, leftColumn + heightens, u"按钮图片设置"_s},
     };
     return looks[opener];
 }
@@ -44,7 +52,7 @@ const Look& lookOf(PreviewOpener opener) {
 }  // namespace
 
 PreviewPanel::PreviewPanel(const SettingsFrame& frame)
-    : frame_(frame), fraCk_(make<MovableGroup>(frame.sstFz->page(1), u"fraCk"_s)) {
+    : frame_(frame), growthPause_(new QTimer(this)), fraCk_(make<MovableGroup>(frame.sstFz->page(1), u"fraCk"_s)) {
     fraCk_->setTitle(u"图片查看"_s);
     fraCk_->hide();
     makeControls();
@@ -54,6 +62,9 @@ PreviewPanel::PreviewPanel(const SettingsFrame& frame)
     connect(cmdAz_, &QPushButton::clicked, this, run(&PreviewPanel::cmdAzClick));
     connect(cmdAq_, &QPushButton::clicked, this, run(&PreviewPanel::cmdAqClick));
     connect(cmdCg_, &QPushButton::clicked, this, run(&PreviewPanel::close));
+    growthPause_->setSingleShot(true);
+    growthPause_->setInterval(pauseMs);
+    connect(growthPause_, &QTimer::timeout, this, run(&PreviewPanel::sharpen));
 }
 
 void PreviewPanel::makeControls() {
@@ -78,6 +89,11 @@ void PreviewPanel::makeControls() {
     }
     label6_->setWordWrap(true);
     place(label6_, 7950, 5250, 1200, 540);
+    letGrow(label6_, movesRight + movesDown);
+    letGrow({shpWj_, lblKt_}, fills);
+    letGrow({lblC1_, lblWj_}, widens);
+    letGrow(lblZp_, leftColumn + movesDown);
+    shpWj_->installEventFilter(this);
     label6_->hide();
     frame_.sstFz->putOn(editingTab, lblZp_, 280, 6495, 4805, 210);
     lblZp_->hide();
@@ -174,7 +190,8 @@ void PreviewPanel::cmdCkClick(PreviewOpener opener) {
 
 void PreviewPanel::placeFrame() {
     TabControl* sstFz = frame_.sstFz;
-    const QRect at = previewPlace(lookOf(opener_).frame, widthOf(sstFz));
+    const QRect& at = lookOf(opener_).frame;
+    letGrow(fraCk_, lookOf(opener_).growth);
     sstFz->putOn(sstFz->currentIndex(), fraCk_, at.x(), at.y(), at.width(), at.height());
 }
 
@@ -193,22 +210,26 @@ void PreviewPanel::placeParts() {
         placeSideColumn(4230);
         setFrameColour(QColor(255, 0, 0));
     } else {
-        const int width = widthOf(fraCk_), height = heightOf(fraCk_);
-        placeShape((width - smallShapeWidth) / 2, (height - smallShapeHeight) / 2, smallShapeWidth, smallShapeHeight);
-        place(chkCk_, leftOf(shpWj_) + smallShapeWidth - 860, topOf(shpWj_) + smallShapeHeight + 80, 855, 270);
+        const int width = lookOf(opener_).frame.width(), height = lookOf(opener_).frame.height();
+        const int left = (width - smallShapeWidth) / 2, top = (height - smallShapeHeight) / 2;
+        placeShape(left, top, smallShapeWidth, smallShapeHeight);
+        place(chkCk_, left + smallShapeWidth - 860, top + smallShapeHeight + 80, 855, 270);
+        letGrow(chkCk_, movesRight + movesDown);
         int distance = 3000;
         for (QPushButton* button : {cmdAz_, cmdAq_, cmdCg_}) {
             place(button, width - distance, height - 435, 855, 345);
+            letGrow(button, movesRight + movesDown);
             distance -= 1000;
         }
         centreLabels();
         setFrameColour(QColor(0, 0, 0));
     }
-    imgWj_->move(pixelsFromTwips(leftOf(shpWj_) + 45), pixelsFromTwips(topOf(shpWj_) + 45));
+    fitPicture(room());
 }
 
 void PreviewPanel::placeSideColumn(int left) {
     place(chkCk_, left + 30, 885, 465, 570);
+    letGrow({chkCk_, cmdAz_, cmdAq_, cmdCg_}, movesRight);
     int top = 1700;
     for (QPushButton* button : {cmdAz_, cmdAq_, cmdCg_}) {
         place(button, left, top, 525, 525);
@@ -217,7 +238,7 @@ void PreviewPanel::placeSideColumn(int left) {
 }
 
 void PreviewPanel::centreLabels() {
-    const int width = widthOf(fraCk_);
+    const int width = lookOf(opener_).frame.width();
     const int own = width - 240;
     place(lblC1_, (width - own) / 2, 255, own, 270);
     place(lblWj_, (width - own) / 2, 510, own, 810);
@@ -236,8 +257,20 @@ void PreviewPanel::setFrameColour(const QColor& chosen) {
 
 // Loads and fits the picture.
 void PreviewPanel::chkCkClick() {
+    showPicture(readShown());
+}
+
+/// Text about what the panel shows, after its picture was read.
+QString PreviewPanel::readShown() {
     const bool isNew = taker() != nullptr && taker()->isNew && taker()->isNew();
-    showPicture(showsFile_ ? readFile() : isNew ? readNewButton() : readRecord());
+    return showsFile_ ? readFile() : isNew ? readNewButton() : readRecord();
+}
+
+/// The same picture, read for the room that it has by now.
+void PreviewPanel::sharpen() {
+    if (!isOpen() || frame_.runBar.isAtWork()) return;
+    readShown();
+    fitPicture(room());
 }
 
 /// Fits the picture that was read, or tells that there is none; `line` is the text about it, empty when there is
@@ -246,14 +279,46 @@ void PreviewPanel::showPicture(const QString& line) {
     const bool isShown = !imgWj_->picture().isNull();
     const QSize size = pictureSize();
     lblKt_->setVisible(!isShown);
-    chkCk_->setEnabled(isShown && offersOwnSize(size));
-    if (isShown) {
-        const QSize shown = previewSize(size, chkCk_->isChecked());
-        place(imgWj_, leftOf(imgWj_), topOf(imgWj_), shown.width(), shown.height());
-    }
+    // Enlarged in the smallest window, the panel shows the next picture in the usual size.
+    fitPicture(gained().isNull() ? usualBox : room());
     const QString about = isShown ? u"规格："_s + pixelsText(size, u"*"_s) : lblKt_->text();
     lblWj_->setText(line.isEmpty() ? QString() : line + u'\n' + about);
     lblWj_->setToolTip(line);
+}
+
+QSize PreviewPanel::gained() const {
+    const QSize pixels = shpWj_->size() - smallestPlace(shpWj_).size();
+    return {twipsFromPixels(pixels.width()), twipsFromPixels(pixels.height())};
+}
+
+QSize PreviewPanel::room() const {
+    const bool isEnlarged = smallestPlace(fraCk_).width() >= pixelsFromTwips(enlargedFrom);
+    return gained() + (isEnlarged ? QSize(largestWidth, largestHeight) : usualBox);
+}
+
+/// In a panel that has grown it is in the middle of its room.
+void PreviewPanel::fitPicture(QSize room) {
+    const bool isShown = !imgWj_->picture().isNull();
+    chkCk_->setEnabled(isShown && offersOwnSize(pictureSize(), room));
+    if (!isShown) return;
+    const QSize shown = previewSize(pictureSize(), chkCk_->isChecked(), room);
+    const QSize spare = room == usualBox ? QSize(0, 0) : (room - shown) / 2;
+    place(imgWj_, leftOf(shpWj_) + 45 + spare.width(), topOf(shpWj_) + 45 + spare.height(), shown.width(),
+          shown.height());
+    const QSize needed = imgWj_->targetSize();
+    if (needed.width() > decodedFor_.width() || needed.height() > decodedFor_.height()) growthPause_->start();
+}
+
+QSize PreviewPanel::sharpSize() {
+    const TabControl* sstFz = frame_.sstFz;
+    const QSize more = sstFz->size() - smallestPlace(sstFz).size();
+    decodedFor_ = ImageBox::targetSize(imgWj_, rectFromTwips(0, 0, largestWidth, largestHeight).size() + more);
+    return decodedFor_;
+}
+
+bool PreviewPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize && isOpen()) fitPicture(room());
+    return Preview::eventFilter(watched, event);
 }
 
 QString PreviewPanel::readNewButton() {
@@ -272,7 +337,7 @@ QString PreviewPanel::readRecord() {
     Recordset& records = frame_.grid.records();
     const auto other = otherTable ? otherTable() : std::nullopt;
     const QString column = other ? other->picture : u"图片"_s;
-    const QSize target = ImageBox::targetSize(imgWj_, rectFromTwips(0, 0, largestWidth, largestHeight).size());
+    const QSize target = sharpSize();
     bool isEmpty = true, isRead = false;
     attempt([&] {
         const Field field = records.Fields(column);
@@ -294,7 +359,7 @@ QString PreviewPanel::readRecord() {
 
 /// Text about the file. The picture stays when the file is none.
 QString PreviewPanel::readFile() {
-    const QSize target = ImageBox::targetSize(imgWj_, rectFromTwips(0, 0, largestWidth, largestHeight).size());
+    const QSize target = sharpSize();
     lblKt_->setText(u"文件不是图片，不能显示"_s);
     attempt([&] { imgWj_->setPicture(LoadPicture(file_, target)); });
     return u"图片文件："_s + file_;
@@ -302,13 +367,18 @@ QString PreviewPanel::readFile() {
 
 void PreviewPanel::enlargeOrReturn() {
     if (!takesInRecords()) return;
-    const bool enlarge = widthOf(fraCk_) < enlargedFrom;
-    if (enlarge)
+    const bool enlarge = smallestPlace(fraCk_).width() < pixelsFromTwips(enlargedFrom);
+    if (enlarge) {
+        letGrow(fraCk_, fills);
         frame_.sstFz->putOn(editingTab, fraCk_, 150, 480, 9200, 6180);
-    else
+    } else {
         placeFrame();
-    place(imgWj_, 135, 345, enlarge ? largestWidth : 4000, enlarge ? largestHeight : 3000);
+    }
     placeShape(90, 300, enlarge ? 7695 : smallShapeWidth, enlarge ? 5790 : smallShapeHeight);
+    if (gained().isNull())
+        place(imgWj_, 135, 345, enlarge ? largestWidth : usualBox.width(), enlarge ? largestHeight : usualBox.height());
+    else
+        fitPicture(room());
     placeSideColumn(enlarge ? 8230 : 4230);
     label6_->setVisible(enlarge);
     lblZp_->setVisible(!enlarge);

@@ -13,6 +13,7 @@ class MovableGroup;
 class QCheckBox;
 class QLabel;
 class QPushButton;
+class QTimer;
 class ShapeBox;
 
 /// The preview as the frame of the window has it.
@@ -52,6 +53,9 @@ class PreviewPanel : public Preview {
     };
     std::function<std::optional<OtherTable>()> otherTable;
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void makeControls();
     QPushButton* button() const { return openers_.at(opener_).button; }
@@ -66,6 +70,13 @@ class PreviewPanel : public Preview {
 
     void placeFrame();
     void placeShape(int left, int top, int width, int height);
+    /// Shows the picture as large as there is room, sharply.
+    void fitPicture(QSize room);
+    QSize gained() const;  ///< What the panel has grown, in twips.
+    QSize room() const;    ///< For the picture, in twips.
+    QSize sharpSize();     ///< The size to decode for, in device pixels: no panel of the present window needs more.
+    QString readShown();
+    void sharpen();
     QString readRecord();
     QString readNewButton();
     QString readFile();
@@ -88,6 +99,8 @@ class PreviewPanel : public Preview {
     PreviewOpener opener_ = intakeRecordOpener;  ///< By which the panel was opened last.
     bool showsFile_ = false;                     ///< A file, not the current record.
     QString file_;
+    QSize decodedFor_;     ///< Device pixels.
+    QTimer* growthPause_;  ///< Until a picture is read anew for a panel that grows.
 
     MovableGroup* fraCk_;
     ShapeBox* shpWj_ = nullptr;

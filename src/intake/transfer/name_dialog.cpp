@@ -6,6 +6,7 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/text_box.h"
+#include "settings/frame/columns.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -30,6 +31,7 @@ NameDialog::NameDialog(const SettingsFrame& frame)
       picWm_(make<QLabel>(frame.sstFz->page(transferTab), u"picWm"_s)),
       imgWm_(make<ImageBox>(picWm_, u"imgWm"_s)) {
     frame_.sstFz->putOn(transferTab, fraWm_, frameLeft, frameTop, frameWidth, frameHeight);
+    letGrow(fraWm_, beside(transferShare, 1) + movesDown);
     // It stands over other controls: its ground hides them.
     fraWm_->setStyleSheet(u"QGroupBox#fraWm { background: palette(window); margin-top: 0px; }"_s);
     fraWm_->hide();
@@ -37,6 +39,8 @@ NameDialog::NameDialog(const SettingsFrame& frame)
     lblWm_->setTextFormat(Qt::PlainText);
     place(lblWm_, 150, 240, frameWidth - 300, 255);
     place(txtWm_, 150, 510, frameWidth - 300, 315);
+    letGrow({lblWm_, txtWm_}, widens);
+    letGrow({cmdWm0_, cmdWm1_}, movesRight);
     place(cmdWm0_, frameWidth - 150 - 2 * buttonWidth - 60, 855, buttonWidth, buttonHeight);
     place(cmdWm1_, frameWidth - 150 - buttonWidth, 855, buttonWidth, buttonHeight);
     connect(txtWm_, &TextBox::textChanged, this, [this](const QString& text) { cmdWm0_->setEnabled(!text.isEmpty()); });
@@ -49,6 +53,7 @@ NameDialog::NameDialog(const SettingsFrame& frame)
 /// It covers a corner of the grid, which is locked while names are asked for.
 void NameDialog::makePicture() {
     frame_.sstFz->putOn(transferTab, picWm_, frameLeft - pictureWidth, frameTop, pictureWidth, frameHeight);
+    letGrow(picWm_, movesRight * transferShare + movesDown);
     picWm_->setFrameShape(QFrame::StyledPanel);
     picWm_->setAutoFillBackground(true);
     picWm_->setAlignment(Qt::AlignCenter);
@@ -60,6 +65,7 @@ void NameDialog::makePicture() {
 
 void NameDialog::open(QProgressBar* prg3) {
     prg3->setParent(fraWm_);
+    letGrow(prg3, {});
     place(prg3, 150, 870, 1935, 285);
     prg3->setValue(0);
     prg3->show();

@@ -11,6 +11,7 @@
 #include "platform/desktop/busy.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
+#include "settings/frame/columns.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -225,8 +226,8 @@ void TransferPage::toTable(bool move) {
 /// The run is under way when this returns.
 void TransferPage::begin(const TransferJob& job, void (TransferPage::*end)(int count)) {
     const auto send = [job, catalogue = mekTp::cataloguePath()](RunWatch& watch) { return job.run(catalogue, watch); };
-    frame_.runBar.start({{6345, 5640, 1950, 255}, transferTab, prg3_}, job.words(), send,
-                        [this, job, end](const RunReport& report) {
+    frame_.runBar.start({{6345, 5640, 1950, 255}, transferTab, prg3_, beside(transferShare, 1) + movesDown},
+                        job.words(), send, [this, job, end](const RunReport& report) {
                             // The target takes nothing: all is as it was.
                             if (report.items.empty() && !report.failure.isEmpty()) throw Error(report.failure);
                             (this->*end)(report.count);

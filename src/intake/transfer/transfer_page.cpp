@@ -10,6 +10,7 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/option_buttons.h"
 #include "platform/desktop/placing.h"
+#include "settings/frame/columns.h"
 
 #include <QEvent>
 #include <QGroupBox>
@@ -27,6 +28,7 @@ namespace {
 constexpr int listLeft = 5500, listWidth = 1950;
 constexpr int infoLeft = 5400, infoWidth = 3945;
 constexpr int buttonsLeft = 5235;
+constexpr Growth besideGrid = beside(transferShare, 1), belowList = movesRight * transferShare + movesDown;
 
 const QString dropAll = u"撤消全部选中"_s;
 const QString chooseShown = u"下表选中"_s;
@@ -65,11 +67,15 @@ void TransferPage::makeLabels() {
     lbl6_ = put(make<ElidedLabel>(page, u"lbl6"_s), infoLeft, 4815, infoWidth, 225);
     lblLj_ = put(make<ElidedLabel>(page, u"lblLj"_s), infoLeft, 4850, infoWidth, 225);
     lbl3_ = put(make<QLabel>(page, u"lbl3"_s), infoLeft, 5100, infoWidth, 540);
+    letGrow(lblJs_, beside(0, transferShare) + movesDown);
+    letGrow({lblY0_, lbl5_}, besideGrid);
+    letGrow({lbl6_, lblLj_, lbl3_}, besideGrid + movesDown);
 }
 
 void TransferPage::makeTargetGroup() {
     fraMb_ = make<QGroupBox>(frame_.sstFz->page(transferTab), u"fraMb"_s, u"数据转存目标"_s);
     frame_.sstFz->putOn(transferTab, fraMb_, listLeft, 3810, listWidth, 765);
+    letGrow(fraMb_, belowList);
     const QString captions[] = {u"存入文件夹"_s, u"存入数据库"_s};
     for (int i = 0; i < 2; ++i) {
         auto* option = make<QRadioButton>(fraMb_, element(u"optMb"_s, i), captions[i]);
@@ -87,6 +93,7 @@ void TransferPage::makeButtons() {
     const auto button = [&](const QString& name, const QString& caption, int left, int top, int width, int height) {
         auto* made = make<QPushButton>(page, name, caption);
         sstFz->putOn(transferTab, made, left, top, width, height);
+        letGrow(made, belowList);
         made->setEnabled(false);
         return made;
     };
@@ -97,7 +104,10 @@ void TransferPage::makeButtons() {
     cmdYd_ = button(u"cmdYd"_s, u"移 动"_s, 6210, firstRow, 915, height);
     cmdWj_ = button(u"cmdWj"_s, u"按默认文件名转成文件"_s, 7185, firstRow, 2160, height);
     cmdQq_ = button(u"cmdQq"_s, u"撤 消"_s, 8430, secondRow, 915, height);
-    sstFz->putOn(transferTab, preview_.makeOpener(transferOpener, page), 7185, secondRow, 1185, height);
+    letGrow({cmdQb_, cmdXb_}, movesRight * transferShare);
+    QPushButton* opener = preview_.makeOpener(transferOpener, page);
+    sstFz->putOn(transferTab, opener, 7185, secondRow, 1185, height);
+    letGrow(opener, belowList);
     preview_.allowOpening(transferOpener, false);
     prg3_ = make<QProgressBar>(page, u"prg3"_s);
     prg3_->setRange(0, 100);
@@ -156,13 +166,15 @@ PageLayout TransferPage::layout() const {
     return {.outerFrame = {192, 0, 192},
             .innerFrame = {0, 255, 0},
             .grid = {200, 1130, 4800, 5320},
-            .chooser = PageLayout::Chooser{{240, 790}, u"来源图册："_s, {1100, 720}, 1950}};
+            .gridGrowth = beside(0, transferShare) + heightens,
+            .chooser = PageLayout::Chooser{{240, 790}, u"来源图册："_s, {1100, 720}, 1950, beside(0, transferShare)}};
 }
 
 void TransferPage::enter() {
+    codeButtons_.setGrowth(movesRight);
     codeButtons_.moveHeading(7830, 930);
     frame_.hints.czts(2);
-    chosen_.putOn(transferTab, {listLeft, 1180, listWidth, 2600});
+    chosen_.putOn(transferTab, {listLeft, 1180, listWidth, 2600}, besideGrid + heightens);
     chosen_.show();
     startAnew();
     for (QPushButton* button : {cmdQb_, cmdXb_}) button->setEnabled(false);

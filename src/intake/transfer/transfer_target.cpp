@@ -10,6 +10,7 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/option_buttons.h"
 #include "platform/desktop/placing.h"
+#include "settings/frame/columns.h"
 
 #include <QDir>
 #include <QGroupBox>
@@ -21,6 +22,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 constexpr int panelLeft = 170, panelTop = 720;
+constexpr int infoLeft = 5400, infoWidth = 3945;
 constexpr int lineHeight = 225, twoLinesHeight = 540;
 
 void showLine(QLabel* line, const QString& text) {
@@ -45,7 +47,7 @@ void TransferPage::optMbClick(int index) {
     browser_.showOn(transferTab, panelLeft, panelTop);
     if (index == 1) {
         browser_.setNote(u"“图片转录”只能在目标表后追加记录。"_s);
-        browser_.placeNote(transferTab, {575, 6390, 4300, lineHeight});
+        browser_.placeNote(transferTab, {575, 6390, 4300, lineHeight}, beside(0, transferShare) + movesDown);
         browser_.showNote();
     }
     frame_.hints.czts(index == 0 ? 4 : 3);
@@ -69,7 +71,7 @@ void TransferPage::bsxz(bool enabled) {
 }
 
 void TransferPage::stand(QLabel* line, int top, int height) const {
-    frame_.sstFz->putOn(transferTab, line, leftOf(line), top, widthOf(line), height);
+    frame_.sstFz->putOn(transferTab, line, infoLeft, top, infoWidth, height);
 }
 
 void TransferPage::enableRuns(bool on) {

@@ -11,6 +11,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -42,6 +43,9 @@ Grid::Grid(QWidget* parent) : QTableView(parent), model_(new GridModel(this)) {
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setMinimumSectionSize(16);
     horizontalHeader()->setFixedHeight(lineHeight + 2);
+    horizontalHeader()->viewport()->installEventFilter(this);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+            [this](int column, int, int width) { takeWidth(column, width); });
     connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) {
         if (isOnCurrentRecord(index)) Q_EMIT rowClicked(index.row());
     });
@@ -115,33 +119,77 @@ void Grid::follow() {
     horizontalScrollBar()->setValue(sideways);
 }
 
-int Grid::wantedWidth(int column) const {
-    const QFontMetrics metrics = fontMetrics();
-    QString heading = model_->spacedHeading(column);
-    const auto blanks = int(heading.count(u' '));
-    // A blank counts as half a Chinese character; in a proportional font it would be much narrower.
-    const int headingWidth =
-        metrics.horizontalAdvance(heading.remove(u' ')) + blanks * metrics.horizontalAdvance(u'中') / 2;
-    return std::max(headingWidth + headingPadding, contentWidth(column) + cellPadding);
+// Widths of columns -------------------------------------------------------------------------------------------------
+
+QString Grid::headingOf(int column) const {
+    return model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
 }
 
-int Grid::contentWidth(int column) const {
+/// A person's widths, and for the other columns those of their headings and texts, as far as these are not too wide.
+std::vector<int> Grid::wantedWidths(int widestContent) const {
+    const QFontMetrics metrics = fontMetrics();
+    std::vector<int> widths;
+    for (int column = 0; column < model_->columnCount(); ++column) {
+        QString heading = model_->spacedHeading(column);
+        const auto blanks = int(heading.count(u' '));
+        // A blank counts as half a Chinese character; in a proportional font it would be much narrower.
+        const int headingWidth =
+            metrics.horizontalAdvance(heading.remove(u' ')) + blanks * metrics.horizontalAdvance(u'中') / 2;
+        const bool last = column == model_->columnCount() - 1;
+        const int content = contentWidth(column, last ? widestByContent : widestContent);
+        widths.push_back(
+            widths_.value(headingOf(column), std::max(headingWidth + headingPadding, content + cellPadding)));
+    }
+    return widths;
+}
+
+int Grid::contentWidth(int column, int widest) const {
     const QFontMetrics metrics = fontMetrics();
     int width = model_->isNumeric(column) ? metrics.horizontalAdvance(u"00000"_s) : 0;
     const int rows = std::min(model_->rowCount(), sampledRows);
     for (int row = 0; row < rows; ++row) width = std::max(width, metrics.horizontalAdvance(cellText(row, column)));
-    return std::min(width, widestByContent);
+    return std::min(width, widest);
 }
 
+/// Long texts are shown whole where all columns have room.
 void Grid::applyWidths() {
-    const int columns = model_->columnCount();
-    int used = 0;
-    for (int column = 0; column < columns; ++column) {
-        const bool last = column == columns - 1;
-        const int width = wantedWidth(column);
-        setColumnWidth(column, last ? std::max(width, viewport()->width() - used) : width);
-        used += width;
-    }
+    const int room = viewport()->width();
+    const auto sum = [](const std::vector<int>& widths) { return std::accumulate(widths.begin(), widths.end(), 0); };
+    std::vector<int> widths = wantedWidths(room);
+    if (sum(widths) > room) widths = wantedWidths(widestByContent);
+    if (widths.empty()) return;
+    const int last = int(widths.size()) - 1;
+    for (int column = 0; column < last; ++column) setColumnWidth(column, widths[std::size_t(column)]);
+    // Scroll bars may have come or gone meanwhile.
+    setColumnWidth(last, std::max(widths.back(), viewport()->width() - (sum(widths) - widths.back())));
+}
+
+void Grid::setWidths(const Widths& widths) {
+    widths_ = widths;
+    applyWidths();
+}
+
+void Grid::takeWidth(int column, int width) {
+    if (!inHeader_) return;
+    widths_[headingOf(column)] = width;
+    widthChanged_ = true;
+}
+
+/// The end of a drag: the other columns do not move under the mouse.
+bool Grid::eventFilter(QObject* watched, QEvent* event) {
+    const bool isHeader = watched == horizontalHeader()->viewport();
+    if (isHeader && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick))
+        inHeader_ = true;
+    if (isHeader && event->type() == QEvent::MouseButtonRelease && std::exchange(inHeader_, false) &&
+        std::exchange(widthChanged_, false))
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                applyWidths();
+                Q_EMIT widthGiven();
+            },
+            Qt::QueuedConnection);
+    return QTableView::eventFilter(watched, event);
 }
 
 // The person's choice ----------------------------------------------------------------------------------------------

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QMap>
 #include <QTableView>
+#include <vector>
 
 class DataControl;
 class GridModel;
@@ -23,6 +25,12 @@ class Grid : public QTableView {
     void setFormatString(const QString& format);
     QString FormatString() const { return format_; }
 
+    /// Widths of columns, in pixels by heading, that a person has given them.
+    using Widths = QMap<QString, int>;
+    /// The other columns are as wide as their headings and texts, and the last one takes what is left.
+    void setWidths(const Widths& widths);
+    const Widths& widths() const { return widths_; }
+
     /// Empties the grid, but for its headings, until the data control refreshes again.
     void Clear();
 
@@ -41,6 +49,8 @@ class Grid : public QTableView {
     void rowClicked(int row);
     /// A row was taken, by a double click or Enter. Comes after the other two.
     void rowActivated(int row);
+    /// The person has given a column another width.
+    void widthGiven();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -59,12 +69,19 @@ class Grid : public QTableView {
     bool isOnCurrentRecord(const QModelIndex& index) const;
     bool select();
     void applyWidths();
-    int wantedWidth(int column) const;
-    int contentWidth(int column) const;
+    QString headingOf(int column) const;
+    std::vector<int> wantedWidths(int widestContent) const;
+    int contentWidth(int column, int widest) const;
+    void takeWidth(int column, int width);
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
     DataControl* data_ = nullptr;  ///< Whose records are shown.
     GridModel* model_;             ///< Reads them for the view.
     QString format_;
-    bool held_ = false;       ///< The highlight moves without the record: it follows it, or has not arrived yet.
-    bool mouseDown_ = false;  ///< A mouse button is down: the highlight may be drawn over the rows.
-    int rowBefore_ = -1;      ///< The highlighted row when the mouse went down beside all rows, otherwise -1.
+    Widths widths_;
+    bool inHeader_ = false;      ///< A mouse button went down in the headings, and is down.
+    bool widthChanged_ = false;  ///< By the drag that is under way.
+    bool held_ = false;          ///< The highlight moves without the record: it follows it, or has not arrived yet.
+    bool mouseDown_ = false;     ///< A mouse button is down: the highlight may be drawn over the rows.
+    int rowBefore_ = -1;         ///< The highlighted row when the mouse went down beside all rows, otherwise -1.
 };

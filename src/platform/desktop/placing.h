@@ -1,11 +1,13 @@
 #pragma once
 
 #include "platform/base/twips.h"
+#include "platform/desktop/growing.h"
 
 #include <QString>
 #include <QWidget>
 
-/// Placing of controls in twips.
+/// Placing of controls in twips. A control that grows (see `letGrow`) is placed where it is in the smallest window;
+/// `leftOf` and the like tell where it is by now.
 
 /// Makes a control with its object name on a parent. Elements of a control array are named `imgAn(3)`.
 template <typename Control, typename... Arguments>
@@ -21,11 +23,11 @@ inline QString element(const QString& array, int index) {
 }
 
 inline void place(QWidget* control, int left, int top, int width, int height) {
-    control->setGeometry(rectFromTwips(left, top, width, height));
+    setSmallestPlace(control, rectFromTwips(left, top, width, height));
 }
 
 inline void place(QWidget* control, int left, int top) {
-    control->move(pixelsFromTwips(left), pixelsFromTwips(top));
+    setSmallestPlace(control, {QPoint(pixelsFromTwips(left), pixelsFromTwips(top)), smallestPlace(control).size()});
 }
 
 inline int leftOf(const QWidget* control) {

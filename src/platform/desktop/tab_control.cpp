@@ -1,6 +1,7 @@
 #include "platform/desktop/tab_control.h"
 
 #include "platform/base/twips.h"
+#include "platform/desktop/growing.h"
 
 #include <QMouseEvent>
 #include <QTabBar>
@@ -53,18 +54,20 @@ int TabControl::addPage(const QString& caption) {
     page->setObjectName(u"page%1"_s.arg(count()));
     page->setMouseTracking(true);
     page->installEventFilter(this);
+    page->setMinimumSize(smallestPlace(this).size() - QSize(0, pixelsFromTwips(stripHeight)));
     return addTab(page, caption);
 }
 
 void TabControl::putOn(int page, QWidget* control, int left, int top, int width, int height) {
     const bool shown = !isHiddenOnPurpose(control);
     if (control->parentWidget() != widget(page)) control->setParent(widget(page));
-    control->setGeometry(onPage(rectFromTwips(left, top, width, height)));
+    setSmallestPlace(control, onPage(rectFromTwips(left, top, width, height)));
     if (shown) control->show();
 }
 
 void TabControl::putOn(int page, QWidget* control, int left, int top) {
-    putOn(page, control, left, top, twipsFromPixels(control->width()), twipsFromPixels(control->height()));
+    const QSize size = smallestPlace(control).size();
+    putOn(page, control, left, top, twipsFromPixels(size.width()), twipsFromPixels(size.height()));
 }
 
 bool TabControl::eventFilter(QObject* watched, QEvent* event) {

@@ -14,10 +14,12 @@ class TabControl : public QTabWidget {
 
     explicit TabControl(QWidget* parent = nullptr);
 
+    /// The page is never smaller than the control has room for now.
     int addPage(const QString& caption);
     QWidget* page(int index) const { return widget(index); }
 
-    /// Makes `page` the parent of a control and places it; keeps whether it is shown.
+    /// Makes `page` the parent of a control and places it where it is in the smallest window; keeps whether it is
+    /// shown.
     void putOn(int page, QWidget* control, int left, int top, int width, int height);
     void putOn(int page, QWidget* control, int left, int top);
 

@@ -46,12 +46,13 @@ void storeWithScripts(const QString& path) {
 }  // namespace
 
 BackupGroup::BackupGroup(const SettingsFrame& frame) : frame_(frame) {
-    auto* Frame3 = makeGroup(frame.sstFz, setupTab, u"Frame3"_s, u"图册备份设置"_s, groupPlace);
-    txtBf = makeLabelled<TextBox>(Frame3, u"txtBf"_s, u"备份路径："_s, {150, pathTop}, 900, 3150);
+    auto* Frame3 = makeGroup(frame.sstFz, setupTab, u"Frame3"_s, u"图册备份设置"_s, groupPlace, rightColumn);
+    txtBf = makeLabelled<TextBox>(Frame3, u"txtBf"_s, u"备份路径："_s, {150, pathTop}, 900, 3150, widens);
     auto* result = make<ElidedLabel>(Frame3, u"lblBf"_s);
     result->setElideMode(Qt::ElideRight);  // when the copy was made stands in front
     lblBf = result;
     place(lblBf, 150, resultTop, 4050, resultHeight);
+    letGrow(lblBf, widens);
     cmdBb = makeButton(Frame3, u"cmdBb"_s, atRest, 1050, buttonTop);
     cmdBk = makeButton(Frame3, u"cmdBk"_s, starts, 2125, buttonTop);
     cmdBl = makeButton(Frame3, u"cmdBl"_s, u"浏 览"_s, 3200, buttonTop);

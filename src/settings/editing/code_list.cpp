@@ -17,7 +17,7 @@ const QRect group(5460, 720, 3765, 3180);
 }  // namespace
 
 CodeList::CodeList(const SettingsFrame& frame) : frame_(frame) {
-    Frame8 = makeGroup(frame.sstFz, editingTab, u"Frame8"_s, u"选择编号"_s, group);
+    Frame8 = makeGroup(frame.sstFz, editingTab, u"Frame8"_s, u"选择编号"_s, group, rightColumn + heightens);
     const std::array captions{u"按序号排序"_s, u"按编号排序"_s};
     for (int i = 0; i < 2; ++i) {
         auto& option = optP2.at(i);
@@ -31,6 +31,7 @@ CodeList::CodeList(const SettingsFrame& frame) : frame_(frame) {
     lblZs->setWordWrap(true);
     lblZs->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     place(lblZs, 120, list.y() + list.height() - group.y() + 15, group.width() - 240, 540);
+    letGrow(lblZs, widens + movesDown);
 
     connect(&frame.choices, &ChoiceList::lineClicked, this, guarded(frame.form, [this](const QString& line) {
         if (inFront()) Q_EMIT codeClicked(codeOfLine(line));
@@ -47,7 +48,7 @@ bool CodeList::inFront() const {
 }
 
 void CodeList::enter() {
-    frame_.choices.putOn(editingTab, list, listColumns);
+    frame_.choices.putOn(editingTab, list, listColumns, rightColumn + heightens);
     clearOptions(optP2);
     fill(u"tcan"_s);
 }

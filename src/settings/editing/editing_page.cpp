@@ -2,6 +2,7 @@
 
 #include "platform/base/error.h"
 #include "settings/editing/editing_rules.h"
+#include "settings/frame/columns.h"
 
 #include <utility>
 
@@ -27,7 +28,8 @@ PageLayout EditingPage::layout() const {
     return {.outerFrame = {0, 0, 255},
             .innerFrame = {0, 255, 0},
             .grid = {300, 1350, 5100, 5150},
-            .chooser = PageLayout::Chooser{{370, 790}, u"选择图册："_s, {1245, 720}, 4155}};
+            .gridGrowth = leftColumn + heightens,
+            .chooser = PageLayout::Chooser{{370, 790}, u"选择图册："_s, {1245, 720}, 4155, leftColumn}};
 }
 
 void EditingPage::enter() {

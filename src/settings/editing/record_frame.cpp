@@ -40,7 +40,7 @@ constexpr int lineTop(int line) {
 RecordFrame::RecordFrame(const SettingsFrame& frame, Preview& preview)
     : frame_(frame),
       preview_(preview),
-      Frame9(makeGroup(frame.sstFz, editingTab, u"Frame9"_s, u"编辑记录"_s, groupPlace)) {
+      Frame9(makeGroup(frame.sstFz, editingTab, u"Frame9"_s, u"编辑记录"_s, groupPlace, rightColumn + movesDown)) {
     makeFields();
     makeButtons();
     makeOptions();
@@ -58,9 +58,10 @@ void RecordFrame::makeFields() {
     const int numberWidth = 600, codesLeft = left + captionWidth + numberWidth + 75;
     const int wide = fieldsWidth - captionWidth;
     const auto field = [&](const QString& name, const QString& caption, int x, int line, int width) {
-        return makeLabelled<TextBox>(Frame9, name, caption, {x, lineTop(line)}, captionWidth, width);
+        return makeLabelled<TextBox>(Frame9, name, caption, {x, lineTop(line)}, captionWidth, width, widens);
     };
     txtXh = field(u"txtXh"_s, u"序号："_s, left, 0, numberWidth);
+    letGrow(txtXh, {});
     txtBh = field(u"txtBh"_s, u"编号："_s, codesLeft, 0, left + fieldsWidth - codesLeft - captionWidth);
     txtRq = field(u"txtRq"_s, u"日期："_s, left, 1, wide);
     txtB2 = field(u"txtB2"_s, u"备注："_s, left, 2, wide);
@@ -88,6 +89,7 @@ void RecordFrame::makeButtons() {
         recordOpener, Frame9,
         {.isEditing = [this] { return isEditing(); }, .caption = [this] { return pictureCaption(); }});
     place(opener, buttonLeft, lineTop(2), buttonWidth, rowHeight);
+    letGrow(opener, movesRight);
     connect(cmdQd, &QPushButton::clicked, this, guarded(frame_.form, [this] { cmdQdClick(); }));
     connect(cmdSc, &QPushButton::clicked, this, guarded(frame_.form, [this] { cmdScClick(); }));
 }

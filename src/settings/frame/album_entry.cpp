@@ -62,6 +62,9 @@ void AlbumEntry::putOn(int page, const std::optional<PageLayout::Chooser>& place
         part->setVisible(place.has_value());
     if (!place) return;
     lblXc->setText(place->caption);
+    const Growth& growth = place->growth;
+    letGrow(cboBm, growth);
+    letGrow(lblXc, beside(growth.left, growth.left));
     sstFz_->putOn(page, lblXc, place->label.x(), place->label.y(), place->box.x() - place->label.x(), 225);
     sstFz_->putOn(page, cboBm, place->box.x(), place->box.y(), place->width, chooserHeight);
 }

@@ -45,8 +45,10 @@ void ChoiceList::setToolTip(const QString& text) {
     lstBh->setToolTip(text);
 }
 
-void ChoiceList::putOn(int page, const QRect& at, int columns) {
+void ChoiceList::putOn(int page, const QRect& at, int columns, const Growth& growth) {
+    growth_ = growth;
     lstBh->setColumns(columns);
+    letGrow(lstBh, growth_);
     sstFz_->putOn(page, lstBh, at.x(), at.y(), at.width(), at.height());
     lstBh->show();
     lstBh->raise();
@@ -68,13 +70,14 @@ void ChoiceList::openOver(const QWidget* box, const QStringList& lines, const QS
 void ChoiceList::borrow(QWidget* group) {
     group_ = group;
     home_ = lstBh->parentWidget();
-    place_ = lstBh->geometry();
+    place_ = smallestPlace(lstBh);
     palette_ = lstBh->palette();
     font_ = lstBh->font();
     focus_ = lstBh->focusPolicy();
     columns_ = lstBh->columns();
     enabled_ = lstBh->isEnabled();
 
+    letGrow(lstBh, {});
     lstBh->setParent(group);
     lstBh->setColumns(1);
     lstBh->setEnabled(true);
@@ -108,7 +111,8 @@ void ChoiceList::close() {
     lstBh->hide();
     lstBh->clear();
     lstBh->setParent(home_);
-    lstBh->setGeometry(place_);
+    letGrow(lstBh, growth_);
+    setSmallestPlace(lstBh, place_);
     lstBh->setStyleSheet(QString());
     lstBh->setPalette(palette_);
     lstBh->setFont(font_);

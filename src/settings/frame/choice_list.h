@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/desktop/growing.h"
+
 #include <QFont>
 #include <QObject>
 #include <QPalette>
@@ -23,7 +25,7 @@ class ChoiceList : public QObject {
     void setEnabled(bool on);
     void setToolTip(const QString& text);
     /// In twips of the tab control.
-    void putOn(int page, const QRect& place, int columns);
+    void putOn(int page, const QRect& place, int columns, const Growth& growth);
 
     /// Opens over a box, as high as its lines need and the group of the box has room. `tips` explain the lines.
     void openOver(const QWidget* box, const QStringList& lines, const QStringList& tips);
@@ -49,6 +51,7 @@ class ChoiceList : public QObject {
     QPalette palette_;
     QFont font_;
     Qt::FocusPolicy focus_ = Qt::StrongFocus;
+    Growth growth_;
     int columns_ = 1;
     bool enabled_ = true;
 };

@@ -9,9 +9,11 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-QGroupBox* makeGroup(TabControl* sstFz, int page, const QString& name, const QString& caption, const QRect& twips) {
+QGroupBox* makeGroup(TabControl* sstFz, int page, const QString& name, const QString& caption, const QRect& twips,
+                     const Growth& growth) {
     auto* group = make<QGroupBox>(sstFz->page(page), name, caption);
     sstFz->putOn(page, group, twips.x(), twips.y(), twips.width(), twips.height());
+    letGrow(group, growth);
     return group;
 }
 
@@ -24,6 +26,7 @@ QLabel* makeCaption(QWidget* group, const QString& text, int left, int top, int 
 QPushButton* makeButton(QWidget* group, const QString& name, const QString& caption, int left, int top, int width) {
     auto* button = make<QPushButton>(group, name, caption);
     place(button, left, top, width, rowHeight);
+    letGrow(button, movesRight);
     return button;
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/database/records/recordset.h"
 #include "platform/desktop/placing.h"
+#include "settings/frame/columns.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -23,21 +24,25 @@ constexpr int rowTop(int index) {
 }
 
 /// A group with its caption on a page; the place is told from the corner of the tab control.
-QGroupBox* makeGroup(TabControl* sstFz, int page, const QString& name, const QString& caption, const QRect& twips);
+QGroupBox* makeGroup(TabControl* sstFz, int page, const QString& name, const QString& caption, const QRect& twips,
+                     const Growth& growth);
 
 QLabel* makeCaption(QWidget* group, const QString& text, int left, int top, int width);
 
-/// A control with its caption in front of it.
+/// A control with its caption in front of it, which stays there when the control grows.
 template <typename Control>
 Control* makeLabelled(QWidget* group, const QString& name, const QString& caption, const QPoint& at, int captionWidth,
-                      int width) {
+                      int width, const Growth& growth = {}) {
     QLabel* label = makeCaption(group, caption, at.x(), at.y(), captionWidth);
     auto* control = make<Control>(group, name);
     place(control, at.x() + captionWidth, at.y(), width, rowHeight);
+    letGrow(control, growth);
+    letGrow(label, {growth.left, growth.top, growth.left, growth.bottom});
     label->setBuddy(control);
     return control;
 }
 
+/// At the right edge of what grows wider.
 QPushButton* makeButton(QWidget* group, const QString& name, const QString& caption, int left, int top,
                         int width = 1000);
 

@@ -6,10 +6,12 @@
 #include "platform/desktop/placing.h"
 #include "platform/desktop/shapes.h"
 #include "settings/frame/tab_strip.h"
+#include "windows/window_place.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QSizeGrip>
 #include <QTabBar>
 #include <utility>
 
@@ -45,11 +47,14 @@ frmSz::frmSz(Windows& windows, const Furnishing& furnish, QWidget* parent)
       runBar_(this, sstFz) {
     setObjectName(u"frmSz"_s);
     setWindowTitle(u" 览忆集苑(图片录入及系统设置)"_s);
-    setFixedSize(pixelsFromTwips(windowWidth), pixelsFromTwips(windowHeight));
+    setMinimumSize(pixelsFromTwips(windowWidth), pixelsFromTwips(windowHeight));
+    resize(minimumSize());
+    for (ShapeBox* shape : {shpWk, shpNk}) letGrow(shape, fills);
     makeOuterButtons();
     contents_ = furnish({this, sstFz, hints_, work_, albums_, grid_, choices_, runBar_});
     load();
     connectEvents();
+    new RememberedSize(this);
 }
 
 frmSz::~frmSz() = default;
@@ -57,6 +62,7 @@ frmSz::~frmSz() = default;
 TabControl* frmSz::makeTabs(QWidget* form) {
     auto* tabs = make<TabControl>(form, u"sstFz"_s);
     place(tabs, 0, 0, windowWidth, tabsHeight - mekTp::titleBarExtra);
+    letGrow(tabs, fills);
     for (const QString& caption : {u"图册设置"_s, u"图片录入"_s, u"图册编辑"_s, u"图片转存"_s}) tabs->addPage(caption);
     return tabs;
 }
@@ -64,15 +70,20 @@ TabControl* frmSz::makeTabs(QWidget* form) {
 void frmSz::makeOuterButtons() {
     constexpr int top = 6855;
     constexpr int width = 990;
-    constexpr int pitch = 1080;
+    constexpr int pitch = 1050;
+    constexpr int gripWidth = 240;
     const auto button = [&](const QString& name, const QString& caption, int fromRight) {
         auto* made = make<QPushButton>(this, name, caption);
-        place(made, windowWidth - 100 - width - fromRight * pitch, top, width, 330);
+        place(made, windowWidth - gripWidth - 60 - width - fromRight * pitch, top, width, 330);
+        letGrow(made, movesRight + movesDown);
         return made;
     };
     auto* cmdFh = button(u"cmdFh"_s, u"返回"_s, 2);
     auto* cmdGl = button(u"cmdGl"_s, u"关闭"_s, 1);
     auto* cmdBz = button(u"cmdBz"_s, u"帮助"_s, 0);
+    auto* grip = new QSizeGrip(this);
+    place(grip, windowWidth - gripWidth, windowHeight - gripWidth, gripWidth, gripWidth);
+    letGrow(grip, movesRight + movesDown);
 
     for (QPushButton* leaving : {cmdFh, cmdGl}) runBar_.leaveFree(leaving);
     connect(cmdFh, &QPushButton::clicked, this,
@@ -133,11 +144,13 @@ void frmSz::placeSharedControls(const PageLayout& layout) {
     shpNk->setBorderColor(layout.innerFrame);
     shpNk->lower();
     shpWk->lower();
+    grid_.setGrowth(layout.gridGrowth);
     if (layout.gridGroup != nullptr)
         grid_.putIn(layout.gridGroup, layout.grid);
     else
         grid_.putOn(page, layout.grid);
     grid_.setHeadings(layout.gridHeadings);
+    grid_.rememberWidths(page);
     albums_.putOn(page, layout.chooser);
 }
 

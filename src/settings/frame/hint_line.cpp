@@ -45,7 +45,9 @@ QString hintTail(int number, int count) {
     }
 }
 
-HintLine::HintLine(TabControl* sstFz) : sstFz_(sstFz), lblTs(make<QLabel>(sstFz, u"lblTs"_s)) {}
+HintLine::HintLine(TabControl* sstFz) : sstFz_(sstFz), lblTs(make<QLabel>(sstFz, u"lblTs"_s)) {
+    letGrow(lblTs, widens);
+}
 
 void HintLine::putOn(int page) {
     sstFz_->putOn(page, lblTs, 225, 495, 9150, 210);

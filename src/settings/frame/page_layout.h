@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/desktop/growing.h"
+
 #include <QColor>
 #include <QPoint>
 #include <QRect>
@@ -14,9 +16,10 @@ inline const QString pictureHeadings =
 
 /// Where the controls that all pages share stand on one page, in twips of the tab control.
 struct PageLayout {
-    QColor outerFrame;             ///< shpWk
-    QColor innerFrame;             ///< shpNk
-    QRect grid;                    ///< msgBm
+    QColor outerFrame;  ///< shpWk
+    QColor innerFrame;  ///< shpNk
+    QRect grid;         ///< msgBm
+    Growth gridGrowth;
     QWidget* gridGroup = nullptr;  ///< The group that holds the grid, whose place is in twips of it then.
     QString gridHeadings = pictureHeadings;
 
@@ -25,6 +28,7 @@ struct PageLayout {
         QString caption;
         QPoint box;  ///< cboBm
         int width;
+        Growth growth;  ///< Of the box.
     };
     std::optional<Chooser> chooser = {};  ///< Nothing on a page without an album chooser.
 };

@@ -1,13 +1,38 @@
 #include "settings/frame/record_grid.h"
 
 #include "catalogue/mektp.h"
+#include "catalogue/remembered.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/grid.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/tab_control.h"
 #include "settings/frame/settings_tab.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <algorithm>
+
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QString textOfWidths(const Grid::Widths& widths) {
+    QJsonObject object;
+    for (auto width = widths.begin(); width != widths.end(); ++width) object[width.key()] = width.value();
+    return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
+}
+
+/// None where the text is none of ours.
+Grid::Widths widthsOfText(const QString& text) {
+    constexpr int widest = 2000;
+    Grid::Widths widths;
+    const QJsonObject object = QJsonDocument::fromJson(text.toUtf8()).object();
+    for (auto width = object.begin(); width != object.end(); ++width)
+        if (width->isDouble()) widths[width.key()] = std::clamp(width->toInt(), 0, widest);
+    return widths;
+}
+
+}  // namespace
 
 RecordGrid::RecordGrid(TabControl* sstFz)
     : sstFz_(sstFz),
@@ -19,6 +44,8 @@ RecordGrid::RecordGrid(TabControl* sstFz)
     datBj->mayGoTo = [this](int row) { return !mayGoTo || mayGoTo(row); };
     connect(msgBm, &Grid::rowSelected, this, [this] { Q_EMIT rowSelected(); });
     connect(msgBm, &Grid::rowClicked, this, [this] { Q_EMIT rowClicked(); });
+    connect(msgBm, &Grid::widthGiven, this,
+            [this] { remembered::setText(widthsName_, textOfWidths(msgBm->widths())); });
     connect(datBj, &DataControl::refreshed, this, &RecordGrid::listed);
     connect(datBj, &DataControl::repositioned, this, &RecordGrid::moved);
 }
@@ -75,6 +102,15 @@ void RecordGrid::setEnabled(bool on) {
 
 void RecordGrid::setHeadings(const QString& headings) {
     msgBm->setFormatString(headings);
+}
+
+void RecordGrid::setGrowth(const Growth& growth) {
+    letGrow(msgBm, growth);
+}
+
+void RecordGrid::rememberWidths(int page) {
+    widthsName_ = u"grid.%1"_s.arg(page);
+    msgBm->setWidths(widthsOfText(remembered::text(widthsName_)));
 }
 
 void RecordGrid::putOn(int page, const QRect& at) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/database/records/recordset.h"
+#include "platform/desktop/growing.h"
 
 #include <QObject>
 #include <QRect>
@@ -41,6 +42,9 @@ class RecordGrid : public QObject {
 
     void setEnabled(bool on);
     void setHeadings(const QString& headings);
+    void setGrowth(const Growth& growth);
+    /// The columns get the widths that a person has given them on that page, and the next ones are remembered.
+    void rememberWidths(int page);
     /// In twips of the tab control, or of a group.
     void putOn(int page, const QRect& place);
     void putIn(QWidget* group, const QRect& place);
@@ -59,6 +63,7 @@ class RecordGrid : public QObject {
     void moved();        ///< Another record is the current one.
 
   private:
+    QString widthsName_;  ///< Under which widths of columns are remembered.
     TabControl* sstFz_;
     DataControl* datBj;  ///< The records, and the buttons that move through them.
     Grid* msgBm;         ///< A line for each record.

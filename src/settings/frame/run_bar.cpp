@@ -23,7 +23,7 @@ namespace {
 constexpr int rowTop = 6855;
 constexpr int lineLeft = 120, lineWidth = 4950;
 constexpr int momentMs = 200;
-constexpr int stopLeft = 5190, stopWidth = 990, stopHeight = 330;
+constexpr int stopLeft = 5175, stopWidth = 990, stopHeight = 330;
 
 }  // namespace
 
@@ -75,6 +75,8 @@ RunBar::RunBar(QWidget* form, TabControl* sstFz)
     cmdTz->setToolTip(u"做完手上的一张就停止（Esc）"_s);
     place(lblJd, lineLeft, rowTop, lineWidth, stopHeight);
     place(cmdTz, stopLeft, rowTop, stopWidth, stopHeight);
+    letGrow(lblJd, widens + movesDown);
+    letGrow(cmdTz, movesRight + movesDown);
     prg2->hide();
     cmdTz->hide();
     longStep_.setSingleShot(true);
@@ -117,6 +119,7 @@ void RunBar::launch(const RunWords& words, Run run, After after) {
 
 void RunBar::placeBar(const Place& at) {
     bar_ = at.bar != nullptr ? at.bar : prg2;
+    letGrow(bar_, at.growth);
     if (at.page) {
         sstFz_->putOn(*at.page, bar_, at.at.x(), at.at.y(), at.at.width(), at.at.height());
     } else {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/desktop/busy.h"
+#include "platform/desktop/growing.h"
 #include "platform/desktop/long_work.h"
 #include "settings/frame/run_words.h"
 
@@ -32,6 +33,7 @@ class RunBar : public QObject {
         QRect at;
         std::optional<int> page = {};  ///< None: in the strip of captions.
         QProgressBar* bar = nullptr;   ///< A page's own; none: prg2.
+        Growth growth = {};
     };
 
     RunBar(QWidget* form, TabControl* sstFz);

@@ -22,12 +22,12 @@ const QString cancels = u"撤 消"_s;
 }  // namespace
 
 AlbumGroup::AlbumGroup(const SettingsFrame& frame) : frame_(frame) {
-    auto* fra3 = makeGroup(frame.sstFz, setupTab, u"fra3"_s, u"分图册设置"_s, {5070, 2355, 4350, 1920});
-    cboFc = makeLabelled<QComboBox>(fra3, u"cboFc"_s, u"分图册选择："_s, {150, rowTop(0)}, 1100, 2950);
+    auto* fra3 = makeGroup(frame.sstFz, setupTab, u"fra3"_s, u"分图册设置"_s, {5070, 2355, 4350, 1920}, rightColumn);
+    cboFc = makeLabelled<QComboBox>(fra3, u"cboFc"_s, u"分图册选择："_s, {150, rowTop(0)}, 1100, 2950, widens);
     txtXc = makeLabelled<TextBox>(fra3, u"txtXc"_s, u"序号："_s, {150, rowTop(1)}, 600, 650);
     txtBc = makeLabelled<TextBox>(fra3, u"txtBc"_s, u"表名："_s, {1500, rowTop(1)}, 600, 950);
-    txtTc = makeLabelled<TextBox>(fra3, u"txtTc"_s, u"标题："_s, {150, rowTop(2)}, 600, 2300);
-    txt1c = makeLabelled<TextBox>(fra3, u"txt1c"_s, u"备注："_s, {150, rowTop(3)}, 600, 2300);
+    txtTc = makeLabelled<TextBox>(fra3, u"txtTc"_s, u"标题："_s, {150, rowTop(2)}, 600, 2300, widens);
+    txt1c = makeLabelled<TextBox>(fra3, u"txt1c"_s, u"备注："_s, {150, rowTop(3)}, 600, 2300, widens);
     cmdFc = makeButton(fra3, u"cmdFc"_s, atRest, 3200, rowTop(2));
     cmdFs = makeButton(fra3, u"cmdFs"_s, deletes, 3200, rowTop(3));
 

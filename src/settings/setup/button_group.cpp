@@ -34,22 +34,25 @@ ButtonGroup::ButtonGroup(const SettingsFrame& frame, Preview& preview) : frame_(
 }
 
 void ButtonGroup::makeControls() {
-    fraAs = makeGroup(frame_.sstFz, setupTab, u"fraAs"_s, u"图片选择按钮设置"_s, {180, 780, 4770, 5880});
-    makeCaption(fraAs, u"可在上表中用鼠标单击选择要修改的按钮"_s, 200, 3820, 4330);
+    fraAs = makeGroup(frame_.sstFz, setupTab, u"fraAs"_s, u"图片选择按钮设置"_s, {180, 780, 4770, 5880},
+                      leftColumn + heightens);
+    letGrow(makeCaption(fraAs, u"可在上表中用鼠标单击选择要修改的按钮"_s, 200, 3820, 4330), movesDown);
 
     const std::array captions{u"按序号排序"_s, u"按编号排序"_s};
     for (int i = 0; i < 2; ++i) {
         auto& option = optAp.at(i);
         option = make<QRadioButton>(fraAs, element(u"optAp"_s, i), captions.at(i));
         place(option, 200 + 1900 * i, 4140, 1800, rowHeight);
+        letGrow(option, movesDown);
         connect(option, &QRadioButton::clicked, this, guarded(frame_.form, [this, i] { optApClick(i); }));
     }
     groupOptions(optAp);
 
-    txtX1 = makeLabelled<TextBox>(fraAs, u"txtX1"_s, u"序号："_s, {200, 4560}, 600, 600);
-    txtB1 = makeLabelled<TextBox>(fraAs, u"txtB1"_s, u"编号："_s, {1550, 4560}, 600, 450);
-    txtM1 = makeLabelled<TextBox>(fraAs, u"txtM1"_s, u"名称："_s, {2750, 4560}, 600, 1180);
-    txtC1 = makeLabelled<TextBox>(fraAs, u"txtC1"_s, u"相关图册："_s, {200, 4560 + rowPitch}, 900, 3430);
+    txtX1 = makeLabelled<TextBox>(fraAs, u"txtX1"_s, u"序号："_s, {200, 4560}, 600, 600, movesDown);
+    txtB1 = makeLabelled<TextBox>(fraAs, u"txtB1"_s, u"编号："_s, {1550, 4560}, 600, 450, movesDown);
+    txtM1 = makeLabelled<TextBox>(fraAs, u"txtM1"_s, u"名称："_s, {2750, 4560}, 600, 1180, movesDown + widens);
+    txtC1 = makeLabelled<TextBox>(fraAs, u"txtC1"_s, u"相关图册："_s, {200, 4560 + rowPitch}, 900, 3430,
+                                  movesDown + widens);
     txtX1->setToolTip(u"修改时填别的按钮的序号，可以与它交换"_s);
     boxes_ = {txtX1, txtB1, txtM1, txtC1};
 

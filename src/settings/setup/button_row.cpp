@@ -15,11 +15,18 @@ constexpr int pitch = 1110, width = 1000;
 constexpr int columnPitch = 390, columnWidth = 540, gap = 15;
 constexpr int groupWidth = 4770;
 constexpr int widestGroup = 4875;  ///< As far as the groups beside it let it reach.
+
+/// What the group has gained, in twips.
+QSize gained(const QWidget* group) {
+    const QSize pixels = group->size() - smallestPlace(group).size();
+    return {twipsFromPixels(pixels.width()), twipsFromPixels(pixels.height())};
+}
 }  // namespace
 
 ButtonRow::ButtonRow(QGroupBox* group, const QList<QPushButton*>& buttons, const Preview& preview)
     : QObject(group), group_(group), buttons_(buttons), panel_(preview.panel()) {
     panel_->installEventFilter(this);
+    for (QPushButton* button : buttons_) letGrow(button, movesDown);
     arrange();
 }
 
@@ -46,9 +53,13 @@ QRect ButtonRow::panelInGroup() const {
 void ButtonRow::arrange() {
     const QRect panel = panelInGroup();
     const int left = panel.right() + 1 + gap;
-    const bool beside = panel.intersects(row) && left + columnWidth <= widestGroup;
-    place(group_, leftOf(group_), topOf(group_), beside ? widestGroup : groupWidth, heightOf(group_));
-    if (beside)
+    const QSize more = gained(group_);
+    const bool isInColumn =
+        panel.intersects(row.translated(0, more.height())) && left + columnWidth <= widestGroup + more.width();
+    QRect smallest = smallestPlace(group_);
+    smallest.setWidth(pixelsFromTwips(isInColumn ? widestGroup : groupWidth));
+    setSmallestPlace(group_, smallest);
+    if (isInColumn)
         placeInColumn(left);
     else
         placeInRow();

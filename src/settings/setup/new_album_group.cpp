@@ -19,11 +19,11 @@ const QString pending = u"确 定"_s;
 }  // namespace
 
 NewAlbumGroup::NewAlbumGroup(const SettingsFrame& frame) : frame_(frame) {
-    auto* Frame2 = makeGroup(frame.sstFz, setupTab, u"Frame2"_s, u"建立新图册"_s, {5070, 780, 4350, 1530});
+    auto* Frame2 = makeGroup(frame.sstFz, setupTab, u"Frame2"_s, u"建立新图册"_s, {5070, 780, 4350, 1530}, rightColumn);
     lblXh = makeLabelled<QLabel>(Frame2, u"lblXh"_s, u"序号："_s, {150, rowTop(0)}, 600, 700);
     txtBa = makeLabelled<TextBox>(Frame2, u"txtBa"_s, u"表名："_s, {1500, rowTop(0)}, 600, 950);
-    txtBb = makeLabelled<TextBox>(Frame2, u"txtBb"_s, u"标题："_s, {150, rowTop(1)}, 600, 2300);
-    txtBz = makeLabelled<TextBox>(Frame2, u"txtBz"_s, u"备注："_s, {150, rowTop(2)}, 600, 2300);
+    txtBb = makeLabelled<TextBox>(Frame2, u"txtBb"_s, u"标题："_s, {150, rowTop(1)}, 600, 2300, widens);
+    txtBz = makeLabelled<TextBox>(Frame2, u"txtBz"_s, u"备注："_s, {150, rowTop(2)}, 600, 2300, widens);
     cmdJl = makeButton(Frame2, u"cmdJl"_s, atRest, 3200, rowTop(1));
     cmdSx = makeButton(Frame2, u"cmdSx"_s, u"撤 消"_s, 3200, rowTop(2));
 

@@ -23,6 +23,7 @@ PageLayout SetupPage::layout() const {
     return {.outerFrame = {255, 0, 255},
             .innerFrame = {192, 255, 255},
             .grid = {200, 400, 4330, 3400},
+            .gridGrowth = fills,
             .gridGroup = buttons_.frame(),
             .gridHeadings = u"^序号|^编号|^ 名  称 |^      相 关 图 册      "_s};
 }

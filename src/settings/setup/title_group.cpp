@@ -20,8 +20,9 @@ const QString startFirst = u"如果编辑，请先按《开始》按钮。"_s;
 }  // namespace
 
 TitleGroup::TitleGroup(const SettingsFrame& frame) : frame_(frame) {
-    auto* Frame1 = makeGroup(frame.sstFz, setupTab, u"Frame1"_s, u"主标题及显示设置"_s, {5070, 4320, 4350, 1140});
-    txtXt = makeLabelled<TextBox>(Frame1, u"txtXt"_s, u"图册主标题："_s, {150, rowTop(0)}, 1100, 1800);
+    auto* Frame1 =
+        makeGroup(frame.sstFz, setupTab, u"Frame1"_s, u"主标题及显示设置"_s, {5070, 4320, 4350, 1140}, rightColumn);
+    txtXt = makeLabelled<TextBox>(Frame1, u"txtXt"_s, u"图册主标题："_s, {150, rowTop(0)}, 1100, 1800, widens);
     cmdBt = makeButton(Frame1, u"cmdBt"_s, atRest, 3200, rowTop(0));
     const std::array captions{u"显示标签"_s, u"全屏显示"_s};
     for (int i = 0; i < 2; ++i) {

@@ -252,7 +252,7 @@ class FilesTest : public QObject {
             setRemark(set, u"一"_s);
             set.MoveLast();
             set.Edit();  // more than the engine keeps in memory
-            for (int i = 0; i < 25; ++i) set.Fields(u"图片"_s).AppendChunk(QByteArray(1000000, 'n'));
+            for (int i = 0; i < 50; ++i) set.Fields(u"图片"_s).AppendChunk(QByteArray(1000000, 'n'));
             {
                 const FullDisk disk(QFileInfo(album_->path()).size() + 2000000);
                 QVERIFY(fails([&] { set.Update(); }));
@@ -273,7 +273,7 @@ class FilesTest : public QObject {
         const Transaction transaction(album_->database);
         set.Delete();
         set.MoveLast();
-        change(set, u"图片"_s, QByteArray(25000000, 'n'));
+        change(set, u"图片"_s, QByteArray(50000000, 'n'));
         // The files in the middle of a change are those that a killed program leaves.
         const QString copy = album_->folder.filePath(u"copy.mdb"_s);
         QVERIFY(QFile::copy(album_->path(), copy));
