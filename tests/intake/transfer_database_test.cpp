@@ -42,6 +42,25 @@ class TestTransferDatabase : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
+    void theFailedOnesAreMovedAtTheSecondTry() {
+        TargetWindow window;
+        const auto inTarget = [&](const QString& sql) {
+            QProcess::execute(u"sqlite3"_s, {window.path(u"源库.mdb"_s), sql});
+        };
+        inTarget(
+            u"CREATE TRIGGER refuses BEFORE INSERT ON tc02 WHEN NEW.序号 = 2 BEGIN SELECT RAISE(ABORT, 'no'); END"_s);
+        window.chooseRows({0, 1, 2});
+        window.chooseTable(u"tc02"_s);
+        window.click(u"cmdYd"_s);
+        QCOMPARE(window.said().last(), closing.arg(1));
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 9);
+        inTarget(u"DROP TRIGGER refuses"_s);
+        window.click(u"cmdCs"_s);
+        QCOMPARE(window.said(), QStringList{closing.arg(2)});
+        QCOMPARE(window.arrived(), (QStringList{u"1"_s, u"2"_s, u"3"_s}));
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 7);
+    }
+
     void copiesThroughTheWizard() {
         TargetWindow window(20, 1);
         window.chooseRows({2, 0});

@@ -201,6 +201,26 @@ class TestRunBar : public QObject {
         QCOMPARE(window.ended->items.size(), std::size_t(RunForm::things));
     }
 
+    void theWindowIsLeftBehindTheReport() {
+        RunForm window;
+        window.frame->runBar.start(
+            {{5000, 50, 2000, 285}}, {u"录入"_s},
+            [&](RunWatch& watch) {
+                window.steps.acquire();
+                return RunReport{.items = {{0, u"1.jpg"_s, Fate::failed, u"坏了"_s}}, .stopped = !watch.progress({})};
+            },
+            [&](const RunReport& report) { window.frame->runBar.tellReport(report, {u"录入"_s}, {}); });
+        window.answerBox = [](const BoxText&) { return 0; };
+        window.click(u"cmdGl"_s);
+        window.goOn(1);
+        const auto report = [&] { return window.form->findChild<QDialog*>(u"frmBg"_s); };
+        QTRY_VERIFY(report() != nullptr && report()->isVisible());
+        for (int i = 0; i < 10; ++i) QTest::qWait(1);
+        QVERIFY(!window.windows.ended);
+        QTest::keyClick(report(), Qt::Key_Escape);
+        QTRY_VERIFY(window.windows.ended);
+    }
+
     /// No handler runs inside another one.
     void theWindowIsLeftBehindAnErrorBox() {
         RunForm window;
