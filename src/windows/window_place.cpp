@@ -84,7 +84,9 @@ void standInPlaceOf(QWidget& window, const QWidget* other) {
         const QSize around = frameAround(other);
         const QRect frame = inMiddleOf(other->frameGeometry(), window.size() + around, room);
         window.resize(frame.size() - around);
-        window.move(frame.topLeft());
+        // A maximised window has no frame yet; it gets one above this place when it becomes smaller.
+        const int above = window.isMaximized() ? around.height() : 0;
+        window.move(frame.topLeft() + QPoint(0, above));
     }
     window.winId();  // its handle is there from now on
     new Arrival(window);
