@@ -9,7 +9,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 struct EmptyPage : SettingsPage {
-    PageLayout layout() const override { return {Qt::blue, Qt::green, {200, 400, 4000, 2000}}; }
+    PageLayout layout() const override { return {Qt::blue, Qt::green, {200, 400, 4000, 2000}, {}}; }
     void enter() override {}
 };
 

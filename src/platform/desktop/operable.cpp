@@ -10,8 +10,8 @@ namespace {
 
 /// Belongs to a control that is told as something else than the toolkit takes it for.
 struct Press : QObject {
-    Press(QWidget* control, QAccessible::Role role, std::function<void()> press)
-        : QObject(control), role(role), press(std::move(press)) {}
+    Press(QWidget* control, QAccessible::Role asRole, std::function<void()> onPress)
+        : QObject(control), role(asRole), press(std::move(onPress)) {}
     const QAccessible::Role role;
     const std::function<void()> press;
 };

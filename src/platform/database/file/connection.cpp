@@ -28,9 +28,10 @@ constexpr int busyStepMs = 2;
 constexpr int applicationId = 0x6C756E71;  // "lunq"
 constexpr int firstVersion = 1;
 constexpr int newestVersion = 2;  // see OwnValues
-/// Pages (40 MB) of a change that are kept in memory until it is stored: what is written earlier takes three more waits
-/// for the disk, and keeps all readers out from then on.
-constexpr int spillsBehindPages = 2560;
+/// Pages (41 MB) of a change that are kept in memory until it is stored: what is written earlier takes three more waits
+/// for the disk, and keeps all readers out from then on. No multiple of 256: the engine takes the last byte for the
+/// answer whether to do so at all.
+constexpr int spillsBehindPages = 2500;
 const QString truncatingJournal = u"PRAGMA journal_mode = TRUNCATE"_s;
 
 // To shorten the file, the engine moves used pages (16 KB each) into the place of free ones.
