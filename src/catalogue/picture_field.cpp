@@ -11,8 +11,7 @@ Picture loadPictureField(Recordset& recordset, const QString& fieldName, const Q
     return LoadPicture(device, name, target, colours);
 }
 
-std::optional<Picture> pictureFromField(Recordset& recordset, const QString& fieldName, QSize target,
-                                        Colours colours) {
+std::optional<Picture> pictureFromField(Recordset& recordset, const QString& fieldName, QSize target, Colours colours) {
     std::optional<Picture> picture;
     attempt([&] {
         if (recordset.Fields(fieldName).FieldSize() == 0) return;

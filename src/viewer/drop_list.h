@@ -14,8 +14,8 @@ class DropList : public ListBox {
 
     explicit DropList(QWidget* form);
 
-    /// Shows the lines, called `name` by assistive software, at a place in twips. The list is higher than `height` if its lines need that, down to the end of
-    /// the form.
+    /// Shows the lines, called `name` by assistive software, at a place in twips. The list is higher than `height` if
+    /// its lines need that, down to the end of the form.
     void open(const QString& name, const QStringList& lines, int left, int width, int height, Chosen chosen);
     /// Under a box of the tool bar.
     void openUnder(const QWidget* box, const QStringList& lines, Chosen chosen);

@@ -1,42 +1,10 @@
-#include "../platform/picture/profile_samples.h"
 #include "../support/disk_faults.h"
 #include "../support/failing_disk.h"
-#include "catalogue/remembered.h"
 #include "chooser_window.h"
-#include "platform/database/records/own_values.h"
-#include "platform/picture/lossless_turn.h"
-#include "platform/picture/picture_tags.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-/// An orientation tag that turns by a quarter, as cameras write it.
-QByteArray jpegOnItsSide() {
-    const QByteArray plain = pictureBytes({60, 40}, Qt::darkGreen);
-    const QByteArray exif = QByteArray::fromHex(
-        "ffe10022457869660000"
-        "49492a0008000000"
-        "010012010300010000000600000000000000");
-    return plain.left(2) + exif + plain.mid(2);
-}
-
-void writeFile(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
-
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// As the person left the check box 无损保存.
-void chooseLossless(bool on) {
-    OwnValues(mekTp::catalogue).prepare();
-    remembered::setFlag(u"editor.lossless"_s, on);
-}
 
 class TestSaving : public QObject {
     Q_OBJECT
@@ -63,134 +31,6 @@ class TestSaving : public QObject {
             QVERIFY(!editor.key(u"bc"_s)->isEnabled() && !editor.menu(u"mnuCx"_s)->isEnabled());
             editor.press(u"wk"_s);
             QVERIFY(editor.key(u"cx"_s)->isEnabled() && !editor.menu(u"mnuCx"_s)->isEnabled());
-        }
-    }
-
-    void theOldOrientationDoesNotTurnTwice() {
-        EditorWindow editor;
-        editor.file = editor.catalogue.file(u"turned.jpg"_s);
-        writeFile(editor.file, jpegOnItsSide());
-        editor.press(u"wk"_s);
-        QCOMPARE(editor.picYu().picture().size(), QSize(40, 60));
-        editor.scale(u"1"_s);
-        editor.press(u"bc"_s);
-        QCOMPARE(LoadPicture(editor.file).pixels(), QSize(40, 60));
-    }
-
-    void whatTheCameraHasWrittenIsKept() {
-        EditorWindow editor;
-        editor.file = editor.catalogue.file(u"turned.jpg"_s);
-        writeFile(editor.file, jpegOnItsSide());
-        editor.press(u"wk"_s);
-        editor.scale(u"2"_s);
-        const QString source = editor.file;
-        editor.file = editor.catalogue.file(u"copy.jpg"_s);
-        editor.press(u"lc"_s);
-        editor.scale(u"2"_s);
-        editor.press(u"bc"_s);
-        for (const QString& path : {source, editor.file}) {
-            const PictureTags tags(contentOf(path));
-            QVERIFY(!tags.isEmpty());
-            QCOMPARE(tags.orientation(), 1);
-        }
-    }
-
-    /// Flips and turns by right angles; the file turns by itself besides.
-    void losslessWhereOnlyTurnsWereMade() {
-        const std::tuple<QSize, bool, QString, bool> cases[] = {
-            {{64, 48}, true, u"已无损保存"_s, true},
-            {{64, 48}, false, u""_s, false},
-            {{60, 41}, true, u"不能无损保存"_s, false},
-        };
-        for (const auto& [size, isWanted, hint, isLossless] : cases) {
-            EditorWindow editor;
-            chooseLossless(isWanted);
-            editor.file = editor.catalogue.file(u"照片.jpg"_s);
-            writePicture(editor.file, size, Qt::darkGreen);
-            const QByteArray before = contentOf(editor.file);
-            editor.press(u"wk"_s);
-            editor.press(u"fs"_s);
-            editor.rotate(u"-90"_s);
-            editor.press(u"bc"_s);
-            QVERIFY(editor.hint().startsWith(hint));
-            QCOMPARE(contentOf(editor.file) == turnedJpeg(before, composed(2, 6)), isLossless);
-            // The file is no longer what was opened: the same turns would turn it twice.
-            editor.press(u"fs"_s);
-            editor.press(u"bc"_s);
-            QVERIFY(!editor.hint().startsWith(u"已无损保存"_s));
-        }
-    }
-
-    void otherWorkIsEncoded() {
-        Chooser editor;
-        chooseLossless(true);
-        editor.openRow(0);
-        editor.scale(u"2"_s);
-        editor.press(u"fs"_s);
-        editor.press(u"bc"_s);
-        QVERIFY(!editor.hint().contains(u"无损"_s));
-    }
-
-    void theChoiceIsMadeInTheBox() {
-        EditorWindow editor;
-        editor.file = editor.catalogue.file(u"照片.jpg"_s);
-        writePicture(editor.file, {64, 48}, Qt::darkGreen);
-        editor.press(u"wk"_s);
-        editor.rotate(u"180"_s);
-        chooseLossless(false);
-        answerBoxesWith({});
-        QTimer::singleShot(0, [] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            QVERIFY(box != nullptr && box->checkBox()->objectName() == u"chkWs"_s && !box->checkBox()->isChecked());
-            QTest::mouseClick(box->checkBox(), Qt::LeftButton, {}, QPoint(8, box->checkBox()->height() / 2));
-            QTest::keyClick(box, Qt::Key_Escape);
-        });
-        editor.press(u"bc"_s);
-        QVERIFY(!remembered::flag(u"editor.lossless"_s));  // the box was left
-        QTimer::singleShot(0, [] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            QTest::mouseClick(box->checkBox(), Qt::LeftButton, {}, QPoint(8, box->checkBox()->height() / 2));
-            QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
-            QTest::keyClick(box, Qt::Key_Return);
-        });
-        editor.press(u"bc"_s);
-        QVERIFY(remembered::flag(u"editor.lossless"_s));
-        QVERIFY(editor.hint().startsWith(u"已无损保存"_s));
-    }
-
-    /// The screen shows sRGB; the picture, its steps and what is saved keep their own colours and the profile.
-    void aPictureKeepsItsProfile() {
-        const QByteArray profile = displayP3Profile();
-        const QRgb stored = qRgb(200, 100, 50), shown = byLibrary(profile, ColourKind::lights, {stored}).first();
-        const auto isNear = [](QRgb a, QRgb b) {
-            return std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) + std::abs(qBlue(a) - qBlue(b)) <= 6;
-        };
-        QImage image({60, 40}, QImage::Format_RGB32);
-        image.fill(stored);
-        for (const QString& name : {u"图.jpg"_s, u"图.bmp"_s}) {
-            EditorWindow editor;
-            editor.file = editor.catalogue.file(name);
-            name.endsWith(u"jpg") ? saveJpeg(image, editor.file, 95, profile)
-                                  : SavePicture(image, editor.file, profile);
-            editor.press(u"wk"_s);
-            const auto onScreen = [&] { return editor.picYu().grab().toImage().pixel(20, 20); };
-            QVERIFY(isNear(onScreen(), shown));
-            editor.scale(u"2"_s);
-            QVERIFY(isNear(onScreen(), shown));
-            QVERIFY(isNear(editor.picYu().picture().pixel(30, 30), stored));
-            for (const QString& step : {u"01"_s, u"02"_s}) {
-                const QByteArray bytes =
-                    fieldOf(u"SELECT * FROM tccx WHERE 编号 = '%1'"_s.arg(step), u"图片"_s).toBytes();
-                QCOMPARE(LoadPicture(bytes, step, {}, Colours::ofFile).profile(), profile);
-            }
-            editor.undo();
-            QVERIFY(isNear(onScreen(), shown));
-            editor.scale(u"2"_s);
-            editor.press(u"bc"_s);
-            const Picture saved = LoadPicture(editor.file, {}, Colours::ofFile);
-            QCOMPARE(saved.pixels(), QSize(120, 80));
-            QCOMPARE(saved.profile(), profile);
-            QVERIFY(isNear(saved.image().pixel(50, 50), stored));
         }
     }
 
