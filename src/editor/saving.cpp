@@ -9,6 +9,9 @@
 #include "platform/desktop/busy.h"
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/message_box.h"
+#include "platform/picture/picture_tags.h"
+
+#include <QFileInfo>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -43,7 +46,7 @@ std::optional<Saving::Order> Saving::askWhatToSave() {
     const QString question = u"        保存已修改的图片吗？\n\n如果保存，按《确定》，将覆盖原图片；否则按《取消》。"_s;
     const QString title = u"按原文件名保存"_s;
     if (!document_.isTakenBack()) {
-        auto turn = possibleTurn();
+        auto turn = becomesJpeg() ? possibleTurn() : std::nullopt;
         if (!confirm(question, title, turn)) return {};
         return Order{document_.lastPaint(), turn};
     }
@@ -72,8 +75,15 @@ bool Saving::confirm(const QString& question, const QString& title, std::optiona
 }
 
 std::optional<Orientation> Saving::possibleTurn() {
-    if (isReplaced_ || document_.isTakenBack() || !photograph().startsWith("\xff\xd8")) return {};
+    if (isReplaced_ || document_.isTakenBack() || !document_.isWhole()) return {};
+    if (!photograph().startsWith("\xff\xd8")) return {};
     return turnOfTrail(document_.trail());
+}
+
+/// Of a file the ending decides, exactly so.
+bool Saving::becomesJpeg() const {
+    const auto* file = std::get_if<PictureFile>(&document_.source());
+    return file == nullptr || file->path.endsWith(u"jpg");
 }
 
 QByteArray Saving::photograph() {
@@ -105,17 +115,22 @@ QString Saving::store(const Order& order) {
 
 void Saving::storeInFile(const Order& order, const QString& path) {
     way_.clear();
-    if (path.endsWith(u"jpg"))
+    if (path.endsWith(u"jpg")) {
         savePictureBytes(made(order).bytes, path);
-    else
-        SavePicture(order.picture, path, document_.profile());
+        return;
+    }
+    const bool losesTags = order.turn || !PictureTags(photograph()).isEmpty();
+    SavePicture(order.picture, path, document_.profile());
+    if (losesTags) way_ = u"已存成 BMP：照片的拍摄资料没有写入。"_s;
 }
 
 PhotographFile Saving::made(const Order& order) {
-    PhotographFile file = photographFile(order.picture, document_.profile(), photograph(), order.turn);
-    way_ = file.hasLostTags  ? u"照片的拍摄资料太多，没有写入图片。"_s
-           : !order.turn     ? QString()
-           : file.isLossless ? u"已无损保存：图片没有重新压缩。"_s
+    const QByteArray before = photograph();
+    PhotographFile file = photographFile(order.picture, document_.profile(), before, order.turn);
+    way_ = before.isEmpty()   ? u"原来的图片已经不在，或者改过：照片的拍摄资料没有写入。"_s
+           : file.hasLostTags ? u"照片的拍摄资料读不出来，或者太多：没有写入图片。"_s
+           : !order.turn      ? QString()
+           : file.isLossless  ? u"已无损保存：图片没有重新压缩。"_s
                              : u"不能无损保存：图片的边长不是整块。已重新压缩（质量 80）。"_s;
     return file;
 }
@@ -157,8 +172,10 @@ bool Saving::mayGo() {
     switch (askAboutUnsaved(
         form_, u"图片已经改动，还没有保存。\n\n按《保存》写回原来的地方，覆盖原图片；不要这些改动，按《不保存》。"_s)) {
         case Unsaved::save:
-            store({document_.photograph(), remembered::flag(lossless) ? possibleTurn() : std::nullopt});
+            store(
+                {document_.photograph(), remembered::flag(lossless) && becomesJpeg() ? possibleTurn() : std::nullopt});
             finish();
+            if (!way_.isEmpty()) say(form_, way_, BoxIcon::information, u"保存图片"_s);
             return true;
         case Unsaved::discard:
             return true;
@@ -179,6 +196,8 @@ void Saving::mnuLcClick() {
             writePictureFile(document_.shown(), document_.profile(), *name);
         else
             storeInFile({document_.shown(), turn}, *name);
+        const auto* file = std::get_if<PictureFile>(&document_.source());
+        if (file != nullptr && QFileInfo(*name) == QFileInfo(file->path)) isReplaced_ = true;
     }
     say(form_, u"图片已保存完毕！(文件名："_s + *name + u")"_s, BoxIcon::exclamation, u"另外保存图片"_s);
     document_.setState(EditState::copied);

@@ -33,6 +33,7 @@ class Saving : public Chapter {
     bool confirm(const QString& question, const QString& title, std::optional<Orientation>& turn);
     /// The turn by which the photograph can be kept without loss; nothing when it cannot.
     std::optional<Orientation> possibleTurn();
+    bool becomesJpeg() const;
     /// The bytes that the picture was loaded from; empty where they are gone, or others by now.
     QByteArray photograph();
 

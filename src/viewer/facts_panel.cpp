@@ -27,6 +27,7 @@ FactsPanel::FactsPanel(QWidget* window) : QLabel(window) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setTextFormat(Qt::RichText);
     setMargin(edge);
+    setWordWrap(true);
     QPalette colours = palette();
     colours.setColor(QPalette::WindowText, Qt::white);
     setPalette(colours);
@@ -43,7 +44,8 @@ void FactsPanel::showOn(QWidget* ground, const QList<std::pair<QString, QString>
     setText(table + u"</table>"_s);
     setAccessibleName(spoken.join(u"；"_s));
     if (parentWidget() != ground) setParent(ground);
-    adjustSize();
+    setMaximumWidth(std::max(0, ground->width() - 2 * fromCorner));
+    resize(std::min(sizeHint().width(), maximumWidth()), heightForWidth(std::min(sizeHint().width(), maximumWidth())));
     move(fromCorner, fromCorner);
     show();
     raise();

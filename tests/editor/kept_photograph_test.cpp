@@ -1,9 +1,12 @@
+#include "../platform/picture/picture_samples.h"
 #include "../platform/picture/profile_samples.h"
 #include "catalogue/remembered.h"
 #include "chooser_window.h"
+#include "editor/document/photograph_file.h"
 #include "platform/database/records/own_values.h"
 #include "platform/picture/lossless_turn.h"
 #include "platform/picture/picture_tags.h"
+#include "platform/picture/preview.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -94,6 +97,64 @@ class TestKeptPhotograph : public QObject {
             editor.press(u"bc"_s);
             QVERIFY(!editor.hint().startsWith(u"已无损保存"_s));
         }
+    }
+
+    /// A photograph that was stored on its side is turned by both: its own orientation and the person.
+    void whatWasStoredOnItsSideIsTurnedOnce() {
+        const QByteArray photograph = withPreview(jpegBytes(quadrants({64, 48})), jpegBytes(quadrants({160, 120})), 6);
+        const QImage shown = LoadPicture(photograph, u"shown"_s).image();
+        const PhotographFile file = photographFile(shown.mirrored(true, false), {}, photograph, 2);
+        QVERIFY(file.isLossless && !file.hasLostTags);
+        QCOMPARE(file.pixels, QSize(48, 64));
+        const Picture saved = LoadPicture(file.bytes, u"saved"_s);
+        QCOMPARE(saved.pixels(), QSize(48, 64));
+        QCOMPARE(quadrantsOf(saved.image()), quadrantsOf(shown.mirrored(true, false)));
+        QCOMPARE(quadrantsOf(LoadPreview(file.bytes).image()), quadrantsOf(saved.image()));
+    }
+
+    /// After a cut that was taken back, a flip reads from its corner: no flip of the whole.
+    void aFlipAfterACutIsNoTurn() {
+        EditorWindow editor;
+        chooseLossless(true);
+        editor.file = editor.catalogue.file(u"照片.jpg"_s);
+        writePicture(editor.file, {64, 48}, Qt::darkGreen);
+        editor.press(u"wk"_s);
+        editor.crop({10, 5, 40, 30});
+        editor.undo();
+        editor.press(u"fs"_s);
+        editor.rotate(u"180"_s);
+        editor.press(u"bc"_s);
+        QVERIFY(!editor.hint().contains(u"无损"_s));
+    }
+
+    /// The ending decides what is written, exactly so.
+    void aBitmapIsNotCalledLossless() {
+        EditorWindow editor;
+        chooseLossless(true);
+        editor.file = editor.catalogue.file(u"DSC1.JPG"_s);
+        writeFile(editor.file, jpegOnItsSide());
+        editor.press(u"wk"_s);
+        editor.rotate(u"180"_s);
+        editor.press(u"bc"_s);
+        QVERIFY(editor.hint().startsWith(u"已存成 BMP"_s));
+    }
+
+    void aFileThatIsSavedOverByAnotherNameKeepsItsTags() {
+        EditorWindow editor;
+        editor.file = editor.catalogue.file(u"turned.jpg"_s);
+        writeFile(editor.file, jpegOnItsSide());
+        editor.press(u"wk"_s);
+        editor.scale(u"2"_s);
+        editor.press(u"lc"_s);
+        editor.scale(u"2"_s);
+        editor.press(u"bc"_s);
+        QVERIFY(!PictureTags(contentOf(editor.file)).isEmpty());
+        // Another program has changed it meanwhile.
+        editor.press(u"wk"_s);
+        editor.scale(u"2"_s);
+        writePicture(editor.file, {300, 200}, Qt::red);
+        editor.press(u"bc"_s);
+        QVERIFY(editor.hint().contains(u"改过"_s));
     }
 
     void otherWorkIsEncoded() {

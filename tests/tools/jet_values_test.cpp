@@ -58,6 +58,7 @@ class JetValuesTest : public QObject {
             {936, "\xd5\xd5\xc6\xac", u"照片"_s},
             {1252, "\x80\x81\x99\x9d", u"€\u0081™\u009d"_s},
             {4711, "\xd5\xd5\xc6\xac", u"照片"_s},
+            {936, "\xd5\xd5\xc6", u"照\uFFFD"_s},  // cut
             {4711, "a\xff\xff", u"a\uFFFD\uFFFD"_s},
         };
         for (const auto& [codePage, bytes, text] : cases) {
@@ -74,6 +75,7 @@ class JetValuesTest : public QObject {
             {"accents before letters", {"\xe9t\xe9_a_b"}, 1252},
             {"accents that make characters", {"\xe9t\xe9", "na\xefve caf\xe9s"}, 1252},
             {"one text that cannot be Chinese", {"\xd0\xf2\xba\xc5", "caf\xe9"}, 1252},
+            {"a cut text among many", {QByteArray("\xd5\xd5\xc6\xac").repeated(30), "\xd5\xd5\xc6"}, 936},
         };
         for (const auto& [what, texts, codePage] : cases) {
             CodePageSurvey survey;

@@ -23,7 +23,7 @@ void CodePageSurvey::add(Bytes text) {
         const unsigned char lead = text[at];
         if (lead < 0x80) continue;
         if (++at == text.size() || !makesCharacter(lead, text[at])) {
-            isGbk_ = false;
+            ++faults_;
             return;
         }
         ++characters_;
@@ -32,5 +32,6 @@ void CodePageSurvey::add(Bytes text) {
 }
 
 int CodePageSurvey::codePage() const {
-    return isGbk_ && common_ * 3 >= characters_ * 2 && characters_ > 0 ? gbk : western;
+    const bool isGbk = characters_ > 0 && faults_ * 50 <= characters_;
+    return isGbk && common_ * 3 >= characters_ * 2 ? gbk : western;
 }

@@ -9,12 +9,13 @@ class CodePageSurvey {
   public:
     void add(Bytes text);
 
-    /// GBK's number, 936, when all texts beyond ASCII are GBK and most of their characters are common ones. 1252
-    /// otherwise: two letters with accents seldom follow one another there.
+    /// GBK's number, 936, when the texts beyond ASCII are GBK, but for a few that were cut or are of another kind, and
+    /// most of their characters are common ones. 1252 otherwise: two letters with accents seldom follow one another
+    /// there.
     int codePage() const;
 
   private:
-    bool isGbk_ = true;
+    size_t faults_ = 0;      ///< Texts with bytes that make no character.
     size_t characters_ = 0;  ///< Of two bytes.
     size_t common_ = 0;
 };

@@ -114,8 +114,14 @@ std::string jet3Text(Bytes bytes, int codePage) {
     if (bytes.empty()) return {};
     if (codePage == 1252) return westernText(bytes);
     if (const auto text = converted(bytes, "CP" + std::to_string(codePage))) return *text;
-    if (const auto text = converted(bytes, "GB18030")) return *text;  // which has all of GBK, and private characters
+    // It has all of GBK, and private characters. A text may have been cut inside its last one.
+    if (const auto text = converted(bytes, "GB18030")) return *text;
     std::string text;
+    if (const auto whole = converted(bytes.first(bytes.size() - 1), "GB18030")) {
+        text = *whole;
+        appendUtf8(text, replacement);
+        return text;
+    }
     for (const unsigned char byte : bytes) appendUtf8(text, byte < 0x80 ? byte : replacement);
     return text;
 }

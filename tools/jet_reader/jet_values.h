@@ -14,7 +14,7 @@
 std::string jet4Text(Bytes bytes);
 
 /// A text in a Windows code page. Bytes that 1252 does not define are U+0080 to U+009F; a text that is none of another
-/// code page is taken for GBK.
+/// code page is taken for GBK, perhaps cut inside its last character.
 std::string jet3Text(Bytes bytes, int codePage);
 
 /// The bytes of a text whose characters are all below U+0100.

@@ -26,6 +26,8 @@ class Document : public QObject {
     EditState state() const { return state_; }
     /// The words of the operations since the load.
     const QString& trail() const { return tag_; }
+    /// The next operation works on all of the picture; after a cut it may be only a part.
+    bool isWhole() const { return origin_.isNull(); }
     /// Of the state; hints are found by it.
     QString code() const { return codeOf(state_, operation_); }
     /// The operation of the states `asking` and `done`; null in all others.

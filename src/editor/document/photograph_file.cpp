@@ -6,20 +6,28 @@
 #include "platform/picture/picture.h"
 #include "platform/picture/picture_tags.h"
 
-using namespace Qt::Literals::StringLiterals;
-
 namespace {
-constexpr QSize smallest(1, 1);
+
+std::optional<PhotographFile> turnedFile(const QByteArray& photograph, const PictureTags& tags, Orientation turn) {
+    const auto turned = turnedJpeg(photograph, composed(tags.orientation(), turn));
+    if (!turned || tags.isUnreadable()) return {};
+    try {
+        const QByteArray bytes = tags.in(*turned);
+        constexpr QSize smallest(1, 1);
+        return PhotographFile{bytes, LoadPicture(bytes, QStringLiteral("picture"), smallest).pixels(), true};
+    } catch (const Error&) {
+        return {};
+    }
+}
+
 }  // namespace
 
 PhotographFile photographFile(const QImage& picture, const QByteArray& profile, const QByteArray& photograph,
                               std::optional<Orientation> turn) {
     const PictureTags tags(photograph);
-    std::optional<QByteArray> turned;
-    if (turn) turned = turnedJpeg(photograph, composed(tags.orientation(), *turn));
-    PhotographFile file{turned ? *turned : encodeJpeg(picture, jpegQuality, profile), picture.size(),
-                        turned.has_value()};
-    if (turned) file.pixels = LoadPicture(*turned, u"picture"_s, smallest).pixels();
-    file.hasLostTags = !attempt([&] { file.bytes = tags.in(file.bytes); });
+    if (turn)
+        if (auto turned = turnedFile(photograph, tags, *turn)) return *turned;
+    PhotographFile file{encodeJpeg(picture, jpegQuality, profile), picture.size()};
+    file.hasLostTags = tags.isUnreadable() || !attempt([&] { file.bytes = tags.in(file.bytes); });
     return file;
 }

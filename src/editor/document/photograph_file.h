@@ -10,7 +10,7 @@ struct PhotographFile {
     QByteArray bytes;
     QSize pixels;
     bool isLossless = false;   ///< The photograph's own blocks, turned.
-    bool hasLostTags = false;  ///< There was no room for what the camera had written.
+    bool hasLostTags = false;  ///< What the camera had written could not be read, or there was no room for it.
 };
 
 /// The picture, with the profile that its colours need, as a JPEG with all that was written about its photograph.

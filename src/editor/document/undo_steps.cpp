@@ -85,8 +85,7 @@ std::optional<UndoSteps::Step> UndoSteps::read(int number) const {
                 .tag = value(u"标题"_s).textOr(),
                 .size = {value(u"图宽"_s).toInteger(), value(u"图高"_s).toInteger()},
                 .parameter = 0,
-                .picture = picture->image(),
-                .profile = picture->profile()};
+                .picture = picture->image()};
 }
 
 void UndoSteps::remove(int number) {

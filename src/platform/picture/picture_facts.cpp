@@ -47,12 +47,16 @@ class Tags {
     }
     /// The number in a tag of EXIF; nothing that a camera could mean is 0.
     double number(const char* name, long place = 0) const {
+        if (!has(name, place)) return 0;
         const auto found = exif_.findKey(Exiv2::ExifKey(name));
-        if (found == exif_.end() || place >= found->count()) return 0;
         const auto [above, below] = found->toRational(place);
         return below == 0 ? 0 : double(above) / below;
     }
-    bool has(const char* name) const { return exif_.findKey(Exiv2::ExifKey(name)) != exif_.end(); }
+    /// Whether a tag of EXIF has a number, which 0/0 is not.
+    bool has(const char* name, long place = 0) const {
+        const auto found = exif_.findKey(Exiv2::ExifKey(name));
+        return found != exif_.end() && place < found->count() && found->toRational(place).second != 0;
+    }
 
   private:
     template <class Key, class Data>
@@ -104,8 +108,11 @@ QString place(const Tags& tags) {
     const bool isWest = tags.text("Exif.GPSInfo.GPSLongitudeRef") == u"W";
     QString text = u"%1 %2°  %3 %4°"_s.arg(isSouth ? u"南纬"_s : u"北纬"_s, QString::number(north, 'f', 4),
                                            isWest ? u"西经"_s : u"东经"_s, QString::number(east, 'f', 4));
-    if (tags.has("Exif.GPSInfo.GPSAltitude"))
-        text += u"  高 %1 米"_s.arg(std::lround(tags.number("Exif.GPSInfo.GPSAltitude")));
+    if (tags.has("Exif.GPSInfo.GPSAltitude")) {
+        const bool isBelowSea = tags.number("Exif.GPSInfo.GPSAltitudeRef") == 1;
+        const long metres = std::lround(tags.number("Exif.GPSInfo.GPSAltitude"));
+        text += u"  高 %1 米"_s.arg(isBelowSea ? -metres : metres);
+    }
     return text;
 }
 

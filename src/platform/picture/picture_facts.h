@@ -21,5 +21,6 @@ struct PictureFacts {
     QList<std::pair<QString, QString>> lines() const;
 };
 
-/// Reads the beginning of a JPEG, where they are; never throws. A megabyte is enough.
+/// Reads the beginning of a JPEG, where they are; never throws. They end with the header of its first scan, in front of
+/// which there may be a long profile.
 PictureFacts pictureFacts(const QByteArray& jpeg);

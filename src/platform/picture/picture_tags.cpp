@@ -45,6 +45,13 @@ void tellSize(Exiv2::ExifData& exif, Exiv2::XmpData& xmp, QSize pixels) {
     changeIfThere<Exiv2::XmpKey>(xmp, {"Xmp.tiff.ImageLength", "Xmp.exif.PixelYDimension"}, pixels.height());
 }
 
+QSize sizeOf(const QByteArray& jpeg) {
+    QBuffer device;
+    device.setData(jpeg);
+    device.open(QIODevice::ReadOnly);
+    return pictureSize(device, u"picture"_s);
+}
+
 void renewPreview(Exiv2::ExifData& exif, const QByteArray& jpeg) {
     Exiv2::ExifThumb preview(exif);
     if (preview.copy().size_ == 0) return;
@@ -88,7 +95,7 @@ PictureTags::PictureTags(const QByteArray& jpeg) {
         blocks_ =
             std::make_shared<Blocks>(Blocks{image->exifData(), image->iptcData(), image->xmpData(), image->comment()});
     } catch (const Exiv2::AnyError&) {
-        blocks_.reset();
+        isUnreadable_ = true;
     }
 }
 
@@ -101,14 +108,13 @@ Orientation PictureTags::orientation() const {
 
 QByteArray PictureTags::in(const QByteArray& jpeg) const {
     if (isEmpty()) return jpeg;
-    QBuffer source;
-    source.setData(jpeg);
-    source.open(QIODevice::ReadOnly);
     Blocks blocks = *blocks_;
     tellUpright(blocks.exif, blocks.xmp);
-    tellSize(blocks.exif, blocks.xmp, pictureSize(source, u"picture"_s));
     try {
-        renewPreview(blocks.exif, jpeg);
+        // Of blocks that were turned the tags still say how the photograph was stored.
+        const QByteArray upright = written(jpeg, blocks);
+        tellSize(blocks.exif, blocks.xmp, sizeOf(upright));
+        renewPreview(blocks.exif, upright);
         QByteArray bytes = written(jpeg, blocks);
         if (hasAll(bytes, blocks)) return bytes;
         Exiv2::ExifThumb(blocks.exif).erase();

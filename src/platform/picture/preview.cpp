@@ -14,6 +14,7 @@ constexpr int markerLength = 2;
 constexpr int lengthLength = 2;
 constexpr uchar startOfScan = 0xDA;
 constexpr uchar app1 = 0xE1;
+constexpr uchar app2 = 0xE2;
 // Decoding it must cost next to nothing, whatever it claims to be.
 constexpr int longestSide = 1024;
 
@@ -40,6 +41,14 @@ QByteArrayView exifSegment(QByteArrayView file) {
                      [](uchar marker, QByteArrayView segment) { return marker == app1 && segment.startsWith("Exif"); });
 }
 
+/// The profile in front of the picture's data. One in a single segment is found also where the rest is missing.
+QByteArray profileIn(const QByteArray& beginning) {
+    constexpr QByteArrayView only("ICC_PROFILE\0\1\1", 14);
+    const QByteArrayView segment = segmentOf(
+        beginning, [&](uchar marker, QByteArrayView bytes) { return marker == app2 && bytes.startsWith(only); });
+    return segment.isEmpty() ? jpegProfile(beginning) : segment.sliced(only.size()).toByteArray();
+}
+
 bool isSmall(QByteArrayView jpeg) {
     constexpr int heightAt = 1, widthAt = 3, sidesEnd = 5;
     const QByteArrayView frame = segmentOf(jpeg, [](uchar marker, QByteArrayView) {
@@ -62,7 +71,7 @@ Picture LoadPreview(const QByteArray& beginning) {
         const Picture stored = LoadPicture(bytes.toByteArray(), u"preview"_s, {}, Colours::ofFile);
         const QImage image = uprightImage(stored.image(), orientationFromApp1(segment));
         picture = inScreenColours(
-            {image, image.size(), stored.profile().isEmpty() ? jpegProfile(beginning) : stored.profile()});
+            {image, image.size(), stored.profile().isEmpty() ? profileIn(beginning) : stored.profile()});
     });
     return picture;
 }

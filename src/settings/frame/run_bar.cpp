@@ -13,6 +13,7 @@
 #include <QElapsedTimer>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QThread>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -24,6 +25,13 @@ constexpr int rowTop = 6855;
 constexpr int lineLeft = 120, lineWidth = 4950;
 constexpr int momentMs = 200;
 constexpr int stopLeft = 5175, stopWidth = 990, stopHeight = 330;
+
+/// A backup waits while the run holds its mark. To see whether there is one it takes it for a moment itself.
+void takeMark(FileLock& mark) {
+    constexpr int tries = 50, pauseMs = 2;
+    const QString path = runMarkOf(mekTp::cataloguePath());
+    for (int i = 0; i < tries && mark.take(path) == FileLock::Outcome::heldByAnother; ++i) QThread::msleep(pauseMs);
+}
 
 }  // namespace
 
@@ -99,7 +107,6 @@ void RunBar::startStep(const RunWords& words, Run run, After after) {
     launch(words, std::move(run), std::move(after));
 }
 
-/// A backup waits while the run holds its mark.
 void RunBar::launch(const RunWords& words, Run run, After after) {
     words_ = words;
     const auto report = std::make_shared<RunReport>();
@@ -107,7 +114,7 @@ void RunBar::launch(const RunWords& words, Run run, After after) {
         [this, words, report, run = std::move(run)] {
             Watch watch(*this, words);
             FileLock mark;
-            mark.take(runMarkOf(mekTp::cataloguePath()));
+            takeMark(mark);
             try {
                 *report = run(watch);
             } catch (const std::exception& failure) {

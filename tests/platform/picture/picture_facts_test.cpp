@@ -75,6 +75,21 @@ class TestPictureFacts : public QObject {
         }
     }
 
+    void placesOfSeveralKinds() {
+        const auto place = [](const char* north, const char* east, const char* height, uint16_t below) {
+            return factsWith([=](Exiv2::ExifData& exif) {
+                       exif["Exif.GPSInfo.GPSLatitude"] = north;
+                       exif["Exif.GPSInfo.GPSLongitude"] = east;
+                       exif["Exif.GPSInfo.GPSAltitude"] = height;
+                       exif["Exif.GPSInfo.GPSAltitudeRef"] = std::to_string(below);
+                   })
+                .place;
+        };
+        QCOMPARE(place("31/1 0/1 0/1", "35/1 30/1 0/1", "400/1", 1), u"北纬 31.0000°  东经 35.5000°  高 -400 米"_s);
+        QCOMPARE(place("31/1 0/1 0/1", "35/1 30/1 0/1", "0/0", 0), u"北纬 31.0000°  东经 35.5000°"_s);
+        QCOMPARE(place("0/0 0/0 0/0", "0/0 0/0 0/0", "0/0", 0), QString());  // a camera that has not found itself
+    }
+
     void nonsenseIsNotSaid() {
         const PictureFacts facts = factsWith([](Exiv2::ExifData& exif) {
             exif["Exif.Photo.ExposureTime"] = Exiv2::URational(0, 0);

@@ -2,6 +2,7 @@
 
 #include "platform/picture/formats/decoded_layout.h"
 #include "platform/picture/formats/finishing.h"
+#include "platform/picture/memory_share.h"
 #include "platform/picture/refusal.h"
 #include "platform/picture/wide_colours.h"
 
@@ -203,6 +204,10 @@ AnyPicture readInHelper(PictureFormat format, QIODevice& device, const QString& 
     }
     const auto result = std::make_shared<Result>(output.file(), format, name);
     const DecodedPicture& header = result->header();
+    // The last steps make copies.
+    const QSize pixels(int(header.width), int(header.height));
+    checkMemory(3 * imageBytes(pixels), pixels, name);
+    const MemoryShare share(3 * imageBytes(pixels));
     // Both decoders turn by what their own formats say; the camera's data says it once more.
     const bool turnsByExif = format == PictureFormat::webp;
     const QByteArray exif = result->exif();

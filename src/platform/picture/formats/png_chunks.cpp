@@ -8,6 +8,7 @@ namespace {
 
 constexpr qint64 signatureBytes = 8;
 constexpr quint32 longestChunk = 4 << 20;  // of those that are read
+constexpr QByteArrayView xmpKeyword("XML:com.adobe.xmp\0", 18);
 constexpr int greyType = 0, paletteType = 3, greyAlphaType = 4;
 
 /// What `packed` holds; empty where that is damaged or longer than any chunk that is read.
@@ -26,10 +27,9 @@ QByteArray profileOf(QByteArrayView chunk) {
 }
 
 QByteArray xmpOf(QByteArrayView chunk) {
-    constexpr QByteArrayView keyword("XML:com.adobe.xmp\0", 18);
-    if (!chunk.startsWith(keyword) || chunk.size() < keyword.size() + 2) return {};
-    const bool isPacked = chunk[keyword.size()] != 0;
-    const qsizetype language = keyword.size() + 2;
+    if (chunk.size() < xmpKeyword.size() + 2) return {};
+    const bool isPacked = chunk[xmpKeyword.size()] != 0;
+    const qsizetype language = xmpKeyword.size() + 2;
     const qsizetype translated = chunk.indexOf('\0', language) + 1;
     const qsizetype text = translated > 0 ? chunk.indexOf('\0', translated) + 1 : 0;
     if (text <= 0) return {};
@@ -51,7 +51,15 @@ bool takeHeader(QByteArrayView chunk, PngChunks& chunks) {
 void take(QByteArrayView type, QByteArrayView chunk, PngChunks& chunks) {
     if (type == "iCCP") chunks.profile = profileOf(chunk);
     if (type == "eXIf") chunks.exif = chunk.toByteArray();
-    if (type == "iTXt" && chunks.xmp.isEmpty()) chunks.xmp = xmpOf(chunk);
+    if (type == "iTXt") chunks.xmp = xmpOf(chunk);
+}
+
+/// The first of its kind: unpacking thousands of them would take minutes.
+bool isFirst(QByteArrayView type, const QByteArray& chunk, QList<QByteArray>& seen) {
+    if (type == "iTXt" && !chunk.startsWith(xmpKeyword)) return false;
+    if (seen.contains(type)) return false;
+    seen.append(type.toByteArray());
+    return true;
 }
 
 bool isWanted(QByteArrayView type) {
@@ -63,6 +71,7 @@ bool isWanted(QByteArrayView type) {
 std::optional<PngChunks> pngChunks(QIODevice& device) {
     const qint64 start = device.pos();
     PngChunks chunks;
+    QList<QByteArray> seen;
     bool hasHeader = false;
     qint64 at = start + signatureBytes;
     while (device.seek(at)) {
@@ -75,7 +84,7 @@ std::optional<PngChunks> pngChunks(QIODevice& device) {
             const QByteArray chunk = device.read(length);
             if (type == "IHDR")
                 hasHeader = takeHeader(chunk, chunks);
-            else
+            else if (isFirst(type, chunk, seen))
                 take(type, chunk, chunks);
         }
         if (!hasHeader) break;
