@@ -207,13 +207,14 @@ bool RunBar::eventFilter(QObject* watched, QEvent* event) {
 void RunBar::tellReport(const RunReport& report, const RunWords& words, const Retry& retry) {
     keepOutcome(outcomeText(report, words));
     if (isAsExpected(report)) return;
-    report_ = new ReportWindow(form_, report, words, retry != nullptr);
-    connect(report_, &QObject::destroyed, this, [this] { leaveIfWanted(); });
-    connect(report_, &ReportWindow::retryAsked, form_, guarded(form_, [this, retry, places = placesToRetry(report)] {
+    auto* window = new ReportWindow(form_, report, words, retry != nullptr);
+    report_ = window;
+    connect(window, &QObject::destroyed, this, [this] { leaveIfWanted(); });
+    connect(window, &ReportWindow::retryAsked, form_, guarded(form_, [this, retry, places = placesToRetry(report)] {
                 leave_ = nullptr;
                 retry(places);
             }));
-    report_->show();
+    window->show();
 }
 
 void RunBar::askToLeave(std::function<void()> leave) {

@@ -14,7 +14,6 @@
 class ElidedLabel;
 class QProgressBar;
 class QPushButton;
-class ReportWindow;
 class TabControl;
 
 /// Everything of a run that a person sees: the bar, a line below the pages that tells how far it has come and then what
@@ -88,7 +87,7 @@ class RunBar : public QObject {
     bool isStep_ = false;
     QTimer longStep_;  ///< Until the controls are shown for a step.
     std::optional<Hourglass> hourglass_;
-    QPointer<ReportWindow> report_;
+    QPointer<QWidget> report_;  ///< The window of the last report.
     std::function<void()> leave_;
     LongWork work_;  ///< Last: it waits for the run before the rest goes.
 };
