@@ -51,9 +51,14 @@ cmsHPROFILE withTable(cmsColorSpaceSignature space, int channels, cmsSAMPLER16 c
 /// Lab of lights that are given from 0 to 1 and meant for the screen.
 void putLab(double red, double green, double blue, cmsUInt16Number* lab) {
     const double lights[] = {red, green, blue};
-    static const cmsHTRANSFORM toLab =
-        cmsCreateTransform(cmsCreate_sRGBProfile(), TYPE_RGB_DBL, cmsCreateLab4Profile(nullptr), TYPE_Lab_16,
-                           INTENT_RELATIVE_COLORIMETRIC, cmsFLAGS_NOCACHE);
+    static const cmsHTRANSFORM toLab = [] {
+        const cmsHPROFILE screen = cmsCreate_sRGBProfile(), labs = cmsCreateLab4Profile(nullptr);
+        const cmsHTRANSFORM made =
+            cmsCreateTransform(screen, TYPE_RGB_DBL, labs, TYPE_Lab_16, INTENT_RELATIVE_COLORIMETRIC, cmsFLAGS_NOCACHE);
+        cmsCloseProfile(screen);
+        cmsCloseProfile(labs);
+        return made;
+    }();
     cmsDoTransform(toLab, lights, lab, 1);
 }
 

@@ -13,6 +13,11 @@
 #include <memory>
 #include <vector>
 
+/// The encoder of the samples keeps some memory for good. It is in no program of ours.
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:x265";
+}
+
 namespace {
 
 template <typename Number>
