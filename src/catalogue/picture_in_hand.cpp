@@ -127,6 +127,10 @@ const Fingerprint& PictureInHand::fingerprint() {
     return print_;
 }
 
+void PictureInHand::use(const std::function<void(QIODevice&)>& reader) {
+    read([&](QIODevice& bytes) { reader(bytes); });
+}
+
 qint64 PictureInHand::storeIn(Field field) {
     if (length_ == 0) return 0;
     if (file_)

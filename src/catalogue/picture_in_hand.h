@@ -7,6 +7,7 @@
 
 #include <QDateTime>
 #include <QFile>
+#include <functional>
 #include <memory>
 
 /// A picture file that is about to be stored. It is opened once, for all that is asked of it and for its storing. The
@@ -34,6 +35,8 @@ class PictureInHand {
     QSize pixels();
     PictureBytes wholeness();
     const Fingerprint& fingerprint();
+    /// Lends the bytes, from the first one on.
+    void use(const std::function<void(QIODevice&)>& reader);
 
     /// Stores the bytes in a long-binary column of the record under `Edit` or `AddNew`, with the tail that every stored
     /// picture has. A large file is read while the record is stored, which fails when it has changed since its

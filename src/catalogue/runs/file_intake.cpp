@@ -19,6 +19,7 @@ namespace {
 
 const QString numberColumn = u"序号"_s;
 const QString pictureColumn = u"图片"_s;
+constexpr int longestNote = 50;          ///< Characters of 备注.
 constexpr qint64 bytesAhead = 24 << 20;  ///< What is read while a group is written to the disk.
 
 QStringList chosenNames(const IntakeOrder& order) {
@@ -89,8 +90,9 @@ class FileIntake : public RunIntoDatabase {
 
   private:
     void readAhead() {
-        const auto prepare = [folder = order_.folder, names = names()](qsizetype place) {
-            return readyPicture(joinedPath(folder, names[place]));
+        const PictureWish wish{order_.otherFormats, order_.exposureDates || order_.titles};
+        const auto prepare = [folder = order_.folder, names = names(), wish](qsizetype place) {
+            return readyPicture(joinedPath(folder, names[place]), wish);
         };
         ahead_.emplace(
             names().size(), [prepare] { return prepare; },
@@ -126,23 +128,34 @@ class FileIntake : public RunIntoDatabase {
         if (!order_.replace) rows_.Fields(numberColumn).SetValue(numbers_->value());
         // The fields go on telling about the old picture when there is no new one.
         if (order_.fillFields && !(order_.replace && picture.pixels.isEmpty())) fill(picture);
+        const QString note = order_.titles ? putTitle(picture.facts.title) : QString();
         const qint64 length = bctp(picture, rows_);
         rows_.Update();
         if (!order_.replace) numbers_->take();
         if (length == 0) return {Fate::withoutPicture};
         const int row = order_.replace ? rows_.row() : rows_.rowCount() - 1;
         attempt([&] { hashes_->note(rows_.storedAt(row, pictureColumn), picture.print); });
-        if (order_.bmp == BmpFiles::toJpeg && !picture.jpeg.isEmpty()) {
+        if (order_.bmp == BmpFiles::toJpeg && picture.isOfBmp) {
             picture.file.forgetBytes();
             turned_.push_back(std::move(picture));
         }
-        return {Fate::taken, length};
+        return {Fate::taken, length, note};
+    }
+
+    /// Returns what there is to say of a title that is too long.
+    QString putTitle(const QString& title) {
+        if (title.isEmpty()) return {};
+        QString fitting = title.left(longestNote);
+        if (fitting.back().isHighSurrogate()) fitting.chop(1);
+        rows_.Fields(u"备注"_s).SetValue(fitting);
+        return fitting == title ? QString() : u"标题超过 %1 个字，备注只取前面部分"_s.arg(longestNote);
     }
 
     void fill(const ReadyPicture& picture) {
         rows_.Fields(u"编号"_s).SetValue(u" "_s);
-        rows_.Fields(u"大小"_s).SetValue(kilobytesText(picture.file.length()));
-        rows_.Fields(u"日期"_s).SetValue(picture.file.changed());
+        rows_.Fields(u"大小"_s).SetValue(kilobytesText(picture.length()));
+        const bool tells = order_.exposureDates && picture.facts.taken.isValid();
+        rows_.Fields(u"日期"_s).SetValue(tells ? picture.facts.taken : picture.file.changed());
         if (!picture.pixels.isEmpty()) rows_.Fields(u"规格"_s).SetValue(specOfSize(picture.pixels));
     }
 

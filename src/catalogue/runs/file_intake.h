@@ -16,6 +16,9 @@ struct IntakeOrder {
     bool fillFields = true;  ///< 自动补足
     BmpFiles bmp = BmpFiles::toJpeg;
     bool takesTruncated = false;  ///< Pictures that end early are entered like others, and not left out.
+    bool otherFormats = false;    ///< Those besides JPEG and BMP are entered, too, as JPEG.
+    bool exposureDates = false;   ///< 日期 is the moment of exposure where the picture tells it.
+    bool titles = false;          ///< 备注 is the title of the picture where it has one.
     bool skipKnown = false;       ///< Leaves out what the album had before the run; without effect on `replace`.
 };
 

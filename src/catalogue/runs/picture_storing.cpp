@@ -3,7 +3,11 @@
 #include "catalogue/picture_field.h"
 #include "platform/base/error.h"
 #include "platform/base/unnamed_file.h"
+#include "platform/picture/formats/any_picture.h"
+#include "platform/picture/picture_size.h"
 
+#include <QBuffer>
+#include <QDir>
 #include <QFileInfo>
 
 using namespace Qt::Literals::StringLiterals;
@@ -11,6 +15,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int jpegQuality = 80;
+constexpr qint64 bytesOfFacts = 1 << 20;  ///< At the beginning of a JPEG.
 
 bool endsInBmp(const QString& path) {
     return path.endsWith(u"bmp"_s);
@@ -27,6 +32,38 @@ void writeOver(const PictureInHand& file, const QByteArray& jpeg) {
 qint64 store(PictureInHand& file, const QByteArray& jpeg, Recordset& recordset) {
     const Field picture = recordset.Fields(u"图片"_s);
     return jpeg.isEmpty() ? file.storeIn(picture) : storePictureBytes(picture, jpeg);
+}
+
+/// The JPEG of a picture that is neither JPEG nor BMP; none for any other file.
+QByteArray jpegOfOther(PictureInHand& file) {
+    QByteArray jpeg;
+    file.use([&](QIODevice& bytes) {
+        const PictureFormat format = pictureFormat(bytes.peek(formatBytes));
+        if (format == PictureFormat::none || format == PictureFormat::jpeg || format == PictureFormat::bmp) return;
+        jpeg = jpegOf(readAnyPicture(bytes, QDir::toNativeSeparators(file.path())));
+    });
+    return jpeg;
+}
+
+QSize sizeOfJpeg(const QByteArray& jpeg, const QString& path) {
+    QBuffer bytes;
+    bytes.setData(jpeg);
+    bytes.open(QIODevice::ReadOnly);
+    return pictureSize(bytes, path);
+}
+
+/// Of a picture as an album keeps it.
+void readAlbumFormat(ReadyPicture& picture) {
+    picture.pixels = picture.file.pixels();
+    picture.isTruncated = picture.file.wholeness() == PictureBytes::truncated;
+    picture.jpeg = jpegOfBmp(picture.file);
+    picture.isOfBmp = !picture.jpeg.isEmpty();
+}
+
+PictureFacts factsOf(ReadyPicture& picture) {
+    QByteArray beginning = picture.jpeg;
+    if (beginning.isEmpty()) picture.file.use([&](QIODevice& bytes) { beginning = bytes.peek(bytesOfFacts); });
+    return pictureFacts(beginning);
 }
 
 }  // namespace
@@ -51,13 +88,18 @@ qint64 bctp(PictureInHand& file, Recordset& recordset, BmpFiles bmp) {
     return store(file, jpeg, recordset);
 }
 
-ReadyPicture readyPicture(const QString& path) {
+ReadyPicture readyPicture(const QString& path, PictureWish wish) {
     ReadyPicture picture{PictureInHand(path)};
     if (picture.file.length() == 0) return picture;
-    picture.pixels = picture.file.pixels();
-    picture.isTruncated = picture.file.wholeness() == PictureBytes::truncated;
-    picture.jpeg = jpegOfBmp(picture.file);
+    if (wish.otherFormats) picture.jpeg = jpegOfOther(picture.file);
+    if (picture.jpeg.isEmpty()) {
+        readAlbumFormat(picture);
+    } else {
+        picture.pixels = sizeOfJpeg(picture.jpeg, path);
+        picture.file.forgetBytes();
+    }
     picture.print = picture.jpeg.isEmpty() ? picture.file.fingerprint() : fingerprintOf(picture.jpeg);
+    if (wish.facts) picture.facts = factsOf(picture);
     return picture;
 }
 
@@ -66,5 +108,5 @@ qint64 bctp(ReadyPicture& picture, Recordset& recordset) {
 }
 
 void turnIntoJpeg(const ReadyPicture& picture) {
-    if (!picture.jpeg.isEmpty()) attempt([&] { writeOver(picture.file, picture.jpeg); });
+    if (picture.isOfBmp) attempt([&] { writeOver(picture.file, picture.jpeg); });
 }

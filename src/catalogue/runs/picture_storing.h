@@ -2,6 +2,7 @@
 
 #include "catalogue/picture_in_hand.h"
 #include "platform/database/records/recordset.h"
+#include "platform/picture/picture_facts.h"
 
 /// The storing of a picture file in a record. Files that end in "bmp", in small letters, go into the catalogue as JPEG.
 
@@ -28,17 +29,26 @@ struct ReadyPicture {
     PictureInHand file;
     QSize pixels = {};         ///< Of the upright picture; empty when the file is.
     bool isTruncated = false;  ///< Its end is missing.
-    QByteArray jpeg = {};      ///< Of a BMP: what is stored for it.
+    QByteArray jpeg = {};      ///< Of a BMP, or another format: what is stored for it.
+    bool isOfBmp = false;      ///< The JPEG may take the place of the file.
+    PictureFacts facts = {};   ///< Where they are wanted.
     Fingerprint print = {};    ///< Of what is stored.
 
     qint64 bytesHeld() const { return file.bytesHeld() + jpeg.size(); }
+    /// Of what is stored where the file is of another format; of the file otherwise.
+    qint64 length() const { return jpeg.isEmpty() || isOfBmp ? file.length() : jpeg.size(); }
+};
+
+struct PictureWish {
+    bool otherFormats = false;  ///< Those besides JPEG and BMP are read, too, and become JPEG.
+    bool facts = false;
 };
 
 /// Reads a file. Throws `Error` when it cannot be read, or is neither empty nor a picture.
-ReadyPicture readyPicture(const QString& path);
+ReadyPicture readyPicture(const QString& path, PictureWish wish = {});
 
 /// Stores it as the `bctp` of a file does; the file itself stays as it is.
 qint64 bctp(ReadyPicture& picture, Recordset& recordset);
-/// Writes the JPEG that was stored for a BMP file over the file, where that can be written and is still the one that
+/// Writes the JPEG that was stored for a BMP file over that file, where that can be written and is still the one that
 /// the JPEG was made of. Does not throw.
 void turnIntoJpeg(const ReadyPicture& picture);

@@ -24,7 +24,7 @@ struct RunItem {
     qsizetype place = 0;  ///< In the order that the run was given.
     QString name = {};    ///< The file's name, or the number or key of the record.
     Fate fate = Fate::taken;
-    QString reason = {};  ///< Why it failed.
+    QString reason = {};  ///< Why it failed; of what is taken, a note.
     QString file = {};    ///< Of a record that goes to a file: the file's name, where it has one or should have had.
 };
 

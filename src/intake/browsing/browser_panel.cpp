@@ -11,6 +11,7 @@
 #include "platform/desktop/text_box.h"
 #include "settings/frame/columns.h"
 
+#include <QCheckBox>
 #include <QDir>
 #include <QLabel>
 #include <QPushButton>
@@ -20,9 +21,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-const QString picturePattern = u"*.jpg;*.bmp"_s;
-const QString databasePattern = u"*.mdb"_s;
 
 QLabel* makeLabel(QWidget* parent, const QString& name, const QString& text, int left, int top, int width, int height) {
     auto* label = make<QLabel>(parent, name, text);
@@ -45,6 +43,7 @@ BrowserPanel::BrowserPanel(const SettingsFrame& frame, GuidedFlow& flow)
     picMl_->hide();
     makeLists();
     makeLabels();
+    makeOptions();
     makeFolderButtons();
     connectLists();
     const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
@@ -140,10 +139,6 @@ bool BrowserPanel::isPictureMode() const {
     return modeNow() == BrowseMode::pictureFiles || modeNow() == BrowseMode::targetFolder;
 }
 
-QString BrowserPanel::wantedPattern() const {
-    return isPictureMode() ? picturePattern : databasePattern;
-}
-
 QWidget* BrowserPanel::ground() const {
     return picMl_;
 }
@@ -159,11 +154,6 @@ void BrowserPanel::readFolders() {
 
 QString BrowserPanel::folder() const {
     return folder_;
-}
-
-void BrowserPanel::readFiles() {
-    selectQuietly(false);
-    fil1_->setPattern(wantedPattern());
 }
 
 void BrowserPanel::showOn(int page, int left, int top) {
@@ -201,12 +191,14 @@ void BrowserPanel::placeForMode() {
     if (modeNow() == BrowseMode::pictureFiles) {
         place(dir1_, 405, 420, 2535, 2610);
         place(fil1_, 405, 3390, 2565, 1710);
+        place(lblB1First_, 405, 3105, 1365, 270);
         letGrow(dir1_, widens + heightens * 0.5);
         letGrow(fil1_, widens + movesDown * 0.5 + heightens * 0.5);
     } else {
         const bool isAlone = modeNow() == BrowseMode::targetFolder;
         place(dir1_, 405, 420, 2535, 2190);
         place(fil1_, 405, 2650, 2565, 450);
+        place(lblB1First_, 405, 3105, 2535, 270);
         letGrow(dir1_, widens + heightens * (isAlone ? 1 : 0.3));
         letGrow(fil1_, widens + movesDown * 0.3 + heightens * 0.2);
         letGrow(lbl7_, movesDown * (isAlone ? 1 : 0.5));
@@ -216,12 +208,6 @@ void BrowserPanel::placeForMode() {
         place(txtMl_, 400, 5145, 3495, 555);
     else
         place(txtMl_, 400, 2650, 4410, 345);
-}
-
-QStringList BrowserPanel::fileNames() const {
-    QStringList names;
-    for (int i = 0; i < fil1_->ListCount(); ++i) names << fil1_->List(i);
-    return names;
 }
 
 QStringList BrowserPanel::selectedNames() const {
@@ -308,6 +294,7 @@ void BrowserPanel::setEcho(const QString& text) {
 void BrowserPanel::showFileParts(bool on) {
     lblB0_->setVisible(on);
     lblB1First_->setVisible(on);
+    for (QCheckBox* option : {chkGs_, chkZw_}) option->setVisible(on && modeNow() == BrowseMode::pictureFiles);
 }
 
 void BrowserPanel::showFolderHint(bool on) {
@@ -316,11 +303,6 @@ void BrowserPanel::showFolderHint(bool on) {
 
 void BrowserPanel::hideCountLine() {
     lblGy_->hide();
-}
-
-void BrowserPanel::showCountLine() {
-    lblGy_->setText(u"该文件夹（目录）共有图片%1张"_s.arg(fil1_->ListCount()));
-    lblGy_->setVisible(fil1_->ListCount() > 0);
 }
 
 void BrowserPanel::drv1Change() {
@@ -364,6 +346,7 @@ void BrowserPanel::fil1PathChange() {
         attempt([&] { drv1_->setDrive(fil1_->Path()); });
     }
     attempt([&] { dir1_->setPath(fil1_->Path()); });
+    if (walks()) beginWalk();
     Q_EMIT filesListed();
 }
 
@@ -395,6 +378,7 @@ void BrowserPanel::txtMlChange() {
 }
 
 void BrowserPanel::pageTurned() {
+    walk_.stop();
     if (!picMl_->isHidden()) cmdMxClick();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "intake/browsing/folder_walk.h"
 #include "intake/browsing/guided_flow.h"
 #include "settings/frame/frame_part.h"
 #include "settings/frame/settings_frame.h"
@@ -12,6 +13,7 @@ class CaptionBox;
 class DirList;
 class DriveList;
 class FileList;
+class QCheckBox;
 class QLabel;
 class QPushButton;
 class Surface;
@@ -51,6 +53,11 @@ class BrowserPanel : public QObject, public FramePart {
 
     bool isPictureMode() const;  ///< The file list is of pictures, not of databases.
     void readFiles();            ///< Lists the files of the folder that the mode asks for, new ones too.
+    /// The pictures below the folder are looked for: the list is empty, and `filesRead` comes when they are known.
+    bool isSearching() const { return walk_.isAtWork(); }
+    bool listsSubfolders() const;   ///< chkZw
+    bool listsAllFormats() const;   ///< chkGs: in the list of pictures, files are judged by their content.
+    void allowSubfolders(bool on);  ///< Where they are not, chkZw is off and locked.
     QStringList fileNames() const;
     QList<int> selectedFiles() const;  ///< Places in the list.
     QStringList selectedNames() const;
@@ -63,6 +70,11 @@ class BrowserPanel : public QObject, public FramePart {
     /// Changes the selection while `fileClicked` stays quiet. The echo line is left as it is.
     void selectQuietly(bool all);
     void deselectQuietly(int index);
+    /// As a person does it; those that are not in the list are passed over.
+    void selectNames(const QStringList& names);
+    void goTo(const QString& folder);  ///< Throws `Error` when it cannot be read.
+    void listAllFormats();             ///< Ticks chkGs.
+    void listOneFolder();              ///< Unticks chkZw.
 
     void enableFiles();  ///< Files can be picked where the page in front lets them be.
     void enableFiles(bool on);
@@ -81,7 +93,7 @@ class BrowserPanel : public QObject, public FramePart {
     void showNote();
     void hideNote();
 
-    void showFileParts(bool on);   ///< lblB0 and lblB1(0).
+    void showFileParts(bool on);   ///< lblB0, lblB1(0), chkGs and chkZw.
     void showFolderHint(bool on);  ///< lbl7
     void hideCountLine();
     void showCountLine();  ///< lblGy, for a list that is not empty.
@@ -112,8 +124,15 @@ class BrowserPanel : public QObject, public FramePart {
     bool filesMayBePicked() const;
     QString wantedPattern() const;
     bool onIntakePage() const;
+    bool walks() const;
+    ListedFiles listedFiles() const;
+    void beginWalk();
+    void endWalk(const QStringList& files);
+    void chkGsClick();
+    void readAnew();
     void makeLists();
     void makeLabels();
+    void makeOptions();
     void makeFolderButtons();
     void placeForMode();
     void connectLists();
@@ -136,12 +155,15 @@ class BrowserPanel : public QObject, public FramePart {
     QString folder_;
     QString pickedFile_;
     int selectedCount_ = 0;
+    FolderWalk walk_;
 
     Surface* picMl_;               ///< The panel.
     QLabel* lbl12_;                ///< The note.
     DriveList* drv1_ = nullptr;    ///< Drives.
     DirList* dir1_ = nullptr;      ///< Folders.
     FileList* fil1_ = nullptr;     ///< Files.
+    QCheckBox* chkGs_ = nullptr;   ///< Whether pictures of all formats are listed.
+    QCheckBox* chkZw_ = nullptr;   ///< Whether those below the folder are listed.
     CaptionBox* txtMl_ = nullptr;  ///< Echo of what is chosen.
     QLabel* lblB0_ = nullptr;
     QLabel* lblB1First_ = nullptr;   ///< lblB1(0): heading of the files.

@@ -85,15 +85,29 @@ void IntakeSigns::clearSource() {
 }
 
 void IntakeSigns::placeSource(bool files) {
-    const int top = files ? 6480 : 6225;
+    if (files)
+        placeBesideEcho();
+    else
+        placeBelowLists();
+    raise();
+}
+
+/// Files as the source leave them empty.
+void IntakeSigns::placeBesideEcho() {
+    const Growth growth = movesRight * intakeShare + movesDown;
+    browser_.placeNote(intakeTab, {4065, 5850, 945, 195}, growth);
+    letGrow({lbl13, lbl14}, growth);
+    sstFz_->putOn(intakeTab, lbl13, 4065, 6045, 945, 195);
+    sstFz_->putOn(intakeTab, lbl14, 4065, 6240, 945, 195);
+}
+
+void IntakeSigns::placeBelowLists() {
     const double half = intakeShare / 2;
-    browser_.placeNote(intakeTab, {555, 6480, files ? 2250 : 4500, 225},
-                       movesDown + beside(0, files ? 0 : intakeShare));
+    browser_.placeNote(intakeTab, {555, 6480, 4500, 225}, movesDown + beside(0, intakeShare));
     letGrow(lbl13, movesDown + beside(0, half));
     letGrow(lbl14, movesDown + beside(half, intakeShare));
-    sstFz_->putOn(intakeTab, lbl13, files ? 2820 : 555, top, files ? 1020 : 2100, 225);
-    sstFz_->putOn(intakeTab, lbl14, files ? 3855 : 2700, top, files ? 1155 : 2400, 225);
-    raise();
+    sstFz_->putOn(intakeTab, lbl13, 555, 6225, 2100, 225);
+    sstFz_->putOn(intakeTab, lbl14, 2700, 6225, 2400, 225);
 }
 
 void IntakeSigns::setVisible(bool on) {

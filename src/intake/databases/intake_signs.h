@@ -30,6 +30,9 @@ class IntakeSigns {
     void raise();
 
   private:
+    void placeBesideEcho();
+    void placeBelowLists();
+
     TabControl* sstFz_;
     BrowserPanel& browser_;
     QLabel* lblMk;  ///< Heading of the grid.

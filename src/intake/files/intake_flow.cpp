@@ -132,13 +132,14 @@ void IntakePage::clearFiles() {
     browser_.showFileParts(false);
     browser_.hideFiles();
     mapping_.hideButtons();
-    for (QWidget* part : {static_cast<QWidget*>(chkZd_), static_cast<QWidget*>(openFile_)}) part->hide();
+    showFileOptions(false);
     browser_.hideCountLine();
     browser_.showFolderHint(true);
 }
 
 void IntakePage::undoWay() {
     for (QRadioButton* option : optCz_) clearOption(option);
+    browser_.allowSubfolders(true);
     browser_.enableFiles(false);
     mapping_.allowAll(false);
     if (flow_.step() == 2) {
@@ -190,6 +191,9 @@ void IntakePage::cmdLrClick() {
                                                 .replace = replaces,
                                                 .fillFields = chkZd_->isChecked(),
                                                 .bmp = *bmp,
+                                                .otherFormats = browser_.listsAllFormats(),
+                                                .exposureDates = chkPz_->isChecked(),
+                                                .titles = chkSm_->isChecked(),
                                                 .skipKnown = *skipsKnown}});
     }
 }
@@ -260,7 +264,11 @@ void IntakePage::refreshTarget() {
 
 /// The run may have changed files, and others may have come meanwhile. None is chosen any more.
 void IntakePage::readFilesAnew() {
-    browser_.readFiles();
+    // A search would take long, and end with a list to choose from anew.
+    if (browser_.listsSubfolders())
+        browser_.selectQuietly(false);
+    else
+        browser_.readFiles();
     browser_.setEcho({});
     browser_.forgetPicked();
     preview_.allowOpening(intakeFileOpener, false);

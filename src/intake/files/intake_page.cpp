@@ -3,6 +3,7 @@
 #include "catalogue/album_rules.h"
 #include "catalogue/album_tables.h"
 #include "catalogue/mektp.h"
+#include "catalogue/remembered.h"
 #include "catalogue/runs/picture_names.h"
 #include "intake/browsing/intake_texts.h"
 #include "platform/base/error.h"
@@ -40,6 +41,7 @@ IntakePage::IntakePage(const SettingsFrame& frame, GuidedFlow& flow, BrowserPane
       database_(frame, flow, browser, mapping, codeButtons, preview, chosen, signs_) {
     makeGroups();
     makeButtons();
+    makePhotoOptions();
     datLr_ = make<DataControl>(frame_.sstFz->page(intakeTab), u"datLr"_s);
     datLr_->useDatabase(mekTp::catalogue);
     datLr_->setDatabaseName(mekTp::cataloguePath());
@@ -91,6 +93,23 @@ void IntakePage::makeButtons() {
     letGrow(openRecord_, movesRight);
 }
 
+/// What photographs tell of themselves goes into the record.
+void IntakePage::makePhotoOptions() {
+    const auto option = [this](const QString& name, const QString& caption, const QString& key, int left) {
+        auto* box = make<QCheckBox>(frame_.sstFz->page(intakeTab), name, caption);
+        frame_.sstFz->putOn(intakeTab, box, left, 6465, 1485, 240);
+        letGrow(box, movesDown);
+        box->setChecked(remembered::flag(key));
+        connect(box, &QCheckBox::toggled, this, [key](bool on) { remembered::setFlag(key, on); });
+        return box;
+    };
+    chkPz_ = option(u"chkPz"_s, u"日期取自照片"_s, u"intake.exposureDates"_s, 2070);
+    chkPz_->setToolTip(u"照片里有拍摄时间的，自动补足时用它作日期；没有的仍用文件的日期"_s);
+    connect(chkZd_, &QCheckBox::toggled, chkPz_, &QWidget::setEnabled);
+    chkSm_ = option(u"chkSm"_s, u"备注取自照片"_s, u"intake.titles"_s, 3585);
+    chkSm_->setToolTip(u"照片里有标题的，用它作备注，最多 50 个字"_s);
+}
+
 void IntakePage::connectControls() {
     const auto run = [this](auto slot) { return guarded(frame_.form, [this, slot] { (this->*slot)(); }); };
     browser_.serve(intakeTab, {[this] { return mode(); }, [this] { return filesMayBePicked(); }});
@@ -100,8 +119,7 @@ void IntakePage::connectControls() {
     connect(&browser_, &BrowserPanel::folderChanged, this, run(&IntakePage::chooseFilesAnew));
     connect(&browser_, &BrowserPanel::fileClicked, this, run(&IntakePage::fileClicked));
     for (QRadioButton* option : optYl_) connect(option, &QRadioButton::clicked, this, run(&IntakePage::optYlClick));
-    for (QRadioButton* option : optCz_)
-        connect(option, &QRadioButton::clicked, this, run(&IntakePage::chooseFilesAnew));
+    for (QRadioButton* option : optCz_) connect(option, &QRadioButton::clicked, this, run(&IntakePage::optCzClick));
     connect(&mapping_, &MappingPanel::otherAllClicked, this, run(&IntakePage::cmdQxClick));
     connect(&mapping_, &MappingPanel::otherEnterClicked, this, run(&IntakePage::cmdLrClick));
     connect(cmdQ1_, &QPushButton::clicked, this, run(&IntakePage::cmdQ1Click));
@@ -127,6 +145,10 @@ bool IntakePage::replaces() const {
 }
 
 bool IntakePage::filesMayBePicked() const {
+    return isWayChosen() && !browser_.isSearching();
+}
+
+bool IntakePage::isWayChosen() const {
     return (optYl_[0]->isChecked() || optYl_[1]->isChecked()) && (optCz_[0]->isChecked() || optCz_[1]->isChecked());
 }
 
@@ -163,7 +185,8 @@ void IntakePage::enter() {
 void IntakePage::raiseControls() {
     for (QWidget* control :
          {static_cast<QWidget*>(fraLy_), static_cast<QWidget*>(fraFs_), static_cast<QWidget*>(chkZd_),
-          static_cast<QWidget*>(openFile_), static_cast<QWidget*>(cmdQ1_)})
+          static_cast<QWidget*>(chkPz_), static_cast<QWidget*>(chkSm_), static_cast<QWidget*>(openFile_),
+          static_cast<QWidget*>(cmdQ1_)})
         control->raise();
     mapping_.raiseButtons();
     browser_.showNote();
@@ -195,6 +218,7 @@ void IntakePage::takesNoPictures() {
     for (const auto& options : {optYl_, optCz_})
         for (QRadioButton* option : options) clearOption(option);
     fraFs_->setEnabled(false);
+    browser_.allowSubfolders(true);
     browser_.mlcl();
     showFileCount();
     filesWait_ = false;
@@ -231,8 +255,14 @@ void IntakePage::arrange() {
     if (inFront()) signs_.placeSource(files);
     for (QWidget* part : {static_cast<QWidget*>(fraLy_), static_cast<QWidget*>(fraFs_), static_cast<QWidget*>(cmdQ1_)})
         part->setVisible(inFront());
-    for (QWidget* part : {static_cast<QWidget*>(chkZd_), static_cast<QWidget*>(openFile_)}) part->setVisible(files);
+    showFileOptions(files);
     preview_.allowOpening(intakeFileOpener, false);
+}
+
+void IntakePage::showFileOptions(bool on) {
+    for (QWidget* part : {static_cast<QWidget*>(chkZd_), static_cast<QWidget*>(chkPz_), static_cast<QWidget*>(chkSm_),
+                          static_cast<QWidget*>(openFile_)})
+        part->setVisible(on);
 }
 
 void IntakePage::listFiles() {
@@ -248,7 +278,8 @@ void IntakePage::listFiles() {
 void IntakePage::filesRead() {
     if (!inFront()) return;
     showFileCount();
-    if (filesMayBePicked()) chooseFilesAnew();
+    if (isWayChosen()) chooseFilesAnew();
+    chooseAllIfWanted();
 }
 
 void IntakePage::showFileCount() {
@@ -267,6 +298,13 @@ void IntakePage::optYlClick() {
     cmdQ1_->setEnabled(true);
     showFileCount();
     flow_.goTo(optYl_[1]->isChecked() ? 1 : 11);
+}
+
+/// Names tell which record a file replaces; in several folders they would do so more than once.
+void IntakePage::optCzClick() {
+    browser_.allowSubfolders(!replaces());
+    showFileCount();
+    chooseFilesAnew();
 }
 
 /// The way of adding or the folder has changed: the files are to be chosen again.

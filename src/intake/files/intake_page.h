@@ -37,10 +37,12 @@ class IntakePage : public QObject, public SettingsPage {
     void albumLost() override;
     void recordChanged() override;
     void rowClicked() override;
+    void filesDropped(const QStringList& paths) override;
 
   private:
     void makeGroups();
     void makeButtons();
+    void makePhotoOptions();
     void connectControls();
     void raiseControls();
 
@@ -48,9 +50,11 @@ class IntakePage : public QObject, public SettingsPage {
     bool fromFiles() const;
     bool replaces() const;
     bool filesMayBePicked() const;
+    bool isWayChosen() const;
     BrowseMode mode() const;
 
     void arrange();
+    void showFileOptions(bool on);
     void listFiles();
     void filesRead();
     void showFileCount();
@@ -59,12 +63,16 @@ class IntakePage : public QObject, public SettingsPage {
     bool targetIsFit() const;
     void takesNoPictures();
     void optYlClick();
+    void optCzClick();
     void chooseFilesAnew();
     void fileClicked();
     bool deselectUnnumbered();
     void sayUnnumbered();
     void showSelection();
     void showNoSelection();
+    void chooseFolder(const QString& folder);
+    void chooseAllIfWanted();
+    void chooseFiles(const QString& folder, const QStringList& paths);
     void cmdQxClick();
     void cmdQ1Click();
     void undoSource();
@@ -96,10 +104,13 @@ class IntakePage : public QObject, public SettingsPage {
     std::array<QRadioButton*, 2> optYl_{};  ///< Files, a database.
     std::array<QRadioButton*, 2> optCz_{};  ///< Replacing records, appending them.
     QCheckBox* chkZd_ = nullptr;            ///< Whether columns without a value are filled.
+    QCheckBox* chkPz_ = nullptr;            ///< Whether 日期 is the moment of exposure.
+    QCheckBox* chkSm_ = nullptr;            ///< Whether 备注 is the title of the picture.
     QPushButton* cmdQ1_ = nullptr;          ///< One step back.
     QPushButton* openRecord_ = nullptr;     ///< cmdCk(0)
     QPushButton* openFile_ = nullptr;       ///< cmdCk(1)
     DataControl* datLr_ = nullptr;          ///< The target table.
     bool unnumberedTold_ = false;
-    bool filesWait_ = false;  ///< Files were ready for cmdLr when the album was lost.
+    bool choosesAll_ = false;  ///< When the dropped folder is listed.
+    bool filesWait_ = false;   ///< Files were ready for cmdLr when the album was lost.
 };

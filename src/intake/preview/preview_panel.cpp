@@ -10,6 +10,7 @@
 #include "platform/desktop/placing.h"
 #include "platform/desktop/shapes.h"
 #include "platform/desktop/theme.h"
+#include "platform/picture/formats/any_picture.h"
 #include "settings/frame/columns.h"
 
 #include <QEvent>
@@ -47,6 +48,13 @@ const Look& lookOf(PreviewOpener opener) {
         {u"图 片"_s, {180, 690, 4290, 5835}, leftColumn + heightens, u"按钮图片设置"_s},
     };
     return looks[opener];
+}
+
+/// Of any format.
+Picture loaded(const QString& path, QSize target) {
+    Picture picture;
+    if (!attempt([&] { picture = LoadPicture(path, target); })) picture = inScreenColours(readAnyPicture(path).picture);
+    return picture;
 }
 
 }  // namespace
@@ -361,7 +369,7 @@ QString PreviewPanel::readRecord() {
 QString PreviewPanel::readFile() {
     const QSize target = sharpSize();
     lblKt_->setText(u"文件不是图片，不能显示"_s);
-    attempt([&] { imgWj_->setPicture(LoadPicture(file_, target)); });
+    attempt([&] { imgWj_->setPicture(loaded(file_, target)); });
     return u"图片文件："_s + file_;
 }
 

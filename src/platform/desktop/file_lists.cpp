@@ -1,6 +1,7 @@
 #include "platform/desktop/file_lists.h"
 
 #include "platform/base/error.h"
+#include "platform/base/files.h"
 #include "platform/base/odd_names.h"
 #include "platform/desktop/message_box.h"
 
@@ -15,14 +16,14 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
 void sortNaturally(QStringList& names) {
     QCollator order(QLocale(QLocale::Chinese, QLocale::China));
     order.setNumericMode(true);
     order.setCaseSensitivity(Qt::CaseInsensitive);
     std::sort(names.begin(), names.end(), order);
 }
+
+namespace {
 
 QString cleanPath(const QString& path) {
     return QDir::toNativeSeparators(QDir::cleanPath(QDir(path).absolutePath()));
@@ -226,9 +227,16 @@ void FileList::setPath(const QString& path) {
     Q_EMIT pathChanged();
 }
 
-void FileList::setPattern(const QString& pattern) {
+void FileList::setPattern(const QString& pattern, Choice isListed) {
     pattern_ = pattern;
+    isListed_ = std::move(isListed);
     refill();
+}
+
+void FileList::showFiles(const QStringList& files) {
+    const QSignalBlocker silence(this);
+    clear();
+    addItems(files);
 }
 
 void FileList::refill() {
@@ -236,6 +244,7 @@ void FileList::refill() {
     clear();
     QStringList names, odd;
     for (const FolderEntry& entry : filesIn(path_, pattern_.split(u';', Qt::SkipEmptyParts))) {
+        if (isListed_ && !isListed_(joinedPath(path_, entry.name))) continue;
         names << entry.name;
         if (entry.isStandIn) odd << entry.name;
     }

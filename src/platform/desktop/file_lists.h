@@ -3,6 +3,10 @@
 #include "platform/desktop/list_box.h"
 
 #include <QComboBox>
+#include <functional>
+
+/// As people sort: 2 before 10.
+void sortNaturally(QStringList& names);
 
 /// The places where folders begin: the root, the home folder and mounted media, or the drives of the platform.
 class DriveList : public QComboBox {
@@ -71,7 +75,13 @@ class FileList : public ListBox {
     const QString& Path() const { return path_; }
     void setPath(const QString& path);
     const QString& Pattern() const { return pattern_; }
-    void setPattern(const QString& pattern);
+    /// Tells of a path whether the file is listed.
+    using Choice = std::function<bool(const QString& path)>;
+    /// With a choice it counts besides the pattern.
+    void setPattern(const QString& pattern, Choice isListed = {});
+    /// Shows these instead, which stand in this order and are paths from the folder, until the next change of folder or
+    /// pattern.
+    void showFiles(const QStringList& files);
 
     QString FileName() const;  ///< The focused entry, empty when there is none.
     bool Selected(int index) const;
@@ -86,4 +96,5 @@ class FileList : public ListBox {
     void refill();
     QString path_;
     QString pattern_ = QStringLiteral("*");
+    Choice isListed_;
 };

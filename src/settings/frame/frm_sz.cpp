@@ -9,10 +9,14 @@
 #include "windows/window_place.h"
 
 #include <QCloseEvent>
+#include <QDir>
+#include <QDragEnterEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSizeGrip>
 #include <QTabBar>
+#include <QUrl>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -32,6 +36,13 @@ bool turnsPage(const QKeyEvent& key, bool inStrip) {
     return (inStrip && arrow) || (tab && (key.modifiers() & Qt::ControlModifier));
 }
 
+QStringList pathsIn(const QMimeData& dropped) {
+    QStringList paths;
+    for (const QUrl& url : dropped.urls())
+        if (url.isLocalFile()) paths << QDir::cleanPath(url.toLocalFile());
+    return paths;
+}
+
 }  // namespace
 
 frmSz::frmSz(Windows& windows, const Furnishing& furnish, QWidget* parent)
@@ -49,6 +60,7 @@ frmSz::frmSz(Windows& windows, const Furnishing& furnish, QWidget* parent)
     setWindowTitle(u" 览忆集苑(图片录入及系统设置)"_s);
     setMinimumSize(pixelsFromTwips(windowWidth), pixelsFromTwips(windowHeight));
     resize(minimumSize());
+    setAcceptDrops(true);
     for (ShapeBox* shape : {shpWk, shpNk}) letGrow(shape, fills);
     makeOuterButtons();
     contents_ = furnish({this, sstFz, hints_, work_, albums_, grid_, choices_, runBar_});
@@ -184,6 +196,29 @@ void frmSz::closeEvent(QCloseEvent* event) {
             leaves = page().mayLeave();
     });
     event->setAccepted(leaves);
+}
+
+/// Files and folders of this computer; during a run none are taken.
+void frmSz::dragEnterEvent(QDragEnterEvent* event) {
+    if (!runBar_.isAtWork() && !pathsIn(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void frmSz::dropEvent(QDropEvent* event) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    // The program from which they come waits until this returns; a question may take longer.
+    QMetaObject::invokeMethod(this, guarded(this, [this, paths = pathsIn(*event->mimeData())] { takeFiles(paths); }),
+                              Qt::QueuedConnection);
+}
+
+void frmSz::takeFiles(const QStringList& paths) {
+    if (runBar_.isAtWork() || paths.isEmpty()) return;
+    if (sstFz->currentIndex() != intakeTab) {
+        if (work_.isUnderWay()) warnBeforeLeaving();
+        if (work_.isUnderWay() || !page().mayLeave()) return;
+        sstFz->setCurrentIndex(intakeTab);
+    }
+    page().filesDropped(paths);
 }
 
 /// Keys reach another page without the pointer entering the strip.

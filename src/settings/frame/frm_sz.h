@@ -32,6 +32,8 @@ class frmSz : public QWidget {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -43,6 +45,7 @@ class frmSz : public QWidget {
     void sstFzClick();
     void placeSharedControls(const PageLayout& layout);
     void leave(const std::function<void()>& way);
+    void takeFiles(const QStringList& paths);
     void takeAlbum();
     void loseAlbum();
     void pointerMoved(int x, int y);

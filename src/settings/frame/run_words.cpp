@@ -93,8 +93,8 @@ QString failureQuestion(const RunItem& failed, const RunWords& words) {
 }
 
 bool isAsExpected(const RunReport& report) {
-    const bool allTaken =
-        std::ranges::all_of(report.items, [](const RunItem& item) { return item.fate == Fate::taken; });
+    const bool allTaken = std::ranges::all_of(
+        report.items, [](const RunItem& item) { return item.fate == Fate::taken && item.reason.isEmpty(); });
     return allTaken && !report.stopped && report.failure.isEmpty() && report.cameToEnd;
 }
 
@@ -102,7 +102,7 @@ std::vector<ReportLine> reportLines(const RunReport& report, const RunWords& wor
     std::vector<ReportLine> lines;
     const auto add = [&](bool expected) {
         for (const RunItem& item : report.items)
-            if ((item.fate == Fate::taken) == expected)
+            if ((item.fate == Fate::taken && item.reason.isEmpty()) == expected)
                 lines.push_back({nameOf(item), fateText(item, words), item.reason});
     };
     add(false);

@@ -20,7 +20,8 @@ QString outcomeText(const RunReport& report, const RunWords& words);
 /// Asked at the first failure of a run.
 QString failureQuestion(const RunItem& failed, const RunWords& words);
 
-/// Whether everything that a run was given is at its new place, so that its closing message tells all.
+/// Whether everything that a run was given is at its new place, so that its closing message tells all: there is no note
+/// about any of it.
 bool isAsExpected(const RunReport& report);
 
 /// A line of the list of a report.

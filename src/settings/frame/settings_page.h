@@ -2,6 +2,8 @@
 
 #include "settings/frame/page_layout.h"
 
+#include <QStringList>
+
 /// One page of the settings window, as its frame sees it. Pages live as long as the window.
 class SettingsPage {
   public:
@@ -26,6 +28,8 @@ class SettingsPage {
     virtual bool mayLeave() { return true; }
     /// The same before the person goes to a record of datBj, perhaps to the current one again.
     virtual bool mayGoTo(int) { return true; }
+    /// Files and folders were dropped on the window, which has brought this page to the front.
+    virtual void filesDropped(const QStringList&) {}
     /// Another record is the current one of datBj.
     virtual void recordChanged() {}
 };

@@ -8,6 +8,7 @@
 #include "platform/base/files.h"
 #include "platform/database/records/own_values.h"
 #include "platform/database/records/value_hashes.h"
+#include "platform/picture/exif_library.h"
 #include "watching.h"
 
 #include <QtTest/QtTest>
@@ -25,6 +26,18 @@ QByteArray noise(qsizetype count) {
     QByteArray bytes(count, 0);
     QRandomGenerator(1).fillRange(reinterpret_cast<quint32*>(bytes.data()), count / 4);
     return bytes;
+}
+
+/// A photograph that tells when it was taken, and its title.
+QByteArray photograph(const QString& title) {
+    const QByteArray bare = pictureBytes({60, 45}, Qt::darkGreen);
+    const auto image = openedTags(bare);
+    image->exifData()["Exif.Photo.DateTimeOriginal"] = "2003:10:02 12:30:59";
+    image->xmpData()["Xmp.dc.title"] = title.toStdString();
+    image->writeMetadata();
+    image->io().open();
+    const Exiv2::DataBuf bytes = image->io().read(long(image->io().size()));
+    return {reinterpret_cast<const char*>(bytes.pData_), qsizetype(bytes.size_)};
 }
 
 /// A catalogue, and a folder of files to take in.
@@ -133,6 +146,57 @@ class TestFileIntake : public QObject {
         QCOMPARE(stored(u"tc02"_s, 2).size(), 40003);
         QCOMPARE(stored(u"tc02"_s, 3).size(), picture.size() + 1);
         QVERIFY(stored(u"tc02"_s, 2).endsWith(QByteArray(3, '\0')));
+    }
+
+    /// Whatever they are called; the person's files stay as they are.
+    void otherFormatsAreKeptAsJpeg() {
+        Source source;
+        const QByteArray png = pictureBytes({60, 45}, Qt::darkGreen, "PNG");
+        for (const QString& name : {u"1.png"_s, u"2.bmp"_s, u"3"_s}) source.add(name, png);
+        source.add(u"4.jpg"_s);
+        source.add(u"5.png"_s, png.first(png.size() / 2));
+        IntakeOrder order = source.order();
+        order.bmp = BmpFiles::toJpeg;
+        source.watch.passes = true;
+        QCOMPARE(source.enter(u"tc02"_s, order).namesOf({Fate::taken}), QStringList{u"4.jpg"_s});
+        order.otherFormats = true;
+        order.selected = {0, 1, 2, 4};
+        const RunReport report = source.enter(u"tc02"_s, order);
+        QCOMPARE(report.namesOf({Fate::taken}), (QStringList{u"1.png"_s, u"2.bmp"_s, u"3"_s}));
+        QVERIFY(report.items.back().fate == Fate::failed && report.items.back().reason.contains(u"5.png"_s));
+        for (int number = 2; number <= 4; ++number) {
+            const QByteArray kept = stored(u"tc02"_s, number);
+            QCOMPARE(QImage::fromData(kept, "JPG").size(), QSize(60, 45));
+            const QString row = u"SELECT * FROM tc02 WHERE 序号 = %1"_s.arg(number);
+            QCOMPARE(fieldOf(row, u"规格"_s).textOr(), u"60 * 45"_s);
+            QCOMPARE(fieldOf(row, u"大小"_s).toText(), QString::number(double(kept.size() - 1) / 1000));
+        }
+        for (const QString& name : {u"1.png"_s, u"2.bmp"_s, u"3"_s}) QCOMPARE(source.bytesOf(name), png);
+        order.skipKnown = true;
+        QCOMPARE(source.enter(u"tc02"_s, order).namesOf({Fate::alreadyThere}).size(), 3);
+    }
+
+    void whatPhotographsTell() {
+        Source source;
+        const QString longTitle = QString(49, u'湖') + QString::fromUtf8("\xF0\xA0\x80\x80边");
+        source.add(u"1.jpg"_s, photograph(u"湖 边"_s));
+        source.add(u"2.jpg"_s, photograph(longTitle));
+        source.add(u"3.jpg"_s);
+        source.enter(u"tc02"_s);
+        IntakeOrder order = source.order();
+        order.exposureDates = order.titles = true;
+        const RunReport report = source.enter(u"tc02"_s, order);
+        QCOMPARE(report.count, 3);
+        const auto columns = [](const QString& column) {
+            QStringList values;
+            for (int number = 1; number <= 6; ++number)
+                values << fieldOf(u"SELECT * FROM tc02 WHERE 序号 = %1"_s.arg(number), column).textOr();
+            return values;
+        };
+        const QString fileDate = columns(u"日期"_s).first(), taken = u"2003-10-02 12:30:59"_s;
+        QCOMPARE(columns(u"日期"_s), (QStringList{fileDate, fileDate, fileDate, taken, taken, fileDate}));
+        QCOMPARE(columns(u"备注"_s), (QStringList{{}, {}, {}, u"湖 边"_s, QString(49, u'湖'), {}}));
+        for (const RunItem& item : report.items) QCOMPARE(!item.reason.isEmpty(), item.name == u"2.jpg"_s);
     }
 
     void withoutFillingIn() {

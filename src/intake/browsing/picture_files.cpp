@@ -1,0 +1,90 @@
+#include "intake/browsing/picture_files.h"
+
+#include "platform/base/files.h"
+#include "platform/base/odd_names.h"
+#include "platform/desktop/file_lists.h"
+#include "platform/picture/formats/picture_format.h"
+
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int filesBetweenQuestions = 64;
+
+bool beginsAsPicture(QFile& file) {
+    return pictureFormat(file.read(formatBytes)) != PictureFormat::none;
+}
+
+class PictureWalk {
+  public:
+    PictureWalk(const QString& root, ListedFiles which, const std::function<bool(qsizetype)>& goesOn)
+        : root_(root), which_(which), goesOn_(goesOn) {}
+
+    QStringList run() {
+        QStringList waiting{QString()};
+        while (!waiting.isEmpty() && !ended_) enter(waiting.takeLast(), waiting);
+        if (ended_) return {};
+        sortNaturally(found_);
+        return found_;
+    }
+
+  private:
+    /// A folder, by its path from the root with a separator behind it; the root itself is empty.
+    void enter(const QString& folder, QStringList& waiting) {
+        const QString path = joinedPath(root_, folder);
+        if (!isNew(path)) return;
+        takeFiles(path, folder);
+        QDirIterator inside(path, QDir::Dirs | QDir::NoDotAndDotDot);
+        while (inside.hasNext()) {
+            inside.next();
+            waiting << folder + inside.fileName() + u'/';
+        }
+        ask();
+    }
+
+    bool isNew(const QString& path) {
+        const QString real = QFileInfo(path).canonicalFilePath();
+        if (real.isEmpty() || entered_.contains(real)) return false;
+        entered_ << real;
+        return true;
+    }
+
+    void takeFiles(const QString& path, const QString& folder) {
+        const QStringList patterns = which_ == ListedFiles::byEnding ? picturePattern.split(u';') : QStringList{u"*"_s};
+        for (const FolderEntry& entry : filesIn(path, patterns)) {
+            if (ended_) return;
+            if (which_ == ListedFiles::byEnding || isPictureByContent(joinedPath(path, entry.name)))
+                found_ << folder + entry.name;
+            if (++seen_ % filesBetweenQuestions == 0) ask();
+        }
+    }
+
+    void ask() { ended_ = ended_ || !goesOn_(found_.size()); }
+
+    QString root_;
+    ListedFiles which_;
+    const std::function<bool(qsizetype)>& goesOn_;
+    QStringList found_;
+    QSet<QString> entered_;  ///< Folders, by their real paths.
+    qsizetype seen_ = 0;
+    bool ended_ = false;
+};
+
+}  // namespace
+
+bool isPictureByContent(const QString& path) {
+    QFile file(path);
+    if (file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return beginsAsPicture(file);
+    QFile odd;
+    return isStandIn(path) && openForReading(odd, path, QIODevice::Unbuffered) && beginsAsPicture(odd);
+}
+
+QStringList picturesBelow(const QString& folder, ListedFiles which,
+                          const std::function<bool(qsizetype count)>& goesOn) {
+    return PictureWalk(folder, which, goesOn).run();
+}

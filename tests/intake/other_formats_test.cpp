@@ -1,0 +1,167 @@
+#include "../support/run_all.h"
+#include "intake/browsing/picture_files.h"
+#include "intake_window.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// A folder with pictures of two formats in it and below it.
+class MixedFolder : public IntakeWindow {
+  public:
+    MixedFolder() {
+        mekTp::openCatalogue();  // with what is remembered
+        open();
+        tabs().setCurrentIndex(1);
+        addAll({u"1.jpg"_s, u"10.jpg"_s});
+        add(u"2.PNG"_s, {60, 45}, "PNG");
+        addBytes(u"3.png"_s, "no picture");
+        for (const QString& folder : {u"10"_s, u"2"_s, u"2/内"_s}) QDir(pictures.path()).mkdir(folder);
+        add(u"2/b.jpg"_s);
+        add(u"10/a.jpg"_s);
+        add(u"2/内/c"_s, {60, 45}, "PNG");
+        QFile::link(pictures.path(), path(u"2/内/round"_s));
+    }
+
+    void tick(const QString& name) const {
+        QTest::mouseClick(&get<QCheckBox>(name), Qt::LeftButton, {}, QPoint(8, get<QWidget>(name).height() / 2));
+    }
+    /// From another program; tells whether the window takes them.
+    bool drop(const QStringList& names) const {
+        QMimeData files;
+        QList<QUrl> urls;
+        for (const QString& name : names) urls << QUrl::fromLocalFile(path(name));
+        files.setUrls(urls);
+        QDragEnterEvent enter(QPoint(300, 300), Qt::CopyAction, &files, Qt::LeftButton, {});
+        QApplication::sendEvent(form.get(), &enter);
+        if (!enter.isAccepted()) return false;
+        QDropEvent dropped(QPointF(300, 300), Qt::CopyAction, &files, Qt::LeftButton, {});
+        QApplication::sendEvent(form.get(), &dropped);
+        QCoreApplication::processEvents();
+        return true;
+    }
+    bool isTicked(const QString& name) const { return get<QCheckBox>(name).isChecked(); }
+    QStringList listed() const { return linesOf(files()); }
+};
+
+class TestOtherFormats : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void listedByContentAndKeptAsJpeg() {
+        MixedFolder window;
+        window.expect({.hidden = u"chkGs chkZw chkPz chkSm"_s});
+        window.prepare(u"tc02"_s, 1);
+        window.expect({.shown = u"chkGs chkZw chkPz chkSm"_s, .unchecked = u"chkGs chkZw chkPz chkSm"_s});
+        QCOMPARE(window.listed(), (QStringList{u"1.jpg"_s, u"10.jpg"_s}));
+        window.clickFile(u"1.jpg"_s);
+        window.tick(u"chkGs"_s);
+        QCOMPARE(window.listed(), (QStringList{u"1.jpg"_s, u"2.PNG"_s, u"10.jpg"_s}));
+        QVERIFY(window.echo().isEmpty() && !window.isEnabled(u"cmdLr"_s));
+        const QByteArray file = window.bytesOf(u"2.PNG"_s);
+        window.clickFile(u"2.PNG"_s);
+        window.click(u"cmdCk(1)"_s);
+        QCOMPARE(window.get<ImageBox>(u"imgWj"_s).picture().pixels(), QSize(60, 45));
+        window.click(u"cmdCg"_s);
+        window.click(u"cmdLr"_s);
+        QCOMPARE(window.said().last(), entered(1));
+        QVERIFY(stored(u"tc02"_s, 1).startsWith("\xff\xd8"));
+        QCOMPARE(window.bytesOf(u"2.PNG"_s), file);
+        window.option(u"optYl(1)"_s);
+        window.expect({.hidden = u"chkGs chkZw chkPz chkSm"_s});
+    }
+
+    void choicesAreRemembered() {
+        MixedFolder window;
+        window.prepare(u"tc02"_s, 1);
+        for (const QString& name : {u"chkGs"_s, u"chkPz"_s, u"chkSm"_s, u"chkZw"_s}) window.tick(name);
+        window.open();
+        window.tabs().setCurrentIndex(1);
+        for (const QString& name : {u"chkGs"_s, u"chkPz"_s, u"chkSm"_s}) QVERIFY(window.isTicked(name));
+        QVERIFY(!window.isTicked(u"chkZw"_s));
+        window.prepare(u"tc02"_s, 1);
+        QCOMPARE(window.listed().size(), 3);
+        QTest::mouseClick(&window.get<QCheckBox>(u"chkZd"_s), Qt::LeftButton, {}, QPoint(8, 10));
+        window.expect({.enabled = u"chkSm"_s, .disabled = u"chkPz"_s});  // no 日期 is filled in
+    }
+
+    void foldersBelow() {
+        MixedFolder window;
+        window.prepare(u"tc02"_s, 1);
+        window.tick(u"chkZw"_s);
+        window.expect({.disabled = u"fil1 cmdQx cmdLr"_s});
+        const QStringList byEnding{u"1.jpg"_s, u"2/b.jpg"_s, u"10.jpg"_s, u"10/a.jpg"_s};
+        QTRY_COMPARE(window.listed(), byEnding);
+        window.expect({.shown = u"lblGy"_s, .enabled = u"fil1 cmdQx"_s, .disabled = u"cmdLr"_s});
+        QCOMPARE(window.label(u"lblGy"_s), u"该文件夹（目录）共有图片4张"_s);
+        window.enterAll();
+        QCOMPARE(window.said().last(), entered(4));
+        QCOMPARE(window.listed(), byEnding);
+
+        window.option(u"optYl(0)"_s);
+        window.tick(u"chkGs"_s);
+        QTRY_COMPARE(window.listed().size(), 6);
+        QVERIFY(window.listed().contains(u"2/内/c"_s));
+        window.option(u"optCz(0)"_s);
+        QVERIFY(!window.isTicked(u"chkZw"_s));
+        window.expect({.disabled = u"chkZw"_s});
+        QCOMPARE(window.listed(), (QStringList{u"1.jpg"_s, u"2.PNG"_s, u"10.jpg"_s}));
+        window.option(u"optCz(1)"_s);
+        window.expect({.enabled = u"chkZw"_s});
+    }
+
+    /// What is not wanted any more never comes.
+    void aSearchIsGivenUp() {
+        MixedFolder window;
+        window.prepare(u"tc02"_s, 1);
+        window.tick(u"chkZw"_s);
+        window.tick(u"chkZw"_s);
+        QCOMPARE(window.listed(), (QStringList{u"1.jpg"_s, u"10.jpg"_s}));
+        window.tick(u"chkZw"_s);
+        window.enterFolder(u"10"_s);
+        QTRY_COMPARE(window.listed(), QStringList{u"a.jpg"_s});
+        window.enterFolder(u"2"_s);
+        window.tabs().setCurrentIndex(2);
+        QTest::qWait(50);
+        QVERIFY(window.listed().isEmpty());
+        window.tabs().setCurrentIndex(1);
+        QTRY_COMPARE(window.listed().size(), 4);  // a link leads to the folder above
+        const QString folder = window.path(u"."_s);
+        int questions = 0;
+        QCOMPARE(picturesBelow(folder, ListedFiles::byContent, [&](qsizetype) { return ++questions < 2; }),
+                 QStringList());
+        QCOMPARE(questions, 2);
+    }
+
+    void droppedFilesBecomeTheSelection() {
+        MixedFolder window;
+        window.tabs().setCurrentIndex(0);
+        QVERIFY(window.drop({u"1.jpg"_s}));
+        QCOMPARE(window.said(), QStringList{u"请先选择要录入的图册，然后才能继续！"_s});
+        window.choose(u"cboBm"_s, u"tc02"_s);
+        window.drop({u"10.jpg"_s, u"1.jpg"_s});
+        QVERIFY(window.checked(u"optYl(0)"_s) && window.checked(u"optCz(1)"_s) && window.said().isEmpty());
+        QCOMPARE(window.echo(), u"1.jpg;10.jpg等共2条"_s);
+        window.drop({u"2.PNG"_s, u"3.png"_s});
+        QCOMPARE(window.said(), QStringList{u"这些文件不是可以录入的图片：3.png"_s});
+        QCOMPARE(window.echo(), u"2.PNG"_s);
+        QVERIFY(window.isTicked(u"chkGs"_s));
+        window.click(u"cmdLr"_s);
+        QCOMPARE(window.said().last(), entered(1));
+
+        window.drop({u"1.jpg"_s, u"2/b.jpg"_s});
+        QCOMPARE(window.said(), QStringList{u"一次可以拖入一个文件夹，或同一个文件夹里的文件。"_s});
+        window.drop({u"2"_s});
+        QVERIFY(window.echo().endsWith(u"(选择全部)共1条"_s));
+        window.tick(u"chkZw"_s);
+        window.drop({u"."_s});
+        QTRY_VERIFY(window.echo().endsWith(u"(选择全部)共6条"_s));
+        QCOMPARE(numbersOf(u"tc02"_s), QStringList{u"1"_s});
+    }
+};
+
+const Registered<TestOtherFormats> registered;
+
+}  // namespace
+
+#include "other_formats_test.moc"
