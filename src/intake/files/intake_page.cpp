@@ -93,20 +93,20 @@ void IntakePage::makeButtons() {
     letGrow(openRecord_, movesRight);
 }
 
-/// What photographs tell of themselves goes into the record.
+/// What photographs tell of themselves goes into the record. They stand in one row with chkZw.
 void IntakePage::makePhotoOptions() {
     const auto option = [this](const QString& name, const QString& caption, const QString& key, int left) {
-        auto* box = make<QCheckBox>(frame_.sstFz->page(intakeTab), name, caption);
-        frame_.sstFz->putOn(intakeTab, box, left, 6465, 1485, 240);
+        auto* box = make<QCheckBox>(browser_.ground(), name, caption);
+        place(box, left, 5715, 1485, 240);
         letGrow(box, movesDown);
         box->setChecked(remembered::flag(key));
         connect(box, &QCheckBox::toggled, this, [key](bool on) { remembered::setFlag(key, on); });
         return box;
     };
-    chkPz_ = option(u"chkPz"_s, u"日期取自照片"_s, u"intake.exposureDates"_s, 2070);
+    chkPz_ = option(u"chkPz"_s, u"日期取自照片"_s, u"intake.exposureDates"_s, 1920);
     chkPz_->setToolTip(u"照片里有拍摄时间的，自动补足时用它作日期；没有的仍用文件的日期"_s);
     connect(chkZd_, &QCheckBox::toggled, chkPz_, &QWidget::setEnabled);
-    chkSm_ = option(u"chkSm"_s, u"备注取自照片"_s, u"intake.titles"_s, 3585);
+    chkSm_ = option(u"chkSm"_s, u"备注取自照片"_s, u"intake.titles"_s, 3435);
     chkSm_->setToolTip(u"照片里有标题的，用它作备注，最多 50 个字"_s);
 }
 
@@ -185,8 +185,7 @@ void IntakePage::enter() {
 void IntakePage::raiseControls() {
     for (QWidget* control :
          {static_cast<QWidget*>(fraLy_), static_cast<QWidget*>(fraFs_), static_cast<QWidget*>(chkZd_),
-          static_cast<QWidget*>(chkPz_), static_cast<QWidget*>(chkSm_), static_cast<QWidget*>(openFile_),
-          static_cast<QWidget*>(cmdQ1_)})
+          static_cast<QWidget*>(openFile_), static_cast<QWidget*>(cmdQ1_)})
         control->raise();
     mapping_.raiseButtons();
     browser_.showNote();
