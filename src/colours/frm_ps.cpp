@@ -34,6 +34,11 @@ QString schemeSql(const QString& number) {
     return u"SELECT * FROM tcys WHERE 序号 = "_s + quoted(number);
 }
 
+/// Number of a scheme in a line of the list.
+QString numberIn(const QString& line) {
+    return line.left(1);
+}
+
 void setGround(QLabel* label, const QColor& colour) {
     QPalette palette = label->palette();
     palette.setColor(QPalette::Window, colour);
@@ -154,7 +159,7 @@ void frmPs::load() {
             const QString number = all.Fields(u"序号"_s).Value().textOr();
             const QString name = all.Fields(u"方案名"_s).Value().textOr();
             cboFa->addItem(number + u' ' + name);
-            addTile(number, name);
+            addTile(name);
         }
         cboFa->setCurrentText(u"0 默认"_s);
         cboFaClick();
@@ -162,7 +167,7 @@ void frmPs::load() {
 }
 
 QString frmPs::schemeNumber() const {
-    return cboFa->currentText().left(1);
+    return numberIn(cboFa->currentText());
 }
 
 void frmPs::cboFaClick() {
@@ -182,14 +187,20 @@ void frmPs::showScheme() {
     else
         readPictureField(schemeRow_, u"主窗口"_s, *imgXs);
     paintParts();
-    for (size_t i = 0; i < cmdFa_.size(); ++i) cmdFa_[i]->setChecked(int(i) == cboFa->currentIndex());
+    showTiles();
 }
 
-void frmPs::addTile(const QString& number, const QString& name) {
+void frmPs::showTiles() {
+    for (size_t i = 0; i < cmdFa_.size(); ++i) {
+        cmdFa_[i]->setScheme(storedScheme(numberIn(cboFa->itemText(int(i)))));
+        cmdFa_[i]->setChecked(int(i) == cboFa->currentIndex());
+    }
+}
+
+void frmPs::addTile(const QString& name) {
     const int index = int(cmdFa_.size());
     if (index == mostTiles) return;
     auto* tile = make<SchemeTile>(this, element(u"cmdFa"_s, index));
-    tile->setScheme(storedScheme(number));
     tile->setText(name);
     tile->setToolTip(name);
     place(tile, previewLeft + index * tilePitch, tileTop, tileWidth, tileHeight);

@@ -39,7 +39,9 @@ class frmPs : public QWidget {
     void cboFaClick();
     void showScheme();
     void paintParts();
-    void addTile(const QString& number, const QString& name);
+    void addTile(const QString& name);
+    /// Every tile with its stored colours, the chosen one marked.
+    void showTiles();
     void chooseTile(int index);
     /// The colours in the boxes.
     ColourScheme mixedScheme() const;

@@ -16,6 +16,7 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 using namespace Qt::Literals::StringLiterals;
@@ -25,6 +26,7 @@ constexpr int windowWidth = 9600;
 constexpr int windowHeight = 7200;
 constexpr double readingTextSize = 10.5;  // points: the reader may zoom
 constexpr int listIndent = 24;            // pixels
+constexpr int gripSide = 240;
 
 // Texts near the end of the manual.
 const QString endMarker = u"邮编："_s;
@@ -42,6 +44,7 @@ frmBz::frmBz(Windows& windows, QWidget* parent) : QWidget(parent), windows_(wind
     fraAn = make<RaisedButtons>(this, u"fraAn"_s);
     rtfBz = make<RichTextBox>(this, u"rtfBz"_s);
     search_ = new FindBar(rtfBz, this);
+    grip_ = new QSizeGrip(this);
     show_ = new PictureShow(this);
     rtfBz->setAccessibleName(u"使用说明"_s);
     connectEvents();
@@ -82,7 +85,10 @@ void frmBz::load() {
 
 void frmBz::showManual() {
     ground_ = theme::worn().base;
-    rtfBz->setText(inWornColours(manual_));
+    {
+        const QScopedValueRollback moving(isMoving_, true);
+        rtfBz->showText(inWornColours(manual_));
+    }
     findChapters();
     markChapter();
 }
@@ -96,7 +102,7 @@ void frmBz::findChapters() {
 }
 
 void frmBz::markChapter() {
-    contents_->markChapter(chapterAt(starts_, rtfBz->topPosition()));
+    if (!isMoving_) contents_->markChapter(chapterAt(starts_, rtfBz->topPosition()));
 }
 
 void frmBz::changeEvent(QEvent* event) {
@@ -105,9 +111,7 @@ void frmBz::changeEvent(QEvent* event) {
 }
 
 void frmBz::wearColours() {
-    const int view = rtfBz->verticalScrollBar()->value();
     showManual();
-    rtfBz->verticalScrollBar()->setValue(view);
     contents_->wearColours();
     fraAn->wearColours();
 }
@@ -118,7 +122,8 @@ void frmBz::resizeEvent(QResizeEvent* event) {
     const int height = heightOf(this);
     place(rtfBz, 3370, 90, width - 3600, height - 615);
     place(fraAn, 150, height - 1080, 3070, 450);
-    place(search_, 3370, height - 450, width - 3600, 345);
+    place(search_, 3370, height - 450, width - gripSide - 3370, 345);
+    place(grip_, width - gripSide, height - gripSide, gripSide, gripSide);
     contents_->layOut(height);
 }
 
@@ -148,7 +153,11 @@ void frmBz::showTopic(const QString& topic) {
 }
 
 void frmBz::jump(const QString& marker, const QString& text) {
-    rtfBz->Find(marker, 0);
-    rtfBz->Find(text, 0);
-    rtfBz->setSelLength(0);
+    {
+        const QScopedValueRollback moving(isMoving_, true);
+        rtfBz->Find(marker, 0);
+        rtfBz->Find(text, 0);
+        rtfBz->setSelLength(0);
+    }
+    markChapter();
 }

@@ -3,6 +3,7 @@
 #include "help/rich_text_box.h"
 #include "windows/windows.h"
 
+#include <QSizeGrip>
 #include <QWidget>
 #include <vector>
 
@@ -32,9 +33,10 @@ class frmBz : public QWidget {
   private:
     void connectEvents();
     void load();
+    /// In the colours worn; the view stays where it is.
     void showManual();
     void findChapters();
-    /// Marks the chapter that begins last above the upper part of the view.
+    /// Marks the chapter that begins last above the upper part of the view, once the view is at rest.
     void markChapter();
     void wearColours();
     /// Shows the first hit of `text`. Jumps to `marker` first, near the end of the manual: so the hit comes to the top
@@ -45,9 +47,11 @@ class frmBz : public QWidget {
     RichTextBox* rtfBz;        ///< The manual.
     ContentsPanel* contents_;  ///< The contents at its left.
     RaisedButtons* fraAn;      ///< The two picture buttons.
+    QSizeGrip* grip_;          ///< In the lower right corner.
     FindBar* search_;          ///< The line for words to look for.
     PictureShow* show_;        ///< A picture of the manual, large.
     QString manual_;           ///< As it is stored.
     std::vector<int> starts_;  ///< Where each chapter begins in the text, -1 where it is not found.
     QColor ground_;            ///< For which the manual is coloured.
+    bool isMoving_ = false;    ///< The view is on its way to another place.
 };

@@ -4,6 +4,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QWheelEvent>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -65,4 +66,9 @@ void PictureShow::keyPressEvent(QKeyEvent* event) {
         leave();
     else
         event->accept();  // the window behind gets no keys
+}
+
+/// The text behind does not scroll.
+void PictureShow::wheelEvent(QWheelEvent* event) {
+    event->accept();
 }

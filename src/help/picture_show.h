@@ -15,10 +15,13 @@ class PictureShow : public QWidget {
     void open(const Picture& picture, const QString& name);
 
   protected:
+    /// The focus does not leave it for what it covers.
+    bool focusNextPrevChild(bool) override { return false; }
     bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
   private:
     void layOut();

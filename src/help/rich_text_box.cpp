@@ -23,20 +23,36 @@ RichTextBox::RichTextBox(QWidget* parent) : QTextBrowser(parent) {
     setOpenLinks(false);
 }
 
+void RichTextBox::showText(const QString& html) {
+    const int view = verticalScrollBar()->value();
+    setText(html);
+    makeRoomBelowEnd();
+    if (view == 0) return;
+    layOutText();
+    verticalScrollBar()->setValue(view);
+}
+
 int RichTextBox::Find(const QString& text, int start) {
     const QTextCursor hit = document()->find(text, start);
     if (hit.isNull()) return -1;
     setTextCursor(hit);
-    const QAbstractTextDocumentLayout* layout = document()->documentLayout();
-    layout->documentSize();  // lays out the rest of the text: the range of the scroll bar depends on it
-    const double top = layout->blockBoundingRect(hit.block()).top() - document()->documentMargin();
+    layOutText();
+    const QRectF place = document()->documentLayout()->blockBoundingRect(hit.block());
+    const double top = place.top() - document()->documentMargin();
     verticalScrollBar()->setValue(int(top));
     return hit.selectionStart();
 }
 
 void RichTextBox::resizeEvent(QResizeEvent* event) {
     QTextBrowser::resizeEvent(event);
-    // Room below the end, so that the last headings come to the top of the view as well.
+    makeRoomBelowEnd();
+}
+
+void RichTextBox::layOutText() const {
+    document()->documentLayout()->documentSize();  // asks for all of it
+}
+
+void RichTextBox::makeRoomBelowEnd() {
     QTextFrame* all = document()->rootFrame();
     QTextFrameFormat format = all->frameFormat();
     const int room = std::max(viewport()->height() - lineRoom, int(document()->documentMargin()));

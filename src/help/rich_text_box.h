@@ -11,6 +11,9 @@ class RichTextBox : public QTextBrowser {
   public:
     explicit RichTextBox(QWidget* parent = nullptr);
 
+    /// Shows a rich text in place of the one before. The view stays where it is.
+    void showText(const QString& html);
+
     /// Looks for `text` from the character at `start` on, ignoring case; a hit does not span two paragraphs. Selects
     /// the hit, brings its paragraph to the top of the view and returns its position. -1 when there is none: then
     /// selection and view stay as they are.
@@ -35,6 +38,10 @@ class RichTextBox : public QTextBrowser {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    /// So that the last headings come to the top of the view as well.
+    void makeRoomBelowEnd();
+    /// The whole text; the range of the scroll bar depends on it.
+    void layOutText() const;
     std::optional<QTextImageFormat> pictureAt(QPoint point) const;
     std::optional<QTextImageFormat> firstPictureInView() const;
     void choose(const QTextImageFormat& picture);

@@ -27,16 +27,18 @@ QStringList closestLines(const QString& text, const QFont& font, int width) {
     return lines;
 }
 
-/// Lines that break at blanks alone; nothing if a word is longer than a line.
+/// Lines that break behind blanks alone; nothing if a word is longer than a line.
 QStringList linesOfWholeWords(const QString& text, const QFontMetrics& metrics, int width) {
     QStringList lines;
     for (const QString& word : text.split(u' ')) {
         if (metrics.horizontalAdvance(word) > width) return {};
         const QString longer = lines.isEmpty() ? word : lines.last() + u' ' + word;
-        if (lines.isEmpty() || metrics.horizontalAdvance(longer) > width)
-            lines << word;
-        else
+        if (!lines.isEmpty() && metrics.horizontalAdvance(longer) <= width) {
             lines.last() = longer;
+            continue;
+        }
+        if (!lines.isEmpty()) lines.last() += u' ';
+        lines << word;
     }
     return lines;
 }

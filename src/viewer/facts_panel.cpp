@@ -1,6 +1,7 @@
 #include "viewer/facts_panel.h"
 
-#include <QAccessible>
+#include "platform/desktop/accessibility.h"
+
 #include <QLocale>
 #include <QPainter>
 
@@ -49,8 +50,7 @@ void FactsPanel::showOn(QWidget* ground, const QList<std::pair<QString, QString>
     move(fromCorner, fromCorner);
     show();
     raise();
-    QAccessibleEvent event(this, QAccessible::Alert);
-    QAccessible::updateAccessibility(&event);
+    announce(this);
 }
 
 void FactsPanel::paintEvent(QPaintEvent* event) {

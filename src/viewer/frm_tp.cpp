@@ -260,6 +260,7 @@ void frmTp::listNumberConditions(const QWidget* box) {
 // --------------------------------------------------------------------------------------------------- other windows
 
 void frmTp::goTo(WindowKind window) {
+    if (coloursAreOpen_) applyColours();  // colours on trial end with this window: the next one cannot take them back
     windows_.handOver(WindowKind::viewer, window);
 }
 

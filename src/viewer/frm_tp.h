@@ -30,7 +30,7 @@ class frmTp : public QMainWindow {
 
     /// Wears the active colour scheme.
     void applyColours();
-    /// Wears these colours; those that are invalid stay as they are.
+    /// Wears these colours. In place of those that are invalid: the usual light ground, black frames, no fill.
     void wear(const ColourScheme& scheme);
 
   protected:

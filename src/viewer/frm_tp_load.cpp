@@ -84,11 +84,12 @@ void frmTp::applyColours() {
 }
 
 void frmTp::wear(const ColourScheme& scheme) {
-    wearGround(scheme.ground.isValid() ? scheme.ground : palette().color(QPalette::Window));
+    const auto orElse = [](const QColor& colour, const QColor& usual) { return colour.isValid() ? colour : usual; };
+    wearGround(orElse(scheme.ground, theme::light().window));
     buttons_->wearColours();
-    if (scheme.outerFrame.isValid()) buttons_->setOuterFrame(scheme.outerFrame);
-    if (scheme.fill.isValid()) buttons_->setFill(scheme.fill);
-    if (scheme.innerFrame.isValid()) buttons_->setInnerFrame(scheme.innerFrame);
+    buttons_->setOuterFrame(orElse(scheme.outerFrame, Qt::black));
+    buttons_->setFill(scheme.fill);
+    buttons_->setInnerFrame(orElse(scheme.innerFrame, Qt::black));
 }
 
 void frmTp::wearGround(const QColor& ground) {

@@ -37,13 +37,12 @@ void setInkFor(QWidget* part, const QColor& ground) {
 QString barStyle(const QColor& ground) {
     const QColor ink = inkOn(ground);
     if (ink == theme::worn().ink) return {};
-    return theme::filledIn(
-               u"QMenuBar::item { color: %1; } QMenuBar::item:disabled { color: %2; }"
-               "QMenuBar::item:selected, QMenuBar::item:pressed, QToolButton:hover { background: %3; }"
-               "QToolButton:focus { border-color: %4; } QStatusBar { border-top: 1px solid %5; }"
-               "QStatusBar QLabel { color: %1; border-left: 1px solid %5; }"
-               "QStatusBar QLabel[objectName=\"sta1:1\"] { border-left: 0px; }"_s)
-        .arg(ink.name(), theme::faded(ink, ground).name(), theme::mixed(ground, ink, 0.12).name(),
-             theme::readable(theme::worn().accent, ground, theme::signContrast).name(),
-             theme::mixed(ground, ink, 0.18).name());
+    return u"QMenuBar::item { color: %1; } QMenuBar::item:disabled { color: %2; }"
+           "QMenuBar::item:selected, QMenuBar::item:pressed, QToolButton:hover { background: %3; }"
+           "QToolButton:focus { border-color: %4; } QStatusBar { border-top: 1px solid %5; }"
+           "QStatusBar QLabel { color: %1; border-left: 1px solid %5; }"
+           "QStatusBar QLabel[objectName=\"sta1:1\"] { border-left: 0px; }"_s.arg(
+               ink.name(), theme::faded(ink, ground).name(), theme::mixed(ground, ink, 0.12).name(),
+               theme::readable(theme::worn().accent, ground, theme::signContrast).name(),
+               theme::mixed(ground, ink, 0.18).name());
 }

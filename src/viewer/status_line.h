@@ -43,7 +43,6 @@ class StatusLine {
   public:
     explicit StatusLine(QStatusBar* sta1);
 
-    void setGround(const QColor& ground);
     void showCollection(const QString& title);
     /// The open album: its title, then table and counts.
     void showAlbum(const QString& title, const QString& rest);

@@ -23,12 +23,19 @@ QSize frameAround(const QWidget* shown) {
     return known.height() > 0 ? known : QSize(0, QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight));
 }
 
+/// For the room on the screen, and not to be remembered.
+void resizeForRoom(QWidget& window, QSize size) {
+    window.resize(size);
+    for (QObject* part : window.children())
+        if (auto* remembered = dynamic_cast<RememberedSize*>(part)) remembered->takePresent();
+}
+
 void bringOntoScreen(QWidget& window) {
     if (window.windowState() & (wholeScreen | Qt::WindowMinimized)) return;
     const QRect frame = window.frameGeometry();
     const QRect whole = wholeInRoom(frame, window.screen()->availableGeometry());
     if (whole == frame) return;
-    window.resize(window.size() - (frame.size() - whole.size()));
+    resizeForRoom(window, window.size() - (frame.size() - whole.size()));
     window.move(whole.topLeft());
 }
 
@@ -83,7 +90,7 @@ void standInPlaceOf(QWidget& window, const QWidget* other) {
     } else if (other != nullptr) {
         const QSize around = frameAround(other);
         const QRect frame = inMiddleOf(other->frameGeometry(), window.size() + around, room);
-        window.resize(frame.size() - around);
+        resizeForRoom(window, frame.size() - around);
         // A maximised window has no frame yet; it gets one above this place when it becomes smaller.
         const int above = window.isMaximized() ? around.height() : 0;
         window.move(frame.topLeft() + QPoint(0, above));
@@ -95,9 +102,13 @@ void standInPlaceOf(QWidget& window, const QWidget* other) {
 RememberedSize::RememberedSize(QWidget* window)
     : QObject(window), window_(window), name_(u"window."_s + window->objectName()) {
     takeRemembered();
-    opened_ = sizeNow();
+    takePresent();
     window->installEventFilter(this);
     connect(qApp, &QCoreApplication::aboutToQuit, this, &RememberedSize::remember);
+}
+
+void RememberedSize::takePresent() {
+    opened_ = sizeNow();
 }
 
 /// The screen may have become smaller since.

@@ -25,6 +25,9 @@ class RememberedSize : public QObject {
   public:
     explicit RememberedSize(QWidget* window);
 
+    /// The present size counts as that with which the window was opened: no person has given it.
+    void takePresent();
+
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

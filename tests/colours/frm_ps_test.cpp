@@ -221,6 +221,17 @@ class TestColourWindow : public QObject {
         QVERIFY(windows_->unloaded.isEmpty());
     }
 
+    void aDroppedMixtureLeavesItsTile() {
+        auto& tile = get<SchemeTile>(u"cmdFa(2)"_s);
+        const auto ground = [&] { return tile.grab().toImage().pixelColor(tile.width() / 2, 4); };
+        answerColourDialogsWith([](const QColor&) { return std::optional<QColor>(Qt::yellow); });
+        choose(u"5 自定义"_s);
+        focus(3);
+        QCOMPARE(ground(), QColor(Qt::yellow));
+        choose(u"3 藕荷"_s);
+        QCOMPARE(ground(), QColor(0x80, 0x80, 0x80));
+    }
+
     void onlyAStoredChoiceStays_data() {
         QTest::addColumn<bool>("stored");
         QTest::newRow("dropped") << false;

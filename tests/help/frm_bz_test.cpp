@@ -269,8 +269,28 @@ class TestHelpWindow : public QObject {
         QCOMPARE(marked(), chapterCaptions().first());
         view->setValue(view->maximum());
         QCOMPARE(marked(), chapterCaptions().last());
+
+        // Other colours change neither the view nor what is marked.
+        const int last = view->value();
+        for (const theme::Colours& colours : {theme::dark(Qt::black), theme::light()}) {
+            theme::setWorn(colours);
+            QEvent change(QEvent::PaletteChange);
+            QApplication::sendEvent(help.form.get(), &change);
+            QCOMPARE(view->value(), last);
+            QCOMPARE(marked(), chapterCaptions().last());
+        }
         QVERIFY(indentOf(u"3.1.1 四个页面与提示行"_s) > indentOf(u"3.1 软件设置窗口概述"_s));
         QVERIFY(indentOf(u"3.1 软件设置窗口概述"_s) > indentOf(u"3 软件的设置"_s));
+    }
+
+    void theListStaysUnderTheMouse() {
+        HelpWindow help;
+        help.form->resize(help.form->minimumSize());
+        const auto* bar = help.find<QScrollBar>(u"vsc1"_s);
+        QVERIFY(bar->isVisible());
+        const QSignalSpy moves(bar, &QScrollBar::valueChanged);
+        for (const int chapter : {3, 5, 2}) help.click(u"lblXz"_s, chapter);
+        QCOMPARE(moves.size(), 0);
     }
 
     void picturesAreSeenLarge() {
@@ -283,6 +303,10 @@ class TestHelpWindow : public QObject {
         QVERIFY(large->isVisible() && large->rect().contains(picture->geometry()));
         QCOMPARE(picture->picture().pixels().width(), 680);
         QCOMPARE(large->accessibleName(), u"图册设置"_s);
+        for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+            QTest::keyClick(large, key);
+            QCOMPARE(help.form->focusWidget(), large);
+        }
         QTest::keyClick(large, Qt::Key_Escape);
         QVERIFY(large->isHidden() && help.form->isVisible());
         QCOMPARE(help.form->focusWidget(), &help.text());

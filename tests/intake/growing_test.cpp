@@ -163,6 +163,26 @@ class TestGrowingPages : public QObject {
         QTRY_VERIFY(image.pixmap().width() >= image.width());
     }
 
+    /// One that was dragged aside goes with the page from there.
+    void aDraggedPreviewStaysAside() {
+        IntakeWindow window;
+        window.addAll({u"1.jpg"_s});
+        window.prepare(u"tc01"_s, 1);
+        window.clickFile(u"1.jpg"_s);
+        window.click(u"cmdCk(1)"_s);
+        window.form->resize(1280, 900);
+        auto& frame = window.get<QGroupBox>(u"fraCk"_s);
+        const QPoint aside = frame.pos() - QPoint(60, 0), title(30, 8);
+        QTest::mousePress(&frame, Qt::LeftButton, {}, title);
+        QTest::mouseMove(&frame, title - QPoint(60, 0));
+        QTest::mouseRelease(&frame, Qt::LeftButton, {}, title);
+        QCOMPARE(frame.pos(), aside);
+        window.form->resize(1300, 900);
+        QVERIFY((frame.pos() - aside).manhattanLength() <= 20);
+        window.form->resize(640, 480);
+        QVERIFY(frame.parentWidget()->rect().contains(frame.geometry()));
+    }
+
     void theSizeIsRemembered() {
         IntakeWindow window;
         mekTp::openCatalogue();

@@ -1,4 +1,5 @@
 #include "platform/desktop/accessibility.h"
+#include "viewer/caption.h"
 #include "viewer/cell_box.h"
 #include "viewer_window.h"
 
@@ -190,6 +191,18 @@ class TestPaging : public QObject {
         changeRow(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, {{u"备注"_s, QString(30, u'长')}});
         viewer.press(u"ty"_s);
         QCOMPARE(beginning(), shown);
+    }
+
+    /// Where its lines would break, a caption that is cut keeps the blank.
+    void cutCaptionsKeepTheirBlanks() {
+        const QString text = u"an unbreakablycontinuousword"_s;
+        Caption cut, whole;
+        const int width = cut.fontMetrics().horizontalAdvance(u"unbreakablycontinuousword"_s) + 12;
+        for (Caption* caption : {&cut, &whole}) caption->resize(width, caption->heightOfLines(1));
+        cut.setText(text);
+        QCOMPARE(cut.lineCountFor(width), 2);
+        whole.setText(cut.fontMetrics().elidedText(text, Qt::ElideRight, width - 8));
+        QCOMPARE(cut.grab().toImage(), whole.grab().toImage());
     }
 
     void thumbnailsAreCalledByTheirData() {

@@ -17,10 +17,10 @@ constexpr QSize smallest(300, 200);
 /// A window as it is made: with its name and its first size.
 class Window : public QWidget {
   public:
-    Window() {
+    explicit Window(QSize first = smallest) {
         setObjectName(u"frmXx"_s);
         setMinimumSize(smallest);
-        resize(smallest);
+        resize(first);
         new RememberedSize(this);
     }
 };
@@ -61,14 +61,23 @@ class TestWindowPlace : public QObject {
         QVERIFY(apart.manhattanLength() <= 1);
     }
 
-    /// What no other window says anything about, too.
+    void aWindowThatIsTooHighIsBroughtOntoTheScreen_data() {
+        QTest::addColumn<bool>("replaces");
+        QTest::newRow("in place of another") << true;
+        QTest::newRow("alone") << false;
+    }
+    /// That size is not remembered: the next screen may be higher.
     void aWindowThatIsTooHighIsBroughtOntoTheScreen() {
-        QWidget window;
-        const QRect room = window.screen()->availableGeometry();
-        window.setGeometry(room.adjusted(0, 0, 0, 60));
-        standInPlaceOf(window, nullptr);
+        QFETCH(bool, replaces);
+        const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+        QWidget other;
+        Window window(room.size() + QSize(0, 60));
+        window.move(room.topLeft());
+        standInPlaceOf(window, replaces ? &other : nullptr);
         window.show();
         QTRY_VERIFY(room.contains(window.frameGeometry()));
+        window.hide();
+        QVERIFY(remembered::text(u"window.frmXx"_s).isEmpty());
     }
 
     void theSizeOfAPersonOutlivesTheWindow() {

@@ -274,9 +274,13 @@ QString PreviewPanel::readShown() {
     return showsFile_ ? readFile() : isNew ? readNewButton() : readRecord();
 }
 
-/// The same picture, read for the room that it has by now.
+/// The same picture, read for the room that it has by now; after a run, which may change what is shown.
 void PreviewPanel::sharpen() {
-    if (!isOpen() || frame_.runBar.isAtWork()) return;
+    if (!isOpen()) return;
+    if (frame_.runBar.isAtWork()) {
+        growthPause_->start();
+        return;
+    }
     readShown();
     fitPicture(room());
 }

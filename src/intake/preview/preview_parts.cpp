@@ -1,5 +1,7 @@
 #include "intake/preview/preview_parts.h"
 
+#include "platform/desktop/growing.h"
+
 #include <QChildEvent>
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -19,6 +21,7 @@ MovableGroup::MovableGroup(QWidget* parent) : QGroupBox(parent) {
 }
 
 bool MovableGroup::event(QEvent* event) {
+    if (event->type() == QEvent::Move || event->type() == QEvent::Resize) moveTo(pos());
     if (event->type() != QEvent::ToolTip) return QGroupBox::event(event);
     const auto* help = static_cast<QHelpEvent*>(event);
     if (help->y() < titleHeight)
@@ -41,9 +44,14 @@ void MovableGroup::mouseMoveEvent(QMouseEvent* event) {
     const QPoint at = event->position().toPoint();
     setCursor(grip_ || at.y() < titleHeight ? Qt::SizeAllCursor : Qt::ArrowCursor);
     if (!grip_) return;
-    const QPoint wanted = pos() + at - *grip_;
+    moveTo(pos() + at - *grip_);
+}
+
+void MovableGroup::moveTo(QPoint place) {
     const QSize room = parentWidget()->size() - size();
-    move(std::clamp(wanted.x(), 0, std::max(room.width(), 0)), std::clamp(wanted.y(), 0, std::max(room.height(), 0)));
+    const QPoint to(std::clamp(place.x(), 0, std::max(room.width(), 0)),
+                    std::clamp(place.y(), 0, std::max(room.height(), 0)));
+    if (to != pos()) setSmallestPlace(this, smallestPlace(this).translated(to - pos()));
 }
 
 void MovableGroup::mouseReleaseEvent(QMouseEvent*) {

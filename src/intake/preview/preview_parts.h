@@ -5,7 +5,8 @@
 #include <QLabel>
 #include <optional>
 
-/// A group that can be dragged by its title within its parent. A title of several lines is shown in one.
+/// A group that can be dragged by its title within its parent. There it grows and moves with the parent, and stays
+/// inside. A title of several lines is shown in one.
 class MovableGroup : public QGroupBox {
   public:
     explicit MovableGroup(QWidget* parent);
@@ -19,6 +20,9 @@ class MovableGroup : public QGroupBox {
     void childEvent(QChildEvent* event) override;
 
   private:
+    /// As near to that place as it is wholly on its parent.
+    void moveTo(QPoint place);
+
     std::optional<QPoint> grip_;  ///< Where it is held while it is dragged.
 };
 
