@@ -6,8 +6,6 @@
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/image_box.h"
 
-#include <semaphore>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -171,27 +169,6 @@ class TestPreview : public QObject {
         bench.click(u"cmdCg"_s);
         bench.panel->cmdCkClick(recordOpener);
         QVERIFY(near(bench.widthInTwips(u"shpWj"_s), 4095));
-    }
-
-    /// Enlarged while a run works on the records, it is read anew when that is over.
-    void becomesSharpAfterARun() {
-        Bench bench(1);
-        bench.form.setMinimumSize(bench.form.size());
-        letGrow(bench.sstFz, fills);
-        bench.filePicked = bench.draw(u"a.jpg"_s, {3000, 2250});
-        bench.panel->cmdCkClick(intakeFileOpener);
-        std::binary_semaphore end(0);
-        const auto run = [&end](RunWatch&) {
-            end.acquire();
-            return RunReport();
-        };
-        bench.runBar.startStep({u"录入"_s}, run, [](const RunReport&) {});
-        QSignalSpy looks(bench.panel->findChild<QTimer*>(), &QTimer::timeout);
-        bench.form.resize(1600, 1100);
-        const bool hasLooked = looks.wait();
-        end.release();
-        QVERIFY(hasLooked);
-        QTRY_VERIFY(bench.image().pixmap().width() >= bench.image().width());
     }
 
     void isDraggedByItsTitle() {
