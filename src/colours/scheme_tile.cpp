@@ -56,8 +56,9 @@ void SchemeTile::paintWindow(QPainter& painter, const QRectF& window) const {
 
     const QRectF page(column.right() + 3, column.top(), window.right() - column.right() - 6, column.height());
     const QSizeF cell((page.width() + 2) / columns, (page.height() + 2) / rows);
-    for (int i = 0; i < columns * rows; ++i)
-        painter.fillRect(QRectF(page.left() + i % columns * cell.width(), page.top() + i / columns * cell.height(),
-                                cell.width() - 2, cell.height() - 2),
-                         ink);
+    for (int row = 0; row < rows; ++row)
+        for (int place = 0; place < columns; ++place)
+            painter.fillRect(QRectF(page.left() + place * cell.width(), page.top() + row * cell.height(),
+                                    cell.width() - 2, cell.height() - 2),
+                             ink);
 }
