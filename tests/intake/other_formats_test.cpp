@@ -2,6 +2,10 @@
 #include "intake/browsing/picture_files.h"
 #include "intake_window.h"
 
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -48,6 +52,25 @@ class TestOtherFormats : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
+    /// The engine's locks on a file go when any descriptor of it in this process is closed.
+    void aLookAtTheOpenAlbumLeavesItsLocks() {
+        const SampleCatalogue catalogue;
+        const QString link = catalogue.file(u"photo"_s);
+        QVERIFY(QFile::link(mekTp::cataloguePath(), link));
+        const int album = open(QFile::encodeName(mekTp::cataloguePath()).constData(), O_RDWR | O_CLOEXEC);
+        struct flock lock {};
+        lock.l_type = F_WRLCK;
+        lock.l_len = 1;
+        QCOMPARE(fcntl(album, F_SETLK, &lock), 0);
+        QVERIFY(!isPictureByContent(mekTp::cataloguePath()) && !isPictureByContent(link));
+        const pid_t other = fork();
+        if (other == 0) _exit(fcntl(album, F_GETLK, &lock) == 0 && lock.l_type == F_WRLCK ? 0 : 1);
+        int status = 1;
+        waitpid(other, &status, 0);
+        close(album);
+        QCOMPARE(status, 0);
+    }
+
     void listedByContentAndKeptAsJpeg() {
         MixedFolder window;
         window.expect({.hidden = u"chkGs chkZw chkPz chkSm"_s});

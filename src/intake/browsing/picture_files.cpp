@@ -1,9 +1,12 @@
 #include "intake/browsing/picture_files.h"
 
+#include "catalogue/mektp.h"
 #include "platform/base/files.h"
 #include "platform/base/odd_names.h"
 #include "platform/desktop/file_lists.h"
 #include "platform/picture/formats/picture_format.h"
+
+#include <sys/stat.h>
 
 #include <QDirIterator>
 #include <QFile>
@@ -18,6 +21,15 @@ constexpr int filesBetweenQuestions = 64;
 
 bool beginsAsPicture(QFile& file) {
     return pictureFormat(file.read(formatBytes)) != PictureFormat::none;
+}
+
+/// Closing a descriptor of the open album would cost the engine its locks, under whatever name it was opened.
+bool isOpenAlbum(const QString& path) {
+    struct stat file {
+    }, album{};
+    return stat(QFile::encodeName(path).constData(), &file) == 0 &&
+           stat(QFile::encodeName(mekTp::cataloguePath()).constData(), &album) == 0 && file.st_dev == album.st_dev &&
+           file.st_ino == album.st_ino;
 }
 
 class PictureWalk {
@@ -78,6 +90,7 @@ class PictureWalk {
 }  // namespace
 
 bool isPictureByContent(const QString& path) {
+    if (isOpenAlbum(path)) return false;
     QFile file(path);
     if (file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return beginsAsPicture(file);
     QFile odd;

@@ -7,7 +7,7 @@
 /// The picture files of a folder and of those below it. Nothing here throws.
 
 /// Whether a file is of a format that can be read, by its first bytes and not by its name. That the rest is sound is
-/// not looked for.
+/// not looked for. The open album is none, and is not opened.
 bool isPictureByContent(const QString& path);
 
 /// Which files are listed.
