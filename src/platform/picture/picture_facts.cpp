@@ -19,7 +19,7 @@ QString decoded(const std::string& bytes) {
     const QByteArray text = QByteArray::fromStdString(bytes).trimmed();
     if (QUtf8StringView(text).isValidUtf8()) return QString::fromUtf8(text).simplified();
     const std::unique_ptr<void, int (*)(void*)> converter(iconv_open("UTF-8", "GB18030"), iconv_close);
-    if (converter.get() == iconv_t(-1)) return {};
+    if (reinterpret_cast<intptr_t>(converter.get()) == -1) return {};
     QByteArray made(text.size() * 4, '\0');
     char* in = const_cast<char*>(text.constData());
     char* out = made.data();

@@ -9,7 +9,7 @@ namespace {
 constexpr qint64 signatureBytes = 8;
 constexpr quint32 longestChunk = 4 << 20;  // of those that are read
 constexpr QByteArrayView xmpKeyword("XML:com.adobe.xmp\0", 18);
-constexpr int greyType = 0, paletteType = 3, greyAlphaType = 4;
+constexpr int greyType = 0, greyAlphaType = 4;
 
 /// What `packed` holds; empty where that is damaged or longer than any chunk that is read.
 QByteArray unpacked(QByteArrayView packed) {
@@ -40,10 +40,10 @@ bool takeHeader(QByteArrayView chunk, PngChunks& chunks) {
     if (chunk.size() < 13) return false;
     const auto side = [&](int at) { return int(qMin<quint32>(qFromBigEndian<quint32>(chunk.data() + at), 1u << 30)); };
     constexpr int samples[] = {1, 0, 3, 1, 2, 0, 4};
-    const int type = chunk[9];
-    if (type < 0 || type >= int(std::size(samples))) return false;
+    const int type = uchar(chunk[9]);
+    if (type >= int(std::size(samples))) return false;
     chunks.pixels = {side(0), side(4)};
-    chunks.bitsPerPixel = chunk[8] * samples[type];
+    chunks.bitsPerPixel = uchar(chunk[8]) * samples[type];
     chunks.isGrey = type == greyType || type == greyAlphaType;
     return true;
 }
