@@ -12,7 +12,7 @@ constexpr int fromCorner = 12;
 constexpr int edge = 12;
 constexpr qreal corner = 6;
 // Nearly black on any picture, so that white words can be read.
-const QColor ground(0, 0, 0, 200);
+const QColor panelColour(0, 0, 0, 200);
 }  // namespace
 
 QList<std::pair<QString, QString>> factLines(const PictureFacts& facts, QSize pixels, qint64 bytes) {
@@ -57,7 +57,7 @@ void FactsPanel::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(ground);
+    painter.setBrush(panelColour);
     painter.drawRoundedRect(rect(), corner, corner);
     painter.end();
     QLabel::paintEvent(event);
