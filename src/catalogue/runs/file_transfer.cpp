@@ -95,14 +95,15 @@ class FileTransfer : public RunInTurn {
   private:
     /// Reads the album in the thread that calls it.
     ReadAhead<OnItsWay>::Prepare reader() const {
-        return [this, album = OpenDatabase(album_.Name())](qsizetype place) {
-            const Recordset record = recordsOfRows(album, table_, {chosen_[std::size_t(place)]});
-            if (record.Eof()) return OnItsWay();
-            const FieldValue picture = record.Fields(pictureColumn).Value();
-            const QString name =
-                defaultPictureName(record.Fields(u"编号"_s).Value(), record.Fields(u"序号"_s).Value().toInteger());
-            return OnItsWay{true, name, picture.isNull() ? QByteArray() : picture.toBytes()};
-        };
+        return
+            [records = std::make_shared<RecordsInTurn>(OpenDatabase(album_.Name()), table_, chosen_)](qsizetype place) {
+                const Recordset& record = records->at(std::size_t(place));
+                if (record.Eof()) return OnItsWay();
+                const FieldValue picture = record.Fields(pictureColumn).Value();
+                const QString name =
+                    defaultPictureName(record.Fields(u"编号"_s).Value(), record.Fields(u"序号"_s).Value().toInteger());
+                return OnItsWay{true, name, picture.isNull() ? QByteArray() : picture.toBytes()};
+            };
     }
 
     void waitForNames() {

@@ -52,19 +52,35 @@ std::vector<qint32> SourceReader::numbers() const {
     return all;
 }
 
+/// Identity of the row with that number; 0, which is none, where there are fewer of them.
+qint64 SourceReader::rowOf(qint32 number, qsizetype place) const {
+    const auto earlier = std::size_t(order_.records[place].earlier);
+    const std::vector<qint64> rows = rows_.of(number);
+    return earlier < rows.size() ? rows[earlier] : 0;
+}
+
+RecordsInTurn SourceReader::recordsIn(const Database& source) const {
+    std::vector<qint64> rows;
+    for (qsizetype place = 0; place < order_.records.size(); ++place) {
+        const auto wanted = number(place);
+        rows.push_back(wanted ? rowOf(*wanted, place) : 0);
+    }
+    return {source, order_.sourceTable, std::move(rows)};
+}
+
 Recordset SourceReader::find(const Database& source, qsizetype place) const {
     const auto earlier = std::size_t(order_.records[place].earlier);
-    if (const auto wanted = number(place)) {
-        const std::vector<qint64> rows = rows_.of(*wanted);
-        return recordsOfRows(source, order_.sourceTable, {earlier < rows.size() ? rows[earlier] : 0});
-    }
+    if (const auto wanted = number(place)) return recordsOfRows(source, order_.sourceTable, {rowOf(*wanted, place)});
     Recordset record = source.OpenRecordset(allRecordsSql(order_.sourceTable) + u" WHERE "_s + criteria(place));
     for (std::size_t i = 0; i < earlier && !record.Eof(); ++i) record.MoveNext();
     return record;
 }
 
-SourceValues SourceReader::read(const Database& source, qsizetype place) const {
-    const Recordset record = find(source, place);
+SourceValues SourceReader::read(const Database& source, RecordsInTurn& records, qsizetype place) const {
+    return number(place) ? valuesOf(records.at(std::size_t(place))) : valuesOf(find(source, place));
+}
+
+SourceValues SourceReader::valuesOf(const Recordset& record) const {
     if (record.Eof()) throw Error(u"源表“%1”中没有这条记录。"_s.arg(order_.sourceTable));
     SourceValues read;
     for (const FieldPair& pair : order_.mapping) {
