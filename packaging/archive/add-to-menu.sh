@@ -1,4 +1,5 @@
 #!/bin/sh
+# shellcheck disable=SC1111
 # Puts the album into the menu of the desktop, for this user and this folder. "add-to-menu.sh --remove" takes it out.
 set -eu
 folder=$(dirname -- "$(readlink -f -- "$0")")
