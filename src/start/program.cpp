@@ -48,6 +48,12 @@ void Program::handOver(WindowKind from, WindowKind to) {
     unload(from);
 }
 
+void Program::takeIn(const QString& table, const PictureOffer& offer) {
+    handOver(WindowKind::viewer, WindowKind::settings);
+    auto* settings = qobject_cast<frmSz*>(windows_[WindowKind::settings].data());
+    if (settings != nullptr) settings->takeIn(table, offer);
+}
+
 void Program::show(WindowKind window) {
     // The large windows take turns: while another one is at work, that is the one to come back to.
     if (window == WindowKind::viewer)

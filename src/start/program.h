@@ -19,6 +19,7 @@ class Program : public Windows {
     void start();
 
     void handOver(WindowKind from, WindowKind to) override;
+    void takeIn(const QString& table, const PictureOffer& offer) override;
     void show(WindowKind window) override;
     void unload(WindowKind window) override;
     void coloursChanged() override;

@@ -22,6 +22,7 @@ constexpr QSize windowSize(960, 720);
 class NoOtherWindows : public Windows {
   public:
     void handOver(WindowKind, WindowKind) override {}
+    void takeIn(const QString&, const PictureOffer&) override {}
     void show(WindowKind) override {}
     void unload(WindowKind) override {}
     void coloursChanged() override {}
