@@ -84,7 +84,7 @@ frmGy::frmGy(QWidget* parent)
     all->addStretch();
     all->addWidget(rule);
     all->addLayout(makeButtons());
-    setFixedSize(440, 300);
+    setFixedSize(440, 344);
 }
 
 QBoxLayout* frmGy::makeButtons() {

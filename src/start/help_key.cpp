@@ -2,6 +2,7 @@
 
 #include "platform/desktop/message_box.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
@@ -67,6 +68,18 @@ QStringList namesUpwards(const QWidget* control) {
     return names;
 }
 
+bool isChosen(const QWidget* window, const QString& option) {
+    const auto* button = window->findChild<QAbstractButton*>(option);
+    return button != nullptr && button->isChecked();
+}
+
+/// Files are browsed for pictures, and for databases.
+QString sectionAboutBrowsing(const QWidget* window, const QStringList& names) {
+    if (names.contains(u"page1"_s) && isChosen(window, u"optYl(1)"_s)) return u"3.3.2 从数据库录入"_s;
+    if (names.contains(u"page3"_s) && isChosen(window, u"optMb(1)"_s)) return u"3.5.2 转存到图册或数据库"_s;
+    return {};
+}
+
 /// What the dialog of the editor asks for tells which operation it belongs to.
 QString sectionAboutOperation(const QWidget* control) {
     const auto* question = control->window()->findChild<QLabel*>(u"lblCq"_s);
@@ -83,6 +96,8 @@ QString sectionAbout(const QWidget* control) {
     const QStringList names = namesUpwards(control);
     if (names.contains(u"picCq"))
         if (const QString heading = sectionAboutOperation(control); !heading.isEmpty()) return heading;
+    if (names.contains(u"picMl"))
+        if (const QString heading = sectionAboutBrowsing(control->window(), names); !heading.isEmpty()) return heading;
     for (const auto& [place, controls, heading] : sections()) {
         const bool isAbout = controls.isEmpty() || std::ranges::any_of(controls, [&names](const QString& name) {
                                  return names.contains(name);

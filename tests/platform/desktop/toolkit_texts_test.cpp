@@ -47,12 +47,6 @@ class TestToolkitTexts : public QObject {
             dialog->show();
             QCOMPARE(englishIn(dialog).join(u" | "_s), QString());
         }
-        QLineEdit line;
-        const std::unique_ptr<QMenu> menu(line.createStandardContextMenu());
-        for (const QAction* action : menu->actions())
-            QVERIFY2(action->isSeparator() || action->text().section(u'\t', 0, 0).contains(u"(&") ||
-                         !action->text().contains(u"e"),
-                     qPrintable(action->text()));
     }
 };
 
