@@ -13,6 +13,8 @@ namespace {
 constexpr unsigned mostColumns = 255;
 constexpr unsigned mostIndexes = 1000;
 constexpr int rowPlaceMask = 0x1FFF;
+constexpr int deletedMark = 0x8000;    ///< Also that of a moved row at its new place.
+constexpr int leadsAwayMark = 0x4000;  ///< There is but the way to the new place of a moved row.
 
 Bytes firstBytes(Bytes bytes, size_t count) {
     if (bytes.size() < count) throw JetFailure{JetOutcome::damaged};
@@ -119,19 +121,51 @@ void JetTable::readColumns() {
 }
 
 bool JetTable::next() {
-    if (!mdb_fetch_row(table_.get())) {
-        if (rows_ < table_->num_rows) throw JetFailure{JetOutcome::incomplete};
-        return false;
+    for (int entry = 0; nextEntry(entry);) {
+        if (entry & deletedMark) continue;
+        if (entry & leadsAwayMark) entry = follow(entry & rowPlaceMask);
+        cutRow(entry & rowPlaceMask);
+        ++rows_;
+        return true;
     }
-    int start = 0;
-    size_t size = 0;
-    const int row = int(table_->cur_row) - 1;
-    if (mdb_find_row(file_.handle(), row, &start, &size) != 0 ||
-        mdb_crack_row(table_.get(), start & rowPlaceMask, size, fields_.data()) < 0) {
-        throw JetFailure{JetOutcome::damaged};
+    if (rows_ < table_->num_rows) throw JetFailure{JetOutcome::incomplete};
+    return false;
+}
+
+/// Goes to the next entry of the table's pages, and gives its place and marks.
+bool JetTable::nextEntry(int& entry) {
+    if (isAway_ && !mdb_read_pg(file_.handle(), table_->cur_phys_pg)) throw JetFailure{JetOutcome::damaged};
+    isAway_ = false;
+    while (pageRow_ == pageRows_) {
+        if (!mdb_read_next_dpg(table_.get())) return false;
+        const MdbFormatConstants& form = *file_.handle()->fmt;
+        pageRows_ =
+            numberAt<uint16_t>(Bytes(file_.handle()->pg_buf, size_t(form.pg_size)), size_t(form.row_count_offset));
+        pageRow_ = 0;
     }
-    ++rows_;
+    size_ = 0;
+    const bool isThere = mdb_find_row(file_.handle(), int(pageRow_++), &entry, &size_) == 0;
+    if (!isThere && !(entry & deletedMark)) throw JetFailure{JetOutcome::damaged};
     return true;
+}
+
+/// A row that has become too long for its page is on another one.
+int JetTable::follow(int place) {
+    constexpr size_t lengthOfWay = 4;
+    const Bytes page(file_.handle()->pg_buf, size_t(file_.handle()->fmt->pg_size));
+    if (size_t(place) + lengthOfWay > page.size()) throw JetFailure{JetOutcome::damaged};
+    const auto way = numberAt<uint32_t>(page, size_t(place));
+    if (!file_.hasPage(way >> 8)) throw JetFailure{JetOutcome::incomplete};
+    isAway_ = true;
+    int entry = 0;
+    const bool isThere = mdb_read_pg(file_.handle(), way >> 8) && file_.handle()->pg_buf[0] == MDB_PAGE_DATA &&
+                         mdb_find_row(file_.handle(), int(way & 0xFF), &entry, &size_) == 0;
+    if (!isThere || (entry & leadsAwayMark)) throw JetFailure{JetOutcome::damaged};
+    return entry;
+}
+
+void JetTable::cutRow(int place) {
+    if (mdb_crack_row(table_.get(), place, size_, fields_.data()) < 0) throw JetFailure{JetOutcome::damaged};
 }
 
 /// What the row holds of a value that is not Null.
@@ -182,12 +216,8 @@ JetValue JetTable::value(size_t column) const {
         case MDB_TEXT:
         case MDB_MEMO:
             return file_.text(textBytes(column));
-        case MDB_OLE: {
-            std::vector<unsigned char> whole = file_.longValue(bytes);
-            const Bytes picture = pictureWithoutWrapper(whole);
-            if (picture.size() == whole.size()) return whole;
-            return std::vector<unsigned char>(picture.begin(), picture.end());
-        }
+        case MDB_OLE:
+            return pictureOf(file_.longValue(bytes));
         case MDB_REPID:
             return guidText(firstBytes(bytes, 16));
         case MDB_NUMERIC:
