@@ -1,10 +1,12 @@
 #include "start/program.h"
 
+#include "catalogue/mektp.h"
 #include "colours/frm_ps.h"
 #include "editor/document/undo_steps.h"
 #include "editor/frm_cl.h"
 #include "help/frm_bz.h"
 #include "help/frm_gy.h"
+#include "help/shipped_manual.h"
 #include "platform/base/error.h"
 #include "start/settings_window.h"
 #include "viewer/frm_tp.h"
@@ -20,6 +22,7 @@ Program::~Program() {
 void Program::start() {
     show(WindowKind::viewer);
     attempt([] { emptyUndoSteps(); });
+    attempt([] { renewManual(mekTp::catalogue, shippedManual()); });
 }
 
 QWidget* Program::makeWindow(WindowKind window) {

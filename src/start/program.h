@@ -1,5 +1,6 @@
 #pragma once
 
+#include "start/help_key.h"
 #include "windows/windows.h"
 
 #include <QPointer>
@@ -35,4 +36,5 @@ class Program : public Windows {
     void tellMainWindow();
 
     std::map<WindowKind, QPointer<QWidget>> windows_;
+    HelpKey helpKey_{*this};
 };
