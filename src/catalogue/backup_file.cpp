@@ -61,19 +61,21 @@ QString datedPath(const QString& newest, const QDateTime& made) {
     return path;
 }
 
-QList<BackupFile> backupsBeside(const QString& newest, bool counts) {
+QList<BackupFile> datedBeside(const QString& newest, bool counts) {
     const QFileInfo file(newest);
-    QStringList paths;
-    for (const QString& name :
-         QDir(file.path())
-             .entryList({file.completeBaseName() + u"-*-*-*-*."_s + file.suffix()}, QDir::Files, QDir::Name))
-        paths << file.path() + u'/' + name;
-    std::ranges::reverse(paths);
+    const QString names = file.completeBaseName() + u"-*-*-*-*."_s + file.suffix();
+    QList<BackupFile> found;
+    for (const QString& name : QDir(file.path()).entryList({names}, QDir::Files, QDir::Name | QDir::Reversed)) {
+        const QString path = file.path() + u'/' + name;
+        if (!isSameFile(path, newest)) attempt([&] { found << describedBackup(path, counts); });
+    }
+    return found;
+}
+
+QList<BackupFile> backupsBeside(const QString& newest, bool counts) {
     QList<BackupFile> found;
     if (fileExists(newest)) attempt([&] { found << describedBackup(newest, counts); });
-    for (const QString& path : paths)
-        if (!isSameFile(path, newest)) attempt([&] { found << describedBackup(path, counts); });
-    return found;
+    return found + datedBeside(newest, counts);
 }
 
 QList<BackupFile> surplusBackups(QList<BackupFile> older, const QString& catalogue, int keep) {

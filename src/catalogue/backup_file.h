@@ -37,8 +37,10 @@ BackupFile describedBackup(const QString& path, bool counts);
 
 /// The path for the one that has stood under `newest` until now, with a date; one that is free.
 QString datedPath(const QString& newest, const QDateTime& made);
-/// All files of such names, and `newest` first where it is there. Those that are no catalogues are left out, and so is
-/// a second name of the newest.
+/// All files of such names, by name from the last to the first. Those that are no catalogues are left out, and so is a
+/// second name of `newest`.
+QList<BackupFile> datedBeside(const QString& newest, bool counts);
+/// The same behind `newest`, where that is there.
 QList<BackupFile> backupsBeside(const QString& newest, bool counts);
 
 /// Of the older backups of a catalogue those to be removed, the oldest first, so that `keep` stay. What belongs to

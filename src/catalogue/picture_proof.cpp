@@ -259,15 +259,22 @@ QString textOf(Fault fault) {
     return u"图片未变"_s;
 }
 
-std::optional<Remedy> remedyFor(const Database& catalogue, qint64 picture, const QStringList& backups) {
-    const auto kept = ValueHashes(catalogue).of(picture);
-    if (!kept) return {};
+QMap<qint64, Remedy> remediesFor(const Database& catalogue, const QMap<qint64, Fault>& damaged,
+                                 const QStringList& backups) {
+    QMap<qint64, Remedy> found;
+    const ValueHashes hashes(catalogue);
     for (const QString& backup : backups) {
-        std::vector<StoredValue> same;
-        attempt([&] { same = ValueHashes(OpenDatabase(backup)).like(*kept); });
-        if (!same.empty()) return Remedy{backup, same.front().id()};
+        attempt([&] {
+            const ValueHashes there(OpenDatabase(backup));
+            for (auto at = damaged.begin(); at != damaged.end(); ++at) {
+                const auto kept = hashes.of(at.key());
+                if (!kept || at.value() == Fault::notWhole || found.contains(at.key())) continue;
+                const std::vector<StoredValue> same = there.like(*kept);
+                if (!same.empty()) found.insert(at.key(), {backup, same.front().id()});
+            }
+        });
     }
-    return {};
+    return found;
 }
 
 void heal(const Database& catalogue, qint64 picture, const Remedy& remedy) {
@@ -284,7 +291,7 @@ void heal(const Database& catalogue, qint64 picture, const Remedy& remedy) {
     together.commit();
 }
 
-void accept(const Database& catalogue, qint64 picture) {
+void takeAsIs(const Database& catalogue, qint64 picture) {
     Transaction together(catalogue);
     ValueHashes hashes(catalogue);
     const Fingerprint now = fingerprintOf(hashes.valueOf(picture));

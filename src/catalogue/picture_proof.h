@@ -82,10 +82,12 @@ struct Remedy {
     QString backup;    ///< The file.
     qint64 value = 0;  ///< In it.
 };
-/// Looks for the fingerprint of a picture in backups, the first one first. It does not read the picture there.
-std::optional<Remedy> remedyFor(const Database& catalogue, qint64 picture, const QStringList& backups);
+/// Looks for the fingerprints of pictures in backups, the first one first. It does not read the pictures there. For
+/// those that were never whole there is none.
+QMap<qint64, Remedy> remediesFor(const Database& catalogue, const QMap<qint64, Fault>& damaged,
+                                 const QStringList& backups);
 /// Brings a picture back. What comes out of the backup, and what is in the catalogue afterwards, is compared with the
 /// fingerprint; throws `Error` when one of them differs, and the catalogue is as it was.
 void heal(const Database& catalogue, qint64 picture, const Remedy& remedy);
 /// Takes a damaged picture from now on as it is. Throws `Error` when it cannot be read.
-void accept(const Database& catalogue, qint64 picture);
+void takeAsIs(const Database& catalogue, qint64 picture);

@@ -244,11 +244,6 @@ void remove(const QList<BackupFile>& backups) {
     for (const BackupFile& one : backups) QFile::remove(one.path);
 }
 
-QList<BackupFile> withoutNewest(QList<BackupFile> backups, const QString& newest) {
-    backups.removeIf([&](const BackupFile& one) { return one.path == newest; });
-    return backups;
-}
-
 /// The number of the next backup: the clock may have been put back.
 BackupFile nextBackup(const QString& to, const QString& catalogue, const QList<BackupFile>& there) {
     BackupFile next{.path = to, .catalogue = catalogue, .number = 1, .made = QDateTime::currentDateTime()};
@@ -277,7 +272,7 @@ void copyCatalogue(const QString& from, const QString& to) {
     const NewFile made(to + u".new"_s);
     const QString catalogue = identityIn(from);
     const QList<BackupFile> there = backupsBeside(to, false);
-    remove(makingWay(withoutNewest(there, to), catalogue, source.size(), freeBytes(to)));
+    remove(makingWay(datedBeside(to, false), catalogue, source.size(), freeBytes(to)));
     copyDatabase(from, made.path(), nextBackup(to, catalogue, there));
     requireWhole(made.path(), from, to);
     keepLast(to, there, catalogue, source.size());
@@ -285,5 +280,5 @@ void copyCatalogue(const QString& from, const QString& to) {
     std::filesystem::rename(fileName(made.path()), fileName(to), failed);
     if (failed) throw failure(to, systemReason(failed.value()));
     syncFolderToDisk(target.absolutePath());
-    remove(surplusBackups(withoutNewest(backupsBeside(to, false), to), catalogue));
+    remove(surplusBackups(datedBeside(to, false), catalogue));
 }
