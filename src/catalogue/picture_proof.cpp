@@ -134,7 +134,7 @@ std::vector<ToProve> allPictures(const Database& catalogue) {
     const qint64 decoded = decodedUpTo(OwnValues(catalogue));
     std::vector<ToProve> all = known(catalogue, QDate(), none);
     for (ToProve& one : all) one.decodes = one.picture > decoded;
-    for (const StoredValue& bare : unprintedPictures(catalogue)) all.push_back({bare.id(), {}, true});
+    for (const StoredValue& bare : unprintedPictures(catalogue)) all.push_back({bare.id(), {}, bare.id() > decoded});
     std::ranges::sort(all, {}, &ToProve::picture);
     return all;
 }
