@@ -72,7 +72,8 @@ class TestReadableRows : public QObject {
         const ReadableRows readable(source, u"tc01"_s, u"序号"_s);
         QCOMPARE(readable.areAll(), parts == 0);
         QCOMPARE(readable.missing().size(), parts);
-        CopyOrder order{.sourcePath = path, .sourceTable = u"tc01"_s, .indexField = u"序号"_s, .fillFields = false};
+        CopyOrder order{
+            .sourcePath = path, .sourceTable = u"tc01"_s, .indexField = u"序号"_s, .records = {}, .fillFields = false};
         order.mapping = {{u"备注"_s, u"备注"_s}};
         QStringList keys;
         for (Recordset rows = source.OpenRecordset(readable.sql(u"序号"_s)); !rows.Eof(); rows.MoveNext()) {
@@ -109,7 +110,11 @@ class TestReadableRows : public QObject {
         const SampleCatalogue catalogue;
         const QString path = makeAlbum(catalogue.file(u"damaged.mdb"_s));
         QProcess::execute(u"sqlite3"_s, {path, u"DELETE FROM long_binary WHERE id = 3"_s});
-        CopyOrder order{.sourcePath = path, .sourceTable = u"tc01"_s, .indexField = u"序号"_s, .takesDoubtful = true};
+        CopyOrder order{.sourcePath = path,
+                        .sourceTable = u"tc01"_s,
+                        .indexField = u"序号"_s,
+                        .records = {},
+                        .takesDoubtful = true};
         order.mapping = {{u"图片"_s, u"图片"_s}};
         order.records = recordsOfKeys({u"200"_s, u"300"_s, u"400"_s});
         Watching watch;
