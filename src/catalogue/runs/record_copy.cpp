@@ -55,6 +55,7 @@ class RecordCopy : public RunIntoDatabase {
         const SourceValues source = ahead_->take(place);
         if (source.kind == PictureBytes::truncated) return {Fate::truncated};
         if (source.kind == PictureBytes::notAPicture) return {Fate::notAPicture};
+        if (source.isSpoilt) return {Fate::truncated, 0, u"图片与存入源库时的不同，已有损坏"_s};
         if (isKnown(source)) return {Fate::alreadyThere};
         try {
             return {write(source, place), source.picture.size()};
