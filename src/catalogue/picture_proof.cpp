@@ -124,8 +124,9 @@ std::vector<StoredValue> unprintedPictures(const Database& catalogue) {
     const ValueHashes hashes(catalogue);
     std::vector<StoredValue> all;
     if (!hashes.areKept()) return all;
-    for (const QString& album : albumTables(catalogue))
-        attempt([&] { std::ranges::move(hashes.without(album, pictureColumn), std::back_inserter(all)); });
+    // What was deleted is in the bin, where there is one.
+    for (const QString& holder : albumTables(catalogue) << u"lunq_bin"_s)
+        attempt([&] { std::ranges::move(hashes.without(holder, pictureColumn), std::back_inserter(all)); });
     return all;
 }
 

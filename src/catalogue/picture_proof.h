@@ -35,7 +35,7 @@ struct Proven {
     bool isDecoded = false;
 };
 
-/// The values in albums that have no fingerprint, without reading them.
+/// The values in albums and in the bin that have no fingerprint, without reading them.
 std::vector<StoredValue> unprintedPictures(const Database& catalogue);
 
 /// All pictures, by id.
