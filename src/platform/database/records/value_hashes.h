@@ -26,6 +26,7 @@ class ValueHashes {
         QByteArray sha256 = {};
     };
     std::optional<Kept> of(qint64 value) const;
+    StoredValue value(qint64 id) const { return {connection_, id}; }
     /// The values in a column that have no hash. Without reading a value.
     std::vector<StoredValue> without(const QString& table, const QString& column) const;
     /// The hashes of the values in a column.
