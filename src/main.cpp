@@ -2,6 +2,7 @@
 #include "catalogue/open_check.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/message_box.h"
+#include "start/bin_keeping.h"
 #include "start/damage_notice.h"
 #include "start/hash_keeping.h"
 #include "start/program.h"
@@ -47,6 +48,7 @@ int main(int argc, char** argv) {
         startUp.start(program);
         std::optional<OpenCheck> check;
         if (isCatalogueCheckable()) check.emplace(mekTp::cataloguePath(), tellDamage);
+        const BinKeeping bin;
         std::optional<HashKeeping> hashes;
         if (isCatalogueCheckable()) hashes.emplace(mekTp::cataloguePath());
         status = QApplication::exec();

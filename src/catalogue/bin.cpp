@@ -2,7 +2,6 @@
 
 #include "catalogue/album_tables.h"
 #include "catalogue/bin_columns.h"
-#include "platform/base/error.h"
 #include "platform/database/dialect/sql_tokens.h"
 
 #include <QDateTime>
@@ -49,7 +48,7 @@ OwnTables Bin::tables() {
 
 Bin::Bin(const Database& catalogue) : catalogue_(catalogue), rows_(catalogue), isKept_(rows_.has(u"lunq_bin"_s)) {}
 
-/// An item's number is at least as high as that of its removal.
+/// The highest number that an item was ever given. It is at least as high as that of any removal.
 qint64 Bin::newestRemoval() const {
     return isKept_ ? rows_.number(u"SELECT seq FROM sqlite_sequence WHERE name = 'lunq_bin'"_s) : 0;
 }
@@ -99,9 +98,12 @@ void Bin::takeRecord(const QString& table, const Recordset& record, BinKind kind
          {plain(record.Fields(u"序号"_s).Value()), plain(record.Fields(u"编号"_s).Value())}, kind);
 }
 
+/// A picture that is in use must not be in the bin.
 void Bin::noteSuccessor(const StoredValue& picture) {
     if (!isKept_) return;
-    rows_.run(u"UPDATE lunq_bin SET successor = ? WHERE id = (SELECT max(id) FROM lunq_bin)"_s, {picture.id()});
+    const qint64 item = newestRemoval();
+    rows_.run(u"UPDATE lunq_bin SET successor = ?1, 图片 = nullif(图片, ?1) WHERE id = ?2"_s, {picture.id(), item});
+    rows_.run(u"DELETE FROM lunq_bin WHERE id = ? AND 图片 IS NULL"_s, {item});
 }
 
 void removeIntoBin(const Database& catalogue, const QString& table, Recordset& record, BinKind kind) {
@@ -118,7 +120,6 @@ void updateIntoBin(const Database& catalogue, const QString& table, Recordset& r
     if (!before.isNull()) bin.takeRecord(table, record, table == buttonTable ? BinKind::button : BinKind::replaced);
     record.Update();
     const StoredValue after = record.storedAt(record.row(), pictureColumn);
-    if (after == before) throw Error(u"没有可以保存的图片。"_s);  // one that is in use must not be in the bin
     if (!before.isNull()) bin.noteSuccessor(after);
     together.commit();
 }

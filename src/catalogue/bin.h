@@ -23,7 +23,7 @@ class Bin {
     /// The table, and the triggers by which pictures stay and go with it.
     static OwnTables tables();
     bool isKept() const { return isKept_; }
-    /// The newest removal, 0 before the first one. No number is given twice.
+    /// No later removal has this number or a lower one, and all earlier ones have; 0 before the first one.
     qint64 newestRemoval() const;
 
     void takeAlbum(const QString& table);
@@ -31,7 +31,7 @@ class Bin {
     void takeRows(const QString& album, const std::vector<qint64>& rows, BinKind kind);
     /// The current record of a table: an album, or the buttons.
     void takeRecord(const QString& table, const Recordset& record, BinKind kind);
-    /// The item that was taken last has made way for that picture.
+    /// The item that was taken last has made way for that picture. If that is its own, the item goes.
     void noteSuccessor(const StoredValue& picture);
 
   private:

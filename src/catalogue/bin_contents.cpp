@@ -30,6 +30,12 @@ BinItem itemOf(const OwnRows::Values& row) {
             .successor = row[12].toLongLong()};
 }
 
+std::vector<OwnRows::Values> lists(const std::vector<qint64>& ids) {
+    std::vector<OwnRows::Values> all;
+    for (const qint64 id : ids) all.push_back({id});
+    return all;
+}
+
 /// Nothing where there is no bin.
 void eachRow(const Database& catalogue, const QString& sql, const OwnRows::Values& values,
              const std::function<void(const OwnRows::Values&)>& use) {
@@ -55,12 +61,6 @@ std::vector<qint64> firstOf(const Database& catalogue, const QString& sql, const
     return ids;
 }
 
-std::vector<OwnRows::Values> lists(const std::vector<qint64>& ids) {
-    std::vector<OwnRows::Values> all;
-    for (const qint64 id : ids) all.push_back({id});
-    return all;
-}
-
 }  // namespace
 
 bool isBinEmpty(const Database& catalogue) {
@@ -79,9 +79,9 @@ std::optional<BinItem> binItem(const Database& catalogue, qint64 id) {
 
 std::vector<BinItem> binItems(const Database& catalogue, const std::vector<qint64>& ids) {
     std::vector<BinItem> items;
-    for (const qint64 id : ids)
-        eachRow(catalogue, u"SELECT %1 FROM lunq_bin WHERE id = ?"_s.arg(columns), {id},
-                [&](const OwnRows::Values& row) { items.push_back(itemOf(row)); });
+    if (Bin(catalogue).isKept())
+        OwnRows(catalogue).eachOf(u"SELECT %1 FROM lunq_bin WHERE id = ?"_s.arg(columns), lists(ids),
+                                  [&](const OwnRows::Values& row) { items.push_back(itemOf(row)); });
     return items;
 }
 
@@ -96,6 +96,16 @@ std::vector<qint64> withRecordsOfAlbums(const Database& catalogue, const std::ve
     std::ranges::sort(all);
     all.erase(std::ranges::unique(all).begin(), all.end());
     return all;
+}
+
+BinTotals totalsOf(const std::vector<BinItem>& items) {
+    BinTotals totals{.items = int(items.size())};
+    for (const BinItem& item : items) {
+        if (item.kind == BinKind::album) ++totals.albums;
+        if (item.kind == BinKind::button) ++totals.buttons;
+        totals.bytes += item.bytes;
+    }
+    return totals;
 }
 
 BinTotals binTotals(const Database& catalogue) {

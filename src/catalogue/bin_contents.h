@@ -47,6 +47,7 @@ struct BinTotals {
 
     int pictures() const { return items - albums - buttons; }
 };
+BinTotals totalsOf(const std::vector<BinItem>& items);
 BinTotals binTotals(const Database& catalogue);
 /// Of the removals after that one.
 BinTotals binTotalsSince(const Database& catalogue, qint64 removal);

@@ -91,10 +91,12 @@ class Restoring {
         if (record.Eof()) return false;
         Bin bin(catalogue_);
         bin.takeRecord(table, record, item.kind);
-        rows_.run(u"UPDATE %1 SET 图片 = ?2%2 WHERE 图片 = ?1"_s.arg(
-                      quotedName(table),
-                      isButton ? QString()
-                               : u", (大小, 规格, 日期) = (SELECT 大小, 规格, 日期 FROM lunq_bin WHERE id = ?3)"_s),
+        // Taking pictures in has emptied the codes of the records that they went to.
+        const QString others =
+            u", (大小, 规格, 日期, 编号) = (SELECT b.大小, b.规格, b.日期, "
+            "iif(trim(ifnull(%1.编号, '')) = '', b.编号, %1.编号) FROM lunq_bin AS b WHERE b.id = ?3)"_s;
+        const QString name = quotedName(table);
+        rows_.run(u"UPDATE %1 SET 图片 = ?2%2 WHERE 图片 = ?1"_s.arg(name, isButton ? QString() : others.arg(name)),
                   isButton ? OwnRows::Values{item.successor, item.picture}
                            : OwnRows::Values{item.successor, item.picture, item.id});
         bin.noteSuccessor(rows_.value(item.picture));

@@ -1,6 +1,7 @@
 #include "start/program.h"
 
 #include "colours/frm_ps.h"
+#include "editor/document/kept_work.h"
 #include "editor/document/undo_steps.h"
 #include "editor/frm_cl.h"
 #include "help/frm_bz.h"
@@ -19,7 +20,7 @@ Program::~Program() {
 
 void Program::start() {
     show(WindowKind::viewer);
-    attempt([] { emptyUndoSteps(); });
+    if (!keptSource()) attempt([] { emptyUndoSteps(); });
 }
 
 QWidget* Program::makeWindow(WindowKind window) {

@@ -2,6 +2,7 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/album_tables.h"
+#include "catalogue/bin.h"
 #include "catalogue/next_number.h"
 #include "catalogue/picture_hashes.h"
 #include "catalogue/runs/read_ahead.h"
@@ -123,7 +124,10 @@ class RecordCopy : public RunIntoDatabase {
                 complete(source, column);
         }
         if (!order_.replace) rows_.Fields(u"序号"_s).SetValue(numbers_->value());
-        rows_.Update();
+        if (order_.replace)
+            updateIntoBin(album_, table_, rows_);
+        else
+            rows_.Update();
         if (!order_.replace) numbers_->take();
         if (!source.picture.isEmpty()) notePrint(source);
         return hadPicture && order_.fillFields ? Fate::withoutPicture : Fate::taken;

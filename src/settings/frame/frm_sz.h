@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bin/bin_room.h"
 #include "settings/frame/frame_part.h"
 #include "settings/frame/settings_frame.h"
 #include "settings/frame/settings_page.h"
@@ -48,6 +49,8 @@ class frmSz : public QWidget {
     void takeFiles(const QStringList& paths);
     void takeAlbum();
     void loseAlbum();
+    void connectBin();
+    void catalogueRestored();
     void pointerMoved(int x, int y);
     void warnBeforeLeaving();
 
@@ -63,6 +66,8 @@ class frmSz : public QWidget {
     RecordGrid grid_;
     ChoiceList choices_;
     RunBar runBar_;
+    BinLine bin_;
+    BinRoom room_;
     FrameContents contents_;
     bool warning_ = false;  ///< The box that warns before unfinished work is lost stands open.
 };

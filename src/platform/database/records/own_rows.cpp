@@ -66,13 +66,18 @@ qint64 OwnRows::runEach(const QString& sql, const std::vector<Values>& lists) co
     return changed;
 }
 
-void OwnRows::each(const QString& sql, const Values& values, const std::function<void(const Values& row)>& use) const {
+void OwnRows::eachOf(const QString& sql, const std::vector<Values>& lists, const Use& use) const {
     SQLite::Statement list = connection_->prepare(sql);
-    connection_->checked([&] { bindAll(list, values); });
-    while (connection_->step(list)) {
-        Values row;
-        for (int i = 0; i < list.getColumnCount(); ++i) row << read(list.getColumn(i));
-        use(row);
+    for (const Values& values : lists) {
+        connection_->checked([&] {
+            list.reset();
+            bindAll(list, values);
+        });
+        while (connection_->step(list)) {
+            Values row;
+            for (int i = 0; i < list.getColumnCount(); ++i) row << read(list.getColumn(i));
+            use(row);
+        }
     }
 }
 

@@ -22,7 +22,10 @@ class OwnRows {
     qint64 run(const QString& sql, const Values& values = {}) const { return runEach(sql, {values}); }
     qint64 runEach(const QString& sql, const std::vector<Values>& lists) const;
 
-    void each(const QString& sql, const Values& values, const std::function<void(const Values& row)>& use) const;
+    using Use = std::function<void(const Values& row)>;
+    void each(const QString& sql, const Values& values, const Use& use) const { eachOf(sql, {values}, use); }
+    /// The rows of a statement with each list of values.
+    void eachOf(const QString& sql, const std::vector<Values>& lists, const Use& use) const;
     /// The first column of the first row; 0 where there is none.
     qint64 number(const QString& sql, const Values& values = {}) const;
 
