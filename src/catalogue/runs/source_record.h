@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/fingerprint.h"
+#include "catalogue/runs/readable_rows.h"
 #include "catalogue/runs/record_copy.h"
 #include "platform/database/records/rows_by_number.h"
 #include "platform/picture/picture_bytes.h"
@@ -26,11 +27,16 @@ class SourceReader {
     /// fingerprints.
     SourceReader(const Database& source, const CopyOrder& order, bool printed);
 
+    /// What `read` takes the records from: one for each connection.
+    RecordsInTurn recordsIn(const Database& source) const;
     /// Throws `Error` when there is no such record, or none can be found by this kind of key.
-    SourceValues read(const Database& source, qsizetype place) const;
+    SourceValues read(const Database& source, RecordsInTurn& records, qsizetype place) const;
 
     /// What goes to 图片, unread. Null when there is no such record, or no picture.
     StoredValue picture(const Database& source, qsizetype place) const;
+
+    /// What of the source is lost, a sentence for each part.
+    const QStringList& missing() const { return readable_.missing(); }
 
     /// The criteria that finds a record by its key. Throws `Error` for this kind of key.
     QString criteria(qsizetype place) const { return keyCriteria(index_, order_.records[place].key); }
@@ -40,12 +46,16 @@ class SourceReader {
     std::vector<qint32> numbers() const;
 
   private:
+    qint64 rowOf(qint32 number, qsizetype place) const;
+    SourceValues valuesOf(const Recordset& record) const;
     Recordset find(const Database& source, qsizetype place) const;
     bool wantsSizeText(const SourceValues& record) const;
 
     const CopyOrder& order_;
     bool printed_;
+    bool isForeign_;
     FieldShape index_;
+    ReadableRows readable_;
     RowsByNumber rows_;
 };
 
