@@ -8,6 +8,7 @@
 #include "settings/backup/damaged_window.h"
 #include "settings/backup/keeping_buttons.h"
 #include "settings/backup/restore_swap.h"
+#include "start/bin_keeping.h"
 #include "start/damage_notice.h"
 #include "start/hash_keeping.h"
 #include "start/program.h"
@@ -40,6 +41,7 @@ int runOnce(const StartUp& startUp, const QString& notice) {
         if (!notice.isEmpty()) tell(notice, BoxIcon::information);
         std::optional<OpenCheck> check;
         if (isCatalogueCheckable()) check.emplace(mekTp::cataloguePath(), tellDamage);
+        const BinKeeping bin;
         std::optional<HashKeeping> hashes;
         if (isCatalogueCheckable()) {
             hashes.emplace(mekTp::cataloguePath());

@@ -1,6 +1,7 @@
 #include "catalogue/album_directory.h"
 
 #include "catalogue/album_rules.h"
+#include "catalogue/bin.h"
 #include "catalogue/selection_buttons.h"
 #include "platform/base/error.h"
 
@@ -47,6 +48,7 @@ QString megabytesText(qint64 bytes) {
 }
 
 void removeTableAndRow(const Database& catalogue, const QString& table) {
+    Bin(catalogue).takeAlbum(table);
     catalogue.Execute(u"DROP TABLE ["_s + table + u']');
     Recordset row = directoryRow(catalogue, table);
     if (!row.Eof()) row.Delete();
@@ -111,7 +113,7 @@ QString albumContents(const Database& catalogue, const Album& album) {
     return text;
 }
 
-void createAlbum(const Database& catalogue, const Album& album) {
+void addAlbum(const Database& catalogue, const Album& album) {
     Transaction transaction(catalogue);
     catalogue.Execute(createAlbumSql(album.table));
 
@@ -122,7 +124,12 @@ void createAlbum(const Database& catalogue, const Album& album) {
     rows.Fields(u"标题"_s).SetValue(album.title);
     rows.Fields(u"备注"_s).SetValue(album.remark);
     rows.Update();
+    transaction.commit();
+}
 
+void createAlbum(const Database& catalogue, const Album& album) {
+    Transaction transaction(catalogue);
+    addAlbum(catalogue, album);
     if (!setAlbumsOfAllPictures(catalogue, [&](const QString& tables) { return tables + album.table; }))
         throw Error(u"没有编号为“v”的按钮，图册无法登记。"_s);
     transaction.commit();

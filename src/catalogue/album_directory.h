@@ -40,9 +40,11 @@ QString titleInUse(const Album& owner);
 /// and their size.
 QString albumContents(const Database& catalogue, const Album& album);
 
-/// Makes the table and its directory row, and has the button for all pictures offer it. There must be that button.
+/// Makes the table of an album and its directory row.
+void addAlbum(const Database& catalogue, const Album& album);
+/// The same, and has the button for all pictures offer it. There must be that button.
 void createAlbum(const Database& catalogue, const Album& album);
-/// Takes a table and its directory row away; the buttons go on naming it.
+/// Takes a table and its directory row away, into the bin; the buttons go on naming it.
 void undoAlbum(const Database& catalogue, const QString& table);
 /// The same, and the button for all pictures, if there is one, no longer offers it.
 void deleteAlbum(const Database& catalogue, const QString& table);

@@ -1,6 +1,7 @@
 #include "catalogue/mektp.h"
 
 #include "catalogue/album_rules.h"
+#include "catalogue/bin.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
 #include "platform/database/records/own_values.h"
@@ -40,7 +41,7 @@ QString lockPath() {
 void openCatalogue() {
     catalogue = {};
     catalogue = OpenDatabase(cataloguePath());
-    attempt([] { OwnValues(catalogue).prepare(); });
+    attempt([] { OwnValues(catalogue).prepare(Bin::tables()); });
 }
 
 }  // namespace mekTp

@@ -125,7 +125,8 @@ std::vector<StoredValue> unprintedPictures(const Database& catalogue) {
     std::vector<StoredValue> all;
     if (!hashes.areKept()) return all;
     // What was deleted is in the bin, where there is one.
-    for (const QString& holder : albumTables(catalogue) << u"lunq_bin"_s)
+    const QStringList holders = albumTables(catalogue) + QStringList{u"lunq_bin"_s};
+    for (const QString& holder : holders)
         attempt([&] { std::ranges::move(hashes.without(holder, pictureColumn), std::back_inserter(all)); });
     return all;
 }

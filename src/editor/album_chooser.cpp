@@ -257,6 +257,17 @@ Recordset& AlbumChooser::recordOfPicture() {
     return datBj_->Recordset();
 }
 
+void AlbumChooser::findRecord(const AlbumRecord& record) {
+    loadedRow_ = -1;
+    for (int line = 0; line < cboBm_->count(); ++line)
+        if (tableOfLine(cboBm_->itemText(line)) == record.table) cboBm_->setCurrentIndex(line);
+    if (tableOfLine(cboBm_->currentText()) != record.table) return;
+    cboBmClick();
+    attempt([&] {
+        if (datBj_->findFirst(u"图片 = "_s + QString::number(record.picture))) loadedRow_ = datBj_->Recordset().row();
+    });
+}
+
 void AlbumChooser::listAnew() {
     // The whole line serves as table and alias: a title with a blank in it makes the statement fail, and the list
     // stays. So it does where the number does not tell the record.

@@ -33,6 +33,8 @@ class AlbumChooser : public Chapter {
     /// Goes to the record whose picture is in the editor, wherever stepping has led. Throws `Error` when it is not in
     /// the list any more.
     Recordset& recordOfPicture();
+    /// Lists the album of a record whose picture is in the editor already, and goes to it, as far as they are there.
+    void findRecord(const AlbumRecord& record);
     /// Lists the records anew after the picture in the editor was stored, and goes to its record again.
     void listAnew();
 

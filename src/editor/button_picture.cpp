@@ -1,5 +1,6 @@
 #include "editor/button_picture.h"
 
+#include "catalogue/bin.h"
 #include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
 #include "editor/document/picture_files.h"
@@ -308,7 +309,7 @@ void ButtonPicture::storeInRow() {
     Recordset& row = rows_->Recordset();
     row.Edit();
     storePictureBytes(row.Fields(u"图片"_s), jpeg);
-    row.Update();
+    updateIntoBin(mekTp::catalogue, u"tcan"_s, row);
     say(form_, u"按钮图片已保存完毕！(序号＝"_s + row.Fields(u"序号"_s).Value().textOr() + u")"_s, BoxIcon::exclamation,
         u"保存按钮图片"_s);
 }

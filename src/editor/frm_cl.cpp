@@ -56,6 +56,7 @@ void frmCl::makeChapters() {
     button_ = new ButtonPicture(at, msgBm);
     saving_ = new Saving(at, *dialog_, *chooser_, *button_);
     new Opening(at, *chooser_, mayGo);
+    goingOn_ = new GoingOn(at, *chooser_);
     new TakingBack(at, *dialog_, *runner, *chooser_, *button_);
     new ViewInput(*view_, form_);
 }
@@ -103,6 +104,7 @@ void frmCl::load() {
     chooser_->load();
     view_->hint().setText(u"操作提示：先打开要处理的图片，再进行其它操作。"_s);
     form_->setFocus();
+    QMetaObject::invokeMethod(this, guarded(this, [this] { goingOn_->offer(); }), Qt::QueuedConnection);
 }
 
 void frmCl::showCaption() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/button_picture.h"
+#include "editor/going_on.h"
 #include "editor/opening.h"
 #include "editor/saving.h"
 #include "editor/taking_back.h"
@@ -47,4 +48,5 @@ class frmCl : public QMainWindow {
     AlbumChooser* chooser_ = nullptr;
     ButtonPicture* button_ = nullptr;
     Saving* saving_ = nullptr;
+    GoingOn* goingOn_ = nullptr;
 };

@@ -1,6 +1,8 @@
 #include "editor/saving.h"
 
 #include "catalogue/album_rules.h"
+#include "catalogue/bin.h"
+#include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
 #include "catalogue/remembered.h"
 #include "editor/document/picture_files.h"
@@ -18,6 +20,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 /// The choice of the check box 无损保存.
 const QString lossless = u"editor.lossless"_s;
+const QString fromSteps = u"\n\n屏幕上的图片是从处理步骤恢复的副本（质量 80），比原图片粗一些。"_s;
 }  // namespace
 
 Saving::Saving(const Workplace& at, OperationDialog& dialog, AlbumChooser& chooser, const ButtonPicture& button)
@@ -45,6 +48,10 @@ std::optional<Saving::Order> Saving::askWhatToSave() {
     enum Answer { lastPaint, screen, cancel };
     const QString question = u"        保存已修改的图片吗？\n\n如果保存，按《确定》，将覆盖原图片；否则按《取消》。"_s;
     const QString title = u"按原文件名保存"_s;
+    if (document_.isResumed() && !document_.isTakenBack()) {
+        if (choose(form_, question + fromSteps, {u"确定"_s, u"取消"_s}, 1, 1, BoxIcon::question, title) != 0) return {};
+        return Order{document_.lastPaint(), {}};
+    }
     if (!document_.isTakenBack()) {
         auto turn = becomesJpeg() ? possibleTurn() : std::nullopt;
         if (!confirm(question, title, turn)) return {};
@@ -75,7 +82,7 @@ bool Saving::confirm(const QString& question, const QString& title, std::optiona
 }
 
 std::optional<Orientation> Saving::possibleTurn() {
-    if (isReplaced_ || document_.isTakenBack() || !document_.isWhole()) return {};
+    if (isReplaced_ || document_.isTakenBack() || document_.isResumed() || !document_.isWhole()) return {};
     if (!photograph().startsWith("\xff\xd8")) return {};
     return turnOfTrail(document_.trail());
 }
@@ -149,7 +156,7 @@ QString Saving::storeInAlbum(const Order& order) {
     storePictureBytes(record.Fields(u"图片"_s), file.bytes);
     record.Fields(u"大小"_s).SetValue(kilobytes1024Text(file.bytes.size()));
     record.Fields(u"规格"_s).SetValue(specOfPicture(Picture({}, file.pixels)));
-    record.Update();
+    updateIntoBin(mekTp::catalogue, std::get<AlbumRecord>(document_.source()).table, record);
     return u"序号＝"_s + record.Fields(u"序号"_s).Value().textOr();
 }
 
@@ -172,7 +179,8 @@ void Saving::finish() {
 bool Saving::mayGo() {
     if (!document_.isUnsaved()) return true;
     switch (askAboutUnsaved(
-        form_, u"图片已经改动，还没有保存。\n\n按《保存》写回原来的地方，覆盖原图片；不要这些改动，按《不保存》。"_s)) {
+        form_, u"图片已经改动，还没有保存。\n\n按《保存》写回原来的地方，覆盖原图片；不要这些改动，按《不保存》。"_s +
+                   (document_.isResumed() ? fromSteps : QString()))) {
         case Unsaved::save:
             store(
                 {document_.photograph(), remembered::flag(lossless) && becomesJpeg() ? possibleTurn() : std::nullopt});

@@ -2,6 +2,7 @@
 
 #include "catalogue/mektp.h"
 #include "colours/frm_ps.h"
+#include "editor/document/kept_work.h"
 #include "editor/document/undo_steps.h"
 #include "editor/frm_cl.h"
 #include "help/frm_bz.h"
@@ -21,7 +22,7 @@ Program::~Program() {
 
 void Program::start() {
     show(WindowKind::viewer);
-    attempt([] { emptyUndoSteps(); });
+    if (!keptSource()) attempt([] { emptyUndoSteps(); });
     attempt([] { renewManual(mekTp::catalogue, shippedManual()); });
 }
 

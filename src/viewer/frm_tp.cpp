@@ -35,6 +35,8 @@ frmTp::frmTp(Windows& windows) : windows_(windows) {
     strip_ = std::make_unique<ToolStrip>(form_);
     status_ = std::make_unique<StatusLine>(statusBar());
     statusBar()->setObjectName(u"sta1"_s);
+    bin_ = std::make_unique<BinLine>(form_);
+    status_->offer(bin_->button());
     screen_ = std::make_unique<ScreenPanel>(*strip_, form_);
     page_ = std::make_unique<Page>(selection_, form_);
     picRq = new DateDialog(form_);
@@ -57,6 +59,7 @@ frmTp::frmTp(Windows& windows) : windows_(windows) {
 
     connectControls();
     load();
+    bin_->look();
     tmr1->start();
     form_->setFocus();
 }
@@ -136,6 +139,8 @@ void frmTp::connectControls() {
                 page_->xstp();
             }));
     connect(picRq, &DateDialog::dayDropped, this, guarded(this, [this] { filters_->chooseDay({}); }));
+    connect(bin_.get(), &BinLine::arranged, this, [this] { status_->shareRoom(); });
+    connect(bin_.get(), &BinLine::restored, this, guarded(this, [this] { showRestored(); }));
     connect(buttons_.get(), &ButtonPanel::pressed, lstLs, &QWidget::hide);
     connect(buttons_.get(), &ButtonPanel::chosen, this,
             guarded(this, [this](int index, const QString& name) { chooseButton(index, name); }));

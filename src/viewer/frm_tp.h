@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bin/bin_line.h"
 #include "catalogue/colour_scheme.h"
 #include "viewer/album_menu.h"
 #include "viewer/button_panel.h"
@@ -53,6 +54,7 @@ class frmTp : public QMainWindow {
     void wearFrame(const QColor& ground);
     void fillAlbumMenu();
     void fillScreenPictures();
+    void showRestored();
 
     /// Opens the album at that place of the menu, or the first one with its title; a place behind the last one means
     /// the preset album. Draws no page. Throws where the album does not open: then none is open.
@@ -117,6 +119,7 @@ class frmTp : public QMainWindow {
     std::unique_ptr<AlbumMenu> menu_;
     std::unique_ptr<ToolStrip> strip_;
     std::unique_ptr<StatusLine> status_;
+    std::unique_ptr<BinLine> bin_;
     std::unique_ptr<ScreenPanel> screen_;
     std::unique_ptr<Page> page_;
     std::unique_ptr<FilterControls> filters_;

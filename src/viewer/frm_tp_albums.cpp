@@ -64,6 +64,15 @@ void frmTp::closeAlbum() {
     storeSetting(u"当前像册"_s, QString());
 }
 
+/// The open album may hold more pictures now, and there may be more albums and buttons.
+void frmTp::showRestored() {
+    const bool wasShown = page_->isShown();
+    fillAlbumMenu();
+    if (!albumIsOpen_) return;
+    openTable(QString(mekTp::currentTable));
+    if (wasShown) page_->xstp();
+}
+
 void frmTp::listAlbums() {
     QStringList lines;
     attempt([&] {

@@ -16,6 +16,7 @@ constexpr int barHeight = 450;
 constexpr int room = 6950;
 constexpr int gaps = 450;
 constexpr int clockWidth = 2700;
+constexpr int buttonWidth = 825, gapOfButton = 90;
 constexpr int widestTitle = 1800;  // unless there is room to spare
 }  // namespace
 
@@ -71,7 +72,7 @@ void PanelLabel::paintEvent(QPaintEvent*) {
 
 // --------------------------------------------------------------------------------------------------------------- line
 
-StatusLine::StatusLine(QStatusBar* sta1) {
+StatusLine::StatusLine(QStatusBar* sta1) : sta1_(sta1) {
     sta1->setSizeGripEnabled(false);
     sta1->setFixedHeight(pixelsFromTwips(barHeight));
     const auto panel = [sta1](int number) {
@@ -89,9 +90,19 @@ StatusLine::StatusLine(QStatusBar* sta1) {
     shareRoom();
 }
 
+void StatusLine::offer(QPushButton* button) {
+    constexpr int panelsBefore = 3;
+    offered_ = button;
+    button->setFixedSize(pixelsFromTwips(buttonWidth), pixelsFromTwips(barHeight) - 6);
+    sta1_->insertWidget(panelsBefore, button);
+    button->hide();
+}
+
 void StatusLine::shareRoom() {
     const auto asked = [](const PanelLabel* panel) { return twipsFromPixels(panel->widthOfWholeLine()); };
-    const PanelWidths widths = sharedWidths({asked(collection_), asked(album_), asked(page_)}, messageWidth_);
+    const int forButton = offered_ == nullptr || offered_->isHidden() ? 0 : buttonWidth + gapOfButton;
+    const PanelWidths widths =
+        sharedWidths({asked(collection_), asked(album_), asked(page_)}, std::max(0, messageWidth_ - forButton));
     collection_->setFixedWidth(pixelsFromTwips(widths.title));
     album_->setFixedWidth(pixelsFromTwips(widths.album));
     page_->setFixedWidth(pixelsFromTwips(widths.message));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QPushButton>
 #include <QStatusBar>
 
 /// A line cut to a width in pixels. Its first `soft` characters are cut first, at their end; the rest is cut only if it
@@ -52,13 +53,19 @@ class StatusLine {
     bool showClock(const QString& text);
     void setMessageWidth(int twips);  ///< Width of panel 3.
 
+    /// Puts a button before the clock. As long as it is to be seen, panel 3 leaves it its room.
+    void offer(QPushButton* button);
+    /// To be called when that button has come or gone.
+    void shareRoom();
+
   private:
     void setLine(PanelLabel* panel, const QString& text, qsizetype soft);
-    void shareRoom();
 
     PanelLabel* collection_;  ///< Main title.
     PanelLabel* album_;       ///< Album line.
     PanelLabel* page_;        ///< Page line.
     PanelLabel* clock_;       ///< Date and time.
     int messageWidth_ = 0;
+    QStatusBar* sta1_;
+    QPushButton* offered_ = nullptr;
 };

@@ -58,7 +58,8 @@ class PanelBench {
     RecordGrid grid{sstFz};
     ChoiceList choices{sstFz};
     RunBar runBar{&form, sstFz};
-    SettingsFrame frame{&form, sstFz, hints, work, albums, grid, choices, runBar};
+    BinLine bin{&form};
+    SettingsFrame frame{&form, sstFz, hints, work, albums, grid, choices, runBar, bin};
     QStringList said;
     bool answer = true;
 };

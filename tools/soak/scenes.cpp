@@ -8,10 +8,11 @@ using namespace Qt::Literals::StringLiterals;
 
 Scenes::Scenes(Program& program, const QString& folder, const Report& report, quint64 seed)
     : program_(program), folder_(folder), report_(report), seed_(seed), samples_(seed << 20), random_(quint32(seed)) {
-    answerBoxesWith([this](const BoxText& box) {
+    chooseInBoxesWith([this](const BoxText& box) {
         said_ << box.text;
         if (box.title == u"错误提示") report_({u"fault"_s, QString(box.text).replace(u'\n', u' ')});
-        return true;
+        // Work that a kill has left is given up: nothing tells what would become of it.
+        return int(std::max<qsizetype>(box.answers.indexOf(u"放弃"_s), 0));
     });
     answerFileDialogsWith([this](const FileQuestion&) { return file_; });
 }
@@ -30,6 +31,8 @@ const std::map<QString, void (Scenes::*)()>& Scenes::all() {
         {u"renumber"_s, &Scenes::renumber},
         {u"records"_s, &Scenes::editRecords},
         {u"delete"_s, &Scenes::deletePictures},
+        {u"put-back"_s, &Scenes::putBack},
+        {u"album-back"_s, &Scenes::putAlbumBack},
         {u"album"_s, &Scenes::makeAndDeleteAlbum},
         {u"to-files"_s, &Scenes::exportPictures},
         {u"move-to-files"_s, &Scenes::movePicturesToFiles},

@@ -42,6 +42,9 @@ class Scenes {
     void renumber();
     void editRecords();
     void deletePictures();
+    void putBack();
+    void putAlbumBack();
+    QString fillNewAlbum();
     void makeAndDeleteAlbum();
     void exportPictures();
     void movePicturesToFiles();

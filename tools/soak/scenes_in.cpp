@@ -181,7 +181,25 @@ void Scenes::deletePictures() {
     }
 }
 
-void Scenes::makeAndDeleteAlbum() {
+/// Deleted, and put back at once. What the bin holds is checked with all values after a kill.
+void Scenes::putBack() {
+    settings(editingPage);
+    settings_.chooseInCombo(u"cboBm"_s, workAlbum);
+    auto& records = settings_.get<DataControl>(u"datBj"_s);
+    for (int i = 0; i < 3 && records.total() > 0; ++i) {
+        settings_.clickRow(int(random_.bounded(records.total())));
+        const QString picture = pictureOf(records.Recordset());
+        report_({u"drop"_s, workAlbum, picture});
+        work([&] { settings_.click(u"cmdSc"_s); });
+        report_({u"dropped"_s, workAlbum, picture});
+        report_({u"add"_s, workAlbum, picture});
+        work([&] { settings_.click(u"cmdHf"_s); });
+        report_({u"added"_s, workAlbum, picture});
+    }
+}
+
+/// An album with three pictures; returns its table.
+QString Scenes::fillNewAlbum() {
     const QString table = u"tc4%1"_s.arg(QChar(u'a' + random_.bounded(26)));
     const QString folder = newFolder();
     samples_.writeFiles(folder, 1, 2);
@@ -203,6 +221,30 @@ void Scenes::makeAndDeleteAlbum() {
             report_({u"added"_s, table, fingerprintOf(asStored(fileIn(folder, u"%1.jpg"_s.arg(i))))});
         settings_.openPage(setupPage);
     }
+    return table;
+}
+
+void Scenes::makeAndDeleteAlbum() {
+    const QString table = fillNewAlbum();
+    settings_.chooseInCombo(u"cboFc"_s, table);
+    report_({u"remove"_s, table});
+    work([&] { settings_.click(u"cmdFs"_s); });
+    report_({u"removed"_s, table});
+}
+
+/// The album comes back whole or not at all, and is deleted in the end.
+void Scenes::putAlbumBack() {
+    const QString table = fillNewAlbum();
+    const QStringList pictures = picturesOf(table);
+    settings_.chooseInCombo(u"cboFc"_s, table);
+    report_({u"remove"_s, table});
+    work([&] { settings_.click(u"cmdFs"_s); });
+    report_({u"removed"_s, table});
+    report_({u"create"_s, table});
+    for (const QString& picture : pictures) report_({u"add"_s, table, picture});
+    work([&] { settings_.click(u"cmdHf"_s); });
+    report_({u"created"_s, table});
+    for (const QString& picture : pictures) report_({u"added"_s, table, picture});
     settings_.chooseInCombo(u"cboFc"_s, table);
     report_({u"remove"_s, table});
     work([&] { settings_.click(u"cmdFs"_s); });

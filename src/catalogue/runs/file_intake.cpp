@@ -1,6 +1,7 @@
 #include "catalogue/runs/file_intake.h"
 
 #include "catalogue/album_rules.h"
+#include "catalogue/bin.h"
 #include "catalogue/next_number.h"
 #include "catalogue/picture_hashes.h"
 #include "catalogue/runs/picture_names.h"
@@ -130,7 +131,10 @@ class FileIntake : public RunIntoDatabase {
         if (order_.fillFields && !(order_.replace && picture.pixels.isEmpty())) fill(picture);
         const QString note = order_.titles ? putTitle(picture.facts.title) : QString();
         const qint64 length = bctp(picture, rows_);
-        rows_.Update();
+        if (order_.replace)
+            updateIntoBin(album_, table_, rows_);
+        else
+            rows_.Update();
         if (!order_.replace) numbers_->take();
         if (length == 0) return {Fate::withoutPicture};
         const int row = order_.replace ? rows_.row() : rows_.rowCount() - 1;

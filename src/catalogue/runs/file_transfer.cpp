@@ -1,5 +1,6 @@
 #include "catalogue/runs/file_transfer.h"
 
+#include "catalogue/bin.h"
 #include "catalogue/runs/other_thread.h"
 #include "catalogue/runs/picture_export.h"
 #include "catalogue/runs/picture_names.h"
@@ -123,10 +124,11 @@ class FileTransfer : public RunInTurn {
 };
 
 /// The file has its name; what is left to do may fail without a loss.
-SentPicture finishFile(Recordset& record, const FileTarget& target, bool move) {
+SentPicture finishFile(const Database& album, const QString& table, Recordset& record, const FileTarget& target,
+                       bool move) {
     try {
         syncFolderToDisk(target.folder);
-        if (move) record.Delete();
+        if (move) removeIntoBin(album, table, record, BinKind::moved);
         return {};
     } catch (const std::exception& failure) {
         const QString missing = move ? u"记录没有从图册删除（%1）"_s : u"%1"_s;
@@ -151,7 +153,7 @@ SentPicture transferToFile(const Database& album, const ChosenRecord& chosen, co
     } catch (const std::exception& failure) {
         return {SentPicture::failed, causeOf(failure)};
     }
-    return finishFile(record, target, chosen.move);
+    return finishFile(album, chosen.table, record, target, chosen.move);
 }
 
 RunReport transferToFiles(const Database& album, const QString& table, const QStringList& numbers,

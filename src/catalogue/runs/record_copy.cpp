@@ -2,6 +2,7 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/album_tables.h"
+#include "catalogue/bin.h"
 #include "catalogue/next_number.h"
 #include "catalogue/picture_hashes.h"
 #include "catalogue/runs/read_ahead.h"
@@ -141,7 +142,10 @@ class RecordCopy : public RunIntoDatabase {
         }
         const int number = order_.replace ? 0 : numberFor(place);
         if (!order_.replace) rows_.Fields(u"序号"_s).SetValue(number);
-        rows_.Update();
+        if (order_.replace)
+            updateIntoBin(album_, table_, rows_);
+        else
+            rows_.Update();
         if (order_.keepNumbers)
             takenNumbers_.insert(number);
         else if (!order_.replace)

@@ -20,9 +20,9 @@ QList<SourceRecord> recordsOfKeys(const QStringList& keys);
 struct CopyOrder {
     QString sourcePath;  ///< The database file.
     QString sourceTable;
-    QString indexField;           ///< Source field that tells the records apart.
-    FieldMapping mapping = {};    ///< By target field.
-    QList<SourceRecord> records;  ///< Told by the index field.
+    QString indexField;                ///< Source field that tells the records apart.
+    FieldMapping mapping = {};         ///< By target field.
+    QList<SourceRecord> records = {};  ///< Told by the index field.
     bool replace = false;
     bool fillFields = true;      ///< 自动补足
     bool takesDoubtful = false;  ///< Values that are no whole picture are copied like others, and not left out.

@@ -2,6 +2,7 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/album_tables.h"
+#include "catalogue/bin.h"
 #include "catalogue/next_number.h"
 #include "catalogue/picture_hashes.h"
 #include "catalogue/runs/chosen_record.h"
@@ -285,7 +286,10 @@ class TableTransfer : public RunIntoDatabase {
             if (group.doubts[qsizetype(i)].isEmpty()) rows.push_back(group.rows[i]);
         try {
             const std::lock_guard lock(albumMutex_);
+            Transaction together(album_);
+            Bin(album_).takeRows(table_, rows, BinKind::moved);
             removeRows(album_, table_, rows);
+            together.commit();
         } catch (const std::exception& failure) {
             for (QString& doubt : group.doubts)
                 if (doubt.isEmpty()) doubt = causeOf(failure);

@@ -1,5 +1,6 @@
 #include "editor/document/document.h"
 
+#include "editor/document/kept_work.h"
 #include "editor/pixels/row_blocks.h"
 #include "platform/base/twips.h"
 
@@ -27,17 +28,22 @@ int pictureTwips(int hiMetric, int pixels) {
     return pixelsFromTwips(twips) == pixels ? twips : twipsFromPixels(pixels);
 }
 
-void Document::open(const PictureSource& source, const Picture& picture, const QString& hint) {
+void Document::begin(const PictureSource& source, const QImage& picture, const QByteArray& profile, QSize size) {
     dropLastPaint();
-    shown_ = inEditorFormat(picture.image());
-    profile_ = picture.profile();
+    shown_ = inEditorFormat(picture);
+    profile_ = profile;
     photograph_ = {};
     source_ = source;
-    size_ = sizeOf(picture);
+    size_ = size;
     origin_ = {};
     selection_ = {};
     tag_.clear();
-    isTakenBack_ = isTakingBack_ = false;
+    isResumed_ = isTakenBack_ = isTakingBack_ = false;
+}
+
+void Document::open(const PictureSource& source, const Picture& picture, const QString& hint) {
+    forgetSource();
+    begin(source, picture.image(), picture.profile(), sizeOf(picture));
     settle();
     Q_EMIT pictureChanged();
     stepCount_ = 0;
@@ -45,6 +51,21 @@ void Document::open(const PictureSource& source, const Picture& picture, const Q
     keep();
     setCaption({});
     Q_EMIT opened();
+}
+
+std::optional<QString> Document::resume(const PictureSource& source) {
+    const auto step = steps_.newest();
+    if (!step) return {};
+    begin(source, step->picture, step->profile, step->size);
+    tag_ = step->tag;
+    isResumed_ = true;
+    setState(EditState::copied);
+    Q_EMIT pictureChanged();
+    stepCount_ = step->number;
+    keptStep_ = gone;
+    setCaption(tag_.isEmpty() ? QString() : u"["_s + tag_ + u']');
+    Q_EMIT opened();
+    return step->label;
 }
 
 void Document::close() {
@@ -124,9 +145,15 @@ UndoSteps::Step Document::nextStep(const QString& hint, double parameter) {
 }
 
 void Document::record(const QString& hint, double parameter) {
+    if (steps_.areNoneStored()) keepSource(source_);
     steps_.record(nextStep(hint, parameter));
     const QString loss = steps_.takeLoss();
     if (!loss.isEmpty()) Q_EMIT stepLost(loss);
+}
+
+void Document::clearSteps() {
+    steps_.clear();
+    isResumed_ = false;
 }
 
 std::optional<QString> Document::takeBack() {

@@ -51,6 +51,11 @@ class Document : public QObject {
 
     /// Begins a session with a picture. The hints of these functions are those on the screen.
     void open(const PictureSource& source, const Picture& picture, const QString& hint);
+    /// Goes on with the steps that are in the catalogue, at the newest of them; returns its hint. Nothing, and nothing
+    /// is open, where none of them can be read.
+    std::optional<QString> resume(const PictureSource& source);
+    /// The picture is made of a step, which is coarser than the picture that was loaded.
+    bool isResumed() const { return isResumed_; }
     void close();
 
     void setState(EditState state);
@@ -75,7 +80,7 @@ class Document : public QObject {
     /// none: the picture stays, or was closed as its load was taken back.
     std::optional<QString> takeBack();
     /// Removes the steps from the catalogue.
-    void clearSteps() { steps_.clear(); }
+    void clearSteps();
 
   Q_SIGNALS:
     void opened();
@@ -89,6 +94,7 @@ class Document : public QObject {
     void stepLost(const QString& reason);
 
   private:
+    void begin(const PictureSource& source, const QImage& picture, const QByteArray& profile, QSize size);
     UndoSteps::Step nextStep(const QString& hint, double parameter);
     void setCaption(const QString& words);
     void dropLastPaint();
@@ -110,6 +116,7 @@ class Document : public QObject {
     UndoSteps steps_;
     int stepCount_ = 0;  ///< Number of the newest step.
     int keptStep_ = 0;   ///< The step that is kept elsewhere too: loaded, saved or given up. -1 when it is gone.
+    bool isResumed_ = false;
     bool isTakenBack_ = false;
     bool isTakingBack_ = false;  ///< Nothing was done since the person asked for a step back.
 };

@@ -33,7 +33,12 @@ struct LineOf {
 
 AlbumRecord albumRecord(const QString& table, const Recordset& record) {
     const auto value = [&record](const QString& column) { return record.Fields(column).Value(); };
-    return {table, value(u"序号"_s), value(u"编号"_s), value(u"大小"_s), value(u"规格"_s)};
+    return {table,
+            value(u"序号"_s),
+            value(u"编号"_s),
+            value(u"大小"_s),
+            value(u"规格"_s),
+            record.storedAt(record.row(), u"图片"_s).id()};
 }
 
 QString sourceLine(const PictureSource& source) {

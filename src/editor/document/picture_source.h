@@ -20,6 +20,7 @@ struct PictureFile {
 struct AlbumRecord {
     QString table;
     FieldValue number, codes, kilobytes, dimensions;  ///< 序号, 编号, 大小 and 规格, each of which can be Null.
+    qint64 picture = 0;                               ///< Id of the value of 图片.
 };
 
 using PictureSource = std::variant<NoSource, PictureFile, AlbumRecord>;

@@ -2,6 +2,7 @@
 
 #include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
+#include "editor/document/kept_work.h"
 #include "editor/document/picture_files.h"
 #include "platform/base/error.h"
 
@@ -85,7 +86,18 @@ std::optional<UndoSteps::Step> UndoSteps::read(int number) const {
                 .tag = value(u"标题"_s).textOr(),
                 .size = {value(u"图宽"_s).toInteger(), value(u"图高"_s).toInteger()},
                 .parameter = 0,
-                .picture = picture->image()};
+                .picture = picture->image(),
+                .profile = picture->profile()};
+}
+
+/// Rows of an earlier picture may be in front of those of the last one, which begin with its load.
+std::optional<UndoSteps::Step> UndoSteps::newest() const {
+    const Recordset rows = mekTp::catalogue.OpenRecordset(u"tccx"_s);
+    if (rows.rowCount() == 0) return {};
+    std::optional<Step> step;
+    for (int number = rows.valueAt(rows.rowCount() - 1, u"编号"_s).textOr().toInt(); number > 0 && !step; --number)
+        step = read(number);
+    return step;
 }
 
 void UndoSteps::remove(int number) {
@@ -105,4 +117,5 @@ QString UndoSteps::takeLoss() {
 /// A table that is empty already is not written to.
 void emptyUndoSteps() {
     if (mekTp::catalogue.OpenRecordset(u"tccx"_s).rowCount() > 0) mekTp::catalogue.Execute(u"DELETE FROM [tccx]"_s);
+    forgetSource();
 }

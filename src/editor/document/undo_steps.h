@@ -25,8 +25,12 @@ class UndoSteps {
     void record(const Step& step);
     /// A stored step; nothing when it is none or holds no picture.
     std::optional<Step> read(int number) const;
+    /// The newest step that the catalogue holds of the picture that was worked on last.
+    std::optional<Step> newest() const;
     /// Throws `Error` when the catalogue refuses it.
     void remove(int number);
+    /// Whether the next step is the first one that is stored, with that of the load.
+    bool areNoneStored() const { return loaded_.has_value(); }
     /// Removes all steps from the catalogue; throws as `remove` does.
     void clear();
 

@@ -254,6 +254,7 @@ void IntakePage::lrtc(const IntakeJob& job, const RunReport& report) {
     frame_.work.end();
     showAlbumCount();
     frame_.runBar.tellReport(report, words, [this, job](const QList<qsizetype>& places) { begin(job.some(places)); });
+    frame_.bin.look();
 }
 
 /// The album, as the run has left it.

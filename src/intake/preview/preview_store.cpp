@@ -1,6 +1,8 @@
 // The part of the preview panel that takes a new picture in.
 
 #include "catalogue/album_rules.h"
+#include "catalogue/bin.h"
+#include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
 #include "intake/preview/preview_fit.h"
 #include "intake/preview/preview_panel.h"
@@ -120,7 +122,7 @@ void PreviewPanel::storeInRecord() {
         records.Fields(u"大小"_s).SetValue(kilobytesText(file.size()));
         records.Fields(u"规格"_s).SetValue(specOfPicture(picture));
         if (takeDate) records.Fields(u"日期"_s).SetValue(date);
-        records.Update();
+        updateIntoBin(mekTp::catalogue, frame_.albums.table(), records);
     } catch (...) {
         attempt([&] { records.CancelUpdate(); });
         throw;
@@ -132,4 +134,5 @@ void PreviewPanel::storeInRecord() {
     cmdAq_->setEnabled(false);
     file_.clear();
     close();
+    frame_.bin.look();
 }

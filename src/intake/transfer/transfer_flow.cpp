@@ -113,6 +113,7 @@ void TransferPage::nameCancelled() {
     const RunReport ended = takeNamed();
     if (move) dropDone(ended);
     if (nameEntryIndex_ > 0) frame_.runBar.tellReport(ended, transferWords(move), {});
+    frame_.bin.look();
 }
 
 /// The report on the names that were given.
@@ -257,6 +258,7 @@ void TransferPage::finish(int count) {
     bsxz(true);
     frame_.work.end();
     say(frame_.form, copiedText(album, count), BoxIcon::information);
+    frame_.bin.look();
 }
 
 void TransferPage::cmdWjClick() {

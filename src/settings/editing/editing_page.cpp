@@ -57,6 +57,11 @@ bool EditingPage::mayGoTo(int row) {
     return row == frame_.grid.records().row() ? !record_.isChanged() : record_.mayLeave();
 }
 
+void EditingPage::catalogueRestored() {
+    codes_.readAgain();
+    tellAgain();
+}
+
 void EditingPage::listFiltered(int option) {
     if (!record_.mayLeave()) {
         record_.showFilterAgain();

@@ -26,6 +26,7 @@ class EditingPage : public QObject, public SettingsPage {
     void recordChanged() override { record_.fill(); }
     bool mayLeave() override { return record_.mayLeave(); }
     bool mayGoTo(int row) override;
+    void catalogueRestored() override;
 
   private:
     using ListingText = std::function<QString(const QString& albumLine, int count)>;

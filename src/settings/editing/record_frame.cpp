@@ -1,6 +1,7 @@
 #include "settings/editing/record_frame.h"
 
 #include "catalogue/album_rules.h"
+#include "catalogue/bin.h"
 #include "catalogue/mektp.h"
 #include "platform/base/conversion.h"
 #include "platform/base/error.h"
@@ -373,10 +374,11 @@ void RecordFrame::deleteRecord() {
     if (!askBeforeDeleting(frame_.form, recordDeletionQuestion(number, recordInWords(textsOfRecord(records))))) return;
     // The record itself goes, not whichever is found by its number: two can bear the same one.
     const int row = records.row();
-    records.Delete();
+    removeIntoBin(mekTp::catalogue, frame_.albums.table(), records);
     const auto deletedNumber = static_cast<qint64>(numericValue(number));
     goToNeighbour(deletedNumber, row);
     Q_EMIT recordDeleted();
+    frame_.bin.look();
 }
 
 /// The record with the following number by preference, then the one before; where numbers are missing, the next in

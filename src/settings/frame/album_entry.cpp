@@ -49,6 +49,10 @@ void AlbumEntry::addLine(const QString& albumLine) {
     addAlbumLine(*cboBm, albumLine);
 }
 
+void AlbumEntry::addMissing() {
+    addMissingAlbumLines(*cboBm, mekTp::catalogue);
+}
+
 void AlbumEntry::removeLine(const QString& table) {
     removeAlbumLine(*cboBm, table);
 }

@@ -24,6 +24,7 @@ class AlbumEntry : public QObject {
     /// Lists the albums of the catalogue; none is chosen.
     void fill();
     void addLine(const QString& albumLine);
+    void addMissing();  ///< Lines of albums that have come back.
     void removeLine(const QString& table);
     bool hasLines() const;
 

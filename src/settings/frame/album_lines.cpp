@@ -42,6 +42,13 @@ void addAlbumLine(QComboBox& chooser, const QString& line) {
     showBeginning(chooser);
 }
 
+void addMissingAlbumLines(QComboBox& chooser, const Database& catalogue) {
+    for (const Album& album : allAlbums(catalogue)) {
+        const QString line = albumLine(album.table, album.title);
+        if (chooser.findText(line) < 0) addAlbumLine(chooser, line);
+    }
+}
+
 void removeAlbumLine(QComboBox& chooser, const QString& table) {
     const int line = lineOf(chooser, table);
     if (line < 0) return;

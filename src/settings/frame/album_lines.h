@@ -13,6 +13,9 @@ void fillAlbumLines(QComboBox& chooser, const Database& catalogue);
 /// an album deleted since goes: it would stand for the new one.
 void addAlbumLine(QComboBox& chooser, const QString& line);
 
+/// Adds the lines of the albums that have none.
+void addMissingAlbumLines(QComboBox& chooser, const Database& catalogue);
+
 /// Takes the line of an album away. When it was the chosen one, none is chosen afterwards.
 void removeAlbumLine(QComboBox& chooser, const QString& table);
 

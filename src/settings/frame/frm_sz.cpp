@@ -44,16 +44,19 @@ frmSz::frmSz(Windows& windows, const Furnishing& furnish, QWidget* parent)
       albums_(sstFz),
       grid_(sstFz),
       choices_(sstFz),
-      runBar_(this, sstFz) {
+      runBar_(this, sstFz),
+      bin_(this),
+      room_(this) {
     setObjectName(u"frmSz"_s);
     setWindowTitle(u" 览忆集苑(图片录入及系统设置)"_s);
     setMinimumSize(pixelsFromTwips(windowWidth), pixelsFromTwips(windowHeight));
     resize(minimumSize());
     for (ShapeBox* shape : {shpWk, shpNk}) letGrow(shape, fills);
     makeOuterButtons();
-    contents_ = furnish({this, sstFz, hints_, work_, albums_, grid_, choices_, runBar_});
+    contents_ = furnish({this, sstFz, hints_, work_, albums_, grid_, choices_, runBar_, bin_});
     load();
     connectEvents();
+    connectBin();
     new RememberedSize(this);
 }
 
@@ -116,6 +119,26 @@ void frmSz::connectEvents() {
     connect(&grid_, &RecordGrid::moved, this, guarded(this, [this] { page().recordChanged(); }));
     connect(&runBar_, &RunBar::begun, &grid_, &RecordGrid::hold);
     connect(&runBar_, &RunBar::ended, &grid_, &RecordGrid::release);
+}
+
+/// The line has the place of the button that stops a run, which is there only meanwhile.
+void frmSz::connectBin() {
+    bin_.place({3300, 6855, 1800, 330}, {5175, 6855, 990, 330});
+    bin_.mayRestore = [this] { return page().mayLeave(); };
+    connect(&runBar_, &RunBar::begun, &bin_, [this] { bin_.setAway(true); });
+    connect(&runBar_, &RunBar::ended, &bin_, [this] { bin_.setAway(false); });
+    connect(&bin_, &BinLine::restored, this, guarded(this, [this] { catalogueRestored(); }));
+    runBar_.beforeRun = [this] {
+        room_.offer();
+        bin_.look();
+    };
+    bin_.look();
+}
+
+void frmSz::catalogueRestored() {
+    albums_.addMissing();
+    attempt([&] { grid_.listAgain(); });
+    page().catalogueRestored();
 }
 
 SettingsPage& frmSz::page() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bin/bin_room.h"
 #include "settings/frame/frame_part.h"
 #include "settings/frame/pasted_picture.h"
 #include "settings/frame/settings_frame.h"
@@ -50,6 +51,8 @@ class frmSz : public QWidget {
     void takeOffer(const PictureOffer& offer);
     void takeAlbum();
     void loseAlbum();
+    void connectBin();
+    void catalogueRestored();
     void pointerMoved(int x, int y);
     void warnBeforeLeaving();
 
@@ -65,6 +68,8 @@ class frmSz : public QWidget {
     RecordGrid grid_;
     ChoiceList choices_;
     RunBar runBar_;
+    BinLine bin_;
+    BinRoom room_;
     PastedPictures pasted_;
     FrameContents contents_;
     bool warning_ = false;  ///< The box that warns before unfinished work is lost stands open.

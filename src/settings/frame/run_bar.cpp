@@ -98,6 +98,7 @@ RunBar::RunBar(QWidget* form, TabControl* sstFz)
 }
 
 void RunBar::start(const Place& place, const RunWords& words, Run run, After after) {
+    if (beforeRun) beforeRun();
     placeBar(place);
     isStep_ = false;
     launch(words, std::move(run), [this, after = std::move(after)](const RunReport& report) { finish(report, after); });

@@ -54,6 +54,9 @@ class RunBar : public QObject {
     /// Asks whether the run that is at work is to be stopped. If so, `leave` is called when its report is closed.
     void askToLeave(std::function<void()> leave);
 
+    /// Called before a run begins, as a part of the handler that begins it. Not set: nothing.
+    std::function<void()> beforeRun;
+
   Q_SIGNALS:
     void begun();
     void ended();  ///< Before `After` is called.

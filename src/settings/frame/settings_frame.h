@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bin/bin_line.h"
 #include "platform/desktop/tab_control.h"
 #include "settings/frame/album_entry.h"
 #include "settings/frame/choice_list.h"
@@ -19,6 +20,7 @@ struct SettingsFrame {
     RecordGrid& grid;
     ChoiceList& choices;
     RunBar& runBar;
+    BinLine& bin;
 
     bool isInFront(SettingsTab tab) const { return sstFz->currentIndex() == tab; }
 };

@@ -30,6 +30,8 @@ class SettingsPage {
     virtual bool mayGoTo(int) { return true; }
     /// Files and folders were dropped on the window, which has brought this page to the front.
     virtual void filesDropped(const QStringList&) {}
+    /// Records, albums or buttons have come back out of the bin; datBj has read its records anew.
+    virtual void catalogueRestored() {}
     /// Another record is the current one of datBj.
     virtual void recordChanged() {}
 };

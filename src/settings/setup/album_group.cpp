@@ -50,6 +50,10 @@ void AlbumGroup::addLine(const QString& line) {
     addAlbumLine(*cboFc, line);
 }
 
+void AlbumGroup::addMissing() {
+    addMissingAlbumLines(*cboFc, mekTp::catalogue);
+}
+
 void AlbumGroup::removeLine(const QString& table) {
     removeAlbumLine(*cboFc, table);
     if (txtBc->text() != table) return;
@@ -179,4 +183,5 @@ void AlbumGroup::deleteShown() {
     removeLine(table);
     frame_.grid.listAgain();
     say(frame_.form, u"当前["_s + table + u"]像册数据表已经删除！"_s);
+    frame_.bin.look();
 }

@@ -24,6 +24,7 @@ class AlbumGroup : public QObject {
     /// Asks before a changed remark is lost; false when it is to stay.
     bool mayLeave();
     /// The album no longer exists.
+    void addMissing();  ///< Lines of albums that have come back.
     void removeLine(const QString& table);
 
   private:

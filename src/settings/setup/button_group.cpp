@@ -268,6 +268,7 @@ bool ButtonGroup::anbc() {
     frame_.grid.listAgain();
     showCurrent();
     cmdBj->setEnabled(true);
+    frame_.bin.look();
     return true;
 }
 
@@ -364,6 +365,7 @@ void ButtonGroup::deleteChosen() {
     showNone();
     listCodes();
     frame_.grid.listAgain();
+    frame_.bin.look();
 }
 
 void ButtonGroup::listCodes() {

@@ -1,5 +1,6 @@
 #include "settings/setup/button_records.h"
 
+#include "catalogue/bin.h"
 #include "catalogue/mektp.h"
 #include "catalogue/selection_buttons.h"
 #include "platform/base/error.h"
@@ -109,13 +110,16 @@ void ButtonRecords::store(const ButtonTexts& texts, const ButtonPictureFile& pic
     for (std::size_t place = 0; place < columns.size(); ++place)
         rows_.Fields(columns.at(place)).SetValue(texts.at(place));
     if (!picture.path.isEmpty()) storePicture(picture);
-    rows_.Update();
+    if (!picture.path.isEmpty() && work_ == Work::changing)
+        updateIntoBin(mekTp::catalogue, u"tcan"_s, rows_);
+    else
+        rows_.Update();
     whole.commit();
     choose(texts.at(0), texts.at(1));
 }
 
 void ButtonRecords::remove() {
-    rows_.Delete();
+    removeIntoBin(mekTp::catalogue, u"tcan"_s, rows_, BinKind::button);
     chooseNone();
 }
 

@@ -148,6 +148,7 @@ void NewAlbumGroup::undoCreation() {
         undoAlbum(mekTp::catalogue, table);
         Q_EMIT undone(table);
         say(frame_.form, u"刚才建立的图册数据表已经删除！"_s);
+        frame_.bin.look();
     }
     emptyBoxes();
     cmdJl->setText(atRest);

@@ -45,3 +45,8 @@ void SetupPage::enter() {
 bool SetupPage::mayLeave() {
     return newAlbum_.mayLeave() && album_.mayLeave() && title_.mayLeave() && buttons_.mayLeave();
 }
+
+void SetupPage::catalogueRestored() {
+    album_.addMissing();
+    attempt([&] { buttons_.reset(); });
+}

@@ -17,6 +17,7 @@ class SetupPage : public SettingsPage {
     void rowSelected() override { buttons_.anjl(); }
     bool mayGoTo(int row) override { return buttons_.mayGoTo(row); }
     bool mayLeave() override;
+    void catalogueRestored() override;
 
   private:
     HintLine& hints_;

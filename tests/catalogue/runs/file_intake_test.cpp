@@ -4,7 +4,9 @@
 #include "../../support/run_all.h"
 #include "../../support/sample_catalogue.h"
 #include "../../support/stored_records.h"
+#include "catalogue/bin_restoring.h"
 #include "catalogue/fingerprint.h"
+#include "catalogue/mektp.h"
 #include "platform/base/files.h"
 #include "platform/database/records/own_values.h"
 #include "platform/database/records/value_hashes.h"
@@ -231,6 +233,17 @@ class TestFileIntake : public QObject {
         for (const auto& [number, size] : {std::pair{1, u"60 * 45"_s}, {2, u"40 * 30"_s}, {3, u"60 * 45"_s}})
             QCOMPARE(ofNumber(number, u"规格"_s), size);
         QVERIFY(source.isStored(u"tc01"_s, 3, u"3.jpg"_s));
+    }
+
+    void whatWasReplacedChangesPlaces() {
+        Source source;
+        mekTp::openCatalogue();
+        for (const QString& name : {u"3.jpg"_s, u"4.jpg"_s}) source.add(name);
+        QCOMPARE(source.enter(u"tc01"_s, true).count, 2);
+        QCOMPARE(binTotals(mekTp::catalogue).pictures(), 2);
+        QCOMPARE(restoreFromBin(mekTp::catalogue, binItems(mekTp::catalogue)).pictures, 2);
+        QCOMPARE(ofNumber(4, u"规格"_s) + ofNumber(4, u"编号"_s), u"100 * 502"_s);
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 10);
     }
 
     void ofSeveralRecordsWithANumberTheFirstIsReplaced() {

@@ -6,6 +6,7 @@
 #include "../../support/sample_catalogue.h"
 #include "../../support/stored_records.h"
 #include "catalogue/album_rules.h"
+#include "catalogue/bin_restoring.h"
 #include "catalogue/picture_hashes.h"
 #include "watching.h"
 
@@ -266,6 +267,18 @@ class TestTableTransfer : public QObject {
         QCOMPARE(refused(target.take(u"tc01"_s, {u"3"_s, u"3"_s}, true)), 1);
         QCOMPARE(target.take(u"tc01"_s, {u"4"_s, u"4"_s}, false).count, 2);
         QCOMPARE(target.arrived().size(), 5);
+    }
+
+    void whatWasMovedIsInTheBin() {
+        Target target;
+        mekTp::openCatalogue();
+        QCOMPARE(target.take(u"tc01"_s, {u"5"_s, u"2"_s, u"3"_s}, true).count, 3);
+        QCOMPARE(binTotals(mekTp::catalogue).pictures(), 3);
+        QVERIFY(isBinOnly(mekTp::catalogue, 0, BinKind::moved));
+        QCOMPARE(restoreFromBin(mekTp::catalogue, binItems(mekTp::catalogue)).pictures, 3);
+        QCOMPARE(numbersOf(u"tc01"_s).size(), 10);
+        QCOMPARE(target.take(u"tc01"_s, {u"5"_s}, false).count, 1);
+        QVERIFY(isBinEmpty(mekTp::catalogue));
     }
 };
 

@@ -26,19 +26,23 @@ bool OwnValues::isPrepared() const {
 }
 
 /// One of the tables may have been dropped by hand.
-bool OwnValues::hasAll() const {
-    SQLite::Statement missing = connection_->prepare(
-        u"SELECT 4 - count(*) FROM sqlite_schema "
-        "WHERE name IN ('lunq_values', 'lunq_hashes', 'lunq_hashes_length', 'lunq_hashes_deleted')"_s);
-    return connection_->step(missing) && missing.getColumn(0).getInt() == 0;
+bool OwnValues::hasAll(const QStringList& names) const {
+    QStringList quotedNames;
+    for (const QString& name : names) quotedNames << quoted(name);
+    SQLite::Statement found =
+        connection_->prepare(u"SELECT count(*) FROM sqlite_schema WHERE name IN (%1)"_s.arg(quotedNames.join(u',')));
+    return connection_->step(found) && found.getColumn(0).getInt() == names.size();
 }
 
-void OwnValues::prepare() {
-    if (isPrepared() && hasAll()) return;
+void OwnValues::prepare(const OwnTables& others) {
+    const QStringList names =
+        QStringList{u"lunq_values"_s, u"lunq_hashes"_s, u"lunq_hashes_length"_s, u"lunq_hashes_deleted"_s} +
+        others.names;
+    if (isPrepared() && hasAll(names)) return;
     if (!connection_->isOurs()) throw Error(u"数据库文件“%1”不是本软件的像册文件。"_s.arg(connection_->path()));
     Change change(*connection_);
     connection_->run(createTableSql);
-    for (const QString& sql : ValueHashes::creation()) connection_->run(sql);
+    for (const QString& sql : ValueHashes::creation() + others.creation) connection_->run(sql);
     connection_->run(u"PRAGMA user_version = 2"_s);
     change.commit();
 }

@@ -1,0 +1,275 @@
+#include "../support/failure_of.h"
+#include "../support/run_all.h"
+#include "../support/sample_catalogue.h"
+#include "catalogue/album_directory.h"
+#include "catalogue/bin_restoring.h"
+#include "catalogue/mektp.h"
+#include "catalogue/picture_field.h"
+#include "catalogue/selection_buttons.h"
+
+#include <QtTest/QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const Database& catalogue() {
+    return mekTp::catalogue;
+}
+
+Recordset record(const QString& album, int number) {
+    return catalogue().OpenRecordset(u"SELECT * FROM %1 WHERE 序号 = %2"_s.arg(album).arg(number));
+}
+
+QByteArray picture(const QString& album, int number) {
+    return fieldOf(u"SELECT * FROM %1 WHERE 序号 = %2"_s.arg(album).arg(number), u"图片"_s).toBytes();
+}
+
+int count(const QString& album) {
+    return catalogue().OpenRecordset(album).rowCount();
+}
+
+qint64 values() {
+    return OwnRows(catalogue()).number(u"SELECT count(*) FROM long_binary"_s);
+}
+
+/// All columns of an album in one text, each picture as its id.
+QString contents(const QString& album) {
+    QStringList lines;
+    OwnRows(catalogue())
+        .each(u"SELECT 序号, 编号, 大小, 规格, 日期, 备注, 图片 FROM %1 ORDER BY 序号"_s.arg(album), {},
+              [&](const OwnRows::Values& row) {
+                  QStringList texts;
+                  for (const QVariant& value : row) texts << value.toString();
+                  lines << texts.join(u'|');
+              });
+    return lines.join(u'\n');
+}
+
+void remove(const QString& album, int number) {
+    Recordset found = record(album, number);
+    removeIntoBin(catalogue(), album, found);
+}
+
+void replace(const QString& album, int number, const QByteArray& bytes) {
+    Recordset found = record(album, number);
+    found.Edit();
+    storePictureBytes(found.Fields(u"图片"_s), bytes);
+    found.Fields(u"规格"_s).SetValue(u"9 * 9"_s);
+    updateIntoBin(catalogue(), album, found);
+}
+
+Restored restoreAll() {
+    return restoreFromBin(catalogue(), binItems(catalogue()));
+}
+
+class TestBin : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<SampleCatalogue> sample_;
+
+  private Q_SLOTS:
+    void init() {
+        sample_.reset();
+        sample_ = std::make_unique<SampleCatalogue>();
+        mekTp::openCatalogue();
+    }
+
+    void deletedComesBackAsItWas() {
+        const qint64 before = values();
+        const QString album = contents(u"tc01"_s);
+        remove(u"tc01"_s, 3);
+        remove(u"tc01"_s, 10);
+        QCOMPARE(count(u"tc01"_s), 8);
+        QCOMPARE(values(), before);
+        QCOMPARE(binTotals(catalogue()).pictures(), 2);
+        QCOMPARE(restoreAll().pictures, 2);
+        QCOMPARE(contents(u"tc01"_s), album);
+        QVERIFY(isBinEmpty(catalogue()));
+        QCOMPARE(values(), before);
+        record(u"tc01"_s, 3).Delete();  // its picture goes with it again
+        QCOMPARE(values(), before - 1);
+    }
+
+    void pictureGoesWithItsItem() {
+        const qint64 before = values();
+        remove(u"tc01"_s, 1);
+        replace(u"tc01"_s, 2, "new");
+        QCOMPARE(values(), before + 1);
+        removeFromBin(catalogue(), binItems(catalogue()));
+        QCOMPARE(values(), before - 1);
+        QVERIFY(isBinEmpty(catalogue()));
+    }
+
+    void albumComesBackWhole() {
+        const QString album = contents(u"tc01"_s);
+        const qint64 before = values();
+        storeRemark(catalogue(), u"tc01"_s, u"备忘"_s);
+        deleteAlbum(catalogue(), u"tc01"_s);
+        QCOMPARE(values(), before);
+        const auto ids = binItems(catalogue());
+        QCOMPARE(ids.size(), 11U);
+        QCOMPARE(binItem(catalogue(), ids.front())->kind, BinKind::album);
+        const Restored back = restoreFromBin(catalogue(), {ids.front()});
+        QCOMPARE(back.albums, 1);
+        QCOMPARE(back.pictures, 10);
+        QCOMPARE(contents(u"tc01"_s), album);
+        const auto directory = findAlbum(catalogue(), u"tc01"_s);
+        QCOMPARE(directory->title + directory->remark + directory->number, u"旅行备忘2"_s);
+        QCOMPARE(fieldOf(u"SELECT * FROM tcan WHERE 编号 = 'v'"_s, u"图册"_s).toText(), u"tc00tc02tc01"_s);
+        QVERIFY(isBinEmpty(catalogue()));
+    }
+
+    void recordFindsItsAlbum_data() {
+        QTest::addColumn<QString>("made");  // table and title of an album that was made since, in a deleted one's stead
+        QTest::addColumn<QString>("into");
+        QTest::newRow("made again") << QString() << u"tc01"_s;
+        QTest::newRow("the same by name and title") << u"tc01旅行"_s << u"tc01"_s;
+        QTest::newRow("same title, other table") << u"tc09旅行"_s << u"tc09"_s;
+        QTest::newRow("its table is another album's") << u"tc01新册"_s << u"tc03"_s;
+    }
+
+    void recordFindsItsAlbum() {
+        QFETCH(const QString, made);
+        QFETCH(const QString, into);
+        remove(u"tc01"_s, 5);
+        const qint64 id = binItems(catalogue()).front();
+        deleteAlbum(catalogue(), u"tc01"_s);
+        if (!made.isEmpty()) createAlbum(catalogue(), {u"4"_s, made.left(4), made.mid(4), {}});
+        QCOMPARE(restoreFromBin(catalogue(), {id}).albums, into == made.left(4) ? 0 : 1);
+        QCOMPARE(count(into), 1);
+        QCOMPARE(findAlbum(catalogue(), into)->title, u"旅行"_s);
+        QCOMPARE(binTotals(catalogue()).items, 10);  // the album's own item stays, with the others
+        restoreAll();
+        QCOMPARE(count(into), 10);
+        QVERIFY(isBinEmpty(catalogue()));
+    }
+
+    void takenNumberGetsTheNext() {
+        const QByteArray old = picture(u"tc01"_s, 4);
+        remove(u"tc01"_s, 4);
+        addRow(u"tc01"_s, {{u"序号"_s, 4}});
+        remove(u"tc01"_s, 10);
+        restoreAll();
+        QCOMPARE(count(u"tc01"_s), 11);
+        QVERIFY(record(u"tc01"_s, 4).Fields(u"图片"_s).isNull());
+        QCOMPARE(picture(u"tc01"_s, 11), old);
+        // Two of the same number that both are in the bin.
+        addRow(u"tc01"_s, {{u"序号"_s, 7}});
+        remove(u"tc01"_s, 7);
+        remove(u"tc01"_s, 7);
+        restoreAll();
+        QCOMPARE(count(u"tc01"_s), 12);
+        QVERIFY(record(u"tc01"_s, 7).rowCount() == 1 && record(u"tc01"_s, 12).rowCount() == 1);
+    }
+
+    void replacedPictureChangesPlaces() {
+        const QByteArray old = picture(u"tc01"_s, 4);
+        replace(u"tc01"_s, 4, "new");
+        QCOMPARE(restoreAll().pictures, 1);
+        QCOMPARE(picture(u"tc01"_s, 4), old);
+        QCOMPARE(record(u"tc01"_s, 4).Fields(u"规格"_s).Value().toText(), u"100 * 50"_s);
+        QCOMPARE(count(u"tc01"_s), 10);
+        restoreAll();  // and back
+        QVERIFY(picture(u"tc01"_s, 4).startsWith("new"));
+        QCOMPARE(record(u"tc01"_s, 4).Fields(u"规格"_s).Value().toText(), u"9 * 9"_s);
+
+        replace(u"tc01"_s, 4, "newer");
+        remove(u"tc01"_s, 4);  // nobody has the place of the older ones any more
+        QCOMPARE(restoreAll().pictures, 3);
+        QCOMPARE(count(u"tc01"_s), 12);
+        QVERIFY(isBinEmpty(catalogue()));
+    }
+
+    void buttonAsksForACode() {
+        const QByteArray old = fieldOf(u"SELECT * FROM tcan WHERE 编号 = '2'"_s, u"图片"_s).toBytes();
+        Recordset button = buttonsWithCode(catalogue(), u"2"_s);
+        removeIntoBin(catalogue(), u"tcan"_s, button, BinKind::button);
+        addRow(u"tcan"_s, {{u"序号"_s, 3}, {u"编号"_s, u"2"_s}, {u"名称"_s, u"新"_s}});
+        const Restored back = restoreAll();
+        QCOMPARE(back.buttons, 0);
+        QCOMPARE(back.codeTaken.size(), 1U);
+        for (const QString& code : {u"2"_s, u"A"_s, u""_s, u" "_s, u"xy"_s})
+            QVERIFY(!failureOf([&] { restoreButton(catalogue(), back.codeTaken.front(), code); }).isEmpty());
+        restoreButton(catalogue(), back.codeTaken.front(), u"z"_s);
+        QCOMPARE(fieldOf(u"SELECT * FROM tcan WHERE 编号 = 'z'"_s, u"图片"_s).toBytes(), old);
+        QCOMPARE(fieldOf(u"SELECT * FROM tcan WHERE 编号 = 'z'"_s, u"名称"_s).toText(), u"人物"_s);
+        QVERIFY(isBinEmpty(catalogue()));
+    }
+
+    void tellsWhatIsInIt() {
+        const qint64 since = Bin(catalogue()).newestRemoval();
+        remove(u"tc01"_s, 1);
+        const qint64 later = Bin(catalogue()).newestRemoval();
+        deleteAlbum(catalogue(), u"tc02"_s);
+        replace(u"tc01"_s, 2, "new");
+        QCOMPARE(binTotals(catalogue()).pictures(), 2);
+        QCOMPARE(binTotalsSince(catalogue(), later).pictures(), 1);
+        QCOMPARE(binTotals(catalogue()).albums, 1);
+        QVERIFY(isBinOnly(catalogue(), later, BinKind::album) == false);
+        QCOMPARE(binItemsSince(catalogue(), since).size(), 3U);
+        const auto newest = binItem(catalogue(), binItems(catalogue()).front());
+        QCOMPARE(newest->kind, BinKind::replaced);
+        QCOMPARE(newest->title + newest->album + QString::number(newest->number), u"旅行tc012"_s);
+        QCOMPARE(newest->bytes, OwnRows(catalogue()).value(newest->picture).size());
+        QCOMPARE(oldestBinItems(catalogue(), 1).size(), 1U);
+        QVERIFY(oldestBinItems(catalogue(), 0).empty());
+    }
+
+    void staysThirtyDays_data() {
+        QTest::addColumn<int>("age");     // days
+        QTest::addColumn<int>("before");  // days since the program was last used
+        QTest::addColumn<bool>("goes");
+        QTest::newRow("fresh") << 0 << 1 << false;
+        QTest::newRow("last day") << 30 << 1 << false;
+        QTest::newRow("over") << 32 << 1 << true;
+        QTest::newRow("over for the first day") << 31 << 1 << false;
+        QTest::newRow("clock ahead by years, or long unused") << 9000 << 9000 << false;
+        QTest::newRow("clock behind by years") << -9000 << 1 << false;
+    }
+
+    void staysThirtyDays() {
+        QFETCH(const int, age);
+        QFETCH(const int, before);
+        QFETCH(const bool, goes);
+        remove(u"tc01"_s, 1);
+        const QDate today = QDate::currentDate().addDays(age);
+        const QDate lastUse = today.addDays(-before);
+        QCOMPARE(expiredBinItems(catalogue(), today, lastUse).empty(), !goes);
+        // An item out of the future is as old as the day on which that was seen.
+        QCOMPARE(expiredBinItems(catalogue(), today.addDays(40), today.addDays(39)).size(), 1U);
+    }
+
+    void worksWithoutABin() {
+        for (const QString& sql : {u"DROP TABLE lunq_bin"_s, u"DROP TRIGGER lunq_bin_keeps"_s})
+            OwnRows(catalogue()).run(sql);
+        const qint64 before = values();
+        remove(u"tc01"_s, 1);
+        replace(u"tc01"_s, 2, "new");
+        deleteAlbum(catalogue(), u"tc01"_s);
+        QCOMPARE(values(), before - 10);
+        QVERIFY(isBinEmpty(catalogue()) && binItems(catalogue()).empty());
+        QCOMPARE(binTotals(catalogue()).items, 0);
+        mekTp::openCatalogue();  // makes it anew
+        QVERIFY(Bin(catalogue()).isKept());
+    }
+
+    void failedRemovalKeepsEverything() {
+        const QString album = contents(u"tc01"_s);
+        Recordset found = record(u"tc01"_s, 1);
+        record(u"tc01"_s, 1).Delete();
+        QVERIFY(!failureOf([&] { removeIntoBin(catalogue(), u"tc01"_s, found); }).isEmpty());
+        QVERIFY(isBinEmpty(catalogue()));
+        Recordset unchanged = record(u"tc01"_s, 2);
+        unchanged.Edit();
+        QVERIFY(!failureOf([&] { updateIntoBin(catalogue(), u"tc01"_s, unchanged); }).isEmpty());
+        QVERIFY(isBinEmpty(catalogue()));
+        QVERIFY(contents(u"tc01"_s).size() < album.size());
+    }
+};
+
+const Registered<TestBin> registered;
+
+}  // namespace
+
+#include "bin_test.moc"

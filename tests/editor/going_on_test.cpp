@@ -1,0 +1,115 @@
+#include "catalogue/bin_contents.h"
+#include "chooser_window.h"
+#include "editor/document/kept_work.h"
+#include "editor/document/undo_steps.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// An editor that goes without an end, as a crash takes it.
+struct Crash : Chooser {
+    Crash() { mekTp::openCatalogue(); }
+
+    /// The editor as it is opened after that; the question is answered with `given`.
+    void again(const QString& given) {
+        reply = given;
+        boxes.clear();
+        window.reset();
+        window = std::make_unique<frmCl>(windows);
+        window->show();
+        QApplication::setActiveWindow(window.get());
+        QCoreApplication::processEvents();
+    }
+};
+
+class TestGoingOn : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void goesOnWithAFile() {
+        Crash editor;
+        editor.open();
+        editor.rotate(u"90"_s);
+        editor.press(u"fs"_s);
+        const QString caption = editor.caption();
+        const QImage before = editor.picYu().picture();
+        editor.again(u"继续处理"_s);
+        QCOMPARE(editor.boxes.size(), 1);
+        QVERIFY(editor.boxes[0].text.contains(editor.file));
+        QCOMPARE(editor.boxes[0].onEscape, 0);
+        QCOMPARE(editor.picYu().picture().size(), before.size());
+        QCOMPARE(editor.caption().remove(u' '), QString(caption).remove(u' '));
+        editor.undo();
+        QCOMPARE(editor.steps(), QStringList({u"01"_s, u"02"_s}));
+
+        // Writing the copy over the source is asked about, and Enter does not do it.
+        editor.press(u"xz"_s);
+        editor.enter(u"90"_s);
+        editor.reply = u"确定"_s;
+        editor.boxes.clear();
+        editor.press(u"bc"_s);
+        QVERIFY(editor.boxes[0].text.contains(u"质量 80"_s));
+        QCOMPARE(editor.boxes[0].answers.value(editor.boxes[0].onEnter), u"取消"_s);
+        QVERIFY(editor.steps().isEmpty());
+        QVERIFY(!keptSource());
+    }
+
+    void goesOnWithARecord_data() {
+        QTest::addColumn<bool>("isThere");
+        QTest::newRow("in its album still") << true;
+        QTest::newRow("deleted since") << false;
+    }
+
+    void goesOnWithARecord() {
+        QFETCH(const bool, isThere);
+        Crash editor;
+        editor.openRow(4);
+        editor.rotate(u"90"_s);
+        const auto source = std::get<AlbumRecord>(*keptSource());
+        QCOMPARE(source.table, u"tc01"_s);
+        Recordset record =
+            mekTp::catalogue.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 = "_s + source.number.toText());
+        QCOMPARE(record.storedAt(0, u"图片"_s).id(), source.picture);
+        if (!isThere) record.Delete();
+        editor.again(u"继续处理"_s);
+        editor.reply = u"确定"_s;
+        editor.boxes.clear();
+        editor.press(u"bc"_s);
+        QCOMPARE(editor.lastBox().contains(u"图片已保存完毕"_s), isThere);
+        QCOMPARE(isBinEmpty(mekTp::catalogue), !isThere);
+        QCOMPARE(editor.steps().isEmpty(), isThere);
+    }
+
+    void refusingEmptiesTheSteps() {
+        Crash editor;
+        editor.open();
+        editor.rotate(u"90"_s);
+        editor.again(u"放弃"_s);
+        QVERIFY(editor.steps().isEmpty());
+        QVERIFY(!keptSource());
+        editor.again({});
+        QVERIFY(editor.boxes.isEmpty());
+    }
+
+    /// Rows of an earlier picture stay behind when another record is stepped to.
+    void earlierPicturesStepsDoNotCount() {
+        Crash editor;
+        editor.openRow(4);
+        for (int i = 0; i < 3; ++i) editor.rotate(u"90"_s);
+        editor.reply = u"不保存"_s;
+        editor.trigger(u"mnuXy"_s);
+        QVERIFY(!keptSource());
+        editor.press(u"fs"_s);
+        editor.again(u"继续处理"_s);
+        QVERIFY(editor.caption().contains(u"翻转"_s));
+        editor.undo();
+        QVERIFY(!editor.caption().contains(u"翻转"_s));
+    }
+};
+
+const Registered<TestGoingOn> registered;
+
+}  // namespace
+
+#include "going_on_test.moc"
