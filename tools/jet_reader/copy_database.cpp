@@ -46,11 +46,11 @@ JetOutcome copyTables(JetFile& file, CopyWriter& writer) {
 
 }  // namespace
 
-JetOutcome copyDatabase(const std::string& from, const std::string& to) {
+JetOutcome copyDatabase(const std::string& from, const std::string& to, CopyWriter::LongValues longValues) {
     try {
         JetFile file(from);
         findCodePage(file);
-        CopyWriter writer(to);
+        CopyWriter writer(to, longValues);
         return copyTables(file, writer);
     } catch (const JetFailure& failure) {
         return failure.outcome;

@@ -3,6 +3,7 @@
 #include "helper/limits.h"
 #include "platform/database/file/literal_paths.h"
 #include "platform/database/file/storage_format.h"
+#include "value_hash.h"
 
 #include <sqlite3.h>
 #include <strings.h>
@@ -102,8 +103,10 @@ void bindBytes(SQLite::Statement& statement, int place, const std::vector<unsign
 
 }  // namespace
 
-CopyWriter::CopyWriter(const std::string& path)
-    : database_(emptyFile(path)), insertBytes_(database_, "INSERT INTO long_binary (bytes) VALUES (?)") {}
+CopyWriter::CopyWriter(const std::string& path, LongValues longValues)
+    : longValues_(longValues),
+      database_(emptyFile(path)),
+      insertBytes_(database_, "INSERT INTO long_binary (bytes) VALUES (?)") {}
 
 void CopyWriter::copy(const std::string& name, JetTable& table) {
     if (table.columns().empty()) return;
@@ -146,7 +149,9 @@ void CopyWriter::copyRow(const JetTable& table, SQLite::Statement& insertRow) {
 }
 
 int64_t CopyWriter::store(const std::vector<unsigned char>& bytes) {
-    bindBytes(insertBytes_, 1, bytes);
+    const std::vector<unsigned char> hash =
+        longValues_ == LongValues::hashes ? hashOfValue(bytes) : std::vector<unsigned char>();
+    bindBytes(insertBytes_, 1, longValues_ == LongValues::hashes ? hash : bytes);
     insertBytes_.exec();
     insertBytes_.reset();
     return database_.getLastInsertRowid();

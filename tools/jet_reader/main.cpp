@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <string_view>
 
 namespace {
 
@@ -19,11 +20,13 @@ uint64_t largestCopyOf(const std::string& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) return int(JetOutcome::wrongCall);
+    if (argc < 3 || argc > 5) return int(JetOutcome::wrongCall);
     clearenv();  // the library would take character sets and folders from it
     limitThisProcess({.outputBytes = largestCopyOf(argv[1]),
                       .memoryBytes = uint64_t{512} << 20,
                       .seconds = 30,
                       .exitCode = int(JetOutcome::limitExceeded)});
-    return int(copyDatabase(argv[1], argv[2]));
+    const bool wantsHashes = argc == 5 && std::string_view(argv[4]) == "hashes";
+    return int(
+        copyDatabase(argv[1], argv[2], wantsHashes ? CopyWriter::LongValues::hashes : CopyWriter::LongValues::whole));
 }

@@ -91,7 +91,7 @@ bool ForeignCopy::isJetFile(const QString& path) {
     return start == QByteArray("\0\1\0\0Standard Jet DB", 19) || start == QByteArray("\0\1\0\0Standard ACE DB", 19);
 }
 
-ForeignCopy::ForeignCopy(const QString& path) : path_(path) {
+ForeignCopy::ForeignCopy(const QString& path, LongValues longValues) : path_(path) {
     const QFileInfo original(path);
     size_ = original.size();
     changed_ = original.lastModified();
@@ -101,7 +101,7 @@ ForeignCopy::ForeignCopy(const QString& path) : path_(path) {
     }
     file_ = newUnnamedFile(path);
     try {
-        read();
+        read(longValues);
     } catch (...) {
         close(file_);
         throw;
@@ -121,12 +121,14 @@ bool ForeignCopy::isCurrent() const {
     return original.size() == size_ && original.lastModified() == changed_;
 }
 
-void ForeignCopy::read() {
+void ForeignCopy::read(LongValues longValues) {
     QProcess reader;
     reader.setStandardInputFile(QProcess::nullDevice());
     reader.setStandardErrorFile(QProcess::nullDevice());
     reader.setChildProcessModifier([this] { fcntl(file_, F_SETFD, 0); });  // goes on being open there
-    reader.start(readerProgram(), {QFileInfo(path_).absoluteFilePath(), file()});
+    QStringList arguments{QFileInfo(path_).absoluteFilePath(), file()};
+    if (longValues == LongValues::hashes) arguments << u"0"_s << u"hashes"_s;
+    reader.start(readerProgram(), arguments);
     if (!reader.waitForStarted()) throw failure(path_, u"读取它要用的程序“%1”不能启动"_s.arg(readerProgram()));
     if (!endsInTime(reader, chosenReader().patienceMs)) {
         reader.kill();
