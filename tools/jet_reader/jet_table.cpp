@@ -118,20 +118,27 @@ void JetTable::readColumns() {
     fields_.resize(columns_.size());
 }
 
+/// The library passes over rows that it cannot cut.
 bool JetTable::next() {
-    if (!mdb_fetch_row(table_.get())) {
-        if (rows_ < table_->num_rows) throw JetFailure{JetOutcome::incomplete};
-        return false;
+    while (mdb_fetch_row(table_.get())) {
+        int start = 0;
+        size_t size = 0;
+        const int row = int(table_->cur_row) - 1;
+        if (mdb_find_row(file_.handle(), row, &start, &size) != 0 ||
+            mdb_crack_row(table_.get(), start & rowPlaceMask, size, fields_.data()) < 0)
+            continue;
+        ++rows_;
+        return true;
     }
-    int start = 0;
-    size_t size = 0;
-    const int row = int(table_->cur_row) - 1;
-    if (mdb_find_row(file_.handle(), row, &start, &size) != 0 ||
-        mdb_crack_row(table_.get(), start & rowPlaceMask, size, fields_.data()) < 0) {
-        throw JetFailure{JetOutcome::damaged};
-    }
-    ++rows_;
-    return true;
+    return false;
+}
+
+/// A number that the file has no room for is as damaged as the rows.
+int64_t JetTable::missingRows() const {
+    constexpr uint64_t mostRowsInPage = 256;
+    if (rows_ >= table_->num_rows) return 0;
+    const uint64_t missing = table_->num_rows - rows_;
+    return missing <= file_.pages() * mostRowsInPage ? int64_t(missing) : -1;
 }
 
 /// What the row holds of a value that is not Null.
@@ -197,7 +204,7 @@ JetValue JetTable::value(size_t column) const {
     }
 }
 
-std::vector<TablePlace> userTables(JetFile& file) {
+TableList userTables(JetFile& file) {
     constexpr unsigned long cataloguePage = 2;
     constexpr int64_t kindMask = 0x7F;
     constexpr int64_t systemFlags = 0x80000002;
@@ -207,12 +214,17 @@ std::vector<TablePlace> userTables(JetFile& file) {
     const size_t name = placeOf(objects, "Name");
     const size_t kind = placeOf(objects, "Type");
     const size_t flags = placeOf(objects, "Flags");
-    std::vector<TablePlace> tables;
+    TableList list;
     while (objects.next()) {
-        if ((valueAs<int64_t>(objects, kind) & kindMask) != MDB_TABLE) continue;
-        if (valueAs<int64_t>(objects, flags) & systemFlags) continue;
-        tables.push_back({valueAs<std::string>(objects, name), objects.textBytes(name),
-                          static_cast<unsigned long>(valueAs<int64_t>(objects, id) & pageMask)});
+        try {
+            if ((valueAs<int64_t>(objects, kind) & kindMask) != MDB_TABLE) continue;
+            if (valueAs<int64_t>(objects, flags) & systemFlags) continue;
+            list.tables.push_back({valueAs<std::string>(objects, name), objects.textBytes(name),
+                                   static_cast<unsigned long>(valueAs<int64_t>(objects, id) & pageMask)});
+        } catch (const JetFailure&) {
+            list.isWhole = false;
+        }
     }
-    return tables;
+    if (objects.missingRows() != 0) list.isWhole = false;
+    return list;
 }
