@@ -23,9 +23,12 @@ struct Places {
 constexpr Places placesOfJet3{2048, 8, 12, 20, 35, 43, 18, 1, 3, 5, 13, 14, 16, 126};
 constexpr Places placesOfJet4{4096, 12, 16, 40, 55, 63, 25, 5, 7, 9, 15, 21, 23, 128};
 
+constexpr qsizetype bmpHeader = 14;
 constexpr quint32 usageMapPage = 1;
 constexpr quint32 objectsPage = 2;
-constexpr quint16 deletedMark = 0x4000;
+constexpr quint16 deletedMark = 0xC000;
+constexpr quint16 leadsAwayMark = 0x4000;  ///< In its old place a moved row has but the way to its new one,
+constexpr quint16 movedMark = 0x8000;      ///< where only that way leads to it.
 
 const Places& placesOf(Version version) {
     return version == Version::jet3 ? placesOfJet3 : placesOfJet4;
@@ -126,7 +129,7 @@ class Maker {
 
     QByteArray row(const QList<Column>& columns, const Row& values);
     QByteArray narrowEnding(qsizetype begun, const QList<qsizetype>& places, qsizetype maskSize) const;
-    QByteArray rowPage(quint32 owner, const QList<QByteArray>& rows, const QList<bool>& deleted = {}) const;
+    QByteArray rowPage(quint32 owner, const QList<QByteArray>& rows, const QList<quint16>& marks = {}) const;
     QList<quint32> addRows(quint32 owner, const Table& table);
 
     QByteArray columnEntry(const Column& column, quint16 number, quint16 fixedPlace, quint16 variable) const;
@@ -227,7 +230,7 @@ QByteArray Maker::narrowEnding(qsizetype begun, const QList<qsizetype>& places, 
 }
 
 /// A page of rows, which grow from its end towards their places at its beginning.
-QByteArray Maker::rowPage(quint32 owner, const QList<QByteArray>& rows, const QList<bool>& deleted) const {
+QByteArray Maker::rowPage(quint32 owner, const QList<QByteArray>& rows, const QList<quint16>& marks) const {
     QByteArray page = emptyPage();
     page[0] = page[1] = 1;
     put(page, 4, owner);
@@ -238,36 +241,43 @@ QByteArray Maker::rowPage(quint32 owner, const QList<QByteArray>& rows, const QL
         const qsizetype entry = places_.rowCount + 2 + 2 * i;
         if (start < entry + 2) qFatal("The rows are too long for a page.");
         page.replace(start, rows[i].size(), rows[i]);
-        put(page, entry, quint16(start | (deleted.value(i) ? deletedMark : 0)));
+        put(page, entry, quint16(start | marks.value(i)));
     }
     return page;
 }
 
-/// Returns the pages that hold the rows. They come one after the other, behind the long values.
+/// Returns the pages that hold the rows. They come one after the other, behind the long values; those of moved rows
+/// first.
 QList<quint32> Maker::addRows(quint32 owner, const Table& table) {
+    QList<quint32> pages;
     QList<QByteArray> rowPages;
     QList<QByteArray> rows;
-    QList<bool> deleted;
+    QList<quint16> marks;
     qsizetype filled = 0;
     const auto flush = [&] {
-        if (!rows.isEmpty()) rowPages << rowPage(owner, rows, deleted);
+        if (!rows.isEmpty()) rowPages << rowPage(owner, rows, marks);
         rows.clear();
-        deleted.clear();
+        marks.clear();
         filled = 0;
     };
-    const auto append = [&](const Row& values, bool isDeleted) {
-        const QByteArray bytes = row(table.columns, values);
+    const auto append = [&](const QByteArray& bytes, quint16 mark) {
         if (filled + bytes.size() + 2 > roomInPage(form_.version)) flush();
         rows << bytes;
-        deleted << isDeleted;
+        marks << mark;
         filled += bytes.size() + 2;
     };
     for (qsizetype i = 0; i < std::max(table.rows.size(), table.deletedRows.size()); ++i) {
-        if (i < table.deletedRows.size()) append(table.deletedRows[i], true);
-        if (i < table.rows.size()) append(table.rows[i], false);
+        if (i < table.deletedRows.size()) append(row(table.columns, table.deletedRows[i]), deletedMark);
+        if (i >= table.rows.size()) continue;
+        const QByteArray bytes = row(table.columns, table.rows[i]);
+        if (table.movedRows.contains(i)) {
+            pages << add(rowPage(owner, {bytes}, {movedMark}));
+            append(bytesOf(pages.last() << 8), leadsAwayMark);
+        } else {
+            append(bytes, 0);
+        }
     }
     flush();
-    QList<quint32> pages;
     for (const QByteArray& page : rowPages) pages << add(page);
     return pages;
 }
@@ -359,7 +369,8 @@ void Maker::writeMaps() {
     QList<QByteArray> maps;
     for (const QList<quint32>& pages : rowPages_) {
         const quint32 first = pages.isEmpty() ? 0 : pages.front();
-        QByteArray map(5 + pages.size() / 8 + 1, '\0');
+        const quint32 last = pages.isEmpty() ? 0 : pages.back();
+        QByteArray map(5 + (last - first) / 8 + 1, '\0');
         put(map, 1, first);
         for (const quint32 page : pages) {
             char& eight = map[qsizetype(5 + (page - first) / 8)];
@@ -400,6 +411,18 @@ QByteArray database(const QList<Table>& tables, const Form& form) {
 
 QByteArray wrapped(const QByteArray& picture) {
     return QByteArray("\x15\x1C", 2) + QByteArray(76, 'w') + picture;
+}
+
+QByteArray wrappedBitmap(const QByteArray& bmp) {
+    return wrapped("DIB" + bytesOf(quint32{0}) + bmp.mid(bmpHeader)) + QByteArray(9, '\0');
+}
+
+QByteArray wrappedMetafile(const QByteArray& bmp) {
+    constexpr quint16 stretchBitmap = 0x0F43;
+    const QByteArray bitmap = bmp.mid(bmpHeader);
+    const QByteArray record = bytesOf(quint16{stretchBitmap}) + QByteArray(22, '\1') + bitmap;
+    return wrapped("METAFILEPICT" + QByteArray(8, '\2') + QByteArray(18, '\3') +
+                   bytesOf(quint32(record.size() / 2 + 2)) + record + QByteArray("\3\0\0\0\0\0", 6));
 }
 
 qsizetype roomInPage(Version version) {

@@ -42,7 +42,8 @@ struct Table {
     QString name;
     QList<Column> columns;
     QList<Row> rows;
-    QList<Row> deletedRows = {};  ///< Between the others, and marked as deleted.
+    QList<Row> deletedRows = {};      ///< Between the others, and marked as deleted.
+    QList<qsizetype> movedRows = {};  ///< Rows that have grown out of their page into another one.
 };
 
 struct Form {
@@ -56,6 +57,9 @@ QByteArray database(const QList<Table>& tables, const Form& form = {});
 
 /// A picture in the wrapper that forms put around it.
 QByteArray wrapped(const QByteArray& picture);
+/// The same without the header of its file: the bare bitmap, or one inside a metafile.
+QByteArray wrappedBitmap(const QByteArray& bmp);
+QByteArray wrappedMetafile(const QByteArray& bmp);
 
 /// What one page holds of a long value at most, and what a row holds of it itself.
 qsizetype roomInPage(Version version);

@@ -12,7 +12,10 @@ namespace {
 
 constexpr unsigned mostColumns = 255;
 constexpr unsigned mostIndexes = 1000;
+constexpr unsigned mostRowsInPage = 256;
 constexpr int rowPlaceMask = 0x1FFF;
+constexpr int deletedMark = 0x8000;    ///< Also that of a moved row at its new place.
+constexpr int leadsAwayMark = 0x4000;  ///< There is but the way to the new place of a moved row.
 
 Bytes firstBytes(Bytes bytes, size_t count) {
     if (bytes.size() < count) throw JetFailure{JetOutcome::damaged};
@@ -118,27 +121,69 @@ void JetTable::readColumns() {
     fields_.resize(columns_.size());
 }
 
-/// The library passes over rows that it cannot cut.
 bool JetTable::next() {
-    while (mdb_fetch_row(table_.get())) {
-        int start = 0;
-        size_t size = 0;
-        const int row = int(table_->cur_row) - 1;
-        if (mdb_find_row(file_.handle(), row, &start, &size) != 0 ||
-            mdb_crack_row(table_.get(), start & rowPlaceMask, size, fields_.data()) < 0)
-            continue;
-        ++rows_;
-        return true;
+    for (int entry = 0; nextEntry(entry);) {
+        if (!(entry & deletedMark) && cutEntry(entry)) {
+            ++rows_;
+            return true;
+        }
     }
     return false;
 }
 
 /// A number that the file has no room for is as damaged as the rows.
 int64_t JetTable::missingRows() const {
-    constexpr uint64_t mostRowsInPage = 256;
     if (rows_ >= table_->num_rows) return 0;
     const uint64_t missing = table_->num_rows - rows_;
     return missing <= file_.pages() * mostRowsInPage ? int64_t(missing) : -1;
+}
+
+/// Goes to the next entry of the table's pages, and gives its place and marks. One that cannot be has that of a deleted
+/// row.
+bool JetTable::nextEntry(int& entry) {
+    if (isAway_ && !mdb_read_pg(file_.handle(), table_->cur_phys_pg)) pageRow_ = pageRows_;
+    isAway_ = false;
+    while (pageRow_ == pageRows_) {
+        if (!mdb_read_next_dpg(table_.get())) return false;
+        const MdbFormatConstants& form = *file_.handle()->fmt;
+        const auto rows =
+            numberAt<uint16_t>(Bytes(file_.handle()->pg_buf, size_t(form.pg_size)), size_t(form.row_count_offset));
+        pageRows_ = std::min<unsigned>(rows, mostRowsInPage);
+        pageRow_ = 0;
+    }
+    size_ = 0;
+    if (mdb_find_row(file_.handle(), int(pageRow_++), &entry, &size_) != 0) entry = deletedMark;
+    return true;
+}
+
+/// False where the row is damaged.
+bool JetTable::cutEntry(int entry) {
+    try {
+        if (entry & leadsAwayMark) entry = follow(entry & rowPlaceMask);
+        cutRow(entry & rowPlaceMask);
+        return true;
+    } catch (const JetFailure&) {
+        return false;
+    }
+}
+
+/// A row that has become too long for its page is on another one.
+int JetTable::follow(int place) {
+    constexpr size_t lengthOfWay = 4;
+    const Bytes page(file_.handle()->pg_buf, size_t(file_.handle()->fmt->pg_size));
+    if (size_t(place) + lengthOfWay > page.size()) throw JetFailure{JetOutcome::damaged};
+    const auto way = numberAt<uint32_t>(page, size_t(place));
+    if (!file_.hasPage(way >> 8)) throw JetFailure{JetOutcome::incomplete};
+    isAway_ = true;
+    int entry = 0;
+    const bool isThere = mdb_read_pg(file_.handle(), way >> 8) && file_.handle()->pg_buf[0] == MDB_PAGE_DATA &&
+                         mdb_find_row(file_.handle(), int(way & 0xFF), &entry, &size_) == 0;
+    if (!isThere || (entry & leadsAwayMark)) throw JetFailure{JetOutcome::damaged};
+    return entry;
+}
+
+void JetTable::cutRow(int place) {
+    if (mdb_crack_row(table_.get(), place, size_, fields_.data()) < 0) throw JetFailure{JetOutcome::damaged};
 }
 
 /// What the row holds of a value that is not Null.
@@ -189,12 +234,8 @@ JetValue JetTable::value(size_t column) const {
         case MDB_TEXT:
         case MDB_MEMO:
             return file_.text(textBytes(column));
-        case MDB_OLE: {
-            std::vector<unsigned char> whole = file_.longValue(bytes);
-            const Bytes picture = pictureWithoutWrapper(whole);
-            if (picture.size() == whole.size()) return whole;
-            return std::vector<unsigned char>(picture.begin(), picture.end());
-        }
+        case MDB_OLE:
+            return pictureOf(file_.longValue(bytes));
         case MDB_REPID:
             return guidText(firstBytes(bytes, 16));
         case MDB_NUMERIC:

@@ -39,6 +39,10 @@ class JetTable {
     void readDefinition(unsigned long page);
     void readColumns();
     void orderByDesign(Bytes definition);
+    bool nextEntry(int& entry);
+    bool cutEntry(int entry);
+    int follow(int place);
+    void cutRow(int place);
     Bytes bytesOf(size_t column) const;
 
     JetFile& file_;
@@ -48,6 +52,10 @@ class JetTable {
     std::vector<size_t> places_;  ///< Of the columns among the library's, which are in the order of their numbers.
     std::vector<MdbField> fields_;
     unsigned rows_ = 0;
+    unsigned pageRows_ = 0;  ///< Of the page; the next one is `pageRow_`.
+    unsigned pageRow_ = 0;
+    size_t size_ = 0;      ///< Of the row, in bytes.
+    bool isAway_ = false;  ///< The page in hand is that of a moved row.
 };
 
 struct TablePlace {
