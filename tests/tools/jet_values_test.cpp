@@ -68,19 +68,21 @@ class JetValuesTest : public QObject {
     }
 
     void codePageOfAFile() {
-        const std::tuple<const char*, QList<QByteArray>, int> cases[] = {
-            {"nothing beyond ASCII", {"Table1", "lake"}, 1252},
-            {"two names of columns", {"\xd0\xf2\xba\xc5", "\xb1\xe0\xc2\xeb"}, 936},
-            {"a rare name among daily words", {"\x94\xea", "\xcd\xbc\xc6\xac\xa3\xac\xb1\xb8\xd7\xa2"}, 936},
-            {"accents before letters", {"\xe9t\xe9_a_b"}, 1252},
-            {"accents that make characters", {"\xe9t\xe9", "na\xefve caf\xe9s"}, 1252},
-            {"one text that cannot be Chinese", {"\xd0\xf2\xba\xc5", "caf\xe9"}, 1252},
-            {"a cut text among many", {QByteArray("\xd5\xd5\xc6\xac").repeated(30), "\xd5\xd5\xc6"}, 936},
+        const std::tuple<const char*, QList<QByteArray>, int, bool> cases[] = {
+            {"nothing beyond ASCII", {"Table1", "lake"}, 1252, false},
+            {"two names of columns", {"\xd0\xf2\xba\xc5", "\xb1\xe0\xc2\xeb"}, 936, false},
+            {"a rare name among daily words", {"\x94\xea", "\xcd\xbc\xc6\xac\xa3\xac\xb1\xb8\xd7\xa2"}, 936, false},
+            {"accents before letters", {"\xe9t\xe9_a_b"}, 1252, false},
+            {"accents that make characters", {"\xe9t\xe9", "na\xefve caf\xe9s"}, 1252, false},
+            {"one text that cannot be Chinese", {"\xd0\xf2\xba\xc5x", "caf\xe9"}, 1252, true},
+            {"half of them rare", {"\x94\xea\x94\xea", "\xb1\xe0\xc2\xeb"}, 1252, true},
+            {"half of them rare, and a name of ours", {"\x94\xea\x94\xea", "\xb1\xb8\xd7\xa2"}, 936, false},
+            {"a cut text among many", {QByteArray("\xd5\xd5\xc6\xac").repeated(30), "\xd5\xd5\xc6"}, 936, false},
         };
-        for (const auto& [what, texts, codePage] : cases) {
+        for (const auto& [what, texts, codePage, isInDoubt] : cases) {
             CodePageSurvey survey;
-            for (const QByteArray& text : texts) survey.add(bytesOf(text));
-            QVERIFY2(survey.codePage() == codePage, what);
+            for (const QByteArray& text : texts) survey.addName(bytesOf(text));
+            QVERIFY2(survey.codePage() == codePage && survey.isInDoubt() == isInDoubt, what);
         }
     }
 

@@ -3,6 +3,7 @@
 #include "helper/limits.h"
 #include "platform/database/file/literal_paths.h"
 #include "platform/database/file/storage_format.h"
+#include "platform/database/foreign/reading_notes_table.h"
 #include "value_hash.h"
 
 #include <sqlite3.h>
@@ -22,6 +23,9 @@ SQLite::Database emptyFile(const std::string& path) {
     }
     database.exec("BEGIN");
     database.exec(createLongBinarySql);
+    database.exec(std::string("CREATE TABLE ") + readingNotesTable +
+                  " (kind TEXT(10), name MEMO TEXT, field MEMO TEXT, number LONG)");
+    database.exec(std::string("CREATE VIEW ") + readingNotesView + " AS SELECT * FROM " + readingNotesTable);
     return database;
 }
 
@@ -36,7 +40,8 @@ std::string quoted(const std::string& name) {
 
 /// The names that the side table and the engine have for themselves.
 std::string freeName(const std::string& name) {
-    const bool taken = strcasecmp(name.c_str(), "long_binary") == 0 || strncasecmp(name.c_str(), "sqlite_", 7) == 0;
+    const bool taken = strcasecmp(name.c_str(), "long_binary") == 0 || strncasecmp(name.c_str(), "sqlite_", 7) == 0 ||
+                       strncasecmp(name.c_str(), "lunq_", 5) == 0 || strcasecmp(name.c_str(), readingNotesView) == 0;
     return taken ? '_' + name : name;
 }
 
@@ -96,6 +101,8 @@ bool isExact(int type) {
     return type == MDB_MONEY || type == MDB_NUMERIC;
 }
 
+constexpr int64_t lostKey = -1;
+
 void bindBytes(SQLite::Statement& statement, int place, const std::vector<unsigned char>& bytes) {
     const void* start = bytes.empty() ? static_cast<const void*>("") : bytes.data();
     statement.bindNoCopy(place, start, int(bytes.size()));
@@ -106,7 +113,17 @@ void bindBytes(SQLite::Statement& statement, int place, const std::vector<unsign
 CopyWriter::CopyWriter(const std::string& path, LongValues longValues)
     : longValues_(longValues),
       database_(emptyFile(path)),
-      insertBytes_(database_, "INSERT INTO long_binary (bytes) VALUES (?)") {}
+      insertBytes_(database_, "INSERT INTO long_binary (bytes) VALUES (?)"),
+      insertNote_(database_, std::string("INSERT INTO ") + readingNotesTable + " VALUES (?, ?, ?, ?)") {}
+
+void CopyWriter::note(const Note& note) {
+    insertNote_.bindNoCopy(1, note.kind);
+    insertNote_.bindNoCopy(2, note.name);
+    insertNote_.bindNoCopy(3, note.field);
+    insertNote_.bind(4, note.number);
+    insertNote_.exec();
+    insertNote_.reset();
+}
 
 void CopyWriter::copy(const std::string& name, JetTable& table) {
     if (table.columns().empty()) return;
@@ -121,14 +138,28 @@ void CopyWriter::copy(const std::string& name, JetTable& table) {
     database_.exec("CREATE TABLE " + target + " (" + definitions + ')');
     SQLite::Statement insertRow(database_, "INSERT INTO " + target + " VALUES (" + places + ')');
     while (table.next()) {
-        copyRow(table, insertRow);
+        copyRow(freeName(name), table, insertRow);
         tellProgress(int(JetOutcome::wrongCall));
+    }
+    if (const int64_t missing = table.missingRows(); missing != 0)
+        note({.kind = "table", .name = freeName(name), .number = missing});
+}
+
+JetValue CopyWriter::valueOrNothing(const JetTable& table, size_t column, std::vector<size_t>& lost) const {
+    try {
+        return table.value(column);
+    } catch (const JetFailure& failure) {
+        if (failure.outcome != JetOutcome::damaged && failure.outcome != JetOutcome::incomplete) throw;
+        lost.push_back(column);
+        // A key that no value has: who reads it is told that it is lost, as with any damaged catalogue.
+        return table.columns()[column].type == MDB_OLE ? JetValue(lostKey) : JetValue();
     }
 }
 
-void CopyWriter::copyRow(const JetTable& table, SQLite::Statement& insertRow) {
+void CopyWriter::copyRow(const std::string& name, const JetTable& table, SQLite::Statement& insertRow) {
+    std::vector<size_t> lost;
     std::vector<JetValue> values;
-    for (size_t i = 0; i < table.columns().size(); ++i) values.push_back(table.value(i));
+    for (size_t i = 0; i < table.columns().size(); ++i) values.push_back(valueOrNothing(table, i, lost));
     for (size_t i = 0; i < values.size(); ++i) {
         const int place = int(i) + 1;
         if (const auto* whole = std::get_if<int64_t>(&values[i]))
@@ -146,6 +177,9 @@ void CopyWriter::copyRow(const JetTable& table, SQLite::Statement& insertRow) {
     }
     insertRow.exec();
     insertRow.reset();
+    const int64_t row = database_.getLastInsertRowid();
+    for (const size_t column : lost)
+        note({.kind = "value", .name = name, .field = table.columns()[column].name, .number = row});
 }
 
 int64_t CopyWriter::store(const std::vector<unsigned char>& bytes) {

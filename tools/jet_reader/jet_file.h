@@ -19,6 +19,7 @@ class JetFile {
     explicit JetFile(const std::string& path);
 
     MdbHandle* handle() const { return handle_.get(); }
+    uint64_t pages() const { return pages_; }
     bool hasPage(uint64_t page) const { return page < pages_; }
     std::string text(Bytes bytes) const;
     bool isJet4() const;

@@ -12,6 +12,7 @@ namespace {
 
 constexpr unsigned mostColumns = 255;
 constexpr unsigned mostIndexes = 1000;
+constexpr unsigned mostRowsInPage = 256;
 constexpr int rowPlaceMask = 0x1FFF;
 constexpr int deletedMark = 0x8000;    ///< Also that of a moved row at its new place.
 constexpr int leadsAwayMark = 0x4000;  ///< There is but the way to the new place of a moved row.
@@ -122,31 +123,48 @@ void JetTable::readColumns() {
 
 bool JetTable::next() {
     for (int entry = 0; nextEntry(entry);) {
-        if (entry & deletedMark) continue;
-        if (entry & leadsAwayMark) entry = follow(entry & rowPlaceMask);
-        cutRow(entry & rowPlaceMask);
-        ++rows_;
-        return true;
+        if (!(entry & deletedMark) && cutEntry(entry)) {
+            ++rows_;
+            return true;
+        }
     }
-    if (rows_ < table_->num_rows) throw JetFailure{JetOutcome::incomplete};
     return false;
 }
 
-/// Goes to the next entry of the table's pages, and gives its place and marks.
+/// A number that the file has no room for is as damaged as the rows.
+int64_t JetTable::missingRows() const {
+    if (rows_ >= table_->num_rows) return 0;
+    const uint64_t missing = table_->num_rows - rows_;
+    return missing <= file_.pages() * mostRowsInPage ? int64_t(missing) : -1;
+}
+
+/// Goes to the next entry of the table's pages, and gives its place and marks. One that cannot be has that of a deleted
+/// row.
 bool JetTable::nextEntry(int& entry) {
-    if (isAway_ && !mdb_read_pg(file_.handle(), table_->cur_phys_pg)) throw JetFailure{JetOutcome::damaged};
+    if (isAway_ && !mdb_read_pg(file_.handle(), table_->cur_phys_pg)) pageRow_ = pageRows_;
     isAway_ = false;
     while (pageRow_ == pageRows_) {
         if (!mdb_read_next_dpg(table_.get())) return false;
         const MdbFormatConstants& form = *file_.handle()->fmt;
-        pageRows_ =
+        const auto rows =
             numberAt<uint16_t>(Bytes(file_.handle()->pg_buf, size_t(form.pg_size)), size_t(form.row_count_offset));
+        pageRows_ = std::min<unsigned>(rows, mostRowsInPage);
         pageRow_ = 0;
     }
     size_ = 0;
-    const bool isThere = mdb_find_row(file_.handle(), int(pageRow_++), &entry, &size_) == 0;
-    if (!isThere && !(entry & deletedMark)) throw JetFailure{JetOutcome::damaged};
+    if (mdb_find_row(file_.handle(), int(pageRow_++), &entry, &size_) != 0) entry = deletedMark;
     return true;
+}
+
+/// False where the row is damaged.
+bool JetTable::cutEntry(int entry) {
+    try {
+        if (entry & leadsAwayMark) entry = follow(entry & rowPlaceMask);
+        cutRow(entry & rowPlaceMask);
+        return true;
+    } catch (const JetFailure&) {
+        return false;
+    }
 }
 
 /// A row that has become too long for its page is on another one.
@@ -227,7 +245,7 @@ JetValue JetTable::value(size_t column) const {
     }
 }
 
-std::vector<TablePlace> userTables(JetFile& file) {
+TableList userTables(JetFile& file) {
     constexpr unsigned long cataloguePage = 2;
     constexpr int64_t kindMask = 0x7F;
     constexpr int64_t systemFlags = 0x80000002;
@@ -237,12 +255,17 @@ std::vector<TablePlace> userTables(JetFile& file) {
     const size_t name = placeOf(objects, "Name");
     const size_t kind = placeOf(objects, "Type");
     const size_t flags = placeOf(objects, "Flags");
-    std::vector<TablePlace> tables;
+    TableList list;
     while (objects.next()) {
-        if ((valueAs<int64_t>(objects, kind) & kindMask) != MDB_TABLE) continue;
-        if (valueAs<int64_t>(objects, flags) & systemFlags) continue;
-        tables.push_back({valueAs<std::string>(objects, name), objects.textBytes(name),
-                          static_cast<unsigned long>(valueAs<int64_t>(objects, id) & pageMask)});
+        try {
+            if ((valueAs<int64_t>(objects, kind) & kindMask) != MDB_TABLE) continue;
+            if (valueAs<int64_t>(objects, flags) & systemFlags) continue;
+            list.tables.push_back({valueAs<std::string>(objects, name), objects.textBytes(name),
+                                   static_cast<unsigned long>(valueAs<int64_t>(objects, id) & pageMask)});
+        } catch (const JetFailure&) {
+            list.isWhole = false;
+        }
     }
-    return tables;
+    if (objects.missingRows() != 0) list.isWhole = false;
+    return list;
 }

@@ -23,8 +23,10 @@ class JetTable {
     /// In the order of their design.
     const std::vector<JetColumn>& columns() const { return columns_; }
 
-    /// Goes to the next row; false behind the last one. Throws `JetFailure` when rows are missing.
+    /// Goes to the next row that can be read; false behind the last one.
     bool next();
+    /// Rows that could not be read, behind the last one: -1 when their number is not known.
+    int64_t missingRows() const;
     JetValue value(size_t column) const;
     /// The bytes of a text or memo; nothing for Null, and for other columns.
     std::vector<unsigned char> textBytes(size_t column) const;
@@ -38,6 +40,7 @@ class JetTable {
     void readColumns();
     void orderByDesign(Bytes definition);
     bool nextEntry(int& entry);
+    bool cutEntry(int entry);
     int follow(int place);
     void cutRow(int place);
     Bytes bytesOf(size_t column) const;
@@ -61,5 +64,10 @@ struct TablePlace {
     unsigned long page;
 };
 
+struct TableList {
+    std::vector<TablePlace> tables;
+    bool isWhole = true;  ///< Others may have been lost.
+};
+
 /// The tables that are not the engine's own, in the order of their creation.
-std::vector<TablePlace> userTables(JetFile& file);
+TableList userTables(JetFile& file);

@@ -1,4 +1,5 @@
-// Reads a Jet database into an empty SQLite file: lunq-jet DATABASE FILE. The exit code is a JetOutcome.
+// Reads a Jet database into an empty SQLite file: lunq-jet DATABASE FILE [CODE-PAGE [hashes]]. The exit code is a
+// JetOutcome.
 
 #include "copy_database.h"
 #include "helper/limits.h"
@@ -26,7 +27,8 @@ int main(int argc, char** argv) {
                       .memoryBytes = uint64_t{512} << 20,
                       .seconds = 30,
                       .exitCode = int(JetOutcome::limitExceeded)});
-    const bool wantsHashes = argc == 5 && std::string_view(argv[4]) == "hashes";
-    return int(
-        copyDatabase(argv[1], argv[2], wantsHashes ? CopyWriter::LongValues::hashes : CopyWriter::LongValues::whole));
+    const int codePage = argc > 3 ? std::atoi(argv[3]) : 0;
+    const bool wantsHashes = argc > 4 && std::string_view(argv[4]) == "hashes";
+    return int(copyDatabase(argv[1], argv[2], codePage,
+                            wantsHashes ? CopyWriter::LongValues::hashes : CopyWriter::LongValues::whole));
 }

@@ -72,6 +72,7 @@ class RecordCopy : public RunIntoDatabase {
     void openSource() {
         source_ = OpenDatabase(order_.sourcePath);
         reader_.emplace(source_, order_, hashes_.areKept() || known_);
+        noteMissing(reader_->missing());
         if (order_.replace) findAlbumRows();
         const auto inThread = [this] {
             return [this, source = OpenDatabase(order_.sourcePath)](qsizetype place) {

@@ -54,6 +54,7 @@ class RunInTurn {
     /// Asks the watch whether the run goes on; for what takes long before the first thing.
     bool goesOn();
     void noteVerified(int pictures) { report_.verified += pictures; }
+    void noteMissing(const QStringList& parts) { report_.missing = parts; }
 
   private:
     struct Group;

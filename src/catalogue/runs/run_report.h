@@ -37,6 +37,7 @@ struct RunReport {
     bool cameToEnd = false;
     bool stopped = false;  ///< The watch has ended it.
     int verified = 0;      ///< Pictures that were read back at their new places and are the same as at the old ones.
+    QStringList missing = {};  ///< What a damaged source has lost besides its things: a sentence for each part.
 
     bool has(Fate fate) const;
     QStringList namesOf(std::initializer_list<Fate> fates) const;

@@ -36,7 +36,9 @@ SourceReader::SourceReader(const Database& source, const CopyOrder& order, bool 
     const auto index = fieldNamed(shapeOf(source, order.sourceTable), order.indexField);
     if (!index) throw Error(u"源表“%1”中没有字段“%2”。"_s.arg(order.sourceTable, order.indexField));
     index_ = *index;
-    if (holdsWholeNumbers(index_)) rows_ = RowsByNumber(source, order.sourceTable, index_.name, numbers());
+    readable_ = ReadableRows(source, order.sourceTable, index_.name);
+    if (holdsWholeNumbers(index_))
+        rows_ = RowsByNumber(source, order.sourceTable, index_.name, numbers(), readable_.andAmongThem());
 }
 
 std::optional<qint32> SourceReader::number(qsizetype place) const {
@@ -58,7 +60,7 @@ Recordset SourceReader::find(const Database& source, qsizetype place) const {
         const std::vector<qint64> rows = rows_.of(*wanted);
         return recordsOfRows(source, order_.sourceTable, {earlier < rows.size() ? rows[earlier] : 0});
     }
-    Recordset record = source.OpenRecordset(allRecordsSql(order_.sourceTable) + u" WHERE "_s + criteria(place));
+    Recordset record = source.OpenRecordset(allRecordsSql(order_.sourceTable) + u" WHERE "_s + criteria(place) + readable_.andAmongThem());
     for (std::size_t i = 0; i < earlier && !record.Eof(); ++i) record.MoveNext();
     return record;
 }
@@ -72,6 +74,8 @@ SourceValues SourceReader::read(const Database& source, qsizetype place) const {
         if (pair.source.isEmpty()) continue;
         const Field field = record.Fields(pair.source);
         const bool isLong = field.Type() == FieldType::longBinary;
+        if (isLong && source.isForeign() && !attempt([&] { field.FieldSize(); }))
+            throw Error(u"源库中这条记录的“%1”已损坏，不能读取。"_s.arg(pair.source));
         // A long value without a byte is none.
         if (isLong && field.FieldSize() == 0) continue;
         value = field.Value();

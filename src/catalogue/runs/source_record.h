@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/fingerprint.h"
+#include "catalogue/runs/readable_rows.h"
 #include "catalogue/runs/record_copy.h"
 #include "platform/database/records/rows_by_number.h"
 #include "platform/picture/picture_bytes.h"
@@ -32,6 +33,9 @@ class SourceReader {
     /// What goes to 图片, unread. Null when there is no such record, or no picture.
     StoredValue picture(const Database& source, qsizetype place) const;
 
+    /// What of the source is lost, a sentence for each part.
+    const QStringList& missing() const { return readable_.missing(); }
+
     /// The criteria that finds a record by its key. Throws `Error` for this kind of key.
     QString criteria(qsizetype place) const { return keyCriteria(index_, order_.records[place].key); }
     /// The key of a record, where it is a whole number.
@@ -46,6 +50,7 @@ class SourceReader {
     const CopyOrder& order_;
     bool printed_;
     FieldShape index_;
+    ReadableRows readable_;
     RowsByNumber rows_;
 };
 

@@ -2,11 +2,18 @@
 
 #include "catalogue/mektp.h"
 #include "intake/browsing/intake_texts.h"
+#include "intake/databases/known_sources.h"
+#include "intake/databases/mapping_proposal.h"
+#include "intake/databases/source_boxes.h"
 #include "platform/base/error.h"
+#include "platform/database/foreign/foreign_copy.h"
+#include "platform/database/records/reading_notes.h"
 #include "platform/desktop/busy.h"
 #include "platform/desktop/message_box.h"
 #include "settings/frame/columns.h"
 
+#include <QAction>
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -26,7 +33,13 @@ DatabaseIntake::DatabaseIntake(const SettingsFrame& frame, GuidedFlow& flow, Bro
       codeButtons_(codeButtons),
       preview_(preview),
       chosen_(chosen),
-      signs_(signs) {
+      signs_(signs),
+      sample_(frame),
+      otherTexts_(new QAction(u"文字不对？换一种编码重读"_s, this)) {
+    otherTexts_->setObjectName(u"mnuBm"_s);
+    connect(otherTexts_, &QAction::triggered, this, guarded(frame_.form, [this] { readTextsOtherwise(); }));
+    mapping_.offerForTables(otherTexts_);
+    connect(&mapping_, &MappingPanel::cleared, this, [this] { hideSample(); });
     const auto onPage = [this](auto slot) {
         return guarded(frame_.form, [this, slot] {
             if (inFront()) (this->*slot)();
@@ -72,14 +85,44 @@ void DatabaseIntake::openDatabase(const QString& path) {
     Q_EMIT fillingOffered(false);
     signs_.clearSourceTable();
     signs_.clearIndexField();
+    readDatabase(path);
+    askAboutTexts(path);
+    signs_.tellSourceFile(path);
+    sayDamage(frame_.form, ReadingNotes(mapping_.sourceDatabase()));
+}
+
+void DatabaseIntake::readDatabase(const QString& path) {
     try {
         const Hourglass hourglass;
+        if (const int codePage = knownSources::codePage(path); codePage != 0) chooseCodePage(path, codePage);
         mapping_.chooseDatabase(u"请选择来源数据表"_s);
     } catch (...) {
         giveUp();
         throw;
     }
-    signs_.tellSourceFile(path);
+    otherTexts_->setVisible(ReadingNotes(mapping_.sourceDatabase()).codePage() != 0);
+}
+
+void DatabaseIntake::askAboutTexts(const QString& path) {
+    const ReadingNotes notes(mapping_.sourceDatabase());
+    const std::optional<int> codePage = askCodePage(frame_.form, notes);
+    if (!codePage) return;
+    if (*codePage == notes.codePage())
+        knownSources::setCodePage(path, *codePage);
+    else
+        readTextsAs(path, *codePage);
+}
+
+void DatabaseIntake::readTextsAs(const QString& path, int codePage) {
+    knownSources::setCodePage(path, codePage);
+    readDatabase(path);
+}
+
+void DatabaseIntake::readTextsOtherwise() {
+    if (!inFront() || choosesRows_ || !mapping_.sourceDatabase().isOpen()) return;
+    const int codePage = ReadingNotes(mapping_.sourceDatabase()).codePage();
+    constexpr int gbk = 936, western = 1252;
+    if (codePage != 0) readTextsAs(flow_.sourceDatabase(), codePage == gbk ? western : gbk);
 }
 
 void DatabaseIntake::sayOnlyOne() {
@@ -92,11 +135,22 @@ void DatabaseIntake::tableChosen(const QString& table) {
     signs_.tellSourceTable(table);
     signs_.clearIndexField();
     Q_EMIT fillingOffered(true);
+    if (areAlike(shapeOf(mekTp::catalogue, flow_.targetTable()), shapeOf(mapping_.sourceDatabase(), table))) return;
+    codeButtons_.ycbh();
+    sample_.show(mapping_.sourceDatabase(), table);
+}
+
+void DatabaseIntake::hideSample() {
+    if (!sample_.isShown()) return;
+    sample_.hide();
+    if (inFront() && !choosesRows_ && !frame_.albums.table().isEmpty()) attempt([&] { codeButtons_.bhan(); });
 }
 
 /// The fields are mapped: the grid shows the records to choose from, and the list those that are chosen.
 void DatabaseIntake::showSource() {
+    readable_ = ReadableRows(mapping_.sourceDatabase(), flow_.sourceTable(), mapping_.indexFieldName());
     choosesRows_ = true;
+    hideSample();
     codeButtons_.ycbh();
     chosen_.clear();
     chosen_.setColumns(1);
@@ -106,9 +160,13 @@ void DatabaseIntake::showSource() {
     // The headings of the source's columns are their own names.
     frame_.grid.setHeadings({});
     signs_.tell(u"已选择的源表中要复制的记录的“"_s + mapping_.indexFieldName() + u"”"_s);
+    frame_.grid.list(readable_.sql(columnOfOrder()), flow_.sourceDatabase());
+    sayDamage(frame_.form, flow_.sourceTable(), readable_, frame_.grid.total());
+}
+
+QString DatabaseIntake::columnOfOrder() const {
     const TableShape shape = shapeOf(mapping_.sourceDatabase(), flow_.sourceTable());
-    const QString order = fieldNamed(shape, u"序号"_s) ? u"序号"_s : mapping_.indexFieldName();
-    frame_.grid.list(allRecordsSql(flow_.sourceTable(), order), flow_.sourceDatabase());
+    return fieldNamed(shape, u"序号"_s) ? u"序号"_s : mapping_.indexFieldName();
 }
 
 /// The picture is that which would be taken. Where none is mapped, an album's own picture is shown all the same.
@@ -184,7 +242,7 @@ int DatabaseIntake::listAll() {
     const QString& field = mapping_.indexFieldName();
     QStringList keys;
     int unnamed = 0;
-    for (Recordset rows = mapping_.sourceDatabase().OpenRecordset(allRecordsSql(flow_.sourceTable(), field));
+    for (Recordset rows = mapping_.sourceDatabase().OpenRecordset(readable_.sql(field));
          !rows.Eof(); rows.MoveNext()) {
         const FieldValue key = rows.Fields(field).Value();
         if (key.isNull())
@@ -238,6 +296,17 @@ void DatabaseIntake::endRun() {
     if (choosesRows_) showTarget();
     mapping_.reset();
     browser_.showFileParts(false);
+}
+
+/// Fields with the names of the album's need no memory.
+void DatabaseIntake::rememberMapping() const {
+    const FieldMapping& mapping = mapping_.fieldMapping();
+    const bool isPlain = std::ranges::all_of(mapping, [](const FieldPair& pair) {
+        return pair.source.compare(pair.target, Qt::CaseInsensitive) == 0;
+    });
+    const QString& file = flow_.sourceDatabase();
+    if (!isPlain || !knownSources::mapping(file, flow_.sourceTable()).empty())
+        knownSources::setMapping(file, flow_.sourceTable(), isPlain ? FieldMapping() : mapping);
 }
 
 CopyOrder DatabaseIntake::order(bool replace, bool fillFields) const {

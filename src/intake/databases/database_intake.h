@@ -1,11 +1,13 @@
 #pragma once
 
+#include "catalogue/runs/readable_rows.h"
 #include "catalogue/runs/record_copy.h"
 #include "intake/browsing/browser_panel.h"
 #include "intake/browsing/chosen_lines.h"
 #include "intake/browsing/code_buttons.h"
 #include "intake/databases/intake_signs.h"
 #include "intake/databases/mapping_panel.h"
+#include "intake/databases/source_sample.h"
 #include "intake/preview/preview_panel.h"
 #include "settings/frame/settings_frame.h"
 
@@ -36,6 +38,8 @@ class DatabaseIntake : public QObject {
     bool choosesRows() const { return choosesRows_; }
     /// `fillFields`: columns that get no value are filled.
     CopyOrder order(bool replace, bool fillFields) const;
+    /// The mapping is used: the table is offered with it the next time.
+    void rememberMapping() const;
 
   Q_SIGNALS:
     void targetShown();            ///< The grid has the album's records again.
@@ -44,6 +48,12 @@ class DatabaseIntake : public QObject {
   private:
     bool inFront() const;
     void openDatabase(const QString& path);
+    void readDatabase(const QString& path);
+    void askAboutTexts(const QString& path);
+    void readTextsAs(const QString& path, int codePage);
+    void readTextsOtherwise();
+    void hideSample();
+    QString columnOfOrder() const;
     void sayOnlyOne();
     void tableChosen(const QString& table);
     void showSource();
@@ -61,5 +71,8 @@ class DatabaseIntake : public QObject {
     PreviewPanel& preview_;
     ChosenLines& chosen_;
     IntakeSigns& signs_;
+    SourceSample sample_;
+    QAction* otherTexts_;  ///< mnuBm: reads the texts of a Jet 3 database by the other code page.
+    ReadableRows readable_;  ///< Of the source table, while rows are chosen.
     bool choosesRows_ = false;  ///< The grid shows the source table.
 };

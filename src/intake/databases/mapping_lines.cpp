@@ -1,7 +1,9 @@
 // The part of the mapping panel that fills the lines of fields: the list of source fields, and 全部对应.
 
 #include "catalogue/mektp.h"
+#include "intake/databases/known_sources.h"
 #include "intake/databases/mapping_panel.h"
+#include "intake/databases/mapping_proposal.h"
 #include "platform/base/error.h"
 #include "platform/desktop/elided_label.h"
 #include "platform/desktop/list_box.h"
@@ -15,6 +17,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -54,7 +57,7 @@ void MappingPanel::addLine() {
                         if (index < lines_.size()) openFieldList(index);
                     }),
             Qt::QueuedConnection);
-    lines_.push_back({lblMb, txtYb});
+    lines_.push_back({lblMb, txtYb, false});
 }
 
 void MappingPanel::showFields(const TableShape& target) {
@@ -89,6 +92,46 @@ void MappingPanel::cxdy() {
     target_.clear();
     fieldMapping_.clear();
     mappingDone_ = false;
+    lines_[0].isProposed = false;
+    Q_EMIT cleared();
+}
+
+/// Only fields that are still there, of the same type.
+void MappingPanel::propose(const QString& table) {
+    const std::vector<SourceField> source = sourceFields(sourceDatabase_, table);
+    TableShape shape;
+    for (const SourceField& field : source) shape.push_back(field.shape);
+    FieldMapping mapping = knownSources::mapping(flow_.sourceDatabase(), table);
+    if (mapping.empty() && !areAlike(target_, shape)) mapping = proposedMapping(target_, source);
+    for (std::size_t i = 0; i < target_.size(); ++i) {
+        const auto field = fieldNamed(shape, sourceOf(mapping, target_[i].name));
+        if (field && field->type == target_[i].type) proposeField(i, field->name);
+    }
+    if (!txtYb(0)->text().isEmpty()) markIndexField();
+}
+
+void MappingPanel::proposeField(std::size_t index, const QString& field) {
+    lines_[index].isProposed = true;
+    txtYb(index)->setText(field);
+    txtYb(index)->setCursorPosition(0);
+    txtYb(index)->setToolTip(field + u"（建议的对应，可以改选）"_s);
+    cmdLr_->setEnabled(true);
+}
+
+void MappingPanel::dropProposals() {
+    for (Line& line : lines_)
+        if (std::exchange(line.isProposed, false)) line.txtYb->clear();
+}
+
+/// Asks about fields that are too long as if they had been picked one by one. One that is refused is to be picked anew.
+bool MappingPanel::proposalsAreAccepted() {
+    bool areAll = true;
+    for (std::size_t i = 0; i < target_.size(); ++i) {
+        if (!std::exchange(lines_[i].isProposed, false) || isAccepted(txtYb(i)->text(), target_[i].name)) continue;
+        txtYb(i)->clear();
+        areAll = false;
+    }
+    return areAll;
 }
 
 void MappingPanel::openFieldList(std::size_t index) {
@@ -140,6 +183,7 @@ void MappingPanel::lstDyClick() {
 
 /// Puts a source field on a line when it suits the target field; otherwise the line is empty.
 void MappingPanel::setField(std::size_t index, const QString& field) {
+    lines_[index].isProposed = false;
     txtYb(index)->clear();
     if (field.isEmpty()) return;
     cmdLr_->setEnabled(true);
@@ -172,6 +216,7 @@ void MappingPanel::markIndexField() {
 /// Field by field, by position only.
 void MappingPanel::mapAll() {
     hideFieldList();
+    dropProposals();
     const TableShape opened = shapeByName(mekTp::catalogue, sourceDatabase_, chosenTable());
     const TableShape album = shapeOf(mekTp::catalogue, frame_.albums.table());
     const int mismatch = firstTypeMismatch(opened, album);
@@ -205,6 +250,7 @@ bool MappingPanel::eventFilter(QObject* watched, QEvent* event) {
     } else if (key == Qt::Key_Delete || key == Qt::Key_Backspace) {
         for (std::size_t i = 0; i < lines_.size(); ++i) {
             if (watched != txtYb(i)) continue;
+            lines_[i].isProposed = false;
             txtYb(i)->clear();
             if (i == 0) markIndexField();
         }

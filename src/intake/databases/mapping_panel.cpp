@@ -2,13 +2,16 @@
 
 #include "catalogue/album_tables.h"
 #include "catalogue/mektp.h"
+#include "intake/databases/known_sources.h"
 #include "platform/base/error.h"
+#include "platform/database/records/reading_notes.h"
 #include "platform/desktop/list_box.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/text_box.h"
 #include "settings/frame/columns.h"
 
+#include <QAction>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
@@ -155,14 +158,13 @@ void MappingPanel::chooseDatabase(const QString& heading) {
     reset();
     hideButtons();
     sourceDatabase_ = OpenDatabase(flow_.sourceDatabase());
-    const QStringList tables = offeredTables();
+    listTables();
     frame_.hints.czts(3);
     frame_.work.begin();
     browser_.showFileParts(true);
     browser_.showFolderHint(false);
     lbl10_->setText(heading);
     lbl10_->show();
-    for (const QString& table : tables) lstSb_->AddItem(table);
     lstSb_->show();
     flow_.goTo(forTransfer() ? 13 : 3);
 }
@@ -172,6 +174,28 @@ QStringList MappingPanel::offeredTables() const {
     if (forTransfer()) return changeableAlbums(sourceDatabase_);
     if (isSameFile(sourceDatabase_.Name(), mekTp::cataloguePath())) return albumTables(sourceDatabase_);
     return withoutSystemTables(sourceDatabase_.TableDefs());
+}
+
+/// Damaged tables are marked.
+void MappingPanel::listTables() {
+    const ReadingNotes notes(sourceDatabase_);
+    const auto list = [this](const QString& table, const QString& mark) {
+        lstSb_->AddItem(table + mark);
+        QListWidgetItem* line = lstSb_->item(lstSb_->count() - 1);
+        line->setData(Qt::UserRole, table);
+        line->setToolTip(line->text());
+    };
+    for (const QString& table : offeredTables()) list(table, notes.isDamaged(table) ? u"（有损坏）"_s : QString());
+    for (const QString& table : notes.unreadableTables()) list(table, u"（不能读取）"_s);
+}
+
+QString MappingPanel::tableInLine(const QListWidgetItem* line) const {
+    return line->data(Qt::UserRole).toString();
+}
+
+void MappingPanel::offerForTables(QAction* action) {
+    lstSb_->setContextMenuPolicy(Qt::ActionsContextMenu);
+    lstSb_->addAction(action);
 }
 
 void MappingPanel::undoDatabase() {
@@ -198,13 +222,13 @@ void MappingPanel::undoTable() {
 void MappingPanel::undoMapping() {
     indexFieldName_.clear();
     const QString table = chosenTable();
-    const auto lines = lstSb_->findItems(table, Qt::MatchExactly);
-    if (!lines.isEmpty()) lstSb_->setCurrentItem(lines.front());
+    for (int i = 0; i < lstSb_->count(); ++i)
+        if (tableInLine(lstSb_->item(i)) == table) lstSb_->setCurrentRow(i);
     openTable(table);
 }
 
 void MappingPanel::lstSbClick() {
-    if (lstSb_->currentItem() != nullptr) openTable(lstSb_->currentItem()->text());
+    if (lstSb_->currentItem() != nullptr) openTable(tableInLine(lstSb_->currentItem()));
 }
 
 /// A table that cannot serve is not chosen.
@@ -225,6 +249,7 @@ void MappingPanel::showTable(const QString& chosen) {
         flow_.setTargetTable(chosen);
     else
         flow_.setSourceTable(chosen);
+    if (!forTransfer()) shapeOf(sourceDatabase_, chosen);  // throws where it cannot be read
     const TableShape target = shapeByName(mekTp::catalogue, sourceDatabase_, flow_.targetTable());
     const TableShape source = shapeByName(mekTp::catalogue, sourceDatabase_, flow_.sourceTable());
     showFields(target);
@@ -236,6 +261,7 @@ void MappingPanel::showTable(const QString& chosen) {
     flow_.goTo(forTransfer() ? 14 : 4);
     frame_.hints.czts(5);
     Q_EMIT tableChosen(chosen);
+    if (!forTransfer()) propose(chosen);
 }
 
 void MappingPanel::cmdQxClick() {
@@ -262,6 +288,7 @@ void MappingPanel::finishMapping() {
     }
     if (!forTransfer() && replaces && replaces()) requireKeyColumn(target_, flow_.targetTable(), txtYb(0)->text());
     hideFieldList();
+    if (!proposalsAreAccepted()) return;
     readMapping();
     if (mappedFieldCount_ == 0 &&
         !ask(frame_.form, u"只选择了一个对应字段，可能会造成数据不全。\n\n如果继续，请按《确定》；否则按《取消》。"_s))

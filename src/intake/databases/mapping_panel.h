@@ -10,14 +10,18 @@
 #include <vector>
 
 class ListBox;
+class QAction;
 class QLabel;
+class QListWidgetItem;
 class QPushButton;
 class QScrollArea;
 
 /// The part of picMl by which source fields are mapped to target fields: the tables of a database (lstSb), a line for
 /// every field of the target table (lblMb(n), txtYb(n)), and the pick list of source fields (lstDy). It serves the page
 /// in front, 图片录入 or 图片转存, and keeps step and numbered hint of the flow where it makes them. On 图片录入
-/// lstSb chooses the source table, on 图片转存 the target table; the other one is set by the page.
+/// lstSb chooses the source table, on 图片转存 the target table; the other one is set by the page. On 图片录入 the lines
+/// of a table that is not made like an album are filled at once: with the mapping of its last intake, otherwise with
+/// proposals.
 ///
 /// It also makes the buttons cmdQx and cmdLr and stands them where the page in front has them (after each `mlcl`).
 /// Their captions tell what they do: "全部对应", "对应完成" and "关闭本框" are seen to here, all others go out as
@@ -60,6 +64,9 @@ class MappingPanel : public QObject, public FramePart {
     /// Hides the pick list, as the button for the step back does first.
     void hideFieldList();
 
+    /// Another way to read the database, in the menu of lstSb.
+    void offerForTables(QAction* action);
+
     const FieldMapping& fieldMapping() const { return fieldMapping_; }
     const QString& indexFieldName() const { return indexFieldName_; }
     /// Closed until `chooseDatabase`.
@@ -68,6 +75,7 @@ class MappingPanel : public QObject, public FramePart {
   Q_SIGNALS:
     void tableChosen(const QString& table);  ///< Its fields are shown; step 4 or 14.
     void tableDropped();                     ///< None is chosen any more.
+    void cleared();                          ///< No lines of fields are shown any more.
     void indexChosen(const QString& field);  ///< The source field for the first target field was picked; may be empty.
     void mapped();                           ///< The mapping is finished; step 5 or 15.
     void closed();                           ///< cmdLr with "关闭本框".
@@ -79,6 +87,7 @@ class MappingPanel : public QObject, public FramePart {
     struct Line {
         QLabel* lblMb;
         TextBox* txtYb;
+        bool isProposed = false;  ///< Nobody has chosen its field yet.
     };
 
     bool forTransfer() const;
@@ -89,12 +98,18 @@ class MappingPanel : public QObject, public FramePart {
     TextBox* txtYb(std::size_t index) const { return lines_[index].txtYb; }
 
     QStringList offeredTables() const;
+    void listTables();
+    QString tableInLine(const QListWidgetItem* line) const;
     void lstSbClick();
     /// Told by what was chosen: keys move the line in lstSb on without choosing it.
     const QString& chosenTable() const { return forTransfer() ? flow_.targetTable() : flow_.sourceTable(); }
     void openTable(const QString& table);
     void showTable(const QString& chosen);
     void showFields(const TableShape& target);
+    void propose(const QString& table);
+    void proposeField(std::size_t index, const QString& field);
+    void dropProposals();
+    bool proposalsAreAccepted();
     void openFieldList(std::size_t index);
     void placeFieldList(const QWidget* box, int fields);
     void lstDyClick();

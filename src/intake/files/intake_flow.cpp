@@ -183,6 +183,7 @@ void IntakePage::cmdLrClick() {
     if (!fromFiles()) {
         CopyOrder order = records;
         order.skipKnown = *skipsKnown;
+        database_.rememberMapping();
         begin({flow_.targetTable(), order});
     } else if (const std::optional<BmpFiles> bmp = askAboutBmp(frame_.form, files)) {
         begin({flow_.targetTable(), IntakeOrder{.folder = browser_.folder(),

@@ -69,6 +69,7 @@ class TransferPage : public QObject, public SettingsPage {
     void folderConfirmed();
     void fileClicked();
     void chooseTarget();
+    void offerNewTarget(const QString& jetFile);
     static QString objectionTo(const QString& file);
     void dropTarget();
     void tableChosen(const QString& table);

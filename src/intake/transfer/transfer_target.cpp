@@ -4,6 +4,7 @@
 #include "catalogue/mektp.h"
 #include "catalogue/runs/table_transfer.h"
 #include "intake/browsing/intake_texts.h"
+#include "intake/transfer/new_target.h"
 #include "intake/transfer/transfer_page.h"
 #include "platform/base/error.h"
 #include "platform/desktop/busy.h"
@@ -13,6 +14,7 @@
 #include "settings/frame/columns.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
@@ -24,6 +26,12 @@ namespace {
 constexpr int panelLeft = 170, panelTop = 720;
 constexpr int infoLeft = 5400, infoWidth = 3945;
 constexpr int lineHeight = 225, twoLinesHeight = 540;
+
+bool isJet(const QString& file) {
+    bool is = false;
+    attempt([&] { is = isJetDatabase(file); });
+    return is;
+}
 
 void showLine(QLabel* line, const QString& text) {
     line->setText(text);
@@ -106,9 +114,13 @@ void TransferPage::fileClicked() {
         dropTarget();
         return;
     }
-    if (const QString objection = objectionTo(browser_.pickedFile()); !objection.isEmpty()) {
+    const QString file = browser_.pickedFile();
+    if (const QString objection = objectionTo(file); !objection.isEmpty()) {
         dropTarget();
-        say(frame_.form, objection);
+        if (isJet(file))
+            offerNewTarget(file);
+        else
+            say(frame_.form, objection);
         return;
     }
     chooseTarget();
@@ -126,6 +138,18 @@ QString TransferPage::objectionTo(const QString& file) {
     } catch (const Error& error) {
         return error.text();
     }
+}
+
+/// Nothing is written into such a file: the pictures can go into a new one beside it.
+void TransferPage::offerNewTarget(const QString& jetFile) {
+    const QString table = newTargetTable(frame_.albums.table());
+    const QString target = newTargetPath(jetFile);
+    constexpr int leaveIt = 0, makeNew = 1;
+    if (choose(frame_.form, jetTargetText(jetFile, target, table), {u"取 消"_s, u"新建图册库"_s}, leaveIt, leaveIt) != makeNew)
+        return;
+    makeTarget(target, table, titleOfLine(frame_.albums.line()));
+    browser_.readFiles();
+    browser_.selectNames({QFileInfo(target).fileName()});
 }
 
 void TransferPage::chooseTarget() {

@@ -84,6 +84,7 @@ QString outcomeText(const RunReport& report, const RunWords& words) {
     add(countOf(report, {Fate::failed}), u"%1 张失败"_s);
     add(countOf(report, {Fate::doubtful}), u"%1 张没有完成"_s);
     add(countOf(report, {Fate::left}), u"%1 张没有做到"_s);
+    add(report.missing.size(), u"源表有 %1 处损坏"_s);
     return parts.join(u'，');
 }
 
@@ -97,11 +98,12 @@ QString failureQuestion(const RunItem& failed, const RunWords& words) {
 bool isAsExpected(const RunReport& report) {
     const bool allTaken = std::ranges::all_of(
         report.items, [](const RunItem& item) { return item.fate == Fate::taken && item.reason.isEmpty(); });
-    return allTaken && !report.stopped && report.failure.isEmpty() && report.cameToEnd;
+    return allTaken && report.missing.isEmpty() && !report.stopped && report.failure.isEmpty() && report.cameToEnd;
 }
 
 std::vector<ReportLine> reportLines(const RunReport& report, const RunWords& words) {
     std::vector<ReportLine> lines;
+    for (const QString& part : report.missing) lines.push_back({u"（源表）"_s, u"已损坏，没有"_s + words.deed, part});
     const auto add = [&](bool expected) {
         for (const RunItem& item : report.items)
             if ((item.fate == Fate::taken && item.reason.isEmpty()) == expected)

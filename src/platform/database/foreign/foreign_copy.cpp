@@ -12,7 +12,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QProcess>
+#include <mutex>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -23,6 +25,22 @@ constexpr qint64 largestFile = qint64{2} << 30;
 JetReader& chosenReader() {
     static JetReader reader;
     return reader;
+}
+
+/// By the real path of a database.
+struct ChosenCodePages {
+    std::mutex mutex;
+    QHash<QString, int> pages;
+};
+
+ChosenCodePages& chosenCodePages() {
+    static ChosenCodePages chosen;
+    return chosen;
+}
+
+int chosenCodePage(const QString& path) {
+    const std::lock_guard lock(chosenCodePages().mutex);
+    return chosenCodePages().pages.value(QFileInfo(path).canonicalFilePath());
 }
 
 QString readerProgram() {
@@ -83,6 +101,11 @@ void setJetReader(const JetReader& reader) {
     chosenReader() = reader;
 }
 
+void chooseCodePage(const QString& path, int codePage) {
+    const std::lock_guard lock(chosenCodePages().mutex);
+    chosenCodePages().pages[QFileInfo(path).canonicalFilePath()] = codePage;
+}
+
 bool ForeignCopy::isJetFile(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
@@ -91,7 +114,7 @@ bool ForeignCopy::isJetFile(const QString& path) {
     return start == QByteArray("\0\1\0\0Standard Jet DB", 19) || start == QByteArray("\0\1\0\0Standard ACE DB", 19);
 }
 
-ForeignCopy::ForeignCopy(const QString& path, LongValues longValues) : path_(path) {
+ForeignCopy::ForeignCopy(const QString& path, LongValues longValues) : path_(path), codePage_(chosenCodePage(path)) {
     const QFileInfo original(path);
     size_ = original.size();
     changed_ = original.lastModified();
@@ -118,7 +141,7 @@ QString ForeignCopy::file() const {
 
 bool ForeignCopy::isCurrent() const {
     const QFileInfo original(path_);
-    return original.size() == size_ && original.lastModified() == changed_;
+    return original.size() == size_ && original.lastModified() == changed_ && chosenCodePage(path_) == codePage_;
 }
 
 void ForeignCopy::read(LongValues longValues) {
@@ -127,7 +150,9 @@ void ForeignCopy::read(LongValues longValues) {
     reader.setStandardErrorFile(QProcess::nullDevice());
     reader.setChildProcessModifier([this] { fcntl(file_, F_SETFD, 0); });  // goes on being open there
     QStringList arguments{QFileInfo(path_).absoluteFilePath(), file()};
-    if (longValues == LongValues::hashes) arguments << u"0"_s << u"hashes"_s;
+    const bool wantsHashes = longValues == LongValues::hashes;
+    if (codePage_ != 0 || wantsHashes) arguments << QString::number(codePage_);
+    if (wantsHashes) arguments << u"hashes"_s;
     reader.start(readerProgram(), arguments);
     if (!reader.waitForStarted()) throw failure(path_, u"读取它要用的程序“%1”不能启动"_s.arg(readerProgram()));
     if (!endsInTime(reader, chosenReader().patienceMs)) {

@@ -24,7 +24,7 @@ class ForeignCopy {
 
     /// Path by which the engine opens the copy, in the file system `literalPaths`.
     QString file() const;
-    /// Whether the database is still as it was when it was read.
+    /// Whether the database is still as it was when it was read, and its texts are still to be read in that way.
     bool isCurrent() const;
 
   private:
@@ -33,8 +33,13 @@ class ForeignCopy {
     QString path_;
     qint64 size_ = 0;
     QDateTime changed_;
+    int codePage_ = 0;
     int file_ = -1;
 };
+
+/// The code page by which the texts of a Jet 3 database are read from its next opening on: 936 or 1252; 0, as at first:
+/// that which the texts seem to have. Who has the database open keeps what was read. From any thread.
+void chooseCodePage(const QString& path, int codePage);
 
 /// The program that reads Jet databases, and for how long it may stay without a sign of progress.
 struct JetReader {

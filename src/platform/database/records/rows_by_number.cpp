@@ -21,10 +21,13 @@ QString listed(const std::vector<Number>& numbers) {
 }  // namespace
 
 RowsByNumber::RowsByNumber(const Database& database, const QString& table, const QString& column,
-                           const std::vector<qint32>& numbers) {
+                           const std::vector<qint32>& numbers, const QString& andCondition) {
     const QString name = quotedName(column);
     QString sql = u"SELECT %1 AS number, CAST(_rowid_ AS TEXT) AS place FROM %2"_s.arg(name, quotedName(table));
-    if (numbers.size() <= mostListed) sql += u" WHERE %1 IN (%2)"_s.arg(name, listed(numbers));
+    if (numbers.size() <= mostListed)
+        sql += u" WHERE %1 IN (%2)"_s.arg(name, listed(numbers)) + andCondition;
+    else if (!andCondition.isEmpty())
+        sql += u" WHERE 1 = 1"_s + andCondition;
     const Recordset all = database.OpenRecordset(sql + u" ORDER BY _rowid_"_s);
     for (int i = 0; i < all.rowCount(); ++i) {
         const std::vector<FieldValue> values = all.valuesAt(i);

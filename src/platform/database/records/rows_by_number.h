@@ -11,9 +11,10 @@
 class RowsByNumber {
   public:
     RowsByNumber() = default;
-    /// Of the rows with these numbers. Throws `Error` when there is no such table or column.
+    /// Of the rows with these numbers that meet a further condition: " AND …", or empty. Throws `Error` when there is no
+    /// such table or column.
     RowsByNumber(const Database& database, const QString& table, const QString& column,
-                 const std::vector<qint32>& numbers);
+                 const std::vector<qint32>& numbers, const QString& andCondition = {});
 
     /// The identities of the rows with that number, in the order of the table.
     std::vector<qint64> of(qint32 number) const { return rows_.value(number); }
