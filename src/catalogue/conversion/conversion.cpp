@@ -12,6 +12,8 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
+#include <iterator>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -38,7 +40,8 @@ class Conversion {
         OwnValues(target_).prepare();
         const std::vector<OldAlbum> albums = oldAlbums(old_);
         makeAlbums(albums);
-        std::vector<RunItem> notes = takeFixedTables(old_, target_, albums);
+        std::vector<RunItem> notes = lostParts(old_);
+        std::ranges::move(takeFixedTables(old_, target_, albums), std::back_inserter(notes));
         RunReport report = AlbumTaking(old_, target_, taken_, percentOfTaking).run(watch);
         report.items.insert(report.items.begin(), notes.begin(), notes.end());
         if (report.cameToEnd && !report.stopped) verify(second.take(), report, watch);

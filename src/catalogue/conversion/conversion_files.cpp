@@ -87,17 +87,17 @@ QString ConversionFiles::swap() const {
     return old;
 }
 
-QString ConversionFiles::nameOfOld(int attempt) const {
-    return base_ + (attempt == 1 ? u"-旧.mdb"_s : u"-旧%1.mdb"_s.arg(attempt));
+QString ConversionFiles::nameOfOld() const {
+    const auto isFree = [this](const QString& name) { return !isThere(name) || isSameFile(name, catalogue_); };
+    QString name = base_ + u"-旧.mdb"_s;
+    for (int attempt = 2; !isFree(name); ++attempt) name = base_ + u"-旧%1.mdb"_s.arg(attempt);
+    return name;
 }
 
 /// A second name where the disk knows such; otherwise the old file goes out of the way.
 QString ConversionFiles::keepOld() const {
-    int attempt = 1;
-    // A kill may have come just behind the giving of the name.
-    while (isThere(nameOfOld(attempt)) && !isSameFile(nameOfOld(attempt), catalogue_)) ++attempt;
-    QString name = nameOfOld(attempt);
-    if (isThere(name)) return name;
+    QString name = nameOfOld();
+    if (isThere(name)) return name;  // a kill came behind the giving of the name
     std::error_code failed;
     std::filesystem::create_hard_link(QFileInfo(catalogue_).filesystemFilePath(), QFileInfo(name).filesystemFilePath(),
                                       failed);

@@ -12,6 +12,8 @@ class ConversionFiles {
     explicit ConversionFiles(const QString& catalogue);
 
     const QString& old() const { return catalogue_; }
+    /// The second name that it gets: a free one, unless it has it already.
+    QString nameOfOld() const;
     const QString& half() const { return half_; }
     const QString& whole() const { return whole_; }
 
@@ -30,7 +32,6 @@ class ConversionFiles {
     void resume() const;
 
   private:
-    QString nameOfOld(int attempt) const;
     QString keepOld() const;
 
     QString folder_, base_;

@@ -4,6 +4,7 @@
 #include "catalogue/conversion/table_taking.h"
 #include "catalogue/selection_buttons.h"
 #include "platform/base/error.h"
+#include "platform/database/records/reading_notes.h"
 #include "platform/picture/picture_bytes.h"
 
 #include <algorithm>
@@ -172,4 +173,17 @@ RunItem noteAbout(const QString& table, const QString& reason) {
 
 RunItem noteAbout(const QString& table, const QString& number, const QString& reason) {
     return noteAbout(u"%1 序号＝%2"_s.arg(table, number), reason);
+}
+
+std::vector<RunItem> lostParts(const Database& old) {
+    std::vector<RunItem> lost;
+    const ReadingNotes notes(old);
+    if (notes.isCatalogueDamaged()) lost.push_back(noteAbout(u"（表的目录）"_s, u"已损坏，可能还有别的表"_s));
+    for (const QString& table : notes.unreadableTables()) lost.push_back(noteAbout(table, u"整个表已损坏，不能读取"_s));
+    for (const QString& table : old.TableDefs()) {
+        const int missing = notes.missingRecords(table);
+        const QString count = missing < 0 ? u"一些"_s : u" %1 条"_s.arg(missing);
+        if (missing != 0) lost.push_back(noteAbout(table, u"有%1记录已损坏，不能读取"_s.arg(count)));
+    }
+    return lost;
 }

@@ -9,6 +9,9 @@
 /// each thing that could not be taken as it is. Throws `Error` when the new catalogue cannot be written.
 std::vector<RunItem> takeFixedTables(const Database& old, const Database& target, const std::vector<OldAlbum>& albums);
 
+/// What could not be read at all: an item for each table.
+std::vector<RunItem> lostParts(const Database& old);
+
 /// What a report says about a table, or about a record of it.
 RunItem noteAbout(const QString& table, const QString& reason);
 RunItem noteAbout(const QString& table, const QString& number, const QString& reason);

@@ -1,6 +1,7 @@
 #include "catalogue/conversion/table_taking.h"
 
 #include "platform/base/error.h"
+#include "platform/database/records/reading_notes.h"
 
 #include <algorithm>
 #include <utility>
@@ -44,6 +45,10 @@ QString shortened(const QString& text) {
     return text.size() > most ? text.left(most) + u'…' : text;
 }
 
+QString unreadable(const QString& column) {
+    return u"“%1”损坏，不能读取"_s.arg(column);
+}
+
 }  // namespace
 
 TableTaking::TableTaking(const Database& old, const QString& from, const Database& target, const QString& to)
@@ -53,6 +58,10 @@ TableTaking::TableTaking(const Database& old, const QString& from, const Databas
         if (const auto found = fieldNamed(shape, column.name))
             columns_.push_back({found->name, column.name, column.type});
     source_ = old.OpenRecordset(allRecordsSql(from));
+    // The copy numbers its records in their order. A long value that is lost is noticed when it is read.
+    for (const ReadingNotes::LostValue& lost : ReadingNotes(old).lostValues(from))
+        if (const auto column = fieldNamed(shape, lost.column); column && column->type != FieldType::longBinary)
+            lost_[int(lost.row) - 1] << lost.column;
     target_ = target.OpenRecordset(noRecordsSql(to));
 }
 
@@ -62,6 +71,7 @@ TableTaking::Taken TableTaking::take(int row, const Change& change) {
     target_.AddNew();
     try {
         for (const Column& column : columns_) takeColumn(column, change, taken);
+        for (const QString& column : lost_.value(row)) taken.odd << unreadable(column);
         target_.Update();
     } catch (...) {
         attempt([&] { target_.CancelUpdate(); });
@@ -77,7 +87,7 @@ void TableTaking::takeColumn(const Column& column, const Change& change, Taken& 
     try {
         value = from.Value();
     } catch (const Error&) {
-        taken.odd << u"“%1”损坏，不能读取"_s.arg(column.target);
+        taken.odd << unreadable(column.target);
         taken.isUnreadable = true;
         return;
     }

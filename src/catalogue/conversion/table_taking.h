@@ -41,6 +41,7 @@ class TableTaking {
 
     QString from_, to_;
     std::vector<Column> columns_;
+    QHash<int, QStringList> lost_;  ///< Columns of a row whose values could not be read.
     Recordset source_, target_;
 };
 
