@@ -99,9 +99,9 @@ std::vector<unsigned char> JetFile::longValue(Bytes inRow) const {
         size_t size = 0;
         const auto pageSize = size_t(handle_->fmt->pg_size);
         const int found = mdb_find_pg_row(handle_.get(), int(place), &page, &start, &size);
-        if (found != 0 || start < 0 || size_t(start) + size > pageSize) {
-            throw JetFailure{JetOutcome::damaged};
-        }
+        // A page that is none of data, such as one of zeros, has rows as well, by chance.
+        const bool isThere = found == 0 && *static_cast<const unsigned char*>(page) == MDB_PAGE_DATA;
+        if (!isThere || start < 0 || size_t(start) + size > pageSize) throw JetFailure{JetOutcome::damaged};
         Bytes piece(static_cast<const unsigned char*>(page) + start, size);
         if (lengthAndKind & onePiece) {
             place = 0;

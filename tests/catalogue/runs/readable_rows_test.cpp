@@ -3,6 +3,7 @@
 #include "../../support/run_all.h"
 #include "../../support/sample_catalogue.h"
 #include "catalogue/album_rules.h"
+#include "catalogue/mektp.h"
 #include "catalogue/runs/record_copy.h"
 #include "watching.h"
 
