@@ -35,7 +35,9 @@ DatabaseIntake::DatabaseIntake(const SettingsFrame& frame, GuidedFlow& flow, Bro
       chosen_(chosen),
       signs_(signs),
       sample_(frame),
-      otherTexts_(new QAction(u"文字不对？换一种编码重读"_s, this)) {
+      otherTexts_(new QAction(u"文字不对？换一种编码重读"_s, this)),
+      whole_(frame) {
+    connect(&whole_, &WholeCatalogue::over, this, [this] { giveUp(); });
     otherTexts_->setObjectName(u"mnuBm"_s);
     connect(otherTexts_, &QAction::triggered, this, guarded(frame_.form, [this] { readTextsOtherwise(); }));
     mapping_.offerForTables(otherTexts_);
@@ -101,6 +103,7 @@ void DatabaseIntake::readDatabase(const QString& path) {
         throw;
     }
     otherTexts_->setVisible(ReadingNotes(mapping_.sourceDatabase()).codePage() != 0);
+    whole_.offer(mapping_.sourceDatabase());
 }
 
 void DatabaseIntake::askAboutTexts(const QString& path) {
@@ -242,8 +245,7 @@ int DatabaseIntake::listAll() {
     const QString& field = mapping_.indexFieldName();
     QStringList keys;
     int unnamed = 0;
-    for (Recordset rows = mapping_.sourceDatabase().OpenRecordset(readable_.sql(field));
-         !rows.Eof(); rows.MoveNext()) {
+    for (Recordset rows = mapping_.sourceDatabase().OpenRecordset(readable_.sql(field)); !rows.Eof(); rows.MoveNext()) {
         const FieldValue key = rows.Fields(field).Value();
         if (key.isNull())
             ++unnamed;
@@ -264,6 +266,7 @@ void DatabaseIntake::stepBack() {
     switch (flow_.step()) {
         case 3:
             mapping_.undoDatabase();
+            whole_.offer({});
             signs_.clearSourceTable();
             break;
         case 4:
@@ -287,6 +290,7 @@ void DatabaseIntake::stepBack() {
 void DatabaseIntake::giveUp() {
     if (choosesRows_) showTarget();
     mapping_.undoDatabase();
+    whole_.offer({});
     Q_EMIT fillingOffered(false);
     mapping_.hideButtons();
     signs_.clearSource();
@@ -295,15 +299,15 @@ void DatabaseIntake::giveUp() {
 void DatabaseIntake::endRun() {
     if (choosesRows_) showTarget();
     mapping_.reset();
+    whole_.offer({});
     browser_.showFileParts(false);
 }
 
 /// Fields with the names of the album's need no memory.
 void DatabaseIntake::rememberMapping() const {
     const FieldMapping& mapping = mapping_.fieldMapping();
-    const bool isPlain = std::ranges::all_of(mapping, [](const FieldPair& pair) {
-        return pair.source.compare(pair.target, Qt::CaseInsensitive) == 0;
-    });
+    const bool isPlain = std::ranges::all_of(
+        mapping, [](const FieldPair& pair) { return pair.source.compare(pair.target, Qt::CaseInsensitive) == 0; });
     const QString& file = flow_.sourceDatabase();
     if (!isPlain || !knownSources::mapping(file, flow_.sourceTable()).empty())
         knownSources::setMapping(file, flow_.sourceTable(), isPlain ? FieldMapping() : mapping);
