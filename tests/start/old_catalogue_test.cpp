@@ -32,7 +32,13 @@ class TestOldCatalogue : public QObject {
     QByteArray old_;
 
     QString file(const QString& name) const { return sample_->file(name); }
-    QStringList files() const { return QDir(sample_->folder()).entryList(QDir::Files, QDir::Name); }
+    /// But for journals, which are empty between two changes.
+    QStringList files() const {
+        QStringList names = QDir(sample_->folder()).entryList(QDir::Files, QDir::Name);
+        names.removeIf(
+            [this](const QString& name) { return name.endsWith(u"-journal") && QFileInfo(file(name)).size() == 0; });
+        return names;
+    }
 
     void put(const QList<jet::Table>& tables) {
         old_ = jet::database(tables);
@@ -82,6 +88,7 @@ class TestOldCatalogue : public QObject {
         hand_.stop();
         chooseInBoxesWith({});
         mekTp::catalogue = {};
+        mekTp::setCataloguePath({});
         sample_.reset();
         jets_.reset();
     }
@@ -90,7 +97,7 @@ class TestOldCatalogue : public QObject {
         QVERIFY(!StartUp().isReady());
         QVERIFY2(said_.value(0).contains(u"旧版的像册") && said_[0].contains(u"lunq-旧.mdb"),
                  qPrintable(said_.value(0)));
-        QCOMPARE(files().join(u' '), u"lunq.mdb"_s);
+        QCOMPARE(files(), QStringList(u"lunq.mdb"_s));
         QCOMPARE(JetFiles::content(file(u"lunq.mdb"_s)), old_);
 
         answers_ = QStringList{u"转换"_s};
@@ -135,6 +142,7 @@ class TestOldCatalogue : public QObject {
     }
 
     void folderWithoutRightsIsTold() {
+        QVERIFY(QFile::setPermissions(jets_->scratch.path(), QFile::Permissions(0x7777)));
         QVERIFY(QFile::setPermissions(sample_->folder(), QFile::Permissions(0x5555)));
         {
             const PlainUser user;
