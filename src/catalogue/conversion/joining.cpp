@@ -91,8 +91,10 @@ class Joining {
     /// Albums and buttons, in one change.
     void prepare() {
         Transaction together(ours_);
-        for (const OldAlbum& album : oldAlbums(old_, ours_.TableDefs()))
-            if (!album.table.isEmpty() && !isDemo(album.table)) makeAlbum(album);
+        std::vector<OldAlbum> albums = oldAlbums(old_);
+        std::erase_if(albums, [](const OldAlbum& album) { return album.table.isEmpty() || isDemo(album.table); });
+        nameAlbums(albums, ours_.TableDefs());
+        for (const OldAlbum& album : albums) makeAlbum(album);
         for (const OldButton& button : oldButtons(old_)) takeButton(button);
         together.commit();
     }

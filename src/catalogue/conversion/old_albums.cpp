@@ -88,13 +88,19 @@ bool isOldCatalogue(const Database& database) {
     return std::ranges::any_of(tables, [&](const QString& table) { return looksLikeAlbum(database, table); });
 }
 
-std::vector<OldAlbum> oldAlbums(const Database& old, QStringList taken) {
+std::vector<OldAlbum> oldAlbums(const Database& old) {
     std::vector<OldAlbum> albums = listedAlbums(old);
     for (const QString& table : old.TableDefs()) {
         if (listedTables(albums).contains(table, Qt::CaseInsensitive) || !looksLikeAlbum(old, table)) continue;
         albums.push_back(
             {table, {}, {}, isDemo(table) ? u"演示"_s : table + u"（未列出）"_s, u"原来的图册目录中没有列出"_s, false});
     }
+    nameAlbums(albums, {});
+    return albums;
+}
+
+void nameAlbums(std::vector<OldAlbum>& albums, QStringList taken) {
+    for (OldAlbum& album : albums) album.name.clear();
     const auto take = [&](OldAlbum& album, const QString& name) {
         album.name = name;
         taken << name;
@@ -106,5 +112,4 @@ std::vector<OldAlbum> oldAlbums(const Database& old, QStringList taken) {
             take(album, ownName(album));
     for (OldAlbum& album : albums)
         if (album.name.isEmpty()) take(album, freeAlbumName(taken));
-    return albums;
 }

@@ -19,9 +19,11 @@ struct OldAlbum {
 /// Whether a database of another format is a catalogue of albums: it has a directory of them, or an album.
 bool isOldCatalogue(const Database& database);
 
-/// All albums: those of the directory in its order, and then those that it does not list. Names that are no table names
-/// of ours are replaced by free ones, which are none of `taken`.
-std::vector<OldAlbum> oldAlbums(const Database& old, QStringList taken = {});
+/// All albums: those of the directory in its order, and then those that it does not list. They have their names.
+std::vector<OldAlbum> oldAlbums(const Database& old);
+
+/// Gives them their names: their own, or free ones in place of those that are no table names of ours, or are `taken`.
+void nameAlbums(std::vector<OldAlbum>& albums, QStringList taken);
 
 /// The table by its name in either case; empty when there is none.
 QString tableNamed(const Database& database, const QString& name);
