@@ -95,6 +95,7 @@ class TestWholeCatalogue : public QObject {
             QVERIFY2(buttonsWithCode(catalogue, code).Fields(u"图册"_s).Value().textOr().endsWith(albums),
                      qPrintable(code));
         QVERIFY(window_->get<QComboBox>(u"cboBm"_s).findText(u"tc05 生日"_s) >= 0);
+        QVERIFY(window_->get<QComboBox>(u"cboBm"_s).currentText().startsWith(u"tc02"_s));
         QVERIFY(!window_->shown(u"cmdZx"_s));
         QCOMPARE(JetFiles::content(window_->path(u"旧像册.mdb"_s)), old_);
     }

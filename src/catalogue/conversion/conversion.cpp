@@ -69,7 +69,7 @@ class Conversion {
             const auto rows = [](const Database& database, const QString& name) {
                 return database.OpenRecordset(allRecordsSql(name)).rowCount();
             };
-            if (!old.isEmpty() && rows(old_, old) == rows(target_, table)) pairs.push_back({old, table});
+            if (!old.isEmpty() && rows(old_, old) == rows(target_, table)) pairs.push_back({old, table, false});
         }
         for (const TakenAlbum& album : taken_) pairs.push_back({album.table, album.album});
         Verification verification(again, target_, pairs);

@@ -52,7 +52,7 @@ bool Verification::compare(const TablePair& pair, RunWatch& watch) {
     for (int row = 0; row < rows && difference_.isEmpty();) {
         Transaction kept(target_);
         for (const int end = std::min(row + rowsInAChange, rows); row < end && difference_.isEmpty(); ++row) {
-            difference_ = differenceAt(old, target, row);
+            difference_ = differenceAt(old, target, row, pair.isAlbum);
             if (!difference_.isEmpty())
                 difference_ = u"表 %1 第 %2 条记录的图片%3"_s.arg(pair.target).arg(row + 1).arg(difference_);
             ++progress_.done;
@@ -65,7 +65,7 @@ bool Verification::compare(const TablePair& pair, RunWatch& watch) {
     return true;
 }
 
-QString Verification::differenceAt(const Recordset& old, const Recordset& target, int row) {
+QString Verification::differenceAt(const Recordset& old, const Recordset& target, int row, bool isAlbum) {
     const StoredValue stored = target.storedAt(row, picture);
     const Fingerprint expected = printAt(old, row);
     if (stored.isNull() != expected.sha256.isEmpty()) return u"与原来的不同"_s;
@@ -73,6 +73,6 @@ QString Verification::differenceAt(const Recordset& old, const Recordset& target
     progress_.bytes += stored.size();
     if (fingerprintOf(stored) != expected) return u"与原来的不同"_s;
     PictureHashes(target_).note(stored, expected);
-    ++verified_;
+    verified_ += isAlbum ? 1 : 0;
     return {};
 }

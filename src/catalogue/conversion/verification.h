@@ -10,6 +10,7 @@
 struct TablePair {
     QString old;
     QString target;
+    bool isAlbum = true;
 };
 
 /// Reads everything in the column 图片 of some tables back from a new catalogue, and compares it with a second reading
@@ -22,13 +23,13 @@ class Verification {
     /// Tells the watch how far it is, from `begun` percent on; false when that ends it.
     bool run(RunWatch& watch, int begun);
 
-    int verified() const { return verified_; }  ///< Pictures.
+    int verified() const { return verified_; }  ///< Pictures of albums.
     /// The first difference; empty when there is none.
     const QString& difference() const { return difference_; }
 
   private:
     bool compare(const TablePair& pair, RunWatch& watch);
-    QString differenceAt(const Recordset& old, const Recordset& target, int row);
+    QString differenceAt(const Recordset& old, const Recordset& target, int row, bool isAlbum);
 
     const Database& secondReading_;
     const Database& target_;

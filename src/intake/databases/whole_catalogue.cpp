@@ -1,10 +1,13 @@
 #include "intake/databases/whole_catalogue.h"
 
+#include "catalogue/album_directory.h"
+#include "catalogue/album_rules.h"
 #include "catalogue/conversion/joining.h"
 #include "catalogue/conversion/old_albums.h"
 #include "catalogue/mektp.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
+#include "settings/frame/columns.h"
 
 #include <QPushButton>
 
@@ -29,6 +32,7 @@ WholeCatalogue::WholeCatalogue(const SettingsFrame& frame)
     : frame_(frame), cmdZx(make<QPushButton>(frame.sstFz->page(intakeTab), u"cmdZx"_s, u"转换整个像册"_s)) {
     cmdZx->setToolTip(u"把旧像册的全部图册和按钮加入现在的像册"_s);
     frame_.sstFz->putOn(intakeTab, cmdZx, buttonPlace.x(), buttonPlace.y(), buttonPlace.width(), buttonPlace.height());
+    letGrow(cmdZx, movesRight * intakeShare + movesDown * 0.5);
     cmdZx->hide();
     connect(cmdZx, &QPushButton::clicked, this, guarded(frame_.form, [this] { join(); }));
 }
@@ -43,6 +47,8 @@ void WholeCatalogue::offer(const Database& source) {
 void WholeCatalogue::join() {
     bool newCodes = true;
     if (!mayBegin(newCodes)) return;
+    before_.clear();
+    for (const Album& album : allAlbums(mekTp::catalogue)) before_ << album.table;
     const JoinOrder order{source_.Name(), mekTp::cataloguePath(), newCodes};
     frame_.runBar.start(
         {.at = barPlace}, words, [order](RunWatch& watch) { return joinCatalogue(order, watch); },
@@ -50,7 +56,8 @@ void WholeCatalogue::join() {
 }
 
 bool WholeCatalogue::mayBegin(bool& newCodes) const {
-    const std::vector<OldAlbum> albums = oldAlbums(source_);
+    std::vector<OldAlbum> albums = oldAlbums(source_);
+    std::erase_if(albums, [](const OldAlbum& album) { return album.table.isEmpty() || isDemo(album.table); });
     const bool begins = ask(frame_.form,
                             u"把“%1”的全部图册（%2 册）和按钮加入现在的像册吗？\n\n图册会得到空余的表名，"
                             "原来的文件不改动。\n\n如果是，按“确定”；否则按“取消”。"_s.arg(source_.Name())
@@ -68,7 +75,8 @@ bool WholeCatalogue::mayBegin(bool& newCodes) const {
 }
 
 void WholeCatalogue::finish(const RunReport& report) {
-    frame_.albums.fill();
+    for (const Album& album : allAlbums(mekTp::catalogue))
+        if (!before_.contains(album.table)) frame_.albums.addLine(albumLine(album.table, album.title));
     Q_EMIT over();
     say(frame_.form, u"转换完成！  %1。"_s.arg(outcomeText(report, words)), BoxIcon::information);
     frame_.runBar.tellReport(report, words, nullptr);

@@ -29,5 +29,6 @@ class WholeCatalogue : public QObject {
 
     SettingsFrame frame_;
     Database source_;
-    QPushButton* cmdZx;  ///< Takes in all albums.
+    QStringList before_;  ///< Albums before the run.
+    QPushButton* cmdZx;   ///< Takes in all albums.
 };
