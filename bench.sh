@@ -6,7 +6,7 @@ set -euo pipefail
 cd -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")"
 . tools/setup.sh
 
-install_packages "${required_packages[@]}"
+install_packages "${required_packages[@]}" "${bench_packages[@]}"
 build_preset release benchmarks lunq >&2
 export QT_QPA_PLATFORM=offscreen
 

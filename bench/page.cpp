@@ -1,4 +1,5 @@
-// Times the pages of the main window: 36 photographs of 12 megapixels to a page. Run by hand: bench_page [rounds]
+// Times the pages of the main window: 36 photographs of 12 megapixels to a page. Run by
+// hand: bench_page [rounds] [gigabytes of the album that comes from the disk]
 
 #include "../tests/platform/picture/picture_samples.h"
 #include "filling.h"
@@ -25,8 +26,6 @@ constexpr double oneFrame = 33;
 // The album's pages, counted from 1. The first two are decoded ahead as soon as the window rests.
 constexpr int pages = 6;
 constexpr int cameraPage = 3, baselinePage = 4, progressivePage = 5, wideColoursPage = 6;
-// Of the album that comes from the disk.
-constexpr int firstColdPage = 4;
 constexpr qsizetype largeBytes = 3'700'000;
 
 struct Photographs {
@@ -123,8 +122,10 @@ void cat(const QStringList& files) {
     }
 }
 
-/// Pages that come from the disk: photographs of 3.7 MB, beside files of the same size.
-void timeColdPages(int rounds, const Photographs& photographs) {
+/// Pages that come from the disk: photographs of 3.7 MB, beside files of the same size. They are the last ones of an
+/// album that is so large.
+void timeColdPages(int rounds, double gigabytes, const Photographs& photographs) {
+    const int firstColdPage = std::max(4, int(gigabytes * 1e9 / double(largeBytes * cells)) + 1 - rounds);
     const auto large = [&](int row) {
         QByteArray bytes = photographs.camera[size_t(row % scenes)];
         return bytes.append(QByteArray(std::max<qsizetype>(0, largeBytes - bytes.size()), 'x'));
@@ -165,6 +166,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     applyLook(application);
     const int rounds = argc > 1 ? std::max(1, std::atoi(argv[1])) : 5;
+    const double gigabytes = argc > 2 ? std::atof(argv[2]) : 11;
     const SampleCatalogue catalogue;
     const Photographs photographs;
     mekTp::catalogue.Execute(u"DELETE FROM [tc01]"_s);
@@ -196,5 +198,5 @@ int main(int argc, char** argv) {
                 .peer = "the same photographs without a profile",
                 .peerMeasured = baseline,
                 .timesPeer = 1.1});
-    timeColdPages(rounds, photographs);
+    timeColdPages(rounds, gigabytes, photographs);
 }

@@ -6,15 +6,8 @@
 set -eu
 shipped=$(dirname -- "$(readlink -f -- "$0")")/../lib/lunq
 album=$HOME/览忆集苑
-
-tell() {
-    printf '%s\n' "$1" >&2
-    if command -v zenity >/dev/null; then
-        zenity --error --no-markup --text="$1" || true
-    elif command -v kdialog >/dev/null; then
-        kdialog --error "$1" || true
-    fi
-}
+# shellcheck source=packaging/start.sh
+. "$shipped/start.sh"
 
 # Each file gets its name when it is whole. A running copy of the program keeps the files that it has open.
 bring() {
@@ -35,7 +28,7 @@ if ! mkdir -p -- "$album"; then
     exit 1
 fi
 complete=yes
-for file in lunq-jet lunq-backup lunq-heif lunq-tiff lunq-webp s1.ico lunq; do
+for file in lunq-jet lunq-backup lunq-heif lunq-tiff lunq-webp lunq-cli s1.ico start.sh lunq; do
     bring "$file" || complete=no
 done
 offer_fresh || complete=no
@@ -46,4 +39,4 @@ if [ ! -x "$album/lunq" ]; then
 elif [ "$complete" = no ]; then
     tell "文件夹“${album}”不能写入，没有换成新的版本。"
 fi
-exec "$album/lunq"
+start_program "$album"

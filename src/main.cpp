@@ -2,9 +2,11 @@
 #include "catalogue/open_check.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/message_box.h"
+#include "platform/desktop/toolkit_texts.h"
 #include "start/damage_notice.h"
 #include "start/hash_keeping.h"
 #include "start/program.h"
+#include "start/start_failure.h"
 #include "start/start_up.h"
 
 #include <QApplication>
@@ -27,15 +29,18 @@ void tellDamage(FileCheck::Outcome outcome) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    std::optional<StartFailureWords> words(std::in_place);
     QApplication application(argc, argv);
+    words.reset();
     QApplication::setApplicationName(u"lunq"_s);
     QApplication::setApplicationVersion(QString::fromLatin1(LUNQ_VERSION));
     QApplication::setDesktopFileName(u"org.lunq.album"_s);
     QApplication::setWindowIcon(QIcon(u":/icons/lunq.svg"_s));
 
     QTranslator chinese;  // the texts of the toolkit's own dialogs
-    if (chinese.load(u"qtbase_zh_CN"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QApplication::installTranslator(&chinese);
+    ToolkitTexts mostTexts;
+    const bool isChinese = chinese.load(u"qtbase_zh_CN"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    QApplication::installTranslator(isChinese ? &chinese : &mostTexts);
     applyLook(application);
 
     StartUp startUp;

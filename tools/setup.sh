@@ -19,6 +19,8 @@ optional_packages=(qt6-translations-l10n qt6-wayland)
 test_packages=(desktop-file-utils appstream)
 # The checks of .ci/run need these too. Layout, findings and warnings differ between versions, so the version is fixed.
 check_packages=(clang-format-14 clang-tidy-14 clang-14 libclang-rt-14-dev llvm-14 shellcheck git)
+# ./bench.sh measures the album beside these.
+bench_packages=(libheif-examples libjpeg-turbo-progs)
 # The fuzz targets are built with these: the fuzzer and its sanitizers come with this compiler.
 fuzz_packages=(clang-14 libclang-rt-14-dev llvm-14)
 

@@ -10,13 +10,13 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-Picture decoded(const DecodingThreads::Job& job) {
-    Picture picture;
+DecodingThreads::Result done(const DecodingThreads::Job& job) {
+    DecodingThreads::Result result{job.ticket, {}, job.decoded};
     attempt([&] {
-        const Picture stored = LoadPicture(job.bytes, u"picture"_s, job.target, Colours::ofFile);
-        picture = inScreenColours(shrunkTo(stored, job.target));
+        if (result.decoded.isNull()) result.decoded = LoadPicture(job.bytes, u"picture"_s, job.target, Colours::ofFile);
+        result.picture = inScreenColours(shrunkTo(result.decoded, job.target));
     });
-    return picture;
+    return result;
 }
 
 }  // namespace
@@ -65,10 +65,10 @@ void DecodingThreads::work(const std::stop_token& stop) {
         const Job job = std::move(jobs_.front());
         jobs_.pop_front();
         lock.unlock();
-        Picture picture = decoded(job);
+        Result result = done(job);
         lock.lock();
         const bool isFirst = results_.empty();
-        results_.push_back({job.ticket, std::move(picture)});
+        results_.push_back(std::move(result));
         resultReady_.notify_one();
         if (isFirst) notify_();
     }

@@ -21,11 +21,13 @@ class DecodingThreads {
         quint64 ticket;
         QByteArray bytes;
         QSize target;
+        Picture decoded = {};  ///< In the colours of the file; where there is one, the bytes are not read.
     };
-    /// A null picture where the bytes are none.
+    /// Null pictures where the bytes are none.
     struct Result {
         quint64 ticket;
         Picture picture;
+        Picture decoded;  ///< From which it was made.
     };
 
     /// `notify` is called in one of the threads when there is something to take.

@@ -18,7 +18,8 @@ size_t qHash(const PictureRequest& request, size_t seed = 0) noexcept;
 
 /// Decodes stored pictures in the background and keeps as many as it has room for; the one that was not used for the
 /// longest time goes first. A changed record holds another value, so a kept picture is never out of date. The database
-/// is read in the object's own thread, a picture at a time, when a decoding thread is free.
+/// is read in the object's own thread, a picture at a time, when a decoding thread is free. Small pictures are kept as
+/// they were decoded, too: at another size, as when the window is resized, they are only scaled.
 class PictureLoader : public QObject {
     Q_OBJECT
 
@@ -48,6 +49,8 @@ class PictureLoader : public QObject {
         qint64 bytes;  ///< Of the coded picture.
     };
     bool hasRoomForWork() const;
+    const Picture* decodedFor(const PictureRequest& request) const;
+    void keep(const PictureRequest& request, const DecodingThreads::Result& result);
     Work finish(quint64 ticket);
 
     std::deque<PictureRequest> wanted_;
@@ -55,5 +58,6 @@ class PictureLoader : public QObject {
     qint64 bytesInWork_ = 0;
     quint64 lastTicket_ = 0;
     QCache<PictureRequest, Picture> kept_;
+    QCache<StoredValue, Picture> decoded_;
     DecodingThreads threads_;  ///< Last: they end first.
 };

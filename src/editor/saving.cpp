@@ -119,9 +119,11 @@ void Saving::storeInFile(const Order& order, const QString& path) {
         savePictureBytes(made(order).bytes, path);
         return;
     }
-    const bool losesTags = order.turn || !PictureTags(photograph()).isEmpty();
+    const bool losesTags = !PictureTags(photograph()).isEmpty();
     SavePicture(order.picture, path, document_.profile());
-    if (losesTags) way_ = u"已存成 BMP：照片的拍摄资料没有写入。"_s;
+    way_ = losesTags    ? u"已存成 BMP：照片的拍摄资料没有写入。"_s
+           : order.turn ? u"已存成 BMP：无损保存只用于 JPG。"_s
+                        : QString();
 }
 
 PhotographFile Saving::made(const Order& order) {

@@ -1,17 +1,21 @@
 #include "help/frm_gy.h"
 
+#include "help/text_page.h"
 #include "platform/base/error.h"
 #include "platform/base/processes.h"
+#include "platform/desktop/failure_list.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/theme.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
 #include <QPushButton>
+#include <QSysInfo>
 #include <QVBoxLayout>
 
 using namespace Qt::Literals::StringLiterals;
@@ -50,6 +54,8 @@ frmGy::frmGy(QWidget* parent)
     auto* licences =
         line(this, u"lblXk"_s,
              u"使用的部件及其许可：Qt 6（LGPL 3）、SQLite（公有领域）、SQLiteCpp（MIT）、libjpeg-turbo（IJG 与 BSD）、"
+             "Little CMS（MIT）、Exiv2（GPL 2 或更新）、libheif（LGPL "
+             "3）、libtiff（libtiff）、libwebp（BSD）、zlib（zlib）、"
              "OpenSSL（Apache 2.0）、libmdb 与 GLib（LGPL 2.1）。"_s,
              11);
     QPalette muted = licences->palette();
@@ -60,9 +66,6 @@ frmGy::frmGy(QWidget* parent)
     QPalette thin = rule->palette();
     thin.setColor(QPalette::WindowText, theme::worn().line);
     rule->setPalette(thin);
-    auto* tools = make<QPushButton>(this, u"cmdXt"_s, u"系统信息(&S)"_s);
-    auto* ok = make<QPushButton>(this, u"cmdQd"_s, u"确定"_s);
-    ok->setDefault(true);
 
     auto* texts = new QVBoxLayout;
     texts->setSpacing(8);
@@ -74,22 +77,52 @@ frmGy::frmGy(QWidget* parent)
     top->setSpacing(20);
     top->addWidget(icon);
     top->addLayout(texts, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(tools);
-    buttons->addStretch();
-    buttons->addWidget(ok);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(24, 24, 24, 16);
     all->setSpacing(14);
     all->addLayout(top);
     all->addStretch();
     all->addWidget(rule);
-    all->addLayout(buttons);
-    setFixedSize(440, 280);
-    ok->setFocus();
+    all->addLayout(makeButtons());
+    setFixedSize(440, 344);
+}
 
+QBoxLayout* frmGy::makeButtons() {
+    auto* tools = make<QPushButton>(this, u"cmdXt"_s, u"系统信息(&S)"_s);
+    auto* changes = make<QPushButton>(this, u"cmdGx"_s, u"更新记录(&G)"_s);
+    auto* failures = make<QPushButton>(this, u"cmdGz"_s, u"故障记录(&Z)"_s);
+    auto* ok = make<QPushButton>(this, u"cmdQd"_s, u"确定"_s);
+    auto* buttons = new QHBoxLayout;
+    for (QWidget* button : {tools, changes, failures}) buttons->addWidget(button);
+    buttons->addStretch();
+    buttons->addWidget(ok);
+    ok->setDefault(true);
+    ok->setFocus();
     connect(tools, &QPushButton::clicked, this, guarded(this, [this] { showSystemInformation(); }));
+    connect(changes, &QPushButton::clicked, this, guarded(this, [this] { showChanges(); }));
+    connect(failures, &QPushButton::clicked, this, guarded(this, [this] { showFailures(); }));
     connect(ok, &QPushButton::clicked, this, &QWidget::close);
+    return buttons;
+}
+
+void frmGy::showChanges() {
+    QFile changes(u":/catalogue/CHANGELOG.md"_s);
+    if (!changes.open(QIODevice::ReadOnly)) throw Error(u"程序中缺少更新记录。"_s);
+    auto* page = new TextPage(u"更新记录"_s, this);
+    page->showMarkdown(QString::fromUtf8(changes.readAll()));
+    page->show();
+}
+
+/// With what somebody needs to look into them.
+void frmGy::showFailures() {
+    QStringList lines{u"览忆集苑 %1，%2，Qt %3"_s.arg(QCoreApplication::applicationVersion(),
+                                                      QSysInfo::prettyProductName(), QString::fromLatin1(qVersion()))};
+    const auto failures = lastFailures();
+    if (failures.empty()) lines << u"这次启动以后没有故障。"_s;
+    for (const auto& [when, what] : failures) lines << when.toString(u"yyyy-MM-dd hh:mm:ss"_s) + u"  "_s + what;
+    auto* page = new TextPage(u"故障记录"_s, this);
+    page->showText(lines.join(u'\n'));
+    page->show();
 }
 
 void frmGy::showSystemInformation() {

@@ -2,8 +2,10 @@
 
 #include <QDialog>
 
-/// The about box: what the program is, its version, and a way to the system-information tool of the desktop. Touches no
-/// catalogue.
+class QBoxLayout;
+
+/// The about box: what the program is, its version and what is new in it, the last failures of this run, and a way to
+/// the system-information tool of the desktop. Touches no catalogue.
 class frmGy : public QDialog {
     Q_OBJECT
 
@@ -14,6 +16,9 @@ class frmGy : public QDialog {
     void setTools(const QStringList& commands) { tools_ = commands; }
 
   private:
+    QBoxLayout* makeButtons();
     void showSystemInformation();
+    void showChanges();
+    void showFailures();
     QStringList tools_;
 };

@@ -1,10 +1,12 @@
 #include "start/program.h"
 
+#include "catalogue/mektp.h"
 #include "colours/frm_ps.h"
 #include "editor/document/undo_steps.h"
 #include "editor/frm_cl.h"
 #include "help/frm_bz.h"
 #include "help/frm_gy.h"
+#include "help/shipped_manual.h"
 #include "platform/base/error.h"
 #include "start/settings_window.h"
 #include "viewer/frm_tp.h"
@@ -20,6 +22,7 @@ Program::~Program() {
 void Program::start() {
     show(WindowKind::viewer);
     attempt([] { emptyUndoSteps(); });
+    attempt([] { renewManual(mekTp::catalogue, shippedManual()); });
 }
 
 QWidget* Program::makeWindow(WindowKind window) {
@@ -43,6 +46,12 @@ QWidget* Program::makeWindow(WindowKind window) {
 void Program::handOver(WindowKind from, WindowKind to) {
     bring(to, windows_[from]);
     unload(from);
+}
+
+void Program::takeIn(const QString& table, const PictureOffer& offer) {
+    handOver(WindowKind::viewer, WindowKind::settings);
+    auto* settings = qobject_cast<frmSz*>(windows_[WindowKind::settings].data());
+    if (settings != nullptr) settings->takeIn(table, offer);
 }
 
 void Program::show(WindowKind window) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "start/help_key.h"
 #include "windows/windows.h"
 
 #include <QPointer>
@@ -18,6 +19,7 @@ class Program : public Windows {
     void start();
 
     void handOver(WindowKind from, WindowKind to) override;
+    void takeIn(const QString& table, const PictureOffer& offer) override;
     void show(WindowKind window) override;
     void unload(WindowKind window) override;
     void coloursChanged() override;
@@ -35,4 +37,5 @@ class Program : public Windows {
     void tellMainWindow();
 
     std::map<WindowKind, QPointer<QWidget>> windows_;
+    HelpKey helpKey_{*this};
 };

@@ -9,6 +9,7 @@
 #include "platform/desktop/theme.h"
 #include "viewer/clock.h"
 #include "viewer/window_layout.h"
+#include "windows/picture_offer.h"
 
 #include <QMenuBar>
 
@@ -99,6 +100,10 @@ void frmTp::buildMenus() {
 }
 
 void frmTp::connectControls() {
+    connect(new OfferTaker(this), &OfferTaker::offered, this, guarded(this, [this](const PictureOffer& offer) {
+                leaveColoursOnTrial();
+                windows_.takeIn(albumIsOpen_ ? mekTp::currentTable : QString(), offer);
+            }));
     connect(mnuBs, &QAction::triggered, this, guarded(this, [this](bool on) { keepTitleStill(on); }));
     connect(tmr1, &QTimer::timeout, this, guarded(this, [this] { tick(); }));
     const ToolStrip* strip = strip_.get();
@@ -259,8 +264,13 @@ void frmTp::listNumberConditions(const QWidget* box) {
 
 // --------------------------------------------------------------------------------------------------- other windows
 
+/// They end with this window: the next one cannot take them back.
+void frmTp::leaveColoursOnTrial() {
+    if (coloursAreOpen_) applyColours();
+}
+
 void frmTp::goTo(WindowKind window) {
-    if (coloursAreOpen_) applyColours();  // colours on trial end with this window: the next one cannot take them back
+    leaveColoursOnTrial();
     windows_.handOver(WindowKind::viewer, window);
 }
 

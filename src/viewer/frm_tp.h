@@ -78,6 +78,7 @@ class frmTp : public QMainWindow {
     void listColumns(const QWidget* box);
     void listNumberConditions(const QWidget* box);
     void toggle(WindowKind window, bool isOpen);
+    void leaveColoursOnTrial();
     void goTo(WindowKind window);
     /// A small dialog takes the focus as it comes. When it goes, the form gets it: in a box of the tool bar keys would
     /// write.

@@ -13,8 +13,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 constexpr QSize placeWithoutPicture(640, 480);
 constexpr double keyTimes = 1.2;
-// Cameras and programs write what they know before the pixels.
-constexpr qint64 factsReach = 5 << 20;
 const QString noSize = u" 的图片没有可用的规格。"_s;
 }  // namespace
 

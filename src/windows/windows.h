@@ -6,6 +6,7 @@
 enum class WindowKind { viewer, settings, editor, colours, help, about };
 
 struct ColourScheme;
+struct PictureOffer;
 
 /// How a window asks for another one without including it. The program has one object of this kind; every window gets a
 /// reference that outlives it.
@@ -15,6 +16,10 @@ class Windows {
 
     /// Shows `to`, and unloads `from` once the calling handler has returned: only one large window is open at a time.
     virtual void handOver(WindowKind from, WindowKind to) = 0;
+
+    /// Hands over from the main window to the settings window, which takes the pictures in: for the album of a table, or
+    /// for one that is chosen there when it is empty.
+    virtual void takeIn(const QString& table, const PictureOffer& offer) = 0;
 
     /// Brings a window to the front, and makes it if it is not there. While another large window is open, asking for
     /// the main window brings that one to the front.

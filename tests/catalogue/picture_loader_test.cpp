@@ -119,6 +119,24 @@ class TestPictureLoader : public QObject {
         QVERIFY(loader.kept(loaded.requests.back()));
     }
 
+    /// The value is gone meanwhile: what comes has not been read once more.
+    void atAnotherSizeASmallPictureIsOnlyScaled() {
+        changeRow(u"tc01"_s, {{u"图片"_s, pictureBytes({400, 300}, Qt::red)}});
+        PictureLoader loader;
+        const Loaded loaded(loader);
+        const PictureRequest first = requestsOf(u"tc01"_s)[0];
+        loader.want({first});
+        QTRY_COMPARE(loaded.pictures.size(), size_t(1));
+        mekTp::catalogue.Execute(u"DELETE FROM tc01 WHERE 序号 = 1"_s);
+        for (const auto& [size, comes] :
+             {std::pair{QSize(40, 30), true}, {QSize(12, 9), true}, {QSize(80, 60), false}}) {
+            loader.want({{first.value, size}});
+            QTRY_VERIFY(loader.isIdle());
+            QCOMPARE(loaded.requests.back().target, size);
+            QCOMPARE(loaded.pictures.back().image().size(), comes ? size : QSize(0, 0));
+        }
+    }
+
     void workThatIsNotWantedAnyMoreIsDropped() {
         changeRow(u"tc01"_s, {{u"图片"_s, pictureBytes({4000, 3000}, Qt::red)}});
         const auto album = requestsOf(u"tc01"_s);

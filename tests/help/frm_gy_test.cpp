@@ -2,8 +2,12 @@
 
 #include "../support/found.h"
 #include "../support/run_all.h"
+#include "help/text_page.h"
+#include "platform/base/error.h"
 #include "platform/desktop/message_box.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QtTest/QtTest>
@@ -44,8 +48,31 @@ class TestAboutBox : public QObject {
         const frmGy box;
         QVERIFY(found<QLabel>(&box, u"lblBb"_s)->text().contains(u"7.8.9"));
         const QString licences = found<QLabel>(&box, u"lblXk"_s)->text();
-        for (const QString& library : {u"Qt"_s, u"SQLite"_s, u"SQLiteCpp"_s, u"libjpeg"_s, u"OpenSSL"_s, u"libmdb"_s})
+        for (const QString& library :
+             {u"Qt"_s, u"SQLite"_s, u"SQLiteCpp"_s, u"libjpeg"_s, u"OpenSSL"_s, u"libmdb"_s, u"Exiv2（GPL"_s})
             QVERIFY2(licences.contains(library), qUtf8Printable(library));
+    }
+
+    void showsWhatIsNewAndTheLastFailures() {
+        answerBoxesWith([](const BoxText&) { return true; });
+        for (int i = 1; i <= 12; ++i)
+            runHandler(nullptr, [i] { throw Error(u"图片文件“/a/%1.jpg”不能读取。\n\n请再试一次。"_s.arg(i)); });
+        runHandler(nullptr, [] { throw Error(u"列“备注”不能存入“我的秘密”：太长。"_s); });
+        answerBoxesWith({});
+        frmGy box;
+        box.show();
+        const auto textAfter = [&box](const QString& button) {
+            QTest::mouseClick(found<QPushButton>(&box, button), Qt::LeftButton);
+            auto* page = box.findChild<TextPage*>();
+            QTest::mouseClick(found<QPushButton>(page, u"cmdFz"_s), Qt::LeftButton);
+            delete page;
+            return QGuiApplication::clipboard()->text();
+        };
+        QVERIFY(textAfter(u"cmdGx"_s).contains(u"1.0.0"));
+        const QStringList failures = textAfter(u"cmdGz"_s).split(u'\n');
+        QCOMPARE(failures.size(), 1 + 10);
+        QVERIFY2(failures[1].endsWith(u"列“备注”不能存入“…”：太长。"), qPrintable(failures[1]));
+        QVERIFY2(failures[2].endsWith(u"图片文件“/a/12.jpg”不能读取。"), qPrintable(failures[2]));
     }
 
     void keys() {

@@ -32,6 +32,7 @@ class HelpWindow : public Windows {
         setProgramFolder({});
     }
     void handOver(WindowKind, WindowKind) override {}
+    void takeIn(const QString&, const PictureOffer&) override {}
     void show(WindowKind window) override {
         asked << (window == WindowKind::viewer ? QStringLiteral("show") : QStringLiteral("wrong"));
     }

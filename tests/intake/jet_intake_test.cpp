@@ -85,7 +85,8 @@ class TestJetIntake : public QObject {
         const auto& sample = window.get<QTableWidget>(u"grdYl"_s);
         QCOMPARE(sample.horizontalHeaderItem(1)->text(), u"日付"_s);
         QCOMPARE(sample.item(1, 0)->text(), u"2"_s);
-        QCOMPARE(sample.item(1, 2)->data(Qt::DecorationRole).value<QImage>().pixelColor(3, 3), QColor(Qt::darkGreen));
+        const QColor shown = sample.item(1, 2)->data(Qt::DecorationRole).value<QImage>().pixelColor(3, 3);
+        QVERIFY(shown.green() > 120 && shown.red() < 10 && shown.blue() < 10);
         QVERIFY(sample.item(0, 2)->data(Qt::DecorationRole).isNull());
 
         // The date is not wanted.
@@ -125,21 +126,23 @@ class TestJetIntake : public QObject {
         file.write(jet::database({{u"t"_s, {{u"a"_s, jet::Type::text, 20}}, {{rare}, {usual}}}},
                                  {.version = jet::Version::jet3, .codePage = 1252}));
         file.close();
-        const auto firstText = [&] {
-            return OpenDatabase(file.fileName()).OpenRecordset(u"SELECT a FROM t ORDER BY a"_s).Fields(0).Value().toText();
+        const auto isChinese = [&] {
+            const Recordset texts = OpenDatabase(file.fileName()).OpenRecordset(u"t"_s);
+            return texts.Fields(u"a"_s).Value().toText().front() > QChar(0x3000);
         };
         window.chooseFile(u"tc02"_s, 1);
         for (const bool isFirst : {true, false}) {
             window.clickFile(u"旧.mdb"_s);
-            const auto asked = std::ranges::find_if(
-                window.boxes, [](const BoxText& box) { return box.answers == QStringList{u"中文"_s, u"西文"_s}; });
+            const auto asked = std::ranges::find_if(window.boxes, [](const BoxText& box) {
+                return box.answers == QStringList{u"中文"_s, u"西文"_s};
+            });
             QCOMPARE(asked != window.boxes.end(), isFirst);
             if (isFirst) QVERIFY(asked->text.contains(u"编码"_s) && asked->text.contains(u"±àÂë"_s));
-            QVERIFY(firstText() == u"编码"_s || firstText() == QString::fromUtf8("旉旉") || firstText().front() > QChar(0x3000));
+            QVERIFY(isChinese());
             window.said();
         }
         window.get<QAction>(u"mnuBm"_s).trigger();
-        QVERIFY(firstText().contains(u'±') || firstText().contains(u'”'));
+        QVERIFY(!isChinese());
     }
 
     /// A damaged table is marked; what it still has comes in after one question, and the report names what is lost.

@@ -13,7 +13,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-
 SourceField field(const QString& name, FieldType type, bool pictures = false, bool counts = false) {
     return {{name, type, type == FieldType::text ? 50 : 4}, pictures, counts};
 }
@@ -36,28 +35,37 @@ class TestMappingProposal : public QObject {
         QTest::addColumn<QString>("mapping");
         using Fields = std::vector<SourceField>;
         QTest::newRow("names of an album, turned round")
-            << Fields{field(u"备注"_s, FieldType::text), field(u"图片"_s, FieldType::longBinary), field(u"extra"_s, FieldType::text), field(u"序号"_s, FieldType::longInteger)}
+            << Fields{field(u"备注"_s, FieldType::text), field(u"图片"_s, FieldType::longBinary),
+                      field(u"extra"_s, FieldType::text), field(u"序号"_s, FieldType::longInteger)}
             << u"序号=序号 图片=图片 备注=备注"_s;
-        QTest::newRow("Chinese names")
-            << Fields{field(u"编码"_s, FieldType::text), field(u"说明"_s, FieldType::text), field(u"拍摄日期"_s, FieldType::date), field(u"照片"_s, FieldType::longBinary),
-                      field(u"图号"_s, FieldType::longInteger)}
-            << u"序号=图号 编号=编码 日期=拍摄日期 图片=照片 备注=说明"_s;
+        QTest::newRow("Chinese names") << Fields{field(u"编码"_s, FieldType::text), field(u"说明"_s, FieldType::text),
+                                                 field(u"拍摄日期"_s, FieldType::date),
+                                                 field(u"照片"_s, FieldType::longBinary),
+                                                 field(u"图号"_s, FieldType::longInteger)}
+                                       << u"序号=图号 编号=编码 日期=拍摄日期 图片=照片 备注=说明"_s;
         QTest::newRow("English names with strokes")
-            << Fields{field(u"Photo_ID"_s, FieldType::longInteger), field(u"Caption"_s, FieldType::text), field(u"Date Taken"_s, FieldType::date),
-                      field(u"Photo"_s, FieldType::longBinary)}
+            << Fields{field(u"Photo_ID"_s, FieldType::longInteger), field(u"Caption"_s, FieldType::text),
+                      field(u"Date Taken"_s, FieldType::date), field(u"Photo"_s, FieldType::longBinary)}
             << u"序号=Photo_ID 日期=Date Taken 图片=Photo 备注=Caption"_s;
         QTest::newRow("a name with another type is none")
-            << Fields{field(u"序号"_s, FieldType::text), field(u"date"_s, FieldType::text), field(u"编号"_s, FieldType::longInteger)} << u"序号=编号"_s;
+            << Fields{field(u"序号"_s, FieldType::text), field(u"date"_s, FieldType::text),
+                      field(u"编号"_s, FieldType::longInteger)}
+            << u"序号=编号"_s;
         QTest::newRow("content, whatever the names")
-            << Fields{field(u"a"_s, FieldType::longInteger), field(u"b"_s, FieldType::longInteger, false, true), field(u"c"_s, FieldType::longBinary),
-                      field(u"d"_s, FieldType::longBinary, true)}
+            << Fields{field(u"a"_s, FieldType::longInteger), field(u"b"_s, FieldType::longInteger, false, true),
+                      field(u"c"_s, FieldType::longBinary), field(u"d"_s, FieldType::longBinary, true)}
             << u"序号=b 图片=d"_s;
         QTest::newRow("a name for what has no pictures")
-            << Fields{field(u"photo"_s, FieldType::longBinary), field(u"x"_s, FieldType::longBinary, true)} << u"图片=x"_s;
+            << Fields{field(u"photo"_s, FieldType::longBinary), field(u"x"_s, FieldType::longBinary, true)}
+            << u"图片=x"_s;
         QTest::newRow("the type leaves no choice")
-            << Fields{field(u"x"_s, FieldType::longBinary), field(u"y"_s, FieldType::date), field(u"z"_s, FieldType::text)} << u"日期=y 图片=x 备注=z"_s;
-        QTest::newRow("two of a kind") << Fields{field(u"x"_s, FieldType::date), field(u"y"_s, FieldType::date)} << QString();
-        QTest::newRow("each once") << Fields{field(u"name"_s, FieldType::text), field(u"code"_s, FieldType::text)} << u"编号=code 备注=name"_s;
+            << Fields{field(u"x"_s, FieldType::longBinary), field(u"y"_s, FieldType::date),
+                      field(u"z"_s, FieldType::text)}
+            << u"日期=y 图片=x 备注=z"_s;
+        QTest::newRow("two of a kind") << Fields{field(u"x"_s, FieldType::date), field(u"y"_s, FieldType::date)}
+                                       << QString();
+        QTest::newRow("each once") << Fields{field(u"name"_s, FieldType::text), field(u"code"_s, FieldType::text)}
+                                   << u"编号=code 备注=name"_s;
     }
     void proposals() {
         QFETCH(std::vector<SourceField>, source);

@@ -36,16 +36,46 @@ class MixedFolder : public IntakeWindow {
         QList<QUrl> urls;
         for (const QString& name : names) urls << QUrl::fromLocalFile(path(name));
         files.setUrls(urls);
-        QDragEnterEvent enter(QPoint(300, 300), Qt::CopyAction, &files, Qt::LeftButton, {});
+        return offer(files);
+    }
+    bool offer(const QMimeData& data) const {
+        QDragEnterEvent enter(QPoint(300, 300), Qt::CopyAction, &data, Qt::LeftButton, {});
         QApplication::sendEvent(form.get(), &enter);
         if (!enter.isAccepted()) return false;
-        QDropEvent dropped(QPointF(300, 300), Qt::CopyAction, &files, Qt::LeftButton, {});
+        QDropEvent dropped(QPointF(300, 300), Qt::CopyAction, &data, Qt::LeftButton, {});
         QApplication::sendEvent(form.get(), &dropped);
         QCoreApplication::processEvents();
         return true;
     }
     bool isTicked(const QString& name) const { return get<QCheckBox>(name).isChecked(); }
     QStringList listed() const { return linesOf(files()); }
+};
+
+/// A person who types names into the box that asks for them, one after the other; an empty one is Esc.
+class NameTyping {
+  public:
+    NameTyping(const QStringList& names, QStringList& proposed) : names_(names), proposed_(proposed) {
+        QObject::connect(&clock_, &QTimer::timeout, [this] { type(); });
+        clock_.start(5);
+    }
+
+  private:
+    void type() {
+        auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr || names_.isEmpty()) return;
+        auto* box = dialog->findChild<QLineEdit*>();
+        proposed_ << box->text();
+        const QString name = names_.takeFirst();
+        if (!name.isEmpty()) {
+            box->selectAll();
+            box->insert(name);
+        }
+        QTest::keyClick(box, name.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
+    }
+
+    QStringList names_;
+    QStringList& proposed_;
+    QTimer clock_;
 };
 
 class TestOtherFormats : public QObject {
@@ -180,6 +210,47 @@ class TestOtherFormats : public QObject {
         window.drop({u"."_s});
         QTRY_VERIFY(window.echo().endsWith(u"(选择全部)共6条"_s));
         QCOMPARE(numbersOf(u"tc02"_s), QStringList{u"1"_s});
+    }
+
+    /// As browsers drop them: with the address that they come from.
+    void aPictureWithoutAFileAsksForItsName() {
+        MixedFolder window;
+        window.choose(u"cboBm"_s, u"tc02"_s);
+        const QByteArray jpeg = pictureBytes({40, 30}, Qt::red);
+        QMimeData picture;
+        picture.setData(u"image/jpeg"_s, jpeg);
+        picture.setUrls({QUrl(u"https://example.org/a%20b.webp"_s)});
+        struct Case {
+            QStringList typed;
+            QString chosen;
+        };
+        for (const auto& [typed, chosen] : {Case{{u"鱼 1"_s}, u"鱼 1.jpg"_s},
+                                            {{u"鱼 1"_s, u"a/b"_s, u"鱼 2"_s}, u"鱼 2.jpg"_s},
+                                            {{QString()}, u"鱼 2.jpg"_s}}) {
+            QStringList proposed;
+            const NameTyping typing(typed, proposed);
+            window.offer(picture);
+            QTRY_COMPARE(proposed.size(), typed.size());
+            QTRY_COMPARE(window.echo(), chosen);
+            QCOMPARE(proposed.front(), u"a b"_s);
+        }
+        window.click(u"cmdLr"_s);
+        QCOMPARE(window.said().last(), entered(1));
+        QCOMPARE(stored(u"tc02"_s, 1).first(jpeg.size()), jpeg);
+    }
+
+    void whatIsOnTheClipboardIsPasted() {
+        MixedFolder window;
+        window.choose(u"cboBm"_s, u"tc02"_s);
+        QImage pixels({30, 20}, QImage::Format_RGB32);
+        pixels.fill(Qt::green);
+        QGuiApplication::clipboard()->setImage(pixels);
+        QStringList proposed;
+        const NameTyping typing({u"剪贴"_s}, proposed);
+        QTest::keyClick(window.form.get(), Qt::Key_V, Qt::ControlModifier);
+        QTRY_COMPARE(window.echo(), u"剪贴.png"_s);
+        QCOMPARE(proposed, QStringList{u"图片"_s});
+        QVERIFY(window.isTicked(u"chkGs"_s));
     }
 };
 

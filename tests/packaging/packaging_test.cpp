@@ -56,7 +56,8 @@ class TestPackaging : public QObject {
                                        << QStringList{source(u"org.lunq.album.desktop"_s)};
         QTest::newRow("metainfo") << u"appstreamcli"_s
                                   << QStringList{u"validate"_s, u"--no-net"_s, setting("LUNQ_METAINFO")};
-        QTest::newRow("launcher") << u"sh"_s << QStringList{u"-n"_s, source(u"lunq.sh"_s)};
+        for (const QString& script : {u"lunq.sh"_s, u"start.sh"_s, u"archive/add-to-menu.sh"_s})
+            QTest::newRow(qPrintable(script)) << u"sh"_s << QStringList{u"-n"_s, source(script)};
     }
     void desktopsTakeWhatIsInstalled() {
         QFETCH(QString, program);
@@ -74,6 +75,9 @@ class TestPackaging : public QObject {
         const QByteArray metainfo = contents(setting("LUNQ_METAINFO"));
         const QByteArray entry = contents(source(u"org.lunq.album.desktop"_s));
         QVERIFY(metainfo.contains(">org.lunq.album.desktop<") && metainfo.contains("<icon type=\"stock\">lunq<"));
+        const QByteArray version = setting("LUNQ_VERSION").toUtf8();
+        QVERIFY(metainfo.contains("<release version=\"" + version + "\""));
+        QVERIFY(contents(setting("LUNQ_CHANGES")).contains("\n## " + version));
         QVERIFY(entry.contains("\nIcon=lunq\n") && entry.contains("\nExec=lunq\n"));
     }
 
@@ -109,14 +113,15 @@ class TestLauncher : public QObject {
     void init() {
         root_ = std::make_unique<QTemporaryDir>();
         write(shipped(u"lunq"_s), "#!/bin/sh\necho \"runs as $0\"\n", true);
-        for (const QString& name : {u"lunq-jet"_s, u"lunq-backup"_s, u"lunq-heif"_s, u"lunq-tiff"_s, u"lunq-webp"_s})
+        for (const QString& name :
+             {u"lunq-jet"_s, u"lunq-backup"_s, u"lunq-heif"_s, u"lunq-tiff"_s, u"lunq-webp"_s, u"lunq-cli"_s})
             write(shipped(name), "first " + name.toUtf8(), true);
         write(shipped(u"s1.ico"_s), "cursor");
+        write(shipped(u"start.sh"_s), contents(source(u"start.sh"_s)), true);
         write(shipped(u"fresh/lunq.mdb"_s), "fresh");
         write(root_->filePath(u"usr/bin/lunq"_s), contents(source(u"lunq.sh"_s)), true);
         QDir().mkpath(root_->filePath(u"家 中"_s));
-        for (const QString& box : {u"zenity"_s, u"kdialog"_s})
-            write(root_->filePath(u"stub/"_s + box), "#!/bin/sh\n", true);
+        write(root_->filePath(u"stub/zenity"_s), "#!/bin/sh\necho \"$*\" > \"$HOME/shown\"\n", true);
     }
 
     void everyUserHasAFolderWithTheProgram() {
@@ -146,6 +151,42 @@ class TestLauncher : public QObject {
         QDir().mkpath(album(u"lunq-jet.part/taken"_s));
         QVERIFY2(launch() == 0, qPrintable(output_));
         QVERIFY(output_.contains(u"没有换成新的版本"_s) && output_.contains(u"runs as "_s + album(u"lunq"_s)));
+    }
+
+    /// What the program ends with, and what a person gets to see of it.
+    void aProgramThatDoesNotStartIsTold_data() {
+        QTest::addColumn<QByteArray>("program");
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("a library is missing") << QByteArray("#!/bin/sh\nexit 127\n") << 127 << u"缺少这些部件"_s;
+        QTest::newRow("no window") << QByteArray("#!/bin/sh\nexit 69\n") << 69 << u"不能打开窗口"_s;
+        QTest::newRow("killed") << QByteArray("#!/bin/sh\nkill -SEGV $$\n") << 139 << u"意外结束"_s;
+        QTest::newRow("closed") << QByteArray("#!/bin/sh\nexit 0\n") << 0 << QString();
+    }
+    void aProgramThatDoesNotStartIsTold() {
+        QFETCH(QByteArray, program);
+        QFETCH(int, code);
+        QFETCH(QString, shown);
+        write(shipped(u"lunq"_s), program, true);
+        QCOMPARE(launch(), code);
+        const QString box = QString::fromUtf8(contents(root_->filePath(u"家 中/shown"_s)));
+        QVERIFY2(shown.isEmpty() ? box == u"(none)" : box.contains(shown), qPrintable(box));
+    }
+
+    void theArchivePutsItselfIntoTheMenu() {
+        const QString folder = root_->filePath(u"家 中/a \"b\" 100%/览忆集苑"_s);
+        write(folder + u"/add-to-menu.sh"_s, contents(source(u"archive/add-to-menu.sh"_s)), true);
+        write(folder + u"/icons/lunq.desktop"_s, contents(source(u"org.lunq.album.desktop"_s)));
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"XDG_DATA_HOME"_s, root_->filePath(u"data"_s));
+        const QString entry = root_->filePath(u"data/applications/org.lunq.album.desktop"_s);
+        QVERIFY2(run(folder + u"/add-to-menu.sh"_s, {}, &output_, environment) == 0, qPrintable(output_));
+        QVERIFY2(contents(entry).contains("\nExec=\"" + root_->path().toUtf8() +
+                                          "/家 中/a \\\\\"b\\\\\" 100%%/览忆集苑/start.sh\"\n"),
+                 contents(entry).constData());
+        QVERIFY2(run(u"desktop-file-validate"_s, {entry}, &output_) == 0, qPrintable(output_));
+        QVERIFY(run(folder + u"/add-to-menu.sh"_s, {u"--remove"_s}, &output_, environment) == 0);
+        QVERIFY(!QFile::exists(entry));
     }
 
     void aPlaceThatIsTakenIsTold() {

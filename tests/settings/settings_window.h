@@ -23,6 +23,7 @@
 class RecordingWindows : public Windows {
   public:
     void handOver(WindowKind, WindowKind to) override { handedTo = to; }
+    void takeIn(const QString&, const PictureOffer&) override {}
     void show(WindowKind) override {}
     void unload(WindowKind) override {}
     void coloursChanged() override {}

@@ -81,6 +81,17 @@ class TestWholeProgram : public QObject {
         QCOMPARE(shell(u"PRAGMA integrity_check"_s), u"ok"_s);
     }
 
+    void tellsWhyItHasNoWindows() {
+        QProcess program;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"no-such-platform"_s);
+        program.setProcessEnvironment(environment);
+        start(program);
+        QVERIFY(program.waitForFinished());
+        QCOMPARE(program.exitCode(), 69);
+        QVERIFY(QString::fromUtf8(program.readAllStandardError()).contains(u"览忆集苑不能打开窗口"));
+    }
+
     /// One that was not there before.
     void locksTheCatalogueThatItHasPlaced() {
         putCatalogue(u"fresh/lunq.mdb"_s);

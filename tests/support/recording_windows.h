@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/colour_scheme.h"
+#include "windows/picture_offer.h"
 #include "windows/windows.h"
 
 #include <QList>
@@ -9,6 +10,7 @@
 class RecordingWindows : public Windows {
   public:
     void handOver(WindowKind, WindowKind to) override { handedTo << to; }
+    void takeIn(const QString& table, const PictureOffer& offer) override { offers << std::pair(table, offer); }
     void show(WindowKind window) override { shown << window; }
     void unload(WindowKind window) override { unloaded << window; }
     void coloursChanged() override { ++colourChanges; }
@@ -18,6 +20,7 @@ class RecordingWindows : public Windows {
 
     QList<WindowKind> handedTo, shown, unloaded;
     QStringList topics;
+    QList<std::pair<QString, PictureOffer>> offers;  ///< With the tables of their albums.
     QList<ColourScheme> tried;
     int colourChanges = 0;
     bool ended = false;

@@ -327,6 +327,29 @@ class TestAlbums : public QObject {
         QTest::mouseMove(viewer.window->centralWidget(), QPoint(4, 200));
         QTRY_VERIFY(!upper->isVisible());
     }
+
+    /// They are for the open album, on the page that takes pictures in.
+    void offeredPicturesGoToTheIntake() {
+        const ViewerWindow viewer;
+        QMimeData file;
+        file.setUrls({QUrl::fromLocalFile(u"/a/b.jpg"_s)});
+        const auto drop = [&] {
+            QDragEnterEvent enter(QPoint(300, 300), Qt::CopyAction, &file, Qt::LeftButton, {});
+            QApplication::sendEvent(viewer.window.get(), &enter);
+            QDropEvent dropped(QPointF(300, 300), Qt::CopyAction, &file, Qt::LeftButton, {});
+            QApplication::sendEvent(viewer.window.get(), &dropped);
+        };
+        drop();
+        QTRY_COMPARE(viewer.windows.offers.size(), 1);
+        viewer.openAlbum(1);
+        QGuiApplication::clipboard()->setMimeData(new QMimeData);
+        QTest::keyClick(viewer.window.get(), Qt::Key_V, Qt::ControlModifier);
+        drop();
+        QTRY_COMPARE(viewer.windows.offers.size(), 2);
+        QCOMPARE(viewer.windows.offers[0].first, u"tc00"_s);
+        QCOMPARE(viewer.windows.offers[1].first, u"tc01"_s);
+        QCOMPARE(viewer.windows.offers[1].second.paths, QStringList{u"/a/b.jpg"_s});
+    }
 };
 
 const Registered<TestAlbums> registered;

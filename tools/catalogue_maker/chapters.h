@@ -11,8 +11,5 @@ void fillSettings(const Database& database, Workshop& workshop);            ///<
 void fillHelpContents(const Database& database);                            ///< tcbz
 
 /// The real main window in the colours of each scheme, for the rows of `tcys`. `path` is the database's file, which has
-/// to be complete but for these pictures.
-void fillWindowPreviews(const Database& database, const QString& path, Workshop& workshop);
-
-/// The manual as rich text. Its headings are what the help window looks for.
-QString manualText();
+/// to be complete but for these pictures. They are written to a folder, too, each as the number of its scheme.
+void fillWindowPreviews(const Database& database, const QString& path, const QString& folder, Workshop& workshop);

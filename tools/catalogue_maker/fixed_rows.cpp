@@ -2,6 +2,7 @@
 #include "catalogue/colour_text.h"
 #include "catalogue_maker/chapters.h"
 #include "drawing/album_art.h"
+#include "help/shipped_manual.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -65,7 +66,7 @@ void fillSettings(const Database& database, Workshop& workshop) {
             {u"颜色"_s, u"0"_s},
             {u"幻灯延时"_s, 500},
             {u"幻灯循环"_s, true},
-            {u"帮助"_s, manualText()},
+            {u"帮助"_s, shippedManual().text},
             {u"封面"_s, workshop.jpeg(albumCover({1600, 1200}))},
             {u"备份路径"_s, QString()},
             {u"处理工具条"_s, true},

@@ -4,6 +4,7 @@
 #include "platform/desktop/look.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <cstdio>
 #include <exception>
@@ -12,7 +13,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-void makeCatalogue(const QString& path) {
+void makeCatalogue(const QString& path, const QString& previews) {
     const Database database = createDatabase(path);
     Workshop workshop;
     Transaction transaction(database);
@@ -23,7 +24,7 @@ void makeCatalogue(const QString& path) {
     fillSettings(database, workshop);
     fillHelpContents(database);
     transaction.commit();
-    fillWindowPreviews(database, path, workshop);
+    fillWindowPreviews(database, path, previews, workshop);
 }
 
 /// What the engine keeps beside a file goes with it.
@@ -33,13 +34,14 @@ void removeDatabase(const QString& path) {
 
 }  // namespace
 
-/// make_catalogue FILE: makes the catalogue that the program is shipped with. Refuses to touch a file that is there.
+/// make_catalogue FILE FOLDER: makes the catalogue that the program is shipped with, and writes the pictures of the
+/// main window to the folder. Refuses to touch a catalogue that is there.
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     applyLook(application);
-    if (argc != 2) {
-        std::fputs("usage: make_catalogue FILE\n", stderr);
+    if (argc != 3) {
+        std::fputs("usage: make_catalogue FILE FOLDER\n", stderr);
         return 2;
     }
     const QString target = QFile::decodeName(argv[1]);
@@ -50,7 +52,9 @@ int main(int argc, char** argv) {
     const QString unfinished = target + u".part"_s;
     removeDatabase(unfinished);
     try {
-        makeCatalogue(unfinished);
+        const QString previews = QFile::decodeName(argv[2]);
+        QDir().mkpath(previews);
+        makeCatalogue(unfinished, previews);
         QFile made(unfinished);
         if (!made.rename(target)) throw Error(u"%1: %2"_s.arg(target, made.errorString()));
         removeDatabase(unfinished);

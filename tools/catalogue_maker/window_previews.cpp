@@ -1,6 +1,7 @@
 #include "catalogue/mektp.h"
 #include "catalogue/picture_in_hand.h"
 #include "catalogue_maker/chapters.h"
+#include "platform/base/error.h"
 #include "platform/base/files.h"
 #include "platform/desktop/image_box.h"
 #include "platform/desktop/text_box.h"
@@ -21,6 +22,7 @@ constexpr QSize windowSize(960, 720);
 class NoOtherWindows : public Windows {
   public:
     void handOver(WindowKind, WindowKind) override {}
+    void takeIn(const QString&, const PictureOffer&) override {}
     void show(WindowKind) override {}
     void unload(WindowKind) override {}
     void coloursChanged() override {}
@@ -51,17 +53,25 @@ QImage mainWindow() {
     return window.grab().toImage().scaled(windowSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
+void keep(const QString& picture, const QString& file) {
+    QFile::remove(file);
+    if (!QFile::copy(picture, file)) throw Error(u"%1 cannot be written."_s.arg(file));
+}
+
 }  // namespace
 
-void fillWindowPreviews(const Database& database, const QString& path, Workshop& workshop) {
+void fillWindowPreviews(const Database& database, const QString& path, const QString& folder, Workshop& workshop) {
     // The window writes settings: it gets a catalogue of its own.
-    const QTemporaryDir folder;
-    QFile::copy(path, folder.filePath(u"lunq.mdb"_s));
-    setProgramFolder(folder.path());
+    const QTemporaryDir tried;
+    QFile::copy(path, tried.filePath(u"lunq.mdb"_s));
+    setProgramFolder(tried.path());
     for (Recordset schemes = database.OpenRecordset(u"tcys"_s); !schemes.Eof(); schemes.MoveNext()) {
-        setColours(schemes.Fields(u"序号"_s).Value().toText());
+        const QString number = schemes.Fields(u"序号"_s).Value().toText();
+        setColours(number);
+        const QString picture = workshop.jpeg(mainWindow(), 90).path;
+        keep(picture, joinedPath(folder, number + u".jpg"_s));
         schemes.Edit();
-        PictureInHand(workshop.jpeg(mainWindow(), 90).path).storeIn(schemes.Fields(u"主窗口"_s));
+        PictureInHand(picture).storeIn(schemes.Fields(u"主窗口"_s));
         schemes.Update();
     }
     mekTp::catalogue = {};

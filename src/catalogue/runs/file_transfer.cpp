@@ -1,5 +1,6 @@
 #include "catalogue/runs/file_transfer.h"
 
+#include "catalogue/runs/other_thread.h"
 #include "catalogue/runs/picture_export.h"
 #include "catalogue/runs/picture_names.h"
 #include "catalogue/runs/read_ahead.h"
@@ -8,7 +9,9 @@
 #include "platform/base/files.h"
 
 #include <QFileInfo>
+#include <QSet>
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 using namespace Qt::Literals::StringLiterals;
@@ -27,11 +30,17 @@ struct OnItsWay {
     QByteArray picture = {};
 };
 
-/// The pictures of many records on their way into a folder. A group gets its names when all its bytes are on the disk.
+/// The pictures of many records on their way into a folder. A group gets its names when all its bytes are on the disk:
+/// it is read back and named in a thread of its own while the next one is written.
 class FileTransfer : public RunInTurn {
   public:
     FileTransfer(const Database& album, const QString& table, const QStringList& numbers, const QString& folder)
-        : RunInTurn(numbers, bytesKept), album_(album), table_(table), folder_(folder), group_(folder) {}
+        : RunInTurn(numbers, bytesKept),
+          album_(album),
+          table_(table),
+          folder_(folder),
+          group_(folder),
+          named_(folder) {}
 
   protected:
     void open() override {
@@ -43,14 +52,19 @@ class FileTransfer : public RunInTurn {
     }
 
     bool isAtHand(qsizetype place) const override { return ahead_->isAtHand(place); }
-    void beginGroup() override { failed_.clear(); }
-    void storeGroup() override { failed_ = group_.giveNames(); }
+    void beginGroup() override {}
+    void storeGroup() override {
+        group_.sync();
+        waitForNames();
+        named_ = std::exchange(group_, PictureGroup(folder_));
+    }
     void endGroup() override { group_.giveUp(); }
 
     Taken take(qsizetype place) override {
         const OnItsWay record = ahead_->take(place);
         if (!record.isThere) return {Fate::failed, 0, recordVanished};
         QString path = joinedPath(folder_, record.name);
+        if (waiting_.contains(withJpgEnding(record.name))) waitForNames();
         const Exported outcome = group_.write(record.picture, path);
         if (outcome == Exported::noPicture) return {Fate::failed, 0, noPicture};
         const QString file = QFileInfo(path).fileName();
@@ -59,8 +73,16 @@ class FileTransfer : public RunInTurn {
     }
 
     std::optional<RunItem> finish(std::vector<RunItem>& stored) override {
+        for (const RunItem& item : stored) waiting_ << item.file;
+        naming_.begin([this] { failed_ = named_.giveNames(); });
+        return {};
+    }
+
+    std::optional<RunItem> settle(std::vector<RunItem>& stored) override {
+        waitForNames();
+        waiting_.clear();
         std::optional<RunItem> firstFailed;
-        for (const auto& [path, reason] : failed_) {
+        for (const auto& [path, reason] : std::exchange(failed_, {})) {
             const auto item = std::ranges::find(stored, QFileInfo(path).fileName(), &RunItem::file);
             item->fate = Fate::failed;
             item->reason = reason.isEmpty() ? nameIsTaken : reason;
@@ -73,14 +95,19 @@ class FileTransfer : public RunInTurn {
   private:
     /// Reads the album in the thread that calls it.
     ReadAhead<OnItsWay>::Prepare reader() const {
-        return [this, album = OpenDatabase(album_.Name())](qsizetype place) {
-            const Recordset record = recordsOfRows(album, table_, {chosen_[std::size_t(place)]});
-            if (record.Eof()) return OnItsWay();
-            const FieldValue picture = record.Fields(pictureColumn).Value();
-            const QString name =
-                defaultPictureName(record.Fields(u"编号"_s).Value(), record.Fields(u"序号"_s).Value().toInteger());
-            return OnItsWay{true, name, picture.isNull() ? QByteArray() : picture.toBytes()};
-        };
+        return
+            [records = std::make_shared<RecordsInTurn>(OpenDatabase(album_.Name()), table_, chosen_)](qsizetype place) {
+                const Recordset& record = records->at(std::size_t(place));
+                if (record.Eof()) return OnItsWay();
+                const FieldValue picture = record.Fields(pictureColumn).Value();
+                const QString name =
+                    defaultPictureName(record.Fields(u"编号"_s).Value(), record.Fields(u"序号"_s).Value().toInteger());
+                return OnItsWay{true, name, picture.isNull() ? QByteArray() : picture.toBytes()};
+            };
+    }
+
+    void waitForNames() {
+        naming_.run([] {});
     }
 
     const Database& album_;
@@ -89,7 +116,10 @@ class FileTransfer : public RunInTurn {
     std::vector<qint64> chosen_;  ///< Rows of the album.
     std::optional<ReadAhead<OnItsWay>> ahead_;
     PictureGroup group_;
-    std::vector<PictureGroup::Failed> failed_;  ///< Of the group that was stored.
+    PictureGroup named_;                        ///< The group before, in the hands of the thread.
+    std::vector<PictureGroup::Failed> failed_;  ///< Of that one.
+    QSet<QString> waiting_;                     ///< Names of its files.
+    OtherThread naming_;                        ///< Last: it uses the others.
 };
 
 /// The file has its name; what is left to do may fail without a loss.

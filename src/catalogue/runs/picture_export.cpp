@@ -75,6 +75,8 @@ Exported dctb(Recordset& recordset, QString& name) {
 
 PictureGroup::PictureGroup(const QString& folder) : folder_(folder) {}
 PictureGroup::~PictureGroup() = default;
+PictureGroup::PictureGroup(PictureGroup&&) noexcept = default;
+PictureGroup& PictureGroup::operator=(PictureGroup&&) noexcept = default;
 
 Exported PictureGroup::write(const QByteArray& picture, QString& name) {
     name = withJpgEnding(name);
@@ -85,6 +87,7 @@ Exported PictureGroup::write(const QByteArray& picture, QString& name) {
         auto file = fileOf(picture, name);
         file->beginSync();
         files_[name] = {std::move(file), picture};
+        isSynced_ = false;
     } catch (const Error& failure) {
         // What keeps one file from being written is said once for all of them.
         throw Error(QString(failure.text()).replace(QDir::toNativeSeparators(name), QDir::toNativeSeparators(folder_)));
@@ -103,10 +106,15 @@ void PictureGroup::nameEarly(const QString& name) {
     files_.erase(waiting);
 }
 
+void PictureGroup::sync() {
+    if (!files_.empty()) syncFileSystemOf(folder_);
+    isSynced_ = true;
+}
+
 std::vector<PictureGroup::Failed> PictureGroup::giveNames() {
+    if (!isSynced_) sync();
     const auto files = std::exchange(files_, {});
     if (files.empty()) return {};
-    syncFileSystemOf(folder_);
     std::vector<Failed> failed;
     QStringList named;
     for (const auto& [name, waiting] : files) {

@@ -28,18 +28,20 @@ class PictureGroup {
   public:
     explicit PictureGroup(const QString& folder);
     ~PictureGroup();
-    PictureGroup(const PictureGroup&) = delete;
-    PictureGroup& operator=(const PictureGroup&) = delete;
+    PictureGroup(PictureGroup&&) noexcept;
+    PictureGroup& operator=(PictureGroup&&) noexcept;
 
     /// `written` says that the file waits for its name. The group keeps the bytes of the picture until then.
     Exported write(const QByteArray& picture, QString& name);
+    /// The bytes of all that was written are on the disk then, or this throws `Error`.
+    void sync();
     struct Failed {
         QString name;
         QString reason;  ///< Empty when somebody else has taken the name meanwhile.
     };
-    /// Ends the group. A file that is not given back as it was written, and one that cannot have its name, costs no
-    /// other file its own; it is gone. When the names may not be on the disk, all of them come back with that reason,
-    /// and the files stay. Throws `Error` when the bytes may not be there; no file has its name then.
+    /// Ends the group, and syncs it before if nobody has; only that may throw. A file that is not given back as it was
+    /// written, and one that cannot have its name, costs no other file its own; it is gone. When the names may not be
+    /// on the disk, all of them come back with that reason, and the files stay.
     std::vector<Failed> giveNames();
     void giveUp();  ///< The files that wait for their names are gone.
 
@@ -52,4 +54,5 @@ class PictureGroup {
 
     QString folder_;
     std::map<QString, Waiting> files_;  ///< By name.
+    bool isSynced_ = false;             ///< All of these.
 };

@@ -15,7 +15,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int jpegQuality = 80;
-constexpr qint64 bytesOfFacts = 1 << 20;  ///< At the beginning of a JPEG.
 
 bool endsInBmp(const QString& path) {
     return path.endsWith(u"bmp"_s);
@@ -62,7 +61,7 @@ void readAlbumFormat(ReadyPicture& picture) {
 
 PictureFacts factsOf(ReadyPicture& picture) {
     QByteArray beginning = picture.jpeg;
-    if (beginning.isEmpty()) picture.file.use([&](QIODevice& bytes) { beginning = bytes.peek(bytesOfFacts); });
+    if (beginning.isEmpty()) picture.file.use([&](QIODevice& bytes) { beginning = bytes.peek(factsReach); });
     return pictureFacts(beginning);
 }
 

@@ -95,7 +95,7 @@ void ReadableRows::takeNotes(const Database& source) {
         const Recordset record = recordsOfRows(source, table_, {lost.row});
         if (record.Eof()) continue;
         missing_ << u"“%1＝%2”的“%3”已损坏，不能读取"_s.arg(keyField_, record.Fields(keyField_).Value().textOr(),
-                                                           lost.column);
+                                                            lost.column);
     }
 }
 

@@ -75,9 +75,9 @@ class RecordCopy : public RunIntoDatabase {
         noteMissing(reader_->missing());
         if (order_.replace) findAlbumRows();
         const auto inThread = [this] {
-            return [this, source = OpenDatabase(order_.sourcePath)](qsizetype place) {
-                return reader_->read(source, place);
-            };
+            const Database source = OpenDatabase(order_.sourcePath);
+            return [this, source, records = std::make_shared<RecordsInTurn>(reader_->recordsIn(source))](
+                       qsizetype place) { return reader_->read(source, *records, place); };
         };
         // A second connection would wait for the one that writes to the same file.
         ahead_.emplace(

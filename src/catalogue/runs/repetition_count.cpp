@@ -7,12 +7,8 @@
 #include "platform/base/files.h"
 #include "platform/base/odd_names.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <atomic>
-#include <chrono>
-#include <condition_variable>
-#include <mutex>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -62,44 +58,6 @@ std::vector<Fingerprint> printsOf(const QStringList& paths, const QSet<qint64>& 
     return prints;
 }
 
-/// The threads that count. The object is never destroyed: one of them may be stuck in a read when the program ends.
-class CountingThreads {
-  public:
-    static CountingThreads& all() {
-        static auto* threads = new CountingThreads;
-        return *threads;
-    }
-
-    void begin(std::function<void()> work) {
-        {
-            const std::lock_guard lock(mutex_);
-            ++running_;
-        }
-        std::thread([this, work = std::move(work)] {
-            attempt(work);
-            {
-                const std::lock_guard lock(mutex_);
-                --running_;
-            }
-            ended_.notify_all();
-        }).detach();
-    }
-
-  private:
-    CountingThreads() {
-        qAddPostRoutine([] { all().waitForAll(); });
-    }
-    void waitForAll() {
-        std::unique_lock lock(mutex_);
-        ended_.wait_for(lock, longestWait, [this] { return running_ == 0; });
-    }
-
-    static constexpr std::chrono::seconds longestWait{2};
-    std::mutex mutex_;
-    std::condition_variable ended_;
-    int running_ = 0;
-};
-
 }  // namespace
 
 int countRepetitions(KnownPictures& album, const QStringList& paths, const GoesOn& goesOn) {
@@ -130,29 +88,11 @@ int countRepetitions(KnownPictures& album, const CopyOrder& records, const GoesO
     return count;
 }
 
-/// Shared with the thread, which may outlive the object.
-struct RepetitionCount::Wanted {
-    std::atomic<bool> is = true;
-    std::mutex mutex;  ///< Nothing is told any more when the object has had it last.
-
-    void tell(const std::function<void(int)>& counted, int count) {
-        const std::lock_guard lock(mutex);
-        if (is) counted(count);
-    }
-};
-
 RepetitionCount::RepetitionCount(const QString& catalogue, const QString& album, const Things& things,
                                  const std::function<void(int)>& counted)
-    : wanted_(std::make_shared<Wanted>()) {
-    CountingThreads::all().begin([=, wanted = wanted_] {
-        const GoesOn goesOn = [&] { return wanted->is.load(); };
-        KnownPictures known(OpenDatabase(catalogue), album, goesOn);
-        const int count = std::visit([&](const auto& each) { return countRepetitions(known, each, goesOn); }, things);
-        wanted->tell(counted, count);
-    });
-}
-
-RepetitionCount::~RepetitionCount() {
-    const std::lock_guard lock(wanted_->mutex);
-    wanted_->is = false;
-}
+    : thread_([=](FreeThread::Owner& owner) {
+          const GoesOn goesOn = [&] { return owner.isThere(); };
+          KnownPictures known(OpenDatabase(catalogue), album, goesOn);
+          const int count = std::visit([&](const auto& each) { return countRepetitions(known, each, goesOn); }, things);
+          owner.tell([&] { counted(count); });
+      }) {}

@@ -2,11 +2,11 @@
 
 #include "catalogue/fingerprint.h"
 #include "catalogue/runs/record_copy.h"
+#include "platform/base/free_thread.h"
 
 #include <QString>
 #include <QStringList>
 #include <functional>
-#include <memory>
 #include <variant>
 
 class KnownPictures;
@@ -28,13 +28,7 @@ class RepetitionCount {
     /// object has gone.
     RepetitionCount(const QString& catalogue, const QString& album, const Things& things,
                     const std::function<void(int)>& counted);
-    /// Waits for nothing: a thread that reads from where nothing comes is left behind. The end of the program waits for
-    /// it, but not for long.
-    ~RepetitionCount();
-    RepetitionCount(const RepetitionCount&) = delete;
-    RepetitionCount& operator=(const RepetitionCount&) = delete;
 
   private:
-    struct Wanted;
-    std::shared_ptr<Wanted> wanted_;
+    FreeThread thread_;
 };

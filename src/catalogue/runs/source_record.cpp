@@ -32,7 +32,7 @@ bool holdsWholeNumbers(const FieldShape& column) {
 }
 
 SourceReader::SourceReader(const Database& source, const CopyOrder& order, bool printed)
-    : order_(order), printed_(printed) {
+    : order_(order), printed_(printed), isForeign_(source.isForeign()) {
     const auto index = fieldNamed(shapeOf(source, order.sourceTable), order.indexField);
     if (!index) throw Error(u"源表“%1”中没有字段“%2”。"_s.arg(order.sourceTable, order.indexField));
     index_ = *index;
@@ -54,19 +54,36 @@ std::vector<qint32> SourceReader::numbers() const {
     return all;
 }
 
+/// Identity of the row with that number; 0, which is none, where there are fewer of them.
+qint64 SourceReader::rowOf(qint32 number, qsizetype place) const {
+    const auto earlier = std::size_t(order_.records[place].earlier);
+    const std::vector<qint64> rows = rows_.of(number);
+    return earlier < rows.size() ? rows[earlier] : 0;
+}
+
+RecordsInTurn SourceReader::recordsIn(const Database& source) const {
+    std::vector<qint64> rows;
+    for (qsizetype place = 0; place < order_.records.size(); ++place) {
+        const auto wanted = number(place);
+        rows.push_back(wanted ? rowOf(*wanted, place) : 0);
+    }
+    return {source, order_.sourceTable, std::move(rows)};
+}
+
 Recordset SourceReader::find(const Database& source, qsizetype place) const {
     const auto earlier = std::size_t(order_.records[place].earlier);
-    if (const auto wanted = number(place)) {
-        const std::vector<qint64> rows = rows_.of(*wanted);
-        return recordsOfRows(source, order_.sourceTable, {earlier < rows.size() ? rows[earlier] : 0});
-    }
-    Recordset record = source.OpenRecordset(allRecordsSql(order_.sourceTable) + u" WHERE "_s + criteria(place) + readable_.andAmongThem());
+    if (const auto wanted = number(place)) return recordsOfRows(source, order_.sourceTable, {rowOf(*wanted, place)});
+    Recordset record = source.OpenRecordset(allRecordsSql(order_.sourceTable) + u" WHERE "_s + criteria(place) +
+                                            readable_.andAmongThem());
     for (std::size_t i = 0; i < earlier && !record.Eof(); ++i) record.MoveNext();
     return record;
 }
 
-SourceValues SourceReader::read(const Database& source, qsizetype place) const {
-    const Recordset record = find(source, place);
+SourceValues SourceReader::read(const Database& source, RecordsInTurn& records, qsizetype place) const {
+    return number(place) ? valuesOf(records.at(std::size_t(place))) : valuesOf(find(source, place));
+}
+
+SourceValues SourceReader::valuesOf(const Recordset& record) const {
     if (record.Eof()) throw Error(u"源表“%1”中没有这条记录。"_s.arg(order_.sourceTable));
     SourceValues read;
     for (const FieldPair& pair : order_.mapping) {
@@ -74,7 +91,7 @@ SourceValues SourceReader::read(const Database& source, qsizetype place) const {
         if (pair.source.isEmpty()) continue;
         const Field field = record.Fields(pair.source);
         const bool isLong = field.Type() == FieldType::longBinary;
-        if (isLong && source.isForeign() && !attempt([&] { field.FieldSize(); }))
+        if (isLong && isForeign_ && !attempt([&] { field.FieldSize(); }))
             throw Error(u"源库中这条记录的“%1”已损坏，不能读取。"_s.arg(pair.source));
         // A long value without a byte is none.
         if (isLong && field.FieldSize() == 0) continue;

@@ -27,8 +27,10 @@ class SourceReader {
     /// fingerprints.
     SourceReader(const Database& source, const CopyOrder& order, bool printed);
 
+    /// What `read` takes the records from: one for each connection.
+    RecordsInTurn recordsIn(const Database& source) const;
     /// Throws `Error` when there is no such record, or none can be found by this kind of key.
-    SourceValues read(const Database& source, qsizetype place) const;
+    SourceValues read(const Database& source, RecordsInTurn& records, qsizetype place) const;
 
     /// What goes to 图片, unread. Null when there is no such record, or no picture.
     StoredValue picture(const Database& source, qsizetype place) const;
@@ -44,11 +46,14 @@ class SourceReader {
     std::vector<qint32> numbers() const;
 
   private:
+    qint64 rowOf(qint32 number, qsizetype place) const;
+    SourceValues valuesOf(const Recordset& record) const;
     Recordset find(const Database& source, qsizetype place) const;
     bool wantsSizeText(const SourceValues& record) const;
 
     const CopyOrder& order_;
     bool printed_;
+    bool isForeign_;
     FieldShape index_;
     ReadableRows readable_;
     RowsByNumber rows_;

@@ -237,9 +237,10 @@ class TableTransfer : public RunIntoDatabase {
     /// Reads the album in the thread that calls it.
     ReadAhead<OnItsWay>::Prepare reader() const {
         const Database album = OpenDatabase(album_.Name());
-        return [this, album, prints = PictureHashes(album)](qsizetype place) {
+        return [this, records = std::make_shared<RecordsInTurn>(album, table_, chosen_),
+                prints = PictureHashes(album)](qsizetype place) {
             const std::lock_guard lock(albumMutex_);
-            const Recordset record = recordsOfRows(album, table_, {chosen_[std::size_t(place)]});
+            const Recordset& record = records->at(std::size_t(place));
             return record.Eof() ? OnItsWay{recordVanished} : read(record, prints);
         };
     }
@@ -256,7 +257,7 @@ class TableTransfer : public RunIntoDatabase {
             read.values[i] = field.Value();
             if (field.Type() == FieldType::longBinary) read.bytes += field.FieldSize();
         }
-        if (hashes_.areKept()) read.print = prints.of(record.storedAt(0, pictureColumn));
+        if (hashes_.areKept()) read.print = prints.of(record.storedAt(record.row(), pictureColumn));
         return read;
     }
 

@@ -6,7 +6,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <span>
 #include <vector>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 namespace {
 
@@ -83,7 +87,7 @@ class Direction {
 /// Mixes the source rows of one target row, from column `begin` on, into `mixed`, one value of 15 bits for each
 /// channel. Factors of 16 bits: of these the compiler takes eight at a time. In short blocks the sums never leave the
 /// nearest memory.
-void mixRows(const ConstPixelRows& source, int begin, const Taps& taps, std::vector<qint16>& mixed) {
+void mixRows(const ConstPixelRows& source, int begin, const Taps& taps, std::span<qint16> mixed) {
     constexpr size_t block = 128;
     std::array<int, block> sums;
     for (size_t start = 0; start < mixed.size(); start += block) {
@@ -98,6 +102,23 @@ void mixRows(const ConstPixelRows& source, int begin, const Taps& taps, std::vec
     }
 }
 
+#ifdef __SSE2__
+/// Mixes neighbours of a row of `mixRows` to one target pixel, two at a time in all channels: the compiler does not
+/// find this by itself, and half of the time of zooming was spent here. The row has a pixel more than is mixed.
+QRgb mixedColumns(const qint16* mixed, int begin, const Taps& taps) {
+    const qint16* from = mixed + (taps.first - begin) * channels;
+    const auto pixel = [](const qint16* at) { return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(at)); };
+    __m128i sums = _mm_set1_epi32(1 << (columnShift - 1));
+    for (int tap = 0; tap < taps.count; tap += 2, from += 2 * channels) {
+        const int next = tap + 1 < taps.count ? taps.weights[tap + 1] : 0;
+        const __m128i weights = _mm_set1_epi32(taps.weights[tap] | next << 16);
+        sums = _mm_add_epi32(sums, _mm_madd_epi16(_mm_unpacklo_epi16(pixel(from), pixel(from + channels)), weights));
+    }
+    const __m128i shifted = _mm_srai_epi32(sums, columnShift);
+    const __m128i words = _mm_packs_epi32(shifted, shifted);
+    return QRgb(_mm_cvtsi128_si32(_mm_packus_epi16(words, words)));
+}
+#else
 /// Mixes neighbours of a row of `mixRows` to one target pixel.
 QRgb mixedColumns(const qint16* mixed, int begin, const Taps& taps) {
     const qint16* from = mixed + (taps.first - begin) * channels;
@@ -108,6 +129,7 @@ QRgb mixedColumns(const qint16* mixed, int begin, const Taps& taps) {
     for (int& sum : sums) sum >>= columnShift;
     return qFromLittleEndian(QRgb(sums[0] | sums[1] << 8 | sums[2] << 16 | sums[3] << 24));
 }
+#endif
 
 }  // namespace
 
@@ -124,9 +146,10 @@ QImage resampled(const QImage& picture, QSize target, const QRect& part) {
     const int begin = columns.begin();
 
     forRowBlocks(part.size(), [&](int first, int end) {
-        std::vector<qint16> mixed(size_t(columns.length()) * channels);
+        std::vector<qint16> mixed(size_t(columns.length() + 1) * channels);
+        const std::span used(mixed.data(), size_t(columns.length()) * channels);
         for (int j = first; j < end; ++j) {
-            mixRows(source, begin, rows[j], mixed);
+            mixRows(source, begin, rows[j], used);
             QRgb* row = resultRows[j];
             for (int i = 0; i < part.width(); ++i) row[i] = mixedColumns(mixed.data(), begin, columns[i]);
         }

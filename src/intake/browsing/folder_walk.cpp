@@ -6,31 +6,32 @@ namespace {
 constexpr qint64 newsMs = 150;
 }  // namespace
 
+// The object may go while the thread is at work: it is touched only where the thread tells something.
 void FolderWalk::begin(const QString& folder, ListedFiles which) {
     stop();
-    isWanted_ = true;
-    thread_ = std::thread([this, folder, which, walk = walk_] {
+    thread_.emplace([this, folder, which, walk = walk_](FreeThread::Owner& owner) {
         QElapsedTimer sinceNews;
         sinceNews.start();
         const auto goesOn = [&](qsizetype count) {
             if (sinceNews.hasExpired(newsMs)) {
                 sinceNews.restart();
-                tell(walk, [this, count] { Q_EMIT counted(count); });
+                owner.tell([&] { tell(walk, [this, count] { Q_EMIT counted(count); }); });
             }
-            return isWanted_.load();
+            return owner.isThere();
         };
         const QStringList files = picturesBelow(folder, which, goesOn);
-        tell(walk, [this, files] {
-            stop();
-            Q_EMIT done(files);
-        });
+        owner.tell([&] { tell(walk, [this, files] { finish(files); }); });
     });
 }
 
+void FolderWalk::finish(const QStringList& files) {
+    stop();
+    Q_EMIT done(files);
+}
+
 void FolderWalk::stop() {
-    isWanted_ = false;
     ++walk_;
-    if (thread_.joinable()) thread_.join();
+    thread_.reset();
 }
 
 /// In the thread of the window.

@@ -6,12 +6,15 @@
 #include "platform/desktop/file_lists.h"
 #include "platform/picture/formats/picture_format.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
+#include <array>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -19,17 +22,39 @@ namespace {
 
 constexpr int filesBetweenQuestions = 64;
 
-bool beginsAsPicture(QFile& file) {
-    return pictureFormat(file.read(formatBytes)) != PictureFormat::none;
+bool isPicture(QByteArrayView beginning) {
+    return pictureFormat(beginning) != PictureFormat::none;
 }
 
-/// Closing a descriptor of the open album would cost the engine its locks, under whatever name it was opened.
-bool isOpenAlbum(const QString& path) {
-    struct stat file {
-    }, album{};
-    return stat(QFile::encodeName(path).constData(), &file) == 0 &&
-           stat(QFile::encodeName(mekTp::cataloguePath()).constData(), &album) == 0 && file.st_dev == album.st_dev &&
-           file.st_ino == album.st_ino;
+/// The open album. Closing a descriptor of it would cost the engine its locks, under whatever name it was opened.
+class OpenAlbum {
+  public:
+    OpenAlbum() { isThere_ = stat(QFile::encodeName(mekTp::cataloguePath()).constData(), &album_) == 0; }
+
+    bool isAt(const QByteArray& path) const {
+        struct stat file {};
+        return isThere_ && stat(path.constData(), &file) == 0 && file.st_dev == album_.st_dev &&
+               file.st_ino == album_.st_ino;
+    }
+
+  private:
+    struct stat album_ {};
+    bool isThere_ = false;
+};
+
+/// A tree may hold many thousands: the toolkit's file asks the system twice as often.
+bool isPictureAt(const QString& path, const OpenAlbum& album) {
+    const QByteArray name = QFile::encodeName(path);
+    if (album.isAt(name)) return false;
+    const int file = open(name.constData(), O_RDONLY | O_CLOEXEC);
+    if (file >= 0) {
+        std::array<char, formatBytes> beginning{};
+        const auto length = read(file, beginning.data(), beginning.size());
+        close(file);
+        return length > 0 && isPicture(QByteArrayView(beginning.data(), length));
+    }
+    QFile odd;
+    return isStandIn(path) && openForReading(odd, path, QIODevice::Unbuffered) && isPicture(odd.read(formatBytes));
 }
 
 class PictureWalk {
@@ -70,7 +95,7 @@ class PictureWalk {
         const QStringList patterns = which_ == ListedFiles::byEnding ? picturePattern.split(u';') : QStringList{u"*"_s};
         for (const FolderEntry& entry : filesIn(path, patterns)) {
             if (ended_) return;
-            if (which_ == ListedFiles::byEnding || isPictureByContent(joinedPath(path, entry.name)))
+            if (which_ == ListedFiles::byEnding || isPictureAt(joinedPath(path, entry.name), album_))
                 found_ << folder + entry.name;
             if (++seen_ % filesBetweenQuestions == 0) ask();
         }
@@ -81,6 +106,7 @@ class PictureWalk {
     QString root_;
     ListedFiles which_;
     const std::function<bool(qsizetype)>& goesOn_;
+    OpenAlbum album_;
     QStringList found_;
     QSet<QString> entered_;  ///< Folders, by their real paths.
     qsizetype seen_ = 0;
@@ -90,11 +116,7 @@ class PictureWalk {
 }  // namespace
 
 bool isPictureByContent(const QString& path) {
-    if (isOpenAlbum(path)) return false;
-    QFile file(path);
-    if (file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return beginsAsPicture(file);
-    QFile odd;
-    return isStandIn(path) && openForReading(odd, path, QIODevice::Unbuffered) && beginsAsPicture(odd);
+    return isPictureAt(path, OpenAlbum());
 }
 
 QStringList picturesBelow(const QString& folder, ListedFiles which,

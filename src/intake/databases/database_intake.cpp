@@ -35,7 +35,7 @@ DatabaseIntake::DatabaseIntake(const SettingsFrame& frame, GuidedFlow& flow, Bro
       chosen_(chosen),
       signs_(signs),
       sample_(frame),
-      otherTexts_(new QAction(u"文字不对？换一种编码重读"_s, this)),
+      otherTexts_(new QAction(u"文字不对？换一种编码重读"_s, frame.form)),
       whole_(frame) {
     connect(&whole_, &WholeCatalogue::over, this, [this] { giveUp(); });
     otherTexts_->setObjectName(u"mnuBm"_s);

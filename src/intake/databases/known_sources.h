@@ -2,8 +2,8 @@
 
 #include "catalogue/runs/field_mapping.h"
 
-/// What was chosen for source databases that were used before: the program remembers it for the last forty files. A file
-/// is told by its path.
+/// What was chosen for source databases that were used before: the program remembers it for the last forty files. A
+/// file is told by its path.
 namespace knownSources {
 
 /// The code page of its texts, 0 when none was chosen.

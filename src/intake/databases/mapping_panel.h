@@ -19,9 +19,9 @@ class QScrollArea;
 /// The part of picMl by which source fields are mapped to target fields: the tables of a database (lstSb), a line for
 /// every field of the target table (lblMb(n), txtYb(n)), and the pick list of source fields (lstDy). It serves the page
 /// in front, 图片录入 or 图片转存, and keeps step and numbered hint of the flow where it makes them. On 图片录入
-/// lstSb chooses the source table, on 图片转存 the target table; the other one is set by the page. On 图片录入 the lines
-/// of a table that is not made like an album are filled at once: with the mapping of its last intake, otherwise with
-/// proposals.
+/// lstSb chooses the source table, on 图片转存 the target table; the other one is set by the page. On 图片录入 the
+/// lines of a table that is not made like an album are filled at once: with the mapping of its last intake, otherwise
+/// with proposals.
 ///
 /// It also makes the buttons cmdQx and cmdLr and stands them where the page in front has them (after each `mlcl`).
 /// Their captions tell what they do: "全部对应", "对应完成" and "关闭本框" are seen to here, all others go out as

@@ -19,18 +19,23 @@ struct Names {
 /// In lower case, without blanks, strokes and points.
 const std::vector<Names>& knownNames() {
     static const std::vector<Names> all{
-        {u"序号"_s, {u"编号"_s, u"号"_s, u"号码"_s, u"图号"_s, u"照片号"_s, u"id"_s, u"no"_s, u"nr"_s, u"number"_s,
-                    u"num"_s, u"index"_s, u"photoid"_s, u"pictureid"_s, u"imageid"_s, u"picid"_s, u"autoid"_s}},
-        {u"编号"_s, {u"编码"_s, u"代码"_s, u"分类"_s, u"类别"_s, u"code"_s, u"codes"_s, u"category"_s, u"tag"_s, u"tags"_s}},
+        {u"序号"_s,
+         {u"编号"_s, u"号"_s, u"号码"_s, u"图号"_s, u"照片号"_s, u"id"_s, u"no"_s, u"nr"_s, u"number"_s, u"num"_s,
+          u"index"_s, u"photoid"_s, u"pictureid"_s, u"imageid"_s, u"picid"_s, u"autoid"_s}},
+        {u"编号"_s,
+         {u"编码"_s, u"代码"_s, u"分类"_s, u"类别"_s, u"code"_s, u"codes"_s, u"category"_s, u"tag"_s, u"tags"_s}},
         {u"大小"_s, {u"文件大小"_s, u"kb"_s, u"size"_s, u"filesize"_s}},
         {u"规格"_s, {u"尺寸"_s, u"像素"_s, u"分辨率"_s, u"dimensions"_s, u"resolution"_s, u"pixels"_s}},
-        {u"日期"_s, {u"拍摄日期"_s, u"拍摄时间"_s, u"摄影日期"_s, u"照相日期"_s, u"时间"_s, u"日付"_s, u"date"_s, u"datetaken"_s,
-                    u"takenon"_s, u"taken"_s, u"photodate"_s, u"shotdate"_s, u"datum"_s, u"time"_s, u"created"_s}},
-        {u"图片"_s, {u"照片"_s, u"相片"_s, u"图像"_s, u"图"_s, u"影像"_s, u"photo"_s, u"picture"_s, u"image"_s, u"pic"_s,
-                    u"img"_s, u"bild"_s, u"foto"_s, u"jpeg"_s, u"jpg"_s, u"bitmap"_s, u"data"_s}},
-        {u"备注"_s, {u"说明"_s, u"描述"_s, u"标题"_s, u"名称"_s, u"注释"_s, u"附注"_s, u"内容"_s, u"caption"_s, u"title"_s,
-                    u"description"_s, u"comment"_s, u"comments"_s, u"remark"_s, u"remarks"_s, u"note"_s, u"notes"_s,
-                    u"memo"_s, u"text"_s, u"name"_s}}};
+        {u"日期"_s,
+         {u"拍摄日期"_s, u"拍摄时间"_s, u"摄影日期"_s, u"照相日期"_s, u"时间"_s, u"日付"_s, u"date"_s, u"datetaken"_s,
+          u"takenon"_s, u"taken"_s, u"photodate"_s, u"shotdate"_s, u"datum"_s, u"time"_s, u"created"_s}},
+        {u"图片"_s,
+         {u"照片"_s, u"相片"_s, u"图像"_s, u"图"_s, u"影像"_s, u"photo"_s, u"picture"_s, u"image"_s, u"pic"_s, u"img"_s,
+          u"bild"_s, u"foto"_s, u"jpeg"_s, u"jpg"_s, u"bitmap"_s, u"data"_s}},
+        {u"备注"_s,
+         {u"说明"_s, u"描述"_s, u"标题"_s, u"名称"_s, u"注释"_s, u"附注"_s, u"内容"_s, u"caption"_s, u"title"_s,
+          u"description"_s, u"comment"_s, u"comments"_s, u"remark"_s, u"remarks"_s, u"note"_s, u"notes"_s, u"memo"_s,
+          u"text"_s, u"name"_s}}};
     return all;
 }
 
@@ -159,8 +164,7 @@ std::vector<SourceField> sourceFields(const Database& source, const QString& tab
         for (int row = 0; row < std::min(rows.rowCount(), looksAt); ++row)
             attempt([&] {
                 rows.moveToRow(row);
-                for (std::size_t i = 0; i < looks.size(); ++i)
-                    attempt([&] { looks[i].lookAt(rows.Fields(int(i))); });
+                for (std::size_t i = 0; i < looks.size(); ++i) attempt([&] { looks[i].lookAt(rows.Fields(int(i))); });
             });
     });
     std::vector<SourceField> fields;

@@ -14,8 +14,8 @@ struct SourceField {
 /// Looks at the first records. What cannot be read of them says nothing.
 std::vector<SourceField> sourceFields(const Database& source, const QString& table);
 
-/// A pair for every target field, with an empty source where none suits. Fields are proposed for fields of the same type
-/// alone, each once: by their names, then by what they hold, then where the type leaves no choice.
+/// A pair for every target field, with an empty source where none suits. Fields are proposed for fields of the same
+/// type alone, each once: by their names, then by what they hold, then where the type leaves no choice.
 FieldMapping proposedMapping(const TableShape& target, const std::vector<SourceField>& source);
 
 /// Whether the fields have the same names and types in the same order: they need no proposal.

@@ -145,7 +145,8 @@ void TransferPage::offerNewTarget(const QString& jetFile) {
     const QString table = newTargetTable(frame_.albums.table());
     const QString target = newTargetPath(jetFile);
     constexpr int leaveIt = 0, makeNew = 1;
-    if (choose(frame_.form, jetTargetText(jetFile, target, table), {u"取 消"_s, u"新建图册库"_s}, leaveIt, leaveIt) != makeNew)
+    if (choose(frame_.form, jetTargetText(jetFile, target, table), {u"取 消"_s, u"新建图册库"_s}, leaveIt, leaveIt) !=
+        makeNew)
         return;
     makeTarget(target, table, titleOfLine(frame_.albums.line()));
     browser_.readFiles();

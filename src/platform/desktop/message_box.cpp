@@ -1,6 +1,7 @@
 #include "platform/desktop/message_box.h"
 
 #include "platform/base/error.h"
+#include "platform/desktop/failure_list.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -16,6 +17,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int modalPatienceMs = 200;
+const QString failureTitle = u"错误提示"_s;
 
 std::function<int(const BoxText&)>& answer() {
     static std::function<int(const BoxText&)> function;
@@ -59,8 +61,13 @@ QMessageBox* makeBox(QWidget* parent, const BoxText& text) {
     return box;
 }
 
+void noteIfFailure(const BoxText& text) {
+    if (text.title == failureTitle) noteFailure(text.text);
+}
+
 /// The place of the answer that was given.
 int show(QWidget* parent, const BoxText& text, std::unique_ptr<QCheckBox> option = {}) {
+    noteIfFailure(text);
     if (const auto answers = answer()) return answers(text);
 
     // The nested event loop may take the parent, and the box with it.
@@ -121,6 +128,7 @@ void showWhenNothingWaits(const BoxText& text) {
 
 void tell(const QString& text, BoxIcon icon, const QString& title) {
     const BoxText shown = statement(title, text, icon);
+    noteIfFailure(shown);
     if (const auto answers = answer()) {
         answers(shown);
         return;
@@ -153,5 +161,5 @@ void runHandler(QWidget* parent, const std::function<void()>& handler) {
     } catch (const std::exception& error) {
         failure = QString::fromLocal8Bit(error.what());
     }
-    say(owner, failure, BoxIcon::exclamation, u"错误提示"_s);
+    say(owner, failure, BoxIcon::exclamation, failureTitle);
 }

@@ -21,6 +21,9 @@ struct PictureFacts {
     QList<std::pair<QString, QString>> lines() const;
 };
 
+/// So many bytes from the beginning of a JPEG hold all facts: cameras and programs write them before the pixels.
+inline constexpr qint64 factsReach = 5 << 20;
+
 /// Reads the beginning of a JPEG, where they are; never throws. They end with the header of its first scan, in front of
 /// which there may be a long profile.
 PictureFacts pictureFacts(const QByteArray& jpeg);

@@ -119,6 +119,11 @@ void AlbumEntry::take() {
     Q_EMIT chosen();
 }
 
+void AlbumEntry::choose(const QString& table) {
+    chooseAlbumLine(*cboBm, table);
+    take();
+}
+
 /// What is being typed is no choice before Enter, and the album chosen before no longer is one.
 void AlbumEntry::typed() {
     const QString table = tableOfLine(cboBm->currentText());

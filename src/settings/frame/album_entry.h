@@ -38,6 +38,8 @@ class AlbumEntry : public QObject {
 
     /// Takes the text in the box for a choice, without asking.
     void take();
+    /// The same with the line of a table.
+    void choose(const QString& table);
 
   Q_SIGNALS:
     void chosen();

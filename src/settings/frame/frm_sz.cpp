@@ -9,14 +9,10 @@
 #include "windows/window_place.h"
 
 #include <QCloseEvent>
-#include <QDir>
-#include <QDragEnterEvent>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <QPushButton>
 #include <QSizeGrip>
 #include <QTabBar>
-#include <QUrl>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -36,13 +32,6 @@ bool turnsPage(const QKeyEvent& key, bool inStrip) {
     return (inStrip && arrow) || (tab && (key.modifiers() & Qt::ControlModifier));
 }
 
-QStringList pathsIn(const QMimeData& dropped) {
-    QStringList paths;
-    for (const QUrl& url : dropped.urls())
-        if (url.isLocalFile()) paths << QDir::cleanPath(url.toLocalFile());
-    return paths;
-}
-
 }  // namespace
 
 frmSz::frmSz(Windows& windows, const Furnishing& furnish, QWidget* parent)
@@ -60,7 +49,6 @@ frmSz::frmSz(Windows& windows, const Furnishing& furnish, QWidget* parent)
     setWindowTitle(u" 览忆集苑(图片录入及系统设置)"_s);
     setMinimumSize(pixelsFromTwips(windowWidth), pixelsFromTwips(windowHeight));
     resize(minimumSize());
-    setAcceptDrops(true);
     for (ShapeBox* shape : {shpWk, shpNk}) letGrow(shape, fills);
     makeOuterButtons();
     contents_ = furnish({this, sstFz, hints_, work_, albums_, grid_, choices_, runBar_});
@@ -113,6 +101,9 @@ void frmSz::load() {
 }
 
 void frmSz::connectEvents() {
+    auto* offers = new OfferTaker(this);
+    offers->mayTake = [this] { return !runBar_.isAtWork(); };
+    connect(offers, &OfferTaker::offered, this, guarded(this, [this](const PictureOffer& offer) { takeOffer(offer); }));
     for (QWidget* part : {static_cast<QWidget*>(sstFz), static_cast<QWidget*>(sstFz->tabBar())})
         part->installEventFilter(this);
     connect(sstFz, &QTabWidget::currentChanged, this, guarded(this, [this] { sstFzClick(); }));
@@ -198,27 +189,21 @@ void frmSz::closeEvent(QCloseEvent* event) {
     event->setAccepted(leaves);
 }
 
-/// Files and folders of this computer; during a run none are taken.
-void frmSz::dragEnterEvent(QDragEnterEvent* event) {
-    if (!runBar_.isAtWork() && !pathsIn(*event->mimeData()).isEmpty()) event->acceptProposedAction();
-}
-
-void frmSz::dropEvent(QDropEvent* event) {
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-    // The program from which they come waits until this returns; a question may take longer.
-    QMetaObject::invokeMethod(this, guarded(this, [this, paths = pathsIn(*event->mimeData())] { takeFiles(paths); }),
-                              Qt::QueuedConnection);
-}
-
-void frmSz::takeFiles(const QStringList& paths) {
-    if (runBar_.isAtWork() || paths.isEmpty()) return;
+void frmSz::takeOffer(const PictureOffer& offer) {
     if (sstFz->currentIndex() != intakeTab) {
         if (work_.isUnderWay()) warnBeforeLeaving();
         if (work_.isUnderWay() || !page().mayLeave()) return;
         sstFz->setCurrentIndex(intakeTab);
     }
-    page().filesDropped(paths);
+    QStringList paths = offer.paths;
+    if (paths.isEmpty()) paths << pasted_.keep(offer, this);
+    if (!paths.front().isEmpty()) page().filesDropped(paths);
+}
+
+void frmSz::takeIn(const QString& table, const PictureOffer& offer) {
+    sstFz->setCurrentIndex(intakeTab);
+    if (!table.isEmpty()) albums_.choose(table);
+    takeOffer(offer);
 }
 
 /// Keys reach another page without the pointer entering the strip.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "settings/frame/frame_part.h"
+#include "settings/frame/pasted_picture.h"
 #include "settings/frame/settings_frame.h"
 #include "settings/frame/settings_page.h"
 #include "windows/windows.h"
@@ -30,10 +31,11 @@ class frmSz : public QWidget {
     frmSz(Windows& windows, const Furnishing& furnish, QWidget* parent = nullptr);
     ~frmSz() override;
 
+    /// Pictures for an album, which is chosen on the page 图片录入 if it has a table; they become the selection there.
+    void takeIn(const QString& table, const PictureOffer& offer);
+
   protected:
     void closeEvent(QCloseEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -45,7 +47,7 @@ class frmSz : public QWidget {
     void sstFzClick();
     void placeSharedControls(const PageLayout& layout);
     void leave(const std::function<void()>& way);
-    void takeFiles(const QStringList& paths);
+    void takeOffer(const PictureOffer& offer);
     void takeAlbum();
     void loseAlbum();
     void pointerMoved(int x, int y);
@@ -63,6 +65,7 @@ class frmSz : public QWidget {
     RecordGrid grid_;
     ChoiceList choices_;
     RunBar runBar_;
+    PastedPictures pasted_;
     FrameContents contents_;
     bool warning_ = false;  ///< The box that warns before unfinished work is lost stands open.
 };

@@ -3,6 +3,7 @@
 #include "catalogue/mektp.h"
 #include "platform/base/file_lock.h"
 #include "platform/desktop/elided_label.h"
+#include "platform/desktop/failure_list.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/tab_control.h"
@@ -56,6 +57,7 @@ class RunBar::Watch : public RunWatch {
                 answer = passes;
                 return;
             }
+            noteFailure(failed.name + u"："_s + failed.reason);
             answer = choose(bar_.form_, failureQuestion(failed, words_), {u"停止"_s, u"跳过并继续"_s}, stops, stops);
         });
         askedMs_ += time_.elapsed() - askedAt;

@@ -159,7 +159,8 @@ class JetDamageTest : public QObject {
                 const QString failure = failureOfReading(path);
                 if (failure.isEmpty()) {
                     const ReadingNotes notes(OpenDatabase(path));
-                    QVERIFY2(!notes.unreadableTables().isEmpty() || notes.missingRecords(u"行"_s) != 0, qPrintable(name));
+                    QVERIFY2(!notes.unreadableTables().isEmpty() || notes.missingRecords(u"行"_s) != 0,
+                             qPrintable(name));
                     continue;
                 }
                 QVERIFY2(failure.startsWith(u"数据库文件“") && failure.contains(u"short.mdb"),
@@ -177,7 +178,8 @@ class JetDamageTest : public QObject {
         QTest::addColumn<int>("pictures");  // of the three
         QTest::addColumn<QString>("lost");
         QTest::newRow("whole") << QByteArray() << QStringList{u"甲"_s, u"乙"_s} << QStringList() << 3 << QString();
-        QTest::newRow("definition") << QByteArray("Only") << QStringList{u"甲"_s} << QStringList{u"乙"_s} << 3 << QString();
+        QTest::newRow("definition") << QByteArray("Only") << QStringList{u"甲"_s} << QStringList{u"乙"_s} << 3
+                                    << QString();
         QTest::newRow("end of a long value")
             << noise(9000).right(60) << QStringList{u"甲"_s, u"乙"_s} << QStringList() << 2 << u"2 Picture"_s;
         QTest::newRow("rows of the second table")

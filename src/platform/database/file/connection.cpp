@@ -242,13 +242,21 @@ bool Connection::isWritable() const {
 }
 
 qint64 Connection::number(const QString& sql) {
-    SQLite::Statement statement = prepare(sql);
-    return step(statement) ? statement.getColumn(0).getInt64() : 0;
+    auto statement = kept(sql);
+    return step(*statement) ? statement->getColumn(0).getInt64() : 0;
 }
 
 SQLite::Statement Connection::prepare(const QString& sql, const QString& table) {
     try {
         return SQLite::Statement(database_, sql.toStdString());
+    } catch (const SQLite::Exception& failure) {
+        throw error(failure.getErrorCode(), table);
+    }
+}
+
+KeptStatements::Use Connection::kept(const QString& sql, const QString& table) {
+    try {
+        return kept_.use(sql);
     } catch (const SQLite::Exception& failure) {
         throw error(failure.getErrorCode(), table);
     }
@@ -267,17 +275,17 @@ bool Connection::step(SQLite::Statement& statement) {
 std::vector<Column> Connection::columnsOf(const QString& table) {
     std::vector<Column> columns;
     if (isReservedTable(table)) return columns;
-    SQLite::Statement list = prepare(
+    auto list = kept(
         u"SELECT name, type FROM pragma_table_info(?) WHERE EXISTS "
         "(SELECT 1 FROM sqlite_schema WHERE type = 'table' AND name = ? COLLATE NOCASE)"_s);
     const std::string name = table.toStdString();
     checked([&] {
-        list.bind(1, name);
-        list.bind(2, name);
+        list->bind(1, name);
+        list->bind(2, name);
     });
-    while (step(list)) {
-        columns.push_back(declaredColumn(QString::fromStdString(list.getColumn(0).getString()),
-                                         QString::fromStdString(list.getColumn(1).getString())));
+    while (step(*list)) {
+        columns.push_back(declaredColumn(QString::fromStdString(list->getColumn(0).getString()),
+                                         QString::fromStdString(list->getColumn(1).getString())));
     }
     return columns;
 }
@@ -353,7 +361,7 @@ Change::Change(Connection& connection) : connection_(connection), outermost_(con
         connection_.takeForWriting();
     else
         requireTransaction(connection_);
-    connection_.run(outermost_ ? u"BEGIN IMMEDIATE"_s : u"SAVEPOINT change"_s);
+    connection_.step(*connection_.kept(outermost_ ? u"BEGIN IMMEDIATE"_s : u"SAVEPOINT change"_s));
     ++connection_.openChanges_;
 }
 
@@ -364,13 +372,13 @@ Change::~Change() {
     connection_.noteChange();
     if (!isInTransaction(connection_)) return;  // the engine has taken everything back itself
     attempt([this] { connection_.run(outermost_ ? u"ROLLBACK"_s : u"ROLLBACK TO change"_s); });
-    if (!outermost_) attempt([this] { connection_.run(u"RELEASE change"_s); });
+    if (!outermost_) attempt([this] { connection_.step(*connection_.kept(u"RELEASE change"_s)); });
 }
 
 void Change::commit() {
     connection_.longBinaries().release();
     requireTransaction(connection_);
-    connection_.run(outermost_ ? u"COMMIT"_s : u"RELEASE change"_s);
+    connection_.step(*connection_.kept(outermost_ ? u"COMMIT"_s : u"RELEASE change"_s));
     --connection_.openChanges_;
     open_ = false;
     if (outermost_) connection_.file_->noteChange();

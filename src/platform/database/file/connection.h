@@ -2,6 +2,7 @@
 
 #include "platform/base/error.h"
 #include "platform/database/dialect/table_layout.h"
+#include "platform/database/file/kept_statements.h"
 #include "platform/database/file/long_binary.h"
 #include "platform/database/file/shared_file.h"
 
@@ -39,6 +40,8 @@ class Connection {
 
     /// `table` is the table of the statement: the failure names it when a column is missing.
     SQLite::Statement prepare(const QString& sql, const QString& table = {});
+    /// The same for one that comes again and again.
+    KeptStatements::Use kept(const QString& sql, const QString& table = {});
     void run(const QString& sql, const QString& table = {});
     bool step(SQLite::Statement& statement);
     qint64 lastRowId() const { return database_.getLastInsertRowid(); }
@@ -49,6 +52,7 @@ class Connection {
     /// Grows whenever something in the file changes through a connection of this process.
     qint64 changeCount() const;
     void noteChange() { ++otherChanges_; }
+    bool isInChange() const { return openChanges_ > 0; }
 
     /// Notes the highest row identity that was read of a table. No new row gets an identity up to that one, even when
     /// its row is gone. So a recordset never takes a newer record for one of its own.
@@ -92,6 +96,7 @@ class Connection {
     QString path_;
     std::shared_ptr<SharedFile> file_;  ///< Above the handle: what was read of a foreign database goes after it.
     SQLite::Database database_;
+    KeptStatements kept_{database_};
     LongBinaries longBinaries_;
     qint64 otherChanges_ = 0;
     int openChanges_ = 0;

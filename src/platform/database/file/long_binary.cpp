@@ -66,15 +66,15 @@ void LongBinaries::askFor(qint64 key, qint64 most) {
 
 qint64 LongBinaries::store(const PendingBytes& value) {
     const QByteArray& whole = value.inMemory();
-    SQLite::Statement insert =
-        connection_.prepare(value.source() == nullptr ? u"INSERT INTO long_binary (bytes) VALUES (?)"_s
-                                                      : u"INSERT INTO long_binary (bytes) VALUES (zeroblob(?))"_s);
+    auto insert =
+        connection_.kept(value.source() == nullptr ? u"INSERT INTO long_binary (bytes) VALUES (?)"_s
+                                                   : u"INSERT INTO long_binary (bytes) VALUES (zeroblob(?))"_s);
     connection_.checked([&] {
         if (value.source() == nullptr)
-            insert.bindNoCopy(1, whole.isEmpty() ? "" : whole.constData(), int(whole.size()));
+            insert->bindNoCopy(1, whole.isEmpty() ? "" : whole.constData(), int(whole.size()));
         else
-            insert.bind(1, int64_t(value.size()));
-        insert.exec();
+            insert->bind(1, int64_t(value.size()));
+        insert->exec();
     });
     const qint64 key = connection_.lastRowId();
     if (value.source() != nullptr) fill(key, *value.source());

@@ -1,8 +1,8 @@
 #pragma once
 
-/// By these the reader of Jet databases tells, inside the copy that it makes, what it has found besides the tables. They
-/// are there in every copy. Others read the view: tables of the program's own are closed to them, and no list of tables
-/// shows a view.
+/// By these the reader of Jet databases tells, inside the copy that it makes, what it has found besides the tables.
+/// They are there in every copy. Others read the view: tables of the program's own are closed to them, and no list of
+/// tables shows a view.
 ///
 /// | kind       | name                | field                | number                                           |
 /// | ---------- | ------------------- | -------------------- | ------------------------------------------------ |

@@ -20,6 +20,14 @@ std::vector<Column> selectedColumns(const std::vector<Column>& all, const Select
     return columns;
 }
 
+/// The first place of a statement is the identity.
+constexpr int firstValue = 2;
+
+/// Where a statement takes the value of that number, counted from 0.
+QString place(qsizetype number) {
+    return u'?' + QString::number(firstValue + number);
+}
+
 }  // namespace
 
 EditableRows::EditableRows(Connection& connection, const SelectQuery& query)
@@ -69,14 +77,11 @@ int EditableRows::firstMatch(const Tokens& criteria) {
 void EditableRows::update(int row, const PendingValues& values) {
     if (values.empty()) return;
     QStringList assignments;
-    for (const auto& [column, value] : values) {
-        assignments << quotedName(columns_[size_t(column)].name) + u" = ?"_s;
-    }
+    for (const auto& [column, value] : values)
+        assignments << quotedName(columns_[size_t(column)].name) + u" = "_s + place(assignments.size());
     Change change(connection_);
-    const int changed = runWith(
-        u"UPDATE %1 SET %2 WHERE _rowid_ = %3"_s.arg(quotedName(table_), assignments.join(u", "), identityOf(row)),
-        values);
-    if (changed == 0) failDeleted();
+    const QString sql = u"UPDATE %1 SET %2 WHERE _rowid_ = ?1"_s.arg(quotedName(table_), assignments.join(u", "));
+    if (runWith(sql, rowids_[size_t(row)], values) == 0) failDeleted();
     change.commit();
 }
 
@@ -84,47 +89,43 @@ void EditableRows::add(const PendingValues& values) {
     Change change(connection_);
     // The identity comes first: in another program's table a column may be the identity itself, and the last one
     // counts.
-    QStringList names{u"_rowid_"_s};
-    QStringList places{QString::number(connection_.newRowId(table_))};
+    QStringList names{u"_rowid_"_s}, places{u"?1"_s};
     for (const auto& [column, value] : values) {
+        places << place(names.size() - 1);
         names << quotedName(columns_[size_t(column)].name);
-        places << u"?"_s;
     }
     runWith(u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(quotedName(table_), names.join(u", "), places.join(u", ")),
-            values);
+            connection_.newRowId(table_), values);
     const qint64 rowid = connection_.lastRowId();
     change.commit();
     rowids_.push_back(rowid);
 }
 
-int EditableRows::runWith(const QString& sql, const PendingValues& values) {
-    SQLite::Statement statement = connection_.prepare(sql, table_);
-    int place = 0;
+int EditableRows::runWith(const QString& sql, qint64 identity, const PendingValues& values) {
+    auto statement = connection_.kept(sql, table_);
+    connection_.checked([&] { statement->bind(1, int64_t(identity)); });
+    int place = firstValue;
     for (const auto& [at, pending] : values) {
-        ++place;
         if (!pending.bytes) {
             connection_.checked([&, &at = at, &stored = pending.value] {
-                bindValue(statement, place, stored, columns_[size_t(at)].type);
+                bindValue(*statement, place, stored, columns_[size_t(at)].type);
             });
-            continue;
+        } else {
+            const qint64 key = connection_.longBinaries().store(*pending.bytes);
+            connection_.checked([&] { statement->bind(place, int64_t(key)); });
         }
-        const qint64 key = connection_.longBinaries().store(*pending.bytes);
-        connection_.checked([&] { statement.bind(place, int64_t(key)); });
+        ++place;
     }
-    return connection_.checked([&] { return statement.exec(); });
+    return connection_.checked([&] { return statement->exec(); });
 }
 
 void EditableRows::remove(int row) {
     Change change(connection_);
-    const QString sql = u"DELETE FROM %1 WHERE _rowid_ = %2"_s.arg(quotedName(table_), identityOf(row));
-    if (runWith(sql, {}) == 0) failDeleted();
+    const QString sql = u"DELETE FROM %1 WHERE _rowid_ = ?1"_s.arg(quotedName(table_));
+    if (runWith(sql, rowids_[size_t(row)], {}) == 0) failDeleted();
     change.commit();
     rowids_.erase(rowids_.begin() + row);
     connection_.giveBackSpaceLater();
-}
-
-QString EditableRows::identityOf(int row) const {
-    return QString::number(rowids_[size_t(row)]);
 }
 
 void EditableRows::failDeleted() const {

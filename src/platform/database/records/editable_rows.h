@@ -18,9 +18,9 @@ class EditableRows : public ResultRows {
   private:
     std::vector<qint64> rowidsOf(const QString& sql);
     QString columnList() const;
-    QString identityOf(int row) const;
-    /// Returns the number of changed rows. Called within a change.
-    int runWith(const QString& sql, const PendingValues& values);
+    /// Runs a statement of which the first value is the identity of a row. Returns the number of changed rows. Called
+    /// within a change.
+    int runWith(const QString& sql, qint64 identity, const PendingValues& values);
     [[noreturn]] void failDeleted() const;
 
     Connection& connection_;

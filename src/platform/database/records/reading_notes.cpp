@@ -6,8 +6,8 @@ using namespace Qt::Literals::StringLiterals;
 
 ReadingNotes::ReadingNotes(const Database& database) {
     if (!database.isForeign()) return;
-    const Recordset notes = database.OpenRecordset(
-        u"SELECT kind, name, field, CAST(number AS TEXT) AS number FROM "_s + QLatin1StringView(readingNotesView));
+    const Recordset notes = database.OpenRecordset(u"SELECT kind, name, field, CAST(number AS TEXT) AS number FROM "_s +
+                                                   QLatin1StringView(readingNotesView));
     for (int i = 0; i < notes.rowCount(); ++i) {
         const std::vector<FieldValue> note = notes.valuesAt(i);
         const QString kind = note[0].toText(), name = note[1].textOr(), field = note[2].textOr();

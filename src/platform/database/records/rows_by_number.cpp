@@ -3,6 +3,7 @@
 #include "platform/database/dialect/sql_tokens.h"
 
 #include <QStringList>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -38,6 +39,27 @@ RowsByNumber::RowsByNumber(const Database& database, const QString& table, const
 
 Recordset recordsOfRows(const Database& database, const QString& table, const std::vector<qint64>& rows) {
     return database.OpenRecordset(u"SELECT * FROM %1 WHERE _rowid_ IN (%2)"_s.arg(quotedName(table), listed(rows)));
+}
+
+void RecordsInTurn::open(std::size_t first) {
+    const auto begin = rows_.begin() + qsizetype(first);
+    looked_.assign(begin, begin + qsizetype(std::min(mostListed, rows_.size() - first)));
+    std::ranges::sort(looked_);
+    looked_.erase(std::ranges::unique(looked_).begin(), looked_.end());
+    first_ = first;
+    records_ = recordsOfRows(database_, table_, looked_);
+}
+
+const Recordset& RecordsInTurn::at(std::size_t place) {
+    if (const std::size_t first = place - place % mostListed; looked_.empty() || first != first_) open(first);
+    if (std::size_t(records_.rowCount()) == looked_.size()) {
+        records_.moveToRow(int(std::ranges::lower_bound(looked_, rows_[place]) - looked_.begin()));
+        return records_;
+    }
+    // Some are gone: which ones, nobody knows.
+    looked_.clear();
+    records_ = recordsOfRows(database_, table_, {rows_[place]});
+    return records_;
 }
 
 void removeRows(const Database& database, const QString& table, const std::vector<qint64>& rows) {

@@ -39,26 +39,27 @@ QStringList ValueHashes::creation() {
 
 void ValueHashes::note(qint64 value, qint64 length, const QByteArray& sha256) {
     if (!areKept_) return;
-    Change change(*connection_);
-    SQLite::Statement insert = connection_->prepare(
+    std::optional<Change> change;  // one statement needs none within another change
+    if (!connection_->isInChange()) change.emplace(*connection_);
+    auto insert = connection_->kept(
         u"INSERT OR REPLACE INTO lunq_hashes (id, length, sha256, checked) "
         "SELECT ?1, ?2, ?3, ?4 WHERE EXISTS (SELECT 1 FROM long_binary WHERE id = ?1)"_s);
     connection_->checked([&] {
-        insert.bind(1, int64_t(value));
-        insert.bind(2, int64_t(length));
-        insert.bind(3, sha256.constData(), int(sha256.size()));
-        insert.bind(4, QDate::currentDate().toString(Qt::ISODate).toStdString());
-        insert.exec();
+        insert->bind(1, int64_t(value));
+        insert->bind(2, int64_t(length));
+        insert->bind(3, sha256.constData(), int(sha256.size()));
+        insert->bind(4, QDate::currentDate().toString(Qt::ISODate).toStdString());
+        insert->exec();
     });
-    change.commit();
+    if (change) change->commit();
 }
 
 std::optional<ValueHashes::Kept> ValueHashes::of(qint64 value) const {
     if (!areKept_) return {};
-    SQLite::Statement find = connection_->prepare(u"SELECT length, sha256 FROM lunq_hashes WHERE id = ?"_s);
-    connection_->checked([&] { find.bind(1, int64_t(value)); });
-    if (!connection_->step(find)) return {};
-    return Kept{find.getColumn(0).getInt64(), bytesOf(find.getColumn(1))};
+    auto find = connection_->kept(u"SELECT length, sha256 FROM lunq_hashes WHERE id = ?"_s);
+    connection_->checked([&] { find->bind(1, int64_t(value)); });
+    if (!connection_->step(*find)) return {};
+    return Kept{find->getColumn(0).getInt64(), bytesOf(find->getColumn(1))};
 }
 
 std::vector<StoredValue> ValueHashes::without(const QString& table, const QString& column) const {

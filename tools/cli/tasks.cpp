@@ -1,0 +1,133 @@
+#include "cli/tasks.h"
+
+#include "backup/catalogue_copy.h"
+#include "catalogue/album_directory.h"
+#include "catalogue/album_rules.h"
+#include "catalogue/album_tables.h"
+#include "catalogue/picture_hashes.h"
+#include "catalogue/runs/file_transfer.h"
+#include "cli/writer_watch.h"
+#include "platform/base/error.h"
+#include "platform/base/files.h"
+#include "platform/database/file/file_check.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QThread>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int pauseMs = 200;
+/// An album that never rests that long cannot be looked through.
+constexpr int mostTries = 3000;
+
+/// The file is looked through anew after each change that somebody makes meanwhile.
+FileCheck::Outcome lookThrough(const QString& catalogue) {
+    for (int tried = 0; tried < mostTries; ++tried) {
+        FileCheck check(catalogue);
+        const WriterWatch watch(catalogue, [&check] { check.interrupt(); });
+        const FileCheck::Outcome outcome = check.run();
+        if (outcome != FileCheck::Outcome::interrupted) return outcome;
+        QThread::msleep(pauseMs);
+    }
+    throw Error(u"像册文件“%1”一直在改动，没有检查完。"_s.arg(catalogue));
+}
+
+struct PictureCount {
+    int same = 0;
+    int changed = 0;
+    int unknown = 0;  ///< Without a fingerprint yet.
+};
+
+void compare(const Recordset& rows, int row, const PictureHashes& hashes, PictureCount& count, QTextStream& out,
+             const QString& album) {
+    const StoredValue picture = rows.storedAt(row, u"图片"_s);
+    if (picture.isNull()) return;
+    const Fingerprint kept = hashes.of(picture);
+    if (kept.sha256.isEmpty()) {
+        ++count.unknown;
+        return;
+    }
+    const QString which = u"%1 序号 %2"_s.arg(album, rows.valueAt(row, u"序号"_s).textOr());
+    try {
+        if (fingerprintOf(picture) == kept) {
+            ++count.same;
+            return;
+        }
+        out << u"图片与收进来时不同：%1\n"_s.arg(which);
+    } catch (const Error& failure) {
+        out << u"图片不能读取：%1：%2\n"_s.arg(which, failure.text());
+    }
+    ++count.changed;
+}
+
+PictureCount comparePictures(const QString& catalogue, QTextStream& out) {
+    const Database database = OpenDatabase(catalogue);
+    const PictureHashes hashes(database);
+    PictureCount count;
+    for (const QString& album : albumTables(database)) {
+        const Recordset rows = database.OpenRecordset(album);
+        for (int row = 0; row < rows.rowCount(); ++row) compare(rows, row, hashes, count, out, album);
+    }
+    return count;
+}
+
+Album albumCalled(const Database& catalogue, const QString& called) {
+    if (const auto found = findAlbum(catalogue, called)) return *found;
+    if (const auto found = findTitle(catalogue, called)) return *found;
+    QStringList lines;
+    for (const Album& album : allAlbums(catalogue)) lines << albumLine(album.table, album.title);
+    throw Error(u"没有图册“%1”。像册里的图册：\n  %2"_s.arg(called, lines.join(u"\n  "_s)));
+}
+
+QStringList numbersOf(const Database& catalogue, const QString& album) {
+    const Recordset rows = catalogue.OpenRecordset(u"SELECT * FROM %1 ORDER BY [序号]"_s.arg(album));
+    QStringList numbers;
+    for (int row = 0; row < rows.rowCount(); ++row) numbers << rows.valueAt(row, u"序号"_s).textOr();
+    return numbers;
+}
+
+/// A picture that fails keeps no other from its file.
+class PassingOver : public RunWatch {
+  public:
+    bool passesOver(const RunItem&) override { return true; }
+};
+
+}  // namespace
+
+Exit checkCatalogue(const QString& catalogue, QTextStream& out) {
+    if (isJetDatabase(catalogue)) throw Error(u"“%1”不是本软件的像册文件，不能检查。"_s.arg(catalogue));
+    const bool isWhole = lookThrough(catalogue) == FileCheck::Outcome::whole;
+    out << (isWhole ? u"像册文件“%1”完整。\n"_s : u"像册文件“%1”有损坏的地方。请不要再改动它，用备份恢复。\n"_s)
+               .arg(catalogue);
+    out.flush();
+    const PictureCount count = comparePictures(catalogue, out);
+    out << u"图片：%1 张与收进来时一样，%2 张不同或不能读取，%3 张还没有登记。\n"_s.arg(count.same)
+               .arg(count.changed)
+               .arg(count.unknown);
+    return isWhole && count.changed == 0 ? Exit::good : Exit::bad;
+}
+
+Exit backUp(const QString& catalogue, const QString& copy, QTextStream& out) {
+    const QString path = QFileInfo(copy).absoluteFilePath();
+    copyCatalogue(catalogue, path);
+    out << u"已备份到“%1”。\n"_s.arg(path);
+    return Exit::good;
+}
+
+Exit exportAlbum(const QString& catalogue, const QString& album, const QString& folder, QTextStream& out) {
+    const Database database = OpenDatabase(catalogue);
+    const QString table = albumCalled(database, album).table;
+    const QString path = QFileInfo(folder).absoluteFilePath();
+    if (!folderExists(path) && !QDir().mkpath(path)) throw Error(u"文件夹“%1”不能建立。"_s.arg(path));
+    const QStringList numbers = numbersOf(database, table);
+    PassingOver watch;
+    const RunReport report = transferToFiles(database, table, numbers, path, watch);
+    for (const RunItem& item : report.items)
+        if (item.fate != Fate::taken) out << u"没有写成：序号 %1 %2：%3\n"_s.arg(item.name, item.file, item.reason);
+    if (!report.failure.isEmpty()) throw Error(report.failure);
+    out << u"图册 %1 有 %2 张图片，%3 张已在“%4”里。\n"_s.arg(table).arg(numbers.size()).arg(report.count).arg(path);
+    return report.count == numbers.size() ? Exit::good : Exit::bad;
+}
