@@ -1,8 +1,13 @@
 #include "catalogue/mektp.h"
 #include "catalogue/open_check.h"
+#include "platform/base/error.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/toolkit_texts.h"
+#include "settings/backup/backup_reminder.h"
+#include "settings/backup/damaged_window.h"
+#include "settings/backup/keeping_buttons.h"
+#include "settings/backup/restore_swap.h"
 #include "start/damage_notice.h"
 #include "start/hash_keeping.h"
 #include "start/program.h"
@@ -26,6 +31,36 @@ void tellDamage(FileCheck::Outcome outcome) {
         qApp, [] { tell(damageText(rescueOfCatalogue()), BoxIcon::exclamation, u"错误提示"_s); }, Qt::QueuedConnection);
 }
 
+/// Until the windows are closed, or a restored catalogue is to take the place of the open one. `notice` is shown first.
+int runOnce(const StartUp& startUp, const QString& notice) {
+    int status = 0;
+    {
+        Program program;  // its windows go before the catalogue that they read
+        startUp.start(program);
+        if (!notice.isEmpty()) tell(notice, BoxIcon::information);
+        std::optional<OpenCheck> check;
+        if (isCatalogueCheckable()) check.emplace(mekTp::cataloguePath(), tellDamage);
+        std::optional<HashKeeping> hashes;
+        if (isCatalogueCheckable()) {
+            hashes.emplace(mekTp::cataloguePath());
+            QObject::connect(&*hashes, &HashKeeping::damageFound, qApp, [] { showDamagedPictures(nullptr); });
+        }
+        remindOfBackup();
+        status = QApplication::exec();
+    }
+    mekTp::catalogue = {};
+    return status;
+}
+
+/// What became of it, for the person.
+QString restoreOutcome() {
+    try {
+        return restoredText(carryOutRestore());
+    } catch (const Error& failure) {
+        return failure.text();
+    }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -45,17 +80,11 @@ int main(int argc, char** argv) {
 
     StartUp startUp;
     if (!startUp.isReady()) return 0;
-
-    int status = 0;
-    {
-        Program program;  // its windows go before the catalogue that they read
-        startUp.start(program);
-        std::optional<OpenCheck> check;
-        if (isCatalogueCheckable()) check.emplace(mekTp::cataloguePath(), tellDamage);
-        std::optional<HashKeeping> hashes;
-        if (isCatalogueCheckable()) hashes.emplace(mekTp::cataloguePath());
-        status = QApplication::exec();
+    int status = runOnce(startUp, {});
+    while (isRestorePlanned()) {
+        const QString outcome = restoreOutcome();
+        if (!startUp.isReady()) return 0;
+        status = runOnce(startUp, outcome);
     }
-    mekTp::catalogue = {};
     return status;
 }

@@ -1,25 +1,21 @@
 #include "catalogue/background_hashing.h"
 
-#include "catalogue/album_tables.h"
 #include "platform/base/error.h"
 #include "platform/base/processes.h"
-#include "platform/database/records/value_hashes.h"
 
 #include <algorithm>
+#include <ctime>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// The pictures without a fingerprint. Where none are kept there is nothing to do.
-std::vector<StoredValue> bareOnes(const Database& catalogue) {
-    const ValueHashes hashes(catalogue);
-    std::vector<StoredValue> all;
-    if (!hashes.areKept()) return all;
-    for (const QString& album : albumTables(catalogue))
-        attempt([&] { std::ranges::move(hashes.without(album, u"图片"_s), std::back_inserter(all)); });
-    return all;
+/// Of this thread.
+std::chrono::nanoseconds processorTime() {
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
 }  // namespace
@@ -32,15 +28,15 @@ BackgroundHashing::BackgroundHashing(const QString& catalogue, std::function<boo
 
 BackgroundHashing::~BackgroundHashing() = default;
 
-std::vector<BackgroundHashing::Made> BackgroundHashing::take() {
+std::vector<Proven> BackgroundHashing::take() {
     const std::lock_guard lock(mutex_);
     const auto end = made_.begin() + qsizetype(std::min(made_.size(), batchSize));
-    std::vector<Made> batch(std::make_move_iterator(made_.begin()), std::make_move_iterator(end));
+    std::vector<Proven> batch(std::make_move_iterator(made_.begin()), std::make_move_iterator(end));
     made_.erase(made_.begin(), end);
     return batch;
 }
 
-void BackgroundHashing::giveBack(std::vector<Made> batch) {
+void BackgroundHashing::giveBack(std::vector<Proven> batch) {
     const std::lock_guard lock(mutex_);
     made_.insert(made_.begin(), std::make_move_iterator(batch.begin()), std::make_move_iterator(batch.end()));
 }
@@ -53,28 +49,60 @@ void BackgroundHashing::work(const std::stop_token& stop) {
     }
 }
 
+void BackgroundHashing::lookThrough(const std::stop_token& stop) {
+    makePrints(stop);
+    proveDue(stop);
+}
+
 /// The file is closed while the work rests, and what is bare is looked up anew then. A picture that cannot be read is
 /// left alone.
-void BackgroundHashing::lookThrough(const std::stop_token& stop) {
+void BackgroundHashing::makePrints(const std::stop_token& stop) {
     for (bool isThrough = false; !isThrough && !stop.stop_requested();) {
         if (!goesOn(stop)) {
             waitFor(pace_.look, stop);
             continue;
         }
-        std::vector<StoredValue> bare = bareOnes(OpenDatabase(catalogue_));
+        std::vector<StoredValue> bare = unprintedPictures(OpenDatabase(catalogue_));
         std::erase_if(bare, [this](const StoredValue& picture) { return seen_.contains(picture.id()); });
         isThrough = std::ranges::all_of(bare, [&](const StoredValue& picture) {
             Fingerprint print;
             const bool isRead = attempt([&] { print = fingerprintOf(picture, [&] { return goesOn(stop); }); });
             if (isRead && print.sha256.isEmpty()) return false;
             seen_.insert(picture.id());
-            if (isRead) add({picture.id(), std::move(print)});
+            if (isRead) add({.picture = picture.id(), .print = std::move(print), .isNew = true});
             return true;
         });
     }
 }
 
-void BackgroundHashing::add(Made made) {
+/// In the same way. After each picture it rests long enough to take no more than its share of a processor.
+void BackgroundHashing::proveDue(const std::stop_token& stop) {
+    for (bool isThrough = false; !isThrough && !stop.stop_requested();) {
+        if (!goesOn(stop)) {
+            waitFor(pace_.look, stop);
+            continue;
+        }
+        const Database catalogue = OpenDatabase(catalogue_);
+        const QDate today = QDate::currentDate();
+        if (std::exchange(provedOn_, today) != today) proved_.clear();
+        std::vector<ToProve> due = picturesDue(catalogue, today.addDays(-daysBetweenProofs));
+        std::erase_if(due, [this](const ToProve& one) { return proved_.contains(one.picture); });
+        isThrough = std::ranges::all_of(due, [&](const ToProve& one) { return isThroughWith(catalogue, one, stop); });
+    }
+}
+
+bool BackgroundHashing::isThroughWith(const Database& catalogue, const ToProve& picture, const std::stop_token& stop) {
+    const std::chrono::nanoseconds before = processorTime();
+    const auto found = prove(catalogue, picture, [&] { return goesOn(stop); });
+    if (!found && !goesOn(stop)) return false;
+    proved_.insert(picture.picture);
+    if (found) add(*found);
+    const std::chrono::duration<double, std::nano> rest = (processorTime() - before) * (1 / pace_.share - 1);
+    waitFor(std::chrono::duration_cast<std::chrono::milliseconds>(rest), stop);
+    return true;
+}
+
+void BackgroundHashing::add(Proven made) {
     {
         const std::lock_guard lock(mutex_);
         made_.push_back(std::move(made));

@@ -1,7 +1,6 @@
 #include "start/hash_keeping.h"
 
 #include "catalogue/mektp.h"
-#include "catalogue/picture_hashes.h"
 #include "platform/base/error.h"
 #include "platform/desktop/input_events.h"
 #include "platform/desktop/long_work.h"
@@ -10,17 +9,6 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <utility>
-
-namespace {
-
-void store(const std::vector<BackgroundHashing::Made>& batch) {
-    Transaction together(mekTp::catalogue);
-    PictureHashes prints(mekTp::catalogue);
-    for (const auto& [picture, print] : batch) prints.note(picture, print);
-    together.commit();
-}
-
-}  // namespace
 
 HashKeeping::HashKeeping(const QString& catalogue, const Pace& pace)
     : pace_(pace),
@@ -49,9 +37,11 @@ void HashKeeping::storeWhenQuiet() {
         wait_.start(pace_.quiet);
         return;
     }
-    std::vector<BackgroundHashing::Made> batch = hashing_.take();
+    std::vector<Proven> batch = hashing_.take();
     if (batch.empty()) return;
-    const bool isStored = attempt([&] { store(batch); });
+    QMap<qint64, Fault> damaged;
+    const bool isStored = attempt([&] { damaged = storeProof(mekTp::catalogue, batch); });
+    if (!damaged.isEmpty()) Q_EMIT damageFound();
     if (!isStored) hashing_.giveBack(std::move(batch));
     wait_.start(isStored ? pace_.quiet : pace_.again);
 }

@@ -7,11 +7,15 @@
 #include <atomic>
 #include <chrono>
 
-/// Gives the pictures of the open catalogue the fingerprints that they lack, while nobody works with the program: they
-/// are made in a thread, and stored in this one, a batch in a change. Nothing is read or stored during a run, nor until
-/// some time has passed since the last key or movement of the mouse.
+/// Gives the pictures of the open catalogue the fingerprints that they lack, and proves them from time to time, while
+/// nobody works with the program: that is done in a thread, and its results are stored in this one, a batch in a
+/// change. Nothing is read or stored during a run, nor until some time has passed since the last key or movement of the
+/// mouse.
 class HashKeeping : public QObject {
     Q_OBJECT
+
+  Q_SIGNALS:
+    void damageFound();  ///< Pictures that were not known to be damaged are.
 
   public:
     struct Pace {

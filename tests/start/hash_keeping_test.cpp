@@ -1,5 +1,6 @@
 #include "start/hash_keeping.h"
 
+#include "../support/damage.h"
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
@@ -7,6 +8,7 @@
 #include "platform/desktop/long_work.h"
 
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QtTest/QtTest>
 #include <semaphore>
 #include <thread>
@@ -49,6 +51,30 @@ class TestHashKeeping : public QObject {
         QVERIFY(known.has(fingerprintOf(fieldOf(u"tc01"_s, u"图片"_s).toBytes())));
         addRow(u"tc02"_s, {{u"图片"_s, QByteArray("new")}});
         QTRY_COMPARE(hashes(), pictures + 1);
+    }
+
+    /// What was read long ago is read again, and damage is told once.
+    void picturesAreProvedInTurn() {
+        const auto checkedToday = [] {
+            const ProofState state = proofState(mekTp::catalogue);
+            return state.since == QDate::currentDate();
+        };
+        {
+            const HashKeeping keeping(mekTp::cataloguePath(), pace(10ms));
+            QTRY_COMPARE(behindTheBack(mekTp::cataloguePath(),
+                                       u"SELECT count(*) FROM lunq_values "
+                                       "WHERE name = 'proof.decoded' AND value > 12"_s),
+                         u"1"_s);
+        }
+        const qint64 rotten = rot(mekTp::cataloguePath(), u"tc01"_s, 4);
+        behindTheBack(mekTp::cataloguePath(), u"UPDATE lunq_hashes SET checked = '2020-02-02'"_s);
+        for (const int told : {1, 0}) {
+            const HashKeeping keeping(mekTp::cataloguePath(), pace(10ms));
+            const QSignalSpy damage(&keeping, &HashKeeping::damageFound);
+            QTRY_VERIFY(checkedToday());
+            QCOMPARE(damage.size(), told);
+            QCOMPARE(proofState(mekTp::catalogue).damaged.keys(), QList<qint64>{rotten});
+        }
     }
 
     void nothingIsStoredWhileSomebodyWorks() {

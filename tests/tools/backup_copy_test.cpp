@@ -1,8 +1,14 @@
+#include "../support/damage.h"
 #include "../support/run_all.h"
 #include "backup/catalogue_copy.h"
 #include "backup/copy_pace.h"
+#include "catalogue/album_rules.h"
+#include "catalogue/backup_file.h"
+#include "catalogue/fingerprint.h"
+#include "platform/base/error.h"
 #include "platform/base/file_lock.h"
-#include "platform/database/records/database.h"
+#include "platform/database/records/own_values.h"
+#include "platform/database/records/value_hashes.h"
 
 #include <QtTest/QtTest>
 #include <optional>
@@ -11,6 +17,42 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+/// A catalogue with one picture and its fingerprint, in a folder with one for backups.
+struct Sample {
+    Sample() {
+        const Database database = createDatabase(catalogue);
+        database.Execute(createAlbumSql(u"tc01"_s));
+        OwnValues(database).prepare();
+        Recordset album = database.OpenRecordset(u"tc01"_s);
+        album.AddNew();
+        album.Fields(u"序号"_s).SetValue(1);
+        album.Fields(u"图片"_s).SetValue(QByteArray(100'000, 'x'));
+        album.Update();
+        const StoredValue picture = album.storedAt(0, u"图片"_s);
+        const Fingerprint print = fingerprintOf(picture);
+        ValueHashes(database).note(picture.id(), print.length, print.sha256);
+        giveIdentity(database);
+        QDir(folder.path()).mkdir(u"bak"_s);
+    }
+    /// What a backup says when it is refused; empty when it was made.
+    QString refusal() const {
+        try {
+            copyCatalogue(catalogue, backup);
+            return {};
+        } catch (const Error& error) {
+            return error.text();
+        }
+    }
+    QStringList files() const { return QDir(folder.filePath(u"bak"_s)).entryList(QDir::Files); }
+    QByteArray newest() const {
+        QFile file(backup);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    QTemporaryDir folder;
+    QString catalogue = folder.filePath(u"lunq.mdb"_s), backup = folder.filePath(u"bak/lunq.mdb"_s);
+};
 
 class TestBackupCopy : public QObject {
     Q_OBJECT
@@ -50,6 +92,43 @@ class TestBackupCopy : public QObject {
         mark.reset();
         copying.join();
         QVERIFY(hasBegun && OpenDatabase(backup).TableDefs().contains(u"late"_s));
+    }
+
+    /// The newest has the name, the last three before it have dates. The clock counts for nothing: it was put back.
+    void lastOnesAreKept() {
+        const Sample sample;
+        for (int i = 1; i <= 6; ++i) {
+            QCOMPARE(sample.refusal(), QString());
+            behindTheBack(
+                sample.backup,
+                u"UPDATE lunq_values SET value = '20%1-01-01T00:00' WHERE name = 'backup.made'"_s.arg(40 - i));
+        }
+        QCOMPARE(sample.files(), QStringList({u"lunq-2035-01-01-0000.mdb"_s, u"lunq-2036-01-01-0000.mdb"_s,
+                                              u"lunq-2037-01-01-0000.mdb"_s, u"lunq.mdb"_s}));
+        QCOMPARE(describedBackup(sample.backup, false).number, 6);
+    }
+
+    /// That of another catalogue stays whatever happens; one of an older program while there is room.
+    void backupsOfOthersStay() {
+        const Sample other, sample;
+        QVERIFY(other.refusal().isEmpty());
+        QVERIFY(QFile::copy(other.backup, sample.backup));
+        for (int i = 0; i < 6; ++i) QCOMPARE(sample.refusal(), QString());
+        QStringList kept;
+        for (const BackupFile& one : datedBeside(sample.backup, false)) kept << one.catalogue;
+        QCOMPARE(kept.size(), 4);
+        QCOMPARE(kept.count(describedBackup(other.backup, false).catalogue), 1);
+    }
+
+    /// A bit that has turned in a picture, of the catalogue or only of its fingerprint, is no good copy.
+    void damagedPictureIsRefused() {
+        const Sample sample;
+        QVERIFY(sample.refusal().isEmpty());
+        const QByteArray before = sample.newest();
+        rot(sample.catalogue, u"tc01"_s, 1);
+        QVERIFY2(sample.refusal().contains(u"1 张图片变了"_s), qPrintable(sample.refusal()));
+        QCOMPARE(sample.newest(), before);
+        QCOMPARE(sample.files(), QStringList(u"lunq.mdb"_s));
     }
 
     void oneSlowStepIsFollowedByShortOnes() {

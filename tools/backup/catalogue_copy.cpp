@@ -1,21 +1,28 @@
 #include "backup/catalogue_copy.h"
 
 #include "backup/copy_pace.h"
+#include "catalogue/backup_file.h"
+#include "catalogue/picture_proof.h"
 #include "platform/base/error.h"
 #include "platform/base/file_lock.h"
 #include "platform/base/files.h"
 #include "platform/base/system_reason.h"
+#include "platform/database/records/value_hashes.h"
 
 #include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/Database.h>
+#include <fcntl.h>
 #include <sqlite3.h>
 
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
+#include <QStorageInfo>
 #include <QThread>
+#include <exception>
 #include <filesystem>
+#include <thread>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -106,14 +113,22 @@ void copyPages(SQLite::Backup&& backup, const QString& from, QFile& written) {
     throw Error(u"图册数据库一直在改动，没有备份。"_s);
 }
 
-/// A good backup must not make way for the copy of a damaged catalogue.
-void requireWhole(SQLite::Database& copy, const QString& from) {
-    if (copy.execAndGet("PRAGMA quick_check(1)").getString() != "ok")
-        throw Error(u"图册数据库“%1”有损坏的地方，没有备份，以前的备份不变。"_s.arg(from));
+/// The copy tells which one it is, where the catalogue has room for that.
+void sign(SQLite::Database& copy, const BackupFile& as) {
+    if (!copy.tableExists("lunq_values")) return;
+    SQLite::Statement set(copy, "INSERT OR REPLACE INTO lunq_values (name, value) VALUES (?, ?)");
+    const std::pair<QString, QString> values[] = {{backupNumberName, QString::number(as.number)},
+                                                  {backupTimeName, as.made.toString(Qt::ISODate)}};
+    for (const auto& [name, value] : values) {
+        set.bind(1, name.toStdString());
+        set.bind(2, value.toStdString());
+        set.exec();
+        set.reset();
+    }
 }
 
-/// The copy is on the disk afterwards.
-void copyDatabase(const QString& from, const QString& to) {
+/// The copy is on the disk afterwards, and no longer in the memory of the system: who reads it reads the disk.
+void copyDatabase(const QString& from, const QString& to, const BackupFile& as) {
     QFile written(to);
     if (!written.open(QIODevice::ReadWrite)) throw failure(to, writeFailure(written));
     try {
@@ -125,13 +140,116 @@ void copyDatabase(const QString& from, const QString& to) {
         // A copy that fails is thrown away, and what is written goes to the disk while the source is free.
         copy.exec("PRAGMA journal_mode = OFF");
         copy.exec("PRAGMA synchronous = OFF");
-        // The engine has ended the copy when this object is gone, not before: only then is it looked through.
+        // The engine has ended the copy when this object is gone, not before: only then is it written to.
         copyPages(SQLite::Backup(copy, source), from, written);
-        requireWhole(copy, from);
+        sign(copy, as);
     } catch (const SQLite::Exception& failed) {
         throw Error(u"“%1”不能备份到“%2”：%3。"_s.arg(from, to, reasonOf(failed)));
     }
     syncToDisk(written);
+    posix_fadvise(written.handle(), 0, 0, POSIX_FADV_DONTNEED);
+}
+
+/// A good backup must not make way for the copy of a damaged catalogue.
+Error damageOf(const QString& from) {
+    return Error(u"图册数据库“%1”有损坏的地方，没有备份，以前的备份不变。"_s.arg(from));
+}
+
+void requireSound(const QString& copy, const QString& from) {
+    try {
+        SQLite::Database database(fileName(copy), SQLite::OPEN_READONLY);
+        if (database.execAndGet("PRAGMA quick_check(1)").getString() != "ok") throw damageOf(from);
+    } catch (const SQLite::Exception& failed) {
+        if ((failed.getErrorCode() & 0xff) == SQLITE_CORRUPT) throw damageOf(from);
+        throw Error(u"备份“%1”不能读回来：%2，以前的备份不变。"_s.arg(copy, reasonOf(failed)));
+    }
+}
+
+/// Says whose pictures are damaged: those of the catalogue, or only the copies of them.
+Error damageOf(const QString& from, const QString& to, const std::vector<Proven>& damaged) {
+    const Database source = OpenDatabase(from);
+    const auto of = ValueHashes(source).of(damaged.front().picture);
+    const auto found = of ? prove(source, {damaged.front().picture, {of->length, of->sha256}}, [] { return true; })
+                          : std::optional<Proven>();
+    if (found && found->fault == Fault::none)
+        return Error(u"备份“%1”读回来与图册不同，没有备份，以前的备份不变。放备份的磁盘可能有问题。"_s.arg(to));
+    return Error(
+        u"图册数据库“%1”中有 %2 张图片变了，例如%3，没有备份，以前的备份不变。请在“图册备份设置”中按《校 验》。"_s
+            .arg(from)
+            .arg(damaged.size())
+            .arg(textOf(placeOf(source, damaged.front().picture))));
+}
+
+void requireWholePictures(const QString& copy, const QString& from, const QString& to) {
+    std::vector<ToProve> all;
+    {
+        const Database database = OpenDatabase(copy);
+        if (database.isOurs()) all = allPictures(database);
+    }
+    for (ToProve& one : all) one.decodes = false;
+    std::vector<Proven> found = proveAll(copy, all, [](qsizetype, qint64) { return true; });
+    std::erase_if(found, [](const Proven& one) { return one.fault == Fault::none; });
+    if (!found.empty()) throw damageOf(from, to, found);
+}
+
+/// Reads the copy from the disk, its structure and its pictures at the same time.
+void requireWhole(const QString& copy, const QString& from, const QString& to) {
+    std::exception_ptr unsound;
+    {
+        const std::jthread structure([&] {
+            try {
+                requireSound(copy, from);
+            } catch (...) {
+                unsound = std::current_exception();
+            }
+        });
+        try {
+            requireWholePictures(copy, from, to);
+        } catch (...) {
+            if (!unsound) unsound = std::current_exception();
+        }
+    }
+    if (unsound) std::rethrow_exception(unsound);
+}
+
+QString identityIn(const QString& catalogue) {
+    try {
+        SQLite::Database database(fileName(catalogue), SQLite::OPEN_READONLY);
+        sqlite3_busy_handler(database.getHandle(), waitForAMoment, nullptr);
+        SQLite::Statement find(database, "SELECT value FROM lunq_values WHERE name = 'catalogue.id'");
+        return find.executeStep() ? QString::fromStdString(find.getColumn(0).getString()) : QString();
+    } catch (const SQLite::Exception&) {
+        return {};  // an older file has none
+    }
+}
+
+qint64 freeBytes(const QString& path) {
+    return QStorageInfo(QFileInfo(path).absolutePath()).bytesAvailable();
+}
+
+/// The last backup gets its dated name, and loses the other one when the new one comes in its place. Where nobody knows
+/// what it is of, it stays only where there is room for yet another one.
+void keepLast(const QString& to, const QList<BackupFile>& there, const QString& catalogue, qint64 room) {
+    if (there.isEmpty() || there.front().path != to) return;
+    const BackupFile& last = there.front();
+    if (last.catalogue.isEmpty() && (catalogue.isEmpty() || freeBytes(to) < room)) return;
+    const QString dated = datedPath(to, last.made);
+    std::error_code failed;
+    std::filesystem::create_hard_link(fileName(to), fileName(dated), failed);
+    if (failed) std::filesystem::rename(fileName(to), fileName(dated), failed);
+    if (failed) throw failure(dated, systemReason(failed.value()));
+}
+
+void remove(const QList<BackupFile>& backups) {
+    for (const BackupFile& one : backups) QFile::remove(one.path);
+}
+
+/// The number of the next backup: the clock may have been put back.
+BackupFile nextBackup(const QString& to, const QString& catalogue, const QList<BackupFile>& there) {
+    BackupFile next{.path = to, .catalogue = catalogue, .number = 1, .made = QDateTime::currentDateTime()};
+    for (const BackupFile& one : there)
+        if (one.catalogue == catalogue) next.number = std::max(next.number, one.number + 1);
+    return next;
 }
 
 }  // namespace
@@ -152,9 +270,15 @@ void copyCatalogue(const QString& from, const QString& to) {
         throw Error(u"备份文件夹“%1”不能写入，没有备份。"_s.arg(target.absolutePath()));
     }
     const NewFile made(to + u".new"_s);
-    copyDatabase(from, made.path());
+    const QString catalogue = identityIn(from);
+    const QList<BackupFile> there = backupsBeside(to, false);
+    remove(makingWay(datedBeside(to, false), catalogue, source.size(), freeBytes(to)));
+    copyDatabase(from, made.path(), nextBackup(to, catalogue, there));
+    requireWhole(made.path(), from, to);
+    keepLast(to, there, catalogue, source.size());
     std::error_code failed;
     std::filesystem::rename(fileName(made.path()), fileName(to), failed);
     if (failed) throw failure(to, systemReason(failed.value()));
     syncFolderToDisk(target.absolutePath());
+    remove(surplusBackups(datedBeside(to, false), catalogue));
 }

@@ -11,6 +11,7 @@
 
 #include <QDate>
 #include <QHash>
+#include <QSet>
 #include <optional>
 
 using namespace Qt::Literals::StringLiterals;
@@ -38,6 +39,7 @@ class RecordCopy : public RunIntoDatabase {
         if (!order_.replace) {
             rows_ = album_.OpenRecordset(noRecordsSql(table_));
             numbers_.emplace(album_, table_);
+            if (order_.keepNumbers) findTakenNumbers();
         }
         if (!order_.replace && order_.skipKnown && !known_) findKnown();
         if (!ahead_) openSource();
@@ -53,9 +55,10 @@ class RecordCopy : public RunIntoDatabase {
         const SourceValues source = ahead_->take(place);
         if (source.kind == PictureBytes::truncated) return {Fate::truncated};
         if (source.kind == PictureBytes::notAPicture) return {Fate::notAPicture};
+        if (source.isSpoilt) return {Fate::truncated, 0, u"图片与存入源库时的不同，已有损坏"_s};
         if (isKnown(source)) return {Fate::alreadyThere};
         try {
-            return {write(source), source.picture.size()};
+            return {write(source, place), source.picture.size()};
         } catch (...) {
             attempt([&] { rows_.CancelUpdate(); });
             throw;
@@ -108,7 +111,20 @@ class RecordCopy : public RunIntoDatabase {
         return known_ && source.print.length > 0 && known_->hasLength(source.print.length) && known_->has(source.print);
     }
 
-    Fate write(const SourceValues& source) {
+    void findTakenNumbers() {
+        takenNumbers_.clear();
+        for (Recordset all = album_.OpenRecordset(allRecordsSql(table_)); !all.Eof(); all.MoveNext())
+            takenNumbers_.insert(all.Fields(u"序号"_s).Value().textOr().toLongLong());
+    }
+
+    int numberFor(qsizetype place) {
+        const auto own = order_.keepNumbers ? reader_->number(place) : std::optional<qint32>();
+        if (own && *own > 0 && !takenNumbers_.contains(*own)) return *own;
+        while (takenNumbers_.contains(numbers_->value())) numbers_->take();
+        return numbers_->value();
+    }
+
+    Fate write(const SourceValues& source, qsizetype place) {
         if (order_.replace)
             rows_.Edit();
         else
@@ -123,9 +139,13 @@ class RecordCopy : public RunIntoDatabase {
             else if (order_.fillFields && !(keepsPicture && aboutPicture.contains(column)))
                 complete(source, column);
         }
-        if (!order_.replace) rows_.Fields(u"序号"_s).SetValue(numbers_->value());
+        const int number = order_.replace ? 0 : numberFor(place);
+        if (!order_.replace) rows_.Fields(u"序号"_s).SetValue(number);
         rows_.Update();
-        if (!order_.replace) numbers_->take();
+        if (order_.keepNumbers)
+            takenNumbers_.insert(number);
+        else if (!order_.replace)
+            numbers_->take();
         if (!source.picture.isEmpty()) notePrint(source);
         return hadPicture && order_.fillFields ? Fate::withoutPicture : Fate::taken;
     }
@@ -160,6 +180,7 @@ class RecordCopy : public RunIntoDatabase {
     std::optional<SourceReader> reader_;
     std::optional<RowsByNumber> albumRows_;  ///< That are replaced, where they can be found by whole numbers.
     std::optional<NextNumber> numbers_;      ///< For records that are appended.
+    QSet<qint64> takenNumbers_;              ///< Of the album, where records keep theirs.
     std::optional<KnownPictures> known_;     ///< What the album had before, where that counts.
     std::optional<ReadAhead<SourceValues>> ahead_;
 };

@@ -1,6 +1,7 @@
 #include "catalogue/runs/source_record.h"
 
 #include "catalogue/album_rules.h"
+#include "catalogue/picture_hashes.h"
 #include "platform/base/error.h"
 #include "platform/picture/picture_size.h"
 
@@ -80,12 +81,13 @@ Recordset SourceReader::find(const Database& source, qsizetype place) const {
 }
 
 SourceValues SourceReader::read(const Database& source, RecordsInTurn& records, qsizetype place) const {
-    return number(place) ? valuesOf(records.at(std::size_t(place))) : valuesOf(find(source, place));
+    return number(place) ? valuesOf(source, records.at(std::size_t(place))) : valuesOf(source, find(source, place));
 }
 
-SourceValues SourceReader::valuesOf(const Recordset& record) const {
+SourceValues SourceReader::valuesOf(const Database& source, const Recordset& record) const {
     if (record.Eof()) throw Error(u"源表“%1”中没有这条记录。"_s.arg(order_.sourceTable));
     SourceValues read;
+    Fingerprint kept;
     for (const FieldPair& pair : order_.mapping) {
         FieldValue& value = read.values.emplace_back();
         if (pair.source.isEmpty()) continue;
@@ -97,10 +99,14 @@ SourceValues SourceReader::valuesOf(const Recordset& record) const {
         if (isLong && field.FieldSize() == 0) continue;
         value = field.Value();
         if (isLong) read.bytes += field.FieldSize();
-        if (isLong && pair.target == u"图片") read.picture = value.toBytes();
+        if (!isLong || pair.target != u"图片") continue;
+        read.picture = value.toBytes();
+        attempt([&] { kept = PictureHashes(source).of(record.storedAt(record.row(), pair.source)); });
     }
     read.kind = kindOf(order_, read.picture);
-    if (printed_ && !read.picture.isEmpty()) read.print = fingerprintOf(read.picture);
+    const bool isPrinted = printed_ || !kept.sha256.isEmpty();
+    if (isPrinted && !read.picture.isEmpty()) read.print = fingerprintOf(read.picture);
+    read.isSpoilt = !order_.takesDoubtful && !kept.sha256.isEmpty() && kept != read.print;
     if (wantsSizeText(read)) read.sizeText = sizeTextOf(read.picture);
     return read;
 }

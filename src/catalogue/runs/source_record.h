@@ -18,6 +18,7 @@ struct SourceValues {
     Fingerprint print = {};  ///< Of the picture, where the album keeps fingerprints.
     QString sizeText = {};   ///< 规格 for a picture that comes without it; empty when the picture cannot be read.
     qint64 bytes = 0;        ///< Of all long values.
+    bool isSpoilt = false;   ///< The picture is not the one that was stored: the source has kept its fingerprint.
 };
 
 /// Finds and reads the records of an order. Made once; any thread may read by it, with a connection of its own.
@@ -47,7 +48,7 @@ class SourceReader {
 
   private:
     qint64 rowOf(qint32 number, qsizetype place) const;
-    SourceValues valuesOf(const Recordset& record) const;
+    SourceValues valuesOf(const Database& source, const Recordset& record) const;
     Recordset find(const Database& source, qsizetype place) const;
     bool wantsSizeText(const SourceValues& record) const;
 

@@ -15,9 +15,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int records = 3;
-constexpr int lineHeight = 21, headingHeight = 20;  ///< Pixels.
+constexpr int headingHeight = 18, lineHeight = 18;  ///< Pixels; with a scroll bar below there is room for so much.
 constexpr int narrowest = 40, widest = 140;
-constexpr QSize smallPicture(40, lineHeight - 2), largePicture(240, 180);
+constexpr QSize smallPicture(40, lineHeight - 1), largePicture(240, 180);
 
 /// A tool tip with the picture in it.
 QString enlarged(const QImage& image) {
@@ -87,10 +87,22 @@ void SourceSample::show(const Database& source, const QString& table) {
                 showRecord(rows, row);
             });
     });
+    showPicturesFirst(source, table);
     grdYl->resizeColumnsToContents();
     grdYl->scrollToTop();
     grdYl->show();
     grdYl->raise();
+}
+
+/// Behind the first column, so that they are seen in a small window too.
+void SourceSample::showPicturesFirst(const Database& source, const QString& table) {
+    QHeaderView* headings = grdYl->horizontalHeader();
+    const TableShape shape = shapeOf(source, table);
+    for (int column = 0; column < int(shape.size()); ++column)
+        headings->moveSection(headings->visualIndex(column), column);
+    for (int column = 2; column < int(shape.size()); ++column)
+        if (shape[std::size_t(column)].type == FieldType::longBinary)
+            headings->moveSection(headings->visualIndex(column), 1);
 }
 
 void SourceSample::showRecord(Recordset& record, int row) {

@@ -17,6 +17,7 @@ class SourceSample {
     bool isShown() const;
 
   private:
+    void showPicturesFirst(const Database& source, const QString& table);
     void showRecord(Recordset& record, int row);
 
     QTableWidget* grdYl;  ///< A line for each record.

@@ -1,6 +1,8 @@
 #include "settings/backup/backup_group.h"
 
+#include "catalogue/backup_file.h"
 #include "catalogue/mektp.h"
+#include "catalogue/picture_proof.h"
 #include "catalogue/settings_row.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
@@ -9,6 +11,7 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/text_box.h"
 #include "settings/backup/backup_files.h"
+#include "settings/backup/backup_reminder.h"
 #include "settings/backup/backup_run.h"
 #include "settings/frame/form_parts.h"
 
@@ -47,7 +50,7 @@ void storeWithScripts(const QString& path) {
 
 BackupGroup::BackupGroup(const SettingsFrame& frame) : frame_(frame) {
     auto* Frame3 = makeGroup(frame.sstFz, setupTab, u"Frame3"_s, u"图册备份设置"_s, groupPlace, rightColumn);
-    txtBf = makeLabelled<TextBox>(Frame3, u"txtBf"_s, u"备份路径："_s, {150, pathTop}, 900, 3150, widens);
+    txtBf = makeLabelled<TextBox>(Frame3, u"txtBf"_s, u"备份路径："_s, {150, pathTop}, 900, 2075, widens);
     auto* result = make<ElidedLabel>(Frame3, u"lblBf"_s);
     result->setElideMode(Qt::ElideRight);  // when the copy was made stands in front
     lblBf = result;
@@ -56,6 +59,7 @@ BackupGroup::BackupGroup(const SettingsFrame& frame) : frame_(frame) {
     cmdBb = makeButton(Frame3, u"cmdBb"_s, atRest, 1050, buttonTop);
     cmdBk = makeButton(Frame3, u"cmdBk"_s, starts, 2125, buttonTop);
     cmdBl = makeButton(Frame3, u"cmdBl"_s, u"浏 览"_s, 3200, buttonTop);
+    keeping_ = std::make_unique<KeepingButtons>(frame, Frame3);
     txtBf->setLocked(true);
     cmdBl->setEnabled(false);
 
@@ -63,6 +67,10 @@ BackupGroup::BackupGroup(const SettingsFrame& frame) : frame_(frame) {
     connect(cmdBb, &QPushButton::clicked, this, run(&BackupGroup::cmdBbClick));
     connect(cmdBk, &QPushButton::clicked, this, run(&BackupGroup::cmdBkClick));
     connect(cmdBl, &QPushButton::clicked, this, run(&BackupGroup::cmdBlClick));
+    connect(keeping_.get(), &KeepingButtons::stateChanged, this, [this] {
+        showResult();
+        Q_EMIT albumsChanged();
+    });
     connect(txtBf, &TextBox::lostFocus, this, [this] { pathLeft(); });
     connect(txtBf, &QLineEdit::textChanged, txtBf, &QWidget::setToolTip);
 }
@@ -73,7 +81,7 @@ void BackupGroup::reset() {
     showResult();
 }
 
-/// Of the copy that is under way, or of the last one to the stored path.
+/// Of the copy that is under way, or of the last one to the stored path; then of the pictures.
 void BackupGroup::showResult() {
     if (frame_.runBar.isAtWork()) return;  // the page is not in front; its next visit shows it
     BackupRun* const run = BackupRun::current();
@@ -82,7 +90,10 @@ void BackupGroup::showResult() {
     QString path;
     attempt([&] { path = storedPath(); });
     const bool isItsScript = !path.isEmpty() && targetOfScript(script) == path;
-    lblBf->setText(run != nullptr ? u"正在备份…"_s : isItsScript ? resultInScript(script) : QString());
+    const QString copy = run != nullptr ? u"正在备份…"_s : isItsScript ? resultInScript(script) : QString();
+    QString pictures;
+    attempt([&] { pictures = proofText(proofState(mekTp::catalogue)); });
+    lblBf->setText(copy.isEmpty() || pictures.isEmpty() ? copy + pictures : copy + u" · "_s + pictures);
     lblBf->setToolTip(lblBf->text());
 }
 
@@ -173,6 +184,8 @@ void BackupGroup::startBackup() {
     if (!fault.isEmpty()) throw Error(fault);
     if (!mayReplaceRestoreScript(path)) return;
     if (BackupRun::current() != nullptr) throw Error(u"上一次备份还在进行，请等它完成。"_s);
+    attempt([] { giveIdentity(mekTp::catalogue); });
+    lastGoodBackup();  // what the script tells of it now, it forgets
     writeBackupScripts(placesOfBackup(path));
     BackupRun::start();
     showResult();

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "settings/backup/keeping_buttons.h"
 #include "settings/frame/settings_frame.h"
 
 #include <QObject>
+#include <memory>
 
 class ElidedLabel;
 class QPushButton;
@@ -18,6 +20,9 @@ class BackupGroup : public QObject {
 
     /// Shows the stored path. A change that was begun stays open.
     void reset();
+
+  Q_SIGNALS:
+    void albumsChanged();  ///< Pictures came back, perhaps with their albums.
 
   private:
     void cmdBbClick();
@@ -35,8 +40,9 @@ class BackupGroup : public QObject {
 
     SettingsFrame frame_;
     TextBox* txtBf;
-    ElidedLabel* lblBf;  ///< How the last copy has ended.
+    ElidedLabel* lblBf;  ///< How the last copy has ended, and what is known of the pictures.
     QPushButton* cmdBb;
     QPushButton* cmdBk;
     QPushButton* cmdBl;
+    std::unique_ptr<KeepingButtons> keeping_;
 };

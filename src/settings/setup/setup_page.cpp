@@ -17,6 +17,10 @@ SetupPage::SetupPage(const SettingsFrame& frame, Preview& preview)
         albums.removeLine(table);
         album_.removeLine(table);
     });
+    QObject::connect(&backup_, &BackupGroup::albumsChanged, &albums, [this, &albums] {
+        albums.fill();
+        attempt([&] { album_.reset(); });
+    });
 }
 
 PageLayout SetupPage::layout() const {

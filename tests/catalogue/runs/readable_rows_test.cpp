@@ -4,7 +4,9 @@
 #include "../../support/sample_catalogue.h"
 #include "catalogue/album_rules.h"
 #include "catalogue/mektp.h"
+#include "catalogue/picture_hashes.h"
 #include "catalogue/runs/record_copy.h"
+#include "platform/database/records/own_values.h"
 #include "watching.h"
 
 #include <QtTest/QtTest>
@@ -72,7 +74,8 @@ class TestReadableRows : public QObject {
         const ReadableRows readable(source, u"tc01"_s, u"序号"_s);
         QCOMPARE(readable.areAll(), parts == 0);
         QCOMPARE(readable.missing().size(), parts);
-        CopyOrder order{.sourcePath = path, .sourceTable = u"tc01"_s, .indexField = u"序号"_s, .fillFields = false};
+        CopyOrder order{
+            .sourcePath = path, .sourceTable = u"tc01"_s, .indexField = u"序号"_s, .records = {}, .fillFields = false};
         order.mapping = {{u"备注"_s, u"备注"_s}};
         QStringList keys;
         for (Recordset rows = source.OpenRecordset(readable.sql(u"序号"_s)); !rows.Eof(); rows.MoveNext()) {
@@ -104,12 +107,39 @@ class TestReadableRows : public QObject {
         QCOMPARE(source.OpenRecordset(readable.sql(u"序号"_s)).rowCount(), records - (behind - before - 1));
     }
 
+    /// Bytes that are a picture, but not the one that was stored.
+    void aChangedPictureIsLeftOut() {
+        const SampleCatalogue catalogue;
+        const QString path = makeAlbum(catalogue.file(u"changed.mdb"_s));
+        const Database source = OpenDatabase(path);
+        OwnValues(source).prepare();
+        const QByteArray picture = pictureBytes({60, 45}, Qt::green);
+        for (const auto& [number, stored] : {std::pair{1, picture}, {2, pictureBytes({60, 45}, Qt::red)}}) {
+            Recordset row = source.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 = %1"_s.arg(number));
+            row.Edit();
+            row.Fields(u"图片"_s).SetValue(picture);
+            row.Update();
+            PictureHashes(source).note(row.storedAt(0, u"图片"_s), fingerprintOf(stored));
+        }
+        CopyOrder order{.sourcePath = path, .sourceTable = u"tc01"_s, .indexField = u"序号"_s};
+        order.mapping = {{u"图片"_s, u"图片"_s}};
+        order.records = recordsOfKeys({u"1"_s, u"2"_s});
+        Watching watch;
+        const RunReport report = sklr(mekTp::catalogue, u"tc02"_s, order, watch);
+        QCOMPARE(report.count, 1);
+        QCOMPARE(report.namesOf({Fate::truncated}), QStringList{u"2"_s});
+    }
+
     /// The picture is lost, and asked about; the others come in.
     void aLostPictureIsAFailureOfItsRecord() {
         const SampleCatalogue catalogue;
         const QString path = makeAlbum(catalogue.file(u"damaged.mdb"_s));
         QProcess::execute(u"sqlite3"_s, {path, u"DELETE FROM long_binary WHERE id = 3"_s});
-        CopyOrder order{.sourcePath = path, .sourceTable = u"tc01"_s, .indexField = u"序号"_s, .takesDoubtful = true};
+        CopyOrder order{.sourcePath = path,
+                        .sourceTable = u"tc01"_s,
+                        .indexField = u"序号"_s,
+                        .records = {},
+                        .takesDoubtful = true};
         order.mapping = {{u"图片"_s, u"图片"_s}};
         order.records = recordsOfKeys({u"200"_s, u"300"_s, u"400"_s});
         Watching watch;

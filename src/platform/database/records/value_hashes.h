@@ -2,6 +2,7 @@
 
 #include "platform/database/records/database.h"
 
+#include <QDate>
 #include <QStringList>
 #include <functional>
 #include <memory>
@@ -32,6 +33,30 @@ class ValueHashes {
         QByteArray sha256 = {};
     };
     std::optional<Kept> of(qint64 value) const;
+    /// The values of that hash.
+    std::vector<StoredValue> like(const Kept& hash) const;
+
+    /// A value whose hash is kept.
+    struct Known {
+        qint64 value = 0;
+        Kept kept = {};
+    };
+    /// Those that were last checked before `before`, or on a day that has not come yet, and all above an id; by id.
+    std::vector<Known> lastChecked(const QDate& before, qint64 above) const;
+    void setChecked(const std::vector<qint64>& values);  ///< Today.
+    /// How many hashes are kept, and the day since which each was checked; an invalid one where there are none.
+    struct Extent {
+        qint64 count = 0;
+        QDate since = {};
+    };
+    Extent extent() const;
+
+    StoredValue valueOf(qint64 value) const { return {connection_, value}; }
+    /// The identities of the rows that hold a value in a column.
+    std::vector<qint64> rowsWith(const QString& table, const QString& column, qint64 value) const;
+    /// Gives a damaged value its bytes back. All that point at it keep it.
+    void mend(qint64 value, const QByteArray& bytes);
+
     /// The values in a column that have no hash. Without reading a value.
     std::vector<StoredValue> without(const QString& table, const QString& column) const;
     /// The hashes of the values in a column.

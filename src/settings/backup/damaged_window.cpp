@@ -1,0 +1,184 @@
+#include "settings/backup/damaged_window.h"
+
+#include "catalogue/backup_file.h"
+#include "catalogue/mektp.h"
+#include "catalogue/settings_row.h"
+#include "platform/base/error.h"
+#include "platform/database/records/value_hashes.h"
+#include "platform/desktop/busy.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/placing.h"
+#include "platform/picture/picture.h"
+#include "platform/picture/preview.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr QSize usualSize(720, 440), small(96, 72);
+constexpr int buttonWidth = 90, placeWidth = 180, faultWidth = 190;
+constexpr int mostSmallPictures = 200;  ///< Of a disk that is breaking there may be thousands.
+enum Part { pictureOf, placeOfIt, faultOfIt, remedyOfIt };
+
+QStringList backups() {
+    QStringList paths;
+    attempt([&] {
+        const QString newest = setting(u"备份路径"_s).textOr();
+        if (newest.isEmpty()) return;
+        for (const BackupFile& one : backupsBeside(newest, false)) paths << one.path;
+    });
+    return paths;
+}
+
+/// Of what can still be read. The camera's own small picture is often whole when the large one is not.
+QImage smallPicture(qint64 picture) {
+    Picture found;
+    attempt([&] {
+        const StoredValue value = ValueHashes(mekTp::catalogue).valueOf(picture);
+        found = LoadPreview(value.read(0, previewReach));
+        if (found.isNull()) found = LoadPicture(value.read(0, value.size()), QString(), small);
+    });
+    return found.isNull() ? QImage() : found.image().scaled(small, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+}  // namespace
+
+DamagedWindow::DamagedWindow(QWidget* parent) : QDialog(parent) {
+    setObjectName(u"frmJy"_s);
+    setWindowTitle(u" 有损坏的图片"_s);
+    if (parent != nullptr) setWindowModality(Qt::WindowModal);
+    setAttribute(Qt::WA_DeleteOnClose);
+    makeControls();
+    resize(usualSize);
+    list();
+}
+
+void DamagedWindow::makeControls() {
+    auto* lines = new QVBoxLayout(this);
+    lblJy = make<QLabel>(this, u"lblJy"_s);
+    lblJy->setTextFormat(Qt::PlainText);
+    lblJy->setWordWrap(true);
+    lines->addWidget(lblJy);
+    lstJy = make<QTableWidget>(this, u"lstJy"_s, 0, 4);
+    lstJy->setAccessibleName(u"有损坏的图片"_s);
+    lstJy->setHorizontalHeaderLabels({u"图片"_s, u"图册、序号"_s, u"情况"_s, u"备份"_s});
+    lstJy->setSelectionBehavior(QAbstractItemView::SelectRows);
+    lstJy->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    lstJy->setTabKeyNavigation(false);
+    lstJy->setIconSize(small);
+    lstJy->verticalHeader()->hide();
+    lstJy->verticalHeader()->setDefaultSectionSize(small.height() + 6);
+    lstJy->horizontalHeader()->setStretchLastSection(true);
+    lstJy->setColumnWidth(pictureOf, small.width() + 12);
+    lstJy->setColumnWidth(placeOfIt, placeWidth);
+    lstJy->setColumnWidth(faultOfIt, faultWidth);
+    lines->addWidget(lstJy, 1);
+    auto* row = new QHBoxLayout;
+    cmdXf = make<QPushButton>(this, u"cmdXf"_s, u"修 复"_s);
+    cmdXf->setToolTip(u"从备份中取回所有能取回的，逐张核对"_s);
+    cmdJs = make<QPushButton>(this, u"cmdJs"_s, u"保留现状"_s);
+    cmdJs->setToolTip(u"选中的以后就以现在的样子为准，不再提示"_s);
+    cmdGb = make<QPushButton>(this, u"cmdGb"_s, u"关 闭"_s);
+    for (QPushButton* button : {cmdXf, cmdJs, cmdGb}) button->setMinimumWidth(buttonWidth);
+    row->addWidget(cmdXf);
+    row->addWidget(cmdJs);
+    row->addStretch(1);
+    row->addWidget(cmdGb);
+    lines->addLayout(row);
+    connect(cmdXf, &QPushButton::clicked, this, guarded(this, [this] { healAll(); }));
+    connect(cmdJs, &QPushButton::clicked, this, guarded(this, [this] { acceptChosen(); }));
+    connect(cmdGb, &QPushButton::clicked, this, &QDialog::close);
+}
+
+void DamagedWindow::list() {
+    const Hourglass hourglass;
+    damaged_ = proofState(mekTp::catalogue).damaged;
+    remedies_ = remediesFor(mekTp::catalogue, damaged_, backups());
+    lstJy->setRowCount(0);
+    for (auto at = damaged_.begin(); at != damaged_.end(); ++at) addLine(at.key(), at.value());
+    if (!damaged_.isEmpty()) lstJy->selectRow(0);
+    cmdXf->setEnabled(!remedies_.isEmpty());
+    cmdXf->setDefault(!remedies_.isEmpty());
+    cmdJs->setEnabled(!damaged_.isEmpty());
+    const QString healable = remedies_.isEmpty()
+                                 ? u"备份中没有找到完好的。放备份的磁盘如果没有接上，请接上以后再打开这个窗口。"_s
+                                 : u"其中 %1 张在备份中是完好的，按《修 复》取回，逐张核对。"_s.arg(remedies_.size());
+    lblJy->setText(u"有 %1 张图片损坏了。"_s.arg(damaged_.size()) + healable);
+}
+
+void DamagedWindow::addLine(qint64 picture, Fault fault) {
+    const int row = lstJy->rowCount();
+    lstJy->insertRow(row);
+    auto* shown = new QTableWidgetItem;
+    shown->setData(Qt::UserRole, picture);
+    if (row < mostSmallPictures) shown->setData(Qt::DecorationRole, smallPicture(picture));
+    lstJy->setItem(row, pictureOf, shown);
+    lstJy->setItem(row, placeOfIt, new QTableWidgetItem(textOf(placeOf(mekTp::catalogue, picture))));
+    lstJy->setItem(row, faultOfIt, new QTableWidgetItem(textOf(fault)));
+    const auto remedy = remedies_.find(picture);
+    const QString found =
+        remedy == remedies_.end() ? u"没有完好的"_s : u"完好："_s + QFileInfo(remedy->backup).fileName();
+    lstJy->setItem(row, remedyOfIt, new QTableWidgetItem(found));
+}
+
+/// One that fails keeps none of the others from coming back.
+void DamagedWindow::healAll() {
+    int healed = 0;
+    QString failure;
+    {
+        const Hourglass hourglass;
+        for (auto at = remedies_.begin(); at != remedies_.end(); ++at) {
+            try {
+                heal(mekTp::catalogue, at.key(), at.value());
+                ++healed;
+            } catch (const Error& failed) {
+                failure = failed.text();
+            }
+        }
+    }
+    list();
+    Q_EMIT changed();
+    const QString done = u"%1 张图片已经修复，与录入时相同。"_s.arg(healed);
+    closeIfEmpty(failure.isEmpty() ? done : done + u"\n\n"_s + failure);
+}
+
+void DamagedWindow::acceptChosen() {
+    QList<qint64> chosen;
+    for (const QModelIndex& index : lstJy->selectionModel()->selectedRows(pictureOf))
+        chosen << index.data(Qt::UserRole).toLongLong();
+    if (chosen.isEmpty()) return;
+    if (!askBeforeDeleting(this,
+                           u"选中的 %1 张图片以后就以现在的样子为准，不再能用备份修复。\n\n"
+                           "确实如此，请按“确定”；否则按“取消”。"_s.arg(chosen.size())))
+        return;
+    for (const qint64 picture : chosen) takeAsIs(mekTp::catalogue, picture);
+    list();
+    Q_EMIT changed();
+    closeIfEmpty({});
+}
+
+void DamagedWindow::closeIfEmpty(const QString& text) {
+    if (!text.isEmpty()) say(this, text, BoxIcon::information);
+    if (damaged_.isEmpty()) close();
+}
+
+DamagedWindow* showDamagedPictures(QWidget* parent) {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (qobject_cast<DamagedWindow*>(window) != nullptr && window->isVisible()) return nullptr;
+    bool isAny = false;
+    attempt([&] { isAny = !proofState(mekTp::catalogue).damaged.isEmpty(); });
+    if (!isAny) return nullptr;
+    auto* window = new DamagedWindow(parent);
+    if (parent == nullptr) QObject::connect(qApp, &QCoreApplication::aboutToQuit, window, &QObject::deleteLater);
+    window->show();
+    return window;
+}

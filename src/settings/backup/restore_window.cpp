@@ -1,0 +1,178 @@
+#include "settings/backup/restore_window.h"
+
+#include "catalogue/mektp.h"
+#include "platform/base/error.h"
+#include "platform/base/files.h"
+#include "platform/desktop/busy.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/placing.h"
+#include "settings/backup/backup_reminder.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLocale>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr QSize usualSize(760, 400);
+constexpr int buttonWidth = 90, dateWidth = 150, countWidth = 70, sizeWidth = 90;
+const QString restoredOver = u"恢复以前的图册数据库"_s;
+
+QString sizeText(qint64 bytes) {
+    return QLocale(QLocale::English).formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat);
+}
+
+QString number(qint64 value) {
+    return QLocale(QLocale::English).toString(value);
+}
+
+/// Nobody knows of an old backup which catalogue it is of.
+QString kindOf(const BackupFile& file, const QString& newest, const QString& catalogue) {
+    if (!file.catalogue.isEmpty() && !catalogue.isEmpty() && file.catalogue != catalogue)
+        return u"另一个图册数据库的备份"_s;
+    return file.path == newest ? u"最新的备份"_s : u"以前的备份"_s;
+}
+
+}  // namespace
+
+RestoreWindow::RestoreWindow(QWidget* parent, const QString& newest) : QDialog(parent), newest_(newest) {
+    setObjectName(u"frmHy"_s);
+    setWindowTitle(u" 备份与恢复"_s);
+    setWindowModality(Qt::WindowModal);
+    setAttribute(Qt::WA_DeleteOnClose);
+    makeControls();
+    resize(usualSize);
+    list();
+    lstHy->setFocus();
+}
+
+void RestoreWindow::makeControls() {
+    auto* lines = new QVBoxLayout(this);
+    lblHy = make<QLabel>(this, u"lblHy"_s);
+    lblHy->setTextFormat(Qt::PlainText);
+    lblHy->setWordWrap(true);
+    lines->addWidget(lblHy);
+    lstHy = make<QTableWidget>(this, u"lstHy"_s, 0, 5);
+    lstHy->setAccessibleName(u"备份"_s);
+    lstHy->setHorizontalHeaderLabels({u"日期"_s, u"图册"_s, u"图片"_s, u"大小"_s, u"说明"_s});
+    lstHy->setSelectionBehavior(QAbstractItemView::SelectRows);
+    lstHy->setSelectionMode(QAbstractItemView::SingleSelection);
+    lstHy->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    lstHy->setTabKeyNavigation(false);
+    lstHy->verticalHeader()->hide();
+    lstHy->horizontalHeader()->setStretchLastSection(true);
+    const std::pair<int, int> widths[] = {{0, dateWidth}, {1, countWidth}, {2, countWidth}, {3, sizeWidth}};
+    for (const auto& [column, width] : widths) lstHy->setColumnWidth(column, width);
+    lines->addWidget(lstHy, 1);
+    lines->addWidget(makeReminder());
+    auto* row = new QHBoxLayout;
+    cmdQf = make<QPushButton>(this, u"cmdQf"_s, u"全部恢复…"_s);
+    cmdQf->setToolTip(u"用选中的换下现在的图册数据库；现在的改名留着"_s);
+    cmdQh = make<QPushButton>(this, u"cmdQh"_s, u"取回图片…"_s);
+    cmdQh->setToolTip(u"从选中的里面取回图册或图片，放进现在的图册数据库"_s);
+    cmdSc = make<QPushButton>(this, u"cmdSc"_s, u"删 除"_s);
+    cmdGb = make<QPushButton>(this, u"cmdGb"_s, u"关 闭"_s);
+    for (QPushButton* button : {cmdQf, cmdQh, cmdSc, cmdGb}) button->setMinimumWidth(buttonWidth);
+    for (QPushButton* button : {cmdQf, cmdQh, cmdSc}) row->addWidget(button);
+    row->addStretch(1);
+    row->addWidget(cmdGb);
+    lines->addLayout(row);
+    cmdGb->setDefault(true);
+    connect(lstHy, &QTableWidget::itemSelectionChanged, this, [this] { showChoice(); });
+    connect(cmdQf, &QPushButton::clicked, this, guarded(this, [this] { leaveTo(&RestoreWindow::restoreAsked); }));
+    connect(cmdQh, &QPushButton::clicked, this, guarded(this, [this] { leaveTo(&RestoreWindow::picturesAsked); }));
+    connect(cmdSc, &QPushButton::clicked, this, guarded(this, [this] { removeChosen(); }));
+    connect(cmdGb, &QPushButton::clicked, this, &QDialog::close);
+}
+
+QWidget* RestoreWindow::makeReminder() {
+    auto* strip = new QWidget(this);
+    auto* row = new QHBoxLayout(strip);
+    row->setContentsMargins(0, 0, 0, 0);
+    auto* caption = new QLabel(u"多久没有完好的备份就提醒："_s, strip);
+    cboTx = make<QComboBox>(strip, u"cboTx"_s);
+    caption->setBuddy(cboTx);
+    const std::pair<QString, int> choices[] = {{u"不提醒"_s, 0}, {u"7 天"_s, 7}, {u"30 天"_s, 30}};
+    for (const auto& [text, days] : choices) cboTx->addItem(text, days);
+    cboTx->setCurrentIndex(std::max(0, cboTx->findData(reminderDays())));
+    row->addWidget(caption);
+    row->addWidget(cboTx);
+    row->addStretch(1);
+    connect(cboTx, &QComboBox::activated, this, [this] { setReminderDays(cboTx->currentData().toInt()); });
+    return strip;
+}
+
+/// The backups, then what was restored over.
+void RestoreWindow::list() {
+    const Hourglass hourglass;
+    const QString open = mekTp::cataloguePath(), real = QFileInfo(open).canonicalFilePath();
+    const QString catalogue = identityOf(mekTp::catalogue);
+    files_.clear();
+    lstHy->setRowCount(0);
+    if (!newest_.isEmpty())
+        for (const BackupFile& one : backupsBeside(newest_, true)) addLine(one, kindOf(one, newest_, catalogue));
+    const bool hasBackups = !files_.isEmpty();
+    for (const BackupFile& one : datedBeside(real, true)) addLine(one, restoredOver);
+    if (!files_.isEmpty()) lstHy->selectRow(0);
+    showChoice();
+    lblHy->setText(newest_.isEmpty() ? u"还没有设置备份路径。"_s
+                   : hasBackups ? u"备份在“%1”。恢复用的是选中的那一份。"_s.arg(QFileInfo(newest_).path())
+                                : u"“%1”中没有备份。放备份的磁盘可能没有接上。"_s.arg(QFileInfo(newest_).path()));
+}
+
+void RestoreWindow::addLine(const BackupFile& file, const QString& kind) {
+    const int row = lstHy->rowCount();
+    lstHy->insertRow(row);
+    const QString texts[] = {file.made.toString(u"yyyy-MM-dd HH:mm"_s), number(file.albums), number(file.pictures),
+                             sizeText(file.size), kind};
+    for (int column = 0; column < 5; ++column) {
+        auto* part = new QTableWidgetItem(texts[column]);
+        part->setToolTip(QDir::toNativeSeparators(file.path));
+        lstHy->setItem(row, column, part);
+    }
+    files_ << file;
+}
+
+const BackupFile* RestoreWindow::chosen() const {
+    const QModelIndexList rows = lstHy->selectionModel()->selectedRows();
+    return rows.isEmpty() ? nullptr : &files_.at(rows.first().row());
+}
+
+/// The newest backup is what everything hangs on.
+bool RestoreWindow::isRemovable() const {
+    return chosen() != nullptr && chosen()->path != newest_;
+}
+
+void RestoreWindow::showChoice() {
+    cmdQf->setEnabled(chosen() != nullptr);
+    cmdQh->setEnabled(chosen() != nullptr);
+    cmdSc->setEnabled(isRemovable());
+}
+
+void RestoreWindow::removeChosen() {
+    if (!isRemovable()) return;
+    const BackupFile file = *chosen();
+    if (!askBeforeDeleting(this,
+                           u"删除“%1”（%2，%3 张图片）吗？删除以后不能恢复。\n\n"
+                           "如果“是”，按《确定》；否则按《取消》。"_s.arg(QDir::toNativeSeparators(file.path),
+                                                                          sizeText(file.size), number(file.pictures))))
+        return;
+    Kill(file.path);
+    list();
+}
+
+void RestoreWindow::leaveTo(void (RestoreWindow::*way)(const BackupFile&)) {
+    if (chosen() == nullptr) return;
+    const BackupFile file = *chosen();
+    close();
+    Q_EMIT(this->*way)(file);
+}
