@@ -1,6 +1,7 @@
 #include "catalogue/conversion/conversion.h"
 
 #include "../../platform/database/jet_files.h"
+#include "../../support/disk_faults.h"
 #include "../../support/run_all.h"
 #include "../../support/sample_catalogue.h"
 #include "catalogue/album_tables.h"
@@ -277,6 +278,9 @@ class TestConversion : public QObject {
         QVERIFY_THROWS_EXCEPTION(Error, convertCatalogue({from, path(u"none.mdb"_s), path(u"b.mdb"_s)}, watch));
         QVERIFY_THROWS_EXCEPTION(Error,
                                  convertCatalogue({from, sample_->file(u"lunq.mdb"_s), u"/proc/b.mdb"_s}, watch));
+        const FullDisk disk(QFileInfo(sample_->file(u"lunq.mdb"_s)).size() + 50'000);
+        const RunReport full = convertCatalogue({from, sample_->file(u"lunq.mdb"_s), path(u"c.mdb"_s)}, watch);
+        QVERIFY2(!full.failure.isEmpty() && !full.cameToEnd, qPrintable(full.failure));
         QCOMPARE(content(from), bytes);
     }
 
