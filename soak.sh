@@ -2,6 +2,7 @@
 # Installs missing packages, builds the program for the soak, and runs the soak:
 #   ./soak.sh                          kills it 500 times at work, and 500 times on a disk that loses unsynced writes
 #   ./soak.sh kill [--kills N] [--minutes N] [--seed N] [--unsynced] [--only SCENES]
+#   ./soak.sh conversion [--kills N]   kills it while it converts an old catalogue
 #   ./soak.sh session [--minutes N]    uses it for a long time and watches its memory and files
 set -euo pipefail
 cd -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")"
@@ -27,6 +28,7 @@ case "$what" in
         soak --unsynced "$@"
         ;;
     kill) soak "$@" ;;
+    conversion) soak --conversion "$@" ;;
     session) soak --rounds 1000000 "$@" ;;
-    *) stop_with "There is no soak \"$what\": kill or session, or nothing for both kinds of kills." ;;
+    *) stop_with "There is no soak \"$what\": kill, conversion or session, or nothing for both kinds of kills." ;;
 esac

@@ -16,8 +16,12 @@ constexpr qint64 pieceSize = 1 << 20;
 
 }  // namespace
 
+QString shippedCatalogue() {
+    return joinedPath(joinedPath(programFolder(), u"fresh"_s), u"lunq.mdb"_s);
+}
+
 void placeFirstCatalogue() {
-    const QString shipped = joinedPath(joinedPath(programFolder(), u"fresh"_s), u"lunq.mdb"_s);
+    const QString shipped = shippedCatalogue();
     const QString catalogue = joinedPath(programFolder(), u"lunq.mdb"_s);
     const QString journal = catalogue + u"-journal"_s;
     if (QFileInfo::exists(catalogue) || QFileInfo(catalogue).isSymLink() || !fileExists(shipped)) return;

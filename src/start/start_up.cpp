@@ -7,6 +7,7 @@
 #include "platform/desktop/message_box.h"
 #include "start/damage_notice.h"
 #include "start/first_catalogue.h"
+#include "start/old_catalogue.h"
 #include "start/program.h"
 
 #include <QFileInfo>
@@ -34,11 +35,23 @@ void requireCatalogue(const Database& database) {
 bool StartUp::isReady() {
     useCatalogue(mekTp::cataloguePath());
     if (!isOnlyCopy()) return false;
-    runHandler(nullptr, [] { placeFirstCatalogue(); });
+    runHandler(nullptr, [] {
+        resumeConversion();
+        placeFirstCatalogue();
+    });
     if (!isOnlyCopy()) return false;
-    for (auto found = fault(); found; found = fault())
-        if (!chooseAnother(*found)) return false;
-    return true;
+    for (;;) {
+        for (auto found = fault(); found; found = fault())
+            if (!chooseAnother(*found)) return false;
+        switch (askAboutOldCatalogue()) {
+            case OldCatalogue::none:
+                return true;
+            case OldCatalogue::left:
+                return false;
+            case OldCatalogue::converted:
+                if (!isOnlyCopy()) return false;
+        }
+    }
 }
 
 void StartUp::start(Program& program) const {

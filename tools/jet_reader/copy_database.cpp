@@ -89,7 +89,8 @@ void noteCodePage(const CodePageSurvey& survey, bool isChosen, CopyWriter& write
 
 }  // namespace
 
-JetOutcome copyDatabase(const std::string& from, const std::string& to, int codePage) {
+JetOutcome copyDatabase(const std::string& from, const std::string& to, int codePage,
+                        CopyWriter::LongValues longValues) {
     try {
         JetFile file(from);
         CodePageSurvey survey;
@@ -98,7 +99,7 @@ JetOutcome copyDatabase(const std::string& from, const std::string& to, int code
             if (codePage == 0) survey = surveyOf(file);
             file.setCodePage(codePage == 0 ? survey.codePage() : codePage);
         }
-        CopyWriter writer(to);
+        CopyWriter writer(to, longValues);
         if (isAsked) writer.note({.kind = "codePage", .number = file.codePage()});
         noteCodePage(survey, codePage != 0, writer);
         return copyTables(file, writer);

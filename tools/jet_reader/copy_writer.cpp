@@ -4,6 +4,7 @@
 #include "platform/database/file/literal_paths.h"
 #include "platform/database/file/storage_format.h"
 #include "platform/database/foreign/reading_notes_table.h"
+#include "value_hash.h"
 
 #include <sqlite3.h>
 #include <strings.h>
@@ -109,8 +110,9 @@ void bindBytes(SQLite::Statement& statement, int place, const std::vector<unsign
 
 }  // namespace
 
-CopyWriter::CopyWriter(const std::string& path)
-    : database_(emptyFile(path)),
+CopyWriter::CopyWriter(const std::string& path, LongValues longValues)
+    : longValues_(longValues),
+      database_(emptyFile(path)),
       insertBytes_(database_, "INSERT INTO long_binary (bytes) VALUES (?)"),
       insertNote_(database_, std::string("INSERT INTO ") + readingNotesTable + " VALUES (?, ?, ?, ?)") {}
 
@@ -181,7 +183,9 @@ void CopyWriter::copyRow(const std::string& name, const JetTable& table, SQLite:
 }
 
 int64_t CopyWriter::store(const std::vector<unsigned char>& bytes) {
-    bindBytes(insertBytes_, 1, bytes);
+    const std::vector<unsigned char> hash =
+        longValues_ == LongValues::hashes ? hashOfValue(bytes) : std::vector<unsigned char>();
+    bindBytes(insertBytes_, 1, longValues_ == LongValues::hashes ? hash : bytes);
     insertBytes_.exec();
     insertBytes_.reset();
     return database_.getLastInsertRowid();

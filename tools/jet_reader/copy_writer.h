@@ -9,7 +9,8 @@
 /// long-binary values in a side table. Failures of the engine are thrown as its own exception.
 class CopyWriter {
   public:
-    explicit CopyWriter(const std::string& path);
+    enum class LongValues { whole, hashes };
+    CopyWriter(const std::string& path, LongValues longValues);
 
     /// Copies the remaining rows, and sends signs of progress. What cannot be read of them is noted.
     void copy(const std::string& name, JetTable& table);
@@ -31,6 +32,7 @@ class CopyWriter {
     JetValue valueOrNothing(const JetTable& table, size_t column, std::vector<size_t>& lost) const;
     int64_t store(const std::vector<unsigned char>& bytes);
 
+    LongValues longValues_;
     SQLite::Database database_;
     SQLite::Statement insertBytes_;
     SQLite::Statement insertNote_;

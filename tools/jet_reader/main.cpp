@@ -1,10 +1,12 @@
-// Reads a Jet database into an empty SQLite file: lunq-jet DATABASE FILE [CODE-PAGE]. The exit code is a JetOutcome.
+// Reads a Jet database into an empty SQLite file: lunq-jet DATABASE FILE [CODE-PAGE [hashes]]. The exit code is a
+// JetOutcome.
 
 #include "copy_database.h"
 #include "helper/limits.h"
 
 #include <cstdlib>
 #include <filesystem>
+#include <string_view>
 
 namespace {
 
@@ -19,11 +21,14 @@ uint64_t largestCopyOf(const std::string& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3 && argc != 4) return int(JetOutcome::wrongCall);
+    if (argc < 3 || argc > 5) return int(JetOutcome::wrongCall);
     clearenv();  // the library would take character sets and folders from it
     limitThisProcess({.outputBytes = largestCopyOf(argv[1]),
                       .memoryBytes = uint64_t{512} << 20,
                       .seconds = 30,
                       .exitCode = int(JetOutcome::limitExceeded)});
-    return int(copyDatabase(argv[1], argv[2], argc == 4 ? std::atoi(argv[3]) : 0));
+    const int codePage = argc > 3 ? std::atoi(argv[3]) : 0;
+    const bool wantsHashes = argc > 4 && std::string_view(argv[4]) == "hashes";
+    return int(copyDatabase(argv[1], argv[2], codePage,
+                            wantsHashes ? CopyWriter::LongValues::hashes : CopyWriter::LongValues::whole));
 }

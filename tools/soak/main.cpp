@@ -1,4 +1,5 @@
 #include "platform/base/error.h"
+#include "soak/conversion_kills.h"
 #include "soak/killer.h"
 #include "soak/session.h"
 #include "soak/unsynced_vfs.h"
@@ -40,10 +41,13 @@ int run(QApplication& application) {
     option(u"unsynced"_s, u"Lose with the process what the engine has not synced, as a power cut does."_s);
     option(u"only"_s, u"Only these scenes, with commas between them."_s, u"scenes"_s);
     option(u"rounds"_s, u"Do not kill it: play so many rounds of scenes and watch memory and files."_s, u"rounds"_s);
+    option(u"conversion"_s, u"Kill the conversion of an old catalogue instead."_s);
+    option(u"convert"_s, u"Be the program that converts, in this folder."_s, u"folder"_s);
     option(u"folder"_s, u"Where to work."_s, u"folder"_s, QDir::temp().filePath(u"lunq-soak/program"_s));
     option(u"work"_s, u"Be the worked program, in this folder."_s, u"folder"_s);
     option(u"scenes"_s, u"What the worked program is to do."_s, u"scenes"_s);
     parser.process(application);
+    if (parser.isSet(u"convert"_s)) return convertOnce(parser.value(u"convert"_s));
     const quint32 seed = parser.value(u"seed"_s).toUInt();
     if (parser.isSet(u"work"_s)) {
         if (parser.isSet(u"unsynced"_s)) loseUnsyncedWrites(seed);
@@ -56,8 +60,15 @@ int run(QApplication& application) {
     const QStringList scenes = parser.value(u"only"_s).split(u',', Qt::SkipEmptyParts);
     if (parser.isSet(u"rounds"_s))
         return playSession({fresh, folder, parser.value(u"rounds"_s).toInt(), minutes, seed, scenes});
-    return killAgainAndAgain({QCoreApplication::applicationFilePath(), fresh, folder, parser.value(u"kills"_s).toInt(),
-                              minutes, seed, parser.isSet(u"unsynced"_s), scenes});
+    const KillOrder order{QCoreApplication::applicationFilePath(),
+                          fresh,
+                          folder,
+                          parser.value(u"kills"_s).toInt(),
+                          minutes,
+                          seed,
+                          parser.isSet(u"unsynced"_s),
+                          scenes};
+    return parser.isSet(u"conversion"_s) ? killConversions(order) : killAgainAndAgain(order);
 }
 
 }  // namespace

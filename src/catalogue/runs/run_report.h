@@ -17,7 +17,8 @@ enum class Fate {
     notAPicture,     ///< Left out, since what it has is neither BMP nor JPEG.
     failed,          ///< Nothing of it was kept, and `reason` says why.
     doubtful,  ///< It is at its new place, but its record did not go, or it could not be verified; `reason` says which.
-    left       ///< The run did not reach it.
+    left,      ///< The run did not reach it.
+    noted      ///< No picture: something else that is worth knowing, which `reason` says.
 };
 
 struct RunItem {

@@ -35,7 +35,9 @@ DatabaseIntake::DatabaseIntake(const SettingsFrame& frame, GuidedFlow& flow, Bro
       chosen_(chosen),
       signs_(signs),
       sample_(frame),
-      otherTexts_(new QAction(u"文字不对？换一种编码重读"_s, frame.form)) {
+      otherTexts_(new QAction(u"文字不对？换一种编码重读"_s, frame.form)),
+      whole_(frame) {
+    connect(&whole_, &WholeCatalogue::over, this, [this] { giveUp(); });
     otherTexts_->setObjectName(u"mnuBm"_s);
     connect(otherTexts_, &QAction::triggered, this, guarded(frame_.form, [this] { readTextsOtherwise(); }));
     mapping_.offerForTables(otherTexts_);
@@ -101,6 +103,7 @@ void DatabaseIntake::readDatabase(const QString& path) {
         throw;
     }
     otherTexts_->setVisible(ReadingNotes(mapping_.sourceDatabase()).codePage() != 0);
+    whole_.offer(mapping_.sourceDatabase());
 }
 
 void DatabaseIntake::askAboutTexts(const QString& path) {
@@ -263,6 +266,7 @@ void DatabaseIntake::stepBack() {
     switch (flow_.step()) {
         case 3:
             mapping_.undoDatabase();
+            whole_.offer({});
             signs_.clearSourceTable();
             break;
         case 4:
@@ -286,6 +290,7 @@ void DatabaseIntake::stepBack() {
 void DatabaseIntake::giveUp() {
     if (choosesRows_) showTarget();
     mapping_.undoDatabase();
+    whole_.offer({});
     Q_EMIT fillingOffered(false);
     mapping_.hideButtons();
     signs_.clearSource();
@@ -294,6 +299,7 @@ void DatabaseIntake::giveUp() {
 void DatabaseIntake::endRun() {
     if (choosesRows_) showTarget();
     mapping_.reset();
+    whole_.offer({});
     browser_.showFileParts(false);
 }
 

@@ -8,6 +8,7 @@
 #include "intake/databases/intake_signs.h"
 #include "intake/databases/mapping_panel.h"
 #include "intake/databases/source_sample.h"
+#include "intake/databases/whole_catalogue.h"
 #include "intake/preview/preview_panel.h"
 #include "settings/frame/settings_frame.h"
 
@@ -72,7 +73,8 @@ class DatabaseIntake : public QObject {
     ChosenLines& chosen_;
     IntakeSigns& signs_;
     SourceSample sample_;
-    QAction* otherTexts_;       ///< mnuBm: reads the texts of a Jet 3 database by the other code page.
-    ReadableRows readable_;     ///< Of the source table, while rows are chosen.
+    QAction* otherTexts_;    ///< mnuBm: reads the texts of a Jet 3 database by the other code page.
+    ReadableRows readable_;  ///< Of the source table, while rows are chosen.
+    WholeCatalogue whole_;
     bool choosesRows_ = false;  ///< The grid shows the source table.
 };

@@ -38,6 +38,8 @@ QString fateText(const RunItem& item, const RunWords& words) {
             return u"已存入，但没有完成"_s;
         case Fate::left:
             return u"没有做到"_s;
+        case Fate::noted:
+            return u"说明"_s;
         case Fate::failed:
             break;
     }

@@ -164,6 +164,13 @@ std::shared_ptr<Connection> Connection::create(const QString& path) {
     return connection;
 }
 
+std::shared_ptr<Connection> Connection::toCopy(const QString& path, std::unique_ptr<ForeignCopy> copy) {
+    const std::shared_ptr<Connection> connection(
+        new Connection(path, SQLITE_OPEN_READONLY, SharedFile::alone(path, std::move(copy))));
+    connection->configure();
+    return connection;
+}
+
 Connection::Connection(const QString& path, int flags, std::shared_ptr<SharedFile> file)
     : path_(path),
       file_(std::move(file)),

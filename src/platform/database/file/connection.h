@@ -21,6 +21,8 @@ class Connection {
     /// it.
     static bool isJetFile(const QString& path);
     static std::shared_ptr<Connection> create(const QString& path);
+    /// To what was read of a foreign database. Nobody else gets this connection.
+    static std::shared_ptr<Connection> toCopy(const QString& path, std::unique_ptr<ForeignCopy> copy);
     ~Connection();
 
     const QString& path() const { return path_; }

@@ -51,8 +51,12 @@ std::shared_ptr<SharedFile> SharedFile::find(const QString& path) {
     return nullptr;
 }
 
+std::shared_ptr<SharedFile> SharedFile::alone(const QString& path, std::unique_ptr<ForeignCopy> foreign) {
+    return std::shared_ptr<SharedFile>(new SharedFile(identityOf(path), std::move(foreign)));
+}
+
 std::shared_ptr<SharedFile> SharedFile::add(const QString& path, std::unique_ptr<ForeignCopy> foreign) {
-    const std::shared_ptr<SharedFile> file(new SharedFile(identityOf(path), std::move(foreign)));
+    std::shared_ptr<SharedFile> file = alone(path, std::move(foreign));
     Registry& known = registry();
     const std::lock_guard lock(known.mutex);
     std::erase_if(known.files, [](const auto& weak) { return weak.expired(); });

@@ -18,6 +18,9 @@ class SharedFile {
     /// For the first connection. `foreign` holds what was read of a foreign database, otherwise it is null.
     static std::shared_ptr<SharedFile> add(const QString& path, std::unique_ptr<ForeignCopy> foreign = nullptr);
 
+    /// That nobody else finds.
+    static std::shared_ptr<SharedFile> alone(const QString& path, std::unique_ptr<ForeignCopy> foreign);
+
     const ForeignCopy* foreign() const { return foreign_.get(); }
 
     /// Grows with every change that one of the connections has stored.

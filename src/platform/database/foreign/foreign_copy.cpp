@@ -114,7 +114,7 @@ bool ForeignCopy::isJetFile(const QString& path) {
     return start == QByteArray("\0\1\0\0Standard Jet DB", 19) || start == QByteArray("\0\1\0\0Standard ACE DB", 19);
 }
 
-ForeignCopy::ForeignCopy(const QString& path) : path_(path), codePage_(chosenCodePage(path)) {
+ForeignCopy::ForeignCopy(const QString& path, LongValues longValues) : path_(path), codePage_(chosenCodePage(path)) {
     const QFileInfo original(path);
     size_ = original.size();
     changed_ = original.lastModified();
@@ -124,7 +124,7 @@ ForeignCopy::ForeignCopy(const QString& path) : path_(path), codePage_(chosenCod
     }
     file_ = newUnnamedFile(path);
     try {
-        read();
+        read(longValues);
     } catch (...) {
         close(file_);
         throw;
@@ -144,13 +144,15 @@ bool ForeignCopy::isCurrent() const {
     return original.size() == size_ && original.lastModified() == changed_ && chosenCodePage(path_) == codePage_;
 }
 
-void ForeignCopy::read() {
+void ForeignCopy::read(LongValues longValues) {
     QProcess reader;
     reader.setStandardInputFile(QProcess::nullDevice());
     reader.setStandardErrorFile(QProcess::nullDevice());
     reader.setChildProcessModifier([this] { fcntl(file_, F_SETFD, 0); });  // goes on being open there
     QStringList arguments{QFileInfo(path_).absoluteFilePath(), file()};
-    if (codePage_ != 0) arguments << QString::number(codePage_);
+    const bool wantsHashes = longValues == LongValues::hashes;
+    if (codePage_ != 0 || wantsHashes) arguments << QString::number(codePage_);
+    if (wantsHashes) arguments << u"hashes"_s;
     reader.start(readerProgram(), arguments);
     if (!reader.waitForStarted()) throw failure(path_, u"读取它要用的程序“%1”不能启动"_s.arg(readerProgram()));
     if (!endsInTime(reader, chosenReader().patienceMs)) {

@@ -11,8 +11,13 @@ class ForeignCopy {
     /// Whether a file begins as Jet databases do. Throws `Error` when it cannot be read.
     static bool isJetFile(const QString& path);
 
+    enum class LongValues {
+        whole,
+        hashes  ///< In place of each its length without the zeros at its end (8 bytes, the lowest first) and SHA-256.
+    };
+
     /// Reads the database. Throws `Error` that names the file, and leaves nothing behind, when that fails.
-    explicit ForeignCopy(const QString& path);
+    explicit ForeignCopy(const QString& path, LongValues longValues = LongValues::whole);
     ~ForeignCopy();
     ForeignCopy(const ForeignCopy&) = delete;
     ForeignCopy& operator=(const ForeignCopy&) = delete;
@@ -23,7 +28,7 @@ class ForeignCopy {
     bool isCurrent() const;
 
   private:
-    void read();
+    void read(LongValues longValues);
 
     QString path_;
     qint64 size_ = 0;

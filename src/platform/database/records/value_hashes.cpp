@@ -26,6 +26,10 @@ ValueHashes::ValueHashes(const Database& database) : connection_(database.connec
     areKept_ = connection_->step(find);
 }
 
+Database ValueHashes::ofForeign(const QString& path, std::unique_ptr<ForeignCopy> hashes) {
+    return Database(Connection::toCopy(path, std::move(hashes)));
+}
+
 QStringList ValueHashes::creation() {
     return {
         u"CREATE TABLE IF NOT EXISTS lunq_hashes (id INTEGER PRIMARY KEY, length INTEGER NOT NULL, "

@@ -5,8 +5,11 @@
 #include <QDate>
 #include <QStringList>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
+
+class ForeignCopy;
 
 /// Lengths and hashes of long-binary values, kept in a reserved table of the file. A value's row goes with the value.
 /// Version 2 of the file has the table; in a file without it there are no hashes, and none are kept.
@@ -14,6 +17,9 @@ class ValueHashes {
   public:
     /// Throws `Error` when the database is closed.
     explicit ValueHashes(const Database& database);
+
+    /// A Jet database of which the long-binary values were read as their hashes.
+    static Database ofForeign(const QString& path, std::unique_ptr<ForeignCopy> hashes);
 
     /// The statements that make the table. They change nothing where it is.
     static QStringList creation();

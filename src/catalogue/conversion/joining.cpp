@@ -1,0 +1,173 @@
+#include "catalogue/conversion/joining.h"
+
+#include "catalogue/album_directory.h"
+#include "catalogue/album_rules.h"
+#include "catalogue/conversion/album_taking.h"
+#include "catalogue/conversion/fixed_taking.h"
+#include "catalogue/conversion/verification.h"
+#include "catalogue/selection_buttons.h"
+#include "platform/base/error.h"
+#include "platform/database/records/second_reading.h"
+
+#include <algorithm>
+#include <iterator>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int percentOfTaking = 70;
+
+struct OldButton {
+    QString code;
+    QString name;
+    QStringList albums;  ///< Table names.
+    QByteArray picture;
+};
+
+std::vector<OldButton> oldButtons(const Database& old) {
+    std::vector<OldButton> buttons;
+    const QString table = tableNamed(old, u"tcan"_s);
+    if (table.isEmpty()) return buttons;
+    attempt([&] {
+        for (Recordset rows = old.OpenRecordset(allRecordsSql(table)); !rows.Eof(); rows.MoveNext()) {
+            OldButton button;
+            attempt([&] { button.code = rows.Fields(u"编号"_s).Value().textOr().trimmed(); });
+            attempt([&] { button.name = rows.Fields(u"名称"_s).Value().textOr(); });
+            attempt([&] { button.albums = tablesOfButton(rows.Fields(u"图册"_s).Value().textOr()); });
+            attempt([&] { button.picture = rows.Fields(u"图片"_s).Value().toBytes(); });
+            if (button.code.size() == 1 && !isAllPictures(button.code)) buttons.push_back(std::move(button));
+        }
+    });
+    return buttons;
+}
+
+QString freeCode(const Database& ours) {
+    const QString signs = u"0123456789abcdefghijklmnopqrstuwxyzαβγδεζηθικλμνξοπρστυφχψω甲乙丙丁戊己庚辛壬癸"_s;
+    for (const QChar sign : signs)
+        if (buttonsWithCode(ours, sign).Eof()) return sign;
+    throw Error(u"按钮太多，没有空余的编号了。"_s);
+}
+
+qint32 nextNumber(const Database& ours, const QString& table) {
+    qint32 highest = 0;
+    for (Recordset rows = ours.OpenRecordset(table); !rows.Eof(); rows.MoveNext())
+        attempt([&] { highest = std::max(highest, rows.Fields(u"序号"_s).Value().toInteger()); });
+    return highest + 1;
+}
+
+/// The title of an album, with a number behind it where that is taken.
+QString freeTitle(const Database& ours, const QString& wanted) {
+    QString title = wanted;
+    for (int number = 2; title.isEmpty() || findTitle(ours, title); ++number) {
+        const QString mark = QString::number(number);
+        QString start = wanted;
+        while (!start.isEmpty() && !titleFits(start + mark)) start.chop(1);
+        title = start + mark;
+    }
+    return title;
+}
+
+class Joining {
+  public:
+    explicit Joining(const JoinOrder& order)
+        : order_(order), old_(OpenDatabase(order.old)), ours_(OpenDatabase(order.ours)) {}
+
+    RunReport run(RunWatch& watch) {
+        SecondReading second(order_.old);
+        std::vector<RunItem> notes = lostParts(old_);
+        prepare();
+        std::ranges::move(notes_, std::back_inserter(notes));
+        const auto change = [this](const QString& column, const QString& text) {
+            return column == u"编号" ? newCodes(text) : text;
+        };
+        RunReport report = AlbumTaking(old_, ours_, taken_, percentOfTaking, change).run(watch);
+        report.items.insert(report.items.begin(), notes.begin(), notes.end());
+        if (report.cameToEnd && !report.stopped) verify(second.take(), report, watch);
+        return report;
+    }
+
+  private:
+    /// Albums and buttons, in one change.
+    void prepare() {
+        Transaction together(ours_);
+        std::vector<OldAlbum> albums = oldAlbums(old_);
+        std::erase_if(albums, [](const OldAlbum& album) { return album.table.isEmpty() || isDemo(album.table); });
+        nameAlbums(albums, ours_.TableDefs());
+        for (const OldAlbum& album : albums) makeAlbum(album);
+        for (const OldButton& button : oldButtons(old_)) takeButton(button);
+        together.commit();
+    }
+
+    void makeAlbum(const OldAlbum& album) {
+        const QString title = freeTitle(ours_, titleFits(album.title) ? album.title : album.name);
+        createAlbum(ours_, {QString::number(nextNumber(ours_, u"tcbm"_s)), album.name, title, album.remark});
+        makeRoomFor(old_, album.table, ours_, album.name);
+        taken_.push_back({album.table, album.name, old_.OpenRecordset(allRecordsSql(album.table)).rowCount()});
+        names_[(album.isListed ? album.listedAs : album.table).toLower()] = album.name;
+        notes_.push_back(noteAbout(album.table, u"成为图册 %1《%2》"_s.arg(album.name, title)));
+    }
+
+    void takeButton(const OldButton& button) {
+        const Recordset own = buttonsWithCode(ours_, button.code);
+        const bool isOther = !own.Eof() && own.Fields(u"名称"_s).Value().textOr() != button.name;
+        const QString code = isOther && order_.newCodes ? freeCode(ours_) : button.code;
+        if (own.Eof() || code != button.code) addButton(button, code);
+        if (code != button.code) {
+            codes_[button.code.front()] = code.front();
+            notes_.push_back(noteAbout(u"tcan"_s, u"按钮“%1”的编号“%2”改为“%3”"_s.arg(button.name, button.code, code)));
+        }
+        for (const QString& album : button.albums)
+            if (const QString name = names_.value(album.toLower()); !name.isEmpty()) offerAlbum(ours_, code, name);
+    }
+
+    void addButton(const OldButton& button, const QString& code) {
+        Recordset rows = ours_.OpenRecordset(u"tcan"_s);
+        rows.AddNew();
+        rows.Fields(u"序号"_s).SetValue(nextNumber(ours_, u"tcan"_s));
+        rows.Fields(u"编号"_s).SetValue(code);
+        constexpr qsizetype longestName = 20;
+        rows.Fields(u"名称"_s).SetValue(button.name.left(longestName));
+        if (!button.picture.isEmpty()) rows.Fields(u"图片"_s).SetValue(button.picture);
+        rows.Update();
+    }
+
+    QString newCodes(QString codes) const {
+        for (QChar& code : codes) code = codes_.value(code, code);
+        return codes;
+    }
+
+    void verify(const Database& again, RunReport& report, RunWatch& watch) {
+        std::vector<TablePair> pairs;
+        for (const TakenAlbum& album : taken_) pairs.push_back({album.table, album.album});
+        Verification verification(again, ours_, pairs);
+        report.stopped = !verification.run(watch, percentOfTaking);
+        report.verified = verification.verified();
+        if (!verification.difference().isEmpty())
+            report.failure = u"核对时发现：%1。磁盘或内存可能有毛病。"_s.arg(verification.difference());
+    }
+
+    const JoinOrder& order_;
+    Database old_, ours_;
+    std::vector<TakenAlbum> taken_;
+    QHash<QString, QString> names_;  ///< Of the new albums, by the old ones in lower case.
+    QHash<QChar, QChar> codes_;      ///< Those that have changed.
+    std::vector<RunItem> notes_;
+};
+
+}  // namespace
+
+std::vector<TakenCode> takenCodes(const Database& old, const Database& ours) {
+    std::vector<TakenCode> taken;
+    for (const OldButton& button : oldButtons(old)) {
+        const Recordset own = buttonsWithCode(ours, button.code);
+        if (own.Eof()) continue;
+        const QString name = own.Fields(u"名称"_s).Value().textOr();
+        if (name != button.name) taken.push_back({button.code, name, button.name});
+    }
+    return taken;
+}
+
+RunReport joinCatalogue(const JoinOrder& order, RunWatch& watch) {
+    return Joining(order).run(watch);
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "catalogue/runs/run_report.h"
+#include "catalogue/runs/run_watch.h"
+#include "platform/database/records/database.h"
+
+#include <QHash>
+#include <QString>
+#include <vector>
+
+/// The joining of all albums of an old catalogue to one of ours: each becomes a new album under a free name, and the
+/// selection buttons come along by their codes.
+
+/// A code that is that of another button in our catalogue.
+struct TakenCode {
+    QString code;
+    QString ours;    ///< Name of the button there.
+    QString theirs;  ///< The same in the old catalogue.
+};
+std::vector<TakenCode> takenCodes(const Database& old, const Database& ours);
+
+struct JoinOrder {
+    QString old;           ///< A Jet database.
+    QString ours;          ///< The catalogue that the albums join.
+    bool newCodes = true;  ///< Buttons whose codes are taken get others, and their pictures too; otherwise ours serve.
+};
+
+/// The demonstration album stays where it is. What is done stays done, whole record by whole record, when the watch or
+/// a failure ends the run. The pictures are read back and compared with a second reading of the old file. Throws
+/// `Error` when it cannot begin; nothing has changed then.
+RunReport joinCatalogue(const JoinOrder& order, RunWatch& watch);

@@ -1,0 +1,78 @@
+#include "catalogue/conversion/verification.h"
+
+#include "catalogue/picture_hashes.h"
+#include "catalogue/table_shape.h"
+#include "platform/base/error.h"
+#include "platform/database/records/second_reading.h"
+
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int rowsInAChange = 256;
+const QString picture = u"图片"_s;
+
+bool hasPictures(const Database& database, const QString& table) {
+    return fieldNamed(shapeOf(database, table), picture).has_value();
+}
+
+/// What cannot be read is not in the new catalogue either.
+Fingerprint printAt(const Recordset& secondReading, int row) {
+    Fingerprint print;
+    attempt([&] {
+        const StoredValue value = secondReading.storedAt(row, picture);
+        if (value.isNull()) return;
+        const ValueHashes::Kept kept = SecondReading::hashOf(value);
+        print = {kept.length, kept.sha256};
+    });
+    return print;
+}
+
+}  // namespace
+
+Verification::Verification(const Database& secondReading, const Database& target, std::vector<TablePair> tables)
+    : secondReading_(secondReading), target_(target), tables_(std::move(tables)) {}
+
+bool Verification::run(RunWatch& watch, int begun) {
+    begun_ = begun;
+    for (const TablePair& pair : tables_) progress_.all += target_.OpenRecordset(allRecordsSql(pair.target)).rowCount();
+    return std::ranges::all_of(tables_,
+                               [&](const TablePair& pair) { return !difference_.isEmpty() || compare(pair, watch); });
+}
+
+bool Verification::compare(const TablePair& pair, RunWatch& watch) {
+    const Recordset old = secondReading_.OpenRecordset(allRecordsSql(pair.old));
+    const Recordset target = target_.OpenRecordset(allRecordsSql(pair.target));
+    if (old.rowCount() != target.rowCount())
+        difference_ =
+            u"表 %1 有 %2 条记录，第二次读取有 %3 条"_s.arg(pair.target).arg(target.rowCount()).arg(old.rowCount());
+    const int rows = hasPictures(secondReading_, pair.old) && hasPictures(target_, pair.target) ? target.rowCount() : 0;
+    for (int row = 0; row < rows && difference_.isEmpty();) {
+        Transaction kept(target_);
+        for (const int end = std::min(row + rowsInAChange, rows); row < end && difference_.isEmpty(); ++row) {
+            difference_ = differenceAt(old, target, row, pair.isAlbum);
+            if (!difference_.isEmpty())
+                difference_ = u"表 %1 第 %2 条记录的图片%3"_s.arg(pair.target).arg(row + 1).arg(difference_);
+            ++progress_.done;
+            constexpr qsizetype all = 100;
+            progress_.percent = int(begun_ + progress_.done * (all - begun_) / progress_.all);
+            if (!watch.progress(progress_)) return false;
+        }
+        kept.commit();
+    }
+    return true;
+}
+
+QString Verification::differenceAt(const Recordset& old, const Recordset& target, int row, bool isAlbum) {
+    const StoredValue stored = target.storedAt(row, picture);
+    const Fingerprint expected = printAt(old, row);
+    if (stored.isNull() != expected.sha256.isEmpty()) return u"与原来的不同"_s;
+    if (stored.isNull()) return {};
+    progress_.bytes += stored.size();
+    if (fingerprintOf(stored) != expected) return u"与原来的不同"_s;
+    PictureHashes(target_).note(stored, expected);
+    verified_ += isAlbum ? 1 : 0;
+    return {};
+}
