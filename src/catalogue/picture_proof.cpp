@@ -124,8 +124,8 @@ std::vector<StoredValue> unprintedPictures(const Database& catalogue) {
     const ValueHashes hashes(catalogue);
     std::vector<StoredValue> all;
     if (!hashes.areKept()) return all;
-    // What was deleted is in the bin, where there is one.
-    const QStringList holders = albumTables(catalogue) + QStringList{u"lunq_bin"_s};
+    QStringList holders = albumTables(catalogue);
+    holders << u"lunq_bin"_s;  // what was deleted, where it is kept
     for (const QString& holder : holders)
         attempt([&] { std::ranges::move(hashes.without(holder, pictureColumn), std::back_inserter(all)); });
     return all;

@@ -3,6 +3,7 @@
 #include "catalogue/album_directory.h"
 #include "catalogue/album_rules.h"
 #include "catalogue/album_tables.h"
+#include "catalogue/backup_file.h"
 #include "catalogue/picture_proof.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
@@ -11,6 +12,7 @@
 
 #include <QFile>
 #include <QScopeGuard>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -19,20 +21,21 @@ namespace {
 /// Tells of one album as a part of all.
 class PartWatch : public RunWatch {
   public:
-    PartWatch(RunWatch& whole, qsizetype before, qsizetype all) : whole_(whole), before_(before), all_(all) {}
+    /// `before` is what was done of all by then.
+    PartWatch(RunWatch& whole, const RunProgress& before) : whole_(whole), before_(before), now_(before) {}
 
     bool progress(const RunProgress& part) override {
-        bytes_ = part.bytes;
-        const qsizetype done = before_ + part.done;
-        return whole_.progress(
-            {.percent = int(done * 100 / std::max<qsizetype>(1, all_)), .done = done, .all = all_, .bytes = bytes_});
+        now_.done = before_.done + part.done;
+        now_.bytes = before_.bytes + part.bytes;
+        now_.percent = int(now_.done * 100 / std::max<qsizetype>(1, now_.all));
+        return whole_.progress(now_);
     }
     bool passesOver(const RunItem& failed) override { return whole_.passesOver(failed); }
+    qint64 bytes() const { return now_.bytes; }
 
   private:
     RunWatch& whole_;
-    qsizetype before_, all_;
-    qint64 bytes_ = 0;
+    RunProgress before_, now_;
 };
 
 FieldMapping sameColumns() {
@@ -64,21 +67,27 @@ Album albumIn(const Database& backup, const QString& table) {
     return findAlbum(backup, table).value_or(Album{u"1"_s, table, table, {}});
 }
 
-void copyFile(const QString& from, const QString& to, RunWatch& watch, RunReport& report) {
+/// Copying takes the most of a restore, the proof the rest.
+constexpr int copyingPercent = 70;
+
+RunProgress restoreProgress(qint64 percent, int pictures, qint64 bytes) {
+    return {.percent = int(percent), .done = pictures * percent / 100, .all = pictures, .bytes = bytes};
+}
+
+void copyFile(const QString& from, const QString& to, int pictures, RunWatch& watch, RunReport& report) {
     constexpr qint64 pieceSize = 4 << 20;
-    constexpr int copying = 70;  // percent; the rest is the proof
     QFile source(from), target(to);
     if (!source.open(QIODevice::ReadOnly))
         throw Error(u"备份“%1”不能读取：%2。"_s.arg(from, systemReason(source.errorString())));
     const auto failed = [&] { return Error(u"备份不能复制到“%1”：%2。"_s.arg(to, writeFailure(target))); };
     if (!target.open(QIODevice::WriteOnly)) throw failed();
     const qint64 size = std::max<qint64>(1, source.size());
-    while (!source.atEnd()) {
+    while (!source.atEnd() && !report.stopped) {
         const QByteArray piece = source.read(pieceSize);
         if (piece.isEmpty()) throw Error(u"备份“%1”没有读完。"_s.arg(from));
         if (target.write(piece) != piece.size()) throw failed();
-        report.stopped = !watch.progress({.percent = int(source.pos() * copying / size), .bytes = source.pos()});
-        if (report.stopped) return;
+        const qint64 percent = source.pos() * copyingPercent / size;
+        report.stopped = !watch.progress(restoreProgress(percent, pictures, source.pos()));
     }
     if (!target.flush()) throw failed();
     syncToDisk(target);
@@ -87,18 +96,18 @@ void copyFile(const QString& from, const QString& to, RunWatch& watch, RunReport
 void proveCopy(const QString& copy, const QString& backup, RunWatch& watch, RunReport& report) {
     std::vector<ToProve> all = allPictures(OpenDatabase(copy));
     for (ToProve& one : all) one.decodes = false;
+    const int count = int(all.size());
+    const qint64 copied = FileLen(copy);
     const std::vector<Proven> found = proveAll(copy, all, [&](qsizetype done, qint64 bytes) {
-        report.stopped = report.stopped || !watch.progress({.percent = 70 + int(done * 30 / qsizetype(all.size() + 1)),
-                                                            .done = done,
-                                                            .all = qsizetype(all.size()),
-                                                            .bytes = bytes});
+        const qint64 percent = copyingPercent + done * (100 - copyingPercent) / (count + 1);
+        report.stopped = report.stopped || !watch.progress(restoreProgress(percent, count, copied + bytes));
         return !report.stopped;
     });
     if (report.stopped) return;
     report.count = int(std::ranges::count(found, Fault::none, &Proven::fault));
-    if (report.count != int(all.size()))
+    if (report.count != count)
         throw Error(u"备份“%1”中有 %2 张图片变了，没有恢复，现在的图册数据库不变。请另选一个备份。"_s.arg(backup).arg(
-            int(all.size()) - report.count));
+            count - report.count));
     if (FileCheck(copy).run() == FileCheck::Outcome::damaged)
         throw Error(u"备份“%1”有损坏的地方，没有恢复，现在的图册数据库不变。请另选一个备份。"_s.arg(backup));
 }
@@ -116,8 +125,8 @@ Return wholeAlbum(const Database& backup, const QString& table) {
 
 RunReport takeBack(const Database& catalogue, const QString& backup, const QList<Return>& returns, RunWatch& watch) {
     const Database source = OpenDatabase(backup);
-    qsizetype all = 0, before = 0;
-    for (const Return& one : returns) all += one.numbers.size();
+    RunProgress before;
+    for (const Return& one : returns) before.all += one.numbers.size();
     RunReport report{.cameToEnd = true};
     for (const Return& one : returns) {
         const CopyOrder order{.sourcePath = backup,
@@ -129,15 +138,16 @@ RunReport takeBack(const Database& catalogue, const QString& backup, const QList
                               .takesDoubtful = true,
                               .keepNumbers = true,
                               .skipKnown = true};
-        PartWatch part(watch, before, all);
+        PartWatch part(watch, before);
         const QString album = albumFor(catalogue, albumIn(source, one.table));
         if (one.numbers.isEmpty()) continue;
         RunReport done = sklr(catalogue, album, order, part);
         for (RunItem& item : done.items) {
-            item.place += before;
+            item.place += before.done;
             report.items.push_back(std::move(item));
         }
-        before += one.numbers.size();
+        before.done += one.numbers.size();
+        before.bytes = part.bytes();
         report.count += done.count;
         report.failure = done.failure;
         report.stopped = done.stopped;
@@ -150,7 +160,7 @@ RunReport takeBack(const Database& catalogue, const QString& backup, const QList
 RunReport prepareRestore(const QString& backup, const QString& prepared, RunWatch& watch) {
     RunReport report;
     auto remove = qScopeGuard([&] { QFile::remove(prepared); });
-    copyFile(backup, prepared, watch, report);
+    copyFile(backup, prepared, describedBackup(backup, true).pictures, watch, report);
     if (!report.stopped) proveCopy(prepared, backup, watch, report);
     if (report.stopped) return report;
     report.cameToEnd = true;

@@ -178,7 +178,10 @@ DamagedWindow* showDamagedPictures(QWidget* parent) {
     attempt([&] { isAny = !proofState(mekTp::catalogue).damaged.isEmpty(); });
     if (!isAny) return nullptr;
     auto* window = new DamagedWindow(parent);
-    if (parent == nullptr) QObject::connect(qApp, &QCoreApplication::aboutToQuit, window, &QObject::deleteLater);
+    if (parent == nullptr) {
+        window->setAttribute(Qt::WA_ShowWithoutActivating);  // somebody may be typing elsewhere
+        QObject::connect(qApp, &QCoreApplication::aboutToQuit, window, &QObject::deleteLater);
+    }
     window->show();
     return window;
 }
