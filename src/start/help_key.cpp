@@ -21,6 +21,10 @@ struct Section {
 
 const std::vector<Section>& sections() {
     static const std::vector<Section> all{
+        {u"frmHs"_s, {}, u"3.1.3 恢复删除了的图片"_s},
+        {u"frmHy"_s, {}, u"3.2.5 图册备份设置"_s},
+        {u"frmQh"_s, {}, u"3.2.5 图册备份设置"_s},
+        {u"frmJy"_s, {}, u"3.2.5 图册备份设置"_s},
         {u"page0"_s, {u"Frame2"_s}, u"3.2.1 建立新图册"_s},
         {u"page0"_s, {u"fra3"_s}, u"3.2.2 分图册的备注与删除"_s},
         {u"page0"_s, {u"Frame1"_s}, u"3.2.3 图册主标题与显示选项"_s},
@@ -90,6 +94,11 @@ QString sectionAboutOperation(const QWidget* control) {
     return {};
 }
 
+bool isBoxOpen() {
+    const QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr && modal->windowModality() == Qt::ApplicationModal;
+}
+
 }  // namespace
 
 QString sectionAbout(const QWidget* control) {
@@ -116,8 +125,7 @@ bool HelpKey::eventFilter(QObject* watched, QEvent* event) {
     const auto* control = qobject_cast<QWidget*>(watched);
     if (event->type() != QEvent::KeyPress || control == nullptr) return false;
     const auto* key = static_cast<QKeyEvent*>(event);
-    if (key->key() != Qt::Key_F1 || key->modifiers() != Qt::NoModifier || QApplication::activeModalWidget() != nullptr)
-        return false;
+    if (key->key() != Qt::Key_F1 || key->modifiers() != Qt::NoModifier || isBoxOpen()) return false;
     const QString section = sectionAbout(control);
     if (section.isEmpty()) return false;
     runHandler(nullptr, [&] { windows_.showHelp(section); });
