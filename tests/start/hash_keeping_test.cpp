@@ -29,7 +29,7 @@ int hashes() {
 }
 
 HashKeeping::Pace pace(std::chrono::milliseconds quiet) {
-    return {quiet, {.start = 0ms, .look = 5ms, .rest = 20ms, .batch = 0ms}};
+    return {quiet, {.start = 0ms, .look = 5ms, .rest = 20ms, .batch = 0ms, .share = 1}};
 }
 
 class TestHashKeeping : public QObject {
