@@ -30,12 +30,16 @@ std::optional<BinKind> onlyKind(qint64 since) {
 }  // namespace
 
 BinLine::BinLine(QWidget* form)
-    : form_(form), lblHf(make<ElidedLabel>(form, u"lblHf"_s)), cmdHf(make<QPushButton>(form, u"cmdHf"_s, opensBin)) {
+    : QObject(form),
+      form_(form),
+      lblHf(make<ElidedLabel>(form, u"lblHf"_s)),
+      cmdHf(make<QPushButton>(form, u"cmdHf"_s, opensBin)) {
     lblHf->setElideMode(Qt::ElideRight);
     lblHf->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     lblHf->setAutoFillBackground(true);
     lblHf->hide();
     cmdHf->hide();
+    shown_.setParent(this);
     shown_.setSingleShot(true);
     shown_.setInterval(shownMs);
     shown_.callOnTimeout(this, &BinLine::showSmall);
@@ -77,6 +81,7 @@ void BinLine::tell(const QString& text, bool mayBePutBack) {
 }
 
 void BinLine::showSmall() {
+    shown_.stop();
     cmdHf->setText(opensBin);
     arrange();
 }

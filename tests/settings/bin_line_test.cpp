@@ -71,6 +71,7 @@ class TestBinLine : public QObject {
     void replacedPictureComesBack() {
         BinWindow window;
         window.clickRow(3);
+        window.click(u"cmdQd"_s);
         const QString before = EditingWindow::record(u"图片4"_s);
         window.takeNewPicture();
         QVERIFY(EditingWindow::record(u"图片4"_s) != before);
