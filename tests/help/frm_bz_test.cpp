@@ -179,7 +179,7 @@ class TestHelpWindow : public QObject {
         help.click(u"lblXz"_s, 3);
         QTest::mouseMove(help.label(u"lblX0"_s, 1));
         QVERIFY(full->isHidden());
-        QLabel* section = help.label(u"lblX0"_s, 4);
+        QLabel* section = help.label(u"lblX0"_s, 5);
         QTest::mouseMove(section);
         QVERIFY(full->isVisible());
         QCOMPARE(full->text(), u"2 "_s + title);
