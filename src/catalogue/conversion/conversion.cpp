@@ -31,10 +31,10 @@ void copyFresh(const QString& fresh, const QString& target) {
 
 class Conversion {
   public:
-    explicit Conversion(const ConversionOrder& order) : order_(order), old_(OpenDatabase(order.old)) {}
+    explicit Conversion(const ConversionOrder& order)
+        : order_(order), second_(order.old), old_(OpenDatabase(order.old)) {}
 
     RunReport run(RunWatch& watch) {
-        SecondReading second(order_.old);
         copyFresh(order_.fresh, order_.target);
         target_ = OpenDatabase(order_.target);
         OwnValues(target_).prepare();
@@ -44,7 +44,7 @@ class Conversion {
         std::ranges::move(takeFixedTables(old_, target_, albums), std::back_inserter(notes));
         RunReport report = AlbumTaking(old_, target_, taken_, percentOfTaking).run(watch);
         report.items.insert(report.items.begin(), notes.begin(), notes.end());
-        if (report.cameToEnd && !report.stopped) verify(second.take(), report, watch);
+        if (report.cameToEnd && !report.stopped) verify(second_.take(), report, watch);
         return report;
     }
 
@@ -81,6 +81,7 @@ class Conversion {
     }
 
     const ConversionOrder& order_;
+    SecondReading second_;  ///< Begins beside the first one.
     Database old_;
     Database target_;
     std::vector<TakenAlbum> taken_;

@@ -1,5 +1,6 @@
 #include "platform/database/records/rows_by_number.h"
 
+#include "platform/base/error.h"
 #include "platform/database/dialect/sql_tokens.h"
 
 #include <QStringList>
@@ -47,19 +48,19 @@ void RecordsInTurn::open(std::size_t first) {
     std::ranges::sort(looked_);
     looked_.erase(std::ranges::unique(looked_).begin(), looked_.end());
     first_ = first;
-    records_ = recordsOfRows(database_, table_, looked_);
+    together_ = recordsOfRows(database_, table_, looked_);
+    areAllThere_ = std::size_t(together_.rowCount()) == looked_.size();
 }
 
+/// Where some of them were gone, nobody knows which ones. One may go later, too.
 const Recordset& RecordsInTurn::at(std::size_t place) {
     if (const std::size_t first = place - place % mostListed; looked_.empty() || first != first_) open(first);
-    if (std::size_t(records_.rowCount()) == looked_.size()) {
-        records_.moveToRow(int(std::ranges::lower_bound(looked_, rows_[place]) - looked_.begin()));
-        return records_;
+    if (areAllThere_) {
+        together_.moveToRow(int(std::ranges::lower_bound(looked_, rows_[place]) - looked_.begin()));
+        if (attempt([&] { (void)together_.Fields(0).FieldSize(); })) return together_;
     }
-    // Some are gone: which ones, nobody knows.
-    looked_.clear();
-    records_ = recordsOfRows(database_, table_, {rows_[place]});
-    return records_;
+    alone_ = recordsOfRows(database_, table_, {rows_[place]});
+    return alone_;
 }
 
 void removeRows(const Database& database, const QString& table, const std::vector<qint64>& rows) {

@@ -33,7 +33,7 @@ class RecordsInTurn {
     RecordsInTurn(const Database& database, const QString& table, std::vector<qint64> rows)
         : database_(database), table_(table), rows_(std::move(rows)) {}
 
-    /// The record at a place of `rows`; there is none (`Eof`) where the row was gone before. Valid until the next call.
+    /// The record at a place of `rows`; there is none (`Eof`) where the row is gone. Valid until the next call.
     const Recordset& at(std::size_t place);
 
   private:
@@ -44,7 +44,9 @@ class RecordsInTurn {
     std::vector<qint64> rows_;
     std::vector<qint64> looked_;  ///< Those of them that were looked up together, in the order of the table.
     std::size_t first_ = 0;       ///< Place of the first of these.
-    Recordset records_;
+    Recordset together_;
+    bool areAllThere_ = false;
+    Recordset alone_;
 };
 
 /// Removes them as one change.

@@ -21,9 +21,8 @@ QByteArray bytesOf(const SQLite::Column& column) {
 ValueHashes::ValueHashes(const Database& database) : connection_(database.connection_) {
     if (!connection_) throw Error(u"数据库没有打开。"_s);
     if (!connection_->isOurs()) return;
-    SQLite::Statement find =
-        connection_->prepare(u"SELECT 1 FROM sqlite_schema WHERE type = 'table' AND name = 'lunq_hashes'"_s);
-    areKept_ = connection_->step(find);
+    auto find = connection_->kept(u"SELECT 1 FROM sqlite_schema WHERE type = 'table' AND name = 'lunq_hashes'"_s);
+    areKept_ = connection_->step(*find);
 }
 
 Database ValueHashes::ofForeign(const QString& path, std::unique_ptr<ForeignCopy> hashes) {
