@@ -1,6 +1,7 @@
 #include "editor/hint_box.h"
 
 #include "editor/document/hints.h"
+#include "platform/desktop/accessibility.h"
 #include "platform/desktop/placing.h"
 
 #include <QMouseEvent>
@@ -56,6 +57,7 @@ void HintBox::tscz(const QString& code) {
     lay();
     txtTs_->raise();
     txtTs_->setVisible(isOn_);
+    if (isOn_) announce(txtTs_);
     Q_EMIT raised();
 }
 
@@ -63,6 +65,7 @@ void HintBox::notice(const QString& text) {
     txtTs_->setText(text);
     lay();
     reveal();
+    announce(txtTs_);
     Q_EMIT raised();
 }
 

@@ -9,6 +9,7 @@
 #include "platform/desktop/theme.h"
 #include "viewer/frm_tp.h"
 #include "viewer/ground.h"
+#include "windows/window_place.h"
 
 #include <QDir>
 #include <QScreen>
@@ -145,6 +146,7 @@ void frmTp::fillScreen(bool on) {
         setGeometry(
             QRect(screen.topLeft() + QPoint((screen.width() - size.width()) / 2, (screen.height() - size.height()) / 2),
                   size));
+        if (isVisible()) stayOnScreen(*this);
     }
     if (!isVisible() && on) resizeForm();
 }

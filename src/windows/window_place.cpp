@@ -82,6 +82,10 @@ QRect inMiddleOf(const QRect& other, QSize frame, const QRect& room) {
     return wholeInRoom(middle, room);
 }
 
+void stayOnScreen(QWidget& window) {
+    if (window.windowHandle() != nullptr) new Arrival(window);
+}
+
 void standInPlaceOf(QWidget& window, const QWidget* other) {
     if (other != nullptr) window.setScreen(other->screen());
     const QRect room = window.screen()->availableGeometry();

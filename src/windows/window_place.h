@@ -18,6 +18,9 @@ QRect inMiddleOf(const QRect& other, QSize frame, const QRect& room);
 /// place counts. When it is shown, with its frame, it is brought wholly onto the screen.
 void standInPlaceOf(QWidget& window, const QWidget* other);
 
+/// Brings a shown window wholly onto the screen once it has its frame again: it leaves the full screen.
+void stayOnScreen(QWidget& window);
+
 /// Gives a window the size that a person gave it the last time, maximised or not, and remembers the next one when the
 /// window is hidden. It is remembered under the name of the window, such as `window.frmSz`. To be made by the window
 /// itself, when that has its name, its smallest size, and the size with which it opens the first time.
