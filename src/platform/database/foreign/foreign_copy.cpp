@@ -2,6 +2,7 @@
 
 #include "platform/base/error.h"
 #include "platform/base/files.h"
+#include "platform/base/helper_program.h"
 #include "platform/base/system_reason.h"
 #include "platform/database/foreign/jet_outcome.h"
 
@@ -13,7 +14,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
-#include <QProcess>
 #include <mutex>
 
 using namespace Qt::Literals::StringLiterals;
@@ -86,15 +86,6 @@ int newUnnamedFile(const QString& path) {
     return file;
 }
 
-/// Waits for the helper to end, as long as it goes on sending signs of progress.
-bool endsInTime(QProcess& reader, int patienceMs) {
-    while (reader.state() != QProcess::NotRunning) {
-        if (!reader.waitForReadyRead(patienceMs) && reader.state() != QProcess::NotRunning) return false;
-        reader.readAllStandardOutput();
-    }
-    return true;
-}
-
 }  // namespace
 
 void setJetReader(const JetReader& reader) {
@@ -119,9 +110,6 @@ ForeignCopy::ForeignCopy(const QString& path, LongValues longValues) : path_(pat
     size_ = original.size();
     changed_ = original.lastModified();
     if (size_ > largestFile) throw failure(path, u"它超过 2 GB，不能读取"_s);
-    if (!QFileInfo(readerProgram()).isExecutable()) {
-        throw failure(path, u"读取它要用的程序“%1”不见了，请重新安装本软件"_s.arg(readerProgram()));
-    }
     file_ = newUnnamedFile(path);
     try {
         read(longValues);
@@ -145,22 +133,12 @@ bool ForeignCopy::isCurrent() const {
 }
 
 void ForeignCopy::read(LongValues longValues) {
-    QProcess reader;
-    reader.setStandardInputFile(QProcess::nullDevice());
-    reader.setStandardErrorFile(QProcess::nullDevice());
-    reader.setChildProcessModifier([this] { fcntl(file_, F_SETFD, 0); });  // goes on being open there
     QStringList arguments{QFileInfo(path_).absoluteFilePath(), file()};
     const bool wantsHashes = longValues == LongValues::hashes;
     if (codePage_ != 0 || wantsHashes) arguments << QString::number(codePage_);
     if (wantsHashes) arguments << u"hashes"_s;
-    reader.start(readerProgram(), arguments);
-    if (!reader.waitForStarted()) throw failure(path_, u"读取它要用的程序“%1”不能启动"_s.arg(readerProgram()));
-    if (!endsInTime(reader, chosenReader().patienceMs)) {
-        reader.kill();
-        reader.waitForFinished();
-        throw failure(path_, reason(JetOutcome::limitExceeded));
-    }
-    if (reader.exitStatus() == QProcess::CrashExit) throw failure(path_, u"读取它的程序意外终止，它可能已损坏"_s);
-    const auto outcome = JetOutcome(reader.exitCode());
+    const HelperEnd end = runHelper({readerProgram(), arguments, {file_}, chosenReader().patienceMs});
+    if (!end.obstacle.isEmpty()) throw failure(path_, end.obstacle);
+    const auto outcome = end.isOutOfTime ? JetOutcome::limitExceeded : JetOutcome(end.code);
     if (outcome != JetOutcome::done) throw failure(path_, reason(outcome));
 }

@@ -1,20 +1,18 @@
 #include "platform/picture/formats/helper_reading.h"
 
+#include "platform/base/helper_program.h"
 #include "platform/picture/formats/decoded_layout.h"
 #include "platform/picture/formats/finishing.h"
 #include "platform/picture/memory_share.h"
 #include "platform/picture/refusal.h"
 #include "platform/picture/wide_colours.h"
 
-#include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QFileInfo>
-#include <QProcess>
 #include <cstring>
 #include <memory>
 
@@ -110,25 +108,12 @@ class Input {
 };
 
 void run(PictureFormat format, int input, int output, const QString& name) {
-    const QString program = programOf(format);
-    if (!QFileInfo(program).isExecutable())
-        refusePicture(name, u"读取它要用的程序“%1”不见了，请重新安装本软件"_s.arg(program));
-    QProcess reader;
-    reader.setStandardInputFile(QProcess::nullDevice());
-    reader.setStandardOutputFile(QProcess::nullDevice());
-    reader.setStandardErrorFile(QProcess::nullDevice());
-    reader.setChildProcessModifier([&] {
-        for (const int file : {input, output}) fcntl(file, F_SETFD, 0);  // goes on being open there
-    });
-    reader.start(program, {QString::number(input), QString::number(output)});
-    if (!reader.waitForStarted()) refusePicture(name, u"读取它要用的程序“%1”不能启动"_s.arg(program));
-    if (!reader.waitForFinished(chosenReaders().patienceMs)) {
-        reader.kill();
-        reader.waitForFinished();
-        refuse(ReadingOutcome::limitExceeded, format, name);
-    }
-    if (reader.exitStatus() == QProcess::CrashExit) refusePicture(name, u"读取它的程序意外终止，它可能已损坏"_s);
-    const auto outcome = ReadingOutcome(reader.exitCode());
+    const HelperEnd end = runHelper({programOf(format),
+                                     {QString::number(input), QString::number(output)},
+                                     {input, output},
+                                     chosenReaders().patienceMs});
+    if (!end.obstacle.isEmpty()) refusePicture(name, end.obstacle);
+    const auto outcome = end.isOutOfTime ? ReadingOutcome::limitExceeded : ReadingOutcome(end.code);
     if (outcome != ReadingOutcome::done) refuse(outcome, format, name);
 }
 
