@@ -17,9 +17,9 @@ bring() {
     return 1
 }
 
-# The program takes its first catalogue from there if it has none. Some disks know no links.
+# The program takes its first catalogue from there, and the one that takes in an old catalogue. Some disks know no links.
 offer_fresh() {
-    if [ -e "$album/lunq.mdb" ]; then return 0; fi
+    if [ -e "$album/fresh/lunq.mdb" ]; then return 0; fi
     ln -sfn -- "$(readlink -f -- "$shipped/fresh")" "$album/fresh" || cp -R -- "$shipped/fresh" "$album/"
 }
 

@@ -132,6 +132,14 @@ class TestLauncher : public QObject {
         QVERIFY(QFileInfo(album(u"lunq-jet"_s)).isExecutable());
     }
 
+    /// It is converted into a copy of the fresh one.
+    void aCatalogueBroughtBeforeTheFirstStartFindsTheFreshOne() {
+        write(album(u"lunq.mdb"_s), "an old catalogue");
+        QVERIFY2(launch() == 0, qPrintable(output_));
+        QCOMPARE(contents(album(u"lunq.mdb"_s)), QByteArray("an old catalogue"));
+        QCOMPARE(contents(album(u"fresh/lunq.mdb"_s)), QByteArray("fresh"));
+    }
+
     void aNewVersionReplacesTheProgramAndNothingElse() {
         QVERIFY(launch() == 0);
         write(album(u"lunq.mdb"_s), "all pictures of a life");
@@ -155,35 +163,48 @@ class TestLauncher : public QObject {
 
     /// What the program ends with, and what a person gets to see of it.
     void aProgramThatDoesNotStartIsTold_data() {
-        QTest::addColumn<QByteArray>("program");
+        QTest::addColumn<QByteArray>("last");
+        QTest::addColumn<QByteArray>("libraries");
         QTest::addColumn<int>("code");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("a library is missing") << QByteArray("#!/bin/sh\nexit 127\n") << 127 << u"缺少这些部件"_s;
-        QTest::newRow("no window") << QByteArray("#!/bin/sh\nexit 69\n") << 69 << u"不能打开窗口"_s;
-        QTest::newRow("killed") << QByteArray("#!/bin/sh\nkill -SEGV $$\n") << 139 << u"意外结束"_s;
-        QTest::newRow("closed") << QByteArray("#!/bin/sh\nexit 0\n") << 0 << QString();
+        const QByteArray found("\tlibc.so.6 => /lib/libc.so.6 (0x00007f)\n");
+        const QByteArray missing("\tlibtiff.so.6 => not found\n");
+        const QByteArray tooOld("./lunq: /lib/libc.so.6: version `GLIBC_2.38' not found (required by ./lunq)\n");
+        QTest::newRow("a library is missing") << QByteArray("exit 127") << found + missing << 127
+                                              << u"缺少这些部件，或者它们的版本太旧：\nlibtiff.so.6\n\n"_s;
+        QTest::newRow("a library is too old")
+            << QByteArray("exit 1") << tooOld + found << 1 << u"太旧：\nlibc.so.6 (GLIBC_2.38)\n\n"_s;
+        QTest::newRow("nothing is missing") << QByteArray("exit 127") << found << 127 << u"/lunq”不能启动。"_s;
+        QTest::newRow("no window") << QByteArray("exit 69") << found << 69 << u"不能打开窗口"_s;
+        QTest::newRow("killed") << QByteArray("kill -SEGV $$") << found << 139 << u"意外结束"_s;
+        QTest::newRow("closed") << QByteArray("exit 0") << found << 0 << QString();
+        QTest::newRow("failed of itself") << QByteArray("exit 1") << found << 1 << QString();
     }
     void aProgramThatDoesNotStartIsTold() {
-        QFETCH(QByteArray, program);
+        QFETCH(QByteArray, last);
+        QFETCH(QByteArray, libraries);
         QFETCH(int, code);
         QFETCH(QString, shown);
-        write(shipped(u"lunq"_s), program, true);
+        write(shipped(u"lunq"_s), "#!/bin/sh\n" + last + '\n', true);
+        write(root_->filePath(u"stub/ldd"_s), "#!/bin/sh\ncat <<'END'\n" + libraries + "END\n", true);
         QCOMPARE(launch(), code);
         const QString box = QString::fromUtf8(contents(root_->filePath(u"家 中/shown"_s)));
         QVERIFY2(shown.isEmpty() ? box == u"(none)" : box.contains(shown), qPrintable(box));
     }
 
     void theArchivePutsItselfIntoTheMenu() {
-        const QString folder = root_->filePath(u"家 中/a \"b\" 100%/览忆集苑"_s);
+        const QString folder = root_->filePath(u"家 中/a \"b\" 100% \\c/览忆集苑"_s);
         write(folder + u"/add-to-menu.sh"_s, contents(source(u"archive/add-to-menu.sh"_s)), true);
         write(folder + u"/icons/lunq.desktop"_s, contents(source(u"org.lunq.album.desktop"_s)));
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"XDG_DATA_HOME"_s, root_->filePath(u"data"_s));
         const QString entry = root_->filePath(u"data/applications/org.lunq.album.desktop"_s);
         QVERIFY2(run(folder + u"/add-to-menu.sh"_s, {}, &output_, environment) == 0, qPrintable(output_));
-        QVERIFY2(contents(entry).contains("\nExec=\"" + root_->path().toUtf8() +
-                                          "/家 中/a \\\\\"b\\\\\" 100%%/览忆集苑/start.sh\"\n"),
-                 contents(entry).constData());
+        QVERIFY2(
+            contents(entry).contains("\nExec=\"" + root_->path().toUtf8() +
+                                     "/家 中/a \\\\\"b\\\\\" 100%% \\\\\\\\c/览忆集苑/start.sh\"\nIcon=" +
+                                     root_->path().toUtf8() + "/家 中/a \"b\" 100% \\\\c/览忆集苑/icons/lunq.png\n"),
+            contents(entry).constData());
         QVERIFY2(run(u"desktop-file-validate"_s, {entry}, &output_) == 0, qPrintable(output_));
         QVERIFY(run(folder + u"/add-to-menu.sh"_s, {u"--remove"_s}, &output_, environment) == 0);
         QVERIFY(!QFile::exists(entry));

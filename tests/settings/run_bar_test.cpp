@@ -1,5 +1,6 @@
 #include "../support/run_all.h"
 #include "platform/base/error.h"
+#include "platform/desktop/failure_list.h"
 #include "settings_window.h"
 
 #include <semaphore>
@@ -217,6 +218,7 @@ class TestRunBar : public QObject {
         QTRY_VERIFY(report() != nullptr && report()->isVisible());
         for (int i = 0; i < 10; ++i) QTest::qWait(1);
         QVERIFY(!window.windows.ended);
+        QCOMPARE(lastFailures()[0].what, u"1.jpg：坏了"_s);
         QTest::keyClick(report(), Qt::Key_Escape);
         QTRY_VERIFY(window.windows.ended);
     }
@@ -270,6 +272,7 @@ class TestRunBar : public QObject {
             [&](const RunReport& report) { window.ended = report; });
         QTRY_VERIFY(window.ended);
         QCOMPARE(window.ended->failure, u"坏了。"_s);
+        QCOMPARE(lastFailures()[0].what, u"坏了。"_s);
         QCOMPARE(window.line(), u"因失败而停止，已录入 0 张"_s);
     }
 };

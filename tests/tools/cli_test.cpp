@@ -89,7 +89,12 @@ class TestCli : public QObject {
         QVERIFY2(said_.contains(u"9 张与收进来时一样，0 张不同或不能读取，4 张还没有登记"), qPrintable(said_));
         changeFile("UPDATE long_binary SET bytes = x'FFD8FF' WHERE id = (SELECT 图片 FROM tc01 WHERE 序号 = 7)");
         QCOMPARE(run(checkCatalogue), 1);
-        QVERIFY2(said_.contains(u"与收进来时不同：tc01 序号 7\n") && said_.contains(u"8 张与收进来时一样，1 张不同"),
+        QVERIFY2(said_.contains(u"《旅行》7：图片变了") && said_.contains(u"8 张与收进来时一样，1 张不同"),
+                 qPrintable(said_));
+        // One without a fingerprint that cannot be read.
+        changeFile("DELETE FROM long_binary WHERE id = (SELECT 图片 FROM tc01 WHERE 序号 = 10)");
+        QCOMPARE(run(checkCatalogue), 1);
+        QVERIFY2(said_.contains(u"《旅行》10：图片不能读出") && said_.contains(u"2 张不同或不能读取，3 张还没有登记"),
                  qPrintable(said_));
     }
 

@@ -4,16 +4,20 @@
 #include "catalogue/album_directory.h"
 #include "catalogue/album_rules.h"
 #include "catalogue/album_tables.h"
-#include "catalogue/picture_hashes.h"
+#include "catalogue/picture_proof.h"
 #include "catalogue/runs/file_transfer.h"
 #include "cli/writer_watch.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
 #include "platform/database/file/file_check.h"
+#include "platform/database/records/value_hashes.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QThread>
+#include <algorithm>
+#include <iterator>
+#include <set>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -36,40 +40,50 @@ FileCheck::Outcome lookThrough(const QString& catalogue) {
 }
 
 struct PictureCount {
-    int same = 0;
-    int changed = 0;
-    int unknown = 0;  ///< Without a fingerprint yet.
+    qsizetype same = 0;
+    qsizetype changed = 0;  ///< Or unreadable.
+    qsizetype unknown = 0;  ///< Without a fingerprint yet.
 };
 
-void compare(const Recordset& rows, int row, const PictureHashes& hashes, PictureCount& count, QTextStream& out,
-             const QString& album) {
-    const StoredValue picture = rows.storedAt(row, u"图片"_s);
-    if (picture.isNull()) return;
-    const Fingerprint kept = hashes.of(picture);
-    if (kept.sha256.isEmpty()) {
-        ++count.unknown;
-        return;
-    }
-    const QString which = u"%1 序号 %2"_s.arg(album, rows.valueAt(row, u"序号"_s).textOr());
-    try {
-        if (fingerprintOf(picture) == kept) {
-            ++count.same;
-            return;
-        }
-        out << u"图片与收进来时不同：%1\n"_s.arg(which);
-    } catch (const Error& failure) {
-        out << u"图片不能读取：%1：%2\n"_s.arg(which, failure.text());
-    }
-    ++count.changed;
+/// What has a fingerprint is read and compared with it; what has none is only read.
+std::vector<ToProve> picturesToCompare(const Database& catalogue) {
+    std::vector<ToProve> pictures = allPictures(catalogue);
+    for (ToProve& picture : pictures) picture.decodes = false;
+    return pictures;
 }
 
-PictureCount comparePictures(const QString& catalogue, QTextStream& out) {
-    const Database database = OpenDatabase(catalogue);
-    const PictureHashes hashes(database);
+/// What was not read though it is in the catalogue still. All others have been deleted meanwhile.
+std::vector<Proven> unreadIn(const Database& catalogue, const std::vector<ToProve>& pictures,
+                             const std::vector<Proven>& read) {
+    std::set<qint64> open;
+    for (const ToProve& picture : pictures) open.insert(picture.picture);
+    for (const Proven& one : read) open.erase(one.picture);
+    if (open.empty()) return {};
+    std::vector<Proven> unread;
+    for (const ToProve& picture : allPictures(catalogue))
+        if (open.erase(picture.picture) > 0) unread.push_back({picture.picture, Fault::unreadable});
+    return unread;
+}
+
+/// A catalogue of the first version keeps no fingerprints.
+qsizetype countWithoutPrints(const Database& catalogue) {
+    qsizetype count = 0;
+    for (const QString& album : albumTables(catalogue))
+        attempt([&] { count += qsizetype(ValueHashes(catalogue).without(album, u"图片"_s).size()); });
+    return count;
+}
+
+PictureCount comparePictures(const QString& file, QTextStream& out) {
+    const Database catalogue = OpenDatabase(file);
+    if (!ValueHashes(catalogue).areKept()) return {.unknown = countWithoutPrints(catalogue)};
+    const std::vector<ToProve> pictures = picturesToCompare(catalogue);
+    std::vector<Proven> found = proveAll(file, pictures, [](qsizetype, qint64) { return true; });
+    std::ranges::move(unreadIn(catalogue, pictures, found), std::back_inserter(found));
     PictureCount count;
-    for (const QString& album : albumTables(database)) {
-        const Recordset rows = database.OpenRecordset(album);
-        for (int row = 0; row < rows.rowCount(); ++row) compare(rows, row, hashes, count, out, album);
+    for (const Proven& one : found) {
+        if (one.fault != Fault::none)
+            out << textOf(placeOf(catalogue, one.picture)) << u'：' << textOf(one.fault) << u'\n';
+        ++(one.fault != Fault::none ? count.changed : one.isNew ? count.unknown : count.same);
     }
     return count;
 }

@@ -9,6 +9,7 @@
 #include "intake/transfer/transfer_rules.h"
 #include "platform/base/error.h"
 #include "platform/desktop/busy.h"
+#include "platform/desktop/failure_list.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "settings/frame/columns.h"
@@ -194,6 +195,8 @@ void TransferPage::toNextName(bool move) {
 /// another name, or another try, can still save.
 bool TransferPage::passesOver(const SentPicture& sent, bool move) {
     const QString number = chosen_.at(nameEntryIndex_);
+    if (sent.outcome == SentPicture::doubtful || sent.outcome == SentPicture::failed)
+        noteFailure(number + u'：' + sent.reason);
     switch (sent.outcome) {
         case SentPicture::done:
             named_.items.push_back({nameEntryIndex_, number, Fate::taken, {}, names_.name()});

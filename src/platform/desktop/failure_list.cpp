@@ -17,13 +17,16 @@ std::vector<ToldFailure>& kept() {
 
 QString withoutContents(const QString& message) {
     QString text = message.section(u"\n\n"_s, 0, 0);
-    text = text.section(u"语句："_s, 0, 0);
-    static const QRegularExpression quoted(u"(?<![表列])“(?![^”]*(?:/|\\.[A-Za-z0-9]{1,5}”))[^”]*”"_s);
-    return text.replace(quoted, u"“…”"_s);
+    static const QRegularExpression statement(u"语句(在 .* 处有错|(中缺少“[^”]*”)?：.*)"_s,
+                                              QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression quoted(u"(?<![表列])“(?!/|[^”]*\\.[A-Za-z0-9]{1,5}”)[^”]*”"_s);
+    return text.replace(statement, u"语句"_s).replace(quoted, u"“…”"_s);
 }
 
 void noteFailure(const QString& message) {
-    kept().insert(kept().begin(), {QDateTime::currentDateTime(), withoutContents(message)});
+    const QString what = withoutContents(message);
+    if (!kept().empty() && kept().front().what == what) kept().erase(kept().begin());
+    kept().insert(kept().begin(), {QDateTime::currentDateTime(), what});
     if (kept().size() > mostKept) kept().pop_back();
 }
 

@@ -12,7 +12,8 @@ struct ToldFailure {
         what;  ///< The message up to its first empty line, with names of files, tables and columns, but no contents.
 };
 
-/// Message boxes titled "错误提示" are noted by themselves. Only for the thread of the windows.
+/// Message boxes titled "错误提示" are noted by themselves. One that comes again is kept once, with its last time. Only
+/// for the thread of the windows.
 void noteFailure(const QString& message);
 
 /// The last ten, the newest first.

@@ -34,6 +34,12 @@ void takeMark(FileLock& mark) {
     for (int i = 0; i < tries && mark.take(path) == FileLock::Outcome::heldByAnother; ++i) QThread::msleep(pauseMs);
 }
 
+void noteFailures(const RunReport& report) {
+    for (const RunItem& item : report.items)
+        if (item.fate == Fate::failed || item.fate == Fate::doubtful) noteFailure(item.name + u'：' + item.reason);
+    if (!report.failure.isEmpty()) noteFailure(report.failure);
+}
+
 }  // namespace
 
 /// Lives in the thread of the run.
@@ -57,7 +63,6 @@ class RunBar::Watch : public RunWatch {
                 answer = passes;
                 return;
             }
-            noteFailure(failed.name + u"："_s + failed.reason);
             answer = choose(bar_.form_, failureQuestion(failed, words_), {u"停止"_s, u"跳过并继续"_s}, stops, stops);
         });
         askedMs_ += time_.elapsed() - askedAt;
@@ -124,7 +129,10 @@ void RunBar::launch(const RunWords& words, Run run, After after) {
                 *report = {.failure = reasonOf(failure)};
             }
         },
-        [report, after = std::move(after)] { after(*report); });
+        [report, after = std::move(after)] {
+            noteFailures(*report);
+            after(*report);
+        });
 }
 
 void RunBar::placeBar(const Place& at) {

@@ -1,4 +1,5 @@
 #include "desktop.h"
+#include "platform/desktop/failure_list.h"
 
 #include <new>
 #include <optional>
@@ -154,6 +155,25 @@ class TestMessageBox : public QObject {
             QCOMPARE(shown->title, u"错误提示"_s);
             QCOMPARE(shown->text, text);
         }
+    }
+
+    void aNotedFailureHasNoContents_data() {
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<QString>("noted");
+        QTest::newRow("file") << u"文件“/家/a b.jpg”和“c.mdb”不能读取。"_s << u"文件“/家/a b.jpg”和“c.mdb”不能读取。"_s;
+        QTest::newRow("column") << u"表“tc01”中没有列“标题”。"_s << u"表“tc01”中没有列“标题”。"_s;
+        QTest::newRow("contents") << u"“小孙女 1/2”重复。\n\n“x”"_s << u"“…”重复。"_s;
+        QTest::newRow("statement") << u"不能执行这样的语句：DELETE 'a\nb”c'"_s << u"不能执行这样的语句"_s;
+        QTest::newRow("broken statement") << u"语句中缺少“'”：SELECT '小孙女"_s << u"语句"_s;
+        QTest::newRow("place in a statement") << u"语句在 \"小孙女\" 处有错。"_s << u"语句。"_s;
+    }
+    void aNotedFailureHasNoContents() {
+        QFETCH(QString, message);
+        QFETCH(QString, noted);
+        for (int times = 0; times < 2; ++times) noteFailure(message);
+        const auto failures = lastFailures();
+        QCOMPARE(failures[0].what, noted);
+        QVERIFY(failures.size() == 1 || failures[1].what != noted);
     }
 
     void handlerGetsTheArgumentsOfItsSignal() {
