@@ -14,6 +14,7 @@
 #include "start/program.h"
 #include "start/start_failure.h"
 #include "start/start_up.h"
+#include "start/ways_out.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -28,8 +29,7 @@ namespace {
 /// Called in the thread of the check.
 void tellDamage(FileCheck::Outcome outcome) {
     if (outcome != FileCheck::Outcome::damaged) return;
-    QMetaObject::invokeMethod(
-        qApp, [] { tell(damageText(rescueOfCatalogue()), BoxIcon::exclamation, u"错误提示"_s); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(qApp, offerWaysOut, Qt::QueuedConnection);
 }
 
 /// Until the windows are closed, or a restored catalogue is to take the place of the open one. `notice` is shown first.
@@ -83,8 +83,9 @@ int main(int argc, char** argv) {
     StartUp startUp;
     if (!startUp.isReady()) return 0;
     int status = runOnce(startUp, {});
-    while (isRestorePlanned()) {
-        const QString outcome = restoreOutcome();
+    while (isRestorePlanned() || isWayOutPlanned()) {
+        const QString outcome = isRestorePlanned() ? restoreOutcome() : QString();
+        if (isWayOutPlanned()) goPlannedWay();
         if (!startUp.isReady()) return 0;
         status = runOnce(startUp, outcome);
     }

@@ -1,16 +1,16 @@
 #include "start/old_catalogue.h"
 
+#include "catalogue/conversion/conversion.h"
+#include "catalogue/conversion/conversion_files.h"
 #include "catalogue/conversion/old_albums.h"
 #include "catalogue/mektp.h"
 #include "platform/base/error.h"
 #include "platform/base/file_lock.h"
 #include "platform/base/files.h"
 #include "platform/desktop/message_box.h"
-#include "settings/frame/report_window.h"
-#include "start/conversion_window.h"
 #include "start/first_catalogue.h"
+#include "start/run_window.h"
 
-#include <QEventLoop>
 #include <QFileInfo>
 #include <QScopeGuard>
 
@@ -35,19 +35,18 @@ void tellReport(const RunReport& report, const QString& old) {
         u"转换完成！  %1。\n\n原来的像册还在，现在叫“%2”。确认新的像册没有问题以后，可以把它移到别处保存。"_s.arg(
             outcomeText(report, words), old),
         BoxIcon::information);
-    if (isAsExpected(report)) return;
-    auto* window = new ReportWindow(nullptr, report, words, false);
-    QEventLoop reading;
-    QObject::connect(window, &QObject::destroyed, &reading, &QEventLoop::quit);
-    window->show();
-    reading.exec();
+    showReport(report, words);
 }
 
 /// True when the new catalogue is in its place.
 bool convert(const ConversionFiles& files) {
     const auto giveUp = qScopeGuard([&] { files.giveUp(); });
     files.begin();
-    const RunReport report = ConversionWindow(files, shippedCatalogue()).convert();
+    RunWindow window({u" 转换旧像册"_s, u"正在转换旧像册“%1”。原来的文件不会改动。"_s.arg(files.old()),
+                      u"停止转换（Esc）：旧像册还是原来的样子"_s});
+    const RunReport report = window.run([&](RunWatch& watch) {
+        return convertCatalogue({files.old(), shippedCatalogue(), files.half()}, watch);
+    });
     if (!report.failure.isEmpty())
         throw Error(u"没有转换：%1。\n\n原来的像册没有改动。"_s.arg(withoutStop(report.failure)));
     if (!report.cameToEnd || report.stopped) return false;
@@ -74,5 +73,6 @@ OldCatalogue askAboutOldCatalogue() {
 }
 
 void resumeConversion() {
-    ConversionFiles(mekTp::cataloguePath()).resume();
+    for (const ConversionNames& names : {namesOfConversion(), namesOfRescue()})
+        ConversionFiles(mekTp::cataloguePath(), names).resume();
 }

@@ -11,5 +11,6 @@ enum class OldCatalogue {
 /// Asks whether the open catalogue is to be converted, does that, and tells what became of its records.
 OldCatalogue askAboutOldCatalogue();
 
-/// Ends a conversion that was killed where its catalogue had no file for a moment. Throws `Error`.
+/// Ends a conversion, or the rescue of a damaged catalogue, that was killed where the catalogue had no file for a
+/// moment. Throws `Error`.
 void resumeConversion();

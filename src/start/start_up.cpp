@@ -5,10 +5,10 @@
 #include "platform/base/files.h"
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/message_box.h"
-#include "start/damage_notice.h"
 #include "start/first_catalogue.h"
 #include "start/old_catalogue.h"
 #include "start/program.h"
+#include "start/ways_out.h"
 
 #include <QFileInfo>
 #include <algorithm>
@@ -42,7 +42,7 @@ bool StartUp::isReady() {
     if (!isOnlyCopy()) return false;
     for (;;) {
         for (auto found = fault(); found; found = fault())
-            if (!chooseAnother(*found)) return false;
+            if (!mend(*found)) return false;
         switch (askAboutOldCatalogue()) {
             case OldCatalogue::none:
                 return true;
@@ -66,7 +66,7 @@ bool StartUp::isOnlyCopy() {
 }
 
 /// The message for a catalogue that cannot be opened.
-std::optional<QString> StartUp::fault() const {
+std::optional<StartUp::Fault> StartUp::fault() const {
     if (isMissing(mekTp::cataloguePath())) return {};
     try {
         mekTp::openCatalogue();
@@ -74,19 +74,33 @@ std::optional<QString> StartUp::fault() const {
         return {};
     } catch (const Error& failure) {
         mekTp::catalogue = {};
-        if (failure.isDamage()) return damageText(rescueOfCatalogue());
-        return failure.text() +
-               u"\n\n原有的内容没有改动。可以另选一个像册文件，只在这一次使用；也可以退出，处理好以后再打开本软件。"_s;
+        if (failure.isDamage()) return Fault{textOfWaysOut(), true};
+        return Fault{
+            failure.text() +
+            u"\n\n原有的内容没有改动。可以另选一个像册文件，只在这一次使用；也可以退出，处理好以后再打开本软件。"_s};
     }
 }
 
 /// False when the program is to end instead.
-bool StartUp::chooseAnother(const QString& fault) {
-    while (choose(nullptr, fault, {u"选择其他像册…"_s, u"退出"_s}, 0, 1, BoxIcon::exclamation, u"错误提示"_s) == 0) {
-        const QString chosen = askOpenFile(nullptr, u"选择像册文件"_s, u"MDB文件|*.mdb"_s, programFolder());
-        if (!chosen.isEmpty() && take(chosen)) return true;
+bool StartUp::mend(const Fault& fault) {
+    const QString another = u"选择其他像册…"_s;
+    QStringList answers{another, u"退出"_s};
+    if (fault.isDamage) answers = QStringList{takesOutWhole, restoresBackup} + answers;
+    for (;;) {
+        const int leaves = int(answers.size()) - 1;
+        const int given = choose(nullptr, fault.text, answers, 0, leaves, BoxIcon::exclamation, u"错误提示"_s);
+        if (given == leaves) return false;
+        if (answers[given] == another && chooseAnother()) return true;
+        if (answers[given] == another) continue;
+        bool isMended = false;
+        runHandler(nullptr, [&] { isMended = answers[given] == takesOutWhole ? takeOutWhole() : restoreBackup(); });
+        if (isMended) return isOnlyCopy();
     }
-    return false;
+}
+
+bool StartUp::chooseAnother() {
+    const QString chosen = askOpenFile(nullptr, u"选择像册文件"_s, u"MDB文件|*.mdb"_s, programFolder());
+    return !chosen.isEmpty() && take(chosen);
 }
 
 /// Goes on with another catalogue, unless another copy of the program works on it.

@@ -9,8 +9,8 @@
 class Program;
 
 /// What has to hold before the windows come: this is the only copy of the program on its catalogue, and the catalogue
-/// can be opened. Where it cannot, another file may be chosen for this time. A catalogue that is missing is no
-/// obstacle. The object has to outlive the open catalogue (see `SingleCopy`).
+/// can be opened. Where it cannot, another file may be chosen for this time, and one that is damaged be mended. A
+/// catalogue that is missing is no obstacle. The object has to outlive the open catalogue (see `SingleCopy`).
 class StartUp {
   public:
     /// False when the program is to end; a message box has said why.
@@ -21,8 +21,13 @@ class StartUp {
 
   private:
     bool isOnlyCopy();
-    std::optional<QString> fault() const;
-    bool chooseAnother(const QString& fault);
+    struct Fault {
+        QString text;
+        bool isDamage = false;
+    };
+    std::optional<Fault> fault() const;
+    bool mend(const Fault& fault);
+    bool chooseAnother();
     bool take(const QString& catalogue);
     void useCatalogue(const QString& path);
 

@@ -1,11 +1,15 @@
 #include "start/damage_notice.h"
 
+#include "../support/failure_of.h"
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/mektp.h"
+#include "platform/desktop/message_box.h"
 #include "settings/backup/backup_files.h"
+#include "start/ways_out.h"
 
 #include <QtTest/QtTest>
+#include <thread>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -46,6 +50,30 @@ class TestDamageNotice : public QObject {
         QFile left(journal);
         QVERIFY(left.open(QIODevice::WriteOnly) && left.write("the way back") > 0 && left.flush());
         QVERIFY(damageText(rescueOfCatalogue()).contains(u"旁边的“%1”与损坏的文件一起移走"_s.arg(journal)));
+    }
+
+    /// Whoever goes on reading changes nothing any more, in no thread, until the file is opened anew.
+    void readerChangesNothing() {
+        SampleCatalogue sample;
+        QStringList answers;
+        chooseInBoxesWith([&](const BoxText& box) {
+            answers = box.answers;
+            return box.onEscape;
+        });
+        offerWaysOut();
+        chooseInBoxesWith({});
+        QCOMPARE(answers, (QStringList{u"取出完好的部分"_s, u"恢复…"_s, u"继续只读"_s}));
+        QVERIFY(!isWayOutPlanned());
+        QCOMPARE(mekTp::catalogue.OpenRecordset(u"tc01"_s).rowCount(), 10);
+        QString there;
+        const QString here = failureOf([] { addRow(u"tc01"_s, {{u"序号"_s, 11}}); });
+        std::thread([&] {
+            there = failureOf([] { OpenDatabase(mekTp::cataloguePath()).Execute(u"DELETE FROM tc01"_s); });
+        }).join();
+        QVERIFY2(here.contains(u"只能读取") && there.contains(u"只能读取"), qPrintable(here + there));
+        mekTp::catalogue = {};
+        mekTp::openCatalogue();
+        addRow(u"tc01"_s, {{u"序号"_s, 11}});
     }
 
     void onlyOurOwnKindIsLookedThrough() {

@@ -9,11 +9,14 @@
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/message_box.h"
 #include "start/program.h"
+#include "start/ways_out.h"
 
 #include <SQLiteCpp/Database.h>
 #include <sys/stat.h>
 
 #include <QApplication>
+#include <QPushButton>
+#include <QTimer>
 #include <QWidget>
 #include <QtTest/QtTest>
 
@@ -21,7 +24,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const QString chooses = u"选择其他像册…"_s, leaves = u"退出"_s;
+const QString chooses = u"选择其他像册…"_s, leaves = u"退出"_s, rescues = u"取出完好的部分"_s, restores = u"恢复…"_s;
 
 QByteArray contentOf(const QString& path) {
     QFile file(path);
@@ -81,7 +84,9 @@ class TestStartUp : public QObject {
         chooseInBoxesWith([this](const BoxText& box) {
             said_ << box.text;
             if (box.answers.size() == 1) return 0;
-            if (box.answers != QStringList{chooses, leaves} || box.onEscape != 1) qFatal("another box");
+            const QStringList plain{chooses, leaves}, swap{u"换上"_s, u"先不换"_s};
+            const bool isOurs = box.answers == plain || box.answers == QStringList{rescues, restores} + plain;
+            if (!(isOurs || box.answers == swap) || box.onEscape != box.answers.size() - 1) qFatal("another box");
             return int(box.answers.indexOf(answers_.isEmpty() ? leaves : answers_.takeFirst()));
         });
         answerFileDialogsWith(
@@ -187,6 +192,47 @@ class TestStartUp : public QObject {
         QVERIFY(!SingleCopy(other, lock).isOnly());
         QVERIFY(SingleCopy(catalogue(), file(u"lunq.lock"_s)).isOnly());
         mekTp::catalogue = {};
+    }
+
+    /// The damaged file keeps its bytes under a name of its own; the new one is beside it until the person wants it.
+    void wholePartsTakeThePlace() {
+        QVERIFY(QDir(sample_->folder()).mkdir(u"fresh"_s) &&
+                QFile::copy(file(u"good.mdb"_s), file(u"fresh/lunq.mdb"_s)));
+        QByteArray bytes = contentOf(catalogue());
+        bytes.replace(16 + 5, 3,
+                      QByteArray(3, '\xff'));  // fractions of the payload: the engine takes it for no database
+        write(catalogue(), bytes);
+        answers_ = QStringList{rescues, leaves};
+        QCOMPARE(titleAfterStart(), u"(ended)"_s);
+        QVERIFY2(said_.value(1).contains(u"没有能读取的"), qPrintable(said_.value(1)));
+        QCOMPARE(contentOf(catalogue()), bytes);
+        QVERIFY(QDir(sample_->folder()).entryList({u"lunq-*"_s}).isEmpty());
+
+        QVERIFY(QFile::remove(catalogue()) && QFile::copy(file(u"good.mdb"_s), catalogue()));
+        for (const bool isInPlace : {false, true}) {
+            answers_ = QStringList{isInPlace ? u"换上"_s : u"先不换"_s};
+            mekTp::setCataloguePath({});
+            QCOMPARE(takeOutWhole(), isInPlace);
+            QCOMPARE(QDir(sample_->folder()).entryList({u"lunq-取出-*.mdb"_s}).size(), 1);
+            QCOMPARE(QDir(sample_->folder()).entryList({u"lunq-损坏-*.mdb"_s}).size(), isInPlace ? 1 : 0);
+            QCOMPARE(QDir(sample_->folder()).entryList({u"lunq-取出中*"_s, u"lunq-取出好*"_s}).size(), 0);
+        }
+        QCOMPARE(titleAfterStart(), u" 我的像册"_s);
+    }
+
+    void backupIsRestoredAtTheStart() {
+        write(catalogue(), "spoilt");
+        QVERIFY(QFile::copy(file(u"good.mdb"_s), file(u"lunq-2026-11-22-1645.mdb"_s)));
+        QTimer hand;
+        connect(&hand, &QTimer::timeout, this, [] {
+            for (QWidget* window : QApplication::topLevelWidgets())
+                if (window->objectName() == u"frmHy" && window->isVisible())
+                    QTest::mouseClick(window->findChild<QPushButton*>(u"cmdQf"_s), Qt::LeftButton);
+        });
+        hand.start(5);
+        answers_ = QStringList{restores};
+        QCOMPARE(titleAfterStart(), u" 我的像册"_s);
+        QVERIFY2(said_.value(1).contains(u"已经恢复"), qPrintable(said_.value(1)));
     }
 
     void secondCopyIsTold() {

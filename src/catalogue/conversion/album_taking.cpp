@@ -11,13 +11,13 @@ namespace {
 
 constexpr qint64 mostBytesOfGroup = 24 << 20;
 
-QString noteAboutPicture(const TableTaking::Taken& taken) {
+QString noteAboutPicture(const TableTaking::Taken& taken, const QString& deed) {
     if (!taken.hasPicture) return {};
     switch (pictureBytes(taken.picture)) {
         case PictureBytes::truncated:
-            return u"图片不完整，按原样转换"_s;
+            return u"图片不完整，按原样"_s + deed;
         case PictureBytes::notAPicture:
-            return u"图片不是 BMP 或 JPEG，按原样转换"_s;
+            return u"图片不是 BMP 或 JPEG，按原样"_s + deed;
         default:
             return {};
     }
@@ -28,7 +28,7 @@ QString noteAboutPicture(const TableTaking::Taken& taken) {
 QStringList recordNames(const Database& old, const std::vector<TakenAlbum>& albums) {
     QStringList names;
     for (const TakenAlbum& album : albums) {
-        const Recordset rows = old.OpenRecordset(allRecordsSql(album.table));
+        const Recordset rows = old.OpenRecordset(album.source.isEmpty() ? allRecordsSql(album.table) : album.source);
         const bool hasNumbers = fieldNamed(shapeOf(old, album.table), u"序号"_s).has_value();
         QSet<QString> seen;
         for (int row = 0; row < album.records; ++row) {
@@ -43,13 +43,14 @@ QStringList recordNames(const Database& old, const std::vector<TakenAlbum>& albu
 }
 
 AlbumTaking::AlbumTaking(const Database& old, const Database& target, std::vector<TakenAlbum> albums, int share,
-                         TableTaking::Change change)
+                         TableTaking::Change change, QString deed)
     : RunIntoDatabase(recordNames(old, albums), mostBytesOfGroup),
       old_(old),
       target_(target),
       albums_(std::move(albums)),
       share_(share),
-      change_(std::move(change)) {}
+      change_(std::move(change)),
+      deed_(std::move(deed)) {}
 
 AlbumTaking::Place AlbumTaking::at(qsizetype place) const {
     std::size_t album = 0;
@@ -59,11 +60,12 @@ AlbumTaking::Place AlbumTaking::at(qsizetype place) const {
 
 RunInTurn::Taken AlbumTaking::take(qsizetype place) {
     const auto [album, row] = at(place);
-    if (!taking_ || inHand_ != album) taking_.emplace(old_, albums_[album].table, target_, albums_[album].album);
+    if (!taking_ || inHand_ != album)
+        taking_.emplace(old_, albums_[album].table, target_, albums_[album].album, albums_[album].source);
     inHand_ = album;
     TableTaking::Taken taken = taking_->take(row, change_);
     if (names()[place].contains(u"重复")) taken.odd.prepend(u"序号与前面的记录重复"_s);
-    if (const QString note = noteAboutPicture(taken); !note.isEmpty()) taken.odd << note;
+    if (const QString note = noteAboutPicture(taken, deed_); !note.isEmpty()) taken.odd << note;
     const QString reason = taken.odd.join(u'；');
     const qint64 bytes = taken.picture.size();
     if (taken.isUnreadable) return {Fate::doubtful, bytes, reason};

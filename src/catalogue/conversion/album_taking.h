@@ -11,15 +11,16 @@ struct TakenAlbum {
     QString album;
     int records = 0;
     QString title = {};
+    QString source = {};  ///< The statement that lists the records; empty for all of the table.
 };
 
 /// Takes all records of some tables into albums that are there and empty. A record that cannot be read costs nothing
 /// but what is lost of it; a failure of the target ends the run.
 class AlbumTaking : public RunIntoDatabase {
   public:
-    /// `share`: the part of the whole work that this is, in percent.
+    /// `share`: the part of the whole work that this is, in percent. `deed` is what the report calls it.
     AlbumTaking(const Database& old, const Database& target, std::vector<TakenAlbum> albums, int share,
-                TableTaking::Change change = {});
+                TableTaking::Change change = {}, QString deed = QStringLiteral("转换"));
 
     /// What the places of a run stand for.
     struct Place {
@@ -41,6 +42,7 @@ class AlbumTaking : public RunIntoDatabase {
     std::vector<TakenAlbum> albums_;
     int share_;
     TableTaking::Change change_;
+    QString deed_;
     std::optional<TableTaking> taking_;  ///< Of the album in hand.
     std::size_t inHand_ = 0;
 };

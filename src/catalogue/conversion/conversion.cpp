@@ -21,14 +21,6 @@ namespace {
 
 constexpr int percentOfTaking = 70;
 
-void copyFresh(const QString& fresh, const QString& target) {
-    if (!fileExists(fresh)) throw Error(u"转换要用随软件的空像册“%1”，它不见了，请重新安装本软件。"_s.arg(fresh));
-    QFile copy(fresh);
-    if (!copy.copy(target))
-        throw Error(u"新的像册文件“%1”不能写入：%2。"_s.arg(target, systemReason(copy.errorString())));
-    QFile::setPermissions(target, QFile::ReadOwner | QFile::WriteOwner);
-}
-
 class Conversion {
   public:
     explicit Conversion(const ConversionOrder& order)
@@ -88,6 +80,14 @@ class Conversion {
 };
 
 }  // namespace
+
+void copyFresh(const QString& fresh, const QString& target) {
+    if (!fileExists(fresh)) throw Error(u"要用随软件的空像册“%1”，它不见了，请重新安装本软件。"_s.arg(fresh));
+    QFile copy(fresh);
+    if (!copy.copy(target))
+        throw Error(u"新的像册文件“%1”不能写入：%2。"_s.arg(target, systemReason(copy.errorString())));
+    QFile::setPermissions(target, QFile::ReadOwner | QFile::WriteOwner);
+}
 
 RunReport convertCatalogue(const ConversionOrder& order, RunWatch& watch) {
     return Conversion(order).run(watch);

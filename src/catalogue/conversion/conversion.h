@@ -17,3 +17,6 @@ struct ConversionOrder {
 /// Records that cannot be taken as they are have notes. A failure of the new file ends the run. Throws `Error` when it
 /// cannot begin.
 RunReport convertCatalogue(const ConversionOrder& order, RunWatch& watch);
+
+/// Begins a new catalogue with a copy of the shipped one. Throws `Error`.
+void copyFresh(const QString& fresh, const QString& target);

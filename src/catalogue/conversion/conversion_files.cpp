@@ -4,11 +4,13 @@
 #include "platform/base/error.h"
 #include "platform/base/files.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QStorageInfo>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -39,25 +41,36 @@ void rename(const QString& from, const QString& to) {
 
 }  // namespace
 
-ConversionFiles::ConversionFiles(const QString& catalogue) : catalogue_(realPath(catalogue)) {
+ConversionNames namesOfConversion() {
+    return {u"-转换中.mdb"_s, u"-转换好.mdb"_s, u"-旧%1.mdb"_s, u"-新%1.mdb"_s, u"转换"_s};
+}
+
+ConversionNames namesOfRescue() {
+    const QString now = QDateTime::currentDateTime().toString(u"-yyyyMMdd-HHmm"_s) + u"%1.mdb"_s;
+    return {u"-取出中.mdb"_s, u"-取出好.mdb"_s, u"-损坏"_s + now, u"-取出"_s + now, u"取出"_s};
+}
+
+ConversionFiles::ConversionFiles(const QString& catalogue, ConversionNames names)
+    : names_(std::move(names)), catalogue_(realPath(catalogue)) {
     const QFileInfo file(catalogue_);
     folder_ = file.absolutePath();
     base_ = joinedPath(folder_, file.completeBaseName());
-    half_ = base_ + u"-转换中.mdb"_s;
-    whole_ = base_ + u"-转换好.mdb"_s;
+    half_ = base_ + names_.half;
+    whole_ = base_ + names_.whole;
 }
 
 void ConversionFiles::begin() const {
     if (!isWritableNow(folder_))
-        throw Error(u"旧像册所在的文件夹“%1”不能写入，不能转换。请把整个文件夹复制到可以写入的地方。"_s.arg(folder_));
+        throw Error(
+            u"像册所在的文件夹“%1”不能写入，不能%2。请把整个文件夹复制到可以写入的地方。"_s.arg(folder_, names_.deed));
     // It would be taken for that of the new file.
     if (const QString journal = journalOf(catalogue_); isThere(journal) && FileLen(journal) > 0)
-        throw Error(u"旧像册旁边的“%1”是修复另一个像册要用的，请先移走，再转换。"_s.arg(journal));
+        throw Error(u"像册旁边的“%1”是修复像册要用的，请先移走，再%2。"_s.arg(journal, names_.deed));
     for (const QString& left : {half_, whole_}) removeDatabase(left);
     constexpr qint64 margin = 64 << 20, megabyte = 1'000'000;
     const qint64 wanted = FileLen(catalogue_) + margin, free = QStorageInfo(folder_).bytesAvailable();
     if (free >= 0 && free < wanted)
-        throw Error(u"磁盘空间不足，不能转换：“%1”还需要 %2 MB，现在有 %3 MB。"_s.arg(folder_)
+        throw Error(u"磁盘空间不足，不能%1：“%2”还需要 %3 MB，现在有 %4 MB。"_s.arg(names_.deed, folder_)
                         .arg(wanted / megabyte)
                         .arg(free / megabyte));
 }
@@ -87,11 +100,23 @@ QString ConversionFiles::swap() const {
     return old;
 }
 
-QString ConversionFiles::nameOfOld() const {
-    const auto isFree = [this](const QString& name) { return !isThere(name) || isSameFile(name, catalogue_); };
-    QString name = base_ + u"-旧.mdb"_s;
-    for (int attempt = 2; !isFree(name); ++attempt) name = base_ + u"-旧%1.mdb"_s.arg(attempt);
+QString ConversionFiles::leave() const {
+    QString name = freeName(names_.left);
+    rename(whole_, name);
+    syncFolderToDisk(folder_);
     return name;
+}
+
+QString ConversionFiles::freeName(const QString& pattern) const {
+    const auto isFree = [this](const QString& name) { return !isThere(name) || isSameFile(name, catalogue_); };
+    const QString separator = pattern[pattern.indexOf(u'%') - 1].isDigit() ? u"-"_s : QString();
+    QString name = base_ + pattern.arg(QString());
+    for (int attempt = 2; !isFree(name); ++attempt) name = base_ + pattern.arg(separator + QString::number(attempt));
+    return name;
+}
+
+QString ConversionFiles::nameOfOld() const {
+    return freeName(names_.old);
 }
 
 /// A second name where the disk knows such; otherwise the old file goes out of the way.

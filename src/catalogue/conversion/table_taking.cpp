@@ -51,13 +51,14 @@ QString unreadable(const QString& column) {
 
 }  // namespace
 
-TableTaking::TableTaking(const Database& old, const QString& from, const Database& target, const QString& to)
+TableTaking::TableTaking(const Database& old, const QString& from, const Database& target, const QString& to,
+                         const QString& source)
     : from_(from), to_(to) {
     const TableShape shape = shapeOf(old, from);
     for (const FieldShape& column : shapeOf(target, to))
         if (const auto found = fieldNamed(shape, column.name))
             columns_.push_back({found->name, column.name, column.type});
-    source_ = old.OpenRecordset(allRecordsSql(from));
+    source_ = old.OpenRecordset(source.isEmpty() ? allRecordsSql(from) : source);
     // The copy numbers its records in their order. A long value that is lost is noticed when it is read.
     for (const ReadingNotes::LostValue& lost : ReadingNotes(old).lostValues(from))
         if (const auto column = fieldNamed(shape, lost.column); column && column->type != FieldType::longBinary)
@@ -81,10 +82,10 @@ TableTaking::Taken TableTaking::take(int row, const Change& change) {
 }
 
 void TableTaking::takeColumn(const Column& column, const Change& change, Taken& taken) {
-    const Field from = source_.Fields(column.source);
-    if (from.isNull()) return;
     FieldValue value;
     try {
+        const Field from = source_.Fields(column.source);
+        if (from.isNull()) return;
         value = from.Value();
     } catch (const Error&) {
         taken.odd << unreadable(column.target);

@@ -15,7 +15,9 @@ class TableTaking {
     /// Changes a text on its way: of this column, from this value.
     using Change = std::function<QString(const QString& column, const QString& text)>;
 
-    TableTaking(const Database& old, const QString& from, const Database& target, const QString& to);
+    /// `source` is the statement that lists the records; empty for all.
+    TableTaking(const Database& old, const QString& from, const Database& target, const QString& to,
+                const QString& source = {});
 
     const QString& from() const { return from_; }
     const QString& to() const { return to_; }

@@ -18,22 +18,25 @@ bool hasPictures(const Database& database, const QString& table) {
     return fieldNamed(shapeOf(database, table), picture).has_value();
 }
 
-/// What cannot be read is not in the new catalogue either.
-Fingerprint printAt(const Recordset& secondReading, int row) {
-    Fingerprint print;
-    attempt([&] {
-        const StoredValue value = secondReading.storedAt(row, picture);
-        if (value.isNull()) return;
-        const ValueHashes::Kept kept = SecondReading::hashOf(value);
-        print = {kept.length, kept.sha256};
-    });
-    return print;
-}
-
 }  // namespace
 
 Verification::Verification(const Database& secondReading, const Database& target, std::vector<TablePair> tables)
     : secondReading_(secondReading), target_(target), tables_(std::move(tables)) {}
+
+Fingerprint Verification::read(const StoredValue& value) const {
+    const ValueHashes::Kept hash = SecondReading::hashOf(value);
+    return {hash.length, hash.sha256};
+}
+
+/// What cannot be read is not in the new catalogue either.
+Fingerprint Verification::printAt(const Recordset& secondReading, int row) const {
+    Fingerprint print;
+    attempt([&] {
+        const StoredValue value = secondReading.storedAt(row, picture);
+        if (!value.isNull()) print = read(value);
+    });
+    return print;
+}
 
 bool Verification::run(RunWatch& watch, int begun) {
     begun_ = begun;
@@ -43,7 +46,7 @@ bool Verification::run(RunWatch& watch, int begun) {
 }
 
 bool Verification::compare(const TablePair& pair, RunWatch& watch) {
-    const Recordset old = secondReading_.OpenRecordset(allRecordsSql(pair.old));
+    const Recordset old = secondReading_.OpenRecordset(pair.source.isEmpty() ? allRecordsSql(pair.old) : pair.source);
     const Recordset target = target_.OpenRecordset(allRecordsSql(pair.target));
     if (old.rowCount() != target.rowCount())
         difference_ =
@@ -52,7 +55,7 @@ bool Verification::compare(const TablePair& pair, RunWatch& watch) {
     for (int row = 0; row < rows && difference_.isEmpty();) {
         Transaction kept(target_);
         for (const int end = std::min(row + rowsInAChange, rows); row < end && difference_.isEmpty(); ++row) {
-            difference_ = differenceAt(old, target, row, pair.isAlbum);
+            difference_ = differenceAt(old, target, row, pair);
             if (!difference_.isEmpty())
                 difference_ = u"表 %1 第 %2 条记录的图片%3"_s.arg(pair.target).arg(row + 1).arg(difference_);
             ++progress_.done;
@@ -65,14 +68,14 @@ bool Verification::compare(const TablePair& pair, RunWatch& watch) {
     return true;
 }
 
-QString Verification::differenceAt(const Recordset& old, const Recordset& target, int row, bool isAlbum) {
+QString Verification::differenceAt(const Recordset& old, const Recordset& target, int row, const TablePair& pair) {
     const StoredValue stored = target.storedAt(row, picture);
     const Fingerprint expected = printAt(old, row);
     if (stored.isNull() != expected.sha256.isEmpty()) return u"与原来的不同"_s;
     if (stored.isNull()) return {};
     progress_.bytes += stored.size();
     if (fingerprintOf(stored) != expected) return u"与原来的不同"_s;
-    PictureHashes(target_).note(stored, expected);
-    verified_ += isAlbum ? 1 : 0;
+    PictureHashes(target_).note(stored, kept(pair, row, old.storedAt(row, picture), expected));
+    verified_ += pair.isAlbum ? 1 : 0;
     return {};
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/fingerprint.h"
 #include "catalogue/runs/run_report.h"
 #include "catalogue/runs/run_watch.h"
 #include "platform/database/records/database.h"
@@ -11,14 +12,17 @@ struct TablePair {
     QString old;
     QString target;
     bool isAlbum = true;
+    QString source = {};  ///< The statement that lists the records of the old one; empty for all.
 };
 
 /// Reads everything in the column 图片 of some tables back from a new catalogue, and compares it with a second reading
-/// of the old one, which holds fingerprints (see `SecondReading`). The fingerprints of what is the same are kept in the
-/// new catalogue.
+/// of the old one. The fingerprints of what is the same are kept in the new catalogue.
 class Verification {
   public:
     Verification(const Database& secondReading, const Database& target, std::vector<TablePair> tables);
+    virtual ~Verification() = default;
+    Verification(const Verification&) = delete;
+    Verification& operator=(const Verification&) = delete;
 
     /// Tells the watch how far it is, from `begun` percent on; false when that ends it.
     bool run(RunWatch& watch, int begun);
@@ -27,9 +31,17 @@ class Verification {
     /// The first difference; empty when there is none.
     const QString& difference() const { return difference_; }
 
+  protected:
+    /// The fingerprint of a value of the second reading, which holds fingerprints itself (see `SecondReading`). Throws
+    /// `Error` when the value cannot be read.
+    virtual Fingerprint read(const StoredValue& value) const;
+    /// The fingerprint that is kept in the new catalogue for a picture that came over as it was read.
+    virtual Fingerprint kept(const TablePair&, int, const StoredValue&, const Fingerprint& read) { return read; }
+
   private:
     bool compare(const TablePair& pair, RunWatch& watch);
-    QString differenceAt(const Recordset& old, const Recordset& target, int row, bool isAlbum);
+    QString differenceAt(const Recordset& old, const Recordset& target, int row, const TablePair& pair);
+    Fingerprint printAt(const Recordset& secondReading, int row) const;
 
     const Database& secondReading_;
     const Database& target_;

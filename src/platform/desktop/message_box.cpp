@@ -2,6 +2,7 @@
 
 #include "platform/base/error.h"
 #include "platform/desktop/failure_list.h"
+#include "platform/desktop/offer_box.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -111,9 +112,9 @@ Unsaved askAboutUnsaved(QWidget* parent, const QString& text) {
 namespace {
 
 /// While a modal box or dialog is open, a second box could neither be read in peace nor closed.
-void showWhenNothingWaits(const BoxText& text) {
+void showWhenNothingWaits(const BoxText& text, const std::function<void(int)>& given = {}) {
     if (QApplication::activeModalWidget() != nullptr) {
-        QTimer::singleShot(modalPatienceMs, qApp, [text] { showWhenNothingWaits(text); });
+        QTimer::singleShot(modalPatienceMs, qApp, [text, given] { showWhenNothingWaits(text, given); });
         return;
     }
     QMessageBox* box = makeBox(nullptr, text);
@@ -121,6 +122,10 @@ void showWhenNothingWaits(const BoxText& text) {
     box->setAttribute(Qt::WA_DeleteOnClose);
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, box, &QObject::deleteLater);
     box->setModal(false);
+    if (given)
+        QObject::connect(box, &QMessageBox::buttonClicked, qApp, [text, given](const QAbstractButton* clicked) {
+            given(int(text.answers.indexOf(clicked->text())));
+        });
     box->show();
 }
 
@@ -134,6 +139,16 @@ void tell(const QString& text, BoxIcon icon, const QString& title) {
         return;
     }
     showWhenNothingWaits(shown);
+}
+
+void offer(const QString& text, const QStringList& answers, std::function<void(int)> given, const QString& title) {
+    const int last = int(answers.size()) - 1;
+    const BoxText shown{title, text, BoxIcon::exclamation, answers, last, last};
+    noteIfFailure(shown);
+    if (const auto test = answer())
+        given(test(shown));
+    else
+        showWhenNothingWaits(shown, given);
 }
 
 void answerBoxesWith(std::function<bool(const BoxText&)> function) {

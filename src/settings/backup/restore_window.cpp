@@ -115,7 +115,8 @@ QWidget* RestoreWindow::makeReminder() {
 void RestoreWindow::list() {
     const Hourglass hourglass;
     const QString open = mekTp::cataloguePath(), real = QFileInfo(open).canonicalFilePath();
-    const QString catalogue = identityOf(mekTp::catalogue);
+    QString catalogue;  // unknown where that is damaged
+    attempt([&] { catalogue = identityOf(mekTp::catalogue); });
     files_.clear();
     lstHy->setRowCount(0);
     if (!newest_.isEmpty())

@@ -8,6 +8,7 @@
 #include "platform/database/file/engine_errors.h"
 #include "platform/database/file/file_check.h"
 #include "platform/database/file/free_space.h"
+#include "platform/database/file/lenient_opening.h"
 #include "platform/database/file/literal_paths.h"
 
 #include <sqlite3.h>
@@ -78,6 +79,7 @@ bool hasDatabaseHeader(const QString& path) {
 
 /// The journal is next to the file itself, not next to a link to it.
 int openFlags(const QString& path) {
+    if (LenientOpening::isOn()) return SQLITE_OPEN_READONLY;
     const QFileInfo file(QFileInfo(path).canonicalFilePath());
     const bool writable = file.isWritable() && QFileInfo(file.absolutePath()).isWritable();
     return writable ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
@@ -192,6 +194,7 @@ Connection::~Connection() {
 }
 
 void Connection::configure() {
+    if (LenientOpening::isOn()) run(u"PRAGMA writable_schema = ON"_s);  // otherwise a file that is cut off stays closed
     run(u"PRAGMA cache_size = -16000"_s);
     run(u"PRAGMA cache_spill = %1"_s.arg(spillsBehindPages));
     run(u"PRAGMA synchronous = FULL"_s);
@@ -226,6 +229,8 @@ void Connection::takeForWriting() {
 }
 
 void Connection::requireOurs() const {
+    if (file_->isKeptFromChanges())
+        throw Error(u"数据库文件“%1”有损坏，现在只能读取，不能更改。"_s.arg(path_), Error::Kind::damage);
     if (!isForeign()) return;
     throw Error(u"数据库文件“%1”是其他软件的格式，只能读取，不能写入。请选择本软件的像册文件。"_s.arg(path_));
 }

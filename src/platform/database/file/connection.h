@@ -31,8 +31,10 @@ class Connection {
     bool isForeign() const { return file_->foreign() != nullptr; }
     bool isOurs();  ///< Made by this program.
     int version();  ///< Of the file's layout; has a meaning only in a file of ours.
-    /// Throws for a foreign database.
+    /// Throws for a foreign database, and for one that is kept from changes.
     void requireOurs() const;
+    /// Lets the file be read alone, by all its users in this process, as long as one of them has it open.
+    void keepFromChanges() const { file_->keepFromChanges(); }
     /// Whether the file at `path` has been replaced, or a foreign one changed, since it was opened.
     bool isOutdated() const;
     sqlite3* handle() const { return database_.getHandle(); }

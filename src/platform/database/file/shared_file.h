@@ -23,6 +23,10 @@ class SharedFile {
 
     const ForeignCopy* foreign() const { return foreign_.get(); }
 
+    /// From now on no connection changes the file.
+    void keepFromChanges() { isKept_ = true; }
+    bool isKeptFromChanges() const { return isKept_; }
+
     /// Grows with every change that one of the connections has stored.
     qint64 changes() const { return changes_; }
     void noteChange() { ++changes_; }
@@ -46,6 +50,7 @@ class SharedFile {
     Identity identity_;
     std::unique_ptr<ForeignCopy> foreign_;
     std::atomic<qint64> changes_ = 0;
+    std::atomic<bool> isKept_ = false;
     std::mutex mutex_;
     QHash<QString, qint64> highestRowIds_;  ///< By table, in lower case.
 };

@@ -1,12 +1,10 @@
-#include "start/conversion_window.h"
+#include "start/run_window.h"
 
-#include "catalogue/conversion/conversion.h"
 #include "platform/desktop/placing.h"
-#include "settings/frame/run_words.h"
+#include "settings/frame/report_window.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QFileInfo>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -15,10 +13,10 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-/// Lives in the thread of the work. A failure of the new file ends the conversion: nothing is asked.
-class ConversionWindow::Watch : public RunWatch {
+/// Lives in the thread of the work.
+class RunWindow::Watch : public RunWatch {
   public:
-    explicit Watch(ConversionWindow& window) : window_(window) { time_.start(); }
+    explicit Watch(RunWindow& window) : window_(window) { time_.start(); }
 
     bool progress(const RunProgress& progress) override {
         const QString text = progressText(progress, time_.elapsed());
@@ -28,25 +26,23 @@ class ConversionWindow::Watch : public RunWatch {
     }
 
   private:
-    ConversionWindow& window_;
+    RunWindow& window_;
     QElapsedTimer time_;
 };
 
-ConversionWindow::ConversionWindow(const ConversionFiles& files, const QString& fresh)
-    : files_(files),
-      fresh_(fresh),
-      lblZh(make<QLabel>(this, u"lblZh"_s, u"正在转换旧像册“%1”。原来的文件不会改动。"_s.arg(files.old()))),
+RunWindow::RunWindow(const Words& words)
+    : lblZh(make<QLabel>(this, u"lblZh"_s, words.line)),
       prg4(make<QProgressBar>(this, u"prg4"_s)),
       lblJd(make<QLabel>(this, u"lblJd"_s, u"正在读取…"_s)),
       cmdTz(make<QPushButton>(this, u"cmdTz"_s, u"停 止"_s)),
       work_(this, cmdTz) {
     constexpr int width = 480;
     setObjectName(u"frmZh"_s);
-    setWindowTitle(u" 转换旧像册"_s);
+    setWindowTitle(words.title);
     lblZh->setTextFormat(Qt::PlainText);
     lblZh->setWordWrap(true);
     prg4->setRange(0, 0);
-    cmdTz->setToolTip(u"停止转换（Esc）：旧像册还是原来的样子"_s);
+    cmdTz->setToolTip(words.stop);
     auto* lines = new QVBoxLayout(this);
     for (QWidget* part : {static_cast<QWidget*>(lblZh), static_cast<QWidget*>(prg4), static_cast<QWidget*>(lblJd)})
         lines->addWidget(part);
@@ -58,15 +54,15 @@ ConversionWindow::ConversionWindow(const ConversionFiles& files, const QString& 
     });
 }
 
-RunReport ConversionWindow::convert() {
+RunReport RunWindow::run(const std::function<RunReport(RunWatch&)>& work) {
     auto report = std::make_shared<RunReport>();
     QEventLoop waiting;
     show();
     work_.start(
-        [this, report] {
+        [this, report, &work] {
             try {
                 Watch watch(*this);
-                *report = convertCatalogue({files_.old(), fresh_, files_.half()}, watch);
+                *report = work(watch);
             } catch (const std::exception& failure) {
                 *report = {.failure = reasonOf(failure)};
             }
@@ -77,13 +73,22 @@ RunReport ConversionWindow::convert() {
     return *report;
 }
 
-void ConversionWindow::reject() {
+void RunWindow::reject() {
     work_.stop();
 }
 
-void ConversionWindow::showProgress(int percent, const QString& text) {
+void RunWindow::showProgress(int percent, const QString& text) {
     if (work_.isToStop()) return;
     prg4->setRange(0, 100);
     prg4->setValue(percent);
     lblJd->setText(text);
+}
+
+void showReport(const RunReport& report, const RunWords& words) {
+    if (isAsExpected(report)) return;
+    auto* window = new ReportWindow(nullptr, report, words, false);
+    QEventLoop reading;
+    QObject::connect(window, &QObject::destroyed, &reading, &QEventLoop::quit);
+    window->show();
+    reading.exec();
 }
