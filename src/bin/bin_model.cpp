@@ -70,7 +70,7 @@ QVariant BinModel::data(const QModelIndex& index, int role) const {
         case detail:
             return detailText(item);
         case kind:
-            return kindText(item.kind);
+            return kindText(item);
         case removed:
             return item.removed.left(16);
         default:

@@ -29,6 +29,7 @@ QString removedText(const BinTotals& totals, std::optional<BinKind> only) {
     const QString deed = only == BinKind::moved      ? u"已移走 "_s
                          : only == BinKind::replaced ? u"已替换 "_s
                                                      : u"已删除 "_s;
+    if (only == BinKind::replaced) return deed + count(totals.items, u"张"_s);
     if (totals.pictures() > 0) return deed + count(totals.pictures(), u"张"_s);
     return deed + partsText(totals);
 }
@@ -44,8 +45,8 @@ QString contentsText(const BinTotals& totals) {
     return partsText(totals) + size + u"。每项保留 %1 天，过后自动清除。"_s.arg(binDays);
 }
 
-QString kindText(BinKind kind) {
-    switch (kind) {
+QString kindText(const BinItem& item) {
+    switch (item.kind) {
         case BinKind::deleted:
             return u"删除"_s;
         case BinKind::moved:
@@ -57,7 +58,7 @@ QString kindText(BinKind kind) {
         case BinKind::button:
             break;
     }
-    return u"按钮"_s;
+    return item.successor != 0 ? u"替换按钮图片"_s : u"按钮"_s;
 }
 
 QString originText(const BinItem& item) {

@@ -13,7 +13,7 @@ QString restoredText(const Restored& restored);
 QString contentsText(const BinTotals& totals);
 
 /// How an item came into the bin, and from where.
-QString kindText(BinKind kind);
+QString kindText(const BinItem& item);
 QString originText(const BinItem& item);
 /// Codes and remark of a record.
 QString detailText(const BinItem& item);

@@ -124,7 +124,9 @@ BinTotals binTotalsSince(const Database& catalogue, qint64 removal) {
 }
 
 bool isBinOnly(const Database& catalogue, qint64 removal, BinKind kind) {
-    return idsOf(catalogue, u"SELECT id FROM lunq_bin WHERE removal > ? AND kind <> ? LIMIT 1"_s,
+    return idsOf(catalogue,
+                 u"SELECT id FROM lunq_bin WHERE removal > ?1 AND ?2 <> "
+                 "iif(kind = 'button' AND ifnull(successor, 0) <> 0, 'replaced', kind) LIMIT 1"_s,
                  {removal, binKindName(kind)})
         .empty();
 }
@@ -145,10 +147,11 @@ std::vector<qint64> expiredBinItems(const Database& catalogue, const QDate& toda
     const auto text = [](const QDate& day) { return day.toString(Qt::ISODate); };
     if (!Bin(catalogue).isKept()) return {};
     const OwnRows rows(catalogue);
-    const OwnRows::Values tomorrow{text(today.addDays(1))};
-    if (rows.number(u"SELECT count(*) FROM lunq_bin WHERE removed >= ?"_s, tomorrow) > 0)
+    const QDate later = std::max(today, before);
+    const OwnRows::Values ahead{text(later.addDays(1))};
+    if (rows.number(u"SELECT count(*) FROM lunq_bin WHERE removed >= ?"_s, ahead) > 0)
         rows.run(u"UPDATE lunq_bin SET removed = ? WHERE removed >= ?"_s,
-                 OwnRows::Values{text(today) + u" 00:00:00"_s} + tomorrow);
+                 OwnRows::Values{text(later) + u" 00:00:00"_s} + ahead);
     return firstOf(catalogue, u"SELECT id, bytes FROM lunq_bin WHERE removed < ? ORDER BY removal, id"_s,
                    {text(std::min(today, before).addDays(-binDays))}, mostBytesAtOnce, mostAtOnce);
 }

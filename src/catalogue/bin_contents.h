@@ -51,7 +51,8 @@ BinTotals totalsOf(const std::vector<BinItem>& items);
 BinTotals binTotals(const Database& catalogue);
 /// Of the removals after that one.
 BinTotals binTotalsSince(const Database& catalogue, qint64 removal);
-/// Of removals after that one: whether they were all of this kind.
+/// Of removals after that one: whether they were all of this kind. A button that got another picture counts as
+/// `replaced`.
 bool isBinOnly(const Database& catalogue, qint64 removal, BinKind kind);
 std::vector<qint64> binItemsSince(const Database& catalogue, qint64 removal);
 
@@ -62,6 +63,6 @@ void removeFromBin(const Database& catalogue, const std::vector<qint64>& ids);
 std::vector<qint64> oldestBinItems(const Database& catalogue, qint64 bytes);
 
 /// The items that have been there for longer than `binDays` on both days, the oldest first, and no more than it takes
-/// to remove them in a moment. A clock that jumps ahead for a day removes nothing: `before` is an earlier day on which
-/// the program was used. Items of a time to come count from `today` on.
+/// to remove them in a moment. A clock that jumps ahead or back for a day removes nothing: `before` is the day before
+/// on which the program was used. Items of a time after both days count from the later one on.
 std::vector<qint64> expiredBinItems(const Database& catalogue, const QDate& today, const QDate& before);

@@ -91,10 +91,10 @@ class Restoring {
         if (record.Eof()) return false;
         Bin bin(catalogue_);
         bin.takeRecord(table, record, item.kind);
-        // Taking pictures in has emptied the codes of the records that they went to.
+        // The record's own values are in the item that it has just become. Codes say where it is shown: it keeps some.
         const QString others =
-            u", (大小, 规格, 日期, 编号) = (SELECT b.大小, b.规格, b.日期, "
-            "iif(trim(ifnull(%1.编号, '')) = '', b.编号, %1.编号) FROM lunq_bin AS b WHERE b.id = ?3)"_s;
+            u", (大小, 规格, 日期, 备注, 编号) = (SELECT b.大小, b.规格, b.日期, b.备注, "
+            "iif(trim(ifnull(b.编号, '')) = '', %1.编号, b.编号) FROM lunq_bin AS b WHERE b.id = ?3)"_s;
         const QString name = quotedName(table);
         rows_.run(u"UPDATE %1 SET 图片 = ?2%2 WHERE 图片 = ?1"_s.arg(name, isButton ? QString() : others.arg(name)),
                   isButton ? OwnRows::Values{item.successor, item.picture}

@@ -11,9 +11,11 @@
 #include "platform/picture/picture_bytes.h"
 
 #include <QLocale>
+#include <QSet>
 #include <algorithm>
 #include <atomic>
 #include <condition_variable>
+#include <limits>
 #include <mutex>
 #include <thread>
 
@@ -118,6 +120,34 @@ void proveSome(const QString& file, const std::vector<ToProve>& pictures, Shared
     shared.changed.notify_all();
 }
 
+/// Up to which id all are decoded, when those of `decoded` are too. What is damaged is not decoded any more.
+qint64 decodedNow(const Database& catalogue, qint64 upTo, const QSet<qint64>& decoded,
+                  const QMap<qint64, Fault>& damaged) {
+    if (decoded.isEmpty()) return upTo;
+    qint64 gap = std::numeric_limits<qint64>::max();
+    const auto see = [&](qint64 id) {
+        if (id > upTo && !decoded.contains(id) && !damaged.contains(id)) gap = std::min(gap, id);
+    };
+    for (const ToProve& one : known(catalogue, QDate(), upTo)) see(one.picture);
+    for (const StoredValue& bare : unprintedPictures(catalogue)) see(bare.id());
+    for (const qint64 id : decoded)
+        if (id < gap) upTo = std::max(upTo, id);
+    return upTo;
+}
+
+void healFrom(const Remedy& remedy, const Database& catalogue, qint64 picture, const Fingerprint& kept) {
+    const StoredValue good = ValueHashes(OpenDatabase(remedy.backup)).valueOf(remedy.value);
+    const QByteArray bytes = good.read(0, good.size());
+    if (kept.sha256.isEmpty() || fingerprintOf(bytes) != kept)
+        throw Error(u"备份“%1”中的这张图片也变了，没有修复。"_s.arg(remedy.backup));
+    Transaction together(catalogue);
+    ValueHashes hashes(catalogue);
+    hashes.mend(picture, bytes);
+    if (fingerprintOf(hashes.valueOf(picture)) != kept) throw Error(u"修复的图片读回来不同，没有修复。"_s);
+    storeProof(catalogue, {{.picture = picture, .print = kept}});
+    together.commit();
+}
+
 }  // namespace
 
 std::vector<StoredValue> unprintedPictures(const Database& catalogue) {
@@ -210,13 +240,13 @@ QMap<qint64, Fault> storeProof(const Database& catalogue, const std::vector<Prov
     for (auto at = before.begin(); at != before.end(); ++at)
         if (hashes.of(at.key())) damaged.insert(at.key(), at.value());
     std::vector<qint64> checked;
-    qint64 decoded = decodedUpTo(values);
+    QSet<qint64> decoded;
     for (const Proven& one : found) {
         if (one.isNew) hashes.note(one.picture, one.print.length, one.print.sha256);
         const auto kept = hashes.of(one.picture);
         if (!kept || (one.fault == Fault::none && kept->sha256 != one.print.sha256)) continue;
         checked.push_back(one.picture);
-        if (one.isDecoded) decoded = std::max(decoded, one.picture);
+        if (one.isDecoded) decoded.insert(one.picture);
         if (one.fault == Fault::none && damaged.value(one.picture) != Fault::notWhole) damaged.remove(one.picture);
         if (one.fault == Fault::none) continue;
         damaged.insert(one.picture, one.fault);
@@ -224,7 +254,8 @@ QMap<qint64, Fault> storeProof(const Database& catalogue, const std::vector<Prov
     }
     hashes.setChecked(checked);
     if (damaged != before) storeDamaged(values, damaged);
-    if (decoded > decodedUpTo(values)) values.setValue(decodedName, QString::number(decoded));
+    const qint64 upTo = decodedUpTo(values), now = decodedNow(catalogue, upTo, decoded, damaged);
+    if (now > upTo) values.setValue(decodedName, QString::number(now));
     together.commit();
     return fresh;
 }
@@ -261,36 +292,36 @@ QString textOf(Fault fault) {
     return u"图片未变"_s;
 }
 
-QMap<qint64, Remedy> remediesFor(const Database& catalogue, const QMap<qint64, Fault>& damaged,
-                                 const QStringList& backups) {
-    QMap<qint64, Remedy> found;
+QMap<qint64, Remedies> remediesFor(const Database& catalogue, const QMap<qint64, Fault>& damaged,
+                                   const QStringList& backups) {
+    QMap<qint64, Remedies> found;
     const ValueHashes hashes(catalogue);
     for (const QString& backup : backups) {
         attempt([&] {
             const ValueHashes there(OpenDatabase(backup));
             for (auto at = damaged.begin(); at != damaged.end(); ++at) {
                 const auto kept = hashes.of(at.key());
-                if (!kept || at.value() == Fault::notWhole || found.contains(at.key())) continue;
+                if (!kept || at.value() == Fault::notWhole) continue;
                 const std::vector<StoredValue> same = there.like(*kept);
-                if (!same.empty()) found.insert(at.key(), {backup, same.front().id()});
+                for (const StoredValue& one : same) found[at.key()].push_back({backup, one.id()});
             }
         });
     }
     return found;
 }
 
-void heal(const Database& catalogue, qint64 picture, const Remedy& remedy) {
+void heal(const Database& catalogue, qint64 picture, const Remedies& remedies) {
     const Fingerprint kept = keptOf(catalogue, picture);
-    const StoredValue good = ValueHashes(OpenDatabase(remedy.backup)).valueOf(remedy.value);
-    const QByteArray bytes = good.read(0, good.size());
-    if (kept.sha256.isEmpty() || fingerprintOf(bytes) != kept)
-        throw Error(u"备份“%1”中的这张图片也变了，没有修复。"_s.arg(remedy.backup));
-    Transaction together(catalogue);
-    ValueHashes hashes(catalogue);
-    hashes.mend(picture, bytes);
-    if (fingerprintOf(hashes.valueOf(picture)) != kept) throw Error(u"修复的图片读回来不同，没有修复。"_s);
-    storeProof(catalogue, {{.picture = picture, .print = kept}});
-    together.commit();
+    QString failure = u"备份中没有这张图片，没有修复。"_s;
+    for (const Remedy& remedy : remedies) {
+        try {
+            healFrom(remedy, catalogue, picture, kept);
+            return;
+        } catch (const Error& failed) {
+            failure = failed.text();
+        }
+    }
+    throw Error(failure);
 }
 
 void takeAsIs(const Database& catalogue, qint64 picture) {

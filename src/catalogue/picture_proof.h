@@ -82,12 +82,14 @@ struct Remedy {
     QString backup;    ///< The file.
     qint64 value = 0;  ///< In it.
 };
+using Remedies = QList<Remedy>;
 /// Looks for the fingerprints of pictures in backups, the first one first. It does not read the pictures there. For
 /// those that were never whole there is none.
-QMap<qint64, Remedy> remediesFor(const Database& catalogue, const QMap<qint64, Fault>& damaged,
-                                 const QStringList& backups);
-/// Brings a picture back. What comes out of the backup, and what is in the catalogue afterwards, is compared with the
-/// fingerprint; throws `Error` when one of them differs, and the catalogue is as it was.
-void heal(const Database& catalogue, qint64 picture, const Remedy& remedy);
+QMap<qint64, Remedies> remediesFor(const Database& catalogue, const QMap<qint64, Fault>& damaged,
+                                   const QStringList& backups);
+/// Brings a picture back, from the first backup that has it unchanged. What comes out of the backup, and what is in the
+/// catalogue afterwards, is compared with the fingerprint; throws `Error` when no backup is good, and the catalogue is
+/// as it was.
+void heal(const Database& catalogue, qint64 picture, const Remedies& remedies);
 /// Takes a damaged picture from now on as it is. Throws `Error` when it cannot be read.
 void takeAsIs(const Database& catalogue, qint64 picture);

@@ -157,6 +157,7 @@ QString Saving::storeInAlbum(const Order& order) {
     record.Fields(u"大小"_s).SetValue(kilobytes1024Text(file.bytes.size()));
     record.Fields(u"规格"_s).SetValue(specOfPicture(Picture({}, file.pixels)));
     updateIntoBin(mekTp::catalogue, std::get<AlbumRecord>(document_.source()).table, record);
+    document_.setRecordPicture(record.storedAt(record.row(), u"图片"_s).id());
     return u"序号＝"_s + record.Fields(u"序号"_s).Value().textOr();
 }
 

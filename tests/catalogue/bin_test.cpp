@@ -163,12 +163,19 @@ class TestBin : public QObject {
         QVERIFY(record(u"tc01"_s, 7).rowCount() == 1 && record(u"tc01"_s, 12).rowCount() == 1);
     }
 
+    /// With all that was said of it.
     void replacedPictureChangesPlaces() {
-        const QByteArray old = picture(u"tc01"_s, 4);
+        const QString four = u"SELECT * FROM tc01 WHERE 序号 = 4"_s;
+        changeRow(four, {{u"编号"_s, u"old"_s}, {u"备注"_s, u"旧"_s}});
+        const QString album = contents(u"tc01"_s);
         replace(u"tc01"_s, 4, "new");
+        changeRow(four, {{u"编号"_s, u"new"_s}, {u"备注"_s, u"新"_s}});
+        const QString changed = contents(u"tc01"_s);
         QCOMPARE(restoreAll().pictures, 1);
-        QCOMPARE(picture(u"tc01"_s, 4), old);
-        QCOMPARE(record(u"tc01"_s, 4).Fields(u"规格"_s).Value().toText(), u"100 * 50"_s);
+        QCOMPARE(contents(u"tc01"_s), album);
+        restoreAll();
+        QCOMPARE(contents(u"tc01"_s), changed);
+        restoreAll();
         QCOMPARE(count(u"tc01"_s), 10);
         restoreAll();  // and back
         QVERIFY(picture(u"tc01"_s, 4).startsWith("new"));
@@ -207,6 +214,13 @@ class TestBin : public QObject {
         QCOMPARE(binTotalsSince(catalogue(), later).pictures(), 1);
         QCOMPARE(binTotals(catalogue()).albums, 1);
         QVERIFY(isBinOnly(catalogue(), later, BinKind::album) == false);
+        const qint64 last = Bin(catalogue()).newestRemoval();
+        Recordset button = buttonsWithCode(catalogue(), u"2"_s);
+        button.Edit();
+        button.Fields(u"图片"_s).SetValue(QByteArray("new"));
+        updateIntoBin(catalogue(), u"tcan"_s, button);
+        QVERIFY(isBinOnly(catalogue(), last, BinKind::replaced));
+        removeFromBin(catalogue(), binItemsSince(catalogue(), last));
         QCOMPARE(binItemsSince(catalogue(), since).size(), 3U);
         const auto newest = binItem(catalogue(), binItems(catalogue()).front());
         QCOMPARE(newest->kind, BinKind::replaced);

@@ -81,6 +81,33 @@ class TestGoingOn : public QObject {
         QCOMPARE(editor.steps().isEmpty(), isThere);
     }
 
+    /// What is done after a picture was stored is worth as much.
+    void goesOnAfterSaving_data() {
+        QTest::addColumn<bool>("isRecord");
+        QTest::newRow("file") << false;
+        QTest::newRow("record") << true;
+    }
+
+    void goesOnAfterSaving() {
+        QFETCH(const bool, isRecord);
+        Crash editor;
+        if (isRecord)
+            editor.openRow(4);
+        else
+            editor.open();
+        editor.reply = u"确定"_s;
+        editor.rotate(u"90"_s);
+        editor.press(u"bc"_s);
+        editor.rotate(u"90"_s);
+        const QString caption = editor.caption().remove(u' ');
+        editor.again(u"继续处理"_s);
+        QCOMPARE(editor.boxes.size(), 1);
+        QCOMPARE(editor.caption().remove(u' '), caption);
+        editor.reply = u"确定"_s;
+        editor.press(u"bc"_s);
+        QVERIFY(editor.lastBox().contains(u"图片已保存完毕"_s));
+    }
+
     void refusingEmptiesTheSteps() {
         Crash editor;
         editor.open();

@@ -49,8 +49,13 @@ class TestKeeping : public QObject {
     }
     void cleanupTestCase() { window_.reset(); }
 
+    /// What is being typed meanwhile stays.
     void goodPictures() {
+        window_->choose(u"cboFc"_s, u"tc01"_s);
+        window_->click(u"cmdFc"_s);
+        window_->box(u"txt1c"_s).setText(u"新的备注"_s);
         window_->click(u"cmdJy"_s);
+        QCOMPARE(window_->text(u"txt1c"_s), u"新的备注"_s);
         QCOMPARE(window_->said(), QStringList(u"校验完成：13 张图片未变。"_s));
         QCOMPARE(window_->label(u"lblBf"_s), u"13 张图片未变，"_s + QDate::currentDate().toString(Qt::ISODate));
         QVERIFY(dialog(u"frmJy"_s) == nullptr);
@@ -65,7 +70,7 @@ class TestKeeping : public QObject {
         window_->click(u"cmdJy"_s);
         QCOMPARE(window_->said(), QStringList(u"校验完成：12 张图片未变，2 张有损坏。"_s));
         QCOMPARE(columnIn(u"frmJy"_s, u"lstJy"_s, 1), QStringList({u"《旅行》4"_s, u"《空册》1"_s}));
-        QCOMPARE(columnIn(u"frmJy"_s, u"lstJy"_s, 3), QStringList({u"完好：lunq.mdb"_s, u"没有完好的"_s}));
+        QCOMPARE(columnIn(u"frmJy"_s, u"lstJy"_s, 3), QStringList({u"备份中有：lunq.mdb"_s, u"没有"_s}));
         clickIn(u"frmJy"_s, u"cmdXf"_s);
         QCOMPARE(window_->said(), QStringList(u"1 张图片已经修复，与录入时相同。"_s));
         QCOMPARE(fieldOf(u"SELECT * FROM tc01 WHERE 序号 = 4"_s, u"图片"_s).toBytes(), good);

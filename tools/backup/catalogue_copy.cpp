@@ -152,7 +152,7 @@ void copyDatabase(const QString& from, const QString& to, const BackupFile& as) 
 
 /// A good backup must not make way for the copy of a damaged catalogue.
 Error damageOf(const QString& from) {
-    return Error(u"图册数据库“%1”有损坏的地方，没有备份，以前的备份不变。"_s.arg(from));
+    return Error(u"图册数据库“%1”有损坏的地方，没有备份。"_s.arg(from));
 }
 
 void requireSound(const QString& copy, const QString& from) {
@@ -161,7 +161,7 @@ void requireSound(const QString& copy, const QString& from) {
         if (database.execAndGet("PRAGMA quick_check(1)").getString() != "ok") throw damageOf(from);
     } catch (const SQLite::Exception& failed) {
         if ((failed.getErrorCode() & 0xff) == SQLITE_CORRUPT) throw damageOf(from);
-        throw Error(u"备份“%1”不能读回来：%2，以前的备份不变。"_s.arg(copy, reasonOf(failed)));
+        throw Error(u"备份“%1”不能读回来：%2。"_s.arg(copy, reasonOf(failed)));
     }
 }
 
@@ -172,12 +172,10 @@ Error damageOf(const QString& from, const QString& to, const std::vector<Proven>
     const auto found = of ? prove(source, {damaged.front().picture, {of->length, of->sha256}}, [] { return true; })
                           : std::optional<Proven>();
     if (found && found->fault == Fault::none)
-        return Error(u"备份“%1”读回来与图册不同，没有备份，以前的备份不变。放备份的磁盘可能有问题。"_s.arg(to));
-    return Error(
-        u"图册数据库“%1”中有 %2 张图片变了，例如%3，没有备份，以前的备份不变。请在“图册备份设置”中按《校 验》。"_s
-            .arg(from)
-            .arg(damaged.size())
-            .arg(textOf(placeOf(source, damaged.front().picture))));
+        return Error(u"备份“%1”读回来与图册不同，没有备份。放备份的磁盘可能有问题。"_s.arg(to));
+    return Error(u"图册数据库“%1”中有 %2 张图片变了，例如%3，没有备份。请在“图册备份设置”中按《校 验》。"_s.arg(from)
+                     .arg(damaged.size())
+                     .arg(textOf(placeOf(source, damaged.front().picture))));
 }
 
 void requireWholePictures(const QString& copy, const QString& from, const QString& to) {
@@ -240,6 +238,12 @@ void keepLast(const QString& to, const QList<BackupFile>& there, const QString& 
     if (failed) throw failure(dated, systemReason(failed.value()));
 }
 
+/// What became of the earlier backups when there is no new one.
+QString textOfEarlier(const QList<BackupFile>& removed) {
+    return removed.isEmpty() ? u"以前的备份不变。"_s
+                             : u"为了腾出地方，已经删除最早的 %1 份备份，其余的不变。"_s.arg(removed.size());
+}
+
 void remove(const QList<BackupFile>& backups) {
     for (const BackupFile& one : backups) QFile::remove(one.path);
 }
@@ -272,9 +276,14 @@ void copyCatalogue(const QString& from, const QString& to) {
     const NewFile made(to + u".new"_s);
     const QString catalogue = identityIn(from);
     const QList<BackupFile> there = backupsBeside(to, false);
-    remove(makingWay(datedBeside(to, false), catalogue, source.size(), freeBytes(to)));
-    copyDatabase(from, made.path(), nextBackup(to, catalogue, there));
-    requireWhole(made.path(), from, to);
+    const QList<BackupFile> way = makingWay(datedBeside(to, false), catalogue, source.size(), freeBytes(to));
+    remove(way);
+    try {
+        copyDatabase(from, made.path(), nextBackup(to, catalogue, there));
+        requireWhole(made.path(), from, to);
+    } catch (const Error& failed) {
+        throw Error(failed.text() + textOfEarlier(way));
+    }
     keepLast(to, there, catalogue, source.size());
     std::error_code failed;
     std::filesystem::rename(fileName(made.path()), fileName(to), failed);

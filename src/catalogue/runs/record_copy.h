@@ -26,6 +26,7 @@ struct CopyOrder {
     bool replace = false;
     bool fillFields = true;      ///< 自动补足
     bool takesDoubtful = false;  ///< Values that are no whole picture are copied like others, and not left out.
+    bool takesSpoilt = false;    ///< So are those that are not what their fingerprint says.
     bool keepNumbers = false;    ///< A record that is appended keeps its 序号 where the album has not got it.
     bool skipKnown = false;  ///< Records whose picture the album had before the run are left out, if none is replaced.
 };

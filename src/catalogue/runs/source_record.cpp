@@ -106,7 +106,7 @@ SourceValues SourceReader::valuesOf(const Database& source, const Recordset& rec
     read.kind = kindOf(order_, read.picture);
     const bool isPrinted = printed_ || !kept.sha256.isEmpty();
     if (isPrinted && !read.picture.isEmpty()) read.print = fingerprintOf(read.picture);
-    read.isSpoilt = !order_.takesDoubtful && !kept.sha256.isEmpty() && kept != read.print;
+    read.isSpoilt = !order_.takesSpoilt && !kept.sha256.isEmpty() && kept != read.print;
     if (wantsSizeText(read)) read.sizeText = sizeTextOf(read.picture);
     return read;
 }

@@ -156,6 +156,10 @@ void Document::clearSteps() {
     isResumed_ = false;
 }
 
+void Document::setRecordPicture(qint64 id) {
+    if (auto* record = std::get_if<AlbumRecord>(&source_)) record->picture = id;
+}
+
 std::optional<QString> Document::takeBack() {
     if (stepCount_ == 0) return {};
     steps_.remove(stepCount_);

@@ -81,6 +81,8 @@ class Document : public QObject {
     std::optional<QString> takeBack();
     /// Removes the steps from the catalogue.
     void clearSteps();
+    /// The record that the picture is from holds it under another id now.
+    void setRecordPicture(qint64 id);
 
   Q_SIGNALS:
     void opened();

@@ -43,6 +43,7 @@ QString stepText(int number) {
 
 void UndoSteps::start(Step loaded) {
     loaded_ = std::move(loaded);
+    areNone_ = true;
     loss_.clear();
     isLossTaken_ = false;
 }
@@ -50,6 +51,7 @@ void UndoSteps::start(Step loaded) {
 /// Two large pictures are turned into their JPEGs at once, before the catalogue is touched.
 void UndoSteps::record(const Step& step) {
     auto jpeg = encoded(step);
+    areNone_ = false;
     if (const auto loaded = std::exchange(loaded_, std::nullopt)) {
         auto first = encoded(*loaded);
         store(*loaded, [&first] { return first.get(); });
@@ -106,6 +108,7 @@ void UndoSteps::remove(int number) {
 
 void UndoSteps::clear() {
     loaded_.reset();
+    areNone_ = true;
     emptyUndoSteps();
 }
 

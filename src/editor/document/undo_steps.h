@@ -29,8 +29,8 @@ class UndoSteps {
     std::optional<Step> newest() const;
     /// Throws `Error` when the catalogue refuses it.
     void remove(int number);
-    /// Whether the next step is the first one that is stored, with that of the load.
-    bool areNoneStored() const { return loaded_.has_value(); }
+    /// Whether the next step is the first one that is stored, since the load or since all were removed.
+    bool areNoneStored() const { return areNone_; }
     /// Removes all steps from the catalogue; throws as `remove` does.
     void clear();
 
@@ -41,6 +41,7 @@ class UndoSteps {
     void store(const Step& step, const std::function<QByteArray()>& jpeg);
 
     std::optional<Step> loaded_;  ///< The step of the load, until it is written.
+    bool areNone_ = true;
     QString loss_;
     bool isLossTaken_ = false;
 };

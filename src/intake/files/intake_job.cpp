@@ -30,10 +30,12 @@ IntakeJob IntakeJob::some(const QList<qsizetype>& places) const {
 }
 
 void IntakeJob::takeDoubtful() {
-    if (auto* files = std::get_if<IntakeOrder>(&order_))
+    if (auto* files = std::get_if<IntakeOrder>(&order_)) {
         files->takesTruncated = true;
-    else
-        std::get<CopyOrder>(order_).takesDoubtful = true;
+        return;
+    }
+    auto& records = std::get<CopyOrder>(order_);
+    records.takesDoubtful = records.takesSpoilt = true;
 }
 
 bool IntakeJob::replaces() const {

@@ -116,6 +116,7 @@ void PreviewPanel::storeInRecord() {
     const bool takeDate = ask(frame_.form, u"  所选图片日期是："_s + FieldValue(date).toText() +
                                                u"\n原有图片的日期是："_s + records.Fields(u"日期"_s).Value().textOr() +
                                                u"\n\n如果要更改，请按《确定》；否则按《取消》。"_s);
+    frame_.runBar.makeRoom();
     records.Edit();
     try {
         appendFile(records.Fields(u"图片"_s), file);

@@ -67,10 +67,8 @@ BackupGroup::BackupGroup(const SettingsFrame& frame) : frame_(frame) {
     connect(cmdBb, &QPushButton::clicked, this, run(&BackupGroup::cmdBbClick));
     connect(cmdBk, &QPushButton::clicked, this, run(&BackupGroup::cmdBkClick));
     connect(cmdBl, &QPushButton::clicked, this, run(&BackupGroup::cmdBlClick));
-    connect(keeping_.get(), &KeepingButtons::stateChanged, this, [this] {
-        showResult();
-        Q_EMIT albumsChanged();
-    });
+    connect(keeping_.get(), &KeepingButtons::stateChanged, this, &BackupGroup::showResult);
+    connect(keeping_.get(), &KeepingButtons::albumsChanged, this, &BackupGroup::albumsChanged);
     connect(txtBf, &TextBox::lostFocus, this, [this] { pathLeft(); });
     connect(txtBf, &QLineEdit::textChanged, txtBf, &QWidget::setToolTip);
 }

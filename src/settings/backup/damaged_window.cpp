@@ -110,8 +110,8 @@ void DamagedWindow::list() {
     cmdXf->setDefault(!remedies_.isEmpty());
     cmdJs->setEnabled(!damaged_.isEmpty());
     const QString healable = remedies_.isEmpty()
-                                 ? u"备份中没有找到完好的。放备份的磁盘如果没有接上，请接上以后再打开这个窗口。"_s
-                                 : u"其中 %1 张在备份中是完好的，按《修 复》取回，逐张核对。"_s.arg(remedies_.size());
+                                 ? u"备份中没有找到。放备份的磁盘如果没有接上，请接上以后再打开这个窗口。"_s
+                                 : u"其中 %1 张备份中有，按《修 复》取回，逐张核对。"_s.arg(remedies_.size());
     lblJy->setText(u"有 %1 张图片损坏了。"_s.arg(damaged_.size()) + healable);
 }
 
@@ -126,7 +126,7 @@ void DamagedWindow::addLine(qint64 picture, Fault fault) {
     lstJy->setItem(row, faultOfIt, new QTableWidgetItem(textOf(fault)));
     const auto remedy = remedies_.find(picture);
     const QString found =
-        remedy == remedies_.end() ? u"没有完好的"_s : u"完好："_s + QFileInfo(remedy->backup).fileName();
+        remedy == remedies_.end() ? u"没有"_s : u"备份中有："_s + QFileInfo(remedy->front().backup).fileName();
     lstJy->setItem(row, remedyOfIt, new QTableWidgetItem(found));
 }
 

@@ -28,7 +28,7 @@ class DamagedWindow : public QDialog {
     void closeIfEmpty(const QString& text);
 
     QMap<qint64, Fault> damaged_;
-    QMap<qint64, Remedy> remedies_;
+    QMap<qint64, Remedies> remedies_;
     QLabel* lblJy;        ///< How many there are, and how many of them can be brought back.
     QTableWidget* lstJy;  ///< One line for each.
     QPushButton* cmdXf;   ///< Brings back all that a backup has.

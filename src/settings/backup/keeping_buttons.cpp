@@ -5,6 +5,7 @@
 #include "catalogue/settings_row.h"
 #include "platform/base/error.h"
 #include "platform/desktop/message_box.h"
+#include "settings/backup/backup_run.h"
 #include "settings/backup/damaged_window.h"
 #include "settings/backup/picture_chooser.h"
 #include "settings/backup/restore_swap.h"
@@ -12,9 +13,11 @@
 #include "settings/frame/form_parts.h"
 
 #include <QDir>
+#include <QFile>
 #include <QGroupBox>
 #include <QLocale>
 #include <QPushButton>
+#include <QScopeGuard>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -27,6 +30,11 @@ const RunBar::Place barPlace{.at = {5220, 6000, 4050, 225}, .page = setupTab, .g
 
 QString number(qint64 value) {
     return QLocale(QLocale::English).toString(value);
+}
+
+/// A backup reads the catalogue for minutes, and would end with half of each.
+void requireNoBackup() {
+    if (BackupRun::current() != nullptr) throw Error(u"备份还在进行，请等它完成。"_s);
 }
 
 }  // namespace
@@ -59,7 +67,7 @@ void KeepingButtons::cmdJyClick() {
     const auto prove = [catalogue = mekTp::cataloguePath()](RunWatch& watch) {
         return proveCatalogue(catalogue, watch);
     };
-    frame_.runBar.start(barPlace, {u"校验"_s}, prove, [this](const RunReport& report) { proved(report); });
+    frame_.runBar.startReading(barPlace, {u"校验"_s}, prove, [this](const RunReport& report) { proved(report); });
 }
 
 void KeepingButtons::proved(const RunReport& report) {
@@ -80,6 +88,7 @@ void KeepingButtons::cmdHyClick() {
 }
 
 void KeepingButtons::restore(const BackupFile& backup) {
+    requireNoBackup();
     const QString question =
         u"用 %1 的这一份（%2 个图册，%3 张图片）换下现在的图册数据库。以后录入和修改的，要从现在的那一份才能找回："
         "它不会删除，改名留在旁边。恢复以后软件自动重新打开。\n\n确实要恢复，请按“确定”；否则按“取消”。"_s;
@@ -91,9 +100,13 @@ void KeepingButtons::restore(const BackupFile& backup) {
     const auto prepare = [from = backup.path, to = preparedRestorePath()](RunWatch& watch) {
         return prepareRestore(from, to, watch);
     };
-    frame_.runBar.start(barPlace, {u"恢复"_s}, prepare, [](const RunReport& report) {
+    frame_.runBar.startReading(barPlace, {u"恢复"_s}, prepare, [](const RunReport& report) {
         if (!report.failure.isEmpty()) throw Error(report.failure);
-        if (report.cameToEnd) planRestore();
+        if (!report.cameToEnd) return;
+        auto remove = qScopeGuard([] { QFile::remove(preparedRestorePath()); });
+        requireNoBackup();
+        planRestore();
+        remove.dismiss();
     });
 }
 
@@ -112,6 +125,7 @@ void KeepingButtons::takeBackFrom(const QString& backup, const QList<Return>& re
     };
     frame_.runBar.start(barPlace, words, take, [this, words](const RunReport& report) {
         Q_EMIT stateChanged();
+        Q_EMIT albumsChanged();
         say(frame_.form, outcomeText(report, words) + u'。',
             report.failure.isEmpty() ? BoxIcon::information : BoxIcon::exclamation);
         frame_.runBar.tellReport(report, words, nullptr);

@@ -17,7 +17,8 @@ class KeepingButtons : public QObject {
     KeepingButtons(const SettingsFrame& frame, QGroupBox* Frame3);
 
   Q_SIGNALS:
-    void stateChanged();  ///< What is known of pictures or backups.
+    void stateChanged();   ///< What is known of pictures or backups.
+    void albumsChanged();  ///< Pictures came back, perhaps with their albums.
 
   private:
     void cmdJyClick();

@@ -103,7 +103,15 @@ RunBar::RunBar(QWidget* form, TabControl* sstFz)
 }
 
 void RunBar::start(const Place& place, const RunWords& words, Run run, After after) {
+    makeRoom();
+    startReading(place, words, std::move(run), std::move(after));
+}
+
+void RunBar::makeRoom() const {
     if (beforeRun) beforeRun();
+}
+
+void RunBar::startReading(const Place& place, const RunWords& words, Run run, After after) {
     placeBar(place);
     isStep_ = false;
     launch(words, std::move(run), [this, after = std::move(after)](const RunReport& report) { finish(report, after); });

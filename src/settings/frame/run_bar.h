@@ -39,6 +39,8 @@ class RunBar : public QObject {
 
     /// Begins a run. The handler that has called it has nothing more to do: the rest is up to `after`.
     void start(const Place& place, const RunWords& words, Run run, After after);
+    /// The same for a run that puts nothing into the catalogue.
+    void startReading(const Place& place, const RunWords& words, Run run, After after);
     /// A run that is a step of something longer, which is told of when all of it is over: the line and the stop button
     /// are there only when it takes longer than a moment, and its outcome is not told.
     void startStep(const RunWords& words, Run run, After after);
@@ -54,7 +56,9 @@ class RunBar : public QObject {
     /// Asks whether the run that is at work is to be stopped. If so, `leave` is called when its report is closed.
     void askToLeave(std::function<void()> leave);
 
-    /// Called before a run begins, as a part of the handler that begins it. Not set: nothing.
+    /// Before pictures are put into the catalogue: there should be room for them. `start` does it.
+    void makeRoom() const;
+    /// Called for that, as a part of the handler that puts them in. Not set: nothing.
     std::function<void()> beforeRun;
 
   Q_SIGNALS:

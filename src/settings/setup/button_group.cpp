@@ -261,6 +261,7 @@ bool ButtonGroup::anbc() {
 
     ButtonTexts stored = texts();
     stored.front() = QString::number(number->number);
+    frame_.runBar.makeRoom();
     buttonSet.store(stored, {picture, *bmp}, number->partner);
     frame_.work.end();
     chosen_ = stored.at(0);

@@ -18,8 +18,8 @@ SetupPage::SetupPage(const SettingsFrame& frame, Preview& preview)
         album_.removeLine(table);
     });
     QObject::connect(&backup_, &BackupGroup::albumsChanged, &albums, [this, &albums] {
-        albums.fill();
-        attempt([&] { album_.reset(); });
+        albums.addMissing();
+        album_.addMissing();
     });
 }
 

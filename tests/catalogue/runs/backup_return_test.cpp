@@ -63,6 +63,15 @@ class TestBackupReturn : public QObject {
                     backup.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 = %1"_s.arg(before)).Fields(column).Value());
     }
 
+    /// What has changed in the backup does not come back as if it were good.
+    void rottenPictureStaysOut() {
+        rot(backup_, u"tc01"_s, 5);
+        mekTp::catalogue.Execute(u"DELETE FROM tc01 WHERE 序号 > 3"_s);
+        const RunReport report = takeBack({{u"tc01"_s, {u"4"_s, u"5"_s, u"6"_s}}});
+        QCOMPARE(report.namesOf({Fate::truncated}), QStringList(u"5"_s));
+        QCOMPARE(numbers(u"tc01"_s), u"1,2,3,4,6"_s);
+    }
+
     /// Its title says which album it is; its table may be another's by now.
     void albumThatIsGone() {
         const Return all = wholeAlbum(OpenDatabase(backup_), u"tc01"_s);
