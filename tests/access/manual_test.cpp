@@ -4,7 +4,6 @@
 #include "help/shipped_manual.h"
 #include "platform/desktop/tab_control.h"
 #include "start/help_key.h"
-#include "viewer/date_dialog.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -76,7 +75,10 @@ class TestManual : public QObject {
         if (beside.contains(name)) tour_->program->show(beside[name]);
         if (name == u"frmSz") tour_->program->handOver(WindowKind::viewer, WindowKind::settings);
         if (name == u"frmCl") tour_->program->handOver(WindowKind::viewer, WindowKind::editor);
-        if (name == u"picRq") tour_->find<DateDialog>(u"frmTp"_s, name)->open();
+        if (name == u"frmHy") {
+            open(u"frmSz"_s);
+            ProgramTour::click(u"frmSz"_s, u"cmdHy"_s);
+        }
         QWidget* shown = tour_->window(name);
         QApplication::setActiveWindow(shown);
         return shown;
@@ -163,7 +165,7 @@ class TestManual : public QObject {
         QTest::addColumn<QString>("control");
         QTest::addColumn<QString>("heading");
         QTest::newRow("page number") << u"frmTp"_s << -1 << u"txtYh"_s << u"4.1.3 翻页与每页张数"_s;
-        QTest::newRow("dialog") << u"picRq"_s << -1 << u"txtR1"_s << u"4.1.4 按序号和日期选择"_s;
+        QTest::newRow("window that blocks its own") << u"frmHy"_s << -1 << u"lstHy"_s << u"3.2.5 图册备份设置"_s;
         QTest::newRow("backup") << u"frmSz"_s << 0 << u"txtBf"_s << u"3.2.5 图册备份设置"_s;
         QTest::newRow("folders of the intake") << u"frmSz"_s << 1 << u"cboBm"_s << u"3.3 《图片录入》页面的设置"_s;
         QTest::newRow("button codes") << u"frmSz"_s << 2 << u"lstBh"_s << u"3.4.2 只看一部分记录"_s;
