@@ -23,7 +23,11 @@ Fingerprint printAt(const Recordset& secondReading, int row) {
     Fingerprint print;
     attempt([&] {
         const StoredValue value = secondReading.storedAt(row, picture);
-        if (value.isNull()) return;
+        if (value.isNull()) {
+            const FieldValue inTheRow = secondReading.valueAt(row, picture);
+            if (const auto* bytes = std::get_if<QByteArray>(&inTheRow.storage())) print = fingerprintOf(*bytes);
+            return;
+        }
         const ValueHashes::Kept kept = SecondReading::hashOf(value);
         print = {kept.length, kept.sha256};
     });
@@ -45,14 +49,16 @@ bool Verification::run(RunWatch& watch, int begun) {
 bool Verification::compare(const TablePair& pair, RunWatch& watch) {
     const Recordset old = secondReading_.OpenRecordset(allRecordsSql(pair.old));
     const Recordset target = target_.OpenRecordset(allRecordsSql(pair.target));
-    if (old.rowCount() != target.rowCount())
-        difference_ =
-            u"表 %1 有 %2 条记录，第二次读取有 %3 条"_s.arg(pair.target).arg(target.rowCount()).arg(old.rowCount());
+    const int expected = old.rowCount() - int(pair.skipped.size());
+    if (expected != target.rowCount())
+        difference_ = u"表 %1 有 %2 条记录，第二次读取有 %3 条"_s.arg(pair.target).arg(target.rowCount()).arg(expected);
     const int rows = hasPictures(secondReading_, pair.old) && hasPictures(target_, pair.target) ? target.rowCount() : 0;
+    int oldRow = 0;
     for (int row = 0; row < rows && difference_.isEmpty();) {
         Transaction kept(target_);
-        for (const int end = std::min(row + rowsInAChange, rows); row < end && difference_.isEmpty(); ++row) {
-            difference_ = differenceAt(old, target, row, pair.isAlbum);
+        for (const int end = std::min(row + rowsInAChange, rows); row < end && difference_.isEmpty(); ++row, ++oldRow) {
+            while (pair.skipped.contains(oldRow)) ++oldRow;
+            difference_ = differenceAt(old, oldRow, target, row, pair.isAlbum);
             if (!difference_.isEmpty())
                 difference_ = u"表 %1 第 %2 条记录的图片%3"_s.arg(pair.target).arg(row + 1).arg(difference_);
             ++progress_.done;
@@ -65,9 +71,9 @@ bool Verification::compare(const TablePair& pair, RunWatch& watch) {
     return true;
 }
 
-QString Verification::differenceAt(const Recordset& old, const Recordset& target, int row, bool isAlbum) {
+QString Verification::differenceAt(const Recordset& old, int oldRow, const Recordset& target, int row, bool isAlbum) {
     const StoredValue stored = target.storedAt(row, picture);
-    const Fingerprint expected = printAt(old, row);
+    const Fingerprint expected = printAt(old, oldRow);
     if (stored.isNull() != expected.sha256.isEmpty()) return u"与原来的不同"_s;
     if (stored.isNull()) return {};
     progress_.bytes += stored.size();

@@ -4,6 +4,7 @@
 #include "catalogue/runs/run_watch.h"
 #include "platform/database/records/database.h"
 
+#include <QSet>
 #include <vector>
 
 /// Two tables that are to hold the same records.
@@ -11,6 +12,7 @@ struct TablePair {
     QString old;
     QString target;
     bool isAlbum = true;
+    QSet<int> skipped = {};  ///< Rows of the old one, from 0, that are not in the new one.
 };
 
 /// Reads everything in the column 图片 of some tables back from a new catalogue, and compares it with a second reading
@@ -29,7 +31,7 @@ class Verification {
 
   private:
     bool compare(const TablePair& pair, RunWatch& watch);
-    QString differenceAt(const Recordset& old, const Recordset& target, int row, bool isAlbum);
+    QString differenceAt(const Recordset& old, int oldRow, const Recordset& target, int row, bool isAlbum);
 
     const Database& secondReading_;
     const Database& target_;
