@@ -75,6 +75,7 @@ class JetValuesTest : public QObject {
             {"accents before letters", {"\xe9t\xe9_a_b"}, 1252, false},
             {"accents that make characters", {"\xe9t\xe9", "na\xefve caf\xe9s"}, 1252, false},
             {"one text that cannot be Chinese", {"\xd0\xf2\xba\xc5x", "caf\xe9"}, 1252, true},
+            {"the same beside a name of ours", {"\xd0\xf2\xba\xc5", "caf\xe9"}, 936, false},
             {"half of them rare", {"\x94\xea\x94\xea", "\xb1\xe0\xc2\xeb"}, 1252, true},
             {"half of them rare, and a name of ours", {"\x94\xea\x94\xea", "\xb1\xb8\xd7\xa2"}, 936, false},
             {"a cut text among many", {QByteArray("\xd5\xd5\xc6\xac").repeated(30), "\xd5\xd5\xc6"}, 936, false},

@@ -64,8 +64,7 @@ bool CodePageSurvey::isNearlyAllGbk() const {
 }
 
 int CodePageSurvey::codePage() const {
-    const bool isFamiliar = hasOurName_ || common_ * 3 >= characters_ * 2;
-    return isNearlyAllGbk() && isFamiliar ? gbk : western;
+    return hasOurName_ || (isNearlyAllGbk() && common_ * 3 >= characters_ * 2) ? gbk : western;
 }
 
 /// With hardly a common character the texts are western ones.

@@ -16,8 +16,8 @@ class CodePageSurvey {
     /// A name of a table or column: those that our own albums give to theirs say much.
     void addName(Bytes name);
 
-    /// GBK's number, 936, when the texts beyond ASCII are GBK, but for a few that were cut or are of another kind, and
-    /// most of their characters are common ones, or a column has a name of ours. 1252 otherwise: two letters with
+    /// GBK's number, 936, when a column has a name of ours, or when the texts beyond ASCII are GBK, but for a few that
+    /// were cut or are of another kind, and most of their characters are common ones. 1252 otherwise: two letters with
     /// accents seldom follow one another there.
     int codePage() const;
     /// Whether a person should have a look: the texts could be either.

@@ -60,6 +60,7 @@ ConversionFiles::ConversionFiles(const QString& catalogue, ConversionNames names
 }
 
 void ConversionFiles::begin() const {
+    if (!isThere(catalogue_)) throw Error(u"旧像册“%1”不见了，不能转换。"_s.arg(catalogue_));
     if (!isWritableNow(folder_))
         throw Error(
             u"像册所在的文件夹“%1”不能写入，不能%2。请把整个文件夹复制到可以写入的地方。"_s.arg(folder_, names_.deed));
@@ -95,7 +96,13 @@ void ConversionFiles::close() const {
 QString ConversionFiles::swap() const {
     QString old = keepOld();
     syncFolderToDisk(folder_);
-    rename(whole_, catalogue_);
+    try {
+        rename(whole_, catalogue_);
+    } catch (const Error&) {
+        // Where the disk knows no second names the old file has lost its own.
+        if (!isThere(catalogue_)) attempt([&] { rename(old, catalogue_); });
+        throw;
+    }
     syncFolderToDisk(folder_);
     return old;
 }

@@ -29,15 +29,15 @@ class ConversionFiles {
     const QString& half() const { return half_; }
     const QString& whole() const { return whole_; }
 
-    /// Removes what an earlier conversion has left. Throws `Error` when there is no place for a new file beside the old
-    /// one, or too little.
+    /// Removes what an earlier conversion has left, unless the old file has no name: then that is all there is. Throws
+    /// `Error` in that case, and when there is no place for a new file beside the old one, or too little.
     void begin() const;
     /// Removes the half file. Does not throw.
     void giveUp() const;
     /// The half file, which nothing has open, is whole, and gets its name on the disk. Throws `Error`.
     void close() const;
     /// Gives the old file its second name, and the new one the first. Returns the second name. Throws `Error`; the old
-    /// file has one of its names then.
+    /// file has its first name again then, where the disk allows it.
     QString swap() const;
     /// Gives the new file a free name with the day instead, and returns that. Throws `Error`.
     QString leave() const;

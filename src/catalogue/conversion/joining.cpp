@@ -17,6 +17,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int percentOfTaking = 70;
+const QString becomesAlbum = u"成为图册 %1《"_s;
 
 struct OldButton {
     QString code;
@@ -75,14 +76,14 @@ class Joining {
 
     RunReport run(RunWatch& watch) {
         SecondReading second(order_.old);
-        std::vector<RunItem> notes = lostParts(old_);
+        notes_ = lostParts(old_);
         prepare();
-        std::ranges::move(notes_, std::back_inserter(notes));
         const auto change = [this](const QString& column, const QString& text) {
             return column == u"编号" ? newCodes(text) : text;
         };
         RunReport report = AlbumTaking(old_, ours_, taken_, percentOfTaking, change).run(watch);
-        report.items.insert(report.items.begin(), notes.begin(), notes.end());
+        if (!report.cameToEnd) attempt([&] { dropEmptyAlbums(); });
+        report.items.insert(report.items.begin(), notes_.begin(), notes_.end());
         if (report.cameToEnd && !report.stopped) verify(second.take(), report, watch);
         return report;
     }
@@ -105,7 +106,7 @@ class Joining {
         makeRoomFor(old_, album.table, ours_, album.name);
         taken_.push_back({album.table, album.name, old_.OpenRecordset(allRecordsSql(album.table)).rowCount()});
         names_[(album.isListed ? album.listedAs : album.table).toLower()] = album.name;
-        notes_.push_back(noteAbout(album.table, u"成为图册 %1《%2》"_s.arg(album.name, title)));
+        notes_.push_back(noteAbout(album.table, becomesAlbum.arg(album.name) + title + u'》'));
     }
 
     void takeButton(const OldButton& button) {
@@ -132,19 +133,54 @@ class Joining {
         rows.Update();
     }
 
+    /// What the run did not reach is not there: a second try would make it once more.
+    void dropEmptyAlbums() {
+        Transaction together(ours_);
+        for (const TakenAlbum& album : taken_) {
+            if (album.records == 0 || ours_.OpenRecordset(allRecordsSql(album.album)).rowCount() > 0) continue;
+            ours_.Execute(u"DROP TABLE ["_s + album.album + u']');
+            ours_.Execute(u"DELETE FROM tcbm WHERE 表名 = "_s + quoted(album.album));
+            dropFromButtons(album.album);
+            std::erase_if(notes_, [start = becomesAlbum.arg(album.album)](const RunItem& note) {
+                return note.reason.startsWith(start);
+            });
+            notes_.push_back(noteAbout(album.table, u"没有做到，图册没有建立"_s));
+        }
+        together.commit();
+    }
+
+    void dropFromButtons(const QString& album) {
+        for (Recordset buttons = ours_.OpenRecordset(u"tcan"_s); !buttons.Eof(); buttons.MoveNext()) {
+            const QString offered = buttons.Fields(u"图册"_s).Value().textOr();
+            if (!offersAlbum(offered, album)) continue;
+            buttons.Edit();
+            buttons.Fields(u"图册"_s).SetValue(withoutAlbum(offered, album));
+            buttons.Update();
+        }
+    }
+
     QString newCodes(QString codes) const {
         for (QChar& code : codes) code = codes_.value(code, code);
         return codes;
     }
 
     void verify(const Database& again, RunReport& report, RunWatch& watch) {
+        const QList<qsizetype> failed = report.placesOf({Fate::failed});
         std::vector<TablePair> pairs;
-        for (const TakenAlbum& album : taken_) pairs.push_back({album.table, album.album});
+        qsizetype start = 0;
+        for (const TakenAlbum& album : taken_) {
+            TablePair pair{album.table, album.album};
+            for (const qsizetype place : failed)
+                if (place >= start && place < start + album.records) pair.skipped << int(place - start);
+            start += album.records;
+            pairs.push_back(std::move(pair));
+        }
         Verification verification(again, ours_, pairs);
         report.stopped = !verification.run(watch, percentOfTaking);
         report.verified = verification.verified();
         if (!verification.difference().isEmpty())
             report.failure = u"核对时发现：%1。磁盘或内存可能有毛病。"_s.arg(verification.difference());
+        report.cameToEnd = !report.stopped && report.failure.isEmpty();
     }
 
     const JoinOrder& order_;

@@ -42,8 +42,8 @@ QStringList listedTables(const std::vector<OldAlbum>& albums) {
 
 std::vector<OldAlbum> listedAlbums(const Database& old) {
     std::vector<OldAlbum> albums;
+    if (!hasDirectory(old)) return albums;
     const QString directory = tableNamed(old, u"tcbm"_s);
-    if (directory.isEmpty() || !hasColumn(old, directory, u"表名"_s)) return albums;
     const bool inOrder = hasColumn(old, directory, u"序号"_s);
     for (Recordset rows = old.OpenRecordset(allRecordsSql(directory, inOrder ? u"序号"_s : QString())); !rows.Eof();
          rows.MoveNext()) {
@@ -61,7 +61,8 @@ std::vector<OldAlbum> listedAlbums(const Database& old) {
 }
 
 bool canBeName(const QString& name) {
-    return name.size() == tableNameLength && !fixedTables().contains(name, Qt::CaseInsensitive) &&
+    return name.size() == tableNameLength && name.front().isLetter() &&
+           !fixedTables().contains(name, Qt::CaseInsensitive) &&
            std::ranges::all_of(name, [](QChar sign) { return sign.isLetterOrNumber(); });
 }
 
@@ -79,6 +80,11 @@ QString freeAlbumName(const QStringList& taken) {
     for (int number = 1; number <= mostAlbums; ++number)
         if (QString name = albumTableName(number); !taken.contains(name, Qt::CaseInsensitive)) return name;
     throw Error(u"图册太多，没有空余的表名了。"_s);
+}
+
+bool hasDirectory(const Database& old) {
+    const QString directory = tableNamed(old, u"tcbm"_s);
+    return !directory.isEmpty() && hasColumn(old, directory, u"表名"_s);
 }
 
 bool isOldCatalogue(const Database& database) {

@@ -19,6 +19,9 @@ struct OldAlbum {
 /// Whether a database of another format is a catalogue of albums: it has a directory of them, or an album.
 bool isOldCatalogue(const Database& database);
 
+/// Whether it has a directory that can be read: only then it may have no album at all.
+bool hasDirectory(const Database& old);
+
 /// All albums: those of the directory in its order, and then those that it does not list. They have their names.
 std::vector<OldAlbum> oldAlbums(const Database& old);
 

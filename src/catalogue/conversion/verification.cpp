@@ -33,7 +33,12 @@ Fingerprint Verification::printAt(const Recordset& secondReading, int row) const
     Fingerprint print;
     attempt([&] {
         const StoredValue value = secondReading.storedAt(row, picture);
-        if (!value.isNull()) print = read(value);
+        if (!value.isNull()) {
+            print = read(value);
+            return;
+        }
+        const FieldValue inTheRow = secondReading.valueAt(row, picture);
+        if (const auto* bytes = std::get_if<QByteArray>(&inTheRow.storage())) print = fingerprintOf(*bytes);
     });
     return print;
 }
@@ -48,14 +53,16 @@ bool Verification::run(RunWatch& watch, int begun) {
 bool Verification::compare(const TablePair& pair, RunWatch& watch) {
     const Recordset old = secondReading_.OpenRecordset(pair.source.isEmpty() ? allRecordsSql(pair.old) : pair.source);
     const Recordset target = target_.OpenRecordset(allRecordsSql(pair.target));
-    if (old.rowCount() != target.rowCount())
-        difference_ =
-            u"表 %1 有 %2 条记录，第二次读取有 %3 条"_s.arg(pair.target).arg(target.rowCount()).arg(old.rowCount());
+    const int expected = old.rowCount() - int(pair.skipped.size());
+    if (expected != target.rowCount())
+        difference_ = u"表 %1 有 %2 条记录，第二次读取有 %3 条"_s.arg(pair.target).arg(target.rowCount()).arg(expected);
     const int rows = hasPictures(secondReading_, pair.old) && hasPictures(target_, pair.target) ? target.rowCount() : 0;
+    int oldRow = 0;
     for (int row = 0; row < rows && difference_.isEmpty();) {
         Transaction kept(target_);
-        for (const int end = std::min(row + rowsInAChange, rows); row < end && difference_.isEmpty(); ++row) {
-            difference_ = differenceAt(old, target, row, pair);
+        for (const int end = std::min(row + rowsInAChange, rows); row < end && difference_.isEmpty(); ++row, ++oldRow) {
+            while (pair.skipped.contains(oldRow)) ++oldRow;
+            difference_ = differenceAt(old, oldRow, target, row, pair);
             if (!difference_.isEmpty())
                 difference_ = u"表 %1 第 %2 条记录的图片%3"_s.arg(pair.target).arg(row + 1).arg(difference_);
             ++progress_.done;
@@ -68,14 +75,15 @@ bool Verification::compare(const TablePair& pair, RunWatch& watch) {
     return true;
 }
 
-QString Verification::differenceAt(const Recordset& old, const Recordset& target, int row, const TablePair& pair) {
+QString Verification::differenceAt(const Recordset& old, int oldRow, const Recordset& target, int row,
+                                   const TablePair& pair) {
     const StoredValue stored = target.storedAt(row, picture);
-    const Fingerprint expected = printAt(old, row);
+    const Fingerprint expected = printAt(old, oldRow);
     if (stored.isNull() != expected.sha256.isEmpty()) return u"与原来的不同"_s;
     if (stored.isNull()) return {};
     progress_.bytes += stored.size();
     if (fingerprintOf(stored) != expected) return u"与原来的不同"_s;
-    PictureHashes(target_).note(stored, kept(pair, row, old.storedAt(row, picture), expected));
+    PictureHashes(target_).note(stored, kept(pair, oldRow, old.storedAt(oldRow, picture), expected));
     verified_ += pair.isAlbum ? 1 : 0;
     return {};
 }

@@ -5,6 +5,7 @@
 #include "catalogue/runs/run_watch.h"
 #include "platform/database/records/database.h"
 
+#include <QSet>
 #include <vector>
 
 /// Two tables that are to hold the same records.
@@ -12,7 +13,8 @@ struct TablePair {
     QString old;
     QString target;
     bool isAlbum = true;
-    QString source = {};  ///< The statement that lists the records of the old one; empty for all.
+    QString source = {};     ///< The statement that lists the records of the old one; empty for all.
+    QSet<int> skipped = {};  ///< Records of that list, from 0, that are not in the new one.
 };
 
 /// Reads everything in the column 图片 of some tables back from a new catalogue, and compares it with a second reading
@@ -40,7 +42,7 @@ class Verification {
 
   private:
     bool compare(const TablePair& pair, RunWatch& watch);
-    QString differenceAt(const Recordset& old, const Recordset& target, int row, const TablePair& pair);
+    QString differenceAt(const Recordset& old, int oldRow, const Recordset& target, int row, const TablePair& pair);
     Fingerprint printAt(const Recordset& secondReading, int row) const;
 
     const Database& secondReading_;

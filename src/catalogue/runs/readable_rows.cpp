@@ -52,7 +52,7 @@ qint64 ReadableRows::findBehind(const Database& source, qint64 identity, std::ve
 void ReadableRows::lookFor(const Database& source) {
     isListed_ = true;
     qint64 last = -farthest;
-    QString lastKey;
+    std::optional<QString> lastKey;
     for (int most = mostAtOnce;;) {
         std::vector<Row> found;
         const bool isRead = attempt([&] { found = rowsBehind(source, last, most); });
@@ -63,7 +63,7 @@ void ReadableRows::lookFor(const Database& source) {
         if (!isRead) {
             if (last < 0) last = 0;
             findBehind(source, last, found);
-            noteGap(lastKey, found.empty() ? QString() : found.front().key);
+            noteGap(lastKey, found.empty() ? std::nullopt : std::optional(found.front().key));
             most = mostAtOnce;
         }
         if (found.empty()) break;
@@ -74,13 +74,15 @@ void ReadableRows::lookFor(const Database& source) {
     if (rows_.empty()) throw Error(u"表“%1”已损坏，其中没有能读取的记录。"_s.arg(table_));
 }
 
-void ReadableRows::noteGap(const QString& before, const QString& behind) {
-    const auto named = [this](const QString& key) { return u"“%1＝%2”"_s.arg(keyField_, key); };
-    if (before.isEmpty() && behind.isEmpty())
+void ReadableRows::noteGap(const std::optional<QString>& before, const std::optional<QString>& behind) {
+    const auto named = [this](const std::optional<QString>& key) {
+        return u"“%1＝%2”"_s.arg(keyField_, key->isEmpty() ? u"（空）"_s : *key);
+    };
+    if (!before && !behind)
         missing_ << u"所有记录都已损坏，不能读取"_s;
-    else if (before.isEmpty())
+    else if (!before)
         missing_ << named(behind) + u"之前的记录已损坏，不能读取"_s;
-    else if (behind.isEmpty())
+    else if (!behind)
         missing_ << named(before) + u"之后的记录已损坏，不能读取"_s;
     else
         missing_ << named(before) + u"与"_s + named(behind) + u"之间的记录已损坏，不能读取"_s;

@@ -3,6 +3,7 @@
 #include "platform/database/records/database.h"
 
 #include <QStringList>
+#include <optional>
 #include <vector>
 
 /// The records of a source table that can be read, where the table is damaged. A page of the file that is damaged costs
@@ -32,7 +33,8 @@ class ReadableRows {
     std::vector<Row> rowsBehind(const Database& source, qint64 identity, int most) const;
     qint64 findBehind(const Database& source, qint64 identity, std::vector<Row>& found) const;
     void lookFor(const Database& source);
-    void noteGap(const QString& before, const QString& behind);
+    /// Between two keys; none: there is no record that can be read.
+    void noteGap(const std::optional<QString>& before, const std::optional<QString>& behind);
     void takeNotes(const Database& source);
 
     QString table_, keyField_;

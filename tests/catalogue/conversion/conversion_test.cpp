@@ -2,15 +2,19 @@
 
 #include "../../platform/database/jet_files.h"
 #include "../../support/disk_faults.h"
+#include "../../support/failing_disk.h"
 #include "../../support/run_all.h"
 #include "../../support/sample_catalogue.h"
+#include "catalogue/album_rules.h"
 #include "catalogue/album_tables.h"
 #include "catalogue/conversion/conversion_files.h"
+#include "catalogue/conversion/joining.h"
 #include "catalogue/mektp.h"
 #include "catalogue/picture_hashes.h"
 #include "catalogue/table_shape.h"
 #include "jet_maker/old_catalogue.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <QBuffer>
@@ -54,6 +58,19 @@ jet::OldCatalogue wholeCatalogue() {
 QByteArray unwrapped(const QByteArray& stored) {
     return stored.startsWith("\x15\x1C") ? pictureBytes({40, 30}, Qt::red, "BMP") : stored;
 }
+
+/// No file gets a second name while this is set, as on disks that know no links.
+bool knowsNoLinks = false;
+
+}  // namespace
+
+extern "C" int link(const char* from, const char* to) noexcept {
+    if (!knowsNoLinks) return ::linkat(AT_FDCWD, from, AT_FDCWD, to, 0);
+    errno = EPERM;
+    return -1;
+}
+
+namespace {
 
 class TestConversion : public QObject {
     Q_OBJECT
@@ -176,6 +193,78 @@ class TestConversion : public QObject {
         QCOMPARE(hashed, 6);
     }
 
+    /// Nothing takes the place of albums that are there, but cannot be read.
+    void albumsAreNotLostInSilence() {
+        QList<jet::Table> whole = jet::oldCatalogueTables({}), lost = whole, garbled = whole;
+        jet::tableOf(lost, u"tcbm"_s).rows << jet::Row{1, u"tc01"_s, u"旅行"_s, QVariant()};
+        jet::tableOf(garbled, u"tcbm"_s).columns[1].name = u"±íÃû"_s;
+        converted(whole);
+        QVERIFY2(report_.cameToEnd, qPrintable(report_.failure));
+        for (const auto& tables : {lost, garbled})
+            QVERIFY(failureOf([&] { converted(tables); }).contains(u"没有一个图册能够读取"_s));
+    }
+
+    /// The picture of a short binary column, and a name that is a number.
+    void unusualAlbumsAreTaken() {
+        QList<jet::Table> tables = jet::oldCatalogueTables(wholeCatalogue());
+        jet::Table& album = jet::tableOf(tables, u"tc03"_s);
+        const auto pictures = std::ranges::find(album.columns, u"图片"_s, &jet::Column::name);
+        const qsizetype place = pictures - album.columns.begin();
+        *pictures = {u"图片"_s, jet::Type::binary, 100};
+        album.rows[0][place] = QByteArray("BM of a few bytes\0\0", 19);
+        album.rows[1][place] = QVariant();
+        album.name = u"2003"_s;
+        jet::tableOf(tables, u"tcbm"_s).rows[3][1] = u"2003"_s;
+        const Database made = converted(tables);
+        QVERIFY2(report_.cameToEnd, qPrintable(report_.failure));
+        QVERIFY(notes().join(u'\n').contains(u"2003：这个表名不能使用，改为 tc03"_s));
+        QVERIFY(made.OpenRecordset(u"tc03"_s).Fields(u"图片"_s).Value().toBytes().startsWith("BM of a few bytes"));
+        QCOMPARE(report_.verified, 8);
+    }
+
+    /// A record that fails is passed over; the others are compared with their own.
+    void joiningPassesOver() {
+        const FailingDisk disk;
+        struct Watch : RunWatch {
+            explicit Watch(FailingDisk& disk) : disk_(disk) {}
+            bool progress(const RunProgress& progress) override {
+                if (progress.done == 1 && !std::exchange(hasFailed_, true))
+                    disk_.writing = {.code = SQLITE_FULL, .reason = ENOSPC, .calls = 2};
+                return true;
+            }
+            bool passesOver(const RunItem&) override { return true; }
+
+          private:
+            FailingDisk& disk_;
+            bool hasFailed_ = false;
+        } watch(const_cast<FailingDisk&>(disk));
+        const QString from = files_->write(u"old.mdb"_s, jet::database(jet::oldCatalogueTables(wholeCatalogue())));
+        report_ = joinCatalogue({from, sample_->file(u"lunq.mdb"_s)}, watch);
+        QVERIFY(report_.has(Fate::failed));
+        QVERIFY2(report_.cameToEnd && report_.failure.isEmpty(), qPrintable(report_.failure));
+        QCOMPARE(report_.verified, 7);
+    }
+
+    /// What it did not reach can be tried once more, and comes in once.
+    void stoppedJoiningLeavesNoEmptyAlbums() {
+        struct : RunWatch {
+            bool progress(const RunProgress&) override { return false; }
+        } stopping;
+        const QString from = files_->write(u"old.mdb"_s, jet::database(jet::oldCatalogueTables(wholeCatalogue())));
+        const QString ours = sample_->file(u"lunq.mdb"_s);
+        const QStringList before = textsOf(OpenDatabase(ours), u"tcbm"_s, u"标题"_s);
+        report_ = joinCatalogue({from, ours}, stopping);
+        QVERIFY(report_.stopped && !report_.cameToEnd);
+        const Database database = OpenDatabase(ours);
+        const QStringList titles = textsOf(database, u"tcbm"_s, u"标题"_s).mid(before.size());
+        QCOMPARE(titles, (QStringList{u"旅行2"_s, u"空册2"_s}));  // one picture, and that which has none
+        QVERIFY(notes().join(u'\n').contains(u"tc03：没有做到，图册没有建立"_s));
+        const QStringList albums = albumTables(database);
+        for (const QString& offered : textsOf(database, u"tcan"_s, u"图册"_s))
+            for (const QString& name : tablesOfButton(offered == u"NULL"_s ? QString() : offered))
+                QVERIFY2(albums.contains(name), qPrintable(name));
+    }
+
     void oddTablesAreTakenAsFarAsTheyGo() {
         using jet::Type;
         QList<jet::Table> tables = jet::oldCatalogueTables(wholeCatalogue());
@@ -288,6 +377,19 @@ class TestConversion : public QObject {
         }
         QVERIFY2(told.contains(path(u"c.mdb"_s)), qPrintable(told));
         QCOMPARE(content(from), bytes);
+    }
+
+    /// On a disk without second names the old file is never without a name, nor is the whole new one removed then.
+    void failedRenamingTakesNothingAway() {
+        const QString catalogue = files_->write(u"lunq.mdb"_s, "old");
+        const ConversionFiles files(catalogue);
+        knowsNoLinks = true;
+        const auto links = qScopeGuard([] { knowsNoLinks = false; });
+        QVERIFY_THROWS_EXCEPTION(Error, files.swap());  // there is no new one
+        QCOMPARE(content(catalogue), QByteArray("old"));
+        QVERIFY(QFile::rename(catalogue, files.whole()));
+        QVERIFY_THROWS_EXCEPTION(Error, files.begin());
+        QCOMPARE(content(files.whole()), QByteArray("old"));
     }
 
     /// Where a kill may leave the folder, and what the next start makes of it.
