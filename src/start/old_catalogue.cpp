@@ -4,9 +4,11 @@
 #include "catalogue/conversion/conversion_files.h"
 #include "catalogue/conversion/old_albums.h"
 #include "catalogue/mektp.h"
+#include "intake/databases/source_boxes.h"
 #include "platform/base/error.h"
 #include "platform/base/file_lock.h"
 #include "platform/base/files.h"
+#include "platform/database/foreign/foreign_copy.h"
 #include "platform/desktop/message_box.h"
 #include "start/first_catalogue.h"
 #include "start/run_window.h"
@@ -19,6 +21,14 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 const RunWords words{.deed = u"转换"_s, .field = u"记录"_s};
+
+/// Texts that could be either Chinese or western are read as the person says.
+void settleTexts() {
+    const std::optional<int> codePage = askCodePage(nullptr, ReadingNotes(mekTp::catalogue));
+    if (!codePage) return;
+    chooseCodePage(mekTp::cataloguePath(), *codePage);
+    mekTp::openCatalogue();
+}
 
 bool wantsConversion(const ConversionFiles& files) {
     constexpr int converts = 0, leaves = 1;
@@ -62,6 +72,7 @@ bool convert(const ConversionFiles& files) {
 
 OldCatalogue askAboutOldCatalogue() {
     if (!mekTp::catalogue.isOpen() || !isOldCatalogue(mekTp::catalogue)) return OldCatalogue::none;
+    runHandler(nullptr, settleTexts);
     const ConversionFiles files(mekTp::cataloguePath());
     while (wantsConversion(files)) {
         bool isDone = false;

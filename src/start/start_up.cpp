@@ -1,5 +1,6 @@
 #include "start/start_up.h"
 
+#include "catalogue/conversion/old_albums.h"
 #include "catalogue/mektp.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
@@ -24,7 +25,8 @@ bool isMissing(const QString& path) {
 /// A database of another program holds neither albums nor settings; one of ours that has lost them is damaged at most.
 void requireCatalogue(const Database& database) {
     const QStringList tables = database.TableDefs();
-    const bool isCatalogue = database.isOurs() || tables.contains(u"tcbm"_s, Qt::CaseInsensitive) ||
+    const bool isCatalogue = database.isOurs() || isOldCatalogue(database) ||
+                             tables.contains(u"tcbm"_s, Qt::CaseInsensitive) ||
                              tables.contains(u"tcsz"_s, Qt::CaseInsensitive);
     if (!isCatalogue)
         throw Error(u"数据库文件“%1”不能使用：它是其他软件的数据库，其中没有图册。"_s.arg(database.Name()));

@@ -93,7 +93,7 @@ class TestJetIntake : public QObject {
         QTest::mouseClick(&window.fieldBox(4), Qt::LeftButton);
         QTest::keyClick(&window.fieldBox(4), Qt::Key_Delete);
         window.click(u"cmdLr"_s);
-        window.expect({.hidden = u"grdYl"_s});
+        window.expect({.hidden = u"grdYl"_s, .disabled = u"fil1"_s});
         QCOMPARE(window.copyAll().last(), entered(3));
         QCOMPARE(columnOf(u"tc02"_s, u"规格"_s).mid(1), (QStringList{u"160*120"_s, u"90*60"_s}));
         choose();
@@ -113,6 +113,19 @@ class TestJetIntake : public QObject {
         QVERIFY(window.said().value(0).startsWith(u"目标表的字段长度小于源表的字段长度"_s));
         QCOMPARE(window.mapping().last(), QString());
         window.expect({.texts = {{u"cmdLr"_s, u"对应完成"_s}}});
+    }
+
+    /// The sign of the index field goes with its line when 全部对应 does not fit.
+    void droppedProposalsLeaveNoSign() {
+        DatabaseWindow window;
+        window.source.Execute(
+            u"CREATE TABLE shots ([caption] TEXT(20),[no] LONG,[a] LONG,[b] LONG,[c] LONG,[d] LONG,[e] LONG)"_s);
+        window.addRow(u"shots"_s, {{u"no"_s, 1}, {u"caption"_s, u"short"_s}});
+        window.chooseTable(u"tc02"_s, 1, u"shots"_s);
+        window.expect({.texts = {{u"lbl14"_s, u"索引字段名：no"_s}}});
+        window.click(u"cmdQx"_s);
+        QCOMPARE(window.said(), QStringList{u"字段类型不对应，无法继续！"_s});
+        window.expect({.texts = {{u"txtYb(0)"_s, QString()}, {u"lbl14"_s, u"索引字段名："_s}}});
     }
 
     /// Both ways to read the texts are shown once; the choice is kept for the file, and can be changed.
@@ -141,8 +154,11 @@ class TestJetIntake : public QObject {
             QVERIFY(isChinese());
             window.said();
         }
+        window.clickLine(u"lstSb"_s, u"t"_s);
+        window.expect({.texts = {{u"lbl13"_s, u"源表：t"_s}}});
         window.get<QAction>(u"mnuBm"_s).trigger();
         QVERIFY(!isChinese());
+        window.expect({.hidden = u"cmdLr"_s, .texts = {{u"lbl13"_s, QString()}, {u"lbl14"_s, QString()}}});
     }
 
     /// A damaged table is marked; what it still has comes in after one question, and the report names what is lost.

@@ -40,8 +40,9 @@ class TestOldCatalogue : public QObject {
         return names;
     }
 
-    void put(const QList<jet::Table>& tables) {
-        old_ = jet::database(tables);
+    void put(const QList<jet::Table>& tables) { put(jet::database(tables)); }
+    void put(const QByteArray& old) {
+        old_ = old;
         QFile catalogue(file(u"lunq.mdb"_s));
         QVERIFY(catalogue.open(QIODevice::WriteOnly) && catalogue.write(old_) == old_.size());
     }
@@ -117,6 +118,36 @@ class TestOldCatalogue : public QObject {
         said_.clear();
         QVERIFY(StartUp().isReady());
         QCOMPARE(said_, QStringList());
+    }
+
+    /// Western texts among the Chinese ones of a file that says to be western: the person has a look.
+    void doubtfulTextsAreShown() {
+        QList<jet::Table> western = tables();
+        for (jet::Table& table : western)
+            for (jet::Column& column : table.columns)
+                if (QStringList{u"序号"_s, u"编号"_s, u"大小"_s, u"规格"_s, u"日期"_s, u"图片"_s, u"备注"_s}.contains(
+                        column.name))
+                    column.name += u'X';
+        jet::tableOf(western, u"tcbm"_s).rows[0][2] = QByteArray("caf\xe9");
+        QByteArray bytes = jet::database(western, {.version = jet::Version::jet3});
+        constexpr qsizetype place = 0x3C;
+        for (const int at : {0, 1}) bytes[place + at] = char(bytes[place + at] ^ (936 ^ 1252) >> 8 * at);
+        put(bytes);
+        answers_ = QStringList{u"中文"_s, u"转换"_s};
+        QVERIFY(!StartUp().isReady());
+        QVERIFY2(said_.value(0).contains(u"读得通的是哪一种"), qPrintable(said_.value(0)));
+        QVERIFY(said_.value(1).contains(u"旧版的像册"));
+        // No column has the name of a picture: there is nothing to convert.
+        QVERIFY2(said_.value(2).contains(u"没有一个图册能够读取"), qPrintable(said_.value(2)));
+        QCOMPARE(files(), QStringList(u"lunq.mdb"_s));
+    }
+
+    void albumsAloneAreACatalogue() {
+        QList<jet::Table> albums = tables();
+        albums.removeIf([](const jet::Table& table) { return table.name == u"tcbm" || table.name == u"tcsz"; });
+        put(albums);
+        QVERIFY(!StartUp().isReady());
+        QVERIFY2(said_.value(0).contains(u"旧版的像册"), qPrintable(said_.value(0)));
     }
 
     /// It is told why, and the question comes again.

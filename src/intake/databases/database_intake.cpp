@@ -82,15 +82,21 @@ void DatabaseIntake::fileClicked() {
 }
 
 void DatabaseIntake::openDatabase(const QString& path) {
-    flow_.setSource(path, {});
+    if (choosesRows_) showTarget();
     flow_.setTarget(mekTp::cataloguePath(), flow_.targetTable());
-    Q_EMIT fillingOffered(false);
-    signs_.clearSourceTable();
-    signs_.clearIndexField();
+    forgetTable(path);
     readDatabase(path);
     askAboutTexts(path);
     signs_.tellSourceFile(path);
     sayDamage(frame_.form, ReadingNotes(mapping_.sourceDatabase()));
+}
+
+/// No table of the database is chosen.
+void DatabaseIntake::forgetTable(const QString& path) {
+    flow_.setSource(path, {});
+    Q_EMIT fillingOffered(false);
+    signs_.clearSourceTable();
+    signs_.clearIndexField();
 }
 
 void DatabaseIntake::readDatabase(const QString& path) {
@@ -108,7 +114,7 @@ void DatabaseIntake::readDatabase(const QString& path) {
 
 void DatabaseIntake::askAboutTexts(const QString& path) {
     const ReadingNotes notes(mapping_.sourceDatabase());
-    const std::optional<int> codePage = askCodePage(frame_.form, notes);
+    const std::optional<int> codePage = askCodePage(frame_.form, notes, u"（以后打开这个文件不再询问）"_s);
     if (!codePage) return;
     if (*codePage == notes.codePage())
         knownSources::setCodePage(path, *codePage);
@@ -118,6 +124,7 @@ void DatabaseIntake::askAboutTexts(const QString& path) {
 
 void DatabaseIntake::readTextsAs(const QString& path, int codePage) {
     knownSources::setCodePage(path, codePage);
+    forgetTable(path);
     readDatabase(path);
 }
 
@@ -125,7 +132,8 @@ void DatabaseIntake::readTextsOtherwise() {
     if (!inFront() || choosesRows_ || !mapping_.sourceDatabase().isOpen()) return;
     const int codePage = ReadingNotes(mapping_.sourceDatabase()).codePage();
     constexpr int gbk = 936, western = 1252;
-    if (codePage != 0) readTextsAs(flow_.sourceDatabase(), codePage == gbk ? western : gbk);
+    const QString path = flow_.sourceDatabase();
+    if (codePage != 0) readTextsAs(path, codePage == gbk ? western : gbk);
 }
 
 void DatabaseIntake::sayOnlyOne() {

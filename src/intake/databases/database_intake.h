@@ -49,6 +49,7 @@ class DatabaseIntake : public QObject {
   private:
     bool inFront() const;
     void openDatabase(const QString& path);
+    void forgetTable(const QString& path);
     void readDatabase(const QString& path);
     void askAboutTexts(const QString& path);
     void readTextsAs(const QString& path, int codePage);

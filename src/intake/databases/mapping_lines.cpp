@@ -119,8 +119,10 @@ void MappingPanel::proposeField(std::size_t index, const QString& field) {
 }
 
 void MappingPanel::dropProposals() {
+    const bool isIndexDropped = lines_[0].isProposed;
     for (Line& line : lines_)
         if (std::exchange(line.isProposed, false)) line.txtYb->clear();
+    if (isIndexDropped) markIndexField();
 }
 
 /// Asks about fields that are too long as if they had been picked one by one. One that is refused is to be picked anew.
@@ -129,6 +131,7 @@ bool MappingPanel::proposalsAreAccepted() {
     for (std::size_t i = 0; i < target_.size(); ++i) {
         if (!std::exchange(lines_[i].isProposed, false) || isAccepted(txtYb(i)->text(), target_[i].name)) continue;
         txtYb(i)->clear();
+        if (i == 0) markIndexField();
         areAll = false;
     }
     return areAll;

@@ -289,6 +289,7 @@ void MappingPanel::finishMapping() {
     if (!forTransfer() && replaces && replaces()) requireKeyColumn(target_, flow_.targetTable(), txtYb(0)->text());
     hideFieldList();
     if (!proposalsAreAccepted()) return;
+    if (!forTransfer()) browser_.enableFiles(false);
     readMapping();
     if (mappedFieldCount_ == 0 &&
         !ask(frame_.form, u"只选择了一个对应字段，可能会造成数据不全。\n\n如果继续，请按《确定》；否则按《取消》。"_s))

@@ -5,7 +5,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-std::optional<int> askCodePage(QWidget* parent, const ReadingNotes& notes) {
+std::optional<int> askCodePage(QWidget* parent, const ReadingNotes& notes, const QString& promise) {
     if (notes.samples().isEmpty()) return {};
     QStringList chinese, western;
     for (const ReadingNotes::Sample& sample : notes.samples()) {
@@ -14,8 +14,7 @@ std::optional<int> askCodePage(QWidget* parent, const ReadingNotes& notes) {
     }
     const QString text =
         u"这个数据库没有说明其中的文字用的是哪种编码。同样的文字，按两种编码读出来是：\n\n"
-        "中文：%1\n\n西文：%2\n\n读得通的是哪一种？（以后打开这个文件不再询问）"_s.arg(chinese.join(u" / "_s),
-                                                                                       western.join(u" / "_s));
+        "中文：%1\n\n西文：%2\n\n读得通的是哪一种？%3"_s.arg(chinese.join(u" / "_s), western.join(u" / "_s), promise);
     constexpr int isChinese = 0, isWestern = 1;
     const int answer = choose(parent, text, {u"中文"_s, u"西文"_s}, isChinese, isWestern);
     constexpr int gbk = 936, latin = 1252;

@@ -78,6 +78,9 @@ void WholeCatalogue::finish(const RunReport& report) {
     for (const Album& album : allAlbums(mekTp::catalogue))
         if (!before_.contains(album.table)) frame_.albums.addLine(albumLine(album.table, album.title));
     Q_EMIT over();
-    say(frame_.form, u"转换完成！  %1。"_s.arg(outcomeText(report, words)), BoxIcon::information);
+    const bool isDone = report.cameToEnd && !report.stopped && report.failure.isEmpty();
+    QString text = (isDone ? u"转换完成！  %1。"_s : u"转换没有做完。  %1。"_s).arg(outcomeText(report, words));
+    if (!report.failure.isEmpty()) text += u"\n\n"_s + report.failure;
+    say(frame_.form, text, isDone ? BoxIcon::information : BoxIcon::exclamation);
     frame_.runBar.tellReport(report, words, nullptr);
 }

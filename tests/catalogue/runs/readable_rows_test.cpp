@@ -107,15 +107,6 @@ class TestReadableRows : public QObject {
         QCOMPARE(source.OpenRecordset(readable.sql(u"序号"_s)).rowCount(), records - (behind - before - 1));
     }
 
-    void aRecordWithoutKeyEndsAGap() {
-        const SampleCatalogue catalogue;
-        const QString path = makeAlbum(catalogue.file(u"damaged.mdb"_s));
-        OpenDatabase(path).Execute(u"UPDATE tc01 SET 序号 = Null"_s);
-        spoil(path, remark(300).toLatin1());
-        const ReadableRows readable(OpenDatabase(path), u"tc01"_s, u"序号"_s);
-        QCOMPARE(readable.missing(), QStringList{u"“序号＝（空）”与“序号＝（空）”之间的记录已损坏，不能读取"_s});
-    }
-
     /// Bytes that are a picture, but not the one that was stored.
     void aChangedPictureIsLeftOut() {
         const SampleCatalogue catalogue;
