@@ -17,8 +17,8 @@ class Windows {
     /// Shows `to`, and unloads `from` once the calling handler has returned: only one large window is open at a time.
     virtual void handOver(WindowKind from, WindowKind to) = 0;
 
-    /// Hands over from the main window to the settings window, which takes the pictures in: for the album of a table, or
-    /// for one that is chosen there when it is empty.
+    /// Hands over from the main window to the settings window, which takes the pictures in: for the album of a table,
+    /// or for one that is chosen there when it is empty.
     virtual void takeIn(const QString& table, const PictureOffer& offer) = 0;
 
     /// Brings a window to the front, and makes it if it is not there. While another large window is open, asking for
