@@ -128,7 +128,10 @@ class TestOldCatalogue : public QObject {
                 if (QStringList{u"序号"_s, u"编号"_s, u"大小"_s, u"规格"_s, u"日期"_s, u"图片"_s, u"备注"_s}.contains(
                         column.name))
                     column.name += u'X';
-        jet::tableOf(western, u"tcbm"_s).rows[0][2] = QByteArray("caf\xe9");
+        // So many that the characters around them prove nothing.
+        jet::Row text = jet::tableOf(western, u"tcbz"_s).rows[0];
+        text[1] = QByteArray("caf\xe9");
+        for (int row = 0; row < 8; ++row) jet::tableOf(western, u"tcbz"_s).rows << text;
         QByteArray bytes = jet::database(western, {.version = jet::Version::jet3});
         constexpr qsizetype place = 0x3C;
         for (const int at : {0, 1}) bytes[place + at] = char(bytes[place + at] ^ (936 ^ 1252) >> 8 * at);
