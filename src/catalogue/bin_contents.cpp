@@ -94,7 +94,7 @@ std::vector<qint64> withRecordsOfAlbums(const Database& catalogue, const std::ve
         all.insert(all.end(), records.begin(), records.end());
     }
     std::ranges::sort(all);
-    all.erase(std::ranges::unique(all).begin(), all.end());
+    all.erase(std::unique(all.begin(), all.end()), all.end());
     return all;
 }
 

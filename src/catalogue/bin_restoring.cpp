@@ -76,6 +76,7 @@ class Restoring {
     /// The items go, and their pictures stay where they are by now.
     void forget(const std::vector<BinItem>& items) {
         std::vector<OwnRows::Values> ids;
+        ids.reserve(items.size());
         for (const BinItem& item : items) ids.push_back({item.id});
         rows_.runEach(u"UPDATE lunq_bin SET 图片 = NULL WHERE id = ?"_s, ids);
         rows_.runEach(u"DELETE FROM lunq_bin WHERE id = ?"_s, ids);

@@ -64,7 +64,7 @@ bool convert(const ConversionFiles& files) {
     mekTp::catalogue = {};
     FileLock taken;
     taken.take(files.whole());
-    tellReport(report, files.swap());
+    tellReport(report, files.exchange());
     return true;
 }
 

@@ -100,7 +100,7 @@ bool takeOutWhole() {
     }
     FileLock taken;
     taken.take(files.whole());
-    files.swap();
+    files.exchange();
     return true;
 }
 

@@ -93,7 +93,7 @@ void ConversionFiles::close() const {
     syncFolderToDisk(folder_);
 }
 
-QString ConversionFiles::swap() const {
+QString ConversionFiles::exchange() const {
     QString old = keepOld();
     syncFolderToDisk(folder_);
     try {

@@ -38,7 +38,7 @@ class ConversionFiles {
     void close() const;
     /// Gives the old file its second name, and the new one the first. Returns the second name. Throws `Error`; the old
     /// file has its first name again then, where the disk allows it.
-    QString swap() const;
+    QString exchange() const;
     /// Gives the new file a free name with the day instead, and returns that. Throws `Error`.
     QString leave() const;
 

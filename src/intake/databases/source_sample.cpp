@@ -9,6 +9,7 @@
 #include <QBuffer>
 #include <QHeaderView>
 #include <QTableWidget>
+#include <memory>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -29,7 +30,7 @@ QString enlarged(const QImage& image) {
 }
 
 QTableWidgetItem* pictureCell(Recordset& record, const QString& field) {
-    auto* cell = new QTableWidgetItem;
+    auto cell = std::make_unique<QTableWidgetItem>();
     if (const auto picture = pictureFromField(record, field, largePicture)) {
         cell->setData(Qt::DecorationRole,
                       picture->image().scaled(smallPicture, Qt::KeepAspectRatio, Qt::SmoothTransformation));
@@ -38,12 +39,13 @@ QTableWidgetItem* pictureCell(Recordset& record, const QString& field) {
     } else if (record.Fields(field).FieldSize() > 0) {
         cell->setText(u"（不是图片）"_s);
     }
-    return cell;
+    return cell.release();
 }
 
 QTableWidgetItem* cellOf(Recordset& record, const Field& field) {
     if (field.Type() == FieldType::longBinary) return pictureCell(record, field.Name());
-    auto* cell = new QTableWidgetItem(field.Type() == FieldType::binary ? u"（字节）"_s : field.Value().textOr());
+    const QString text = field.Type() == FieldType::binary ? u"（字节）"_s : field.Value().textOr();
+    auto* cell = new QTableWidgetItem(text);
     cell->setToolTip(cell->text());
     return cell;
 }

@@ -385,7 +385,7 @@ class TestConversion : public QObject {
         const ConversionFiles files(catalogue);
         knowsNoLinks = true;
         const auto links = qScopeGuard([] { knowsNoLinks = false; });
-        QVERIFY_THROWS_EXCEPTION(Error, files.swap());  // there is no new one
+        QVERIFY_THROWS_EXCEPTION(Error, files.exchange());  // there is no new one
         QCOMPARE(content(catalogue), QByteArray("old"));
         QVERIFY(QFile::rename(catalogue, files.whole()));
         QVERIFY_THROWS_EXCEPTION(Error, files.begin());
@@ -407,7 +407,7 @@ class TestConversion : public QObject {
         // Killed behind the giving of the second name: it is not given another one.
         QVERIFY(::link(QFile::encodeName(catalogue).constData(),
                        QFile::encodeName(path(u"lunq-旧2.mdb"_s)).constData()) == 0);
-        QCOMPARE(files.swap(), path(u"lunq-旧2.mdb"_s));
+        QCOMPARE(files.exchange(), path(u"lunq-旧2.mdb"_s));
         QCOMPARE(content(catalogue), QByteArray("new"));
         QCOMPARE(content(path(u"lunq-旧2.mdb"_s)), QByteArray("old"));
         QCOMPARE(content(path(u"lunq-旧.mdb"_s)), QByteArray("another"));

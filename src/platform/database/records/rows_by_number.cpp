@@ -46,7 +46,7 @@ void RecordsInTurn::open(std::size_t first) {
     const auto begin = rows_.begin() + qsizetype(first);
     looked_.assign(begin, begin + qsizetype(std::min(mostListed, rows_.size() - first)));
     std::ranges::sort(looked_);
-    looked_.erase(std::ranges::unique(looked_).begin(), looked_.end());
+    looked_.erase(std::unique(looked_.begin(), looked_.end()), looked_.end());
     first_ = first;
     together_ = recordsOfRows(database_, table_, looked_);
     areAllThere_ = std::size_t(together_.rowCount()) == looked_.size();
