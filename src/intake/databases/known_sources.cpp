@@ -26,7 +26,7 @@ QString pathOf(const QString& file) {
 
 QJsonObject noteOf(const QString& file) {
     const QString path = pathOf(file);
-    for (const QJsonValue& note : all())
+    for (const QJsonValue note : all())
         if (note.toObject()[fileKey].toString() == path) return note.toObject();
     return {{fileKey, path}};
 }
@@ -34,7 +34,7 @@ QJsonObject noteOf(const QString& file) {
 /// The last one that was used stands in front.
 void store(const QJsonObject& note) {
     QJsonArray notes{note};
-    for (const QJsonValue& other : all())
+    for (const QJsonValue other : all())
         if (other.toObject()[fileKey] != note[fileKey] && notes.size() < mostFiles) notes.append(other);
     remembered::setText(storedName, QString::fromUtf8(QJsonDocument(notes).toJson(QJsonDocument::Compact)));
 }

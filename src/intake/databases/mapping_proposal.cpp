@@ -168,6 +168,7 @@ std::vector<SourceField> sourceFields(const Database& source, const QString& tab
             });
     });
     std::vector<SourceField> fields;
+    fields.reserve(looks.size());
     for (const FieldLook& look : looks) fields.push_back(look.field());
     return fields;
 }
