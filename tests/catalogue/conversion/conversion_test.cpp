@@ -135,7 +135,7 @@ class TestConversion : public QObject {
         files_ = std::make_unique<JetFiles>();
         sample_ = std::make_unique<SampleCatalogue>();
         addRow(u"tcbz"_s, {{u"编号"_s, u"001"_s}, {u"标题"_s, u"新"_s}});
-        changeRow(u"tcsz"_s, {{u"帮助"_s, u"新的说明书"_s}, {u"处理提示"_s, true}});
+        changeRow(u"tcsz"_s, {{u"帮助"_s, u"新的手册"_s}, {u"处理提示"_s, true}});
         mekTp::catalogue = {};
     }
     void cleanup() {
@@ -180,7 +180,7 @@ class TestConversion : public QObject {
                                             {u"幻灯延时"_s, u"1500"_s},
                                             {u"颜色"_s, u"5"_s},
                                             {u"备份路径"_s, u"D:\\备份\\lunq.mdb"_s},
-                                            {u"帮助"_s, u"新的说明书"_s},
+                                            {u"帮助"_s, u"新的手册"_s},
                                             {u"处理提示"_s, u"True"_s}})
             QCOMPARE(settings.Fields(column).Value().toText(), value);
         const QStringList schemes = textsOf(made, u"tcys"_s, u"方案名"_s);
@@ -311,7 +311,7 @@ class TestConversion : public QObject {
         QVERIFY2(report_.cameToEnd, qPrintable(report_.failure));
         QCOMPARE(textsOf(made, u"tcbm"_s, u"表名"_s), (QStringList{u"tc01"_s, u"tc02"_s, u"tc03"_s}));
         QCOMPARE(textsOf(made, u"tcan"_s, u"编号"_s), QStringList(u"v"_s));
-        QCOMPARE(textsOf(made, u"tcsz"_s, u"帮助"_s), QStringList(u"新的说明书"_s));
+        QCOMPARE(textsOf(made, u"tcsz"_s, u"帮助"_s), QStringList(u"新的手册"_s));
         QVERIFY(made.OpenRecordset(u"tc00"_s).rowCount() > 0);
         QVERIFY(made.OpenRecordset(u"pmtp"_s).rowCount() > 0);
     }
