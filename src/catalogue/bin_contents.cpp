@@ -32,6 +32,7 @@ BinItem itemOf(const OwnRows::Values& row) {
 
 std::vector<OwnRows::Values> lists(const std::vector<qint64>& ids) {
     std::vector<OwnRows::Values> all;
+    all.reserve(ids.size());
     for (const qint64 id : ids) all.push_back({id});
     return all;
 }

@@ -66,12 +66,7 @@ class Conversion {
             if (!old.isEmpty() && rows(old_, old) == rows(target_, table)) pairs.push_back({old, table, false});
         }
         for (const TakenAlbum& album : taken_) pairs.push_back({album.table, album.album});
-        Verification verification(again, target_, pairs);
-        report.stopped = !verification.run(watch, percentOfTaking);
-        report.verified = verification.verified();
-        if (!verification.difference().isEmpty())
-            report.failure = u"核对时发现：%1。磁盘或内存可能有毛病，没有转换。"_s.arg(verification.difference());
-        report.cameToEnd = !report.stopped && report.failure.isEmpty();
+        Verification(again, target_, pairs).run(report, watch, percentOfTaking, u"，没有转换"_s);
     }
 
     const ConversionOrder& order_;

@@ -175,12 +175,7 @@ class Joining {
             start += album.records;
             pairs.push_back(std::move(pair));
         }
-        Verification verification(again, ours_, pairs);
-        report.stopped = !verification.run(watch, percentOfTaking);
-        report.verified = verification.verified();
-        if (!verification.difference().isEmpty())
-            report.failure = u"核对时发现：%1。磁盘或内存可能有毛病。"_s.arg(verification.difference());
-        report.cameToEnd = !report.stopped && report.failure.isEmpty();
+        Verification(again, ours_, pairs).run(report, watch, percentOfTaking);
     }
 
     const JoinOrder& order_;

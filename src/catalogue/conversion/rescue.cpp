@@ -149,11 +149,7 @@ class Rescue {
 
     void verify(RunReport& report, RunWatch& watch) {
         RescueVerification verification(source_.database(), target_, pairs_);
-        report.stopped = !verification.run(watch, percentOfTaking);
-        report.verified = verification.verified();
-        if (!verification.difference().isEmpty())
-            report.failure = u"核对时发现：%1。磁盘或内存可能有毛病，没有取出。"_s.arg(verification.difference());
-        report.cameToEnd = !report.stopped && report.failure.isEmpty();
+        verification.run(report, watch, percentOfTaking, u"，没有取出"_s);
         qsizetype first = 0;
         for (const TakenAlbum& album : taken_) {
             for (RunItem& item : report.items)

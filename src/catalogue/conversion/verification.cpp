@@ -43,8 +43,16 @@ Fingerprint Verification::printAt(const Recordset& secondReading, int row) const
     return print;
 }
 
-bool Verification::run(RunWatch& watch, int begun) {
+void Verification::run(RunReport& report, RunWatch& watch, int begun, const QString& consequence) {
     begun_ = begun;
+    report.stopped = !compareAll(watch);
+    report.verified = verified_;
+    if (!difference_.isEmpty())
+        report.failure = u"核对时发现：%1。磁盘或内存可能有毛病%2。"_s.arg(difference_, consequence);
+    report.cameToEnd = !report.stopped && report.failure.isEmpty();
+}
+
+bool Verification::compareAll(RunWatch& watch) {
     for (const TablePair& pair : tables_) progress_.all += target_.OpenRecordset(allRecordsSql(pair.target)).rowCount();
     return std::ranges::all_of(tables_,
                                [&](const TablePair& pair) { return !difference_.isEmpty() || compare(pair, watch); });

@@ -26,12 +26,10 @@ class Verification {
     Verification(const Verification&) = delete;
     Verification& operator=(const Verification&) = delete;
 
-    /// Tells the watch how far it is, from `begun` percent on; false when that ends it.
-    bool run(RunWatch& watch, int begun);
-
-    int verified() const { return verified_; }  ///< Pictures of albums.
-    /// The first difference; empty when there is none.
-    const QString& difference() const { return difference_; }
+    /// Tells the watch how far it is, from `begun` percent on. The report gets the count of compared pictures, and has
+    /// come to its end when neither the watch has stopped this nor a difference was found. That one is its failure,
+    /// with `consequence` behind it, such as "，没有转换".
+    void run(RunReport& report, RunWatch& watch, int begun, const QString& consequence = {});
 
   protected:
     /// The fingerprint of a value of the second reading, which holds fingerprints itself (see `SecondReading`). Throws
@@ -41,6 +39,7 @@ class Verification {
     virtual Fingerprint kept(const TablePair&, int, const StoredValue&, const Fingerprint& read) { return read; }
 
   private:
+    bool compareAll(RunWatch& watch);
     bool compare(const TablePair& pair, RunWatch& watch);
     QString differenceAt(const Recordset& old, int oldRow, const Recordset& target, int row, const TablePair& pair);
     Fingerprint printAt(const Recordset& secondReading, int row) const;
@@ -50,6 +49,6 @@ class Verification {
     std::vector<TablePair> tables_;
     RunProgress progress_;
     int begun_ = 0;
-    int verified_ = 0;
-    QString difference_;
+    int verified_ = 0;    ///< Pictures of albums.
+    QString difference_;  ///< The first one; empty when there is none.
 };
