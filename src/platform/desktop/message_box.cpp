@@ -141,7 +141,8 @@ void tell(const QString& text, BoxIcon icon, const QString& title) {
     showWhenNothingWaits(shown);
 }
 
-void offer(const QString& text, const QStringList& answers, std::function<void(int)> given, const QString& title) {
+void offer(const QString& text, const QStringList& answers, const std::function<void(int)>& given,
+           const QString& title) {
     const int last = int(answers.size()) - 1;
     const BoxText shown{title, text, BoxIcon::exclamation, answers, last, last};
     noteIfFailure(shown);
