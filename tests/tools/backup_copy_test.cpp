@@ -120,6 +120,22 @@ class TestBackupCopy : public QObject {
         QCOMPARE(kept.count(describedBackup(other.backup, false).catalogue), 1);
     }
 
+    /// Somebody's file that has the name of the backup.
+    void fileThatIsNoBackupStays() {
+        const Sample sample;
+        QFile diary(sample.backup);
+        QVERIFY(diary.open(QIODevice::WriteOnly) && diary.write("diary") > 0);
+        diary.close();
+        for (int i = 0; i < 5; ++i) QCOMPARE(sample.refusal(), QString());
+        QStringList found;
+        for (const QString& name : sample.files()) {
+            QFile file(sample.folder.filePath(u"bak/"_s + name));
+            if (file.open(QIODevice::ReadOnly) && file.readAll() == "diary") found << name;
+        }
+        QCOMPARE(found.size(), 1);
+        QCOMPARE(datedBeside(sample.backup, false).size(), olderBackups);
+    }
+
     /// A bit that has turned in a picture, of the catalogue or only of its fingerprint, is no good copy.
     void damagedPictureIsRefused() {
         const Sample sample;
