@@ -232,6 +232,21 @@ class TestBin : public QObject {
         QVERIFY(oldestBinItems(catalogue(), 0).empty());
     }
 
+    void albumWithoutItsTable() {
+        catalogue().Execute(u"DROP TABLE tc02"_s);
+        Recordset row = catalogue().OpenRecordset(u"SELECT * FROM tcbm WHERE 表名 = 'tc01'"_s);
+        row.Edit();
+        row.Fields(u"表名"_s).SetValue(u"tcys"_s);
+        row.Update();
+        for (const QString& table : {u"tc02"_s, u"tcys"_s}) {
+            deleteAlbum(catalogue(), table);
+            QVERIFY(!findAlbum(catalogue(), table));
+        }
+        QVERIFY(count(u"tcys"_s) > 0);
+        restoreFromBin(catalogue(), binItems(catalogue()));
+        QCOMPARE(count(u"tc02"_s), 0);
+    }
+
     /// Days of use, by their distance from the removal, and whether the item goes after that.
     void staysThirtyDays() {
         using Days = QList<int>;
