@@ -37,9 +37,7 @@ qint64 store(PictureInHand& file, const QByteArray& jpeg, Recordset& recordset) 
 QByteArray jpegOfOther(PictureInHand& file) {
     QByteArray jpeg;
     file.use([&](QIODevice& bytes) {
-        const PictureFormat format = pictureFormat(bytes.peek(formatBytes));
-        if (format == PictureFormat::none || format == PictureFormat::jpeg || format == PictureFormat::bmp) return;
-        jpeg = jpegOf(readAnyPicture(bytes, QDir::toNativeSeparators(file.path())));
+        if (isOfOtherFormat(bytes)) jpeg = jpegOf(readAnyPicture(bytes, QDir::toNativeSeparators(file.path())));
     });
     return jpeg;
 }
@@ -71,6 +69,11 @@ bool canBecomeJpeg(const QString& path) {
     const QFileInfo file(path);
     // It is written beside its place and renamed over it.
     return endsInBmp(path) && file.size() > 0 && file.isWritable() && QFileInfo(file.canonicalPath()).isWritable();
+}
+
+bool isOfOtherFormat(QIODevice& bytes) {
+    const PictureFormat format = pictureFormat(bytes.peek(formatBytes));
+    return format != PictureFormat::none && format != PictureFormat::jpeg && format != PictureFormat::bmp;
 }
 
 QByteArray jpegOfBmp(PictureInHand& file) {
