@@ -11,7 +11,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int transferPage = 3;
 const QString toFolder = u"optMb(0)"_s, toTable = u"optMb(1)"_s;
 const QString copied = u"图册《"_s;  ///< The beginning of the closing message.
 
