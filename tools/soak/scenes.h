@@ -72,6 +72,7 @@ class Scenes {
     QStringList makeSource(const QString& path);
     QString newFolder();
     QList<int> chosenRows(int count, int of);
+    void giveName() const;
     void chooseFolder(const QString& folder) const;
     QStringList choosePictures(const QString& album, int count);
     QString chooseCatalogue();
