@@ -143,10 +143,10 @@ class ColourPlaces {
         _mm_store_si128(reinterpret_cast<__m128i*>(numbers + 4), high);
     }
 
-    static constexpr int pixels = 8;
-    alignas(16) qint32 first_[pixels];
-    alignas(16) quint16 corners_[N][pixels];
-    alignas(16) qint32 weights_[N / 2 + 1][pixels];
+    static constexpr int count = 8;
+    alignas(16) qint32 first_[count];
+    alignas(16) quint16 corners_[N][count];
+    alignas(16) qint32 weights_[N / 2 + 1][count];
 };
 
 #endif
