@@ -23,7 +23,9 @@ qint64 freeOnDisk() {
 
 }  // namespace
 
-BinRoom::BinRoom(QWidget* form) : free(freeOnDisk), form_(form) {}
+std::function<qint64()> BinRoom::free = freeOnDisk;
+
+BinRoom::BinRoom(QWidget* form) : form_(form) {}
 
 void BinRoom::offer() {
     const qint64 left = free();

@@ -15,7 +15,7 @@ class BinRoom {
     void offer();
 
     /// Bytes that are free on the disk of the catalogue.
-    std::function<qint64()> free;
+    static std::function<qint64()> free;
 
   private:
     QWidget* form_;

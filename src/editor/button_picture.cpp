@@ -305,6 +305,7 @@ QImage ButtonPicture::thumbnail() const {
 
 void ButtonPicture::storeInRow() {
     if (!askFor(2)) return;
+    room_.offer();
     const QByteArray jpeg = encodeJpeg(thumbnail(), jpegQuality);
     Recordset& row = rows_->Recordset();
     row.Edit();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bin/bin_room.h"
 #include "editor/chapter.h"
 #include "editor/document/selection.h"
 #include "editor/floating_panel.h"
@@ -56,6 +57,7 @@ class ButtonPicture : public Chapter {
     void saveToFile();
     void cmdAgClick();
 
+    BinRoom room_{form_};
     FloatingPanel* picAn_;                  ///< The dialog.
     Grid* msgBm_;                           ///< Lists the selection buttons.
     DataControl* rows_;                     ///< Their rows in `tcan`.

@@ -24,7 +24,7 @@ const QString fromSteps = u"\n\n屏幕上的图片是从处理步骤恢复的副
 }  // namespace
 
 Saving::Saving(const Workplace& at, OperationDialog& dialog, AlbumChooser& chooser, const ButtonPicture& button)
-    : Chapter(at), dialog_(dialog), chooser_(chooser), button_(button) {
+    : Chapter(at), dialog_(dialog), chooser_(chooser), button_(button), room_(at.form) {
     commands_.onCommand(u"bc"_s, [this] { mnuBcClick(); });
     commands_.onCommand(u"lc"_s, [this] { mnuLcClick(); });
     connect(&document_, &Document::opened, this, [this] { isReplaced_ = false; });
@@ -107,6 +107,7 @@ QByteArray Saving::photograph() {
 }
 
 QString Saving::store(const Order& order) {
+    if (document_.isFromAlbum()) room_.offer();
     const Hourglass hourglass;
     const auto* file = std::get_if<PictureFile>(&document_.source());
     QString where;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bin/bin_room.h"
 #include "editor/album_chooser.h"
 #include "editor/button_picture.h"
 #include "editor/document/photograph_file.h"
@@ -50,6 +51,7 @@ class Saving : public Chapter {
     OperationDialog& dialog_;
     AlbumChooser& chooser_;
     const ButtonPicture& button_;
+    BinRoom room_;
     bool isReplaced_ = false;  ///< The source is the picture that was saved, and no longer the one that was opened.
     QString way_;              ///< How the picture was stored; empty when nobody has asked for anything.
 };

@@ -1,6 +1,7 @@
 #include "viewer/tool_strip.h"
 
 #include "platform/base/conversion.h"
+#include "platform/base/typed_date.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/theme.h"
 #include "platform/desktop/tool_icon.h"
@@ -235,7 +236,7 @@ void ToolStrip::showHelp(bool isOpen) {
 }
 
 double ToolStrip::page() const {
-    return numericValue(txtYh->text());
+    return numericValue(inPlainWidth(txtYh->text()));
 }
 
 QString ToolStrip::numberCondition() const {

@@ -143,7 +143,8 @@ class TestFrmHs : public QObject {
     void roomIsMadeOnlyWhenThatIsMeant() {
         BinRoom room(nullptr);
         qint64 free = 0;
-        room.free = [&free] { return free; };
+        const auto whole = qScopeGuard([usual = BinRoom::free] { BinRoom::free = usual; });
+        BinRoom::free = [&free] { return free; };
         QStringList boxes;
         bool answer = false;
         answerBoxesWith([&](const BoxText& box) {

@@ -1,3 +1,5 @@
+#include "bin/bin_room.h"
+#include "catalogue/bin_contents.h"
 #include "chooser_window.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -134,6 +136,25 @@ class TestAlbumWork : public QObject {
         // Undo works again after the next load, by its button; the menu item stays off.
         QVERIFY(editor.key(u"cx"_s)->isEnabled());
         QVERIFY(!editor.menu(u"mnuCx"_s)->isEnabled());
+    }
+
+    /// The picture that is saved over stays in the bin: where the disk is full, older things may go for that.
+    void savingOffersRoom() {
+        const auto usual = qScopeGuard([free = BinRoom::free] { BinRoom::free = free; });
+        BinRoom::free = [] { return 1'000'000'000; };
+        Chooser editor;
+        mekTp::openCatalogue();  // as the program does, with a bin
+        Recordset gone = mekTp::catalogue.OpenRecordset(record(9));
+        removeIntoBin(mekTp::catalogue, u"tc01"_s, gone);
+        const std::vector<qint64> oldest = binItems(mekTp::catalogue);
+        editor.openRow(3);
+        editor.scale(u"2"_s);
+        editor.press(u"bc"_s);
+        QCOMPARE(editor.boxes.size(), 3);
+        QVERIFY2(editor.boxes[1].text.contains(u"1 张图片"_s), qPrintable(editor.boxes[1].text));
+        QCOMPARE(column(4, u"规格"_s), u"200 * 100"_s);
+        QVERIFY(binItems(mekTp::catalogue, oldest).empty());
+        QCOMPARE(binItems(mekTp::catalogue).size(), 1U);
     }
 
     void afterAnUndoTheUndonePictureIsSaved() {

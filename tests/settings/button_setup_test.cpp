@@ -137,7 +137,7 @@ class TestButtonSetup : public QObject {
             QCOMPARE(page.state(), changing);
 
             // A free number is one that the button can move to.
-            page.box(u"txtX1"_s).setText(u"40"_s);
+            page.box(u"txtX1"_s).setText(u"４０"_s);
             page.click(u"cmdBj"_s);
             QCOMPARE(storedTexts(u"b"_s).first(), u"40"_s);
             QCOMPARE(buttonCount(), 4);

@@ -200,6 +200,7 @@ class TestEditingRecord : public QObject {
             {u"txtXh"_s, u"0"_s, u"序号“0”不是"_s},
             {u"txtXh"_s, u"1.5"_s, u"序号“1.5”不是"_s},
             {u"txtXh"_s, u"2"_s, u"序号“2”已经有另一条记录在用。"_s},
+            {u"txtXh"_s, u"２"_s, u"序号“２”已经有另一条记录在用。"_s},
             {u"txtBh"_s, u"a1234567890"_s, u"编号太长：有 11 个字，最多 10 个。"_s},
             {u"txtB2"_s, tooLong, u"备注太长：有 66 个字，最多 50 个。"_s},
         };

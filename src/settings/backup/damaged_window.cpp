@@ -10,22 +10,23 @@
 #include "platform/desktop/placing.h"
 #include "platform/picture/picture.h"
 #include "platform/picture/preview.h"
+#include "settings/backup/dialog_parts.h"
 
 #include <QApplication>
 #include <QFileInfo>
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <array>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
 constexpr QSize usualSize(720, 440), small(96, 72);
-constexpr int buttonWidth = 90, placeWidth = 180, faultWidth = 190;
+constexpr std::array widths{small.width() + 12, 180, 190};
 constexpr int mostSmallPictures = 200;  ///< Of a disk that is breaking there may be thousands.
 enum Part { pictureOf, placeOfIt, faultOfIt, remedyOfIt };
 
@@ -53,50 +54,26 @@ QImage smallPicture(qint64 picture) {
 }  // namespace
 
 DamagedWindow::DamagedWindow(QWidget* parent) : QDialog(parent) {
-    setObjectName(u"frmJy"_s);
-    setWindowTitle(u" 有损坏的图片"_s);
-    if (parent != nullptr) setWindowModality(Qt::WindowModal);
-    setAttribute(Qt::WA_DeleteOnClose);
+    setUpDialog(*this, u"frmJy"_s, u" 有损坏的图片"_s, usualSize);
     makeControls();
-    resize(usualSize);
     list();
 }
 
 void DamagedWindow::makeControls() {
     auto* lines = new QVBoxLayout(this);
-    lblJy = make<QLabel>(this, u"lblJy"_s);
-    lblJy->setTextFormat(Qt::PlainText);
-    lblJy->setWordWrap(true);
-    lines->addWidget(lblJy);
-    lstJy = make<QTableWidget>(this, u"lstJy"_s, 0, 4);
-    lstJy->setAccessibleName(u"有损坏的图片"_s);
-    lstJy->setHorizontalHeaderLabels({u"图片"_s, u"图册、序号"_s, u"情况"_s, u"备份"_s});
-    lstJy->setSelectionBehavior(QAbstractItemView::SelectRows);
-    lstJy->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    lstJy->setTabKeyNavigation(false);
+    lblJy = addHead(*this, *lines, u"lblJy"_s);
+    lstJy = addTable(*this, *lines, u"lstJy"_s, u"有损坏的图片"_s, {u"图片"_s, u"图册、序号"_s, u"情况"_s, u"备份"_s},
+                     widths);
     lstJy->setIconSize(small);
-    lstJy->verticalHeader()->hide();
     lstJy->verticalHeader()->setDefaultSectionSize(small.height() + 6);
-    lstJy->horizontalHeader()->setStretchLastSection(true);
-    lstJy->setColumnWidth(pictureOf, small.width() + 12);
-    lstJy->setColumnWidth(placeOfIt, placeWidth);
-    lstJy->setColumnWidth(faultOfIt, faultWidth);
-    lines->addWidget(lstJy, 1);
-    auto* row = new QHBoxLayout;
     cmdXf = make<QPushButton>(this, u"cmdXf"_s, u"修 复"_s);
     cmdXf->setToolTip(u"从备份中取回所有能取回的，逐张核对"_s);
     cmdJs = make<QPushButton>(this, u"cmdJs"_s, u"保留现状"_s);
     cmdJs->setToolTip(u"选中的以后就以现在的样子为准，不再提示"_s);
     cmdGb = make<QPushButton>(this, u"cmdGb"_s, u"关 闭"_s);
-    for (QPushButton* button : {cmdXf, cmdJs, cmdGb}) button->setMinimumWidth(buttonWidth);
-    row->addWidget(cmdXf);
-    row->addWidget(cmdJs);
-    row->addStretch(1);
-    row->addWidget(cmdGb);
-    lines->addLayout(row);
+    addButtons(*this, *lines, {cmdXf, cmdJs}, cmdGb);
     connect(cmdXf, &QPushButton::clicked, this, guarded(this, [this] { healAll(); }));
     connect(cmdJs, &QPushButton::clicked, this, guarded(this, [this] { acceptChosen(); }));
-    connect(cmdGb, &QPushButton::clicked, this, &QDialog::close);
 }
 
 void DamagedWindow::list() {

@@ -7,24 +7,25 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "settings/backup/backup_reminder.h"
+#include "settings/backup/dialog_parts.h"
 
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <array>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
 constexpr QSize usualSize(760, 400);
-constexpr int buttonWidth = 90, dateWidth = 150, countWidth = 70, sizeWidth = 90;
+constexpr std::array widths{150, 70, 70, 90};
 const QString restoredOver = u"恢复以前的图册数据库"_s;
 
 QString sizeText(qint64 bytes) {
@@ -45,53 +46,31 @@ QString kindOf(const BackupFile& file, const QString& newest, const QString& cat
 }  // namespace
 
 RestoreWindow::RestoreWindow(QWidget* parent, const QString& newest) : QDialog(parent), newest_(newest) {
-    setObjectName(u"frmHy"_s);
-    setWindowTitle(u" 备份与恢复"_s);
-    setWindowModality(Qt::WindowModal);
-    setAttribute(Qt::WA_DeleteOnClose);
+    setUpDialog(*this, u"frmHy"_s, u" 备份与恢复"_s, usualSize);
     makeControls();
-    resize(usualSize);
     list();
     lstHy->setFocus();
 }
 
 void RestoreWindow::makeControls() {
     auto* lines = new QVBoxLayout(this);
-    lblHy = make<QLabel>(this, u"lblHy"_s);
-    lblHy->setTextFormat(Qt::PlainText);
-    lblHy->setWordWrap(true);
-    lines->addWidget(lblHy);
-    lstHy = make<QTableWidget>(this, u"lstHy"_s, 0, 5);
-    lstHy->setAccessibleName(u"备份"_s);
-    lstHy->setHorizontalHeaderLabels({u"日期"_s, u"图册"_s, u"图片"_s, u"大小"_s, u"说明"_s});
-    lstHy->setSelectionBehavior(QAbstractItemView::SelectRows);
+    lblHy = addHead(*this, *lines, u"lblHy"_s);
+    lstHy =
+        addTable(*this, *lines, u"lstHy"_s, u"备份"_s, {u"日期"_s, u"图册"_s, u"图片"_s, u"大小"_s, u"说明"_s}, widths);
     lstHy->setSelectionMode(QAbstractItemView::SingleSelection);
-    lstHy->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    lstHy->setTabKeyNavigation(false);
-    lstHy->verticalHeader()->hide();
-    lstHy->horizontalHeader()->setStretchLastSection(true);
-    const std::pair<int, int> widths[] = {{0, dateWidth}, {1, countWidth}, {2, countWidth}, {3, sizeWidth}};
-    for (const auto& [column, width] : widths) lstHy->setColumnWidth(column, width);
-    lines->addWidget(lstHy, 1);
     lines->addWidget(makeReminder());
-    auto* row = new QHBoxLayout;
     cmdQf = make<QPushButton>(this, u"cmdQf"_s, u"全部恢复…"_s);
     cmdQf->setToolTip(u"用选中的换下现在的图册数据库；现在的改名留着"_s);
     cmdQh = make<QPushButton>(this, u"cmdQh"_s, u"取回图片…"_s);
     cmdQh->setToolTip(u"从选中的里面取回图册或图片，放进现在的图册数据库"_s);
     cmdSc = make<QPushButton>(this, u"cmdSc"_s, u"删 除"_s);
     cmdGb = make<QPushButton>(this, u"cmdGb"_s, u"关 闭"_s);
-    for (QPushButton* button : {cmdQf, cmdQh, cmdSc, cmdGb}) button->setMinimumWidth(buttonWidth);
-    for (QPushButton* button : {cmdQf, cmdQh, cmdSc}) row->addWidget(button);
-    row->addStretch(1);
-    row->addWidget(cmdGb);
-    lines->addLayout(row);
+    addButtons(*this, *lines, {cmdQf, cmdQh, cmdSc}, cmdGb);
     cmdGb->setDefault(true);
     connect(lstHy, &QTableWidget::itemSelectionChanged, this, [this] { showChoice(); });
     connect(cmdQf, &QPushButton::clicked, this, guarded(this, [this] { leaveTo(&RestoreWindow::restoreAsked); }));
     connect(cmdQh, &QPushButton::clicked, this, guarded(this, [this] { leaveTo(&RestoreWindow::picturesAsked); }));
     connect(cmdSc, &QPushButton::clicked, this, guarded(this, [this] { removeChosen(); }));
-    connect(cmdGb, &QPushButton::clicked, this, &QDialog::close);
 }
 
 QWidget* RestoreWindow::makeReminder() {

@@ -2,6 +2,7 @@
 
 #include "catalogue/selection_buttons.h"
 #include "platform/base/conversion.h"
+#include "platform/base/typed_date.h"
 #include "platform/database/records/database.h"
 
 #include <cmath>
@@ -47,7 +48,7 @@ QString codeFilterText(const QString& albumLine, const QString& code, int count)
 }
 
 std::optional<qint32> recordNumber(const QString& typed) {
-    const auto number = numberFromText(typed);
+    const auto number = numberFromText(inPlainWidth(typed));
     const bool fits = number && *number >= 1 && *number <= std::numeric_limits<qint32>::max();
     return fits && std::floor(*number) == *number ? std::optional(static_cast<qint32>(*number)) : std::nullopt;
 }

@@ -6,6 +6,7 @@
 #include "catalogue/next_number.h"
 #include "catalogue/selection_buttons.h"
 #include "platform/base/error.h"
+#include "platform/base/typed_date.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/option_buttons.h"
 #include "platform/desktop/text_box.h"
@@ -304,7 +305,7 @@ ButtonTexts ButtonGroup::texts() const {
 /// The number in the box, by which everything finds the button: nothing, and said why, when it is none or taken.
 std::optional<ButtonGroup::Number> ButtonGroup::numberToStore() {
     bool isNumber = false;
-    const int number = txtX1->text().trimmed().toInt(&isNumber);
+    const int number = inPlainWidth(txtX1->text()).trimmed().toInt(&isNumber);
     const bool own = buttonSet.number() == QString::number(number);
     std::vector<ButtonTexts> others;
     if (isNumber && !own) others = buttonsWithNumber(mekTp::catalogue, number);
