@@ -76,6 +76,7 @@ class FileIntake : public RunIntoDatabase {
         if (!hasPlace) return {Fate::notFound};
         if (picture.isTruncated && !order_.takesTruncated) return {Fate::truncated};
         if (isKnown(picture)) return {Fate::alreadyThere};
+        if (endsBefore(place)) return {Fate::left};
         try {
             return store(picture);
         } catch (...) {
