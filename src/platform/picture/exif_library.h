@@ -10,7 +10,7 @@
 /// that it is given. Its messages on the terminal help nobody.
 inline void readyExifLibrary() {
     static std::recursive_mutex mutex;
-    static const bool isReady = [] {
+    [[maybe_unused]] static const bool isReady = [] {
         Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute);
         return Exiv2::XmpParser::initialize(
             [](void* lock, bool locks) {
@@ -19,7 +19,6 @@ inline void readyExifLibrary() {
             },
             &mutex);
     }();
-    Q_UNUSED(isReady);
 }
 
 /// An open file in memory, whose tags are read. The bytes have to live as long as it. Throws the library's own errors.
