@@ -2,7 +2,9 @@
 # Installs missing packages, builds the program for the soak, and runs the soak:
 #   ./soak.sh                          kills it 500 times at work, and 500 times on a disk that loses unsynced writes
 #   ./soak.sh kill [--kills N] [--minutes N] [--seed N] [--unsynced] [--only SCENES]
-#   ./soak.sh conversion [--kills N]   kills it while it converts an old catalogue
+#   ./soak.sh STAGE [--kills N]        kills it, fills its disk, or takes that away, while it does one thing: backup,
+#                                      restore, raising (of a catalogue of version 1), rescue or conversion
+#   ./soak.sh keeping [--kills N]      the scenes of the bin, of proofs, backups and kept steps, and all these stages
 #   ./soak.sh session [--minutes N]    uses it for a long time and watches its memory and files
 set -euo pipefail
 cd -- "$(dirname -- "$(readlink -f -- "${BASH_SOURCE[0]}")")"
@@ -28,7 +30,13 @@ case "$what" in
         soak --unsynced "$@"
         ;;
     kill) soak "$@" ;;
-    conversion) soak --conversion "$@" ;;
+    backup | restore | raising | rescue | conversion) soak --stage "$what" "$@" ;;
+    keeping)
+        scenes=put-back,album-back,bin-empty,prove,hashes,from-backup,kept-steps
+        soak --only "$scenes" "$@"
+        soak --only "$scenes" --unsynced "$@"
+        for stage in backup restore raising rescue conversion; do soak --stage "$stage" "$@"; done
+        ;;
     session) soak --rounds 1000000 "$@" ;;
-    *) stop_with "There is no soak \"$what\": kill, conversion or session, or nothing for both kinds of kills." ;;
+    *) stop_with "There is no soak \"$what\": kill, keeping, a stage or session, or nothing for both kinds of kills." ;;
 esac

@@ -38,17 +38,29 @@ void report(const std::string& kind, const QByteArray& picture, int rounds) {
     row(topic, {.what = "one in full: " + kind, .measured = medianMilliseconds(rounds, [&] { decode({}); })});
 }
 
+/// As a printer separates lights: most of what the three inks share is black.
+QRgb inksOf(QRgb lights) {
+    const int cyan = 255 - qRed(lights), magenta = 255 - qGreen(lights), yellow = 255 - qBlue(lights);
+    const int black = std::min({cyan, magenta, yellow}) * 3 / 4;
+    return qRgba(cyan - black, magenta - black, yellow - black, black);
+}
+
 /// Of a pixel that is shown.
 void reportColours(const std::string& what, const QByteArray& profile, ColourKind kind, int rounds) {
-    QImage image = photograph().copy(0, 0, 2000, 1000);
-    const double pixels = image.width() * image.height();
-    auto* const first = reinterpret_cast<QRgb*>(image.bits());
+    const QImage image = photograph().copy(0, 0, 2000, 1000);
+    const auto* const first = reinterpret_cast<const QRgb*>(image.constBits());
+    std::vector<QRgb> pixels(first, first + image.width() * image.height());
+    if (kind == ColourKind::inks) std::ranges::transform(pixels, pixels.begin(), inksOf);
     const auto transform = ColourTransform::of(profile, kind);
-    row(topic,
-        {.what = what + " into the colours of the screen, a pixel",
-         .measured = 1e6 / pixels * medianMilliseconds(rounds, [&] { transform->apply(first, qsizetype(pixels)); }),
-         .unit = "ns",
-         .atMost = 8});
+    std::vector<double> times;
+    for (int i = 0; i < rounds; ++i) {
+        std::vector<QRgb> turned = pixels;
+        times.push_back(milliseconds([&] { transform->apply(turned.data(), qsizetype(turned.size())); }));
+    }
+    row(topic, {.what = what + " into the colours of the screen, a pixel",
+                .measured = 1e6 / double(pixels.size()) * median(times),
+                .unit = "ns",
+                .atMost = 8});
 }
 
 }  // namespace

@@ -75,10 +75,11 @@ void emptyCache(const QStringList& paths) {
 int counted(const QStringList& paths) {
     QSemaphore done;
     int count = 0;
-    const RepetitionCount repetitions(mekTp::cataloguePath(), u"tc01"_s, paths, [&](int found) {
-        count = found;
-        done.release();
-    });
+    const RepetitionCount repetitions(mekTp::cataloguePath(), u"tc01"_s, ChosenFiles{paths},
+                                      [&](const Repetitions& found) {
+                                          count = found.known;
+                                          done.release();
+                                      });
     done.acquire();
     return count;
 }

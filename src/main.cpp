@@ -1,6 +1,7 @@
 #include "catalogue/mektp.h"
 #include "catalogue/open_check.h"
 #include "platform/base/error.h"
+#include "platform/desktop/failure_list.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/toolkit_texts.h"
@@ -32,35 +33,50 @@ void tellDamage(FileCheck::Outcome outcome) {
     QMetaObject::invokeMethod(qApp, offerWaysOut, Qt::QueuedConnection);
 }
 
+/// Told when the windows are back.
+struct Notice {
+    QString text = {};
+    bool isFailure = false;
+};
+
+Notice restoreOutcome() {
+    try {
+        return {restoredText(carryOutRestore())};
+    } catch (const Error& failure) {
+        return {failure.text(), true};
+    }
+}
+
+void tellNotice(const Notice& notice) {
+    if (notice.isFailure)
+        tell(notice.text, BoxIcon::exclamation, u"错误提示"_s);
+    else if (!notice.text.isEmpty())
+        tell(notice.text, BoxIcon::information);
+}
+
 /// Until the windows are closed, or a restored catalogue is to take the place of the open one. `notice` is shown first.
-int runOnce(const StartUp& startUp, const QString& notice) {
+int runOnce(const StartUp& startUp, const Notice& notice) {
     int status = 0;
     {
         Program program;  // its windows go before the catalogue that they read
         startUp.start(program);
-        if (!notice.isEmpty()) tell(notice, BoxIcon::information);
+        tellNotice(notice);
         std::optional<OpenCheck> check;
         if (isCatalogueCheckable()) check.emplace(mekTp::cataloguePath(), tellDamage);
         const BinKeeping bin;
         std::optional<HashKeeping> hashes;
         if (isCatalogueCheckable()) {
             hashes.emplace(mekTp::cataloguePath());
-            QObject::connect(&*hashes, &HashKeeping::damageFound, qApp, [] { showDamagedPictures(nullptr); });
+            QObject::connect(&*hashes, &HashKeeping::damageFound, qApp, [] {
+                noteFailure(u"图册数据库“%1”中有图片损坏了。"_s.arg(mekTp::cataloguePath()));
+                showDamagedPictures(nullptr);
+            });
         }
         remindOfBackup();
         status = QApplication::exec();
     }
     mekTp::catalogue = {};
     return status;
-}
-
-/// What became of it, for the person.
-QString restoreOutcome() {
-    try {
-        return restoredText(carryOutRestore());
-    } catch (const Error& failure) {
-        return failure.text();
-    }
 }
 
 }  // namespace
@@ -76,15 +92,16 @@ int main(int argc, char** argv) {
 
     QTranslator chinese;  // the texts of the toolkit's own dialogs
     ToolkitTexts mostTexts;
-    const bool isChinese = chinese.load(u"qtbase_zh_CN"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-    QApplication::installTranslator(isChinese ? &chinese : &mostTexts);
+    QApplication::installTranslator(&mostTexts);
+    if (chinese.load(u"qtbase_zh_CN"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&chinese);
     applyLook(application);
 
     StartUp startUp;
     if (!startUp.isReady()) return 0;
     int status = runOnce(startUp, {});
     while (isRestorePlanned() || isWayOutPlanned()) {
-        const QString outcome = isRestorePlanned() ? restoreOutcome() : QString();
+        const Notice outcome = isRestorePlanned() ? restoreOutcome() : Notice();
         if (isWayOutPlanned()) goPlannedWay();
         if (!startUp.isReady()) return 0;
         status = runOnce(startUp, outcome);

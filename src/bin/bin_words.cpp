@@ -41,7 +41,7 @@ QString restoredText(const Restored& restored) {
 
 QString contentsText(const BinTotals& totals) {
     if (totals.items == 0) return u"回收站是空的。"_s;
-    const QString size = totals.bytes > 0 ? u"，共 "_s + bytesText(totals.bytes) : QString();
+    const QString size = totals.bytes > 0 ? u"，"_s + bytesText(totals.bytes) : QString();
     return partsText(totals) + size + u"。每项保留 %1 天，过后自动清除。"_s.arg(binDays);
 }
 

@@ -69,7 +69,9 @@ void frmHs::makeList() {
 }
 
 QPushButton* frmHs::makeButton(const QString& name, const QString& caption, const QString& tip) {
+    constexpr int width = 90;
     auto* button = make<QPushButton>(this, name, caption);
+    button->setMinimumWidth(width);
     button->setToolTip(tip);
     button->setAutoDefault(false);
     return button;

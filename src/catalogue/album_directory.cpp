@@ -2,6 +2,7 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/bin.h"
+#include "catalogue/fixed_tables.h"
 #include "catalogue/selection_buttons.h"
 #include "platform/base/error.h"
 
@@ -49,7 +50,10 @@ QString megabytesText(qint64 bytes) {
 
 void removeTableAndRow(const Database& catalogue, const QString& table) {
     Bin(catalogue).takeAlbum(table);
-    catalogue.Execute(u"DROP TABLE ["_s + table + u']');
+    // The directory may name a table that is gone, or one that never was an album.
+    if (catalogue.TableDefs().contains(table, Qt::CaseInsensitive) &&
+        !fixedTables().contains(table, Qt::CaseInsensitive))
+        catalogue.Execute(u"DROP TABLE ["_s + table + u']');
     Recordset row = directoryRow(catalogue, table);
     if (!row.Eof()) row.Delete();
 }

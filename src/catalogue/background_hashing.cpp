@@ -54,22 +54,21 @@ void BackgroundHashing::lookThrough(const std::stop_token& stop) {
     proveDue(stop);
 }
 
-/// The file is closed while the work rests, and what is bare is looked up anew then. A picture that cannot be read is
-/// left alone.
+/// The file is closed while the work rests, and what is bare is looked up anew then.
 void BackgroundHashing::makePrints(const std::stop_token& stop) {
     for (bool isThrough = false; !isThrough && !stop.stop_requested();) {
         if (!goesOn(stop)) {
             waitFor(pace_.look, stop);
             continue;
         }
-        std::vector<StoredValue> bare = unprintedPictures(OpenDatabase(catalogue_));
+        const Database catalogue = OpenDatabase(catalogue_);
+        std::vector<StoredValue> bare = unprintedPictures(catalogue);
         std::erase_if(bare, [this](const StoredValue& picture) { return seen_.contains(picture.id()); });
         isThrough = std::ranges::all_of(bare, [&](const StoredValue& picture) {
-            Fingerprint print;
-            const bool isRead = attempt([&] { print = fingerprintOf(picture, [&] { return goesOn(stop); }); });
-            if (isRead && print.sha256.isEmpty()) return false;
+            const auto found = prove(catalogue, {.picture = picture.id()}, [&] { return goesOn(stop); });
+            if (!found && !goesOn(stop)) return false;
             seen_.insert(picture.id());
-            if (isRead) add({.picture = picture.id(), .print = std::move(print), .isNew = true});
+            if (found) add(*found);
             return true;
         });
     }

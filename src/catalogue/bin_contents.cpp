@@ -144,15 +144,7 @@ std::vector<qint64> oldestBinItems(const Database& catalogue, qint64 bytes) {
     return firstOf(catalogue, u"SELECT id, bytes FROM lunq_bin ORDER BY removal, id"_s, {}, bytes, SIZE_MAX);
 }
 
-std::vector<qint64> expiredBinItems(const Database& catalogue, const QDate& today, const QDate& before) {
-    const auto text = [](const QDate& day) { return day.toString(Qt::ISODate); };
-    if (!Bin(catalogue).isKept()) return {};
-    const OwnRows rows(catalogue);
-    const QDate later = std::max(today, before);
-    const OwnRows::Values ahead{text(later.addDays(1))};
-    if (rows.number(u"SELECT count(*) FROM lunq_bin WHERE removed >= ?"_s, ahead) > 0)
-        rows.run(u"UPDATE lunq_bin SET removed = ? WHERE removed >= ?"_s,
-                 OwnRows::Values{text(later) + u" 00:00:00"_s} + ahead);
-    return firstOf(catalogue, u"SELECT id, bytes FROM lunq_bin WHERE removed < ? ORDER BY removal, id"_s,
-                   {text(std::min(today, before).addDays(-binDays))}, mostBytesAtOnce, mostAtOnce);
+std::vector<qint64> binItemsUpTo(const Database& catalogue, qint64 removal) {
+    return firstOf(catalogue, u"SELECT id, bytes FROM lunq_bin WHERE removal <= ? ORDER BY removal, id"_s, {removal},
+                   mostBytesAtOnce, mostAtOnce);
 }

@@ -2,12 +2,11 @@
 
 #include "catalogue/bin.h"
 
-#include <QDate>
 #include <optional>
 
 /// What is in the bin, and how it goes for good. A catalogue without a bin has an empty one. All throw `Error`.
 
-/// Days that an item stays.
+/// Days that an item stays (see `BinDays`).
 inline constexpr int binDays = 30;
 
 struct BinItem {
@@ -62,7 +61,5 @@ void removeFromBin(const Database& catalogue, const std::vector<qint64>& ids);
 /// The oldest items that hold so many bytes together, as far as there are so many.
 std::vector<qint64> oldestBinItems(const Database& catalogue, qint64 bytes);
 
-/// The items that have been there for longer than `binDays` on both days, the oldest first, and no more than it takes
-/// to remove them in a moment. A clock that jumps ahead or back for a day removes nothing: `before` is the day before
-/// on which the program was used. Items of a time after both days count from the later one on.
-std::vector<qint64> expiredBinItems(const Database& catalogue, const QDate& today, const QDate& before);
+/// The items of all removals up to that one, the oldest first, and no more than it takes to remove them in a moment.
+std::vector<qint64> binItemsUpTo(const Database& catalogue, qint64 removal);

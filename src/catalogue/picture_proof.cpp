@@ -55,9 +55,38 @@ bool isWholePicture(const QByteArray& bytes) {
     return pictureBytes(bytes) == PictureBytes::whole && attempt([&] { LoadPicture(bytes, QString(), smallest); });
 }
 
+/// Tables with pictures: the albums, and what was deleted where that is kept.
+QStringList holders(const Database& catalogue) {
+    return albumTables(catalogue) << u"lunq_bin"_s;
+}
+
 Fingerprint keptOf(const Database& catalogue, qint64 picture) {
     const auto kept = ValueHashes(catalogue).of(picture);
     return kept ? Fingerprint{kept->length, kept->sha256} : Fingerprint();
+}
+
+/// In pieces: nobody can store anything while one is read, and this thread may be the last in line for the processor.
+QByteArray wholeOf(const StoredValue& value, const GoesOn& goesOn) {
+    constexpr qint64 pieceSize = 1 << 20;
+    const qint64 size = value.size();
+    QByteArray bytes;
+    bytes.reserve(size);
+    while (bytes.size() < size && goesOn()) bytes += value.read(bytes.size(), pieceSize);
+    return bytes.size() < size ? QByteArray() : bytes;
+}
+
+/// Whether an album or the bin has it.
+bool isHeld(const Database& catalogue, qint64 picture) {
+    const ValueHashes hashes(catalogue);
+    return std::ranges::any_of(holders(catalogue), [&](const QString& holder) {
+        bool has = false;
+        attempt([&] { has = !hashes.rowsWith(holder, pictureColumn, picture).empty(); });
+        return has;
+    });
+}
+
+bool isThere(const Database& catalogue, qint64 picture) {
+    return ValueHashes(catalogue).of(picture).has_value() || isHeld(catalogue, picture);
 }
 
 /// A value of no length is no picture: there is nothing to decode.
@@ -66,7 +95,8 @@ Proven look(const Database& catalogue, const ToProve& wanted, const GoesOn& goes
     Proven found{.picture = wanted.picture, .isNew = wanted.print.sha256.isEmpty()};
     bool isWhole = true;
     if (wanted.decodes && goesOn()) {
-        const QByteArray bytes = value.read(0, value.size());
+        const QByteArray bytes = wholeOf(value, goesOn);
+        if (bytes.isEmpty() && value.size() > 0) return found;
         found.print = fingerprintOf(bytes);
         found.isDecoded = true;
         isWhole = found.print.length == 0 || isWholePicture(bytes);
@@ -154,9 +184,7 @@ std::vector<StoredValue> unprintedPictures(const Database& catalogue) {
     const ValueHashes hashes(catalogue);
     std::vector<StoredValue> all;
     if (!hashes.areKept()) return all;
-    QStringList holders = albumTables(catalogue);
-    holders << u"lunq_bin"_s;  // what was deleted, where it is kept
-    for (const QString& holder : holders)
+    for (const QString& holder : holders(catalogue))
         attempt([&] { std::ranges::move(hashes.without(holder, pictureColumn), std::back_inserter(all)); });
     return all;
 }
@@ -179,18 +207,17 @@ std::vector<ToProve> picturesDue(const Database& catalogue, const QDate& before)
     return due;
 }
 
-/// What fails once is tried again. Where the fingerprint can still be read, the file answers, and the picture is what
-/// is damaged.
+/// What fails is tried again. Where the file answers otherwise, the picture is what is damaged.
 std::optional<Proven> prove(const Database& catalogue, const ToProve& picture, const GoesOn& goesOn) {
-    for (int tries = 0; tries < 2; ++tries) {
+    constexpr int tries = 3;
+    for (int i = 1; i <= tries; ++i) {
+        bool isGone = false;
+        if (i == tries && (!attempt([&] { isGone = !isThere(catalogue, picture.picture); }) || isGone)) return {};
         std::optional<Proven> found;
         if (!attempt([&] { found = look(catalogue, picture, goesOn); })) continue;
         if (found->print.sha256.isEmpty()) return {};
-        if (found->fault != Fault::changed || tries > 0) return found;
+        if (found->fault != Fault::changed || i > 1) return found;
     }
-    Fingerprint kept;
-    const bool answers = attempt([&] { kept = keptOf(catalogue, picture.picture); });
-    if (!answers || kept.sha256.isEmpty()) return {};
     return Proven{.picture = picture.picture, .fault = Fault::unreadable};
 }
 
@@ -218,7 +245,8 @@ std::vector<Proven> proveAll(const QString& file, const std::vector<ToProve>& pi
 ProofState proofState(const Database& catalogue) {
     const ValueHashes::Extent kept = ValueHashes(catalogue).extent();
     ProofState state{kept.count, kept.since, damagedIn(OwnValues(catalogue))};
-    state.unchanged = std::max<qint64>(0, kept.count - state.damaged.size());
+    for (auto at = state.damaged.begin(); at != state.damaged.end() && state.unchanged > 0; ++at)
+        if (ValueHashes(catalogue).of(at.key())) --state.unchanged;
     return state;
 }
 
@@ -238,13 +266,14 @@ QMap<qint64, Fault> storeProof(const Database& catalogue, const std::vector<Prov
     const QMap<qint64, Fault> before = damagedIn(values);
     QMap<qint64, Fault> damaged, fresh;
     for (auto at = before.begin(); at != before.end(); ++at)
-        if (hashes.of(at.key())) damaged.insert(at.key(), at.value());
+        if (isThere(catalogue, at.key())) damaged.insert(at.key(), at.value());
     std::vector<qint64> checked;
     QSet<qint64> decoded;
     for (const Proven& one : found) {
         if (one.isNew) hashes.note(one.picture, one.print.length, one.print.sha256);
         const auto kept = hashes.of(one.picture);
-        if (!kept || (one.fault == Fault::none && kept->sha256 != one.print.sha256)) continue;
+        if (one.fault == Fault::unreadable ? !isThere(catalogue, one.picture) : !kept) continue;
+        if (one.fault == Fault::none && kept->sha256 != one.print.sha256) continue;
         checked.push_back(one.picture);
         if (one.isDecoded) decoded.insert(one.picture);
         if (one.fault == Fault::none && damaged.value(one.picture) != Fault::notWhole) damaged.remove(one.picture);

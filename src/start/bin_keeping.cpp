@@ -1,6 +1,7 @@
 #include "start/bin_keeping.h"
 
 #include "catalogue/bin_contents.h"
+#include "catalogue/bin_days.h"
 #include "catalogue/mektp.h"
 #include "catalogue/remembered.h"
 #include "platform/base/error.h"
@@ -19,14 +20,13 @@ BinKeeping::BinKeeping(const Pace& pace) : pace_(pace) {
     next_.start(pace_.start);
 }
 
-/// The last day on which the program was used with something in its bin, before this one; the two days are remembered.
-QDate BinKeeping::dayBefore(const QDate& today) const {
-    const QString now = today.toString(Qt::ISODate);
-    const QString days = remembered::text(daysName);
-    const QString last = days.section(u' ', 1, 1);
-    if (last == now) return QDate::fromString(days.section(u' ', 0, 0), Qt::ISODate);
-    remembered::setText(daysName, (last.isEmpty() ? now : last) + u' ' + now);
-    return QDate::fromString(last, Qt::ISODate);
+/// Notes the day, and tells which removals have been in the bin long enough.
+qint64 BinKeeping::lastOver() const {
+    const QString before = remembered::text(daysName);
+    BinDays days(before);
+    days.use(pace_.today(), Bin(mekTp::catalogue).newestRemoval());
+    if (const QString now = days.text(); now != before) remembered::setText(daysName, now);
+    return days.inBinFor(binDays);
 }
 
 void BinKeeping::work() {
@@ -34,10 +34,7 @@ void BinKeeping::work() {
     const bool isBusy = LongWork::isAnyAtWork() || BackupRun::current() != nullptr;
     attempt([&] {
         if (isBusy || !mekTp::catalogue.isOpen() || isBinEmpty(mekTp::catalogue)) return;
-        const QDate today = pace_.today();
-        const QDate before = dayBefore(today);
-        if (!before.isValid()) return;
-        const std::vector<qint64> items = expiredBinItems(mekTp::catalogue, today, before);
+        const std::vector<qint64> items = binItemsUpTo(mekTp::catalogue, lastOver());
         removeFromBin(mekTp::catalogue, items);
         isMore = !items.empty();
     });

@@ -7,7 +7,7 @@
 #include <functional>
 
 /// Removes from the bin of the open catalogue what has been there long enough, a few items at a time, while no run and
-/// no backup is under way. Remembers on which days the program was used (see `expiredBinItems`).
+/// no backup is under way. Remembers on which days the program was used (see `BinDays`).
 class BinKeeping : public QObject {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ class BinKeeping : public QObject {
 
   private:
     void work();
-    QDate dayBefore(const QDate& today) const;
+    qint64 lastOver() const;
 
     Pace pace_;
     QTimer next_;

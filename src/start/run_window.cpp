@@ -70,6 +70,7 @@ RunReport RunWindow::run(const std::function<RunReport(RunWatch&)>& work) {
         [&waiting] { waiting.quit(); });
     waiting.exec();
     hide();
+    noteFailures(*report);
     return *report;
 }
 

@@ -105,7 +105,7 @@ class TestManual : public QObject {
         const QStringList others{u"北海之行"_s, u"小孙女"_s, u"图形"_s};
         QStringList unknown;
         int inWindows = 0;
-        for (const QString& quoted : matches(u"“([^”]+)”"_s, plain(manual_))) {
+        for (const QString& quoted : matches(u"[“《]([^”》]+)[”》]"_s, plain(manual_))) {
             const bool isShown = shown.contains(quoted) || shown.contains(quoted + u'：');
             inWindows += isShown ? 1 : 0;
             // An amount in it is an example.

@@ -78,7 +78,7 @@ class TestFrmHs : public QObject {
         QCOMPARE(window.line(0), u"图册 空册（tc02）|空册备注|删除图册|"_s);
         QVERIFY(window.line(1).startsWith(u"按钮 人物（编号 2）||按钮|"_s));
         QVERIFY(window.line(2).startsWith(u"旅行（tc01），序号 3|编号 12，图片3|删除|"_s));
-        QVERIFY(window.label(u"lblHs"_s).startsWith(u"1 张图片、1 个图册、1 个按钮，共 "_s));
+        QVERIFY(window.label(u"lblHs"_s).startsWith(u"1 张图片、1 个图册、1 个按钮，"_s));
         const QModelIndex picture = window.list().model()->index(2, 0);
         QTRY_VERIFY(!picture.data(Qt::DecorationRole).value<QPixmap>().isNull());
         QVERIFY(window.list().model()->index(0, 0).data(Qt::DecorationRole).isNull());

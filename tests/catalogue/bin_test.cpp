@@ -2,12 +2,14 @@
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/album_directory.h"
+#include "catalogue/bin_days.h"
 #include "catalogue/bin_restoring.h"
 #include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
 #include "catalogue/selection_buttons.h"
 
 #include <QtTest/QtTest>
+#include <numeric>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -230,28 +232,60 @@ class TestBin : public QObject {
         QVERIFY(oldestBinItems(catalogue(), 0).empty());
     }
 
-    void staysThirtyDays_data() {
-        QTest::addColumn<int>("age");     // days
-        QTest::addColumn<int>("before");  // days since the program was last used
-        QTest::addColumn<bool>("goes");
-        QTest::newRow("fresh") << 0 << 1 << false;
-        QTest::newRow("last day") << 30 << 1 << false;
-        QTest::newRow("over") << 32 << 1 << true;
-        QTest::newRow("over for the first day") << 31 << 1 << false;
-        QTest::newRow("clock ahead by years, or long unused") << 9000 << 9000 << false;
-        QTest::newRow("clock behind by years") << -9000 << 1 << false;
+    void albumWithoutItsTable() {
+        catalogue().Execute(u"DROP TABLE tc02"_s);
+        Recordset row = catalogue().OpenRecordset(u"SELECT * FROM tcbm WHERE 表名 = 'tc01'"_s);
+        row.Edit();
+        row.Fields(u"表名"_s).SetValue(u"tcys"_s);
+        row.Update();
+        for (const QString& table : {u"tc02"_s, u"tcys"_s}) {
+            deleteAlbum(catalogue(), table);
+            QVERIFY(!findAlbum(catalogue(), table));
+        }
+        QVERIFY(count(u"tcys"_s) > 0);
+        restoreFromBin(catalogue(), binItems(catalogue()));
+        QCOMPARE(count(u"tc02"_s), 0);
     }
 
+    /// Days of use, by their distance from the removal, and whether the item goes after that.
     void staysThirtyDays() {
-        QFETCH(const int, age);
-        QFETCH(const int, before);
-        QFETCH(const bool, goes);
+        using Days = QList<int>;
+        const auto daily = [](int first, int last) {
+            Days days(last - first + 1);
+            std::iota(days.begin(), days.end(), first);
+            return days;
+        };
+        Days restarted, weekly, twoClocks;
+        for (int day = 0; day < 20; ++day) restarted << -20000 << day;  // the clock starts in 1970, and is set later
+        for (int day = 0; day <= 35; day += 7) weekly << day;
+        for (int day = 0; day < 20; ++day) twoClocks << day << 9000 + day;
+        const std::tuple<const char*, Days, bool> cases[] = {
+            {"daily", daily(0, 30), false},
+            {"daily, over", daily(0, 31), true},
+            {"before it was there", daily(-60, 0), false},
+            {"weekly", weekly.first(5), false},
+            {"weekly, over", weekly, true},
+            {"long unused", {0, 400, 401}, false},
+            {"ahead by years", daily(0, 2) + daily(9000, 9005) + daily(3, 10), false},
+            {"ahead from then on", daily(0, 2) + daily(9000, 9010), false},
+            {"ahead from then on, over", daily(0, 2) + daily(9000, 9023), true},
+            {"behind by years", daily(0, 2) + daily(-9000, -8973), false},
+            {"behind from then on, over", daily(0, 2) + daily(-9000, -8968), true},
+            {"ahead as it was removed", daily(9000, 9002) + daily(0, 27), false},
+            {"ahead as it was removed, over", daily(9000, 9002) + daily(0, 29), true},
+            {"starts anew each day", restarted, false},
+            {"two systems with different clocks", twoClocks, false}};
         remove(u"tc01"_s, 1);
-        const QDate today = QDate::currentDate().addDays(age);
-        const QDate lastUse = today.addDays(-before);
-        QCOMPARE(expiredBinItems(catalogue(), today, lastUse).empty(), !goes);
-        // An item out of the future is as old as the day on which that was seen.
-        QCOMPARE(expiredBinItems(catalogue(), today.addDays(40), today.addDays(39)).size(), 1U);
+        const qint64 removal = Bin(catalogue()).newestRemoval();
+        for (const auto& [name, uses, goes] : cases) {
+            BinDays days;
+            for (const int day : uses) {
+                days.use(QDate(2026, 11, 22).addDays(day), day < 0 && uses.last() == 0 ? 0 : removal);
+                days = BinDays(days.text());
+            }
+            QVERIFY2((binItemsUpTo(catalogue(), days.inBinFor(binDays)).size() == 1) == goes, name);
+        }
+        QCOMPARE(BinDays(u"2026-11-21 2026-11-22 x:1:2 2026-11-23:5:7 2026-11-24:4:7"_s).text(), u"2026-11-23:5:7"_s);
     }
 
     void worksWithoutABin() {

@@ -21,7 +21,7 @@ class TestIntakeQuestion : public QObject {
     using Hand = std::function<void(QMessageBox& box, QCheckBox* chkTg)>;
 
     /// Asks, and lets a hand work in the box.
-    std::optional<bool> asked(const Hand& hand) { return asked(hand, SkipOffer{u"tc01"_s, paths_}); }
+    std::optional<bool> asked(const Hand& hand) { return asked(hand, SkipOffer{u"tc01"_s, ChosenFiles{paths_}}); }
     std::optional<bool> asked(const Hand& hand, const std::optional<SkipOffer>& offer) {
         QTimer::singleShot(0, this, [&] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -63,6 +63,18 @@ class TestIntakeQuestion : public QObject {
         QVERIFY(answer == false);
     }
 
+    void captionTellsWhatIsLeftOpen() {
+        QFile file(paths_[4]);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(pictureBytes({60, 40}, Qt::blue, "PNG"));
+        file.close();
+        const auto waits = [](QMessageBox&, QCheckBox* chkTg) {
+            QTRY_COMPARE(chkTg->text(), u"跳过已有的图片（3 张，另有 1 张要转成 JPG，录入时才比较）"_s);
+            QVERIFY(chkTg->sizeHint().width() <= chkTg->width());
+        };
+        QVERIFY(!asked(waits, SkipOffer{u"tc01"_s, ChosenFiles{paths_, true}}));
+    }
+
     void choiceIsRemembered() {
         QVERIFY(asked([](QMessageBox& box, QCheckBox* chkTg) {
                     tick(chkTg);
@@ -90,7 +102,7 @@ class TestIntakeQuestion : public QObject {
                         QCOMPARE(chkTg->text(), u"跳过已有的图片"_s);
                         press(box, u"确定"_s);
                     },
-                    SkipOffer{u"tc01"_s, {}}) == true);
+                    SkipOffer{u"tc01"_s, ChosenFiles{}}) == true);
     }
 
     void nothingIsOfferedWhereRecordsAreReplaced() {

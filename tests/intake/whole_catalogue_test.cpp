@@ -100,6 +100,26 @@ class TestWholeCatalogue : public QObject {
         QCOMPARE(JetFiles::content(window_->path(u"旧像册.mdb"_s)), old_);
     }
 
+    /// The person is told before which albums are there already.
+    void secondJoiningTellsOfTheFirst() {
+        answer_ = u"另给编号"_s;
+        join();
+        changeRow(u"SELECT * FROM tc05 WHERE 序号 = 2"_s, {{u"备注"_s, u"我写的"_s}});
+        choose();
+        answer_ = u"接着加入"_s;
+        join();
+        QVERIFY2(asked_[1].contains(u"tc03《旅行2》：3 条，完整"_s) && !asked_[1].contains(u"tc05"_s),
+                 qPrintable(asked_[1]));
+        QVERIFY(!findAlbum(mekTp::catalogue, u"tc06"_s) && findTitle(mekTp::catalogue, u"生日2"_s));
+        QCOMPARE(mekTp::catalogue.OpenRecordset(u"SELECT * FROM tcan WHERE 名称 = '家人'"_s).rowCount(), 1);
+        choose();
+        answer_ = u"全部加入"_s;
+        join();
+        QVERIFY2(asked_[1].contains(u"tc04《生日2》：2 条，完整"_s), qPrintable(asked_[1]));
+        QVERIFY(findTitle(mekTp::catalogue, u"旅行3"_s));
+        QVERIFY(window_->get<QComboBox>(u"cboBm"_s).findText(u"tc03 旅行2"_s) >= 0);
+    }
+
     void ownButtonsMayServe() {
         answer_ = u"用现有的"_s;
         join();

@@ -11,6 +11,7 @@
 #include "platform/database/records/value_hashes.h"
 
 #include <QtTest/QtTest>
+#include <filesystem>
 #include <optional>
 #include <thread>
 
@@ -94,10 +95,15 @@ class TestBackupCopy : public QObject {
         QVERIFY(hasBegun && OpenDatabase(backup).TableDefs().contains(u"late"_s));
     }
 
-    /// The newest has the name, the last three before it have dates. The clock counts for nothing: it was put back.
+    /// The newest has the name, the last three before it have dates. The clock counts for nothing: it was put back. A
+    /// kill has left both names to the fifth: it does not count twice.
     void lastOnesAreKept() {
         const Sample sample;
         for (int i = 1; i <= 6; ++i) {
+            if (i == 6)
+                std::filesystem::create_hard_link(
+                    sample.backup.toStdString(),
+                    datedPath(sample.backup, describedBackup(sample.backup, false).made).toStdString());
             QCOMPARE(sample.refusal(), QString());
             behindTheBack(
                 sample.backup,
@@ -118,6 +124,22 @@ class TestBackupCopy : public QObject {
         for (const BackupFile& one : datedBeside(sample.backup, false)) kept << one.catalogue;
         QCOMPARE(kept.size(), 4);
         QCOMPARE(kept.count(describedBackup(other.backup, false).catalogue), 1);
+    }
+
+    /// Somebody's file that has the name of the backup.
+    void fileThatIsNoBackupStays() {
+        const Sample sample;
+        QFile diary(sample.backup);
+        QVERIFY(diary.open(QIODevice::WriteOnly) && diary.write("diary") > 0);
+        diary.close();
+        for (int i = 0; i < 5; ++i) QCOMPARE(sample.refusal(), QString());
+        QStringList found;
+        for (const QString& name : sample.files()) {
+            QFile file(sample.folder.filePath(u"bak/"_s + name));
+            if (file.open(QIODevice::ReadOnly) && file.readAll() == "diary") found << name;
+        }
+        QCOMPARE(found.size(), 1);
+        QCOMPARE(datedBeside(sample.backup, false).size(), olderBackups);
     }
 
     /// A bit that has turned in a picture, of the catalogue or only of its fingerprint, is no good copy.

@@ -1,6 +1,7 @@
 #include "../support/failure_of.h"
 #include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
+#include "catalogue/backup_file.h"
 #include "catalogue/mektp.h"
 #include "catalogue/picture_hashes.h"
 #include "cli/order.h"
@@ -98,6 +99,16 @@ class TestCli : public QObject {
                  qPrintable(said_));
     }
 
+    /// Whatever is left of it.
+    void damagedFileIsToldAsDamaged() {
+        mekTp::catalogue = {};
+        for (const qint64 left : {QFileInfo(catalogue()).size() / 2, qint64(5000)}) {
+            QVERIFY(QFile::resize(catalogue(), left));
+            QCOMPARE(run(checkCatalogue), 1);
+            QVERIFY2(said_.contains(u"有损坏的地方"), qPrintable(said_));
+        }
+    }
+
     /// A program that waits to store something gets its turn.
     void checkMakesWayForAWriter() {
         changeFile("INSERT INTO long_binary (bytes) VALUES (zeroblob(200000000))");
@@ -119,6 +130,8 @@ class TestCli : public QObject {
         QCOMPARE(run(backUp, copy), 0);
         QCOMPARE(OpenDatabase(copy).OpenRecordset(u"tc01"_s).rowCount(), 10);
         QVERIFY(!failureOf([&] { run(backUp, sample_->file(u"no folder/copy.mdb"_s)); }).isEmpty());
+        QCOMPARE(run(backUp, copy), 0);
+        QCOMPARE(datedBeside(copy, false).size(), 1);
     }
 
     void exportWritesWhatIsStored() {

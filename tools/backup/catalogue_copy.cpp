@@ -1,6 +1,7 @@
 #include "backup/catalogue_copy.h"
 
 #include "backup/copy_pace.h"
+#include "catalogue/album_tables.h"
 #include "catalogue/backup_file.h"
 #include "catalogue/picture_proof.h"
 #include "platform/base/error.h"
@@ -14,12 +15,14 @@
 #include <fcntl.h>
 #include <sqlite3.h>
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
 #include <QStorageInfo>
 #include <QThread>
+#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <thread>
@@ -210,7 +213,12 @@ void requireWhole(const QString& copy, const QString& from, const QString& to) {
     if (unsound) std::rethrow_exception(unsound);
 }
 
+/// A catalogue without a name by which its backups know it gets one, where it can be written to.
 QString identityIn(const QString& catalogue) {
+    attempt([&] {
+        const Database database = OpenDatabase(catalogue);
+        if (database.isOurs()) giveIdentity(database);
+    });
     try {
         SQLite::Database database(fileName(catalogue), SQLite::OPEN_READONLY);
         sqlite3_busy_handler(database.getHandle(), waitForAMoment, nullptr);
@@ -225,13 +233,22 @@ qint64 freeBytes(const QString& path) {
     return QStorageInfo(QFileInfo(path).absolutePath()).bytesAvailable();
 }
 
+/// A kill may have come right behind the giving of the dated name.
+bool hasDatedName(const QString& backup) {
+    const QFileInfo file(backup);
+    const QStringList dated = QDir(file.path()).entryList({file.completeBaseName() + u"-*."_s + file.suffix()});
+    return std::ranges::any_of(dated,
+                               [&](const QString& name) { return isSameFile(file.path() + u'/' + name, backup); });
+}
+
 /// The last backup gets its dated name, and loses the other one when the new one comes in its place. Where nobody knows
-/// what it is of, it stays only where there is room for yet another one.
+/// what it is of, it stays only where there is room for yet another one. A file that is no catalogue of this program
+/// always stays: it is somebody's.
 void keepLast(const QString& to, const QList<BackupFile>& there, const QString& catalogue, qint64 room) {
-    if (there.isEmpty() || there.front().path != to) return;
-    const BackupFile& last = there.front();
-    if (last.catalogue.isEmpty() && (catalogue.isEmpty() || freeBytes(to) < room)) return;
-    const QString dated = datedPath(to, last.made);
+    if (!QFileInfo::exists(to) || hasDatedName(to)) return;
+    const bool isBackup = !there.isEmpty() && there.front().path == to;
+    if (isBackup && there.front().catalogue.isEmpty() && (catalogue.isEmpty() || freeBytes(to) < room)) return;
+    const QString dated = datedPath(to, isBackup ? there.front().made : FileDateTime(to));
     std::error_code failed;
     std::filesystem::create_hard_link(fileName(to), fileName(dated), failed);
     if (failed) std::filesystem::rename(fileName(to), fileName(dated), failed);

@@ -69,7 +69,7 @@ std::vector<Proven> unreadIn(const Database& catalogue, const std::vector<ToProv
 qsizetype countWithoutPrints(const Database& catalogue) {
     qsizetype count = 0;
     for (const QString& album : albumTables(catalogue))
-        attempt([&] { count += qsizetype(ValueHashes(catalogue).without(album, u"图片"_s).size()); });
+        count += qsizetype(ValueHashes(catalogue).without(album, u"图片"_s).size());
     return count;
 }
 
@@ -113,21 +113,29 @@ class PassingOver : public RunWatch {
 
 Exit checkCatalogue(const QString& catalogue, QTextStream& out) {
     if (isJetDatabase(catalogue)) throw Error(u"“%1”不是本软件的像册文件，不能检查。"_s.arg(catalogue));
+    // What a power cut has left half changed is repaired by opening it for writing; the check only reads.
+    attempt([&] { (void)OpenDatabase(catalogue).TableDefs(); });
     const bool isWhole = lookThrough(catalogue) == FileCheck::Outcome::whole;
     out << (isWhole ? u"像册文件“%1”完整。\n"_s : u"像册文件“%1”有损坏的地方。请不要再改动它，用备份恢复。\n"_s)
                .arg(catalogue);
     out.flush();
-    const PictureCount count = comparePictures(catalogue, out);
-    out << u"图片：%1 张与收进来时一样，%2 张不同或不能读取，%3 张还没有登记。\n"_s.arg(count.same)
-               .arg(count.changed)
-               .arg(count.unknown);
-    return isWhole && count.changed == 0 ? Exit::good : Exit::bad;
+    try {
+        const PictureCount count = comparePictures(catalogue, out);
+        out << u"图片：%1 张与收进来时一样，%2 张不同或不能读取，%3 张还没有登记。\n"_s.arg(count.same)
+                   .arg(count.changed)
+                   .arg(count.unknown);
+        return isWhole && count.changed == 0 ? Exit::good : Exit::bad;
+    } catch (const Error& failure) {
+        if (isWhole) throw;
+        out << u"图片没有核对完：%1\n"_s.arg(failure.text());
+        return Exit::bad;
+    }
 }
 
 Exit backUp(const QString& catalogue, const QString& copy, QTextStream& out) {
     const QString path = QFileInfo(copy).absoluteFilePath();
     copyCatalogue(catalogue, path);
-    out << u"已备份到“%1”。\n"_s.arg(path);
+    out << u"像册“%1”已备份到“%2”。\n"_s.arg(catalogue, path);
     return Exit::good;
 }
 
@@ -142,6 +150,9 @@ Exit exportAlbum(const QString& catalogue, const QString& album, const QString& 
     for (const RunItem& item : report.items)
         if (item.fate != Fate::taken) out << u"没有写成：序号 %1 %2：%3\n"_s.arg(item.name, item.file, item.reason);
     if (!report.failure.isEmpty()) throw Error(report.failure);
-    out << u"图册 %1 有 %2 张图片，%3 张已在“%4”里。\n"_s.arg(table).arg(numbers.size()).arg(report.count).arg(path);
+    out << u"像册“%1”的图册 %2 有 %3 张图片，%4 张已在“%5”里。\n"_s.arg(catalogue, table)
+               .arg(numbers.size())
+               .arg(report.count)
+               .arg(path);
     return report.count == numbers.size() ? Exit::good : Exit::bad;
 }

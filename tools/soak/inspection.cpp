@@ -43,7 +43,8 @@ class Catalogue {
                                            "AND name NOT IN (SELECT 表名 FROM tcbm)")) {
             // Background pictures, corners and steps of the editor: nobody tells about them, but they have to be whole.
             const PlaceFound place = lookAt(table, false);
-            if (table == u"tcan") found[prefix + table] = place;
+            if (table == u"tcan" || table == Ledger::bin) found[prefix + table] = place;
+            if (table == Ledger::steps && prefix.isEmpty()) found[table].numbers = stepsWithSource();
             if (table.size() == 4 && table.startsWith(u"tc") && table[2].isDigit())
                 faults_ << table + u" is in no directory"_s;
         }
@@ -84,6 +85,13 @@ class Catalogue {
         }
         place.numbers = fingerprintOf(numbers.join(u' ').toUtf8());
         return place;
+    }
+
+    QString stepsWithSource() {
+        const int steps = database_.execAndGet("SELECT count(*) FROM tccx").getInt();
+        const bool isKept = !tables("SELECT name FROM sqlite_schema WHERE name = 'lunq_values'").isEmpty() &&
+                            !tables("SELECT value FROM lunq_values WHERE name = 'editor.source'").join(u' ').isEmpty();
+        return QString::number(steps) + (isKept ? u'+' : u'-');
     }
 
     void lookAtColumn(const QString& table, const QString& column) {

@@ -124,7 +124,7 @@ class Killer {
             killOnce(kill);
         }
         tell(clock.elapsed());
-        QFile::remove(template_);
+        removeCatalogue(template_);
         return faults_ == 0 ? 0 : 1;
     }
 

@@ -15,8 +15,9 @@ void Ledger::hear(const QString& line) {
     if (is(u"drop"_s, 2)) pictureIs(words[1], words[2], Certainty::possible);
     if (is(u"dropped"_s, 2)) pictureIs(words[1], words[2], Certainty::gone);
     if (is(u"turn"_s, 4) || is(u"turned"_s, 4)) turnIs(words.mid(1), verb == u"turned");
-    if (is(u"renumber"_s, 3)) places_[words[1]].numberings = words.mid(2);
+    if (verb == u"renumber" && words.size() > 2) places_[words[1]].numberings = words.mid(2);
     if (is(u"renumbered"_s, 2)) places_[words[1]].numberings = words.mid(2);
+    if (is(u"forget"_s, 1)) places_[words[1]].numberings.clear();
     if (is(u"create"_s, 1) || is(u"remove"_s, 1)) places_[words[1]].certainty = Certainty::possible;
     if (is(u"created"_s, 1)) places_[words[1]].certainty = Certainty::sure;
     if (is(u"removed"_s, 1)) places_[words[1]].certainty = Certainty::gone;
@@ -58,7 +59,7 @@ QStringList Ledger::faults(const Found& found) const {
             comparePictures(place.key(), *place, found[place.key()], faults);
     }
     for (const QString& name : found.keys())
-        if (!places_.contains(name)) faults << name + u" has come from nowhere"_s;
+        if (!places_.contains(name) && name != bin) faults << name + u" has come from nowhere"_s;
     for (const Turn& turn : turns_)
         if (const QString fault = faultOf(turn, found); !fault.isEmpty()) faults << fault;
     return faults;
@@ -70,11 +71,12 @@ void Ledger::comparePictures(const QString& name, const Place& place, const Plac
         const auto times = found.pictures.count(picture.key());
         if (*picture == Certainty::sure && times == 0) faults << u"%1: %2 is lost"_s.arg(name, picture.key());
         if (*picture == Certainty::gone && times > 0) faults << u"%1: %2 has come back"_s.arg(name, picture.key());
-        if (times > 1) faults << u"%1: %2 is there %3 times"_s.arg(name, picture.key()).arg(times);
+        if (times > 1 && name != bin) faults << u"%1: %2 is there %3 times"_s.arg(name, picture.key()).arg(times);
     }
     QStringList strangers = found.pictures;
     strangers.removeIf([&](const QString& picture) { return place.pictures.contains(picture); });
-    if (strangers.size() > place.strangers) faults << u"%1: nobody knows %2"_s.arg(name, strangers.join(u", "));
+    if (strangers.size() > place.strangers && name != bin)
+        faults << u"%1: nobody knows %2"_s.arg(name, strangers.join(u", "));
     if (!place.numberings.isEmpty() && !place.numberings.contains(found.numbers))
         faults << u"%1: renumbered by half"_s.arg(name);
 }

@@ -9,6 +9,7 @@
 struct PlaceFound {
     QStringList pictures;  ///< Fingerprints, row by row.
     QString numbers;       ///< Fingerprint of the column 序号, row by row.
+    bool operator==(const PlaceFound&) const = default;
 };
 
 /// The content of all places after a kill.
@@ -20,13 +21,18 @@ using Found = QMap<QString, PlaceFound>;
 ///     add P h        h is being stored in P          added P h       it is stored
 ///     drop P h       h is being deleted from P       dropped P h     it is deleted
 ///     turn P h Q k   h in P is becoming k in Q       turned P h Q k  it has become k
-///     renumber P a b the numbers a are becoming b    renumbered P b  they are b
+///     renumber P a … the numbers of P are one of these, until it is renumbered, or anything else comes of it
+///     renumbered P b they are b                      forget P        they may be any
 ///     create P, created P, remove P, removed P       the same for the place itself, with its content
 ///
-/// The fingerprint "?" is a picture that is not known before it is stored; "met P h" names it afterwards.
+/// The fingerprint "?" is a picture that is not known before it is stored; "met P h" names it afterwards. Into the
+/// place `bin` goes more than is told.
 class Ledger {
   public:
     static inline const QString unknown = QStringLiteral("?");
+    static inline const QString bin = QStringLiteral("lunq_bin");
+    /// The steps of the editor: their number, with "+" behind it where their source is kept, otherwise "-".
+    static inline const QString steps = QStringLiteral("tccx");
 
     /// Takes a report. Other lines are ignored.
     void hear(const QString& line);

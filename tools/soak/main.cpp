@@ -1,7 +1,7 @@
 #include "platform/base/error.h"
-#include "soak/conversion_kills.h"
 #include "soak/killer.h"
 #include "soak/session.h"
+#include "soak/staged_kills.h"
 #include "soak/unsynced_vfs.h"
 #include "soak/worked_program.h"
 
@@ -41,14 +41,19 @@ int run(QApplication& application) {
     option(u"unsynced"_s, u"Lose with the process what the engine has not synced, as a power cut does."_s);
     option(u"only"_s, u"Only these scenes, with commas between them."_s, u"scenes"_s);
     option(u"rounds"_s, u"Do not kill it: play so many rounds of scenes and watch memory and files."_s, u"rounds"_s);
-    option(u"conversion"_s, u"Kill the conversion of an old catalogue instead."_s);
-    option(u"convert"_s, u"Be the program that converts, in this folder."_s, u"folder"_s);
+    option(u"stage"_s,
+           u"Kill what the program does without windows instead: backup, restore, raising, rescue or conversion."_s,
+           u"name"_s);
+    option(u"play"_s, u"Be the program that does such a thing."_s, u"name"_s);
+    option(u"room"_s, u"Let no file of that grow beyond so many bytes."_s, u"bytes"_s, u"-1"_s);
     option(u"folder"_s, u"Where to work."_s, u"folder"_s, QDir::temp().filePath(u"lunq-soak/program"_s));
     option(u"work"_s, u"Be the worked program, in this folder."_s, u"folder"_s);
     option(u"scenes"_s, u"What the worked program is to do."_s, u"scenes"_s);
     parser.process(application);
-    if (parser.isSet(u"convert"_s)) return convertOnce(parser.value(u"convert"_s));
     const quint32 seed = parser.value(u"seed"_s).toUInt();
+    if (parser.isSet(u"play"_s))
+        return playStage(parser.value(u"play"_s), parser.value(u"folder"_s),
+                         {parser.value(u"room"_s).toLongLong(), parser.isSet(u"unsynced"_s), seed});
     if (parser.isSet(u"work"_s)) {
         if (parser.isSet(u"unsynced"_s)) loseUnsyncedWrites(seed);
         return work(parser.value(u"work"_s), parser.value(u"seed"_s).toULongLong(),
@@ -68,7 +73,7 @@ int run(QApplication& application) {
                           seed,
                           parser.isSet(u"unsynced"_s),
                           scenes};
-    return parser.isSet(u"conversion"_s) ? killConversions(order) : killAgainAndAgain(order);
+    return parser.isSet(u"stage"_s) ? killStage(parser.value(u"stage"_s), order) : killAgainAndAgain(order);
 }
 
 }  // namespace

@@ -105,8 +105,12 @@ void Samples::writeLarge(const QString& path) {
     writeFile(path, large());
 }
 
-void makeCatalogue(const QString& fresh, const QString& path) {
-    constexpr int workPictures = 24, longPictures = 2000;
+void removeCatalogue(const QString& path) {
+    for (const QString& file : {path, path + u"-journal"_s}) QFile::remove(file);
+}
+
+void makeCatalogue(const QString& fresh, const QString& path, int longPictures) {
+    constexpr int workPictures = 24;
     QFile::remove(path);
     if (!QFile::copy(fresh, path)) throw Error(u"%1 cannot be copied to %2"_s.arg(fresh, path));
     QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);

@@ -29,9 +29,11 @@ inline const QString largeSpec = QStringLiteral("1900 * 1400");
 /// The albums of the catalogue that the soak works on.
 inline const QString workAlbum = QStringLiteral("tc05");
 inline const QString otherAlbum = QStringLiteral("tc06");
-inline const QString longAlbum = QStringLiteral("tc09");  ///< Two thousand pictures, to be renumbered.
+inline const QString longAlbum = QStringLiteral("tc09");  ///< To be renumbered.
 
-/// Makes a catalogue with these albums out of the fresh one of the build.
-void makeCatalogue(const QString& fresh, const QString& path);
+/// Makes a catalogue with these albums out of the fresh one of the build. The long one has so many pictures.
+void makeCatalogue(const QString& fresh, const QString& path, int longPictures = 2000);
+/// The file and what the engine keeps beside it.
+void removeCatalogue(const QString& path);
 /// An empty catalogue with the tables tc02 and tc05, as a place to transfer pictures to.
 void makeOtherCatalogue(const QString& path);

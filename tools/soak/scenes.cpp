@@ -12,7 +12,9 @@ Scenes::Scenes(Program& program, const QString& folder, const Report& report, qu
         said_ << box.text;
         if (box.title == u"错误提示") report_({u"fault"_s, QString(box.text).replace(u'\n', u' ')});
         // Work that a kill has left is given up: nothing tells what would become of it.
-        return int(std::max<qsizetype>(box.answers.indexOf(u"放弃"_s), 0));
+        for (const QString& answer : preferred_ + QStringList{u"放弃"_s})
+            if (const auto index = box.answers.indexOf(answer); index >= 0) return int(index);
+        return 0;
     });
     answerFileDialogsWith([this](const FileQuestion&) { return file_; });
 }
@@ -32,7 +34,12 @@ const std::map<QString, void (Scenes::*)()>& Scenes::all() {
         {u"records"_s, &Scenes::editRecords},
         {u"delete"_s, &Scenes::deletePictures},
         {u"put-back"_s, &Scenes::putBack},
+        {u"bin-empty"_s, &Scenes::emptyBin},
         {u"album-back"_s, &Scenes::putAlbumBack},
+        {u"prove"_s, &Scenes::provePictures},
+        {u"hashes"_s, &Scenes::keepHashes},
+        {u"from-backup"_s, &Scenes::takeFromBackup},
+        {u"kept-steps"_s, &Scenes::keepSteps},
         {u"album"_s, &Scenes::makeAndDeleteAlbum},
         {u"to-files"_s, &Scenes::exportPictures},
         {u"move-to-files"_s, &Scenes::movePicturesToFiles},
@@ -70,12 +77,16 @@ void Scenes::run(const QString& button, const QString& closing) {
 }
 
 void Scenes::clickAndWait(const QString& button, const QString& closing) {
+    waitForBox([&] { settings_.click(button); }, closing);
+}
+
+void Scenes::waitForBox(const std::function<void()>& deed, const QString& closing) {
     constexpr int patience = 120000;
     const auto before = said_.size();
     const auto isClosing = [&](const QString& text) { return text.startsWith(closing); };
-    settings_.click(button);
+    deed();
     if (!QTest::qWaitFor([&] { return std::any_of(said_.begin() + before, said_.end(), isClosing); }, patience))
-        throw Error(u"%1 comes to no end"_s.arg(button));
+        throw Error(u"nothing says "_s + closing);
 }
 
 void Scenes::home() const {

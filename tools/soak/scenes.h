@@ -25,12 +25,17 @@ class Scenes {
     const QStringList& said() const { return said_; }
 
   private:
+    /// The pages of the settings window.
+    static constexpr int setupPage = 0, intakePage = 1, editingPage = 2, transferPage = 3;
+
     static const std::map<QString, void (Scenes::*)()>& all();
     /// Runs what is worth being killed in.
     void work(const std::function<void()>& handler);
     /// A run that a button of the settings window begins, up to its closing message.
     void run(const QString& button, const QString& closing);
     void clickAndWait(const QString& button, const QString& closing);
+    /// Does something, and waits until a box says what begins so.
+    void waitForBox(const std::function<void()>& deed, const QString& closing);
     void home() const;
     void settings(int page) const;
     void editor() const;
@@ -43,9 +48,14 @@ class Scenes {
     void editRecords();
     void deletePictures();
     void putBack();
+    void emptyBin();
     void putAlbumBack();
     QString fillNewAlbum();
     void makeAndDeleteAlbum();
+    void provePictures();
+    void keepHashes();
+    void takeFromBackup();
+    void keepSteps();
     void exportPictures();
     void movePicturesToFiles();
     void copyToCatalogue();
@@ -56,8 +66,13 @@ class Scenes {
     void makeButtonPicture();
     void browse();
 
+    QString deleteRecord(const QString& album);
+    void removeAlbum(const QString& table, const QStringList& pictures);
+    void turnAll(const QStringList& pictures, const QString& from, const QString& to, bool isDone) const;
+    QStringList makeSource(const QString& path);
     QString newFolder();
     QList<int> chosenRows(int count, int of);
+    void giveName() const;
     void chooseFolder(const QString& folder) const;
     QStringList choosePictures(const QString& album, int count);
     QString chooseCatalogue();
@@ -78,5 +93,6 @@ class Scenes {
     QString file_;  ///< What file dialogs give.
     QStringList said_;
     QString scene_;
+    QStringList preferred_;  ///< Answers that are given wherever they are offered.
     Hand viewer_{QStringLiteral("frmTp")}, settings_{QStringLiteral("frmSz")}, editor_{QStringLiteral("frmCl")};
 };

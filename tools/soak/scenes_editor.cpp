@@ -32,7 +32,6 @@ void Scenes::operate() {
 }
 
 void Scenes::openAlbumPicture(const QString& album) {
-    editor();
     editor_.click(u"tlb1:sk"_s);
     editor_.chooseInCombo(u"cboBm"_s, album);
     const int total = editor_.get<DataControl>(u"datBj"_s).total();
@@ -41,6 +40,7 @@ void Scenes::openAlbumPicture(const QString& album) {
 }
 
 void Scenes::editAlbumPicture() {
+    editor();
     openAlbumPicture(otherAlbum);
     const Recordset& record = editor_.get<DataControl>(u"datBj"_s).Recordset();
     const QString number = record.Fields(u"序号"_s).Value().textOr(), before = pictureOf(record);

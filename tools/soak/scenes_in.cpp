@@ -11,7 +11,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int setupPage = 0, intakePage = 1, editingPage = 2;
 const QString entered = u"图片录入完成！"_s;
 const QString replacing = u"optCz(0)"_s, appending = u"optCz(1)"_s;
 
@@ -102,23 +101,27 @@ void Scenes::replaceFiles() {
     for (const auto& [before, after] : replaced) report_({u"turned"_s, otherAlbum, before, otherAlbum, after});
 }
 
+/// Another catalogue with four pictures in the album tc05. Returns them.
+QStringList Scenes::makeSource(const QString& path) {
+    makeOtherCatalogue(path);
+    QStringList pictures;
+    Recordset rows = OpenDatabase(path).OpenRecordset(u"tc05"_s);
+    for (int number = 1; number <= 4; ++number) {
+        const QByteArray bytes = number == 2 ? samples_.large() : samples_.small();
+        rows.AddNew();
+        rows.Fields(u"序号"_s).SetValue(number);
+        rows.Fields(u"规格"_s).SetValue(number == 2 ? largeSpec : smallSpec);
+        rows.Fields(u"图片"_s).SetValue(bytes);
+        rows.Update();
+        pictures << fingerprintOf(bytes);
+    }
+    return pictures;
+}
+
 void Scenes::takeInCatalogue() {
     const QString folder = newFolder();
     const QString source = QDir(folder).filePath(u"别 的.mdb"_s);
-    makeOtherCatalogue(source);
-    QStringList pictures;
-    {
-        Recordset rows = OpenDatabase(source).OpenRecordset(u"tc05"_s);
-        for (int number = 1; number <= 4; ++number) {
-            const QByteArray bytes = number == 2 ? samples_.large() : samples_.small();
-            rows.AddNew();
-            rows.Fields(u"序号"_s).SetValue(number);
-            rows.Fields(u"规格"_s).SetValue(number == 2 ? largeSpec : smallSpec);
-            rows.Fields(u"图片"_s).SetValue(bytes);
-            rows.Update();
-            pictures << fingerprintOf(bytes);
-        }
-    }
+    const QStringList pictures = makeSource(source);
     settings(intakePage);
     settings_.chooseInCombo(u"cboBm"_s, otherAlbum);
     settings_.option(u"optYl(1)"_s);
@@ -173,28 +176,8 @@ void Scenes::deletePictures() {
         auto& records = settings_.get<DataControl>(u"datBj"_s);
         for (int i = 0; i < 4 && records.total() > 12; ++i) {
             settings_.clickRow(int(random_.bounded(records.total())));
-            const QString picture = pictureOf(records.Recordset());
-            report_({u"drop"_s, album, picture});
-            work([&] { settings_.click(u"cmdSc"_s); });
-            report_({u"dropped"_s, album, picture});
+            deleteRecord(album);
         }
-    }
-}
-
-/// Deleted, and put back at once. What the bin holds is checked with all values after a kill.
-void Scenes::putBack() {
-    settings(editingPage);
-    settings_.chooseInCombo(u"cboBm"_s, workAlbum);
-    auto& records = settings_.get<DataControl>(u"datBj"_s);
-    for (int i = 0; i < 3 && records.total() > 0; ++i) {
-        settings_.clickRow(int(random_.bounded(records.total())));
-        const QString picture = pictureOf(records.Recordset());
-        report_({u"drop"_s, workAlbum, picture});
-        work([&] { settings_.click(u"cmdSc"_s); });
-        report_({u"dropped"_s, workAlbum, picture});
-        report_({u"add"_s, workAlbum, picture});
-        work([&] { settings_.click(u"cmdHf"_s); });
-        report_({u"added"_s, workAlbum, picture});
     }
 }
 
@@ -224,33 +207,6 @@ QString Scenes::fillNewAlbum() {
     return table;
 }
 
-void Scenes::makeAndDeleteAlbum() {
-    const QString table = fillNewAlbum();
-    settings_.chooseInCombo(u"cboFc"_s, table);
-    report_({u"remove"_s, table});
-    work([&] { settings_.click(u"cmdFs"_s); });
-    report_({u"removed"_s, table});
-}
-
-/// The album comes back whole or not at all, and is deleted in the end.
-void Scenes::putAlbumBack() {
-    const QString table = fillNewAlbum();
-    const QStringList pictures = picturesOf(table);
-    settings_.chooseInCombo(u"cboFc"_s, table);
-    report_({u"remove"_s, table});
-    work([&] { settings_.click(u"cmdFs"_s); });
-    report_({u"removed"_s, table});
-    report_({u"create"_s, table});
-    for (const QString& picture : pictures) report_({u"add"_s, table, picture});
-    work([&] { settings_.click(u"cmdHf"_s); });
-    report_({u"created"_s, table});
-    for (const QString& picture : pictures) report_({u"added"_s, table, picture});
-    settings_.chooseInCombo(u"cboFc"_s, table);
-    report_({u"remove"_s, table});
-    work([&] { settings_.click(u"cmdFs"_s); });
-    report_({u"removed"_s, table});
-}
-
 void Scenes::addAndDeleteButton() {
     const QString code = QChar(u'A' + random_.bounded(10));
     file_ = QDir(newFolder()).filePath(u"1.jpg"_s);
@@ -274,7 +230,7 @@ void Scenes::addAndDeleteButton() {
     }
     settings_.clickRowOf(1, code);
     const QString picture = pictureOf(owner);
-    report_({u"drop"_s, u"tcan"_s, picture});
+    report_({u"turn"_s, u"tcan"_s, picture, Ledger::bin, picture});
     work([&] { settings_.click(u"cmdSn"_s); });
-    report_({u"dropped"_s, u"tcan"_s, picture});
+    report_({u"turned"_s, u"tcan"_s, picture, Ledger::bin, picture});
 }

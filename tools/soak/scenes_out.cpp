@@ -11,7 +11,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int transferPage = 3;
 const QString toFolder = u"optMb(0)"_s, toTable = u"optMb(1)"_s;
 const QString copied = u"图册《"_s;  ///< The beginning of the closing message.
 
@@ -49,6 +48,18 @@ void Scenes::exportPictures() {
     for (const QString& picture : picturesOf(otherAlbum)) report_({u"added"_s, place, picture});
 }
 
+/// The next picture is asked for, or none, when the one in hand is stored.
+void Scenes::giveName() const {
+    constexpr int patience = 60000;
+    const auto question = [&] {
+        const auto& label = settings_.get<QLabel>(u"lblWm"_s);
+        return label.isVisible() ? label.toolTip() : QString();
+    };
+    const QString before = question();
+    settings_.click(u"cmdWm(0)"_s);
+    if (!QTest::qWaitFor([&] { return question() != before; }, patience)) throw Error(u"no answer to a name"_s);
+}
+
 void Scenes::movePicturesToFiles() {
     const QStringList pictures = choosePictures(workAlbum, 3);
     const QString folder = newFolder();
@@ -59,7 +70,7 @@ void Scenes::movePicturesToFiles() {
     for (qsizetype i = 0; i < pictures.size(); ++i) {
         report_({u"turn"_s, workAlbum, pictures[i], place, pictures[i]});
         settings_.type(u"txtWm"_s, u"移%1"_s.arg(i));
-        work([&] { settings_.click(u"cmdWm(0)"_s); });
+        work([&] { giveName(); });
         report_({u"turned"_s, workAlbum, pictures[i], place, pictures[i]});
     }
 }

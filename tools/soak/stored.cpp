@@ -1,6 +1,8 @@
 #include "soak/stored.h"
 
 #include "catalogue/mektp.h"
+#include "catalogue/remembered.h"
+#include "platform/database/records/own_rows.h"
 #include "soak/fingerprints.h"
 
 #include <algorithm>
@@ -35,4 +37,19 @@ Numbering numberingBy(const QString& album, const QString& column) {
     int number = 0;
     for (const qsizetype row : order) after[row] = QString::number(++number);
     return {fingerprintOf(before.join(u' ').toUtf8()), fingerprintOf(after.join(u' ').toUtf8())};
+}
+
+QStringList picturesInBin() {
+    QStringList pictures;
+    const OwnRows rows(mekTp::catalogue);
+    rows.each(u"SELECT 图片 FROM lunq_bin WHERE 图片 NOTNULL"_s, {}, [&](const OwnRows::Values& row) {
+        const StoredValue picture = rows.value(row[0].toLongLong());
+        pictures << fingerprintOf(picture.read(0, picture.size()));
+    });
+    return pictures;
+}
+
+QString stepsWithSource() {
+    const int steps = mekTp::catalogue.OpenRecordset(u"tccx"_s).rowCount();
+    return QString::number(steps) + (remembered::text(u"editor.source"_s).isEmpty() ? u'-' : u'+');
 }

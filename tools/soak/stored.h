@@ -15,3 +15,8 @@ struct Numbering {
     QString before, after;
 };
 Numbering numberingBy(const QString& album, const QString& column);
+
+/// The pictures in the bin.
+QStringList picturesInBin();
+/// Number and source of the editor's steps, in the words of the `Ledger`.
+QString stepsWithSource();

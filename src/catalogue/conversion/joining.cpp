@@ -2,6 +2,7 @@
 
 #include "catalogue/album_directory.h"
 #include "catalogue/album_rules.h"
+#include "catalogue/album_tables.h"
 #include "catalogue/conversion/album_taking.h"
 #include "catalogue/conversion/fixed_taking.h"
 #include "catalogue/conversion/verification.h"
@@ -43,6 +44,12 @@ std::vector<OldButton> oldButtons(const Database& old) {
     return buttons;
 }
 
+/// That of a button with this name; empty when there is none.
+QString codeOfButton(const Database& ours, const QString& name) {
+    const Recordset same = ours.OpenRecordset(u"SELECT * FROM tcan WHERE 名称 = "_s + quoted(name));
+    return same.Eof() ? QString() : same.Fields(u"编号"_s).Value().textOr().trimmed();
+}
+
 QString freeCode(const Database& ours) {
     const QString signs = u"0123456789abcdefghijklmnopqrstuwxyzαβγδεζηθικλμνξοπρστυφχψω甲乙丙丁戊己庚辛壬癸"_s;
     for (const QChar sign : signs)
@@ -57,6 +64,10 @@ qint32 nextNumber(const Database& ours, const QString& table) {
     return highest + 1;
 }
 
+QString wantedTitle(const OldAlbum& album) {
+    return titleFits(album.title) ? album.title : album.name;
+}
+
 /// The title of an album, with a number behind it where that is taken.
 QString freeTitle(const Database& ours, const QString& wanted) {
     QString title = wanted;
@@ -67,6 +78,52 @@ QString freeTitle(const Database& ours, const QString& wanted) {
         title = start + mark;
     }
     return title;
+}
+
+std::vector<OldAlbum> albumsToJoin(const Database& old) {
+    std::vector<OldAlbum> albums = oldAlbums(old);
+    std::erase_if(albums, [](const OldAlbum& album) { return album.table.isEmpty() || isDemo(album.table); });
+    return albums;
+}
+
+/// What an album was called when it joined, if its title was taken.
+bool isTitleOf(const QString& title, const OldAlbum& old) {
+    const QString wanted = wantedTitle(old);
+    if (title == wanted) return true;
+    QString start = title;
+    while (!start.isEmpty() && start.back().isDigit()) start.chop(1);
+    return !start.isEmpty() && start != title && wanted.startsWith(start);
+}
+
+/// What tells a record from others, without its picture.
+QString likenessOf(const Recordset& rows, int row) {
+    QStringList texts;
+    for (const QString& column : {u"序号"_s, u"大小"_s, u"规格"_s, u"备注"_s}) {
+        QString text;
+        attempt([&] { text = rows.valueAt(row, column).textOr().trimmed(); });
+        texts << text;
+    }
+    return texts.join(u'\n');
+}
+
+/// Whether the album is the beginning of the old one.
+bool isBeginningOf(const Recordset& album, const Recordset& old) {
+    if (album.rowCount() > old.rowCount() || (album.rowCount() == 0 && old.rowCount() > 0)) return false;
+    for (int row = 0; row < album.rowCount(); ++row)
+        if (likenessOf(album, row) != likenessOf(old, row)) return false;
+    return true;
+}
+
+std::optional<JoinedAlbum> joinedAs(const OldAlbum& album, const Database& old, const Database& ours) {
+    const Recordset theirs = old.OpenRecordset(allRecordsSql(album.table));
+    std::optional<JoinedAlbum> found;
+    for (const Album& own : allAlbums(ours)) {
+        if (isDemo(own.table) || !isTitleOf(own.title, album) || !isAlbumTable(ours, own.table)) continue;
+        const Recordset records = ours.OpenRecordset(allRecordsSql(own.table));
+        if (!isBeginningOf(records, theirs) || (found && found->records >= records.rowCount())) continue;
+        found = {album.table, own.table, own.title, records.rowCount(), records.rowCount() == theirs.rowCount()};
+    }
+    return found;
 }
 
 class Joining {
@@ -92,28 +149,49 @@ class Joining {
     /// Albums and buttons, in one change.
     void prepare() {
         Transaction together(ours_);
-        std::vector<OldAlbum> albums = oldAlbums(old_);
-        std::erase_if(albums, [](const OldAlbum& album) { return album.table.isEmpty() || isDemo(album.table); });
+        std::vector<OldAlbum> albums = albumsToJoin(old_);
+        if (order_.goesOn) goOn(albums);
         nameAlbums(albums, ours_.TableDefs());
         for (const OldAlbum& album : albums) makeAlbum(album);
         for (const OldButton& button : oldButtons(old_)) takeButton(button);
         together.commit();
     }
 
+    /// Leaves those albums that are still to come.
+    void goOn(std::vector<OldAlbum>& albums) {
+        for (const JoinedAlbum& joined : joinedAlbums(old_, ours_)) {
+            const auto album = std::ranges::find(albums, joined.table, &OldAlbum::table);
+            const QString name = joined.album + u'《' + joined.title + u'》';
+            if (joined.isWhole) {
+                names_[nameOfOld(*album)] = joined.album;
+                notes_.push_back(noteAbout(joined.table, u"已经加入过：图册 "_s + name));
+                albums.erase(album);
+            } else {
+                deleteAlbum(ours_, joined.album);
+                notes_.push_back(noteAbout(joined.table, u"上次没有做完的图册 %1 放进了回收站，重新加入"_s.arg(name)));
+            }
+        }
+    }
+
+    static QString nameOfOld(const OldAlbum& album) {
+        return (album.isListed ? album.listedAs : album.table).toLower();
+    }
+
     void makeAlbum(const OldAlbum& album) {
-        const QString title = freeTitle(ours_, titleFits(album.title) ? album.title : album.name);
+        const QString title = freeTitle(ours_, wantedTitle(album));
         createAlbum(ours_, {QString::number(nextNumber(ours_, u"tcbm"_s)), album.name, title, album.remark});
         makeRoomFor(old_, album.table, ours_, album.name);
         taken_.push_back({album.table, album.name, old_.OpenRecordset(allRecordsSql(album.table)).rowCount()});
-        names_[(album.isListed ? album.listedAs : album.table).toLower()] = album.name;
+        names_[nameOfOld(album)] = album.name;
         notes_.push_back(noteAbout(album.table, becomesAlbum.arg(album.name) + title + u'》'));
     }
 
     void takeButton(const OldButton& button) {
         const Recordset own = buttonsWithCode(ours_, button.code);
         const bool isOther = !own.Eof() && own.Fields(u"名称"_s).Value().textOr() != button.name;
-        const QString code = isOther && order_.newCodes ? freeCode(ours_) : button.code;
-        if (own.Eof() || code != button.code) addButton(button, code);
+        const QString known = isOther && order_.newCodes ? codeOfButton(ours_, button.name) : QString();
+        const QString code = !known.isEmpty() ? known : isOther && order_.newCodes ? freeCode(ours_) : button.code;
+        if (known.isEmpty() && (own.Eof() || code != button.code)) addButton(button, code);
         if (code != button.code) {
             codes_[button.code.front()] = code.front();
             notes_.push_back(noteAbout(u"tcan"_s, u"按钮“%1”的编号“%2”改为“%3”"_s.arg(button.name, button.code, code)));
@@ -197,6 +275,15 @@ std::vector<TakenCode> takenCodes(const Database& old, const Database& ours) {
         if (name != button.name) taken.push_back({button.code, name, button.name});
     }
     return taken;
+}
+
+std::vector<JoinedAlbum> joinedAlbums(const Database& old, const Database& ours) {
+    std::vector<JoinedAlbum> joined;
+    for (const OldAlbum& album : albumsToJoin(old))
+        attempt([&] {
+            if (const auto known = joinedAs(album, old, ours)) joined.push_back(*known);
+        });
+    return joined;
 }
 
 RunReport joinCatalogue(const JoinOrder& order, RunWatch& watch) {

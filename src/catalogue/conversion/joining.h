@@ -19,10 +19,23 @@ struct TakenCode {
 };
 std::vector<TakenCode> takenCodes(const Database& old, const Database& ours);
 
+/// An album that has come from the old catalogue before, as its title and its records tell, but for their pictures and
+/// codes: all of it, or, where that joining was stopped, its beginning.
+struct JoinedAlbum {
+    QString table;  ///< In the old catalogue.
+    QString album;  ///< Table of ours.
+    QString title;
+    int records = 0;
+    bool isWhole = false;
+};
+std::vector<JoinedAlbum> joinedAlbums(const Database& old, const Database& ours);
+
 struct JoinOrder {
     QString old;           ///< A Jet database.
     QString ours;          ///< The catalogue that the albums join.
     bool newCodes = true;  ///< Buttons whose codes are taken get others, and their pictures too; otherwise ours serve.
+    /// What has joined before is left out, and what has done so in part goes into the bin and joins anew.
+    bool goesOn = false;
 };
 
 /// The demonstration album stays where it is. What is done stays done, whole record by whole record, when the watch or

@@ -4,6 +4,7 @@
 #include "catalogue/fixed_tables.h"
 #include "catalogue/table_shape.h"
 #include "platform/base/error.h"
+#include "platform/database/dialect/sql_tokens.h"
 
 #include <algorithm>
 
@@ -60,8 +61,9 @@ std::vector<OldAlbum> listedAlbums(const Database& old) {
     return albums;
 }
 
+/// Statements name albums without quotes.
 bool canBeName(const QString& name) {
-    return name.size() == tableNameLength && name.front().isLetter() &&
+    return name.size() == tableNameLength && name.front().isLetter() && !isKeyword(name) &&
            !fixedTables().contains(name, Qt::CaseInsensitive) &&
            std::ranges::all_of(name, [](QChar sign) { return sign.isLetterOrNumber(); });
 }

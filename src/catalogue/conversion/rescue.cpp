@@ -143,8 +143,7 @@ class Rescue {
             notes_.push_back(noteAbout(table, u"整个表已损坏，不能读取"_s));
         for (const RescueSource::Table& table : source_.tables())
             for (const QString& part : table.missing) notes_.push_back(noteAbout(table.name, part));
-        if (source_.isRecovered())
-            notes_.push_back(noteAbout(u"sqlite3"_s, u"有的表打不开，用了 sqlite3 的 .recover 找回的内容"_s));
+        if (!source_.recovery().isEmpty()) notes_.push_back(noteAbout(u"sqlite3"_s, source_.recovery()));
     }
 
     void verify(RunReport& report, RunWatch& watch) {

@@ -33,15 +33,11 @@ void removeDatabase(const QString& path) {
 RescueSource::RescueSource(const QString& damaged, const QString& scratch, RunWatch& watch)
     : scratch_(scratch), found_(look(damaged)) {
     if (found_.failure.isEmpty() && found_.unreadable.isEmpty()) return;
-    if (recover(damaged, watch)) {
-        Found recovered = look(scratch_);
-        isRecovered_ = recovered.tables.size() > found_.tables.size();
-        if (isRecovered_) found_ = std::move(recovered);
-    }
+    recovery_ = recover(damaged, watch);
     if (!found_.tables.empty()) return;
     removeDatabase(scratch_);
-    throw Error(u"“%1”中没有能读取的图册或设置%2。请用备份恢复。"_s.arg(
-        damaged, found_.failure.isEmpty() ? QString() : u"："_s + found_.failure));
+    throw Error(u"“%1”中没有能读取的图册或设置%2。%3。请用备份恢复。"_s.arg(
+        damaged, found_.failure.isEmpty() ? QString() : u"："_s + found_.failure, recovery_));
 }
 
 RescueSource::~RescueSource() {
@@ -70,10 +66,11 @@ RescueSource::Found RescueSource::look(const QString& path) {
     return found;
 }
 
-/// By the shell's own statements, which a second shell carries out. A shell that cannot do so leaves no whole file.
-bool RescueSource::recover(const QString& damaged, RunWatch& watch) const {
+/// By the shell's own statements, which a second shell carries out. Shells that were built without a table of all pages
+/// cannot do it. Returns what became of it.
+QString RescueSource::recover(const QString& damaged, RunWatch& watch) {
     const QString shell = findProgram({u"sqlite3"_s});
-    if (shell.isEmpty()) return false;
+    if (shell.isEmpty()) return u"有的表打不开；没有安装 sqlite3，不能再用它的 .recover 试"_s;
     removeDatabase(scratch_);
     const QStringList plain{u"-batch"_s, u"-init"_s, u"/dev/null"_s};
     QProcess reads, writes;
@@ -88,5 +85,12 @@ bool RescueSource::recover(const QString& damaged, RunWatch& watch) const {
         writes.kill();
     }
     reads.waitForFinished();
-    return QFile(scratch_).size() > 0;
+    Found recovered = QFile(scratch_).size() > 0 ? look(scratch_) : Found();
+    if (recovered.tables.size() > found_.tables.size()) {
+        found_ = std::move(recovered);
+        return u"有的表打不开，用了 sqlite3 的 .recover 找回的内容"_s;
+    }
+    const bool isDone = reads.exitStatus() == QProcess::NormalExit && reads.exitCode() == 0;
+    return isDone ? u"有的表打不开，sqlite3 的 .recover 也没有找回更多"_s
+                  : u"有的表打不开；这里的 sqlite3 不能执行 .recover，只有直接读出的内容"_s;
 }

@@ -30,7 +30,8 @@ class RescueSource {
     const std::vector<Table>& tables() const { return found_.tables; }
     /// Tables that are lost as a whole.
     const QStringList& unreadable() const { return found_.unreadable; }
-    bool isRecovered() const { return isRecovered_; }
+    /// Whether the shell could help, as a sentence; empty where that was not needed.
+    const QString& recovery() const { return recovery_; }
 
   private:
     struct Found {
@@ -40,9 +41,9 @@ class RescueSource {
         QString failure = {};  ///< Why nothing can be read.
     };
     static Found look(const QString& path);
-    bool recover(const QString& damaged, RunWatch& watch) const;
+    QString recover(const QString& damaged, RunWatch& watch);
 
     QString scratch_;
     Found found_;
-    bool isRecovered_ = false;
+    QString recovery_;
 };

@@ -21,8 +21,9 @@ namespace {
 /// Tells of one album as a part of all.
 class PartWatch : public RunWatch {
   public:
-    /// `before` is what was done of all by then.
-    PartWatch(RunWatch& whole, const RunProgress& before) : whole_(whole), before_(before), now_(before) {}
+    /// `before` is what was done of all by then. `passes` is the answer to the question about failures, once for all.
+    PartWatch(RunWatch& whole, const RunProgress& before, bool& passes)
+        : whole_(whole), before_(before), now_(before), passes_(passes) {}
 
     bool progress(const RunProgress& part) override {
         now_.done = before_.done + part.done;
@@ -30,12 +31,13 @@ class PartWatch : public RunWatch {
         now_.percent = int(now_.done * 100 / std::max<qsizetype>(1, now_.all));
         return whole_.progress(now_);
     }
-    bool passesOver(const RunItem& failed) override { return whole_.passesOver(failed); }
+    bool passesOver(const RunItem& failed) override { return passes_ = passes_ || whole_.passesOver(failed); }
     qint64 bytes() const { return now_.bytes; }
 
   private:
     RunWatch& whole_;
     RunProgress before_, now_;
+    bool& passes_;
 };
 
 FieldMapping sameColumns() {
@@ -61,6 +63,38 @@ QString albumFor(const Database& catalogue, const Album& album) {
     made.table = freeTable(catalogue, album.table);
     createAlbum(catalogue, made);
     return made.table;
+}
+
+CopyOrder orderFor(const QString& backup, const Return& one) {
+    return {.sourcePath = backup,
+            .sourceTable = one.table,
+            .indexField = u"序号"_s,
+            .mapping = sameColumns(),
+            .records = recordsOfKeys(one.numbers),
+            .fillFields = false,
+            .takesDoubtful = true,
+            .keepNumbers = true,
+            .skipKnown = true};
+}
+
+/// `before` records of other albums come before those of `done`.
+void addPart(RunReport& all, RunReport&& done, qsizetype before) {
+    for (RunItem& item : done.items) {
+        item.place += before;
+        all.items.push_back(std::move(item));
+    }
+    all.count += done.count;
+    all.missing += done.missing;
+    all.failure = done.failure;
+    all.stopped = done.stopped;
+    all.cameToEnd = done.cameToEnd;
+}
+
+/// An album that the run did not reach.
+void leave(RunReport& report, const Return& album, qsizetype before) {
+    for (qsizetype i = 0; i < album.numbers.size(); ++i)
+        report.items.push_back({before + i, album.numbers[i], Fate::left});
+    report.cameToEnd = false;
 }
 
 Album albumIn(const Database& backup, const QString& table) {
@@ -128,31 +162,23 @@ RunReport takeBack(const Database& catalogue, const QString& backup, const QList
     RunProgress before;
     for (const Return& one : returns) before.all += one.numbers.size();
     RunReport report{.cameToEnd = true};
+    bool passes = false;
     for (const Return& one : returns) {
-        const CopyOrder order{.sourcePath = backup,
-                              .sourceTable = one.table,
-                              .indexField = u"序号"_s,
-                              .mapping = sameColumns(),
-                              .records = recordsOfKeys(one.numbers),
-                              .fillFields = false,
-                              .takesDoubtful = true,
-                              .keepNumbers = true,
-                              .skipKnown = true};
-        PartWatch part(watch, before);
-        const QString album = albumFor(catalogue, albumIn(source, one.table));
-        if (one.numbers.isEmpty()) continue;
-        RunReport done = sklr(catalogue, album, order, part);
-        for (RunItem& item : done.items) {
-            item.place += before.done;
-            report.items.push_back(std::move(item));
+        PartWatch part(watch, before, passes);
+        if (report.cameToEnd) {
+            try {
+                const QString album = albumFor(catalogue, albumIn(source, one.table));
+                if (!one.numbers.isEmpty())
+                    addPart(report, sklr(catalogue, album, orderFor(backup, one), part), before.done);
+            } catch (const std::exception& failed) {
+                report.failure = reasonOf(failed);
+                leave(report, one, before.done);
+            }
+        } else {
+            leave(report, one, before.done);
         }
         before.done += one.numbers.size();
         before.bytes = part.bytes();
-        report.count += done.count;
-        report.failure = done.failure;
-        report.stopped = done.stopped;
-        report.cameToEnd = report.cameToEnd && done.cameToEnd;
-        if (report.stopped || !report.failure.isEmpty()) break;
     }
     return report;
 }

@@ -39,9 +39,7 @@ qint64 store(PictureInHand& file, const QByteArray& jpeg, Recordset& recordset) 
 QByteArray jpegOfOther(PictureInHand& file) {
     std::optional<AnyPicture> picture;
     file.use([&](QIODevice& bytes) {
-        const PictureFormat format = pictureFormat(bytes.peek(formatBytes));
-        if (format == PictureFormat::none || format == PictureFormat::jpeg || format == PictureFormat::bmp) return;
-        picture = readAnyPicture(bytes, QDir::toNativeSeparators(file.path()));
+        if (isOfOtherFormat(bytes)) picture = readAnyPicture(bytes, QDir::toNativeSeparators(file.path()));
     });
     if (!picture) return {};
     file.forgetBytes();
@@ -75,6 +73,11 @@ bool canBecomeJpeg(const QString& path) {
     const QFileInfo file(path);
     // It is written beside its place and renamed over it.
     return endsInBmp(path) && file.size() > 0 && file.isWritable() && QFileInfo(file.canonicalPath()).isWritable();
+}
+
+bool isOfOtherFormat(QIODevice& bytes) {
+    const PictureFormat format = pictureFormat(bytes.peek(formatBytes));
+    return format != PictureFormat::none && format != PictureFormat::jpeg && format != PictureFormat::bmp;
 }
 
 QByteArray jpegOfBmp(PictureInHand& file) {

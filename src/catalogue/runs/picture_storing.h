@@ -20,6 +20,9 @@ bool canBecomeJpeg(const QString& path);
 /// Throws `Error` when the file is no picture.
 QByteArray jpegOfBmp(PictureInHand& file);
 
+/// Whether the bytes from here on are a picture that is neither JPEG nor BMP; the device stays where it stands.
+bool isOfOtherFormat(QIODevice& bytes);
+
 /// Stores a file in the column 图片 of the record under `Edit` or `AddNew`. Returns the length of what is stored; 0
 /// when the file is empty and nothing was. With `toJpeg` a BMP file becomes a JPEG where it can be written over.
 qint64 bctp(PictureInHand& file, Recordset& recordset, BmpFiles bmp);

@@ -32,67 +32,76 @@ bool isRepeatedAsJpeg(KnownPictures& album, const QString& path) {
     return !jpeg.isEmpty() && album.has(fingerprintOf(jpeg));
 }
 
-/// Of a file that has one of these lengths; of any other it is empty.
-Fingerprint printOf(const QString& path, const QSet<qint64>& lengths, const GoesOn& goesOn) {
+/// What a look at a file has found.
+struct Look {
+    Fingerprint print = {};  ///< Of a file that has a length of the album; of any other it is empty.
+    bool isOpen = false;     ///< It becomes a JPEG.
+};
+
+Look lookAt(const QString& path, bool otherFormats, const QSet<qint64>& lengths, const GoesOn& goesOn) {
     QFile file;
     if (!open(file, path)) return {};
+    if (otherFormats && isOfOtherFormat(file)) return {.isOpen = true};
     const qint64 length = lengthWithoutZeros(file);
     if (length == 0 || !lengths.contains(length)) return {};
 #ifdef Q_OS_UNIX
     posix_fadvise(file.handle(), 0, 0, POSIX_FADV_WILLNEED);  // the disk goes on while the first pieces are hashed
 #endif
-    return fingerprintOf(file, goesOn);
+    return {.print = fingerprintOf(file, goesOn)};
 }
 
 /// On two processors: one alone takes as long for hashing as the disk for reading.
-std::vector<Fingerprint> printsOf(const QStringList& paths, const QSet<qint64>& lengths, const GoesOn& goesOn) {
-    std::vector<Fingerprint> prints(size_t(paths.size()));
+std::vector<Look> lookAt(const ChosenFiles& files, const QSet<qint64>& lengths, const GoesOn& goesOn) {
+    const QStringList& paths = files.paths;
+    std::vector<Look> looks(size_t(paths.size()));
     std::atomic<qsizetype> next = 0;
     const auto work = [&] {
         for (qsizetype i = next++; i < paths.size() && goesOn(); i = next++)
-            attempt([&] { prints[size_t(i)] = printOf(paths[i], lengths, goesOn); });
+            attempt([&] { looks[size_t(i)] = lookAt(paths[i], files.otherFormats, lengths, goesOn); });
     };
     std::jthread other(work);
     work();
     other.join();
-    return prints;
+    return looks;
 }
 
 }  // namespace
 
-int countRepetitions(KnownPictures& album, const QStringList& paths, const GoesOn& goesOn) {
-    const std::vector<Fingerprint> prints = printsOf(paths, album.lengths(), goesOn);
-    int count = 0;
-    for (qsizetype i = 0; i < paths.size() && goesOn(); ++i) {
-        const Fingerprint& print = prints[size_t(i)];
+Repetitions countRepetitions(KnownPictures& album, const ChosenFiles& files, const GoesOn& goesOn) {
+    const std::vector<Look> looks = lookAt(files, album.lengths(), goesOn);
+    Repetitions count;
+    for (qsizetype i = 0; i < files.paths.size() && goesOn(); ++i) {
+        const auto& [print, isOpen] = looks[size_t(i)];
         bool isRepeated = !print.sha256.isEmpty() && album.has(print);
-        if (!isRepeated && paths[i].endsWith(u"bmp"_s))
-            attempt([&] { isRepeated = isRepeatedAsJpeg(album, paths[i]); });
-        count += isRepeated ? 1 : 0;
+        if (!isRepeated && !isOpen && files.paths[i].endsWith(u"bmp"_s))
+            attempt([&] { isRepeated = isRepeatedAsJpeg(album, files.paths[i]); });
+        count.known += isRepeated ? 1 : 0;
+        count.open += isOpen ? 1 : 0;
     }
     return count;
 }
 
-int countRepetitions(KnownPictures& album, const CopyOrder& records, const GoesOn& goesOn) {
+Repetitions countRepetitions(KnownPictures& album, const CopyOrder& records, const GoesOn& goesOn) {
     const Database source = OpenDatabase(records.sourcePath);
     const SourceReader reader(source, records, false);
     const PictureHashes kept(source);
-    int count = 0;
+    Repetitions count;
     for (qsizetype place = 0; place < records.records.size() && goesOn(); ++place)
         attempt([&] {
             const StoredValue picture = reader.picture(source, place);
             if (picture.isNull() || !album.hasLength(lengthWithoutZeros(picture))) return;
             const Fingerprint print = kept.of(picture);
-            count += album.has(print.sha256.isEmpty() ? fingerprintOf(picture, goesOn) : print) ? 1 : 0;
+            count.known += album.has(print.sha256.isEmpty() ? fingerprintOf(picture, goesOn) : print) ? 1 : 0;
         });
     return count;
 }
 
 RepetitionCount::RepetitionCount(const QString& catalogue, const QString& album, const Things& things,
-                                 const std::function<void(int)>& counted)
+                                 const std::function<void(const Repetitions&)>& counted)
     : thread_([=](FreeThread::Owner& owner) {
           const GoesOn goesOn = [&] { return owner.isThere(); };
           KnownPictures known(OpenDatabase(catalogue), album, goesOn);
-          const int count = std::visit([&](const auto& each) { return countRepetitions(known, each, goesOn); }, things);
+          const Repetitions count =
+              std::visit([&](const auto& each) { return countRepetitions(known, each, goesOn); }, things);
           owner.tell([&] { counted(count); });
       }) {}

@@ -26,6 +26,20 @@ QString listOf(const std::vector<TakenCode>& codes) {
     return lines.join(u'\n');
 }
 
+QString listOf(const std::vector<JoinedAlbum>& albums) {
+    constexpr std::size_t mostLines = 12;
+    QStringList lines;
+    for (const JoinedAlbum& joined : albums) {
+        const QString state = joined.isWhole ? u"%1 条，完整"_s : u"只有前 %1 条，没有做完"_s;
+        lines << u"%1《%2》："_s.arg(joined.album, joined.title) + state.arg(joined.records);
+        if (lines.size() == mostLines && albums.size() > mostLines) {
+            lines << u"……共 %1 册"_s.arg(albums.size());
+            break;
+        }
+    }
+    return lines.join(u'\n');
+}
+
 }  // namespace
 
 WholeCatalogue::WholeCatalogue(const SettingsFrame& frame)
@@ -45,38 +59,56 @@ void WholeCatalogue::offer(const Database& source) {
 }
 
 void WholeCatalogue::join() {
-    bool newCodes = true;
-    if (!mayBegin(newCodes)) return;
+    JoinOrder order{source_.Name(), mekTp::cataloguePath()};
+    if (!mayBegin() || !askAboutJoined(order) || !askAboutCodes(order)) return;
     before_.clear();
     for (const Album& album : allAlbums(mekTp::catalogue)) before_ << album.table;
-    const JoinOrder order{source_.Name(), mekTp::cataloguePath(), newCodes};
     frame_.runBar.start(
         {.at = barPlace}, words, [order](RunWatch& watch) { return joinCatalogue(order, watch); },
         [this](const RunReport& report) { finish(report); });
 }
 
-bool WholeCatalogue::mayBegin(bool& newCodes) const {
+bool WholeCatalogue::mayBegin() const {
     std::vector<OldAlbum> albums = oldAlbums(source_);
     std::erase_if(albums, [](const OldAlbum& album) { return album.table.isEmpty() || isDemo(album.table); });
-    const bool begins = ask(frame_.form,
-                            u"把“%1”的全部图册（%2 册）和按钮加入现在的像册吗？\n\n图册会得到空余的表名，"
-                            "原来的文件不改动。\n\n如果是，按“确定”；否则按“取消”。"_s.arg(source_.Name())
-                                .arg(albums.size()));
-    const std::vector<TakenCode> codes = begins ? takenCodes(source_, mekTp::catalogue) : std::vector<TakenCode>();
-    if (codes.empty()) return begins;
+    return ask(frame_.form,
+               u"把“%1”的全部图册（%2 册）和按钮加入现在的像册吗？\n\n图册会得到空余的表名，"
+               "原来的文件不改动。\n\n如果是，按“确定”；否则按“取消”。"_s.arg(source_.Name())
+                   .arg(albums.size()));
+}
+
+/// False when nothing is to be done.
+bool WholeCatalogue::askAboutJoined(JoinOrder& order) const {
+    std::vector<JoinedAlbum> joined = joinedAlbums(source_, mekTp::catalogue);
+    std::erase_if(joined, [](const JoinedAlbum& album) { return album.records == 0; });  // one is as good as another
+    if (joined.empty()) return true;
+    constexpr int goesOn = 0, again = 1, cancels = 2;
+    const int answer =
+        choose(frame_.form,
+               u"这些图册已经加入过：\n\n%1\n\n只加入还没有的，请按《接着加入》：没有做完的图册放进回收站，重新加入。"
+               "全部再加入一遍，请按《全部加入》：已有的不动，旁边另建图册。"_s.arg(listOf(joined)),
+               {u"接着加入"_s, u"全部加入"_s, u"取消"_s}, goesOn, cancels);
+    order.goesOn = answer == goesOn;
+    return answer == goesOn || answer == again;
+}
+
+bool WholeCatalogue::askAboutCodes(JoinOrder& order) const {
+    const std::vector<TakenCode> codes = takenCodes(source_, mekTp::catalogue);
+    if (codes.empty()) return true;
     constexpr int others = 0, ours = 1, cancels = 2;
     const int answer =
         choose(frame_.form,
                u"下列编号的按钮这里已经有了，名称不同：\n\n%1\n\n旧像册的按钮另给编号（图片上的编号跟着改），请按"
                "《另给编号》；用这里的按钮，请按《用现有的》。"_s.arg(listOf(codes)),
                {u"另给编号"_s, u"用现有的"_s, u"取消"_s}, others, cancels);
-    newCodes = answer == others;
+    order.newCodes = answer == others;
     return answer == others || answer == ours;
 }
 
 void WholeCatalogue::finish(const RunReport& report) {
-    for (const Album& album : allAlbums(mekTp::catalogue))
-        if (!before_.contains(album.table)) frame_.albums.addLine(albumLine(album.table, album.title));
+    for (const QString& table : before_)
+        if (!findAlbum(mekTp::catalogue, table)) frame_.albums.removeLine(table);
+    frame_.albums.addMissing();
     Q_EMIT over();
     const bool isDone = report.cameToEnd && !report.stopped && report.failure.isEmpty();
     QString text = (isDone ? u"转换完成！  %1。"_s : u"转换没有做完。  %1。"_s).arg(outcomeText(report, words));

@@ -7,6 +7,7 @@
 #include <functional>
 
 class QPushButton;
+struct JoinOrder;
 
 /// The button on the page 图片录入 by which all albums of an old catalogue, which is chosen as source, join the open
 /// one.
@@ -24,7 +25,9 @@ class WholeCatalogue : public QObject {
 
   private:
     void join();
-    bool mayBegin(bool& newCodes) const;
+    bool mayBegin() const;
+    bool askAboutJoined(JoinOrder& order) const;
+    bool askAboutCodes(JoinOrder& order) const;
     void finish(const RunReport& report);
 
     SettingsFrame frame_;

@@ -176,7 +176,8 @@ void IntakePage::cmdLrClick() {
     const QStringList files = fromFiles() ? selectedPaths() : QStringList();
     const CopyOrder records = fromFiles() ? CopyOrder() : database_.order(replaces, chkZd_->isChecked());
     std::optional<SkipOffer> offer;
-    if (!replaces && fromFiles()) offer = SkipOffer{flow_.targetTable(), files};
+    if (!replaces && fromFiles())
+        offer = SkipOffer{flow_.targetTable(), ChosenFiles{files, browser_.listsAllFormats()}};
     if (!replaces && !fromFiles()) offer = SkipOffer{flow_.targetTable(), records};
     const std::optional<bool> skipsKnown = askIntake(frame_.form, intakeQuestion(album, replaces, description), offer);
     if (!skipsKnown) return;

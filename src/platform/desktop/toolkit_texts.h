@@ -2,8 +2,8 @@
 
 #include <QTranslator>
 
-/// The toolkit's own buttons, dialogs and menus in Chinese, for a system without its translations: what people of this
-/// program get to see of them. A text that is not here stays English.
+/// The toolkit's own buttons, dialogs and menus in Chinese, for a system without its translations, or with gaps in
+/// them: what people of this program get to see of them. A text that is not here stays English.
 class ToolkitTexts : public QTranslator {
     Q_OBJECT
 

@@ -205,14 +205,7 @@ class GridColours : public ColourTransform {
         return std::make_shared<GridColours>(std::move(nodes));
     }
 
-    void apply(QRgb* pixels, qsizetype count) const override {
-        for (QRgb& pixel : std::span(pixels, size_t(count))) {
-            const uint values[] = {uint(qRed(pixel)), uint(qGreen(pixel)), uint(qBlue(pixel)), uint(qAlpha(pixel))};
-            std::array<uint, N> channels;
-            std::copy_n(values, N, channels.begin());
-            pixel = grid_.at(channels);
-        }
-    }
+    void apply(QRgb* pixels, qsizetype count) const override { grid_.turn(pixels, count); }
 
   private:
     static std::array<quint16, N> valuesAt(int node) {

@@ -3,7 +3,6 @@
 #include "catalogue/mektp.h"
 #include "platform/base/file_lock.h"
 #include "platform/desktop/elided_label.h"
-#include "platform/desktop/failure_list.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/tab_control.h"
@@ -32,12 +31,6 @@ void takeMark(FileLock& mark) {
     constexpr int tries = 50, pauseMs = 2;
     const QString path = runMarkOf(mekTp::cataloguePath());
     for (int i = 0; i < tries && mark.take(path) == FileLock::Outcome::heldByAnother; ++i) QThread::msleep(pauseMs);
-}
-
-void noteFailures(const RunReport& report) {
-    for (const RunItem& item : report.items)
-        if (item.fate == Fate::failed || item.fate == Fate::doubtful) noteFailure(item.name + u'：' + item.reason);
-    if (!report.failure.isEmpty()) noteFailure(report.failure);
 }
 
 }  // namespace

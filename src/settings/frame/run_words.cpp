@@ -1,5 +1,7 @@
 #include "settings/frame/run_words.h"
 
+#include "platform/desktop/failure_list.h"
+
 #include <QLocale>
 #include <algorithm>
 
@@ -130,4 +132,10 @@ QList<qsizetype> placesToRetry(const RunReport& report) {
     QList<qsizetype> places = report.placesOf({Fate::failed, Fate::left});
     std::ranges::sort(places);
     return places;
+}
+
+void noteFailures(const RunReport& report) {
+    for (const RunItem& item : report.items)
+        if (item.fate == Fate::failed || item.fate == Fate::doubtful) noteFailure(item.name + u'：' + item.reason);
+    if (!report.failure.isEmpty()) noteFailure(report.failure);
 }

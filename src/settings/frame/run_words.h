@@ -39,3 +39,6 @@ QString reportAsText(const RunReport& report, const RunWords& words);
 
 /// The places of those with which a run can be tried once more: what is doubtful would be stored twice.
 QList<qsizetype> placesToRetry(const RunReport& report);
+
+/// Puts what failed into the list of failures. Only for the thread of the windows.
+void noteFailures(const RunReport& report);

@@ -265,6 +265,44 @@ class TestConversion : public QObject {
                 QVERIFY2(albums.contains(name), qPrintable(name));
     }
 
+    /// What was stopped goes on: nothing is there twice, and what a person has changed meanwhile stays as it is.
+    void joiningGoesOn_data() {
+        QTest::addColumn<QString>("caption");
+        QTest::addColumn<QStringList>("titles");
+        QTest::newRow("as it was stopped") << QString() << QStringList{u"空册2"_s, u"旅行2"_s, u"编码和名称"_s};
+        QTest::newRow("with a caption of its own")
+            << u"我写的"_s << QStringList{u"旅行2"_s, u"空册2"_s, u"旅行3"_s, u"编码和名称"_s};
+    }
+    void joiningGoesOn() {
+        QFETCH(const QString, caption);
+        struct : RunWatch {
+            bool progress(const RunProgress&) override { return false; }
+        } stopping;
+        const QString from = files_->write(u"old.mdb"_s, jet::database(jet::oldCatalogueTables(wholeCatalogue())));
+        const QString ours = sample_->file(u"lunq.mdb"_s);
+        const Database old = OpenDatabase(from), database = OpenDatabase(ours);
+        const qsizetype before = textsOf(database, u"tcbm"_s, u"标题"_s).size();
+        QCOMPARE(joinedAlbums(old, database).size(), 1U);  // there is an empty one of that title
+        report_ = joinCatalogue({from, ours}, stopping);
+        const std::vector<JoinedAlbum> begun = joinedAlbums(old, database);
+        QCOMPARE(begun.size(), 2U);
+        QVERIFY(!begun[0].isWhole && begun[0].records == 1 && begun[1].isWhole);
+        if (!caption.isEmpty()) {
+            Recordset own = database.OpenRecordset(begun[0].album);
+            own.Edit();
+            own.Fields(u"备注"_s).SetValue(caption);
+            own.Update();
+        }
+        RunWatch watch;
+        for (int i = 0; i < 2; ++i) {  // the second time there is nothing left to be done
+            report_ = joinCatalogue({.old = from, .ours = ours, .goesOn = true}, watch);
+            QVERIFY2(report_.cameToEnd, qPrintable(report_.failure));
+            QTEST(textsOf(database, u"tcbm"_s, u"标题"_s).mid(before), "titles");
+        }
+        for (const JoinedAlbum& album : joinedAlbums(old, database)) QVERIFY(album.isWhole);
+        QCOMPARE(textsOf(database, u"tcan"_s, u"名称"_s).count(u"家人"_s), 1);
+    }
+
     void oddTablesAreTakenAsFarAsTheyGo() {
         using jet::Type;
         QList<jet::Table> tables = jet::oldCatalogueTables(wholeCatalogue());
@@ -279,10 +317,12 @@ class TestConversion : public QObject {
              {QVariant(), QVariant(), jpeg.left(jpeg.size() / 2), QVariant()}}};
         tables << jet::Table{
             u"tc09"_s, jet::tableOf(tables, u"tc01"_s).columns, {jet::tableOf(tables, u"tc01"_s).rows[0]}};
-        tables << jet::Table{
-            u"相片库"_s, jet::tableOf(tables, u"tc01"_s).columns, {jet::tableOf(tables, u"tc01"_s).rows[1]}};
+        for (const QString& name : {u"相片库"_s, u"from"_s})
+            tables << jet::Table{
+                name, jet::tableOf(tables, u"tc01"_s).columns, {jet::tableOf(tables, u"tc01"_s).rows[1]}};
         jet::tableOf(tables, u"tcbm"_s).rows << jet::Row{5, u"tc08"_s, u"丢了"_s, QVariant()}
-                                             << jet::Row{6, u"相片库"_s, u"相片"_s, QVariant()};
+                                             << jet::Row{6, u"相片库"_s, u"相片"_s, QVariant()}
+                                             << jet::Row{7, u"from"_s, u"来自"_s, QVariant()};
         jet::tableOf(tables, u"tcan"_s).rows[1][2] = u"风景"_s;
         const Database made = converted(tables);
         QVERIFY2(report_.cameToEnd, qPrintable(report_.failure));
@@ -290,17 +330,17 @@ class TestConversion : public QObject {
         QCOMPARE(textsOf(made, u"tc03"_s, u"备注"_s).first(), caption);
         QCOMPARE(textsOf(made, u"tc03"_s, u"日期"_s), (QStringList{u"2003-10-01"_s, u"NULL"_s, u"NULL"_s}));
         QCOMPARE(textsOf(made, u"tcbm"_s, u"表名"_s),
-                 (QStringList{u"tc00"_s, u"tc01"_s, u"tc02"_s, u"tc03"_s, u"tc08"_s, u"tc04"_s, u"tc09"_s}));
+                 (QStringList{u"tc00"_s, u"tc01"_s, u"tc02"_s, u"tc03"_s, u"tc08"_s, u"tc04"_s, u"tc05"_s, u"tc09"_s}));
         QCOMPARE(made.OpenRecordset(u"tc08"_s).rowCount(), 0);
         QCOMPARE(made.OpenRecordset(u"tc04"_s).rowCount(), 1);
         QCOMPARE(made.OpenRecordset(u"tc09"_s).rowCount(), 1);
         const QString told = notes().join(u'\n');
         for (const QString& part :
-             {u"tc08：图册目录中有"_s, u"相片库：这个表名不能使用，改为 tc04"_s, u"tc09：原来的图册目录中没有列出"_s,
-              u"序号与前面的记录重复"_s, u"“日期”原来是“去年夏天”"_s, u"不是 BMP 或 JPEG"_s,
-              u"tc03 序号＝（空）：图片不完整"_s})
+             {u"tc08：图册目录中有"_s, u"相片库：这个表名不能使用，改为 tc04"_s, u"from：这个表名不能使用，改为 tc05"_s,
+              u"tc09：原来的图册目录中没有列出"_s, u"序号与前面的记录重复"_s, u"“日期”原来是“去年夏天”"_s,
+              u"不是 BMP 或 JPEG"_s, u"tc03 序号＝（空）：图片不完整"_s})
             QVERIFY2(told.contains(part), qPrintable(part + u"\n\n"_s + told));
-        QVERIFY(textsOf(made, u"tcan"_s, u"图册"_s).first().endsWith(u"tc08tc04tc09"_s));
+        QVERIFY(textsOf(made, u"tcan"_s, u"图册"_s).first().endsWith(u"tc08tc04tc05tc09"_s));
     }
 
     void missingPartsComeFromTheFreshCatalogue() {

@@ -207,18 +207,21 @@ class TestRescue : public QObject {
         const QByteArray path = qgetenv("PATH");
         const auto back = qScopeGuard([&] { qputenv("PATH", path); });
         qputenv("PATH", "/nowhere");
-        QVERIFY2(rescued().failure.contains(u"没有能读取的"), qPrintable(rescued().failure));
+        QVERIFY2(rescued().failure.contains(u"没有能读取的") && rescued().failure.contains(u"没有安装 sqlite3"),
+                 qPrintable(rescued().failure));
 
         QVERIFY(QDir(sample_->folder()).mkdir(u"bin"_s));
         const QString shell = sample_->file(u"bin/sqlite3"_s);
         const QString real = QStandardPaths::findExecutable(u"sqlite3"_s, QString::fromLocal8Bit(path).split(u':'));
         QVERIFY2(!real.isEmpty(), "the shell sqlite3 is not installed");
+        write(shell, "#!/bin/sh\nexit 1\n");
+        QVERIFY(QFile::setPermissions(shell, QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner));
+        qputenv("PATH", sample_->file(u"bin"_s).toLocal8Bit());
+        QVERIFY2(rescued().failure.contains(u"不能执行 .recover"), qPrintable(rescued().failure));
         write(shell, (u"#!/bin/sh\ncase \"$*\" in *\" .recover\") echo 'PRAGMA application_id=1819635313; "
                       "PRAGMA user_version=2;'; exec %1 '%2' .dump;; *) exec %1 \"$@\";; esac\n"_s)
                          .arg(real, sample_->file(u"good.mdb"_s))
                          .toUtf8());
-        QVERIFY(QFile::setPermissions(shell, QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner));
-        qputenv("PATH", sample_->file(u"bin"_s).toLocal8Bit());
         const RunReport report = rescued();
         QVERIFY2(report.cameToEnd && tells(report, u"sqlite3"_s, u".recover"_s), qPrintable(report.failure));
         QCOMPARE(wholeRecords(OpenDatabase(target())), records);

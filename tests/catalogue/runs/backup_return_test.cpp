@@ -93,6 +93,20 @@ class TestBackupReturn : public QObject {
         }
     }
 
+    /// What came back before the run ended is told, and so is what it did not reach.
+    void reportTellsAllAlbums() {
+        mekTp::catalogue.Execute(u"DELETE FROM tc01 WHERE 序号 > 3"_s);
+        mekTp::catalogue.Execute(u"DELETE FROM tcbm WHERE 表名 = 'tc02'"_s);
+        behindTheBack(mekTp::cataloguePath(),
+                      u"CREATE TRIGGER full BEFORE INSERT ON tcbm BEGIN SELECT RAISE(ABORT, '满'); END"_s);
+        const RunReport report =
+            takeBack({{u"tc01"_s, {u"4"_s, u"5"_s}}, {u"tc02"_s, {u"1"_s}}, {u"tc01"_s, {u"6"_s}}});
+        QCOMPARE(report.count, 2);
+        QCOMPARE(report.placesOf({Fate::left}), (QList<qsizetype>{2, 3}));
+        QVERIFY(!report.failure.isEmpty() && !report.cameToEnd);
+        QCOMPARE(numbers(u"tc01"_s), u"1,2,3,4,5"_s);
+    }
+
     void preparedRestoreIsProved() {
         RunWatch watch;
         const QString prepared = sample_->file(u"prepared"_s);

@@ -23,10 +23,11 @@ class TestRepetitionCount : public QObject {
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) qFatal("cannot write");
         return file.fileName();
     }
-    static int count(const QStringList& paths) {
+    static Repetitions counted(const ChosenFiles& files) {
         KnownPictures known(mekTp::catalogue, u"tc01"_s);
-        return countRepetitions(known, paths, [] { return true; });
+        return countRepetitions(known, files, [] { return true; });
     }
+    static int count(const QStringList& paths) { return counted({paths}).known; }
 
   private Q_SLOTS:
     void init() {
@@ -72,11 +73,20 @@ class TestRepetitionCount : public QObject {
         QCOMPARE(count({same, same}), 2);
     }
 
+    /// Nothing of their files is kept, only the JPEGs that were made of them.
+    void otherFormatsStayOpen() {
+        const QByteArray png = pictureBytes({60, 40}, Qt::blue, "PNG");
+        addRow(u"tc01"_s, {{u"序号"_s, 11}, {u"图片"_s, QByteArray("one")}});
+        const QStringList paths{write(u"1.png"_s, png), write(u"2.bmp"_s, png), write(u"one.jpg"_s, "one")};
+        QVERIFY(counted({paths, true}) == (Repetitions{1, 2}));
+        QVERIFY(counted({paths, false}) == (Repetitions{1, 0}));
+    }
+
     void countComesFromItsThread() {
         addRow(u"tc01"_s, {{u"序号"_s, 11}, {u"图片"_s, QByteArray("one")}});
         std::atomic<int> counted = -1;
-        const RepetitionCount count(mekTp::cataloguePath(), u"tc01"_s, QStringList{write(u"one.jpg"_s, "one")},
-                                    [&](int found) { counted = found; });
+        const RepetitionCount count(mekTp::cataloguePath(), u"tc01"_s, ChosenFiles{{write(u"one.jpg"_s, "one")}},
+                                    [&](const Repetitions& found) { counted = found.known; });
         QTRY_COMPARE(counted, 1);
     }
 
@@ -91,7 +101,7 @@ class TestRepetitionCount : public QObject {
                               .mapping = {{u"图片"_s, u"图片"_s}},
                               .records = recordsOfKeys({u"0"_s, u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"77"_s})};
         KnownPictures known(mekTp::catalogue, u"tc01"_s);
-        QCOMPARE(countRepetitions(known, order, [] { return true; }), 2);
+        QVERIFY(countRepetitions(known, order, [] { return true; }) == (Repetitions{2, 0}));
     }
 
     /// The catalogue cannot be read for two seconds: as little comes from a share that stalls.
@@ -103,8 +113,8 @@ class TestRepetitionCount : public QObject {
         QElapsedTimer timer;
         timer.start();
         {
-            const RepetitionCount count(mekTp::cataloguePath(), u"tc01"_s, QStringList{write(u"one.jpg"_s, "one")},
-                                        [](int) { QFAIL("told"); });
+            const RepetitionCount count(mekTp::cataloguePath(), u"tc01"_s, ChosenFiles{{write(u"one.jpg"_s, "one")}},
+                                        [](const Repetitions&) { QFAIL("told"); });
             QTest::qWait(20);
         }
         QVERIFY(timer.elapsed() < 1000);
@@ -119,7 +129,8 @@ class TestRepetitionCount : public QObject {
         QElapsedTimer timer;
         timer.start();
         {
-            const RepetitionCount count(mekTp::cataloguePath(), u"tc01"_s, paths, [](int) { QFAIL("told"); });
+            const RepetitionCount count(mekTp::cataloguePath(), u"tc01"_s, ChosenFiles{paths},
+                                        [](const Repetitions&) { QFAIL("told"); });
             QTest::qWait(20);
         }
         QVERIFY(timer.elapsed() < 10000);

@@ -1,4 +1,5 @@
 #include "../../support/run_all.h"
+#include "platform/database/records/rows_by_number.h"
 #include "test_album.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -53,6 +54,18 @@ class RecordsetTest : public QObject {
         QVERIFY(fails([&] { set.MovePrevious(); }));
         set.MoveNext();
         QCOMPARE(set.row(), 0);
+    }
+
+    /// Rows are looked up together until one of them is gone.
+    void recordsInTurn() {
+        RecordsInTurn turn(album_->database, u"tc01"_s, {3, 1, 2, 1});
+        for (const auto& [place, wanted] : {std::pair(0, 2), {1, 3}, {3, 3}}) {
+            QCOMPARE(turn.at(place).Fields(number).Value(), FieldValue(wanted));
+            QCOMPARE(turn.at(place).rowCount(), 3);
+        }
+        album_->database.Execute(u"DELETE FROM tc01 WHERE 序号 = 1"_s);
+        QVERIFY(turn.at(2).Eof());
+        QCOMPARE(turn.at(0).Fields(number).Value(), FieldValue(2));
     }
 
     void refusesToWorkWithoutARecord() {

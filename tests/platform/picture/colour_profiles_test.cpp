@@ -86,6 +86,9 @@ class TestColourProfiles : public QObject {
             const QList<QRgb> expected = byLibrary(each.profile, each.kind, colours);
             QList<QRgb> turned = colours;
             transform->apply(turned.data(), turned.size());
+            QList<QRgb> oneByOne = colours;
+            for (QRgb& pixel : oneByOne) transform->apply(&pixel, 1);
+            QVERIFY2(oneByOne == turned, each.name);
             for (qsizetype i = 0; i < colours.size(); ++i)
                 QVERIFY2(isNear(turned[i], expected[i]), (each.name + QByteArray(": ") + text(colours[i]) + " is " +
                                                           text(turned[i]) + ", not " + text(expected[i]))

@@ -3,6 +3,8 @@
 #include "platform/base/conversion.h"
 #include "platform/base/error.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <array>
 
@@ -119,6 +121,11 @@ Tokens tokensOf(const QString& sql) {
 bool isToken(const Token& token, QStringView text) {
     return (token.kind == Token::Kind::word || token.kind == Token::Kind::symbol) &&
            token.text.compare(text, Qt::CaseInsensitive) == 0;
+}
+
+bool isKeyword(const QString& word) {
+    const QByteArray utf8 = word.toUtf8();
+    return sqlite3_keyword_check(utf8.constData(), int(utf8.size())) != 0;
 }
 
 bool isName(const Token& token) {

@@ -22,6 +22,9 @@ Tokens tokensOf(const QString& sql);
 /// Whether a token is this keyword or symbol, in either case.
 bool isToken(const Token& token, QStringView text);
 
+/// Whether a word means something to the engine, so that it is no name without quotes.
+bool isKeyword(const QString& word);
+
 /// Whether a token can be the name of a table or column.
 bool isName(const Token& token);
 

@@ -57,7 +57,7 @@ const Recordset& RecordsInTurn::at(std::size_t place) {
     if (const std::size_t first = place - place % mostListed; looked_.empty() || first != first_) open(first);
     if (areAllThere_) {
         together_.moveToRow(int(std::ranges::lower_bound(looked_, rows_[place]) - looked_.begin()));
-        if (attempt([&] { (void)together_.Fields(0).FieldSize(); })) return together_;
+        if (attempt([&] { (void)together_.Fields(0).isNull(); })) return together_;
     }
     alone_ = recordsOfRows(database_, table_, {rows_[place]});
     return alone_;

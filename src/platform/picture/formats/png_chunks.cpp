@@ -72,14 +72,15 @@ std::optional<PngChunks> pngChunks(QIODevice& device) {
     const qint64 start = device.pos();
     PngChunks chunks;
     QList<QByteArray> seen;
-    bool hasHeader = false;
+    bool hasHeader = false, hasPixels = false;
     qint64 at = start + signatureBytes;
     while (device.seek(at)) {
         const QByteArray head = device.read(8);
         if (head.size() < 8) break;
         const quint32 length = qFromBigEndian<quint32>(head.constData());
         const QByteArrayView type = QByteArrayView(head).sliced(4);
-        if (type == "IDAT" || type == "IEND") break;
+        hasPixels = type == "IDAT";
+        if (hasPixels || type == "IEND") break;
         if (isWanted(type) && length <= longestChunk) {
             const QByteArray chunk = device.read(length);
             if (type == "IHDR")
@@ -91,5 +92,5 @@ std::optional<PngChunks> pngChunks(QIODevice& device) {
         at += 12 + qint64(length);
     }
     device.seek(start);
-    return hasHeader ? std::optional(chunks) : std::nullopt;
+    return hasHeader && hasPixels ? std::optional(chunks) : std::nullopt;
 }

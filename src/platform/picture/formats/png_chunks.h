@@ -15,5 +15,6 @@ struct PngChunks {
     QByteArray xmp;
 };
 
-/// Reads them; the device stands where it stood afterwards. Nothing when the beginning is that of no PNG.
+/// Reads them; the device stands where it stood afterwards. Nothing when the beginning is that of no PNG,
+/// or no pixels follow: a chunk in front of them may claim to be longer than the file.
 std::optional<PngChunks> pngChunks(QIODevice& device);

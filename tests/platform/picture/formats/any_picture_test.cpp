@@ -220,6 +220,8 @@ class TestAnyPicture : public QObject {
             qToBigEndian(height, file.data() + 20);
             return file + QByteArray(bytes, '\0');
         };
+        QByteArray longChunk = pngBytes(quadrants({8, 8}), {{}, exifBlock(1), {}});
+        qToBigEndian<quint32>(128 << 20, longChunk.data() + longChunk.indexOf("eXIf") - 4);
         QByteArray gif = gifBytes();
         for (const int width : {6, 32}) qToLittleEndian<quint16>(60000, gif.data() + width);
         const std::pair<QByteArray, QString> cases[] = {
@@ -227,6 +229,7 @@ class TestAnyPicture : public QObject {
             {png(20000, 20000, 200'000), u"图片数据不完整"_s},
             {png(0, 8, 0), u"图片已损坏，没有有效的尺寸"_s},
             {png(0xFFFFFFFF, 8, 0), u"图片太大（1073741824 * 8），边长不能超过 32767 像素"_s},
+            {longChunk, u"图片已损坏"_s},
             {gif, u"图片太大（60000 * 1），边长不能超过 32767 像素"_s},
             {"hello, world", u"不是可以读取的图片格式"_s},
             {"", u"没有数据"_s},
