@@ -5,10 +5,9 @@
 #include "jpeg_library.h"
 #include "platform/picture/formats/any_picture.h"
 #include "platform/picture/lossless_turn.h"
+#include "png_library.h"
 #include "scene.h"
 #include "table.h"
-
-#include <png.h>
 
 #include <QGuiApplication>
 #include <QProcess>
@@ -22,39 +21,6 @@ namespace {
 constexpr auto topic = "formats";
 constexpr int quality = 92;
 constexpr int pictures = 8;
-
-/// By the two libraries alone, with as many colours as the PNG has.
-void turnByLibraries(const QByteArray& bytes) {
-    png_image png{};
-    png.version = PNG_IMAGE_VERSION;
-    png_image_begin_read_from_memory(&png, bytes.data(), size_t(bytes.size()));
-    png.format = PNG_FORMAT_RGB;
-    std::vector<uchar> pixels(PNG_IMAGE_SIZE(png));
-    png_image_finish_read(&png, nullptr, pixels.data(), 0, nullptr);
-
-    jpeg_compress_struct codec{};
-    jpeg_error_mgr errors{};
-    codec.err = jpeg_std_error(&errors);
-    jpeg_create_compress(&codec);
-    uchar* memory = nullptr;
-    unsigned long size = 0;
-    jpeg_mem_dest(&codec, &memory, &size);
-    codec.image_width = png.width;
-    codec.image_height = png.height;
-    codec.input_components = 3;
-    codec.in_color_space = JCS_RGB;
-    jpeg_set_defaults(&codec);
-    jpeg_set_quality(&codec, quality, TRUE);
-    codec.comp_info[0].h_samp_factor = codec.comp_info[0].v_samp_factor = 1;
-    jpeg_start_compress(&codec, TRUE);
-    while (codec.next_scanline < codec.image_height) {
-        JSAMPROW line = pixels.data() + size_t(3) * png.width * codec.next_scanline;
-        jpeg_write_scanlines(&codec, &line, 1);
-    }
-    jpeg_finish_compress(&codec);
-    jpeg_destroy_compress(&codec);
-    std::free(memory);
-}
 
 /// Ours and the other one in turn, so that other work of the machine slows both alike.
 void compare(const std::string& what, int rounds, const QByteArray& bytes, const std::string& peer,
@@ -106,7 +72,7 @@ int main(int argc, char** argv) {
     const int rounds = argc > 1 ? std::max(1, std::atoi(argv[1])) : 3;
     const QByteArray png = pngBytes(photograph().copy(0, 0, 3264, 2448));
     compare("8 PNG of 8 MP into JPEG, all processors", rounds, png, "libpng and libjpeg-turbo in a row",
-            [&] { turnByLibraries(png); });
+            [&] { jpegByLibraries(png, quality); });
 
     const QTemporaryDir folder;
     const QString file = folder.filePath(u"picture.heic"_s);

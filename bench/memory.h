@@ -33,23 +33,27 @@ class HelperMemory {
   public:
     /// Megabytes, at most so far.
     double most() const { return most_; }
+    /// The same together with this process, at one moment.
+    double mostTogether() const { return mostTogether_; }
 
   private:
-    static double now() {
+    static double now(const QByteArray& key) {
         const QString tasks = QStringLiteral("/proc/self/task/"), program = QStringLiteral("/proc/%1/exe");
         double all = 0;
         for (const QString& task : QDir(tasks).entryList(QDir::Dirs | QDir::NoDotAndDotDot))
             for (const QByteArray& child : contentOf(tasks + task + QStringLiteral("/children")).split(' ')) {
                 const QString process = QString::fromLatin1(child);
                 const QString own = QFile::symLinkTarget(program.arg(QStringLiteral("self")));
-                if (QFile::symLinkTarget(program.arg(process)) != own) all += memory("VmHWM:", process);
+                if (QFile::symLinkTarget(program.arg(process)) != own) all += memory(key, process);
             }
         return all;
     }
 
-    std::atomic<double> most_ = 0;
+    std::atomic<double> most_ = 0, mostTogether_ = 0;
     std::jthread thread_{[this](const std::stop_token& stop) {
-        for (; !stop.stop_requested(); std::this_thread::sleep_for(std::chrono::milliseconds(5)))
-            most_ = std::max(most_.load(), now());
+        for (; !stop.stop_requested(); std::this_thread::sleep_for(std::chrono::milliseconds(5))) {
+            most_ = std::max(most_.load(), now("VmHWM:"));
+            mostTogether_ = std::max(mostTogether_.load(), memory("VmRSS:") + now("VmRSS:"));
+        }
     }};
 };

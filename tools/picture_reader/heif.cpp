@@ -1,11 +1,14 @@
 #include "picture_reader/reading.h"
 
 #include <libheif/heif.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstring>
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -101,6 +104,32 @@ void findSharing(Bytes file, DecodedPicture& picture) {
     }
 }
 
+/// Gives the whole pages back that hold these bytes. Nobody reads them again.
+void giveBack(const uint8_t* from, const uint8_t* to) {
+    static const auto page = uintptr_t(sysconf(_SC_PAGESIZE));
+    const uintptr_t first = (reinterpret_cast<uintptr_t>(from) + page - 1) / page * page;
+    const uintptr_t end = reinterpret_cast<uintptr_t>(to) / page * page;
+    if (first < end) madvise(reinterpret_cast<void*>(first), end - first, MADV_DONTNEED);
+}
+
+/// Turns the library's rows of red, green, blue and perhaps alpha into those of the output. What was read is given back
+/// at once, so that there is never much more than one of both: several of these programs may work at a time.
+template <int bytesOfPixel>
+void copyRows(const uint8_t* rows, int stride, unsigned char* pixel, const DecodedPicture& picture) {
+    constexpr uint32_t rowsTogether = 64;
+    const uint8_t* kept = rows;
+    for (uint32_t y = 0; y < picture.height; ++y) {
+        const uint8_t* from = rows + size_t(stride) * y;
+        if (y % rowsTogether == 0) giveBack(std::exchange(kept, from), from);
+        for (uint32_t x = 0; x < picture.width; ++x, from += bytesOfPixel, pixel += 4) {
+            pixel[0] = from[2];
+            pixel[1] = from[1];
+            pixel[2] = from[0];
+            pixel[3] = bytesOfPixel == 4 ? from[bytesOfPixel - 1] : 0xFF;
+        }
+    }
+}
+
 }  // namespace
 
 void decodeHeif(Bytes file, Output& output) {
@@ -117,7 +146,9 @@ void decodeHeif(Bytes file, Output& output) {
         heif_decoding_options_alloc(), heif_decoding_options_free);
     options->convert_hdr_to_8bit = 1;
     heif_image* decoded = nullptr;
-    require(heif_decode_image(primary, &decoded, heif_colorspace_RGB, heif_chroma_interleaved_RGBA, options.get()));
+    const bool hasAlpha = heif_image_handle_has_alpha_channel(primary) != 0;
+    require(heif_decode_image(primary, &decoded, heif_colorspace_RGB,
+                              hasAlpha ? heif_chroma_interleaved_RGBA : heif_chroma_interleaved_RGB, options.get()));
     const std::unique_ptr<heif_image, ImageEnd> image(decoded);
     int stride = 0;
     const uint8_t* row = heif_image_get_plane_readonly(decoded, heif_channel_interleaved, &stride);
@@ -127,19 +158,14 @@ void decodeHeif(Bytes file, Output& output) {
     output.setProfile(profile);
     output.setExif(exif);
     output.setXmp(xmp);
-    DecodedPicture picture{
-        .width = uint32_t(std::max(0, heif_image_get_width(decoded, heif_channel_interleaved))),
-        .height = uint32_t(std::max(0, heif_image_get_height(decoded, heif_channel_interleaved))),
-        .alpha = heif_image_handle_has_alpha_channel(primary) ? DecodedPicture::straight : DecodedPicture::opaque,
-        .primaries = primariesOf(primary)};
+    DecodedPicture picture{.width = uint32_t(std::max(0, heif_image_get_width(decoded, heif_channel_interleaved))),
+                           .height = uint32_t(std::max(0, heif_image_get_height(decoded, heif_channel_interleaved))),
+                           .alpha = hasAlpha ? DecodedPicture::straight : DecodedPicture::opaque,
+                           .primaries = primariesOf(primary)};
     findSharing(file, picture);
-    unsigned char* pixel = output.begin(picture);
-    for (uint32_t y = 0; y < picture.height; ++y, row += stride) {
-        for (uint32_t x = 0; x < picture.width; ++x, pixel += 4) {
-            uint32_t colour = 0;
-            std::memcpy(&colour, row + size_t{4} * x, 4);
-            colour = (colour & 0xFF00FF00) | (colour & 0xFF) << 16 | (colour >> 16 & 0xFF);
-            std::memcpy(pixel, &colour, 4);
-        }
-    }
+    unsigned char* const pixels = output.begin(picture);
+    if (hasAlpha)
+        copyRows<4>(row, stride, pixels, picture);
+    else
+        copyRows<3>(row, stride, pixels, picture);
 }

@@ -2,6 +2,7 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/bin.h"
+#include "catalogue/decoding_threads.h"
 #include "catalogue/next_number.h"
 #include "catalogue/picture_hashes.h"
 #include "catalogue/runs/picture_names.h"
@@ -76,6 +77,7 @@ class FileIntake : public RunIntoDatabase {
         if (!hasPlace) return {Fate::notFound};
         if (picture.isTruncated && !order_.takesTruncated) return {Fate::truncated};
         if (isKnown(picture)) return {Fate::alreadyThere};
+        if (endsBefore(place)) return {Fate::left};
         try {
             return store(picture);
         } catch (...) {
@@ -90,15 +92,17 @@ class FileIntake : public RunIntoDatabase {
     }
 
   private:
+    /// A picture that becomes a JPEG takes all processors; one that is only looked at waits for the disk.
     void readAhead() {
         const PictureWish wish{order_.otherFormats, order_.exposureDates || order_.titles};
+        const int threads = order_.otherFormats ? DecodingThreads::count() : 1;
         const auto prepare = [folder = order_.folder, names = names(), wish](qsizetype place) {
             return readyPicture(joinedPath(folder, names[place]), wish);
         };
         ahead_.emplace(
             names().size(), [prepare] { return prepare; },
             [](const ReadyPicture& picture) { return picture.bytesHeld(); },
-            ReadAhead<ReadyPicture>::Limits{.bytes = bytesAhead});
+            ReadAhead<ReadyPicture>::Limits{.bytes = bytesAhead, .threads = threads});
     }
 
     bool findRecordOf(const QString& name) {

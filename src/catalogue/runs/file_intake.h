@@ -22,10 +22,11 @@ struct IntakeOrder {
     bool skipKnown = false;       ///< Leaves out what the album had before the run; without effect on `replace`.
 };
 
-/// Enters the files of `order` in turn into an album table (see `RunInTurn`), while the next ones are read in another
-/// thread. A picture that ends early, or that the album has, is left out, and no number is spent on it. An empty file
-/// brings a record without a picture, or changes nothing in the one that it was to replace. The percentage is the part
-/// of the whole list that the last file closes. The report's places are those in `selected`.
+/// Enters the files of `order` in turn into an album table (see `RunInTurn`), while the next ones are read in other
+/// threads, those of other formats by all processors. A picture that ends early, or that the album has, is left out,
+/// and no number is spent on it. An empty file brings a record without a picture, or changes nothing in the one that it
+/// was to replace. The percentage is the part of the whole list that the last file closes. The report's places are
+/// those in `selected`.
 ///
 /// The headers of a picture are read, and its end is looked for; it is not decoded. A catalogue that keeps fingerprints
 /// gets those of the new pictures.

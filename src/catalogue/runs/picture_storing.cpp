@@ -9,6 +9,7 @@
 #include <QBuffer>
 #include <QDir>
 #include <QFileInfo>
+#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -33,13 +34,16 @@ qint64 store(PictureInHand& file, const QByteArray& jpeg, Recordset& recordset) 
     return jpeg.isEmpty() ? file.storeIn(picture) : storePictureBytes(picture, jpeg);
 }
 
-/// The JPEG of a picture that is neither JPEG nor BMP; none for any other file.
+/// The JPEG of a picture that is neither JPEG nor BMP; none for any other file. The bytes of the file go before the
+/// JPEG is made: several threads do this at once.
 QByteArray jpegOfOther(PictureInHand& file) {
-    QByteArray jpeg;
+    std::optional<AnyPicture> picture;
     file.use([&](QIODevice& bytes) {
-        if (isOfOtherFormat(bytes)) jpeg = jpegOf(readAnyPicture(bytes, QDir::toNativeSeparators(file.path())));
+        if (isOfOtherFormat(bytes)) picture = readAnyPicture(bytes, QDir::toNativeSeparators(file.path()));
     });
-    return jpeg;
+    if (!picture) return {};
+    file.forgetBytes();
+    return jpegOf(*picture);
 }
 
 QSize sizeOfJpeg(const QByteArray& jpeg, const QString& path) {
@@ -94,12 +98,10 @@ ReadyPicture readyPicture(const QString& path, PictureWish wish) {
     ReadyPicture picture{PictureInHand(path)};
     if (picture.file.length() == 0) return picture;
     if (wish.otherFormats) picture.jpeg = jpegOfOther(picture.file);
-    if (picture.jpeg.isEmpty()) {
+    if (picture.jpeg.isEmpty())
         readAlbumFormat(picture);
-    } else {
+    else
         picture.pixels = sizeOfJpeg(picture.jpeg, path);
-        picture.file.forgetBytes();
-    }
     picture.print = picture.jpeg.isEmpty() ? picture.file.fingerprint() : fingerprintOf(picture.jpeg);
     if (wish.facts) picture.facts = factsOf(picture);
     return picture;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtGlobal>
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <deque>
@@ -9,13 +10,15 @@
 #include <mutex>
 #include <optional>
 #include <thread>
+#include <vector>
 
 /// How long a group waits for a thing that is not ready, before it is ended.
 inline constexpr std::chrono::milliseconds usualPatience(20);
 
-/// Prepares the things of a run, in their order, in a thread of its own: while one is stored, the next ones are read
-/// and looked at on the other processor. It is ahead by so many things and bytes at most; with no things at all, each
-/// is prepared when it is taken. One thread takes them, that of the run. The destructor waits for the thing in hand.
+/// Prepares the things of a run in threads of its own: while one is stored, the next ones are read and looked at on the
+/// other processors. They are begun and given away in their order. It is ahead by so many things at most, and begins no
+/// other one while those that wait take so many bytes; with no things at all, each is prepared when it is taken. One
+/// thread takes them, that of the run. The destructor waits for the things in hand.
 template <typename Prepared>
 class ReadAhead {
   public:
@@ -23,15 +26,18 @@ class ReadAhead {
     struct Limits {
         std::size_t things = 64;
         qint64 bytes = 12 << 20;
+        int threads = 1;  ///< More are of use where the preparing takes longer than the reading and the storing.
     };
 
-    /// `begin` gives what prepares a thing. It is called in the thread, where the `Prepare` is used and destroyed, too:
-    /// it may hold a database. Another one is made where things are taken, when one has to be prepared there. `bytesOf`
-    /// tells how much memory a prepared thing takes.
+    /// `begin` gives what prepares a thing. It is called in each thread, where the `Prepare` is used and destroyed,
+    /// too: it may hold a database. Another one is made where things are taken, when one has to be prepared there.
+    /// `bytesOf` tells how much memory a prepared thing takes.
     ReadAhead(qsizetype count, std::function<Prepare()> begin, std::function<qint64(const Prepared&)> bytesOf,
               Limits limits = Limits())
         : count_(count), begin_(std::move(begin)), bytesOf_(std::move(bytesOf)), limits_(limits) {
-        if (limits_.things > 0) thread_ = std::thread([this] { work(); });
+        if (limits_.things == 0) return;
+        threads_.reserve(std::size_t(limits_.threads));
+        for (int i = 0; i < limits_.threads; ++i) threads_.emplace_back([this] { work(); });
     }
 
     ~ReadAhead() {
@@ -40,7 +46,7 @@ class ReadAhead {
             ended_ = true;
         }
         changed_.notify_all();
-        if (thread_.joinable()) thread_.join();
+        for (std::thread& thread : threads_) thread.join();
     }
     ReadAhead(const ReadAhead&) = delete;
     ReadAhead& operator=(const ReadAhead&) = delete;
@@ -59,7 +65,7 @@ class ReadAhead {
     bool isAtHand(qsizetype place, std::chrono::milliseconds patience = usualPatience) const {
         if (limits_.things == 0) return true;
         std::unique_lock lock(mutex_);
-        return changed_.wait_for(lock, patience, [&] { return place < next_ + qsizetype(ready_.size()); });
+        return changed_.wait_for(lock, patience, [&] { return isReadyUpTo(place); });
     }
 
   private:
@@ -74,11 +80,18 @@ class ReadAhead {
         return prepareHere_(place);
     }
 
+    bool isReadyUpTo(qsizetype place) const {
+        const qsizetype count = place + 1 - next_;
+        return count <= qsizetype(begun_.size()) &&
+               std::all_of(begun_.begin(), begun_.begin() + std::max(count, qsizetype(0)),
+                           [](const auto& outcome) { return outcome.has_value(); });
+    }
+
     Outcome takeNext() {
         std::unique_lock lock(mutex_);
-        changed_.wait(lock, [&] { return !ready_.empty(); });
-        Outcome outcome = std::move(ready_.front());
-        ready_.pop_front();
+        changed_.wait(lock, [&] { return isReadyUpTo(next_); });
+        Outcome outcome = std::move(*begun_.front());
+        begun_.pop_front();
         bytes_ -= outcome.bytes;
         ++next_;
         lock.unlock();
@@ -94,8 +107,8 @@ class ReadAhead {
         } catch (...) {
             failure = std::current_exception();
         }
-        for (qsizetype place = 0; place < count_ && waitForRoom(); ++place)
-            add(failure ? Outcome{.failure = failure} : outcomeOf(prepare, place));
+        while (const std::optional<qsizetype> place = nextPlace())
+            add(*place, failure ? Outcome{.failure = failure} : outcomeOf(prepare, *place));
     }
 
     Outcome outcomeOf(const Prepare& prepare, qsizetype place) const {
@@ -109,20 +122,23 @@ class ReadAhead {
         return outcome;
     }
 
-    /// False when nothing more is wanted.
-    bool waitForRoom() {
+    bool isThrough() const { return ended_ || next_ + qsizetype(begun_.size()) >= count_; }
+    bool hasRoom() const { return begun_.empty() || (begun_.size() < limits_.things && bytes_ < limits_.bytes); }
+
+    /// Waits for room for another thing; none when nothing more is wanted.
+    std::optional<qsizetype> nextPlace() {
         std::unique_lock lock(mutex_);
-        changed_.wait(lock, [&] {
-            return ended_ || ready_.empty() || (ready_.size() < limits_.things && bytes_ < limits_.bytes);
-        });
-        return !ended_;
+        changed_.wait(lock, [this] { return isThrough() || hasRoom(); });
+        if (isThrough()) return {};
+        begun_.emplace_back();
+        return next_ + qsizetype(begun_.size()) - 1;
     }
 
-    void add(Outcome outcome) {
+    void add(qsizetype place, Outcome outcome) {
         {
             const std::lock_guard lock(mutex_);
             bytes_ += outcome.bytes;
-            ready_.push_back(std::move(outcome));
+            begun_[std::size_t(place - next_)] = std::move(outcome);
         }
         changed_.notify_all();
     }
@@ -133,10 +149,10 @@ class ReadAhead {
     const Limits limits_;
     mutable std::mutex mutex_;
     mutable std::condition_variable changed_;
-    std::deque<Outcome> ready_;
-    qint64 bytes_ = 0;    ///< Of what is ready.
-    qsizetype next_ = 0;  ///< Place of the first thing that is ready, or will be. Only the taking thread changes it.
+    std::deque<std::optional<Outcome>> begun_;  ///< From the next place on; empty while a thing is in hand.
+    qint64 bytes_ = 0;                          ///< Of what is ready.
+    qsizetype next_ = 0;  ///< Place of the thing that is given away next. Only the taking thread changes it.
     bool ended_ = false;
     Prepare prepareHere_;  ///< Of the thread that takes; made when it is needed.
-    std::thread thread_;
+    std::vector<std::thread> threads_;
 };

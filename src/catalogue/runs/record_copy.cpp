@@ -58,6 +58,7 @@ class RecordCopy : public RunIntoDatabase {
         if (source.kind == PictureBytes::notAPicture) return {Fate::notAPicture};
         if (source.isSpoilt) return {Fate::truncated, 0, u"图片与存入源库时的不同，已有损坏"_s};
         if (isKnown(source)) return {Fate::alreadyThere};
+        if (endsBefore(place)) return {Fate::left};
         try {
             return {write(source, place), source.picture.size()};
         } catch (...) {

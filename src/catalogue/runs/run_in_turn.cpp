@@ -73,6 +73,7 @@ void RunInTurn::takeNext(Group& group) {
     const qsizetype place = progress_.done;
     try {
         const Taken taken = take(place);
+        if (taken.fate == Fate::left) return;
         group.stored.push_back({place, names_[place], taken.fate, taken.reason, taken.file});
         progress_.bytes += taken.bytes;
     } catch (const std::exception& failure) {
@@ -97,7 +98,7 @@ bool RunInTurn::goesOn() {
 }
 
 bool RunInTurn::isFull(const Group& group) const {
-    return group.failed || progress_.done == end_ || progress_.done <= singlyUpTo_ ||
+    return group.failed || progress_.done >= end_ || progress_.done <= singlyUpTo_ ||
            progress_.bytes - group.start.bytes >= groupBytes_ || group.stored.size() >= mostThings ||
            group.time.hasExpired(mostMs) || !isAtHand(progress_.done);
 }

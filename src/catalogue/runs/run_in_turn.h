@@ -32,7 +32,8 @@ class RunInTurn {
     /// longer true then.
     virtual void open() = 0;
     virtual void beginGroup() = 0;
-    /// Stores a thing, within a group. Throws when it cannot; nothing of it is left then.
+    /// Stores a thing, within a group. Throws when it cannot; nothing of it is left then. The fate `left` says that the
+    /// run was ended before it was stored.
     virtual Taken take(qsizetype place) = 0;
     /// What was taken is on the disk then, or nothing of it is and this throws.
     virtual void storeGroup() = 0;
@@ -53,6 +54,8 @@ class RunInTurn {
     const QStringList& names() const { return names_; }
     /// Asks the watch whether the run goes on; for what takes long before the first thing.
     bool goesOn();
+    /// Whether the run was ended before this thing. What was asked with `goesOn` meanwhile has no answer then.
+    bool endsBefore(qsizetype place) const { return end_ <= place; }
     void noteVerified(int pictures) { report_.verified += pictures; }
     void noteMissing(const QStringList& parts) { report_.missing = parts; }
 

@@ -282,6 +282,24 @@ class TestFileIntake : public QObject {
         QVERIFY(source.isStored(u"tc02"_s, 4, u"d"_s));
     }
 
+    /// Nobody knows then whether the album has that picture: it stays out, and so does the rest.
+    void aRunThatIsEndedWhileAPictureOfTheAlbumIsRead() {
+        Source source;
+        source.add(u"known"_s, pictureBytes({10, 10}, Qt::red));
+        source.enter(u"tc02"_s);
+        for (const QString& name : {u"new"_s, u"next"_s}) source.add(name);
+        IntakeOrder order = source.order();
+        order.names = {u"new"_s, u"known"_s, u"next"_s};
+        order.skipKnown = true;
+        Watching watch(1);
+        watch.timesMore = 1;
+        const RunReport report = wjlr(mekTp::catalogue, u"tc02"_s, order, watch);
+        QVERIFY(report.stopped && report.failure.isEmpty());
+        QCOMPARE(report.namesOf({Fate::taken}), QStringList{u"new"_s});
+        QCOMPARE(report.namesOf({Fate::left}), (QStringList{u"known"_s, u"next"_s}));
+        QCOMPARE(numbersOf(u"tc02"_s), (QStringList{u"1"_s, u"2"_s}));
+    }
+
     /// Of pictures that are held, streamed, turned into JPEGs, and that replace others.
     void fingerprintsAreNoted() {
         Source source;

@@ -125,6 +125,22 @@ class TestRecordCopy : public QObject {
         QCOMPARE(report.namesOf({Fate::taken}), QStringList{u"2"_s});
     }
 
+    /// The last records, out of the same catalogue: behind them there is nothing.
+    void aRunThatIsEndedWhileAPictureOfTheAlbumIsRead() {
+        Source source;
+        CopyOrder order = source.order({u"4"_s});
+        order.sourcePath = mekTp::cataloguePath();
+        QCOMPARE(source.copy(u"tc02"_s, order).count, 1);
+        order.records = recordsOfKeys({u"3"_s, u"4"_s});
+        order.skipKnown = true;
+        Watching watch(1);
+        watch.timesMore = 1;
+        const RunReport report = sklr(mekTp::catalogue, u"tc02"_s, order, watch);
+        QVERIFY(report.stopped && report.failure.isEmpty());
+        QCOMPARE(report.namesOf({Fate::left}), QStringList{u"4"_s});
+        QCOMPARE(numbersOf(u"tc02"_s), (QStringList{u"1"_s, u"2"_s}));
+    }
+
     void aRecordThatIsGoneIsAskedAbout() {
         Source source;
         for (const int i : {1, 3}) source.add({{u"序号"_s, i}});

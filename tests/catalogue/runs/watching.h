@@ -13,7 +13,7 @@ class Watching : public RunWatch {
     bool progress(const RunProgress& progress) override {
         percents << progress.percent;
         last = progress;
-        return progress.done != endAfter_;
+        return progress.done != endAfter_ || timesMore-- > 0;
     }
     bool passesOver(const RunItem& item) override {
         asked << item.name;
@@ -24,6 +24,7 @@ class Watching : public RunWatch {
     RunProgress last;
     QStringList asked;    ///< About these failures.
     bool passes = false;  ///< Over what fails.
+    int timesMore = 0;    ///< The run may ask so many times more before it is ended.
 
   private:
     qsizetype endAfter_;

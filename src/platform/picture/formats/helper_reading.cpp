@@ -181,10 +181,14 @@ void setPictureReaders(const PictureReaders& readers) {
     chosenReaders() = readers;
 }
 
+/// The picture and what decoding leaves beside it, for 12 megapixels. How large one is nobody knows before.
+constexpr qint64 usualBytes = 128 << 20;
+
 AnyPicture readInHelper(PictureFormat format, QIODevice& device, const QString& name) {
     const MemoryFile output(name);
     {
         const Input input(device, name);
+        const MemoryShare share(usualBytes);
         run(format, input.file(), output.file(), name);
     }
     const auto result = std::make_shared<Result>(output.file(), format, name);
