@@ -228,18 +228,10 @@ qint64 freeBytes(const QString& path) {
     return QStorageInfo(QFileInfo(path).absolutePath()).bytesAvailable();
 }
 
-/// A kill may have come right behind the giving of the dated name.
-bool hasDatedName(const QString& backup) {
-    const QFileInfo file(backup);
-    const QStringList dated = QDir(file.path()).entryList({file.completeBaseName() + u"-*."_s + file.suffix()});
-    return std::ranges::any_of(dated,
-                               [&](const QString& name) { return isSameFile(file.path() + u'/' + name, backup); });
-}
-
 /// The last backup gets its dated name, and loses the other one when the new one comes in its place. Where nobody knows
 /// what it is of, it stays only where there is room for yet another one.
 void keepLast(const QString& to, const QList<BackupFile>& there, const QString& catalogue, qint64 room) {
-    if (there.isEmpty() || there.front().path != to || hasDatedName(to)) return;
+    if (there.isEmpty() || there.front().path != to) return;
     const BackupFile& last = there.front();
     if (last.catalogue.isEmpty() && (catalogue.isEmpty() || freeBytes(to) < room)) return;
     const QString dated = datedPath(to, last.made);
@@ -247,6 +239,14 @@ void keepLast(const QString& to, const QList<BackupFile>& there, const QString& 
     std::filesystem::create_hard_link(fileName(to), fileName(dated), failed);
     if (failed) std::filesystem::rename(fileName(to), fileName(dated), failed);
     if (failed) throw failure(dated, systemReason(failed.value()));
+}
+
+/// A kill may have come right behind the giving of the dated name.
+bool hasDatedName(const QString& backup) {
+    const QFileInfo file(backup);
+    const QStringList dated = QDir(file.path()).entryList({file.completeBaseName() + u"-*."_s + file.suffix()});
+    return std::ranges::any_of(dated,
+                               [&](const QString& name) { return isSameFile(file.path() + u'/' + name, backup); });
 }
 
 /// What became of the earlier backups when there is no new one.
@@ -295,7 +295,7 @@ void copyCatalogue(const QString& from, const QString& to) {
     } catch (const Error& failed) {
         throw Error(failed.text() + textOfEarlier(way));
     }
-    keepLast(to, there, catalogue, source.size());
+    if (!hasDatedName(to)) keepLast(to, there, catalogue, source.size());
     std::error_code failed;
     std::filesystem::rename(fileName(made.path()), fileName(to), failed);
     if (failed) throw failure(to, systemReason(failed.value()));

@@ -2,6 +2,7 @@
 
 #include "catalogue/mektp.h"
 #include "platform/base/files.h"
+#include "platform/database/records/own_values.h"
 #include "platform/desktop/message_box.h"
 #include "soak/samples.h"
 #include "soak/stage.h"
@@ -80,9 +81,10 @@ bool raise(const QString& folder) {
     setProgramFolder(folder);
     chooseInBoxesWith([](const BoxText& box) { return int(box.answers.size()) - 1; });
     StartUp start;
-    if (!start.isReady()) return false;
+    // It starts also where the disk has no room for that.
+    const bool isDone = start.isReady() && OwnValues(mekTp::catalogue).isPrepared();
     mekTp::catalogue = {};
-    return true;
+    return isDone;
 }
 
 }  // namespace
