@@ -2,7 +2,6 @@
 
 #include "catalogue/mektp.h"
 #include "platform/base/files.h"
-#include "platform/database/records/own_values.h"
 #include "platform/desktop/message_box.h"
 #include "soak/samples.h"
 #include "soak/stage.h"
@@ -16,6 +15,15 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+QString catalogueIn(const QString& folder) {
+    return QDir(folder).filePath(u"lunq.mdb"_s);
+}
+
+int versionOf(const QString& file) {
+    SQLite::Database database(file.toStdString(), SQLite::OPEN_READWRITE);
+    return database.execAndGet("PRAGMA user_version").getInt();
+}
 
 class RaisingStage : public Stage {
   public:
@@ -49,12 +57,7 @@ class RaisingStage : public Stage {
     bool isEngineAlone() const override { return true; }
 
   private:
-    QString catalogue() const { return QDir(folder_).filePath(u"lunq.mdb"_s); }
-
-    static int versionOf(const QString& file) {
-        SQLite::Database database(file.toStdString(), SQLite::OPEN_READWRITE);
-        return database.execAndGet("PRAGMA user_version").getInt();
-    }
+    QString catalogue() const { return catalogueIn(folder_); }
 
     static QStringList ownParts(const QString& file) {
         SQLite::Database database(file.toStdString(), SQLite::OPEN_READWRITE);
@@ -82,9 +85,9 @@ bool raise(const QString& folder) {
     chooseInBoxesWith([](const BoxText& box) { return int(box.answers.size()) - 1; });
     StartUp start;
     // It starts also where the disk has no room for that.
-    const bool isDone = start.isReady() && OwnValues(mekTp::catalogue).isPrepared();
+    const bool isReady = start.isReady();
     mekTp::catalogue = {};
-    return isDone;
+    return isReady && versionOf(catalogueIn(folder)) == 2;
 }
 
 }  // namespace
