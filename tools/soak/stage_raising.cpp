@@ -2,7 +2,6 @@
 
 #include "catalogue/mektp.h"
 #include "platform/base/files.h"
-#include "platform/desktop/message_box.h"
 #include "soak/samples.h"
 #include "soak/stage.h"
 #include "soak/staged_catalogue.h"
@@ -82,7 +81,7 @@ class RaisingStage : public Stage {
 
 bool raise(const QString& folder) {
     setProgramFolder(folder);
-    chooseInBoxesWith([](const BoxText& box) { return int(box.answers.size()) - 1; });
+    answerBoxesFor({});
     StartUp start;
     // It starts also where the disk has no room for that.
     const bool isReady = start.isReady();

@@ -4,6 +4,7 @@
 #include "catalogue/bin.h"
 #include "catalogue/runs/proof_run.h"
 #include "platform/base/error.h"
+#include "platform/desktop/message_box.h"
 #include "soak/inspection.h"
 #include "soak/samples.h"
 
@@ -52,4 +53,12 @@ void writeBytes(const QString& path, const QByteArray& bytes) {
 void copyFile(const QString& from, const QString& to) {
     QFile::remove(to);
     if (!QFile::copy(from, to)) throw Error(u"%1 cannot be copied to %2"_s.arg(from, to));
+}
+
+void answerBoxesFor(const QString& way) {
+    chooseInBoxesWith([way, isTaken = false](const BoxText& box) mutable {
+        const bool takes = !isTaken && box.answers.contains(way);
+        isTaken = isTaken || takes;
+        return takes || !box.answers.contains(u"退出"_s) ? 0 : int(box.answers.size()) - 1;
+    });
 }
