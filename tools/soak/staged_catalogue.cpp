@@ -9,6 +9,7 @@
 #include "soak/samples.h"
 
 #include <QFile>
+#include <memory>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -56,9 +57,9 @@ void copyFile(const QString& from, const QString& to) {
 }
 
 void answerBoxesFor(const QString& way) {
-    chooseInBoxesWith([way, isTaken = false](const BoxText& box) mutable {
-        const bool takes = !isTaken && box.answers.contains(way);
-        isTaken = isTaken || takes;
+    chooseInBoxesWith([way, isTaken = std::make_shared<bool>(false)](const BoxText& box) {
+        const bool takes = !*isTaken && box.answers.contains(way);
+        *isTaken = *isTaken || takes;
         return takes || !box.answers.contains(u"退出"_s) ? 0 : int(box.answers.size()) - 1;
     });
 }
