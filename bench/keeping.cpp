@@ -142,8 +142,7 @@ void measureBackground() {
                     .measured = std::max(0.0, median(with) - median(without)),
                     .atMost = 1});
     row("keeping", {.what = "the same: delay of the slowest but one of 20 pages",
-                    .measured = std::max(0.0, percentile95(with) - percentile95(without)),
-                    .atMost = 1});
+                    .measured = std::max(0.0, percentile95(with) - percentile95(without))});
     row("keeping", {.what = "such a page by itself", .measured = median(without)});
 }
 

@@ -6,6 +6,7 @@
 #include "platform/base/files.h"
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/message_box.h"
+#include "settings/backup/restore_swap.h"
 #include "start/first_catalogue.h"
 #include "start/old_catalogue.h"
 #include "start/program.h"
@@ -39,6 +40,7 @@ bool StartUp::isReady() {
     if (!isOnlyCopy()) return false;
     runHandler(nullptr, [] {
         resumeConversion();
+        resumeRestore();
         placeFirstCatalogue();
     });
     if (!isOnlyCopy()) return false;

@@ -100,6 +100,17 @@ class TestStartUp : public QObject {
         sample_.reset();
     }
 
+    /// A copy that was being prepared is in nobody's way; a proved one takes the place that was made for it.
+    void killedRestoreComesToItsEnd() {
+        const QString prepared = file(u"lunq.mdb.restore"_s);
+        write(prepared, contentOf(catalogue()).first(20'000));
+        QCOMPARE(titleAfterStart(), u" 我的像册"_s);
+        QVERIFY(!QFileInfo::exists(prepared));
+        QVERIFY(QFile::rename(catalogue(), prepared));
+        QCOMPARE(titleAfterStart(), u" 我的像册"_s);
+        QVERIFY(QFileInfo::exists(catalogue()) && !QFileInfo::exists(prepared));
+    }
+
     void goodOrMissingCatalogueStartsWithoutAWord() {
         QCOMPARE(titleAfterStart(), u" 我的像册"_s);
         QCOMPARE(said_, QStringList());

@@ -62,6 +62,8 @@ class TestSoakLedger : public QObject {
             {u"renumber tc05 1 2; forget tc05"_s, u"tc05: a b #3"_s, {}},
             {u"turn tc05 b lunq_bin b"_s, u"tc05: a; lunq_bin: c c"_s, u"b is lost between tc05 and lunq_bin"_s},
             {u"turn tc05 b lunq_bin b; turned tc05 b lunq_bin b"_s, u"tc05: a; lunq_bin: b c c"_s, {}},
+            {u"turn lunq_bin c tc05 c; turned lunq_bin c tc05 c"_s, u"tc05: a b c; lunq_bin: c"_s, {}},
+            {u"drop lunq_bin c; dropped lunq_bin c"_s, u"tc05: a b; lunq_bin: c"_s, u"lunq_bin: c has come back"_s},
             {u"renumber tc05 1 2; renumbered tc05 2"_s, u"tc05: a b #1"_s, u"tc05: renumbered by half"_s},
             {u"renumber tc05 1 2; renumbered tc05 2; drop tc05 b"_s, u"tc05: a #9"_s, {}},
             {u"remove tc05"_s, {}, {}},

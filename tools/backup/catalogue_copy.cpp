@@ -233,19 +233,11 @@ qint64 freeBytes(const QString& path) {
     return QStorageInfo(QFileInfo(path).absolutePath()).bytesAvailable();
 }
 
-/// A kill may have come right behind the giving of the dated name.
-bool hasDatedName(const QString& backup) {
-    const QFileInfo file(backup);
-    const QStringList dated = QDir(file.path()).entryList({file.completeBaseName() + u"-*."_s + file.suffix()});
-    return std::ranges::any_of(dated,
-                               [&](const QString& name) { return isSameFile(file.path() + u'/' + name, backup); });
-}
-
 /// The last backup gets its dated name, and loses the other one when the new one comes in its place. Where nobody knows
 /// what it is of, it stays only where there is room for yet another one. A file that is no catalogue of this program
 /// always stays: it is somebody's.
 void keepLast(const QString& to, const QList<BackupFile>& there, const QString& catalogue, qint64 room) {
-    if (!QFileInfo::exists(to) || hasDatedName(to)) return;
+    if (!QFileInfo::exists(to)) return;
     const bool isBackup = !there.isEmpty() && there.front().path == to;
     if (isBackup && there.front().catalogue.isEmpty() && (catalogue.isEmpty() || freeBytes(to) < room)) return;
     const QString dated = datedPath(to, isBackup ? there.front().made : FileDateTime(to));
@@ -253,6 +245,14 @@ void keepLast(const QString& to, const QList<BackupFile>& there, const QString& 
     std::filesystem::create_hard_link(fileName(to), fileName(dated), failed);
     if (failed) std::filesystem::rename(fileName(to), fileName(dated), failed);
     if (failed) throw failure(dated, systemReason(failed.value()));
+}
+
+/// A kill may have come right behind the giving of the dated name.
+bool hasDatedName(const QString& backup) {
+    const QFileInfo file(backup);
+    const QStringList dated = QDir(file.path()).entryList({file.completeBaseName() + u"-*."_s + file.suffix()});
+    return std::ranges::any_of(dated,
+                               [&](const QString& name) { return isSameFile(file.path() + u'/' + name, backup); });
 }
 
 /// What became of the earlier backups when there is no new one.
@@ -301,7 +301,7 @@ void copyCatalogue(const QString& from, const QString& to) {
     } catch (const Error& failed) {
         throw Error(failed.text() + textOfEarlier(way));
     }
-    keepLast(to, there, catalogue, source.size());
+    if (!hasDatedName(to)) keepLast(to, there, catalogue, source.size());
     std::error_code failed;
     std::filesystem::rename(fileName(made.path()), fileName(to), failed);
     if (failed) throw failure(to, systemReason(failed.value()));

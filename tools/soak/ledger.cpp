@@ -46,6 +46,7 @@ void Ledger::turnIs(const QStringList& words, bool done) {
         return same;
     });
     pictureIs(turn.fromPlace, turn.fromPicture, Certainty::gone);
+    if (turn.fromPlace == bin) places_[bin].pictures.remove(turn.fromPicture);  // it may come again untold
     pictureIs(turn.toPlace, turn.toPicture, Certainty::sure);
 }
 

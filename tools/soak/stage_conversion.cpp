@@ -4,7 +4,6 @@
 #include "jet_maker/old_catalogue.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
-#include "platform/desktop/message_box.h"
 #include "soak/stage.h"
 #include "soak/staged_catalogue.h"
 #include "start/start_up.h"
@@ -88,14 +87,9 @@ class ConversionStage : public Stage {
     QByteArray old_;
 };
 
-/// The first answer converts. Where that has failed, the program ends.
 bool convert(const QString& folder) {
     setProgramFolder(folder);
-    int times = 0;
-    chooseInBoxesWith([&](const BoxText& box) {
-        const bool asks = box.answers.contains(u"转换"_s);
-        return asks && ++times > 1 ? int(box.answers.size()) - 1 : 0;
-    });
+    answerBoxesFor(u"转换"_s);
     StartUp start;
     const bool isDone = start.isReady() && mekTp::catalogue.isOurs();
     mekTp::catalogue = {};

@@ -2,7 +2,6 @@
 
 #include "catalogue/mektp.h"
 #include "platform/base/files.h"
-#include "platform/desktop/message_box.h"
 #include "soak/samples.h"
 #include "soak/stage.h"
 #include "soak/staged_catalogue.h"
@@ -15,6 +14,15 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+QString catalogueIn(const QString& folder) {
+    return QDir(folder).filePath(u"lunq.mdb"_s);
+}
+
+int versionOf(const QString& file) {
+    SQLite::Database database(file.toStdString(), SQLite::OPEN_READWRITE);
+    return database.execAndGet("PRAGMA user_version").getInt();
+}
 
 class RaisingStage : public Stage {
   public:
@@ -48,12 +56,7 @@ class RaisingStage : public Stage {
     bool isEngineAlone() const override { return true; }
 
   private:
-    QString catalogue() const { return QDir(folder_).filePath(u"lunq.mdb"_s); }
-
-    static int versionOf(const QString& file) {
-        SQLite::Database database(file.toStdString(), SQLite::OPEN_READWRITE);
-        return database.execAndGet("PRAGMA user_version").getInt();
-    }
+    QString catalogue() const { return catalogueIn(folder_); }
 
     static QStringList ownParts(const QString& file) {
         SQLite::Database database(file.toStdString(), SQLite::OPEN_READWRITE);
@@ -78,11 +81,12 @@ class RaisingStage : public Stage {
 
 bool raise(const QString& folder) {
     setProgramFolder(folder);
-    chooseInBoxesWith([](const BoxText& box) { return int(box.answers.size()) - 1; });
+    answerBoxesFor({});
     StartUp start;
-    if (!start.isReady()) return false;
+    // It starts also where the disk has no room for that.
+    const bool isReady = start.isReady();
     mekTp::catalogue = {};
-    return true;
+    return isReady && versionOf(catalogueIn(folder)) == 2;
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
 #include "platform/base/files.h"
-#include "platform/desktop/message_box.h"
 #include "soak/samples.h"
 #include "soak/stage.h"
 #include "soak/staged_catalogue.h"
@@ -79,12 +78,7 @@ class RescueStage : public Stage {
 
 bool rescue(const QString& folder) {
     setProgramFolder(folder);
-    int times = 0;
-    // The first answer takes it out, and puts it in place; where that has failed, the program ends.
-    chooseInBoxesWith([&](const BoxText& box) {
-        const bool asksForWay = box.answers.contains(takesOutWhole);
-        return asksForWay && ++times > 1 ? int(box.answers.size()) - 1 : 0;
-    });
+    answerBoxesFor(takesOutWhole);
     StartUp start;
     const bool isDone = start.isReady();
     mekTp::catalogue = {};

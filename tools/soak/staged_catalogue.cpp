@@ -4,10 +4,12 @@
 #include "catalogue/bin.h"
 #include "catalogue/runs/proof_run.h"
 #include "platform/base/error.h"
+#include "platform/desktop/message_box.h"
 #include "soak/inspection.h"
 #include "soak/samples.h"
 
 #include <QFile>
+#include <memory>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -52,4 +54,12 @@ void writeBytes(const QString& path, const QByteArray& bytes) {
 void copyFile(const QString& from, const QString& to) {
     QFile::remove(to);
     if (!QFile::copy(from, to)) throw Error(u"%1 cannot be copied to %2"_s.arg(from, to));
+}
+
+void answerBoxesFor(const QString& way) {
+    chooseInBoxesWith([way, isTaken = std::make_shared<bool>(false)](const BoxText& box) {
+        const bool takes = !*isTaken && box.answers.contains(way);
+        *isTaken = *isTaken || takes;
+        return takes || !box.answers.contains(u"退出"_s) ? 0 : int(box.answers.size()) - 1;
+    });
 }

@@ -15,3 +15,7 @@ Found contentOf(const QString& path, QStringList& faults);
 QByteArray bytesOf(const QString& path);
 void writeBytes(const QString& path, const QByteArray& bytes);
 void copyFile(const QString& from, const QString& to);
+
+/// In the process of a stage each box gets its first answer. Those that let the program end get that one, but for the
+/// first of them that offers `way`.
+void answerBoxesFor(const QString& way);

@@ -5,6 +5,7 @@
 #include "platform/base/error.h"
 #include "platform/base/files.h"
 #include "platform/base/system_reason.h"
+#include "platform/database/file/file_check.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -77,4 +78,17 @@ QString carryOutRestore() {
     }
     syncFolderToDisk(QFileInfo(catalogue).path());
     return hasOld ? kept : QString();
+}
+
+void resumeRestore() {
+    const QString catalogue = realCatalogue(), prepared = preparedRestorePath();
+    if (!QFileInfo::exists(prepared)) return;
+    if (QFileInfo::exists(catalogue)) {
+        QFile::remove(prepared);
+        return;
+    }
+    attempt([&] {
+        const bool isWhole = FileCheck(prepared).run() == FileCheck::Outcome::whole;
+        if (isWhole && QFile::rename(prepared, catalogue)) syncFolderToDisk(QFileInfo(catalogue).path());
+    });
 }

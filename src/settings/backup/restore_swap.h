@@ -16,3 +16,7 @@ bool isRestorePlanned();
 /// the two in place. Throws `Error` when the files cannot be exchanged, and the catalogue is as it was. Nothing of the
 /// program may have it open.
 QString carryOutRestore();
+
+/// What a kill has left: a copy that was being prepared goes, and where the catalogue has lost its name already, the
+/// prepared one gets that. Nobody else may work on the catalogue. Does not throw.
+void resumeRestore();
