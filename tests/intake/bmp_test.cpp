@@ -122,12 +122,13 @@ class TestBmpFiles : public QObject {
         const BmpWindow window;
         const QString path = window.path(u"1.bmp"_s);
         window.add(u"1.bmp"_s, {60, 45}, "BMP");
+        window.add(u"2.bmp"_s, {60, 45}, "PNG");  // the person's file stays as it is
         QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadUser | QFile::ReadGroup | QFile::ReadOther);
         // Others may go into the folder, but not write there.
         QFile::setPermissions(window.pictures.path(), QFile::Permissions(0x7755));
         PictureInHand bitmap(path);
         const OrdinaryPerson person;
-        QVERIFY(askAboutBmp(nullptr, {path}).has_value());
+        QVERIFY(askAboutBmp(nullptr, {path, window.path(u"2.bmp"_s)}).has_value());
         QVERIFY(window.boxes.isEmpty());
         Recordset album = mekTp::catalogue.OpenRecordset(u"tc02"_s);
         album.AddNew();

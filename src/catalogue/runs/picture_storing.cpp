@@ -2,6 +2,7 @@
 
 #include "catalogue/picture_field.h"
 #include "platform/base/error.h"
+#include "platform/base/odd_names.h"
 #include "platform/base/unnamed_file.h"
 #include "platform/picture/formats/any_picture.h"
 #include "platform/picture/picture_size.h"
@@ -72,7 +73,9 @@ PictureFacts factsOf(ReadyPicture& picture) {
 bool canBecomeJpeg(const QString& path) {
     const QFileInfo file(path);
     // It is written beside its place and renamed over it.
-    return endsInBmp(path) && file.size() > 0 && file.isWritable() && QFileInfo(file.canonicalPath()).isWritable();
+    if (!endsInBmp(path) || file.size() == 0 || !file.isWritable()) return false;
+    QFile content;
+    return QFileInfo(file.canonicalPath()).isWritable() && openForReading(content, path) && !isOfOtherFormat(content);
 }
 
 bool isOfOtherFormat(QIODevice& bytes) {

@@ -12,8 +12,8 @@ enum class BmpFiles {
     keep     ///< It is turned into a JPEG in memory and stays as it is.
 };
 
-/// Whether taking this file in can turn it into a JPEG on the disk: it ends in "bmp" and can be written over. Does not
-/// throw.
+/// Whether taking this file in can turn it into a JPEG on the disk: it ends in "bmp", is of no other format, and can be
+/// written over. Does not throw.
 bool canBecomeJpeg(const QString& path);
 
 /// The JPEG that is stored for a file that ends in "bmp"; none for any other file, or one that is a JPEG already.

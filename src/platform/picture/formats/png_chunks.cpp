@@ -74,7 +74,7 @@ std::optional<PngChunks> pngChunks(QIODevice& device) {
     QList<QByteArray> seen;
     bool hasHeader = false, hasPixels = false;
     qint64 at = start + signatureBytes;
-    while (device.seek(at)) {
+    while (at < device.size() && device.seek(at)) {
         const QByteArray head = device.read(8);
         if (head.size() < 8) break;
         const quint32 length = qFromBigEndian<quint32>(head.constData());
