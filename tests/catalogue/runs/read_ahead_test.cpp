@@ -3,7 +3,6 @@
 #include "../../support/failure_of.h"
 #include "../../support/run_all.h"
 
-#include <QtTest/QtTest>
 #include <atomic>
 
 using namespace Qt::Literals::StringLiterals;
@@ -40,27 +39,19 @@ class TestReadAhead : public QObject {
         for (const qsizetype place : {2, 1, 2, 9, 0}) QCOMPARE(again.take(place), place);
     }
 
-    void isAheadByItsLimits_data() {
-        QTest::addColumn<int>("things");
-        QTest::addColumn<int>("bytes");
-        QTest::addColumn<int>("prepared");
-        QTest::newRow("things") << 3 << 1000 << 3;
-        QTest::newRow("bytes") << 100 << 25 << 3;
-        QTest::newRow("one is larger than all") << 100 << 5 << 1;
-    }
     void isAheadByItsLimits() {
-        QFETCH(int, things);
-        QFETCH(int, bytes);
-        QFETCH(int, prepared);
-        std::atomic<int> count = 0;
-        Numbers ahead(
-            50, [&] { return [&](qsizetype place) { return ++count, place; }; }, [](const qsizetype&) { return 10; },
-            {.things = std::size_t(things), .bytes = bytes});
-        QVERIFY(ahead.isAtHand(prepared - 1, longEnough));
-        QVERIFY(!ahead.isAtHand(prepared, 50ms));
-        QCOMPARE(count, prepared);
-        ahead.take(0);
-        QVERIFY(ahead.isAtHand(prepared, longEnough));
+        const std::tuple<int, int, int> cases[] = {{3, 1000, 3}, {100, 25, 3}, {100, 5, 1}};
+        for (const auto& [things, bytes, prepared] : cases) {
+            std::atomic<int> count = 0;
+            Numbers ahead(
+                50, [&] { return [&](qsizetype place) { return ++count, place; }; },
+                [](const qsizetype&) { return 10; }, {.things = std::size_t(things), .bytes = bytes});
+            QVERIFY(ahead.isAtHand(prepared - 1, longEnough));
+            QVERIFY(!ahead.isAtHand(prepared, 50ms));
+            QCOMPARE(count, prepared);
+            ahead.take(0);
+            QVERIFY(ahead.isAtHand(prepared, longEnough));
+        }
     }
 
     void failuresComeInTheirTurn() {

@@ -6,8 +6,6 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
 class TestMessageBox : public QObject {
     Q_OBJECT
 
@@ -203,7 +201,5 @@ class TestMessageBox : public QObject {
 };
 
 const Registered<TestMessageBox> registered;
-
-}  // namespace
 
 #include "message_box_test.moc"
