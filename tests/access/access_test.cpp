@@ -1,15 +1,10 @@
-#include "../support/run_all.h"
 #include "../tour/program_tour.h"
 #include "help/entry_label.h"
 #include "platform/desktop/colour_dialog.h"
 #include "platform/desktop/image_box.h"
 #include "platform/desktop/look.h"
-#include "platform/desktop/message_box.h"
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
-
-#include <QAccessible>
-#include <QMetaMethod>
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,4 +1,3 @@
-#include "../support/run_all.h"
 #include "../tour/program_tour.h"
 #include "help/rich_text_box.h"
 #include "help/shipped_manual.h"

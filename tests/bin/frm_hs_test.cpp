@@ -1,16 +1,13 @@
 #include "bin/frm_hs.h"
 
 #include "../support/found.h"
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "bin/bin_room.h"
 #include "bin/bin_words.h"
 #include "catalogue/album_directory.h"
-#include "catalogue/mektp.h"
 #include "catalogue/selection_buttons.h"
 #include "platform/desktop/message_box.h"
 
-#include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>
 
 using namespace Qt::Literals::StringLiterals;
@@ -57,18 +54,10 @@ struct Window {
     int restored = 0;
 };
 
-class TestFrmHs : public QObject {
+class TestFrmHs : public OpenedSampleTest {
     Q_OBJECT
 
-    std::unique_ptr<SampleCatalogue> sample_;
-
   private Q_SLOTS:
-    void init() {
-        sample_.reset();
-        sample_ = std::make_unique<SampleCatalogue>();
-        mekTp::openCatalogue();
-    }
-
     void listsTheNewestFirstWithPictures() {
         remove(u"tc01"_s, u"序号 = 3"_s);
         remove(u"tcan"_s, u"编号 = '2'"_s, BinKind::button);

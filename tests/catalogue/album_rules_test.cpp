@@ -4,8 +4,6 @@
 #include "catalogue/colour_text.h"
 #include "platform/base/error.h"
 
-#include <QtTest/QtTest>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace {

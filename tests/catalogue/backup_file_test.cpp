@@ -1,11 +1,7 @@
 #include "catalogue/backup_file.h"
 
 #include "../support/damage.h"
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
-
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,14 +1,9 @@
 #include "catalogue/open_check.h"
 
 #include "../support/failing_disk.h"
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "platform/base/files.h"
 #include "platform/database/file/file_check.h"
-
-#include <QtTest/QtTest>
-#include <atomic>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;
@@ -29,10 +24,9 @@ void overwrite(const QString& path, qint64 at, const QByteArray& bytes) {
     if (!file.open(QIODevice::ReadWrite) || !file.seek(at) || file.write(bytes) != bytes.size()) qFatal("cannot write");
 }
 
-class TestOpenCheck : public QObject {
+class TestOpenCheck : public SampleTest {
     Q_OBJECT
 
-    std::unique_ptr<SampleCatalogue> sample_;
     std::atomic<int> told_ = 0;   ///< Of damage.
     std::atomic<int> whole_ = 0;  ///< Times that nothing was found.
 
@@ -44,8 +38,7 @@ class TestOpenCheck : public QObject {
 
   private Q_SLOTS:
     void init() {
-        sample_.reset();
-        sample_ = std::make_unique<SampleCatalogue>();
+        SampleTest::init();
         told_ = whole_ = 0;
     }
 

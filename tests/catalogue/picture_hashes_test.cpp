@@ -1,14 +1,8 @@
 #include "catalogue/picture_hashes.h"
 
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/album_rules.h"
-#include "catalogue/mektp.h"
 #include "catalogue/picture_field.h"
-
-#include <QBuffer>
-#include <QCryptographicHash>
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -41,18 +35,10 @@ void noteAll(const QString& album) {
         prints.note(picture, fingerprintOf(picture));
 }
 
-class TestPictureHashes : public QObject {
+class TestPictureHashes : public OpenedSampleTest {
     Q_OBJECT
 
-    std::unique_ptr<SampleCatalogue> sample_;
-
   private Q_SLOTS:
-    void init() {
-        sample_.reset();
-        sample_ = std::make_unique<SampleCatalogue>();
-        mekTp::openCatalogue();
-    }
-
     void zerosAtTheEndDoNotCount() {
         const QByteArray gap = "ab" + QByteArray(10000, '\0') + "c";
         const QByteArray large(600000, 'x');
@@ -141,9 +127,7 @@ class TestPictureHashes : public QObject {
         QCOMPARE(shell(u"DROP TABLE lunq_hashes; DROP TRIGGER lunq_hashes_deleted"_s), QString());
         for (const Database& database : {other, mekTp::catalogue}) {
             Recordset album = database.OpenRecordset(u"tc01"_s);
-            album.AddNew();
-            album.Fields(u"图片"_s).SetValue(QByteArray("one"));
-            album.Update();
+            addRow(album, {{u"图片"_s, QByteArray("one")}});
             PictureHashes(database).note(album.storedAt(album.rowCount() - 1, u"图片"_s), fingerprintOf("one"));
             QVERIFY(KnownPictures(database, u"tc01"_s).has(fingerprintOf("one")));
             QVERIFY(!KnownPictures(database, u"tc01"_s).has(fingerprintOf("two")));

@@ -1,11 +1,7 @@
 #include "catalogue/picture_loader.h"
 
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "platform/picture/wide_colours.h"
-
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -34,12 +30,10 @@ struct Loaded {
     std::vector<Picture> pictures;
 };
 
-class TestPictureLoader : public QObject {
+class TestPictureLoader : public SampleTest {
     Q_OBJECT
 
   private Q_SLOTS:
-    void init() { catalogue_ = std::make_unique<SampleCatalogue>(); }
-    void cleanup() { catalogue_.reset(); }
 
     void everythingWantedComesAtTheSizeOfItsPlace() {
         PictureLoader loader;
@@ -159,9 +153,6 @@ class TestPictureLoader : public QObject {
         for (int i = 0; i < 20; ++i) PictureLoader().want(requestsOf(u"tc01"_s));
         QCoreApplication::processEvents();
     }
-
-  private:
-    std::unique_ptr<SampleCatalogue> catalogue_;
 };
 
 const Registered<TestPictureLoader> registered;

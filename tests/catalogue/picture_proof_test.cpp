@@ -1,15 +1,10 @@
 #include "catalogue/picture_proof.h"
 
 #include "../support/damage.h"
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/background_hashing.h"
-#include "catalogue/mektp.h"
 #include "catalogue/picture_hashes.h"
 #include "platform/base/error.h"
-
-#include <QRandomGenerator>
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -17,10 +12,8 @@ namespace {
 
 constexpr int pictures = 13;  // in all albums of the sample
 
-class TestPictureProof : public QObject {
+class TestPictureProof : public OpenedSampleTest {
     Q_OBJECT
-
-    std::unique_ptr<SampleCatalogue> sample_;
 
     QString file() const { return mekTp::cataloguePath(); }
     QMap<qint64, Fault> prove() const {
@@ -37,12 +30,6 @@ class TestPictureProof : public QObject {
     }
 
   private Q_SLOTS:
-    void init() {
-        sample_.reset();
-        sample_ = std::make_unique<SampleCatalogue>();
-        mekTp::openCatalogue();
-    }
-
     void wholeCatalogue() {
         QCOMPARE(text(), QString());
         QVERIFY(prove().isEmpty());

@@ -1,12 +1,8 @@
 #include "catalogue/remembered.h"
 
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "platform/base/error.h"
 #include "platform/database/records/own_values.h"
-
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -22,12 +18,10 @@ QString shell(const QString& path, const QString& sql) {
 
 }  // namespace
 
-class TestRemembered : public QObject {
+class TestRemembered : public OpenedSampleTest {
     Q_OBJECT
 
   private Q_SLOTS:
-    void init() { mekTp::openCatalogue(); }
-
     void valuesOutliveTheProgram() {
         QVERIFY(!remembered::flag(u"a.flag"_s));
         QCOMPARE(remembered::text(u"a.text"_s, u"else"_s), u"else"_s);
@@ -45,7 +39,7 @@ class TestRemembered : public QObject {
 
     void onlyTheProgramsOwnFileIsRaised() {
         QCOMPARE(shell(mekTp::cataloguePath(), u"PRAGMA user_version"_s), u"2"_s);
-        const QString path = sample_.file(u"别的.mdb"_s);
+        const QString path = sample_->file(u"别的.mdb"_s);
         createDatabase(path).Execute(u"CREATE TABLE tc01 ([序号] LONG)"_s);
         const Database other = OpenDatabase(path);
         other.Execute(u"DELETE FROM tc01"_s);
@@ -67,9 +61,6 @@ class TestRemembered : public QObject {
         remembered::setFlag(u"a.flag"_s, true);
         QVERIFY(!remembered::flag(u"a.flag"_s));
     }
-
-  private:
-    SampleCatalogue sample_;
 };
 
 const Registered<TestRemembered> registered;

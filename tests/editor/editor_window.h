@@ -2,9 +2,7 @@
 
 #include "../support/found.h"
 #include "../support/recording_windows.h"
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "editor/document/hints.h"
 #include "editor/frm_cl.h"
 #include "platform/desktop/file_dialogs.h"
@@ -12,7 +10,6 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 
-#include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>
 
 /// The editor on a small catalogue, with its controls by name. Message boxes are collected instead of shown and

@@ -22,16 +22,13 @@ QByteArray jpegOnItsSide() {
     return plain.left(2) + exif + plain.mid(2);
 }
 
-void writeFile(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
-
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+/// The editor with a file open: a photograph on its side, or another one.
+struct Photograph : EditorWindow {
+    explicit Photograph(const QString& name = u"turned.jpg"_s, const QByteArray& bytes = jpegOnItsSide()) {
+        file = writeFile(catalogue.file(name), bytes);
+        press(u"wk"_s);
+    }
+};
 
 /// As the person left the check box 无损保存.
 void chooseLossless(bool on) {
@@ -45,10 +42,7 @@ class TestKeptPhotograph : public QObject {
 
   private Q_SLOTS:
     void theOldOrientationDoesNotTurnTwice() {
-        EditorWindow editor;
-        editor.file = editor.catalogue.file(u"turned.jpg"_s);
-        writeFile(editor.file, jpegOnItsSide());
-        editor.press(u"wk"_s);
+        Photograph editor;
         QCOMPARE(editor.picYu().picture().size(), QSize(40, 60));
         editor.scale(u"1"_s);
         editor.press(u"bc"_s);
@@ -56,10 +50,7 @@ class TestKeptPhotograph : public QObject {
     }
 
     void whatTheCameraHasWrittenIsKept() {
-        EditorWindow editor;
-        editor.file = editor.catalogue.file(u"turned.jpg"_s);
-        writeFile(editor.file, jpegOnItsSide());
-        editor.press(u"wk"_s);
+        Photograph editor;
         editor.scale(u"2"_s);
         const QString source = editor.file;
         editor.file = editor.catalogue.file(u"copy.jpg"_s);
@@ -81,12 +72,9 @@ class TestKeptPhotograph : public QObject {
             {{60, 41}, true, u"不能无损保存"_s, false},
         };
         for (const auto& [size, isWanted, hint, isLossless] : cases) {
-            EditorWindow editor;
+            Photograph editor(u"照片.jpg"_s, pictureBytes(size, Qt::darkGreen));
             chooseLossless(isWanted);
-            editor.file = editor.catalogue.file(u"照片.jpg"_s);
-            writePicture(editor.file, size, Qt::darkGreen);
             const QByteArray before = contentOf(editor.file);
-            editor.press(u"wk"_s);
             editor.press(u"fs"_s);
             editor.rotate(u"-90"_s);
             editor.press(u"bc"_s);
@@ -114,11 +102,8 @@ class TestKeptPhotograph : public QObject {
 
     /// After a cut that was taken back, a flip reads from its corner: no flip of the whole.
     void aFlipAfterACutIsNoTurn() {
-        EditorWindow editor;
+        const Photograph editor(u"照片.jpg"_s, pictureBytes({64, 48}, Qt::darkGreen));
         chooseLossless(true);
-        editor.file = editor.catalogue.file(u"照片.jpg"_s);
-        writePicture(editor.file, {64, 48}, Qt::darkGreen);
-        editor.press(u"wk"_s);
         editor.crop({10, 5, 40, 30});
         editor.undo();
         editor.press(u"fs"_s);
@@ -129,21 +114,15 @@ class TestKeptPhotograph : public QObject {
 
     /// The ending decides what is written, exactly so.
     void aBitmapIsNotCalledLossless() {
-        EditorWindow editor;
+        const Photograph editor(u"DSC1.JPG"_s);
         chooseLossless(true);
-        editor.file = editor.catalogue.file(u"DSC1.JPG"_s);
-        writeFile(editor.file, jpegOnItsSide());
-        editor.press(u"wk"_s);
         editor.rotate(u"180"_s);
         editor.press(u"bc"_s);
         QVERIFY(editor.hint().startsWith(u"已存成 BMP"_s));
     }
 
     void aFileThatIsSavedOverByAnotherNameKeepsItsTags() {
-        EditorWindow editor;
-        editor.file = editor.catalogue.file(u"turned.jpg"_s);
-        writeFile(editor.file, jpegOnItsSide());
-        editor.press(u"wk"_s);
+        Photograph editor;
         editor.scale(u"2"_s);
         editor.press(u"lc"_s);
         editor.scale(u"2"_s);
@@ -168,10 +147,7 @@ class TestKeptPhotograph : public QObject {
     }
 
     void theChoiceIsMadeInTheBox() {
-        EditorWindow editor;
-        editor.file = editor.catalogue.file(u"照片.jpg"_s);
-        writePicture(editor.file, {64, 48}, Qt::darkGreen);
-        editor.press(u"wk"_s);
+        const Photograph editor(u"照片.jpg"_s, pictureBytes({64, 48}, Qt::darkGreen));
         editor.rotate(u"180"_s);
         chooseLossless(false);
         answerBoxesWith({});

@@ -6,9 +6,6 @@
 #include "platform/base/error.h"
 #include "platform/base/twips.h"
 
-#include <QRandomGenerator>
-#include <QThread>
-#include <QtTest/QtTest>
 #include <array>
 #include <cmath>
 

@@ -1,6 +1,4 @@
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "editor/document/document.h"
 #include "editor/document/hints.h"
 #include "editor/document/picture_files.h"
@@ -10,8 +8,6 @@
 #include "editor/operations/trail.h"
 #include "editor/operations/typed_numbers.h"
 #include "platform/picture/picture.h"
-
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 

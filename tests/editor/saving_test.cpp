@@ -6,6 +6,18 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+/// The editor with work on a file whose folder has another name since.
+struct GoneFolder : EditorWindow {
+    GoneFolder() {
+        QDir().mkdir(catalogue.file(u"夹"_s));
+        file = catalogue.file(u"夹/图.jpg"_s);
+        writePicture(file, {60, 40}, Qt::darkGreen);
+        press(u"wk"_s);
+        scale(u"2"_s);
+        if (!QFile::rename(catalogue.file(u"夹"_s), catalogue.file(u"别处"_s))) qFatal("cannot rename");
+    }
+};
+
 class TestSaving : public QObject {
     Q_OBJECT
 
@@ -35,13 +47,7 @@ class TestSaving : public QObject {
     }
 
     void aFileThatCannotBeWrittenKeepsThePicture() {
-        EditorWindow editor;
-        QDir().mkdir(editor.catalogue.file(u"夹"_s));
-        editor.file = editor.catalogue.file(u"夹/图.jpg"_s);
-        writePicture(editor.file, {60, 40}, Qt::darkGreen);
-        editor.press(u"wk"_s);
-        editor.scale(u"2"_s);
-        QVERIFY(QFile::rename(editor.catalogue.file(u"夹"_s), editor.catalogue.file(u"别处"_s)));
+        GoneFolder editor;
         editor.press(u"bc"_s);
         QVERIFY(editor.lastBox().startsWith(u"错误提示|不能保存图片"));
         QVERIFY(editor.key(u"bc"_s)->isEnabled() && !editor.steps().isEmpty());
@@ -324,13 +330,7 @@ class TestSaving : public QObject {
     }
 
     void aDiskThatRefusesKeepsThePersonThere() {
-        EditorWindow editor;
-        QDir().mkdir(editor.catalogue.file(u"夹"_s));
-        editor.file = editor.catalogue.file(u"夹/图.jpg"_s);
-        writePicture(editor.file, {60, 40}, Qt::darkGreen);
-        editor.press(u"wk"_s);
-        editor.scale(u"2"_s);
-        QVERIFY(QFile::rename(editor.catalogue.file(u"夹"_s), editor.catalogue.file(u"别处"_s)));
+        GoneFolder editor;
         editor.reply = u"保存"_s;
         QVERIFY(!editor.window->close());
         QVERIFY(editor.lastBox().startsWith(u"错误提示|不能保存图片"));

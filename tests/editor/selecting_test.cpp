@@ -1,6 +1,5 @@
 #include "catalogue/picture_field.h"
 #include "editor_window.h"
-#include "platform/desktop/grid.h"
 #include "platform/desktop/shapes.h"
 
 using namespace Qt::Literals::StringLiterals;

@@ -1,7 +1,6 @@
 #include "editor/zoom.h"
 
 #include "editor_window.h"
-#include "platform/desktop/shapes.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -10,11 +10,8 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPushButton>
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
 
 class TestAboutBox : public QObject {
     Q_OBJECT
@@ -102,7 +99,5 @@ class TestAboutBox : public QObject {
 };
 
 const Registered<TestAboutBox> registered;
-
-}  // namespace
 
 #include "frm_gy_test.moc"

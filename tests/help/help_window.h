@@ -1,14 +1,11 @@
 #pragma once
 
 #include "../support/found.h"
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "help/frm_bz.h"
 #include "platform/base/files.h"
 #include "windows/windows.h"
 
-#include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>
 
 /// The help window on a copy of the catalogue that the program is shipped with.

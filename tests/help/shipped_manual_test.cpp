@@ -1,12 +1,8 @@
 #include "help/shipped_manual.h"
 
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "platform/base/error.h"
 #include "platform/database/records/own_values.h"
-
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -28,19 +24,15 @@ QString noteOf(const QString& version, const QString& text) {
     return version + u' ' + QString::fromLatin1(print.toHex());
 }
 
-class TestShippedManual : public QObject {
+class TestShippedManual : public OpenedSampleTest {
     Q_OBJECT
-
-    std::unique_ptr<SampleCatalogue> catalogue_;
 
   private Q_SLOTS:
     void init() {
-        catalogue_ = std::make_unique<SampleCatalogue>();
-        OwnValues(mekTp::catalogue).prepare();
+        OpenedSampleTest::init();
         mekTp::catalogue.Execute(u"DELETE FROM tcbz"_s);
         addRow(u"tcbz"_s, {{u"编号"_s, u"9"_s}, {u"标题"_s, u"旧的一节"_s}});
     }
-    void cleanup() { catalogue_.reset(); }
 
     void onlyAnUnchangedOlderManualMakesWay_data() {
         QTest::addColumn<QString>("text");

@@ -1,4 +1,3 @@
-#include "../support/run_all.h"
 #include "intake_window.h"
 #include "settings/frame/bmp_question.h"
 

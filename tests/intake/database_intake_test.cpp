@@ -1,4 +1,3 @@
-#include "../support/run_all.h"
 #include "database_window.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -251,32 +250,31 @@ class TestDatabaseIntake : public QObject {
         QCOMPARE(valueOf(u"tc02"_s, u"备注"_s), u"最后"_s);
     }
 
-    void nullColumns_data() {
-        QTest::addColumn<bool>("fill");
-        QTest::newRow("filled in") << true;
-        QTest::newRow("left empty") << false;
-    }
     void nullColumns() {
-        QFETCH(bool, fill);
-        DatabaseWindow window;
-        window.source.Execute(createAlbumSql(u"tc01"_s));
-        window.addRow(u"tc01"_s, {{u"序号"_s, 1}, {u"图片"_s, DatabaseWindow::pictureOf(1)}});
-        window.addRow(u"tc01"_s, {{u"序号"_s, 2}, {u"备注"_s, u"无图"_s}});
-        window.addRow(u"tc01"_s, {{u"序号"_s, 3}, {u"图片"_s, QByteArray("no picture")}});
-        window.chooseTable(u"tc02"_s, 1, u"tc01"_s);
-        window.get<QCheckBox>(u"chkZd"_s).setChecked(fill);
-        window.click(u"cmdQx"_s);
-        const QStringList said = window.copyAll();
-        QVERIFY2(said.first().startsWith(u"其中 1 条的图片不是 BMP 或 JPEG：序号＝3\n"_s), qPrintable(said.first()));
-        QCOMPARE(said.mid(1), QStringList{entered(3)});
-        const auto values = [](const QString& column) { return columnOf(u"tc02"_s, column); };
-        QCOMPARE(values(u"编号"_s), fill ? QStringList(3, u" "_s) : QStringList(3));
-        QCOMPARE(values(u"备注"_s), fill ? (QStringList{u" "_s, u"无图"_s, u" "_s}) : (QStringList{{}, u"无图"_s, {}}));
-        QCOMPARE(values(u"规格"_s), fill ? (QStringList{u"60*45"_s, {}, {}}) : QStringList(3));
-        const QString kilobytes = FieldValue(float(DatabaseWindow::pictureOf(1).size()) / 1000).toText();
-        QCOMPARE(values(u"大小"_s), fill ? (QStringList{kilobytes, {}, u"0.01"_s}) : QStringList(3));
-        QCOMPARE(values(u"日期"_s).front(), fill ? FieldValue(QDate::currentDate().startOfDay()).toText() : QString());
-        QCOMPARE(stored(u"tc02"_s, 3), QByteArray("no picture"));
+        for (const bool fill : {true, false}) {
+            DatabaseWindow window;
+            window.source.Execute(createAlbumSql(u"tc01"_s));
+            window.addRow(u"tc01"_s, {{u"序号"_s, 1}, {u"图片"_s, DatabaseWindow::pictureOf(1)}});
+            window.addRow(u"tc01"_s, {{u"序号"_s, 2}, {u"备注"_s, u"无图"_s}});
+            window.addRow(u"tc01"_s, {{u"序号"_s, 3}, {u"图片"_s, QByteArray("no picture")}});
+            window.chooseTable(u"tc02"_s, 1, u"tc01"_s);
+            window.get<QCheckBox>(u"chkZd"_s).setChecked(fill);
+            window.click(u"cmdQx"_s);
+            const QStringList said = window.copyAll();
+            QVERIFY2(said.first().startsWith(u"其中 1 条的图片不是 BMP 或 JPEG：序号＝3\n"_s),
+                     qPrintable(said.first()));
+            QCOMPARE(said.mid(1), QStringList{entered(3)});
+            const auto values = [](const QString& column) { return columnOf(u"tc02"_s, column); };
+            QCOMPARE(values(u"编号"_s), fill ? QStringList(3, u" "_s) : QStringList(3));
+            QCOMPARE(values(u"备注"_s),
+                     fill ? (QStringList{u" "_s, u"无图"_s, u" "_s}) : (QStringList{{}, u"无图"_s, {}}));
+            QCOMPARE(values(u"规格"_s), fill ? (QStringList{u"60*45"_s, {}, {}}) : QStringList(3));
+            const QString kilobytes = FieldValue(float(DatabaseWindow::pictureOf(1).size()) / 1000).toText();
+            QCOMPARE(values(u"大小"_s), fill ? (QStringList{kilobytes, {}, u"0.01"_s}) : QStringList(3));
+            QCOMPARE(values(u"日期"_s).front(),
+                     fill ? FieldValue(QDate::currentDate().startOfDay()).toText() : QString());
+            QCOMPARE(stored(u"tc02"_s, 3), QByteArray("no picture"));
+        }
     }
 
     void nullAndRepeatedKeys() {

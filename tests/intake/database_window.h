@@ -1,7 +1,6 @@
 #pragma once
 
 #include "intake_window.h"
-#include "platform/desktop/grid.h"
 #include "platform/desktop/placing.h"
 
 inline const QStringList albumFields{QStringLiteral("序号"), QStringLiteral("编号"), QStringLiteral("大小"),
@@ -29,11 +28,9 @@ class DatabaseWindow : public IntakeWindow {
                        {QStringLiteral("图片"), pictureOf(number)},
                        {QStringLiteral("备注"), QStringLiteral("源%1").arg(number)}});
     }
-    void addRow(const QString& table, const std::vector<std::pair<QString, FieldValue>>& values) const {
+    void addRow(const QString& table, const RowValues& values) const {
         Recordset rows = source.OpenRecordset(table);
-        rows.AddNew();
-        for (const auto& [column, value] : values) rows.Fields(column).SetValue(value);
-        rows.Update();
+        ::addRow(rows, values);
     }
     static QByteArray pictureOf(int number) {
         return pictureBytes({60, 45}, QColor::fromHsv(number * 37 % 360, 200, 200));

@@ -1,11 +1,8 @@
 #include "../support/disk_order.h"
 
-#include "../support/run_all.h"
 #include "transfer_window.h"
 
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
 
 /// After a power cut a file that bears its name has to be whole, above all when its record has been deleted.
 class TestDiskOrder : public QObject {
@@ -37,7 +34,5 @@ class TestDiskOrder : public QObject {
 };
 
 const Registered<TestDiskOrder> registered;
-
-}  // namespace
 
 #include "disk_order_test.moc"

@@ -1,4 +1,3 @@
-#include "../support/run_all.h"
 #include "intake_window.h"
 #include "platform/picture/picture.h"
 
@@ -33,145 +32,138 @@ class TestDoubtfulFiles : public QObject {
         });
     }
 
-  private Q_SLOTS:
-    void truncatedPicturesStayOut_data() {
-        QTest::addColumn<int>("way");
-        QTest::addColumn<bool>("taken");
-        QTest::newRow("append, left out") << 1 << false;
-        QTest::newRow("append, taken in") << 1 << true;
-        QTest::newRow("replace, left out") << 0 << false;
-        QTest::newRow("replace, taken in") << 0 << true;
-    }
-    void truncatedPicturesStayOut() {
-        QFETCH(int, way);
-        QFETCH(bool, taken);
-        IntakeWindow window;
-        window.addAll({u"1.jpg"_s, u"3.jpg"_s, u"5.jpg"_s});
-        addTruncated(window, u"2.jpg"_s);
-        addTruncated(window, u"4.jpg"_s);
-        // The last row has not the highest number.
-        putValue(u"SELECT * FROM tc01 WHERE 序号 = 9"_s, u"序号"_s, 20);
-        const QByteArray second = stored(u"tc01"_s, 2);
-        // Enter leaves them out, as Escape does.
-        answerLeftOut(window, [&](const BoxText& box) { return taken ? 0 : box.onEnter; });
-        window.prepare(u"tc01"_s, way);
-        window.enterAll();
+    std::optional<IntakeWindow> window_;
 
-        QCOMPARE(window.boxes.size(), 3);
-        const BoxText& box = window.boxes[1];
-        QVERIFY2(box.text.startsWith(u"其中 2 个文件不完整：2.jpg、4.jpg\n"_s), qPrintable(box.text));
-        QCOMPARE(box.answers, (QStringList{u"也录入"_s, u"不录入"_s}));
-        QVERIFY(box.onEnter == 1 && box.onEscape == 1);
-        QCOMPARE(window.said().last(), entered(taken ? 5 : 3));
-        QCOMPARE(window.label(u"lblJd"_s), taken ? u"已录入 5 张"_s : u"已录入 3 张，2 张没有录入"_s);
-        if (way == 0) {
-            QCOMPARE(stored(u"tc01"_s, 2) == second, !taken);
-            QVERIFY(!taken || stored(u"tc01"_s, 2).startsWith(window.bytesOf(u"2.jpg"_s)));
-            return;
+  private Q_SLOTS:
+    void init() { window_.emplace(); }
+
+    void truncatedPicturesStayOut() {
+        const std::tuple<int, bool> cases[] = {{1, false}, {1, true}, {0, false}, {0, true}};
+        for (const auto& [way, taken] : cases) {
+            init();
+            window_->addAll({u"1.jpg"_s, u"3.jpg"_s, u"5.jpg"_s});
+            addTruncated(*window_, u"2.jpg"_s);
+            addTruncated(*window_, u"4.jpg"_s);
+            // The last row has not the highest number.
+            putValue(u"SELECT * FROM tc01 WHERE 序号 = 9"_s, u"序号"_s, 20);
+            const QByteArray second = stored(u"tc01"_s, 2);
+            // Enter leaves them out, as Escape does.
+            answerLeftOut(*window_, [taken = taken](const BoxText& box) { return taken ? 0 : box.onEnter; });
+            window_->prepare(u"tc01"_s, way);
+            window_->enterAll();
+
+            QCOMPARE(window_->boxes.size(), 3);
+            const BoxText& box = window_->boxes[1];
+            QVERIFY2(box.text.startsWith(u"其中 2 个文件不完整：2.jpg、4.jpg\n"_s), qPrintable(box.text));
+            QCOMPARE(box.answers, (QStringList{u"也录入"_s, u"不录入"_s}));
+            QVERIFY(box.onEnter == 1 && box.onEscape == 1);
+            QCOMPARE(window_->said().last(), entered(taken ? 5 : 3));
+            QCOMPARE(window_->label(u"lblJd"_s), taken ? u"已录入 5 张"_s : u"已录入 3 张，2 张没有录入"_s);
+            if (way == 0) {
+                QCOMPARE(stored(u"tc01"_s, 2) == second, !taken);
+                QVERIFY(!taken || stored(u"tc01"_s, 2).startsWith(window_->bytesOf(u"2.jpg"_s)));
+                continue;
+            }
+            const QStringList numbers{u"21"_s, u"22"_s, u"23"_s, u"24"_s, u"25"_s};
+            QCOMPARE(numbersOf(u"tc01"_s).mid(10), numbers.first(taken ? 5 : 3));
+            const QStringList files{u"1.jpg"_s, u"3.jpg"_s, u"5.jpg"_s, u"2.jpg"_s, u"4.jpg"_s};
+            for (qsizetype i = 0; i < (taken ? 5 : 3); ++i)
+                QVERIFY(stored(u"tc01"_s, numbers[i].toInt()).startsWith(window_->bytesOf(files[i])));
         }
-        const QStringList numbers{u"21"_s, u"22"_s, u"23"_s, u"24"_s, u"25"_s};
-        QCOMPARE(numbersOf(u"tc01"_s).mid(10), numbers.first(taken ? 5 : 3));
-        const QStringList files{u"1.jpg"_s, u"3.jpg"_s, u"5.jpg"_s, u"2.jpg"_s, u"4.jpg"_s};
-        for (qsizetype i = 0; i < (taken ? 5 : 3); ++i)
-            QVERIFY(stored(u"tc01"_s, numbers[i].toInt()).startsWith(window.bytesOf(files[i])));
     }
 
     void aSingleTruncatedPicture() {
         for (const bool taken : {false, true}) {
-            IntakeWindow window;
-            addTruncated(window, u"1.jpg"_s);
-            window.answer = true;
-            answerLeftOut(window, [taken](const BoxText&) { return taken ? 0 : 1; });
-            window.prepare(u"tc02"_s, 1);
-            window.enterAll();
-            QCOMPARE(window.said().last(), entered(taken ? 1 : 0));
+            init();
+            addTruncated(*window_, u"1.jpg"_s);
+            window_->answer = true;
+            answerLeftOut(*window_, [taken](const BoxText&) { return taken ? 0 : 1; });
+            window_->prepare(u"tc02"_s, 1);
+            window_->enterAll();
+            QCOMPARE(window_->said().last(), entered(taken ? 1 : 0));
             QCOMPARE(numbersOf(u"tc02"_s).size(), taken ? 1 : 0);
         }
     }
 
     void nothingIsAskedAfterAFailure() {
-        IntakeWindow window;
-        addTruncated(window, u"1.jpg"_s);
-        window.addBytes(u"2.jpg"_s, "no picture");
-        const QStringList said = window.enterInto(u"tc02"_s, 1);
+        addTruncated(*window_, u"1.jpg"_s);
+        window_->addBytes(u"2.jpg"_s, "no picture");
+        const QStringList said = window_->enterInto(u"tc02"_s, 1);
         QCOMPARE(said.size(), 2);
         QVERIFY2(said[0].startsWith(u"文件“2.jpg”没有录入："_s), qPrintable(said[0]));
         QCOMPARE(said[1], entered(0));
-        QCOMPARE(window.report()[1], u"1.jpg|图片不完整，没有录入|"_s);
+        QCOMPARE(window_->report()[1], u"1.jpg|图片不完整，没有录入|"_s);
     }
 
     void filesWithOddNamesComeIn() {
-        IntakeWindow window;
-        window.addOdd(oldFirst + ".jpg");
-        window.addOdd("caf\xE9.bmp", "BMP");
-        window.add(u"a.jpg"_s);
-        window.prepare(u"tc02"_s, 1);
-        QCOMPARE(window.label(u"lblGy"_s), u"该文件夹（目录）共有图片3张"_s);
+        window_->addOdd(oldFirst + ".jpg");
+        window_->addOdd("caf\xE9.bmp", "BMP");
+        window_->add(u"a.jpg"_s);
+        window_->prepare(u"tc02"_s, 1);
+        QCOMPARE(window_->label(u"lblGy"_s), u"该文件夹（目录）共有图片3张"_s);
 
-        window.clickFile(u"照片1.jpg"_s);
-        QCOMPARE(window.echo(), u"照片1.jpg"_s);
-        window.click(u"cmdCk(1)"_s);
-        QVERIFY(window.label(u"lblWj"_s).endsWith(u"照片1.jpg\n规格：60*45"_s));
-        QCOMPARE(window.get<ImageBox>(u"imgWj"_s).picture().pixels(), QSize(60, 45));
-        window.click(u"cmdCg"_s);
-        window.click(u"cmdLr"_s);
-        QVERIFY(window.said().first().contains(u"（从文件[照片1.jpg]追加"_s));
+        window_->clickFile(u"照片1.jpg"_s);
+        QCOMPARE(window_->echo(), u"照片1.jpg"_s);
+        window_->click(u"cmdCk(1)"_s);
+        QVERIFY(window_->label(u"lblWj"_s).endsWith(u"照片1.jpg\n规格：60*45"_s));
+        QCOMPARE(window_->get<ImageBox>(u"imgWj"_s).picture().pixels(), QSize(60, 45));
+        window_->click(u"cmdCg"_s);
+        window_->click(u"cmdLr"_s);
+        QVERIFY(window_->said().first().contains(u"（从文件[照片1.jpg]追加"_s));
         QCOMPARE(valueOf(u"tc02"_s, u"规格"_s), u"60 * 45"_s);
         QCOMPARE(QDateTime::fromString(valueOf(u"tc02"_s, u"日期"_s), u"yyyy-MM-dd HH:mm:ss"_s).date(),
                  QDate::currentDate());
         QVERIFY(stored(u"tc02"_s, 1).startsWith("\xff\xd8"));
 
         // A BMP of such a name becomes a JPEG in the album alone: no file of another name appears beside it.
-        const QStringList before = QDir(window.pictures.path()).entryList(QDir::Files);
-        window.clickFile(u"caf‹E9›.bmp"_s);
-        window.click(u"cmdLr"_s);
-        QCOMPARE(window.said().last(), entered(1));
+        const QStringList before = QDir(window_->pictures.path()).entryList(QDir::Files);
+        window_->clickFile(u"caf‹E9›.bmp"_s);
+        window_->click(u"cmdLr"_s);
+        QCOMPARE(window_->said().last(), entered(1));
         QCOMPARE(LoadPicture(stored(u"tc02"_s, 2), u"2"_s).pixels(), QSize(60, 45));
         QVERIFY(stored(u"tc02"_s, 2).startsWith("\xff\xd8"));
-        QCOMPARE(QDir(window.pictures.path()).entryList(QDir::Files), before);
-        QCOMPARE(window.files().ListCount(), 3);
+        QCOMPARE(QDir(window_->pictures.path()).entryList(QDir::Files), before);
+        QCOMPARE(window_->files().ListCount(), 3);
     }
 
     void databasesWithOddNamesAreRefusedInWords() {
-        IntakeWindow window;
-        window.addOdd(oldFirst + ".mdb");
-        window.addOdd(oldSecond + ".mdb");
+        window_->addOdd(oldFirst + ".mdb");
+        window_->addOdd(oldSecond + ".mdb");
         for (const int page : {1, 3}) {
-            window.tabs().setCurrentIndex(page);
-            window.choose(u"cboBm"_s, u"tc01"_s);
+            window_->tabs().setCurrentIndex(page);
+            window_->choose(u"cboBm"_s, u"tc01"_s);
             if (page == 1) {
-                window.option(u"optYl(1)"_s);
-                window.option(u"optCz(1)"_s);
+                window_->option(u"optYl(1)"_s);
+                window_->option(u"optCz(1)"_s);
             } else {
-                window.clickRow(0);
-                window.option(u"optMb(1)"_s);
+                window_->clickRow(0);
+                window_->option(u"optMb(1)"_s);
             }
-            window.get<DirList>(u"dir1"_s).setPath(window.pictures.path());
-            window.clickFile(u"照片2.mdb"_s);
-            const QStringList said = window.said();
+            window_->get<DirList>(u"dir1"_s).setPath(window_->pictures.path());
+            window_->clickFile(u"照片2.mdb"_s);
+            const QStringList said = window_->said();
             QCOMPARE(said.size(), 1);
             QVERIFY2(said[0].startsWith(u"文件“照片2.mdb”的名称不是系统的编码"_s), qPrintable(said[0]));
-            QVERIFY(window.files().selectedItems().isEmpty());
-            window.expect({.hidden = u"lstSb"_s});
+            QVERIFY(window_->files().selectedItems().isEmpty());
+            window_->expect({.hidden = u"lstSb"_s});
         }
     }
 
     void aFileThatIsGoneIsTold() {
-        IntakeWindow window;
-        window.addAll({u"it's \"1\".jpg"_s, u"2.jpg"_s});
-        window.addOdd(oldFirst + ".jpg");
-        window.prepare(u"tc02"_s, 1);
-        window.click(u"cmdQx"_s);
-        QDir folder(window.pictures.path());
-        QVERIFY(QFile::remove(window.path(u"it's \"1\".jpg"_s)));
-        window.click(u"cmdLr"_s);
-        const QStringList said = window.said();
+        window_->addAll({u"it's \"1\".jpg"_s, u"2.jpg"_s});
+        window_->addOdd(oldFirst + ".jpg");
+        window_->prepare(u"tc02"_s, 1);
+        window_->click(u"cmdQx"_s);
+        QDir folder(window_->pictures.path());
+        QVERIFY(QFile::remove(window_->path(u"it's \"1\".jpg"_s)));
+        window_->click(u"cmdLr"_s);
+        const QStringList said = window_->said();
         QVERIFY(said[1].contains(u"it's \"1\".jpg"_s) && said[1].contains(u"不存在"_s));
         // The list shows what is left.
-        QCOMPARE(window.files().ListCount(), 2);
-        QVERIFY(window.files().selectedItems().isEmpty());
-        QCOMPARE(window.echo(), QString());
-        window.expect({.disabled = u"cmdLr cmdCk(1)"_s});
+        QCOMPARE(window_->files().ListCount(), 2);
+        QVERIFY(window_->files().selectedItems().isEmpty());
+        QCOMPARE(window_->echo(), QString());
+        window_->expect({.disabled = u"cmdLr cmdCk(1)"_s});
     }
 };
 

@@ -1,5 +1,3 @@
-#include "../support/run_all.h"
-#include "platform/desktop/file_lists.h"
 #include "transfer_window.h"
 
 using namespace Qt::Literals::StringLiterals;

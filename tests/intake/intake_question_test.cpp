@@ -1,21 +1,17 @@
 #include "intake/files/intake_question.h"
 
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "catalogue/remembered.h"
 
-#include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-class TestIntakeQuestion : public QObject {
+class TestIntakeQuestion : public OpenedSampleTest {
     Q_OBJECT
 
-    std::unique_ptr<SampleCatalogue> sample_;
     QStringList paths_;
 
     using Hand = std::function<void(QMessageBox& box, QCheckBox* chkTg)>;
@@ -39,16 +35,12 @@ class TestIntakeQuestion : public QObject {
 
   private Q_SLOTS:
     void init() {
-        sample_.reset();
-        sample_ = std::make_unique<SampleCatalogue>();
-        mekTp::openCatalogue();
+        OpenedSampleTest::init();
         paths_.clear();
         for (int i = 0; i < 5; ++i) {
-            QFile file(sample_->file(u"%1.jpg"_s.arg(i)));
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write("picture " + QByteArray::number(i));
-            paths_ << file.fileName();
-            if (i < 3) addRow(u"tc01"_s, {{u"图片"_s, "picture " + QByteArray::number(i)}});
+            const QByteArray picture = "picture " + QByteArray::number(i);
+            paths_ << writeFile(sample_->file(u"%1.jpg"_s.arg(i)), picture);
+            if (i < 3) addRow(u"tc01"_s, {{u"图片"_s, picture}});
         }
     }
 

@@ -3,7 +3,6 @@
 #include "../settings/settings_window.h"
 #include "../support/stored_records.h"
 #include "intake/browsing/browser_panel.h"
-#include "platform/desktop/data_control.h"
 #include "platform/desktop/file_lists.h"
 
 /// A column of the record of tc01 with that 序号.
@@ -37,11 +36,7 @@ class IntakeWindow : public SettingsWindow {
     void addAll(const QStringList& names, QSize pixels = {40, 30}) const {
         for (const QString& name : names) add(name, pixels);
     }
-    void addBytes(const QString& name, const QByteArray& bytes) const {
-        QFile file(path(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
+    void addBytes(const QString& name, const QByteArray& bytes) const { writeFile(path(name), bytes); }
     /// A picture whose name is no text to the system, by the bytes of the name.
     void addOdd(const QByteArray& name, const char* format = "JPG") const {
         add(QStringLiteral("new.pic"), {60, 45}, format);
@@ -49,10 +44,7 @@ class IntakeWindow : public SettingsWindow {
         QVERIFY(rename((folder + "new.pic").constData(), (folder + name).constData()) == 0);
     }
     QString path(const QString& name) const { return pictures.filePath(name); }
-    QByteArray bytesOf(const QString& name) const {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray bytesOf(const QString& name) const { return contentOf(path(name)); }
 
     /// Album, source, way of adding and folder, as a person chooses them.
     void prepare(const QString& album, int way) const {

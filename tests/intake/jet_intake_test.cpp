@@ -1,11 +1,8 @@
 #include "../platform/database/jet_files.h"
-#include "../support/run_all.h"
 #include "jet_maker/jet_maker.h"
 #include "platform/database/records/own_values.h"
 #include "transfer_window.h"
 
-#include <QBuffer>
-#include <QDateTime>
 #include <random>
 
 using namespace Qt::Literals::StringLiterals;
@@ -27,12 +24,11 @@ void putDatabase(const QString& path, const QByteArray& second, const QByteArray
     const QList<jet::Column> columns{
         {u"Nr"_s, jet::Type::longInteger}, {u"日付"_s, jet::Type::date}, {u"Bild"_s, jet::Type::ole}};
     const QDateTime day({1850, 3, 4}, {5, 6, 7});
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(jet::database({{u"Übersicht 总览"_s,
-                               columns,
-                               {{1, QVariant(), QVariant()}, {2, day, second}, {3, QVariant(), jet::wrapped(third)}}},
-                              {u"空"_s, columns, {}}}));
+    writeFile(path,
+              jet::database({{u"Übersicht 总览"_s,
+                              columns,
+                              {{1, QVariant(), QVariant()}, {2, day, second}, {3, QVariant(), jet::wrapped(third)}}},
+                             {u"空"_s, columns, {}}}));
 }
 
 /// Databases of another program on the pages 图片录入 and 图片转存.
@@ -134,13 +130,11 @@ class TestJetIntake : public QObject {
         DatabaseWindow window;
         OwnValues(mekTp::catalogue).prepare();
         const QByteArray rare("\x94\xea\x94\xea"), usual("\xb1\xe0\xc2\xeb");
-        QFile file(window.path(u"旧.mdb"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(jet::database({{u"t"_s, {{u"a"_s, jet::Type::text, 20}}, {{rare}, {usual}}}},
-                                 {.version = jet::Version::jet3, .codePage = 1252}));
-        file.close();
+        const QString file = window.path(u"旧.mdb"_s);
+        writeFile(file, jet::database({{u"t"_s, {{u"a"_s, jet::Type::text, 20}}, {{rare}, {usual}}}},
+                                      {.version = jet::Version::jet3, .codePage = 1252}));
         const auto isChinese = [&] {
-            const Recordset texts = OpenDatabase(file.fileName()).OpenRecordset(u"t"_s);
+            const Recordset texts = OpenDatabase(file).OpenRecordset(u"t"_s);
             return texts.Fields(u"a"_s).Value().toText().front() > QChar(0x3000);
         };
         window.chooseFile(u"tc02"_s, 1);

@@ -1,4 +1,3 @@
-#include "../support/run_all.h"
 #include "intake/browsing/picture_files.h"
 #include "intake_window.h"
 

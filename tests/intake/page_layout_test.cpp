@@ -1,4 +1,3 @@
-#include "../support/run_all.h"
 #include "database_window.h"
 
 using namespace Qt::Literals::StringLiterals;

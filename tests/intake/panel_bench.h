@@ -1,7 +1,6 @@
 #pragma once
 
 #include "../support/found.h"
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
@@ -9,7 +8,6 @@
 #include "platform/desktop/tab_control.h"
 #include "settings/frame/settings_frame.h"
 
-#include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>
 
 /// A bare frame of four pages for a panel, on the sample catalogue, with its message boxes answered and kept.
@@ -37,10 +35,7 @@ class PanelBench {
         return {leftOf(&control), topOf(&control), widthOf(&control), heightOf(&control)};
     }
     QString path(const QString& name) const { return catalogue.file(name); }
-    void write(const QString& name, const QByteArray& bytes) const {
-        QFile file(path(name));
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    }
+    void write(const QString& name, const QByteArray& bytes) const { writeFile(path(name), bytes); }
 
     static TabControl* makeTabs(QWidget* form) {
         auto* tabs = make<TabControl>(form, QStringLiteral("sstFz"));

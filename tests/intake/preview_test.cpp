@@ -1,10 +1,7 @@
-#include "intake/preview/preview_fit.h"
 #include "intake/preview/preview_panel.h"
 #include "intake_window.h"
 #include "panel_bench.h"
 #include "platform/base/files.h"
-#include "platform/desktop/file_dialogs.h"
-#include "platform/desktop/image_box.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -69,35 +66,29 @@ class TestPreview : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void opens_data() {
-        QTest::addColumn<int>("index");
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<bool>("takesIn");
-        QTest::newRow("record at intake") << 0 << QSize(4935, 5745) << false;
-        QTest::newRow("file") << 1 << QSize(4305, 5745) << false;
-        QTest::newRow("record") << 2 << QSize(4800, 3480) << true;
-        QTest::newRow("record at transfer") << 3 << QSize(4305, 5745) << false;
-        QTest::newRow("selection button") << 4 << QSize(4290, 5835) << true;
-    }
     void opens() {
-        QFETCH(int, index);
-        QFETCH(QSize, size);
-        QFETCH(bool, takesIn);
-        Bench bench(2);
-        bench.filePicked = bench.draw(u"a.jpg"_s, {80, 60});
-        bench.panel->cmdCkClick(static_cast<PreviewOpener>(index));
-        QVERIFY(bench.panel->isOpen());
-        const QRect frame = bench.twips(u"fraCk"_s);
-        QVERIFY(near(frame.width(), size.width()) && near(frame.height(), size.height()));
-        QCOMPARE(bench.button(u"cmdAz"_s).isVisible(), takesIn);
-        QCOMPARE(bench.button(u"cmdAq"_s).isVisible(), takesIn);
-        QVERIFY(!takesIn || !bench.button(u"cmdAq"_s).isEnabled());
-        QVERIFY(!bench.button(element(u"cmdCk"_s, index)).isEnabled());
-        QVERIFY(!bench.image().picture().isNull());
-        QVERIFY(bench.group().rect().contains(bench.image().geometry()));
-        QVERIFY(bench.group().rect().contains(bench.button(u"cmdCg"_s).geometry()));
-        bench.click(u"cmdCg"_s);
-        QVERIFY(!bench.panel->isOpen() && bench.button(element(u"cmdCk"_s, index)).isEnabled());
+        const std::tuple<int, QSize, bool> cases[] = {{0, QSize(4935, 5745), false},
+                                                      {1, QSize(4305, 5745), false},
+                                                      {2, QSize(4800, 3480), true},
+                                                      {3, QSize(4305, 5745), false},
+                                                      {4, QSize(4290, 5835), true}};
+        for (const auto& [index, size, takesIn] : cases) {
+            Bench bench(2);
+            bench.filePicked = bench.draw(u"a.jpg"_s, {80, 60});
+            bench.panel->cmdCkClick(static_cast<PreviewOpener>(index));
+            QVERIFY(bench.panel->isOpen());
+            const QRect frame = bench.twips(u"fraCk"_s);
+            QVERIFY(near(frame.width(), size.width()) && near(frame.height(), size.height()));
+            QCOMPARE(bench.button(u"cmdAz"_s).isVisible(), takesIn);
+            QCOMPARE(bench.button(u"cmdAq"_s).isVisible(), takesIn);
+            QVERIFY(!takesIn || !bench.button(u"cmdAq"_s).isEnabled());
+            QVERIFY(!bench.button(element(u"cmdCk"_s, index)).isEnabled());
+            QVERIFY(!bench.image().picture().isNull());
+            QVERIFY(bench.group().rect().contains(bench.image().geometry()));
+            QVERIFY(bench.group().rect().contains(bench.button(u"cmdCg"_s).geometry()));
+            bench.click(u"cmdCg"_s);
+            QVERIFY(!bench.panel->isOpen() && bench.button(element(u"cmdCk"_s, index)).isEnabled());
+        }
     }
 
     void showsRecords() {
@@ -203,40 +194,34 @@ class TestPreview : public QObject {
         QVERIFY(bench.widthInTwips(u"fraCk"_s) < 5000);
     }
 
-    void storesIntoTheRecord_data() {
-        QTest::addColumn<int>("length");
-        QTest::addColumn<bool>("takeDate");
-        QTest::newRow("one block exactly") << 16384 << true;
-        QTest::newRow("several blocks and a remainder") << 40000 << false;
-    }
     void storesIntoTheRecord() {
-        QFETCH(int, length);
-        QFETCH(bool, takeDate);
-        Bench bench(2);
-        bench.showNumber(7);
-        QByteArray bytes = pictureBytes({60, 45}, Qt::red);
-        bytes.append(QByteArray(length - bytes.size(), 'x'));
-        bench.write(u"新.jpg"_s, bytes);
-        bench.write(u"ls.jpg"_s, "somebody's own");
-        const QString oldDate = ofNumber(7, u"日期"_s);
-        bench.load(bench.path(u"新.jpg"_s));
-        QCOMPARE(bench.group().title(), u"图片规格：\n60 * 45"_s);
-        const QImage seen = bench.group().grab().toImage();
-        bench.group().setTitle(u"图片规格：60 * 45"_s);
-        QCOMPARE(bench.group().grab().toImage(), seen);  // there is room for one line
-        QVERIFY(bench.button(u"cmdAq"_s).isEnabled() && bench.form.focusWidget() == &bench.button(u"cmdAq"_s));
-        bench.answer = takeDate;
-        bench.click(u"cmdAq"_s);
-        const QString newDate = FieldValue(FileDateTime(bench.picked)).toText();
-        QCOMPARE(bench.said, QStringList{u"  所选图片日期是："_s + newDate + u"\n原有图片的日期是："_s + oldDate +
-                                         u"\n\n如果要更改，请按《确定》；否则按《取消》。"_s});
-        QCOMPARE(stored(u"tc01"_s, 7), bytes);
-        QCOMPARE(ofNumber(7, u"规格"_s), u"60 * 45"_s);
-        QCOMPARE(ofNumber(7, u"日期"_s), takeDate ? newDate : oldDate);
-        QCOMPARE(bench.grid.records().Fields(u"序号"_s).Value().toInteger(), 7);
-        QVERIFY(!bench.panel->isOpen());
-        QFile own(bench.path(u"ls.jpg"_s));
-        QVERIFY(own.open(QIODevice::ReadOnly) && own.readAll() == "somebody's own");
+        const std::tuple<int, bool> cases[] = {{16384, true}, {40000, false}};
+        for (const auto& [length, takeDate] : cases) {
+            Bench bench(2);
+            bench.showNumber(7);
+            QByteArray bytes = pictureBytes({60, 45}, Qt::red);
+            bytes.append(QByteArray(length - bytes.size(), 'x'));
+            bench.write(u"新.jpg"_s, bytes);
+            bench.write(u"ls.jpg"_s, "somebody's own");
+            const QString oldDate = ofNumber(7, u"日期"_s);
+            bench.load(bench.path(u"新.jpg"_s));
+            QCOMPARE(bench.group().title(), u"图片规格：\n60 * 45"_s);
+            const QImage seen = bench.group().grab().toImage();
+            bench.group().setTitle(u"图片规格：60 * 45"_s);
+            QCOMPARE(bench.group().grab().toImage(), seen);  // there is room for one line
+            QVERIFY(bench.button(u"cmdAq"_s).isEnabled() && bench.form.focusWidget() == &bench.button(u"cmdAq"_s));
+            bench.answer = takeDate;
+            bench.click(u"cmdAq"_s);
+            const QString newDate = FieldValue(FileDateTime(bench.picked)).toText();
+            QCOMPARE(bench.said, QStringList{u"  所选图片日期是："_s + newDate + u"\n原有图片的日期是："_s + oldDate +
+                                             u"\n\n如果要更改，请按《确定》；否则按《取消》。"_s});
+            QCOMPARE(stored(u"tc01"_s, 7), bytes);
+            QCOMPARE(ofNumber(7, u"规格"_s), u"60 * 45"_s);
+            QCOMPARE(ofNumber(7, u"日期"_s), takeDate ? newDate : oldDate);
+            QCOMPARE(bench.grid.records().Fields(u"序号"_s).Value().toInteger(), 7);
+            QVERIFY(!bench.panel->isOpen());
+            QCOMPARE(contentOf(bench.path(u"ls.jpg"_s)), QByteArray("somebody's own"));
+        }
     }
 
     void storesNoPictureThatIsNone() {

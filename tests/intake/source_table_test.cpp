@@ -1,4 +1,3 @@
-#include "../support/run_all.h"
 #include "database_window.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -76,36 +75,32 @@ class TestSourceTable : public QObject {
         QCOMPARE(stored(u"tc02"_s, 2), pictureBytes({30, 20}, Qt::red));
     }
 
-    void doubtfulValuesStayOut_data() {
-        QTest::addColumn<bool>("taken");
-        QTest::newRow("left out") << false;
-        QTest::newRow("taken in") << true;
-    }
     void doubtfulValuesStayOut() {
-        QFETCH(bool, taken);
-        SourceTableWindow window;
-        const QByteArray whole = DatabaseWindow::pictureOf(2);
-        // The second record of the key 5 alone is doubtful; 9 has no picture at all, which is none to doubt.
-        window.addShot(1, "no picture");
-        window.addShot(2, whole);
-        window.addShot(5, whole);
-        window.addShot(5, whole.chopped(2));
-        window.addShot(6, whole + QByteArray(9, '\0'));
-        window.addShot(9, {});
-        chooseInBoxesWith([&](const BoxText& box) {
-            window.boxes << box;
-            return box.answers.contains(u"也录入"_s) && !taken ? box.onEscape : 0;
-        });
-        window.map(u"tc02"_s, 1);
-        const QStringList said = window.copyAll();
-        QCOMPARE(said.size(), 2);
-        QVERIFY2(said[0].startsWith(u"其中 1 条的图片不是 BMP 或 JPEG：no＝1\n其中 1 条的图片不完整：no＝5\n"_s),
-                 qPrintable(said[0]));
-        QCOMPARE(said[1], entered(taken ? 6 : 4));
-        QList<QByteArray> pictures{whole, whole, whole + QByteArray(9, '\0'), {}};
-        if (taken) pictures << QByteArray("no picture") << whole.chopped(2);
-        QCOMPARE(numbersOf(u"tc02"_s).size(), pictures.size());
-        for (int i = 0; i < pictures.size(); ++i) QCOMPARE(stored(u"tc02"_s, i + 1), pictures[i]);
+        for (const bool taken : {false, true}) {
+            SourceTableWindow window;
+            const QByteArray whole = DatabaseWindow::pictureOf(2);
+            // The second record of the key 5 alone is doubtful; 9 has no picture at all, which is none to doubt.
+            window.addShot(1, "no picture");
+            window.addShot(2, whole);
+            window.addShot(5, whole);
+            window.addShot(5, whole.chopped(2));
+            window.addShot(6, whole + QByteArray(9, '\0'));
+            window.addShot(9, {});
+            chooseInBoxesWith([&](const BoxText& box) {
+                window.boxes << box;
+                return box.answers.contains(u"也录入"_s) && !taken ? box.onEscape : 0;
+            });
+            window.map(u"tc02"_s, 1);
+            const QStringList said = window.copyAll();
+            QCOMPARE(said.size(), 2);
+            QVERIFY2(said[0].startsWith(u"其中 1 条的图片不是 BMP 或 JPEG：no＝1\n其中 1 条的图片不完整：no＝5\n"_s),
+                     qPrintable(said[0]));
+            QCOMPARE(said[1], entered(taken ? 6 : 4));
+            QList<QByteArray> pictures{whole, whole, whole + QByteArray(9, '\0'), {}};
+            if (taken) pictures << QByteArray("no picture") << whole.chopped(2);
+            QCOMPARE(numbersOf(u"tc02"_s).size(), pictures.size());
+            for (int i = 0; i < pictures.size(); ++i) QCOMPARE(stored(u"tc02"_s, i + 1), pictures[i]);
+        }
     }
 
     void aKeyThatTheTargetLacksIsToldAtOnce() {
@@ -123,6 +118,27 @@ class TestSourceTable : public QObject {
         window.expect({.shown = u"txtYb(0)"_s, .hidden = u"lstSu"_s, .texts = {{u"cmdLr"_s, u"对应完成"_s}}});
         window.mapField(2, u"no"_s);
         QCOMPARE(window.said().size(), 1);  // the types differ
+    }
+
+    /// Which tables lstSb offers as a source. The offer of targets is tested with the transfer.
+    void ofTheCatalogueOnlyAlbums() {
+        DatabaseWindow window;
+        mekTp::catalogue.Execute(createAlbumSql(u"海边照片"_s));
+        QVERIFY(QFile::remove(window.path(u"源库.mdb"_s)) &&
+                QFile::link(mekTp::cataloguePath(), window.path(u"源库.mdb"_s)));
+        window.chooseFile(u"tc01"_s, 1);
+        QCOMPARE(window.linesOf(u"lstSb"_s), (QStringList{u"tc00"_s, u"tc01"_s, u"tc02"_s, u"海边照片"_s}));
+        window.mapAll(u"tc01"_s, 1, u"海边照片"_s);
+        QCOMPARE(window.mapping(), albumFields);
+    }
+
+    void ofAnotherDatabaseAll() {
+        DatabaseWindow window;
+        window.addSourceAlbum(u"tc30"_s, 1, 0);
+        for (const QString& table : {u"tcan"_s, u"MSysObjects"_s, u"照片"_s})
+            window.source.Execute(u"CREATE TABLE "_s + table + u" ([序号] LONG)"_s);
+        window.chooseFile(u"tc01"_s, 1);
+        QCOMPARE(window.linesOf(u"lstSb"_s), (QStringList{u"tc30"_s, u"tcan"_s, u"照片"_s}));
     }
 };
 

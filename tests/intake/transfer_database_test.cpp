@@ -1,5 +1,4 @@
 #include "../support/disk_faults.h"
-#include "../support/run_all.h"
 #include "transfer_window.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>

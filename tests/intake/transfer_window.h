@@ -2,8 +2,6 @@
 
 #include "database_window.h"
 
-#include <QFile>
-
 /// The settings window on the page 图片转存 with an album chosen. The folder `pictures` and the file 源库.mdb in it
 /// serve as targets.
 class TransferWindow : public DatabaseWindow {
@@ -21,11 +19,13 @@ class TransferWindow : public DatabaseWindow {
     }
     void dropLine(const QString& number) const { clickLine(QStringLiteral("lstSu"), number); }
 
-    void chooseFolder() const {
+    /// The folder `pictures`; then clicks a button.
+    void chooseFolder(const QString& start = {}) const {
         option(QStringLiteral("optMb(0)"));
         get<DirList>(QStringLiteral("dir1")).setPath(QFileInfo(pictures.path()).path());
         get<DirList>(QStringLiteral("dir1")).setPath(pictures.path());
         click(QStringLiteral("cmdMq"));
+        if (!start.isEmpty()) click(start);
     }
     /// A file of the folder `pictures`, or one with its whole path.
     void chooseTarget(const QString& file = QStringLiteral("源库.mdb")) const {

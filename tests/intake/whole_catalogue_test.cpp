@@ -1,5 +1,4 @@
 #include "../platform/database/jet_files.h"
-#include "../support/run_all.h"
 #include "catalogue/album_directory.h"
 #include "catalogue/selection_buttons.h"
 #include "database_window.h"
@@ -97,7 +96,7 @@ class TestWholeCatalogue : public QObject {
         QVERIFY(window_->get<QComboBox>(u"cboBm"_s).findText(u"tc05 生日"_s) >= 0);
         QVERIFY(window_->get<QComboBox>(u"cboBm"_s).currentText().startsWith(u"tc02"_s));
         QVERIFY(!window_->shown(u"cmdZx"_s));
-        QCOMPARE(JetFiles::content(window_->path(u"旧像册.mdb"_s)), old_);
+        QCOMPARE(contentOf(window_->path(u"旧像册.mdb"_s)), old_);
     }
 
     /// The person is told before which albums are there already.

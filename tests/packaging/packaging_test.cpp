@@ -1,7 +1,7 @@
 #include "../support/run_all.h"
+#include "../support/test_files.h"
 
 #include <QtGui/QtGui>
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -32,17 +32,10 @@ int run(const QString& program, const QStringList& arguments, QString* output,
     return process.exitCode();
 }
 
-QByteArray contents(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
-}
-
 void write(const QString& path, const QByteArray& bytes, bool executable = false) {
     QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) qFatal("cannot write %s", qPrintable(path));
-    file.write(bytes);
-    if (executable) file.setPermissions(file.permissions() | QFile::ExeOwner);
+    writeFile(path, bytes);
+    if (executable) QFile::setPermissions(path, QFile::permissions(path) | QFile::ExeOwner);
 }
 
 class TestPackaging : public QObject {
@@ -72,12 +65,12 @@ class TestPackaging : public QObject {
     }
 
     void entryAndMetainfoNameTheSame() {
-        const QByteArray metainfo = contents(setting("LUNQ_METAINFO"));
-        const QByteArray entry = contents(source(u"org.lunq.album.desktop"_s));
+        const QByteArray metainfo = contentOf(setting("LUNQ_METAINFO"), "(none)");
+        const QByteArray entry = contentOf(source(u"org.lunq.album.desktop"_s), "(none)");
         QVERIFY(metainfo.contains(">org.lunq.album.desktop<") && metainfo.contains("<icon type=\"stock\">lunq<"));
         const QByteArray version = setting("LUNQ_VERSION").toUtf8();
         QVERIFY(metainfo.contains("<release version=\"" + version + "\""));
-        QVERIFY(contents(setting("LUNQ_CHANGES")).contains("\n## " + version));
+        QVERIFY(contentOf(setting("LUNQ_CHANGES"), "(none)").contains("\n## " + version));
         QVERIFY(entry.contains("\nIcon=lunq\n") && entry.contains("\nExec=lunq\n"));
     }
 
@@ -117,9 +110,9 @@ class TestLauncher : public QObject {
              {u"lunq-jet"_s, u"lunq-backup"_s, u"lunq-heif"_s, u"lunq-tiff"_s, u"lunq-webp"_s, u"lunq-cli"_s})
             write(shipped(name), "first " + name.toUtf8(), true);
         write(shipped(u"s1.ico"_s), "cursor");
-        write(shipped(u"start.sh"_s), contents(source(u"start.sh"_s)), true);
+        write(shipped(u"start.sh"_s), contentOf(source(u"start.sh"_s), "(none)"), true);
         write(shipped(u"fresh/lunq.mdb"_s), "fresh");
-        write(root_->filePath(u"usr/bin/lunq"_s), contents(source(u"lunq.sh"_s)), true);
+        write(root_->filePath(u"usr/bin/lunq"_s), contentOf(source(u"lunq.sh"_s), "(none)"), true);
         QDir().mkpath(root_->filePath(u"家 中"_s));
         write(root_->filePath(u"stub/zenity"_s), "#!/bin/sh\necho \"$*\" > \"$HOME/shown\"\n", true);
     }
@@ -128,7 +121,7 @@ class TestLauncher : public QObject {
         QVERIFY2(launch() == 0, qPrintable(output_));
         QCOMPARE(output_, u"runs as "_s + album(u"lunq"_s) + u'\n');
         for (const QString& name : {u"lunq-jet"_s, u"lunq-backup"_s, u"s1.ico"_s, u"fresh/lunq.mdb"_s})
-            QCOMPARE(contents(album(name)), contents(shipped(name)));
+            QCOMPARE(contentOf(album(name), "(none)"), contentOf(shipped(name), "(none)"));
         QVERIFY(QFileInfo(album(u"lunq-jet"_s)).isExecutable());
     }
 
@@ -136,8 +129,8 @@ class TestLauncher : public QObject {
     void aCatalogueBroughtBeforeTheFirstStartFindsTheFreshOne() {
         write(album(u"lunq.mdb"_s), "an old catalogue");
         QVERIFY2(launch() == 0, qPrintable(output_));
-        QCOMPARE(contents(album(u"lunq.mdb"_s)), QByteArray("an old catalogue"));
-        QCOMPARE(contents(album(u"fresh/lunq.mdb"_s)), QByteArray("fresh"));
+        QCOMPARE(contentOf(album(u"lunq.mdb"_s), "(none)"), QByteArray("an old catalogue"));
+        QCOMPARE(contentOf(album(u"fresh/lunq.mdb"_s), "(none)"), QByteArray("fresh"));
     }
 
     void aNewVersionReplacesTheProgramAndNothingElse() {
@@ -146,9 +139,9 @@ class TestLauncher : public QObject {
         write(album(u"bf.sh"_s), "backup");
         write(shipped(u"lunq-jet"_s), "second", true);
         QVERIFY(launch() == 0);
-        QCOMPARE(contents(album(u"lunq-jet"_s)), QByteArray("second"));
-        QCOMPARE(contents(album(u"lunq.mdb"_s)), QByteArray("all pictures of a life"));
-        QCOMPARE(contents(album(u"bf.sh"_s)), QByteArray("backup"));
+        QCOMPARE(contentOf(album(u"lunq-jet"_s), "(none)"), QByteArray("second"));
+        QCOMPARE(contentOf(album(u"lunq.mdb"_s), "(none)"), QByteArray("all pictures of a life"));
+        QCOMPARE(contentOf(album(u"bf.sh"_s), "(none)"), QByteArray("backup"));
         QVERIFY(QDir(album({})).entryList({u"*.part"_s}).isEmpty());
     }
 
@@ -188,23 +181,23 @@ class TestLauncher : public QObject {
         write(shipped(u"lunq"_s), "#!/bin/sh\n" + last + '\n', true);
         write(root_->filePath(u"stub/ldd"_s), "#!/bin/sh\ncat <<'END'\n" + libraries + "END\n", true);
         QCOMPARE(launch(), code);
-        const QString box = QString::fromUtf8(contents(root_->filePath(u"家 中/shown"_s)));
+        const QString box = QString::fromUtf8(contentOf(root_->filePath(u"家 中/shown"_s), "(none)"));
         QVERIFY2(shown.isEmpty() ? box == u"(none)" : box.contains(shown), qPrintable(box));
     }
 
     void theArchivePutsItselfIntoTheMenu() {
         const QString folder = root_->filePath(u"家 中/a \"b\" 100% \\c/览忆集苑"_s);
-        write(folder + u"/add-to-menu.sh"_s, contents(source(u"archive/add-to-menu.sh"_s)), true);
-        write(folder + u"/icons/lunq.desktop"_s, contents(source(u"org.lunq.album.desktop"_s)));
+        write(folder + u"/add-to-menu.sh"_s, contentOf(source(u"archive/add-to-menu.sh"_s), "(none)"), true);
+        write(folder + u"/icons/lunq.desktop"_s, contentOf(source(u"org.lunq.album.desktop"_s), "(none)"));
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"XDG_DATA_HOME"_s, root_->filePath(u"data"_s));
         const QString entry = root_->filePath(u"data/applications/org.lunq.album.desktop"_s);
         QVERIFY2(run(folder + u"/add-to-menu.sh"_s, {}, &output_, environment) == 0, qPrintable(output_));
-        QVERIFY2(
-            contents(entry).contains("\nExec=\"" + root_->path().toUtf8() +
-                                     "/家 中/a \\\\\"b\\\\\" 100%% \\\\\\\\c/览忆集苑/start.sh\"\nIcon=" +
-                                     root_->path().toUtf8() + "/家 中/a \"b\" 100% \\\\c/览忆集苑/icons/lunq.png\n"),
-            contents(entry).constData());
+        QVERIFY2(contentOf(entry, "(none)")
+                     .contains("\nExec=\"" + root_->path().toUtf8() +
+                               "/家 中/a \\\\\"b\\\\\" 100%% \\\\\\\\c/览忆集苑/start.sh\"\nIcon=" +
+                               root_->path().toUtf8() + "/家 中/a \"b\" 100% \\\\c/览忆集苑/icons/lunq.png\n"),
+                 contentOf(entry, "(none)").constData());
         QVERIFY2(run(u"desktop-file-validate"_s, {entry}, &output_) == 0, qPrintable(output_));
         QVERIFY(run(folder + u"/add-to-menu.sh"_s, {u"--remove"_s}, &output_, environment) == 0);
         QVERIFY(!QFile::exists(entry));

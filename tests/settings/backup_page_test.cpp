@@ -1,9 +1,6 @@
-#include "../support/run_all.h"
 #include "platform/desktop/elided_label.h"
 #include "settings/backup/backup_files.h"
 #include "settings_window.h"
-
-#include <QLockFile>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -40,9 +37,8 @@ bool endsWell(const SettingsWindow& window) {
     return QTest::qWaitFor([&] { return resultOf(window).endsWith(u"，完好"); }, patienceMs);
 }
 
-QString contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+QString textOf(const QString& path) {
+    return QString::fromUtf8(contentOf(path));
 }
 
 class TestBackupPage : public QObject {
@@ -85,7 +81,7 @@ class TestBackupPage : public QObject {
         const QString other = window.catalogue.file(u"other"_s);
         savePath(window, other + u'/');
         QCOMPARE(storedPath(), other + u"/lunq.mdb"_s);
-        QVERIFY(contentOf(bf.filePath()).contains(other) && !contentOf(bf.filePath()).contains(folder));
+        QVERIFY(textOf(bf.filePath()).contains(other) && !textOf(bf.filePath()).contains(folder));
         QVERIFY(QFile::exists(hf.filePath()) && QFile::exists(other + u"/hf.sh"_s));
 
         window.open();
@@ -110,12 +106,12 @@ class TestBackupPage : public QObject {
             SettingsWindow window;
             const QString good = window.catalogue.file(u"good/lunq.mdb"_s);
             savePath(window, good);
-            const QString script = contentOf(window.catalogue.file(u"bf.sh"_s));
+            const QString script = textOf(window.catalogue.file(u"bf.sh"_s));
             savePath(window, QString(path).replace(u"%1"_s, window.catalogue.folder()));
             QCOMPARE(window.boxes.size(), 1);
             QVERIFY2(window.boxes.first().text.contains(named), qPrintable(window.boxes.first().text));
             QCOMPARE(storedPath(), good);
-            QCOMPARE(contentOf(window.catalogue.file(u"bf.sh"_s)), script);
+            QCOMPARE(textOf(window.catalogue.file(u"bf.sh"_s)), script);
             QCOMPARE(stateOf(window), u"保 存, 撤 消, 浏 览, open"_s);
         }
     }
@@ -236,17 +232,17 @@ class TestBackupPage : public QObject {
         const QString backup = window.catalogue.file(u"bak/lunq.mdb"_s);
         savePath(window, backup);
         for (const QString& script : {window.catalogue.file(u"bf.sh"_s), window.catalogue.file(u"bak/hf.sh"_s)}) {
-            const QString now = contentOf(script), gone = window.catalogue.file(u"gone"_s);
+            const QString now = textOf(script), gone = window.catalogue.file(u"gone"_s);
             QFile file(script);
             QVERIFY(file.open(QIODevice::WriteOnly));
             file.write(QString(now).replace(window.catalogue.file(u"lunq.mdb"_s), gone + u"/lunq.mdb"_s).toUtf8());
             file.close();
-            QVERIFY(contentOf(script) != now);
+            QVERIFY(textOf(script) != now);
             window.boxes.clear();
             window.click(u"cmdBk"_s);
             QVERIFY(endsWell(window));
             QCOMPARE(window.boxes.size(), 1);
-            QVERIFY(contentOf(script).startsWith(now));
+            QVERIFY(textOf(script).startsWith(now));
         }
         QVERIFY(QFile::remove(window.catalogue.file(u"bf.sh"_s)));
         QVERIFY(QFile::remove(backup));
@@ -265,7 +261,7 @@ class TestBackupPage : public QObject {
         QFile file(hf);
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(restoreScript(places).toUtf8()) > 0);
         file.close();
-        const QString theirs = contentOf(hf);
+        const QString theirs = textOf(hf);
         int answer = 2, asked = 0;
         chooseInBoxesWith([&](const BoxText& box) {
             if (box.answers != QStringList{u"覆盖"_s, u"另选路径"_s, u"取消"_s}) return 0;
@@ -275,14 +271,14 @@ class TestBackupPage : public QObject {
         });
         for (answer = 2; answer > 0; --answer) {
             window.click(u"cmdBk"_s);
-            QCOMPARE(contentOf(hf), theirs);
+            QCOMPARE(textOf(hf), theirs);
             QCOMPARE(resultOf(window), QString());
         }
         QCOMPARE(asked, 2);
         QCOMPARE(stateOf(window), u"保 存, 撤 消, 浏 览, open"_s);
         window.click(u"cmdBb"_s);  // the same path again: saving replaces the script, too
         QCOMPARE(asked, 3);
-        QVERIFY(contentOf(hf) != theirs && stateOf(window).startsWith(u"编 辑"_s));
+        QVERIFY(textOf(hf) != theirs && stateOf(window).startsWith(u"编 辑"_s));
         window.click(u"cmdBk"_s);
         QVERIFY(endsWell(window));
         QCOMPARE(asked, 3);

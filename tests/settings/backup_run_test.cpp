@@ -1,14 +1,8 @@
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "platform/base/files.h"
 #include "settings/backup/backup_files.h"
 
 #include <SQLiteCpp/Database.h>
-
-#include <QLockFile>
-#include <QProcess>
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -31,19 +25,11 @@ Outcome run(const QString& script, const QStringList& arguments = {}) {
     return outcomeOf(process);
 }
 
-void writeFile(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    QVERIFY2(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(), qPrintable(path));
-}
-
 /// A record of tc02 that tells in 备注 how long its picture is.
 void addPicture(int number, int bytes) {
-    Recordset album = mekTp::catalogue.OpenRecordset(u"tc02"_s);
-    album.AddNew();
-    album.Fields(u"序号"_s).SetValue(number);
-    album.Fields(u"图片"_s).SetValue(QByteArray(bytes, char('a' + number % 26)));
-    album.Fields(u"备注"_s).SetValue(QString::number(bytes));
-    album.Update();
+    addRow(u"tc02"_s, {{u"序号"_s, number},
+                       {u"图片"_s, QByteArray(bytes, char('a' + number % 26))},
+                       {u"备注"_s, QString::number(bytes)}});
 }
 
 /// What is wrong with a copy; nothing when it is sound and each of its records is whole.

@@ -1,7 +1,4 @@
-#include "../support/run_all.h"
-#include "catalogue/album_directory.h"
 #include "catalogue/bin_contents.h"
-#include "catalogue/mektp.h"
 #include "editing_window.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -35,79 +32,78 @@ class BinWindow : public EditingWindow {
 class TestBinLine : public QObject {
     Q_OBJECT
 
+    std::optional<BinWindow> window_;
+
   private Q_SLOTS:
+    void init() { window_.emplace(); }
+
     void deletedRecordComesBackByOneClick() {
-        const BinWindow window;
-        QVERIFY(!window.shows(u"cmdHf"_s) && !window.shows(u"lblHf"_s));
-        window.deleteRow(2);
-        QCOMPARE(window.line(), u"已删除 1 张"_s);
-        QCOMPARE(window.caption(u"cmdHf"_s), u"恢复"_s);
-        window.click(u"cmdHf"_s);
-        QCOMPARE(window.line(), u"已恢复 1 张"_s);
-        QVERIFY(!window.shows(u"cmdHf"_s));
-        QCOMPARE(window.numbers().size(), 10);
-        QVERIFY(window.label(u"lblZs"_s).contains(u"10"_s));
+        QVERIFY(!window_->shows(u"cmdHf"_s) && !window_->shows(u"lblHf"_s));
+        window_->deleteRow(2);
+        QCOMPARE(window_->line(), u"已删除 1 张"_s);
+        QCOMPARE(window_->caption(u"cmdHf"_s), u"恢复"_s);
+        window_->click(u"cmdHf"_s);
+        QCOMPARE(window_->line(), u"已恢复 1 张"_s);
+        QVERIFY(!window_->shows(u"cmdHf"_s));
+        QCOMPARE(window_->numbers().size(), 10);
+        QVERIFY(window_->label(u"lblZs"_s).contains(u"10"_s));
     }
 
     void smallFormOpensTheBin() {
-        BinWindow window;
-        window.deleteRow(2);
-        window.deleteRow(2);
-        QCOMPARE(window.line(), u"已删除 1 张"_s);
-        window.endTelling();
-        QVERIFY(!window.shows(u"lblHf"_s));
-        QCOMPARE(window.caption(u"cmdHf"_s), u"回收站"_s);
-        window.open();  // what is there already is not told anew
-        QVERIFY(!window.shows(u"lblHf"_s));
-        window.click(u"cmdHf"_s);
-        auto* bin = found<QDialog>(window.form.get(), u"frmHs"_s);
+        window_->deleteRow(2);
+        window_->deleteRow(2);
+        QCOMPARE(window_->line(), u"已删除 1 张"_s);
+        window_->endTelling();
+        QVERIFY(!window_->shows(u"lblHf"_s));
+        QCOMPARE(window_->caption(u"cmdHf"_s), u"回收站"_s);
+        window_->open();  // what is there already is not told anew
+        QVERIFY(!window_->shows(u"lblHf"_s));
+        window_->click(u"cmdHf"_s);
+        auto* bin = found<QDialog>(window_->form.get(), u"frmHs"_s);
         QCOMPARE(found<QTableView>(bin, u"lstHs"_s)->model()->rowCount(), 2);
         found<QTableView>(bin, u"lstHs"_s)->selectAll();
         QTest::mouseClick(found<QPushButton>(bin, u"cmdHy"_s), Qt::LeftButton);
-        QVERIFY(!window.shows(u"cmdHf"_s) && !window.shows(u"lblHf"_s));
+        QVERIFY(!window_->shows(u"cmdHf"_s) && !window_->shows(u"lblHf"_s));
         QCOMPARE(mekTp::catalogue.OpenRecordset(u"tc01"_s).rowCount(), 10);
     }
 
     void replacedPictureComesBack() {
-        BinWindow window;
-        window.clickRow(3);
-        window.click(u"cmdQd"_s);
+        window_->clickRow(3);
+        window_->click(u"cmdQd"_s);
         const QString before = EditingWindow::record(u"图片4"_s);
-        window.takeNewPicture();
+        window_->takeNewPicture();
         QVERIFY(EditingWindow::record(u"图片4"_s) != before);
-        QCOMPARE(window.line(), u"已替换 1 张"_s);
-        window.click(u"cmdHf"_s);
+        QCOMPARE(window_->line(), u"已替换 1 张"_s);
+        window_->click(u"cmdHf"_s);
         QCOMPARE(EditingWindow::record(u"图片4"_s), before);
         QVERIFY(!isBinEmpty(mekTp::catalogue));  // the new one is in the bin now
     }
 
     void albumAndButtonComeBack() {
-        const BinWindow window;
-        window.tabs().setCurrentIndex(0);
-        window.choose(u"cboFc"_s, u"tc01"_s);
-        window.click(u"cmdFs"_s);
-        QCOMPARE(window.line(), u"已删除 10 张"_s);
+        window_->tabs().setCurrentIndex(0);
+        window_->choose(u"cboFc"_s, u"tc01"_s);
+        window_->click(u"cmdFs"_s);
+        QCOMPARE(window_->line(), u"已删除 10 张"_s);
         QVERIFY(!hasTable(u"tc01"_s));
-        window.click(u"cmdHf"_s);
+        window_->click(u"cmdHf"_s);
         QVERIFY(hasTable(u"tc01"_s));
-        QCOMPARE(window.lines(u"cboFc"_s).size(), 3);
-        QCOMPARE(window.lines(u"cboBm"_s).size(), 3);
+        QCOMPARE(window_->lines(u"cboFc"_s).size(), 3);
+        QCOMPARE(window_->lines(u"cboBm"_s).size(), 3);
 
-        window.clickRow(3);  // "a": the codes 1 to 6 are the program's own
-        window.click(u"cmdSn"_s);
-        QCOMPARE(window.line(), u"已删除 1 个按钮"_s);
-        window.click(u"cmdHf"_s);
+        window_->clickRow(3);  // "a": the codes 1 to 6 are the program's own
+        window_->click(u"cmdSn"_s);
+        QCOMPARE(window_->line(), u"已删除 1 个按钮"_s);
+        window_->click(u"cmdHf"_s);
         QCOMPARE(columnOf(u"SELECT * FROM tcan"_s, u"编号"_s).size(), 4);
     }
 
     /// Neither part of the line may lie over a control, in the smallest window.
     void coversNothing() {
-        BinWindow window;
-        window.deleteRow(0);
+        window_->deleteRow(0);
         for (const QString& name : {u"lblHf"_s, u"cmdHf"_s}) {
-            const auto& part = window.get<QWidget>(name);
-            QVERIFY(window.form->rect().contains(part.geometry()));
-            for (const QWidget* other : window.form->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+            const auto& part = window_->get<QWidget>(name);
+            QVERIFY(window_->form->rect().contains(part.geometry()));
+            for (const QWidget* other : window_->form->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
                 const bool isEmpty =
                     other->objectName() == u"lblJd" && static_cast<const QLabel*>(other)->text().isEmpty();
                 if (other == &part || other->isHidden() || other->isWindow() || isEmpty) continue;
@@ -118,17 +114,16 @@ class TestBinLine : public QObject {
 
     /// What is being typed is not lost by putting something back.
     void unsavedRecordIsAskedAbout() {
-        BinWindow window;
-        window.deleteRow(0);
-        window.clickRow(0);
-        window.click(u"cmdQd"_s);
-        window.box(u"txtB2"_s).setText(u"新的"_s);
-        window.said();
-        window.answerWith(2);
-        window.click(u"cmdHf"_s);
-        QCOMPARE(window.said().size(), 1);
-        QCOMPARE(window.text(u"txtB2"_s), u"新的"_s);
-        QCOMPARE(window.numbers().size(), 9);
+        window_->deleteRow(0);
+        window_->clickRow(0);
+        window_->click(u"cmdQd"_s);
+        window_->box(u"txtB2"_s).setText(u"新的"_s);
+        window_->said();
+        window_->answerWith(2);
+        window_->click(u"cmdHf"_s);
+        QCOMPARE(window_->said().size(), 1);
+        QCOMPARE(window_->text(u"txtB2"_s), u"新的"_s);
+        QCOMPARE(window_->numbers().size(), 9);
     }
 };
 

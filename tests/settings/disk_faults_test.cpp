@@ -1,16 +1,10 @@
 #include "../support/disk_faults.h"
 
-#include "../support/run_all.h"
 #include "editing_window.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 /// Something that a person stores: the way to it, the button that stores, and what is still on the form when that has
 /// failed.

@@ -1,4 +1,3 @@
-#include "../support/run_all.h"
 #include "editing_window.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -47,144 +46,141 @@ void beginWith(const EditingWindow& window, const QString& remark) {
 class TestEditingRecord : public QObject {
     Q_OBJECT
 
+    std::optional<EditingWindow> window_;
+
   private Q_SLOTS:
+    void init() { window_.emplace(); }
+
     void fieldsFollowTheRecord() {
-        EditingWindow window;
         putValue(firstButOne, u"备注"_s, u" "_s);
         putValue(firstButOne, u"日期"_s, FieldValue());
-        window.clickRow(2);
-        QCOMPARE(fields(window), u"3|12|2003-09-28 12:00:00|图片3"_s);
-        QCOMPARE(window.label(u"lblGg"_s), u"30 * 40"_s);
-        QCOMPARE(window.label(u"lblDx"_s), window.grid().cellText(2, 2));
-        QTest::mouseClick(window.datBj().findChild<QToolButton*>(u"previous"_s), Qt::LeftButton);
-        QCOMPARE(fields(window), u"2|2||"_s);
-        compareState(window, rest);
+        window_->clickRow(2);
+        QCOMPARE(fields(*window_), u"3|12|2003-09-28 12:00:00|图片3"_s);
+        QCOMPARE(window_->label(u"lblGg"_s), u"30 * 40"_s);
+        QCOMPARE(window_->label(u"lblDx"_s), window_->grid().cellText(2, 2));
+        QTest::mouseClick(window_->datBj().findChild<QToolButton*>(u"previous"_s), Qt::LeftButton);
+        QCOMPARE(fields(*window_), u"2|2||"_s);
+        compareState(*window_, rest);
     }
 
     // Every way into a state and out of it.
     void states() {
-        EditingWindow window;
-        auto& chkLi = window.get<QCheckBox>(u"chkLi"_s);
+        auto& chkLi = window_->get<QCheckBox>(u"chkLi"_s);
         for (const QString& wayOut : {u"cmdQd"_s, u"cmdSc"_s}) {
-            window.click(u"cmdQd"_s);
-            compareState(window, single);
-            window.box(u"txtB2"_s).setText(wayOut);
-            window.click(wayOut);
-            compareState(window, rest);
+            window_->click(u"cmdQd"_s);
+            compareState(*window_, single);
+            window_->box(u"txtB2"_s).setText(wayOut);
+            window_->click(wayOut);
+            compareState(*window_, rest);
             // 取 消 stores as well.
             QCOMPARE(valueOf(u"SELECT * FROM tc01 WHERE 序号 = 1"_s, u"备注"_s), wayOut);
-            QCOMPARE(window.grid().cellText(0, 5), wayOut);
+            QCOMPARE(window_->grid().cellText(0, 5), wayOut);
         }
         chkLi.click();
-        window.click(u"cmdQd"_s);
-        compareState(window, continuous);
-        QCOMPARE(window.label(u"lblTs"_s), u"操作提示：编辑后如果继续进行，按《下一张》，否则按《取 消》。"_s);
-        window.box(u"txtB2"_s).setText(u"甲"_s);
-        window.click(u"cmdQd"_s);
-        compareState(window, continuous);
-        QCOMPARE(window.text(u"txtXh"_s), u"2"_s);
-        QVERIFY(window.box(u"txtBh"_s).hasFocus());
-        window.box(u"txtB2"_s).setText(u"乙"_s);
-        window.click(u"cmdSc"_s);
-        compareState(window, rest);
+        window_->click(u"cmdQd"_s);
+        compareState(*window_, continuous);
+        QCOMPARE(window_->label(u"lblTs"_s), u"操作提示：编辑后如果继续进行，按《下一张》，否则按《取 消》。"_s);
+        window_->box(u"txtB2"_s).setText(u"甲"_s);
+        window_->click(u"cmdQd"_s);
+        compareState(*window_, continuous);
+        QCOMPARE(window_->text(u"txtXh"_s), u"2"_s);
+        QVERIFY(window_->box(u"txtBh"_s).hasFocus());
+        window_->box(u"txtB2"_s).setText(u"乙"_s);
+        window_->click(u"cmdSc"_s);
+        compareState(*window_, rest);
         QCOMPARE(columnOf(u"SELECT * FROM tc01 WHERE 序号 < 3 ORDER BY [序号]"_s, u"备注"_s),
                  (QStringList{u"甲"_s, u"乙"_s}));
-        QVERIFY(window.boxes.isEmpty());
+        QVERIFY(window_->boxes.isEmpty());
     }
 
     void continuousEditingEnds() {
-        EditingWindow window;
-        window.get<QCheckBox>(u"chkLi"_s).click();
-        window.clickRow(8);
-        window.click(u"cmdQd"_s);
-        window.click(u"cmdQd"_s);
-        window.box(u"txtBh"_s).setText(u"2"_s);
-        window.click(u"cmdQd"_s);
-        compareState(window, rest);
-        QVERIFY(!window.isEnabled(u"cmdQd"_s) && window.isEnabled(u"cmdSc"_s));
+        window_->get<QCheckBox>(u"chkLi"_s).click();
+        window_->clickRow(8);
+        window_->click(u"cmdQd"_s);
+        window_->click(u"cmdQd"_s);
+        window_->box(u"txtBh"_s).setText(u"2"_s);
+        window_->click(u"cmdQd"_s);
+        compareState(*window_, rest);
+        QVERIFY(!window_->isEnabled(u"cmdQd"_s) && window_->isEnabled(u"cmdSc"_s));
         QCOMPARE(EditingWindow::record(u"图片10"_s), u"10|2|40 * 30|2003-10-05 12:00:00"_s);
-        window.clickRow(4);
-        QVERIFY(window.isEnabled(u"cmdQd"_s));
+        window_->clickRow(4);
+        QVERIFY(window_->isEnabled(u"cmdQd"_s));
     }
 
     void anotherPageGivesUpPendingWork() {
-        EditingWindow window;
-        beginWith(window, u"改了一半"_s);
-        window.goToAnotherPageAndBack();
-        compareState(window, rest);
-        QCOMPARE(window.text(u"txtB2"_s), u"图片1"_s);
+        beginWith(*window_, u"改了一半"_s);
+        window_->goToAnotherPageAndBack();
+        compareState(*window_, rest);
+        QCOMPARE(window_->text(u"txtB2"_s), u"图片1"_s);
         QCOMPARE(EditingWindow::record(u"图片1"_s), first);
     }
 
     // Every way out of a record by the hand.
     void leavingAChangedRecordAsks() {
-        const std::pair<QString, std::function<void(EditingWindow&)>> ways[] = {
-            {u"row"_s, [](EditingWindow& window) { window.clickRow(3); }},
-            {u"key"_s, [](EditingWindow& window) { QTest::keyClick(&window.grid(), Qt::Key_Down); }},
+        const std::pair<QString, std::function<void()>> ways[] = {
+            {u"row"_s, [this] { window_->clickRow(3); }},
+            {u"key"_s, [this] { QTest::keyClick(&window_->grid(), Qt::Key_Down); }},
             {u"arrow"_s,
-             [](EditingWindow& window) {
-                 QTest::mouseClick(window.datBj().findChild<QToolButton*>(u"next"_s), Qt::LeftButton);
-             }},
-            {u"album"_s,
-             [](EditingWindow& window) { QTest::keyClick(&window.get<QComboBox>(u"cboBm"_s), Qt::Key_Down); }},
+             [this] { QTest::mouseClick(window_->datBj().findChild<QToolButton*>(u"next"_s), Qt::LeftButton); }},
+            {u"album"_s, [this] { QTest::keyClick(&window_->get<QComboBox>(u"cboBm"_s), Qt::Key_Down); }},
             {u"typed album"_s,
-             [](EditingWindow& window) {
-                 auto& cboBm = window.get<QComboBox>(u"cboBm"_s);
+             [this] {
+                 auto& cboBm = window_->get<QComboBox>(u"cboBm"_s);
                  cboBm.lineEdit()->selectAll();
                  QTest::keyClick(&cboBm, Qt::Key_X);
              }},
-            {u"filter"_s, [](EditingWindow& window) { window.clickOption(u"optBs(1)"_s); }},
-            {u"order"_s, [](EditingWindow& window) { window.clickOption(u"optP1(1)"_s); }},
-            {u"read anew"_s, [](EditingWindow& window) { window.click(u"cmdS1"_s); }},
-            {u"numbers"_s, [](EditingWindow& window) { window.click(u"cmdJh"_s); }},
-            {u"viewer"_s, [](EditingWindow& window) { window.click(u"cmdFh"_s); }},
-            {u"end"_s, [](EditingWindow& window) { window.click(u"cmdGl"_s); }},
-            {u"title bar"_s, [](EditingWindow& window) { window.form->close(); }},
+            {u"filter"_s, [this] { window_->clickOption(u"optBs(1)"_s); }},
+            {u"order"_s, [this] { window_->clickOption(u"optP1(1)"_s); }},
+            {u"read anew"_s, [this] { window_->click(u"cmdS1"_s); }},
+            {u"numbers"_s, [this] { window_->click(u"cmdJh"_s); }},
+            {u"viewer"_s, [this] { window_->click(u"cmdFh"_s); }},
+            {u"end"_s, [this] { window_->click(u"cmdGl"_s); }},
+            {u"title bar"_s, [this] { window_->form->close(); }},
         };
         for (const auto& [name, way] : ways) {
-            EditingWindow kept;
-            beginWith(kept, u"改过的"_s);
-            kept.answerWith(2);
-            way(kept);
-            QCOMPARE(kept.boxes.size(), 1);
-            QCOMPARE(kept.boxes.first().answers, (QStringList{u"保存"_s, u"不保存"_s, u"继续编辑"_s}));
-            QVERIFY2(kept.boxes.first().onEnter == 2 && kept.boxes.first().onEscape == 2, qPrintable(name));
-            kept.said();
-            compareState(kept, single);
-            QCOMPARE(fields(kept), u"1|12|2003-09-26 12:00:00|改过的"_s);
-            QCOMPARE(kept.grid().selectionModel()->selectedRows().value(0).row(), 0);
-            QCOMPARE(kept.numbers().size(), 10);
-            QCOMPARE(kept.get<QComboBox>(u"cboBm"_s).currentText(), u"tc01 旅行"_s);
-            QVERIFY2(kept.option(u"optBs(0)"_s).isChecked() && !kept.option(u"optP1(1)"_s).isChecked(),
+            init();
+            beginWith(*window_, u"改过的"_s);
+            window_->answerWith(2);
+            way();
+            QCOMPARE(window_->boxes.size(), 1);
+            QCOMPARE(window_->boxes.first().answers, (QStringList{u"保存"_s, u"不保存"_s, u"继续编辑"_s}));
+            QVERIFY2(window_->boxes.first().onEnter == 2 && window_->boxes.first().onEscape == 2, qPrintable(name));
+            window_->said();
+            compareState(*window_, single);
+            QCOMPARE(fields(*window_), u"1|12|2003-09-26 12:00:00|改过的"_s);
+            QCOMPARE(window_->grid().selectionModel()->selectedRows().value(0).row(), 0);
+            QCOMPARE(window_->numbers().size(), 10);
+            QCOMPARE(window_->get<QComboBox>(u"cboBm"_s).currentText(), u"tc01 旅行"_s);
+            QVERIFY2(window_->option(u"optBs(0)"_s).isChecked() && !window_->option(u"optP1(1)"_s).isChecked(),
                      qPrintable(name));
-            QVERIFY2(!kept.windows.handedTo && !kept.windows.ended && kept.form->isVisible(), qPrintable(name));
+            QVERIFY2(window_->windows.handedTo.isEmpty() && !window_->windows.ended && window_->form->isVisible(),
+                     qPrintable(name));
 
             for (const bool stores : {false, true}) {
-                EditingWindow window;
-                beginWith(window, u"改过的"_s);
-                window.answerWith(stores ? 0 : 1);
-                way(window);
-                QVERIFY2(!window.isPending(), qPrintable(name));
+                init();
+                beginWith(*window_, u"改过的"_s);
+                window_->answerWith(stores ? 0 : 1);
+                way();
+                QVERIFY2(!window_->isPending(), qPrintable(name));
                 const QStringList remarks = columnOf(u"SELECT * FROM tc01 ORDER BY [序号]"_s, u"备注"_s);
                 QVERIFY2(remarks.contains(stores ? u"改过的"_s : u"图片1"_s), qPrintable(name));
                 QVERIFY2(remarks.contains(stores ? u"图片1"_s : u"改过的"_s) == false, qPrintable(name));
             }
 
-            EditingWindow unchanged;
-            unchanged.click(u"cmdQd"_s);
-            unchanged.answer = false;
-            way(unchanged);
-            QVERIFY2(unchanged.boxes.isEmpty() || name == u"numbers", qPrintable(name));
+            init();
+            window_->click(u"cmdQd"_s);
+            window_->answer = false;
+            way();
+            QVERIFY2(window_->boxes.isEmpty() || name == u"numbers", qPrintable(name));
         }
     }
 
     void clickOnTheRecordThatIsEdited() {
-        EditingWindow window;
-        beginWith(window, u"改了一半"_s);
-        window.clickRow(0);
-        QVERIFY(window.boxes.isEmpty());
-        QCOMPARE(window.text(u"txtB2"_s), u"改了一半"_s);
-        compareState(window, single);
+        beginWith(*window_, u"改了一半"_s);
+        window_->clickRow(0);
+        QVERIFY(window_->boxes.isEmpty());
+        QCOMPARE(window_->text(u"txtB2"_s), u"改了一半"_s);
+        compareState(*window_, single);
     }
 
     // What cannot be stored is named, and nothing that was typed is taken away.
@@ -206,32 +202,31 @@ class TestEditingRecord : public QObject {
         };
         for (const auto& [box, typed, sentence] : cases) {
             for (const QString& way : {u"cmdQd"_s, u"cmdSc"_s}) {
-                EditingWindow window;
-                window.answer = false;  // where it is asked: go on editing
-                window.click(u"cmdQd"_s);
-                window.box(box).setText(typed);
-                window.click(way);
-                QCOMPARE(window.boxes.size(), 1);
-                const QString said = window.said().value(0);
+                init();
+                window_->answer = false;  // where it is asked: go on editing
+                window_->click(u"cmdQd"_s);
+                window_->box(box).setText(typed);
+                window_->click(way);
+                QCOMPARE(window_->boxes.size(), 1);
+                const QString said = window_->said().value(0);
                 QVERIFY2(said.startsWith(u"以下内容没有保存，记录没有改变：\n\n"_s + sentence), qPrintable(said));
-                QCOMPARE(window.text(box), typed);
-                QVERIFY(window.box(box).hasFocus());
-                compareState(window, single);
+                QCOMPARE(window_->text(box), typed);
+                QVERIFY(window_->box(box).hasFocus());
+                compareState(*window_, single);
                 QCOMPARE(EditingWindow::record(u"图片1"_s), first);
                 // Codes that were not stored make no button known in the album.
-                QVERIFY(window.codes().findItems(u"a {无图}"_s, Qt::MatchExactly).size() == 1);
+                QVERIFY(window_->codes().findItems(u"a {无图}"_s, Qt::MatchExactly).size() == 1);
             }
         }
     }
 
     void refusedAtTheEndOfEditing() {
-        EditingWindow window;
-        window.click(u"cmdQd"_s);
-        window.box(u"txtXh"_s).setText(u"2"_s);
-        window.click(u"cmdSc"_s);  // not to save is the first answer
-        QCOMPARE(window.boxes.first().answers, (QStringList{u"不保存"_s, u"继续编辑"_s}));
-        compareState(window, rest);
-        QCOMPARE(window.text(u"txtXh"_s), u"1"_s);
+        window_->click(u"cmdQd"_s);
+        window_->box(u"txtXh"_s).setText(u"2"_s);
+        window_->click(u"cmdSc"_s);  // not to save is the first answer
+        QCOMPARE(window_->boxes.first().answers, (QStringList{u"不保存"_s, u"继续编辑"_s}));
+        compareState(*window_, rest);
+        QCOMPARE(window_->text(u"txtXh"_s), u"1"_s);
         QCOMPARE(EditingWindow::record(u"图片1"_s), first);
     }
 
@@ -246,40 +241,39 @@ class TestEditingRecord : public QObject {
             {u"txtBh"_s, u"'\"]"_s, u"1|'\"]|40 * 30|2003-09-26 12:00:00"_s},
         };
         for (const auto& [box, typed, stored] : cases) {
-            EditingWindow window;
-            beginWith(window, u"新备注"_s);
-            window.box(box).setText(typed);
-            window.click(u"cmdQd"_s);
-            QCOMPARE(window.said(), QStringList{});
+            init();
+            beginWith(*window_, u"新备注"_s);
+            window_->box(box).setText(typed);
+            window_->click(u"cmdQd"_s);
+            QCOMPARE(window_->said(), QStringList{});
             QCOMPARE(EditingWindow::record(u"新备注"_s), stored);
-            compareState(window, rest);
+            compareState(*window_, rest);
         }
     }
 
     // Whatever number a record has come by, only a changed one is looked at.
     void untouchedNumberIsNeverRefused() {
         for (const FieldValue& number : {FieldValue(2), FieldValue(0), FieldValue(-3), FieldValue()}) {
-            EditingWindow window;
+            init();
             putValue(u"SELECT * FROM tc01 WHERE 备注 = '图片1'"_s, u"序号"_s, number);
-            window.choose(u"cboBm"_s, u"tc01"_s);
+            window_->choose(u"cboBm"_s, u"tc01"_s);
             int row = 0;
-            while (window.grid().cellText(row, 5) != u"图片1"_s) ++row;
-            window.clickRow(row);
-            window.get<QCheckBox>(u"chkLi"_s).setChecked(number == FieldValue(2));
-            beginWith(window, u"甲"_s);
-            window.box(u"txtXh"_s).setFocus();
-            window.box(u"txtB2"_s).setFocus();
+            while (window_->grid().cellText(row, 5) != u"图片1"_s) ++row;
+            window_->clickRow(row);
+            window_->get<QCheckBox>(u"chkLi"_s).setChecked(number == FieldValue(2));
+            beginWith(*window_, u"甲"_s);
+            window_->box(u"txtXh"_s).setFocus();
+            window_->box(u"txtB2"_s).setFocus();
             QCoreApplication::processEvents();
-            window.click(u"cmdQd"_s);
-            QCOMPARE(window.said(), QStringList{});
+            window_->click(u"cmdQd"_s);
+            QCOMPARE(window_->said(), QStringList{});
             QCOMPARE(EditingWindow::record(u"甲"_s), number.textOr() + u"|12|40 * 30|2003-09-26 12:00:00"_s);
         }
     }
 
     void typingStopsWhereTheColumnEnds() {
-        EditingWindow window;
-        window.click(u"cmdQd"_s);
-        auto& remark = window.box(u"txtB2"_s);
+        window_->click(u"cmdQd"_s);
+        auto& remark = window_->box(u"txtB2"_s);
         remark.setFocus();
         remark.selectAll();
         QInputMethodEvent words;
@@ -287,17 +281,16 @@ class TestEditingRecord : public QObject {
         QApplication::sendEvent(&remark, &words);
         QTest::keyClicks(&remark, u"abc"_s);
         QCOMPARE(remark.text(), QString(50, u'字'));
-        window.click(u"cmdQd"_s);
-        QVERIFY(window.boxes.isEmpty());
+        window_->click(u"cmdQd"_s);
+        QVERIFY(window_->boxes.isEmpty());
         QCOMPARE(EditingWindow::record(QString(50, u'字')), first);
     }
 
     void recordThatIsGone() {
-        EditingWindow window;
-        beginWith(window, u"甲"_s);
+        beginWith(*window_, u"甲"_s);
         runOutside(u"DELETE FROM tc01 WHERE 序号 = 1"_s);
-        window.click(u"cmdQd"_s);
-        const QString said = window.said().join(u'|');
+        window_->click(u"cmdQd"_s);
+        const QString said = window_->said().join(u'|');
         QVERIFY2(said.contains(u"记录没有改变"_s) && !said.contains(u'|'), qPrintable(said));
         QCOMPARE(columnOf(u"tc01"_s, u"备注"_s).size(), 9);
         QVERIFY(!columnOf(u"tc01"_s, u"备注"_s).contains(u"甲"_s));
@@ -305,130 +298,125 @@ class TestEditingRecord : public QObject {
 
     // What was typed waits in the fields until the record can be stored.
     void catalogueThatIsHeld() {
-        EditingWindow window;
-        window.click(u"cmdQd"_s);
-        window.box(u"txtB2"_s).setText(u"甲"_s);
+        window_->click(u"cmdQd"_s);
+        window_->box(u"txtB2"_s).setText(u"甲"_s);
         {
             SQLite::Database other(mekTp::cataloguePath().toStdString(), SQLite::OPEN_READWRITE);
             const SQLite::Transaction held(other, SQLite::TransactionBehavior::IMMEDIATE);
-            window.click(u"cmdQd"_s);
+            window_->click(u"cmdQd"_s);
         }
-        const QStringList said = window.said();
+        const QStringList said = window_->said();
         QCOMPARE(said.size(), 1);
         QVERIFY2(said.first().contains(u"记录没有改变"_s), qPrintable(said.first()));
-        QCOMPARE(window.text(u"txtB2"_s), u"甲"_s);
-        compareState(window, single);
-        window.click(u"cmdQd"_s);
+        QCOMPARE(window_->text(u"txtB2"_s), u"甲"_s);
+        compareState(*window_, single);
+        window_->click(u"cmdQd"_s);
         QCOMPARE(EditingWindow::record(u"甲"_s), u"1|12|40 * 30|2003-09-26 12:00:00"_s);
-        compareState(window, rest);
+        compareState(*window_, rest);
     }
 
     void columnsThatWereNotChangedKeepTheirValues() {
-        EditingWindow window;
         for (const QString& column : {u"规格"_s, u"备注"_s, u"编号"_s})
             putValue(u"SELECT * FROM tc01 WHERE 序号 = 1"_s, column, u" "_s);
-        window.clickRow(0);
-        window.click(u"cmdQd"_s);
-        window.box(u"txtRq"_s).setText(u"2004-2-29"_s);
-        window.click(u"cmdQd"_s);
+        window_->clickRow(0);
+        window_->click(u"cmdQd"_s);
+        window_->box(u"txtRq"_s).setText(u"2004-2-29"_s);
+        window_->click(u"cmdQd"_s);
         QCOMPARE(EditingWindow::record(u" "_s), u"1|| |2004-02-29"_s);  // but a blank is no code
     }
 
     void emptyCodesAreAskedAbout() {
-        EditingWindow window;
-        beginWith(window, u"甲"_s);
-        window.box(u"txtBh"_s).clear();
-        window.answer = false;
+        beginWith(*window_, u"甲"_s);
+        window_->box(u"txtBh"_s).clear();
+        window_->answer = false;
         for (const QString& name : {u"cmdQd"_s, u"cmdSc"_s}) {
-            window.click(name);
-            QCOMPARE(window.said(), QStringList{noCode});
-            QVERIFY(window.box(u"txtBh"_s).hasFocus());
+            window_->click(name);
+            QCOMPARE(window_->said(), QStringList{noCode});
+            QVERIFY(window_->box(u"txtBh"_s).hasFocus());
             QCOMPARE(EditingWindow::record(u"图片1"_s), first);
-            compareState(window, single);  // the codes can be filled in and the rest is not lost
+            compareState(*window_, single);  // the codes can be filled in and the rest is not lost
         }
-        window.answer = true;
-        window.click(u"cmdQd"_s);
-        QCOMPARE(window.said(), QStringList{noCode});
+        window_->answer = true;
+        window_->click(u"cmdQd"_s);
+        QCOMPARE(window_->said(), QStringList{noCode});
         QCOMPARE(EditingWindow::record(u"甲"_s), u"1||40 * 30|2003-09-26 12:00:00"_s);
-        compareState(window, rest);
+        compareState(*window_, rest);
     }
 
     void codesMakeButtonsKnown() {
-        EditingWindow window;
         for (const QString& code : {u"1"_s, u"a"_s, u"v"_s})
             putValue(u"SELECT * FROM tcan WHERE 编号 = "_s + quoted(code), u"图册"_s,
                      code == u"a" ? u""_s : u"tc00tc02"_s);
         putValue(u"SELECT * FROM tcan WHERE 编号 = 'a'"_s, u"编号"_s, u"'"_s);
-        window.choose(u"cboBm"_s, u"tc01"_s);
-        window.clickRow(7);
-        window.clickCode(u"2"_s);
-        QCOMPARE(window.text(u"txtBh"_s), QString());  // at rest a click chooses nothing
-        window.click(u"cmdQd"_s);
-        for (const QString& code : {u"'"_s, u"1"_s, u"1"_s}) window.clickCode(code);
-        QCOMPARE(window.text(u"txtBh"_s), u"'11"_s);
-        window.box(u"txtBh"_s).setText(u"'11z"_s);
-        window.click(u"cmdQd"_s);
-        QVERIFY(window.boxes.isEmpty());
+        window_->choose(u"cboBm"_s, u"tc01"_s);
+        window_->clickRow(7);
+        window_->clickCode(u"2"_s);
+        QCOMPARE(window_->text(u"txtBh"_s), QString());  // at rest a click chooses nothing
+        window_->click(u"cmdQd"_s);
+        for (const QString& code : {u"'"_s, u"1"_s, u"1"_s}) window_->clickCode(code);
+        QCOMPARE(window_->text(u"txtBh"_s), u"'11"_s);
+        window_->box(u"txtBh"_s).setText(u"'11z"_s);
+        window_->click(u"cmdQd"_s);
+        QVERIFY(window_->boxes.isEmpty());
         QCOMPARE(valueOf(u"SELECT * FROM tcan WHERE 编号 = ''''"_s, u"图册"_s), u"tc01"_s);
         QCOMPARE(valueOf(u"SELECT * FROM tcan WHERE 编号 = '1'"_s, u"图册"_s), u"tc00tc02tc01"_s);
         QCOMPARE(valueOf(u"SELECT * FROM tcan WHERE 编号 = 'v'"_s, u"图册"_s), u"tc00tc02"_s);
-        QCOMPARE(window.codes().findItems(u"1 {风景}"_s, Qt::MatchExactly).size(), 1);
+        QCOMPARE(window_->codes().findItems(u"1 {风景}"_s, Qt::MatchExactly).size(), 1);
     }
 
     void duplicateNumber() {
-        EditingWindow window;
-        window.get<QCheckBox>(u"chkLi"_s).click();
-        window.click(u"cmdQd"_s);
+        window_->get<QCheckBox>(u"chkLi"_s).click();
+        window_->click(u"cmdQd"_s);
         const auto leaveNumber = [&](const QString& typed) {
-            window.box(u"txtXh"_s).setFocus();
-            window.box(u"txtXh"_s).setText(typed);
-            window.box(u"txtB2"_s).setFocus();
+            window_->box(u"txtXh"_s).setFocus();
+            window_->box(u"txtXh"_s).setText(typed);
+            window_->box(u"txtB2"_s).setFocus();
             QCoreApplication::processEvents();
-            return window.said();
+            return window_->said();
         };
         QCOMPARE(leaveNumber(u"99"_s), QStringList{});
         QCOMPARE(leaveNumber(u"一"_s), QStringList{});
         QCOMPARE(leaveNumber(u"7"_s), QStringList{duplicate});
-        QVERIFY(window.box(u"txtXh"_s).hasFocus());
-        window.click(u"cmdQd"_s);
-        QCOMPARE(window.said(), QStringList{duplicate});
-        QCOMPARE(window.text(u"txtXh"_s), u"7"_s);
+        QVERIFY(window_->box(u"txtXh"_s).hasFocus());
+        window_->click(u"cmdQd"_s);
+        QCOMPARE(window_->said(), QStringList{duplicate});
+        QCOMPARE(window_->text(u"txtXh"_s), u"7"_s);
         QCOMPARE(leaveNumber(u"1"_s), QStringList{});  // the record's own
-        window.click(u"cmdSc"_s);
+        window_->click(u"cmdSc"_s);
         QCoreApplication::processEvents();
-        QCOMPARE(window.said(), QStringList{});
-        compareState(window, rest);
+        QCOMPARE(window_->said(), QStringList{});
+        compareState(*window_, rest);
         // With one record at a time the number is looked at when it is stored.
-        window.get<QCheckBox>(u"chkLi"_s).click();
-        window.click(u"cmdQd"_s);
+        window_->get<QCheckBox>(u"chkLi"_s).click();
+        window_->click(u"cmdQd"_s);
         QCOMPARE(leaveNumber(u"7"_s), QStringList{});
     }
 
     // What was typed stays with its record, also when another one bears its number, or it has none.
     void newPicture() {
         for (const FieldValue& number : {FieldValue(4), FieldValue(3), FieldValue()}) {
-            EditingWindow window;
+            init();
             putValue(u"SELECT * FROM tc01 WHERE 备注 = '图片4'"_s, u"序号"_s, number);
             if (number.isNull()) putValue(u"SELECT * FROM tc01 WHERE 备注 = '图片3'"_s, u"序号"_s, number);
-            window.choose(u"cboBm"_s, u"tc01"_s);
+            window_->choose(u"cboBm"_s, u"tc01"_s);
             int row = 0;
-            while (window.grid().cellText(row, 5) != u"图片4"_s) ++row;
-            window.clickRow(row);
-            window.takeNewPicture();
-            QVERIFY(!window.isEnabled(u"cmdAq"_s));  // nothing is being edited
+            while (window_->grid().cellText(row, 5) != u"图片4"_s) ++row;
+            window_->clickRow(row);
+            window_->takeNewPicture();
+            QVERIFY(!window_->isEnabled(u"cmdAq"_s));  // nothing is being edited
             QCOMPARE(EditingWindow::record(u"图片4"_s), number.textOr() + u"|2|100 * 50|2003-09-29 12:00:00"_s);
-            window.click(u"cmdQd"_s);
-            window.box(u"txtB2"_s).setText(u"打了一半"_s);
-            window.takeNewPicture();
-            QCOMPARE(window.text(u"txtXh"_s), number.textOr());
-            QCOMPARE(window.label(u"lblGg"_s), u"200 * 100"_s);
-            QCOMPARE(window.text(u"txtB2"_s), u"打了一半"_s);
-            compareState(window, single);
-            window.click(u"cmdQd"_s);
+            window_->click(u"cmdQd"_s);
+            window_->box(u"txtB2"_s).setText(u"打了一半"_s);
+            window_->takeNewPicture();
+            QCOMPARE(window_->text(u"txtXh"_s), number.textOr());
+            QCOMPARE(window_->label(u"lblGg"_s), u"200 * 100"_s);
+            QCOMPARE(window_->text(u"txtB2"_s), u"打了一半"_s);
+            compareState(*window_, single);
+            window_->click(u"cmdQd"_s);
             QCOMPARE(EditingWindow::record(u"打了一半"_s), number.textOr() + u"|2|200 * 100|2003-09-29 12:00:00"_s);
             QVERIFY(EditingWindow::record(u"图片4"_s).startsWith(u"|"_s));
             QCOMPARE(valueOf(u"SELECT * FROM tc01 WHERE 备注 = '图片3'"_s, u"规格"_s), u"30 * 40"_s);
-            QVERIFY(!window.isEnabled(u"cmdAq"_s));
+            QVERIFY(!window_->isEnabled(u"cmdAq"_s));
         }
     }
 };

@@ -1,13 +1,10 @@
 #include "../support/damage.h"
-#include "../support/run_all.h"
 #include "catalogue/picture_proof.h"
 #include "settings/backup/backup_reminder.h"
 #include "settings/backup/restore_swap.h"
 #include "settings_window.h"
 
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
 
 /// The page with a backup place, and the windows that its buttons open.
 class TestKeeping : public QObject {
@@ -144,13 +141,10 @@ class TestKeeping : public QObject {
         window_->form.reset();
         mekTp::catalogue = {};
         const QString catalogue = mekTp::cataloguePath();
-        const auto write = [](const QString& path, const QByteArray& bytes) {
-            QFile file(path);
-            return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-        };
         QVERIFY_THROWS_EXCEPTION(std::exception, carryOutRestore());
         QVERIFY(QFile::exists(catalogue));
-        QVERIFY(write(catalogue + u"-journal"_s, "hot") && write(preparedRestorePath(), "new"));
+        writeFile(catalogue + u"-journal"_s, "hot");
+        writeFile(preparedRestorePath(), "new");
         const QString kept = carryOutRestore();
         QVERIFY(QFile::exists(kept + u"-journal"_s) && !QFile::exists(catalogue + u"-journal"_s));
         QCOMPARE(QFileInfo(catalogue).size(), 3);
@@ -181,7 +175,5 @@ class TestKeeping : public QObject {
 };
 
 const Registered<TestKeeping> registered;
-
-}  // namespace
 
 #include "keeping_test.moc"

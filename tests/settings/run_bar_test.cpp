@@ -1,4 +1,3 @@
-#include "../support/run_all.h"
 #include "platform/base/error.h"
 #include "platform/desktop/failure_list.h"
 #include "settings_window.h"
@@ -73,87 +72,79 @@ struct RunForm {
 class TestRunBar : public QObject {
     Q_OBJECT
 
+    std::optional<RunForm> window_;
+
   private Q_SLOTS:
+    void init() { window_.emplace(); }
+
     void aliveAndLocked() {
-        RunForm window;
-        for (int number = 11; number <= 60; ++number) {
-            Recordset rows = mekTp::catalogue.OpenRecordset(u"tc01"_s);
-            rows.AddNew();
-            rows.Fields(u"序号"_s).SetValue(number);
-            rows.Update();
-        }
-        window.frame->grid.listAlbum(u"tc01"_s, u"序号"_s);
-        const auto* grid = window.find<Grid>(u"msgBm"_s);
+        for (int number = 11; number <= 60; ++number) addRow(u"tc01"_s, {{u"序号"_s, number}});
+        window_->frame->grid.listAlbum(u"tc01"_s, u"序号"_s);
+        const auto* grid = window_->find<Grid>(u"msgBm"_s);
         QCOMPARE(grid->cellText(0, 0), u"1"_s);
-        QVERIFY(!window.find(u"cmdTz"_s)->isVisible());
-        window.start();
-        QVERIFY(window.find(u"prg2"_s)->isVisible() && window.find(u"cmdTz"_s)->isVisible());
+        QVERIFY(!window_->find(u"cmdTz"_s)->isVisible());
+        window_->start();
+        QVERIFY(window_->find(u"prg2"_s)->isVisible() && window_->find(u"cmdTz"_s)->isVisible());
         // What was read is shown, and nothing else is read.
         QCOMPARE(grid->cellText(0, 0), u"1"_s);
         QCOMPARE(grid->cellText(59, 0), QString());
-        window.goOn(1);
-        QTRY_COMPARE(window.line(), u"1 / 3 张"_s);
-        QCOMPARE(window.find<QProgressBar>(u"prg2"_s)->value(), 33);
-        window.click(u"cmdBz"_s);
-        QTest::mouseClick(window.frame->sstFz->tabBar(), Qt::LeftButton, {}, QPoint(100, 10));
-        QTest::keyClick(window.form.get(), Qt::Key_Tab, Qt::ControlModifier);
-        QVERIFY(window.windows.topics.isEmpty() && window.frame->sstFz->currentIndex() == 0);
-        window.goOn(2);
-        QTRY_VERIFY(window.ended);
+        window_->goOn(1);
+        QTRY_COMPARE(window_->line(), u"1 / 3 张"_s);
+        QCOMPARE(window_->find<QProgressBar>(u"prg2"_s)->value(), 33);
+        window_->click(u"cmdBz"_s);
+        QTest::mouseClick(window_->frame->sstFz->tabBar(), Qt::LeftButton, {}, QPoint(100, 10));
+        QTest::keyClick(window_->form.get(), Qt::Key_Tab, Qt::ControlModifier);
+        QVERIFY(window_->windows.topics.isEmpty() && window_->frame->sstFz->currentIndex() == 0);
+        window_->goOn(2);
+        QTRY_VERIFY(window_->ended);
         QCOMPARE(grid->cellText(59, 0), u"60"_s);
-        QVERIFY(!window.find(u"prg2"_s)->isVisible() && !window.find(u"cmdTz"_s)->isVisible());
+        QVERIFY(!window_->find(u"prg2"_s)->isVisible() && !window_->find(u"cmdTz"_s)->isVisible());
         // The outcome stays until the next action.
-        QCOMPARE(window.line(), u"已录入 3 张"_s);
-        window.click(u"cmdBz"_s);
-        QCOMPARE(window.windows.topics.size(), 1);
-        QCOMPARE(window.line(), QString());
+        QCOMPARE(window_->line(), u"已录入 3 张"_s);
+        window_->click(u"cmdBz"_s);
+        QCOMPARE(window_->windows.topics.size(), 1);
+        QCOMPARE(window_->line(), QString());
     }
 
     /// Only a step that takes long is seen, and its outcome is told by others.
     void aStep() {
         for (const bool isLong : {false, true}) {
-            RunForm window;
-            window.startStep();
-            QVERIFY(!window.find(u"cmdTz"_s)->isVisible());
-            if (isLong) QTRY_VERIFY(window.find(u"cmdTz"_s)->isVisible() && !window.find(u"prg2"_s)->isVisible());
-            window.goOn(RunForm::things);
-            QTRY_VERIFY(window.ended);
-            QVERIFY(!window.find(u"cmdTz"_s)->isVisible());
-            QCOMPARE(window.line(), QString());
+            init();
+            window_->startStep();
+            QVERIFY(!window_->find(u"cmdTz"_s)->isVisible());
+            if (isLong) QTRY_VERIFY(window_->find(u"cmdTz"_s)->isVisible() && !window_->find(u"prg2"_s)->isVisible());
+            window_->goOn(RunForm::things);
+            QTRY_VERIFY(window_->ended);
+            QVERIFY(!window_->find(u"cmdTz"_s)->isVisible());
+            QCOMPARE(window_->line(), QString());
         }
     }
 
-    void stops_data() {
-        QTest::addColumn<bool>("byKey");
-        QTest::addColumn<int>("before");
-        QTest::newRow("click, first one") << false << 0;
-        QTest::newRow("Esc, first one") << true << 0;
-        QTest::newRow("click, last one") << false << RunForm::things - 1;
-        QTest::newRow("Esc, last one") << true << RunForm::things - 1;
-    }
     void stops() {
-        QFETCH(bool, byKey);
-        QFETCH(int, before);
-        RunForm window;
-        window.start();
-        window.goOn(before);
-        QTRY_COMPARE(window.line(), before == 0 ? QString() : u"%1 / 3 张"_s.arg(before));
-        if (byKey)
-            QTest::keyClick(window.form.get(), Qt::Key_Escape);
-        else
-            window.click(u"cmdTz"_s);
-        QCOMPARE(window.line(), u"正在停止…"_s);
-        QVERIFY(!window.find(u"cmdTz"_s)->isEnabled());
-        window.goOn(1);
-        QTRY_VERIFY(window.ended);
-        QCOMPARE(int(window.ended->items.size()), before + 1);
-        QCOMPARE(window.line(), u"已停止，已录入 %1 张"_s.arg(before + 1));
-        // The next run is not stopped.
-        window.ended.reset();
-        window.start();
-        QVERIFY(window.find(u"cmdTz"_s)->isEnabled());
-        window.goOn(RunForm::things);
-        QTRY_VERIFY(window.ended && !window.ended->stopped);
+        const std::tuple<bool, int> cases[] = {
+            {false, 0}, {true, 0}, {false, RunForm::things - 1}, {true, RunForm::things - 1}};
+        for (const auto& [byKey, before] : cases) {
+            init();
+            window_->start();
+            window_->goOn(before);
+            QTRY_COMPARE(window_->line(), before == 0 ? QString() : u"%1 / 3 张"_s.arg(before));
+            if (byKey)
+                QTest::keyClick(window_->form.get(), Qt::Key_Escape);
+            else
+                window_->click(u"cmdTz"_s);
+            QCOMPARE(window_->line(), u"正在停止…"_s);
+            QVERIFY(!window_->find(u"cmdTz"_s)->isEnabled());
+            window_->goOn(1);
+            QTRY_VERIFY(window_->ended);
+            QCOMPARE(int(window_->ended->items.size()), before + 1);
+            QCOMPARE(window_->line(), u"已停止，已录入 %1 张"_s.arg(before + 1));
+            // The next run is not stopped.
+            window_->ended.reset();
+            window_->start();
+            QVERIFY(window_->find(u"cmdTz"_s)->isEnabled());
+            window_->goOn(RunForm::things);
+            QTRY_VERIFY(window_->ended && !window_->ended->stopped);
+        }
     }
 
     void closingAsks_data() {
@@ -162,118 +153,112 @@ class TestRunBar : public QObject {
     }
     void closingAsks() {
         QFETCH(QString, way);
-        RunForm window;
-        window.start();
+        window_->start();
         const auto close = [&] {
             if (way == u"X"_s)
-                window.form->close();
+                window_->form->close();
             else
-                window.click(way);
+                window_->click(way);
         };
         const auto isLeft = [&] {
-            return window.windows.ended || window.windows.handedTo || !window.form->isVisible();
+            return window_->windows.ended || !window_->windows.handedTo.isEmpty() || !window_->form->isVisible();
         };
         close();
-        QCOMPARE(window.boxes.size(), 1);
-        QCOMPARE(window.boxes[0].answers, (QStringList{u"停止并关闭"_s, u"继续"_s}));
-        QVERIFY(window.boxes[0].onEnter == 1 && window.boxes[0].onEscape == 1);
-        QVERIFY(window.frame->runBar.isAtWork() && window.line() != u"正在停止…"_s);
-        window.answerBox = [](const BoxText&) { return 0; };
+        QCOMPARE(window_->boxes.size(), 1);
+        QCOMPARE(window_->boxes[0].answers, (QStringList{u"停止并关闭"_s, u"继续"_s}));
+        QVERIFY(window_->boxes[0].onEnter == 1 && window_->boxes[0].onEscape == 1);
+        QVERIFY(window_->frame->runBar.isAtWork() && window_->line() != u"正在停止…"_s);
+        window_->answerBox = [](const BoxText&) { return 0; };
         close();
-        QCOMPARE(window.line(), u"正在停止…"_s);
+        QCOMPARE(window_->line(), u"正在停止…"_s);
         QVERIFY(!isLeft());
-        window.goOn(1);
+        window_->goOn(1);
         QTRY_VERIFY(isLeft());
-        QVERIFY(window.ended && window.ended->stopped);
+        QVERIFY(window_->ended && window_->ended->stopped);
     }
 
     /// What follows a run is never done inside the handler that asks about it.
     void theRunEndsBehindTheQuestion() {
-        RunForm window;
-        window.start();
-        window.answerBox = [&](const BoxText&) {
-            window.goOn(RunForm::things);
-            while (!window.hasEnded) std::this_thread::yield();
+        window_->start();
+        window_->answerBox = [&](const BoxText&) {
+            window_->goOn(RunForm::things);
+            while (!window_->hasEnded) std::this_thread::yield();
             for (int i = 0; i < 10; ++i) QTest::qWait(1);
-            return window.ended ? -1 : 0;
+            return window_->ended ? -1 : 0;
         };
-        window.click(u"cmdGl"_s);
-        QTRY_VERIFY(window.windows.ended);
-        QCOMPARE(window.ended->items.size(), std::size_t(RunForm::things));
+        window_->click(u"cmdGl"_s);
+        QTRY_VERIFY(window_->windows.ended);
+        QCOMPARE(window_->ended->items.size(), std::size_t(RunForm::things));
     }
 
     void theWindowIsLeftBehindTheReport() {
-        RunForm window;
-        window.frame->runBar.start(
+        window_->frame->runBar.start(
             {{5000, 50, 2000, 285}}, {u"录入"_s},
             [&](RunWatch& watch) {
-                window.steps.acquire();
+                window_->steps.acquire();
                 return RunReport{.items = {{0, u"1.jpg"_s, Fate::failed, u"坏了"_s}}, .stopped = !watch.progress({})};
             },
-            [&](const RunReport& report) { window.frame->runBar.tellReport(report, {u"录入"_s}, {}); });
-        window.answerBox = [](const BoxText&) { return 0; };
-        window.click(u"cmdGl"_s);
-        window.goOn(1);
-        const auto report = [&] { return window.form->findChild<QDialog*>(u"frmBg"_s); };
+            [&](const RunReport& report) { window_->frame->runBar.tellReport(report, {u"录入"_s}, {}); });
+        window_->answerBox = [](const BoxText&) { return 0; };
+        window_->click(u"cmdGl"_s);
+        window_->goOn(1);
+        const auto report = [&] { return window_->form->findChild<QDialog*>(u"frmBg"_s); };
         QTRY_VERIFY(report() != nullptr && report()->isVisible());
         for (int i = 0; i < 10; ++i) QTest::qWait(1);
-        QVERIFY(!window.windows.ended);
+        QVERIFY(!window_->windows.ended);
         QCOMPARE(lastFailures()[0].what, u"1.jpg：坏了"_s);
         QTest::keyClick(report(), Qt::Key_Escape);
-        QTRY_VERIFY(window.windows.ended);
+        QTRY_VERIFY(window_->windows.ended);
     }
 
     /// No handler runs inside another one.
     void theWindowIsLeftBehindAnErrorBox() {
-        RunForm window;
-        window.frame->runBar.start(
+        window_->frame->runBar.start(
             {{5000, 50, 2000, 285}}, {u"录入"_s},
             [&](RunWatch&) {
-                window.steps.acquire();
+                window_->steps.acquire();
                 return RunReport();
             },
             [](const RunReport&) { throw Error(u"坏了。"_s); });
         bool wasLeft = false;
-        window.answerBox = [&](const BoxText& box) {
+        window_->answerBox = [&](const BoxText& box) {
             if (box.answers.size() > 1) return 0;
             for (int i = 0; i < 10; ++i) QTest::qWait(1);
-            wasLeft = window.windows.ended;
+            wasLeft = window_->windows.ended;
             return 0;
         };
-        window.click(u"cmdGl"_s);
-        window.goOn(1);
-        QTRY_VERIFY(window.windows.ended);
+        window_->click(u"cmdGl"_s);
+        window_->goOn(1);
+        QTRY_VERIFY(window_->windows.ended);
         QVERIFY(!wasLeft);
-        QCOMPARE(window.boxes.last().text, u"坏了。"_s);
+        QCOMPARE(window_->boxes.last().text, u"坏了。"_s);
     }
 
     void nothingIsAskedAfterTheStop() {
-        RunForm window;
         std::optional<bool> passes;
-        window.frame->runBar.start(
+        window_->frame->runBar.start(
             {{5000, 50, 2000, 285}}, {u"录入"_s},
             [&](RunWatch& watch) {
-                window.steps.acquire();
+                window_->steps.acquire();
                 passes = watch.passesOver({0, u"1"_s, Fate::failed, u"坏了。"_s});
                 return RunReport();
             },
-            [&](const RunReport& report) { window.ended = report; });
-        window.click(u"cmdTz"_s);
-        window.goOn(1);
-        QTRY_VERIFY(window.ended);
+            [&](const RunReport& report) { window_->ended = report; });
+        window_->click(u"cmdTz"_s);
+        window_->goOn(1);
+        QTRY_VERIFY(window_->ended);
         QCOMPARE(passes, std::optional(true));
-        QVERIFY(window.boxes.isEmpty());
+        QVERIFY(window_->boxes.isEmpty());
     }
 
     void aRunThatCannotBegin() {
-        RunForm window;
-        window.frame->runBar.start(
+        window_->frame->runBar.start(
             {{5000, 50, 2000, 285}}, {u"录入"_s}, [](RunWatch&) -> RunReport { throw Error(u"坏了。"_s); },
-            [&](const RunReport& report) { window.ended = report; });
-        QTRY_VERIFY(window.ended);
-        QCOMPARE(window.ended->failure, u"坏了。"_s);
+            [&](const RunReport& report) { window_->ended = report; });
+        QTRY_VERIFY(window_->ended);
+        QCOMPARE(window_->ended->failure, u"坏了。"_s);
         QCOMPARE(lastFailures()[0].what, u"坏了。"_s);
-        QCOMPARE(window.line(), u"因失败而停止，已录入 0 张"_s);
+        QCOMPARE(window_->line(), u"因失败而停止，已录入 0 张"_s);
     }
 };
 

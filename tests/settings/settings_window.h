@@ -1,10 +1,10 @@
 #pragma once
 
 #include "../support/found.h"
+#include "../support/recording_windows.h"
 #include "../support/run_end.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/album_rules.h"
-#include "catalogue/mektp.h"
 #include "platform/desktop/data_control.h"
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/grid.h"
@@ -14,34 +14,12 @@
 #include "platform/desktop/tab_control.h"
 #include "platform/desktop/text_box.h"
 #include "start/settings_window.h"
-#include "windows/windows.h"
 
-#include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>
-
-/// Remembers what a window asked of the program.
-class RecordingWindows : public Windows {
-  public:
-    void handOver(WindowKind, WindowKind to) override { handedTo = to; }
-    void takeIn(const QString&, const PictureOffer&) override {}
-    void show(WindowKind) override {}
-    void unload(WindowKind) override {}
-    void coloursChanged() override {}
-    void tryColours(const ColourScheme&) override {}
-    void showHelp(const QString& topic) override { topics << topic; }
-    void endProgram() override { ended = true; }
-
-    QStringList topics;
-    bool ended = false;
-    std::optional<WindowKind> handedTo;
-};
 
 /// Changes one column of the first row of a SELECT.
 inline void putValue(const QString& source, const QString& column, const FieldValue& value) {
-    Recordset row = mekTp::catalogue.OpenRecordset(source);
-    row.Edit();
-    row.Fields(column).SetValue(value);
-    row.Update();
+    changeRow(source, {{column, value}});
 }
 
 /// The texts of a column, Nulls empty.
@@ -64,12 +42,7 @@ inline bool hasTable(const QString& table) {
 inline void addAlbum(int number, const QString& table, const QString& title) {
     using namespace Qt::Literals::StringLiterals;
     mekTp::catalogue.Execute(createAlbumSql(table));
-    Recordset rows = mekTp::catalogue.OpenRecordset(u"tcbm"_s);
-    rows.AddNew();
-    rows.Fields(u"序号"_s).SetValue(number);
-    rows.Fields(u"表名"_s).SetValue(table);
-    rows.Fields(u"标题"_s).SetValue(title);
-    rows.Update();
+    addRow(u"tcbm"_s, {{u"序号"_s, number}, {u"表名"_s, table}, {u"标题"_s, title}});
 }
 
 inline QStringList linesOf(const ListBox& list) {

@@ -1,27 +1,21 @@
 #include "start/damage_notice.h"
 
 #include "../support/failure_of.h"
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "platform/desktop/message_box.h"
 #include "settings/backup/backup_files.h"
 #include "start/ways_out.h"
 
-#include <QtTest/QtTest>
 #include <thread>
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
-class TestDamageNotice : public QObject {
+class TestDamageNotice : public SampleTest {
     Q_OBJECT
 
   private Q_SLOTS:
     void wayBackIsNamed() {
-        SampleCatalogue sample;
-        const QString backup = sample.file(u"备份 it's/lunq.mdb"_s), script = restoreScriptPath(backup);
+        const QString backup = sample_->file(u"备份 it's/lunq.mdb"_s), script = restoreScriptPath(backup);
         QVERIFY(rescueOfCatalogue().backup.isEmpty());
         const QString bare = damageText(rescueOfCatalogue());
         QVERIFY(bare.contains(mekTp::cataloguePath()) && bare.contains(u"备份路径没有设置"_s));
@@ -47,14 +41,12 @@ class TestDamageNotice : public QObject {
         QVERIFY(QFile::remove(script));
         QVERIFY(damageText(rescueOfCatalogue()).contains(u"那一份复制到“"_s + mekTp::cataloguePath()));
         QVERIFY(!damageText(rescueOfCatalogue()).contains(journal));
-        QFile left(journal);
-        QVERIFY(left.open(QIODevice::WriteOnly) && left.write("the way back") > 0 && left.flush());
+        writeFile(journal, "the way back");
         QVERIFY(damageText(rescueOfCatalogue()).contains(u"旁边的“%1”与损坏的文件一起移走"_s.arg(journal)));
     }
 
     /// Whoever goes on reading changes nothing any more, in no thread, until the file is opened anew.
     void readerChangesNothing() {
-        SampleCatalogue sample;
         QStringList answers;
         chooseInBoxesWith([&](const BoxText& box) {
             answers = box.answers;
@@ -77,23 +69,18 @@ class TestDamageNotice : public QObject {
     }
 
     void onlyOurOwnKindIsLookedThrough() {
-        SampleCatalogue sample;
         QVERIFY(isCatalogueCheckable());
         mekTp::catalogue = {};
         QVERIFY(isCatalogueCheckable());
         for (const auto& [content, isChecked] :
              {std::pair{QByteArray("\0\1\0\0", 4) + "Standard Jet DB and a password", false},
               {QByteArray("xxx"), true}}) {
-            QFile file(mekTp::cataloguePath());
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
-            file.close();
+            writeFile(mekTp::cataloguePath(), content);
             QCOMPARE(isCatalogueCheckable(), isChecked);
         }
     }
 };
 
 const Registered<TestDamageNotice> registered;
-
-}  // namespace
 
 #include "damage_notice_test.moc"

@@ -1,15 +1,11 @@
 #include "start/first_catalogue.h"
 
 #include "../support/run_all.h"
+#include "../support/test_files.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
 
-#include <QTemporaryDir>
-#include <QtTest/QtTest>
-
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
 
 /// The shipped catalogue comes where none is, and never in the place of another one.
 class TestFirstCatalogue : public QObject {
@@ -17,14 +13,9 @@ class TestFirstCatalogue : public QObject {
 
     std::unique_ptr<QTemporaryDir> folder_;
 
-    void write(const QString& name, const QByteArray& bytes) const {
-        QFile file(folder_->filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) qFatal("cannot write");
-    }
-    QByteArray catalogue() const {
-        QFile file(folder_->filePath(u"lunq.mdb"_s));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
-    }
+    QString file(const QString& name) const { return folder_->filePath(name); }
+    void write(const QString& name, const QByteArray& bytes) const { writeFile(file(name), bytes); }
+    QByteArray catalogue() const { return contentOf(file(u"lunq.mdb"_s), "(none)"); }
 
   private Q_SLOTS:
     void init() {
@@ -36,11 +27,11 @@ class TestFirstCatalogue : public QObject {
     void cleanup() { setProgramFolder({}); }
 
     void comesWhereNoneIs() {
-        QFile::setPermissions(folder_->filePath(u"fresh/lunq.mdb"_s), QFile::ReadOwner);
+        QFile::setPermissions(file(u"fresh/lunq.mdb"_s), QFile::ReadOwner);
         write(u"lunq.mdb.part"_s, "somebody's");
         placeFirstCatalogue();
         QCOMPARE(catalogue(), QByteArray("fresh"));
-        QVERIFY(QFileInfo(folder_->filePath(u"lunq.mdb"_s)).permissions() & QFile::WriteOwner);
+        QVERIFY(QFileInfo(file(u"lunq.mdb"_s)).permissions() & QFile::WriteOwner);
         QCOMPARE(QDir(folder_->path()).entryList(QDir::Files), (QStringList{u"lunq.mdb"_s, u"lunq.mdb.part"_s}));
     }
 
@@ -51,10 +42,10 @@ class TestFirstCatalogue : public QObject {
     }
 
     void leavesALinkToAnotherDiskThatIsNotMounted() {
-        QVERIFY(QFile::link(folder_->filePath(u"away/lunq.mdb"_s), folder_->filePath(u"lunq.mdb"_s)));
+        QVERIFY(QFile::link(file(u"away/lunq.mdb"_s), file(u"lunq.mdb"_s)));
         placeFirstCatalogue();
-        QVERIFY(QFileInfo(folder_->filePath(u"lunq.mdb"_s)).isSymLink());
-        QVERIFY(!QFile::exists(folder_->filePath(u"away/lunq.mdb"_s)));
+        QVERIFY(QFileInfo(file(u"lunq.mdb"_s)).isSymLink());
+        QVERIFY(!QFile::exists(file(u"away/lunq.mdb"_s)));
     }
 
     void staysAwayFromAJournal() {
@@ -67,14 +58,12 @@ class TestFirstCatalogue : public QObject {
     }
 
     void needsNoShippedOne() {
-        QVERIFY(QFile::remove(folder_->filePath(u"fresh/lunq.mdb"_s)));
+        QVERIFY(QFile::remove(file(u"fresh/lunq.mdb"_s)));
         placeFirstCatalogue();
         QCOMPARE(catalogue(), QByteArray("(none)"));
     }
 };
 
 const Registered<TestFirstCatalogue> registered;
-
-}  // namespace
 
 #include "first_catalogue_test.moc"

@@ -2,9 +2,7 @@
 
 #include "../platform/database/jet_files.h"
 #include "../support/disk_faults.h"
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "platform/base/file_lock.h"
 #include "platform/desktop/message_box.h"
 #include "start/start_up.h"
@@ -13,20 +11,15 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTableView>
-#include <QTimer>
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
 /// The start of the program beside a catalogue of an older format. Boxes get answers in their turn; the window of the
 /// report is closed by its button.
-class TestOldCatalogue : public QObject {
+class TestOldCatalogue : public SampleTest {
     Q_OBJECT
 
     std::unique_ptr<JetFiles> jets_;
-    std::unique_ptr<SampleCatalogue> sample_;
     QTimer hand_;
     QStringList answers_, said_, reported_;
     bool losesRights_ = false;  ///< With the first box.
@@ -45,8 +38,7 @@ class TestOldCatalogue : public QObject {
     void put(const QList<jet::Table>& tables) { put(jet::database(tables)); }
     void put(const QByteArray& old) {
         old_ = old;
-        QFile catalogue(file(u"lunq.mdb"_s));
-        QVERIFY(catalogue.open(QIODevice::WriteOnly) && catalogue.write(old_) == old_.size());
+        writeFile(file(u"lunq.mdb"_s), old);
     }
 
     static QList<jet::Table> tables() {
@@ -70,7 +62,7 @@ class TestOldCatalogue : public QObject {
   private Q_SLOTS:
     void init() {
         jets_ = std::make_unique<JetFiles>();
-        sample_ = std::make_unique<SampleCatalogue>();
+        SampleTest::init();
         mekTp::catalogue = {};
         QVERIFY(QDir(sample_->folder()).mkdir(u"fresh"_s));
         QVERIFY(QFile::rename(file(u"lunq.mdb"_s), file(u"fresh/lunq.mdb"_s)));
@@ -95,7 +87,7 @@ class TestOldCatalogue : public QObject {
         user_.reset();
         mekTp::catalogue = {};
         mekTp::setCataloguePath({});
-        sample_.reset();
+        SampleTest::cleanup();
         jets_.reset();
     }
 
@@ -104,7 +96,7 @@ class TestOldCatalogue : public QObject {
         QVERIFY2(said_.value(0).contains(u"旧版的像册") && said_[0].contains(u"lunq-旧.mdb"),
                  qPrintable(said_.value(0)));
         QCOMPARE(files(), QStringList(u"lunq.mdb"_s));
-        QCOMPARE(JetFiles::content(file(u"lunq.mdb"_s)), old_);
+        QCOMPARE(contentOf(file(u"lunq.mdb"_s)), old_);
 
         answers_ = QStringList{u"转换"_s};
         {
@@ -119,7 +111,7 @@ class TestOldCatalogue : public QObject {
             mekTp::catalogue = {};
         }
         QCOMPARE(files(), (QStringList{u"lunq-旧.mdb"_s, u"lunq.mdb"_s}));
-        QCOMPARE(JetFiles::content(file(u"lunq-旧.mdb"_s)), old_);
+        QCOMPARE(contentOf(file(u"lunq-旧.mdb"_s)), old_);
         said_.clear();
         QVERIFY(StartUp().isReady());
         QCOMPARE(said_, QStringList());
@@ -165,8 +157,7 @@ class TestOldCatalogue : public QObject {
             {u"lunq.mdb-journal"_s,
              [this] {
                  jets_->write(u"x"_s, {});
-                 QFile journal(file(u"lunq.mdb-journal"_s));
-                 QVERIFY(journal.open(QIODevice::WriteOnly) && journal.write("way back") > 0);
+                 writeFile(file(u"lunq.mdb-journal"_s), "way back");
              }},
         };
         for (const auto& [reason, arrange] : cases) {
@@ -176,7 +167,7 @@ class TestOldCatalogue : public QObject {
             QVERIFY(!StartUp().isReady());
             QCOMPARE(said_.size(), 3);
             QVERIFY2(said_[1].contains(reason), qPrintable(said_[1]));
-            QCOMPARE(JetFiles::content(file(u"lunq.mdb"_s)), old_);
+            QCOMPARE(contentOf(file(u"lunq.mdb"_s)), old_);
         }
     }
 
@@ -191,7 +182,7 @@ class TestOldCatalogue : public QObject {
         QVERIFY(QFile::setPermissions(sample_->folder(), QFile::Permissions(0x7777)));
         QVERIFY2(said_.value(1).contains(u"不能写入，不能转换"), qPrintable(said_.value(1)));
         QCOMPARE(files().filter(u"lunq-"_s), QStringList());  // but the lock, which cannot be removed either
-        QCOMPARE(JetFiles::content(file(u"lunq.mdb"_s)), old_);
+        QCOMPARE(contentOf(file(u"lunq.mdb"_s)), old_);
     }
 
     /// By the button, in a catalogue that takes long enough.
@@ -213,7 +204,7 @@ class TestOldCatalogue : public QObject {
         QVERIFY(!StartUp().isReady());
         QCOMPARE(said_.size(), 2);  // the question, twice
         QCOMPARE(files(), QStringList(u"lunq.mdb"_s));
-        QCOMPARE(JetFiles::content(file(u"lunq.mdb"_s)), old_);
+        QCOMPARE(contentOf(file(u"lunq.mdb"_s)), old_);
     }
 
     void finishedConversionTakesItsPlace() {
@@ -232,7 +223,5 @@ class TestOldCatalogue : public QObject {
 };
 
 const Registered<TestOldCatalogue> registered;
-
-}  // namespace
 
 #include "old_catalogue_test.moc"

@@ -1,17 +1,13 @@
 #include "start/single_copy.h"
 
 #include "../support/run_all.h"
+#include "../support/test_files.h"
 #include "platform/base/file_lock.h"
 
 #include <dlfcn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <QProcess>
-#include <QSysInfo>
-#include <QTemporaryDir>
-#include <QtTest/QtTest>
-#include <functional>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -32,11 +28,6 @@ extern "C" int flock(int file, int operation) noexcept {
 
 namespace {
 
-void write(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) qFatal("cannot write");
-}
-
 QString ownName() {
     return QFileInfo(QCoreApplication::applicationFilePath()).fileName();
 }
@@ -55,7 +46,7 @@ class TestSingleCopy : public QObject {
   private Q_SLOTS:
     void init() {
         folder_ = std::make_unique<QTemporaryDir>();
-        write(file(u"lunq.mdb"_s), "catalogue");
+        writeFile(file(u"lunq.mdb"_s), "catalogue");
     }
 
     void secondCopyIsNoticed() {
@@ -86,7 +77,7 @@ class TestSingleCopy : public QObject {
         SingleCopy first(file(u"lunq.mdb"_s), file(u"lunq.lock"_s));
         QVERIFY(first.isOnly());
         for (const char* const content : {"placed", "a backup in its place"}) {
-            write(file(u"new"_s), content);
+            writeFile(file(u"new"_s), content);
             QCOMPARE(::rename(qPrintable(file(u"new"_s)), qPrintable(file(u"lunq.mdb"_s))), 0);
             QVERIFY(first.isOnly());
             FileLock second;
@@ -98,7 +89,7 @@ class TestSingleCopy : public QObject {
     void catalogueThatIsReplacedMeanwhileIsLocked() {
         bool isReplaced = false;
         beforeNextLock = [&] {
-            write(file(u"new"_s), "a backup in its place");
+            writeFile(file(u"new"_s), "a backup in its place");
             isReplaced = ::rename(qPrintable(file(u"new"_s)), qPrintable(file(u"lunq.mdb"_s))) == 0;
         };
         SingleCopy copy(file(u"lunq.mdb"_s), file(u"lunq.lock"_s));
@@ -109,7 +100,7 @@ class TestSingleCopy : public QObject {
     void replacedCatalogueIsStillTaken() {
         SingleCopy first(file(u"lunq.mdb"_s), file(u"lunq.lock"_s));
         QVERIFY(first.isOnly());
-        write(file(u"new"_s), "a backup in its place");
+        writeFile(file(u"new"_s), "a backup in its place");
         QCOMPARE(::rename(qPrintable(file(u"new"_s)), qPrintable(file(u"lunq.mdb"_s))), 0);
         QVERIFY(!SingleCopy(file(u"lunq.mdb"_s), file(u"lunq.lock"_s)).isOnly());
         QVERIFY(first.isOnly());
@@ -125,7 +116,7 @@ class TestSingleCopy : public QObject {
         const QString here = QSysInfo::machineHostName();
         for (const QByteArray& left : {lockOf(own, ownName(), u"elsewhere"_s), lockOf(0x3fffffff, ownName(), here),
                                        lockOf(own, ownName(), here), lockOf(own, u"another"_s, here), QByteArray()}) {
-            write(file(u"lunq.lock"_s), left);
+            writeFile(file(u"lunq.lock"_s), left);
             SingleCopy copy(file(u"lunq.mdb"_s), file(u"lunq.lock"_s));
             QVERIFY2(copy.isOnly(), left.constData());
             SingleCopy second(file(u"lunq.mdb"_s), file(u"lunq.lock"_s));
@@ -147,7 +138,7 @@ class TestSingleCopy : public QObject {
         QProcess script;
         script.start(u"sleep"_s, {u"60"_s});
         QVERIFY(script.waitForStarted());
-        write(file(u"lunq.lock"_s), lockOf(script.processId(), u"sleep"_s, QSysInfo::machineHostName()));
+        writeFile(file(u"lunq.lock"_s), lockOf(script.processId(), u"sleep"_s, QSysInfo::machineHostName()));
         SingleCopy copy(file(u"lunq.mdb"_s), file(u"lunq.lock"_s));
         QVERIFY(!copy.isOnly());
         script.kill();
@@ -175,7 +166,7 @@ class TestSingleCopy : public QObject {
         const auto back = qScopeGuard([] { seteuid(getuid()); });
         QTemporaryDir folder;
         const QString path = folder.filePath(u"lunq.mdb"_s);
-        write(path, "catalogue");
+        writeFile(path, "catalogue");
         auto writer = std::make_unique<FileLock>();
         QCOMPARE(writer->take(path), FileLock::Outcome::taken);
         QVERIFY(QFile::setPermissions(path, QFile::ReadOwner));

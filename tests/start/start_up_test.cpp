@@ -1,11 +1,8 @@
 #include "start/start_up.h"
 
 #include "../support/disk_faults.h"
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "jet_maker/jet_maker.h"
-#include "platform/base/files.h"
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/message_box.h"
 #include "start/program.h"
@@ -16,25 +13,13 @@
 
 #include <QApplication>
 #include <QPushButton>
-#include <QTimer>
 #include <QWidget>
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
 const QString chooses = u"选择其他像册…"_s, leaves = u"退出"_s, rescues = u"取出完好的部分"_s, restores = u"恢复…"_s;
-
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void write(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) qFatal("cannot write");
-}
 
 QString runOn(const QString& path, const char* sql) {
     SQLite::Database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec(sql);
@@ -48,10 +33,9 @@ QWidget* mainWindow() {
 }
 
 /// The program from its start to its first window, with the answers that boxes get in their turn.
-class TestStartUp : public QObject {
+class TestStartUp : public SampleTest {
     Q_OBJECT
 
-    std::unique_ptr<SampleCatalogue> sample_;
     QStringList said_, answers_, files_;
 
     QString catalogue() const { return sample_->file(u"lunq.mdb"_s); }
@@ -75,7 +59,7 @@ class TestStartUp : public QObject {
 
   private Q_SLOTS:
     void init() {
-        sample_ = std::make_unique<SampleCatalogue>();
+        SampleTest::init();
         changeRow(u"tcsz"_s, {{u"像册标题"_s, u"我的像册"_s}});
         mekTp::catalogue = {};
         QVERIFY(QFile::copy(catalogue(), file(u"good.mdb"_s)));
@@ -97,13 +81,13 @@ class TestStartUp : public QObject {
         chooseInBoxesWith({});
         answerFileDialogsWith({});
         mekTp::setCataloguePath({});
-        sample_.reset();
+        SampleTest::cleanup();
     }
 
     /// A copy that was being prepared is in nobody's way; a proved one takes the place that was made for it.
     void killedRestoreComesToItsEnd() {
         const QString prepared = file(u"lunq.mdb.restore"_s);
-        write(prepared, contentOf(catalogue()).first(20'000));
+        writeFile(prepared, contentOf(catalogue()).first(20'000));
         QCOMPARE(titleAfterStart(), u" 我的像册"_s);
         QVERIFY(!QFileInfo::exists(prepared));
         QVERIFY(QFile::rename(catalogue(), prepared));
@@ -121,7 +105,7 @@ class TestStartUp : public QObject {
 
     void everyObstacleIsTold() {
         const QByteArray good = contentOf(catalogue());
-        const auto put = [&](const QByteArray& bytes) { write(catalogue(), bytes); };
+        const auto put = [&](const QByteArray& bytes) { writeFile(catalogue(), bytes); };
         const std::pair<QString, std::function<void()>> cases[] = {
             {u"由更新的版本建立"_s, [&] { put(good), runOn(catalogue(), "PRAGMA user_version = 99"); }},
             {u"它是其他软件的数据库"_s,
@@ -155,7 +139,7 @@ class TestStartUp : public QObject {
 
     void passwordIsTold() {
         const jet::Table table{u"tc01"_s, {{u"序号"_s, jet::Type::longInteger}}, {{1}}};
-        write(catalogue(), jet::database({table}, {jet::Version::jet4, 936, u"p"_s}));
+        writeFile(catalogue(), jet::database({table}, {jet::Version::jet4, 936, u"p"_s}));
         QCOMPARE(titleAfterStart(), u"(ended)"_s);
         QVERIFY2(said_.value(0).contains(u"密码"), qPrintable(said_.value(0)));
     }
@@ -170,8 +154,8 @@ class TestStartUp : public QObject {
 
     /// What is chosen is looked at like the first one; a dialog that is cancelled leads back to the question.
     void chosenFileIsLookedAtToo() {
-        write(catalogue(), "spoilt");
-        write(file(u"also.mdb"_s), "spoilt too");
+        writeFile(catalogue(), "spoilt");
+        writeFile(file(u"also.mdb"_s), "spoilt too");
         answers_ = QStringList{chooses, chooses, chooses, leaves};
         files_ = QStringList{QString(), file(u"also.mdb"_s), QString()};
         QCOMPARE(titleAfterStart(), u"(ended)"_s);
@@ -185,7 +169,7 @@ class TestStartUp : public QObject {
         QVERIFY(QDir(sample_->folder()).mkdir(u"elsewhere"_s));
         const QString other = file(u"elsewhere/album.mdb"_s), lock = file(u"elsewhere/lunq.lock"_s);
         QVERIFY(QFile::copy(file(u"good.mdb"_s), other));
-        write(catalogue(), "spoilt");
+        writeFile(catalogue(), "spoilt");
         auto first = std::make_unique<SingleCopy>(other, lock);
         QVERIFY(first->isOnly());
         answers_ = QStringList{chooses, chooses, leaves};
@@ -212,7 +196,7 @@ class TestStartUp : public QObject {
         QByteArray bytes = contentOf(catalogue());
         bytes.replace(16 + 5, 3,
                       QByteArray(3, '\xff'));  // fractions of the payload: the engine takes it for no database
-        write(catalogue(), bytes);
+        writeFile(catalogue(), bytes);
         answers_ = QStringList{rescues, leaves};
         QCOMPARE(titleAfterStart(), u"(ended)"_s);
         QVERIFY2(said_.value(1).contains(u"没有能读取的"), qPrintable(said_.value(1)));
@@ -232,7 +216,7 @@ class TestStartUp : public QObject {
     }
 
     void backupIsRestoredAtTheStart() {
-        write(catalogue(), "spoilt");
+        writeFile(catalogue(), "spoilt");
         QVERIFY(QFile::copy(file(u"good.mdb"_s), file(u"lunq-2026-11-22-1645.mdb"_s)));
         QTimer hand;
         connect(&hand, &QTimer::timeout, this, [] {

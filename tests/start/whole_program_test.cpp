@@ -1,17 +1,9 @@
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "platform/base/file_lock.h"
 
 #include <unistd.h>
 
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QtTest/QtTest>
-
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
 
 /// The program itself, beside a catalogue in a folder of its own; a hand works in it (see working_hand.cpp).
 class TestWholeProgram : public QObject {
@@ -106,7 +98,5 @@ class TestWholeProgram : public QObject {
 };
 
 const Registered<TestWholeProgram> registered;
-
-}  // namespace
 
 #include "whole_program_test.moc"

@@ -1,7 +1,6 @@
 #include "run_all.h"
 
 #include <QApplication>
-#include <QtTest/QtTest>
 #include <algorithm>
 #include <cstdio>
 #include <memory>

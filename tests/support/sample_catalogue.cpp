@@ -2,23 +2,14 @@
 
 #include "catalogue/album_rules.h"
 #include "catalogue/fixed_tables.h"
-#include "catalogue/mektp.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
 
-#include <QBuffer>
-#include <QFile>
 #include <QImageWriter>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-void addRow(Recordset& table, const RowValues& values) {
-    table.AddNew();
-    for (const auto& [column, value] : values) table.Fields(column).SetValue(value);
-    table.Update();
-}
 
 QColor colourOf(int number) {
     return QColor::fromHsv(number * 67 % 360, 200, 220);
@@ -134,9 +125,7 @@ void addRow(const QString& table, const RowValues& values) {
 
 void changeRow(const QString& source, const RowValues& values) {
     Recordset records = mekTp::catalogue.OpenRecordset(source);
-    records.Edit();
-    for (const auto& [column, value] : values) records.Fields(column).SetValue(value);
-    records.Update();
+    changeRow(records, values);
 }
 
 FieldValue fieldOf(const QString& source, const QString& column) {
@@ -153,7 +142,5 @@ QByteArray pictureBytes(QSize pixels, const QColor& colour, const char* format) 
 }
 
 void writePicture(const QString& path, QSize pixels, const QColor& colour, const char* format) {
-    const QByteArray bytes = pictureBytes(pixels, colour, format);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) throw Error(file.errorString());
+    writeFile(path, pictureBytes(pixels, colour, format));
 }

@@ -1,12 +1,13 @@
 #pragma once
 
-#include "platform/database/records/database.h"
+#include "catalogue/mektp.h"
+#include "rows.h"
+#include "run_all.h"
+#include "test_files.h"
 
 #include <QColor>
 #include <QImage>
-#include <QTemporaryDir>
-#include <utility>
-#include <vector>
+#include <memory>
 
 /// A small catalogue in a temporary folder, opened as `mekTp::catalogue`, for tests of windows. Closed and removed with
 /// the object. It holds the fixed tables; `tc00` 演示 with three pictures; `tc01` 旅行 with ten (序号 1 to 10, codes
@@ -25,7 +26,31 @@ class SampleCatalogue {
     QTemporaryDir folder_;
 };
 
-using RowValues = std::vector<std::pair<QString, FieldValue>>;
+/// A test class each of whose functions has a sample catalogue of its own.
+class SampleTest : public QObject {
+    Q_OBJECT
+
+  protected Q_SLOTS:
+    void init() {
+        cleanup();
+        sample_ = std::make_unique<SampleCatalogue>();
+    }
+    void cleanup() { sample_.reset(); }
+
+  protected:
+    std::unique_ptr<SampleCatalogue> sample_;
+};
+
+/// The same, with the catalogue as the program opens it: it has the tables of what the program remembers.
+class OpenedSampleTest : public SampleTest {
+    Q_OBJECT
+
+  protected Q_SLOTS:
+    void init() {
+        SampleTest::init();
+        mekTp::openCatalogue();
+    }
+};
 
 /// Adds a row to a table of the open catalogue.
 void addRow(const QString& table, const RowValues& values);

@@ -1,5 +1,6 @@
 #include "../support/damage.h"
 #include "../support/run_all.h"
+#include "../support/test_files.h"
 #include "backup/catalogue_copy.h"
 #include "backup/copy_pace.h"
 #include "catalogue/album_rules.h"
@@ -10,7 +11,6 @@
 #include "platform/database/records/own_values.h"
 #include "platform/database/records/value_hashes.h"
 
-#include <QtTest/QtTest>
 #include <filesystem>
 #include <optional>
 #include <thread>
@@ -46,10 +46,7 @@ struct Sample {
         }
     }
     QStringList files() const { return QDir(folder.filePath(u"bak"_s)).entryList(QDir::Files); }
-    QByteArray newest() const {
-        QFile file(backup);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray newest() const { return contentOf(backup); }
 
     QTemporaryDir folder;
     QString catalogue = folder.filePath(u"lunq.mdb"_s), backup = folder.filePath(u"bak/lunq.mdb"_s);

@@ -1,8 +1,6 @@
 #include "../support/failure_of.h"
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
 #include "catalogue/backup_file.h"
-#include "catalogue/mektp.h"
 #include "catalogue/picture_hashes.h"
 #include "cli/order.h"
 #include "cli/tasks.h"
@@ -11,16 +9,11 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
-#include <QtTest/QtTest>
-
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
-class TestCli : public QObject {
+class TestCli : public OpenedSampleTest {
     Q_OBJECT
 
-    std::unique_ptr<SampleCatalogue> sample_;
     QString said_;
 
     QString catalogue() const { return sample_->file(u"lunq.mdb"_s); }
@@ -39,14 +32,12 @@ class TestCli : public QObject {
 
   private Q_SLOTS:
     void init() {
-        sample_ = std::make_unique<SampleCatalogue>();
-        OwnValues(mekTp::catalogue).prepare();
+        OpenedSampleTest::init();
         PictureHashes hashes(mekTp::catalogue);
         const Recordset rows = mekTp::catalogue.OpenRecordset(u"tc01"_s);
         for (int row = 0; row < 9; ++row)
             hashes.note(rows.storedAt(row, u"图片"_s), fingerprintOf(rows.storedAt(row, u"图片"_s)));
     }
-    void cleanup() { sample_.reset(); }
 
     void words_data() {
         QTest::addColumn<QString>("words");
@@ -141,9 +132,7 @@ class TestCli : public QObject {
         QCOMPARE(made.entryList(QDir::Files).size(), 10);
         // Once more: all are there. Then one of another content is in the way.
         QCOMPARE(run(exportAlbum, u"tc01"_s, folder), 0);
-        QFile other(made.filePath(made.entryList(QDir::Files).first()));
-        QVERIFY(other.open(QIODevice::WriteOnly) && other.write("something else") > 0);
-        other.close();
+        writeFile(made.filePath(made.entryList(QDir::Files).first()), "something else");
         QCOMPARE(run(exportAlbum, u"tc01"_s, folder), 1);
         QVERIFY2(said_.contains(u"同名文件已存在") && said_.contains(u"有 10 张图片，9 张"), qPrintable(said_));
         QVERIFY(failureOf([&] { run(exportAlbum, u"没有"_s, folder); }).contains(u"tc01 旅行"));
@@ -151,7 +140,5 @@ class TestCli : public QObject {
 };
 
 const Registered<TestCli> registered;
-
-}  // namespace
 
 #include "cli_test.moc"

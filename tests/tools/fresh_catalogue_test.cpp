@@ -1,16 +1,12 @@
 #include "../support/run_all.h"
+#include "../support/test_files.h"
 #include "catalogue/album_rules.h"
 #include "catalogue/picture_field.h"
 #include "platform/database/records/database.h"
 
-#include <QCryptographicHash>
-#include <QRegularExpression>
 #include <QTextDocument>
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
 
 /// A copy of the catalogue that the program is shipped with.
 class TestFreshCatalogue : public QObject {
@@ -170,10 +166,8 @@ class TestFreshCatalogue : public QObject {
 
     /// Runs the commands in the description of the file format without any change.
     void picturesComeOutWithoutTheProgram() {
-        QFile description(qEnvironmentVariable("LUNQ_FILE_FORMAT"));
-        QVERIFY(description.open(QIODevice::ReadOnly));
-        const QString commands =
-            QString::fromUtf8(description.readAll()).section(u"```sh\n"_s, 1).section(u"```"_s, 0, 0);
+        const QString description = QString::fromUtf8(contentOf(qEnvironmentVariable("LUNQ_FILE_FORMAT")));
+        const QString commands = description.section(u"```sh\n"_s, 1).section(u"```"_s, 0, 0);
         QProcess shell;
         shell.setWorkingDirectory(folder_.path());
         shell.start(u"sh"_s, {u"-c"_s, commands});
@@ -187,13 +181,10 @@ class TestFreshCatalogue : public QObject {
             const QByteArray bytes = records.Fields(u"图片"_s).Value().toBytes();
             const QString ending = bytes.startsWith("BM") ? u"bmp"_s : u"jpg"_s;
             const int number = records.Fields(u"序号"_s).Value().toInteger();
-            QFile file(album.filePath(u"%1.%2"_s.arg(number, 5, 10, QChar(u'0')).arg(ending)));
-            QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(file.fileName()));
-            QCOMPARE(file.readAll(), bytes);
+            const QString file = album.filePath(u"%1.%2"_s.arg(number, 5, 10, QChar(u'0')).arg(ending));
+            QVERIFY2(contentOf(file, "none") == bytes, qPrintable(file));
         }
-        QFile list(album.filePath(u"list.csv"_s));
-        QVERIFY(list.open(QIODevice::ReadOnly));
-        QCOMPARE(list.readAll().count('\n'), records.rowCount() + 1);
+        QCOMPARE(contentOf(album.filePath(u"list.csv"_s)).count('\n'), records.rowCount() + 1);
     }
 
   private:
@@ -211,7 +202,5 @@ class TestFreshCatalogue : public QObject {
 };
 
 const Registered<TestFreshCatalogue> registered;
-
-}  // namespace
 
 #include "fresh_catalogue_test.moc"

@@ -1,13 +1,11 @@
 #include "jet_reader/jet_values.h"
 
-#include "../support/run_all.h"
+#include "../support/sample_catalogue.h"
 #include "jet_reader/code_page.h"
 #include "jet_reader/ole_picture.h"
 #include "platform/database/file/storage_format.h"
 
-#include <QBuffer>
 #include <QImage>
-#include <QtTest/QtTest>
 #include <cmath>
 
 using namespace Qt::Literals::StringLiterals;
@@ -21,15 +19,6 @@ Bytes bytesOf(const QByteArray& bytes) {
 QByteArray wordsOf(std::initializer_list<quint32> words) {
     QByteArray bytes;
     for (const quint32 word : words) bytes.append(reinterpret_cast<const char*>(&word), sizeof word);
-    return bytes;
-}
-
-QByteArray encodedImage(const char* format) {
-    QImage image(40, 30, QImage::Format_RGB32);
-    image.fill(Qt::darkCyan);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, format);
     return bytes;
 }
 
@@ -145,8 +134,8 @@ class JetValuesTest : public QObject {
     }
 
     void picturesComeOutOfTheirWrapper() {
-        const QByteArray bitmap = encodedImage("BMP");
-        const QByteArray jpeg = encodedImage("JPG");
+        const QByteArray bitmap = pictureBytes({40, 30}, Qt::darkCyan, "BMP");
+        const QByteArray jpeg = pictureBytes({40, 30}, Qt::darkCyan, "JPG");
         const QByteArray tail(100, '\x7f');
         const auto length = char((jpeg.size() + 2) >> 8);
         QByteArray camera = jpeg;

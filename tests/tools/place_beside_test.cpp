@@ -1,10 +1,7 @@
 #include "../support/run_all.h"
-
-#include <QtTest/QtTest>
+#include "../support/test_files.h"
 
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
 
 /// The step that puts the catalogue beside the program, run as the build runs it.
 class TestPlaceBeside : public QObject {
@@ -14,16 +11,16 @@ class TestPlaceBeside : public QObject {
     void putsTheCatalogueWhereNoneIs() {
         const QTemporaryDir home;
         const QString folder = place(home);
-        QCOMPARE(read(folder + u"/lunq.mdb"_s), QByteArray("fresh"));
-        QCOMPARE(read(folder + u"/s1.ico"_s), QByteArray("hand"));
+        QCOMPARE(contentOf(folder + u"/lunq.mdb"_s), QByteArray("fresh"));
+        QCOMPARE(contentOf(folder + u"/s1.ico"_s), QByteArray("hand"));
         QCOMPARE(QDir(folder).entryList(QDir::Files).size(), 2);
 
         // The next time it renews the cursor only.
-        write(folder + u"/lunq.mdb"_s, "mine now");
-        write(folder + u"/s1.ico"_s, "old hand");
+        writeFile(folder + u"/lunq.mdb"_s, "mine now");
+        writeFile(folder + u"/s1.ico"_s, "old hand");
         QCOMPARE(place(home), folder);
-        QCOMPARE(read(folder + u"/lunq.mdb"_s), QByteArray("mine now"));
-        QCOMPARE(read(folder + u"/s1.ico"_s), QByteArray("hand"));
+        QCOMPARE(contentOf(folder + u"/lunq.mdb"_s), QByteArray("mine now"));
+        QCOMPARE(contentOf(folder + u"/s1.ico"_s), QByteArray("hand"));
     }
 
     void leavesAnExistingCatalogueAlone() {
@@ -31,14 +28,14 @@ class TestPlaceBeside : public QObject {
             const QTemporaryDir home;
             const QString path = home.filePath(u"我的 album's/lunq.mdb"_s);
             QVERIFY(QDir(home.path()).mkdir(u"我的 album's"_s));
-            write(path, bytes);
+            writeFile(path, bytes);
             const QDateTime written = QDateTime::currentDateTime().addDays(-400);
             QFile file(path);
             QVERIFY(file.open(QIODevice::ReadWrite) && file.setFileTime(written, QFileDevice::FileModificationTime));
             file.close();
 
             QVERIFY(!place(home).isEmpty());
-            QCOMPARE(read(path), bytes);
+            QCOMPARE(contentOf(path), bytes);
             QCOMPARE(QFileInfo(path).lastModified().toSecsSinceEpoch(), written.toSecsSinceEpoch());
         }
     }
@@ -48,33 +45,22 @@ class TestPlaceBeside : public QObject {
         const QString path = home.filePath(u"我的 album's/lunq.mdb"_s);
         const QString journal = path + u"-journal"_s;
         QVERIFY(QDir(home.path()).mkdir(u"我的 album's"_s));
-        write(journal, "what it needs to be whole");
+        writeFile(journal, "what it needs to be whole");
         QVERIFY(place(home).isEmpty());
         QVERIFY2(said_.contains(path + u" 不见了"_s) && said_.contains(journal), qPrintable(said_));
         QVERIFY(!QFile::exists(path));
-        QCOMPARE(read(journal), QByteArray("what it needs to be whole"));
+        QCOMPARE(contentOf(journal), QByteArray("what it needs to be whole"));
 
-        write(journal, {});
+        writeFile(journal, {});
         QVERIFY(!place(home).isEmpty());
-        QCOMPARE(read(path), QByteArray("fresh"));
+        QCOMPARE(contentOf(path), QByteArray("fresh"));
     }
 
   private:
-    static void write(const QString& path, const QByteArray& bytes) {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-
-    static QByteArray read(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
-    }
-
     /// Runs the step on a folder whose name is as awkward as a user's may be; returns that folder.
     QString place(const QTemporaryDir& home) {
-        write(home.filePath(u"fresh.mdb"_s), "fresh");
-        write(home.filePath(u"hand.ico"_s), "hand");
+        writeFile(home.filePath(u"fresh.mdb"_s), "fresh");
+        writeFile(home.filePath(u"hand.ico"_s), "hand");
         const QString folder = home.filePath(u"我的 album's"_s);
         QProcess process;
         process.start(qEnvironmentVariable("LUNQ_CMAKE"),
@@ -90,7 +76,5 @@ class TestPlaceBeside : public QObject {
 };
 
 const Registered<TestPlaceBeside> registered;
-
-}  // namespace
 
 #include "place_beside_test.moc"

@@ -2,8 +2,6 @@
 #include "soak/fingerprints.h"
 #include "soak/ledger.h"
 
-#include <QtTest/QtTest>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace {

@@ -5,11 +5,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
-#include <QtTest/QtTest>
-
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
 
 class TestUnsyncedWrites : public QObject {
     Q_OBJECT
@@ -72,7 +68,5 @@ class TestUnsyncedWrites : public QObject {
 };
 
 const Registered<TestUnsyncedWrites> registered;
-
-}  // namespace
 
 #include "unsynced_vfs_test.moc"

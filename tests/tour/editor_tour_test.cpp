@@ -42,10 +42,13 @@ class TestEditorTour : public QObject {
     }
     static bool isWelcome() { return ProgramTour::find<QWidget>(u"frmCl"_s, u"img1"_s)->isVisible(); }
 
+    std::optional<ProgramTour> tour_;
+
   private Q_SLOTS:
+    void init() { tour_.emplace(); }
+
     void everyOperationAndBackToTheEmptyWindow() {
-        ProgramTour tour;
-        openPhotograph(tour);
+        openPhotograph(*tour_);
         QCOMPARE(size(), photographSize);
         press(u"sf"_s);
         answer(u".5"_s);
@@ -54,14 +57,14 @@ class TestEditorTour : public QObject {
         const QSize turned = size();
         QVERIFY(turned.width() > 2000 && turned.height() > 1500);
         for (const QString& flip : {u"fs"_s, u"fc"_s}) press(flip);
-        QTest::keyClick(tour.window(u"frmCl"_s), Qt::Key_1, Qt::ControlModifier);
+        QTest::keyClick(tour_->window(u"frmCl"_s), Qt::Key_1, Qt::ControlModifier);
         crop({100, 100}, {500, 400});
         QCOMPARE(size(), QSize(400, 300));
-        QVERIFY(tour.window(u"frmCl"_s)->windowTitle().endsWith(u" [ *0.5 33度 水平翻转 垂直翻转 裁剪]"));
+        QVERIFY(tour_->window(u"frmCl"_s)->windowTitle().endsWith(u" [ *0.5 33度 水平翻转 垂直翻转 裁剪]"));
 
-        const QString photograph = std::exchange(tour.file, tour.catalogue.file(u"副本.bmp"_s));
+        const QString photograph = std::exchange(tour_->file, tour_->catalogue.file(u"副本.bmp"_s));
         press(u"lc"_s);
-        QCOMPARE(LoadPicture(tour.file).pixels(), QSize(400, 300));
+        QCOMPARE(LoadPicture(tour_->file).pixels(), QSize(400, 300));
 
         // Each way back closes the dialog that the step before has opened again, then takes the next step.
         for (int step = 0; step < 12 && !isWelcome(); ++step) press(u"cx"_s);
@@ -71,55 +74,52 @@ class TestEditorTour : public QObject {
     }
 
     void aChangedAlbumPictureReachesThePage() {
-        ProgramTour tour;
-        enterEditor(tour);
+        enterEditor(*tour_);
         press(u"sk"_s);
-        tour.chooseAlbum(u"frmCl"_s, u"tc01 旅行"_s);
-        tour.clickRow(u"frmCl"_s, 3);
-        tour.click(u"frmCl"_s, u"cmdQd"_s);
+        tour_->chooseAlbum(u"frmCl"_s, u"tc01 旅行"_s);
+        tour_->clickRow(u"frmCl"_s, 3);
+        tour_->click(u"frmCl"_s, u"cmdQd"_s);
         QCOMPARE(size(), QSize(100, 50));
         press(u"xz"_s);
         answer(u"90"_s);
         press(u"bc"_s);
-        QCOMPARE(tour.said.last(), u"图片已保存完毕！(序号＝4)"_s);
+        QCOMPARE(tour_->said.last(), u"图片已保存完毕！(序号＝4)"_s);
         const QSize turned = size();
         QVERIFY(turned.height() >= 100);
 
-        tour.trigger(u"frmCl"_s, u"mnuFh"_s);
-        QTRY_VERIFY(tour.window(u"frmTp"_s) && !tour.window(u"frmCl"_s));
-        tour.showAlbum(u"旅行"_s, 2);
-        const auto* cell = tour.find<ImageBox>(u"frmTp"_s, u"imgXs(3)"_s);
+        tour_->trigger(u"frmCl"_s, u"mnuFh"_s);
+        QTRY_VERIFY(tour_->window(u"frmTp"_s) && !tour_->window(u"frmCl"_s));
+        tour_->showAlbum(u"旅行"_s, 2);
+        const auto* cell = tour_->find<ImageBox>(u"frmTp"_s, u"imgXs(3)"_s);
         QTRY_COMPARE(cell->picture().pixels(), turned);
         QVERIFY(cell->height() > cell->width());
     }
 
     // A session that was killed could not do it itself.
     void theStartEmptiesTheSteps() {
-        const ProgramTour tour;
         for (const QString& step : {u"01"_s, u"02"_s}) addRow(u"tccx"_s, {{u"编号"_s, step}});
-        tour.start();
+        tour_->start();
         QCOMPARE(mekTp::catalogue.OpenRecordset(u"tccx"_s).rowCount(), 0);
     }
 
     void buttonPicturesBothWays() {
-        ProgramTour tour;
-        openPhotograph(tour);
+        openPhotograph(*tour_);
         press(u"at"_s);
-        tour.option(u"frmCl"_s, u"optAn(0)"_s);
-        tour.option(u"frmCl"_s, u"optAn(2)"_s);
-        tour.clickRow(u"frmCl"_s, 3);
-        tour.click(u"frmCl"_s, u"cmdCk"_s);
-        QCOMPARE(tour.said.last(), u"按钮图片已保存完毕！(序号＝4)"_s);
+        tour_->option(u"frmCl"_s, u"optAn(0)"_s);
+        tour_->option(u"frmCl"_s, u"optAn(2)"_s);
+        tour_->clickRow(u"frmCl"_s, 3);
+        tour_->click(u"frmCl"_s, u"cmdCk"_s);
+        QCOMPARE(tour_->said.last(), u"按钮图片已保存完毕！(序号＝4)"_s);
 
-        tour.file = tour.catalogue.file(u"钮.jpg"_s);
-        tour.option(u"frmCl"_s, u"optAn(3)"_s);
-        QCOMPARE(LoadPicture(tour.file).pixels(), QSize(100, 75));
+        tour_->file = tour_->catalogue.file(u"钮.jpg"_s);
+        tour_->option(u"frmCl"_s, u"optAn(3)"_s);
+        QCOMPARE(LoadPicture(tour_->file).pixels(), QSize(100, 75));
 
         // The button without a picture has one now: the main window offers it.
-        tour.trigger(u"frmCl"_s, u"mnuFh"_s);
-        QTRY_VERIFY(tour.window(u"frmTp"_s));
-        tour.openInViewer(u"旅行"_s);
-        const auto* offered = tour.find<ImageBox>(u"frmTp"_s, u"imgAn(3)"_s);
+        tour_->trigger(u"frmCl"_s, u"mnuFh"_s);
+        QTRY_VERIFY(tour_->window(u"frmTp"_s));
+        tour_->openInViewer(u"旅行"_s);
+        const auto* offered = tour_->find<ImageBox>(u"frmTp"_s, u"imgAn(3)"_s);
         QVERIFY(offered->isVisible());
         QCOMPARE(offered->toolTip(), u"无图"_s);
     }

@@ -1,16 +1,13 @@
 #pragma once
 
 #include "../support/found.h"
-#include "../support/run_all.h"
 #include "../support/run_end.h"
 #include "../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/list_box.h"
 #include "platform/desktop/message_box.h"
 #include "start/program.h"
 
-#include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>
 
 /// The whole program on a small catalogue, worked by clicks on controls by window and name. Message boxes are collected

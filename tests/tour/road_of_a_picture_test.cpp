@@ -6,8 +6,6 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
 /// One window after another, by the clicks of a person: what one window does has to reach the next.
 class TestRoadOfAPicture : public QObject {
     Q_OBJECT
@@ -64,7 +62,5 @@ class TestRoadOfAPicture : public QObject {
 };
 
 const Registered<TestRoadOfAPicture> registered;
-
-}  // namespace
 
 #include "road_of_a_picture_test.moc"

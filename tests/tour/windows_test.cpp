@@ -4,8 +4,6 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
 /// How windows open, which of them can be open together, and how the last one closes.
 class TestWindows : public QObject {
     Q_OBJECT
@@ -154,7 +152,5 @@ class TestWindows : public QObject {
 };
 
 const Registered<TestWindows> registered;
-
-}  // namespace
 
 #include "windows_test.moc"

@@ -43,10 +43,7 @@ class TestCellPictures : public QObject {
   private Q_SLOTS:
     void photographsShowTheirPreviewUntilTheyAreSharp() {
         const QByteArray bytes = slowFile(pictureBytes({160, 120}, Qt::red));
-        ViewerWindow viewer([&] { setPictures(bytes, 1, 9); });
-        viewer.openAlbum(1);
-        viewer.chooseColumns(3);
-        viewer.chooseButton(0);
+        OpenPage viewer(3, [&] { setPictures(bytes, 1, 9); });
         int previews = 0;
         for (int i = 0; i < 9; ++i) {
             const ImageBox* box = viewer.image(element(u"imgXs"_s, i));
@@ -61,10 +58,7 @@ class TestCellPictures : public QObject {
     void previewsOfAnotherShapeAreNotShown() {
         for (const QSize shape : {QSize(120, 160), QSize(160, 60)}) {
             const QByteArray bytes = slowFile(pictureBytes(shape, Qt::red));
-            ViewerWindow viewer([&] { setPictures(bytes, 1, 9); });
-            viewer.openAlbum(1);
-            viewer.chooseColumns(3);
-            viewer.chooseButton(0);
+            OpenPage viewer(3, [&] { setPictures(bytes, 1, 9); });
             for (int i = 0; i < 9; ++i) {
                 const ImageBox* box = viewer.image(element(u"imgXs"_s, i));
                 QVERIFY(box->picture().isNull() || looks(box, Qt::blue));
@@ -73,10 +67,7 @@ class TestCellPictures : public QObject {
     }
 
     void aPageThatIsResizedIsNeverEmptyAndSharpInTheEnd() {
-        ViewerWindow viewer([&] { setPictures(jpegBytes(QImage(large, QImage::Format_RGB32)), 1, 9); });
-        viewer.openAlbum(1);
-        viewer.chooseColumns(3);
-        viewer.chooseButton(0);
+        OpenPage viewer(3, [&] { setPictures(jpegBytes(QImage(large, QImage::Format_RGB32)), 1, 9); });
         const auto cell = [&](int i) { return viewer.image(element(u"imgXs"_s, i)); };
         const auto isSharp = [&](int i) { return cell(i)->picture().image().size() == cell(i)->targetSize(); };
         for (int i = 0; i < 9; ++i) QTRY_VERIFY(isSharp(i));
@@ -108,13 +99,10 @@ class TestCellPictures : public QObject {
     }
 
     void aPageThatWasLeftBringsNoPictureIntoTheNext() {
-        ViewerWindow viewer([] {
+        OpenPage viewer(2, [] {
             setPictures(pictureBytes(large, Qt::blue), 1, 4);
             setPictures(pictureBytes({40, 30}, Qt::green), 5, 8);
         });
-        viewer.openAlbum(1);
-        viewer.chooseColumns(2);
-        viewer.chooseButton(0);
         viewer.press(u"xy"_s);
         viewer.press(u"sy"_s);
         viewer.press(u"xy"_s);
@@ -129,13 +117,10 @@ class TestCellPictures : public QObject {
     // Where large bytes turn out to be no picture, that of no other record is shown: not the one before, and not one
     // that was still on its way.
     void aLargeBrokenPictureLeavesItsCellEmpty() {
-        ViewerWindow viewer([] {
+        OpenPage viewer(2, [] {
             setPictures(pictureBytes(large, Qt::green), 1, 4);
             setPictures("\xFF\xD8\xFF" + QByteArray(400'000, 'x'), 5, 6);
         });
-        viewer.openAlbum(1);
-        viewer.chooseColumns(2);
-        viewer.chooseButton(0);
         viewer.press(u"xy"_s);
         viewer.press(u"xs"_s);
         for (const int cell : {0, 1}) {
@@ -150,14 +135,11 @@ class TestCellPictures : public QObject {
 
     // A record without a picture keeps the one before in the first cell, also when that is still on its way.
     void theFirstCellKeepsAPictureThatIsStillToCome() {
-        ViewerWindow viewer([] {
+        OpenPage viewer(2, [] {
             setPictures(pictureBytes(large, Qt::green), 1, 4);
             for (const int number : {5, 6})
                 changeRow(u"SELECT * FROM tc01 WHERE 序号 = %1"_s.arg(number), {{u"图片"_s, FieldValue()}});
         });
-        viewer.openAlbum(1);
-        viewer.chooseColumns(2);
-        viewer.chooseButton(0);
         viewer.press(u"xy"_s);
         viewer.press(u"xs"_s);
         QCOMPARE(viewer.pictureIn(0), 5);
@@ -173,13 +155,10 @@ class TestCellPictures : public QObject {
             for (int x = 0; x < grainy.width(); ++x) grainy.setPixel(x, y, qRgb(0, 0, 240 + int(random() % 16)));
         const QByteArray bytes = withPreview(jpegBytes(grainy, {.quality = 100}), pictureBytes({160, 120}, Qt::red));
         QVERIFY(bytes.size() > 200'000);  // of smaller ones no preview is shown
-        ViewerWindow viewer([&] {
+        OpenPage viewer(1, [&] {
             setPictures(bytes, 1, 10);
             ViewerWindow::setSetting(u"幻灯延时"_s, 1);
         });
-        viewer.openAlbum(1);
-        viewer.chooseColumns(1);
-        viewer.chooseButton(0);
         const ImageBox* box = viewer.image(u"imgXs(0)"_s);
         QSet<int> sharp;
         const auto look = [&] {
@@ -194,10 +173,7 @@ class TestCellPictures : public QObject {
     }
 
     void aClosedAlbumIsLeftAlone() {
-        ViewerWindow viewer([] { setPictures(pictureBytes(large, Qt::blue), 1, 10); });
-        viewer.openAlbum(1);
-        viewer.chooseColumns(3);
-        viewer.chooseButton(0);
+        OpenPage viewer(3, [] { setPictures(pictureBytes(large, Qt::blue), 1, 10); });
         viewer.menu(u"mnuTg"_s)->trigger();
         viewer.openAlbum(0);
         viewer.chooseButton(0);

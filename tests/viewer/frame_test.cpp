@@ -6,8 +6,6 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
 class TestFrame : public QObject {
     Q_OBJECT
 
@@ -167,31 +165,27 @@ class TestFrame : public QObject {
     }
 
     /// Colours on trial end with the window, and those that the scheme does not name are the usual ones again.
-    void coloursOnTrialEnd_data() {
-        QTest::addColumn<bool>("leaves");
-        QTest::newRow("dropped") << false;
-        QTest::newRow("another window") << true;
-    }
     void coloursOnTrialEnd() {
-        QFETCH(bool, leaves);
-        const ViewerWindow viewer([] {
-            const FieldValue none;
-            changeRow(u"SELECT * FROM tcys WHERE 序号 = '5'"_s,
-                      {{u"窗体"_s, none}, {u"外框"_s, none}, {u"填充"_s, none}, {u"内框"_s, none}});
-            ViewerWindow::setSetting(u"颜色"_s, u"5"_s);
-        });
-        viewer.window->windowsBeside(false, true);
-        viewer.window->wear({QColor(20, 30, 40), Qt::red, Qt::green, Qt::blue});
-        QVERIFY(theme::worn() != theme::light());
-        if (leaves)
-            viewer.press(u"bj"_s);
-        else
-            viewer.window->applyColours();
-        QVERIFY(theme::worn() == theme::light());
-        QCOMPARE(viewer.find(u"pic1"_s)->palette().color(QPalette::Window), theme::light().window);
-        for (const QString& frame : {u"shpAb"_s, u"shpA1"_s})
-            QCOMPARE(viewer.find<ShapeBox>(frame)->borderColor(), QColor(Qt::black));
-        QVERIFY(!viewer.find<ShapeBox>(u"shpAb"_s)->fillColor().isValid());
+        for (const bool leaves : {false, true}) {
+            const ViewerWindow viewer([] {
+                const FieldValue none;
+                changeRow(u"SELECT * FROM tcys WHERE 序号 = '5'"_s,
+                          {{u"窗体"_s, none}, {u"外框"_s, none}, {u"填充"_s, none}, {u"内框"_s, none}});
+                ViewerWindow::setSetting(u"颜色"_s, u"5"_s);
+            });
+            viewer.window->windowsBeside(false, true);
+            viewer.window->wear({QColor(20, 30, 40), Qt::red, Qt::green, Qt::blue});
+            QVERIFY(theme::worn() != theme::light());
+            if (leaves)
+                viewer.press(u"bj"_s);
+            else
+                viewer.window->applyColours();
+            QVERIFY(theme::worn() == theme::light());
+            QCOMPARE(viewer.find(u"pic1"_s)->palette().color(QPalette::Window), theme::light().window);
+            for (const QString& frame : {u"shpAb"_s, u"shpA1"_s})
+                QCOMPARE(viewer.find<ShapeBox>(frame)->borderColor(), QColor(Qt::black));
+            QVERIFY(!viewer.find<ShapeBox>(u"shpAb"_s)->fillColor().isValid());
+        }
     }
 
     void resizeFollowsTheRules() {
@@ -236,7 +230,5 @@ class TestFrame : public QObject {
 };
 
 const Registered<TestFrame> registered;
-
-}  // namespace
 
 #include "frame_test.moc"

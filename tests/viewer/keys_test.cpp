@@ -2,8 +2,6 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
 /// The main window by keyboard alone.
 class TestKeys : public QObject {
     Q_OBJECT
@@ -126,7 +124,5 @@ class TestKeys : public QObject {
 };
 
 const Registered<TestKeys> registered;
-
-}  // namespace
 
 #include "keys_test.moc"

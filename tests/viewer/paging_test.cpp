@@ -5,8 +5,6 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
 class TestPaging : public QObject {
     Q_OBJECT
 
@@ -70,11 +68,8 @@ class TestPaging : public QObject {
 
     void noEmptyPageFollowsAFullOne() {
         for (const int pictures : {4, 8, 9}) {
-            const ViewerWindow viewer(
-                [&] { mekTp::catalogue.Execute(u"DELETE FROM tc01 WHERE 序号 > %1"_s.arg(pictures)); });
-            viewer.openAlbum(1);
-            viewer.chooseColumns(2);
-            viewer.chooseButton(0);
+            const OpenPage viewer(
+                2, [&] { mekTp::catalogue.Execute(u"DELETE FROM tc01 WHERE 序号 > %1"_s.arg(pictures)); });
             const int pages = (pictures + 3) / 4;
             QVERIFY2(viewer.panel(3).contains(u"共%1页"_s.arg(pages)), qPrintable(viewer.panel(3)));
             for (int page = 1; page < pages; ++page) viewer.press(u"xy"_s);
@@ -329,7 +324,5 @@ class TestPaging : public QObject {
 };
 
 const Registered<TestPaging> registered;
-
-}  // namespace
 
 #include "paging_test.moc"

@@ -7,8 +7,6 @@
 #include "viewer/status_line.h"
 #include "viewer/window_layout.h"
 
-#include <QtTest/QtTest>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace {

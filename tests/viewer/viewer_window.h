@@ -2,9 +2,7 @@
 
 #include "../support/found.h"
 #include "../support/recording_windows.h"
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "platform/desktop/image_box.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
@@ -12,7 +10,6 @@
 #include "platform/desktop/text_box.h"
 #include "viewer/frm_tp.h"
 
-#include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>
 
 /// The main window on a small catalogue, with its controls by name. Message boxes are collected instead of shown.
@@ -102,7 +99,7 @@ class ViewerWindow {
 
 /// Album 旅行 with ten pictures, all chosen, with that many columns.
 struct OpenPage : ViewerWindow {
-    explicit OpenPage(int columns) {
+    explicit OpenPage(int columns, const std::function<void()>& prepare = {}) : ViewerWindow(prepare) {
         openAlbum(1);
         chooseColumns(columns);
         chooseButton(0);

@@ -1,11 +1,8 @@
 #include "windows/window_place.h"
 
-#include "../support/run_all.h"
 #include "../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "catalogue/remembered.h"
 
-#include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>
 
 using namespace Qt::Literals::StringLiterals;
@@ -25,14 +22,10 @@ class Window : public QWidget {
     }
 };
 
-class TestWindowPlace : public QObject {
+class TestWindowPlace : public OpenedSampleTest {
     Q_OBJECT
 
-    SampleCatalogue catalogue_;
-
   private Q_SLOTS:
-    void init() { mekTp::openCatalogue(); }
-
     void windowsAreWhollyOnTheScreen() {
         const QRect room(0, 32, 1024, 568), second(-1280, 0, 1280, 1024);
         const std::tuple<const char*, QRect, QSize, QRect, QRect> cases[] = {
@@ -61,23 +54,20 @@ class TestWindowPlace : public QObject {
         QVERIFY(apart.manhattanLength() <= 1);
     }
 
-    void aWindowThatIsTooHighIsBroughtOntoTheScreen_data() {
-        QTest::addColumn<bool>("replaces");
-        QTest::newRow("in place of another") << true;
-        QTest::newRow("alone") << false;
-    }
     /// That size is not remembered: the next screen may be higher.
     void aWindowThatIsTooHighIsBroughtOntoTheScreen() {
-        QFETCH(bool, replaces);
-        const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
-        QWidget other;
-        Window window(room.size() + QSize(0, 60));
-        window.move(room.topLeft());
-        standInPlaceOf(window, replaces ? &other : nullptr);
-        window.show();
-        QTRY_VERIFY(room.contains(window.frameGeometry()));
-        window.hide();
-        QVERIFY(remembered::text(u"window.frmXx"_s).isEmpty());
+        for (const bool replaces : {true, false}) {
+            init();
+            const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+            QWidget other;
+            Window window(room.size() + QSize(0, 60));
+            window.move(room.topLeft());
+            standInPlaceOf(window, replaces ? &other : nullptr);
+            window.show();
+            QTRY_VERIFY(room.contains(window.frameGeometry()));
+            window.hide();
+            QVERIFY(remembered::text(u"window.frmXx"_s).isEmpty());
+        }
     }
 
     void theSizeOfAPersonOutlivesTheWindow() {

@@ -3,30 +3,20 @@
 #include "../../platform/database/jet_files.h"
 #include "../../support/disk_faults.h"
 #include "../../support/failing_disk.h"
-#include "../../support/run_all.h"
 #include "../../support/sample_catalogue.h"
 #include "catalogue/album_rules.h"
 #include "catalogue/album_tables.h"
 #include "catalogue/conversion/conversion_files.h"
 #include "catalogue/conversion/joining.h"
-#include "catalogue/mektp.h"
 #include "catalogue/picture_hashes.h"
 #include "catalogue/table_shape.h"
 #include "jet_maker/old_catalogue.h"
 
 #include <fcntl.h>
-#include <unistd.h>
-
-#include <QBuffer>
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-QByteArray content(const QString& path) {
-    return JetFiles::content(path);
-}
 
 /// JPEG of several pages, all different.
 QByteArray largePicture(int seed) {
@@ -72,11 +62,10 @@ extern "C" int link(const char* from, const char* to) noexcept {
 
 namespace {
 
-class TestConversion : public QObject {
+class TestConversion : public SampleTest {
     Q_OBJECT
 
     std::unique_ptr<JetFiles> files_;
-    std::unique_ptr<SampleCatalogue> sample_;
     RunReport report_;
 
     QString path(const QString& name) const { return files_->folder.filePath(name); }
@@ -133,14 +122,14 @@ class TestConversion : public QObject {
   private Q_SLOTS:
     void init() {
         files_ = std::make_unique<JetFiles>();
-        sample_ = std::make_unique<SampleCatalogue>();
+        SampleTest::init();
         addRow(u"tcbz"_s, {{u"编号"_s, u"001"_s}, {u"标题"_s, u"新"_s}});
         changeRow(u"tcsz"_s, {{u"帮助"_s, u"新的手册"_s}, {u"处理提示"_s, true}});
         mekTp::catalogue = {};
     }
     void cleanup() {
         const QStringList left = files_->copies();
-        sample_.reset();
+        SampleTest::cleanup();
         files_.reset();
         QCOMPARE(left, QStringList());
     }
@@ -169,7 +158,7 @@ class TestConversion : public QObject {
         QCOMPARE(notes(), QStringList());
         QCOMPARE(report_.count, 10);
         QCOMPARE(report_.verified, 9);
-        QCOMPARE(content(path(u"old.mdb"_s)), bytes);
+        QCOMPARE(contentOf(path(u"old.mdb"_s)), bytes);
         for (const QString& table : {u"tcbm"_s, u"tcan"_s, u"pmtp"_s, u"tc00"_s, u"tc01"_s, u"tc02"_s, u"tc03"_s})
             compare(made, jet::tableOf(tables, table));
 
@@ -390,7 +379,7 @@ class TestConversion : public QObject {
                 QVERIFY2(failure.text().contains(u"old.mdb"), qPrintable(failure.text()));
                 ++refused;
             }
-            QCOMPARE(content(path(u"old.mdb"_s)), bytes);
+            QCOMPARE(contentOf(path(u"old.mdb"_s)), bytes);
         }
         QVERIFY2(taken > 5 * refused, qPrintable(u"%1 taken, %2 refused"_s.arg(taken).arg(refused)));
     }
@@ -416,7 +405,7 @@ class TestConversion : public QObject {
             told = failure.text();
         }
         QVERIFY2(told.contains(path(u"c.mdb"_s)), qPrintable(told));
-        QCOMPARE(content(from), bytes);
+        QCOMPARE(contentOf(from), bytes);
     }
 
     /// On a disk without second names the old file is never without a name, nor is the whole new one removed then.
@@ -426,10 +415,10 @@ class TestConversion : public QObject {
         knowsNoLinks = true;
         const auto links = qScopeGuard([] { knowsNoLinks = false; });
         QVERIFY_THROWS_EXCEPTION(Error, files.exchange());  // there is no new one
-        QCOMPARE(content(catalogue), QByteArray("old"));
+        QCOMPARE(contentOf(catalogue), QByteArray("old"));
         QVERIFY(QFile::rename(catalogue, files.whole()));
         QVERIFY_THROWS_EXCEPTION(Error, files.begin());
-        QCOMPARE(content(files.whole()), QByteArray("old"));
+        QCOMPARE(contentOf(files.whole()), QByteArray("old"));
     }
 
     /// Where a kill may leave the folder, and what the next start makes of it.
@@ -443,18 +432,18 @@ class TestConversion : public QObject {
         QCOMPARE(names(), (QStringList{u"lunq-旧.mdb"_s, u"lunq.mdb"_s}));
         files_->write(u"lunq-转换中.mdb"_s, "new");
         files.close();
-        QCOMPARE(content(catalogue), QByteArray("old"));
+        QCOMPARE(contentOf(catalogue), QByteArray("old"));
         // Killed behind the giving of the second name: it is not given another one.
         QVERIFY(::link(QFile::encodeName(catalogue).constData(),
                        QFile::encodeName(path(u"lunq-旧2.mdb"_s)).constData()) == 0);
         QCOMPARE(files.exchange(), path(u"lunq-旧2.mdb"_s));
-        QCOMPARE(content(catalogue), QByteArray("new"));
-        QCOMPARE(content(path(u"lunq-旧2.mdb"_s)), QByteArray("old"));
-        QCOMPARE(content(path(u"lunq-旧.mdb"_s)), QByteArray("another"));
+        QCOMPARE(contentOf(catalogue), QByteArray("new"));
+        QCOMPARE(contentOf(path(u"lunq-旧2.mdb"_s)), QByteArray("old"));
+        QCOMPARE(contentOf(path(u"lunq-旧.mdb"_s)), QByteArray("another"));
         // Where the disk knows no second names there is none of the first for a moment.
         QVERIFY(QFile::rename(catalogue, path(u"lunq-转换好.mdb"_s)));
         files.resume();
-        QCOMPARE(content(catalogue), QByteArray("new"));
+        QCOMPARE(contentOf(catalogue), QByteArray("new"));
         files.resume();
         files_->write(u"lunq.mdb-journal"_s, "not empty");
         QVERIFY_THROWS_EXCEPTION(Error, files.begin());

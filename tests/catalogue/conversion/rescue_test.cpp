@@ -2,18 +2,10 @@
 
 #include "../../support/damage.h"
 #include "../../support/failure_of.h"
-#include "../../support/run_all.h"
 #include "../../support/sample_catalogue.h"
 #include "catalogue/album_rules.h"
-#include "catalogue/mektp.h"
 #include "catalogue/picture_hashes.h"
-#include "platform/base/error.h"
 #include "platform/database/records/own_values.h"
-
-#include <QBuffer>
-#include <QRandomGenerator>
-#include <QtTest/QtTest>
-#include <functional>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -21,16 +13,6 @@ namespace {
 
 constexpr int pageSize = 16384, records = 600, largest = 7;
 const QString album = u"tc07"_s;
-
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void write(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) qFatal("cannot write");
-}
 
 QString remarkOf(int number) {
     return u"第%1张"_s.arg(number, 4, 10, QChar(u'0')) + QString(40, u'记');
@@ -50,10 +32,9 @@ QByteArray pictureOf(int number) {
 }
 
 /// Real damage of a file of pages, and what is taken out of it.
-class TestRescue : public QObject {
+class TestRescue : public SampleTest {
     Q_OBJECT
 
-    std::unique_ptr<SampleCatalogue> sample_;
     QByteArray whole_;  ///< The file before its damage.
     QHash<int, QByteArray> pictures_;
 
@@ -68,11 +49,9 @@ class TestRescue : public QObject {
         Recordset rows = mekTp::catalogue.OpenRecordset(album);
         PictureHashes hashes(mekTp::catalogue);
         for (int number = 1; number <= records; ++number) {
-            rows.AddNew();
-            rows.Fields(u"序号"_s).SetValue(number);
-            rows.Fields(u"备注"_s).SetValue(remarkOf(number));
-            rows.Fields(u"图片"_s).SetValue(pictures_[number] = pictureOf(number));
-            rows.Update();
+            addRow(rows, {{u"序号"_s, number},
+                          {u"备注"_s, remarkOf(number)},
+                          {u"图片"_s, pictures_[number] = pictureOf(number)}});
             hashes.note(rows.storedAt(number - 1, u"图片"_s), fingerprintOf(pictures_[number]));
         }
         together.commit();
@@ -126,7 +105,7 @@ class TestRescue : public QObject {
 
   private Q_SLOTS:
     void init() {
-        sample_ = std::make_unique<SampleCatalogue>();
+        SampleTest::init();
         mekTp::catalogue = {};
         QVERIFY(QFile::copy(damaged(), sample_->file(u"fresh.mdb"_s)));
         fillAlbum();
@@ -134,7 +113,6 @@ class TestRescue : public QObject {
         QVERIFY(QFile::copy(damaged(), sample_->file(u"good.mdb"_s)));
         whole_ = contentOf(damaged());
     }
-    void cleanup() { sample_.reset(); }
 
     /// Page and byte damage in tables and long values: what is elsewhere comes whole, and what is lost is named.
     void whatIsWholeIsTakenOut() {
@@ -170,7 +148,7 @@ class TestRescue : public QObject {
         for (const Case& one : cases) {
             QByteArray bytes = whole_;
             one.damage(bytes);
-            write(damaged(), bytes);
+            writeFile(damaged(), bytes);
             const RunReport report = rescued();
             const QByteArray name = one.name.toUtf8();
             QVERIFY2(report.cameToEnd, (name + ' ' + report.failure.toUtf8()).constData());
@@ -203,7 +181,7 @@ class TestRescue : public QObject {
     void whatCannotBeOpenedIsRecovered() {
         QByteArray bytes = whole_;
         bytes.replace(0, 100, QByteArray(100, '\0'));
-        write(damaged(), bytes);
+        writeFile(damaged(), bytes);
         const QByteArray path = qgetenv("PATH");
         const auto back = qScopeGuard([&] { qputenv("PATH", path); });
         qputenv("PATH", "/nowhere");
@@ -214,14 +192,14 @@ class TestRescue : public QObject {
         const QString shell = sample_->file(u"bin/sqlite3"_s);
         const QString real = QStandardPaths::findExecutable(u"sqlite3"_s, QString::fromLocal8Bit(path).split(u':'));
         QVERIFY2(!real.isEmpty(), "the shell sqlite3 is not installed");
-        write(shell, "#!/bin/sh\nexit 1\n");
+        writeFile(shell, "#!/bin/sh\nexit 1\n");
         QVERIFY(QFile::setPermissions(shell, QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner));
         qputenv("PATH", sample_->file(u"bin"_s).toLocal8Bit());
         QVERIFY2(rescued().failure.contains(u"不能执行 .recover"), qPrintable(rescued().failure));
-        write(shell, (u"#!/bin/sh\ncase \"$*\" in *\" .recover\") echo 'PRAGMA application_id=1819635313; "
-                      "PRAGMA user_version=2;'; exec %1 '%2' .dump;; *) exec %1 \"$@\";; esac\n"_s)
-                         .arg(real, sample_->file(u"good.mdb"_s))
-                         .toUtf8());
+        writeFile(shell, (u"#!/bin/sh\ncase \"$*\" in *\" .recover\") echo 'PRAGMA application_id=1819635313; "
+                          "PRAGMA user_version=2;'; exec %1 '%2' .dump;; *) exec %1 \"$@\";; esac\n"_s)
+                             .arg(real, sample_->file(u"good.mdb"_s))
+                             .toUtf8());
         const RunReport report = rescued();
         QVERIFY2(report.cameToEnd && tells(report, u"sqlite3"_s, u".recover"_s), qPrintable(report.failure));
         QCOMPARE(wholeRecords(OpenDatabase(target())), records);

@@ -1,23 +1,16 @@
 #include "catalogue/runs/backup_return.h"
 
 #include "../../support/damage.h"
-#include "../../support/run_all.h"
 #include "../../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "catalogue/picture_proof.h"
 #include "catalogue/runs/proof_run.h"
 #include "platform/base/error.h"
 
-#include <QtTest/QtTest>
-
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
-class TestBackupReturn : public QObject {
+class TestBackupReturn : public OpenedSampleTest {
     Q_OBJECT
 
-    std::unique_ptr<SampleCatalogue> sample_;
     QString backup_;
 
     QString numbers(const QString& table) const {
@@ -41,9 +34,7 @@ class TestBackupReturn : public QObject {
 
   private Q_SLOTS:
     void init() {
-        sample_.reset();
-        sample_ = std::make_unique<SampleCatalogue>();
-        mekTp::openCatalogue();
+        OpenedSampleTest::init();
         makeBackup();
     }
 
@@ -126,7 +117,5 @@ class TestBackupReturn : public QObject {
 };
 
 const Registered<TestBackupReturn> registered;
-
-}  // namespace
 
 #include "backup_return_test.moc"

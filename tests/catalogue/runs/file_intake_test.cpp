@@ -1,19 +1,16 @@
 #include "catalogue/runs/file_intake.h"
 
 #include "../../support/disk_faults.h"
-#include "../../support/run_all.h"
 #include "../../support/sample_catalogue.h"
 #include "../../support/stored_records.h"
 #include "catalogue/bin_restoring.h"
 #include "catalogue/fingerprint.h"
-#include "catalogue/mektp.h"
 #include "platform/base/files.h"
 #include "platform/database/records/own_values.h"
 #include "platform/database/records/value_hashes.h"
 #include "platform/picture/exif_library.h"
 #include "watching.h"
 
-#include <QtTest/QtTest>
 #include <thread>
 
 using namespace Qt::Literals::StringLiterals;
@@ -46,9 +43,7 @@ QByteArray photograph(const QString& title) {
 class Source {
   public:
     void add(const QString& name, const QByteArray& bytes) {
-        QFile file(path(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
+        writeFile(path(name), bytes);
         names_ << name;
     }
     void add(const QString& name) { add(name, pictureBytes({60, 45}, Qt::darkGreen)); }
@@ -58,10 +53,7 @@ class Source {
     }
 
     QString path(const QString& name) const { return folder_.filePath(name); }
-    QByteArray bytesOf(const QString& name) const {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray bytesOf(const QString& name) const { return contentOf(path(name)); }
     bool isStored(const QString& table, int number, const QString& name) const {
         return stored(table, number).startsWith(bytesOf(name));
     }

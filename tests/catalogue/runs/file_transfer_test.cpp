@@ -1,24 +1,17 @@
 #include "catalogue/runs/file_transfer.h"
 
 #include "../../support/disk_faults.h"
-#include "../../support/run_all.h"
 #include "../../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "watching.h"
-
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
-class TestFileTransfer : public QObject {
+class TestFileTransfer : public SampleTest {
     Q_OBJECT
 
   private Q_SLOTS:
     /// One folder takes what it can; each of the others has its reason.
     void whatBecomesOfEach() {
-        const SampleCatalogue sample;
         const QTemporaryDir folder;
         changeRow(u"SELECT * FROM tc01 WHERE 序号 = 2"_s, {{u"图片"_s, FieldValue()}});
         writePicture(folder.filePath(u"123.jpg"_s), {9, 9}, Qt::red);
@@ -35,12 +28,11 @@ class TestFileTransfer : public QObject {
 
     /// What keeps a folder from being written is asked about once.
     void aFolderThatCannotBeWritten() {
-        const SampleCatalogue sample;
         for (const bool passes : {false, true}) {
             Watching watch;
             watch.passes = passes;
             const RunReport report = transferToFiles(mekTp::catalogue, u"tc01"_s, {u"1"_s, u"2"_s, u"3"_s},
-                                                     sample.file(u"missing"_s), watch);
+                                                     sample_->file(u"missing"_s), watch);
             QCOMPARE(watch.asked, QStringList{u"1"_s});
             QCOMPARE(report.namesOf({Fate::failed}).size(), passes ? 3 : 1);
             QCOMPARE(report.failure.isEmpty(), passes);
@@ -50,7 +42,7 @@ class TestFileTransfer : public QObject {
 
     void aDiskIsFullAtAnyPicture() {
         for (const int tooLarge : {1, 2, 3}) {
-            const SampleCatalogue sample;
+            init();
             const QTemporaryDir folder;
             const QString source = u"SELECT * FROM tc01 WHERE 序号 = %1"_s.arg(tooLarge);
             changeRow(source, {{u"图片"_s, QByteArray(1 << 20, 'x')}});
@@ -66,7 +58,6 @@ class TestFileTransfer : public QObject {
     }
 
     void aWatchEndsTheRunAfterThePictureInHand() {
-        const SampleCatalogue sample;
         const QTemporaryDir folder;
         Watching watch(1);
         const RunReport report = transferToFiles(mekTp::catalogue, u"tc01"_s, {u"4"_s, u"5"_s}, folder.path(), watch);
@@ -77,7 +68,5 @@ class TestFileTransfer : public QObject {
 };
 
 const Registered<TestFileTransfer> registered;
-
-}  // namespace
 
 #include "file_transfer_test.moc"

@@ -2,38 +2,21 @@
 
 #include "../../support/disk_faults.h"
 #include "../../support/failure_of.h"
-#include "../../support/run_all.h"
 #include "../../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
+#include "catalogue/runs/picture_names.h"
 #include "platform/base/error.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
-
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-QByteArray bytesOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeBytes(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
 /// The first record of tc01 with a picture of that many bytes.
 Recordset recordWith(const QByteArray& bytes) {
     Recordset record = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 = 1"_s);
-    record.Edit();
-    record.Fields(u"图片"_s).SetValue(bytes.isNull() ? FieldValue() : FieldValue(bytes));
-    record.Update();
+    changeRow(record, {{u"图片"_s, bytes.isNull() ? FieldValue() : FieldValue(bytes)}});
     return record;
 }
 
@@ -44,44 +27,41 @@ struct SpoilingDisk {
     ~SpoilingDisk() { spoiled = nullptr; }
 };
 
-class TestPictureExport : public QObject {
+class TestPictureExport : public SampleTest {
     Q_OBJECT
 
   private Q_SLOTS:
     void exportedBytes() {
-        const SampleCatalogue catalogue;
         for (const int size : {1, 16384, 16385, 40003}) {
             QByteArray bytes(size, 'x');
             bytes.back() = '\0';
             Recordset record = recordWith(bytes);
-            QString path = catalogue.file(u"图%1"_s.arg(size));
+            QString path = sample_->file(u"图%1"_s.arg(size));
             QCOMPARE(dctb(record, path), Exported::written);
-            QCOMPARE(path, catalogue.file(u"图%1.jpg"_s.arg(size)));
-            QCOMPARE(bytesOf(path), bytes);
+            QCOMPARE(path, sample_->file(u"图%1.jpg"_s.arg(size)));
+            QCOMPARE(contentOf(path), bytes);
             QVERIFY(QFile::permissions(path).testFlag(QFile::ReadOther));
         }
     }
 
     void whatStandsThereStays() {
-        const SampleCatalogue catalogue;
         Recordset record = recordWith("picture");
-        QString taken = catalogue.file(u"a.jpg"_s);
-        writeBytes(taken, "mine");
-        writeBytes(catalogue.file(u"ls.tmp"_s), "a longer one, also mine");
+        QString taken = sample_->file(u"a.jpg"_s);
+        writeFile(taken, "mine");
+        writeFile(sample_->file(u"ls.tmp"_s), "a longer one, also mine");
         QCOMPARE(dctb(record, taken), Exported::nameTaken);
-        QCOMPARE(bytesOf(taken), QByteArray("mine"));
-        QString free = catalogue.file(u"b.jpg"_s);
+        QCOMPARE(contentOf(taken), QByteArray("mine"));
+        QString free = sample_->file(u"b.jpg"_s);
         QCOMPARE(dctb(record, free), Exported::written);
-        QCOMPARE(bytesOf(free), QByteArray("picture"));
-        QCOMPARE(bytesOf(catalogue.file(u"ls.tmp"_s)), QByteArray("a longer one, also mine"));
-        QCOMPARE(QDir(catalogue.folder()).entryList({u"ls*"_s}), QStringList{u"ls.tmp"_s});
+        QCOMPARE(contentOf(free), QByteArray("picture"));
+        QCOMPARE(contentOf(sample_->file(u"ls.tmp"_s)), QByteArray("a longer one, also mine"));
+        QCOMPARE(QDir(sample_->folder()).entryList({u"ls*"_s}), QStringList{u"ls.tmp"_s});
     }
 
     void noPictureNoFile() {
-        const SampleCatalogue catalogue;
         for (const QByteArray& nothing : {QByteArray(), QByteArray("")}) {
             Recordset record = recordWith(nothing);
-            QString path = catalogue.file(u"a.jpg"_s);
+            QString path = sample_->file(u"a.jpg"_s);
             QCOMPARE(dctb(record, path), Exported::noPicture);
             QVERIFY(!QFile::exists(path));
         }
@@ -89,7 +69,6 @@ class TestPictureExport : public QObject {
 
     /// What is stored has zeros behind the bytes of the file that it came from.
     void theSamePictureIsThereAlready() {
-        const SampleCatalogue catalogue;
         const QByteArray picture = QByteArray(20000, 'x') + "end", zeros(7, '\0');
         struct Case {
             QByteArray stored, there;
@@ -102,120 +81,157 @@ class TestPictureExport : public QObject {
                            {picture, picture.chopped(1), Exported::nameTaken},
                            {picture, zeros + picture, Exported::nameTaken},
                            {zeros, {}, Exported::nameTaken}};
-        QString path = catalogue.file(u"a.jpg"_s);
+        QString path = sample_->file(u"a.jpg"_s);
         for (const auto& [storedBytes, there, outcome] : cases) {
             Recordset record = recordWith(storedBytes);
             QFile::remove(path);
-            writeBytes(path, there);
+            writeFile(path, there);
             QCOMPARE(dctb(record, path), outcome);
-            PictureGroup group(catalogue.folder());
+            PictureGroup group(sample_->folder());
             QCOMPARE(group.write(storedBytes, path), outcome);
             QVERIFY(group.giveNames().empty());
-            QCOMPARE(bytesOf(path), there);
+            QCOMPARE(contentOf(path), there);
         }
     }
 
     /// A move would delete the record for a link, and wait for ever at a pipe.
     void whatIsNoFileIsNotThePicture() {
-        const SampleCatalogue catalogue;
         Recordset record = recordWith("picture");
-        QString link = catalogue.file(u"link.jpg"_s), pipe = catalogue.file(u"pipe.jpg"_s);
-        writeBytes(catalogue.file(u"real"_s), "picture");
-        QVERIFY(QFile::link(catalogue.file(u"real"_s), link));
+        QString link = sample_->file(u"link.jpg"_s), pipe = sample_->file(u"pipe.jpg"_s);
+        writeFile(sample_->file(u"real"_s), "picture");
+        QVERIFY(QFile::link(sample_->file(u"real"_s), link));
         QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
         for (QString* const path : {&link, &pipe}) QCOMPARE(dctb(record, *path), Exported::nameTaken);
     }
 
     void aGroupHasItsNamesAtOnce() {
-        const SampleCatalogue catalogue;
-        const auto files = [&] { return QDir(catalogue.folder()).entryList({u"*.jpg"_s, u"ls*"_s}); };
-        QString a = catalogue.file(u"a"_s), b = catalogue.file(u"b"_s);
+        const auto files = [&] { return QDir(sample_->folder()).entryList({u"*.jpg"_s, u"ls*"_s}); };
+        QString a = sample_->file(u"a"_s), b = sample_->file(u"b"_s);
         {
-            PictureGroup group(catalogue.folder());
+            PictureGroup group(sample_->folder());
             for (QString* const name : {&a, &b}) QCOMPARE(group.write("picture", *name), Exported::written);
             QCOMPARE(files(), QStringList());
-            writeBytes(b, "mine");
+            writeFile(b, "mine");
             const auto failed = group.giveNames();
             QVERIFY(failed.size() == 1 && failed[0].name == b && failed[0].reason.isEmpty());
             QCOMPARE(files(), (QStringList{u"a.jpg"_s, u"b.jpg"_s}));
-            QCOMPARE(bytesOf(a) + bytesOf(b), QByteArray("picturemine"));
+            QCOMPARE(contentOf(a) + contentOf(b), QByteArray("picturemine"));
             QVERIFY(group.giveNames().empty());
-            QString c = catalogue.file(u"c"_s), d = catalogue.file(u"d"_s);
+            QString c = sample_->file(u"c"_s), d = sample_->file(u"d"_s);
             QCOMPARE(group.write("picture", c), Exported::written);
             group.giveUp();
             QVERIFY(group.giveNames().empty());
             QCOMPARE(group.write("picture", d), Exported::written);
         }
-        QCOMPARE(QDir(catalogue.folder()).entryList({u"*.jpg"_s, u"*.part"_s}), (QStringList{u"a.jpg"_s, u"b.jpg"_s}));
+        QCOMPARE(QDir(sample_->folder()).entryList({u"*.jpg"_s, u"*.part"_s}), (QStringList{u"a.jpg"_s, u"b.jpg"_s}));
     }
 
     void twoOfAGroupWithOneName() {
-        const SampleCatalogue catalogue;
-        QString name = catalogue.file(u"a.jpg"_s);
-        PictureGroup group(catalogue.folder());
+        QString name = sample_->file(u"a.jpg"_s);
+        PictureGroup group(sample_->folder());
         for (const auto& [bytes, outcome] : {std::pair{"picture", Exported::written},
                                              {"picture", Exported::alreadyThere},
                                              {"another", Exported::nameTaken}})
             QCOMPARE(group.write(bytes, name), outcome);
         QVERIFY(group.giveNames().empty());
-        QCOMPARE(bytesOf(name), QByteArray("picture"));
+        QCOMPARE(contentOf(name), QByteArray("picture"));
     }
 
     void aBadNameCostsOnlyItsOwnFile() {
-        const SampleCatalogue catalogue;
-        PictureGroup group(catalogue.folder());
-        QString a = catalogue.file(u"a"_s), bad = catalogue.file(QString(300, u'b')), c = catalogue.file(u"c"_s);
+        PictureGroup group(sample_->folder());
+        QString a = sample_->file(u"a"_s), bad = sample_->file(QString(300, u'b')), c = sample_->file(u"c"_s);
         for (QString* const name : {&a, &bad, &c}) QCOMPARE(group.write("picture", *name), Exported::written);
         const auto failed = group.giveNames();
         QVERIFY(failed.size() == 1 && failed[0].name == bad && failed[0].reason.contains(u"名称太长"_s));
-        QCOMPARE(QDir(catalogue.folder()).entryList({u"*.jpg"_s, u"*.part"_s}), (QStringList{u"a.jpg"_s, u"c.jpg"_s}));
-        QCOMPARE(bytesOf(c), QByteArray("picture"));
+        QCOMPARE(QDir(sample_->folder()).entryList({u"*.jpg"_s, u"*.part"_s}), (QStringList{u"a.jpg"_s, u"c.jpg"_s}));
+        QCOMPARE(contentOf(c), QByteArray("picture"));
     }
 
     /// A move would delete the only one that is whole.
     void whatTheDiskGivesBackIsCompared() {
-        const SampleCatalogue catalogue;
         const SpoilingDisk disk("bad");
         Recordset record = recordWith("bad picture");
-        QString alone = catalogue.file(u"alone.jpg"_s), bad = catalogue.file(u"bad.jpg"_s),
-                good = catalogue.file(u"good.jpg"_s);
+        QString alone = sample_->file(u"alone.jpg"_s), bad = sample_->file(u"bad.jpg"_s),
+                good = sample_->file(u"good.jpg"_s);
         QVERIFY(failureOf([&] { dctb(record, alone); }).contains(alone));
-        PictureGroup group(catalogue.folder());
+        PictureGroup group(sample_->folder());
         QCOMPARE(group.write("bad picture", bad), Exported::written);
         QCOMPARE(group.write("good picture", good), Exported::written);
         const auto failed = group.giveNames();
         QVERIFY(failed.size() == 1 && failed[0].name == bad && failed[0].reason.contains(u"读回"_s));
-        QCOMPARE(QDir(catalogue.folder()).entryList({u"*.jpg"_s, u"*.part"_s}), QStringList{u"good.jpg"_s});
+        QCOMPARE(QDir(sample_->folder()).entryList({u"*.jpg"_s, u"*.part"_s}), QStringList{u"good.jpg"_s});
     }
 
     void failuresLeaveNothing() {
-        const SampleCatalogue catalogue;
         Recordset record = recordWith(QByteArray(100000, 'x'));
-        QString nowhere = catalogue.file(u"missing/a.jpg"_s);
+        QString nowhere = sample_->file(u"missing/a.jpg"_s);
         QVERIFY_THROWS_EXCEPTION(Error, dctb(record, nowhere));
-        QString path = catalogue.file(u"a.jpg"_s);
+        QString path = sample_->file(u"a.jpg"_s);
         for (const qint64 room : {50000, 99999}) {
             const FullDisk full(room);
             QVERIFY_THROWS_EXCEPTION(Error, dctb(record, path));
         }
-        QString endless = catalogue.file(QString(300, u'a'));
+        QString endless = sample_->file(QString(300, u'a'));
         QVERIFY_THROWS_EXCEPTION(Error, dctb(record, endless));
-        QCOMPARE(QDir(catalogue.folder()).entryList({u"*.part"_s, u"ls*"_s, u"a*"_s}), QStringList());
+        QCOMPARE(QDir(sample_->folder()).entryList({u"*.part"_s, u"ls*"_s, u"a*"_s}), QStringList());
     }
 
     /// One reason for all files of a folder: a message has room for few.
     void aFullDiskIsOneReason() {
-        const SampleCatalogue catalogue;
-        PictureGroup group(catalogue.folder());
+        PictureGroup group(sample_->folder());
         QSet<QString> reasons;
         const FullDisk full(50000);
         for (const QString& name : {u"a.jpg"_s, u"b.jpg"_s})
             reasons << failureOf([&] {
-                QString path = catalogue.file(name);
+                QString path = sample_->file(name);
                 group.write(QByteArray(100000, 'x'), path);
             });
         QCOMPARE(reasons.size(), 1);
-        QVERIFY(reasons.begin()->contains(u'“' + catalogue.folder() + u'”'));
+        QVERIFY(reasons.begin()->contains(u'“' + sample_->folder() + u'”'));
+    }
+
+    // Names -----------------------------------------------------------------------------------------------------------
+
+    void replaceNumber() {
+        const QList<std::pair<QString, int>> cases{{u"12.jpg"_s, 12},  {u"1.5.jpg"_s, 1},   {u"007.bmp"_s, 7},
+                                                   {u" 3 .jpg"_s, 3},  {u"&H10.jpg"_s, 16}, {u"12a.jpg"_s, 12},
+                                                   {u"photo.jpg"_s, 0}};
+        for (const auto& [name, number] : cases) QCOMPARE(numberOfFile(name), number);
+        QVERIFY_THROWS_EXCEPTION(Error, numberOfFile(u"99999999999.jpg"_s));
+    }
+
+    void namesThatStandForNumbers() {
+        for (const QString& name : {u"12.jpg"_s, u"1.5.jpg"_s, u" 3 .jpg"_s, u"007.bmp"_s})
+            QVERIFY2(standsForNumber(name), qPrintable(name));
+        for (const QString& name : {u"1,234.jpg"_s, u"12a.jpg"_s, u"photo.jpg"_s, u"1 2.jpg"_s, u".jpg"_s})
+            QVERIFY2(!standsForNumber(name), qPrintable(name));
+    }
+
+    void defaultNames() {
+        QCOMPARE(defaultPictureName(FieldValue(), 7), u"07.jpg"_s);
+        QCOMPARE(defaultPictureName(QString(), 7), u"07.jpg"_s);
+        for (const QString& blanks : {u" "_s, u"  \u3000"_s}) QCOMPARE(defaultPictureName(blanks, 7), u"07.jpg"_s);
+        QCOMPARE(defaultPictureName(u" ab "_s, 12), u"ab12.jpg"_s);
+        QCOMPARE(defaultPictureName(u"/a"_s, 3), u"_a3.jpg"_s);
+    }
+
+    void completedNames() {
+        const QList<std::pair<QString, QString>> cases{{u"photo"_s, u"photo.jpg"_s},
+                                                       {u"photo.jpg"_s, u"photo.jpg"_s},
+                                                       {u"photo.bmp"_s, u"photo.jpg"_s},
+                                                       {u"photo.JPG"_s, u"photo.jpg"_s},
+                                                       {u"a.b.jpg"_s, u"a.b.jpg"_s},
+                                                       {u"a.b.bmp"_s, u"a.jpg"_s},
+                                                       {QString(), QString()}};
+        for (const auto& [typed, completed] : cases) QCOMPARE(completedPictureName(typed), completed);
+    }
+
+    void namesThatStandForNoFile() {
+        for (const QString& name : {u"图 1.jpg"_s, u"a\\b.jpg"_s}) QCOMPARE(objectionToFileName(name), QString());
+        for (const QString& name : {u".jpg"_s, u" \u3000.jpg"_s, QString()})
+            QCOMPARE(objectionToFileName(name), u"请填写文件名！"_s);
+        for (const QString& name : {u"a/b.jpg"_s, u"/b.jpg"_s}) QVERIFY(objectionToFileName(name).contains(u"“/”"_s));
+        QVERIFY(!objectionToFileName(u"a\0b.jpg"_s).isEmpty());
     }
 };
 

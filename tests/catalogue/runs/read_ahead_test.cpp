@@ -3,7 +3,6 @@
 #include "../../support/failure_of.h"
 #include "../../support/run_all.h"
 
-#include <QtTest/QtTest>
 #include <atomic>
 #include <latch>
 
@@ -55,30 +54,22 @@ class TestReadAhead : public QObject {
         for (const qsizetype place : {2, 1, 2, 9, 0}) QCOMPARE(again.take(place), place);
     }
 
-    void isAheadByItsLimits_data() {
-        QTest::addColumn<int>("things");
-        QTest::addColumn<int>("bytes");
-        QTest::addColumn<int>("threads");
-        QTest::addColumn<int>("prepared");
-        QTest::newRow("things") << 3 << 1000 << 1 << 3;
-        QTest::newRow("things of several threads") << 3 << 1000 << 4 << 3;
-        QTest::newRow("bytes") << 100 << 25 << 1 << 3;
-        QTest::newRow("one is larger than all") << 100 << 5 << 1 << 1;
-    }
     void isAheadByItsLimits() {
-        QFETCH(int, things);
-        QFETCH(int, bytes);
-        QFETCH(int, threads);
-        QFETCH(int, prepared);
-        std::atomic<int> count = 0;
-        Numbers ahead(
-            50, [&] { return [&](qsizetype place) { return ++count, place; }; }, [](const qsizetype&) { return 10; },
-            {.things = std::size_t(things), .bytes = bytes, .threads = threads});
-        QVERIFY(ahead.isAtHand(prepared - 1, longEnough));
-        QVERIFY(!ahead.isAtHand(prepared, 50ms));
-        QCOMPARE(count, prepared);
-        ahead.take(0);
-        QVERIFY(ahead.isAtHand(prepared, longEnough));
+        // Things, bytes, threads, and how many are prepared; the last thing is larger than all bytes.
+        const std::tuple<int, int, int, int> cases[] = {
+            {3, 1000, 1, 3}, {3, 1000, 4, 3}, {100, 25, 1, 3}, {100, 5, 1, 1}};
+        for (const auto& [things, bytes, threads, prepared] : cases) {
+            std::atomic<int> count = 0;
+            Numbers ahead(
+                50, [&] { return [&](qsizetype place) { return ++count, place; }; },
+                [](const qsizetype&) { return 10; },
+                {.things = std::size_t(things), .bytes = bytes, .threads = threads});
+            QVERIFY(ahead.isAtHand(prepared - 1, longEnough));
+            QVERIFY(!ahead.isAtHand(prepared, 50ms));
+            QCOMPARE(count, prepared);
+            ahead.take(0);
+            QVERIFY(ahead.isAtHand(prepared, longEnough));
+        }
     }
 
     void failuresComeInTheirTurn_data() { threads_data(); }

@@ -1,15 +1,11 @@
 #include "catalogue/runs/readable_rows.h"
 
-#include "../../support/run_all.h"
 #include "../../support/sample_catalogue.h"
 #include "catalogue/album_rules.h"
-#include "catalogue/mektp.h"
 #include "catalogue/picture_hashes.h"
 #include "catalogue/runs/record_copy.h"
 #include "platform/database/records/own_values.h"
 #include "watching.h"
-
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -49,7 +45,7 @@ void spoil(const QString& path, const QByteArray& bytes) {
     file.write(QByteArray(pageSize, '\xEE'));
 }
 
-class TestReadableRows : public QObject {
+class TestReadableRows : public SampleTest {
     Q_OBJECT
 
   private Q_SLOTS:
@@ -66,8 +62,7 @@ class TestReadableRows : public QObject {
     void pagesCostWhatTheyHold() {
         QFETCH(QList<int>, spoilt);
         QFETCH(int, parts);
-        const SampleCatalogue catalogue;
-        const QString path = makeAlbum(catalogue.file(u"damaged.mdb"_s));
+        const QString path = makeAlbum(sample_->file(u"damaged.mdb"_s));
         for (const int number : spoilt) spoil(path, remark(number).toLatin1());
 
         const Database source = OpenDatabase(path);
@@ -94,8 +89,7 @@ class TestReadableRows : public QObject {
     }
 
     void gapsAreNamedByTheirNeighbours() {
-        const SampleCatalogue catalogue;
-        const QString path = makeAlbum(catalogue.file(u"damaged.mdb"_s));
+        const QString path = makeAlbum(sample_->file(u"damaged.mdb"_s));
         spoil(path, remark(300).toLatin1());
         const Database source = OpenDatabase(path);
         const ReadableRows readable(source, u"tc01"_s, u"序号"_s);
@@ -109,16 +103,13 @@ class TestReadableRows : public QObject {
 
     /// Bytes that are a picture, but not the one that was stored.
     void aChangedPictureIsLeftOut() {
-        const SampleCatalogue catalogue;
-        const QString path = makeAlbum(catalogue.file(u"changed.mdb"_s));
+        const QString path = makeAlbum(sample_->file(u"changed.mdb"_s));
         const Database source = OpenDatabase(path);
         OwnValues(source).prepare();
         const QByteArray picture = pictureBytes({60, 45}, Qt::green);
         for (const auto& [number, stored] : {std::pair{1, picture}, {2, pictureBytes({60, 45}, Qt::red)}}) {
             Recordset row = source.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 = %1"_s.arg(number));
-            row.Edit();
-            row.Fields(u"图片"_s).SetValue(picture);
-            row.Update();
+            changeRow(row, {{u"图片"_s, picture}});
             PictureHashes(source).note(row.storedAt(0, u"图片"_s), fingerprintOf(stored));
         }
         CopyOrder order{.sourcePath = path, .sourceTable = u"tc01"_s, .indexField = u"序号"_s};
@@ -132,8 +123,7 @@ class TestReadableRows : public QObject {
 
     /// The picture is lost, and asked about; the others come in.
     void aLostPictureIsAFailureOfItsRecord() {
-        const SampleCatalogue catalogue;
-        const QString path = makeAlbum(catalogue.file(u"damaged.mdb"_s));
+        const QString path = makeAlbum(sample_->file(u"damaged.mdb"_s));
         QProcess::execute(u"sqlite3"_s, {path, u"DELETE FROM long_binary WHERE id = 3"_s});
         CopyOrder order{.sourcePath = path,
                         .sourceTable = u"tc01"_s,

@@ -1,14 +1,11 @@
 #include "catalogue/runs/record_copy.h"
 
-#include "../../support/run_all.h"
 #include "../../support/sample_catalogue.h"
 #include "../../support/stored_records.h"
 #include "catalogue/album_rules.h"
 #include "platform/database/records/own_values.h"
 #include "platform/database/records/value_hashes.h"
 #include "watching.h"
-
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -21,9 +18,7 @@ class Source {
 
     void add(const RowValues& values) const {
         Recordset rows = database.OpenRecordset(u"tc01"_s);
-        rows.AddNew();
-        for (const auto& [column, value] : values) rows.Fields(column).SetValue(value);
-        rows.Update();
+        addRow(rows, values);
     }
     CopyOrder order(const QStringList& keys, bool replace = false) const {
         CopyOrder order{.sourcePath = database.Name(),
@@ -84,10 +79,7 @@ class TestRecordCopy : public QObject {
         source.database.Execute(u"CREATE TABLE keys ([r] DOUBLE,[t] TEXT(5),[s] SHORT,[备注] TEXT(50))"_s);
         Recordset rows = source.database.OpenRecordset(u"keys"_s);
         for (const double key : {1.5, 2.5, 1.5}) {
-            rows.AddNew();
-            rows.Fields(u"r"_s).SetValue(key);
-            rows.Fields(u"备注"_s).SetValue(u"row %1"_s.arg(rows.rowCount()));
-            rows.Update();
+            addRow(rows, {{u"r"_s, key}, {u"备注"_s, u"row %1"_s.arg(rows.rowCount())}});
         }
         CopyOrder order = source.order({u"1.5"_s, u"2.5"_s, u"1.5"_s});
         order.sourceTable = u"keys"_s;

@@ -1,22 +1,16 @@
 #include "catalogue/runs/renumbering.h"
 
-#include "../../support/run_all.h"
 #include "../../support/sample_catalogue.h"
 #include "../../support/stored_records.h"
 #include "watching.h"
 
-#include <QtTest/QtTest>
-
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
-class TestRenumbering : public QObject {
+class TestRenumbering : public SampleTest {
     Q_OBJECT
 
   private Q_SLOTS:
     void progressGrowsToTheEnd() {
-        const SampleCatalogue catalogue;
         Watching watch;
         QCOMPARE(renumberAlbum(mekTp::catalogue, u"tc01"_s, u"日期"_s, watch).count, 10);
         QCOMPARE(watch.percents, (QList<int>{10, 20, 30, 40, 50, 60, 70, 80, 90, 100}));
@@ -25,7 +19,6 @@ class TestRenumbering : public QObject {
     }
 
     void whatIsEndedEarlyChangesNothing() {
-        const SampleCatalogue catalogue;
         changeRow(u"SELECT * FROM tc01 WHERE 序号 = 1"_s, {{u"序号"_s, 40}});
         const QStringList before = numbersOf(u"tc01"_s);
         Watching watch(7);
@@ -38,7 +31,5 @@ class TestRenumbering : public QObject {
 };
 
 const Registered<TestRenumbering> registered;
-
-}  // namespace
 
 #include "renumbering_test.moc"

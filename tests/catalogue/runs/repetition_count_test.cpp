@@ -1,28 +1,19 @@
 #include "catalogue/runs/repetition_count.h"
 
-#include "../../support/run_all.h"
 #include "../../support/sample_catalogue.h"
-#include "catalogue/mektp.h"
 #include "catalogue/picture_hashes.h"
 #include "catalogue/runs/picture_storing.h"
 
-#include <QtTest/QtTest>
 #include <atomic>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-class TestRepetitionCount : public QObject {
+class TestRepetitionCount : public OpenedSampleTest {
     Q_OBJECT
 
-    std::unique_ptr<SampleCatalogue> sample_;
-
-    QString write(const QString& name, const QByteArray& bytes) const {
-        QFile file(sample_->file(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) qFatal("cannot write");
-        return file.fileName();
-    }
+    QString write(const QString& name, const QByteArray& bytes) const { return writeFile(sample_->file(name), bytes); }
     static Repetitions counted(const ChosenFiles& files) {
         KnownPictures known(mekTp::catalogue, u"tc01"_s);
         return countRepetitions(known, files, [] { return true; });
@@ -30,12 +21,6 @@ class TestRepetitionCount : public QObject {
     static int count(const QStringList& paths) { return counted({paths}).known; }
 
   private Q_SLOTS:
-    void init() {
-        sample_.reset();
-        sample_ = std::make_unique<SampleCatalogue>();
-        mekTp::openCatalogue();
-    }
-
     void filesOfTheAlbum() {
         const QByteArray large(300000, 'x');
         addRow(u"tc01"_s, {{u"序号"_s, 11}, {u"图片"_s, large + QByteArray(19, '\0')}});

@@ -1,13 +1,10 @@
 #include "catalogue/runs/run_in_turn.h"
 
 #include "../../support/disk_faults.h"
-#include "../../support/run_all.h"
 #include "../../support/sample_catalogue.h"
 #include "../../support/stored_records.h"
 #include "platform/base/error.h"
 
-#include <QtTest/QtTest>
-#include <functional>
 #include <optional>
 #include <thread>
 
@@ -87,12 +84,10 @@ class Watch : public RunWatch {
     QStringList asked;
 };
 
-class TestRunInTurn : public QObject {
+class TestRunInTurn : public SampleTest {
     Q_OBJECT
 
   private Q_SLOTS:
-    void init() { catalogue_.emplace(); }
-
     void thingsShareAChange() {
         Numbering run;
         Watch watch;
@@ -103,83 +98,67 @@ class TestRunInTurn : public QObject {
         QCOMPARE(onTheDisk(), numbered(1, things));
     }
 
-    void failures_data() {
-        QTest::addColumn<bool>("passing");
-        QTest::addColumn<QStringList>("taken");
-        QTest::addColumn<QStringList>("failed");
-        QTest::newRow("ended") << false << numbered(1, 1) << numbered(2, 2);
-        QTest::newRow("passed over") << true << QStringList{u"1"_s, u"3"_s, u"5"_s, u"6"_s}
-                                     << QStringList{u"2"_s, u"4"_s};
-    }
     void failures() {
-        QFETCH(bool, passing);
-        QFETCH(QStringList, taken);
-        QFETCH(QStringList, failed);
-        Numbering run;
-        Watch watch;
-        watch.passing = passing;
-        run.failing = {2, 4};
-        const RunReport report = run.run(watch);
-        QCOMPARE(watch.asked, QStringList{u"not 2"_s});
-        QCOMPARE(onTheDisk(), taken);
-        QCOMPARE(report.namesOf({Fate::taken}), taken);
-        QCOMPARE(report.namesOf({Fate::failed}), failed);
-        QCOMPARE(report.namesOf({Fate::left}), passing ? QStringList() : numbered(3, things));
-        QCOMPARE(report.count, passing ? int(taken.size()) : 0);
-        QCOMPARE(report.failure, passing ? QString() : u"not 2"_s);
-        QCOMPARE(run.opened, 1);
+        const std::tuple<bool, QStringList, QStringList> cases[] = {
+            {false, numbered(1, 1), numbered(2, 2)},
+            {true, QStringList{u"1"_s, u"3"_s, u"5"_s, u"6"_s}, QStringList{u"2"_s, u"4"_s}}};
+        for (const auto& [passing, taken, failed] : cases) {
+            init();
+            Numbering run;
+            Watch watch;
+            watch.passing = passing;
+            run.failing = {2, 4};
+            const RunReport report = run.run(watch);
+            QCOMPARE(watch.asked, QStringList{u"not 2"_s});
+            QCOMPARE(onTheDisk(), taken);
+            QCOMPARE(report.namesOf({Fate::taken}), taken);
+            QCOMPARE(report.namesOf({Fate::failed}), failed);
+            QCOMPARE(report.namesOf({Fate::left}), passing ? QStringList() : numbered(3, things));
+            QCOMPARE(report.count, passing ? int(taken.size()) : 0);
+            QCOMPARE(report.failure, passing ? QString() : u"not 2"_s);
+            QCOMPARE(run.opened, 1);
+        }
     }
 
-    void ended_data() {
-        QTest::addColumn<int>("after");
-        QTest::newRow("at once") << 1;
-        QTest::newRow("in the middle") << 3;
-        QTest::newRow("at the end") << things;
-    }
     void ended() {
-        QFETCH(int, after);
-        Numbering run;
-        Watch watch;
-        watch.endAfter = after;
-        run.failing = {after};  // nobody is asked any more
-        const RunReport report = run.run(watch);
-        QVERIFY(report.stopped && report.failure.isEmpty() && watch.asked.isEmpty());
-        QCOMPARE(report.count, after - 1);
-        QCOMPARE(report.namesOf({Fate::failed}), numbered(after, after));
-        QCOMPARE(report.namesOf({Fate::left}), numbered(after + 1, things));
-        QCOMPARE(onTheDisk(), numbered(1, after - 1));
+        for (const int after : {1, 3, things}) {
+            init();
+            Numbering run;
+            Watch watch;
+            watch.endAfter = after;
+            run.failing = {after};  // nobody is asked any more
+            const RunReport report = run.run(watch);
+            QVERIFY(report.stopped && report.failure.isEmpty() && watch.asked.isEmpty());
+            QCOMPARE(report.count, after - 1);
+            QCOMPARE(report.namesOf({Fate::failed}), numbered(after, after));
+            QCOMPARE(report.namesOf({Fate::left}), numbered(after + 1, things));
+            QCOMPARE(onTheDisk(), numbered(1, after - 1));
+        }
     }
 
     /// The disk takes two of the things: these are stored, although they were lost with the others at first.
-    void fullDisk_data() {
-        QTest::addColumn<int>("endAfter");
-        QTest::addColumn<bool>("passing");
-        QTest::addColumn<int>("lastFailed");
-        QTest::newRow("ended") << -1 << false << 3;
-        QTest::newRow("passed over") << -1 << true << things;
-        QTest::newRow("ended by the watch") << 4 << false << 4;
-    }
     void fullDisk() {
-        QFETCH(int, endAfter);
-        QFETCH(bool, passing);
-        QFETCH(int, lastFailed);
-        Numbering run;
-        run.picture = QByteArray(1'000'000, 'x');
-        Watch watch;
-        watch.endAfter = endAfter;
-        watch.passing = passing;
-        RunReport report;
-        {
-            const FullDisk full(QFileInfo(mekTp::cataloguePath()).size() + 2'500'000);
-            report = run.run(watch);
+        const std::tuple<int, bool, int> cases[] = {{-1, false, 3}, {-1, true, things}, {4, false, 4}};
+        for (const auto& [endAfter, passing, lastFailed] : cases) {
+            init();
+            Numbering run;
+            run.picture = QByteArray(1'000'000, 'x');
+            Watch watch;
+            watch.endAfter = endAfter;
+            watch.passing = passing;
+            RunReport report;
+            {
+                const FullDisk full(QFileInfo(mekTp::cataloguePath()).size() + 2'500'000);
+                report = run.run(watch);
+            }
+            QCOMPARE(onTheDisk(), numbered(1, 2));
+            QCOMPARE(stored(u"tc02"_s, 2), run.picture);
+            QCOMPARE(report.namesOf({Fate::taken}), numbered(1, 2));
+            QCOMPARE(report.namesOf({Fate::failed}), numbered(3, lastFailed));
+            QCOMPARE(report.namesOf({Fate::left}), numbered(lastFailed + 1, things));
+            QCOMPARE(watch.asked.size(), endAfter > 0 ? 0 : 1);
+            QCOMPARE(report.count, passing || endAfter > 0 ? 2 : 0);
         }
-        QCOMPARE(onTheDisk(), numbered(1, 2));
-        QCOMPARE(stored(u"tc02"_s, 2), run.picture);
-        QCOMPARE(report.namesOf({Fate::taken}), numbered(1, 2));
-        QCOMPARE(report.namesOf({Fate::failed}), numbered(3, lastFailed));
-        QCOMPARE(report.namesOf({Fate::left}), numbered(lastFailed + 1, things));
-        QCOMPARE(watch.asked.size(), endAfter > 0 ? 0 : 1);
-        QCOMPARE(report.count, passing || endAfter > 0 ? 2 : 0);
     }
 
     void anotherProgramWrites() {
@@ -200,9 +179,6 @@ class TestRunInTurn : public QObject {
         QCOMPARE(report.namesOf({Fate::failed}), numbered(1, 1));
         QCOMPARE(onTheDisk(), numbered(2, things));
     }
-
-  private:
-    std::optional<SampleCatalogue> catalogue_;
 };
 
 const Registered<TestRunInTurn> registered;

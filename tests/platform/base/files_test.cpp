@@ -3,7 +3,7 @@
 #include "../../support/disk_faults.h"
 #include "../../support/failure_of.h"
 #include "../../support/run_all.h"
-#include "platform/base/error.h"
+#include "../../support/test_files.h"
 #include "platform/base/odd_names.h"
 #include "platform/base/processes.h"
 #include "platform/base/system_reason.h"
@@ -11,11 +11,7 @@
 
 #include <sys/stat.h>
 
-#include <QtTest/QtTest>
-
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
 
 class FilesTest : public QObject {
     Q_OBJECT
@@ -67,24 +63,17 @@ class FilesTest : public QObject {
     }
 
     void nameThatNobodyHas() {
-        const auto write = [&](const QString& name, const QByteArray& bytes) {
-            QFile file(folder_.filePath(name));
-            return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-        };
-        const auto content = [&](const QString& name) {
-            QFile file(folder_.filePath(name));
-            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
-        };
-        QVERIFY(write(u"新"_s, "new") && write(u"旧"_s, "old"));
-        QVERIFY(!renameNew(folder_.filePath(u"新"_s), folder_.filePath(u"旧"_s)));
+        const auto path = [&](const QString& name) { return folder_.filePath(name); };
+        const auto content = [&](const QString& name) { return contentOf(path(name), "none"); };
+        writeFile(path(u"新"_s), "new");
+        writeFile(path(u"旧"_s), "old");
+        QVERIFY(!renameNew(path(u"新"_s), path(u"旧"_s)));
         QCOMPARE(content(u"新"_s) + content(u"旧"_s), QByteArray("newold"));
-        QVERIFY(renameNew(folder_.filePath(u"新"_s), folder_.filePath(u"另"_s)));
+        QVERIFY(renameNew(path(u"新"_s), path(u"另"_s)));
         QCOMPARE(content(u"新"_s) + content(u"另"_s), QByteArray("nonenew"));
-        const QString endless = folder_.filePath(QString(300, u'a'));
-        QVERIFY(failureOf([&] { renameNew(folder_.filePath(u"另"_s), endless); }).contains(u"名称太长"_s));
-        QVERIFY(failureOf([&] {
-                    renameNew(folder_.filePath(u"另"_s), folder_.filePath(u"无/另"_s));
-                }).contains(u"不存在"_s));
+        const QString endless = path(QString(300, u'a'));
+        QVERIFY(failureOf([&] { renameNew(path(u"另"_s), endless); }).contains(u"名称太长"_s));
+        QVERIFY(failureOf([&] { renameNew(path(u"另"_s), path(u"无/另"_s)); }).contains(u"不存在"_s));
         QCOMPARE(content(u"另"_s), QByteArray("new"));
     }
 
@@ -160,7 +149,5 @@ class FilesTest : public QObject {
 };
 
 static Registered<FilesTest> registered;
-
-}  // namespace
 
 #include "files_test.moc"

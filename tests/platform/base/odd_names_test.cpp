@@ -7,8 +7,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QtTest/QtTest>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace {

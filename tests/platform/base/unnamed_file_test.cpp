@@ -3,17 +3,12 @@
 #include "../../support/disk_faults.h"
 #include "../../support/failure_of.h"
 #include "../../support/run_all.h"
-#include "platform/base/files.h"
+#include "../../support/test_files.h"
 
 #include <sys/stat.h>
 #include <sys/wait.h>
 
-#include <QDir>
-#include <QtTest/QtTest>
-
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
 
 class TestUnnamedFile : public QObject {
     Q_OBJECT
@@ -24,14 +19,8 @@ class TestUnnamedFile : public QObject {
     QStringList entries() const {
         return QDir(folder_->path()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
     }
-    QByteArray content(const QString& name) const {
-        QFile stored(file(name));
-        return stored.open(QIODevice::ReadOnly) ? stored.readAll() : QByteArray("none");
-    }
-    void write(const QString& name, const QByteArray& bytes) const {
-        QFile stored(file(name));
-        if (!stored.open(QIODevice::WriteOnly) || stored.write(bytes) != bytes.size()) qFatal("cannot write");
-    }
+    QByteArray content(const QString& name) const { return contentOf(file(name), "none"); }
+    void write(const QString& name, const QByteArray& bytes) const { writeFile(file(name), bytes); }
 
   private Q_SLOTS:
     void init() { folder_ = std::make_unique<QTemporaryDir>(); }
@@ -141,7 +130,5 @@ class TestUnnamedFile : public QObject {
 };
 
 const Registered<TestUnnamedFile> registered;
-
-}  // namespace
 
 #include "unnamed_file_test.moc"

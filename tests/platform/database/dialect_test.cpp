@@ -1,9 +1,6 @@
-#include "../../support/run_all.h"
 #include "test_album.h"
 
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
 
 class DialectTest : public QObject {
     Q_OBJECT
@@ -143,7 +140,5 @@ class DialectTest : public QObject {
 };
 
 static Registered<DialectTest> registered;
-
-}  // namespace
 
 #include "dialect_test.moc"

@@ -1,6 +1,5 @@
 #include "../../support/disk_faults.h"
 #include "../../support/failing_disk.h"
-#include "../../support/run_all.h"
 #include "platform/database/file/file_check.h"
 #include "test_album.h"
 
@@ -21,15 +20,8 @@ class FilesTest : public QObject {
 
     std::unique_ptr<TestAlbum> album_;
 
-    QString writeFile(const QString& name, const QByteArray& content) const {
-        QFile file(album_->folder.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) return {};
-        return file.fileName();
-    }
-
-    QByteArray fileContent() const {
-        QFile file(album_->path());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    QString write(const QString& name, const QByteArray& content) const {
+        return writeFile(album_->folder.filePath(name), content);
     }
 
   private Q_SLOTS:
@@ -53,12 +45,12 @@ class FilesTest : public QObject {
     }
 
     void refusesWhatIsNoDatabase() {
-        const QByteArray whole = fileContent();
-        const QStringList paths{writeFile(u"empty.mdb"_s, {}),
-                                writeFile(u"garbage.mdb"_s, QByteArray(50000, '?')),
-                                writeFile(u"halved.mdb"_s, whole.left(whole.size() / 2)),
-                                writeFile(u"header.mdb"_s, whole.left(100)),
-                                writeFile(u"spoilt.mdb"_s, QByteArray(whole).replace(100, 3000, QByteArray(3000, '?'))),
+        const QByteArray whole = contentOf(album_->path());
+        const QStringList paths{write(u"empty.mdb"_s, {}),
+                                write(u"garbage.mdb"_s, QByteArray(50000, '?')),
+                                write(u"halved.mdb"_s, whole.left(whole.size() / 2)),
+                                write(u"header.mdb"_s, whole.left(100)),
+                                write(u"spoilt.mdb"_s, QByteArray(whole).replace(100, 3000, QByteArray(3000, '?'))),
                                 album_->folder.filePath(u"missing.mdb"_s),
                                 album_->folder.path()};
         for (const QString& path : paths) {
@@ -96,14 +88,13 @@ class FilesTest : public QObject {
         for (int i = 0; i < 3; ++i) album_->add(10 + i, u"b"_s, u"2003-10-02"_s, QByteArray(100000, letter(i)));
         // Such a page is the number of the next one and then nothing but the value.
         constexpr qsizetype pageSize = 16384;
-        QByteArray content = fileContent();
+        QByteArray content = contentOf(album_->path());
         qsizetype page = 0;
         while (page < content.size() && content.mid(page + 4, pageSize - 4) != QByteArray(pageSize - 4, letter(1))) {
             page += pageSize;
         }
         QVERIFY(page < content.size());
-        const Database database =
-            OpenDatabase(writeFile(u"spoilt.mdb"_s, content.replace(page, 4, "\x7f\xff\xff\xff")));
+        const Database database = OpenDatabase(write(u"spoilt.mdb"_s, content.replace(page, 4, "\x7f\xff\xff\xff")));
         Recordset set = database.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 > 9 ORDER BY 序号"_s);
         for (int i = 0; i < 3; ++i, set.MoveNext()) {
             const Field picture = set.Fields(u"图片"_s);
@@ -126,41 +117,38 @@ class FilesTest : public QObject {
         QCOMPARE(album_->shell(u"ATTACH '%1' AS o; PRAGMA o.journal_mode"_s.arg(path)), u"wal"_s);
     }
 
-    void readingLeavesAFileAsItIs_data() {
-        QTest::addColumn<QString>("setting");
-        QTest::newRow("ours") << QString();
-        QTest::newRow("ours, with a log") << u"PRAGMA journal_mode = WAL;"_s;
-        QTest::newRow("somebody else's") << u"PRAGMA application_id = 1;"_s;
-    }
-
     /// However much free space it has.
     void readingLeavesAFileAsItIs() {
-        QFETCH(QString, setting);
-        album_->add(4, u"b"_s, u"2003-10-02"_s, QByteArray(20000000, 'q'));
-        album_->database = {};
-        album_->shell(u"DELETE FROM long_binary WHERE length(bytes) > 1000000;"_s + setting);
-        const QByteArray before = fileContent();
-        QVERIFY(before.size() > 20000000);
-        for (int round = 0; round < 2; ++round) {
-            const Database database = OpenDatabase(album_->path());
-            Recordset set = database.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 < 4"_s);
-            for (; !set.Eof(); set.MoveNext()) QCOMPARE(set.Fields(u"图片"_s).Value().toBytes().size(), 100000);
-        }
-        QVERIFY(fileContent() == before);
+        const QString settings[] = {{}, u"PRAGMA journal_mode = WAL;"_s, u"PRAGMA application_id = 1;"_s};
+        for (const QString& setting : settings) {
+            init();
+            album_->add(4, u"b"_s, u"2003-10-02"_s, QByteArray(20000000, 'q'));
+            album_->database = {};
+            album_->shell(u"DELETE FROM long_binary WHERE length(bytes) > 1000000;"_s + setting);
+            const QByteArray before = contentOf(album_->path());
+            QVERIFY(before.size() > 20000000);
+            for (int round = 0; round < 2; ++round) {
+                const Database database = OpenDatabase(album_->path());
+                Recordset set = database.OpenRecordset(u"SELECT * FROM tc01 WHERE 序号 < 4"_s);
+                for (; !set.Eof(); set.MoveNext()) QCOMPARE(set.Fields(u"图片"_s).Value().toBytes().size(), 100000);
+            }
+            QVERIFY(contentOf(album_->path()) == before);
 
-        // Space of our own files is given back by whoever changes something.
-        {
-            const Database database = OpenDatabase(album_->path());
-            Recordset set = database.OpenRecordset(u"tc01"_s);
-            setRemark(set, u"后"_s);
+            // Space of our own files is given back by whoever changes something.
+            {
+                const Database database = OpenDatabase(album_->path());
+                Recordset set = database.OpenRecordset(u"tc01"_s);
+                setRemark(set, u"后"_s);
+            }
+            QCOMPARE(contentOf(album_->path()).size() < before.size(), setting.isEmpty() || setting.contains(u"WAL"));
+            QCOMPARE(album_->remark(1), u"后"_s);
+            QCOMPARE(album_->shell(u"PRAGMA journal_mode"_s), u"delete"_s);
         }
-        QCOMPARE(fileContent().size() < before.size(), setting.isEmpty() || setting.contains(u"WAL"));
-        QCOMPARE(album_->remark(1), u"后"_s);
-        QCOMPARE(album_->shell(u"PRAGMA journal_mode"_s), u"delete"_s);
     }
 
     void damagedPageFailsAlone() {
-        const QString spoilt = writeFile(u"spoilt.mdb"_s, fileContent().replace("2003-10-01", "\xff\xfe\xfd?-10-0?"));
+        const QString spoilt =
+            write(u"spoilt.mdb"_s, contentOf(album_->path()).replace("2003-10-01", "\xff\xfe\xfd?-10-0?"));
         const Database database = OpenDatabase(spoilt);
         Recordset set = database.OpenRecordset(u"tc01"_s);
         QCOMPARE(set.rowCount(), 3);
@@ -169,7 +157,7 @@ class FilesTest : public QObject {
 
     void readOnlyFileCanBeRead() {
         QVERIFY(QFile::setPermissions(album_->folder.path(), QFile::Permissions(0x7755)));
-        const QString copy = writeFile(u"copy.mdb"_s, fileContent());
+        const QString copy = write(u"copy.mdb"_s, contentOf(album_->path()));
         QVERIFY(QFile::setPermissions(copy, QFile::Permissions(0x4444)));
         const PlainUser user;
         Recordset set = OpenDatabase(copy).OpenRecordset(u"tc01"_s);
@@ -326,7 +314,7 @@ class FilesTest : public QObject {
 
     void replacedFileIsOpenedAnew() {
         const Database before = OpenDatabase(album_->path());
-        const QString copy = writeFile(u"copy.mdb"_s, fileContent());
+        const QString copy = write(u"copy.mdb"_s, contentOf(album_->path()));
         OpenDatabase(copy).Execute(u"DELETE FROM tc01"_s);
         QVERIFY(QFile::remove(album_->path()) && QFile::rename(copy, album_->path()));
         QCOMPARE(OpenDatabase(album_->path()).OpenRecordset(u"tc01"_s).rowCount(), 0);

@@ -1,7 +1,6 @@
 #include "platform/database/file/free_space.h"
 
 #include "../../support/failing_disk.h"
-#include "../../support/run_all.h"
 #include "platform/database/file/connection.h"
 #include "test_album.h"
 

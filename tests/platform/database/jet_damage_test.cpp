@@ -1,4 +1,3 @@
-#include "../../support/run_all.h"
 #include "jet_files.h"
 #include "jet_tables.h"
 #include "platform/database/records/reading_notes.h"
@@ -130,7 +129,7 @@ class JetDamageTest : public QObject {
                              QFile::encodeName(seen) + "'; exit 67\n")});
         const auto before = openFiles();
         QVERIFY(failsSaying([&] { OpenDatabase(path); }, {path, u"密码"_s}));
-        QCOMPARE(JetFiles::content(seen), QByteArray("private"));
+        QCOMPARE(contentOf(seen), QByteArray("private"));
         QCOMPARE(openFiles(), before);
     }
 

@@ -14,15 +14,8 @@ class JetFiles {
     JetFiles(const JetFiles&) = delete;
     JetFiles& operator=(const JetFiles&) = delete;
 
-    static QByteArray content(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
     QString write(const QString& name, const QByteArray& bytes) const {
-        QFile file(folder.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) return {};
-        return file.fileName();
+        return writeFile(folder.filePath(name), bytes);
     }
 
     /// The copies that exist at the moment.

@@ -1,8 +1,6 @@
-#include "../../support/run_all.h"
 #include "jet_files.h"
 #include "jet_tables.h"
 
-#include <QBuffer>
 #include <QImage>
 
 using namespace Qt::Literals::StringLiterals;
@@ -203,7 +201,7 @@ class JetReadingTest : public QObject {
 
     void nothingCanBeWritten() {
         const Database database = made({manyRows()}, jet4);
-        const QByteArray before = JetFiles::content(database.Name());
+        const QByteArray before = contentOf(database.Name());
         Recordset set = database.OpenRecordset(u"行"_s);
         for (const auto& step : std::vector<std::function<void()>>{
                  [&] { set.Edit(); },
@@ -218,7 +216,7 @@ class JetReadingTest : public QObject {
         }
         QCOMPARE(set.EditMode(), Recordset::Mode::none);
         QCOMPARE(set.rowCount(), 700);
-        QCOMPARE(JetFiles::content(database.Name()), before);
+        QCOMPARE(contentOf(database.Name()), before);
     }
 
     void oneCopyServesAllUntilTheFileChanges() {

@@ -1,7 +1,5 @@
-#include "../../support/run_all.h"
 #include "jet_files.h"
 
-#include <QCryptographicHash>
 #include <QImage>
 
 using namespace Qt::Literals::StringLiterals;
@@ -99,7 +97,7 @@ class JetSamplesTest : public QObject {
         for (const auto& [file, rows, nulls, longValues] : cases) {
             // With an ending that says nothing, in a folder whose name shells would misread.
             const QString source = sample(file + u".mdb"_s);
-            const QString copy = files_->write(u"照片 'x' $1.dat"_s, JetFiles::content(source));
+            const QString copy = files_->write(u"照片 'x' $1.dat"_s, contentOf(source));
             const Database database = OpenDatabase(copy);
             QVERIFY(database.isForeign());
             QCOMPARE(database.Name(), copy);

@@ -1,4 +1,3 @@
-#include "../../support/run_all.h"
 #include "platform/database/records/field_device.h"
 #include "platform/database/records/values_ahead.h"
 #include "test_album.h"
@@ -55,9 +54,7 @@ class LongBinaryTest : public QObject {
         for (int i = 0; i < 20; ++i) {
             ahead.ask(album_->path(), {large, 77, small});
             if (i % 5 == 0) ahead.ask(album_->folder.filePath(u"none.mdb"_s), {large});
-            set.Edit();
-            set.Fields(u"备注"_s).SetValue(QString::number(i));
-            set.Update();
+            changeRow(set, {{u"备注"_s, QString::number(i)}});
             QCOMPARE(set.Fields(picture).Value().toBytes(), bytes);
         }
     }
@@ -216,9 +213,7 @@ class LongBinaryTest : public QObject {
         other.Execute(u"CREATE TABLE pmtp ([序号] LONG, [图片] LONGBINARY)"_s);
         Recordset source = album_->open(u"tc01"_s);
         Recordset target = other.OpenRecordset(u"pmtp"_s);
-        target.AddNew();
-        target.Fields(picture).SetValue(source.Fields(picture).Value());
-        target.Update();
+        addRow(target, {{picture, source.Fields(picture).Value()}});
         source.Delete();
         target.MoveFirst();
         QCOMPARE(target.Fields(picture).Value().toBytes(), someBytes(70000));

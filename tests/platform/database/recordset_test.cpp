@@ -1,4 +1,3 @@
-#include "../../support/run_all.h"
 #include "platform/database/records/rows_by_number.h"
 #include "test_album.h"
 
@@ -231,12 +230,8 @@ class RecordsetTest : public QObject {
     void tablesOfOtherProgramsKeepTheirOwnKeys() {
         album_->database.Execute(u"CREATE TABLE own (id INTEGER PRIMARY KEY, name TEXT)"_s);
         Recordset set = open(u"own"_s);
-        set.AddNew();
-        set.Fields(u"id"_s).SetValue(70);
-        set.Update();
-        set.AddNew();
-        set.Fields(u"name"_s).SetValue(u"next"_s);
-        set.Update();
+        addRow(set, {{u"id"_s, 70}});
+        addRow(set, {{u"name"_s, u"next"_s}});
         set.MoveFirst();
         QCOMPARE(set.Fields(u"id"_s).Value(), FieldValue(70));
         QCOMPARE(album_->shell(u"SELECT group_concat(id) FROM own"_s), u"70,71"_s);

@@ -1,12 +1,9 @@
 #pragma once
 
-#include "platform/base/error.h"
-#include "platform/database/records/database.h"
-
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QtTest/QtTest>
-#include <functional>
+#include "../../support/failure_of.h"
+#include "../../support/rows.h"
+#include "../../support/run_all.h"
+#include "../../support/test_files.h"
 
 /// A database in a temporary folder with one album table, `tc01`.
 class TestAlbum {
@@ -54,16 +51,6 @@ inline bool fails(const std::function<void()>& step) {
     return !attempt(step);
 }
 
-/// Text of the failure, empty when there was none.
-inline QString failureOf(const std::function<void()>& step) {
-    try {
-        step();
-    } catch (const Error& error) {
-        return error.text();
-    }
-    return {};
-}
-
 /// Whether a step fails with an error that contains all these texts; prints the error otherwise.
 inline bool failsSaying(const std::function<void()>& step, const QStringList& words) {
     const QString failure = failureOf(step);
@@ -75,9 +62,7 @@ inline bool failsSaying(const std::function<void()>& step, const QStringList& wo
 
 /// Changes one column of the current record of a set.
 inline void change(Recordset& set, const QString& column, const FieldValue& value) {
-    set.Edit();
-    set.Fields(column).SetValue(value);
-    set.Update();
+    changeRow(set, {{column, value}});
 }
 
 /// The numbers of a set's records in their order, without moving in it.

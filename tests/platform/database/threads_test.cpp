@@ -1,12 +1,9 @@
-#include "../../support/run_all.h"
 #include "jet_files.h"
 #include "jet_maker/jet_maker.h"
 
 #include <thread>
 
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
 
 class ThreadsTest : public QObject {
     Q_OBJECT
@@ -25,16 +22,12 @@ class ThreadsTest : public QObject {
                 const Database mine = OpenDatabase(album_->path());
                 const Transaction whole(mine);  // never committed
                 Recordset there = mine.OpenRecordset(u"tc01"_s);
-                there.Edit();
-                there.Fields(u"备注"_s).SetValue(u"lost"_s);
-                there.Update();
+                changeRow(there, {{u"备注"_s, u"lost"_s}});
             });
         }).join();
         QCOMPARE(failure, QString());
         QVERIFY(here.Fields(u"备注"_s).isNull());
-        here.Edit();
-        here.Fields(u"备注"_s).SetValue(u"kept"_s);
-        here.Update();
+        changeRow(here, {{u"备注"_s, u"kept"_s}});
         QCOMPARE(album_->remark(1), u"kept"_s);
     }
 
@@ -42,11 +35,7 @@ class ThreadsTest : public QObject {
         album_->add(1, u""_s, u"2003-10-01"_s);
         const Recordset here = album_->open(u"tc01"_s);
         QVERIFY(here.Fields(u"备注"_s).isNull());
-        inThread([](Recordset& there) {
-            there.Edit();
-            there.Fields(u"备注"_s).SetValue(u"new"_s);
-            there.Update();
-        });
+        inThread([](Recordset& there) { changeRow(there, {{u"备注"_s, u"new"_s}}); });
         QCOMPARE(here.Fields(u"备注"_s).Value().toText(), u"new"_s);
     }
 
@@ -60,11 +49,7 @@ class ThreadsTest : public QObject {
             there.MoveLast();
             there.Delete();
         });
-        inThread([](Recordset& there) {
-            there.AddNew();
-            there.Fields(u"序号"_s).SetValue(3);
-            there.Update();
-        });
+        inThread([](Recordset& there) { addRow(there, {{u"序号"_s, 3}}); });
         QVERIFY(failsSaying([&] { here.Fields(u"序号"_s).Value(); }, {u"已被删除"_s}));
     }
 
@@ -106,7 +91,5 @@ class ThreadsTest : public QObject {
 };
 
 const Registered<ThreadsTest> registered;
-
-}  // namespace
 
 #include "threads_test.moc"

@@ -1,4 +1,3 @@
-#include "../../support/run_all.h"
 #include "test_album.h"
 
 #include <cmath>

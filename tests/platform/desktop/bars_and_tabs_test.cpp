@@ -6,8 +6,6 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
 class TestBarsAndTabs : public QObject {
     Q_OBJECT
 
@@ -91,7 +89,5 @@ class TestBarsAndTabs : public QObject {
 };
 
 const Registered<TestBarsAndTabs> registered;
-
-}  // namespace
 
 #include "bars_and_tabs_test.moc"

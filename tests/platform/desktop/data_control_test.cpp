@@ -1,5 +1,6 @@
 #include "platform/desktop/data_control.h"
 
+#include "../../support/rows.h"
 #include "desktop.h"
 #include "platform/desktop/grid.h"
 
@@ -11,12 +12,10 @@ void fillPictures(const Database& database, const QString& table, int count) {
     Transaction transaction(database);
     Recordset records = database.OpenRecordset(table);
     for (int i = 1; i <= count; ++i) {
-        records.AddNew();
-        records.Fields(u"序号"_s).SetValue(i);
-        records.Fields(u"编号"_s).SetValue(u"a%1"_s.arg(i));
-        records.Fields(u"大小"_s).SetValue(1.5F);
-        records.Fields(u"日期"_s).SetValue(QDateTime(QDate(2003, 10, 1), QTime(0, 0)).addSecs(i));
-        records.Update();
+        addRow(records, {{u"序号"_s, i},
+                         {u"编号"_s, u"a%1"_s.arg(i)},
+                         {u"大小"_s, 1.5F},
+                         {u"日期"_s, QDateTime(QDate(2003, 10, 1), QTime(0, 0)).addSecs(i)}});
     }
     transaction.commit();
 }
@@ -298,9 +297,7 @@ class TestDataControl : public QObject {
     void changedRecordIsShownAfterTheNextMove() {
         QCOMPARE(grid_->cellText(0, 1), u"a1"_s);
         Recordset& records = data_->Recordset();
-        records.Edit();
-        records.Fields(u"编号"_s).SetValue(u"z"_s);
-        records.Update();
+        changeRow(records, {{u"编号"_s, u"z"_s}});
         data_->moveToRow(1);
         QCOMPARE(grid_->cellText(0, 1), u"z"_s);
     }
@@ -335,11 +332,7 @@ class TestDataControl : public QObject {
 
         // What was not seen yet shows what is stored when it is seen; what was seen is kept.
         Recordset behind = database_.OpenRecordset(u"SELECT * FROM tc01 WHERE [序号] = 1 OR [序号] = 50000"_s);
-        for (; !behind.Eof(); behind.MoveNext()) {
-            behind.Edit();
-            behind.Fields(u"编号"_s).SetValue(u"new"_s);
-            behind.Update();
-        }
+        for (; !behind.Eof(); behind.MoveNext()) changeRow(behind, {{u"编号"_s, u"new"_s}});
         QCOMPARE(grid_->cellText(49'999, 1), u"new"_s);
         QCOMPARE(grid_->cellText(0, 1), u"a1"_s);
 

@@ -2,10 +2,10 @@
 
 #include "../../support/found.h"
 #include "../../support/run_all.h"
+#include "../../support/test_files.h"
 #include "platform/base/error.h"
 #include "platform/desktop/message_box.h"
 
-#include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>
 
 /// Shows a window and waits for it.
@@ -26,11 +26,6 @@ void onOpen(const std::function<void(Dialog&)>& act) {
         if (QTest::currentTestFailed() && dialog) dialog->reject();
     });
     timer->start(5);
-}
-
-inline void writeFile(const QString& path) {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.putChar('x'));
 }
 
 inline QColor colourAt(QWidget& widget, int x, int y) {

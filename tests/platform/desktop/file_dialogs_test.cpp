@@ -35,7 +35,7 @@ class TestFileDialogs : public QObject {
 
     void openingShowsFilesOfEitherCase() {
         const QTemporaryDir folder;
-        for (const auto& name : {u"a.jpg"_s, u"B.JPG"_s, u"c.Bmp"_s, u"d.txt"_s}) writeFile(folder.filePath(name));
+        for (const auto& name : {u"a.jpg"_s, u"B.JPG"_s, u"c.Bmp"_s, u"d.txt"_s}) writeFile(folder.filePath(name), "x");
         onOpen<QFileDialog>([&](QFileDialog& dialog) {
             QTRY_COMPARE(shownNames(dialog), (QStringList{u"B.JPG"_s, u"a.jpg"_s}));
             QCOMPARE(dialog.nameFilters(), (QStringList{u"BMP文件 (*.bmp)"_s, u"JPG文件 (*.jpg)"_s}));
@@ -81,7 +81,7 @@ class TestFileDialogs : public QObject {
     void savingAsksBeforeItOverwrites() {
         const QTemporaryDir folder;
         const QString path = folder.filePath(u"海.jpg"_s);
-        writeFile(path);
+        writeFile(path, "x");
         for (const bool overwrite : {true, false}) {
             QStringList asked;
             answerBoxesWith([&](const BoxText& box) {
@@ -100,7 +100,7 @@ class TestFileDialogs : public QObject {
 
     void fileThatIsNotThereYet() {
         const QTemporaryDir folder;
-        writeFile(folder.filePath(u"旧.mdb"_s));
+        writeFile(folder.filePath(u"旧.mdb"_s), "x");
         for (const auto& [typed, path] :
              {std::pair{u"新.mdb"_s, u"新.mdb"_s}, {u"新"_s, u"新.mdb"_s}, {u"旧.mdb"_s, u"旧.mdb"_s}}) {
             onOpen<QFileDialog>([&typed = typed](QFileDialog& dialog) {

@@ -5,8 +5,6 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
 class TestGrowing : public QObject {
     Q_OBJECT
 
@@ -69,7 +67,5 @@ class TestGrowing : public QObject {
 };
 
 const Registered<TestGrowing> registered;
-
-}  // namespace
 
 #include "growing_test.moc"

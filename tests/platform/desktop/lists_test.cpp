@@ -81,7 +81,7 @@ class TestLists : public QObject {
     void filesAreMatchedWithoutCaseAndSortedAsPeopleSort() {
         const QTemporaryDir folder;
         for (const auto& name : {u"10.jpg"_s, u"2.JPG"_s, u"1.Bmp"_s, u"x.txt"_s, u"b20.jpg"_s, u"B3.jpg"_s})
-            writeFile(folder.filePath(name));
+            writeFile(folder.filePath(name), "x");
         QDir(folder.path()).mkdir(u"folder.jpg"_s);
         FileList list;
         list.setPattern(u"*.jpg;*.bmp"_s);
@@ -93,7 +93,7 @@ class TestLists : public QObject {
 
     void selectionOfFilesIsToldOnceAChange() {
         const QTemporaryDir folder;
-        for (int i = 1; i <= 5; ++i) writeFile(folder.filePath(u"%1.jpg"_s.arg(i)));
+        for (int i = 1; i <= 5; ++i) writeFile(folder.filePath(u"%1.jpg"_s.arg(i)), "x");
         FileList list;
         list.setPattern(u"*.jpg"_s);
         list.resize(200, 200);
@@ -137,7 +137,7 @@ class TestLists : public QObject {
         const QTemporaryDir folder;
         QDir dir(folder.path());
         for (const auto& name : {u"f10"_s, u"f2"_s, u".hidden"_s}) dir.mkdir(name);
-        writeFile(folder.filePath(u"file"_s));
+        writeFile(folder.filePath(u"file"_s), "x");
         // Links are followed; those to no folder are left out.
         QCOMPARE(mkfifo(qPrintable(folder.filePath(u"pipe"_s)), 0600), 0);
         for (const auto& [name, target] : {std::pair{u"f1"_s, folder.filePath(u"f2"_s)},
@@ -158,8 +158,8 @@ class TestLists : public QObject {
     void namesThatAreNoTextAreShownByStandIns() {
         const QTemporaryDir folder;
         const QByteArray odd = QFile::encodeName(folder.path()) + "/\xD5\xD5\xC6\xAC";  // 照片 in GB 18030
-        writeFile(folder.filePath(u"a.jpg"_s));
-        writeFile(folder.filePath(u"b.jpg"_s));
+        writeFile(folder.filePath(u"a.jpg"_s), "x");
+        writeFile(folder.filePath(u"b.jpg"_s), "x");
         QVERIFY(rename(QFile::encodeName(folder.filePath(u"b.jpg"_s)).constData(), (odd + ".jpg").constData()) == 0);
         QVERIFY(mkdir(odd.constData(), 0700) == 0);
         FileList files;
@@ -252,7 +252,7 @@ class TestLists : public QObject {
     /// As one thing: what follows a selection must not be done for each of the files.
     void largeFolderIsSelectedAtOnce() {
         const QTemporaryDir folder;
-        for (int i = 0; i < 2000; ++i) writeFile(folder.filePath(u"%1.jpg"_s.arg(i)));
+        for (int i = 0; i < 2000; ++i) writeFile(folder.filePath(u"%1.jpg"_s.arg(i)), "x");
         FileList list;
         list.setPattern(u"*.jpg"_s);
         list.setPath(folder.path());

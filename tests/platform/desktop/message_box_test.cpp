@@ -6,8 +6,6 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
 class TestMessageBox : public QObject {
     Q_OBJECT
 
@@ -205,7 +203,5 @@ class TestMessageBox : public QObject {
 };
 
 const Registered<TestMessageBox> registered;
-
-}  // namespace
 
 #include "message_box_test.moc"

@@ -5,8 +5,6 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
 class TestShapesAndSurface : public QObject {
     Q_OBJECT
 
@@ -103,7 +101,5 @@ class TestShapesAndSurface : public QObject {
 };
 
 const Registered<TestShapesAndSurface> registered;
-
-}  // namespace
 
 #include "shapes_and_surface_test.moc"

@@ -4,8 +4,6 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
 class TestTextBox : public QObject {
     Q_OBJECT
 
@@ -122,7 +120,5 @@ class TestTextBox : public QObject {
 };
 
 const Registered<TestTextBox> registered;
-
-}  // namespace
 
 #include "text_box_test.moc"

@@ -4,8 +4,6 @@
 #include "platform/desktop/look.h"
 #include "platform/desktop/tool_icon.h"
 
-#include <QPainter>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace {

@@ -2,7 +2,6 @@
 
 #include "../../support/run_all.h"
 
-#include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>
 
 using namespace Qt::Literals::StringLiterals;

@@ -4,10 +4,6 @@
 #include "picture_samples.h"
 #include "platform/picture/picture.h"
 
-#include <QBuffer>
-#include <QRandomGenerator>
-#include <QtTest/QtTest>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace {

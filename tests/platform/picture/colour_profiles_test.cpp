@@ -1,13 +1,9 @@
-#include "../../support/failure_of.h"
 #include "../../support/run_all.h"
 #include "picture_samples.h"
 #include "platform/picture/picture.h"
 #include "platform/picture/preview.h"
 #include "profile_samples.h"
 
-#include <QTemporaryDir>
-#include <QtEndian>
-#include <QtTest/QtTest>
 #include <thread>
 
 using namespace Qt::Literals::StringLiterals;

@@ -1,12 +1,8 @@
 #include "../../support/run_all.h"
 #include "picture_samples.h"
-#include "platform/base/error.h"
 #include "platform/picture/picture.h"
 
-#include <QBuffer>
 #include <QImageWriter>
-#include <QTemporaryDir>
-#include <QtTest/QtTest>
 #include <cmath>
 
 using namespace Qt::Literals::StringLiterals;

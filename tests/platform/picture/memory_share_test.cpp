@@ -3,12 +3,9 @@
 #include "../../support/run_all.h"
 #include "platform/picture/refusal.h"
 
-#include <QtTest/QtTest>
 #include <atomic>
 #include <thread>
 #include <vector>
-
-namespace {
 
 class TestMemoryShare : public QObject {
     Q_OBJECT
@@ -41,7 +38,5 @@ class TestMemoryShare : public QObject {
 };
 
 const Registered<TestMemoryShare> registered;
-
-}  // namespace
 
 #include "memory_share_test.moc"

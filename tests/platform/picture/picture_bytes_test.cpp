@@ -5,9 +5,6 @@
 
 #include <sys/stat.h>
 
-#include <QTemporaryDir>
-#include <QtTest/QtTest>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace {

@@ -5,9 +5,6 @@
 #include "platform/picture/exif_library.h"
 #include "platform/picture/picture.h"
 
-#include <QtTest/QtTest>
-#include <functional>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace {

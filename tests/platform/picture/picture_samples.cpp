@@ -1,7 +1,5 @@
 #include "picture_samples.h"
 
-#include "platform/base/error.h"
-
 #include <QtEndian>
 #include <array>
 #include <vector>

@@ -2,11 +2,7 @@
 
 #include "../../support/run_all.h"
 #include "picture_samples.h"
-#include "platform/base/error.h"
 #include "platform/picture/picture.h"
-
-#include <QBuffer>
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 

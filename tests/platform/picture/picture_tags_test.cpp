@@ -6,8 +6,6 @@
 #include "platform/picture/lossless_turn.h"
 #include "platform/picture/picture.h"
 
-#include <QtTest/QtTest>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace {

@@ -3,9 +3,6 @@
 #include "../../support/run_all.h"
 #include "picture_samples.h"
 
-#include <QtEndian>
-#include <QtTest/QtTest>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace {

@@ -1,11 +1,7 @@
 #include "../../support/disk_faults.h"
 #include "../../support/run_all.h"
 #include "picture_samples.h"
-#include "platform/base/error.h"
 #include "platform/picture/picture.h"
-
-#include <QTemporaryDir>
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 

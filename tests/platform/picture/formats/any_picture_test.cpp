@@ -1,17 +1,11 @@
 #include "platform/picture/formats/any_picture.h"
 
-#include "../../../support/failure_of.h"
 #include "../../../support/run_all.h"
 #include "../picture_samples.h"
 #include "../profile_samples.h"
 #include "format_samples.h"
-#include "platform/base/error.h"
-#include "platform/picture/colour_transform.h"
 #include "platform/picture/exif.h"
 #include "platform/picture/wide_colours.h"
-
-#include <QtEndian>
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,14 +1,9 @@
 #include "platform/picture/formats/helper_reading.h"
 
-#include "../../../support/failure_of.h"
 #include "../../../support/run_all.h"
 #include "../picture_samples.h"
 #include "format_samples.h"
 #include "platform/picture/formats/decoded_layout.h"
-
-#include <QScopeGuard>
-#include <QTemporaryDir>
-#include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
