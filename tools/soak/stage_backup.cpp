@@ -39,14 +39,14 @@ class BackupStage : public Stage {
         kept_.clear();
     }
 
-    /// After a good backup the catalogue changes, so that each backup is another one.
+    /// After each backup the catalogue changes, so that no two are the same.
     QStringList look(bool isThrough) override {
         QStringList faults;
         if (contentOf(catalogueIn(folder_), faults) != states_.last()) faults << u"the catalogue itself changed"_s;
         const QList<int> there = backups(faults);
         lookAtKept(there, isThrough, faults);
         kept_ = there;
-        if (isThrough) {
+        if (there.value(0, -1) == int(states_.size()) - 1) {
             changeCatalogue(catalogueIn(folder_));
             states_ << contentOf(catalogueIn(folder_));
         }
