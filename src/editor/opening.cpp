@@ -35,7 +35,8 @@ void Opening::mnuCwClick() {
 void Opening::open(const QString& path) {
     const Hourglass hourglass;
     const Picture picture = LoadPicture(path, {}, Colours::ofFile);
-    const PictureFile file{path, FileLen(path), {picture.Width(), picture.Height()}};
+    const qint64 bytes = FileLen(path);
+    const PictureFile file{path, bytes, {picture.Width(), picture.Height()}, bytes};
     attempt([&] { document_.clearSteps(); });
     document_.open(file, picture, view_.hint().text());
 }

@@ -48,8 +48,9 @@ std::optional<Saving::Order> Saving::askWhatToSave() {
     enum Answer { lastPaint, screen, cancel };
     const QString question = u"        保存已修改的图片吗？\n\n如果保存，按《确定》，将覆盖原图片；否则按《取消》。"_s;
     const QString title = u"按原文件名保存"_s;
+    const QString copy = document_.isResumed() ? fromSteps : QString();
     if (document_.isResumed() && !document_.isTakenBack()) {
-        if (choose(form_, question + fromSteps, {u"确定"_s, u"取消"_s}, 1, 1, BoxIcon::question, title) != 0) return {};
+        if (choose(form_, question + copy, {u"确定"_s, u"取消"_s}, 1, 1, BoxIcon::question, title) != 0) return {};
         return Order{document_.lastPaint(), {}};
     }
     if (!document_.isTakenBack()) {
@@ -60,7 +61,8 @@ std::optional<Saving::Order> Saving::askWhatToSave() {
     const int answer = choose(form_,
                               question +
                                   u"\n\n屏幕上是撤消以后的图片。《确定》保存的是撤消以前的那一张；"
-                                  u"要保存现在看到的这一张，按《保存屏幕上的图片》。"_s,
+                                  u"要保存现在看到的这一张，按《保存屏幕上的图片》。"_s +
+                                  copy,
                               {u"确定"_s, u"保存屏幕上的图片"_s, u"取消"_s}, cancel, cancel, BoxIcon::question, title);
     if (answer == cancel) return {};
     return Order{answer == screen ? document_.photograph() : document_.lastPaint(), {}};
@@ -82,7 +84,7 @@ bool Saving::confirm(const QString& question, const QString& title, std::optiona
 }
 
 std::optional<Orientation> Saving::possibleTurn() {
-    if (isReplaced_ || document_.isTakenBack() || document_.isResumed() || !document_.isWhole()) return {};
+    if (isReplaced_ || document_.isTakenBack() || !document_.isWhole()) return {};
     if (!photograph().startsWith("\xff\xd8")) return {};
     return turnOfTrail(document_.trail());
 }
@@ -100,8 +102,7 @@ QByteArray Saving::photograph() {
     });
     if (const auto* source = std::get_if<PictureFile>(&document_.source())) {
         QFile file(source->path);
-        const bool isSame = isReplaced_ || file.size() == source->bytes;
-        if (isSame && file.open(QIODevice::ReadOnly)) bytes = file.readAll();
+        if (file.size() == source->bytesNow && file.open(QIODevice::ReadOnly)) bytes = file.readAll();
     }
     return bytes;
 }
@@ -117,8 +118,14 @@ QString Saving::store(const Order& order) {
         storeInFile(order, file->path);
         where = u"文件名："_s + file->path;
     }
-    isReplaced_ = true;
+    sourceReplaced();
     return where;
+}
+
+void Saving::sourceReplaced() {
+    isReplaced_ = true;
+    if (const auto* file = std::get_if<PictureFile>(&document_.source()))
+        document_.setFileLength(QFileInfo(file->path).size());
 }
 
 void Saving::storeInFile(const Order& order, const QString& path) {
@@ -209,7 +216,7 @@ void Saving::mnuLcClick() {
         else
             storeInFile({document_.shown(), turn}, *name);
         const auto* file = std::get_if<PictureFile>(&document_.source());
-        if (file != nullptr && QFileInfo(*name) == QFileInfo(file->path)) isReplaced_ = true;
+        if (file != nullptr && QFileInfo(*name) == QFileInfo(file->path)) sourceReplaced();
     }
     say(form_, u"图片已保存完毕！(文件名："_s + *name + u")"_s, BoxIcon::exclamation, u"另外保存图片"_s);
     document_.setState(EditState::copied);

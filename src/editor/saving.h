@@ -44,6 +44,8 @@ class Saving : public Chapter {
     /// Writes a picture file; a JPEG with what was written about the photograph.
     void storeInFile(const Order& order, const QString& path);
     PhotographFile made(const Order& order);
+    /// The source is what was saved.
+    void sourceReplaced();
     void finish();
     /// Tells in the hint box how the picture was stored, where that was a question.
     void tellWay();

@@ -1,7 +1,10 @@
+#include "../support/disk_faults.h"
 #include "catalogue/bin_contents.h"
 #include "chooser_window.h"
 #include "editor/document/kept_work.h"
 #include "editor/document/undo_steps.h"
+#include "photograph_samples.h"
+#include "platform/picture/picture_tags.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -106,6 +109,65 @@ class TestGoingOn : public QObject {
         editor.reply = u"确定"_s;
         editor.press(u"bc"_s);
         QVERIFY(editor.lastBox().contains(u"图片已保存完毕"_s));
+    }
+
+    /// From the moment of its saving on, by whichever command; what its camera has written stays with it.
+    void whatWasSavedIsKnownAgain_data() {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<bool>("isRecord");
+        QTest::newRow("file") << u"bc"_s << false;
+        QTest::newRow("file, by its own name") << u"lc"_s << false;
+        QTest::newRow("record") << u"bc"_s << true;
+    }
+
+    void whatWasSavedIsKnownAgain() {
+        QFETCH(const QString, key);
+        QFETCH(const bool, isRecord);
+        Crash editor;
+        editor.file = editor.catalogue.file(u"turned.jpg"_s);
+        writeFile(editor.file, jpegOnItsSide());
+        isRecord ? editor.openRow(4) : editor.press(u"wk"_s);
+        editor.rotate(u"90"_s);
+        std::optional<PictureSource> kept;
+        chooseInBoxesWith([&](const BoxText& box) {
+            if (box.text.contains(u"已保存完毕"_s)) kept = keptSource();
+            return 0;
+        });
+        editor.press(key);
+        QVERIFY(kept.has_value());
+        if (isRecord) {
+            const Recordset row = mekTp::catalogue.OpenRecordset(record(5));
+            QCOMPARE(std::get<AlbumRecord>(*kept).picture, row.storedAt(0, u"图片"_s).id());
+            return;
+        }
+        QCOMPARE(std::get<PictureFile>(*kept).bytesNow, QFileInfo(editor.file).size());
+        editor.rotate(u"90"_s);
+        editor.again({});
+        editor.press(u"bc"_s);
+        QVERIFY(!PictureTags(contentOf(editor.file)).isEmpty());
+        QVERIFY(!editor.hint().contains(u"没有写入"_s));
+    }
+
+    /// Steps of an earlier picture are still there when those of this one are lost, or taken back.
+    void noSourceIsKeptWithEarlierSteps() {
+        Crash editor;
+        editor.openRow(4);
+        for (int i = 0; i < 3; ++i) editor.rotate(u"90"_s);
+        editor.reply = u"不保存"_s;
+        editor.trigger(u"mnuXy"_s);
+        {
+            const FullDisk full(0);
+            editor.press(u"fs"_s);
+        }
+        QVERIFY(!editor.steps().isEmpty() && !keptSource());
+        editor.press(u"fs"_s);
+        QVERIFY(keptSource());
+        const QImage before = editor.picYu().picture();
+        editor.undo();
+        QCOMPARE(editor.picYu().picture(), before);  // the step before was lost
+        editor.undo();
+        editor.undo();
+        QVERIFY(!editor.steps().isEmpty() && !keptSource());
     }
 
     void refusingEmptiesTheSteps() {

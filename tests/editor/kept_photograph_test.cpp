@@ -3,6 +3,7 @@
 #include "catalogue/remembered.h"
 #include "chooser_window.h"
 #include "editor/document/photograph_file.h"
+#include "photograph_samples.h"
 #include "platform/database/records/own_values.h"
 #include "platform/picture/lossless_turn.h"
 #include "platform/picture/picture_tags.h"
@@ -11,16 +12,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-/// An orientation tag that turns by a quarter, as cameras write it.
-QByteArray jpegOnItsSide() {
-    const QByteArray plain = pictureBytes({60, 40}, Qt::darkGreen);
-    const QByteArray exif = QByteArray::fromHex(
-        "ffe10022457869660000"
-        "49492a0008000000"
-        "010012010300010000000600000000000000");
-    return plain.left(2) + exif + plain.mid(2);
-}
 
 /// The editor with a file open: a photograph on its side, or another one.
 struct Photograph : EditorWindow {
@@ -100,16 +91,35 @@ class TestKeptPhotograph : public QObject {
         QCOMPARE(quadrantsOf(LoadPreview(file.bytes).image()), quadrantsOf(saved.image()));
     }
 
-    /// After a cut that was taken back, a flip reads from its corner: no flip of the whole.
-    void aFlipAfterACutIsNoTurn() {
-        const Photograph editor(u"照片.jpg"_s, pictureBytes({64, 48}, Qt::darkGreen));
-        chooseLossless(true);
-        editor.crop({10, 5, 40, 30});
-        editor.undo();
-        editor.press(u"fs"_s);
-        editor.rotate(u"180"_s);
-        editor.press(u"bc"_s);
-        QVERIFY(!editor.hint().contains(u"无损"_s));
+    /// After a cut that was taken back, a flip reads from its corner; after a button picture it turns the thumbnail.
+    void aFlipOfAPartIsNoTurn() {
+        const auto cutTakenBack = [](EditorWindow& editor) {
+            editor.crop({10, 5, 40, 30});
+            editor.undo();
+            editor.press(u"fs"_s);
+        };
+        const auto thumbnail = [](EditorWindow& editor) {
+            const QString source = std::exchange(editor.file, editor.catalogue.file(u"按钮.jpg"_s));
+            editor.press(u"at"_s);
+            for (const int option : {0, 3})
+                QTest::mouseClick(editor.find<QRadioButton>(u"optAn(%1)"_s.arg(option)), Qt::LeftButton, {}, {8, 9});
+            editor.file = source;
+            editor.press(u"fs"_s);
+        };
+        const std::function<void(EditorWindow&)> ways[] = {cutTakenBack, thumbnail, [&](EditorWindow& editor) {
+                                                               cutTakenBack(editor);
+                                                               editor.scale(u"9999"_s);  // comes to nothing
+                                                               editor.click(u"cmdCq(1)"_s);
+                                                           }};
+        for (const auto& way : ways) {
+            Photograph editor(u"照片.jpg"_s, pictureBytes({192, 144}, Qt::darkGreen));
+            chooseLossless(true);
+            way(editor);
+            editor.rotate(u"90"_s);
+            editor.press(u"bc"_s);
+            QVERIFY(!editor.hint().contains(u"无损"_s));
+            QCOMPARE(LoadPicture(editor.file).pixels(), editor.picYu().picture().size());
+        }
     }
 
     /// The ending decides what is written, exactly so.

@@ -29,20 +29,21 @@ class MixedFolder : public IntakeWindow {
     void tick(const QString& name) const {
         QTest::mouseClick(&get<QCheckBox>(name), Qt::LeftButton, {}, QPoint(8, get<QWidget>(name).height() / 2));
     }
-    /// From another program; tells whether the window takes them.
-    bool drop(const QStringList& names) const {
+    /// From another program; tells whether the window takes them. `next` is what the person does right after it.
+    bool drop(const QStringList& names, const std::function<void()>& next = {}) const {
         QMimeData files;
         QList<QUrl> urls;
         for (const QString& name : names) urls << QUrl::fromLocalFile(path(name));
         files.setUrls(urls);
-        return offer(files);
+        return offer(files, next);
     }
-    bool offer(const QMimeData& data) const {
+    bool offer(const QMimeData& data, const std::function<void()>& next = {}) const {
         QDragEnterEvent enter(QPoint(300, 300), Qt::CopyAction, &data, Qt::LeftButton, {});
         QApplication::sendEvent(form.get(), &enter);
         if (!enter.isAccepted()) return false;
         QDropEvent dropped(QPointF(300, 300), Qt::CopyAction, &data, Qt::LeftButton, {});
         QApplication::sendEvent(form.get(), &dropped);
+        if (next) QMetaObject::invokeMethod(form.get(), next, Qt::QueuedConnection);
         QCoreApplication::processEvents();
         return true;
     }
@@ -200,6 +201,8 @@ class TestOtherFormats : public QObject {
         QVERIFY(window.isTicked(u"chkGs"_s));
         window.click(u"cmdLr"_s);
         QCOMPARE(window.said().last(), entered(1));
+        window.drop({u"10.jpg"_s, u"1.jpg"_s});  // 2.PNG is between them
+        QCOMPARE(window.echo(), u"1.jpg;10.jpg等共2条"_s);
 
         window.drop({u"1.jpg"_s, u"2/b.jpg"_s});
         QCOMPARE(window.said(), QStringList{u"一次可以拖入一个文件夹，或同一个文件夹里的文件。"_s});
@@ -209,6 +212,42 @@ class TestOtherFormats : public QObject {
         window.drop({u"."_s});
         QTRY_VERIFY(window.echo().endsWith(u"(选择全部)共6条"_s));
         QCOMPARE(numbersOf(u"tc02"_s), QStringList{u"1"_s});
+    }
+
+    /// While what is below the folder is searched for, the person turns to something else.
+    void aDroppedFolderIsForgotten() {
+        MixedFolder window;
+        const std::pair<const char*, std::function<void()>> ways[] = {
+            {"another folder", [&] { window.enterFolder(u"10"_s); }},
+            {"another page",
+             [&] {
+                 window.tabs().setCurrentIndex(2);
+                 window.tabs().setCurrentIndex(1);
+             }},
+            {"the source", [&] { window.option(u"optYl(0)"_s); }},
+            {"a step back", [&] { window.click(u"cmdQ1"_s); }},
+        };
+        for (const auto& [name, way] : ways) {
+            window.prepare(u"tc02"_s, 1);
+            if (!window.isTicked(u"chkZw"_s)) window.tick(u"chkZw"_s);
+            window.drop({u"2"_s}, way);
+            QTRY_VERIFY2(!window.listed().isEmpty(), name);
+            QVERIFY2(window.files().selectedItems().isEmpty(), name);
+            QVERIFY2(!window.enabled(u"cmdLr"_s), name);
+        }
+    }
+
+    /// No file ends like a picture there.
+    void aDroppedFolderOfOtherFormatsIsTaken() {
+        for (const bool below : {false, true}) {
+            MixedFolder window;
+            window.prepare(u"tc02"_s, 1);
+            if (below) window.tick(u"chkZw"_s);
+            QVERIFY(QFile::remove(window.path(u"2/内/round"_s)));
+            window.drop({u"2/内"_s});
+            QTRY_VERIFY(window.echo().endsWith(u"(选择全部)共1条"_s));
+            QVERIFY(window.isTicked(u"chkGs"_s) && window.said().isEmpty());
+        }
     }
 
     /// As browsers drop them: with the address that they come from.

@@ -38,7 +38,8 @@ void Document::begin(const PictureSource& source, const QImage& picture, const Q
     origin_ = {};
     selection_ = {};
     tag_.clear();
-    isResumed_ = isTakenBack_ = isTakingBack_ = false;
+    isWhole_ = true;
+    isSourceKept_ = isResumed_ = isTakenBack_ = isTakingBack_ = false;
 }
 
 void Document::open(const PictureSource& source, const Picture& picture, const QString& hint) {
@@ -58,7 +59,8 @@ std::optional<QString> Document::resume(const PictureSource& source) {
     if (!step) return {};
     begin(source, step->picture, step->profile, step->size);
     tag_ = step->tag;
-    isResumed_ = true;
+    isResumed_ = isSourceKept_ = true;
+    isWhole_ = false;  // nobody knows
     setState(EditState::copied);
     Q_EMIT pictureChanged();
     stepCount_ = step->number;
@@ -73,6 +75,7 @@ void Document::close() {
     photograph_ = shown_ = {};
     source_ = NoSource();
     stepCount_ = keptStep_ = 0;
+    if (std::exchange(isSourceKept_, false)) forgetSource();
     setState(EditState::nothing);
     setCaption({});
     Q_EMIT closed();
@@ -118,6 +121,7 @@ void Document::carryOut(const Operation& operation, const QString& entry, const 
     dropLastPaint();
     lastPaint_ = outcome.paint(progress);
     shown_ = lastPaint_;
+    if (showsThumbnail() || !origin_.isNull()) isWhole_ = false;
     photograph_ = {};
     size_ = outcome.size;
     origin_ = outcome.origin;
@@ -144,20 +148,34 @@ UndoSteps::Step Document::nextStep(const QString& hint, double parameter) {
     return {stepCount_, hint, tag_, inTwips(shown_.size()), parameter, shown_, profile_};
 }
 
+/// A source is never kept before a step of its own: it would be taken for that of an earlier picture's steps.
 void Document::record(const QString& hint, double parameter) {
-    if (steps_.areNoneStored()) keepSource(source_);
-    steps_.record(nextStep(hint, parameter));
+    if (steps_.record(nextStep(hint, parameter)) && !isSourceKept_) {
+        keepSource(source_);
+        isSourceKept_ = true;
+    }
     const QString loss = steps_.takeLoss();
     if (!loss.isEmpty()) Q_EMIT stepLost(loss);
 }
 
 void Document::clearSteps() {
     steps_.clear();
-    isResumed_ = false;
+    isResumed_ = isSourceKept_ = false;
 }
 
 void Document::setRecordPicture(qint64 id) {
     if (auto* record = std::get_if<AlbumRecord>(&source_)) record->picture = id;
+    keepSourceAnew();
+}
+
+void Document::setFileLength(qint64 bytes) {
+    if (auto* file = std::get_if<PictureFile>(&source_)) file->bytesNow = bytes;
+    keepSourceAnew();
+}
+
+/// Its steps are in the catalogue until the picture is settled, or longer.
+void Document::keepSourceAnew() {
+    if (isSourceKept_) keepSource(source_);
 }
 
 std::optional<QString> Document::takeBack() {

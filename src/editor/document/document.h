@@ -26,8 +26,9 @@ class Document : public QObject {
     EditState state() const { return state_; }
     /// The words of the operations since the load.
     const QString& trail() const { return tag_; }
-    /// The next operation works on all of the picture; after a cut it may be only a part.
-    bool isWhole() const { return origin_.isNull(); }
+    /// Every operation was done to all of the picture: none to its thumbnail, and none from the corner of a cut that
+    /// was taken back. Never so of a picture that is resumed.
+    bool isWhole() const { return isWhole_; }
     /// Of the state; hints are found by it.
     QString code() const { return codeOf(state_, operation_); }
     /// The operation of the states `asking` and `done`; null in all others.
@@ -83,6 +84,8 @@ class Document : public QObject {
     void clearSteps();
     /// The record that the picture is from holds it under another id now.
     void setRecordPicture(qint64 id);
+    /// The file that the picture is from was written anew.
+    void setFileLength(qint64 bytes);
 
   Q_SIGNALS:
     void opened();
@@ -100,6 +103,7 @@ class Document : public QObject {
     UndoSteps::Step nextStep(const QString& hint, double parameter);
     void setCaption(const QString& words);
     void dropLastPaint();
+    void keepSourceAnew();
 
     PictureSource source_;
     EditState state_ = EditState::nothing;
@@ -114,10 +118,12 @@ class Document : public QObject {
     QSize size_;
     QPoint origin_;  ///< Where the next flip reads its source: 0, 0 after load and scale, else the last crop's corner.
     QRect selection_;
+    bool isWhole_ = true;
 
     UndoSteps steps_;
     int stepCount_ = 0;  ///< Number of the newest step.
     int keptStep_ = 0;   ///< The step that is kept elsewhere too: loaded, saved or given up. -1 when it is gone.
+    bool isSourceKept_ = false;  ///< With the steps, in the catalogue.
     bool isResumed_ = false;
     bool isTakenBack_ = false;
     bool isTakingBack_ = false;  ///< Nothing was done since the person asked for a step back.

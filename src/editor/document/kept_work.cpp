@@ -19,6 +19,7 @@ struct Kept {
     QJsonObject operator()(const PictureFile& file) const {
         return {{u"file"_s, file.path},
                 {u"bytes"_s, file.bytes},
+                {u"bytesNow"_s, file.bytesNow},
                 {u"width"_s, file.hiMetric.width()},
                 {u"height"_s, file.hiMetric.height()}};
     }
@@ -41,7 +42,8 @@ FieldValue textAt(const QJsonObject& kept, const QString& name) {
 std::optional<PictureSource> sourceOf(const QJsonObject& kept) {
     if (kept.contains(u"file"_s))
         return PictureFile{kept[u"file"_s].toString(), kept[u"bytes"_s].toInteger(),
-                           QSize(kept[u"width"_s].toInt(), kept[u"height"_s].toInt())};
+                           QSize(kept[u"width"_s].toInt(), kept[u"height"_s].toInt()),
+                           kept[u"bytesNow"_s].toInteger(kept[u"bytes"_s].toInteger())};
     if (kept.contains(u"album"_s))
         return AlbumRecord{kept[u"album"_s].toString(),  textAt(kept, u"number"_s),     textAt(kept, u"codes"_s),
                            textAt(kept, u"kilobytes"_s), textAt(kept, u"dimensions"_s), kept[u"picture"_s].toInteger()};

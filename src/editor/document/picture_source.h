@@ -11,9 +11,10 @@
 struct NoSource {};
 
 struct PictureFile {
-    QString path;    ///< Full path.
-    qint64 bytes;    ///< Its length.
-    QSize hiMetric;  ///< Size of its picture.
+    QString path;         ///< Full path.
+    qint64 bytes;         ///< Its length when it was opened.
+    QSize hiMetric;       ///< Size of its picture.
+    qint64 bytesNow = 0;  ///< Its length since the editor has written it; a file of another one is another file.
 };
 
 /// A record of an album, as it was when its picture was taken.

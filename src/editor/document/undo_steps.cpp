@@ -43,28 +43,28 @@ QString stepText(int number) {
 
 void UndoSteps::start(Step loaded) {
     loaded_ = std::move(loaded);
-    areNone_ = true;
+    lost_.clear();
     loss_.clear();
     isLossTaken_ = false;
 }
 
 /// Two large pictures are turned into their JPEGs at once, before the catalogue is touched.
-void UndoSteps::record(const Step& step) {
+bool UndoSteps::record(const Step& step) {
     auto jpeg = encoded(step);
-    areNone_ = false;
     if (const auto loaded = std::exchange(loaded_, std::nullopt)) {
         auto first = encoded(*loaded);
         store(*loaded, [&first] { return first.get(); });
     }
-    store(step, [&jpeg] { return jpeg.get(); });
+    return store(step, [&jpeg] { return jpeg.get(); });
 }
 
-/// Of a step that cannot be stored nothing stays, nor does an earlier picture's step of its number, which would be
-/// taken for it.
-void UndoSteps::store(const Step& step, const std::function<QByteArray()>& jpeg) {
+/// Of a step that cannot be stored nothing stays, nor does an earlier picture's step of its number, as far as the
+/// catalogue lets it go.
+bool UndoSteps::store(const Step& step, const std::function<QByteArray()>& jpeg) {
     try {
         write(step, jpeg());
-        return;
+        lost_.remove(step.number);
+        return true;
     } catch (const Error& failure) {
         loss_ = failure.text();
     } catch (const std::bad_alloc&) {
@@ -72,11 +72,14 @@ void UndoSteps::store(const Step& step, const std::function<QByteArray()>& jpeg)
     } catch (const std::exception& failure) {
         loss_ = QString::fromLocal8Bit(failure.what());
     }
+    lost_.insert(step.number);
     attempt([&] { remove(step.number); });
+    return false;
 }
 
 /// Stepping through an album starts the numbers again without removing the earlier rows: the newest one counts.
 std::optional<UndoSteps::Step> UndoSteps::read(int number) const {
+    if (lost_.contains(number)) return {};
     Recordset row = mekTp::catalogue.OpenRecordset(u"SELECT * FROM tccx WHERE 编号 = "_s + quoted(stepText(number)));
     if (row.Eof()) return {};
     row.MoveLast();
@@ -108,7 +111,6 @@ void UndoSteps::remove(int number) {
 
 void UndoSteps::clear() {
     loaded_.reset();
-    areNone_ = true;
     emptyUndoSteps();
 }
 

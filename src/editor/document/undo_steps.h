@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QSet>
 #include <QString>
 #include <functional>
 #include <optional>
@@ -21,16 +22,15 @@ class UndoSteps {
 
     /// Another picture is loaded.
     void start(Step loaded);
-    /// Stores a step. One that cannot be stored leaves nothing, and stops nobody: `takeLoss` says why.
-    void record(const Step& step);
+    /// Stores a step, and tells whether it is stored. One that cannot be leaves nothing, and stops nobody: `takeLoss`
+    /// says why.
+    bool record(const Step& step);
     /// A stored step; nothing when it is none or holds no picture.
     std::optional<Step> read(int number) const;
     /// The newest step that the catalogue holds of the picture that was worked on last.
     std::optional<Step> newest() const;
     /// Throws `Error` when the catalogue refuses it.
     void remove(int number);
-    /// Whether the next step is the first one that is stored, since the load or since all were removed.
-    bool areNoneStored() const { return areNone_; }
     /// Removes all steps from the catalogue; throws as `remove` does.
     void clear();
 
@@ -38,10 +38,10 @@ class UndoSteps {
     QString takeLoss();
 
   private:
-    void store(const Step& step, const std::function<QByteArray()>& jpeg);
+    bool store(const Step& step, const std::function<QByteArray()>& jpeg);
 
     std::optional<Step> loaded_;  ///< The step of the load, until it is written.
-    bool areNone_ = true;
+    QSet<int> lost_;              ///< Steps that could not be stored. A row of their number is an earlier picture's.
     QString loss_;
     bool isLossTaken_ = false;
 };

@@ -6,6 +6,7 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "platform/desktop/surface.h"
+#include "platform/desktop/text_box.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -105,6 +106,7 @@ void BrowserPanel::readAnew() {
 
 QStringList BrowserPanel::fileNames() const {
     QStringList names;
+    names.reserve(fil1_->ListCount());
     for (int i = 0; i < fil1_->ListCount(); ++i) names << fil1_->List(i);
     return names;
 }
@@ -123,15 +125,32 @@ void BrowserPanel::listAllFormats() {
     if (!listsAllFormats()) chkGs_->click();
 }
 
+/// In ranges that are as long as can be: there may be many thousands of files.
+QItemSelection BrowserPanel::linesAt(const QList<int>& places) const {
+    const auto line = [this](int place) { return fil1_->model()->index(place, 0); };
+    QItemSelection lines;
+    for (qsizetype first = 0, end = 0; first < places.size(); first = end) {
+        for (end = first + 1; end < places.size() && places[end] == places[end - 1] + 1;) ++end;
+        lines.append(QItemSelectionRange(line(places[first]), line(places[end - 1])));
+    }
+    return lines;
+}
+
+void BrowserPanel::deselectQuietly(const QList<int>& places) {
+    txtMl_->setEnabled(false);
+    fil1_->selectionModel()->select(linesAt(places), QItemSelectionModel::Deselect);
+    txtMl_->setEnabled(true);
+}
+
 void BrowserPanel::selectNames(const QStringList& names) {
     const QSet<QString> wanted(names.begin(), names.end());
+    QList<int> places;
+    for (int i = 0; i < fil1_->ListCount(); ++i)
+        if (wanted.contains(fil1_->List(i))) places << i;
     {
         const QSignalBlocker silence(fil1_);
-        fil1_->clearSelection();
-        for (int i = fil1_->ListCount() - 1; i >= 0; --i) {
-            if (!wanted.contains(fil1_->List(i))) continue;
-            fil1_->setCurrentRow(i, QItemSelectionModel::Select);
-        }
+        if (!places.isEmpty()) fil1_->setCurrentRow(places.front(), QItemSelectionModel::NoUpdate);
+        fil1_->selectionModel()->select(linesAt(places), QItemSelectionModel::ClearAndSelect);
     }
     fil1Click();
 }

@@ -17,6 +17,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStandardPaths>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -223,8 +224,8 @@ QString BrowserPanel::nameInFocus() const {
 
 QList<int> BrowserPanel::selectedFiles() const {
     QList<int> places;
-    for (int i = 0; i < fil1_->ListCount(); ++i)
-        if (fil1_->Selected(i)) places << i;
+    for (const QModelIndex& line : fil1_->selectionModel()->selectedIndexes()) places << line.row();
+    std::sort(places.begin(), places.end());
     return places;
 }
 
@@ -232,12 +233,6 @@ void BrowserPanel::selectQuietly(bool all) {
     txtMl_->setEnabled(false);
     fil1_->selectAllEntries(all);
     selectedCount_ = all ? fil1_->ListCount() : 0;
-    txtMl_->setEnabled(true);
-}
-
-void BrowserPanel::deselectQuietly(int index) {
-    txtMl_->setEnabled(false);
-    fil1_->setSelected(index, false);
     txtMl_->setEnabled(true);
 }
 
@@ -362,14 +357,12 @@ void BrowserPanel::fil1Click() {
 
 /// A picture is read by its stand-in, a database is opened by its name alone. Returns the last that was dropped.
 QString BrowserPanel::dropOddDatabases() {
-    QString dropped;
-    if (isPictureMode() || !txtMl_->isEnabled()) return dropped;
-    for (const int index : selectedFiles()) {
-        if (!isStandIn(joinedPath(fil1_->Path(), fil1_->List(index)))) continue;
-        dropped = fil1_->List(index);
-        deselectQuietly(index);
-    }
-    return dropped;
+    if (isPictureMode() || !txtMl_->isEnabled()) return {};
+    QList<int> odd = selectedFiles();
+    odd.removeIf([this](int place) { return !isStandIn(joinedPath(fil1_->Path(), fil1_->List(place))); });
+    if (odd.isEmpty()) return {};
+    deselectQuietly(odd);
+    return fil1_->List(odd.last());
 }
 
 void BrowserPanel::txtMlChange() {

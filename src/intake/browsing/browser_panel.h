@@ -5,6 +5,7 @@
 #include "settings/frame/frame_part.h"
 #include "settings/frame/settings_frame.h"
 
+#include <QItemSelection>
 #include <QObject>
 #include <functional>
 #include <map>
@@ -59,7 +60,7 @@ class BrowserPanel : public QObject, public FramePart {
     bool listsAllFormats() const;   ///< chkGs: in the list of pictures, files are judged by their content.
     void allowSubfolders(bool on);  ///< Where they are not, chkZw is off and locked.
     QStringList fileNames() const;
-    QList<int> selectedFiles() const;  ///< Places in the list.
+    QList<int> selectedFiles() const;  ///< Places in the list, in its order.
     QStringList selectedNames() const;
     /// Path of the one file that is selected, or of that in focus when there are several; empty for none.
     const QString& pickedFile() const { return pickedFile_; }
@@ -69,7 +70,7 @@ class BrowserPanel : public QObject, public FramePart {
     QString nameInFocus() const;
     /// Changes the selection while `fileClicked` stays quiet. The echo line is left as it is.
     void selectQuietly(bool all);
-    void deselectQuietly(int index);
+    void deselectQuietly(const QList<int>& places);
     /// As a person does it; those that are not in the list are passed over.
     void selectNames(const QStringList& names);
     void goTo(const QString& folder);  ///< Throws `Error` when it cannot be read.
@@ -126,6 +127,7 @@ class BrowserPanel : public QObject, public FramePart {
     bool onIntakePage() const;
     bool walks() const;
     ListedFiles listedFiles() const;
+    QItemSelection linesAt(const QList<int>& places) const;
     void beginWalk();
     void endWalk(const QStringList& files);
     void chkGsClick();

@@ -6,8 +6,8 @@
 
 #include <QFileInfo>
 #include <QRadioButton>
+#include <QSet>
 #include <algorithm>
-#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -32,15 +32,20 @@ void IntakePage::filesDropped(const QStringList& paths) {
 
 void IntakePage::chooseFolder(const QString& folder) {
     browser_.goTo(folder);
-    if (browser_.fileNames().isEmpty() && !browser_.isSearching()) browser_.listAllFormats();
-    choosesAll_ = true;
+    choosesAllOf_ = browser_.folder();
     chooseAllIfWanted();
 }
 
-/// What is below the folder may still be searched for.
+/// What is below the folder may still be searched for; then this is called again. So it is when all formats are listed.
 void IntakePage::chooseAllIfWanted() {
-    if (browser_.isSearching() || !std::exchange(choosesAll_, false)) return;
-    if (browser_.fileNames().isEmpty())
+    if (browser_.isSearching() || choosesAllOf_ != browser_.folder()) return;
+    const bool isEmpty = browser_.fileNames().isEmpty();
+    if (isEmpty && !browser_.listsAllFormats()) {
+        browser_.listAllFormats();
+        return;
+    }
+    choosesAllOf_.reset();
+    if (isEmpty)
         say(frame_.form, u"这个文件夹里没有可以录入的图片。"_s);
     else
         cmdQxClick();
@@ -48,16 +53,21 @@ void IntakePage::chooseAllIfWanted() {
 
 void IntakePage::chooseFiles(const QString& folder, const QStringList& paths) {
     QStringList names;
+    names.reserve(paths.size());
     for (const QString& path : paths) names << QFileInfo(path).fileName();
-    const auto missing = [&] {
-        const QStringList listed = browser_.fileNames();
-        QStringList others = names;
+    const auto withoutListed = [this](QStringList others) {
+        const QStringList all = browser_.fileNames();
+        const QSet<QString> listed(all.begin(), all.end());
         others.removeIf([&](const QString& name) { return listed.contains(name); });
         return others;
     };
     browser_.listOneFolder();
     browser_.goTo(folder);
-    if (!missing().isEmpty()) browser_.listAllFormats();
+    QStringList missing = withoutListed(names);
+    if (!missing.isEmpty()) {
+        browser_.listAllFormats();
+        missing = withoutListed(missing);
+    }
     browser_.selectNames(names);
-    if (!missing().isEmpty()) say(frame_.form, u"这些文件不是可以录入的图片："_s + someOf(missing()));
+    if (!missing.isEmpty()) say(frame_.form, u"这些文件不是可以录入的图片："_s + someOf(missing));
 }

@@ -44,14 +44,10 @@ void IntakePage::fileClicked() {
 
 /// In replace mode files without a number cannot be chosen. Tells whether there were any.
 bool IntakePage::deselectUnnumbered() {
-    bool found = false;
-    const QStringList names = browser_.fileNames();
-    for (const int index : browser_.selectedFiles()) {
-        if (standsForNumber(names[index])) continue;
-        browser_.deselectQuietly(index);
-        found = true;
-    }
-    return found;
+    QList<int> others = browser_.selectedFiles();
+    others.removeIf([names = browser_.fileNames()](int index) { return standsForNumber(names[index]); });
+    if (!others.isEmpty()) browser_.deselectQuietly(others);
+    return !others.isEmpty();
 }
 
 void IntakePage::sayUnnumbered() {
@@ -96,6 +92,7 @@ void IntakePage::cmdQxClick() {
 }
 
 void IntakePage::cmdQ1Click() {
+    choosesAllOf_.reset();
     switch (flow_.step()) {
         case 0:
             cmdQ1_->setEnabled(false);

@@ -116,7 +116,7 @@ void IntakePage::connectControls() {
     connect(&browser_, &BrowserPanel::laidOut, this, run(&IntakePage::arrange));
     connect(&browser_, &BrowserPanel::filesListed, this, run(&IntakePage::listFiles));
     connect(&browser_, &BrowserPanel::filesRead, this, run(&IntakePage::filesRead));
-    connect(&browser_, &BrowserPanel::folderChanged, this, run(&IntakePage::chooseFilesAnew));
+    connect(&browser_, &BrowserPanel::folderChanged, this, run(&IntakePage::folderChanged));
     connect(&browser_, &BrowserPanel::fileClicked, this, run(&IntakePage::fileClicked));
     for (QRadioButton* option : optYl_) connect(option, &QRadioButton::clicked, this, run(&IntakePage::optYlClick));
     for (QRadioButton* option : optCz_) connect(option, &QRadioButton::clicked, this, run(&IntakePage::optCzClick));
@@ -165,6 +165,7 @@ PageLayout IntakePage::layout() const {
 }
 
 void IntakePage::enter() {
+    choosesAllOf_.reset();
     codeButtons_.setGrowth(besideLists + movesDown);
     codeButtons_.moveHeading(6710, 5175);
     chosen_.hide();
@@ -214,6 +215,7 @@ void IntakePage::albumChosen() {
 
 /// Gives up whatever was prepared, and lets nothing new be prepared.
 void IntakePage::takesNoPictures() {
+    choosesAllOf_.reset();
     for (const auto& options : {optYl_, optCz_})
         for (QRadioButton* option : options) clearOption(option);
     fraFs_->setEnabled(false);
@@ -228,6 +230,7 @@ void IntakePage::takesNoPictures() {
 void IntakePage::albumLost() {
     if (inFront() && mapping_.sourceDatabase().isOpen()) database_.giveUp();
     filesWait_ = filesWait_ || mapping_.mayEnter();
+    choosesAllOf_.reset();
     fraLy_->setEnabled(false);
     mapping_.allowEnter(false);
     preview_.allowOpening(intakeRecordOpener, false);
@@ -289,6 +292,7 @@ void IntakePage::showFileCount() {
 }
 
 void IntakePage::optYlClick() {
+    choosesAllOf_.reset();
     if (database_.choosesRows()) database_.showTarget();
     browser_.mlcl();
     mapping_.allowAll(false);
@@ -301,8 +305,14 @@ void IntakePage::optYlClick() {
 
 /// Names tell which record a file replaces; in several folders they would do so more than once.
 void IntakePage::optCzClick() {
+    choosesAllOf_.reset();
     browser_.allowSubfolders(!replaces());
     showFileCount();
+    chooseFilesAnew();
+}
+
+void IntakePage::folderChanged() {
+    choosesAllOf_.reset();
     chooseFilesAnew();
 }
 

@@ -12,6 +12,7 @@
 #include <QObject>
 #include <array>
 #include <functional>
+#include <optional>
 
 class DataControl;
 class QCheckBox;
@@ -65,6 +66,7 @@ class IntakePage : public QObject, public SettingsPage {
     void optYlClick();
     void optCzClick();
     void chooseFilesAnew();
+    void folderChanged();
     void fileClicked();
     bool deselectUnnumbered();
     void sayUnnumbered();
@@ -111,6 +113,8 @@ class IntakePage : public QObject, public SettingsPage {
     QPushButton* openFile_ = nullptr;       ///< cmdCk(1)
     DataControl* datLr_ = nullptr;          ///< The target table.
     bool unnumberedTold_ = false;
-    bool choosesAll_ = false;  ///< When the dropped folder is listed.
-    bool filesWait_ = false;   ///< Files were ready for cmdLr when the album was lost.
+    /// A folder that was dropped: all of its files become the choice when they are listed, unless the person goes to
+    /// another one, steps back or chooses source and way anew before.
+    std::optional<QString> choosesAllOf_;
+    bool filesWait_ = false;  ///< Files were ready for cmdLr when the album was lost.
 };
