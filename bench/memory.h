@@ -22,7 +22,8 @@ inline void forgetPeak() {
     if (peak.open(QIODevice::WriteOnly)) peak.write("5");
 }
 
-inline QByteArray contentOf(const QString& path) {
+/// Of a file of the system, which says that it is empty.
+inline QByteArray textOf(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
 }
@@ -41,7 +42,7 @@ class HelperMemory {
         const QString tasks = QStringLiteral("/proc/self/task/"), program = QStringLiteral("/proc/%1/exe");
         double all = 0;
         for (const QString& task : QDir(tasks).entryList(QDir::Dirs | QDir::NoDotAndDotDot))
-            for (const QByteArray& child : contentOf(tasks + task + QStringLiteral("/children")).split(' ')) {
+            for (const QByteArray& child : textOf(tasks + task + QStringLiteral("/children")).split(' ')) {
                 const QString process = QString::fromLatin1(child);
                 const QString own = QFile::symLinkTarget(program.arg(QStringLiteral("self")));
                 if (QFile::symLinkTarget(program.arg(process)) != own) all += memory(key, process);

@@ -3,19 +3,15 @@
 
 #include "catalogue/conversion/rescue.h"
 
-#include "../tests/support/sample_catalogue.h"
 #include "bare_store.h"
+#include "beside_copy.h"
 #include "catalogue/mektp.h"
 #include "catalogue/runs/proof_run.h"
 #include "filling.h"
-#include "memory.h"
 #include "platform/database/records/own_values.h"
-#include "scene.h"
-#include "table.h"
 
 #include <malloc.h>
 
-#include <QApplication>
 #include <QTemporaryDir>
 
 using namespace Qt::Literals::StringLiterals;
@@ -55,43 +51,16 @@ void measure(int rounds, int megabytes) {
     const int count = makeDamaged(damaged, megabytes);
     malloc_trim(0);
     const QTemporaryDir folder;
-    const QString made = folder.filePath(u"new.mdb"_s), copy = folder.filePath(u"copy.mdb"_s);
-    std::vector<double> times, copies;
-    double most = 0;
-    for (int round = 0; round < rounds; ++round) {
-        for (const QString& file : {made, copy}) QFile::remove(file);
-        requireRun(u"sync"_s, {});
-        forgetPeak();
-        const double before = memory("VmRSS:");
-        times.push_back(milliseconds([&] {
-            RunWatch watch;
-            const RunReport report = rescueCatalogue({damaged, fresh, made}, watch);
-            if (!report.cameToEnd || report.verified < count - 2) throw Error(u"没有都取出来"_s);
-        }));
-        most = std::max(most, memory("VmHWM:") - before);
-        requireRun(u"sync"_s, {});
-        copies.push_back(milliseconds([&] { copyAndSync(damaged, copy); }));
-    }
-    row(topic, {.what = "take out of a damaged catalogue of " + std::to_string(megabytes) + " MB and compare",
-                .measured = median(times),
-                .peer = "cp and sync of it",
-                .peerMeasured = median(copies),
-                .timesPeer = 4});
-    row(topic, {.what = "the same: memory", .measured = most, .unit = "MB", .atMost = 120});
+    rowsBesideCopy(topic, "take out of a damaged catalogue of " + std::to_string(megabytes) + " MB and compare",
+                   damaged, folder.filePath(u"new.mdb"_s), rounds, [&] {
+                       RunWatch watch;
+                       const RunReport report = rescueCatalogue({damaged, fresh, folder.filePath(u"new.mdb"_s)}, watch);
+                       if (!report.cameToEnd || report.verified < count - 2) throw Error(u"没有都取出来"_s);
+                   });
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    const int rounds = argc > 1 ? std::max(1, std::atoi(argv[1])) : 3;
-    const int megabytes = argc > 2 ? std::max(20, std::atoi(argv[2])) : 1000;
-    try {
-        measure(rounds, megabytes);
-        return EXIT_SUCCESS;
-    } catch (const std::exception& failure) {
-        std::fprintf(stderr, "%s\n", failure.what());
-        return EXIT_FAILURE;
-    }
+    return runBesideCopy(argc, argv, measure);
 }

@@ -10,44 +10,13 @@
 #include "catalogue/conversion/joining.h"
 #include "catalogue/picture_hashes.h"
 #include "catalogue/table_shape.h"
-#include "jet_maker/old_catalogue.h"
+#include "old_catalogues.h"
 
 #include <fcntl.h>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-/// JPEG of several pages, all different.
-QByteArray largePicture(int seed) {
-    constexpr int width = 80, height = 60;
-    QImage image(width, height, QImage::Format_RGB32);
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) image.setPixel(x, y, qRgb(x * y * seed, x * 7 + seed, y * 11 * seed));
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, "JPG", 95);
-    return bytes;
-}
-
-/// An album of each kind of picture that an old catalogue may have.
-jet::OldCatalogue wholeCatalogue() {
-    const QByteArray bmp = pictureBytes({40, 30}, Qt::red, "BMP"), jpeg = pictureBytes({40, 30}, Qt::blue);
-    return {.albums = {{u"tc00"_s, u"演示"_s, {jpeg}},
-                       {u"tc01"_s,
-                        u"旅行"_s,
-                        {jpeg, jet::withTail(largePicture(3)), jet::wrapped(bmp), jet::wrappedBitmap(bmp),
-                         jet::wrappedMetafile(bmp), QByteArray(), jet::withTail(bmp)}},
-                       {u"tc02"_s, u"空册"_s, {}},
-                       {u"tc03"_s, u"编码和名称"_s, {largePicture(1), largePicture(2)}}},
-            .buttonPicture = pictureBytes({100, 75}, Qt::green),
-            .screenPicture = jpeg};
-}
-
-/// What `stored` of the same place becomes.
-QByteArray unwrapped(const QByteArray& stored) {
-    return stored.startsWith("\x15\x1C") ? pictureBytes({40, 30}, Qt::red, "BMP") : stored;
-}
 
 /// No file gets a second name while this is set, as on disks that know no links.
 bool knowsNoLinks = false;
