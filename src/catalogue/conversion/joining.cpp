@@ -10,6 +10,8 @@
 #include "platform/base/error.h"
 #include "platform/database/records/second_reading.h"
 
+#include <QRegularExpression>
+#include <QSet>
 #include <algorithm>
 #include <iterator>
 
@@ -68,15 +70,17 @@ QString wantedTitle(const OldAlbum& album) {
     return titleFits(album.title) ? album.title : album.name;
 }
 
+/// A title with a number behind it, as much of it as fits.
+QString numbered(QString title, const QString& number) {
+    while (!title.isEmpty() && !titleFits(title + number)) title.chop(1);
+    return title + number;
+}
+
 /// The title of an album, with a number behind it where that is taken.
 QString freeTitle(const Database& ours, const QString& wanted) {
     QString title = wanted;
-    for (int number = 2; title.isEmpty() || findTitle(ours, title); ++number) {
-        const QString mark = QString::number(number);
-        QString start = wanted;
-        while (!start.isEmpty() && !titleFits(start + mark)) start.chop(1);
-        title = start + mark;
-    }
+    for (int number = 2; title.isEmpty() || findTitle(ours, title); ++number)
+        title = numbered(wanted, QString::number(number));
     return title;
 }
 
@@ -86,13 +90,11 @@ std::vector<OldAlbum> albumsToJoin(const Database& old) {
     return albums;
 }
 
-/// What an album was called when it joined, if its title was taken.
-bool isTitleOf(const QString& title, const OldAlbum& old) {
-    const QString wanted = wantedTitle(old);
-    if (title == wanted) return true;
-    QString start = title;
-    while (!start.isEmpty() && start.back().isDigit()) start.chop(1);
-    return !start.isEmpty() && start != title && wanted.startsWith(start);
+/// Whether `freeTitle` makes that title of the wanted one.
+bool isNumberedTitle(const QString& title, const QString& wanted) {
+    static const QRegularExpression numbers(u"([2-9]|[1-9][0-9]+)$"_s);
+    const QString number = numbers.match(title).captured(1);
+    return !number.isEmpty() && title == numbered(wanted, number);
 }
 
 /// What tells a record from others, without its picture.
@@ -106,22 +108,37 @@ QString likenessOf(const Recordset& rows, int row) {
     return texts.join(u'\n');
 }
 
-/// Whether the album is the beginning of the old one.
+Fingerprint printOf(const Recordset& rows, int row) {
+    Fingerprint print;
+    attempt([&] { print = fingerprintOf(rows.storedAt(row, u"图片"_s)); });
+    return print;
+}
+
+/// Whether the album is the beginning of the old one, with its pictures as far as the first and the last one tell. A
+/// joining that is killed may leave an empty one.
 bool isBeginningOf(const Recordset& album, const Recordset& old) {
-    if (album.rowCount() > old.rowCount() || (album.rowCount() == 0 && old.rowCount() > 0)) return false;
+    if (album.rowCount() > old.rowCount()) return false;
     for (int row = 0; row < album.rowCount(); ++row)
         if (likenessOf(album, row) != likenessOf(old, row)) return false;
+    for (const int row : {0, album.rowCount() - 1})
+        if (album.rowCount() > 0 && printOf(album, row) != printOf(old, row)) return false;
     return true;
 }
 
-std::optional<JoinedAlbum> joinedAs(const OldAlbum& album, const Database& old, const Database& ours) {
+/// The longest of our albums that begins as the old one does, among those of its very title, or of numbered ones.
+/// Those in `claimed` are what others have become.
+std::optional<JoinedAlbum> joinedAs(const OldAlbum& album, const Database& old, const Database& ours, bool isNumbered,
+                                    const QSet<QString>& claimed) {
     const Recordset theirs = old.OpenRecordset(allRecordsSql(album.table));
+    const QString wanted = wantedTitle(album);
     std::optional<JoinedAlbum> found;
     for (const Album& own : allAlbums(ours)) {
-        if (isDemo(own.table) || !isTitleOf(own.title, album) || !isAlbumTable(ours, own.table)) continue;
+        const bool isTitle = isNumbered ? isNumberedTitle(own.title, wanted) : own.title == wanted;
+        if (!isTitle || isDemo(own.table) || claimed.contains(own.table) || !isAlbumTable(ours, own.table)) continue;
         const Recordset records = ours.OpenRecordset(allRecordsSql(own.table));
         if (!isBeginningOf(records, theirs) || (found && found->records >= records.rowCount())) continue;
-        found = {album.table, own.table, own.title, records.rowCount(), records.rowCount() == theirs.rowCount()};
+        found = {album.table,        own.table,         own.title,
+                 records.rowCount(), theirs.rowCount(), records.rowCount() == theirs.rowCount()};
     }
     return found;
 }
@@ -150,7 +167,7 @@ class Joining {
     void prepare() {
         Transaction together(ours_);
         std::vector<OldAlbum> albums = albumsToJoin(old_);
-        if (order_.goesOn) goOn(albums);
+        goOn(albums);
         nameAlbums(albums, ours_.TableDefs());
         for (const OldAlbum& album : albums) makeAlbum(album);
         for (const OldButton& button : oldButtons(old_)) takeButton(button);
@@ -159,8 +176,9 @@ class Joining {
 
     /// Leaves those albums that are still to come.
     void goOn(std::vector<OldAlbum>& albums) {
-        for (const JoinedAlbum& joined : joinedAlbums(old_, ours_)) {
+        for (const JoinedAlbum& joined : order_.joined) {
             const auto album = std::ranges::find(albums, joined.table, &OldAlbum::table);
+            if (album == albums.end()) continue;
             const QString name = joined.album + u'《' + joined.title + u'》';
             if (joined.isWhole) {
                 names_[nameOfOld(*album)] = joined.album;
@@ -168,7 +186,7 @@ class Joining {
                 albums.erase(album);
             } else {
                 deleteAlbum(ours_, joined.album);
-                notes_.push_back(noteAbout(joined.table, u"上次没有做完的图册 %1 放进了回收站，重新加入"_s.arg(name)));
+                notes_.push_back(noteAbout(joined.table, u"不全的图册 %1 放进了回收站，重新加入"_s.arg(name)));
             }
         }
     }
@@ -278,11 +296,18 @@ std::vector<TakenCode> takenCodes(const Database& old, const Database& ours) {
 }
 
 std::vector<JoinedAlbum> joinedAlbums(const Database& old, const Database& ours) {
+    const std::vector<OldAlbum> albums = albumsToJoin(old);
+    std::vector<std::optional<JoinedAlbum>> known(albums.size());
+    QSet<QString> claimed;
+    for (const bool isNumbered : {false, true})
+        for (std::size_t i = 0; i < albums.size(); ++i) {
+            if (!known[i]) attempt([&] { known[i] = joinedAs(albums[i], old, ours, isNumbered, claimed); });
+            if (known[i]) claimed.insert(known[i]->album);
+        }
     std::vector<JoinedAlbum> joined;
-    for (const OldAlbum& album : albumsToJoin(old))
-        attempt([&] {
-            if (const auto known = joinedAs(album, old, ours)) joined.push_back(*known);
-        });
+    joined.reserve(albums.size());
+    for (const auto& album : known)
+        if (album) joined.push_back(*album);
     return joined;
 }
 

@@ -26,6 +26,7 @@ struct JoinedAlbum {
     QString album;  ///< Table of ours.
     QString title;
     int records = 0;
+    int recordsThere = 0;  ///< In the old one.
     bool isWhole = false;
 };
 std::vector<JoinedAlbum> joinedAlbums(const Database& old, const Database& ours);
@@ -35,7 +36,7 @@ struct JoinOrder {
     QString ours;          ///< The catalogue that the albums join.
     bool newCodes = true;  ///< Buttons whose codes are taken get others, and their pictures too; otherwise ours serve.
     /// What has joined before is left out, and what has done so in part goes into the bin and joins anew.
-    bool goesOn = false;
+    std::vector<JoinedAlbum> joined = {};
 };
 
 /// The demonstration album stays where it is. What is done stays done, whole record by whole record, when the watch or

@@ -5,6 +5,7 @@
 #include "catalogue/conversion/joining.h"
 #include "catalogue/conversion/old_albums.h"
 #include "catalogue/mektp.h"
+#include "platform/desktop/busy.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 #include "settings/frame/columns.h"
@@ -30,8 +31,8 @@ QString listOf(const std::vector<JoinedAlbum>& albums) {
     constexpr std::size_t mostLines = 12;
     QStringList lines;
     for (const JoinedAlbum& joined : albums) {
-        const QString state = joined.isWhole ? u"%1 条，完整"_s : u"只有前 %1 条，没有做完"_s;
-        lines << u"%1《%2》："_s.arg(joined.album, joined.title) + state.arg(joined.records);
+        const QString state = joined.isWhole ? u"，完整"_s : u"，原来有 %1 条"_s.arg(joined.recordsThere);
+        lines << u"%1《%2》：%3 条"_s.arg(joined.album, joined.title).arg(joined.records) + state;
         if (lines.size() == mostLines && albums.size() > mostLines) {
             lines << u"……共 %1 册"_s.arg(albums.size());
             break;
@@ -79,16 +80,21 @@ bool WholeCatalogue::mayBegin() const {
 
 /// False when nothing is to be done.
 bool WholeCatalogue::askAboutJoined(JoinOrder& order) const {
-    std::vector<JoinedAlbum> joined = joinedAlbums(source_, mekTp::catalogue);
-    std::erase_if(joined, [](const JoinedAlbum& album) { return album.records == 0; });  // one is as good as another
+    std::vector<JoinedAlbum> all;
+    {
+        const Hourglass hourglass;
+        all = joinedAlbums(source_, mekTp::catalogue);
+    }
+    std::vector<JoinedAlbum> joined = all;
+    std::erase_if(joined, [](const JoinedAlbum& album) { return album.recordsThere == 0; });  // nothing to tell of
     if (joined.empty()) return true;
     constexpr int goesOn = 0, again = 1, cancels = 2;
     const int answer =
         choose(frame_.form,
-               u"这些图册已经加入过：\n\n%1\n\n只加入还没有的，请按《接着加入》：没有做完的图册放进回收站，重新加入。"
+               u"这些图册已经加入过：\n\n%1\n\n只加入还没有的，请按《接着加入》：不全的图册放进回收站，重新加入。"
                "全部再加入一遍，请按《全部加入》：已有的不动，旁边另建图册。"_s.arg(listOf(joined)),
                {u"接着加入"_s, u"全部加入"_s, u"取消"_s}, goesOn, cancels);
-    order.goesOn = answer == goesOn;
+    if (answer == goesOn) order.joined = all;
     return answer == goesOn || answer == again;
 }
 
@@ -110,9 +116,12 @@ void WholeCatalogue::finish(const RunReport& report) {
         if (!findAlbum(mekTp::catalogue, table)) frame_.albums.removeLine(table);
     frame_.albums.addMissing();
     Q_EMIT over();
+    // The album on the screen may have gone, or come anew.
+    if (const QString shown = frame_.albums.table(); !shown.isEmpty()) frame_.albums.choose(shown);
     const bool isDone = report.cameToEnd && !report.stopped && report.failure.isEmpty();
     QString text = (isDone ? u"转换完成！  %1。"_s : u"转换没有做完。  %1。"_s).arg(outcomeText(report, words));
     if (!report.failure.isEmpty()) text += u"\n\n"_s + report.failure;
     say(frame_.form, text, isDone ? BoxIcon::information : BoxIcon::exclamation);
     frame_.runBar.tellReport(report, words, nullptr);
+    frame_.bin.look();
 }

@@ -253,12 +253,30 @@ class TestConversion : public SampleTest {
         }
         RunWatch watch;
         for (int i = 0; i < 2; ++i) {  // the second time there is nothing left to be done
-            report_ = joinCatalogue({.old = from, .ours = ours, .goesOn = true}, watch);
+            report_ = joinCatalogue({.old = from, .ours = ours, .joined = joinedAlbums(old, database)}, watch);
             QVERIFY2(report_.cameToEnd, qPrintable(report_.failure));
             QTEST(textsOf(database, u"tcbm"_s, u"标题"_s).mid(before), "titles");
         }
         for (const JoinedAlbum& album : joinedAlbums(old, database)) QVERIFY(album.isWhole);
         QCOMPARE(textsOf(database, u"tcan"_s, u"名称"_s).count(u"家人"_s), 1);
+    }
+
+    /// Titles that differ by a number only, and records that differ by their pictures only.
+    void likeAlbumsAreToldApart() {
+        const auto write = [&](const QString& name, const QList<jet::OldAlbum>& albums) {
+            return files_->write(name, jet::database(jet::oldCatalogueTables({.albums = albums})));
+        };
+        const jet::OldAlbum first{u"tc01"_s, u"照片1"_s, {largePicture(1)}};
+        const QString ours = sample_->file(u"lunq.mdb"_s);
+        RunWatch watch;
+        QVERIFY(joinCatalogue({write(u"one.mdb"_s, {first}), ours}, watch).cameToEnd);
+        const QList<QList<QByteArray>> others{{largePicture(2)}, {largePicture(1), largePicture(2)}};
+        for (const QList<QByteArray>& pictures : others) {
+            const QString from = write(u"two.mdb"_s, {first, {u"tc02"_s, u"照片2"_s, pictures}});
+            const std::vector<JoinedAlbum> joined = joinedAlbums(OpenDatabase(from), OpenDatabase(ours));
+            QCOMPARE(joined.size(), 1U);
+            QVERIFY(joined[0].table == u"tc01" && joined[0].title == u"照片1" && joined[0].isWhole);
+        }
     }
 
     void oddTablesAreTakenAsFarAsTheyGo() {
