@@ -61,12 +61,17 @@ QString datedPath(const QString& newest, const QDateTime& made) {
     return path;
 }
 
-QList<BackupFile> datedBeside(const QString& newest, bool counts) {
+QStringList datedNames(const QString& newest) {
     const QFileInfo file(newest);
     const QString names = file.completeBaseName() + u"-*-*-*-*."_s + file.suffix();
+    return QDir(file.path()).entryList({names}, QDir::Files | QDir::NoSymLinks, QDir::Name | QDir::Reversed);
+}
+
+QList<BackupFile> datedBeside(const QString& newest, bool counts) {
+    const QString folder = QFileInfo(newest).path();
     QList<BackupFile> found;
-    for (const QString& name : QDir(file.path()).entryList({names}, QDir::Files, QDir::Name | QDir::Reversed)) {
-        const QString path = file.path() + u'/' + name;
+    for (const QString& name : datedNames(newest)) {
+        const QString path = folder + u'/' + name;
         if (!isSameFile(path, newest)) attempt([&] { found << describedBackup(path, counts); });
     }
     return found;

@@ -37,6 +37,8 @@ BackupFile describedBackup(const QString& path, bool counts);
 
 /// The path for the one that has stood under `newest` until now, with a date; one that is free.
 QString datedPath(const QString& newest, const QDateTime& made);
+/// The names of all files that look like that, the last first. A link is no file of its own.
+QStringList datedNames(const QString& newest);
 /// All files of such names, by name from the last to the first. Those that are no catalogues are left out, and so is a
 /// second name of `newest`.
 QList<BackupFile> datedBeside(const QString& newest, bool counts);

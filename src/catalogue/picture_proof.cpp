@@ -199,6 +199,13 @@ std::vector<ToProve> allPictures(const Database& catalogue) {
     return all;
 }
 
+std::vector<ToProve> picturesWithPrints(const Database& catalogue) {
+    std::vector<ToProve> all = allPictures(catalogue);
+    std::erase_if(all, [](const ToProve& one) { return one.print.sha256.isEmpty(); });
+    for (ToProve& one : all) one.decodes = false;
+    return all;
+}
+
 std::vector<ToProve> picturesDue(const Database& catalogue, const QDate& before) {
     const OwnValues values(catalogue);
     std::vector<ToProve> due = known(catalogue, before, decodedUpTo(values));

@@ -40,6 +40,9 @@ std::vector<StoredValue> unprintedPictures(const Database& catalogue);
 
 /// All pictures, by id.
 std::vector<ToProve> allPictures(const Database& catalogue);
+/// Those that a copy can be compared by, without decoding: the others may have been lost before, which is no fault of
+/// the copy.
+std::vector<ToProve> picturesWithPrints(const Database& catalogue);
 /// Those that have a fingerprint and were not read since `before`, or are not decoded yet. Those that are known to be
 /// damaged are left out.
 std::vector<ToProve> picturesDue(const Database& catalogue, const QDate& before);

@@ -185,9 +185,8 @@ void requireWholePictures(const QString& copy, const QString& from, const QStrin
     std::vector<ToProve> all;
     {
         const Database database = OpenDatabase(copy);
-        if (database.isOurs()) all = allPictures(database);
+        if (database.isOurs()) all = picturesWithPrints(database);
     }
-    for (ToProve& one : all) one.decodes = false;
     std::vector<Proven> found = proveAll(copy, all, [](qsizetype, qint64) { return true; });
     std::erase_if(found, [](const Proven& one) { return one.fault == Fault::none; });
     if (!found.empty()) throw damageOf(from, to, found);
@@ -249,10 +248,9 @@ void keepLast(const QString& to, const QList<BackupFile>& there, const QString& 
 
 /// A kill may have come right behind the giving of the dated name.
 bool hasDatedName(const QString& backup) {
-    const QFileInfo file(backup);
-    const QStringList dated = QDir(file.path()).entryList({file.completeBaseName() + u"-*."_s + file.suffix()});
-    return std::ranges::any_of(dated,
-                               [&](const QString& name) { return isSameFile(file.path() + u'/' + name, backup); });
+    const QString folder = QFileInfo(backup).path() + u'/';
+    return std::ranges::any_of(datedNames(backup),
+                               [&](const QString& name) { return isSameFile(folder + name, backup); });
 }
 
 /// What became of the earlier backups when there is no new one.

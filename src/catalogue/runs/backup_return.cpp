@@ -128,8 +128,7 @@ void copyFile(const QString& from, const QString& to, int pictures, RunWatch& wa
 }
 
 void proveCopy(const QString& copy, const QString& backup, RunWatch& watch, RunReport& report) {
-    std::vector<ToProve> all = allPictures(OpenDatabase(copy));
-    for (ToProve& one : all) one.decodes = false;
+    const std::vector<ToProve> all = picturesWithPrints(OpenDatabase(copy));
     const int count = int(all.size());
     const qint64 copied = FileLen(copy);
     const std::vector<Proven> found = proveAll(copy, all, [&](qsizetype done, qint64 bytes) {
@@ -165,7 +164,7 @@ RunReport takeBack(const Database& catalogue, const QString& backup, const QList
     bool passes = false;
     for (const Return& one : returns) {
         PartWatch part(watch, before, passes);
-        if (report.cameToEnd) {
+        if (report.cameToEnd && !report.stopped) {
             try {
                 const QString album = albumFor(catalogue, albumIn(source, one.table));
                 if (!one.numbers.isEmpty())

@@ -25,7 +25,8 @@ struct Repetitions {
     bool operator==(const Repetitions&) const = default;
 };
 
-/// How many of these files are pictures that an album has. Only files of a length that the album has are read. A BMP
+/// How many of these files are pictures that an album has. Only files of a length that the album has are read
+/// whole; where other formats are taken in, the beginning of each is. A BMP
 /// that is to be stored as a JPEG is compared as that. One of another format is left open: decoding hundreds of them
 /// would take minutes. An empty file, or one that cannot be read, is no repetition. When `goesOn`, which is asked
 /// before each piece in any thread, says no, the count ends and is worth nothing.

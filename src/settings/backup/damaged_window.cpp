@@ -19,6 +19,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 
 using namespace Qt::Literals::StringLiterals;
@@ -137,9 +138,12 @@ void DamagedWindow::acceptChosen() {
                            u"选中的 %1 张图片以后就以现在的样子为准，不再能用备份修复。\n\n"
                            "确实如此，请按“确定”；否则按“取消”。"_s.arg(chosen.size())))
         return;
-    for (const qint64 picture : chosen) takeAsIs(mekTp::catalogue, picture);
+    const auto lost = std::ranges::count_if(
+        chosen, [](qint64 picture) { return !attempt([&] { takeAsIs(mekTp::catalogue, picture); }); });
     list();
     Q_EMIT changed();
+    if (lost > 0)
+        say(this, u"有 %1 张已经读不出来，没有现在的样子可以保留。请从备份取回，或者删除那条记录。"_s.arg(lost));
     closeIfEmpty({});
 }
 
