@@ -14,7 +14,7 @@ void GoingOn::offer() {
     constexpr int goesOn = 0;
     const QString question =
         u"上次处理图片时软件没有正常结束，处理的步骤还在：\n\n%1\n\n要接着处理，请按《继续处理》；不要了，按《放弃》。"_s
-        u"\n\n这些步骤是质量 80 的副本，比原图片粗一些。原图片没有改动。"_s;
+        u"\n\n这些步骤是质量 80 的副本，比原图片粗一些。放弃的话，原图片保持现在的样子。"_s;
     if (choose(form_, question.arg(sourceLine(*source)), {u"继续处理"_s, u"放弃"_s}, goesOn, goesOn) == goesOn)
         goOn(*source);
     else
@@ -28,7 +28,7 @@ void GoingOn::goOn(const PictureSource& source) {
     const auto hint = document_.resume(found);
     if (!hint) {
         document_.clearSteps();
-        say(form_, u"处理的步骤读不出来，不能继续。原图片没有改动。"_s);
+        say(form_, u"处理的步骤读不出来，不能继续。原图片保持现在的样子。"_s);
         return;
     }
     view_.hint().setText(*hint);

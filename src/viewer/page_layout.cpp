@@ -2,6 +2,7 @@
 
 #include "platform/base/conversion.h"
 #include "platform/base/twips.h"
+#include "platform/base/typed_date.h"
 
 #include <algorithm>
 #include <cmath>
@@ -94,7 +95,7 @@ int pagesFor(int pictures, int picturesPerPage) {
 }
 
 int columnsFromText(const QString& text) {
-    const double columns = numericValue(text);
+    const double columns = numericValue(inPlainWidth(text));
     return columns < 1 ? 0 : int(std::min<double>(columns, mostColumns));
 }
 

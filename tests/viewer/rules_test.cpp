@@ -137,8 +137,8 @@ class TestViewerRules : public QObject {
     void numbersOfPagesAndColumns() {
         for (const auto [pictures, perPage, pages] : {std::array{10, 4, 3}, {8, 4, 2}, {0, 4, 0}, {1, 36, 1}})
             QCOMPARE(pagesFor(pictures, perPage), pages);
-        const std::pair<QString, int> typed[] = {{u"1列"_s, 1}, {u"6列"_s, 6}, {u"7列"_s, 6}, {u""_s, 0},
-                                                 {u"列"_s, 0},  {u"0列"_s, 0}, {u"-2"_s, 0}};
+        const std::pair<QString, int> typed[] = {{u"1列"_s, 1}, {u"３列"_s, 3}, {u"6列"_s, 6}, {u"7列"_s, 6},
+                                                 {u""_s, 0},    {u"列"_s, 0},   {u"0列"_s, 0}, {u"-2"_s, 0}};
         for (const auto& [text, columns] : typed) QCOMPARE(columnsFromText(text), columns);
         for (const auto& [page, text] : {std::pair(2.5, u"3"_s), {3.0, u"3"_s}, {10 / 9.0, u"2"_s}, {-0.5, u"0"_s}})
             QCOMPARE(pageText(page), text);

@@ -16,12 +16,13 @@ std::vector<ToldFailure>& kept() {
 }  // namespace
 
 QString withoutContents(const QString& message) {
-    QString text = message.section(u"\n\n"_s, 0, 0);
     static const QRegularExpression statement(u"语句(在 .* 处有错|(中缺少“[^”]*”)?：.*)"_s,
                                               QRegularExpression::DotMatchesEverythingOption);
-    static const QRegularExpression value(u"不能存入“.*?”(?=：)"_s, QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression value(u"不能存入“.*”(?=：)"_s, QRegularExpression::DotMatchesEverythingOption);
     static const QRegularExpression quoted(u"(?<![表列])“(?!/|[^”]*\\.[A-Za-z0-9]{1,5}”)[^”]*”"_s);
-    return text.replace(statement, u"语句"_s).replace(value, u"不能存入“…”"_s).replace(quoted, u"“…”"_s);
+    QString text = message;
+    text = text.replace(value, u"不能存入“…”"_s).section(u"\n\n"_s, 0, 0);
+    return text.replace(statement, u"语句"_s).replace(quoted, u"“…”"_s);
 }
 
 void noteFailure(const QString& message) {

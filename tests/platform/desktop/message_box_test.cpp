@@ -163,6 +163,8 @@ class TestMessageBox : public QObject {
         QTest::newRow("contents") << u"“小孙女 1/2”重复。\n\n“x”"_s << u"“…”重复。"_s;
         QTest::newRow("value like a name of a file")
             << u"列“日期”不能存入“见“a” www.x.com”：不是日期。"_s << u"列“日期”不能存入“…”：不是日期。"_s;
+        QTest::newRow("value of several paragraphs")
+            << u"列“备注”不能存入“他说“好”：明天\n\n去医院”：太长。"_s << u"列“备注”不能存入“…”：太长。"_s;
         QTest::newRow("statement") << u"不能执行这样的语句：DELETE 'a\nb”c'"_s << u"不能执行这样的语句"_s;
         QTest::newRow("broken statement") << u"语句中缺少“'”：SELECT '小孙女"_s << u"语句"_s;
         QTest::newRow("place in a statement") << u"语句在 \"小孙女\" 处有错。"_s << u"语句。"_s;

@@ -39,7 +39,8 @@ RowsByNumber::RowsByNumber(const Database& database, const QString& table, const
 }
 
 Recordset recordsOfRows(const Database& database, const QString& table, const std::vector<qint64>& rows) {
-    return database.OpenRecordset(u"SELECT * FROM %1 WHERE _rowid_ IN (%2)"_s.arg(quotedName(table), listed(rows)));
+    return database.OpenRecordset(
+        u"SELECT * FROM %1 WHERE _rowid_ IN (%2) ORDER BY _rowid_"_s.arg(quotedName(table), listed(rows)));
 }
 
 void RecordsInTurn::open(std::size_t first) {
