@@ -98,6 +98,7 @@ void pngByLibraries(const QString& from, const QString& to) {
 
 /// In a run of its own: looking takes time.
 double memoryWithHelpers(const QStringList& paths) {
+    malloc_trim(0);  // what the runs before have left
     const HelperMemory helpers;
     const double before = memory("VmRSS:");
     intake(paths, true);
