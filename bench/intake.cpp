@@ -10,6 +10,8 @@
 #include "png_library.h"
 #include "run_meter.h"
 
+#include <malloc.h>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
