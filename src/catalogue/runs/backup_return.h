@@ -20,5 +20,5 @@ Return wholeAlbum(const Database& backup, const QString& table);
 RunReport takeBack(const Database& catalogue, const QString& backup, const QList<Return>& returns, RunWatch& watch);
 
 /// Copies a backup to `prepared`, on the disk, and proves the copy. A run that fails or is stopped leaves nothing
-/// there. The report counts the pictures.
+/// there. The report counts the pictures that have a fingerprint: by that they are proved.
 RunReport prepareRestore(const QString& backup, const QString& prepared, RunWatch& watch);

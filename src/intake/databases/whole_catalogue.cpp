@@ -91,7 +91,7 @@ bool WholeCatalogue::askAboutJoined(JoinOrder& order) const {
     constexpr int goesOn = 0, again = 1, cancels = 2;
     const int answer =
         choose(frame_.form,
-               u"这些图册已经加入过：\n\n%1\n\n只加入还没有的，请按《接着加入》：不全的图册放进回收站，重新加入。"
+               u"这些图册已经在这里：\n\n%1\n\n只加入还没有的，请按《接着加入》：不全的图册放进回收站，重新加入。"
                "全部再加入一遍，请按《全部加入》：已有的不动，旁边另建图册。"_s.arg(listOf(joined)),
                {u"接着加入"_s, u"全部加入"_s, u"取消"_s}, goesOn, cancels);
     if (answer == goesOn) order.joined = all;
