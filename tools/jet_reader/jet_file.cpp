@@ -47,7 +47,8 @@ JetFile::JetFile(const std::string& path) {
     // the library would lose them.
     setenv("MDB_JET3_CHARSET", "ISO-8859-1", 1);
     handle_.reset(mdb_open(path.c_str(), MDB_NOFLAGS));
-    if (!handle_ || uint64_t(handle_->fmt->pg_size) != pageSize) throw JetFailure{JetOutcome::damaged};
+    pieces_.reset(mdb_open(path.c_str(), MDB_NOFLAGS));
+    if (!handle_ || !pieces_ || uint64_t(handle_->fmt->pg_size) != pageSize) throw JetFailure{JetOutcome::damaged};
     codePage_ = handle_->f->code_page;
     if (hasPassword()) throw JetFailure{JetOutcome::password};
 }
@@ -94,15 +95,15 @@ std::vector<unsigned char> JetFile::longValue(Bytes inRow) const {
     auto place = numberAt<uint32_t>(inRow, 4);
     while (value.size() < length && place != 0) {
         if (!hasPage(place >> 8)) throw JetFailure{JetOutcome::incomplete};
-        void* page = nullptr;
         int start = 0;
         size_t size = 0;
         const auto pageSize = size_t(handle_->fmt->pg_size);
-        const int found = mdb_find_pg_row(handle_.get(), int(place), &page, &start, &size);
+        const unsigned char* page = pieces_->pg_buf;
         // A page that is none of data, such as one of zeros, has rows as well, by chance.
-        const bool isThere = found == 0 && *static_cast<const unsigned char*>(page) == MDB_PAGE_DATA;
+        const bool isThere = mdb_read_pg(pieces_.get(), place >> 8) && *page == MDB_PAGE_DATA &&
+                             mdb_find_row(pieces_.get(), int(place & 0xFF), &start, &size) == 0;
         if (!isThere || start < 0 || size_t(start) + size > pageSize) throw JetFailure{JetOutcome::damaged};
-        Bytes piece(static_cast<const unsigned char*>(page) + start, size);
+        Bytes piece(page + start, size);
         if (lengthAndKind & onePiece) {
             place = 0;
         } else {

@@ -38,6 +38,7 @@ class JetFile {
     bool hasPassword() const;
 
     std::unique_ptr<MdbHandle, Close> handle_;
+    std::unique_ptr<MdbHandle, Close> pieces_;  ///< For long values: the page of the row in hand stays where it is.
     uint64_t pages_ = 0;
     int codePage_ = 0;
 };
