@@ -38,16 +38,25 @@ class RescueVerification : public Verification {
     bool isChanged(const QString& album, int row) const { return changed_.contains({album, row}); }
 
   protected:
-    Fingerprint read(const StoredValue& value) const override { return fingerprintOf(value); }
+    /// What arrived with the fingerprint of the day it was stored needs no second reading.
+    Fingerprint read(const StoredValue& value, const Fingerprint& stored) const override {
+        return keptOf(value) == stored ? stored : fingerprintOf(value);
+    }
     Fingerprint kept(const TablePair& pair, int row, const StoredValue& old, const Fingerprint& read) override {
-        Fingerprint kept;
-        attempt([&] { kept = hashes_.of(old); });
+        const Fingerprint kept = keptOf(old);
         if (kept.sha256.isEmpty() || kept == read) return read;
         changed_.insert({pair.target, row});
         return kept;
     }
 
   private:
+    /// An empty one where the damaged catalogue has lost it.
+    Fingerprint keptOf(const StoredValue& value) const {
+        Fingerprint kept;
+        attempt([&] { kept = hashes_.of(value); });
+        return kept;
+    }
+
     PictureHashes hashes_;
     QSet<std::pair<QString, int>> changed_;
 };

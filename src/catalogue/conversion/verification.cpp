@@ -6,16 +6,17 @@
 #include "platform/database/records/second_reading.h"
 
 #include <algorithm>
+#include <memory>
+#include <thread>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int rowsInAChange = 256;
-const QString picture = u"图片"_s;
+const QString pictureColumn = u"图片"_s;
 
 bool hasPictures(const Database& database, const QString& table) {
-    return fieldNamed(shapeOf(database, table), picture).has_value();
+    return fieldNamed(shapeOf(database, table), pictureColumn).has_value();
 }
 
 }  // namespace
@@ -23,21 +24,21 @@ bool hasPictures(const Database& database, const QString& table) {
 Verification::Verification(const Database& secondReading, const Database& target, std::vector<TablePair> tables)
     : secondReading_(secondReading), target_(target), tables_(std::move(tables)) {}
 
-Fingerprint Verification::read(const StoredValue& value) const {
+Fingerprint Verification::read(const StoredValue& value, const Fingerprint&) const {
     const ValueHashes::Kept hash = SecondReading::hashOf(value);
     return {hash.length, hash.sha256};
 }
 
 /// What cannot be read is not in the new catalogue either.
-Fingerprint Verification::printAt(const Recordset& secondReading, int row) const {
+Fingerprint Verification::printAt(const Recordset& secondReading, int row, const Fingerprint& stored) const {
     Fingerprint print;
     attempt([&] {
-        const StoredValue value = secondReading.storedAt(row, picture);
+        const StoredValue value = secondReading.storedAt(row, pictureColumn);
         if (!value.isNull()) {
-            print = read(value);
+            print = read(value, stored);
             return;
         }
-        const FieldValue inTheRow = secondReading.valueAt(row, picture);
+        const FieldValue inTheRow = secondReading.valueAt(row, pictureColumn);
         if (const auto* bytes = std::get_if<QByteArray>(&inTheRow.storage())) print = fingerprintOf(*bytes);
     });
     return print;
@@ -64,34 +65,60 @@ bool Verification::compare(const TablePair& pair, RunWatch& watch) {
     const int expected = old.rowCount() - int(pair.skipped.size());
     if (expected != target.rowCount())
         difference_ = u"表 %1 有 %2 条记录，第二次读取有 %3 条"_s.arg(pair.target).arg(target.rowCount()).arg(expected);
-    const int rows = hasPictures(secondReading_, pair.old) && hasPictures(target_, pair.target) ? target.rowCount() : 0;
+    const bool isEmpty = target.rowCount() == 0 || !difference_.isEmpty();
+    if (isEmpty || !hasPictures(secondReading_, pair.old) || !hasPictures(target_, pair.target)) return true;
+    const bool goesOn = comparePictures(pair, old, target, watch);
+    keepPrints();
+    return goesOn;
+}
+
+bool Verification::comparePictures(const TablePair& pair, const Recordset& old, const Recordset& target,
+                                   RunWatch& watch) {
+    ReadAhead<Fingerprint> stored(
+        target.rowCount(), [&] { return reader(pair.target); }, [](const Fingerprint&) { return qint64(0); },
+        {.threads = int(std::max(1U, std::thread::hardware_concurrency()))});
     int oldRow = 0;
-    for (int row = 0; row < rows && difference_.isEmpty();) {
-        Transaction kept(target_);
-        for (const int end = std::min(row + rowsInAChange, rows); row < end && difference_.isEmpty(); ++row, ++oldRow) {
-            while (pair.skipped.contains(oldRow)) ++oldRow;
-            difference_ = differenceAt(old, oldRow, target, row, pair);
-            if (!difference_.isEmpty())
-                difference_ = u"表 %1 第 %2 条记录的图片%3"_s.arg(pair.target).arg(row + 1).arg(difference_);
-            ++progress_.done;
-            constexpr qsizetype all = 100;
-            progress_.percent = int(begun_ + progress_.done * (all - begun_) / progress_.all);
-            if (!watch.progress(progress_)) return false;
-        }
-        kept.commit();
+    for (int row = 0; row < target.rowCount() && difference_.isEmpty(); ++row, ++oldRow) {
+        while (pair.skipped.contains(oldRow)) ++oldRow;
+        difference_ = differenceAt(old, oldRow, target.storedAt(row, pictureColumn), stored.take(row), pair);
+        if (!difference_.isEmpty())
+            difference_ = u"表 %1 第 %2 条记录的图片%3"_s.arg(pair.target).arg(row + 1).arg(difference_);
+        if (!pass(watch)) return false;
     }
     return true;
 }
 
-QString Verification::differenceAt(const Recordset& old, int oldRow, const Recordset& target, int row,
-                                   const TablePair& pair) {
-    const StoredValue stored = target.storedAt(row, picture);
-    const Fingerprint expected = printAt(old, oldRow);
-    if (stored.isNull() != expected.sha256.isEmpty()) return u"与原来的不同"_s;
-    if (stored.isNull()) return {};
-    progress_.bytes += stored.size();
-    if (fingerprintOf(stored) != expected) return u"与原来的不同"_s;
-    PictureHashes(target_).note(stored, kept(pair, oldRow, old.storedAt(oldRow, picture), expected));
+void Verification::keepPrints() {
+    Transaction together(target_);
+    PictureHashes hashes(target_);
+    for (const auto& [picture, print] : same_) hashes.note(picture, print);
+    together.commit();
+    same_.clear();
+}
+
+bool Verification::pass(RunWatch& watch) {
+    constexpr qsizetype all = 100;
+    ++progress_.done;
+    progress_.percent = int(begun_ + progress_.done * (all - begun_) / progress_.all);
+    return watch.progress(progress_);
+}
+
+ReadAhead<Fingerprint>::Prepare Verification::reader(const QString& table) const {
+    const auto records =
+        std::make_shared<const Recordset>(openForOnePass(target_.Name()).OpenRecordset(allRecordsSql(table)));
+    return [records](qsizetype row) {
+        const StoredValue value = records->storedAt(int(row), pictureColumn);
+        return value.isNull() ? Fingerprint() : fingerprintOf(value);
+    };
+}
+
+QString Verification::differenceAt(const Recordset& old, int oldRow, const StoredValue& picture,
+                                   const Fingerprint& stored, const TablePair& pair) {
+    const Fingerprint expected = printAt(old, oldRow, stored);
+    if (stored != expected) return u"与原来的不同"_s;
+    if (picture.isNull()) return {};
+    progress_.bytes += stored.length;
+    same_.emplace_back(picture, kept(pair, oldRow, old.storedAt(oldRow, pictureColumn), expected));
     verified_ += pair.isAlbum ? 1 : 0;
     return {};
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/fingerprint.h"
+#include "catalogue/runs/read_ahead.h"
 #include "catalogue/runs/run_report.h"
 #include "catalogue/runs/run_watch.h"
 #include "platform/database/records/database.h"
@@ -17,8 +18,9 @@ struct TablePair {
     QSet<int> skipped = {};  ///< Records of that list, from 0, that are not in the new one.
 };
 
-/// Reads everything in the column 图片 of some tables back from a new catalogue, and compares it with a second reading
-/// of the old one. The fingerprints of what is the same are kept in the new catalogue.
+/// Reads everything in the column 图片 of some tables back from a new catalogue, with all processors over connections
+/// of their own, and compares it with a second reading of the old one. The fingerprints of what is the same are kept in
+/// the new catalogue.
 class Verification {
   public:
     Verification(const Database& secondReading, const Database& target, std::vector<TablePair> tables);
@@ -32,23 +34,32 @@ class Verification {
     void run(RunReport& report, RunWatch& watch, int begun, const QString& consequence = {});
 
   protected:
-    /// The fingerprint of a value of the second reading, which holds fingerprints itself (see `SecondReading`). Throws
-    /// `Error` when the value cannot be read.
-    virtual Fingerprint read(const StoredValue& value) const;
+    /// The fingerprint of a value of the second reading, which holds fingerprints itself (see `SecondReading`), when
+    /// `stored` came out of the new catalogue. Throws `Error` when the value cannot be read.
+    virtual Fingerprint read(const StoredValue& value, const Fingerprint& stored) const;
     /// The fingerprint that is kept in the new catalogue for a picture that came over as it was read.
     virtual Fingerprint kept(const TablePair&, int, const StoredValue&, const Fingerprint& read) { return read; }
 
   private:
     bool compareAll(RunWatch& watch);
     bool compare(const TablePair& pair, RunWatch& watch);
-    QString differenceAt(const Recordset& old, int oldRow, const Recordset& target, int row, const TablePair& pair);
-    Fingerprint printAt(const Recordset& secondReading, int row) const;
+    bool comparePictures(const TablePair& pair, const Recordset& old, const Recordset& target, RunWatch& watch);
+    /// Not before the threads have ended: on a slow disk they would wait too long for this change of the file.
+    void keepPrints();
+    /// The run is through with a record. False when the watch ends it.
+    bool pass(RunWatch& watch);
+    /// What is read ahead in the threads: the fingerprints of a new table's pictures, empty ones for Null.
+    ReadAhead<Fingerprint>::Prepare reader(const QString& table) const;
+    QString differenceAt(const Recordset& old, int oldRow, const StoredValue& picture, const Fingerprint& stored,
+                         const TablePair& pair);
+    Fingerprint printAt(const Recordset& secondReading, int row, const Fingerprint& stored) const;
 
     const Database& secondReading_;
     const Database& target_;
     std::vector<TablePair> tables_;
     RunProgress progress_;
     int begun_ = 0;
-    int verified_ = 0;    ///< Pictures of albums.
-    QString difference_;  ///< The first one; empty when there is none.
+    std::vector<std::pair<StoredValue, Fingerprint>> same_;  ///< Of the table in hand.
+    int verified_ = 0;                                       ///< Pictures of albums.
+    QString difference_;                                     ///< The first one; empty when there is none.
 };

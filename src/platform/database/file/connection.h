@@ -35,6 +35,8 @@ class Connection {
     void requireOurs() const;
     /// Lets the file be read alone, by all its users in this process, as long as one of them has it open.
     void keepFromChanges() const { file_->keepFromChanges(); }
+    /// Of those that were read; they are not needed again.
+    void keepFewPages() { run(QStringLiteral("PRAGMA cache_size = -1000")); }
     /// Whether the file at `path` has been replaced, or a foreign one changed, since it was opened.
     bool isOutdated() const;
     sqlite3* handle() const { return database_.getHandle(); }

@@ -107,6 +107,12 @@ Database OpenDatabase(const QString& path) {
     return Database(Connection::open(path));
 }
 
+Database openForOnePass(const QString& path) {
+    const auto connection = Connection::open(path);
+    connection->keepFewPages();
+    return Database(connection);
+}
+
 bool isJetDatabase(const QString& path) {
     return Connection::isJetFile(path);
 }

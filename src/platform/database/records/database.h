@@ -37,6 +37,7 @@ class Database {
 
   private:
     friend Database OpenDatabase(const QString& path);
+    friend Database openForOnePass(const QString& path);
     friend Database createDatabase(const QString& path);
     friend class Transaction;
     friend class OwnValues;
@@ -50,6 +51,9 @@ class Database {
 /// types and sizes of its columns; that takes as long as reading the whole file. Throws `Error` that names the file
 /// when it is missing, no database, damaged, incomplete, of an unknown version, or protected by a password.
 Database OpenDatabase(const QString& path);
+
+/// The same for a thread that reads many pictures, each of them once: few pages stay in memory.
+Database openForOnePass(const QString& path);
 
 /// Whether `OpenDatabase` would read a file as a Jet database; reads only its first bytes. Throws `Error` when it
 /// cannot be read.
