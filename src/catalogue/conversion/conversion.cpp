@@ -36,7 +36,7 @@ class Conversion {
         if (taken_.empty() && !(albums.empty() && notes.empty() && hasDirectory(old_)))
             throw Error(u"旧像册“%1”中没有一个图册能够读取。"_s.arg(order_.old));
         std::ranges::move(takeFixedTables(old_, target_, albums), std::back_inserter(notes));
-        RunReport report = AlbumTaking(old_, target_, taken_, percentOfTaking).run(watch);
+        RunReport report = AlbumTaking({old_, target_, taken_, percentOfTaking}).run(watch);
         report.items.insert(report.items.begin(), notes.begin(), notes.end());
         if (report.cameToEnd && !report.stopped) verify(second_.take(), report, watch);
         return report;

@@ -99,11 +99,8 @@ class FixedTaking {
             return;
         }
         if (target_.OpenRecordset(name).Eof()) makeRoomFor(old_, from, target_, name);
-        TableTaking taking(old_, from, target_, name);
-        for (int row = 0; row < taking.rows(); ++row) {
-            const TableTaking::Taken taken = taking.take(row, change);
+        for (const TableTaking::Taken& taken : takeTable(old_, from, target_, name, change))
             for (const QString& odd : taken.odd) notes_.push_back(noteAbout(name, taken.number, odd));
-        }
     }
 
     void takeOwnScheme() {

@@ -155,7 +155,7 @@ class Joining {
         const auto change = [this](const QString& column, const QString& text) {
             return column == u"编号" ? newCodes(text) : text;
         };
-        RunReport report = AlbumTaking(old_, ours_, taken_, percentOfTaking, change).run(watch);
+        RunReport report = AlbumTaking({old_, ours_, taken_, percentOfTaking, change}).run(watch);
         if (!report.cameToEnd) attempt([&] { dropEmptyAlbums(); });
         report.items.insert(report.items.begin(), notes_.begin(), notes_.end());
         if (report.cameToEnd && !report.stopped) verify(second.take(), report, watch);

@@ -81,7 +81,7 @@ class Rescue {
         }
         takeRemembered();
         noteLost();
-        RunReport report = AlbumTaking(source_.database(), target_, taken_, percentOfTaking, {}, u"取出"_s).run(watch);
+        RunReport report = takeAlbums(watch);
         if (report.cameToEnd && !report.stopped) verify(report, watch);
         report.items.insert(report.items.begin(), notes_.begin(), notes_.end());
         return report;
@@ -97,10 +97,11 @@ class Rescue {
         const bool keepsAll = table.name == u"tcan" && !hasAllPictures(table.records);
         target_.Execute(u"DELETE FROM "_s + table.name + (keepsAll ? u" WHERE 编号 <> 'v'"_s : QString()));
         if (!keepsAll) makeRoomFor(source_.database(), table.name, target_, table.name);
-        TableTaking taking(source_.database(), table.name, target_, table.name, table.records);
-        for (int row = 0; row < taking.rows(); ++row) {
-            const TableTaking::Taken taken = taking.take(row);
+        int row = 0;
+        for (const TableTaking::Taken& taken :
+             takeTable(source_.database(), table.name, target_, table.name, {}, table.records)) {
             const QString number = taken.number.isEmpty() ? QString::number(row + 1) : taken.number;
+            ++row;
             for (const QString& odd : taken.odd) notes_.push_back(noteAbout(table.name, number, odd));
         }
         if (!keepsAll) pairs_.push_back({table.name, table.name, false, table.records});
@@ -137,6 +138,13 @@ class Rescue {
             target_.Execute(createAlbumSql(album.table));
             notes_.push_back(noteAbout(album.table, u"图册“%1”的图片都已损坏，建立了空的图册"_s.arg(album.title)));
         }
+    }
+
+    RunReport takeAlbums(RunWatch& watch) {
+        AlbumTaking::Order order{source_.database(), target_, taken_, percentOfTaking};
+        order.deed = u"取出"_s;
+        order.openAgain = [this] { return source_.openAgain(); };
+        return AlbumTaking(std::move(order)).run(watch);
     }
 
     void takeRemembered() {

@@ -45,6 +45,11 @@ RescueSource::~RescueSource() {
     removeDatabase(scratch_);
 }
 
+Database RescueSource::openAgain() const {
+    const LenientOpening lenient;
+    return openForOnePass(found_.database.Name());
+}
+
 RescueSource::Found RescueSource::look(const QString& path) {
     Found found;
     try {

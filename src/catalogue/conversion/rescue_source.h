@@ -27,6 +27,8 @@ class RescueSource {
     RescueSource& operator=(const RescueSource&) = delete;
 
     const Database& database() const { return found_.database; }
+    /// The same for another thread, for reading each picture once.
+    Database openAgain() const;
     const std::vector<Table>& tables() const { return found_.tables; }
     /// Tables that are lost as a whole.
     const QStringList& unreadable() const { return found_.unreadable; }

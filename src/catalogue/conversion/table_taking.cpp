@@ -1,7 +1,6 @@
 #include "catalogue/conversion/table_taking.h"
 
 #include "platform/base/error.h"
-#include "platform/database/records/reading_notes.h"
 
 #include <algorithm>
 #include <utility>
@@ -51,28 +50,20 @@ QString unreadable(const QString& column) {
 
 }  // namespace
 
-TableTaking::TableTaking(const Database& old, const QString& from, const Database& target, const QString& to,
-                         const QString& source)
-    : from_(from), to_(to) {
-    const TableShape shape = shapeOf(old, from);
-    for (const FieldShape& column : shapeOf(target, to))
-        if (const auto found = fieldNamed(shape, column.name))
-            columns_.push_back({found->name, column.name, column.type});
-    source_ = old.OpenRecordset(source.isEmpty() ? allRecordsSql(from) : source);
-    // The copy numbers its records in their order. A long value that is lost is noticed when it is read.
-    for (const ReadingNotes::LostValue& lost : ReadingNotes(old).lostValues(from))
-        if (const auto column = fieldNamed(shape, lost.column); column && column->type != FieldType::longBinary)
-            lost_[int(lost.row) - 1] << lost.column;
-    target_ = target.OpenRecordset(noRecordsSql(to));
-}
+TableTaking::TableTaking(const Database& target, const QString& table, std::vector<TakenColumn> columns)
+    : columns_(std::move(columns)), target_(target.OpenRecordset(noRecordsSql(table))) {}
 
-TableTaking::Taken TableTaking::take(int row, const Change& change) {
+TableTaking::Taken TableTaking::store(const OldRecord& record, const Change& change) {
     Taken taken;
-    source_.moveToRow(row);
     target_.AddNew();
     try {
-        for (const Column& column : columns_) takeColumn(column, change, taken);
-        for (const QString& column : lost_.value(row)) taken.odd << unreadable(column);
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            if (record.values[i])
+                storeValue(columns_[i], *record.values[i], change, taken);
+            else
+                taken.odd << unreadable(columns_[i].target);
+        }
+        for (const QString& column : record.lost) taken.odd << unreadable(column);
         target_.Update();
     } catch (...) {
         attempt([&] { target_.CancelUpdate(); });
@@ -81,17 +72,8 @@ TableTaking::Taken TableTaking::take(int row, const Change& change) {
     return taken;
 }
 
-void TableTaking::takeColumn(const Column& column, const Change& change, Taken& taken) {
-    FieldValue value;
-    try {
-        const Field from = source_.Fields(column.source);
-        if (from.isNull()) return;
-        value = from.Value();
-    } catch (const Error&) {
-        taken.odd << unreadable(column.target);
-        taken.isUnreadable = true;
-        return;
-    }
+void TableTaking::storeValue(const TakenColumn& column, FieldValue value, const Change& change, Taken& taken) {
+    if (value.isNull()) return;
     const bool isBytes = std::holds_alternative<QByteArray>(value.storage());
     if (change && !isBytes && column.type != FieldType::date) {
         const QString text = value.toText(), changed = change(column.target, text);
@@ -105,9 +87,15 @@ void TableTaking::takeColumn(const Column& column, const Change& change, Taken& 
         return;
     }
     if (column.target == u"序号") taken.number = value.toText();
-    if (column.target != u"图片" || !isBytes) return;
-    taken.picture = value.toBytes();
-    taken.hasPicture = !taken.picture.isEmpty();
+}
+
+std::vector<TableTaking::Taken> takeTable(const Database& old, const QString& from, const Database& target,
+                                          const QString& to, const TableTaking::Change& change, const QString& source) {
+    OldRecords records(old, from, commonColumns(old, from, target, to), source);
+    TableTaking taking(target, to, records.columns());
+    std::vector<TableTaking::Taken> all;
+    for (int row = 0; row < records.count(); ++row) all.push_back(taking.store(records.read(row), change));
+    return all;
 }
 
 void makeRoomFor(const Database& old, const QString& from, const Database& target, const QString& to) {
