@@ -5,6 +5,7 @@
 #include "../../support/sample_catalogue.h"
 #include "catalogue/album_rules.h"
 #include "catalogue/picture_hashes.h"
+#include "catalogue/picture_proof.h"
 #include "platform/database/records/own_values.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -163,7 +164,30 @@ class TestRescue : public SampleTest {
             QVERIFY(!fresh.OpenRecordset(u"SELECT * FROM tcan WHERE 编号 = 'v'"_s).Eof());
             QCOMPARE(fresh.OpenRecordset(u"tcsz"_s).rowCount(), 1);
             QCOMPARE(OwnValues(fresh).value(u"catalogue.id"_s).value_or(QString()), u"the same"_s);
+            QVERIFY2(unprintedPictures(fresh).empty(), name.constData());
         }
+    }
+
+    /// The disk changes a picture of the new catalogue when all are stored and the comparing has begun.
+    void whatDoesNotComeBackAsItWasIsToldOf() {
+        class RottingDisk : public RunWatch {
+          public:
+            explicit RottingDisk(QString file) : file_(std::move(file)) {}
+            bool progress(const RunProgress& now) override {
+                if (now.done < last_) rot(file_, album, 12);
+                last_ = now.done;
+                return true;
+            }
+
+          private:
+            QString file_;
+            qsizetype last_ = 0;
+        };
+        RottingDisk disk(target());
+        const RunReport report = rescueCatalogue({damaged(), sample_->file(u"fresh.mdb"_s), target()}, disk);
+        QVERIFY(!report.cameToEnd);
+        QVERIFY2(report.failure.startsWith(u"核对时发现：表 tc07 第 12 条记录的图片与原来的不同。"),
+                 qPrintable(report.failure));
     }
 
     /// So the proof of the new catalogue finds it, and heals it from a backup.
