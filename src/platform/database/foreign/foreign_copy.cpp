@@ -15,6 +15,8 @@
 #include <QFileInfo>
 #include <QHash>
 #include <mutex>
+#include <system_error>
+#include <thread>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -119,8 +121,13 @@ ForeignCopy::ForeignCopy(const QString& path, LongValues longValues) : path_(pat
     }
 }
 
+/// The system gives the space of a large copy back before it returns: no window is to wait for that.
 ForeignCopy::~ForeignCopy() {
-    close(file_);
+    try {
+        std::thread([file = file_] { close(file); }).detach();
+    } catch (const std::system_error&) {
+        close(file_);
+    }
 }
 
 QString ForeignCopy::file() const {
