@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QUuid>
 #include <algorithm>
 
@@ -63,8 +64,12 @@ QString datedPath(const QString& newest, const QDateTime& made) {
 
 QStringList datedNames(const QString& newest) {
     const QFileInfo file(newest);
-    const QString names = file.completeBaseName() + u"-*-*-*-*."_s + file.suffix();
-    return QDir(file.path()).entryList({names}, QDir::Files | QDir::NoSymLinks, QDir::Name | QDir::Reversed);
+    const auto plain = [](const QString& text) { return QRegularExpression::escape(text); };
+    const QRegularExpression dated(QRegularExpression::anchoredPattern(
+        plain(file.completeBaseName()) + uR"(-\d{4}-\d\d-\d\d-\d{4}(-\d+)?\.)"_s + plain(file.suffix())));
+    QStringList names = QDir(file.path()).entryList(QDir::Files | QDir::NoSymLinks, QDir::Name | QDir::Reversed);
+    names.removeIf([&](const QString& name) { return !dated.match(name).hasMatch(); });
+    return names;
 }
 
 QList<BackupFile> datedBeside(const QString& newest, bool counts) {

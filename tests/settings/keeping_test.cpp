@@ -1,8 +1,11 @@
 #include "../support/damage.h"
+#include "catalogue/backup_file.h"
 #include "catalogue/picture_proof.h"
 #include "settings/backup/backup_reminder.h"
 #include "settings/backup/restore_swap.h"
 #include "settings_window.h"
+
+#include <filesystem>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -149,6 +152,36 @@ class TestKeeping : public QObject {
         QVERIFY(QFile::exists(kept + u"-journal"_s) && !QFile::exists(catalogue + u"-journal"_s));
         QCOMPARE(QFileInfo(catalogue).size(), 3);
         QVERIFY(QFile::remove(catalogue) && QFile::copy(kept, catalogue));
+    }
+
+    /// Of a damaged catalogue with a journal, for which all depends on their being together.
+    void killWhileFilesAreExchanged() {
+        window_->form.reset();
+        mekTp::catalogue = {};
+        const QString catalogue = mekTp::cataloguePath(), prepared = preparedRestorePath();
+        const QString kept = datedPath(catalogue, QDateTime(QDate(2026, 11, 22), QTime(16, 45)));
+        const QByteArray old = contentOf(catalogue);
+        const auto journalOf = [](const QString& file) { return file + u"-journal"_s; };
+        const auto isAsBefore = [&] {
+            return contentOf(catalogue) == old && contentOf(journalOf(catalogue)) == "hot" &&
+                   !QFile::exists(prepared) && !QFile::exists(kept) && !QFile::exists(journalOf(kept));
+        };
+        writeFile(journalOf(catalogue), "hot");
+        writeFile(prepared, "half");
+        resumeRestore();
+        QVERIFY(isAsBefore());
+
+        std::filesystem::create_hard_link(catalogue.toStdString(), kept.toStdString());
+        QVERIFY(QFile::rename(journalOf(catalogue), journalOf(kept)));
+        writeFile(prepared, old);
+        resumeRestore();
+        QVERIFY(isAsBefore());
+
+        QVERIFY(QFile::rename(catalogue, kept));
+        writeFile(prepared, old);
+        resumeRestore();
+        QVERIFY(contentOf(catalogue) == old && !QFile::exists(journalOf(catalogue)) && !QFile::exists(prepared));
+        QCOMPARE(contentOf(journalOf(kept)), QByteArray("hot"));
     }
 
     void reminder() {

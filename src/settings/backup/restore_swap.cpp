@@ -1,5 +1,6 @@
 #include "settings/backup/restore_swap.h"
 
+#include "catalogue/album_tables.h"
 #include "catalogue/backup_file.h"
 #include "catalogue/mektp.h"
 #include "platform/base/error.h"
@@ -10,6 +11,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QThread>
 #include <filesystem>
 
@@ -29,7 +31,8 @@ std::filesystem::path native(const QString& path) {
     return QFileInfo(path).filesystemFilePath();
 }
 
-/// One that is not empty belongs to the catalogue that goes, and would damage the one that comes.
+/// One that is not empty belongs to the catalogue that goes, and would damage the one that comes. It follows when that
+/// one has its second name: by it `resumeRestore` finds both.
 void takeJournalAlong(const QString& from, const QString& to) {
     const QString journal = from + u"-journal"_s;
     if (!QFileInfo::exists(journal)) return;
@@ -41,6 +44,20 @@ void takeJournalAlong(const QString& from, const QString& to) {
 void putBack(const QString& kept, const QString& catalogue) {
     if (QFileInfo::exists(kept)) QFileInfo::exists(catalogue) ? QFile::remove(kept) : QFile::rename(kept, catalogue);
     if (QFileInfo::exists(kept + u"-journal"_s)) QFile::rename(kept + u"-journal"_s, catalogue + u"-journal"_s);
+}
+
+void giveUpSecondName(const QString& catalogue) {
+    for (const QString& name : datedNames(catalogue)) {
+        const QString path = QFileInfo(catalogue).path() + u'/' + name;
+        if (isSameFile(path, catalogue)) putBack(path, catalogue);
+    }
+}
+
+/// The name that the catalogue has got last.
+QString lastDated(const QString& catalogue) {
+    const QStringList names = datedNames(catalogue);
+    if (names.isEmpty()) return datedPath(catalogue, QDateTime::currentDateTime());
+    return QFileInfo(catalogue).path() + u'/' + names.first();
 }
 
 }  // namespace
@@ -64,18 +81,20 @@ QString carryOutRestore() {
     const QString kept = datedPath(catalogue, QDateTime::currentDateTime());
     std::error_code failed;
     const bool hasOld = QFileInfo::exists(catalogue);
-    if (hasOld) {
-        takeJournalAlong(catalogue, kept);
-        std::filesystem::create_hard_link(native(catalogue), native(kept), failed);
-        if (failed) std::filesystem::rename(native(catalogue), native(kept), failed);
-    }
-    if (!failed) std::filesystem::rename(native(prepared), native(catalogue), failed);
-    if (failed) {
+    auto giveUp = qScopeGuard([&] {
         putBack(kept, catalogue);
         QFile::remove(prepared);
+    });
+    if (hasOld) {
+        std::filesystem::create_hard_link(native(catalogue), native(kept), failed);
+        if (failed) std::filesystem::rename(native(catalogue), native(kept), failed);
+        if (!failed) takeJournalAlong(catalogue, kept);
+    }
+    if (!failed) std::filesystem::rename(native(prepared), native(catalogue), failed);
+    if (failed)
         throw Error(
             u"“%1”不能替换：%2。没有恢复，现在的图册数据库不变。"_s.arg(catalogue, systemReason(failed.value())));
-    }
+    giveUp.dismiss();
     syncFolderToDisk(QFileInfo(catalogue).path());
     return hasOld ? kept : QString();
 }
@@ -84,11 +103,13 @@ void resumeRestore() {
     const QString catalogue = realCatalogue(), prepared = preparedRestorePath();
     if (!QFileInfo::exists(prepared)) return;
     if (QFileInfo::exists(catalogue)) {
+        giveUpSecondName(catalogue);
         QFile::remove(prepared);
         return;
     }
     attempt([&] {
-        const bool isWhole = FileCheck(prepared).run() == FileCheck::Outcome::whole;
-        if (isWhole && QFile::rename(prepared, catalogue)) syncFolderToDisk(QFileInfo(catalogue).path());
+        if (FileCheck(prepared).run() != FileCheck::Outcome::whole) return;
+        takeJournalAlong(catalogue, lastDated(catalogue));
+        if (QFile::rename(prepared, catalogue)) syncFolderToDisk(QFileInfo(catalogue).path());
     });
 }

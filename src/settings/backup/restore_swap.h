@@ -17,6 +17,6 @@ bool isRestorePlanned();
 /// program may have it open.
 QString carryOutRestore();
 
-/// What a kill has left: a copy that was being prepared goes, and where the catalogue has lost its name already, the
-/// prepared one gets that. Nobody else may work on the catalogue. Does not throw.
+/// What a kill has left: a copy that was being prepared goes, with a second name of the catalogue; where that has lost
+/// its name already, the prepared one gets it. Nobody else may work on the catalogue. Does not throw.
 void resumeRestore();
