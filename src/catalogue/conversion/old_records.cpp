@@ -31,7 +31,11 @@ OldRecord OldRecords::read(int row) {
     record.values.resize(columns_.size());
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         std::optional<FieldValue>& value = record.values[i];
-        if (!attempt([&] { value = records_.Fields(columns_[i].source).Value(); })) continue;
+        try {
+            value = records_.Fields(columns_[i].source).Value();
+        } catch (const Error&) {
+            continue;
+        }
         const auto* bytes = std::get_if<QByteArray>(&value->storage());
         if (columns_[i].target == u"图片" && bytes != nullptr) record.picture = *bytes;
     }

@@ -94,6 +94,7 @@ std::vector<TableTaking::Taken> takeTable(const Database& old, const QString& fr
     OldRecords records(old, from, commonColumns(old, from, target, to), source);
     TableTaking taking(target, to, records.columns());
     std::vector<TableTaking::Taken> all;
+    all.reserve(std::size_t(records.count()));
     for (int row = 0; row < records.count(); ++row) all.push_back(taking.store(records.read(row), change));
     return all;
 }

@@ -4,8 +4,8 @@
 
 #include <functional>
 
-/// A table of an old catalogue whose records go into a table of a new one, column by column under the same names. What
-/// the old table lacks stays Null.
+/// A table of a new catalogue that takes the records of an old one, column by column under the same names. What these
+/// lack stays Null.
 class TableTaking {
   public:
     /// Changes a text on its way: of this column, from this value.

@@ -1,5 +1,6 @@
 #include "catalogue/conversion/verification.h"
 
+#include "catalogue/decoding_threads.h"
 #include "catalogue/picture_hashes.h"
 #include "catalogue/table_shape.h"
 #include "platform/base/error.h"
@@ -7,7 +8,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <thread>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -68,7 +68,11 @@ bool Verification::compare(const TablePair& pair, RunWatch& watch) {
     const bool isEmpty = target.rowCount() == 0 || !difference_.isEmpty();
     if (isEmpty || !hasPictures(secondReading_, pair.old) || !hasPictures(target_, pair.target)) return true;
     const bool goesOn = comparePictures(pair, old, target, watch);
-    keepPrints();
+    // What was stopped, or is not the same, is told of in any case.
+    if (goesOn && difference_.isEmpty())
+        keepPrints();
+    else
+        attempt([&] { keepPrints(); });
     return goesOn;
 }
 
@@ -76,7 +80,7 @@ bool Verification::comparePictures(const TablePair& pair, const Recordset& old, 
                                    RunWatch& watch) {
     ReadAhead<Fingerprint> stored(
         target.rowCount(), [&] { return reader(pair.target); }, [](const Fingerprint&) { return qint64(0); },
-        {.threads = int(std::max(1U, std::thread::hardware_concurrency()))});
+        {.threads = std::min(target.rowCount(), DecodingThreads::count())});
     int oldRow = 0;
     for (int row = 0; row < target.rowCount() && difference_.isEmpty(); ++row, ++oldRow) {
         while (pair.skipped.contains(oldRow)) ++oldRow;
