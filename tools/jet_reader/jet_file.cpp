@@ -76,6 +76,23 @@ std::string JetFile::text(Bytes bytes) const {
     return isJet4() ? jet4Text(bytes) : jet3Text(bytes, codePage_);
 }
 
+/// A page that is none of data, such as one of zeros, has rows as well, by chance.
+Bytes JetFile::pieceAt(uint32_t place) const {
+    constexpr int pageBits = 8;
+    if (!hasPage(place >> pageBits)) throw JetFailure{JetOutcome::incomplete};
+    MdbHandle* pages = pieces_.get();
+    if (!mdb_read_pg(pages, place >> pageBits)) {
+        pages->cur_pg = 0;  // otherwise the library takes the page for read the next time
+        throw JetFailure{JetOutcome::damaged};
+    }
+    int start = 0;
+    size_t size = 0;
+    const bool isThere = *pages->pg_buf == MDB_PAGE_DATA && mdb_find_row(pages, int(place & 0xFF), &start, &size) == 0;
+    start &= rowPlaceMask;
+    if (!isThere || size_t(start) + size > size_t(pages->fmt->pg_size)) throw JetFailure{JetOutcome::damaged};
+    return {pages->pg_buf + start, size};
+}
+
 std::vector<unsigned char> JetFile::longValue(Bytes inRow) const {
     if (inRow.size() < MDB_MEMO_OVERHEAD) return {};
     constexpr uint32_t inline_ = 0x80000000;
@@ -94,16 +111,7 @@ std::vector<unsigned char> JetFile::longValue(Bytes inRow) const {
     value.reserve(length);
     auto place = numberAt<uint32_t>(inRow, 4);
     while (value.size() < length && place != 0) {
-        if (!hasPage(place >> 8)) throw JetFailure{JetOutcome::incomplete};
-        int start = 0;
-        size_t size = 0;
-        const auto pageSize = size_t(handle_->fmt->pg_size);
-        const unsigned char* page = pieces_->pg_buf;
-        // A page that is none of data, such as one of zeros, has rows as well, by chance.
-        const bool isThere = mdb_read_pg(pieces_.get(), place >> 8) && *page == MDB_PAGE_DATA &&
-                             mdb_find_row(pieces_.get(), int(place & 0xFF), &start, &size) == 0;
-        if (!isThere || start < 0 || size_t(start) + size > pageSize) throw JetFailure{JetOutcome::damaged};
-        Bytes piece(page + start, size);
+        Bytes piece = pieceAt(place);
         if (lengthAndKind & onePiece) {
             place = 0;
         } else {

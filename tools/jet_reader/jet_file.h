@@ -10,6 +10,9 @@
 #include <glib.h>
 #include <mdbtools.h>
 
+/// The place of a row in its page, without the marks beside it.
+constexpr int rowPlaceMask = 0x1FFF;
+
 /// A Jet database that is open for reading. Everything throws `JetFailure` when the file does not make sense.
 ///
 /// Only those parts of the library are used that can cope with damaged files: single pages, table definitions and the
@@ -36,6 +39,8 @@ class JetFile {
         void operator()(MdbHandle* handle) const { mdb_close(handle); }
     };
     bool hasPassword() const;
+    /// One row of a page of data; throws `JetFailure` when there is none.
+    Bytes pieceAt(uint32_t place) const;
 
     std::unique_ptr<MdbHandle, Close> handle_;
     std::unique_ptr<MdbHandle, Close> pieces_;  ///< For long values: the page of the row in hand stays where it is.

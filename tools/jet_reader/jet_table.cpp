@@ -13,7 +13,6 @@ namespace {
 constexpr unsigned mostColumns = 255;
 constexpr unsigned mostIndexes = 1000;
 constexpr unsigned mostRowsInPage = 256;
-constexpr int rowPlaceMask = 0x1FFF;
 constexpr int deletedMark = 0x8000;    ///< Also that of a moved row at its new place.
 constexpr int leadsAwayMark = 0x4000;  ///< There is but the way to the new place of a moved row.
 

@@ -149,6 +149,25 @@ class JetDamageTest : public QObject {
         QVERIFY(failsSaying([&] { OpenDatabase(path); }, {path, u"限制"_s}));
     }
 
+    /// A turned bit beside the place of a piece, such as the mark of a deleted row, costs nothing.
+    void marksOfPiecesDoNotMatter() {
+        constexpr qsizetype pageSize = 4096, owner = 4, markOfFirstRow = 15;
+        const jet::Table table = longValues();
+        QByteArray bytes = jet::database({table});
+        int pieces = 0;
+        for (qsizetype page = 0; page < bytes.size(); page += pageSize) {
+            if (bytes[page] != 1 || bytes.mid(page + owner, 4) != QByteArray(4, '\0')) continue;
+            bytes[page + markOfFirstRow] = char(bytes[page + markOfFirstRow] | 0x80);
+            ++pieces;
+        }
+        QVERIFY(pieces > 3);
+        Recordset set = OpenDatabase(files_->write(u"marked.mdb"_s, bytes)).OpenRecordset(table.name);
+        for (const jet::Row& row : table.rows) {
+            QCOMPARE(set.Fields(1).Value().toBytes(), row[1].toByteArray());
+            set.MoveNext();
+        }
+    }
+
     void missingPartsAreNoticed() {
         for (const auto& [name, whole] : wholeFiles()) {
             const QList<qsizetype> lengths{
