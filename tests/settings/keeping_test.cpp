@@ -171,17 +171,28 @@ class TestKeeping : public QObject {
         resumeRestore();
         QVERIFY(isAsBefore());
 
-        std::filesystem::create_hard_link(catalogue.toStdString(), kept.toStdString());
-        QVERIFY(QFile::rename(journalOf(catalogue), journalOf(kept)));
-        writeFile(prepared, old);
-        resumeRestore();
-        QVERIFY(isAsBefore());
-
-        QVERIFY(QFile::rename(catalogue, kept));
-        writeFile(prepared, old);
-        resumeRestore();
-        QVERIFY(contentOf(catalogue) == old && !QFile::exists(journalOf(catalogue)) && !QFile::exists(prepared));
-        QCOMPARE(contentOf(journalOf(kept)), QByteArray("hot"));
+        const QString aside = prepared + u".lunq-2026-11-22-1645.mdb-journal"_s;
+        for (const bool hasSecondName : {false, true}) {
+            QVERIFY(QFile::rename(journalOf(catalogue), aside));
+            if (hasSecondName) std::filesystem::create_hard_link(catalogue.toStdString(), kept.toStdString());
+            writeFile(prepared, old);
+            resumeRestore();
+            QVERIFY(isAsBefore());
+        }
+        // A disk without second names.
+        for (const bool isWhole : {false, true}) {
+            QVERIFY(QFile::rename(journalOf(catalogue), aside) && QFile::rename(catalogue, kept));
+            writeFile(prepared, isWhole ? old : "half");
+            resumeRestore();
+            resumeRestore();
+            if (!isWhole) QVERIFY(isAsBefore());
+        }
+        for (const bool isNamedAlready : {false, true}) {
+            if (isNamedAlready) QVERIFY(QFile::rename(journalOf(kept), aside));
+            resumeRestore();
+            QVERIFY(contentOf(catalogue) == old && !QFile::exists(journalOf(catalogue)) && !QFile::exists(prepared));
+            QVERIFY(contentOf(journalOf(kept)) == "hot" && !QFile::exists(aside));
+        }
     }
 
     void reminder() {

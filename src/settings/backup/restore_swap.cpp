@@ -9,6 +9,7 @@
 #include "platform/database/file/file_check.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QScopeGuard>
@@ -19,6 +20,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+const QString journalEnding = u"-journal"_s;
 bool isPlanned = false;
 
 /// A link keeps its place; what it leads to is exchanged.
@@ -31,33 +33,58 @@ std::filesystem::path native(const QString& path) {
     return QFileInfo(path).filesystemFilePath();
 }
 
-/// One that is not empty belongs to the catalogue that goes, and would damage the one that comes. It follows when that
-/// one has its second name: by it `resumeRestore` finds both.
-void takeJournalAlong(const QString& from, const QString& to) {
-    const QString journal = from + u"-journal"_s;
+/// Where the journal of the catalogue that goes waits; by the name `resumeRestore` knows whose it is. A journal and its
+/// file are worth nothing without each other, and beside the catalogue that comes it would damage that.
+QString asideOf(const QString& kept) {
+    return preparedRestorePath() + u'.' + QFileInfo(kept).fileName() + journalEnding;
+}
+
+/// The files whose journals a kill has left there.
+QStringList keptWithJournalAside() {
+    const QFileInfo prepared(preparedRestorePath());
+    const QString start = prepared.fileName() + u'.';
+    QStringList all;
+    for (const QString& name : QDir(prepared.path()).entryList(QDir::Files))
+        if (name.startsWith(start) && name.endsWith(journalEnding))
+            all << prepared.path() + u'/' + name.mid(start.size()).chopped(journalEnding.size());
+    return all;
+}
+
+void setJournalAside(const QString& catalogue, const QString& kept) {
+    const QString journal = catalogue + journalEnding;
     if (!QFileInfo::exists(journal)) return;
-    const bool isGone = FileLen(journal) == 0 ? QFile::remove(journal) : QFile::rename(journal, to + u"-journal"_s);
+    const bool isGone = FileLen(journal) == 0 ? QFile::remove(journal) : QFile::rename(journal, asideOf(kept));
     if (!isGone) throw Error(u"文件“%1”不能移开，没有恢复，现在的图册数据库不变。"_s.arg(journal));
 }
 
-/// The second name of the catalogue goes again, or becomes its first one.
+/// The second name of the catalogue becomes its first one, or goes again. A kill in between leaves what this can be
+/// called for once more.
 void putBack(const QString& kept, const QString& catalogue) {
-    if (QFileInfo::exists(kept)) QFileInfo::exists(catalogue) ? QFile::remove(kept) : QFile::rename(kept, catalogue);
-    if (QFileInfo::exists(kept + u"-journal"_s)) QFile::rename(kept + u"-journal"_s, catalogue + u"-journal"_s);
+    if (QFileInfo::exists(kept) && !QFileInfo::exists(catalogue)) QFile::rename(kept, catalogue);
+    if (QFileInfo::exists(asideOf(kept))) QFile::rename(asideOf(kept), catalogue + journalEnding);
+    if (isSameFile(kept, catalogue)) QFile::remove(kept);
 }
 
-void giveUpSecondName(const QString& catalogue) {
+void putAllBack(const QString& catalogue) {
+    for (const QString& kept : keptWithJournalAside()) putBack(kept, catalogue);
     for (const QString& name : datedNames(catalogue)) {
         const QString path = QFileInfo(catalogue).path() + u'/' + name;
         if (isSameFile(path, catalogue)) putBack(path, catalogue);
     }
 }
 
-/// The name that the catalogue has got last.
-QString lastDated(const QString& catalogue) {
-    const QStringList names = datedNames(catalogue);
-    if (names.isEmpty()) return datedPath(catalogue, QDateTime::currentDateTime());
-    return QFileInfo(catalogue).path() + u'/' + names.first();
+/// Of a catalogue that has lost its name to the dated one. Beside a journal that nobody has set aside nothing is safe.
+void giveName(const QString& prepared, const QString& catalogue) {
+    if (QFileInfo(catalogue + journalEnding).size() > 0) return;
+    if (FileCheck(prepared).run() == FileCheck::Outcome::whole)
+        QFile::rename(prepared, catalogue);
+    else
+        putAllBack(catalogue);
+}
+
+/// At the end of the exchange.
+void giveJournalsToKept() {
+    for (const QString& kept : keptWithJournalAside()) QFile::rename(asideOf(kept), kept + journalEnding);
 }
 
 }  // namespace
@@ -86,30 +113,34 @@ QString carryOutRestore() {
         QFile::remove(prepared);
     });
     if (hasOld) {
+        setJournalAside(catalogue, kept);
         std::filesystem::create_hard_link(native(catalogue), native(kept), failed);
         if (failed) std::filesystem::rename(native(catalogue), native(kept), failed);
-        if (!failed) takeJournalAlong(catalogue, kept);
     }
     if (!failed) std::filesystem::rename(native(prepared), native(catalogue), failed);
     if (failed)
         throw Error(
             u"“%1”不能替换：%2。没有恢复，现在的图册数据库不变。"_s.arg(catalogue, systemReason(failed.value())));
     giveUp.dismiss();
+    giveJournalsToKept();
     syncFolderToDisk(QFileInfo(catalogue).path());
     return hasOld ? kept : QString();
 }
 
 void resumeRestore() {
     const QString catalogue = realCatalogue(), prepared = preparedRestorePath();
-    if (!QFileInfo::exists(prepared)) return;
+    if (!QFileInfo::exists(prepared)) {
+        if (QFileInfo::exists(catalogue)) giveJournalsToKept();
+        return;
+    }
     if (QFileInfo::exists(catalogue)) {
-        giveUpSecondName(catalogue);
+        putAllBack(catalogue);
         QFile::remove(prepared);
         return;
     }
     attempt([&] {
-        if (FileCheck(prepared).run() != FileCheck::Outcome::whole) return;
-        takeJournalAlong(catalogue, lastDated(catalogue));
-        if (QFile::rename(prepared, catalogue)) syncFolderToDisk(QFileInfo(catalogue).path());
+        giveName(prepared, catalogue);
+        if (!QFileInfo::exists(prepared)) giveJournalsToKept();
+        syncFolderToDisk(QFileInfo(catalogue).path());
     });
 }

@@ -147,6 +147,7 @@ void RestoreWindow::removeChosen() {
                                                                           sizeText(file.size), number(file.pictures))))
         return;
     Kill(file.path);
+    if (const QString journal = file.path + u"-journal"_s; fileExists(journal)) Kill(journal);
     list();
 }
 
