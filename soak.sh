@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs missing packages, builds the program for the soak, and runs the soak:
 #   ./soak.sh                          kills it 500 times at work, and 500 times on a disk that loses unsynced writes
-#   ./soak.sh kill [--kills N] [--minutes N] [--seed N] [--unsynced] [--only SCENES]
+#   ./soak.sh kill [--kills N] [--minutes N] [--seed N] [--unsynced | --full] [--only SCENES]
 #   ./soak.sh STAGE [--kills N]        kills it, fills its disk, or takes that away, while it does one thing: backup,
 #                                      restore, raising (of a catalogue of version 1), rescue or conversion
 #   ./soak.sh keeping [--kills N]      the scenes of the bin, of proofs, backups and kept steps, and all these stages
@@ -35,6 +35,7 @@ case "$what" in
         scenes=put-back,album-back,bin-empty,prove,hashes,from-backup,kept-steps
         soak --only "$scenes" "$@"
         soak --only "$scenes" --unsynced "$@"
+        soak --only "$scenes" --full "$@"
         for stage in backup restore raising rescue conversion; do soak --stage "$stage" "$@"; done
         ;;
     session) soak --rounds 1000000 "$@" ;;

@@ -40,6 +40,7 @@ class Life {
         QStringList arguments{u"--work"_s,           order.folder,  u"--seed"_s,
                               QString::number(seed), u"--scenes"_s, scenes.join(u',')};
         if (order.unsynced) arguments << u"--unsynced"_s;
+        if (order.fillsDisk) arguments << u"--full"_s;
         process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         clock_.start();
         process_.start(order.program, arguments, QIODevice::ReadOnly);
@@ -61,6 +62,18 @@ class Life {
         if (soon) ::kill(pid_t(process_.processId()), SIGUSR1);
         if (!soon || !process_.waitForFinished(soonMs)) process_.kill();
         process_.waitForFinished();
+        take();
+    }
+    /// The program is to notice, and to end well.
+    void fillDisk() {
+        ::kill(pid_t(process_.processId()), SIGUSR2);
+        if (!process_.waitForFinished(patienceMs)) {
+            faults_ << u"it hangs on a full disk"_s;
+            process_.kill();
+            process_.waitForFinished();
+        } else if (process_.exitStatus() != QProcess::NormalExit) {
+            faults_ << u"it crashed on a full disk"_s;
+        }
         take();
     }
     bool heardOf(const QString& line) const { return heard_.contains(line); }
@@ -171,7 +184,10 @@ class Killer {
         }
         const auto span = int(lengths_[scene] + lengths_[scene] / 10 + 2);
         life.listen(u"-"_s, from + random_.bounded(span));
-        life.kill(order_.unsynced && life.heardOf(u"ready"_s));
+        if (order_.fillsDisk && life.heardOf(u"ready"_s))
+            life.fillDisk();
+        else
+            life.kill(order_.unsynced && life.heardOf(u"ready"_s));
         ++tally.kills;
         if (!life.atWork().isEmpty()) ++tally.within;
         if (QFileInfo(file(u"lunq.mdb-journal"_s)).size() > 0) ++tally.rolledBack;
@@ -199,12 +215,14 @@ class Killer {
 
     /// Looks at all that is there; the ledger then goes on from it.
     QStringList inspect() {
-        QStringList faults;
+        QStringList faults, ofSamples;
         const Found own = lookIntoCatalogue(file(u"lunq.mdb"_s), {}, faults);
         Found found = own;
         const QDir run(file(u"run"_s));
         for (const QString& name : run.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-            const Found folder = lookIntoFolder(run.filePath(name), name, faults);
+            // The files that a scene begins with may not have got whole onto a full disk.
+            const bool isOfSamples = order_.fillsDisk && !places_.contains(name);
+            const Found folder = lookIntoFolder(run.filePath(name), name, isOfSamples ? ofSamples : faults);
             if (places_.contains(name)) found.insert(folder);
             const QString other = run.filePath(name + u"/目标.mdb"_s);
             if (places_.contains(name + u":tc02"_s)) found.insert(lookIntoCatalogue(other, name + u':', faults));

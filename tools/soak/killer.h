@@ -11,9 +11,10 @@ struct KillOrder {
     int minutes = 60;  ///< Ends earlier when this is over.
     quint32 seed = 1;
     bool unsynced = false;
-    QStringList scenes;  ///< All when empty.
+    bool fillsDisk = false;  ///< Its disk is filled up instead.
+    QStringList scenes;      ///< All when empty.
 };
 
-/// Starts the program, kills it and checks the files that it leaves, again and again. Prints the result on the standard
-/// output; returns 0 when nothing was wrong.
+/// Starts the program, kills it, or lets it end after its disk has filled up, and checks the files that it leaves,
+/// again and again. Prints the result on the standard output; returns 0 when nothing was wrong.
 int killAgainAndAgain(const KillOrder& order);

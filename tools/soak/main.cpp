@@ -1,4 +1,5 @@
 #include "platform/base/error.h"
+#include "soak/full_disk.h"
 #include "soak/killer.h"
 #include "soak/session.h"
 #include "soak/staged_kills.h"
@@ -39,6 +40,7 @@ int run(QApplication& application) {
     option(u"minutes"_s, u"End after this time in any case."_s, u"number"_s, u"60"_s);
     option(u"seed"_s, u"Of all that happens by chance."_s, u"number"_s, u"1"_s);
     option(u"unsynced"_s, u"Lose with the process what the engine has not synced, as a power cut does."_s);
+    option(u"full"_s, u"Fill the disk up instead of killing, and let it end."_s);
     option(u"only"_s, u"Only these scenes, with commas between them."_s, u"scenes"_s);
     option(u"rounds"_s, u"Do not kill it: play so many rounds of scenes and watch memory and files."_s, u"rounds"_s);
     option(u"stage"_s,
@@ -56,6 +58,7 @@ int run(QApplication& application) {
                          {parser.value(u"room"_s).toLongLong(), parser.isSet(u"unsynced"_s), seed});
     if (parser.isSet(u"work"_s)) {
         if (parser.isSet(u"unsynced"_s)) loseUnsyncedWrites(seed);
+        if (parser.isSet(u"full"_s)) letDiskFillUp(QDir(parser.value(u"work"_s)).filePath(u"lunq.mdb"_s), seed);
         return work(parser.value(u"work"_s), parser.value(u"seed"_s).toULongLong(),
                     parser.value(u"scenes"_s).split(u','));
     }
@@ -72,6 +75,7 @@ int run(QApplication& application) {
                           minutes,
                           seed,
                           parser.isSet(u"unsynced"_s),
+                          parser.isSet(u"full"_s),
                           scenes};
     return parser.isSet(u"stage"_s) ? killStage(parser.value(u"stage"_s), order) : killAgainAndAgain(order);
 }

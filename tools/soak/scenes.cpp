@@ -2,6 +2,7 @@
 
 #include "platform/desktop/file_dialogs.h"
 #include "platform/desktop/message_box.h"
+#include "soak/full_disk.h"
 #include "start/program.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -10,9 +11,11 @@ Scenes::Scenes(Program& program, const QString& folder, const Report& report, qu
     : program_(program), folder_(folder), report_(report), seed_(seed), samples_(seed << 20), random_(quint32(seed)) {
     chooseInBoxesWith([this](const BoxText& box) {
         said_ << box.text;
-        if (box.title == u"错误提示") report_({u"fault"_s, QString(box.text).replace(u'\n', u' ')});
-        // Work that a kill has left is given up: nothing tells what would become of it.
-        for (const QString& answer : preferred_ + QStringList{u"放弃"_s})
+        if (box.title == u"错误提示" && !isDiskFull()) report_({u"fault"_s, QString(box.text).replace(u'\n', u' ')});
+        // Work that a kill has left is given up: nothing tells what would become of it. On a full disk nothing is
+        // given away for room.
+        const QStringList always = isDiskFull() ? QStringList{u"放弃"_s, u"取消"_s} : QStringList{u"放弃"_s};
+        for (const QString& answer : preferred_ + always)
             if (const auto index = box.answers.indexOf(answer); index >= 0) return int(index);
         return 0;
     });
@@ -70,6 +73,11 @@ void Scenes::work(const std::function<void()>& handler) {
     report_({u"scene"_s, scene_});
     handler();
     report_({u"end"_s, scene_});
+    requireRoom();
+}
+
+void Scenes::requireRoom() {
+    if (isDiskFull()) throw Error(u"nobody knows what was done on the full disk"_s);
 }
 
 void Scenes::run(const QString& button, const QString& closing) {
@@ -85,8 +93,11 @@ void Scenes::waitForBox(const std::function<void()>& deed, const QString& closin
     const auto before = said_.size();
     const auto isClosing = [&](const QString& text) { return text.startsWith(closing); };
     deed();
-    if (!QTest::qWaitFor([&] { return std::any_of(said_.begin() + before, said_.end(), isClosing); }, patience))
-        throw Error(u"nothing says "_s + closing);
+    const auto isOver = [&] {
+        return (isDiskFull() && said_.size() > before) || std::any_of(said_.begin() + before, said_.end(), isClosing);
+    };
+    if (!QTest::qWaitFor(isOver, patience)) throw Error(u"nothing says "_s + closing);
+    requireRoom();
 }
 
 void Scenes::home() const {

@@ -36,6 +36,8 @@ class Scenes {
     void clickAndWait(const QString& button, const QString& closing);
     /// Does something, and waits until a box says what begins so.
     void waitForBox(const std::function<void()>& deed, const QString& closing);
+    /// Throws when the disk has filled up meanwhile.
+    static void requireRoom();
     void home() const;
     void settings(int page) const;
     void editor() const;

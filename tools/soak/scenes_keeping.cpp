@@ -6,6 +6,7 @@
 #include "platform/database/records/own_rows.h"
 #include "platform/desktop/data_control.h"
 #include "soak/fingerprints.h"
+#include "soak/full_disk.h"
 #include "soak/ledger.h"
 #include "soak/scenes.h"
 #include "soak/stored.h"
@@ -113,7 +114,8 @@ void Scenes::keepHashes() {
             return unprintedPictures(mekTp::catalogue).empty() &&
                    picturesDue(mekTp::catalogue, QDate::currentDate()).empty();
         };
-        if (!QTest::qWaitFor(isThrough, patience)) throw Error(u"hashes are still missing"_s);
+        if (!QTest::qWaitFor([&] { return isDiskFull() || isThrough(); }, patience))
+            throw Error(u"hashes are still missing"_s);
     });
     if (const ProofState state = proofState(mekTp::catalogue); !state.damaged.isEmpty())
         report_({u"fault"_s, u"pictures count as damaged"_s});

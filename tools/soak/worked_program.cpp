@@ -3,6 +3,7 @@
 #include "catalogue/mektp.h"
 #include "platform/base/files.h"
 #include "platform/desktop/look.h"
+#include "soak/full_disk.h"
 #include "soak/scenes.h"
 #include "start/first_catalogue.h"
 #include "start/program.h"
@@ -46,6 +47,10 @@ int workProgram(const QString& folder, quint64 seed, const Report& report, const
                 scenes.play(scene);
                 QTimer::singleShot(0, qApp, playNext);
             } catch (const std::exception& failure) {
+                if (isDiskFull()) {
+                    QCoreApplication::exit(0);
+                    return;
+                }
                 report({u"fault"_s, scene, u"cannot be played:"_s, QString::fromUtf8(failure.what()), u"said:"_s,
                         scenes.said().mid(scenes.said().size() - 3).join(u" | "_s).replace(u'\n', u' ')});
                 QCoreApplication::exit(1);
