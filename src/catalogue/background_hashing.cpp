@@ -51,6 +51,7 @@ void BackgroundHashing::work(const std::stop_token& stop) {
 
 void BackgroundHashing::lookThrough(const std::stop_token& stop) {
     makePrints(stop);
+    if (!printed_.isEmpty()) offerIfDue(true);
     proveDue(stop);
 }
 
@@ -68,10 +69,22 @@ void BackgroundHashing::makePrints(const std::stop_token& stop) {
             const auto found = prove(catalogue, {.picture = picture.id()}, [&] { return goesOn(stop); });
             if (!found && !goesOn(stop)) return false;
             seen_.insert(picture.id());
-            if (found) add(*found);
+            if (!found) return true;
+            printed_.insert(picture.id());
+            add(*found);
             return true;
         });
     }
+}
+
+/// What is decoded is kept as the id up to which all are. So none may be left out before that: prints that were made
+/// are stored first, otherwise their pictures would not be due yet.
+bool BackgroundHashing::waitsForPrints(const Database& catalogue) {
+    if (printed_.isEmpty()) return false;
+    const bool waits = std::ranges::any_of(
+        unprintedPictures(catalogue), [this](const StoredValue& picture) { return printed_.contains(picture.id()); });
+    if (!waits) printed_.clear();
+    return waits;
 }
 
 /// In the same way. After each picture it rests long enough to take no more than its share of a processor.
@@ -82,6 +95,10 @@ void BackgroundHashing::proveDue(const std::stop_token& stop) {
             continue;
         }
         const Database catalogue = OpenDatabase(catalogue_);
+        if (waitsForPrints(catalogue)) {
+            waitFor(pace_.look, stop);
+            continue;
+        }
         const QDate today = QDate::currentDate();
         if (std::exchange(provedOn_, today) != today) proved_.clear();
         std::vector<ToProve> due = picturesDue(catalogue, today.addDays(-daysBetweenProofs));

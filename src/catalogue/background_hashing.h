@@ -46,6 +46,7 @@ class BackgroundHashing {
     void lookThrough(const std::stop_token& stop);
     void makePrints(const std::stop_token& stop);
     void proveDue(const std::stop_token& stop);
+    bool waitsForPrints(const Database& catalogue);
     bool isThroughWith(const Database& catalogue, const ToProve& picture, const std::stop_token& stop);
     void add(Proven made);
     void offerIfDue(bool always);
@@ -57,8 +58,9 @@ class BackgroundHashing {
     const std::function<bool()> mayWork_;
     const std::function<void()> offer_;
     const Pace pace_;
-    QSet<qint64> seen_;    ///< What has got a print. Of the thread, as is all that follows until the mutex.
-    QSet<qint64> proved_;  ///< On the day `provedOn_`.
+    QSet<qint64> seen_;     ///< What has got a print. Of the thread, as is all that follows until the mutex.
+    QSet<qint64> printed_;  ///< The same, as far as it may not be stored yet.
+    QSet<qint64> proved_;   ///< On the day `provedOn_`.
     QDate provedOn_;
     Clock::time_point offered_ = Clock::now();
     std::mutex mutex_;
