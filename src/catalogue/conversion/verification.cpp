@@ -122,7 +122,8 @@ QString Verification::differenceAt(const Recordset& old, int oldRow, const Store
     if (stored != expected) return u"与原来的不同"_s;
     if (picture.isNull()) return {};
     progress_.bytes += stored.length;
+    if (!pair.isAlbum) return {};
     same_.emplace_back(picture, kept(pair, oldRow, old.storedAt(oldRow, pictureColumn), expected));
-    verified_ += pair.isAlbum ? 1 : 0;
+    ++verified_;
     return {};
 }

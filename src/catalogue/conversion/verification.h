@@ -19,8 +19,8 @@ struct TablePair {
 };
 
 /// Reads everything in the column 图片 of some tables back from a new catalogue, with all processors over connections
-/// of their own, and compares it with a second reading of the old one. The fingerprints of what is the same are kept in
-/// the new catalogue.
+/// of their own, and compares it with a second reading of the old one. The fingerprints of an album's pictures that are
+/// the same are kept in the new catalogue.
 class Verification {
   public:
     Verification(const Database& secondReading, const Database& target, std::vector<TablePair> tables);
