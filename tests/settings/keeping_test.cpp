@@ -98,6 +98,14 @@ class TestKeeping : public QObject {
         QVERIFY(!QFile::exists(file(u"bak/lunq-2020-01-02-0304.mdb"_s)));
         QCOMPARE(columnIn(u"frmHy"_s, u"lstHy"_s, 4), QStringList({u"最新的备份"_s, u"恢复以前的图册数据库"_s}));
         clickIn(u"frmHy"_s, u"cmdGb"_s);
+        writeFile(file(u"lunq-损坏-20260102-0304.mdb"_s), "broken");
+        window_->click(u"cmdHy"_s);
+        QCOMPARE(columnIn(u"frmHy"_s, u"lstHy"_s, 4).last(), u"损坏的图册数据库"_s);
+        lines(u"frmHy"_s, u"lstHy"_s)->selectRow(2);
+        QVERIFY(!found<QPushButton>(dialog(u"frmHy"_s), u"cmdQf"_s)->isEnabled());
+        clickIn(u"frmHy"_s, u"cmdSc"_s);
+        QVERIFY(!QFile::exists(file(u"lunq-损坏-20260102-0304.mdb"_s)));
+        clickIn(u"frmHy"_s, u"cmdGb"_s);
         QVERIFY(QDir(file(u"bak"_s)).removeRecursively());
         window_->click(u"cmdHy"_s);
         QVERIFY(found<QLabel>(dialog(u"frmHy"_s), u"lblHy"_s)->text().contains(u"可能没有接上"));

@@ -87,6 +87,10 @@ void DamagedWindow::list() {
     cmdXf->setEnabled(!remedies_.isEmpty());
     cmdXf->setDefault(!remedies_.isEmpty());
     cmdJs->setEnabled(!damaged_.isEmpty());
+    if (damaged_.isEmpty()) {
+        lblJy->setText(u"没有损坏的图片了。"_s);
+        return;
+    }
     const QString healable = remedies_.isEmpty()
                                  ? u"备份中没有找到。放备份的磁盘如果没有接上，请接上以后再打开这个窗口。"_s
                                  : u"其中 %1 张备份中有，按《修 复》取回，逐张核对。"_s.arg(remedies_.size());

@@ -1,5 +1,6 @@
 #include "settings/backup/restore_window.h"
 
+#include "catalogue/album_tables.h"
 #include "catalogue/mektp.h"
 #include "platform/base/error.h"
 #include "platform/base/files.h"
@@ -18,6 +19,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 
 using namespace Qt::Literals::StringLiterals;
@@ -86,6 +88,7 @@ QWidget* RestoreWindow::makeReminder() {
     row->addWidget(caption);
     row->addWidget(cboTx);
     row->addStretch(1);
+    strip->setEnabled(mekTp::catalogue.isOpen());
     connect(cboTx, &QComboBox::activated, this, [this] { setReminderDays(cboTx->currentData().toInt()); });
     return strip;
 }
@@ -102,6 +105,7 @@ void RestoreWindow::list() {
         for (const BackupFile& one : backupsBeside(newest_, true)) addLine(one, kindOf(one, newest_, catalogue));
     const bool hasBackups = !files_.isEmpty();
     for (const BackupFile& one : datedBeside(real, true)) addLine(one, restoredOver);
+    listDamaged(real);
     if (!files_.isEmpty()) lstHy->selectRow(0);
     showChoice();
     lblHy->setText(newest_.isEmpty() ? u"还没有设置备份路径。"_s
@@ -109,10 +113,28 @@ void RestoreWindow::list() {
                                 : u"“%1”中没有备份。放备份的磁盘可能没有接上。"_s.arg(QFileInfo(newest_).path()));
 }
 
+/// Catalogues that were restored over, or exchanged for what was whole of them, and cannot be read.
+void RestoreWindow::listDamaged(const QString& real) {
+    const QFileInfo file(real);
+    const QString start = file.completeBaseName() + u"-损坏-"_s, ending = u'.' + file.suffix();
+    QStringList names = datedNames(real);
+    for (const QString& name : QDir(file.path()).entryList(QDir::Files | QDir::NoSymLinks, QDir::Name | QDir::Reversed))
+        if (name.startsWith(start) && name.endsWith(ending)) names << name;
+    damaged_.clear();
+    for (const QString& name : names) {
+        const QFileInfo one(file.path() + u'/' + name);
+        const QString path = one.filePath();
+        if (std::ranges::find(files_, path, &BackupFile::path) != files_.end() || isSameFile(path, real)) continue;
+        damaged_ << path;
+        addLine({.path = path, .made = one.lastModified(), .size = one.size()}, u"损坏的图册数据库"_s);
+    }
+}
+
 void RestoreWindow::addLine(const BackupFile& file, const QString& kind) {
     const int row = lstHy->rowCount();
     lstHy->insertRow(row);
-    const QString texts[] = {file.made.toString(u"yyyy-MM-dd HH:mm"_s), number(file.albums), number(file.pictures),
+    const auto count = [&](int counted) { return damaged_.contains(file.path) ? QString() : number(counted); };
+    const QString texts[] = {file.made.toString(u"yyyy-MM-dd HH:mm"_s), count(file.albums), count(file.pictures),
                              sizeText(file.size), kind};
     for (int column = 0; column < 5; ++column) {
         auto* part = new QTableWidgetItem(texts[column]);
@@ -133,18 +155,20 @@ bool RestoreWindow::isRemovable() const {
 }
 
 void RestoreWindow::showChoice() {
-    cmdQf->setEnabled(chosen() != nullptr);
-    cmdQh->setEnabled(chosen() != nullptr);
+    const bool isReadable = chosen() != nullptr && !damaged_.contains(chosen()->path);
+    cmdQf->setEnabled(isReadable);
+    cmdQh->setEnabled(isReadable && mekTp::catalogue.isOpen());
     cmdSc->setEnabled(isRemovable());
 }
 
 void RestoreWindow::removeChosen() {
     if (!isRemovable()) return;
     const BackupFile file = *chosen();
+    const QString pictures = damaged_.contains(file.path) ? u"已损坏"_s : u"%1 张图片"_s.arg(number(file.pictures));
     if (!askBeforeDeleting(this,
-                           u"删除“%1”（%2，%3 张图片）吗？删除以后不能恢复。\n\n"
+                           u"删除“%1”（%2，%3）吗？删除以后不能恢复。\n\n"
                            "如果“是”，按《确定》；否则按《取消》。"_s.arg(QDir::toNativeSeparators(file.path),
-                                                                          sizeText(file.size), number(file.pictures))))
+                                                                          sizeText(file.size), pictures)))
         return;
     Kill(file.path);
     if (const QString journal = file.path + u"-journal"_s; fileExists(journal)) Kill(journal);

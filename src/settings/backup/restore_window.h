@@ -27,6 +27,7 @@ class RestoreWindow : public QDialog {
     void makeControls();
     QWidget* makeReminder();
     void list();
+    void listDamaged(const QString& real);
     void addLine(const BackupFile& file, const QString& kind);
     void showChoice();
     const BackupFile* chosen() const;
@@ -36,11 +37,12 @@ class RestoreWindow : public QDialog {
 
     QString newest_;
     QList<BackupFile> files_;
-    QLabel* lblHy;        ///< What there is.
-    QTableWidget* lstHy;  ///< A line for each file.
-    QPushButton* cmdQf;   ///< Restores the whole file.
-    QPushButton* cmdQh;   ///< Takes albums and pictures out of it.
-    QPushButton* cmdSc;   ///< Removes it.
-    QPushButton* cmdGb;   ///< Closes the window.
-    QComboBox* cboTx;     ///< After how many days without a backup the program says so.
+    QStringList damaged_;  ///< Those of which only date and size are known.
+    QLabel* lblHy;         ///< What there is.
+    QTableWidget* lstHy;   ///< A line for each file.
+    QPushButton* cmdQf;    ///< Restores the whole file.
+    QPushButton* cmdQh;    ///< Takes albums and pictures out of it.
+    QPushButton* cmdSc;    ///< Removes it.
+    QPushButton* cmdGb;    ///< Closes the window.
+    QComboBox* cboTx;      ///< After how many days without a backup the program says so.
 };
