@@ -10,8 +10,10 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/placing.h"
 
+#include <QEvent>
 #include <QPushButton>
 #include <array>
+#include <limits>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -41,7 +43,6 @@ BinLine::BinLine(QWidget* form)
     cmdHf->hide();
     shown_.setParent(this);
     shown_.setSingleShot(true);
-    shown_.setInterval(shownMs);
     shown_.callOnTimeout(this, &BinLine::showSmall);
     connect(cmdHf, &QPushButton::clicked, this, guarded(form, [this] { cmdHfClick(); }));
 }
@@ -75,9 +76,22 @@ void BinLine::setAway(bool on) {
 void BinLine::tell(const QString& text, bool mayBePutBack) {
     cmdHf->setText(mayBePutBack ? putsBack : opensBin);
     lblHf->setText(text);
-    shown_.start();
+    form_->window()->installEventFilter(this);
+    letTimeRun();
     arrange();
     announce(lblHf);
+}
+
+void BinLine::letTimeRun() {
+    shown_.start(isBlocked_ ? std::numeric_limits<int>::max() : shownMs);
+}
+
+bool BinLine::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked) {
+        isBlocked_ = event->type() == QEvent::WindowBlocked;
+        if (shown_.isActive()) letTimeRun();
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void BinLine::showSmall() {
@@ -118,10 +132,10 @@ void BinLine::restoreLast() {
         Q_EMIT restored();
     }
     arrange();
-    if (!back.codeTaken.empty()) openBin();
+    if (!back.codeTaken.empty()) openBin(back.codeTaken);
 }
 
-void BinLine::openBin() {
+void BinLine::openBin(const std::vector<qint64>& codeTaken) {
     auto* bin = new frmHs(mekTp::catalogue, form_->window());
     connect(bin, &frmHs::restored, this, &BinLine::restored);
     connect(bin, &frmHs::changed, this, [this] {
@@ -129,4 +143,5 @@ void BinLine::openBin() {
         look();
     });
     bin->show();
+    bin->askCode(codeTaken);
 }

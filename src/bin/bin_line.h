@@ -6,6 +6,7 @@
 #include <QRect>
 #include <QTimer>
 #include <functional>
+#include <vector>
 
 class ElidedLabel;
 class QPushButton;
@@ -32,6 +33,10 @@ class BinLine : public QObject {
     /// Asked before anything is put back, or the bin is opened. Not set: always.
     std::function<bool()> mayRestore;
 
+  protected:
+    /// The time begins anew when a box or window in front has let the form go.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   Q_SIGNALS:
     void restored();  ///< Records, albums or buttons have come back.
     void arranged();  ///< The controls have come or gone, or stay as they are.
@@ -39,17 +44,20 @@ class BinLine : public QObject {
   private:
     void cmdHfClick();
     void restoreLast();
-    void openBin();
+    /// For these buttons it asks for other codes.
+    void openBin(const std::vector<qint64>& codeTaken = {});
     void tell(const QString& text, bool mayBePutBack);
+    void letTimeRun();
     void showSmall();
     void arrange();
 
     QWidget* form_;
-    ElidedLabel* lblHf;  ///< What was taken away.
-    QPushButton* cmdHf;  ///< Puts it back, or opens the bin.
-    QTimer shown_;       ///< As long as the line is told.
-    qint64 told_ = -1;   ///< The newest removal that was looked at; -1 before the first look.
-    qint64 before_ = 0;  ///< The one before those that are told.
+    ElidedLabel* lblHf;       ///< What was taken away.
+    QPushButton* cmdHf;       ///< Puts it back, or opens the bin.
+    QTimer shown_;            ///< As long as the line is told.
+    qint64 told_ = -1;        ///< The newest removal that was looked at; -1 before the first look.
+    qint64 before_ = 0;       ///< The one before those that are told.
+    bool isBlocked_ = false;  ///< Nobody can press cmdHf.
     bool isAway_ = false;
     bool isFilled_ = false;
 };

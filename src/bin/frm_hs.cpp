@@ -143,7 +143,6 @@ void frmHs::restoreChosen() {
     askCode(back.codeTaken);
 }
 
-/// Asks for the code of the first of these buttons.
 void frmHs::askCode(std::vector<qint64> buttons) {
     askedFor_ = std::move(buttons);
     codeRow_->setVisible(!askedFor_.empty());

@@ -19,6 +19,9 @@ class frmHs : public QDialog {
   public:
     frmHs(const Database& catalogue, QWidget* parent);
 
+    /// Asks for other codes, for one of these buttons after the other. None: asks no more.
+    void askCode(std::vector<qint64> buttons);
+
   Q_SIGNALS:
     void restored();  ///< Records, albums or buttons have come back.
     void changed();   ///< The bin holds other items now.
@@ -34,7 +37,6 @@ class frmHs : public QDialog {
 
     void restoreChosen();
     void restoreWithCode();
-    void askCode(std::vector<qint64> buttons);
     void removeForGood(const std::vector<qint64>& ids);
     std::vector<qint64> chosen() const;
     void tellOutcome(const QString& text);

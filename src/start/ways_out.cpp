@@ -37,11 +37,13 @@ WayOut planned = WayOut::none;
 
 bool wantsInPlace(const RunReport& report, const ConversionFiles& files) {
     constexpr int puts = 0, leaves = 1;
+    const auto notes = std::ranges::count(report.items, Fate::noted, &RunItem::fate);
+    const QString lost = notes == 0 ? QString() : u"\n\n清单中有 %1 条说明，其中写明缺了什么。"_s.arg(notes);
     const QString question =
-        u"取出完成！  %1。\n\n现在用取出的像册换下损坏的“%2”，请按《换上》：损坏的文件不改动，改名为“%3”，留在旁边。"
+        u"取出完成！  %1。%4\n\n现在用取出的像册换下损坏的“%2”，请按《换上》：损坏的文件不改动，改名为“%3”，留在旁边。"
         "否则按《先不换》：取出的像册另存在旁边。"_s;
     return choose(nullptr,
-                  question.arg(outcomeText(report, words), files.old(), QFileInfo(files.nameOfOld()).fileName()),
+                  question.arg(outcomeText(report, words), files.old(), QFileInfo(files.nameOfOld()).fileName(), lost),
                   {u"换上"_s, u"先不换"_s}, puts, leaves, BoxIcon::question) == puts;
 }
 

@@ -112,6 +112,20 @@ class TestBinLine : public QObject {
         }
     }
 
+    /// Nobody can press the button behind a box: its time begins afterwards.
+    void timeStandsStillBehindABox() {
+        window_->deleteRow(0);
+        const auto* time = window_->form->findChild<BinLine*>()->findChild<QTimer*>();
+        QVERIFY(time->isActive() && time->remainingTime() <= 10000);
+        {
+            QDialog box(window_->form.get());
+            box.setModal(true);
+            box.show();
+            QTRY_VERIFY(time->remainingTime() > 10000);
+        }
+        QTRY_VERIFY(time->isActive() && time->remainingTime() <= 10000);
+    }
+
     /// What is being typed is not lost by putting something back.
     void unsavedRecordIsAskedAbout() {
         window_->deleteRow(0);

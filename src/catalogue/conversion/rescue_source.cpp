@@ -3,6 +3,7 @@
 #include "catalogue/album_tables.h"
 #include "catalogue/fixed_tables.h"
 #include "catalogue/runs/readable_rows.h"
+#include "catalogue/runs/run_report.h"
 #include "catalogue/table_shape.h"
 #include "platform/base/error.h"
 #include "platform/base/processes.h"
@@ -37,7 +38,7 @@ RescueSource::RescueSource(const QString& damaged, const QString& scratch, RunWa
     if (!found_.tables.empty()) return;
     removeDatabase(scratch_);
     throw Error(u"“%1”中没有能读取的图册或设置%2。%3。请用备份恢复。"_s.arg(
-        damaged, found_.failure.isEmpty() ? QString() : u"："_s + found_.failure, recovery_));
+        damaged, found_.failure.isEmpty() ? QString() : u"："_s + withoutStop(found_.failure), recovery_));
 }
 
 RescueSource::~RescueSource() {
