@@ -70,7 +70,7 @@ void BackgroundHashing::makePrints(const std::stop_token& stop) {
             if (!found && !goesOn(stop)) return false;
             seen_.insert(picture.id());
             if (!found) return true;
-            printed_.insert(picture.id());
+            if (found->isNew) printed_.insert(picture.id());
             add(*found);
             return true;
         });
@@ -78,7 +78,7 @@ void BackgroundHashing::makePrints(const std::stop_token& stop) {
 }
 
 /// What is decoded is kept as the id up to which all are. So none may be left out before that: prints that were made
-/// are stored first, otherwise their pictures would not be due yet.
+/// are stored first, otherwise their pictures would not be due yet. The next look at the catalogue goes on.
 bool BackgroundHashing::waitsForPrints(const Database& catalogue) {
     if (printed_.isEmpty()) return false;
     const bool waits = std::ranges::any_of(
@@ -95,10 +95,7 @@ void BackgroundHashing::proveDue(const std::stop_token& stop) {
             continue;
         }
         const Database catalogue = OpenDatabase(catalogue_);
-        if (waitsForPrints(catalogue)) {
-            waitFor(pace_.look, stop);
-            continue;
-        }
+        if (waitsForPrints(catalogue)) return;
         const QDate today = QDate::currentDate();
         if (std::exchange(provedOn_, today) != today) proved_.clear();
         std::vector<ToProve> due = picturesDue(catalogue, today.addDays(-daysBetweenProofs));

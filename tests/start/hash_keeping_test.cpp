@@ -76,6 +76,16 @@ class TestHashKeeping : public OpenedSampleTest {
         QTRY_VERIFY_WITH_TIMEOUT(hashes() == pictures && isThrough(), patience);
     }
 
+    void oneThatCannotBeReadHoldsNobodyUp() {
+        const QString id = behindTheBack(mekTp::cataloguePath(), u"SELECT min(图片) FROM tc01"_s);
+        behindTheBack(mekTp::cataloguePath(), u"DELETE FROM long_binary WHERE id = "_s + id);
+        const HashKeeping keeping(mekTp::cataloguePath(), pace(10ms));
+        QTRY_COMPARE_WITH_TIMEOUT(proofState(mekTp::catalogue).damaged.keys(), QList<qint64>{id.toLongLong()},
+                                  patience);
+        QTRY_VERIFY_WITH_TIMEOUT(picturesDue(mekTp::catalogue, QDate::currentDate()).empty(), patience);
+        QCOMPARE(hashes(), pictures - 1);
+    }
+
     void nothingIsStoredWhileSomebodyWorks() {
         QWidget window;
         window.show();
