@@ -57,12 +57,22 @@ void setJournalAside(const QString& catalogue, const QString& kept) {
     if (!isGone) throw Error(u"文件“%1”不能移开，没有恢复，现在的图册数据库不变。"_s.arg(journal));
 }
 
+bool areTwoFiles(const QString& kept, const QString& catalogue) {
+    return QFileInfo::exists(kept) && QFileInfo::exists(catalogue) && !isSameFile(kept, catalogue);
+}
+
 /// The second name of the catalogue becomes its first one, or goes again. A kill in between leaves what this can be
 /// called for once more.
 void putBack(const QString& kept, const QString& catalogue) {
     if (QFileInfo::exists(kept) && !QFileInfo::exists(catalogue)) QFile::rename(kept, catalogue);
-    if (QFileInfo::exists(asideOf(kept))) QFile::rename(asideOf(kept), catalogue + journalEnding);
+    const QString owner = areTwoFiles(kept, catalogue) ? kept : catalogue;
+    if (QFileInfo::exists(asideOf(kept)) && !QFile::rename(asideOf(kept), owner + journalEnding)) return;
     if (isSameFile(kept, catalogue)) QFile::remove(kept);
+}
+
+/// It tells that the exchange was not done, as long as a journal is to go back.
+void removePrepared() {
+    if (keptWithJournalAside().isEmpty()) QFile::remove(preparedRestorePath());
 }
 
 void putAllBack(const QString& catalogue) {
@@ -76,15 +86,14 @@ void putAllBack(const QString& catalogue) {
 /// Of a catalogue that has lost its name to the dated one. Beside a journal that nobody has set aside nothing is safe.
 void giveName(const QString& prepared, const QString& catalogue) {
     if (QFileInfo(catalogue + journalEnding).size() > 0) return;
-    if (FileCheck(prepared).run() == FileCheck::Outcome::whole)
-        QFile::rename(prepared, catalogue);
-    else
-        putAllBack(catalogue);
+    const bool isWhole = FileCheck(prepared).run() == FileCheck::Outcome::whole;
+    if (!isWhole || !QFile::rename(prepared, catalogue)) putAllBack(catalogue);
 }
 
 /// At the end of the exchange.
-void giveJournalsToKept() {
-    for (const QString& kept : keptWithJournalAside()) QFile::rename(asideOf(kept), kept + journalEnding);
+void giveJournalsToKept(const QString& catalogue) {
+    for (const QString& kept : keptWithJournalAside())
+        if (areTwoFiles(kept, catalogue)) QFile::rename(asideOf(kept), kept + journalEnding);
 }
 
 }  // namespace
@@ -110,7 +119,7 @@ QString carryOutRestore() {
     const bool hasOld = QFileInfo::exists(catalogue);
     auto giveUp = qScopeGuard([&] {
         putBack(kept, catalogue);
-        QFile::remove(prepared);
+        removePrepared();
     });
     if (hasOld) {
         setJournalAside(catalogue, kept);
@@ -122,7 +131,7 @@ QString carryOutRestore() {
         throw Error(
             u"“%1”不能替换：%2。没有恢复，现在的图册数据库不变。"_s.arg(catalogue, systemReason(failed.value())));
     giveUp.dismiss();
-    giveJournalsToKept();
+    giveJournalsToKept(catalogue);
     syncFolderToDisk(QFileInfo(catalogue).path());
     return hasOld ? kept : QString();
 }
@@ -130,17 +139,17 @@ QString carryOutRestore() {
 void resumeRestore() {
     const QString catalogue = realCatalogue(), prepared = preparedRestorePath();
     if (!QFileInfo::exists(prepared)) {
-        if (QFileInfo::exists(catalogue)) giveJournalsToKept();
+        giveJournalsToKept(catalogue);
         return;
     }
     if (QFileInfo::exists(catalogue)) {
         putAllBack(catalogue);
-        QFile::remove(prepared);
+        removePrepared();
         return;
     }
     attempt([&] {
         giveName(prepared, catalogue);
-        if (!QFileInfo::exists(prepared)) giveJournalsToKept();
+        if (!QFileInfo::exists(prepared)) giveJournalsToKept(catalogue);
         syncFolderToDisk(QFileInfo(catalogue).path());
     });
 }
