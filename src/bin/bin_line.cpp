@@ -54,6 +54,7 @@ void BinLine::place(const QRect& line, const QRect& button) {
 }
 
 void BinLine::look() {
+    form_->window()->installEventFilter(this);
     attempt([&] {
         const qint64 newest = Bin(mekTp::catalogue).newestRemoval();
         const bool isFirst = told_ < 0;
@@ -76,7 +77,6 @@ void BinLine::setAway(bool on) {
 void BinLine::tell(const QString& text, bool mayBePutBack) {
     cmdHf->setText(mayBePutBack ? putsBack : opensBin);
     lblHf->setText(text);
-    form_->window()->installEventFilter(this);
     letTimeRun();
     arrange();
     announce(lblHf);
