@@ -38,13 +38,14 @@ WayOut planned = WayOut::none;
 bool wantsInPlace(const RunReport& report, const ConversionFiles& files) {
     constexpr int puts = 0, leaves = 1;
     const auto notes = std::ranges::count(report.items, Fate::noted, &RunItem::fate);
-    const QString lost = notes == 0 ? QString() : u"\n\n清单中有 %1 条说明，其中写明缺了什么。"_s.arg(notes);
+    const QString remarks = notes == 0 ? QString() : u"\n\n清单中另有 %1 条说明，请先看看。"_s.arg(notes);
     const QString question =
         u"取出完成！  %1。%4\n\n现在用取出的像册换下损坏的“%2”，请按《换上》：损坏的文件不改动，改名为“%3”，留在旁边。"
         "否则按《先不换》：取出的像册另存在旁边。"_s;
-    return choose(nullptr,
-                  question.arg(outcomeText(report, words), files.old(), QFileInfo(files.nameOfOld()).fileName(), lost),
-                  {u"换上"_s, u"先不换"_s}, puts, leaves, BoxIcon::question) == puts;
+    return choose(
+               nullptr,
+               question.arg(outcomeText(report, words), files.old(), QFileInfo(files.nameOfOld()).fileName(), remarks),
+               {u"换上"_s, u"先不换"_s}, puts, leaves, BoxIcon::question) == puts;
 }
 
 /// What is chosen in the window of the backups; nothing when it is closed.
@@ -52,9 +53,6 @@ std::optional<BackupFile> chosenBackup() {
     std::optional<BackupFile> chosen;
     auto* window = new RestoreWindow(nullptr, rescueOfCatalogue().backup);
     QObject::connect(window, &RestoreWindow::restoreAsked, window, [&](const BackupFile& file) { chosen = file; });
-    QObject::connect(window, &RestoreWindow::picturesAsked, window, [] {
-        say(nullptr, u"图册数据库有损坏，不能放进图片。请先全部恢复，或取出完好的部分，再取回其中的图片。"_s);
-    });
     QEventLoop choosing;
     QObject::connect(window, &QDialog::finished, &choosing, &QEventLoop::quit, Qt::QueuedConnection);
     window->show();

@@ -45,6 +45,15 @@ QString kindOf(const BackupFile& file, const QString& newest, const QString& cat
     return file.path == newest ? u"最新的备份"_s : u"以前的备份"_s;
 }
 
+bool isDamaged(const QString& path) {
+    try {
+        OpenDatabase(path);
+        return false;
+    } catch (const Error& failure) {
+        return failure.isDamage();
+    }
+}
+
 }  // namespace
 
 RestoreWindow::RestoreWindow(QWidget* parent, const QString& newest) : QDialog(parent), newest_(newest) {
@@ -64,7 +73,6 @@ void RestoreWindow::makeControls() {
     cmdQf = make<QPushButton>(this, u"cmdQf"_s, u"全部恢复…"_s);
     cmdQf->setToolTip(u"用选中的换下现在的图册数据库；现在的改名留着"_s);
     cmdQh = make<QPushButton>(this, u"cmdQh"_s, u"取回图片…"_s);
-    cmdQh->setToolTip(u"从选中的里面取回图册或图片，放进现在的图册数据库"_s);
     cmdSc = make<QPushButton>(this, u"cmdSc"_s, u"删 除"_s);
     cmdGb = make<QPushButton>(this, u"cmdGb"_s, u"关 闭"_s);
     addButtons(*this, *lines, {cmdQf, cmdQh, cmdSc}, cmdGb);
@@ -105,7 +113,7 @@ void RestoreWindow::list() {
         for (const BackupFile& one : backupsBeside(newest_, true)) addLine(one, kindOf(one, newest_, catalogue));
     const bool hasBackups = !files_.isEmpty();
     for (const BackupFile& one : datedBeside(real, true)) addLine(one, restoredOver);
-    listDamaged(real);
+    listUnread(real);
     if (!files_.isEmpty()) lstHy->selectRow(0);
     showChoice();
     lblHy->setText(newest_.isEmpty() ? u"还没有设置备份路径。"_s
@@ -113,27 +121,29 @@ void RestoreWindow::list() {
                                 : u"“%1”中没有备份。放备份的磁盘可能没有接上。"_s.arg(QFileInfo(newest_).path()));
 }
 
-/// Catalogues that were restored over, or exchanged for what was whole of them, and cannot be read.
-void RestoreWindow::listDamaged(const QString& real) {
+/// Catalogues that were restored over and cannot be opened, and those that were exchanged for what was whole of them.
+void RestoreWindow::listUnread(const QString& real) {
     const QFileInfo file(real);
     const QString start = file.completeBaseName() + u"-损坏-"_s, ending = u'.' + file.suffix();
     QStringList names = datedNames(real);
     for (const QString& name : QDir(file.path()).entryList(QDir::Files | QDir::NoSymLinks, QDir::Name | QDir::Reversed))
         if (name.startsWith(start) && name.endsWith(ending)) names << name;
-    damaged_.clear();
+    unread_.clear();
     for (const QString& name : names) {
         const QFileInfo one(file.path() + u'/' + name);
         const QString path = one.filePath();
         if (std::ranges::find(files_, path, &BackupFile::path) != files_.end() || isSameFile(path, real)) continue;
-        damaged_ << path;
-        addLine({.path = path, .made = one.lastModified(), .size = one.size()}, u"损坏的图册数据库"_s);
+        const bool isKnown = name.startsWith(start) || isDamaged(path);
+        unread_.insert(path, isKnown ? u"已损坏"_s : u"现在打不开"_s);
+        addLine({.path = path, .made = one.lastModified(), .size = one.size()},
+                isKnown ? u"损坏的图册数据库"_s : u"现在打不开的图册数据库"_s);
     }
 }
 
 void RestoreWindow::addLine(const BackupFile& file, const QString& kind) {
     const int row = lstHy->rowCount();
     lstHy->insertRow(row);
-    const auto count = [&](int counted) { return damaged_.contains(file.path) ? QString() : number(counted); };
+    const auto count = [&](int counted) { return unread_.contains(file.path) ? QString() : number(counted); };
     const QString texts[] = {file.made.toString(u"yyyy-MM-dd HH:mm"_s), count(file.albums), count(file.pictures),
                              sizeText(file.size), kind};
     for (int column = 0; column < 5; ++column) {
@@ -155,16 +165,19 @@ bool RestoreWindow::isRemovable() const {
 }
 
 void RestoreWindow::showChoice() {
-    const bool isReadable = chosen() != nullptr && !damaged_.contains(chosen()->path);
+    const bool isReadable = chosen() != nullptr && !unread_.contains(chosen()->path);
     cmdQf->setEnabled(isReadable);
     cmdQh->setEnabled(isReadable && mekTp::catalogue.isOpen());
+    cmdQh->setToolTip(mekTp::catalogue.isOpen()
+                          ? u"从选中的里面取回图册或图片，放进现在的图册数据库"_s
+                          : u"图册数据库有损坏，不能放进图片。请先全部恢复，或取出完好的部分，再取回其中的图片。"_s);
     cmdSc->setEnabled(isRemovable());
 }
 
 void RestoreWindow::removeChosen() {
     if (!isRemovable()) return;
     const BackupFile file = *chosen();
-    const QString pictures = damaged_.contains(file.path) ? u"已损坏"_s : u"%1 张图片"_s.arg(number(file.pictures));
+    const QString pictures = unread_.value(file.path, u"%1 张图片"_s.arg(number(file.pictures)));
     if (!askBeforeDeleting(this,
                            u"删除“%1”（%2，%3）吗？删除以后不能恢复。\n\n"
                            "如果“是”，按《确定》；否则按《取消》。"_s.arg(QDir::toNativeSeparators(file.path),

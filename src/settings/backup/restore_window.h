@@ -3,6 +3,7 @@
 #include "catalogue/backup_file.h"
 
 #include <QDialog>
+#include <QHash>
 
 class QComboBox;
 class QLabel;
@@ -27,7 +28,7 @@ class RestoreWindow : public QDialog {
     void makeControls();
     QWidget* makeReminder();
     void list();
-    void listDamaged(const QString& real);
+    void listUnread(const QString& real);
     void addLine(const BackupFile& file, const QString& kind);
     void showChoice();
     const BackupFile* chosen() const;
@@ -37,12 +38,12 @@ class RestoreWindow : public QDialog {
 
     QString newest_;
     QList<BackupFile> files_;
-    QStringList damaged_;  ///< Those of which only date and size are known.
-    QLabel* lblHy;         ///< What there is.
-    QTableWidget* lstHy;   ///< A line for each file.
-    QPushButton* cmdQf;    ///< Restores the whole file.
-    QPushButton* cmdQh;    ///< Takes albums and pictures out of it.
-    QPushButton* cmdSc;    ///< Removes it.
-    QPushButton* cmdGb;    ///< Closes the window.
-    QComboBox* cboTx;      ///< After how many days without a backup the program says so.
+    QHash<QString, QString> unread_;  ///< Those of which only date and size are known, by path: and why.
+    QLabel* lblHy;                    ///< What there is.
+    QTableWidget* lstHy;              ///< A line for each file.
+    QPushButton* cmdQf;               ///< Restores the whole file.
+    QPushButton* cmdQh;               ///< Takes albums and pictures out of it.
+    QPushButton* cmdSc;               ///< Removes it.
+    QPushButton* cmdGb;               ///< Closes the window.
+    QComboBox* cboTx;                 ///< After how many days without a backup the program says so.
 };
