@@ -108,6 +108,7 @@ void RestoreWindow::list() {
     QString catalogue;  // unknown where that is damaged
     attempt([&] { catalogue = identityOf(mekTp::catalogue); });
     files_.clear();
+    unread_.clear();
     lstHy->setRowCount(0);
     if (!newest_.isEmpty())
         for (const BackupFile& one : backupsBeside(newest_, true)) addLine(one, kindOf(one, newest_, catalogue));
@@ -128,7 +129,6 @@ void RestoreWindow::listUnread(const QString& real) {
     QStringList names = datedNames(real);
     for (const QString& name : QDir(file.path()).entryList(QDir::Files | QDir::NoSymLinks, QDir::Name | QDir::Reversed))
         if (name.startsWith(start) && name.endsWith(ending)) names << name;
-    unread_.clear();
     for (const QString& name : names) {
         const QFileInfo one(file.path() + u'/' + name);
         const QString path = one.filePath();
